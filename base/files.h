@@ -1,0 +1,46 @@
+#pragma once
+// Whole files: reading, mapping, and writing so that a reader sees the old file or the new one.
+
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "base/result.h"
+
+namespace base {
+
+// The path as text for a person or for the host (UTF-8 names become wide; '\\' or '/' as the system has it).
+std::wstring pathText(const std::filesystem::path& path);
+std::filesystem::path pathFromText(std::wstring_view text);
+
+// The whole content. Failures: missing, a folder, no permission, read error; `place` is the path.
+Result<std::string> readFile(const std::filesystem::path& path);
+
+// A file's bytes, read-only, valid as long as the object lives. The bytes stay those of the moment of
+// opening even when the file is replaced by a rename.
+class MappedFile {
+ public:
+  static Result<std::unique_ptr<MappedFile>> open(const std::filesystem::path& path);
+  virtual ~MappedFile() = default;
+  virtual std::string_view bytes() const = 0;
+};
+
+// Writes a temporary file beside the target and renames it over the target on commit(). Without commit
+// the temporary file is removed. The target's folder must exist.
+class AtomicFile {
+ public:
+  static Result<std::unique_ptr<AtomicFile>> create(const std::filesystem::path& target);
+  virtual ~AtomicFile() = default;
+  // Buffered; a large piece goes straight to the system. After a failed write commit() fails too.
+  virtual void write(std::string_view bytes) = 0;
+  virtual Status commit() = 0;
+};
+
+Status writeFileAtomically(const std::filesystem::path& target, std::string_view bytes);
+
+// Finds `name` in `folder` ignoring case, as Windows does; an exact match wins. Empty when absent.
+std::filesystem::path findIgnoringCase(const std::filesystem::path& folder, std::wstring_view name);
+
+}  // namespace base

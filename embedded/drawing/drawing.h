@@ -1,0 +1,131 @@
+#pragma once
+// A drawing in memory: its records in file order, the few properties that selection needs held ready,
+// everything else read from a record when somebody asks. Every change goes through a setter here, is
+// journalled, and changes that property in the record and nothing else.
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/result.h"
+#include "embedded/drawing/names.h"
+#include "embedded/drawing/property.h"
+#include "embedded/drawing/record.h"
+#include "embedded/drawing/shapes.h"
+#include "embedded/drawing/storage.h"
+#include "embedded/drawing/undo_journal.h"
+
+namespace cad {
+
+class Drawing {
+ public:
+  explicit Drawing(std::unique_ptr<RecordStorage> storage);
+  ~Drawing();
+  Drawing(const Drawing&) = delete;
+  Drawing& operator=(const Drawing&) = delete;
+
+  // --- The file -------------------------------------------------------------------------------
+  const DrawingFacts& facts() const { return storage_->facts(); }
+  const std::filesystem::path& path() const { return path_; }  // empty: never saved
+  void setPath(std::filesystem::path path) { path_ = std::move(path); }
+  // Atomic. An unchanged drawing is written byte for byte as it was read. Clears the modified state and
+  // makes `target` the drawing's path; on failure neither changes and no file is left.
+  base::Status save(const std::filesystem::path& target);
+  bool isModified() const;
+
+  // --- Records --------------------------------------------------------------------------------
+  std::size_t recordCount() const { return records_.size(); }
+  const Record& record(RecordId id) const { return records_[id]; }
+  std::string_view typeName(RecordId id) const;  // "TEXT"; upper-case ASCII
+  std::optional<Handle> handle(RecordId id) const;
+  RecordId findHandle(Handle handle) const;  // kNoRecord when absent; the index is built on first use
+
+  // --- Properties: absent when the record holds no value (the property's default then applies) ----
+  std::optional<double> real(RecordId id, Property property) const;
+  std::optional<std::int64_t> integer(RecordId id, Property property) const;
+  std::optional<std::wstring> text(RecordId id, Property property) const;
+  // Layer, linetype, style, block or dimension-style name. Entities always have a layer ("0") and a
+  // linetype ("ByLayer"), texts always a style ("Standard"); kNoName where the property does not apply.
+  NameId name(RecordId id, Property property) const;
+
+  // Refused: a value outside the property's limits, a property that this type of record or this drawing
+  // version cannot hold. Setting the value that is already there changes nothing and is no modification.
+  base::Status setReal(RecordId id, Property property, double value);
+  base::Status setInteger(RecordId id, Property property, std::int64_t value);
+  base::Status setText(RecordId id, Property property, std::wstring_view value);
+  base::Status setName(RecordId id, Property property, NameId value);
+
+  // --- Dimension variables: overrides of a dimension or leader, values of a dimension style -------
+  // `code` is the variable's group number in the host's reference (40 DIMSCALE, 41 DIMASZ, ...).
+  std::optional<Variable> dimVariable(RecordId id, int code) const;
+  base::Status setDimVariable(RecordId id, int code, const Variable& value);
+  base::Status removeDimOverride(RecordId id, int code);
+
+  // --- Drawing variables (kept in the drawing's header): name without the dollar sign, upper-case ---
+  std::optional<Variable> headerVariable(std::string_view name) const;
+  base::Status setHeaderVariable(std::string_view name, const Variable& value);
+
+  // --- Names and tables -------------------------------------------------------------------------
+  NamePool& names() { return names_; }
+  const NamePool& names() const { return names_; }
+  // Ignores case. kNoRecord when absent or erased. Tables hold implied records too: layer "0" and every
+  // layer that an entity names, linetypes ByLayer, ByBlock and Continuous, style Standard; such a record
+  // enters the file only when it is changed.
+  RecordId find(Table table, std::wstring_view name) const;
+  RecordId find(Table table, NameId name) const;  // cached per name
+  const std::vector<RecordId>& tableRecords(Table table) const;  // in table order, without erased ones
+  base::Result<RecordId> addTableRecord(Table table, std::wstring_view name);
+  // Renames a layer record and every reference to it by name (entities, extended data, current layer).
+  base::Status renameLayer(RecordId layer, std::wstring_view newName);
+  bool isLayerLocked(NameId layer) const;  // cached until a layer record changes
+
+  // --- Blocks -------------------------------------------------------------------------------------
+  // A block is known by its table record's id (tableRecords(Table::kBlock)). Model space and paper
+  // space always exist, under the names "*Model_Space" and "*Paper_Space" whatever the file calls them.
+  RecordId modelSpace() const;
+  RecordId paperSpace() const;
+  bool isLayoutSpace(RecordId block) const;  // model space or any paper space
+  // Main entities of a block in drawing order, erased ones included (Record::erased()).
+  const std::vector<RecordId>& entitiesOf(RecordId block) const;
+  RecordId blockOf(RecordId entity) const;
+  // Sub-records of an INSERT with attributes or of an old-style POLYLINE, the sequence end included.
+  std::span<const RecordId> subRecordsOf(RecordId entity) const;
+  base::Result<RecordId> defineBlock(std::wstring_view name, std::span<const Shape> shapes);
+  // Copies the model space of `source` as the block `name`, with the layers, linetypes, styles and nested
+  // blocks it needs; an existing block of that name gets the new content (references stay).
+  base::Result<RecordId> defineBlock(std::wstring_view name, const Drawing& source);
+  base::Result<RecordId> addInsert(RecordId space, std::wstring_view blockName, Point at, double scale,
+                                   double rotationDegrees);
+  base::Status setErased(RecordId id, bool erased);
+  RecordId lastEntity() const;  // the newest entity of model or paper space that is not erased
+
+  // --- Selection ------------------------------------------------------------------------------------
+  // Entities of equal type, layer, linetype, style and colour share a signature.
+  std::size_t signatureCount() const { return signatures_.size(); }
+  const Signature& signature(SignatureId id) const { return signatures_[id]; }
+  // Calls visit for each entity of model and paper spaces that is not erased and whose signature is
+  // marked in `wanted` (indexed by SignatureId), newest first. Touches no entity when nothing is marked.
+  void forEachSpaceEntity(const std::vector<bool>& wanted, const std::function<void(RecordId)>& visit) const;
+
+  // --- Undo -------------------------------------------------------------------------------------------
+  void beginUndoGroup();  // groups do not nest: a second begin ends the first
+  void endUndoGroup();
+  // Takes back the newest group, or the newest change outside a group. False when there is none.
+  bool undo();
+
+ private:
+  std::unique_ptr<RecordStorage> storage_;
+  std::filesystem::path path_;
+  std::vector<Record> records_;
+  std::vector<Signature> signatures_;
+  NamePool names_;
+  // ... the owner of this folder adds what it needs
+};
+
+}  // namespace cad

@@ -1,0 +1,43 @@
+#pragma once
+// Interned names: every distinct spelling of a layer, linetype, style or block name in a drawing is held
+// once, so that a pattern is matched once per name and not once per entity.
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "base/codepage.h"
+
+namespace cad {
+
+using NameId = std::uint32_t;
+inline constexpr NameId kNoName = 0xFFFFFFFF;
+
+class NamePool {
+ public:
+  // How stored bytes become text: the drawing's code page, \U+XXXX and \M+nXXXX escapes. Must be set
+  // before the first wide() or intern(wide).
+  void setCodePage(base::CodePage page) { page_ = page; }
+
+  NameId intern(std::string_view stored);   // bytes as they stand in the drawing
+  NameId intern(std::wstring_view text);    // encoded as the drawing needs it
+
+  std::string_view stored(NameId id) const { return entries_[id].stored; }
+  const std::wstring& text(NameId id) const;    // decoded on first use
+  const std::wstring& folded(NameId id) const;  // upper-cased text: equal names compare equal
+  std::size_t size() const { return entries_.size(); }
+
+ private:
+  struct Entry {
+    std::string stored;
+    mutable std::wstring text, folded;
+    mutable bool decoded = false;
+  };
+  std::deque<Entry> entries_;
+  std::unordered_map<std::string_view, NameId> byStored_;
+  base::CodePage page_ = 1252;
+};
+
+}  // namespace cad

@@ -1,0 +1,52 @@
+#pragma once
+// A record: one object of the drawing as it stands in the file.
+
+#include <cstdint>
+
+#include "embedded/drawing/names.h"
+
+namespace cad {
+
+using RecordId = std::uint32_t;  // position in the drawing's record list; stable while the drawing lives
+inline constexpr RecordId kNoRecord = 0xFFFFFFFF;
+using SignatureId = std::uint32_t;
+using Handle = std::uint64_t;
+
+enum class RecordKind : std::uint8_t {
+  kOther,      // kept as it came
+  kSection,    // SECTION, ENDSEC, EOF, the header
+  kTableHead,  // TABLE, ENDTAB
+  kTableRecord,
+  kBlockBegin,
+  kBlockEnd,
+  kEntity,     // a main entity
+  kSubEntity,  // VERTEX, ATTRIB, SEQEND
+  kObject,     // OBJECTS section
+};
+
+enum class Table : std::uint8_t { kNone, kLayer, kLinetype, kTextStyle, kDimStyle, kBlock, kAppId, kView, kUcs, kViewport };
+
+struct Record {
+  std::uint64_t offset = 0;     // where its stored bytes begin (see RecordStorage)
+  std::uint32_t length = 0;     // bytes
+  std::uint32_t edits = 0;      // newest edit, 0 = untouched
+  SignatureId signature = 0;    // entities
+  RecordId owner = kNoRecord;   // entity: its block; sub-entity: its main entity
+  RecordKind kind = RecordKind::kOther;
+  Table table = Table::kNone;
+  std::uint8_t flags = 0;
+
+  static constexpr std::uint8_t kErased = 1, kAdded = 2, kImplied = 4;
+  bool erased() const { return (flags & kErased) != 0; }
+};
+
+struct Signature {
+  NameId type = kNoName;  // entity type
+  NameId layer = kNoName;
+  NameId linetype = kNoName;
+  NameId style = kNoName;  // kNoName for entities without a text style
+  std::int16_t color = 256;
+  bool operator==(const Signature&) const = default;
+};
+
+}  // namespace cad
