@@ -1,0 +1,91 @@
+#pragma once
+// The module's automation entry: plain functions that a program which drives the host looks up by name in
+// the loaded module. They set what the main dialog sets in interactive use, and tell how the last
+// conversion run ended. Everything stays on the host's main thread.
+//
+// Texts handed in are copied. Texts and arrays handed out belong to the module and stay valid until the
+// next call of the same function or the next conversion run, whichever comes first.
+
+#if defined(_WIN32)
+#define KIV_EXPORT __declspec(dllexport)
+#else
+#define KIV_EXPORT __attribute__((visibility("default")))
+#endif
+
+extern "C" {
+
+// Null texts count as empty.
+struct KivConversion {
+  const wchar_t* specification;  // full path of a CVT file; empty: KIV_TOACAD2 refuses to run
+  const wchar_t* outputFolder;   // empty: converted in place, neither saved nor closed
+  int saveFormat;                // 0 DWG, 1 DXF, 2 DWT
+  int blockScope;                // 0 references, 1 their definitions, 2 both; others are clamped
+  int ignoreLocks;               // 1: objects on locked layers are converted too
+  const wchar_t* logFile;        // full path, appended to; empty: no log
+};
+
+// Sets the conversion context and the options of the following KIV_TOACAD2 runs. The options hold for
+// this process only: the user's stored settings are neither read nor changed until they are given up by a
+// call with a null pointer, which empties the context. Returns 1, or 0 for a save format out of range.
+KIV_EXPORT int dll_kiv_setConversion(const KivConversion* conversion);
+using KivSetConversion = int (*)(const KivConversion*);
+
+enum KivRunEnd {
+  kKivNeverRun = 0,
+  kKivConverted = 1,        // every stage was run; problems may stand in the report all the same
+  kKivNoSpecification = 2,  // the context names no specification
+  kKivSpecificationUnreadable = 3,
+  kKivEmptyDrawing = 4,  // a drawing without entities is neither converted nor saved
+};
+
+enum KivNoteReason {
+  kKivRefused = 0,           // for a reason that the host did not tell apart
+  kKivNoSuchName = 1,        // a layer, linetype, text style or block that the drawing does not have
+  kKivNotInThisVersion = 2,  // the property cannot be held by a drawing of this version
+  kKivBadValue = 3,          // a value out of limits or not of the property's form
+};
+
+// A result that the host refused: not a problem of the log, but worth telling.
+struct KivNote {
+  const wchar_t* kind;   // the item's key as it stands in a CVT file, or a dimension variable's name
+  const wchar_t* value;  // the value that was refused
+  int reason;            // KivNoteReason
+  int count;             // how many objects refused it
+};
+
+struct KivRunReport {
+  int runs;                  // conversion runs since the module was loaded
+  int end;                   // KivRunEnd of the last one
+  const wchar_t* drawing;    // full name of the drawing that it worked on
+  const wchar_t* savedPath;  // the file written; empty: none
+  int problemCount;
+  const wchar_t* const* problems;  // in the order met, without duplicates; as in the log, logged or not
+  int noteCount;
+  const KivNote* notes;
+};
+
+// Fills `report`. Returns 1, or 0 for a null pointer.
+KIV_EXPORT int dll_kiv_lastRunReport(KivRunReport* report);
+using KivLastRunReport = int (*)(KivRunReport*);
+
+struct KivDiagnostic {
+  int number;             // numbered reasons of the specification reader
+  int line;               // 1-based; 0: the whole file
+  const wchar_t* reason;  // for a person
+  const wchar_t* text;    // the line as read
+};
+
+struct KivSpecificationReport {
+  int usable;              // 0: not a conversion specification, or unreadable; `failure` says why
+  const wchar_t* failure;  // empty when usable
+  int settings;            // of the five rule sections
+  int entries;             // of the five list sections
+  int diagnosticCount;     // lines that the reader drops
+  const KivDiagnostic* diagnostics;
+};
+
+// Reads a CVT file and tells what the reader makes of it. Returns 1, or 0 for a null pointer.
+KIV_EXPORT int dll_kiv_checkSpecification(const wchar_t* path, KivSpecificationReport* report);
+using KivCheckSpecification = int (*)(const wchar_t*, KivSpecificationReport*);
+
+}  // extern "C"
