@@ -1,0 +1,86 @@
+#pragma once
+// The embedded host as our own programs see it: start it, load modules, open drawings, run commands.
+// One per process; everything runs on the thread that started it.
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/result.h"
+
+namespace cad {
+
+class Drawing;
+struct HostState;
+
+// The outcome of the newest SAVEAS or QSAVE.
+struct SaveReport {
+  std::filesystem::path path;
+  base::Status status;
+};
+
+// What the status bar's meter shows. A cleared meter has an empty label and most == least.
+struct Meter {
+  std::wstring label;
+  int least = 0, most = 0, position = 0;
+};
+
+// One event for acedGrRead: its kind (2 key, 3 pick, 5 drag) and the key or the point.
+struct InputEvent {
+  int kind = 2;
+  int key = 0;
+  double x = 0, y = 0;
+};
+
+class Host {
+ public:
+  static Host& instance();
+
+  // Makes the start document "Drawing1.dwg" current. A second start does nothing.
+  void start();
+  // Sends kQuitMsg, unloads the modules, closes every document without saving.
+  void stop();
+
+  // The drawing becomes current; one that is open already is only made current.
+  base::Status openDocument(const std::filesystem::path& path);
+  // The current document; unsaved changes are lost.
+  base::Status closeDocument();
+  Drawing& currentDrawing();
+  std::size_t documentCount() const;
+
+  // Types a text at the command line (a line end is added unless it has one), then runs everything that
+  // this has queued: scripts and strings sent to documents. Failure: a command refused or is unknown.
+  base::Status execute(std::wstring_view text);
+
+  // Receives all text that the host and the modules print. Without one, texts are dropped.
+  void setOutput(std::function<void(std::wstring_view)> sink);
+  void setSupportPath(std::vector<std::filesystem::path> folders);
+  void setMeterObserver(std::function<void(const Meter&)> observer);
+  // Asked by acedUsrBrk.
+  void setBreakQuery(std::function<bool()> query);
+  // Waits for the next input event; without one, or when it has none, acedGrRead returns RTERROR.
+  void setInputSource(std::function<std::optional<InputEvent>()> source);
+  void setMainWindow(void* windowHandle);
+
+  base::Status loadModule(const std::filesystem::path& path);
+  base::Status unloadModule(std::wstring_view name);
+  // An exported function of a loaded module; null when the module or the function is missing.
+  void* moduleSymbol(std::wstring_view module, const char* symbol);
+
+  // Empty when nothing was saved since the last clearLastSave().
+  const std::optional<SaveReport>& lastSave() const;
+  void clearLastSave();
+
+  HostState& state() { return *state_; }
+
+ private:
+  Host();
+  ~Host();
+  std::unique_ptr<HostState> state_;
+};
+
+}  // namespace cad

@@ -1,0 +1,48 @@
+#pragma once
+// Documents: the drawings that are open.
+
+#include "AdAChar.h"
+#include "acadstrc.h"
+#include "rxclass.h"
+#include "rxobject.h"
+
+class AcDbDatabase;
+
+class AcApDocument : public AcRxObject {
+ public:
+  ACRX_DECLARE_MEMBERS(AcApDocument);
+  virtual const ACHAR* fileName() const = 0;  // the full path; of a drawing never saved its name alone
+  virtual const ACHAR* docTitle() const = 0;
+  virtual AcDbDatabase* database() const = 0;
+  virtual bool isReadOnly() const = 0;
+  virtual bool isQuiescent() const = 0;  // no command is running in it
+};
+
+class AcApDocumentIterator {
+ public:
+  virtual ~AcApDocumentIterator() = default;
+  virtual bool done() const = 0;
+  virtual void step() = 0;
+  virtual AcApDocument* document() = 0;
+};
+
+class AcApDocManager : public AcRxObject {
+ public:
+  ACRX_DECLARE_MEMBERS(AcApDocManager);
+  virtual AcApDocument* curDocument() const = 0;
+  virtual AcApDocument* mdiActiveDocument() const = 0;
+  virtual AcApDocument* document(const AcDbDatabase* database) const = 0;  // NULL when none has it
+  virtual int documentCount() const = 0;
+  virtual AcApDocumentIterator* newAcApDocumentIterator() = 0;  // the caller deletes it
+  virtual Acad::ErrorStatus activateDocument(AcApDocument* document, bool passScript = false) = 0;
+  virtual Acad::ErrorStatus setCurDocument(AcApDocument* document) = 0;
+  virtual Acad::ErrorStatus appContextOpenDocument(const ACHAR* path) = 0;
+  virtual Acad::ErrorStatus closeDocument(AcApDocument* document) = 0;  // discards unsaved changes
+  // Queues typed text for a document; it runs, in the order sent, when no command is running.
+  virtual Acad::ErrorStatus sendStringToExecute(AcApDocument* document, const ACHAR* text,
+                                                bool activate = true, bool wrapUpInactive = false,
+                                                bool echo = true) = 0;
+};
+
+AcApDocManager* acDocManagerPtr();
+#define acDocManager acDocManagerPtr()
