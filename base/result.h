@@ -35,7 +35,7 @@ class [[nodiscard]] Status {
 template <class T>
 class [[nodiscard]] Result {
  public:
-  Result(T value) : content_(std::move(value)) {}          // NOLINT: implicit on purpose
+  Result(T value) : content_(std::move(value)) {}            // NOLINT: implicit on purpose
   Result(Failure failure) : content_(std::move(failure)) {}  // NOLINT: implicit on purpose
   bool ok() const { return content_.index() == 0; }
   explicit operator bool() const { return ok(); }

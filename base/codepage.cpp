@@ -1,0 +1,176 @@
+#include "base/codepage.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "base/codepage_backend.h"
+#include "base/utf8.h"
+
+namespace base {
+namespace {
+
+constexpr CodePage kAscii = 20127;
+constexpr wchar_t kReplacement = 0xFFFD;
+
+constexpr std::array kNumbered = {437,  720,  737,  775,  850,  852,  855,  857,  858,  860,  861,
+                                  862,  863,  864,  865,  866,  869,  874,  932,  936,  949,  950,
+                                  1361, 1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258, 10000};
+
+bool isAscii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
+
+// What is known so far of one page. The system's tables are asked once per character and thread.
+class Table {
+ public:
+  explicit Table(CodePage page) : page_(page), doubleByte_(isDoubleByte(page)), encoded_(0x10000, kUnasked) {
+    for (int byte = 0; byte < 256; ++byte)
+      single_[static_cast<size_t>(byte)] = decodeBytes({static_cast<char>(byte)});
+  }
+
+  // Appends the character at `at` and moves behind it.
+  bool decodeNext(std::string_view bytes, size_t& at, std::wstring& text) {
+    const unsigned char first = static_cast<unsigned char>(bytes[at++]);
+    wchar_t character = single_[first];
+    if (character == kReplacement && doubleByte_ && at < bytes.size()) {
+      character = row(first)[static_cast<unsigned char>(bytes[at])];
+      if (character != kReplacement) ++at;
+    }
+    text += character;
+    return character != kReplacement;
+  }
+
+  // Empty when the page does not have the character.
+  std::string encode(wchar_t character) {
+    if (static_cast<std::uint32_t>(character) > 0xFFFF) return {};
+    std::uint32_t& known = encoded_[static_cast<size_t>(character)];
+    if (known == kUnasked) known = ask(character);
+    std::string bytes;
+    if (known == kAbsent) return bytes;
+    if (known > 0xFF) bytes += static_cast<char>(known >> 8);
+    bytes += static_cast<char>(known & 0xFF);
+    return bytes;
+  }
+
+ private:
+  static constexpr std::uint32_t kUnasked = 0xFFFFFFFF;
+  static constexpr std::uint32_t kAbsent = 0xFFFFFFFE;
+  using Row = std::array<wchar_t, 256>;
+
+  wchar_t decodeBytes(const std::string& bytes) const {
+    if (bytes.size() == 1 && isAscii(bytes[0])) return static_cast<wchar_t>(bytes[0]);
+    return backend::decodeOne(bytes, page_).value_or(kReplacement);
+  }
+
+  const Row& row(unsigned char lead) {
+    std::unique_ptr<Row>& entry = rows_[lead];
+    if (!entry) {
+      entry = std::make_unique<Row>();
+      for (int trail = 0; trail < 256; ++trail) {
+        (*entry)[static_cast<size_t>(trail)] =
+            decodeBytes({static_cast<char>(lead), static_cast<char>(trail)});
+      }
+    }
+    return *entry;
+  }
+
+  // The systems' tables also offer look-alikes (a yen sign as a backslash); such a character is not in the
+  // page.
+  std::uint32_t ask(wchar_t character) const {
+    const std::string bytes = backend::encodeOne(character, page_);
+    if (bytes.empty() || decodeBytes(bytes) != character) return kAbsent;
+    std::uint32_t packed = 0;
+    for (const char byte : bytes) packed = (packed << 8) | static_cast<unsigned char>(byte);
+    return packed;
+  }
+
+  CodePage page_;
+  bool doubleByte_;
+  Row single_{};
+  std::array<std::unique_ptr<Row>, 256> rows_;
+  std::vector<std::uint32_t> encoded_;
+};
+
+Table& tableOf(CodePage page) {
+  thread_local std::map<CodePage, std::unique_ptr<Table>> tables;
+  thread_local CodePage lastPage = 0;
+  thread_local Table* last = nullptr;
+  if (last && lastPage == page) return *last;
+  std::unique_ptr<Table>& entry = tables[page];
+  if (!entry) entry = std::make_unique<Table>(page);
+  lastPage = page;
+  last = entry.get();
+  return *last;
+}
+
+bool isIso(CodePage page) { return page >= 28591 && page <= 28605; }
+
+}  // namespace
+
+bool isKnownCodePage(CodePage page) {
+  if (page == kUtf8 || page == kAscii) return true;
+  const bool listed = isIso(page) || std::find(kNumbered.begin(), kNumbered.end(), page) != kNumbered.end();
+  return listed && backend::hasPage(page);
+}
+
+bool isDoubleByte(CodePage page) {
+  return page == 932 || page == 936 || page == 949 || page == 950 || page == 1361;
+}
+
+Decoded decode(std::string_view bytes, CodePage page) {
+  const size_t plain =
+      static_cast<size_t>(std::find_if_not(bytes.begin(), bytes.end(), isAscii) - bytes.begin());
+  if (plain < bytes.size() && page == kUtf8) return utf8::decode(bytes);
+  Decoded result;
+  result.text.reserve(bytes.size());
+  result.text.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(plain));
+  if (plain == bytes.size()) return result;
+  const bool known = page != kAscii && isKnownCodePage(page);
+  for (size_t at = plain; at < bytes.size();) {
+    if (isAscii(bytes[at])) {
+      result.text += static_cast<wchar_t>(bytes[at++]);
+    } else if (!known) {
+      result.text += kReplacement;
+      result.clean = false;
+      ++at;
+    } else if (!tableOf(page).decodeNext(bytes, at, result.text)) {
+      result.clean = false;
+    }
+  }
+  return result;
+}
+
+std::string encodeCharacter(wchar_t character, CodePage page) {
+  if (character >= 0 && character < 0x80) return std::string(1, static_cast<char>(character));
+  if (page == kUtf8) {
+    const Encoded encoded = utf8::encode(std::wstring_view(&character, 1));
+    return encoded.clean ? encoded.bytes : std::string();
+  }
+  if (page == kAscii || !isKnownCodePage(page)) return {};
+  return tableOf(page).encode(character);
+}
+
+Encoded encode(std::wstring_view text, CodePage page) {
+  if (page == kUtf8) return utf8::encode(text);
+  const bool known = page != kAscii && isKnownCodePage(page);
+  Encoded result;
+  result.bytes.reserve(text.size());
+  for (const wchar_t character : text) {
+    if (static_cast<std::uint32_t>(character) < 0x80) {
+      result.bytes += static_cast<char>(character);
+      continue;
+    }
+    const std::string bytes = known ? tableOf(page).encode(character) : std::string();
+    result.bytes += bytes.empty() ? "?" : bytes;
+    result.clean = result.clean && !bytes.empty();
+  }
+  return result;
+}
+
+std::string toUtf8(std::wstring_view text) { return utf8::encode(text).bytes; }
+
+std::wstring fromUtf8(std::string_view bytes) { return utf8::decode(bytes).text; }
+
+}  // namespace base

@@ -1,0 +1,95 @@
+#include "base/files.h"
+
+#include <cerrno>
+#include <system_error>
+
+#include "base/codepage.h"
+#include "base/file_errors.h"
+#include "base/fold.h"
+#include "base/utf8.h"
+
+namespace base {
+namespace {
+
+std::wstring reasonOf(int error) {
+  switch (error) {
+    case ENOENT:
+      return L"the file does not exist";
+    case ENOTDIR:
+      return L"a part of the path is not a folder";
+    case EISDIR:
+      return L"this is a folder, not a file";
+    case EACCES:
+    case EPERM:
+      return L"permission denied";
+    case EROFS:
+      return L"the file system is read-only";
+    case ENOSPC:
+      return L"no space left on the disk";
+    case EFBIG:
+      return L"the file is too large for the file system";
+    case EIO:
+      return L"input/output error";
+    case ENAMETOOLONG:
+      return L"the name is too long";
+    case EMFILE:
+    case ENFILE:
+      return L"too many open files";
+    default:
+      return fromUtf8(std::generic_category().message(error));
+  }
+}
+
+}  // namespace
+
+Failure fileFailure(const std::filesystem::path& path, int error) {
+  return {pathText(path), reasonOf(error)};
+}
+
+std::wstring pathText(const std::filesystem::path& path) {
+  if constexpr (sizeof(std::filesystem::path::value_type) == 1) {
+    return utf8::decodeName(path.string());
+  } else {
+    return path.wstring();
+  }
+}
+
+std::filesystem::path pathFromText(std::wstring_view text) {
+  if constexpr (sizeof(std::filesystem::path::value_type) == 1) {
+    return utf8::encodeName(text);
+  } else {
+    return std::filesystem::path(text);
+  }
+}
+
+Result<std::string> readFile(const std::filesystem::path& path) {
+  auto mapped = MappedFile::open(path);
+  if (!mapped.ok()) return mapped.failure();
+  return std::string(mapped.value()->bytes());
+}
+
+Status writeFileAtomically(const std::filesystem::path& target, std::string_view bytes) {
+  auto file = AtomicFile::create(target);
+  if (!file.ok()) return file.failure();
+  file.value()->write(bytes);
+  return file.value()->commit();
+}
+
+std::filesystem::path findIgnoringCase(const std::filesystem::path& folder, std::wstring_view name) {
+  namespace fs = std::filesystem;
+  if (name.empty()) return {};
+  std::error_code error;
+  const fs::path exact = folder / pathFromText(name);
+  if (fs::exists(exact, error)) return exact;
+  fs::path found;
+  const fs::path listed = folder.empty() ? fs::path(".") : folder;
+  for (fs::directory_iterator entry(listed, error), end; !error && entry != end; entry.increment(error)) {
+    const fs::path candidate = entry->path().filename();
+    if (!equalFolded(pathText(candidate), name)) continue;
+    // The order of a folder's entries is the file system's; the same file must be found every time.
+    if (found.empty() || candidate < found) found = candidate;
+  }
+  return found.empty() ? found : folder / found;
+}
+
+}  // namespace base

@@ -1,0 +1,185 @@
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <string>
+
+#include "base/file_errors.h"
+#include "base/files.h"
+
+namespace base {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() {
+    if (number_ >= 0) ::close(number_);
+  }
+  int number() const { return number_; }
+  bool valid() const { return number_ >= 0; }
+  // 0, or the error number: some systems report a failed write only here.
+  int close() {
+    const int result = ::close(number_);
+    number_ = -1;
+    return result == 0 ? 0 : errno;
+  }
+
+ private:
+  int number_;
+};
+
+class Mapping : public MappedFile {
+ public:
+  Mapping(void* address, size_t size) : address_(address), size_(size) {}
+  Mapping(const Mapping&) = delete;
+  Mapping& operator=(const Mapping&) = delete;
+  ~Mapping() override { ::munmap(address_, size_); }
+  std::string_view bytes() const override { return {static_cast<const char*>(address_), size_}; }
+
+ private:
+  void* address_;
+  size_t size_;
+};
+
+// For what cannot be mapped: pipes, empty files, some network file systems.
+class Copy : public MappedFile {
+ public:
+  explicit Copy(std::string content) : content_(std::move(content)) {}
+  std::string_view bytes() const override { return content_; }
+
+ private:
+  std::string content_;
+};
+
+Result<std::unique_ptr<MappedFile>> readAll(int number, const fs::path& path) {
+  std::string content;
+  char buffer[1 << 16];
+  for (;;) {
+    const ssize_t count = ::read(number, buffer, sizeof buffer);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return fileFailure(path, errno);
+    if (count == 0) break;
+    content.append(buffer, static_cast<size_t>(count));
+  }
+  return std::unique_ptr<MappedFile>(std::make_unique<Copy>(std::move(content)));
+}
+
+constexpr size_t kBufferSize = size_t{1} << 20;
+
+class ReplacingFile : public AtomicFile {
+ public:
+  ReplacingFile(int number, fs::path temporary, fs::path target)
+      : file_(number), temporary_(std::move(temporary)), target_(std::move(target)) {}
+  ReplacingFile(const ReplacingFile&) = delete;
+  ReplacingFile& operator=(const ReplacingFile&) = delete;
+  ~ReplacingFile() override {
+    if (!committed_) ::unlink(temporary_.c_str());
+  }
+
+  void write(std::string_view bytes) override {
+    if (buffer_.size() + bytes.size() <= kBufferSize) {
+      buffer_ += bytes;
+      return;
+    }
+    flush();
+    if (bytes.size() >= kBufferSize) {
+      writeDirectly(bytes);
+    } else {
+      buffer_ += bytes;
+    }
+  }
+
+  Status commit() override {
+    flush();
+    if (file_.valid()) {
+      const int error = file_.close();
+      if (error_ == 0) error_ = error;
+    }
+    if (error_ == 0 && ::rename(temporary_.c_str(), target_.c_str()) != 0) error_ = errno;
+    if (error_ != 0) return fileFailure(target_, error_);
+    committed_ = true;
+    return {};
+  }
+
+ private:
+  void flush() {
+    writeDirectly(buffer_);
+    buffer_.clear();
+  }
+
+  void writeDirectly(std::string_view bytes) {
+    while (error_ == 0 && !bytes.empty()) {
+      const ssize_t count = ::write(file_.number(), bytes.data(), bytes.size());
+      if (count < 0 && errno == EINTR) continue;
+      if (count < 0) {
+        error_ = errno;
+        return;
+      }
+      bytes.remove_prefix(static_cast<size_t>(count));
+    }
+  }
+
+  Descriptor file_;
+  fs::path temporary_;
+  fs::path target_;
+  std::string buffer_;
+  int error_ = 0;
+  bool committed_ = false;
+};
+
+// A rename would replace a link instead of the file that it stands for.
+fs::path behindLinks(const fs::path& target) {
+  std::error_code error;
+  if (!fs::is_symlink(target, error)) return target;
+  fs::path real = fs::weakly_canonical(target, error);
+  return error ? target : real;
+}
+
+}  // namespace
+
+Result<std::unique_ptr<MappedFile>> MappedFile::open(const fs::path& path) {
+  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  if (!file.valid()) return fileFailure(path, errno);
+  struct stat status {};
+  if (::fstat(file.number(), &status) != 0) return fileFailure(path, errno);
+  if (S_ISDIR(status.st_mode)) return fileFailure(path, EISDIR);
+  if (S_ISREG(status.st_mode) && status.st_size > 0) {
+    const size_t size = static_cast<size_t>(status.st_size);
+    void* address = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.number(), 0);
+    if (address != MAP_FAILED) return std::unique_ptr<MappedFile>(std::make_unique<Mapping>(address, size));
+  }
+  return readAll(file.number(), path);
+}
+
+Result<std::unique_ptr<AtomicFile>> AtomicFile::create(const fs::path& requested) {
+  const fs::path target = behindLinks(requested);
+  struct stat old {};
+  const bool exists = ::stat(target.c_str(), &old) == 0;
+  if (exists && S_ISDIR(old.st_mode)) return fileFailure(requested, EISDIR);
+  if (exists && !S_ISREG(old.st_mode)) return Failure{pathText(requested), L"this is not an ordinary file"};
+  // A rename succeeds over a write-protected file; the protection is meant all the same.
+  if (exists && ::access(target.c_str(), W_OK) != 0) return fileFailure(requested, errno);
+
+  static std::atomic<unsigned> serial{0};
+  for (;;) {
+    const std::string name = ".tmp-" + std::to_string(::getpid()) + "-" + std::to_string(serial++);
+    const fs::path temporary = target.parent_path() / name;
+    const int number = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (number < 0 && errno == EEXIST) continue;
+    if (number < 0 && errno == ENOENT) return Failure{pathText(requested), L"the folder does not exist"};
+    if (number < 0) return fileFailure(requested, errno);
+    // Best effort: some file systems have no permissions to keep.
+    if (exists) static_cast<void>(::fchmod(number, old.st_mode & 07777));
+    return std::unique_ptr<AtomicFile>(std::make_unique<ReplacingFile>(number, temporary, target));
+  }
+}
+
+}  // namespace base
