@@ -1,0 +1,30 @@
+#pragma once
+// The arrowheads that a host ships: block definitions of unit size, the point at the origin, the
+// dimension line arriving from -X.
+
+#include <string_view>
+#include <vector>
+
+#include "base/result.h"
+#include "embedded/drawing/record.h"
+#include "embedded/drawing/shapes.h"
+
+namespace cad {
+class Drawing;
+}
+
+namespace cad::support {
+
+struct ArrowBlock {
+  const wchar_t* name;  // as the host writes it: "_ArchTick"
+  std::vector<Shape> shapes;
+};
+
+// Null for a name that is not a built-in arrow. Ignores case; "_ARCHTIC" is accepted for "_ArchTick".
+const ArrowBlock* findArrowBlock(std::wstring_view name);
+
+// The table record of the arrow's block, defined first when the drawing does not have it; the record
+// carries the host's own spelling of the name. Refused: a name that is not a built-in arrow.
+base::Result<RecordId> ensureArrowBlock(Drawing& drawing, std::wstring_view arrowName);
+
+}  // namespace cad::support
