@@ -1,0 +1,23 @@
+#pragma once
+// The suite's common settings: texts by key, kept by a sibling module for all modules of the suite.
+//
+// A value set in this process by overrideCommonSetting wins; then what the sibling keeps; then the
+// fallback. When the sibling or its function is missing, the host's command line says so once per process.
+
+#include <string>
+
+namespace kiv {
+
+// Decimal text read by its leading integer; a key that is not kept gives the fallback.
+int readCommonInteger(const wchar_t* key, int fallback);
+std::wstring readCommonText(const wchar_t* key, const wchar_t* fallback);
+
+// Kept by the sibling; lost without it. A key that is overridden changes for this process only.
+void writeCommonText(const wchar_t* key, const wchar_t* value);
+void writeCommonInteger(const wchar_t* key, int value);
+
+// For this process only, until clearSettingOverrides(); nothing is stored.
+void overrideCommonSetting(const wchar_t* key, const wchar_t* value);
+void clearSettingOverrides();
+
+}  // namespace kiv

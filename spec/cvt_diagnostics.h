@@ -1,0 +1,46 @@
+#pragma once
+// What the reader of specification files has to say about a file: lines that it drops, and lines that
+// probably do not do what their author meant. Collected and returned, never printed here.
+
+#include <string>
+#include <vector>
+
+namespace kiv {
+
+// The numbers are shown to users; they are never reused.
+enum class CvtProblem {
+  kUnknownKey = 1,          // neither an item key nor a dimension variable: the line adds nothing
+  kNoKey = 2,               // no "]", or neither "=" nor "<>" after it: the line adds nothing
+  kWrongFieldCount = 3,     // a list line whose number of fields makes no entry, or an incomplete one
+  kLineTooLong = 4,         // more than 255 characters: read as several lines
+  kOutsideSections = 5,     // text before, between or behind the sections
+  kSectionNotEnded = 6,     // no end marker
+  kSectionRepeated = 7,     // a second occurrence of a section is ignored
+  kBadBytes = 8,            // bytes that are not text of the file's code page
+  kAfterEmptyLine = 9,      // an empty line ended the list; this entry is lost
+  kNoEndOfFile = 10,        // no [EOF]
+  kNoEffect = 11,           // the item kind does nothing in this section
+  kAmbiguousValue = 12,     // the value holds "<", ">" or ","
+  kNoSetting = 13,          // a result that belongs to no setting: the line adds nothing
+  kMatchesEverything = 14,  // no condition of the setting was understood: it applies to all objects
+  kUnknownSection = 15,     // a section of another name is ignored with its lines
+  kNotText = 16,            // the file looks like UTF-8 or UTF-16, or is not a specification at all
+  kUnknownVariable = 17,    // a list line that names no known dimension variable: it sets nothing
+};
+
+struct CvtDiagnostic {
+  CvtProblem problem;
+  int line = 0;         // 1-based line of the file; 0: the whole file
+  std::wstring text;    // the line as it stands in the file, trimmed; may be empty
+  std::wstring detail;  // the key, section or characters that it is about; may be empty
+};
+
+// One English sentence without the line number.
+std::wstring diagnosticReason(const CvtDiagnostic& diagnostic);
+
+// True when text of the file has no effect on a conversion; false for mere warnings.
+bool dropsText(CvtProblem problem);
+
+using CvtDiagnostics = std::vector<CvtDiagnostic>;
+
+}  // namespace kiv
