@@ -3,6 +3,8 @@
 // everything else read from a record when somebody asks. Every change goes through a setter here, is
 // journalled, and changes that property in the record and nothing else.
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -11,6 +13,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "base/result.h"
@@ -18,14 +21,39 @@
 #include "embedded/drawing/property.h"
 #include "embedded/drawing/record.h"
 #include "embedded/drawing/shapes.h"
+#include "embedded/drawing/signature_table.h"
 #include "embedded/drawing/storage.h"
+#include "embedded/drawing/table_index.h"
 #include "embedded/drawing/undo_journal.h"
 
 namespace cad {
 
+// Where the sections and tables of the file stand; kNoRecord for those that it does not have.
+struct FileFrame {
+  static constexpr std::size_t kSections = static_cast<std::size_t>(Section::kObjects) + 1;
+  static constexpr std::size_t kTables = static_cast<std::size_t>(Table::kBlockRecord) + 1;
+  FileFrame() {
+    sectionBegin.fill(kNoRecord), sectionEnd.fill(kNoRecord);
+    tableHead.fill(kNoRecord), tableEnd.fill(kNoRecord);
+  }
+  std::array<RecordId, kSections> sectionBegin, sectionEnd;
+  std::array<RecordId, kTables> tableHead, tableEnd;
+  RecordId endOfFile = kNoRecord;
+};
+
+// What a file format found in its one pass over the file.
+struct LoadedRecords {
+  std::vector<Record> records;  // in file order; the owner of the entities of model space and the active
+                                // paper space is one of the two below
+  SignatureTable signatures;
+  NamePool names;
+  FileFrame frame;
+  static constexpr RecordId kInModelSpace = 0xFFFFFFFD, kInPaperSpace = 0xFFFFFFFC;
+};
+
 class Drawing {
  public:
-  explicit Drawing(std::unique_ptr<RecordStorage> storage);
+  Drawing(std::unique_ptr<RecordStorage> storage, LoadedRecords loaded);
   ~Drawing();
   Drawing(const Drawing&) = delete;
   Drawing& operator=(const Drawing&) = delete;
@@ -78,7 +106,7 @@ class Drawing {
   // layer that an entity names, linetypes ByLayer, ByBlock and Continuous, style Standard; such a record
   // enters the file only when it is changed.
   RecordId find(Table table, std::wstring_view name) const;
-  RecordId find(Table table, NameId name) const;  // cached per name
+  RecordId find(Table table, NameId name) const;                 // cached per name
   const std::vector<RecordId>& tableRecords(Table table) const;  // in table order, without erased ones
   base::Result<RecordId> addTableRecord(Table table, std::wstring_view name);
   // Renames a layer record and every reference to it by name (entities, extended data, current layer).
@@ -107,7 +135,7 @@ class Drawing {
 
   // --- Selection ------------------------------------------------------------------------------------
   // Entities of equal type, layer, linetype, style and colour share a signature.
-  std::size_t signatureCount() const { return signatures_.size(); }
+  std::size_t signatureCount() const { return signatures_.all().size(); }
   const Signature& signature(SignatureId id) const { return signatures_[id]; }
   // Calls visit for each entity of model and paper spaces that is not erased and whose signature is
   // marked in `wanted` (indexed by SignatureId), newest first. Touches no entity when nothing is marked.
@@ -119,13 +147,83 @@ class Drawing {
   // Takes back the newest group, or the newest change outside a group. False when there is none.
   bool undo();
 
+  // --- For the storage and for setters that change several records --------------------------------
+  RecordStorage& storage() { return *storage_; }
+  const RecordStorage& storage() const { return *storage_; }
+  // False when this type of record or this drawing's version cannot hold the property.
+  bool canHold(RecordId id, Property property) const;
+  // Puts the record into another state; journalled, and everything derived from the record follows.
+  void setEdits(RecordId id, EditId edits);
+  RecordId insertRecord(NewRecord record);  // journalled
+  // Gives an implied record its own bytes in the file; journalled. Others are left as they are.
+  base::Status materialise(RecordId id);
+  // A free handle; the header's next free handle follows. Files without handles: absent.
+  std::optional<Handle> takeHandle();
+  // Records that new ones are placed before; the table or section is made when the file has none.
+  base::Result<RecordId> endOfTable(Table table);        // ENDTAB
+  base::Result<RecordId> endOfSection(Section section);  // ENDSEC
+  RecordId endOfBlock(
+      RecordId block) const;  // ENDBLK; model space and the active paper space: see endOfSection
+  RecordId headerRecord() const { return header_; }  // the HEADER section; kNoRecord when there is none
+  RecordId tableHead(Table table) const;             // TABLE; kNoRecord when the file has none
+
+  // Changes made while it lives are one step of undo (part of the open group when there is one).
+  class ChangeScope {
+   public:
+    explicit ChangeScope(Drawing& drawing);
+    ~ChangeScope();
+    ChangeScope(const ChangeScope&) = delete;
+    ChangeScope& operator=(const ChangeScope&) = delete;
+    void rollBack();  // takes back every change since the beginning of the scope
+
+   private:
+    Drawing& drawing_;
+    std::size_t begin_;
+    bool opened_;
+  };
+
  private:
+  static constexpr std::size_t kTables = static_cast<std::size_t>(Table::kBlockRecord) + 1;
+  using BlockLists = std::unordered_map<RecordId, std::vector<RecordId>>;
+
+  const TableIndex& table(Table table) const;  // brought up to date
+  void buildTables();
+  void addImpliedRecords();
+  void addImplied(Table table, std::wstring_view name);
+  RecordId addImpliedBlock(std::wstring_view name);
+  NameId tableName(RecordId id) const;
+  RecordId append(Record record);
+  base::Status checkValue(RecordId id, Property property, double value) const;
+  base::Status checkKnown(Property property, NameId value) const;
+  base::Status requireAppId(RecordId id, Property property);
+  base::Status setStored(RecordId id, Property property, const StoredValue& value);
+  void setState(RecordId id, EditId edits, SignatureId signature, std::uint8_t flags);
+  void count(const Record& record, int difference);
+  void recordChanged(RecordId id);
+  void eraseOne(RecordId id, bool erased);
+  base::Status renameReferences(NameId from, std::wstring_view to);
+  base::Result<RecordId> makeTable(Table table);
+  void undoOne();
+
   std::unique_ptr<RecordStorage> storage_;
   std::filesystem::path path_;
   std::vector<Record> records_;
-  std::vector<Signature> signatures_;
-  NamePool names_;
-  // ... the owner of this folder adds what it needs
+  SignatureTable signatures_;
+  mutable NamePool names_;
+  FileFrame frame_;
+  RecordId header_ = kNoRecord;
+  RecordId modelSpace_ = kNoRecord, paperSpace_ = kNoRecord;
+  UndoJournal journal_;
+  bool modified_ = false;
+  std::vector<Placement> added_;
+  std::unordered_map<RecordId, NameId> impliedNames_;
+  std::vector<std::uint32_t> spaceCounts_;  // by signature: live entities of the layout spaces
+  mutable std::array<TableIndex, kTables> tables_;
+  mutable std::vector<signed char> locked_;  // by layer name; -1: not asked
+  mutable std::unique_ptr<BlockLists> blockLists_;
+  mutable std::unique_ptr<std::vector<RecordId>> subRecords_;
+  mutable std::unique_ptr<std::unordered_map<Handle, RecordId>> handles_;
+  Handle nextHandle_ = 0;  // 0: not yet known
 };
 
 }  // namespace cad

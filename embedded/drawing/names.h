@@ -21,8 +21,8 @@ class NamePool {
   // before the first wide() or intern(wide).
   void setCodePage(base::CodePage page) { page_ = page; }
 
-  NameId intern(std::string_view stored);   // bytes as they stand in the drawing
-  NameId intern(std::wstring_view text);    // encoded as the drawing needs it
+  NameId intern(std::string_view stored);  // bytes as they stand in the drawing
+  NameId intern(std::wstring_view text);   // encoded as the drawing needs it
 
   std::string_view stored(NameId id) const { return entries_[id].stored; }
   const std::wstring& text(NameId id) const;    // decoded on first use

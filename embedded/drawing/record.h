@@ -24,19 +24,33 @@ enum class RecordKind : std::uint8_t {
   kObject,     // OBJECTS section
 };
 
-enum class Table : std::uint8_t { kNone, kLayer, kLinetype, kTextStyle, kDimStyle, kBlock, kAppId, kView, kUcs, kViewport };
+enum class Table : std::uint8_t {
+  kNone,
+  kLayer,
+  kLinetype,
+  kTextStyle,
+  kDimStyle,
+  kBlock,
+  kAppId,
+  kView,
+  kUcs,
+  kViewport,
+  kBlockRecord
+};  // kBlock: BLOCK records; kBlockRecord: their table entries (R13 and newer)
 
 struct Record {
-  std::uint64_t offset = 0;     // where its stored bytes begin (see RecordStorage)
-  std::uint32_t length = 0;     // bytes
-  std::uint32_t edits = 0;      // newest edit, 0 = untouched
-  SignatureId signature = 0;    // entities
-  RecordId owner = kNoRecord;   // entity: its block; sub-entity: its main entity
+  std::uint64_t offset = 0;    // where its stored bytes begin (see RecordStorage)
+  std::uint32_t length = 0;    // bytes
+  std::uint32_t edits = 0;     // newest edit, 0 = untouched
+  SignatureId signature = 0;   // entities
+  RecordId owner = kNoRecord;  // entity: its block; sub-entity: its main entity
   RecordKind kind = RecordKind::kOther;
   Table table = Table::kNone;
   std::uint8_t flags = 0;
 
   static constexpr std::uint8_t kErased = 1, kAdded = 2, kImplied = 4;
+  static constexpr std::uint8_t kLayoutSpace = 8;  // block: model space or a paper space
+  static constexpr std::uint8_t kLayerNames = 16;  // its extended data names layers
   bool erased() const { return (flags & kErased) != 0; }
 };
 

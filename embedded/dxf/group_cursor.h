@@ -1,0 +1,51 @@
+#pragma once
+// The groups of one record, in order.
+//
+//   std::string scratch;
+//   GroupCursor cursor(storage.bytes(record, scratch), storage.dialect());
+//   while (cursor.next()) if (cursor.group().code == 40) ...
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "embedded/drawing/record.h"
+#include "embedded/dxf/dialect.h"
+
+namespace cad::dxf {
+
+struct Group {
+  int code = 0;
+  std::string_view
+      value;  // text: the line without its end, blanks kept; binary: the raw value, strings without NUL
+  std::uint32_t begin = 0, end = 0;  // the whole group, relative to the record's present bytes
+  std::uint32_t valueBegin = 0;      // where `value` begins, likewise
+};
+
+class GroupCursor {
+ public:
+  // `bytes` and `dialect` must outlive the cursor. The bytes may be any: a broken group ends the walk.
+  GroupCursor(std::string_view bytes, const Dialect& dialect) : bytes_(bytes), dialect_(dialect) {}
+  bool next();  // false at the end
+  const Group& group() const { return group_; }
+
+ private:
+  bool nextText();
+  bool nextBinary();
+
+  std::string_view bytes_;
+  const Dialect& dialect_;
+  Group group_;
+};
+
+// One group, read at `position` of `bytes`; false when there is no whole group of a valid code.
+bool readTextGroup(std::string_view bytes, std::size_t position, Group& group);
+bool readBinaryGroup(std::string_view bytes, std::size_t position, bool wideCodes, Group& group);
+
+// The value by its type; absent when it is not one.
+std::string_view trimmed(std::string_view value);
+std::optional<std::int64_t> integerValue(const Group& group, const Dialect& dialect);  // reals are truncated
+std::optional<double> realValue(const Group& group, const Dialect& dialect);           // integers too
+std::optional<Handle> handleValue(const Group& group);
+
+}  // namespace cad::dxf
