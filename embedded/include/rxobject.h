@@ -40,3 +40,6 @@ class AcRxObject {
     return &descriptor;                                                     \
   }                                                                         \
   AcRxClass* CLASS_NAME::isA() const { return CLASS_NAME::desc(); }
+
+// For a class that DXF files do not name.
+#define ACRX_NO_CONS_DEFINE_MEMBERS(CLASS_NAME, PARENT) ACRX_DEFINE_MEMBERS(CLASS_NAME, PARENT, nullptr)

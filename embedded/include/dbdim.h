@@ -1,0 +1,29 @@
+#pragma once
+// Dimensions of every kind.
+
+#include "dbmain.h"
+#include "dimvar.h"
+
+class AcDbDimension : public AcDbEntity {
+ public:
+  ACRX_DECLARE_MEMBERS(AcDbDimension)
+
+  // The text that stands in place of the measured value; empty: the measured value is shown.
+  ACHAR* dimensionText() const;  // the caller's, released with acutDelString
+  Acad::ErrorStatus dimensionText(AcString& text) const;
+  Acad::ErrorStatus setDimensionText(const ACHAR* text);
+  double textRotation() const;  // radians
+  Acad::ErrorStatus setTextRotation(double radians);
+
+  AcDbObjectId dimensionStyle() const;  // null when the drawing does not have the style
+  Acad::ErrorStatus setDimensionStyle(AcDbObjectId style);
+  AcDbObjectId dimBlockId() const;  // the anonymous block that holds the drawn geometry; may be null
+
+  // Keeps the geometry block that the dimension has: this host does not draw dimensions. A program that
+  // shows the drawing rebuilds the block from the dimension's data when it updates the dimension.
+  // eNotOpenForWrite; else eOk.
+  Acad::ErrorStatus recomputeDimBlock(bool forceUpdate = true);
+
+  ACDB_DECLARE_DIM_ROWS(ACDB_LEADER_DIM_VARIABLES)
+  ACDB_DECLARE_DIM_ROWS(ACDB_OTHER_DIM_VARIABLES)
+};
