@@ -1,0 +1,138 @@
+#include "cli/arguments.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace kivcli {
+namespace {
+
+using base::Failure;
+using base::Result;
+using base::Status;
+
+Status setFormat(Arguments& arguments, const std::wstring& value) {
+  if (value == L"dwg") {
+    arguments.format = SaveFormat::kDwg;
+  } else if (value == L"dxf") {
+    arguments.format = SaveFormat::kDxf;
+  } else if (value == L"dwt") {
+    arguments.format = SaveFormat::kDwt;
+  } else {
+    return Failure{L"--format " + value, L"the format is dxf, dwg or dwt"};
+  }
+  return {};
+}
+
+Status setBlockScope(Arguments& arguments, const std::wstring& value) {
+  if (value.size() != 1 || value[0] < L'0' || value[0] > L'2') {
+    return Failure{L"--block-scope " + value,
+                   L"the scope is 0 (block references), 1 (their definitions) or 2 (both)"};
+  }
+  arguments.blockScope = value[0] - L'0';
+  return {};
+}
+
+struct Option {
+  const wchar_t* name;
+  bool takesValue;
+  Status (*apply)(Arguments&, const std::wstring& value);
+};
+
+const std::array kConvertOptions = {
+    Option{
+        L"--spec", true,
+        [](Arguments& a, const std::wstring& value) -> Status { return a.specification = value, Status(); }},
+    Option{
+        L"--out", true,
+        [](Arguments& a, const std::wstring& value) -> Status { return a.outputFolder = value, Status(); }},
+    Option{L"--format", true, setFormat},
+    Option{L"--block-scope", true, setBlockScope},
+    Option{L"--ignore-locks", false,
+           [](Arguments& a, const std::wstring&) -> Status { return a.ignoreLocks = true, Status(); }},
+    Option{L"--log", true,
+           [](Arguments& a, const std::wstring& value) -> Status { return a.logFolder = value, Status(); }},
+};
+
+struct CallName {
+  const wchar_t* name;
+  Call call;
+};
+constexpr CallName kCallNames[] = {
+    {L"convert", Call::kConvert}, {L"check", Call::kCheck},       {L"info", Call::kInfo},
+    {L"help", Call::kHelp},       {L"--help", Call::kHelp},       {L"-h", Call::kHelp},
+    {L"version", Call::kVersion}, {L"--version", Call::kVersion},
+};
+
+// Takes the option at words[at], and its value when it has one; `at` is left on the last word taken.
+Status takeOption(Arguments& arguments, const std::vector<std::wstring>& words, std::size_t& at) {
+  const std::wstring& word = words[at];
+  const std::size_t equals = word.find(L'=');
+  const std::wstring name = word.substr(0, equals);
+  const auto* option = std::find_if(kConvertOptions.begin(), kConvertOptions.end(),
+                                    [&](const Option& candidate) { return name == candidate.name; });
+  if (arguments.call != Call::kConvert || option == kConvertOptions.end()) {
+    return Failure{name, L"there is no such option here; `kivcvt help` lists them"};
+  }
+  if (!option->takesValue) {
+    if (equals != std::wstring::npos) return Failure{name, L"this option takes no value"};
+    return option->apply(arguments, L"");
+  }
+  std::wstring value;
+  if (equals != std::wstring::npos) {
+    value = word.substr(equals + 1);
+  } else if (at + 1 < words.size()) {
+    value = words[++at];
+  }
+  if (value.empty()) return Failure{name, L"this option needs a value after it"};
+  return option->apply(arguments, value);
+}
+
+Status requireComplete(const Arguments& arguments) {
+  if (arguments.call == Call::kConvert) {
+    if (arguments.specification.empty()) {
+      return Failure{L"--spec", L"please name the conversion specification: --spec FILE.cvt"};
+    }
+    if (arguments.outputFolder.empty()) {
+      return Failure{L"--out", L"please name the folder for the converted drawings: --out DIR"};
+    }
+  }
+  if (arguments.files.empty()) {
+    return Failure{L"", arguments.call == Call::kCheck ? L"please name the CVT files to check"
+                                                       : L"please name the drawings"};
+  }
+  return {};
+}
+
+}  // namespace
+
+Result<Arguments> parseArguments(const std::vector<std::wstring>& words) {
+  if (words.empty()) return Failure{L"", L"please say what to do: convert, check, info or help"};
+  const auto* call = std::find_if(std::begin(kCallNames), std::end(kCallNames),
+                                  [&](const CallName& name) { return words[0] == name.name; });
+  if (call == std::end(kCallNames)) {
+    return Failure{words[0], L"there is no such call; it is convert, check, info or help"};
+  }
+  Arguments arguments;
+  arguments.call = call->call;
+  if (arguments.call == Call::kHelp || arguments.call == Call::kVersion) return arguments;
+
+  bool optionsEnded = false;
+  for (std::size_t at = 1; at < words.size(); ++at) {
+    const std::wstring& word = words[at];
+    if (optionsEnded || !word.starts_with(L"-") || word == L"-") {
+      arguments.files.push_back(word);
+    } else if (word == L"--") {
+      optionsEnded = true;
+    } else if (word == L"--help" || word == L"-h") {
+      arguments.call = Call::kHelp;
+      return arguments;
+    } else if (Status taken = takeOption(arguments, words, at); !taken) {
+      return taken.failure();
+    }
+  }
+  if (Status complete = requireComplete(arguments); !complete) return complete.failure();
+  return arguments;
+}
+
+}  // namespace kivcli

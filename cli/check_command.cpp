@@ -1,0 +1,41 @@
+#include <algorithm>
+
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "cli/session.h"
+#include "cli/specification_report.h"
+
+namespace kivcli {
+namespace {
+
+std::wstring counted(int count, const wchar_t* one, const wchar_t* many) {
+  return std::to_wstring(count) + L" " + (count == 1 ? one : many);
+}
+
+int checkFile(Session& session, const std::wstring& file) {
+  const KivSpecificationReport report = session.checkSpecification(fullPath(file));
+  if (!reportSpecification(file, L"dropped", report)) return kUnusable;
+  const std::wstring dropped =
+      report.diagnosticCount == 0 ? L"every line is understood"
+                                  : counted(report.diagnosticCount, L"line is dropped", L"lines are dropped");
+  printLine(file + L": " + counted(report.settings, L"setting", L"settings") + L", " +
+            counted(report.entries, L"list entry", L"list entries") + L"; " + dropped);
+  return report.diagnosticCount == 0 ? kAllDone : kSomeFailed;
+}
+
+}  // namespace
+
+int runCheck(const Arguments& arguments) {
+  base::Result<std::unique_ptr<Session>> session = Session::start();
+  if (!session) {
+    complain(L"kivcvt: " + session.failure().text());
+    return kUnusable;
+  }
+  int worst = kAllDone;
+  for (const std::wstring& file : arguments.files) {
+    worst = std::max(worst, checkFile(*session.value(), file));
+  }
+  return worst;
+}
+
+}  // namespace kivcli

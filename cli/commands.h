@@ -1,0 +1,16 @@
+#pragma once
+// The calls of kivcvt. Each returns the program's exit status.
+
+#include "cli/arguments.h"
+
+namespace kivcli {
+
+inline constexpr int kAllDone = 0;
+inline constexpr int kSomeFailed = 1;  // each failure was named on standard error
+inline constexpr int kUnusable = 2;    // the command line, the CVT file or the installation
+
+int runConvert(const Arguments& arguments);
+int runCheck(const Arguments& arguments);
+int runInfo(const Arguments& arguments);
+
+}  // namespace kivcli

@@ -1,0 +1,17 @@
+#pragma once
+// The program's two outputs, as UTF-8: results on standard output, complaints on standard error.
+
+#include <string>
+#include <string_view>
+
+#include "base/result.h"
+
+namespace kivcli {
+
+void printLine(std::wstring_view text);
+void complain(std::wstring_view text);
+
+// A failure with a file, under the name that the user typed even when the failure tells another one.
+void complainAbout(const std::wstring& file, const base::Failure& failure);
+
+}  // namespace kivcli

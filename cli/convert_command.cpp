@@ -1,0 +1,83 @@
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include "base/codepage.h"
+#include "base/files.h"
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "cli/drawing_conversion.h"
+#include "cli/log_name.h"
+#include "cli/output_plan.h"
+#include "cli/session.h"
+#include "cli/specification_report.h"
+
+namespace kivcli {
+namespace {
+
+namespace fs = std::filesystem;
+
+base::Status makeFolder(const std::wstring& option, const std::wstring& folder) {
+  std::error_code error;
+  const fs::path path = base::pathFromText(folder);
+  fs::create_directories(path, error);
+  if (fs::is_directory(path)) return {};
+  return base::Failure{
+      option + L" " + folder,
+      L"this folder cannot be made: " + base::fromUtf8(error ? error.message() : "a file is there")};
+}
+
+// Everything that is wrong for all drawings is found before the first one is opened.
+base::Status prepare(Session& session, const Arguments& arguments) {
+  const KivSpecificationReport report = session.checkSpecification(fullPath(arguments.specification));
+  if (!reportSpecification(arguments.specification, L"warning: dropped", report)) {
+    return base::Failure{L"", L"nothing was converted; `kivcvt check` tells more about the CVT file"};
+  }
+  if (base::Status made = makeFolder(L"--out", arguments.outputFolder); !made) return made;
+  if (!arguments.logFolder.empty()) return makeFolder(L"--log", arguments.logFolder);
+  return {};
+}
+
+struct Tally {
+  std::size_t converted = 0, withProblems = 0, failed = 0;
+
+  void count(Outcome outcome) {
+    ++(outcome == Outcome::kConverted      ? converted
+       : outcome == Outcome::kWithProblems ? withProblems
+                                           : failed);
+  }
+  std::wstring text() const {
+    const std::size_t saved = converted + withProblems, all = saved + failed;
+    std::wstring line =
+        failed == 0 ? std::to_wstring(all) : std::to_wstring(saved) + L" of " + std::to_wstring(all);
+    line += all == 1 ? L" drawing converted" : L" drawings converted";
+    if (withProblems > 0) line += L", " + std::to_wstring(withProblems) + L" with problems";
+    return line;
+  }
+  int exitStatus() const { return withProblems + failed == 0 ? kAllDone : kSomeFailed; }
+};
+
+}  // namespace
+
+int runConvert(const Arguments& arguments) {
+  base::Result<std::unique_ptr<Session>> session = Session::start();
+  if (!session) {
+    complain(L"kivcvt: " + session.failure().text());
+    return kUnusable;
+  }
+  if (base::Status prepared = prepare(*session.value(), arguments); !prepared) {
+    complain(L"kivcvt: " + prepared.failure().text());
+    return kUnusable;
+  }
+
+  const fs::path outputFolder = base::pathFromText(arguments.outputFolder);
+  DrawingConversion conversion(*session.value(), arguments, logFilePath(arguments.logFolder));
+  Tally tally;
+  for (const PlannedDrawing& drawing : planOutputs(arguments.files, outputFolder, arguments.format)) {
+    tally.count(conversion.run(drawing));
+  }
+  printLine(tally.text());
+  return tally.exitStatus();
+}
+
+}  // namespace kivcli

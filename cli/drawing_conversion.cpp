@@ -1,0 +1,125 @@
+#include "cli/drawing_conversion.h"
+
+#include <system_error>
+#include <utility>
+
+#include "base/files.h"
+#include "cli/console.h"
+#include "cli/specification_report.h"
+
+namespace kivcli {
+namespace {
+
+using base::Failure;
+using base::Status;
+
+constexpr wchar_t kConversionCommand[] = L"KIV_TOACAD2";
+
+std::wstring withTrailingSeparator(const std::wstring& folder) {
+  return base::pathText(base::pathFromText(folder) / "");
+}
+
+const wchar_t* reasonText(int reason) {
+  switch (reason) {
+    case kKivNoSuchName:
+      return L"the drawing has nothing of this name";
+    case kKivNotInThisVersion:
+      return L"a drawing of this version cannot hold it";
+    case kKivBadValue:
+      return L"the value is out of limits or of another form";
+    default:
+      return L"the host refused it";
+  }
+}
+
+std::wstring noteText(const KivNote& note) {
+  return std::wstring(note.kind) + L" = " + note.value + L" was refused by " + std::to_wstring(note.count) +
+         (note.count == 1 ? L" object: " : L" objects: ") + reasonText(note.reason);
+}
+
+}  // namespace
+
+DrawingConversion::DrawingConversion(Session& session, const Arguments& arguments, std::wstring logFile)
+    : session_(session),
+      arguments_(arguments),
+      logFile_(std::move(logFile)),
+      specification_(fullPath(arguments.specification)),
+      outputFolder_(withTrailingSeparator(fullPath(arguments.outputFolder))) {}
+
+Outcome DrawingConversion::run(const PlannedDrawing& drawing) {
+  if (!drawing.refusal.empty()) {
+    complain(drawing.given + L": " + drawing.refusal);
+    return Outcome::kNotConverted;
+  }
+  cad::Host& host = session_.host();
+  const std::size_t documentsBefore = host.documentCount();
+  if (Status opened = host.openDocument(base::pathFromText(drawing.given)); !opened) {
+    complainAbout(drawing.given, opened.failure());
+    return Outcome::kNotConverted;
+  }
+  const int runsBefore = session_.lastRunReport().runs;
+  const Status converted = convertOpen(drawing, runsBefore);
+  const KivRunReport report = session_.lastRunReport();
+  const bool clean = report.runs == runsBefore || reportProblems(drawing, report);
+  // The run closes the drawing that it saved; one that it gave up is still open.
+  Status closed;
+  while (closed && host.documentCount() > documentsBefore) closed = host.closeDocument();
+
+  if (!converted) {
+    complainAbout(drawing.given, converted.failure());
+    return Outcome::kNotConverted;
+  }
+  printLine(drawing.given + L" -> " + base::pathText(drawing.target));
+  return clean ? Outcome::kConverted : Outcome::kWithProblems;
+}
+
+Status DrawingConversion::convertOpen(const PlannedDrawing& drawing, int runsBefore) {
+  KivConversion conversion{};
+  conversion.specification = specification_.c_str();
+  conversion.outputFolder = outputFolder_.c_str();
+  conversion.saveFormat = static_cast<int>(drawing.format);
+  conversion.blockScope = arguments_.blockScope;
+  conversion.ignoreLocks = arguments_.ignoreLocks ? 1 : 0;
+  conversion.logFile = logFile_.c_str();
+  if (!session_.setConversion(conversion)) return Failure{L"", L"the module refused the options"};
+
+  session_.host().clearLastSave();
+  session_.takeOutput();
+  const Status executed = session_.host().execute(kConversionCommand);
+  const KivRunReport report = session_.lastRunReport();
+  if (Status ended = checkEnd(drawing, report, runsBefore); !ended) return ended;
+  return executed;
+}
+
+Status DrawingConversion::checkEnd(const PlannedDrawing& drawing, const KivRunReport& report,
+                                   int runsBefore) {
+  if (report.runs == runsBefore) {
+    return Failure{L"", L"the conversion did not run: " + session_.takeOutput()};
+  }
+  switch (report.end) {
+    case kKivConverted:
+      break;
+    case kKivEmptyDrawing:
+      return Failure{L"", L"not converted: the drawing has no entities"};
+    case kKivSpecificationUnreadable:
+      return Failure{L"", L"not converted: " + arguments_.specification + L" can no longer be read"};
+    default:
+      return Failure{L"", L"not converted: " + session_.takeOutput()};
+  }
+  const std::optional<cad::SaveReport>& save = session_.host().lastSave();
+  if (!save) return Failure{L"", L"not saved: the host was not asked to"};
+  if (!save->status) return save->status;
+  std::error_code error;
+  if (!std::filesystem::exists(drawing.target, error)) {
+    return Failure{L"", L"not saved: " + base::pathText(drawing.target) + L" is not there after saving"};
+  }
+  return {};
+}
+
+bool DrawingConversion::reportProblems(const PlannedDrawing& drawing, const KivRunReport& report) {
+  for (int i = 0; i < report.problemCount; ++i) complain(drawing.given + L": " + report.problems[i]);
+  for (int i = 0; i < report.noteCount; ++i) complain(drawing.given + L": " + noteText(report.notes[i]));
+  return report.problemCount + report.noteCount == 0;
+}
+
+}  // namespace kivcli

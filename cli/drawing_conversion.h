@@ -1,0 +1,33 @@
+#pragma once
+// One drawing from file to file, through the module's own conversion command.
+
+#include <string>
+
+#include "base/result.h"
+#include "cli/output_plan.h"
+#include "cli/session.h"
+
+namespace kivcli {
+
+enum class Outcome { kConverted, kWithProblems, kNotConverted };
+
+class DrawingConversion {
+ public:
+  // `logFile`: full path, or empty. The session and the arguments must outlive this object.
+  DrawingConversion(Session& session, const Arguments& arguments, std::wstring logFile);
+
+  // Opens, converts, saves and closes. Names on standard error what failed and what was left undone, and on
+  // standard output the saved file.
+  Outcome run(const PlannedDrawing& drawing);
+
+ private:
+  base::Status convertOpen(const PlannedDrawing& drawing, int runsBefore);
+  base::Status checkEnd(const PlannedDrawing& drawing, const KivRunReport& report, int runsBefore);
+  bool reportProblems(const PlannedDrawing& drawing, const KivRunReport& report);
+
+  Session& session_;
+  const Arguments& arguments_;
+  std::wstring logFile_, specification_, outputFolder_;
+};
+
+}  // namespace kivcli

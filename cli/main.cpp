@@ -1,0 +1,60 @@
+// kivcvt: converts drawings by a specification, from the command line.
+
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "base/codepage.h"
+#include "cli/arguments.h"
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "cli/usage.h"
+
+namespace {
+
+using namespace kivcli;
+
+int run(const std::vector<std::wstring>& words) {
+  const base::Result<Arguments> arguments = parseArguments(words);
+  if (!arguments) {
+    complain(L"kivcvt: " + arguments.failure().text());
+    return kUnusable;
+  }
+  switch (arguments.value().call) {
+    case Call::kConvert:
+      return runConvert(arguments.value());
+    case Call::kCheck:
+      return runCheck(arguments.value());
+    case Call::kInfo:
+      return runInfo(arguments.value());
+    case Call::kVersion:
+      printLine(versionText());
+      return kAllDone;
+    case Call::kHelp:
+      printLine(usageText());
+      return kAllDone;
+  }
+  return kUnusable;
+}
+
+// Nothing below throws on purpose; what is left is the system's own, memory above all.
+int runGuarded(const std::vector<std::wstring>& words) {
+  try {
+    return run(words);
+  } catch (const std::exception& error) {
+    complain(L"kivcvt: the run was given up: " + base::fromUtf8(error.what()));
+    return kSomeFailed;
+  }
+}
+
+}  // namespace
+
+#ifdef _WIN32
+int wmain(int count, wchar_t** words) { return runGuarded({words + 1, words + count}); }
+#else
+int main(int count, char** words) {
+  std::vector<std::wstring> wide;
+  for (int i = 1; i < count; ++i) wide.push_back(base::fromUtf8(words[i]));
+  return runGuarded(wide);
+}
+#endif

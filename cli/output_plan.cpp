@@ -1,0 +1,83 @@
+#include "cli/output_plan.h"
+
+#include <map>
+#include <set>
+#include <system_error>
+
+#include "base/files.h"
+#include "base/fold.h"
+
+namespace kivcli {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kExtensionLength = 4;  // with its dot
+
+// The module cuts an extension of three characters from the drawing's name and no other.
+std::wstring baseName(const fs::path& drawing) {
+  std::wstring name = base::pathText(drawing.filename());
+  const bool hasExtension = name.size() >= kExtensionLength && name[name.size() - kExtensionLength] == L'.';
+  if (hasExtension) name.resize(name.size() - kExtensionLength);
+  return name;
+}
+
+const wchar_t* extensionOf(SaveFormat format) {
+  switch (format) {
+    case SaveFormat::kDwg:
+      return L".DWG";
+    case SaveFormat::kDwt:
+      return L".DWT";
+    default:
+      return L".DXF";
+  }
+}
+
+SaveFormat ownFormat(const fs::path& drawing) {
+  const std::wstring name = base::upper(base::pathText(drawing.filename()));
+  if (name.ends_with(L".DWG")) return SaveFormat::kDwg;
+  if (name.ends_with(L".DWT")) return SaveFormat::kDwt;
+  return SaveFormat::kDxf;
+}
+
+// One text for all the ways in which a file may be named. A path that cannot be looked up stays as it is:
+// opening the drawing will tell why.
+std::wstring identity(const fs::path& path) {
+  std::error_code error;
+  const fs::path canonical = fs::weakly_canonical(path, error);
+  return base::upper(base::pathText(error ? path : canonical));
+}
+
+}  // namespace
+
+std::vector<PlannedDrawing> planOutputs(const std::vector<std::wstring>& drawings,
+                                        const fs::path& outputFolder, std::optional<SaveFormat> format) {
+  std::set<std::wstring> sources;
+  for (const std::wstring& drawing : drawings) sources.insert(identity(base::pathFromText(drawing)));
+
+  std::vector<PlannedDrawing> plan;
+  std::map<std::wstring, std::wstring> takenBy;  // target's identity -> the drawing that is saved there
+  for (const std::wstring& drawing : drawings) {
+    PlannedDrawing planned;
+    planned.given = drawing;
+    std::error_code error;
+    planned.source = fs::absolute(base::pathFromText(drawing), error);
+    planned.format = format.value_or(ownFormat(planned.source));
+    planned.target =
+        outputFolder / base::pathFromText(baseName(planned.source) + extensionOf(planned.format));
+
+    const std::wstring target = identity(planned.target);
+    if (sources.contains(target)) {
+      planned.refusal = base::pathText(planned.target) +
+                        L" is one of the drawings to convert and would be overwritten; please choose "
+                        L"another folder with --out";
+    } else if (const auto [first, isNew] = takenBy.try_emplace(target, drawing); !isNew) {
+      planned.refusal = first->second + L" is already saved as " + base::pathText(planned.target) +
+                        L"; please convert this one into another folder";
+    }
+    plan.push_back(std::move(planned));
+  }
+  return plan;
+}
+
+}  // namespace kivcli

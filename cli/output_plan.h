@@ -1,0 +1,28 @@
+#pragma once
+// Which file each drawing becomes, and which drawings must not be converted because of that.
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/arguments.h"
+
+namespace kivcli {
+
+struct PlannedDrawing {
+  std::wstring given;            // as the user named it
+  std::filesystem::path source;  // absolute
+  std::filesystem::path target;  // in the output folder as the user named it
+  SaveFormat format = SaveFormat::kDxf;
+  std::wstring refusal;  // empty, or why the drawing is left alone
+};
+
+// A drawing's target is its base name with the format's extension in capitals. Names are compared ignoring
+// case on every system, because the output folder may later stand on one that does. Refused: a target
+// that is one of the drawings given, and the second drawing that has the same target.
+std::vector<PlannedDrawing> planOutputs(const std::vector<std::wstring>& drawings,
+                                        const std::filesystem::path& outputFolder,
+                                        std::optional<SaveFormat> format);
+
+}  // namespace kivcli

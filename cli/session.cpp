@@ -1,0 +1,64 @@
+#include "cli/session.h"
+
+#include <utility>
+
+#include "base/files.h"
+#include "cli/program_folder.h"
+
+namespace kivcli {
+namespace {
+
+constexpr wchar_t kModuleName[] = L"KIVGUI.ARX";
+
+template <class Function>
+bool findFunction(cad::Host& host, const char* name, Function& function) {
+  function = reinterpret_cast<Function>(host.moduleSymbol(kModuleName, name));
+  return function != nullptr;
+}
+
+}  // namespace
+
+base::Result<std::unique_ptr<Session>> Session::start() {
+  std::unique_ptr<Session> session(new Session(cad::Host::instance()));
+  if (base::Status loaded = session->loadModule(); !loaded) return loaded.failure();
+  return session;
+}
+
+Session::Session(cad::Host& host) : host_(host) {
+  host_.setOutput([this](std::wstring_view text) { output_ += text; });
+  host_.start();
+}
+
+Session::~Session() {
+  host_.stop();
+  host_.setOutput({});
+}
+
+base::Status Session::loadModule() {
+  const std::filesystem::path module = programFolder() / kModuleName;
+  if (base::Status loaded = host_.loadModule(module); !loaded) return loaded;
+  const bool complete = findFunction(host_, "dll_kiv_setConversion", setConversion_) &&
+                        findFunction(host_, "dll_kiv_lastRunReport", lastRunReport_) &&
+                        findFunction(host_, "dll_kiv_checkSpecification", checkSpecification_);
+  if (!complete) {
+    return base::Failure{base::pathText(module),
+                         L"this module belongs to another version of the program; please install both anew"};
+  }
+  return {};
+}
+
+KivRunReport Session::lastRunReport() {
+  KivRunReport report{};
+  lastRunReport_(&report);
+  return report;
+}
+
+KivSpecificationReport Session::checkSpecification(const std::wstring& path) {
+  KivSpecificationReport report{};
+  checkSpecification_(path.c_str(), &report);
+  return report;
+}
+
+std::wstring Session::takeOutput() { return std::exchange(output_, {}); }
+
+}  // namespace kivcli

@@ -1,0 +1,42 @@
+#pragma once
+// The embedded host with the module loaded into it: what every call works through.
+
+#include <memory>
+#include <string>
+
+#include "base/result.h"
+#include "embedded/editor/host.h"
+#include "host/automation.h"
+
+namespace kivcli {
+
+class Session {
+ public:
+  // Starts the host and loads the module that stands beside the program. One session per process.
+  static base::Result<std::unique_ptr<Session>> start();
+  ~Session();  // unloads the module and closes what is open
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+
+  cad::Host& host() { return host_; }
+
+  // The module's automation entry; see host/automation.h for what the reports own.
+  bool setConversion(const KivConversion& conversion) { return setConversion_(&conversion) != 0; }
+  KivRunReport lastRunReport();
+  KivSpecificationReport checkSpecification(const std::wstring& path);
+
+  // What the host and the module have printed since the last call.
+  std::wstring takeOutput();
+
+ private:
+  explicit Session(cad::Host& host);
+  base::Status loadModule();
+
+  cad::Host& host_;
+  std::wstring output_;
+  KivSetConversion setConversion_ = nullptr;
+  KivLastRunReport lastRunReport_ = nullptr;
+  KivCheckSpecification checkSpecification_ = nullptr;
+};
+
+}  // namespace kivcli

@@ -1,0 +1,42 @@
+#include "cli/specification_report.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "base/files.h"
+#include "cli/console.h"
+
+namespace kivcli {
+
+std::wstring fullPath(const std::wstring& given) {
+  std::error_code error;
+  const std::filesystem::path absolute = std::filesystem::absolute(base::pathFromText(given), error);
+  return error ? given : base::pathText(absolute);
+}
+
+std::wstring diagnosticLine(const std::wstring& file, std::wstring_view severity,
+                            const KivDiagnostic& diagnostic) {
+  std::wstring line = file;
+  if (diagnostic.line > 0) line += L":" + std::to_wstring(diagnostic.line);
+  line += L": ";
+  line += severity;
+  line += L": ";
+  line += diagnostic.reason;
+  if (diagnostic.text != nullptr && diagnostic.text[0] != L'\0')
+    line += std::wstring(L": ") + diagnostic.text;
+  return line;
+}
+
+bool reportSpecification(const std::wstring& file, std::wstring_view severity,
+                         const KivSpecificationReport& report) {
+  if (report.usable == 0) {
+    complain(file + L": " + (report.failure != nullptr ? report.failure : L"cannot be used"));
+    return false;
+  }
+  for (int i = 0; i < report.diagnosticCount; ++i) {
+    complain(diagnosticLine(file, severity, report.diagnostics[i]));
+  }
+  return true;
+}
+
+}  // namespace kivcli
