@@ -1,0 +1,47 @@
+#pragma once
+// What the running host holds, for the files of this folder.
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/result.h"
+#include "embedded/drawing/storage.h"
+#include "embedded/editor/command_line.h"
+#include "embedded/editor/command_stack.h"
+#include "embedded/editor/documents.h"
+#include "embedded/editor/host.h"
+#include "embedded/editor/modules.h"
+#include "embedded/editor/selection_sets.h"
+
+namespace cad {
+
+struct HostState {
+  bool running = false;
+
+  std::function<void(std::wstring_view)> output;
+  std::optional<base::Failure> newestFailure;
+  std::optional<SaveReport> lastSave;
+
+  std::vector<std::filesystem::path> supportPath;
+  std::map<std::string, Variable> sessionVariables;  // only those that were set
+
+  Meter meter;
+  std::function<void(const Meter&)> meterObserver;
+  std::function<bool()> breakQuery;
+  std::function<std::optional<InputEvent>()> inputSource;
+  void* mainWindow = nullptr;
+
+  Documents documents;
+  CommandStack commands;
+  CommandLine commandLine;
+  Modules modules;
+  SelectionSets selectionSets;
+};
+
+HostState& hostState();
+
+}  // namespace cad

@@ -1,0 +1,37 @@
+#pragma once
+// Building chains of result buffers inside the host.
+
+#include <cstdarg>
+#include <string_view>
+
+#include "adsdef.h"
+
+namespace cad {
+
+// A copy for resval.rstring; acutRelRb or acutDelString releases it.
+ACHAR* newText(std::wstring_view text);
+
+// Appends to a chain whose newest buffer `tail` points to; the first append sets `head`.
+class ResultChain {
+ public:
+  ResultChain() = default;
+  ~ResultChain();  // releases what nobody took
+  ResultChain(const ResultChain&) = delete;
+  ResultChain& operator=(const ResultChain&) = delete;
+
+  void text(int code, std::wstring_view value);
+  void real(int code, double value);
+  void integer(int code, int value);
+  resbuf* append(int code);
+  const resbuf* head() const { return head_; }
+  resbuf* release();  // the caller owns the chain
+
+ private:
+  resbuf* head_ = nullptr;
+  resbuf* tail_ = nullptr;
+};
+
+// Reads (type, value) pairs until RTNONE or 0, the first type given. False for an unknown code.
+bool readPairs(int firstType, va_list arguments, ResultChain& chain);
+
+}  // namespace cad
