@@ -1,0 +1,213 @@
+// kivcvt convert, from the command line to the files and messages that it leaves.
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <regex>
+
+#include "base/codepage.h"
+#include "tests/cli/program_runner.h"
+
+namespace kivcli::testing {
+namespace {
+
+bool contains(const std::string& text, std::string_view part) { return text.find(part) != std::string::npos; }
+
+std::string replaced(std::string text, std::string_view from, std::string_view to) {
+  const std::size_t at = text.find(from);
+  EXPECT_NE(at, std::string::npos);
+  return text.replace(at, from.size(), to);
+}
+
+class ConvertTest : public ProgramTest {
+ protected:
+  void SetUp() override {
+    ProgramTest::SetUp();
+    writeSpecification("rules.cvt", kTextsGreen);
+    write("good.dxf", good_);
+  }
+  ProgramRun convert(std::vector<std::string> words) const {
+    words.insert(words.begin(), {"convert", "--spec", "rules.cvt", "--out", "out"});
+    return kivcvt(words);
+  }
+
+  const std::string good_ = drawing(text("0", "居間") + kLine);
+};
+
+TEST_F(ConvertTest, ChangesWhatTheRuleNamesAndNothingElse) {
+  const ProgramRun run = convert({"good.dxf"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "good.dxf -> out/good.DXF\n1 drawing converted\n");
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(read("out/good.DXF"), replaced(good_, " 62\r\n     1\r\n", " 62\r\n     3\r\n"));
+  EXPECT_EQ(read("good.dxf"), good_);
+}
+
+TEST_F(ConvertTest, AFileAlreadyConvertedIsConvertedAnew) {
+  write("out/good.DXF", "something older");
+  EXPECT_EQ(convert({"good.dxf"}).status, 0);
+  EXPECT_TRUE(contains(read("out/good.DXF"), " 62\r\n     3\r\n"));
+}
+
+TEST_F(ConvertTest, ARuleThatTouchesNothingLeavesEveryByte) {
+  writeSpecification("rules.cvt", "[文字]\n[画層] = NOWHERE\n{\n[色] = 3\n}\n---End---\n[EOF]\n");
+  EXPECT_EQ(convert({"good.dxf"}).status, 0);
+  EXPECT_EQ(read("out/good.DXF"), good_);
+}
+
+TEST_F(ConvertTest, BadDrawingsAreNamedAndTheBatchGoesOn) {
+  write("empty.dxf", "");
+  write("truncated.dxf", good_.substr(0, good_.size() / 2));
+  write("picture.dxf", "\x89PNG\r\n\x1a\n and so on");
+  write("group.dxf", replaced(good_, "  0\r\nTEXT", "abc\r\nTEXT"));
+  std::filesystem::create_directory(folder() / "folder.dxf");
+  write("entityless.dxf", drawing(""));
+  const ProgramRun run = convert({"missing.dxf", "empty.dxf", "truncated.dxf", "picture.dxf", "group.dxf",
+                                  "folder.dxf", "entityless.dxf", "good.dxf"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "good.dxf -> out/good.DXF\n1 of 8 drawings converted\n");
+  for (const char* name : {"missing", "empty", "truncated", "picture", "group", "folder", "entityless"}) {
+    EXPECT_TRUE(std::regex_search(run.err, std::regex("(^|\n)" + std::string(name) + "\\.dxf:.{12}")))
+        << name << " in\n"
+        << run.err;
+  }
+  EXPECT_TRUE(contains(run.err, "the drawing has no entities")) << run.err;
+  EXPECT_EQ(filesIn("out"), std::vector<std::string>{"good.DXF"});
+}
+
+TEST_F(ConvertTest, AnUnreadableDrawingIsNamed) {
+  // Permissions do not hold for root; another user runs the program then, if it may reach it.
+  std::string asUser;
+  if (geteuid() == 0) {
+    asUser = "setpriv --reuid=65534 --regid=65534 --clear-groups";
+    const std::string probe = asUser + " test -x '" KIVCVT_PROGRAM "' 2>/dev/null";
+    if (std::system(probe.c_str()) != 0) GTEST_SKIP() << "no other user can run the program here";
+  }
+  write("secret.dxf", good_);
+  std::filesystem::create_directory(folder() / "out");
+  ASSERT_EQ(chmod((folder() / "secret.dxf").c_str(), 0), 0);
+  ASSERT_EQ(chmod((folder() / "out").c_str(), 0555), 0);
+  ASSERT_EQ(chmod(folder().c_str(), 0755), 0);
+  const ProgramRun run =
+      kivcvt({"convert", "--spec", "rules.cvt", "--out", "out", "secret.dxf", "good.dxf"}, asUser);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(std::regex_search(run.err, std::regex("secret\\.dxf: .*ermission"))) << run.err;
+  EXPECT_TRUE(std::regex_search(run.err, std::regex("good\\.dxf: .*ermission"))) << run.err;
+  EXPECT_EQ(filesIn("out"), std::vector<std::string>{});
+}
+
+TEST_F(ConvertTest, AnUnusableCallConvertsNothing) {
+  write("utf8.cvt", kTextsGreen);
+  write("plain.cvt", "not a specification\r\n");
+  write("file", "");
+  const struct {
+    std::vector<std::string> words;
+    const char* says;
+  } cases[] = {
+      {{"convert", "--out", "out", "good.dxf"}, "--spec FILE.cvt"},
+      {{"convert", "--spec", "missing.cvt", "--out", "out", "good.dxf"}, "missing.cvt: "},
+      {{"convert", "--spec", "plain.cvt", "--out", "out", "good.dxf"}, "plain.cvt: "},
+      {{"convert", "--spec", "utf8.cvt", "--out", "out", "good.dxf"}, "UTF-8"},
+      {{"convert", "--spec", ".", "--out", "out", "good.dxf"}, ".: "},
+      {{"convert", "--spec", "rules.cvt", "--out", "file", "good.dxf"},
+       "--out file: this folder cannot be made"},
+      {{"convert", "--spec", "rules.cvt", "--out", "out", "--log", "file/log", "good.dxf"},
+       "--log file/log: "},
+  };
+  for (const auto& [words, says] : cases) {
+    const ProgramRun run = kivcvt(words);
+    EXPECT_EQ(run.status, 2) << says;
+    EXPECT_TRUE(contains(run.err, says)) << says << " in\n" << run.err;
+    EXPECT_EQ(run.out, "");
+    if (std::filesystem::exists(folder() / "out")) {
+      EXPECT_EQ(filesIn("out"), std::vector<std::string>{});
+    }
+  }
+}
+
+TEST_F(ConvertTest, ADroppedLineIsAWarning) {
+  writeSpecification("rules.cvt", "[文字]\n[画層] = 0\n{\n[色] = 3\n[重さ] = 5\n}\n---End---\n[EOF]\n");
+  const ProgramRun run = convert({"good.dxf"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_TRUE(contains(run.err, "rules.cvt:5: warning: dropped: ")) << run.err;
+  EXPECT_TRUE(contains(run.err, "重さ")) << run.err;
+}
+
+TEST_F(ConvertTest, TheSourceIsNeverOverwritten) {
+  const ProgramRun run = kivcvt({"convert", "--spec", "rules.cvt", "--out", ".", "good.dxf"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(contains(run.err, "would be overwritten")) << run.err;
+  EXPECT_EQ(read("good.dxf"), good_);
+  EXPECT_FALSE(std::filesystem::exists(folder() / "good.DXF"));
+}
+
+TEST_F(ConvertTest, TwoDrawingsDoNotShareOneOutput) {
+  write("other/good.dxf", drawing(kLine));
+  const ProgramRun run = convert({"good.dxf", "other/good.dxf"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(contains(run.err, "other/good.dxf: good.dxf is already saved as out/good.DXF")) << run.err;
+  EXPECT_TRUE(contains(read("out/good.DXF"), "TEXT"));
+}
+
+TEST_F(ConvertTest, WhatTheRulesCouldNotChangeIsNamed) {
+  writeSpecification("rules.cvt", "[文字]\n[***]\n{\n[画層] = NOWHERE\n[透過性] = 30\n}\n---End---\n[EOF]\n");
+  const ProgramRun run = convert({"good.dxf"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "good.dxf -> out/good.DXF\n1 drawing converted, 1 with problems\n");
+  EXPECT_TRUE(contains(run.err, "good.dxf: 画層 = NOWHERE was refused by 1 object: ")) << run.err;
+  EXPECT_TRUE(contains(run.err, "透過性 = 30")) << run.err;
+}
+
+TEST_F(ConvertTest, LockedLayersAreProblemsUnlessIgnored) {
+  writeSpecification("rules.cvt", "[文字]\n[***]\n{\n[色] = 3\n}\n---End---\n[EOF]\n");
+  write("good.dxf", drawing(text("LOCKED", "a") + text("0", "b")));
+  const ProgramRun locked = convert({"good.dxf"});
+  EXPECT_EQ(locked.status, 1);
+  EXPECT_TRUE(contains(locked.err, "good.dxf: ")) << locked.err;
+  EXPECT_TRUE(contains(locked.err, "ロックされた画層上にあるため 1件変換できませんでした")) << locked.err;
+  EXPECT_TRUE(contains(read("out/good.DXF"), "LOCKED\r\n 62\r\n     1\r\n"));
+
+  const ProgramRun ignored = convert({"--ignore-locks", "good.dxf"});
+  EXPECT_EQ(ignored.status, 0) << ignored.err;
+  EXPECT_EQ(read("out/good.DXF"), drawing(replaced(text("LOCKED", "a"), "     1", "     3") +
+                                          replaced(text("0", "b"), "     1", "     3")));
+}
+
+TEST_F(ConvertTest, OneLogTellsOfAllDrawings) {
+  write("second.dxf", drawing(text("LOCKED", "a") + kLine));
+  writeSpecification("rules.cvt", "[文字]\n[***]\n{\n[色] = 3\n}\n---End---\n[EOF]\n");
+  const ProgramRun run = convert({"--log", "logs/new", "good.dxf", "second.dxf"});
+  const std::vector<std::string> logs = filesIn("logs/new");
+  ASSERT_EQ(logs.size(), 1u);
+  EXPECT_TRUE(std::regex_match(logs[0], std::regex("\\d{8}_\\d\\dh\\d\\dm\\d\\dsMorlux\\.log"))) << logs[0];
+
+  const base::Decoded log = base::decode(read("logs/new/" + logs[0]), base::kJapanese);
+  EXPECT_TRUE(log.clean);
+  const std::string text = base::toUtf8(log.text);
+  const std::string time = "\\d{4}年\\d\\d月\\d\\d日 \\d\\d:\\d\\d:\\d\\d,";
+  EXPECT_TRUE(std::regex_match(
+      text, std::regex("日時,ファイル名,結果\r\n" + time + "[^,]*good\\.dxf, OK\r\n" + time +
+                       "[^,]*second\\.dxf,[^,]*ロックされた画層上にあるため 1件変換できませんでした\r\n")))
+      << text;
+}
+
+TEST_F(ConvertTest, FormatsThatTheHostCannotWriteAreRefused) {
+  const ProgramRun run = convert({"--format", "dwg", "good.dxf"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(contains(run.err, "good.dxf: ")) << run.err;
+  EXPECT_TRUE(contains(run.err, "DWG")) << run.err;
+  EXPECT_EQ(run.out, "0 of 1 drawing converted\n");
+  EXPECT_EQ(filesIn("out"), std::vector<std::string>{});
+}
+
+TEST_F(ConvertTest, NamesOutsideAsciiComeBackAsTheyWereTyped) {
+  write("図面/平面図.dxf", good_);
+  const ProgramRun run = convert({"図面/平面図.dxf"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, "図面/平面図.dxf -> out/平面図.DXF\n1 drawing converted\n");
+  EXPECT_EQ(filesIn("out"), std::vector<std::string>{"平面図.DXF"});
+}
+
+}  // namespace
+}  // namespace kivcli::testing

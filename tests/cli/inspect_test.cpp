@@ -1,0 +1,81 @@
+// kivcvt check, info and help: what they print and how they end.
+
+#include "tests/cli/program_runner.h"
+
+namespace kivcli::testing {
+namespace {
+
+bool contains(const std::string& text, std::string_view part) { return text.find(part) != std::string::npos; }
+
+using CheckTest = ProgramTest;
+using InfoTest = ProgramTest;
+
+TEST_F(CheckTest, ACleanFileIsCounted) {
+  writeSpecification("clean.cvt", kTextsGreen);
+  const ProgramRun run = kivcvt({"check", "clean.cvt"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, "clean.cvt: 1 setting, 0 list entries; every line is understood\n");
+  EXPECT_EQ(run.err, "");
+}
+
+TEST_F(CheckTest, EveryDroppedLineHasItsNumberAndReason) {
+  writeSpecification("lossy.cvt",
+                     "[文字]\n[重さ] = 5\n[画層] = 0\n{\n色 = 3\n[色] = 3\n}\n---End---\n"
+                     "[画層の作成]\nA, 1\n---End---\n[EOF]\n");
+  const ProgramRun run = kivcvt({"check", "lossy.cvt"});
+  EXPECT_EQ(run.status, 1);
+  for (const char* line : {"lossy.cvt:2: dropped: ", "lossy.cvt:5: dropped: ", "lossy.cvt:10: dropped: "}) {
+    EXPECT_TRUE(contains(run.err, line)) << line << " in\n" << run.err;
+  }
+  EXPECT_EQ(run.out, "lossy.cvt: 1 setting, 0 list entries; 3 lines are dropped\n");
+}
+
+TEST_F(CheckTest, TheWorstFileDecides) {
+  writeSpecification("clean.cvt", kTextsGreen);
+  write("other.cvt", "PK\x03\x04 something else");
+  const ProgramRun run = kivcvt({"check", "other.cvt", "clean.cvt", "missing.cvt"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_TRUE(contains(run.err, "other.cvt: ")) << run.err;
+  EXPECT_TRUE(contains(run.err, "missing.cvt: ")) << run.err;
+  EXPECT_TRUE(contains(run.out, "clean.cvt: 1 setting")) << run.out;
+}
+
+TEST_F(InfoTest, CountsWhatStandsInTheDrawing) {
+  write("a.dxf", drawing(text("0", "居間") + kLine + text("TARGET", "台所")));
+  const ProgramRun run = kivcvt({"info", "a.dxf"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out,
+            "a.dxf\n"
+            "  version         AC1009 (R12, text)\n"
+            "  code page       932 (ANSI_932)\n"
+            "  entities        3\n"
+            "    LINE          1\n"
+            "    TEXT          2\n"
+            "  in blocks       0\n"
+            "  layers          3\n"
+            "  linetypes       0\n"
+            "  text styles     0\n"
+            "  blocks          0\n");
+}
+
+TEST_F(InfoTest, ABadDrawingIsNamedAndTheNextOneIsRead) {
+  write("bad.dxf", "no drawing");
+  write("good.dxf", drawing(kLine));
+  const ProgramRun run = kivcvt({"info", "bad.dxf", "good.dxf"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(run.err.starts_with("bad.dxf:")) << run.err;
+  EXPECT_TRUE(run.out.starts_with("good.dxf\n")) << run.out;
+}
+
+TEST_F(InfoTest, HelpIsAResultAndAMistakeIsNot) {
+  const ProgramRun help = kivcvt({"convert", "--help"});
+  EXPECT_EQ(help.status, 0);
+  EXPECT_TRUE(contains(help.out, "--block-scope"));
+  const ProgramRun mistake = kivcvt({});
+  EXPECT_EQ(mistake.status, 2);
+  EXPECT_EQ(mistake.out, "");
+  EXPECT_TRUE(contains(mistake.err, "convert, check, info")) << mistake.err;
+}
+
+}  // namespace
+}  // namespace kivcli::testing

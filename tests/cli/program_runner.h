@@ -1,0 +1,50 @@
+#pragma once
+// Runs the real kivcvt in a folder of its own, on files that the test makes.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kivcli::testing {
+
+struct ProgramRun {
+  int status = -1;  // exit status; -1: the program did not end by itself
+  std::string out, err;
+};
+
+class ProgramTest : public ::testing::Test {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+  // Words are quoted for the shell; names are relative to the test's folder.
+  ProgramRun kivcvt(const std::vector<std::string>& words, const std::string& before = "") const;
+
+  std::filesystem::path folder() const { return folder_; }
+  void write(const std::string& name, std::string_view bytes) const;
+  std::string read(const std::string& name) const;
+  std::vector<std::string> filesIn(const std::string& name) const;  // sorted
+
+  // A specification in code page 932 with CR LF; `text` is UTF-8 with bare line feeds.
+  void writeSpecification(const std::string& name, std::string_view text) const;
+
+ private:
+  std::filesystem::path folder_;
+};
+
+// A drawing of release R12, code page 932, with layers 0, TARGET and the locked LOCKED, and the given
+// entities ("" for an empty drawing).
+std::string drawing(std::string_view entities);
+// One TEXT entity; the content in UTF-8 is stored in code page 932.
+std::string text(std::string_view layer, std::string_view content);
+inline constexpr char kLine[] =
+    "  0\r\nLINE\r\n  8\r\n0\r\n 10\r\n0.0\r\n 20\r\n0.0\r\n 11\r\n1.0\r\n 21\r\n1.0\r\n";
+
+// Sets the colour of texts on layer 0 to 3.
+inline constexpr char kTextsGreen[] =
+    "[備考]\nsample\n\n[文字]\n[画層] = 0\n{\n[色] = 3\n}\n---End---\n\n[EOF]\n";
+
+}  // namespace kivcli::testing
