@@ -44,7 +44,8 @@ SaveFormat ownFormat(const fs::path& drawing) {
 // opening the drawing will tell why.
 std::wstring identity(const fs::path& path) {
   std::error_code error;
-  const fs::path canonical = fs::weakly_canonical(path, error);
+  // A relative path of which nothing exists would stay relative.
+  const fs::path canonical = fs::weakly_canonical(fs::absolute(path, error), error);
   return base::upper(base::pathText(error ? path : canonical));
 }
 
