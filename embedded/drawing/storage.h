@@ -104,6 +104,8 @@ class RecordStorage {
   // --- New records and variables (the drawing's methods of the same names describe them) -------------
   // The bytes and the place of a new table record. Makes the table when the file has none.
   virtual base::Result<NewRecord> buildTableRecord(Drawing& drawing, Table table, std::wstring_view name) = 0;
+  // The linetype's state with this pattern in place of its own.
+  virtual base::Result<EditId> setDashes(const Record& linetype, std::span<const double> dashes) = 0;
   virtual base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name,
                                              std::span<const Shape> shapes) = 0;
   virtual base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name,

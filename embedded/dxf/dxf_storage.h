@@ -54,6 +54,7 @@ class DxfStorage final : public RecordStorage {
 
   // In new_records.cpp, block_building.cpp, dim_groups.cpp and header_groups.cpp.
   base::Result<NewRecord> buildTableRecord(Drawing& drawing, Table table, std::wstring_view name) override;
+  base::Result<EditId> setDashes(const Record& linetype, std::span<const double> dashes) override;
   base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name,
                                      std::span<const Shape> shapes) override;
   base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name,

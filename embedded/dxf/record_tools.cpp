@@ -1,0 +1,59 @@
+#include "embedded/dxf/record_tools.h"
+
+namespace cad::dxf {
+
+RecordGroups::RecordGroups(const DxfStorage& storage, const Record& record) {
+  bytes_ = storage.bytes(record, scratch_);
+  GroupCursor cursor(bytes_, storage.dialect());
+  while (cursor.next()) groups_.push_back(cursor.group());
+}
+
+const Group* RecordGroups::find(int code) const {
+  for (const Group& group : groups_)
+    if (group.code == code) return &group;
+  return nullptr;
+}
+
+std::size_t RecordGroups::plainCount() const {
+  std::size_t count = 0;
+  while (count < groups_.size() && groups_[count].code < 1000) ++count;
+  return count;
+}
+
+std::uint32_t RecordGroups::plainEnd() const {
+  const std::size_t count = plainCount();
+  return count == 0 ? 0 : groups_[count - 1].end;
+}
+
+const DxfStorage* dxfStorage(const Drawing& drawing) {
+  return dynamic_cast<const DxfStorage*>(&drawing.storage());
+}
+
+bool writesOwners(const Drawing& drawing, const DxfStorage& storage) {
+  const Version version = storage.facts().version;
+  if (version >= Version::kR2000) return true;
+  const RecordId head = drawing.tableHead(Table::kLayer);
+  if (version == Version::kR12 || head == kNoRecord) return false;
+  return RecordGroups(storage, drawing.record(head)).find(330) != nullptr;
+}
+
+std::wstring blockName(const Drawing& drawing, RecordId block) {
+  const NameId name = drawing.name(block, Property::kName);
+  return name == kNoName ? std::wstring() : drawing.names().text(name);
+}
+
+std::optional<Handle> ownerHandleOf(const Drawing& drawing, RecordId block) {
+  const RecordId entry = drawing.find(Table::kBlockRecord, std::wstring_view(blockName(drawing, block)));
+  if (entry == kNoRecord) return std::nullopt;
+  return drawing.handle(entry);
+}
+
+EditId replaceValue(DxfStorage& storage, const Record& record, const Group& group, std::string_view value) {
+  return storage.splice(record, {group.valueBegin, static_cast<std::uint32_t>(group.value.size()), value});
+}
+
+base::Failure failure(std::wstring_view what, std::wstring_view reason) {
+  return {std::wstring(what), std::wstring(reason)};
+}
+
+}  // namespace cad::dxf

@@ -1,0 +1,53 @@
+#pragma once
+// What the writers of new records share.
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "embedded/drawing/drawing.h"
+#include "embedded/dxf/dxf_storage.h"
+#include "embedded/dxf/group_cursor.h"
+
+namespace cad::dxf {
+
+// The present groups of a record. The views in them live as long as this object and the record's state.
+class RecordGroups {
+ public:
+  RecordGroups(const DxfStorage& storage, const Record& record);
+  RecordGroups(const RecordGroups&) = delete;
+  RecordGroups& operator=(const RecordGroups&) = delete;
+
+  const std::vector<Group>& all() const { return groups_; }
+  std::string_view bytes() const { return bytes_; }
+  const Group* find(int code) const;  // the first; null when absent
+  // Number of groups before the extended data.
+  std::size_t plainCount() const;
+  // Where a new group may go in front of the extended data.
+  std::uint32_t plainEnd() const;
+
+ private:
+  std::string scratch_;
+  std::string_view bytes_;
+  std::vector<Group> groups_;
+};
+
+// Null for a drawing of another format.
+const DxfStorage* dxfStorage(const Drawing& drawing);
+
+// Owners by handle (330) stand in files from 2000 on; older ones have them when they were written by newer
+// programs.
+bool writesOwners(const Drawing& drawing, const DxfStorage& storage);
+
+// The handle that entities of a block name as their owner: that of its table entry.
+std::optional<Handle> ownerHandleOf(const Drawing& drawing, RecordId block);
+
+std::wstring blockName(const Drawing& drawing, RecordId block);
+
+// Replaces the value of one group.
+EditId replaceValue(DxfStorage& storage, const Record& record, const Group& group, std::string_view value);
+
+base::Failure failure(std::wstring_view what, std::wstring_view reason);
+
+}  // namespace cad::dxf
