@@ -22,6 +22,7 @@ struct DatabaseState;
 struct DatabaseAccess;
 struct DetachedValues;
 struct ObjectAccess;
+struct ObjectPool;
 }  // namespace cad
 
 class AcDbBlockTable;
@@ -114,13 +115,14 @@ class AcDbObject : public AcRxObject {
   // eHadMultipleReaders, and everything that opening for write may refuse.
   Acad::ErrorStatus upgradeOpen();
   Acad::ErrorStatus downgradeOpen();
-  // Erases, or brings back. eCannotBeErasedByCaller for what must not go (layer "0" and the like).
+  // Erases an entity, or brings it back; its attributes or vertices go with it. eCannotBeErasedByCaller
+  // for other objects, attributes and vertices included.
   Acad::ErrorStatus erase(bool erasing = true);
 
   bool isErased() const;
   bool isReadEnabled() const;
   bool isWriteEnabled() const;
-  bool isNewObject() const { return detached_ != nullptr; }  // made by the caller, in no database yet
+  bool isNewObject() const { return !state_; }  // made by the caller, in no database yet
 
  protected:
   AcDbObject();
@@ -128,6 +130,7 @@ class AcDbObject : public AcRxObject {
  private:
   friend struct cad::ObjectAccess;
   cad::DatabaseState* state_ = nullptr;
+  cad::ObjectPool* pool_ = nullptr;  // where the object goes when closed
   Adesk::UInt32 record_ = 0;
   Adesk::UInt16 readers_ = 0;
   bool writing_ = false;

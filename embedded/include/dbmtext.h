@@ -11,7 +11,7 @@ class AcDbMText : public AcDbEntity {
   Acad::ErrorStatus contents(AcString& text) const;
   Acad::ErrorStatus setContents(const ACHAR* text);
   // What is read on the drawing: formatting codes removed, paragraphs as line feeds, a stack as its
-  // parts with its separator, \U+XXXX and %% codes as their characters.
+  // two parts with a slash, \U+XXXX and %% codes as their characters.
   ACHAR* text() const;
   Acad::ErrorStatus text(AcString& text) const;
 

@@ -133,8 +133,9 @@ class AcDbTextStyleTableRecord : public AcDbSymbolTableRecord {
   Acad::ErrorStatus bigFontFileName(const ACHAR*& name) const;
   Acad::ErrorStatus setBigFontFileName(const ACHAR* name);
 
-  // A TrueType typeface by name. Bold, italic, the character set and pitch-and-family go with it where the
-  // drawing's version can hold them.
+  // A TrueType typeface by name; the font file stays as it is, the typeface goes before it. The host keeps
+  // the name alone: bold, italic, the character set and pitch-and-family are accepted and not kept.
+  // eNotApplicable in drawings that cannot hold a typeface (R12).
   Acad::ErrorStatus font(AcString& typeface, bool& bold, bool& italic, int& charset,
                          int& pitchAndFamily) const;
   Acad::ErrorStatus setFont(const ACHAR* typeface, bool bold, bool italic, int charset, int pitchAndFamily);

@@ -1,0 +1,22 @@
+#pragma once
+// Between the host's own code and the classes that modules see: databases and drawings, ids and records.
+
+#include <memory>
+
+#include "dbmain.h"
+#include "embedded/drawing/drawing.h"
+
+namespace cad {
+
+// A database over a drawing, which must outlive it. Objects that are still open when the database goes
+// belong to no database from then on; their close() is still allowed.
+std::unique_ptr<AcDbDatabase> makeDatabase(Drawing& drawing);
+
+Drawing& drawingOf(const AcDbDatabase& database);
+AcDbDatabase* databaseOf(const Drawing& drawing);  // null when none was made
+
+AcDbObjectId idOf(const AcDbDatabase& database, RecordId record);  // null for kNoRecord
+RecordId recordOf(AcDbObjectId id);  // kNoRecord unless it names a record of an open database
+std::size_t openObjectCount(const AcDbDatabase& database);
+
+}  // namespace cad

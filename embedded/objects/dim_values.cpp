@@ -1,0 +1,157 @@
+#include "embedded/objects/dim_values.h"
+
+#include <cmath>
+
+#include "base/fold.h"
+#include "embedded/objects/object_access.h"
+#include "embedded/objects/values.h"
+
+namespace cad {
+namespace {
+
+Variable defaultValue(const DimVariableInfo& info) {
+  if (info.type == DimType::kInteger) return static_cast<std::int64_t>(info.defaultValue);
+  if (info.type == DimType::kReal) return info.defaultValue;
+  return std::wstring(info.type == DimType::kTextStyle ? L"Standard" : L"");
+}
+
+// What holds for the object without an override of its own.
+Variable inherited(const Drawing& drawing, RecordId record, const DimVariableInfo& info) {
+  if (drawing.record(record).table == Table::kDimStyle) return defaultValue(info);
+  const NameId styleName = drawing.name(record, Property::kDimStyle);
+  const RecordId style = styleName == kNoName ? kNoRecord : drawing.find(Table::kDimStyle, styleName);
+  if (style == kNoRecord) return defaultValue(info);
+  return drawing.dimVariable(style, info.number).value_or(defaultValue(info));
+}
+
+Variable effective(const AcDbObject& object, const DimVariableInfo& info) {
+  const Drawing* drawing = ObjectAccess::drawing(object);
+  if (!drawing) return defaultValue(info);
+  const RecordId record = ObjectAccess::record(object);
+  if (std::optional<Variable> own = drawing->dimVariable(record, info.number)) return *std::move(own);
+  return inherited(*drawing, record, info);
+}
+
+bool sameValue(const Variable& a, const Variable& b, const DimVariableInfo& info) {
+  if (info.isName() && std::holds_alternative<std::wstring>(a) && std::holds_alternative<std::wstring>(b))
+    return base::equalFolded(std::get<std::wstring>(a), std::get<std::wstring>(b));
+  return a == b;
+}
+
+Acad::ErrorStatus write(AcDbObject& object, const DimVariableInfo& info, const Variable& value) {
+  const Acad::ErrorStatus status = checkWritable(object);
+  if (status != Acad::eOk) return status;
+  Drawing& drawing = *ObjectAccess::drawing(object);
+  if (!info.existsIn(drawing.facts().version)) return Acad::eNotApplicable;
+  const RecordId record = ObjectAccess::record(object);
+  const bool isStyle = drawing.record(record).table == Table::kDimStyle;
+  if (!isStyle && sameValue(value, inherited(drawing, record, info), info)) {
+    return drawing.removeDimOverride(record, info.number).ok() ? Acad::eOk : Acad::eNotApplicable;
+  }
+  return drawing.setDimVariable(record, info.number, value).ok() ? Acad::eOk : Acad::eNotApplicable;
+}
+
+Table tableOf(DimType type) {
+  if (type == DimType::kTextStyle) return Table::kTextStyle;
+  return type == DimType::kLinetype ? Table::kLinetype : Table::kBlock;
+}
+
+bool isClosedFilledArrow(std::wstring_view name) {
+  return name.empty() || name == L"." || base::equalFolded(name, L"_CLOSEDFILLED") ||
+         base::equalFolded(name, L"CLOSEDFILLED");
+}
+
+// Arrow blocks may be named without the underscore that marks the built-in ones.
+RecordId findNamed(const Drawing& drawing, const DimVariableInfo& info, const std::wstring& name) {
+  const RecordId exact = drawing.find(tableOf(info.type), name);
+  if (exact != kNoRecord || info.type != DimType::kArrow) return exact;
+  return drawing.find(Table::kBlock, L"_" + name);
+}
+
+}  // namespace
+
+std::int64_t dimInteger(const AcDbObject& object, const DimVariableInfo& info) {
+  const Variable value = effective(object, info);
+  const auto* integer = std::get_if<std::int64_t>(&value);
+  return integer ? *integer : static_cast<std::int64_t>(info.defaultValue);
+}
+
+double dimReal(const AcDbObject& object, const DimVariableInfo& info) {
+  const Variable value = effective(object, info);
+  const auto* real = std::get_if<double>(&value);
+  return real ? *real : info.defaultValue;
+}
+
+std::wstring dimText(const AcDbObject& object, const DimVariableInfo& info) {
+  Variable value = effective(object, info);
+  auto* text = std::get_if<std::wstring>(&value);
+  return text ? std::move(*text) : std::wstring();
+}
+
+const ACHAR* dimKeptText(const AcDbObject& object, const DimVariableInfo& info) {
+  std::wstring& kept = ObjectAccess::buffer(object);
+  kept = dimText(object, info);
+  return kept.c_str();
+}
+
+AcDbObjectId dimId(const AcDbObject& object, const DimVariableInfo& info) {
+  const DatabaseState* state = ObjectAccess::state(object);
+  if (!state) return {};
+  const std::wstring name = dimText(object, info);
+  if (info.type == DimType::kArrow && isClosedFilledArrow(name)) return {};
+  return state->id(findNamed(state->drawing, info, name));
+}
+
+AcCmColor dimColor(const AcDbObject& object, const DimVariableInfo& info) {
+  AcCmColor color;
+  color.setColorIndex(static_cast<Adesk::UInt16>(dimInteger(object, info)));
+  return color;
+}
+
+Acad::ErrorStatus setDimInteger(AcDbObject& object, const DimVariableInfo& info, std::int64_t value,
+                                std::int64_t least, std::int64_t most) {
+  return value < least || value > most ? Acad::eInvalidInput : write(object, info, value);
+}
+
+Acad::ErrorStatus setDimReal(AcDbObject& object, const DimVariableInfo& info, double value, double least,
+                             double most) {
+  if (!std::isfinite(value) || value < least || value > most) return Acad::eInvalidInput;
+  return write(object, info, value);
+}
+
+Acad::ErrorStatus setDimText(AcDbObject& object, const DimVariableInfo& info, const ACHAR* value) {
+  return value ? write(object, info, std::wstring(value)) : Acad::eInvalidInput;
+}
+
+Acad::ErrorStatus setDimId(AcDbObject& object, const DimVariableInfo& info, AcDbObjectId value) {
+  Acad::ErrorStatus status = checkWritable(object);
+  if (status != Acad::eOk) return status;
+  if (value.isNull())
+    return info.type == DimType::kArrow ? write(object, info, std::wstring()) : Acad::eNullObjectId;
+  RecordId record = kNoRecord;
+  status = checkedRecord(object, value, tableOf(info.type), record);
+  if (status != Acad::eOk) return status;
+  const Drawing& drawing = *ObjectAccess::drawing(object);
+  return write(object, info, drawing.names().text(recordName(drawing, record)));
+}
+
+Acad::ErrorStatus setDimName(AcDbObject& object, const DimVariableInfo& info, const ACHAR* name) {
+  if (!name) return Acad::eInvalidInput;
+  const Acad::ErrorStatus status = checkWritable(object);
+  if (status != Acad::eOk) return status;
+  if (info.type == DimType::kArrow && isClosedFilledArrow(name)) return write(object, info, std::wstring());
+  const RecordId record = findNamed(*ObjectAccess::drawing(object), info, name);
+  return record == kNoRecord ? Acad::eKeyNotFound
+                             : setDimId(object, info, ObjectAccess::state(object)->id(record));
+}
+
+Acad::ErrorStatus setDimColor(AcDbObject& object, const DimVariableInfo& info, const AcCmColor& value) {
+  return value.isByColor() ? Acad::eNotApplicable
+                           : setDimInteger(object, info, value.colorIndex(), 0, AcCmColor::kACIbyLayer);
+}
+
+Acad::ErrorStatus setDimWeight(AcDbObject& object, const DimVariableInfo& info, AcDb::LineWeight value) {
+  return isLineWeight(value) ? write(object, info, std::int64_t{value}) : Acad::eInvalidInput;
+}
+
+}  // namespace cad

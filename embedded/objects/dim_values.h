@@ -1,0 +1,37 @@
+#pragma once
+// Dimension variables of a dimension, a leader or a dimension style.
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "dbmain.h"
+#include "embedded/drawing/dim_variable_table.h"
+
+namespace cad {
+
+// The row of a variable that is known to exist; a misspelt name does not compile.
+consteval const DimVariableInfo& dimRow(std::string_view name) {
+  for (const DimVariableInfo& info : kDimVariables)
+    if (info.name == name) return info;
+  throw "no such dimension variable";
+}
+
+std::int64_t dimInteger(const AcDbObject& object, const DimVariableInfo& info);
+double dimReal(const AcDbObject& object, const DimVariableInfo& info);
+std::wstring dimText(const AcDbObject& object, const DimVariableInfo& info);
+const ACHAR* dimKeptText(const AcDbObject& object, const DimVariableInfo& info);
+AcDbObjectId dimId(const AcDbObject& object, const DimVariableInfo& info);
+AcCmColor dimColor(const AcDbObject& object, const DimVariableInfo& info);
+
+Acad::ErrorStatus setDimInteger(AcDbObject& object, const DimVariableInfo& info, std::int64_t value,
+                                std::int64_t least, std::int64_t most);
+Acad::ErrorStatus setDimReal(AcDbObject& object, const DimVariableInfo& info, double value, double least,
+                             double most);
+Acad::ErrorStatus setDimText(AcDbObject& object, const DimVariableInfo& info, const ACHAR* value);
+Acad::ErrorStatus setDimId(AcDbObject& object, const DimVariableInfo& info, AcDbObjectId value);
+Acad::ErrorStatus setDimName(AcDbObject& object, const DimVariableInfo& info, const ACHAR* name);
+Acad::ErrorStatus setDimColor(AcDbObject& object, const DimVariableInfo& info, const AcCmColor& value);
+Acad::ErrorStatus setDimWeight(AcDbObject& object, const DimVariableInfo& info, AcDb::LineWeight value);
+
+}  // namespace cad

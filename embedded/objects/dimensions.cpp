@@ -1,0 +1,118 @@
+// Dimensions, leaders, and the dimension variables of both and of dimension styles.
+
+#include "dbdim.h"
+#include "dblead.h"
+#include "dbsymtb.h"
+#include "embedded/objects/dim_values.h"
+#include "embedded/objects/object_access.h"
+#include "embedded/objects/values.h"
+
+using cad::Property;
+using cad::Table;
+
+ACHAR* AcDbDimension::dimensionText() const { return cad::newText(cad::readText(*this, Property::kDimText)); }
+
+Acad::ErrorStatus AcDbDimension::dimensionText(AcString& text) const {
+  text = cad::readText(*this, Property::kDimText).c_str();
+  return isNewObject() ? Acad::eNotInDatabase : Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDimension::setDimensionText(const ACHAR* text) {
+  return cad::writeText(*this, Property::kDimText, text);
+}
+
+double AcDbDimension::textRotation() const {
+  return cad::readReal(*this, Property::kTextRotation) * cad::kRadiansPerDegree;
+}
+
+Acad::ErrorStatus AcDbDimension::setTextRotation(double radians) {
+  return cad::writeReal(*this, Property::kTextRotation, cad::degreesFromRadians(radians));
+}
+
+AcDbObjectId AcDbDimension::dimensionStyle() const {
+  return cad::readId(*this, Property::kDimStyle, Table::kDimStyle);
+}
+
+Acad::ErrorStatus AcDbDimension::setDimensionStyle(AcDbObjectId style) {
+  return cad::writeId(*this, Property::kDimStyle, Table::kDimStyle, style);
+}
+
+AcDbObjectId AcDbDimension::dimBlockId() const {
+  return cad::readId(*this, Property::kDimBlock, Table::kBlock);
+}
+
+Acad::ErrorStatus AcDbDimension::recomputeDimBlock(bool) { return cad::checkWritable(*this); }
+
+AcDbObjectId AcDbLeader::dimensionStyle() const {
+  return cad::readId(*this, Property::kDimStyle, Table::kDimStyle);
+}
+
+Acad::ErrorStatus AcDbLeader::setDimensionStyle(AcDbObjectId style) {
+  return cad::writeId(*this, Property::kDimStyle, Table::kDimStyle, style);
+}
+
+#define DIM_INTEGER(get, set, variable, least, most)                                                      \
+  int DIM_CLASS::get() const { return static_cast<int>(cad::dimInteger(*this, cad::dimRow(#variable))); } \
+  Acad::ErrorStatus DIM_CLASS::set(int value) {                                                           \
+    return cad::setDimInteger(*this, cad::dimRow(#variable), value, least, most);                         \
+  }
+#define DIM_BOOL(get, set, variable)                                                          \
+  bool DIM_CLASS::get() const { return cad::dimInteger(*this, cad::dimRow(#variable)) != 0; } \
+  Acad::ErrorStatus DIM_CLASS::set(bool value) {                                              \
+    return cad::setDimInteger(*this, cad::dimRow(#variable), value ? 1 : 0, 0, 1);            \
+  }
+#define DIM_REAL(get, set, variable, least, most)                                       \
+  double DIM_CLASS::get() const { return cad::dimReal(*this, cad::dimRow(#variable)); } \
+  Acad::ErrorStatus DIM_CLASS::set(double value) {                                      \
+    return cad::setDimReal(*this, cad::dimRow(#variable), value, least, most);          \
+  }
+#define DIM_TEXT(get, set, variable)                                                              \
+  const ACHAR* DIM_CLASS::get() const { return cad::dimKeptText(*this, cad::dimRow(#variable)); } \
+  Acad::ErrorStatus DIM_CLASS::get(AcString& text) const {                                        \
+    text = cad::dimText(*this, cad::dimRow(#variable)).c_str();                                   \
+    return isNewObject() ? Acad::eNotInDatabase : Acad::eOk;                                      \
+  }                                                                                               \
+  Acad::ErrorStatus DIM_CLASS::set(const ACHAR* value) {                                          \
+    return cad::setDimText(*this, cad::dimRow(#variable), value);                                 \
+  }
+#define DIM_CHARACTER(get, set, variable)                                       \
+  ACHAR DIM_CLASS::get() const {                                                \
+    return static_cast<ACHAR>(cad::dimInteger(*this, cad::dimRow(#variable)));  \
+  }                                                                             \
+  Acad::ErrorStatus DIM_CLASS::set(ACHAR value) {                               \
+    return cad::setDimInteger(*this, cad::dimRow(#variable), value, 1, 0x7FFF); \
+  }
+#define DIM_ID(get, set, variable)                                                          \
+  AcDbObjectId DIM_CLASS::get() const { return cad::dimId(*this, cad::dimRow(#variable)); } \
+  Acad::ErrorStatus DIM_CLASS::set(AcDbObjectId value) {                                    \
+    return cad::setDimId(*this, cad::dimRow(#variable), value);                             \
+  }                                                                                         \
+  Acad::ErrorStatus DIM_CLASS::set(const ACHAR* name) {                                     \
+    return cad::setDimName(*this, cad::dimRow(#variable), name);                            \
+  }
+#define DIM_COLOR(get, set, variable)                                                       \
+  AcCmColor DIM_CLASS::get() const { return cad::dimColor(*this, cad::dimRow(#variable)); } \
+  Acad::ErrorStatus DIM_CLASS::set(const AcCmColor& value) {                                \
+    return cad::setDimColor(*this, cad::dimRow(#variable), value);                          \
+  }
+#define DIM_WEIGHT(get, set, variable)                                                    \
+  AcDb::LineWeight DIM_CLASS::get() const {                                               \
+    return static_cast<AcDb::LineWeight>(cad::dimInteger(*this, cad::dimRow(#variable))); \
+  }                                                                                       \
+  Acad::ErrorStatus DIM_CLASS::set(AcDb::LineWeight value) {                              \
+    return cad::setDimWeight(*this, cad::dimRow(#variable), value);                       \
+  }
+#define DIM_ROWS(ROWS) \
+  ROWS(DIM_INTEGER, DIM_BOOL, DIM_REAL, DIM_TEXT, DIM_CHARACTER, DIM_ID, DIM_COLOR, DIM_WEIGHT)
+
+#define DIM_CLASS AcDbDimension
+DIM_ROWS(ACDB_LEADER_DIM_VARIABLES)
+DIM_ROWS(ACDB_OTHER_DIM_VARIABLES)
+#undef DIM_CLASS
+#define DIM_CLASS AcDbDimStyleTableRecord
+DIM_ROWS(ACDB_LEADER_DIM_VARIABLES)
+DIM_ROWS(ACDB_OTHER_DIM_VARIABLES)
+#undef DIM_CLASS
+#define DIM_CLASS AcDbLeader
+DIM_ROWS(ACDB_LEADER_DIM_VARIABLES)
+#undef DIM_CLASS

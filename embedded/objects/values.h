@@ -1,0 +1,44 @@
+#pragma once
+// Typed properties of an open object, or of one that is in no database yet, with the interface's statuses.
+
+#include <string>
+
+#include "dbmain.h"
+#include "embedded/drawing/drawing.h"
+
+namespace cad {
+
+double readReal(const AcDbObject& object, Property property);  // the property's default when absent
+std::int64_t readInteger(const AcDbObject& object, Property property);
+std::wstring readText(const AcDbObject& object, Property property);
+std::wstring readName(const AcDbObject& object, Property property);
+AcDbObjectId readId(const AcDbObject& object, Property property, Table table);
+// As readText, kept in the object until the next call.
+const ACHAR* readKeptText(const AcDbObject& object, Property property);
+const ACHAR* readKeptName(const AcDbObject& object, Property property);
+
+Acad::ErrorStatus writeReal(AcDbObject& object, Property property, double value);
+Acad::ErrorStatus writeInteger(AcDbObject& object, Property property, std::int64_t value);
+Acad::ErrorStatus writeText(AcDbObject& object, Property property, const ACHAR* value);
+Acad::ErrorStatus writeId(AcDbObject& object, Property property, Table table, AcDbObjectId value);
+
+// eNotInDatabase, eNotOpenForWrite; eNotApplicable when the object or the drawing's version cannot hold it.
+Acad::ErrorStatus checkWritable(const AcDbObject& object);
+Acad::ErrorStatus checkWritable(const AcDbObject& object, Property property);
+
+// The record that an id names in the object's own drawing: eNullObjectId, eInvalidKey, eWrongDatabase,
+// eWrongObjectType.
+Acad::ErrorStatus checkedRecord(const AcDbObject& object, AcDbObjectId id, Table table, RecordId& record);
+// The spelling that the record itself has.
+NameId recordName(const Drawing& drawing, RecordId record);
+
+ACHAR* newText(const std::wstring& text);  // for acutDelString
+bool isLineWeight(std::int64_t value);     // a step that exists, or by layer, by block, default
+std::int64_t storedTransparency(const AcCmTransparency& transparency);
+AcCmTransparency transparencyFromStored(std::int64_t value);
+
+inline constexpr double kRadiansPerDegree = 3.14159265358979323846 / 180.0;
+// Rounded to 12 decimals, so that whole degrees that passed through radians are whole again.
+double degreesFromRadians(double radians);
+
+}  // namespace cad
