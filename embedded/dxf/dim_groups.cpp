@@ -1,0 +1,259 @@
+// Dimension variables: overrides of dimensions and leaders, values of dimension styles.
+
+#include <algorithm>
+#include <cmath>
+
+#include "embedded/drawing/dim_variable_table.h"
+#include "embedded/dxf/dim_overrides.h"
+#include "embedded/dxf/record_builder.h"
+#include "embedded/dxf/record_tools.h"
+
+namespace cad::dxf {
+namespace {
+
+bool isStyle(const Record& record) { return record.table == Table::kDimStyle; }
+
+bool takesOverrides(std::string_view type) {
+  constexpr std::string_view kTypes[] = {"DIMENSION", "LEADER", "TOLERANCE", "ARC_DIMENSION",
+                                         "LARGE_RADIAL_DIMENSION"};
+  return std::find(std::begin(kTypes), std::end(kTypes), type) != std::end(kTypes);
+}
+
+// Arrow blocks were named by text before 2000; text styles have been named by handle ever since they
+// could be named at all.
+bool namedByHandle(const DimVariableInfo& info, Version version) {
+  if (!info.isName()) return false;
+  return info.oldNumber == 0 || version >= Version::kR2000;
+}
+
+int numberIn(const DimVariableInfo& info, Version version) {
+  return info.oldNumber != 0 && version < Version::kR2000 ? info.oldNumber : info.number;
+}
+
+std::wstring nameBehind(const Drawing& drawing, Handle handle) {
+  const RecordId id = handle == 0 ? kNoRecord : drawing.findHandle(handle);
+  if (id == kNoRecord) return {};
+  const NameId name = drawing.name(id, Property::kName);
+  return name == kNoName ? std::wstring() : drawing.names().text(name);
+}
+
+std::optional<Variable> readValue(const Drawing& drawing, const DxfStorage& storage,
+                                  const DimVariableInfo& info, const Group& group) {
+  const ValueType type = valueType(group.code);
+  if (info.isName() && type == ValueType::kHandle && namedByHandle(info, storage.facts().version)) {
+    const std::optional<Handle> handle = handleValue(group);
+    if (!handle) return std::nullopt;
+    return nameBehind(drawing, *handle);
+  }
+  // A name group of an old dimension style has the code of a handle (5) elsewhere.
+  if (info.isName() || info.type == DimType::kText) {
+    if (type != ValueType::kText && type != ValueType::kHandle) return std::nullopt;
+    return storage.decode(group.value);
+  }
+  if (info.type == DimType::kReal) {
+    const std::optional<double> value = realValue(group, storage.dialect());
+    return value ? std::optional<Variable>(*value) : std::nullopt;
+  }
+  const std::optional<std::int64_t> value = integerValue(group, storage.dialect());
+  return value ? std::optional<Variable>(*value) : std::nullopt;
+}
+
+Table tableOf(DimType type) {
+  if (type == DimType::kTextStyle) return Table::kTextStyle;
+  return type == DimType::kArrow ? Table::kBlock : Table::kLinetype;
+}
+
+base::Failure badValue(const DimVariableInfo& info) {
+  return failure(std::wstring(info.name.begin(), info.name.end()), L"the value does not fit the variable");
+}
+
+// The handle that stands for a name; the record enters the file when it was only implied.
+base::Result<Handle> handleOfName(Drawing& drawing, const DimVariableInfo& info, std::wstring_view name) {
+  if (name.empty() || name == L".") return Handle{0};
+  RecordId id = drawing.find(tableOf(info.type), name);
+  if (id == kNoRecord) return failure(name, L"the drawing has no record of this name");
+  if (info.type == DimType::kArrow) id = drawing.find(Table::kBlockRecord, name);
+  if (id == kNoRecord) return failure(name, L"the block has no table entry");
+  if (const base::Status status = drawing.materialise(id); !status.ok()) return status.failure();
+  const std::optional<Handle> handle = drawing.handle(id);
+  if (!handle) return failure(name, L"the record has no handle");
+  return *handle;
+}
+
+std::optional<double> asReal(const Variable& value) {
+  if (const auto* real = std::get_if<double>(&value))
+    return std::isfinite(*real) ? std::optional(*real) : std::nullopt;
+  if (const auto* integer = std::get_if<std::int64_t>(&value)) return static_cast<double>(*integer);
+  return std::nullopt;
+}
+
+std::optional<std::int64_t> asInteger(const Variable& value) {
+  const std::optional<double> real = asReal(value);
+  if (!real || std::trunc(*real) != *real || std::fabs(*real) > 32767) return std::nullopt;
+  return static_cast<std::int64_t>(*real);
+}
+
+// Writes the value as a group of `code`, or by its type as extended data when `code` is 0.
+base::Status writeValue(Drawing& drawing, RecordBuilder& builder, const DimVariableInfo& info,
+                        const Variable& value, int code) {
+  if (info.type == DimType::kReal) {
+    const std::optional<double> real = asReal(value);
+    if (!real) return badValue(info);
+    builder.real(code != 0 ? code : 1040, *real);
+    return {};
+  }
+  if (info.type == DimType::kInteger) {
+    const std::optional<std::int64_t> integer = asInteger(value);
+    if (!integer) return badValue(info);
+    builder.integer(code != 0 ? code : 1070, *integer);
+    return {};
+  }
+  const auto* text = std::get_if<std::wstring>(&value);
+  if (text == nullptr) return badValue(info);
+  if (namedByHandle(info, builder.target().facts().version)) {
+    const base::Result<Handle> handle = handleOfName(drawing, info, *text);
+    if (!handle.ok()) return handle.failure();
+    builder.handle(code != 0 ? code : 1005, handle.value());
+    return {};
+  }
+  if (info.isName() && !text->empty() && *text != L"." &&
+      drawing.find(tableOf(info.type), *text) == kNoRecord)
+    return failure(*text, L"the drawing has no record of this name");
+  builder.text(code != 0 ? code : 1000, info.isName() && *text == L"." ? std::wstring_view() : *text);
+  return {};
+}
+
+// The group of a variable in a dimension style. Codes below 100 mean other things before the style's own
+// subclass; 70 is the style's flags first and DIMTFILLCLR when it comes again.
+const Group* findInStyle(const RecordGroups& groups, const DimVariableInfo& info, Version version) {
+  const int code = numberIn(info, version);
+  std::size_t first = 0;
+  for (std::size_t i = 0; i < groups.plainCount(); ++i)
+    if (groups.all()[i].code == 100) first = i;
+  int awaited = info.number == 70 ? 2 : 1;
+  for (std::size_t i = first; i < groups.plainCount(); ++i)
+    if (groups.all()[i].code == code && --awaited == 0) return &groups.all()[i];
+  return nullptr;
+}
+
+const DimOverride* findPair(const DimOverrides& overrides, const DimVariableInfo& info) {
+  for (const DimOverride& pair : overrides.pairs)
+    if (pair.number == info.number || (info.oldNumber != 0 && pair.number == info.oldNumber)) return &pair;
+  return nullptr;
+}
+
+struct Change {
+  std::uint32_t begin = 0, end = 0;
+  std::string bytes;
+};
+
+void apply(Drawing& drawing, DxfStorage& storage, RecordId id, const Change& change) {
+  const Record& record = drawing.record(id);
+  drawing.setEdits(id, storage.splice(record, {change.begin, change.end - change.begin, change.bytes}));
+}
+
+base::Result<Change> styleChange(Drawing& drawing, DxfStorage& storage, RecordId id,
+                                 const DimVariableInfo& info, const Variable& value) {
+  const Version version = storage.facts().version;
+  RecordBuilder builder(storage);
+  const base::Status status = writeValue(drawing, builder, info, value, numberIn(info, version));
+  if (!status.ok()) return status.failure();
+  const RecordGroups groups(storage, drawing.record(id));
+  if (const Group* group = findInStyle(groups, info, version))
+    return Change{group->begin, group->end, builder.take()};
+  return Change{groups.plainEnd(), groups.plainEnd(), builder.take()};
+}
+
+base::Result<Change> overrideChange(Drawing& drawing, DxfStorage& storage, RecordId id,
+                                    const DimVariableInfo& info, const Variable& value) {
+  RecordBuilder pair(storage);
+  pair.integer(1070, numberIn(info, storage.facts().version));
+  const base::Status status = writeValue(drawing, pair, info, value, 0);
+  if (!status.ok()) return status.failure();
+  const RecordGroups groups(storage, drawing.record(id));
+  const DimOverrides overrides = readDimOverrides(groups, storage);
+  if (const DimOverride* old = findPair(overrides, info)) return Change{old->begin, old->end, pair.take()};
+  if (overrides.hasList) return Change{overrides.listClose, overrides.listClose, pair.take()};
+  RecordBuilder list(storage);
+  if (!overrides.hasApp) list.stored(1001, "ACAD");
+  list.stored(1000, "DSTYLE").stored(1002, "{").raw(pair.bytes()).stored(1002, "}");
+  const auto end = static_cast<std::uint32_t>(groups.bytes().size());
+  const std::uint32_t place = overrides.hasApp ? overrides.appEnd : end;
+  return Change{place, place, list.take()};
+}
+
+base::Status requireAcadApp(Drawing& drawing) {
+  const RecordId app = drawing.find(Table::kAppId, std::wstring_view(L"ACAD"));
+  if (app != kNoRecord) return drawing.materialise(app);
+  const base::Result<RecordId> added = drawing.addTableRecord(Table::kAppId, L"ACAD");
+  return added.ok() ? base::Status() : base::Status(added.failure());
+}
+
+std::wstring variableName(const DimVariableInfo& info) { return {info.name.begin(), info.name.end()}; }
+
+}  // namespace
+
+std::optional<Variable> DxfStorage::dimVariable(const Drawing& drawing, RecordId id, int code) const {
+  const DimVariableInfo* info = findDimVariable(code);
+  if (info == nullptr) return std::nullopt;
+  const Record& record = drawing.record(id);
+  if (!isStyle(record) && !takesOverrides(typeName(record))) return std::nullopt;
+  const RecordGroups groups(*this, record);
+  if (isStyle(record)) {
+    const Group* group = findInStyle(groups, *info, facts_.version);
+    return group != nullptr ? readValue(drawing, *this, *info, *group) : std::nullopt;
+  }
+  const DimOverrides overrides = readDimOverrides(groups, *this);
+  const DimOverride* pair = findPair(overrides, *info);
+  return pair != nullptr ? readValue(drawing, *this, *info, *pair->value) : std::nullopt;
+}
+
+base::Status DxfStorage::setDimVariable(Drawing& drawing, RecordId id, int code, const Variable& value) {
+  const DimVariableInfo* info = findDimVariable(code);
+  if (info == nullptr)
+    return failure(std::to_wstring(code), L"there is no dimension variable of this number");
+  if (!info->existsIn(facts_.version))
+    return failure(variableName(*info), L"the drawing's version does not have this variable");
+  const bool style = isStyle(drawing.record(id));
+  if (!style && !takesOverrides(typeName(drawing.record(id))))
+    return failure(variableName(*info), L"this object has no dimension variables");
+  if (const std::optional<Variable> present = dimVariable(drawing, id, code)) {
+    if (*present == value || (asReal(*present) && asReal(*present) == asReal(value))) return {};
+  }
+
+  Drawing::ChangeScope scope(drawing);
+  base::Status status = drawing.materialise(id);
+  if (status.ok() && !style) status = requireAcadApp(drawing);
+  if (status.ok()) {
+    const base::Result<Change> change = style ? styleChange(drawing, *this, id, *info, value)
+                                              : overrideChange(drawing, *this, id, *info, value);
+    if (change.ok()) {
+      apply(drawing, *this, id, change.value());
+      return {};
+    }
+    status = change.failure();
+  }
+  scope.rollBack();
+  return status;
+}
+
+base::Status DxfStorage::removeDimOverride(Drawing& drawing, RecordId id, int code) {
+  const DimVariableInfo* info = findDimVariable(code);
+  if (info == nullptr || isStyle(drawing.record(id))) return failure({}, L"this is no override");
+  Change change;
+  {
+    const RecordGroups groups(*this, drawing.record(id));
+    const DimOverrides overrides = readDimOverrides(groups, *this);
+    const DimOverride* pair = findPair(overrides, *info);
+    if (pair == nullptr) return {};
+    change = {pair->begin, pair->end, {}};
+    if (overrides.pairs.size() == 1) {
+      change = {overrides.listBegin, overrides.listEnd, {}};
+      if (overrides.listAlone) change = {overrides.appBegin, overrides.appEnd, {}};
+    }
+  }
+  apply(drawing, *this, id, change);
+  return {};
+}
+
+}  // namespace cad::dxf
