@@ -15,7 +15,9 @@ class RegisteredCommand : public AcEdCommand {
  public:
   RegisteredCommand(std::wstring globalName, std::wstring localName, Adesk::Int32 flags,
                     AcRxFunctionPtr function)
-      : globalName_(std::move(globalName)), localName_(std::move(localName)), flags_(flags),
+      : globalName_(std::move(globalName)),
+        localName_(std::move(localName)),
+        flags_(flags),
         function_(function) {}
   const ACHAR* globalName() const override { return globalName_.c_str(); }
   const ACHAR* localName() const override { return localName_.c_str(); }

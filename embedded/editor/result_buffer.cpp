@@ -62,16 +62,24 @@ bool readPairs(int firstType, va_list arguments, ResultChain& chain) {
       case ValueKind::kText:
         if (const ACHAR* text = va_arg(arguments, const ACHAR*)) made->resval.rstring = newText(text);
         break;
-      case ValueKind::kReal: made->resval.rreal = va_arg(arguments, double); break;
+      case ValueKind::kReal:
+        made->resval.rreal = va_arg(arguments, double);
+        break;
       case ValueKind::kPoint: {
         const ads_real* point = va_arg(arguments, const ads_real*);
         if (point == nullptr) return false;
         std::copy(point, point + 3, made->resval.rpoint);
         break;
       }
-      case ValueKind::kShort: made->resval.rint = static_cast<short>(va_arg(arguments, int)); break;
-      case ValueKind::kLong: made->resval.rlong = va_arg(arguments, int); break;
-      case ValueKind::kInt64: made->resval.mnInt64 = va_arg(arguments, std::int64_t); break;
+      case ValueKind::kShort:
+        made->resval.rint = static_cast<short>(va_arg(arguments, int));
+        break;
+      case ValueKind::kLong:
+        made->resval.rlong = va_arg(arguments, int);
+        break;
+      case ValueKind::kInt64:
+        made->resval.mnInt64 = va_arg(arguments, std::int64_t);
+        break;
       case ValueKind::kEntity: {
         const std::int64_t* name = va_arg(arguments, const std::int64_t*);
         if (name == nullptr) return false;
@@ -84,7 +92,8 @@ bool readPairs(int firstType, va_list arguments, ResultChain& chain) {
         readBinary(made, *bytes);
         break;
       }
-      default: break;
+      default:
+        break;
     }
   }
   return true;

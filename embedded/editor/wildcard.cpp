@@ -15,10 +15,10 @@ bool isDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
 bool isLetter(wchar_t c) {
   if ((c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z')) return true;
   if (c < 0xC0 || c == 0xD7 || c == 0xF7) return false;
-  if (c >= 0x2000 && c <= 0x2FFF) return false;   // punctuation, arrows, box drawing
-  if (c >= 0x3000 && c <= 0x3004) return false;   // ideographic space and punctuation
-  if (c >= 0x3008 && c <= 0x3020) return false;   // brackets
-  if (c >= 0xFF00 && c <= 0xFF20) return false;   // full-width digits and punctuation
+  if (c >= 0x2000 && c <= 0x2FFF) return false;  // punctuation, arrows, box drawing
+  if (c >= 0x3000 && c <= 0x3004) return false;  // ideographic space and punctuation
+  if (c >= 0x3008 && c <= 0x3020) return false;  // brackets
+  if (c >= 0xFF00 && c <= 0xFF20) return false;  // full-width digits and punctuation
   if (c >= 0xFF3B && c <= 0xFF40) return false;
   return !(c >= 0xFF5B && c <= 0xFF65);
 }
@@ -44,20 +44,34 @@ Wildcard::Wildcard(std::wstring_view pattern, bool ignoreCase) : ignoreCase_(ign
     atStart = false;
     Piece piece;
     switch (c) {
-      case L'#': piece.kind = Kind::kDigit; break;
-      case L'@': piece.kind = Kind::kLetter; break;
-      case L'.': piece.kind = Kind::kOther; break;
-      case L'?': piece.kind = Kind::kAny; break;
-      case L'*': piece.kind = Kind::kMany; break;
-      case L'[': i = readSet(pattern, i, piece); break;
+      case L'#':
+        piece.kind = Kind::kDigit;
+        break;
+      case L'@':
+        piece.kind = Kind::kLetter;
+        break;
+      case L'.':
+        piece.kind = Kind::kOther;
+        break;
+      case L'?':
+        piece.kind = Kind::kAny;
+        break;
+      case L'*':
+        piece.kind = Kind::kMany;
+        break;
+      case L'[':
+        i = readSet(pattern, i, piece);
+        break;
       case L'`':
         if (i + 1 < pattern.size()) ++i;
         piece.character = fold(pattern[i]);
         break;
-      default: piece.character = fold(c); break;
+      default:
+        piece.character = fold(c);
+        break;
     }
-    const bool repeatedStar = piece.kind == Kind::kMany && !current.pieces.empty() &&
-                              current.pieces.back().kind == Kind::kMany;
+    const bool repeatedStar =
+        piece.kind == Kind::kMany && !current.pieces.empty() && current.pieces.back().kind == Kind::kMany;
     if (!repeatedStar) current.pieces.push_back(std::move(piece));
   }
 }
@@ -102,13 +116,20 @@ bool Wildcard::accepts(const Piece& piece, wchar_t c) const {
     });
   };
   switch (piece.kind) {
-    case Kind::kLiteral: return piece.character == fold(c);
-    case Kind::kDigit: return isDigit(c);
-    case Kind::kLetter: return isLetter(c);
-    case Kind::kOther: return !isDigit(c) && !isLetter(c);
-    case Kind::kSet: return inRanges();
-    case Kind::kNotSet: return !inRanges();
-    default: return true;
+    case Kind::kLiteral:
+      return piece.character == fold(c);
+    case Kind::kDigit:
+      return isDigit(c);
+    case Kind::kLetter:
+      return isLetter(c);
+    case Kind::kOther:
+      return !isDigit(c) && !isLetter(c);
+    case Kind::kSet:
+      return inRanges();
+    case Kind::kNotSet:
+      return !inRanges();
+    default:
+      return true;
   }
 }
 

@@ -23,7 +23,7 @@ int acedSSMemb(const ads_name entity, const ads_name set);  // RTNORM when it is
 int acedSSFree(const ads_name set);
 
 // --- System variables ------------------------------------------------------------------------------
-// The value with the variable's own type in restype (RTSHORT, RTLONG, RTREAL, RTSTR, RT3DPOINT); a text
+// The value with the variable's own type in restype (RTSHORT, RTREAL, RTSTR); a text
 // is allocated for the caller (acutDelString, or acutRelRb with the buffer).
 int acedGetVar(const ACHAR* name, resbuf* result);
 // Refused (RTERROR): an unknown or read-only variable, another type than the variable's, a value outside

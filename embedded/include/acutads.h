@@ -14,7 +14,7 @@ resbuf* acutNewRb(int restype);
 //   double             RTREAL, RTANG, RTORINT, 38..59, 140..149, 210..., 460..469, 1040..1042
 //   const ads_real*    RT3DPOINT, RTPOINT, 10..18, 110..112, 210..219, 1010..1013 (x, y, z)
 //   int                RTSHORT, RTLONG, 60..99, 160..179, 270..299, 370..389, 400..409, 420..429, ...
-//   const ads_name&    RTENAME, RTPICKS, -1, -2
+//   ads_name           RTENAME, RTPICKS, -1, -2
 //   nothing            RTLB, RTLE, RTDOTE, RTNIL, RTT, RTVOID, -3
 // Texts and points are copied. NULL for an unknown code. The caller releases the chain.
 resbuf* acutBuildList(int restype, ...);

@@ -1,0 +1,71 @@
+#pragma once
+// The command processor: finds a command by its name, lets it take its tokens, and runs what was queued
+// when no command is running.
+
+#include <deque>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/result.h"
+#include "embedded/editor/tokens.h"
+
+class AcEdCommand;
+
+namespace cad {
+
+class Document;
+struct HostState;
+
+enum class Outcome {
+  kDone,
+  kRefused,    // the command has reported why
+  kNeedInput,  // nothing has happened yet; more tokens are needed
+};
+
+// A command of the host itself. It changes nothing before it has all the tokens that it needs.
+struct BuiltinCommand {
+  const wchar_t* name;
+  Outcome (*run)(TokenReader& input, HostState& state);
+  bool undoable;  // its changes are one group of the undo journal
+};
+const BuiltinCommand* findBuiltin(std::wstring_view name);
+
+struct QueuedText {
+  Document* document = nullptr;
+  std::wstring text;
+  bool activate = true;
+  bool echo = true;
+};
+
+class CommandLine {
+ public:
+  // From a program: RTNORM or RTERROR. Without tokens, closes an open prompt.
+  int run(std::vector<Token> tokens);
+  // Typed text, then everything that it has queued. A refusal stops the text that it stands in.
+  base::Status type(std::wstring text);
+
+  void send(QueuedText queued) { queue_.push_back(std::move(queued)); }
+  void startScript(std::wstring text) { script_ = std::move(text); }  // runs when the command has ended
+  void drop(const Document* document);                                // its queued texts
+  void clear();
+  bool isBusy() const { return depth_ > 0; }
+  std::wstring runningNames() const;  // outermost first, joined by apostrophes
+
+ private:
+  Outcome runOne(TokenReader& input, std::wstring_view name);
+  Outcome runRegistered(const AcEdCommand& command);
+  bool runText(std::wstring text, bool isScript);
+  bool takeScript(TextReader& reader, bool& isScript, bool& ok);
+  bool runQueue();
+
+  std::vector<Token> openPrompt_;  // tokens of a program's unfinished command
+  std::wstring openText_;          // typed text of an unfinished command
+  std::deque<QueuedText> queue_;
+  std::optional<std::wstring> script_;
+  std::vector<std::wstring> running_;
+  int depth_ = 0;
+};
+
+}  // namespace cad

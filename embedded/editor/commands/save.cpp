@@ -1,0 +1,102 @@
+#include "base/files.h"
+#include "base/fold.h"
+#include "embedded/editor/commands/builtin.h"
+#include "embedded/editor/host_state.h"
+#include "embedded/editor/output.h"
+
+namespace cad {
+namespace {
+
+enum class Format { kDwg, kDxf, kDwt };
+
+const wchar_t* formatName(Format format) {
+  return format == Format::kDwg ? L"DWG" : format == Format::kDxf ? L"DXF" : L"DWT";
+}
+
+Outcome keep(HostState& state, const std::filesystem::path& path, const base::Status& status) {
+  state.lastSave = SaveReport{path, status};
+  if (status) return Outcome::kDone;
+  report(status.failure());
+  return Outcome::kRefused;
+}
+
+Outcome refuse(HostState& state, const std::filesystem::path& path, std::wstring why) {
+  return keep(state, path, base::Failure{base::pathText(path), std::move(why)});
+}
+
+bool isNumber(const Token& token) { return token.number().has_value(); }
+
+// The options of the DXF format before the file's name: the version, the precision, the format once more.
+std::optional<Token> readDxfPath(TokenReader& input) {
+  while (true) {
+    const std::optional<Token> token = input.nextPath();
+    if (!token) return std::nullopt;
+    if (token->is(L"V") || token->is(L"VERSION")) {
+      if (!input.next()) return std::nullopt;  // a drawing keeps its version
+    } else if (!token->text.empty() && !token->is(L"DXF") && !isNumber(*token)) {
+      return token;
+    }
+  }
+}
+
+Format formatByName(const std::filesystem::path& path) {
+  return base::equalFolded(base::pathText(path.extension()), L".DXF") ? Format::kDxf : Format::kDwg;
+}
+
+Outcome save(TokenReader& input, HostState& state, Format format, std::filesystem::path path) {
+  if (path.extension().empty()) path += base::pathFromText(L"." + std::wstring(formatName(format)));
+  Document* document = state.documents.current();
+  if (format != Format::kDxf) {
+    input.takeIf(L"Y", L"YES");
+    return refuse(state, path, std::wstring(L"saving as ") + formatName(format) + L" is not supported yet");
+  }
+  const bool overwrite = input.takeIf(L"Y", L"YES");
+  std::error_code error;
+  if (std::filesystem::exists(path, error) && !overwrite) {
+    const base::Failure failure{base::pathText(path), L"the file exists and was not overwritten"};
+    state.lastSave = SaveReport{path, failure};
+    if (!input.peek()) return Outcome::kNeedInput;
+    input.takeIf(L"N", L"NO");
+    return keep(state, path, failure);
+  }
+  const Document* other = state.documents.find(path);
+  if (other != nullptr && other != document)
+    return refuse(state, path, L"the file is open as another drawing");
+  return keep(state, path, document->drawing().save(path));
+}
+
+}  // namespace
+
+Outcome runSaveAs(TokenReader& input, HostState& state) {
+  const std::optional<Token> first = input.nextPath();
+  if (!first) return Outcome::kNeedInput;
+  std::optional<Token> path;
+  std::optional<Format> format;
+  if (first->is(L"DXF")) {
+    format = Format::kDxf;
+    path = readDxfPath(input);
+  } else if (first->is(L"T") || first->is(L"TEMPLATE")) {
+    format = Format::kDwt;
+    path = input.nextPath();
+  } else if (first->text.empty() || isNumber(*first)) {
+    path = input.nextPath();
+  } else {
+    path = first;
+  }
+  if (!path) return Outcome::kNeedInput;
+  const std::filesystem::path target = base::pathFromText(path->text);
+  if (target.empty()) return refuse(state, target, L"a file name is needed");
+  return save(input, state, format.value_or(formatByName(target)), target);
+}
+
+Outcome runQuickSave(TokenReader&, HostState& state) {
+  Document& document = *state.documents.current();
+  const std::filesystem::path path = document.drawing().path();
+  if (path.empty()) {
+    report({document.name(), L"the drawing has no file yet; use SAVEAS"});
+    return Outcome::kRefused;
+  }
+  return keep(state, path, document.drawing().save(path));
+}
+
+}  // namespace cad

@@ -1,0 +1,127 @@
+#include "embedded/editor/documents.h"
+
+#include <algorithm>
+#include <fstream>
+
+#include "base/files.h"
+#include "dbapserv.h"
+#include "embedded/dxf/loader.h"
+#include "embedded/editor/host_state.h"
+#include "embedded/objects/database_access.h"
+
+ACRX_DEFINE_MEMBERS(AcApDocument, AcRxObject, nullptr)
+
+namespace cad {
+
+bool isWriteProtected(const std::filesystem::path& path) {
+  std::error_code ignored;
+  if (!std::filesystem::exists(path, ignored)) return false;
+  return !std::ofstream(path, std::ios::in | std::ios::out | std::ios::binary).is_open();
+}
+
+Document::Document(std::unique_ptr<Drawing> drawing, std::wstring name)
+    : drawing_(std::move(drawing)), database_(makeDatabase(*drawing_)), name_(std::move(name)) {}
+
+Document::~Document() = default;
+
+std::wstring Document::name() const {
+  return drawing_->path().empty() ? name_ : base::pathText(drawing_->path().filename());
+}
+
+const ACHAR* Document::fileName() const {
+  buffer_ = drawing_->path().empty() ? name_ : base::pathText(drawing_->path());
+  return buffer_.c_str();
+}
+
+const ACHAR* Document::docTitle() const {
+  buffer_ = name();
+  return buffer_.c_str();
+}
+
+bool Document::isQuiescent() const {
+  const HostState& state = hostState();
+  return state.documents.current() != this || !state.commandLine.isBusy();
+}
+
+void Documents::addStartDocument() {
+  std::wstring name = L"Drawing" + std::to_wstring(++startCount_) + L".dwg";
+  documents_.push_back(std::make_unique<Document>(dxf::newDrawing(), std::move(name)));
+  activate(documents_.back().get());
+}
+
+base::Status Documents::open(const std::filesystem::path& path) {
+  std::error_code error;
+  const std::filesystem::path whole = std::filesystem::absolute(path, error);
+  if (Document* already = find(whole)) {
+    activate(already);
+    return {};
+  }
+  base::Result<std::unique_ptr<Drawing>> loaded = dxf::load(whole);
+  if (!loaded) return loaded.failure();
+  loaded.value()->setPath(whole);
+  documents_.push_back(std::make_unique<Document>(std::move(loaded.value()), L""));
+  documents_.back()->setReadOnly(isWriteProtected(whole));
+  activate(documents_.back().get());
+  hostState().modules.sendToAll(AcRx::kLoadDwgMsg);
+  return {};
+}
+
+void Documents::close(Document* document) {
+  const auto found = std::find_if(documents_.begin(), documents_.end(),
+                                  [&](const auto& each) { return each.get() == document; });
+  if (found == documents_.end()) return;
+  HostState& state = hostState();
+  state.modules.sendToAll(AcRx::kUnloadDwgMsg);
+  state.selectionSets.drop(document->drawing());
+  state.commandLine.drop(document);
+  const std::unique_ptr<Document> closing = std::move(*found);
+  documents_.erase(found);
+  if (current_ != document) return;
+  current_ = nullptr;
+  acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+  if (documents_.empty())
+    addStartDocument();
+  else
+    activate(documents_.back().get());
+}
+
+void Documents::closeAll() {
+  acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+  current_ = nullptr;
+  documents_.clear();
+  startCount_ = 0;
+}
+
+void Documents::activate(Document* document) {
+  const auto found = std::find_if(documents_.begin(), documents_.end(),
+                                  [&](const auto& each) { return each.get() == document; });
+  if (found == documents_.end()) return;
+  std::rotate(found, found + 1, documents_.end());
+  current_ = document;
+  acdbHostApplicationServices()->setWorkingDatabase(document->database());
+}
+
+bool Documents::contains(const AcApDocument* document) const { return find(document) != nullptr; }
+
+Document* Documents::find(const AcApDocument* document) const {
+  for (const auto& each : documents_)
+    if (each.get() == document) return each.get();
+  return nullptr;
+}
+
+Document* Documents::find(const AcDbDatabase* database) const {
+  for (const auto& each : documents_)
+    if (each->database() == database) return each.get();
+  return nullptr;
+}
+
+Document* Documents::find(const std::filesystem::path& path) const {
+  for (const auto& each : documents_) {
+    std::error_code error;
+    const std::filesystem::path& own = each->drawing().path();
+    if (!own.empty() && (own == path || std::filesystem::equivalent(own, path, error))) return each.get();
+  }
+  return nullptr;
+}
+
+}  // namespace cad

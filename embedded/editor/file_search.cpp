@@ -1,0 +1,69 @@
+#include "embedded/editor/file_search.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "acedads.h"
+#include "base/files.h"
+#include "embedded/editor/host_state.h"
+#include "embedded/editor/module_library.h"
+
+namespace cad {
+namespace {
+
+std::filesystem::path lookIn(const std::filesystem::path& folder, const std::wstring& name) {
+  std::error_code error;
+  const std::filesystem::path found = base::findIgnoringCase(folder, name);
+  return !found.empty() && std::filesystem::is_regular_file(found, error) ? found : std::filesystem::path();
+}
+
+std::vector<std::filesystem::path> searchFolders() {
+  const HostState& state = hostState();
+  std::error_code error;
+  std::vector<std::filesystem::path> folders = {std::filesystem::current_path(error)};
+  if (Document* document = state.documents.current(); document && !document->drawing().path().empty())
+    folders.push_back(document->drawing().path().parent_path());
+  folders.insert(folders.end(), state.supportPath.begin(), state.supportPath.end());
+  folders.push_back(programFolder());
+  for (const std::filesystem::path& module : state.modules.paths()) folders.push_back(module.parent_path());
+  return folders;
+}
+
+}  // namespace
+
+std::filesystem::path programFolder() {
+  static const std::filesystem::path folder = programPath().parent_path();
+  return folder;
+}
+
+std::filesystem::path findFile(std::wstring_view name) {
+  if (name.empty()) return {};
+  const std::filesystem::path wanted = base::pathFromText(name);
+  const std::wstring file = base::pathText(wanted.filename());
+  if (file.empty()) return {};
+  if (wanted.has_parent_path()) {
+    std::error_code error;
+    return lookIn(std::filesystem::absolute(wanted.parent_path(), error), file);
+  }
+  for (const std::filesystem::path& folder : searchFolders())
+    if (std::filesystem::path found = lookIn(folder, file); !found.empty()) return found;
+  return {};
+}
+
+}  // namespace cad
+
+int acedFindFile(const ACHAR* name, AcString& result) {
+  if (name == nullptr) return RTERROR;
+  const std::filesystem::path found = cad::findFile(name);
+  if (found.empty()) return RTERROR;
+  result = base::pathText(found).c_str();
+  return RTNORM;
+}
+
+int acedFindFile(const ACHAR* name, ACHAR* result, size_t capacity) {
+  AcString found;
+  if (result == nullptr || acedFindFile(name, found) != RTNORM || found.length() >= capacity) return RTERROR;
+  const ACHAR* text = found.kACharPtr();
+  std::copy(text, text + found.length() + 1, result);
+  return RTNORM;
+}

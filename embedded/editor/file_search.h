@@ -1,0 +1,15 @@
+#pragma once
+// Finding a file by the host's search order.
+
+#include <filesystem>
+#include <string_view>
+
+namespace cad {
+
+// The current folder, the drawing's folder, the support path, the folders of the program and the loaded
+// modules; a name with a folder only there. Case is ignored in the file's name. Empty when not found.
+std::filesystem::path findFile(std::wstring_view name);
+
+std::filesystem::path programFolder();
+
+}  // namespace cad

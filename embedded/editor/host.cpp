@@ -1,0 +1,84 @@
+#include "embedded/editor/host.h"
+
+#include "base/files.h"
+#include "embedded/editor/file_search.h"
+#include "embedded/editor/host_state.h"
+
+namespace cad {
+
+HostState& hostState() { return Host::instance().state(); }
+
+Host& Host::instance() {
+  static Host host;
+  return host;
+}
+
+Host::Host() : state_(std::make_unique<HostState>()) {}
+Host::~Host() = default;
+
+void Host::start() {
+  if (state_->running) return;
+  state_->running = true;
+  state_->documents.addStartDocument();
+}
+
+void Host::stop() {
+  if (!state_->running) return;
+  state_->modules.quit();
+  state_->commandLine.clear();
+  state_->selectionSets.clear();
+  state_->documents.closeAll();
+  state_->sessionVariables.clear();
+  state_->newestFailure.reset();
+  state_->lastSave.reset();
+  state_->meter = {};
+  state_->running = false;
+}
+
+base::Status Host::openDocument(const std::filesystem::path& path) { return state_->documents.open(path); }
+
+base::Status Host::closeDocument() {
+  Document* document = state_->documents.current();
+  if (document == nullptr) return base::Failure{L"", L"The host has not been started."};
+  if (state_->commandLine.isBusy()) return base::Failure{document->name(), L"A command is running."};
+  state_->documents.close(document);
+  return {};
+}
+
+Drawing& Host::currentDrawing() { return state_->documents.current()->drawing(); }
+std::size_t Host::documentCount() const { return state_->documents.all().size(); }
+
+base::Status Host::execute(std::wstring_view text) {
+  if (!state_->running) return base::Failure{L"", L"The host has not been started."};
+  return state_->commandLine.type(std::wstring(text));
+}
+
+void Host::setOutput(std::function<void(std::wstring_view)> sink) { state_->output = std::move(sink); }
+void Host::setSupportPath(std::vector<std::filesystem::path> folders) {
+  state_->supportPath = std::move(folders);
+}
+void Host::setMeterObserver(std::function<void(const Meter&)> observer) {
+  state_->meterObserver = std::move(observer);
+}
+void Host::setBreakQuery(std::function<bool()> query) { state_->breakQuery = std::move(query); }
+void Host::setInputSource(std::function<std::optional<InputEvent>()> source) {
+  state_->inputSource = std::move(source);
+}
+void Host::setMainWindow(void* windowHandle) { state_->mainWindow = windowHandle; }
+
+base::Status Host::loadModule(const std::filesystem::path& path) {
+  const std::filesystem::path found = findFile(base::pathText(path));
+  if (found.empty()) return base::Failure{base::pathText(path), L"The module was not found."};
+  return state_->modules.load(found);
+}
+
+base::Status Host::unloadModule(std::wstring_view name) { return state_->modules.unload(name); }
+
+void* Host::moduleSymbol(std::wstring_view module, const char* symbol) {
+  return state_->modules.symbol(module, symbol);
+}
+
+const std::optional<SaveReport>& Host::lastSave() const { return state_->lastSave; }
+void Host::clearLastSave() { state_->lastSave.reset(); }
+
+}  // namespace cad

@@ -1,0 +1,42 @@
+#include "base/files.h"
+#include "embedded/editor/module_library.h"
+
+// The few functions of the system's loader, declared here so that its header stays out of the host.
+extern "C" {
+__declspec(dllimport) void* __stdcall LoadLibraryW(const wchar_t* path);
+__declspec(dllimport) int __stdcall FreeLibrary(void* library);
+__declspec(dllimport) void* __stdcall GetProcAddress(void* library, const char* name);
+__declspec(dllimport) unsigned long __stdcall GetLastError();
+__declspec(dllimport) unsigned long __stdcall GetModuleFileNameW(void* library, wchar_t* path,
+                                                                 unsigned long capacity);
+}
+
+namespace cad {
+namespace {
+
+class WindowsLibrary : public ModuleLibrary {
+ public:
+  explicit WindowsLibrary(void* handle) : handle_(handle) {}
+  ~WindowsLibrary() override { FreeLibrary(handle_); }
+  void* symbol(const char* name) const override { return GetProcAddress(handle_, name); }
+
+ private:
+  void* handle_;
+};
+
+}  // namespace
+
+base::Result<std::unique_ptr<ModuleLibrary>> ModuleLibrary::load(const std::filesystem::path& path) {
+  void* handle = LoadLibraryW(path.wstring().c_str());
+  if (handle != nullptr) return std::unique_ptr<ModuleLibrary>(std::make_unique<WindowsLibrary>(handle));
+  const std::wstring code = std::to_wstring(GetLastError());
+  return base::Failure{base::pathText(path), L"The system cannot load it (error " + code + L")."};
+}
+
+std::filesystem::path programPath() {
+  std::wstring buffer(32768, L'\0');
+  const unsigned long length = GetModuleFileNameW(nullptr, buffer.data(), 32768);
+  return buffer.substr(0, length);
+}
+
+}  // namespace cad

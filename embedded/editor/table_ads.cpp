@@ -1,0 +1,95 @@
+#include <algorithm>
+
+#include "acdbads.h"
+#include "base/fold.h"
+#include "embedded/editor/host_state.h"
+#include "embedded/editor/result_buffer.h"
+
+namespace cad {
+namespace {
+
+struct TableName {
+  const wchar_t* name;
+  Table table;
+};
+constexpr TableName kTables[] = {
+    {L"LAYER", Table::kLayer}, {L"LTYPE", Table::kLinetype},    {L"STYLE", Table::kTextStyle},
+    {L"BLOCK", Table::kBlock}, {L"DIMSTYLE", Table::kDimStyle}, {L"APPID", Table::kAppId},
+    {L"VIEW", Table::kView},   {L"UCS", Table::kUcs},           {L"VPORT", Table::kViewport},
+};
+
+class RecordList {
+ public:
+  RecordList(const Drawing& drawing, RecordId record) : drawing_(drawing), record_(record) {}
+
+  void text(int code, Property property) {
+    if (const auto value = drawing_.text(record_, property)) chain_.text(code, *value);
+  }
+  void name(int code, Property property, const wchar_t* otherwise) {
+    const NameId value = drawing_.name(record_, property);
+    chain_.text(code, value == kNoName ? otherwise : drawing_.names().text(value).c_str());
+  }
+  void real(int code, Property property, double otherwise) {
+    chain_.real(code, drawing_.real(record_, property).value_or(otherwise));
+  }
+  void integer(int code, Property property, std::int64_t otherwise) {
+    chain_.integer(code, static_cast<int>(drawing_.integer(record_, property).value_or(otherwise)));
+  }
+  ResultChain& chain() { return chain_; }
+
+ private:
+  const Drawing& drawing_;
+  RecordId record_;
+  ResultChain chain_;
+};
+
+resbuf* listOf(const Drawing& drawing, const TableName& table, RecordId record) {
+  RecordList list(drawing, record);
+  list.chain().text(0, table.name);
+  list.text(2, Property::kName);
+  list.integer(70, Property::kStandardFlags, 0);
+  switch (table.table) {
+    case Table::kLayer:
+      list.integer(62, Property::kLayerColor, 7);
+      list.name(6, Property::kLayerLinetype, L"Continuous");
+      break;
+    case Table::kLinetype:
+      list.text(3, Property::kDescription);
+      break;
+    case Table::kTextStyle:
+      list.real(40, Property::kFixedHeight, 0);
+      list.real(41, Property::kStyleWidthFactor, 1);
+      list.real(50, Property::kStyleOblique, 0);
+      list.text(3, Property::kFontFile);
+      list.text(4, Property::kBigFontFile);
+      break;
+    default:
+      break;
+  }
+  return list.chain().release();
+}
+
+}  // namespace
+}  // namespace cad
+
+resbuf* acdbTblSearch(const ACHAR* table, const ACHAR* name, int) {
+  cad::Document* document = cad::hostState().documents.current();
+  if (document == nullptr || table == nullptr || name == nullptr) return nullptr;
+  for (const cad::TableName& each : cad::kTables) {
+    if (!base::equalFolded(each.name, table)) continue;
+    const cad::RecordId record = document->drawing().find(each.table, name);
+    return record == cad::kNoRecord ? nullptr : cad::listOf(document->drawing(), each, record);
+  }
+  return nullptr;
+}
+
+int acdbSNValid(const ACHAR* name, int pipeTest) {
+  const std::wstring_view text = name == nullptr ? L"" : name;
+  constexpr std::wstring_view kForbidden = L"<>/\\\":;?*,=`";
+  if (text.empty() || text.size() > 255 || text.find_first_of(kForbidden) != text.npos) return RTERROR;
+  if (std::any_of(text.begin(), text.end(), [](wchar_t c) { return c < L' '; })) return RTERROR;
+  if (text.front() == L' ' || text.back() == L' ') return RTERROR;
+  const std::size_t pipe = text.find(L'|');
+  if (pipe == text.npos) return RTNORM;
+  return pipeTest != 0 && pipe != 0 && text.back() != L'|' ? RTNORM : RTERROR;
+}

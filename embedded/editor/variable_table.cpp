@@ -1,0 +1,183 @@
+#include "embedded/editor/variable_table.h"
+
+#include <map>
+#include <string>
+
+#include "base/fold.h"
+#include "embedded/drawing/dim_variable_table.h"
+#include "embedded/editor/computed_variables.h"
+
+namespace cad {
+namespace {
+
+using Home = VariableHome;
+using Type = VariableType;
+using Meaning = VariableMeaning;
+
+SystemVariable integer(std::string_view name, Home home, double value, double least, double most,
+                       Version first = Version::kR12) {
+  return {name, Type::kShort, home, Meaning::kPlain, false, value, L"", least, most, nullptr, first};
+}
+SystemVariable real(std::string_view name, Home home, double value, double least = 0, double most = 0,
+                    Version first = Version::kR12) {
+  return {name, Type::kReal, home, Meaning::kPlain, false, value, L"", least, most, nullptr, first};
+}
+SystemVariable text(std::string_view name, Home home, const wchar_t* value, Meaning meaning = Meaning::kPlain,
+                    Version first = Version::kR12) {
+  return {name, Type::kText, home, meaning, false, 0, value, 0, 0, nullptr, first};
+}
+SystemVariable computed(std::string_view name, Type type, Variable (*compute)(HostState&)) {
+  return {name, type, Home::kComputed, Meaning::kPlain, true, 0, L"", 0, 0, compute};
+}
+
+constexpr double kLargest = 1e99;
+constexpr double kSmallest = 1e-99;  // of what must be above 0
+
+const std::vector<SystemVariable>& drawingRows() {
+  static const std::vector<SystemVariable> rows = {
+      real("ANGBASE", Home::kDrawing, 0),
+      integer("ANGDIR", Home::kDrawing, 0, 0, 1),
+      integer("ATTMODE", Home::kDrawing, 1, 0, 2),
+      integer("AUNITS", Home::kDrawing, 0, 0, 4),
+      integer("AUPREC", Home::kDrawing, 0, 0, 8),
+      text("CECOLOR", Home::kDrawing, L"BYLAYER", Meaning::kColor),
+      real("CELTSCALE", Home::kDrawing, 1, kSmallest, kLargest, Version::kR13),
+      text("CELTYPE", Home::kDrawing, L"ByLayer", Meaning::kLinetype),
+      integer("CELWEIGHT", Home::kDrawing, -1, -3, 211, Version::kR2000),
+      text("CLAYER", Home::kDrawing, L"0", Meaning::kLayer),
+      real("ELEVATION", Home::kDrawing, 0),
+      real("FILLETRAD", Home::kDrawing, 0, 0, kLargest),
+      integer("FILLMODE", Home::kDrawing, 1, 0, 1),
+      integer("INSUNITS", Home::kDrawing, 0, 0, 24, Version::kR2000),
+      integer("LIMCHECK", Home::kDrawing, 0, 0, 1),
+      real("LTSCALE", Home::kDrawing, 1, kSmallest, kLargest),
+      integer("LUNITS", Home::kDrawing, 2, 1, 5),
+      integer("LUPREC", Home::kDrawing, 4, 0, 8),
+      integer("LWDISPLAY", Home::kDrawing, 0, 0, 1, Version::kR2000),
+      integer("MEASUREMENT", Home::kDrawing, 0, 0, 1, Version::kR14),
+      integer("MIRRTEXT", Home::kDrawing, 0, 0, 1),
+      integer("ORTHOMODE", Home::kDrawing, 0, 0, 1),
+      integer("PDMODE", Home::kDrawing, 0, 0, 100),
+      real("PDSIZE", Home::kDrawing, 0),
+      real("PLINEWID", Home::kDrawing, 0, 0, kLargest),
+      integer("PSLTSCALE", Home::kDrawing, 1, 0, 1),
+      integer("QTEXTMODE", Home::kDrawing, 0, 0, 1),
+      integer("REGENMODE", Home::kDrawing, 1, 0, 1),
+      real("TEXTSIZE", Home::kDrawing, 0.2, kSmallest, kLargest),
+      text("TEXTSTYLE", Home::kDrawing, L"Standard", Meaning::kTextStyle),
+      real("THICKNESS", Home::kDrawing, 0),
+      integer("TILEMODE", Home::kDrawing, 1, 0, 1),
+      real("TRACEWID", Home::kDrawing, 0.05, 0, kLargest),
+      integer("USERI1", Home::kDrawing, 0, 0, 0),
+      integer("USERI2", Home::kDrawing, 0, 0, 0),
+      integer("USERI3", Home::kDrawing, 0, 0, 0),
+      integer("USERI4", Home::kDrawing, 0, 0, 0),
+      integer("USERI5", Home::kDrawing, 0, 0, 0),
+      real("USERR1", Home::kDrawing, 0),
+      real("USERR2", Home::kDrawing, 0),
+      real("USERR3", Home::kDrawing, 0),
+      real("USERR4", Home::kDrawing, 0),
+      real("USERR5", Home::kDrawing, 0),
+      integer("VISRETAIN", Home::kDrawing, 1, 0, 1),
+  };
+  return rows;
+}
+
+const std::vector<SystemVariable>& sessionRows() {
+  static const std::vector<SystemVariable> rows = {
+      computed("ACADPREFIX", Type::kText, supportFolders),
+      computed("CDATE", Type::kReal, dateAndTime),
+      computed("CMDACTIVE", Type::kShort, commandsActive),
+      computed("CMDNAMES", Type::kText, commandNames),
+      computed("DBMOD", Type::kShort, drawingModified),
+      computed("DWGCODEPAGE", Type::kText, drawingCodePage),
+      computed("DWGNAME", Type::kText, drawingName),
+      computed("DWGPREFIX", Type::kText, drawingFolder),
+      computed("DWGTITLED", Type::kShort, drawingHasFile),
+      computed("TEMPPREFIX", Type::kText, temporaryFolder),
+      computed("WRITESTAT", Type::kShort, drawingWritable),
+      integer("ATTDIA", Home::kSession, 0, 0, 1),
+      integer("ATTREQ", Home::kSession, 1, 0, 1),
+      integer("CMDDIA", Home::kSession, 0, 0, 1),
+      integer("CMDECHO", Home::kSession, 1, 0, 1),
+      integer("ERRNO", Home::kSession, 0, 0, 0),
+      integer("EXPERT", Home::kSession, 0, 0, 5),
+      integer("FILEDIA", Home::kSession, 0, 0, 1),
+      integer("HIGHLIGHT", Home::kSession, 1, 0, 1),
+      integer("NOMUTT", Home::kSession, 0, 0, 1),
+      integer("OSMODE", Home::kSession, 0, 0, 32767),
+      integer("PICKFIRST", Home::kSession, 0, 0, 1),
+      integer("SDI", Home::kSession, 0, 0, 3),
+      text("USERS1", Home::kSession, L""),
+      text("USERS2", Home::kSession, L""),
+      text("USERS3", Home::kSession, L""),
+      text("USERS4", Home::kSession, L""),
+      text("USERS5", Home::kSession, L""),
+  };
+  return rows;
+}
+
+SystemVariable dimensionRow(const DimVariableInfo& info) {
+  SystemVariable row{info.name, Type::kText, Home::kDrawing};
+  row.first = info.first;
+  row.last = info.last;
+  row.defaultNumber = info.defaultValue;
+  switch (info.type) {
+    case DimType::kInteger:
+      row.type = Type::kShort;
+      break;
+    case DimType::kReal:
+      row.type = Type::kReal;
+      break;
+    case DimType::kTextStyle:
+      row.meaning = Meaning::kTextStyle;
+      row.defaultText = L"Standard";
+      break;
+    case DimType::kArrow:
+      row.meaning = Meaning::kArrow;
+      break;
+    case DimType::kLinetype:
+      row.meaning = Meaning::kLinetype;
+      break;
+    case DimType::kText:
+      break;
+  }
+  if (info.name == "DIMDSEP") {
+    row.type = Type::kText;
+    row.meaning = Meaning::kCharacter;
+  }
+  if (info.name == "DIMSCALE") row.most = kLargest;
+  if (info.name == "DIMASZ" || info.name == "DIMEXO" || info.name == "DIMTSZ") row.most = kLargest;
+  if (info.name == "DIMTXT") row.least = kSmallest, row.most = kLargest;
+  if (info.name == "DIMCLRD" || info.name == "DIMCLRE" || info.name == "DIMCLRT") row.most = 256;
+  return row;
+}
+
+std::map<std::string_view, SystemVariable> makeTable() {
+  std::map<std::string_view, SystemVariable> table;
+  for (const SystemVariable& row : drawingRows()) table.emplace(row.name, row);
+  for (const SystemVariable& row : sessionRows()) table.emplace(row.name, row);
+  for (const DimVariableInfo& info : kDimVariables) table.emplace(info.name, dimensionRow(info));
+  SystemVariable style = text("DIMSTYLE", Home::kDrawing, L"Standard", Meaning::kDimStyle);
+  style.readOnly = true;
+  table.emplace(style.name, style);
+  SystemVariable release = text("ACADVER", Home::kSession, L"26.0s (embedded)");
+  release.readOnly = true;
+  table.emplace(release.name, release);
+  return table;
+}
+
+}  // namespace
+
+const SystemVariable* findSystemVariable(std::wstring_view name) {
+  static const std::map<std::string_view, SystemVariable> table = makeTable();
+  std::string wanted;
+  for (const wchar_t c : base::upper(name)) {
+    if (c >= 0x80) return nullptr;
+    wanted += static_cast<char>(c);
+  }
+  const auto found = table.find(wanted);
+  return found == table.end() ? nullptr : &found->second;
+}
+
+}  // namespace cad
