@@ -1,0 +1,24 @@
+#pragma once
+// The record by which the user-interface framework finds the resources of a module that extends the host.
+
+#include <vector>
+
+namespace kiv {
+
+struct ExtensionModule {
+  bool initialised = false;
+  void* resourceHandle = nullptr;  // of the module's state at the time of attaching
+  void* moduleInstance = nullptr;
+};
+
+// Initialises the record and enters it into the framework's chain of resource libraries. A record that is
+// initialised already stays as it is. False, and the record untouched, for a null instance.
+bool attachExtensionModule(ExtensionModule& module, void* instance);
+
+// Takes an initialised record out of the chain and clears it; otherwise nothing.
+void detachExtensionModule(ExtensionModule& module);
+
+// In search order: the module attached last comes first.
+const std::vector<const ExtensionModule*>& resourceChain();
+
+}  // namespace kiv

@@ -1,0 +1,111 @@
+#include "platform/settings.h"
+
+#include <cwchar>
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "base/fold.h"
+#include "platform/host_output.h"
+#include "platform/module_loader.h"
+#include "platform/settings_store.h"
+
+namespace kiv {
+namespace {
+
+constexpr const wchar_t* kStoreModule = L"KivDll.arx";
+
+std::map<std::wstring, std::wstring>& overrides() {
+  static std::map<std::wstring, std::wstring> values;
+  return values;
+}
+
+// The store's functions, looked for once per process; what is missing is said once.
+class Store {
+ public:
+  static const Store& instance() {
+    static const Store store;
+    return store;
+  }
+
+  std::optional<std::wstring> read(const wchar_t* key) const {
+    if (!get_) return std::nullopt;
+    const int length = get_(key, nullptr, 0);
+    if (length < 0) return std::nullopt;
+    std::vector<wchar_t> text(static_cast<size_t>(length) + 1);
+    if (get_(key, text.data(), static_cast<int>(text.size())) < 0) return std::nullopt;
+    return std::wstring(text.data());
+  }
+
+  void write(const wchar_t* key, const wchar_t* value) const {
+    if (set_) static_cast<void>(set_(key, value));
+  }
+
+ private:
+  Store() : module_(SiblingModule::load(kStoreModule)) {
+    if (!module_) {
+      printOnCommandLine(L"\n cannot found " + std::wstring(kStoreModule) + L".");
+      return;
+    }
+    get_ = find<GetCommonSetting>("dll_kiv_getcfgCmn", L"dll_kiv_getcfgCmn");
+    set_ = find<SetCommonSetting>("dll_kiv_setcfgCmn", L"dll_kiv_setcfgCmn");
+  }
+
+  template <class Function>
+  Function find(const char* name, const wchar_t* shown) const {
+    const auto function = module_->function<Function>(name);
+    if (!function)
+      printOnCommandLine(L"\n cannot found " + std::wstring(shown) + L"() in " + kStoreModule + L".");
+    return function;
+  }
+
+  std::unique_ptr<SiblingModule> module_;
+  GetCommonSetting get_ = nullptr;
+  SetCommonSetting set_ = nullptr;
+};
+
+std::optional<std::wstring> readSetting(const wchar_t* key) {
+  const auto found = overrides().find(base::upper(key));
+  return found != overrides().end() ? found->second : Store::instance().read(key);
+}
+
+std::optional<int> leadingNumber(const std::wstring& text) {
+  const wchar_t* start = text.c_str();
+  wchar_t* end = nullptr;
+  const long value = std::wcstol(start, &end, 10);
+  if (end == start) return std::nullopt;
+  return static_cast<int>(value);
+}
+
+}  // namespace
+
+int readCommonInteger(const wchar_t* key, int fallback) {
+  const std::optional<std::wstring> text = readSetting(key);
+  return text ? leadingNumber(*text).value_or(fallback) : fallback;
+}
+
+std::wstring readCommonText(const wchar_t* key, const wchar_t* fallback) {
+  return readSetting(key).value_or(fallback);
+}
+
+void writeCommonText(const wchar_t* key, const wchar_t* value) {
+  const auto found = overrides().find(base::upper(key));
+  if (found != overrides().end()) {
+    found->second = value;
+  } else {
+    Store::instance().write(key, value);
+  }
+}
+
+void writeCommonInteger(const wchar_t* key, int value) {
+  writeCommonText(key, std::to_wstring(value).c_str());
+}
+
+void overrideCommonSetting(const wchar_t* key, const wchar_t* value) {
+  overrides()[base::upper(key)] = value;
+}
+
+void clearSettingOverrides() { overrides().clear(); }
+
+}  // namespace kiv

@@ -1,0 +1,46 @@
+#include "platform/text.h"
+
+namespace kiv {
+namespace {
+
+constexpr char kEndOfFile = 26;
+
+}  // namespace
+
+std::vector<TextLine> textLines(std::string_view bytes) {
+  while (!bytes.empty() && bytes.back() == kEndOfFile) bytes.remove_suffix(1);
+  std::vector<TextLine> lines;
+  while (!bytes.empty()) {
+    // In the code page no second byte of a character is a line end, so bytes can be cut before decoding.
+    const size_t end = bytes.find('\n');
+    std::string_view line = bytes.substr(0, end);
+    bytes.remove_prefix(end == bytes.npos ? bytes.size() : end + 1);
+    if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+    base::Decoded decoded = base::decode(line, kTextCodePage);
+    lines.push_back({std::move(decoded.text), decoded.clean});
+  }
+  return lines;
+}
+
+std::wstring decodeText(std::string_view bytes) { return base::decode(bytes, kTextCodePage).text; }
+
+base::Encoded encodeText(std::wstring_view text) {
+  std::wstring ended;
+  ended.reserve(text.size());
+  for (const wchar_t character : text) {
+    if (character == L'\n') ended += L'\r';
+    ended += character;
+  }
+  return base::encode(ended, kTextCodePage);
+}
+
+std::wstring unwritableCharacters(std::wstring_view text) {
+  std::wstring result;
+  for (const wchar_t character : text) {
+    const bool known = !base::encodeCharacter(character, kTextCodePage).empty();
+    if (!known && result.find(character) == result.npos) result += character;
+  }
+  return result;
+}
+
+}  // namespace kiv

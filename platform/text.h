@@ -1,0 +1,32 @@
+#pragma once
+// The module's narrow text files: specification files, the initial file, text search lists and the log.
+// This is the one place that says what they are written in, on every machine: code page 932, CR LF.
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/codepage.h"
+
+namespace kiv {
+
+inline constexpr base::CodePage kTextCodePage = base::kJapanese;
+inline constexpr const char* kLineEnd = "\r\n";
+
+struct TextLine {
+  std::wstring text;  // without its line end
+  bool clean = true;  // false: some bytes are not text of the code page; U+FFFD stands for them
+};
+
+// Lines end with LF or CR LF; the last may lack its end. A trailing end-of-file character (26) is no text.
+std::vector<TextLine> textLines(std::string_view bytes);
+
+std::wstring decodeText(std::string_view bytes);
+
+// Each "\n" becomes a line end of the file. Not clean: some characters do not exist in the code page.
+base::Encoded encodeText(std::wstring_view text);
+
+// The characters of `text` that such files cannot hold, each once, in the order met.
+std::wstring unwritableCharacters(std::wstring_view text);
+
+}  // namespace kiv

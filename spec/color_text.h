@@ -1,0 +1,27 @@
+#pragma once
+// Colours as texts. A colour number is 0 by block, 1 to 255 an index, 256 by layer; other numbers occur in
+// files and are carried along.
+
+#include <string>
+#include <string_view>
+
+namespace kiv {
+
+inline constexpr int kColorByBlock = 0;
+inline constexpr int kColorByLayer = 256;
+
+// As a person sees it: "0:BYBLOCK", "1:赤", ..., "256:BYLAYER", else the number.
+std::wstring colorText(int number);
+
+// Of a text as a person sees or types it. A text with a ":" or a blank is cut there and the larger number of
+// the two halves counts.
+int colorNumber(std::wstring_view text);
+
+// As a file has it: "BYBLOCK", "BYLAYER" or the number.
+std::wstring colorFileText(int number);
+int colorNumberOfFileText(std::wstring_view text);
+
+// The integer that a text begins with, as the C library reads it; 0 when there is none. Saturates.
+int leadingInteger(std::wstring_view text);
+
+}  // namespace kiv

@@ -1,0 +1,49 @@
+#include "spec/configuration.h"
+
+#include "base/files.h"
+#include "base/fold.h"
+#include "platform/paths.h"
+#include "platform/text.h"
+
+namespace kiv {
+namespace {
+
+constexpr size_t kLongestModulePath = 255;
+constexpr size_t kLongestLine = 255;
+constexpr size_t kShortestFolder = 3;  // a drive and its root, or a folder at the root
+
+}  // namespace
+
+std::wstring configurationFolder(const HostFileLookup& lookup) {
+  const std::optional<std::wstring> found = lookup(kModuleFileName);
+  if (!found || found->size() > kLongestModulePath) return {};
+  const size_t at = base::upper(*found).find(kModuleFileName);
+  if (at == std::wstring::npos || at < kShortestFolder) return {};
+  return ensureTrailingSeparator(folderInSystemCase(found->substr(0, at)) + L"CFG");
+}
+
+std::optional<std::wstring> defaultSpecificationName(const std::wstring& folder,
+                                                     const HostFileLookup& lookup) {
+  const std::optional<std::wstring> found = lookup(folder + kInitialFileName);
+  if (!found) return std::nullopt;
+  const auto content = base::readFile(base::pathFromText(*found));
+  if (!content.ok()) return std::nullopt;
+  const std::vector<TextLine> lines = textLines(content.value());
+  if (lines.empty()) return std::wstring();
+  std::wstring_view line = std::wstring_view(lines[0].text).substr(0, kLongestLine);
+  while (!line.empty() && base::trim(line.substr(line.size() - 1)).empty()) line.remove_suffix(1);
+  return std::wstring(line);
+}
+
+base::Status writeDefaultSpecificationName(const std::wstring& folder, std::wstring_view path) {
+  const PathParts parts = splitPath(path);
+  const std::wstring name = path.empty() ? kUnnamedSpecification : parts.name + parts.extension;
+  const std::filesystem::path file = base::pathFromText(folder + kInitialFileName);
+  const base::Encoded encoded = encodeText(name + L"\n");
+  if (!encoded.clean) {
+    return base::Failure{base::pathText(file), L"code page 932 does not have: " + unwritableCharacters(name)};
+  }
+  return base::writeFileAtomically(file, encoded.bytes);
+}
+
+}  // namespace kiv

@@ -1,0 +1,62 @@
+#include "spec/cvt_diagnostics.h"
+
+namespace kiv {
+
+std::wstring diagnosticReason(const CvtDiagnostic& diagnostic) {
+  const std::wstring quoted = L"\"" + diagnostic.detail + L"\"";
+  switch (diagnostic.problem) {
+    case CvtProblem::kUnknownKey:
+      return L"unknown key " + quoted + L"; the line is dropped";
+    case CvtProblem::kNoKey:
+      return L"not of the form [key] = value or [key] <> value; the line is dropped";
+    case CvtProblem::kWrongFieldCount:
+      return L"wrong number of fields (" + diagnostic.detail + L")";
+    case CvtProblem::kLineTooLong:
+      return L"longer than 255 characters; read as several lines";
+    case CvtProblem::kOutsideSections:
+      return L"text outside any section is ignored";
+    case CvtProblem::kSectionNotEnded:
+      return L"section " + quoted +
+             L" has no ---End---; the lines of the sections behind it count as its own";
+    case CvtProblem::kSectionRepeated:
+      return L"second occurrence of section " + quoted + L" is ignored";
+    case CvtProblem::kBadBytes:
+      return L"bytes that are not text of code page 932";
+    case CvtProblem::kAfterEmptyLine:
+      return L"an empty line ended the list before this line; the entry is lost";
+    case CvtProblem::kNoEndOfFile:
+      return L"no [EOF]; the file may be cut off";
+    case CvtProblem::kNoEffect:
+      return L"key " + quoted + L" has no effect in this section";
+    case CvtProblem::kAmbiguousValue:
+      return L"the value " + quoted + L" holds one of < > , and may not be kept as it is";
+    case CvtProblem::kNoSetting:
+      return L"no setting to which this result could belong; the line is dropped";
+    case CvtProblem::kMatchesEverything:
+      return L"no condition of this setting was understood, so it applies to everything in its section";
+    case CvtProblem::kUnknownSection:
+      return L"unknown section " + quoted + L" is ignored";
+    case CvtProblem::kNotText:
+      return L"this is not a conversion specification in code page 932" +
+             (diagnostic.detail.empty() ? std::wstring() : L" (it looks like " + diagnostic.detail + L")");
+    case CvtProblem::kUnknownVariable:
+      return L"unknown dimension variable " + quoted + L"; it sets nothing";
+  }
+  return {};
+}
+
+bool dropsText(CvtProblem problem) {
+  switch (problem) {
+    case CvtProblem::kLineTooLong:
+    case CvtProblem::kSectionNotEnded:
+    case CvtProblem::kBadBytes:
+    case CvtProblem::kNoEndOfFile:
+    case CvtProblem::kAmbiguousValue:
+    case CvtProblem::kMatchesEverything:
+      return false;
+    default:
+      return true;
+  }
+}
+
+}  // namespace kiv

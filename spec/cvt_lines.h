@@ -1,0 +1,36 @@
+#pragma once
+// The lines of a specification file as a reader of 255-character lines sees them, and the parts of a line.
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "spec/cvt_diagnostics.h"
+
+namespace kiv {
+
+struct CvtLine {
+  int number;           // of the line in the file; the pieces of a long line share it
+  std::wstring text;    // trimmed
+  std::wstring folded;  // trimmed and upper-cased
+};
+
+std::vector<CvtLine> cvtLines(std::string_view bytes, CvtDiagnostics& diagnostics);
+
+// "[key] = value" or "[key] <> value". Without a "]", or without a sign behind it, the key is empty.
+struct KeyAndValue {
+  std::wstring key;
+  std::wstring value;
+};
+KeyAndValue splitRuleLine(std::wstring_view line);
+
+// True when "<>" stands somewhere behind the line's first character.
+bool isInvertedLine(std::wstring_view line);
+
+// The trimmed fields between commas; at least one.
+std::vector<std::wstring> splitFields(std::wstring_view line);
+
+// What the bytes look like when they are not in the code page: "UTF-8", "UTF-16"; else empty.
+std::wstring otherEncoding(std::string_view bytes);
+
+}  // namespace kiv

@@ -1,0 +1,123 @@
+#include "spec/cvt_parser.h"
+
+#include <algorithm>
+
+#include "base/files.h"
+#include "spec/cvt_lines.h"
+#include "spec/cvt_section_pass.h"
+
+namespace kiv {
+namespace {
+
+constexpr const wchar_t* kEndOfFile = L"[EOF]";
+constexpr const wchar_t* kEndOfSection = L"---END---";
+constexpr const wchar_t* kRemarkHeader = L"[備考]";
+
+// Finds what no pass looks at: text between the sections, sections of other names, repetitions.
+class OutlineCheck {
+ public:
+  OutlineCheck(const std::vector<CvtLine>& lines, CvtDiagnostics& diagnostics)
+      : lines_(lines), diagnostics_(diagnostics) {}
+
+  void run() {
+    size_t at = 0;
+    for (; at < lines_.size() && lines_[at].folded != kEndOfFile; ++at) {
+      const CvtLine& line = lines_[at];
+      if (line.text.empty()) continue;
+      if (inside_) {
+        inside_ = line.folded != kEndOfSection;
+      } else if (line.folded == kRemarkHeader) {
+        ++at;
+      } else {
+        takeOutside(line);
+      }
+    }
+    if (at >= lines_.size()) {
+      diagnostics_.push_back({CvtProblem::kNoEndOfFile, 0, {}, {}});
+      return;
+    }
+    for (++at; at < lines_.size(); ++at) {
+      if (!lines_[at].text.empty()) report(CvtProblem::kOutsideSections, lines_[at]);
+    }
+  }
+
+ private:
+  void takeOutside(const CvtLine& line) {
+    for (const SectionInfo& info : sections()) {
+      if (line.folded != info.header) continue;
+      bool& seen = seen_[static_cast<size_t>(info.number - 1)];
+      if (seen) report(CvtProblem::kSectionRepeated, line, info.name);
+      seen = true;
+      inside_ = true;
+      return;
+    }
+    const bool header = line.text.front() == L'[' && line.text.back() == L']';
+    if (!header) {
+      report(CvtProblem::kOutsideSections, line);
+      return;
+    }
+    report(CvtProblem::kUnknownSection, line, line.text.substr(1, line.text.size() - 2));
+    inside_ = true;
+  }
+
+  void report(CvtProblem problem, const CvtLine& line, std::wstring detail = {}) {
+    diagnostics_.push_back({problem, line.number, line.text, std::move(detail)});
+  }
+
+  const std::vector<CvtLine>& lines_;
+  CvtDiagnostics& diagnostics_;
+  std::array<bool, kSectionCount> seen_{};
+  bool inside_ = false;
+};
+
+void orderByLine(CvtDiagnostics& diagnostics) {
+  const auto place = [](const CvtDiagnostic& d) { return d.line == 0 ? 1 << 30 : d.line; };
+  std::stable_sort(diagnostics.begin(), diagnostics.end(),
+                   [&](const CvtDiagnostic& a, const CvtDiagnostic& b) { return place(a) < place(b); });
+}
+
+}  // namespace
+
+int ParsedCvt::linesExamined() const {
+  int count = 0;
+  for (const CvtSection& section : sections) count += section.linesExamined;
+  return count;
+}
+
+bool ParsedCvt::hasKnownSection() const {
+  return std::any_of(sections.begin(), sections.end(),
+                     [](const CvtSection& section) { return section.found; });
+}
+
+std::wstring ParsedCvt::unusableReason() const {
+  if (hasKnownSection()) return {};
+  for (const CvtDiagnostic& diagnostic : diagnostics) {
+    if (diagnostic.problem == CvtProblem::kNotText) return diagnosticReason(diagnostic);
+  }
+  return L"this is not a conversion specification";
+}
+
+ParsedCvt parseCvt(std::string_view bytes) {
+  ParsedCvt parsed;
+  const std::vector<CvtLine> lines = cvtLines(bytes, parsed.diagnostics);
+  for (const SectionInfo& info : sections()) {
+    CvtSectionPass pass(info.number, lines, parsed.remark, parsed.diagnostics);
+    parsed.sections[static_cast<size_t>(info.number - 1)] = pass.run();
+  }
+  if (!parsed.hasKnownSection()) {
+    // One sentence about the file says more than one about each of its lines.
+    parsed.diagnostics = {{CvtProblem::kNotText, 0, {}, otherEncoding(bytes)}};
+    return parsed;
+  }
+  OutlineCheck(lines, parsed.diagnostics).run();
+  orderByLine(parsed.diagnostics);
+  return parsed;
+}
+
+base::Result<ParsedCvt> parseCvtFile(const std::filesystem::path& file) {
+  const auto content = base::readFile(file);
+  if (!content.ok()) return content.failure();
+  return parseCvt(content.value());
+}
+
+}  // namespace kiv

@@ -1,0 +1,48 @@
+#pragma once
+// The grammar of specification files, shared by the editor's reader and the conversion run's reader.
+//
+// A file is gone through once per section, always from its first line, so sections may stand in any order
+// and the first of each name counts. What a pass makes of a line does not depend on the other passes: the
+// lines behind a section without end marker belong to that section and to their own as well.
+
+#include <array>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/result.h"
+#include "spec/cvt_diagnostics.h"
+#include "spec/specification.h"
+
+namespace kiv {
+
+inline constexpr size_t kCvtLineLimit = 255;  // characters of a line; a longer one is several lines
+
+struct CvtSection {
+  bool found = false;
+  int linesExamined = 0;          // between the header and the end
+  std::vector<Setting> settings;  // of a rule section; names and colours as the editor has them
+  // Of a list section; the fields in the order of the line, trimmed. 5: one field when the line has no
+  // comma, else two. 7: three or nine, the colour as the editor has it. 8: file, linetype. 9: style, font
+  // and, when there is one, big font. 10: one field.
+  std::vector<std::vector<std::wstring>> entries;
+};
+
+struct ParsedCvt {
+  std::wstring remark;
+  std::array<CvtSection, kSectionCount> sections;
+  CvtDiagnostics diagnostics;  // by line
+
+  int linesExamined() const;
+  bool hasKnownSection() const;
+  // Empty when something of the file can be used; otherwise why not.
+  std::wstring unusableReason() const;
+};
+
+ParsedCvt parseCvt(std::string_view bytes);
+
+// Failures: those of reading a file.
+base::Result<ParsedCvt> parseCvtFile(const std::filesystem::path& file);
+
+}  // namespace kiv

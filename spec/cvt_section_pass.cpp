@@ -1,0 +1,197 @@
+#include "spec/cvt_section_pass.h"
+
+#include "base/fold.h"
+#include "spec/color_text.h"
+#include "spec/dimension_catalogue.h"
+
+namespace kiv {
+namespace {
+
+constexpr const wchar_t* kEndOfFile = L"[EOF]";
+constexpr const wchar_t* kEndOfSection = L"---END---";
+constexpr const wchar_t* kRemarkHeader = L"[備考]";
+constexpr const wchar_t* kWildcard = L"[***]";
+
+}  // namespace
+
+CvtSectionPass::CvtSectionPass(int section, const std::vector<CvtLine>& lines, std::wstring& remark,
+                               CvtDiagnostics& diagnostics)
+    : info_(kiv::section(section)), lines_(lines), remark_(remark), diagnostics_(diagnostics) {}
+
+CvtSection CvtSectionPass::run() {
+  size_t at = findHeader();
+  if (at == lines_.size()) return std::move(section_);
+  section_.found = true;
+  const CvtLine& header = lines_[at];
+  for (++at; at < lines_.size() && lines_[at].folded != kEndOfFile; ++at) {
+    const CvtLine& line = lines_[at];
+    if (line.folded == kEndOfSection) {
+      endSetting();
+      return std::move(section_);
+    }
+    ++section_.linesExamined;
+    if (takeLine(line) == Next::kEnd) {
+      reportLostEntries(at + 1);
+      return std::move(section_);
+    }
+  }
+  endSetting();
+  report(CvtProblem::kSectionNotEnded, header, info_.name);
+  return std::move(section_);
+}
+
+// The line behind the remark's header is taken as it stands; only the passes that look for a remark see it
+// so.
+size_t CvtSectionPass::findHeader() {
+  for (size_t at = 0; at < lines_.size(); ++at) {
+    const CvtLine& line = lines_[at];
+    if (line.folded == kEndOfFile) break;
+    if (remark_.empty() && line.folded == kRemarkHeader && at + 1 < lines_.size()) {
+      remark_ = lines_[++at].text;
+      continue;
+    }
+    if (line.folded == info_.header) return at;
+  }
+  return lines_.size();
+}
+
+CvtSectionPass::Next CvtSectionPass::takeLine(const CvtLine& line) {
+  if (info_.form == SectionForm::kRules) {
+    if (!line.text.empty()) takeRuleLine(line);
+    return Next::kGoOn;
+  }
+  if (line.text.empty()) return Next::kEnd;
+  takeListLine(line);
+  return Next::kGoOn;
+}
+
+void CvtSectionPass::takeRuleLine(const CvtLine& line) {
+  if (line.folded == L"{") {
+    inBraces_ = true;
+  } else if (line.folded == L"}") {
+    endSetting();
+    inBraces_ = false;
+  } else {
+    takeItem(line);
+  }
+}
+
+// An unrecognised line leaves an empty setting behind, except before the pass's first item.
+void CvtSectionPass::takeItem(const CvtLine& line) {
+  const bool wildcard = inBraces_ ? (takeResult(line), false) : takeCondition(line);
+  if (anyItem_ || wildcard || !hasCurrent_) return;
+  section_.settings.pop_back();
+  hasCurrent_ = false;
+}
+
+bool CvtSectionPass::takeCondition(const CvtLine& line) {
+  if (!hasCurrent_) {
+    section_.settings.push_back({L"設定" + std::to_wstring(section_.settings.size() + 1), {}, {}});
+    hasCurrent_ = true;
+    wildcard_ = false;
+    opened_ = &line;
+  }
+  if (line.folded == kWildcard) {
+    wildcard_ = true;
+    return true;
+  }
+  Item item;
+  if (readItem(line, false, item)) section_.settings.back().conditions.push_back(std::move(item));
+  return false;
+}
+
+bool CvtSectionPass::takeResult(const CvtLine& line) {
+  if (!hasCurrent_) {
+    report(CvtProblem::kNoSetting, line);
+    return false;
+  }
+  Item item;
+  if (!readItem(line, true, item)) return false;
+  section_.settings.back().results.push_back(std::move(item));
+  return true;
+}
+
+bool CvtSectionPass::readItem(const CvtLine& line, bool asResult, Item& item) {
+  const KeyAndValue parts = splitRuleLine(line.folded);
+  const auto meaning = lookUpKey(parts.key);
+  if (!meaning) {
+    report(parts.key.empty() ? CvtProblem::kNoKey : CvtProblem::kUnknownKey, line, parts.key);
+    return false;
+  }
+  item.kind = meaning->kind;
+  item.variable = meaning->variable;
+  item.value = item.kind == kColorKind ? colorText(colorNumberOfFileText(parts.value)) : parts.value;
+  item.inverted = !asResult && isInvertedLine(line.folded);
+  const bool nameless = item.kind == kVariableKind && item.variable.empty();
+  if (nameless || !hasEffect(item.kind, info_.number, asResult))
+    report(CvtProblem::kNoEffect, line, item.key());
+  // A text list cannot be written to an object, so it is not a result at all.
+  if (asResult && item.kind == kTextListKind) return false;
+  if (parts.value.find_first_of(L"<>,") != parts.value.npos) {
+    report(CvtProblem::kAmbiguousValue, line, parts.value);
+  }
+  anyItem_ = true;
+  return true;
+}
+
+void CvtSectionPass::endSetting() {
+  if (hasCurrent_) {
+    const Setting& setting = section_.settings.back();
+    if (!wildcard_ && setting.conditions.empty() && !setting.results.empty()) {
+      report(CvtProblem::kMatchesEverything, *opened_, setting.name);
+    }
+  }
+  hasCurrent_ = false;
+}
+
+void CvtSectionPass::takeListLine(const CvtLine& line) {
+  if (info_.number == kArrowSection) {
+    section_.entries.push_back({line.text});
+    return;
+  }
+  if (info_.number == kLayerCreationSection) {
+    takeLayer(line);
+    return;
+  }
+  std::vector<std::wstring> fields = splitFields(line.folded);
+  const size_t given = fields.size();
+  const bool assignment = info_.number == kDimensionSettingSection && given == 1;
+  const bool assigned = assignment && fields[0].find(L'=') != std::wstring::npos;
+  const size_t most = info_.number == kFontSection ? 3 : 2;
+  const bool complete = given >= 2 && given <= most && !fields[0].empty() && !fields[1].empty();
+  if (!complete && !assigned) report(CvtProblem::kWrongFieldCount, line, std::to_wstring(given));
+  if (info_.number == kDimensionSettingSection) {
+    const std::wstring name(base::trim(assigned ? fields[0].substr(0, fields[0].find(L'=')) : fields[0]));
+    if (findDimensionVariable(name) < 0) report(CvtProblem::kUnknownVariable, line, name);
+  }
+  if (given > most) fields.resize(most);
+  if (given == 1 && !assignment) fields.emplace_back();
+  if (fields.size() == 3 && (fields[2].empty() || fields[2].find(L"----") != std::wstring::npos))
+    fields.pop_back();
+  section_.entries.push_back(std::move(fields));
+}
+
+void CvtSectionPass::takeLayer(const CvtLine& line) {
+  std::vector<std::wstring> fields = splitFields(line.folded);
+  if (!hasFieldCount(info_.number, fields.size())) {
+    report(CvtProblem::kWrongFieldCount, line, std::to_wstring(fields.size()));
+    return;
+  }
+  fields[1] = colorText(colorNumberOfFileText(fields[1]));
+  section_.entries.push_back(std::move(fields));
+}
+
+void CvtSectionPass::reportLostEntries(size_t from) {
+  for (size_t at = from; at < lines_.size(); ++at) {
+    const CvtLine& line = lines_[at];
+    if (line.folded == kEndOfSection || line.folded == kEndOfFile) return;
+    if (!line.text.empty() && line.text.front() == L'[') return;  // the next section's header
+    if (!line.text.empty()) report(CvtProblem::kAfterEmptyLine, line);
+  }
+}
+
+void CvtSectionPass::report(CvtProblem problem, const CvtLine& line, std::wstring detail) {
+  diagnostics_.push_back({problem, line.number, line.text, std::move(detail)});
+}
+
+}  // namespace kiv

@@ -1,0 +1,99 @@
+#include "spec/item_kinds.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "base/fold.h"
+#include "spec/dimension_catalogue.h"
+
+namespace kiv {
+namespace {
+
+constexpr SectionInfo kSections[] = {
+    {1, L"文字", L"[文字]", SectionForm::kRules, 0},
+    {2, L"寸法", L"[寸法]", SectionForm::kRules, 0},
+    {3, L"ﾊｯﾁﾝｸﾞ", L"[ﾊｯﾁﾝｸﾞ]", SectionForm::kRules, 0},
+    {4, L"その他の図形", L"[その他の図形]", SectionForm::kRules, 0},
+    {5, L"寸法設定", L"[寸法設定]", SectionForm::kList, 51},
+    {6, L"画層の設定", L"[画層の色･線種]", SectionForm::kRules, 0},
+    {7, L"画層の作成", L"[画層の作成]", SectionForm::kList, 52},
+    {8, L"線種のﾛｰﾄﾞ", L"[線種のﾛｰﾄﾞ]", SectionForm::kList, 53},
+    {9, L"字体のﾛｰﾄﾞ", L"[字体のﾛｰﾄﾞ]", SectionForm::kList, 54},
+    {10, L"矢印のﾛｰﾄﾞ", L"[矢印のﾛｰﾄﾞ]", SectionForm::kList, 55},
+};
+static_assert(std::size(kSections) == kSectionCount);
+
+constexpr unsigned in(int number) { return 1U << number; }
+constexpr unsigned kEntities =
+    in(kTextSection) | in(kDimensionSection) | in(kHatchSection) | in(kOtherSection);
+constexpr unsigned kLayers = in(kLayerSettingSection);
+constexpr unsigned kEverywhere = kEntities | kLayers;
+
+constexpr ItemKind kKinds[] = {
+    {1, L"画層", L"画層...", L"画層...", L"画層", 40021, 40031, kEverywhere, kEverywhere},
+    {2, L"線種", L"線種...", L"線種...", L"線種", 40022, 40032, kEverywhere, kEverywhere},
+    {3, L"色", L"色...", L"色...", L"色", 40023, 40033, kEverywhere, kEverywhere},
+    {4, L"字体", L"字体...", L"字体...", L"字体", 40024, 40034, kEntities, kEntities},
+    {5, L"文字高さ", L"文字高さ...", L"文字高さ...", L"文字高さ", 40025, 40035, kEntities, kEntities},
+    {6, L"文字角度", L"文字角度...", L"文字角度...", L"文字角度", 40026, 40036, kEntities, kEntities},
+    {7, L"文字幅高比", L"文字幅高比...", L"文字幅高比...", L"文字幅高比", 40027, 40037, kEntities, kEntities},
+    {8, L"ｼｽﾃﾑ変数", L"寸法設定...", L"寸法設定...", L"ｼｽﾃﾑ変数", 40028, 40038, kEntities, kEntities},
+    {9, L"文字一致のリスト", L"文字リスト一致...", nullptr, L"文字列の一致", 40029, 0, kEntities, 0},
+    {10, L"線幅値", L"線幅値...", L"線幅値...", L"線幅値", 40050, 40070, kEverywhere, kEverywhere},
+    {11, L"透過性", L"透過性...", L"透過性...", L"透過性", 40051, 40071, kEverywhere, kEverywhere},
+    {12, L"線種尺度", L"線種尺度...", L"線種尺度...", L"線種尺度", 40052, 40072, kEntities, kEntities},
+    {13, L"表示", L"表示...", L"表示...", L"表示", 40053, 40073, kLayers, kLayers},
+    {14, L"ロック", L"ロック...", L"ロック...", L"ロック", 40054, 40074, kLayers, kLayers},
+    {15, L"フリーズ", L"フリーズ...", L"フリーズ...", L"フリーズ", 40055, 40075, kLayers, kLayers},
+    {16, L"印刷", L"印刷...", L"印刷..", L"印刷", 40056, 40076, kLayers, kLayers},
+};
+static_assert(std::size(kKinds) == 16);
+
+template <class Predicate>
+const ItemKind* findKind(Predicate predicate) {
+  const auto found = std::find_if(std::begin(kKinds), std::end(kKinds), predicate);
+  return found == std::end(kKinds) ? nullptr : found;
+}
+
+}  // namespace
+
+std::span<const SectionInfo> sections() { return kSections; }
+
+const SectionInfo& section(int number) { return kSections[number - 1]; }
+
+bool isRuleSection(int number) {
+  return number >= 1 && number <= kSectionCount && section(number).form == SectionForm::kRules;
+}
+
+std::span<const ItemKind> itemKinds() { return kKinds; }
+
+const ItemKind* itemKind(int kind) {
+  return kind >= 1 && kind <= static_cast<int>(std::size(kKinds)) ? &kKinds[kind - 1] : nullptr;
+}
+
+const ItemKind* itemKindOfConditionCommand(int command) {
+  return findKind([&](const ItemKind& row) { return row.conditionCommand == command; });
+}
+
+const ItemKind* itemKindOfResultCommand(int command) {
+  return findKind(
+      [&](const ItemKind& row) { return row.resultMenu != nullptr && row.resultCommand == command; });
+}
+
+std::optional<KeyMeaning> lookUpKey(std::wstring_view key) {
+  if (const ItemKind* row =
+          findKind([&](const ItemKind& kind) { return base::equalFolded(kind.key, key); })) {
+    return KeyMeaning{row->kind, {}};
+  }
+  const int variable = findDimensionVariable(key);
+  if (variable < 0) return std::nullopt;
+  return KeyMeaning{kVariableKind, dimensionCatalogue()[static_cast<size_t>(variable)].name};
+}
+
+bool hasEffect(int kind, int sectionNumber, bool asResult) {
+  const ItemKind* row = itemKind(kind);
+  if (!row || !isRuleSection(sectionNumber)) return false;
+  return ((asResult ? row->resultSections : row->conditionSections) & in(sectionNumber)) != 0;
+}
+
+}  // namespace kiv

@@ -1,0 +1,59 @@
+#include "spec/text_search_list.h"
+
+#include <algorithm>
+
+#include "base/files.h"
+#include "base/fold.h"
+#include "platform/text.h"
+
+namespace kiv {
+namespace {
+
+constexpr const wchar_t* kHeader = L"*** MOJILIST ***";
+
+bool showsNothing(wchar_t c) { return c <= L' ' || (c >= 0x7F && c <= 0xA0) || c == 0x3000; }
+
+base::Failure cannotOpen(const std::filesystem::path& file) {
+  return {base::pathText(file), kTextListCannotOpen};
+}
+
+}  // namespace
+
+base::Result<std::vector<std::wstring>> readTextSearchList(const std::filesystem::path& file) {
+  const auto content = base::readFile(file);
+  if (!content.ok()) return cannotOpen(file);
+  const std::vector<TextLine> lines = textLines(content.value());
+  if (lines.empty() || !base::equalFolded(lines[0].text, kHeader)) {
+    return base::Failure{base::pathText(file), kTextListNotUsable};
+  }
+  std::vector<std::wstring> rows;
+  for (size_t index = 1; index < lines.size(); ++index) rows.push_back(lines[index].text);
+  return rows;
+}
+
+base::Result<std::vector<std::wstring>> loadTextSearchList(const std::filesystem::path& folder,
+                                                           std::wstring_view name) {
+  const std::filesystem::path file = base::findIgnoringCase(folder, name);
+  if (file.empty()) return cannotOpen(folder / base::pathFromText(name));
+  auto rows = readTextSearchList(file);
+  if (rows.ok() && rows.value().size() > kTextSearchListCapacity)
+    rows.value().resize(kTextSearchListCapacity);
+  return rows;
+}
+
+base::Status writeTextSearchList(const std::filesystem::path& file, const std::vector<std::wstring>& rows) {
+  std::wstring text = std::wstring(kHeader) + L"\n";
+  for (const std::wstring& row : rows) {
+    if (!isBlankRow(row)) text += row + L"\n";
+  }
+  const base::Encoded encoded = encodeText(text);
+  if (!encoded.clean) {
+    return base::Failure{base::pathText(file), L"code page 932 does not have: " + unwritableCharacters(text)};
+  }
+  if (!base::writeFileAtomically(file, encoded.bytes).ok()) return cannotOpen(file);
+  return {};
+}
+
+bool isBlankRow(std::wstring_view row) { return std::all_of(row.begin(), row.end(), showsNothing); }
+
+}  // namespace kiv
