@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/fold.h"
 #include "embedded/drawing/dim_variable_table.h"
 #include "embedded/dxf/dim_overrides.h"
 #include "embedded/dxf/record_builder.h"
@@ -189,6 +190,14 @@ base::Status requireAcadApp(Drawing& drawing) {
   return added.ok() ? base::Status() : base::Status(added.failure());
 }
 
+bool sameValue(const DimVariableInfo& info, const std::optional<Variable>& present, const Variable& value) {
+  if (!present) return false;
+  const auto* a = std::get_if<std::wstring>(&*present);
+  const auto* b = std::get_if<std::wstring>(&value);
+  if (a != nullptr && b != nullptr) return info.isName() ? base::equalFolded(*a, *b) : *a == *b;
+  return asReal(*present) && asReal(*present) == asReal(value);
+}
+
 std::wstring variableName(const DimVariableInfo& info) { return {info.name.begin(), info.name.end()}; }
 
 }  // namespace
@@ -217,9 +226,7 @@ base::Status DxfStorage::setDimVariable(Drawing& drawing, RecordId id, int code,
   const bool style = isStyle(drawing.record(id));
   if (!style && !takesOverrides(typeName(drawing.record(id))))
     return failure(variableName(*info), L"this object has no dimension variables");
-  if (const std::optional<Variable> present = dimVariable(drawing, id, code)) {
-    if (*present == value || (asReal(*present) && asReal(*present) == asReal(value))) return {};
-  }
+  if (sameValue(*info, dimVariable(drawing, id, code), value)) return {};
 
   Drawing::ChangeScope scope(drawing);
   base::Status status = drawing.materialise(id);
