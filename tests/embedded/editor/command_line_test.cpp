@@ -1,0 +1,125 @@
+#include "accmd.h"
+#include "acedCmdNF.h"
+#include "rxdlinkr.h"
+#include "tests/embedded/editor/host_fixture.h"
+
+namespace {
+
+using cad_test::HostTest;
+
+std::vector<std::wstring> calls;
+
+void recolour() {
+  calls.push_back(L"recolour");
+  cad::Drawing& drawing = cad::Host::instance().currentDrawing();
+  const cad::RecordId first = drawing.entitiesOf(drawing.modelSpace()).front();
+  EXPECT_TRUE(drawing.setInteger(first, cad::Property::kColorIndex, 3).ok());
+  EXPECT_TRUE(drawing.setReal(first, cad::Property::kTextHeight, 9).ok());
+}
+
+void groupedRecolour() {
+  EXPECT_EQ(acedCommandS(RTSTR, L"UNDO", RTSTR, L"BE", RTNONE), RTNORM);
+  recolour();
+  EXPECT_EQ(acedCommandS(RTSTR, L".REGEN", RTNONE), RTNORM);
+  EXPECT_EQ(acedCommandS(RTNONE), RTNORM);
+  EXPECT_EQ(acedCommandS(RTSTR, L"UNDO", RTSTR, L"E", RTNONE), RTNORM);
+}
+
+class Commands : public HostTest {
+ protected:
+  void SetUp() override {
+    HostTest::SetUp();
+    calls.clear();
+    stack_ = acedRegCmds;
+    ASSERT_NE(stack_, nullptr);
+  }
+  void TearDown() override {
+    stack_->removeGroup(L"TEST_GROUP");
+    HostTest::TearDown();
+  }
+  Acad::ErrorStatus add(const wchar_t* global, const wchar_t* local, AcRxFunctionPtr function) {
+    return stack_->addCommand(L"TEST_GROUP", global, local, ACRX_CMD_MODAL, function);
+  }
+  AcEdCommandStack* stack_ = nullptr;
+};
+
+TEST_F(Commands, AreFoundByBothNamesUntilTheirGroupGoes) {
+  ASSERT_EQ(add(L"LONG_NAME", L"LN", [] { calls.push_back(L"ran"); }), Acad::eOk);
+  EXPECT_EQ(add(L"long_name", L"XX", [] {}), Acad::eDuplicateKey);
+  EXPECT_TRUE(host().execute(L"long_name").ok());
+  EXPECT_TRUE(host().execute(L"\x03\x03ln").ok());
+  EXPECT_TRUE(host().execute(L"'_LONG_NAME").ok());
+  EXPECT_FALSE(host().execute(L"_LN").ok());         // an underscore asks for the global name
+  EXPECT_FALSE(host().execute(L".LONG_NAME").ok());  // a dot for the host's own command
+  EXPECT_EQ(calls.size(), 3u);
+  EXPECT_NE(stack_->lookupCmd(L"LN", false), nullptr);
+  EXPECT_EQ(stack_->lookupCmd(L"LN", true), nullptr);
+  EXPECT_EQ(stack_->removeGroup(L"test_group"), Acad::eOk);
+  EXPECT_EQ(stack_->removeGroup(L"test_group"), Acad::eKeyNotFound);
+  const base::Status gone = host().execute(L"LN");
+  ASSERT_FALSE(gone.ok());
+  EXPECT_NE(gone.failure().text().find(L"LN"), std::wstring::npos);
+}
+
+TEST_F(Commands, RegistryHoldsTheServices) {
+  EXPECT_TRUE(acrxSysRegistry()->at(L"DynamicLinker")->isA()->isDerivedFrom(AcRxDynamicLinker::desc()));
+  EXPECT_EQ(acrxSysRegistry()->at(L"Nothing"), nullptr);
+}
+
+TEST_F(Commands, OneUndoTakesBackOneGroup) {
+  open();
+  ASSERT_EQ(add(L"GROUPED", L"GR", groupedRecolour), Acad::eOk);
+  ASSERT_TRUE(host().execute(L"GROUPED").ok());
+  EXPECT_TRUE(drawing().isModified());
+  EXPECT_NE(savedBytes(), cad_test::drawingText());
+  ASSERT_TRUE(host().execute(L"U").ok());
+  EXPECT_EQ(savedBytes(), cad_test::drawingText());
+}
+
+TEST_F(Commands, ACommandWithoutAGroupIsUndoneAsOne) {
+  open();
+  ASSERT_EQ(add(L"PLAIN", L"PL", recolour), Acad::eOk);
+  ASSERT_TRUE(host().execute(L"PLAIN").ok());
+  ASSERT_TRUE(host().execute(L"-INSERT DOOR S 1 R 0 0,0").ok());
+  ASSERT_TRUE(host().execute(L"UNDO 2").ok());
+  EXPECT_EQ(savedBytes(), cad_test::drawingText());
+  EXPECT_TRUE(host().execute(L"UNDO 1").ok());
+  EXPECT_TRUE(printedHas(L"Everything has been undone"));
+  EXPECT_FALSE(host().execute(L"UNDO SIDEWAYS").ok());
+}
+
+TEST_F(Commands, ATypedGroupHoldsSeveralCommands) {
+  open();
+  ASSERT_TRUE(
+      host().execute(L"UNDO BEGIN\n-INSERT DOOR S 1 R 0 0,0\n-INSERT DOOR S 1 R 0 1,1\nUNDO END").ok());
+  ASSERT_TRUE(host().execute(L"U").ok());
+  EXPECT_EQ(savedBytes(), cad_test::drawingText());
+}
+
+TEST_F(Commands, AnUnfinishedSequenceGoesOnOrIsClosed) {
+  open();
+  const std::size_t before = drawing().entitiesOf(drawing().modelSpace()).size();
+  EXPECT_EQ(acedCommandS(RTSTR, L"-INSERT", RTSTR, L"DOOR", RTNONE), RTNORM);
+  EXPECT_EQ(acedCommandS(), RTNORM);
+  EXPECT_EQ(acedCommandS(RTSTR, L"1,1", RTNONE), RTERROR);  // no prompt is open: an unknown command
+  EXPECT_EQ(drawing().entitiesOf(drawing().modelSpace()).size(), before);
+
+  const ads_point at = {2, 3, 0};
+  EXPECT_EQ(acedCommandS(RTSTR, L"-INSERT", RTSTR, L"DOOR", RTSTR, L"S", RTNONE), RTNORM);
+  EXPECT_EQ(acedCommandS(RTREAL, 2.0, RTSTR, L"R", RTREAL, 90.0, RT3DPOINT, at, RTNONE), RTNORM);
+  EXPECT_EQ(drawing().entitiesOf(drawing().modelSpace()).size(), before + 1);
+}
+
+TEST_F(Commands, RefuseTokensThatCannotBeTyped) {
+  EXPECT_EQ(acedCommandS(4711, L"REGEN", RTNONE), RTERROR);
+  EXPECT_EQ(acedCommandS(RTSTR, L"NO_SUCH_COMMAND", RTNONE), RTERROR);
+  EXPECT_TRUE(printedHas(L"NO_SUCH_COMMAND"));
+}
+
+TEST_F(Commands, AThrowingCommandIsARefusal) {
+  ASSERT_EQ(add(L"THROWS", L"TH", [] { throw 1; }), Acad::eOk);
+  EXPECT_FALSE(host().execute(L"THROWS").ok());
+  EXPECT_TRUE(host().execute(L"REGEN").ok());
+}
+
+}  // namespace

@@ -1,0 +1,114 @@
+#include "accmd.h"
+#include "acdocman.h"
+#include "dbapserv.h"
+#include "embedded/objects/database_access.h"
+#include "rxregsvc.h"
+#include "tests/embedded/editor/host_fixture.h"
+
+namespace {
+
+using cad_test::HostTest;
+
+std::vector<std::wstring> ran;
+
+void note() { ran.push_back(acDocManager->curDocument()->docTitle()); }
+
+void noteAndSend() {
+  note();
+  acDocManager->sendStringToExecute(acDocManager->curDocument(), L"NOTE\n", true, false, true);
+  ran.push_back(L"after sending");
+}
+
+class DocumentsTest : public HostTest {
+ protected:
+  void SetUp() override {
+    HostTest::SetUp();
+    ran.clear();
+    acedRegCmds->addCommand(L"TEST_GROUP", L"NOTE", L"NT", ACRX_CMD_MODAL, note);
+    acedRegCmds->addCommand(L"TEST_GROUP", L"SENDS", L"SN", ACRX_CMD_MODAL, noteAndSend);
+  }
+  void TearDown() override {
+    acedRegCmds->removeGroup(L"TEST_GROUP");
+    HostTest::TearDown();
+  }
+  std::vector<std::wstring> titles() {
+    std::vector<std::wstring> out;
+    const std::unique_ptr<AcApDocumentIterator> all(acDocManager->newAcApDocumentIterator());
+    for (; !all->done(); all->step()) out.push_back(all->document()->docTitle());
+    return out;
+  }
+};
+
+TEST_F(DocumentsTest, AStartDocumentIsAlwaysThere) {
+  EXPECT_EQ(titles(), std::vector<std::wstring>{L"Drawing1.dwg"});
+  ASSERT_TRUE(host().closeDocument().ok());
+  EXPECT_EQ(titles(), std::vector<std::wstring>{L"Drawing2.dwg"});
+}
+
+TEST_F(DocumentsTest, TheWorkingDatabaseFollowsTheCurrentDocument) {
+  AcApDocument* start = acDocManager->curDocument();
+  open();
+  AcApDocument* plan = acDocManager->mdiActiveDocument();
+  EXPECT_NE(plan, start);
+  EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), plan->database());
+  EXPECT_EQ(acDocManager->document(start->database()), start);
+  EXPECT_EQ(acDocManager->activateDocument(start), Acad::eOk);
+  EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), start->database());
+  EXPECT_EQ(acDocManager->closeDocument(plan), Acad::eOk);
+  EXPECT_EQ(acDocManager->closeDocument(plan), Acad::eInvalidInput);
+  EXPECT_EQ(acDocManager->curDocument(), start);
+}
+
+TEST_F(DocumentsTest, ADrawingIsOpenOnlyOnce) {
+  const std::filesystem::path path = open();
+  open("second.dxf");
+  ASSERT_TRUE(host().openDocument(path).ok());
+  EXPECT_EQ(host().documentCount(), 3u);
+  EXPECT_EQ(std::wstring(acDocManager->curDocument()->fileName()), text(path));
+}
+
+TEST_F(DocumentsTest, ABadFileIsNamedAndChangesNothing) {
+  const base::Status missing = host().openDocument(folder_ / "missing.dxf");
+  ASSERT_FALSE(missing.ok());
+  EXPECT_NE(missing.failure().text().find(L"missing.dxf"), std::wstring::npos);
+  EXPECT_FALSE(host().execute(L"OPEN " + text(write("bad.dxf", "no drawing"))).ok());
+  EXPECT_EQ(host().documentCount(), 1u);
+}
+
+TEST_F(DocumentsTest, SentStringsRunInOrderWhenTheCommandHasEnded) {
+  AcApDocument* start = acDocManager->curDocument();
+  open();
+  acDocManager->sendStringToExecute(start, L"\x03NOTE\n", true, false, true);
+  ASSERT_TRUE(host().execute(L"SENDS").ok());
+  const std::vector<std::wstring> expected = {L"plan.dxf", L"after sending", L"Drawing1.dwg", L"plan.dxf"};
+  EXPECT_EQ(ran, expected);
+}
+
+TEST_F(DocumentsTest, StringsOfAClosedDocumentAreDropped) {
+  open();
+  AcApDocument* plan = acDocManager->curDocument();
+  acDocManager->sendStringToExecute(plan, L"NOTE\n");
+  acDocManager->closeDocument(plan);
+  EXPECT_TRUE(host().execute(L"REGEN").ok());
+  EXPECT_TRUE(ran.empty());
+  EXPECT_EQ(acDocManager->sendStringToExecute(plan, L"NOTE\n"), Acad::eInvalidInput);
+}
+
+TEST_F(DocumentsTest, FilesAreFoundAlongTheSearchPathIgnoringCase) {
+  open();
+  std::filesystem::create_directories(folder_ / "support");
+  write("beside.txt", "");
+  write("support/FONTS.LIN", "");
+  host().setSupportPath({folder_ / "support"});
+  AcString found;
+  EXPECT_EQ(acedFindFile(L"Beside.TXT", found), RTNORM);
+  EXPECT_EQ(found.kACharPtr(), text(folder_ / "beside.txt"));
+  EXPECT_EQ(acedFindFile(L"fonts.lin", found), RTNORM);
+  EXPECT_EQ(acedFindFile(text(folder_ / "fonts.lin").c_str(), found),
+            RTERROR);  // only in the folder it names
+  EXPECT_EQ(acedFindFile(L"nothing.lin", found), RTERROR);
+  wchar_t small[4];
+  EXPECT_EQ(acedFindFile(L"fonts.lin", small, 4), RTERROR);
+}
+
+}  // namespace

@@ -1,0 +1,102 @@
+#include "acedCmdNF.h"
+#include "tests/embedded/editor/host_fixture.h"
+
+namespace {
+
+using cad_test::HostTest;
+
+class Save : public HostTest {
+ protected:
+  void SetUp() override {
+    HostTest::SetUp();
+    open();
+  }
+  int saveAsDxf(const std::filesystem::path& target, bool overwrite) {
+    const std::wstring path = text(target);
+    resbuf* tokens = acutBuildList(RTSTR, L"SAVEAS", RTSTR, L"DXF", RTSTR, L"V", RTSTR, L"", RTSTR, L"",
+                                   RTSTR, L"DXF", RTSTR, path.c_str(), RTNONE);
+    resbuf* last = tokens;
+    while (last->rbnext) last = last->rbnext;
+    if (overwrite) last->rbnext = acutBuildList(RTSTR, L"Y", RTNONE);
+    const int result = acedCmdS(tokens);
+    acutRelRb(tokens);
+    acedCommandS();
+    return result;
+  }
+  void modify() {
+    const cad::RecordId first = drawing().entitiesOf(drawing().modelSpace()).front();
+    ASSERT_TRUE(drawing().setInteger(first, cad::Property::kColorIndex, 3).ok());
+  }
+};
+
+TEST_F(Save, DxfBySequenceOfTokens) {
+  const std::filesystem::path target = folder_ / "out.DXF";
+  EXPECT_EQ(saveAsDxf(target, false), RTNORM);
+  EXPECT_EQ(read(target), cad_test::drawingText());
+  ASSERT_TRUE(host().lastSave());
+  EXPECT_TRUE(host().lastSave()->status.ok());
+  EXPECT_EQ(host().lastSave()->path, target);
+  EXPECT_EQ(drawing().path(), target);
+}
+
+TEST_F(Save, OverwritesOnlyOnYes) {
+  const std::filesystem::path target = write("out.DXF", "old");
+  saveAsDxf(target, false);
+  EXPECT_EQ(read(target), "old");
+  ASSERT_TRUE(host().lastSave());
+  EXPECT_FALSE(host().lastSave()->status.ok());
+  EXPECT_EQ(saveAsDxf(target, true), RTNORM);
+  EXPECT_EQ(read(target), cad_test::drawingText());
+  EXPECT_TRUE(host().lastSave()->status.ok());
+}
+
+TEST_F(Save, AnAnswerThatIsNotAskedForDoesNoHarm) {
+  EXPECT_EQ(saveAsDxf(folder_ / "fresh.DXF", true), RTNORM);
+  EXPECT_TRUE(exists("fresh.DXF"));
+}
+
+TEST_F(Save, DwgAndDwtRefuseAndWriteNothing) {
+  const std::wstring dwg = text(folder_ / "a.DWG"), dwt = text(folder_ / "a.DWT");
+  EXPECT_EQ(acedCommandS(RTSTR, L"SAVEAS", RTSTR, L"", RTSTR, dwg.c_str(), RTNONE), RTERROR);
+  EXPECT_TRUE(printedHas(L"a.DWG: saving as DWG is not supported yet"));
+  EXPECT_EQ(acedCommandS(RTSTR, L"SAVEAS", RTSTR, L"T", RTSTR, dwt.c_str(), RTSTR, L"Y", RTNONE), RTERROR);
+  EXPECT_FALSE(exists("a.DWG"));
+  EXPECT_FALSE(exists("a.DWT"));
+  ASSERT_TRUE(host().lastSave());
+  EXPECT_EQ(host().lastSave()->status.failure().reason, L"saving as DWT is not supported yet");
+  EXPECT_EQ(drawing().path(), folder_ / "plan.dxf");
+}
+
+TEST_F(Save, AFolderThatIsNotThereIsReported) {
+  EXPECT_EQ(saveAsDxf(folder_ / "missing" / "a.DXF", false), RTERROR);
+  EXPECT_FALSE(host().lastSave()->status.ok());
+}
+
+TEST_F(Save, NeverOntoAnotherOpenDrawing) {
+  open("second.dxf");
+  EXPECT_EQ(saveAsDxf(folder_ / "plan.dxf", true), RTERROR);
+  EXPECT_EQ(read(folder_ / "plan.dxf"), cad_test::drawingText());
+}
+
+TEST_F(Save, QuickSaveKeepsTheFile) {
+  modify();
+  EXPECT_TRUE(host().execute(L"QSAVE").ok());
+  EXPECT_NE(read(folder_ / "plan.dxf"), cad_test::drawingText());
+  EXPECT_FALSE(drawing().isModified());
+  ASSERT_TRUE(host().closeDocument().ok());
+  EXPECT_FALSE(host().execute(L"QSAVE").ok());  // the start document has no file
+}
+
+TEST_F(Save, CloseAsksForAWordAboutChanges) {
+  modify();
+  EXPECT_EQ(acedCommandS(RTSTR, L"CLOSE", RTNONE), RTERROR);
+  EXPECT_EQ(drawing().path(), folder_ / "plan.dxf");
+  EXPECT_EQ(acedCommandS(RTSTR, L"CLOSE", RTSTR, L"Y", RTNONE), RTNORM);
+  EXPECT_NE(drawing().path(), folder_ / "plan.dxf");
+  EXPECT_EQ(read(folder_ / "plan.dxf"), cad_test::drawingText());
+  open("second.dxf");
+  EXPECT_EQ(acedCommandS(RTSTR, L"CLOSE", RTNONE), RTNORM);
+  EXPECT_EQ(host().documentCount(), 1u);
+}
+
+}  // namespace

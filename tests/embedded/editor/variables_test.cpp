@@ -1,0 +1,119 @@
+#include "dbmain.h"
+#include "tests/embedded/editor/host_fixture.h"
+
+namespace {
+
+using cad_test::HostTest;
+
+class Variables : public HostTest {
+ protected:
+  void SetUp() override {
+    HostTest::SetUp();
+    open();
+  }
+  resbuf get(const wchar_t* name) {
+    resbuf value{};
+    EXPECT_EQ(acedGetVar(name, &value), RTNORM) << testing::PrintToString(std::wstring(name));
+    return value;
+  }
+  std::wstring getText(const wchar_t* name) {
+    resbuf value = get(name);
+    EXPECT_EQ(value.restype, RTSTR);
+    if (value.restype != RTSTR) return L"";
+    std::wstring out = value.resval.rstring;
+    acutDelString(value.resval.rstring);
+    return out;
+  }
+  int setText(const wchar_t* name, std::wstring value) {
+    resbuf buffer{nullptr, RTSTR, {}};
+    buffer.resval.rstring = value.data();
+    return acedSetVar(name, &buffer);
+  }
+  int setReal(const wchar_t* name, double value) {
+    resbuf buffer{nullptr, RTREAL, {}};
+    buffer.resval.rreal = value;
+    return acedSetVar(name, &buffer);
+  }
+  int setShort(const wchar_t* name, short value) {
+    resbuf buffer{nullptr, RTSHORT, {}};
+    buffer.resval.rint = value;
+    return acedSetVar(name, &buffer);
+  }
+  bool hasBlock(std::wstring_view name) { return drawing().find(cad::Table::kBlock, name) != cad::kNoRecord; }
+};
+
+TEST_F(Variables, HaveTheirOwnTypes) {
+  EXPECT_EQ(get(L"dimscale").restype, RTREAL);
+  EXPECT_EQ(get(L"DIMTAD").restype, RTSHORT);
+  EXPECT_EQ(get(L"LTSCALE").resval.rreal, 1.0);
+  EXPECT_EQ(get(L"TILEMODE").resval.rint, 1);  // not in the file: the default
+  EXPECT_EQ(getText(L"CLAYER"), L"0");
+  EXPECT_EQ(getText(L"CECOLOR"), L"BYLAYER");
+  EXPECT_EQ(getText(L"DWGNAME"), L"plan.dxf");
+  EXPECT_EQ(getText(L"DWGPREFIX"), text(folder_ / ""));
+  resbuf value{};
+  EXPECT_EQ(acedGetVar(L"NOSUCHTHING", &value), RTERROR);
+}
+
+TEST_F(Variables, AreSetAndSavedWithTheDrawing) {
+  EXPECT_EQ(get(L"DBMOD").resval.rint, 0);
+  EXPECT_EQ(setReal(L"DIMSCALE", 50), RTNORM);
+  EXPECT_EQ(setShort(L"DIMTAD", 1), RTNORM);
+  EXPECT_EQ(setText(L"CLAYER", L"wall-a"), RTNORM);
+  EXPECT_EQ(setText(L"CECOLOR", L"ByBlock"), RTNORM);
+  EXPECT_EQ(get(L"DBMOD").resval.rint, 1);
+  EXPECT_EQ(getText(L"CLAYER"), L"WALL-A");
+  EXPECT_EQ(getText(L"CECOLOR"), L"BYBLOCK");
+  const std::string saved = savedBytes();
+  EXPECT_NE(saved.find("$DIMSCALE\r\n 40\r\n50.0\r\n"), std::string::npos);
+  EXPECT_NE(saved.find("$CLAYER\r\n  8\r\nWALL-A\r\n"), std::string::npos);
+}
+
+TEST_F(Variables, WritingBackWhatIsThereIsNoChange) {
+  EXPECT_EQ(setReal(L"USERR1", get(L"USERR1").resval.rreal), RTNORM);
+  EXPECT_EQ(setText(L"DIMBLK", getText(L"DIMBLK")), RTNORM);
+  EXPECT_EQ(setShort(L"TILEMODE", 1), RTNORM);
+  EXPECT_EQ(get(L"DBMOD").resval.rint, 0);
+  EXPECT_EQ(savedBytes(), cad_test::drawingText());
+}
+
+TEST_F(Variables, RefuseWhatTheyCannotBe) {
+  EXPECT_EQ(setReal(L"DBMOD", 0), RTERROR);
+  EXPECT_EQ(setText(L"DWGNAME", L"other.dxf"), RTERROR);
+  EXPECT_EQ(setShort(L"DIMSCALE", 2), RTERROR);  // a real
+  EXPECT_EQ(setReal(L"DIMTAD", 1), RTERROR);     // an integer
+  EXPECT_EQ(setText(L"LTSCALE", L"1"), RTERROR);
+  EXPECT_EQ(setReal(L"LTSCALE", 0), RTERROR);
+  EXPECT_EQ(setReal(L"LTSCALE", -1), RTERROR);
+  EXPECT_EQ(setShort(L"TILEMODE", 2), RTERROR);
+  EXPECT_EQ(setText(L"CLAYER", L"NOWHERE"), RTERROR);
+  EXPECT_EQ(setText(L"CLAYER", L"FROZEN"), RTERROR);
+  EXPECT_EQ(setText(L"CECOLOR", L"257"), RTERROR);
+  EXPECT_EQ(setText(L"CECOLOR", L"red"), RTERROR);
+  EXPECT_EQ(setShort(L"DIMATFIT", 1), RTERROR);  // this drawing's version has no such variable
+  EXPECT_EQ(setText(L"NOSUCHTHING", L""), RTERROR);
+  EXPECT_EQ(get(L"DBMOD").resval.rint, 0);
+}
+
+TEST_F(Variables, AnArrowNameMakesItsBlock) {
+  EXPECT_FALSE(hasBlock(L"_DOT"));
+  EXPECT_EQ(setText(L"DIMBLK", L"_DOT"), RTNORM);
+  EXPECT_TRUE(hasBlock(L"_DOT"));
+  EXPECT_EQ(setText(L"DIMBLK", L"."), RTNORM);
+  EXPECT_EQ(getText(L"DIMBLK"), L"");
+  EXPECT_TRUE(hasBlock(L"_DOT"));
+  EXPECT_EQ(setText(L"DIMBLK1", L"door"), RTNORM);  // a block of the drawing's own
+  EXPECT_EQ(getText(L"DIMBLK1"), L"DOOR");
+  EXPECT_EQ(setText(L"DIMBLK", L"NO_SUCH_ARROW"), RTERROR);
+}
+
+TEST_F(Variables, SessionVariablesStayWithTheHost) {
+  EXPECT_EQ(setText(L"USERS1", L"note"), RTNORM);
+  EXPECT_EQ(setShort(L"CMDECHO", 0), RTNORM);
+  ASSERT_TRUE(host().closeDocument().ok());
+  EXPECT_EQ(getText(L"USERS1"), L"note");
+  EXPECT_EQ(get(L"CMDECHO").resval.rint, 0);
+  EXPECT_EQ(getText(L"DWGNAME"), L"Drawing1.dwg");
+}
+
+}  // namespace
