@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "base/result.h"
@@ -199,6 +200,7 @@ class Drawing {
   base::Status checkKnown(Property property, NameId value) const;
   base::Status requireAppId(RecordId id, Property property);
   base::Status setStored(RecordId id, Property property, const StoredValue& value);
+  SignatureId signatureWith(const Record& record, Property property, const StoredValue& value);
   void setState(RecordId id, EditId edits, SignatureId signature, std::uint8_t flags);
   void count(const Record& record, int difference);
   void recordChanged(RecordId id);
@@ -225,7 +227,8 @@ class Drawing {
   mutable std::unique_ptr<BlockLists> blockLists_;
   mutable std::unique_ptr<std::vector<RecordId>> subRecords_;
   mutable std::unique_ptr<std::unordered_map<Handle, RecordId>> handles_;
-  Handle nextHandle_ = 0;  // 0: not yet known
+  Handle nextHandle_ = 0;                          // 0: not yet known
+  std::optional<std::pair<EditId, Handle>> seed_;  // the header's next free handle in one of its states
 };
 
 }  // namespace cad

@@ -8,6 +8,7 @@
 #include "embedded/drawing/storage.h"
 #include "embedded/dxf/dialect.h"
 #include "embedded/dxf/edit_store.h"
+#include "embedded/dxf/property_places.h"
 #include "embedded/dxf/source_bytes.h"
 
 namespace cad::dxf {
@@ -67,7 +68,16 @@ class DxfStorage final : public RecordStorage {
   std::optional<Variable> headerVariable(const Drawing& drawing, std::string_view name) const override;
   base::Status setHeaderVariable(Drawing& drawing, std::string_view name, const Variable& value) override;
 
+  // The state with a group's value replaced or, with `at`, a new group's bytes put in. For storages' own use.
+  EditId withValue(const Record& record, const Group& group, std::string_view value);
+  EditId withGroups(const Record& record, std::uint32_t at, std::string_view groups);
+  EditId withoutGroup(const Record& record, const Group& group);
+
  private:
+  std::string_view original(const Record& record) const;
+  base::Result<EditId> setGeneric(const Record& record, const PropertyPlace& place, const StoredValue& value);
+  EditId dropTrueColor(Record record);
+
   std::unique_ptr<SourceBytes> source_;
   Dialect dialect_;
   DrawingFacts facts_;

@@ -23,10 +23,11 @@ class EditStore {
   TextId keepRecord(std::string bytes);     // not shared
   std::string_view text(TextId id) const { return texts_[id]; }
 
-  // Replaces `removed` bytes at `offset` of the state `previous`. `present` are the bytes of that state:
-  // a long chain is cut short by an edit that holds the whole record.
-  EditId add(EditId previous, std::uint32_t offset, std::uint32_t removed, std::string_view replacement,
-             std::string_view present);
+  // Replaces `removed` bytes at `offset` of the state `previous`.
+  EditId add(EditId previous, std::uint32_t offset, std::uint32_t removed, std::string_view replacement);
+  // A long chain is to be cut short by an edit that holds the whole record.
+  bool isLong(EditId edit) const;
+  EditId addWhole(EditId previous, std::string bytes);
   // Appends to `out` the bytes of the state `edit` of a record that began as `original`.
   void apply(EditId edit, std::string_view original, std::string& out) const;
 
@@ -39,8 +40,6 @@ class EditStore {
   };
   static constexpr std::uint32_t kWhole = 0xFFFFFFFF;
   static constexpr int kLongestChain = 16;
-
-  int chainLength(EditId edit) const;
 
   std::vector<Edit> edits_;
   std::deque<std::string> texts_;

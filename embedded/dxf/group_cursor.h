@@ -30,9 +30,6 @@ class GroupCursor {
   const Group& group() const { return group_; }
 
  private:
-  bool nextText();
-  bool nextBinary();
-
   std::string_view bytes_;
   const Dialect& dialect_;
   Group group_;

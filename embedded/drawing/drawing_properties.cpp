@@ -1,0 +1,192 @@
+// Typed properties of the drawing's records.
+
+#include <algorithm>
+#include <cmath>
+
+#include "base/fold.h"
+#include "embedded/drawing/drawing.h"
+#include "embedded/drawing/stored_text.h"
+
+namespace cad {
+namespace {
+
+bool isImplied(const Record& record) {
+  return (record.flags & (Record::kImplied | Record::kAdded)) == Record::kImplied;
+}
+
+Table tableNamedBy(Property property) {
+  switch (property) {
+    case Property::kLayer:
+      return Table::kLayer;
+    case Property::kLinetype:
+    case Property::kLayerLinetype:
+      return Table::kLinetype;
+    case Property::kTextStyle:
+      return Table::kTextStyle;
+    case Property::kDimStyle:
+      return Table::kDimStyle;
+    case Property::kDimBlock:
+    case Property::kBlockName:
+      return Table::kBlock;
+    default:
+      return Table::kNone;
+  }
+}
+
+std::wstring wide(std::string_view text) { return std::wstring(text.begin(), text.end()); }
+
+}  // namespace
+
+std::optional<double> Drawing::real(RecordId id, Property property) const {
+  if (isImplied(records_[id])) return std::nullopt;
+  const StoredValue value = storage_->property(records_[id], property);
+  if (const auto* number = std::get_if<double>(&value)) return *number;
+  return std::nullopt;
+}
+
+std::optional<std::int64_t> Drawing::integer(RecordId id, Property property) const {
+  const Record& record = records_[id];
+  if (isImplied(record)) return std::nullopt;
+  if (property == Property::kColorIndex && record.signature != 0) {
+    const std::int16_t color = signatures_[record.signature].color;
+    if (color == Signature{}.color) return std::nullopt;
+    return color;
+  }
+  const StoredValue value = storage_->property(record, property);
+  if (const auto* number = std::get_if<std::int64_t>(&value)) return *number;
+  return std::nullopt;
+}
+
+std::optional<std::wstring> Drawing::text(RecordId id, Property property) const {
+  const Record& record = records_[id];
+  if (propertyInfo(property).type == PropertyType::kName) {
+    const NameId found = name(id, property);
+    if (found == kNoName) return std::nullopt;
+    return names_.text(found);
+  }
+  if (isImplied(record)) return std::nullopt;
+  const StoredValue value = storage_->property(record, property);
+  if (const auto* stored = std::get_if<std::string>(&value)) return decodeStored(*stored, facts().codePage);
+  return std::nullopt;
+}
+
+NameId Drawing::name(RecordId id, Property property) const {
+  const Record& record = records_[id];
+  if (isImplied(record)) return property == Property::kName ? impliedNames_.at(id) : kNoName;
+  if (record.signature != 0) {
+    const Signature& signature = signatures_[record.signature];
+    const bool entity = record.kind == RecordKind::kEntity || record.kind == RecordKind::kSubEntity;
+    if (property == Property::kLayer) return signature.layer;
+    if (property == Property::kLinetype) return entity ? signature.linetype : kNoName;
+    if (property == Property::kTextStyle) return signature.style;
+  }
+  const StoredValue value = storage_->property(record, property);
+  const auto* stored = std::get_if<std::string>(&value);
+  return stored == nullptr ? kNoName : names_.intern(std::string_view(*stored));
+}
+
+bool Drawing::canHold(RecordId id, Property property) const {
+  const Record& record = records_[id];
+  if (!isImplied(record)) return storage_->canHold(record, property);
+  // What an implied record could hold is what any record of its table could.
+  for (const RecordId other : tableRecords(record.table)) {
+    if (!isImplied(records_[other])) return storage_->canHold(records_[other], property);
+  }
+  return true;
+}
+
+base::Status Drawing::checkValue(RecordId, Property property, double value) const {
+  const PropertyInfo& info = propertyInfo(property);
+  const bool color = property == Property::kLayerColor && value == 0;
+  if (std::isfinite(value) && value >= info.least && value <= info.most && !color) return {};
+  return base::Failure{{}, L"The " + wide(info.name) + L" is out of its limits"};
+}
+
+base::Status Drawing::checkKnown(Property property, NameId value) const {
+  const Table table = tableNamedBy(property);
+  if (table == Table::kNone || find(table, value) != kNoRecord) return {};
+  return base::Failure{names_.text(value), L"The drawing has no such " + wide(propertyInfo(property).name)};
+}
+
+base::Status Drawing::setReal(RecordId id, Property property, double value) {
+  if (const base::Status status = checkValue(id, property, value); !status) return status;
+  if (real(id, property) == value) return {};
+  return setStored(id, property, value);
+}
+
+base::Status Drawing::setInteger(RecordId id, Property property, std::int64_t value) {
+  if (const base::Status status = checkValue(id, property, static_cast<double>(value)); !status)
+    return status;
+  return setStored(id, property, value);
+}
+
+base::Status Drawing::setText(RecordId id, Property property, std::wstring_view value) {
+  if (propertyInfo(property).type == PropertyType::kName) return setName(id, property, names_.intern(value));
+  if (const auto present = text(id, property); present && *present == value) return {};
+  return setStored(id, property, encodeStored(value, facts().codePage));
+}
+
+base::Status Drawing::setName(RecordId id, Property property, NameId value) {
+  const NameId present = name(id, property);
+  if (present == value) return {};
+  const bool same = present != kNoName && names_.folded(present) == names_.folded(value);
+  if (same && property != Property::kName) return {};
+  if (const base::Status status = checkKnown(property, value); !status) return status;
+  return setStored(id, property, std::string(names_.stored(value)));
+}
+
+base::Status Drawing::requireAppId(RecordId id, Property property) {
+  const bool transparency =
+      property == Property::kTransparency && records_[id].kind == RecordKind::kTableRecord;
+  if (!transparency && property != Property::kTypeface) return {};
+  const std::wstring_view application = transparency ? L"AcCmTransparency" : L"ACAD";
+  if (find(Table::kAppId, application) != kNoRecord) return {};
+  const auto made = addTableRecord(Table::kAppId, application);
+  return made ? base::Status() : base::Status(made.failure());
+}
+
+base::Status Drawing::setStored(RecordId id, Property property, const StoredValue& value) {
+  // An implied record of a table gets bytes of its own when one of its properties becomes another.
+  if (isImplied(records_[id])) {
+    ChangeScope scope(*this);
+    base::Status status = materialise(id);
+    if (status) status = setStored(id, property, value);
+    if (!status || records_[id].edits == kNoEdit) scope.rollBack();
+    return status;
+  }
+  const Record record = records_[id];
+  const auto state = storage_->setProperty(record, property, value);
+  if (!state) return state.failure();
+  if (state.value() == record.edits) return {};
+  if (property == Property::kTransparency || property == Property::kTypeface) {
+    if (const base::Status status = requireAppId(id, property); !status) return status;
+  }
+  journal_.add({id, record.edits, record.signature, JournalEntry::Kind::kState, record.flags});
+  setState(id, state.value(), signatureWith(record, property, value), record.flags);
+  return {};
+}
+
+SignatureId Drawing::signatureWith(const Record& record, Property property, const StoredValue& value) {
+  if (record.signature == 0) return 0;
+  Signature signature = signatures_[record.signature];
+  const auto interned = [&] { return names_.intern(std::string_view(std::get<std::string>(value))); };
+  switch (property) {
+    case Property::kLayer:
+      signature.layer = interned();
+      break;
+    case Property::kLinetype:
+      signature.linetype = interned();
+      break;
+    case Property::kTextStyle:
+      signature.style = interned();
+      break;
+    case Property::kColorIndex:
+      signature.color = static_cast<std::int16_t>(std::get<std::int64_t>(value));
+      break;
+    default:
+      break;
+  }
+  return signatures_.intern(signature);
+}
+
+}  // namespace cad

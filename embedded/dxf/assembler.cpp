@@ -1,0 +1,199 @@
+#include "embedded/dxf/assembler.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace cad::dxf {
+namespace {
+
+constexpr std::uint64_t kLongestRecord = 0xFFFFFF00;  // offsets within a record are 32 bits
+constexpr std::size_t kMostRecords = 0xFFFFFF00;
+
+Table tableOf(std::string_view type) {
+  static constexpr std::pair<std::string_view, Table> kTypes[] = {
+      {"LAYER", Table::kLayer},       {"LTYPE", Table::kLinetype}, {"STYLE", Table::kTextStyle},
+      {"DIMSTYLE", Table::kDimStyle}, {"APPID", Table::kAppId},    {"VIEW", Table::kView},
+      {"UCS", Table::kUcs},           {"VPORT", Table::kViewport}, {"BLOCK_RECORD", Table::kBlockRecord}};
+  for (const auto& [name, table] : kTypes) {
+    if (name == type) return table;
+  }
+  return Table::kNone;
+}
+
+std::size_t index(Table table) { return static_cast<std::size_t>(table); }
+
+void setOnce(RecordId& slot, RecordId id) {
+  if (slot == kNoRecord) slot = id;
+}
+
+}  // namespace
+
+bool Assembler::begin(std::string_view value, std::uint64_t offset) {
+  std::string_view type = trimmed(value);
+  if (std::ranges::any_of(type, [](char c) { return c >= 'a' && c <= 'z'; })) {
+    upperType_.assign(type);
+    for (char& c : upperType_) c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    type = upperType_;
+  }
+  if (!open_ && loaded_.records.empty() && type != "SECTION" && type != "EOF") {
+    failure_ = L"This is not a DXF drawing: it does not begin with a section";
+    return false;
+  }
+  if (!open_ && offset > 0) {
+    record_ = Record{};
+    open_ = true;
+  }
+  if (open_ && !close(offset)) return false;
+  record_ = Record{};
+  record_.offset = offset;
+  open_ = named_ = true;
+  entity_ = layerNames_ = false;
+  classify(type);
+  sawEnd_ = type == "EOF";
+  return !sawEnd_;
+}
+
+bool Assembler::close(std::uint64_t end) {
+  if (end - record_.offset > kLongestRecord || loaded_.records.size() >= kMostRecords) {
+    failure_ = L"The record is longer than 4 gigabytes, or there are too many records";
+    return false;
+  }
+  record_.length = static_cast<std::uint32_t>(end - record_.offset);
+  if (entity_) {
+    record_.signature = loaded_.signatures.intern(reader_.finish(loaded_.names, dialect_));
+    layerNames_ = reader_.namesLayers();
+    const bool ownedByModelSpace =
+        record_.kind == RecordKind::kEntity && record_.owner == LoadedRecords::kInModelSpace;
+    if (ownedByModelSpace && reader_.inPaperSpace(dialect_)) record_.owner = LoadedRecords::kInPaperSpace;
+  }
+  if (layerNames_) record_.flags |= Record::kLayerNames;
+  loaded_.records.push_back(record_);
+  return true;
+}
+
+void Assembler::finish(std::uint64_t size) {
+  if (open_) close(size);
+  open_ = false;
+}
+
+void Assembler::classify(std::string_view type) {
+  if (type == "SECTION" || type == "ENDSEC" || type == "EOF") return classifyFrame(type);
+  switch (place_) {
+    case Place::kTables:
+      return classifyTable(type);
+    case Place::kBlocks:
+      return classifyBlock(type);
+    case Place::kEntities:
+      record_.owner = LoadedRecords::kInModelSpace;
+      return classifyEntity(type);
+    case Place::kObjects:
+      record_.kind = RecordKind::kObject;
+      return;
+    default:
+      return;
+  }
+}
+
+void Assembler::classifyFrame(std::string_view type) {
+  static constexpr std::pair<Place, Section> kSections[] = {{Place::kHeader, Section::kHeader},
+                                                            {Place::kTables, Section::kTables},
+                                                            {Place::kBlocks, Section::kBlocks},
+                                                            {Place::kEntities, Section::kEntities},
+                                                            {Place::kObjects, Section::kObjects}};
+  const auto id = static_cast<RecordId>(loaded_.records.size());
+  record_.kind = RecordKind::kSection;
+  main_ = block_ = kNoRecord;
+  if (type == "SECTION") {
+    named_ = false;
+  } else if (type == "EOF") {
+    loaded_.frame.endOfFile = id;
+  } else {
+    for (const auto& [place, section] : kSections) {
+      if (place == place_) setOnce(loaded_.frame.sectionEnd[static_cast<std::size_t>(section)], id);
+    }
+  }
+  place_ = Place::kOutside;
+}
+
+void Assembler::name(std::string_view value) {
+  static constexpr std::pair<std::string_view, Place> kNames[] = {{"HEADER", Place::kHeader},
+                                                                  {"TABLES", Place::kTables},
+                                                                  {"BLOCKS", Place::kBlocks},
+                                                                  {"ENTITIES", Place::kEntities},
+                                                                  {"OBJECTS", Place::kObjects}};
+  value = trimmed(value);
+  const auto id = static_cast<RecordId>(loaded_.records.size());
+  if (record_.kind == RecordKind::kTableHead) {
+    const Table table = tableOf(value);
+    record_.table = table;
+    if (table != Table::kNone) setOnce(loaded_.frame.tableHead[index(table)], id);
+    return;
+  }
+  place_ = Place::kUnknown;
+  for (std::size_t i = 0; i < std::size(kNames); ++i) {
+    if (kNames[i].first != value) continue;
+    place_ = kNames[i].second;
+    setOnce(loaded_.frame.sectionBegin[i], id);
+  }
+}
+
+void Assembler::classifyTable(std::string_view type) {
+  if (type == "TABLE" || type == "ENDTAB") {
+    record_.kind = RecordKind::kTableHead;
+    named_ = type == "ENDTAB";
+    if (type == "TABLE") return;
+    // The table that ends is the one whose head came last.
+    for (auto at = loaded_.records.rbegin(); at != loaded_.records.rend(); ++at) {
+      if (at->kind != RecordKind::kTableHead) continue;
+      if (at->table != Table::kNone) {
+        setOnce(loaded_.frame.tableEnd[index(at->table)], static_cast<RecordId>(loaded_.records.size()));
+      }
+      return;
+    }
+    return;
+  }
+  record_.table = tableOf(type);
+  if (record_.table != Table::kNone) record_.kind = RecordKind::kTableRecord;
+}
+
+void Assembler::classifyBlock(std::string_view type) {
+  if (type == "BLOCK") {
+    block_ = static_cast<RecordId>(loaded_.records.size());
+    main_ = kNoRecord;
+    record_.kind = RecordKind::kBlockBegin;
+    record_.table = Table::kBlock;
+  } else if (type == "ENDBLK" && block_ != kNoRecord) {
+    record_.kind = RecordKind::kBlockEnd;
+    record_.owner = block_;
+    block_ = main_ = kNoRecord;
+  } else if (block_ != kNoRecord) {
+    record_.owner = block_;
+    return classifyEntity(type);
+  } else {
+    return;
+  }
+  entity_ = true;
+  reader_.begin(type == "BLOCK" ? "BLOCK" : "ENDBLK");
+}
+
+bool Assembler::isSubRecord(std::string_view type) {
+  return type == "VERTEX" || type == "ATTRIB" || type == "SEQEND";
+}
+
+void Assembler::classifyEntity(std::string_view type) {
+  entity_ = true;
+  if (isSubRecord(type)) {
+    record_.kind = RecordKind::kSubEntity;
+    const bool fits = main_ != kNoRecord && (type == "SEQEND" || mainIsInsert_ == (type == "ATTRIB"));
+    record_.owner = fits ? main_ : kNoRecord;
+    if (type == "SEQEND" || !fits) main_ = kNoRecord;
+  } else {
+    record_.kind = RecordKind::kEntity;
+    mainIsInsert_ = type == "INSERT";
+    main_ = mainIsInsert_ || type == "POLYLINE" ? static_cast<RecordId>(loaded_.records.size()) : kNoRecord;
+  }
+  reader_.begin(type.data() == upperType_.data() ? loaded_.names.stored(loaded_.names.intern(type)) : type);
+}
+
+}  // namespace cad::dxf

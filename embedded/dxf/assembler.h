@@ -1,0 +1,62 @@
+#pragma once
+// Turns the stream of a file's groups into records.
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "embedded/drawing/drawing.h"
+#include "embedded/dxf/dialect.h"
+#include "embedded/dxf/signature_reader.h"
+
+namespace cad::dxf {
+
+class Assembler {
+ public:
+  explicit Assembler(const Dialect& dialect) : dialect_(dialect) {}
+
+  // `offset`: where the group begins in the file. False: the file is at its end, or failed() says why not.
+  bool group(int code, std::string_view value, std::uint64_t offset) {
+    if (code == 0) return begin(value, offset);
+    if (entity_) {
+      reader_.group(code, value);
+    } else if (code == 2 && !named_) {
+      named_ = true;
+      name(value);
+    } else if (code == 1003) {
+      layerNames_ = true;
+    }
+    return true;
+  }
+  // Bytes before the first record are a record of their own. `size`: the length of the file.
+  void finish(std::uint64_t size);
+  bool sawEnd() const { return sawEnd_; }
+  const wchar_t* failure() const { return failure_; }  // null: none
+  LoadedRecords take() { return std::move(loaded_); }
+
+ private:
+  enum class Place : std::uint8_t { kOutside, kHeader, kTables, kBlocks, kEntities, kObjects, kUnknown };
+
+  bool begin(std::string_view type, std::uint64_t offset);
+  bool close(std::uint64_t end);
+  void name(std::string_view value);
+  void classify(std::string_view type);
+  void classifyFrame(std::string_view type);
+  void classifyBlock(std::string_view type);
+  void classifyEntity(std::string_view type);
+  void classifyTable(std::string_view type);
+  bool isSubRecord(std::string_view type);
+
+  const Dialect& dialect_;
+  LoadedRecords loaded_;
+  SignatureReader reader_;
+  Record record_;
+  bool open_ = false, entity_ = false, named_ = true, layerNames_ = false, sawEnd_ = false;
+  Place place_ = Place::kOutside;
+  RecordId block_ = kNoRecord, main_ = kNoRecord;
+  bool mainIsInsert_ = false;
+  std::string upperType_;
+  const wchar_t* failure_ = nullptr;
+};
+
+}  // namespace cad::dxf

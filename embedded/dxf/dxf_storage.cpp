@@ -1,0 +1,143 @@
+#include "embedded/dxf/dxf_storage.h"
+
+#include <utility>
+
+#include "embedded/drawing/stored_text.h"
+#include "embedded/dxf/group_cursor.h"
+#include "embedded/dxf/group_writer.h"
+#include "embedded/dxf/signature_reader.h"
+
+namespace cad::dxf {
+
+DxfStorage::DxfStorage(std::unique_ptr<SourceBytes> source, const Dialect& dialect, DrawingFacts facts)
+    : source_(std::move(source)), dialect_(dialect), facts_(std::move(facts)) {}
+
+std::string_view DxfStorage::original(const Record& record) const {
+  if ((record.flags & Record::kAdded) != 0) return edits_.text(static_cast<TextId>(record.offset));
+  if ((record.flags & Record::kImplied) != 0) return {};
+  return source_->view().substr(record.offset, record.length);
+}
+
+std::string_view DxfStorage::bytes(const Record& record, std::string& scratch) const {
+  if (record.edits == kNoEdit) return original(record);
+  scratch.clear();
+  edits_.apply(record.edits, original(record), scratch);
+  return scratch;
+}
+
+EditId DxfStorage::splice(const Record& record, const Splice& change) {
+  if (!edits_.isLong(record.edits)) {
+    return edits_.add(record.edits, change.offset, change.removed, change.bytes);
+  }
+  std::string scratch;
+  std::string whole(bytes(record, scratch));
+  whole.replace(change.offset, change.removed, change.bytes);
+  return edits_.addWhole(record.edits, std::move(whole));
+}
+
+EditId DxfStorage::withValue(const Record& record, const Group& group, std::string_view value) {
+  return splice(record, {group.valueBegin, static_cast<std::uint32_t>(group.value.size()), value});
+}
+
+EditId DxfStorage::withGroups(const Record& record, std::uint32_t at, std::string_view groups) {
+  return splice(record, {at, 0, groups});
+}
+
+EditId DxfStorage::withoutGroup(const Record& record, const Group& group) {
+  return splice(record, {group.begin, group.end - group.begin, {}});
+}
+
+std::string DxfStorage::encode(std::wstring_view text) const { return encodeStored(text, facts_.codePage); }
+std::wstring DxfStorage::decode(std::string_view stored) const {
+  return decodeStored(stored, facts_.codePage);
+}
+
+std::string_view DxfStorage::typeName(const Record& record) const {
+  GroupCursor cursor(original(record), dialect_);
+  return cursor.next() && cursor.group().code == 0 ? trimmed(cursor.group().value) : std::string_view();
+}
+
+std::optional<Handle> DxfStorage::handle(const Record& record) const {
+  if (record.kind == RecordKind::kSection || record.kind == RecordKind::kOther) return std::nullopt;
+  // In a dimension style group 5 is an arrow block's name.
+  const int code = record.table == Table::kDimStyle && record.kind == RecordKind::kTableRecord ? 105 : 5;
+  RegionCursor cursor(original(record), dialect_);
+  while (cursor.next()) {
+    if (cursor.region() == Region::kExtendedData) break;
+    if (cursor.group().code == code && cursor.region() != Region::kApplication)
+      return handleValue(cursor.group());
+  }
+  return std::nullopt;
+}
+
+Signature DxfStorage::readSignature(const Record& record, NamePool& names) const {
+  std::string scratch;
+  GroupCursor cursor(bytes(record, scratch), dialect_);
+  if (!cursor.next()) return {};
+  SignatureReader reader;
+  reader.begin(trimmed(cursor.group().value));
+  while (cursor.next()) reader.group(cursor.group().code, cursor.group().value);
+  return reader.finish(names, dialect_);
+}
+
+void DxfStorage::keep(Record& record, std::string bytes) {
+  record.length = static_cast<std::uint32_t>(bytes.size());
+  record.offset = edits_.keepRecord(std::move(bytes));
+  record.edits = kNoEdit;
+  record.flags |= Record::kAdded;
+}
+
+EditId DxfStorage::renameLayerInExtendedData(const Record& record, const NamePool& names, NameId from,
+                                             std::string_view to) {
+  Record state = record;
+  std::string scratch;
+  NamePool compared;
+  compared.setCodePage(facts_.codePage);
+  const std::wstring& old = names.folded(from);
+  for (std::uint32_t done = 0;;) {
+    bool changed = false;
+    GroupCursor cursor(bytes(state, scratch), dialect_);
+    while (cursor.next()) {
+      const Group& group = cursor.group();
+      if (group.code != 1003 || group.begin < done) continue;
+      if (compared.folded(compared.intern(trimmed(group.value))) != old) continue;
+      done = group.begin + 1;
+      if (group.value == to) continue;
+      state.edits = withValue(state, group, to);
+      changed = true;
+      break;
+    }
+    if (!changed) return state.edits;
+  }
+}
+
+Handle DxfStorage::handleSeed(const Record& header) const {
+  std::string scratch;
+  GroupCursor cursor(bytes(header, scratch), dialect_);
+  bool wanted = false;
+  while (cursor.next()) {
+    const Group& group = cursor.group();
+    if (wanted && group.code == 5) return handleValue(group).value_or(0);
+    if (group.code == 9) wanted = trimmed(group.value) == "$HANDSEED";
+  }
+  return 0;
+}
+
+EditId DxfStorage::raiseHandleSeed(const Record& header, Handle seed) {
+  std::string scratch;
+  GroupWriter digits(dialect_);
+  digits.handle(5, seed);
+  Group written;
+  const bool ok = dialect_.binary ? readBinaryGroup(digits.bytes(), 0, dialect_.wideCodes, written)
+                                  : readTextGroup(digits.bytes(), 0, written);
+  GroupCursor cursor(bytes(header, scratch), dialect_);
+  bool wanted = false;
+  while (ok && cursor.next()) {
+    const Group& group = cursor.group();
+    if (wanted && group.code == 5) return withValue(header, group, written.value);
+    if (group.code == 9) wanted = trimmed(group.value) == "$HANDSEED";
+  }
+  return header.edits;
+}
+
+}  // namespace cad::dxf

@@ -1,0 +1,98 @@
+#include "embedded/dxf/file_facts.h"
+
+#include <string>
+#include <utility>
+
+#include "embedded/dxf/code_page_names.h"
+#include "embedded/dxf/group_cursor.h"
+
+namespace cad::dxf {
+namespace {
+
+constexpr int kSampledGroups = 4000;
+
+std::uint8_t paddedWidth(std::string_view value) {
+  return value.size() > 1 && value.front() == ' ' && value.size() < 32
+             ? static_cast<std::uint8_t>(value.size())
+             : 0;
+}
+
+}  // namespace
+
+Version versionByCode(std::string_view code) {
+  static constexpr std::pair<std::string_view, Version> kCodes[] = {
+      {"AC1012", Version::kR13},   {"AC1014", Version::kR14},   {"AC1015", Version::kR2000},
+      {"AC1018", Version::kR2004}, {"AC1021", Version::kR2007}, {"AC1024", Version::kR2010},
+      {"AC1027", Version::kR2013}, {"AC1032", Version::kR2018}};
+  for (const auto& [known, version] : kCodes) {
+    if (code == known) return version;
+  }
+  if (code.empty() || code < "AC1012" || !code.starts_with("AC1")) return Version::kR12;
+  for (std::size_t i = std::size(kCodes); i-- > 0;) {  // a code between two: the older one's rules
+    if (code < "AC1033" && code > kCodes[i].first) return kCodes[i].second;
+  }
+  return Version::kUnknown;
+}
+
+DrawingFacts readFacts(std::string_view header, const Dialect& dialect, bool byteOrderMark) {
+  DrawingFacts facts;
+  facts.binary = dialect.binary;
+  std::string_view variable;
+  GroupCursor cursor(header, dialect);
+  while (cursor.next()) {
+    const Group& group = cursor.group();
+    if (group.code == 9) variable = trimmed(group.value);
+    if (group.code == 1 && variable == "$ACADVER") facts.versionCode = trimmed(group.value);
+    if (group.code == 3 && variable == "$DWGCODEPAGE") facts.codePageName = trimmed(group.value);
+  }
+  facts.version = versionByCode(facts.versionCode);
+  if (facts.version >= Version::kR2007 || byteOrderMark) {
+    facts.codePage = base::kUtf8;
+  } else if (!facts.codePageName.empty()) {
+    const auto page = codePageByName(facts.codePageName);
+    facts.codePageKnown = page.has_value();
+    facts.codePage = page.value_or(1252);
+  }
+  return facts;
+}
+
+Dialect textDialect(std::string_view bytes) {
+  Dialect dialect;
+  const std::size_t lineEnd = bytes.find('\n');
+  dialect.crlf = lineEnd != std::string_view::npos && lineEnd > 0 && bytes[lineEnd - 1] == '\r';
+  bool haveCode = false, have16 = false, have32 = false;
+  Group group;
+  std::size_t at = 0;
+  for (int i = 0; i < kSampledGroups && readTextGroup(bytes, at, group); ++i) {
+    at = group.end;
+    const ValueType type = valueType(group.code);
+    if (group.code == 0 && !haveCode) {
+      const std::string_view line = bytes.substr(group.begin, group.valueBegin - group.begin);
+      dialect.codeWidth = paddedWidth(line.substr(0, line.find_last_not_of("\r\n") + 1));
+      haveCode = true;
+    } else if (type == ValueType::kInt16 && !have16) {
+      dialect.int16Width = paddedWidth(group.value);
+      have16 = true;
+    } else if (type == ValueType::kInt32 && !have32) {
+      dialect.int32Width = paddedWidth(group.value);
+      have32 = true;
+    }
+    if (haveCode && have16 && have32) break;
+  }
+  if (!have16) dialect.int16Width = dialect.codeWidth == 3 ? 6 : 0;
+  if (!have32) dialect.int32Width = dialect.int16Width == 6 ? 9 : 0;
+  return dialect;
+}
+
+Dialect binaryDialect(std::string_view bytes) {
+  Dialect dialect;
+  dialect.binary = true;
+  // The first group is 0 SECTION or 999: its code's second byte is 0 or 3, or there is none.
+  const auto byte = [&](std::size_t i) {
+    return i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0;
+  };
+  dialect.wideCodes = (byte(0) == 0 && byte(1) == 0) || (byte(0) == 0xE7 && byte(1) == 3);
+  return dialect;
+}
+
+}  // namespace cad::dxf

@@ -1,0 +1,144 @@
+#include "embedded/dxf/loader.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <string_view>
+#include <utility>
+
+#include "embedded/dxf/assembler.h"
+#include "embedded/dxf/dxf_storage.h"
+#include "embedded/dxf/file_facts.h"
+
+namespace cad::dxf {
+namespace {
+
+struct Broken {
+  const wchar_t* reason = nullptr;
+  std::size_t at = 0;
+};
+
+// The first line end at or after `at`; `end` when there is none. Eight bytes a step: values are short.
+const char* findLineEnd(const char* at, const char* end) {
+  constexpr std::uint64_t kOnes = 0x0101010101010101u, kHigh = 0x8080808080808080u;
+  if constexpr (std::endian::native == std::endian::little) {
+    while (end - at >= 8) {
+      std::uint64_t word = 0;
+      std::memcpy(&word, at, sizeof word);
+      word ^= kOnes * '\n';
+      const std::uint64_t hit = (word - kOnes) & ~word & kHigh;
+      if (hit != 0) return at + std::countr_zero(hit) / 8;
+      at += 8;
+    }
+  }
+  while (at < end && *at != '\n') ++at;
+  return at;
+}
+
+// The group code of the line at `at`; moves `at` behind the line. False: the line is no group code.
+bool takeCode(const char*& at, const char* end, int& code) {
+  while (at < end && (*at == ' ' || *at == '\t')) ++at;
+  const bool negative = at < end && *at == '-';
+  if (negative) ++at;
+  int value = 0;
+  const char* first = at;
+  while (at < end && *at >= '0' && *at <= '9' && value <= 9999) value = value * 10 + (*at++ - '0');
+  if (at == first || value > (negative ? 5 : 1071)) return false;
+  while (at < end && (*at == ' ' || *at == '\t' || *at == '\r')) ++at;
+  if (at == end || *at != '\n') return false;
+  ++at;
+  code = negative ? -value : value;
+  return true;
+}
+
+Broken scanText(std::string_view bytes, std::size_t start, Assembler& assembler) {
+  const char* const base = bytes.data();
+  const char* at = base + start;
+  const char* const end = base + bytes.size();
+  while (at < end) {
+    const char* const group = at;
+    const auto offset = static_cast<std::size_t>(group - base);
+    int code = 0;
+    if (!takeCode(at, end, code)) {
+      const bool whole = std::find(group, end, '\n') != end;
+      return {whole ? L"This line should be a group code" : L"The file ends in the middle of a group",
+              offset};
+    }
+    const char* const lineEnd = findLineEnd(at, end);
+    const char* const valueEnd = lineEnd > at && lineEnd[-1] == '\r' ? lineEnd - 1 : lineEnd;
+    const std::string_view value(at, static_cast<std::size_t>(valueEnd - at));
+    if (lineEnd == end && value.empty()) return {L"The file ends in the middle of a group", bytes.size()};
+    if (!assembler.group(code, value, offset)) return {assembler.failure(), offset};
+    at = lineEnd == end ? end : lineEnd + 1;
+  }
+  return {L"The file is cut off: it has no EOF", bytes.size()};
+}
+
+Broken scanBinary(std::string_view bytes, const Dialect& dialect, Assembler& assembler) {
+  constexpr std::size_t kWindow = std::size_t{1} << 31;  // positions within a group are 32 bits
+  Group group;
+  std::size_t at = kBinarySentinel.size();
+  while (at < bytes.size()) {
+    if (!readBinaryGroup(bytes.substr(at, kWindow), 0, dialect.wideCodes, group)) {
+      return {L"Here is no whole group of a known code", at};
+    }
+    if (!assembler.group(group.code, group.value, at)) return {assembler.failure(), at};
+    at += group.end;
+  }
+  return {L"The file is cut off: it has no EOF", bytes.size()};
+}
+
+std::wstring placeText(std::string_view bytes, std::size_t at, bool binary) {
+  if (binary) return L"byte " + std::to_wstring(at);
+  const auto lines = std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(at), '\n');
+  return L"line " + std::to_wstring(lines + 1);
+}
+
+using Loaded = base::Result<std::unique_ptr<Drawing>>;
+
+Loaded assemble(std::unique_ptr<SourceBytes> source) {
+  const std::string_view bytes = source->view();
+  if (bytes.empty()) return base::Failure{{}, L"The file is empty"};
+  const bool mark = bytes.starts_with(kByteOrderMark);
+  const std::size_t start = mark ? kByteOrderMark.size() : 0;
+  const bool binary = bytes.starts_with(kBinarySentinel);
+  const Dialect dialect = binary ? binaryDialect(bytes.substr(kBinarySentinel.size()))
+                                 : textDialect(bytes.substr(start, std::size_t{1} << 20));
+  Assembler assembler(dialect);
+  const Broken broken = binary ? scanBinary(bytes, dialect, assembler) : scanText(bytes, start, assembler);
+  if (!assembler.sawEnd()) {
+    const bool first = broken.at == start && !binary;
+    return base::Failure{placeText(bytes, broken.at, binary),
+                         first ? L"This is not a DXF drawing" : broken.reason};
+  }
+  assembler.finish(bytes.size());
+  if (assembler.failure() != nullptr) return base::Failure{{}, assembler.failure()};
+  LoadedRecords loaded = assembler.take();
+  const RecordId header = loaded.frame.sectionBegin[static_cast<std::size_t>(Section::kHeader)];
+  std::string_view headerBytes;
+  if (header != kNoRecord)
+    headerBytes = bytes.substr(loaded.records[header].offset, loaded.records[header].length);
+  const DrawingFacts facts = readFacts(headerBytes, dialect, mark);
+  loaded.names.setCodePage(facts.codePage);
+  auto storage = std::make_unique<DxfStorage>(std::move(source), dialect, facts);
+  return std::make_unique<Drawing>(std::move(storage), std::move(loaded));
+}
+
+}  // namespace
+
+Loaded load(const std::filesystem::path& path) {
+  auto file = base::MappedFile::open(path);
+  if (!file) return file.failure();
+  Loaded result = assemble(std::make_unique<SourceBytes>(std::move(file.value())));
+  const std::wstring name = base::pathText(path);
+  if (!result) {
+    const base::Failure& failure = result.failure();
+    return base::Failure{failure.place.empty() ? name : name + L", " + failure.place, failure.reason};
+  }
+  result.value()->setPath(path);
+  return result;
+}
+
+Loaded loadBytes(std::string bytes) { return assemble(std::make_unique<SourceBytes>(std::move(bytes))); }
+
+}  // namespace cad::dxf

@@ -1,0 +1,155 @@
+#include "embedded/dxf/property_places.h"
+
+namespace cad::dxf {
+namespace {
+
+using P = Property;
+using V = Version;
+
+constexpr std::string_view kEntity = "AcDbEntity";
+constexpr std::string_view kText = "AcDbText";
+constexpr std::string_view kMText = "AcDbMText";
+constexpr std::string_view kDimension = "AcDbDimension";
+constexpr std::string_view kReference = "AcDbBlockReference|AcDbMInsertBlock";
+
+constexpr PropertyPlace kCommonPlaces[] = {
+    {P::kLayer, 8, kEntity, V::kR12},
+    {P::kLinetype, 6, kEntity, V::kR12},
+    {P::kColorIndex, 62, kEntity, V::kR12},
+    {P::kLineWeight, 370, kEntity, V::kR2000},
+    {P::kTransparency, 440, kEntity, V::kR2010},
+    {P::kLinetypeScale, 48, kEntity, V::kR13},
+    {P::kInvisible, 60, kEntity, V::kR13},
+};
+
+struct TypedPlace {
+  std::string_view types;  // separated by blanks
+  PropertyPlace place;
+};
+
+constexpr std::string_view kTexts = "TEXT ATTDEF ATTRIB";
+constexpr std::string_view kDimensions = "DIMENSION ARC_DIMENSION LARGE_RADIAL_DIMENSION";
+
+constexpr TypedPlace kEntityPlaces[] = {
+    {kTexts, {P::kTextStyle, 7, kText, V::kR12}},
+    {kTexts, {P::kTextHeight, 40, kText, V::kR12}},
+    {kTexts, {P::kRotation, 50, kText, V::kR12}},
+    {kTexts, {P::kWidthFactor, 41, kText, V::kR12}},
+    {kTexts, {P::kTextString, 1, kText, V::kR12}},
+    {"MTEXT", {P::kTextStyle, 7, kMText, V::kR12}},
+    {"MTEXT", {P::kTextHeight, 40, kMText, V::kR12}},
+    {"MTEXT", {P::kRotation, 50, kMText, V::kR12}},
+    {"MTEXT", {P::kTextString, 1, kMText, V::kR12}},
+    {kDimensions, {P::kDimStyle, 3, kDimension, V::kR12}},
+    {kDimensions, {P::kTextRotation, 53, kDimension, V::kR12}},
+    {kDimensions, {P::kDimText, 1, kDimension, V::kR12}},
+    {kDimensions, {P::kDimBlock, 2, kDimension, V::kR12}},
+    {"LEADER", {P::kDimStyle, 3, "AcDbLeader", V::kR12}},
+    {"TOLERANCE", {P::kDimStyle, 3, "AcDbFcf", V::kR12}},
+    {"INSERT", {P::kBlockName, 2, kReference, V::kR12}},
+    {"INSERT", {P::kRotation, 50, kReference, V::kR12}},
+};
+
+constexpr TypedPlace kTablePlaces[] = {
+    {"LAYER LTYPE STYLE DIMSTYLE BLOCK_RECORD APPID VIEW UCS VPORT BLOCK", {P::kName, 2, "", V::kR12}},
+    {"LAYER LTYPE STYLE DIMSTYLE BLOCK_RECORD APPID VIEW UCS VPORT BLOCK",
+     {P::kStandardFlags, 70, "", V::kR12}},
+    {"LAYER", {P::kLayerColor, 62, "", V::kR12}},
+    {"LAYER", {P::kLayerLinetype, 6, "", V::kR12}},
+    {"LAYER", {P::kLayerPlottable, 290, "", V::kR2000}},
+    {"LAYER", {P::kLineWeight, 370, "", V::kR2000}},
+    {"LAYER", {P::kTransparency, 1071, "", V::kR2010}},  // in extended data, see special_properties.h
+    {"STYLE", {P::kFontFile, 3, "", V::kR12}},
+    {"STYLE", {P::kBigFontFile, 4, "", V::kR12}},
+    {"STYLE", {P::kTypeface, 1000, "", V::kR2000}},  // likewise
+    {"STYLE", {P::kFixedHeight, 40, "", V::kR12}},
+    {"STYLE", {P::kStyleWidthFactor, 41, "", V::kR12}},
+    {"STYLE", {P::kStyleOblique, 50, "", V::kR12}},
+    {"LTYPE", {P::kDescription, 3, "", V::kR12}},
+    {"BLOCK", {P::kDescription, 4, "", V::kR2000}},
+};
+
+bool inList(std::string_view list, char separator, std::string_view word) {
+  while (!list.empty()) {
+    const std::size_t end = list.find(separator);
+    if (list.substr(0, end) == word) return true;
+    if (end == std::string_view::npos) return false;
+    list.remove_prefix(end + 1);
+  }
+  return false;
+}
+
+template <std::size_t N>
+const PropertyPlace* findTyped(const TypedPlace (&rows)[N], std::string_view type, Property property) {
+  for (const TypedPlace& row : rows) {
+    if (row.place.property == property && inList(row.types, ' ', type)) return &row.place;
+  }
+  return nullptr;
+}
+
+bool hasCommonProperties(RecordKind kind) {
+  return kind == RecordKind::kEntity || kind == RecordKind::kSubEntity;
+}
+
+bool counts(const PropertyPlace& place, Region region, std::string_view subclass) {
+  if (region == Region::kHead) return true;
+  if (region != Region::kSubclass) return false;
+  return place.subclass.empty() || inList(place.subclass, '|', subclass);
+}
+
+}  // namespace
+
+bool isCommon(const PropertyPlace& place) { return place.subclass == kEntity; }
+bool isMText(std::string_view type) { return type == "MTEXT"; }
+
+const PropertyPlace* findPlace(RecordKind kind, std::string_view type, Property property) {
+  switch (kind) {
+    case RecordKind::kEntity:
+    case RecordKind::kSubEntity:
+    case RecordKind::kBlockBegin:
+    case RecordKind::kBlockEnd:
+      for (const PropertyPlace& place : kCommonPlaces) {
+        if (place.property != property) continue;
+        return hasCommonProperties(kind) || property == P::kLayer ? &place : nullptr;
+      }
+      return kind == RecordKind::kBlockBegin ? findTyped(kTablePlaces, type, property)
+                                             : findTyped(kEntityPlaces, type, property);
+    case RecordKind::kTableRecord:
+      return findTyped(kTablePlaces, type, property);
+    default:
+      return nullptr;
+  }
+}
+
+Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPlace& place) {
+  Located result;
+  const bool common = isCommon(place), mtext = place.subclass == kMText;
+  bool sawLayer = false, sawSubclass = false, leftSubclass = false;
+  RegionCursor cursor(bytes, dialect);
+  while (cursor.next()) {
+    const Group& group = cursor.group();
+    const bool here = counts(place, cursor.region(), cursor.subclass());
+    if (!here) {
+      leftSubclass = leftSubclass || sawSubclass;
+      if (!sawSubclass && cursor.region() != Region::kExtendedData) result.insertAt = group.end;
+      continue;
+    }
+    if (mtext && group.code == kMTextColumns) break;
+    sawSubclass = sawSubclass || cursor.region() == Region::kSubclass;
+    if (group.code == place.code) {
+      result.found = true;
+      result.group = group;
+    }
+    if (common) {
+      sawLayer = sawLayer || group.code == 8;
+      if (group.code == 8 || (!sawLayer && (group.code == 0 || group.code == 5 || group.code == 100))) {
+        result.insertAt = group.end;
+      }
+    } else if (!leftSubclass) {
+      result.insertAt = group.end;
+    }
+  }
+  return result;
+}
+
+}  // namespace cad::dxf

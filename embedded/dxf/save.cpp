@@ -1,0 +1,98 @@
+// Writing a drawing: untouched stretches of the file as they are, changed records in their present state.
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "embedded/dxf/dxf_storage.h"
+
+namespace cad::dxf {
+namespace {
+
+constexpr std::size_t kBuffer = std::size_t{1} << 20;
+
+class Output {
+ public:
+  Output(base::AtomicFile& file, std::string_view source) : file_(file), source_(source) {}
+
+  // Part of the source; neighbouring parts become one.
+  void copy(std::size_t offset, std::size_t length) {
+    if (offset != end_) {
+      flushRun();
+      begin_ = offset;
+    }
+    end_ = offset + length;
+  }
+  // Where changed bytes may be appended.
+  std::string& changed() {
+    flushRun();
+    if (buffer_.size() >= kBuffer) flushBuffer();
+    return buffer_;
+  }
+  void finish() {
+    flushRun();
+    flushBuffer();
+  }
+
+ private:
+  void flushRun() {
+    const std::string_view run = source_.substr(begin_, end_ - begin_);
+    begin_ = end_;
+    if (run.size() < kBuffer / 4) {
+      buffer_ += run;
+    } else {
+      flushBuffer();
+      file_.write(run);
+    }
+  }
+  void flushBuffer() {
+    if (!buffer_.empty()) file_.write(buffer_);
+    buffer_.clear();
+  }
+
+  base::AtomicFile& file_;
+  std::string_view source_;
+  std::string buffer_;
+  std::size_t begin_ = 0, end_ = 0;
+};
+
+using Children = std::unordered_map<RecordId, std::vector<RecordId>>;
+
+}  // namespace
+
+base::Status DxfStorage::save(const std::filesystem::path& target, std::span<const Record> records,
+                              std::span<const Placement> added) const {
+  auto file = base::AtomicFile::create(target);
+  if (!file) return file.failure();
+  Children children;
+  for (const Placement& placement : added) children[placement.before].push_back(placement.record);
+  Output output(*file.value(), source_->view());
+  const auto writeChanged = [&](const Record& record) {
+    edits_.apply(record.edits, original(record), output.changed());
+  };
+  // Added records may stand before records that were added too.
+  const auto writeAdded = [&](const auto& self, RecordId before) -> void {
+    const auto found = children.find(before);
+    if (found == children.end()) return;
+    for (const RecordId id : found->second) {
+      self(self, id);
+      if (!records[id].erased()) writeChanged(records[id]);
+    }
+  };
+  constexpr std::uint8_t kNotInFile = Record::kAdded | Record::kImplied;
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    const Record& record = records[i];
+    if ((record.flags & kNotInFile) != 0) continue;
+    if (!children.empty()) writeAdded(writeAdded, static_cast<RecordId>(i));
+    if (record.erased()) continue;
+    if (record.edits == kNoEdit) {
+      output.copy(record.offset, record.length);
+    } else {
+      writeChanged(record);
+    }
+  }
+  output.finish();
+  return file.value()->commit();
+}
+
+}  // namespace cad::dxf

@@ -1,0 +1,105 @@
+#include "embedded/dxf/signature_reader.h"
+
+#include <limits>
+#include <string>
+
+namespace cad::dxf {
+namespace {
+
+std::optional<std::int64_t> number(int code, std::string_view value, const Dialect& dialect) {
+  if (value.empty()) return std::nullopt;
+  Group group;
+  group.code = code;
+  group.value = value;
+  return integerValue(group, dialect);
+}
+
+bool hasTextStyle(std::string_view type) {
+  return type == "TEXT" || type == "MTEXT" || type == "ATTDEF" || type == "ATTRIB";
+}
+
+}  // namespace
+
+void SignatureReader::begin(std::string_view type) {
+  type_ = type;
+  layer_ = linetype_ = style_ = color_ = paper_ = {};
+  hasStyle_ = hasTextStyle(type);
+  common_ = text_ = regular_ = true;
+  application_ = namesLayers_ = false;
+}
+
+void SignatureReader::marker(std::string_view value) {
+  if (!regular_) return;
+  value = trimmed(value);
+  common_ = value == "AcDbEntity";
+  text_ = value == "AcDbText" || value == "AcDbMText";
+}
+
+void SignatureReader::take(int code, std::string_view value) {
+  if (application_ && code != 102 && code < 1000) return;
+  switch (code) {
+    case 6:
+      if (common_) linetype_ = value;
+      return;
+    case 7:
+      if (text_ && hasStyle_) style_ = value;
+      return;
+    case 8:
+      if (common_) layer_ = value;
+      return;
+    case 62:
+      if (common_) color_ = value;
+      return;
+    case 67:
+      if (common_) paper_ = value;
+      return;
+    case 100:
+      return marker(value);
+    case 101:
+      common_ = text_ = regular_ = false;
+      return;
+    case 102:
+      value = trimmed(value);
+      application_ = !value.empty() && value.front() == '{';
+      return;
+    default:
+      break;
+  }
+  if (code >= 1000) {
+    common_ = text_ = regular_ = application_ = false;
+    if (code == 1003) namesLayers_ = true;
+  }
+}
+
+NameId SignatureReader::intern(NamePool& names, std::string_view value, std::size_t slot) {
+  Recent& recent = recent_[slot];
+  if (recent.name == kNoName || recent.value != value) {
+    recent.name = names.intern(value);
+    recent.value = names.stored(recent.name);  // outlives the bytes that were read
+  }
+  return recent.name;
+}
+
+bool SignatureReader::inPaperSpace(const Dialect& dialect) const {
+  return !paper_.empty() && number(67, paper_, dialect) == 1;
+}
+
+Signature SignatureReader::finish(NamePool& names, const Dialect& dialect) {
+  const auto named = [](std::string_view value, std::string_view absent) {
+    value = trimmed(value);
+    return value.empty() ? absent : value;
+  };
+  Signature result;
+  result.type = intern(names, type_, 0);
+  result.layer = intern(names, named(layer_, "0"), 1);
+  result.linetype = intern(names, named(linetype_, "ByLayer"), 2);
+  if (hasStyle_) result.style = intern(names, named(style_, "Standard"), 3);
+  const auto color = number(62, color_, dialect);
+  if (color && *color >= std::numeric_limits<std::int16_t>::min() &&
+      *color <= std::numeric_limits<std::int16_t>::max()) {
+    result.color = static_cast<std::int16_t>(*color);
+  }
+  return result;
+}
+
+}  // namespace cad::dxf

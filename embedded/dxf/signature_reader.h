@@ -1,0 +1,43 @@
+#pragma once
+// Picks out of an entity's groups what its signature is made of.
+
+#include <string_view>
+
+#include "embedded/drawing/names.h"
+#include "embedded/drawing/record.h"
+#include "embedded/dxf/dialect.h"
+#include "embedded/dxf/group_cursor.h"
+
+namespace cad::dxf {
+
+class SignatureReader {
+ public:
+  void begin(std::string_view type);
+  // Every group of the record after the first, in order.
+  void group(int code, std::string_view value) {
+    // Coordinates are most of a drawing and none of them matters here.
+    if (code >= 9 && code < 62) return;
+    take(code, value);
+  }
+  Signature finish(NamePool& names, const Dialect& dialect);
+
+  bool inPaperSpace(const Dialect& dialect) const;
+  bool namesLayers() const { return namesLayers_; }  // its extended data does
+
+ private:
+  void take(int code, std::string_view value);
+  void marker(std::string_view value);
+  NameId intern(NamePool& names, std::string_view value, std::size_t slot);
+
+  std::string_view type_, layer_, linetype_, style_, color_, paper_;
+  bool hasStyle_ = false;
+  bool common_ = true, text_ = true, application_ = false, regular_ = true, namesLayers_ = false;
+  // Neighbouring entities mostly have the same names.
+  struct Recent {
+    std::string_view value;
+    NameId name = kNoName;
+  };
+  Recent recent_[4];
+};
+
+}  // namespace cad::dxf

@@ -1,0 +1,264 @@
+#include "embedded/dxf/special_properties.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <string>
+#include <vector>
+
+#include "embedded/drawing/stored_text.h"
+#include "embedded/dxf/group_writer.h"
+
+namespace cad::dxf {
+namespace {
+
+constexpr std::size_t kLongestPiece = 250;  // bytes of an MTEXT's content in one group
+constexpr PropertyPlace kContent{Property::kTextString, 1, "AcDbMText", Version::kR12};
+constexpr std::string_view kLayerApplication = "AcCmTransparency";
+constexpr std::string_view kStyleApplication = "ACAD";
+constexpr int kVariablePitch = 34;  // pitch and family of a proportional sans-serif face
+
+template <class Visit>
+void forEachMTextGroup(std::string_view bytes, const Dialect& dialect, Visit visit) {
+  RegionCursor cursor(bytes, dialect);
+  while (cursor.next()) {
+    const bool here = cursor.region() == Region::kHead ||
+                      (cursor.region() == Region::kSubclass && cursor.subclass() == kContent.subclass);
+    if (!here) continue;
+    if (cursor.group().code == kMTextColumns) return;
+    visit(cursor.group());
+  }
+}
+
+std::string readContent(std::string_view bytes, const Dialect& dialect) {
+  std::string content;
+  forEachMTextGroup(bytes, dialect, [&](const Group& group) {
+    if (group.code == 1 || group.code == 3) content += group.value;
+  });
+  return content;
+}
+
+// The content's pieces; the last of them goes into group 1, those before it into groups 3.
+std::string contentGroups(const Dialect& dialect, base::CodePage page, std::string_view content) {
+  GroupWriter writer(dialect);
+  std::size_t begin = 0;
+  for (std::size_t at = 0; at < content.size();) {
+    const std::size_t unit = storedUnit(content, at, page);
+    if (at + unit - begin > kLongestPiece) {
+      writer.text(3, content.substr(begin, at - begin));
+      begin = at;
+    }
+    at += unit;
+  }
+  writer.text(1, content.substr(begin));
+  return writer.take();
+}
+
+EditId writeContent(DxfStorage& storage, Record record, const std::string& content) {
+  std::string scratch;
+  std::string_view bytes = storage.bytes(record, scratch);
+  if (readContent(bytes, storage.dialect()) == content) return record.edits;
+  std::vector<Group> pieces;
+  forEachMTextGroup(bytes, storage.dialect(), [&](const Group& group) {
+    if (group.code == 1 || group.code == 3) pieces.push_back(group);
+  });
+  const std::string groups = contentGroups(storage.dialect(), storage.facts().codePage, content);
+  if (pieces.empty()) {
+    return storage.withGroups(record, locate(bytes, storage.dialect(), kContent).insertAt, groups);
+  }
+  // From the last to the first, so that places before stay where they are.
+  while (pieces.size() > 1) {
+    record.edits = storage.withoutGroup(record, pieces.back());
+    pieces.pop_back();
+  }
+  const Group& first = pieces.front();
+  return storage.splice(record, {first.begin, first.end - first.begin, groups});
+}
+
+struct Direction {
+  bool hasX = false, hasY = false, hasZ = false;
+  Group x, y, z;
+  bool hasAngle = false, angleLast = false;
+  Group angle;
+};
+
+Direction findDirection(std::string_view bytes, const Dialect& dialect) {
+  Direction found;
+  forEachMTextGroup(bytes, dialect, [&](const Group& group) {
+    switch (group.code) {
+      case 11:
+        found.hasX = true, found.x = group, found.angleLast = false;
+        break;
+      case 21:
+        found.hasY = true, found.y = group;
+        break;
+      case 31:
+        found.hasZ = true, found.z = group;
+        break;
+      case 50:
+        found.hasAngle = found.angleLast = true, found.angle = group;
+        break;
+      default:
+        break;
+    }
+  });
+  return found;
+}
+
+StoredValue readDirection(std::string_view bytes, const Dialect& dialect) {
+  const Direction found = findDirection(bytes, dialect);
+  if (found.hasX && !found.angleLast) {
+    const double x = realValue(found.x, dialect).value_or(1);
+    const double y = found.hasY ? realValue(found.y, dialect).value_or(0) : 0;
+    return std::atan2(y, x) * 180 / std::numbers::pi;
+  }
+  if (!found.hasAngle) return {};
+  if (const auto angle = realValue(found.angle, dialect)) return *angle;
+  return {};
+}
+
+double snapped(double value) { return std::fabs(value) < 1e-15 ? 0 : value; }
+
+EditId writeDirection(DxfStorage& storage, Record record, double degrees) {
+  std::string scratch;
+  const Dialect& dialect = storage.dialect();
+  const std::string_view bytes = storage.bytes(record, scratch);
+  const StoredValue old = readDirection(bytes, dialect);
+  const double present = std::holds_alternative<double>(old) ? std::get<double>(old) : 0;
+  if (present == degrees) return record.edits;
+  const Direction found = findDirection(bytes, dialect);
+  if (!found.hasX && !found.hasAngle) {
+    GroupWriter writer(dialect);
+    writer.real(50, degrees);
+    return storage.withGroups(record, locate(bytes, dialect, kContent).insertAt, writer.bytes());
+  }
+  const double radians = degrees * std::numbers::pi / 180;
+  std::vector<std::pair<Group, double>> changes;
+  if (found.hasX) changes.emplace_back(found.x, snapped(std::cos(radians)));
+  if (found.hasY) changes.emplace_back(found.y, snapped(std::sin(radians)));
+  if (found.hasZ) changes.emplace_back(found.z, 0.0);
+  if (found.hasAngle) changes.emplace_back(found.angle, degrees);
+  std::ranges::sort(changes, [](const auto& a, const auto& b) { return a.first.begin > b.first.begin; });
+  for (const auto& [group, value] : changes) {
+    record.edits = storage.withValue(record, group, realBytes(dialect, value));
+  }
+  return record.edits;
+}
+
+// The first group of a code in an application's extended data.
+bool findInApplication(std::string_view bytes, const Dialect& dialect, std::string_view application, int code,
+                       Group& result) {
+  const ApplicationData data = findApplicationData(bytes, dialect, application);
+  if (!data.found) return false;
+  GroupCursor cursor(bytes, dialect);
+  while (cursor.next()) {
+    if (cursor.group().begin <= data.name.begin || cursor.group().begin >= data.end) continue;
+    if (cursor.group().code != code) continue;
+    result = cursor.group();
+    return true;
+  }
+  return false;
+}
+
+StoredValue readLayerTransparency(std::string_view bytes, const Dialect& dialect) {
+  Group group;
+  if (!findInApplication(bytes, dialect, kLayerApplication, 1071, group)) return {};
+  if (const auto value = integerValue(group, dialect)) return *value;
+  return {};
+}
+
+EditId writeLayerTransparency(DxfStorage& storage, const Record& record, std::int64_t value) {
+  std::string scratch;
+  const Dialect& dialect = storage.dialect();
+  const std::string_view bytes = storage.bytes(record, scratch);
+  Group group;
+  if (findInApplication(bytes, dialect, kLayerApplication, 1071, group)) {
+    if (integerValue(group, dialect) == value) return record.edits;
+    return storage.withValue(record, group, integerBytes(dialect, 1071, value, group.value));
+  }
+  if (value == 0) return record.edits;
+  GroupWriter writer(dialect);
+  const ApplicationData data = findApplicationData(bytes, dialect, kLayerApplication);
+  if (!data.found) writer.text(1001, kLayerApplication);
+  writer.integer(1071, value);
+  return storage.withGroups(record, data.end, writer.bytes());
+}
+
+EditId writeTypeface(DxfStorage& storage, Record record, const std::string& face) {
+  std::string scratch;
+  const Dialect& dialect = storage.dialect();
+  const std::string_view bytes = storage.bytes(record, scratch);
+  const ApplicationData data = findApplicationData(bytes, dialect, kStyleApplication);
+  Group name, flags;
+  if (findInApplication(bytes, dialect, kStyleApplication, 1000, name)) {
+    if (name.value == face) return record.edits;
+    if (!face.empty()) return storage.withValue(record, name, face);
+    const bool hasFlags = findInApplication(bytes, dialect, kStyleApplication, 1071, flags);
+    const std::uint32_t first = data.name.end == name.begin ? data.name.begin : name.begin;
+    const std::uint32_t last = hasFlags && flags.begin == name.end ? flags.end : name.end;
+    const bool alone = last == data.end;
+    const std::uint32_t begin = alone ? first : name.begin;
+    return storage.splice(record, {begin, last - begin, {}});
+  }
+  if (face.empty()) return record.edits;
+  GroupWriter writer(dialect);
+  if (!data.found) writer.text(1001, kStyleApplication);
+  writer.text(1000, face);
+  writer.integer(1071, kVariablePitch);
+  return storage.withGroups(record, data.found ? data.name.end : data.end, writer.bytes());
+}
+
+}  // namespace
+
+ApplicationData findApplicationData(std::string_view bytes, const Dialect& dialect,
+                                    std::string_view application) {
+  ApplicationData result;
+  bool inside = false;
+  GroupCursor cursor(bytes, dialect);
+  while (cursor.next()) {
+    const Group& group = cursor.group();
+    if (group.code == 1001) {
+      if (inside) return result;
+      if (trimmed(group.value) == application) {
+        inside = result.found = true;
+        result.name = group;
+      }
+    }
+    result.end = group.end;
+  }
+  return result;
+}
+
+bool isSpecial(std::string_view type, Property property) {
+  switch (property) {
+    case Property::kTextString:
+    case Property::kRotation:
+      return isMText(type);
+    case Property::kTransparency:
+      return type == "LAYER";
+    case Property::kTypeface:
+      return true;
+    default:
+      return false;
+  }
+}
+
+StoredValue readSpecial(std::string_view bytes, const Dialect& dialect, std::string_view type,
+                        Property property) {
+  if (property == Property::kTextString) return readContent(bytes, dialect);
+  if (property == Property::kRotation) return readDirection(bytes, dialect);
+  if (type == "LAYER") return readLayerTransparency(bytes, dialect);
+  Group group;
+  if (!findInApplication(bytes, dialect, kStyleApplication, 1000, group)) return {};
+  return std::string(group.value);
+}
+
+base::Result<EditId> writeSpecial(DxfStorage& storage, const Record& record, std::string_view type,
+                                  Property property, const StoredValue& value) {
+  if (property == Property::kTextString) return writeContent(storage, record, std::get<std::string>(value));
+  if (property == Property::kRotation) return writeDirection(storage, record, std::get<double>(value));
+  if (type == "LAYER") return writeLayerTransparency(storage, record, std::get<std::int64_t>(value));
+  return writeTypeface(storage, record, std::get<std::string>(value));
+}
+
+}  // namespace cad::dxf
