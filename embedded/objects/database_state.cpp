@@ -55,13 +55,15 @@ AcDbObject*& DatabaseState::slot(RecordId number) {
   return openRecords[number];
 }
 
-RecordId DatabaseState::findCached(Table table, std::wstring_view name) {
+DatabaseState::Named DatabaseState::find(Table table, std::wstring_view name) {
   FoundName& newest = newestNames[static_cast<std::size_t>(table)];
   // Asked by its spelling the drawing answers from its own index, so a renamed record is not found here.
-  if (newest.spelling != kNoName && newest.name == name) return drawing.find(table, newest.spelling);
+  if (newest.spelling != kNoName && newest.name == name)
+    return {drawing.find(table, newest.spelling), newest.spelling};
   const RecordId found = drawing.find(table, name);
-  if (found != kNoRecord) newest = {std::wstring(name), drawing.name(found, Property::kName)};
-  return found;
+  if (found == kNoRecord) return {};
+  newest = {std::wstring(name), drawing.name(found, Property::kName)};
+  return {found, newest.spelling};
 }
 
 DatabaseState* stateOf(AcDbObjectId id, RecordId& number) {

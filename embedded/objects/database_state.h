@@ -30,8 +30,12 @@ struct DatabaseState {
   // The open object of this number, null while it is closed.
   AcDbObject*& slot(RecordId number);
 
+  struct Named {
+    RecordId record = kNoRecord;
+    NameId spelling = kNoName;  // as the record has it
+  };
   // As Drawing::find; a run of equal names costs one comparison each.
-  RecordId findCached(Table table, std::wstring_view name);
+  Named find(Table table, std::wstring_view name);
 
   Drawing& drawing;
   AcDbDatabase& database;
@@ -43,9 +47,9 @@ struct DatabaseState {
   std::vector<ObjectPool*> poolsByType;  // by NameId of the entity type
   struct FoundName {
     std::wstring name;
-    NameId spelling = kNoName;  // that of the record that was found
+    NameId spelling = kNoName;
   };
-  std::array<FoundName, kTables> newestNames;
+  std::array<FoundName, kTables> newestNames;  // found by find(), by table
 };
 
 // Null for an id whose database is not open. `number` is the record's or table's.

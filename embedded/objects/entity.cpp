@@ -33,9 +33,9 @@ Acad::ErrorStatus writeWithSubents(AcDbEntity& entity, Property property, bool d
   return Acad::eOk;
 }
 
-Acad::ErrorStatus setNameOf(AcDbEntity& entity, Property property, RecordId named, bool doSubents) {
-  const auto set = [property, named](Drawing& drawing, RecordId record) {
-    return drawing.setName(record, property, cad::recordName(drawing, named));
+Acad::ErrorStatus setNameOf(AcDbEntity& entity, Property property, NameId name, bool doSubents) {
+  const auto set = [property, name](Drawing& drawing, RecordId record) {
+    return drawing.setName(record, property, name);
   };
   return writeWithSubents(entity, property, doSubents, set);
 }
@@ -45,9 +45,9 @@ Acad::ErrorStatus setByName(AcDbEntity& entity, Property property, Table table, 
   if (!name) return Acad::eInvalidInput;
   const Acad::ErrorStatus status = cad::checkWritable(entity, property);
   if (status != Acad::eOk) return status;
-  const RecordId named = ObjectAccess::state(entity)->findCached(table, name);
-  if (named == cad::kNoRecord) return Acad::eKeyNotFound;
-  return setNameOf(entity, property, named, doSubents);
+  const auto named = ObjectAccess::state(entity)->find(table, name);
+  if (named.record == cad::kNoRecord) return Acad::eKeyNotFound;
+  return setNameOf(entity, property, named.spelling, doSubents);
 }
 
 Acad::ErrorStatus setById(AcDbEntity& entity, Property property, Table table, AcDbObjectId id,
@@ -55,7 +55,8 @@ Acad::ErrorStatus setById(AcDbEntity& entity, Property property, Table table, Ac
   Acad::ErrorStatus status = cad::checkWritable(entity, property);
   RecordId named = cad::kNoRecord;
   if (status == Acad::eOk) status = cad::checkedRecord(entity, id, table, named);
-  return status == Acad::eOk ? setNameOf(entity, property, named, doSubents) : status;
+  if (status != Acad::eOk) return status;
+  return setNameOf(entity, property, cad::recordName(*ObjectAccess::drawing(entity), named), doSubents);
 }
 
 Acad::ErrorStatus setInteger(AcDbEntity& entity, Property property, std::int64_t value, bool doSubents) {

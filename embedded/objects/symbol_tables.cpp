@@ -67,7 +67,7 @@ Acad::ErrorStatus AcDbSymbolTable::getIdAt(const ACHAR* name, AcDbObjectId& id, 
   DatabaseState* state = ObjectAccess::state(*this);
   if (!state) return Acad::eNoDatabase;
   if (!name) return Acad::eInvalidInput;
-  id = state->id(state->findCached(tableOf(*this), name));
+  id = state->id(state->find(tableOf(*this), name).record);
   return id.isNull() ? Acad::eKeyNotFound : Acad::eOk;
 }
 
