@@ -29,7 +29,9 @@ base::Status makeFolder(const std::wstring& option, const std::wstring& folder) 
 
 // Everything that is wrong for all drawings is found before the first one is opened.
 base::Status prepare(Session& session, const Arguments& arguments) {
-  const KivSpecificationReport report = session.checkSpecification(fullPath(arguments.specification));
+  const std::wstring specification = fullPath(arguments.specification);
+  session.lookBeside(specification);
+  const KivSpecificationReport report = session.checkSpecification(specification);
   if (!reportSpecification(arguments.specification, L"warning: dropped", report)) {
     return base::Failure{L"", L"nothing was converted; `kivcvt check` tells more about the CVT file"};
   }

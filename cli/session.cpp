@@ -3,12 +3,13 @@
 #include <utility>
 
 #include "base/files.h"
-#include "cli/program_folder.h"
+#include "embedded/editor/file_search.h"
 
 namespace kivcli {
 namespace {
 
 constexpr wchar_t kModuleName[] = L"KIVGUI.ARX";
+constexpr char kSupportFolder[] = "support";  // the host's own linetype files
 
 template <class Function>
 bool findFunction(cad::Host& host, const char* name, Function& function) {
@@ -29,13 +30,18 @@ Session::Session(cad::Host& host) : host_(host) {
   host_.start();
 }
 
+void Session::lookBeside(const std::wstring& specification) {
+  host_.setSupportPath(
+      {base::pathFromText(specification).parent_path(), cad::programFolder() / kSupportFolder});
+}
+
 Session::~Session() {
   host_.stop();
   host_.setOutput({});
 }
 
 base::Status Session::loadModule() {
-  const std::filesystem::path module = programFolder() / kModuleName;
+  const std::filesystem::path module = cad::programFolder() / kModuleName;
   if (base::Status loaded = host_.loadModule(module); !loaded) return loaded;
   const bool complete = findFunction(host_, "dll_kiv_setConversion", setConversion_) &&
                         findFunction(host_, "dll_kiv_lastRunReport", lastRunReport_) &&

@@ -20,6 +20,9 @@ class Session {
 
   cad::Host& host() { return host_; }
 
+  // Linetype files that the specification (a full path) names are found beside it, then among the host's own.
+  void lookBeside(const std::wstring& specification);
+
   // The module's automation entry; see host/automation.h for what the reports own.
   bool setConversion(const KivConversion& conversion) { return setConversion_(&conversion) != 0; }
   KivRunReport lastRunReport();
