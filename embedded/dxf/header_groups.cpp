@@ -1,5 +1,6 @@
 // Drawing variables in the header section.
 
+#include <algorithm>
 #include <cmath>
 
 #include "embedded/dxf/header_variables.h"
@@ -99,6 +100,18 @@ std::uint32_t placeOfNew(const RecordGroups& groups, const std::vector<HeaderEnt
 std::wstring shown(std::string_view name) { return {name.begin(), name.end()}; }
 
 }  // namespace
+
+std::optional<Point> headerPoint(const Drawing& drawing, const DxfStorage& storage, std::string_view name) {
+  if (drawing.headerRecord() == kNoRecord) return std::nullopt;
+  const RecordGroups groups(storage, drawing.record(drawing.headerRecord()));
+  const std::vector<HeaderEntry> entries = readEntries(groups);
+  const HeaderEntry* entry = findEntry(entries, name);
+  if (entry == nullptr || entry->count < 2) return std::nullopt;
+  double values[3] = {};
+  for (std::size_t i = 0; i < std::min<std::size_t>(entry->count, 3); ++i)
+    values[i] = realValue(entry->values[i], storage.dialect()).value_or(0);
+  return Point{values[0], values[1], values[2]};
+}
 
 std::optional<Variable> DxfStorage::headerVariable(const Drawing& drawing, std::string_view name) const {
   if (drawing.headerRecord() == kNoRecord) return std::nullopt;

@@ -1,0 +1,222 @@
+#include "embedded/dxf/record_translator.h"
+
+#include <algorithm>
+
+#include "base/fold.h"
+#include "embedded/dxf/dim_overrides.h"
+#include "embedded/dxf/subclasses.h"
+
+namespace cad::dxf {
+namespace {
+
+struct TypeVersion {
+  std::string_view type;
+  Version first;
+};
+
+constexpr TypeVersion kTypes[] = {
+    {"3DFACE", Version::kR12},  {"ARC", Version::kR12},    {"ATTDEF", Version::kR12},
+    {"ATTRIB", Version::kR12},  {"CIRCLE", Version::kR12}, {"DIMENSION", Version::kR12},
+    {"ELLIPSE", Version::kR13}, {"HATCH", Version::kR14},  {"INSERT", Version::kR12},
+    {"LEADER", Version::kR13},  {"LINE", Version::kR12},   {"LWPOLYLINE", Version::kR14},
+    {"MTEXT", Version::kR13},   {"POINT", Version::kR12},  {"POLYLINE", Version::kR12},
+    {"RAY", Version::kR13},     {"SEQEND", Version::kR12}, {"SOLID", Version::kR12},
+    {"SPLINE", Version::kR13},  {"TEXT", Version::kR12},   {"TOLERANCE", Version::kR13},
+    {"TRACE", Version::kR12},   {"VERTEX", Version::kR12}, {"XLINE", Version::kR13},
+};
+
+// Groups that came with a version, by the entity they belong to; "" is every entity.
+struct GroupVersion {
+  std::string_view type;
+  int first, last;
+  Version since;
+};
+
+constexpr GroupVersion kGroups[] = {
+    {"", 48, 48, Version::kR13},
+    {"", 60, 60, Version::kR13},
+    {"", 370, 370, Version::kR2000},
+    {"", 420, 439, Version::kR2004},
+    {"", 440, 440, Version::kR2010},
+    {"ATTDEF", 280, 280, Version::kR2010},
+    {"ATTRIB", 280, 280, Version::kR2010},
+    {"DIMENSION", 41, 42, Version::kR2000},
+    {"DIMENSION", 71, 75, Version::kR2000},
+    {"DIMENSION", 280, 280, Version::kR2010},
+    {"HATCH", 450, 479, Version::kR2004},
+    {"LWPOLYLINE", 91, 91, Version::kR2010},
+    {"MTEXT", 44, 44, Version::kR2000},
+    {"MTEXT", 45, 45, Version::kR2004},
+    {"MTEXT", 63, 63, Version::kR2004},
+    {"MTEXT", 73, 73, Version::kR2000},
+    {"MTEXT", 90, 90, Version::kR2004},
+    {"MTEXT", 421, 449, Version::kR2004},
+    {"MTEXT", 75, 79, Version::kR2007},
+    {"MTEXT", 48, 49, Version::kR2007},
+    {"VERTEX", 91, 91, Version::kR2010},
+};
+
+// Of every entity's groups: what hangs on objects that are not copied, the layout, and preview graphics.
+bool isDropped(int code) {
+  constexpr int kCodes[] = {67, 92, 160, 284, 310, 347, 348, 390, 410};
+  return std::find(std::begin(kCodes), std::end(kCodes), code) != std::end(kCodes);
+}
+
+}  // namespace
+
+std::optional<Version> firstVersionOf(std::string_view type) {
+  for (const TypeVersion& row : kTypes)
+    if (row.type == type) return row.first;
+  return std::nullopt;
+}
+
+// The plain groups of a record without its head, application groups and what follows an embedded object.
+struct RecordTranslator::Walk {
+  std::string_view type;
+  bool markers = false;          // the source has subclass markers
+  bool inCommon = true;          // in the subclass AcDbEntity, or before any marker
+  bool looseAnnotation = false;  // a leader whose annotation is not copied
+  std::vector<const Group*> groups;
+  std::size_t at = 0;
+
+  Walk(const RecordGroups& record, const DxfStorage& from, const DxfStorage& to)
+      : type(trimmed(record.all().front().value)), markers(from.facts().version >= Version::kR13) {
+    const std::vector<Group>& all = record.all();
+    bool inApp = false, marked = false;
+    for (std::size_t i = 1; i < record.plainCount(); ++i) {
+      const Group& group = all[i];
+      if (group.code == 101 && to.facts().version < Version::kR2018) break;
+      if (group.code == 102) inApp = trimmed(group.value).starts_with("{");
+      if (inApp || group.code == 102) continue;
+      const bool head =
+          group.code == 5 || group.code == 330 || (group.code == 100 && trimmed(group.value) == "AcDbEntity");
+      if (!marked && group.code == 100) marked = trimmed(group.value) != "AcDbEntity";
+      if (!marked && head) continue;
+      groups.push_back(&group);
+    }
+  }
+};
+
+bool RecordTranslator::keeps(const Walk& walk, const Group& group) const {
+  const bool common = walk.markers ? walk.inCommon : isCommonCode(group.code);
+  if (common && isDropped(group.code)) return false;
+  for (const GroupVersion& row : kGroups) {
+    if (group.code < row.first || group.code > row.last || to_.facts().version >= row.since) continue;
+    if (row.type.empty() ? common : !common && row.type == walk.type) return false;
+  }
+  return true;
+}
+
+bool RecordTranslator::copyHandle(const Group& group, RecordBuilder& builder) const {
+  const std::optional<Handle> handle = handleValue(group);
+  const auto found = handle ? replacements_.handles.find(*handle) : replacements_.handles.end();
+  if (found != replacements_.handles.end()) builder.handle(group.code, found->second);
+  return found != replacements_.handles.end();
+}
+
+bool RecordTranslator::copyGroup(const Walk& walk, const Group& group, RecordBuilder& builder) const {
+  if (valueType(group.code) == ValueType::kHandle) {
+    copyHandle(group, builder);  // without a counterpart here the reference is left out
+    return true;
+  }
+  if (group.code == 2 && (walk.type == "INSERT" || walk.type == "DIMENSION")) {
+    const std::wstring name = from_.decode(group.value);
+    const auto found = replacements_.blockNames.find(base::upper(name));
+    if (found != replacements_.blockNames.end()) {
+      builder.text(2, found->second);
+      return true;
+    }
+    if (walk.type == "DIMENSION") return true;  // its drawn block was missing already
+  }
+  if (walk.looseAnnotation && group.code == 73) {
+    builder.integer(73, 3);  // created without annotation
+    return true;
+  }
+  // Copied hatches do not follow the boundary objects of their old drawing.
+  if (walk.type == "HATCH" && !walk.inCommon) {
+    const bool sources =
+        group.code == 97 && walk.at + 1 < walk.groups.size() && walk.groups[walk.at + 1]->code == 330;
+    if (group.code == 71 || sources) {
+      builder.integer(group.code, 0);
+      return true;
+    }
+    if (group.code == 330) return true;
+  }
+  return builder.copy(group, from_);
+}
+
+// Group by group in the source's order.
+bool RecordTranslator::copyOwn(Walk& walk, RecordBuilder& builder) const {
+  for (walk.at = 0; walk.at < walk.groups.size(); ++walk.at) {
+    const Group& group = *walk.groups[walk.at];
+    if (group.code == 100) {
+      walk.inCommon = trimmed(group.value) == "AcDbEntity";
+      builder.subclass(trimmed(group.value));
+    } else if (keeps(walk, group) && !copyGroup(walk, group, builder)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+// From a file without subclass markers: the common groups, then each part behind its marker.
+bool RecordTranslator::copyMarked(Walk& walk, RecordBuilder& builder) const {
+  std::int64_t flags = 0;
+  for (const Group* group : walk.groups)
+    if (group->code == 70) flags = integerValue(*group, from_.dialect()).value_or(0);
+  const std::vector<SubclassPart> parts = subclassParts(walk.type, flags);
+  const auto partOf = [&](int code) -> const SubclassPart* {
+    if (isCommonCode(code)) return nullptr;
+    const SubclassPart* rest = nullptr;
+    for (const SubclassPart& part : parts) {
+      if (part.codes.empty()) rest = &part;
+      if (std::find(part.codes.begin(), part.codes.end(), code) != part.codes.end()) return &part;
+    }
+    return rest;
+  };
+  const auto copyPart = [&](const SubclassPart* part) {
+    for (walk.at = 0; walk.at < walk.groups.size(); ++walk.at) {
+      const Group& group = *walk.groups[walk.at];
+      if (partOf(group.code) == part && keeps(walk, group) && !copyGroup(walk, group, builder)) return false;
+    }
+    return true;
+  };
+  if (!copyPart(nullptr)) return false;
+  for (const SubclassPart& part : parts) {
+    builder.subclass(part.marker);
+    if (!copyPart(&part)) return false;
+  }
+  return true;
+}
+
+bool RecordTranslator::copyExtended(const RecordGroups& groups, RecordBuilder& builder) const {
+  const DimOverrides overrides = readDimOverrides(groups, from_);
+  const std::uint32_t begin = overrides.listAlone ? overrides.appBegin : overrides.listBegin;
+  const std::uint32_t end = overrides.listAlone ? overrides.appEnd : overrides.listEnd;
+  for (std::size_t i = groups.plainCount(); i < groups.all().size(); ++i) {
+    const Group& group = groups.all()[i];
+    if (group.begin >= begin && group.begin < end) continue;
+    if (group.code == 1005) {
+      if (!copyHandle(group, builder)) builder.handle(1005, 0);
+    } else if (!builder.copy(group, from_)) {
+      return false;
+    }
+  }
+  return true;
+}
+
+base::Status RecordTranslator::translate(const RecordGroups& groups, RecordBuilder& builder) const {
+  Walk walk(groups, from_, to_);
+  if (walk.type == "LEADER") {
+    for (const Group* group : walk.groups) {
+      const std::optional<Handle> handle = group->code == 340 ? handleValue(*group) : std::nullopt;
+      if (handle && !replacements_.handles.contains(*handle)) walk.looseAnnotation = true;
+    }
+  }
+  const bool addMarkers = !walk.markers && to_.facts().version >= Version::kR13;
+  const bool copied = addMarkers ? copyMarked(walk, builder) : copyOwn(walk, builder);
+  if (copied && copyExtended(groups, builder)) return {};
+  return failure(std::wstring(walk.type.begin(), walk.type.end()), L"a value of the entity is broken");
+}
+
+}  // namespace cad::dxf

@@ -1,0 +1,83 @@
+#include "embedded/dxf/symbol_copier.h"
+
+namespace cad::dxf {
+namespace {
+
+constexpr std::int64_t kFrozenOrLocked = 1 | 4;
+
+}  // namespace
+
+void SymbolCopier::copyValue(RecordId from, RecordId to, Property property) {
+  base::Status status;
+  switch (propertyInfo(property).type) {
+    case PropertyType::kInteger:
+      if (const auto value = source_.integer(from, property))
+        status = target_.setInteger(to, property, *value);
+      break;
+    case PropertyType::kReal:
+      if (const auto value = source_.real(from, property)) status = target_.setReal(to, property, *value);
+      break;
+    case PropertyType::kText:
+      if (const auto value = source_.text(from, property)) status = target_.setText(to, property, *value);
+      break;
+    case PropertyType::kName: {
+      const NameId name = source_.name(from, property);
+      if (name != kNoName)
+        status = target_.setName(to, property, target_.names().intern(source_.names().text(name)));
+      break;
+    }
+  }
+  // A value that this version cannot hold is left at its default.
+  static_cast<void>(status);
+}
+
+base::Status SymbolCopier::copyLayer(RecordId from, RecordId to) {
+  if (const auto flags = source_.integer(from, Property::kStandardFlags)) {
+    const base::Status status = target_.setInteger(to, Property::kStandardFlags, *flags & kFrozenOrLocked);
+    if (!status.ok()) return status;
+  }
+  const NameId linetype = source_.name(from, Property::kLayerLinetype);
+  if (linetype != kNoName) {
+    const base::Status status = need(Table::kLinetype, source_.names().text(linetype));
+    if (!status.ok()) return status;
+  }
+  copyValue(from, to, Property::kLayerColor);
+  copyValue(from, to, Property::kLayerLinetype);
+  copyValue(from, to, Property::kLineWeight);
+  copyValue(from, to, Property::kLayerPlottable);
+  return {};
+}
+
+void SymbolCopier::copyLinetype(RecordId from, RecordId to) {
+  copyValue(from, to, Property::kDescription);
+  const DxfStorage* storage = dxfStorage(source_);
+  if (storage == nullptr) return;
+  const RecordGroups groups(*storage, source_.record(from));
+  std::vector<double> dashes;
+  for (const Group& group : groups.all()) {
+    if (group.code != 49) continue;
+    if (const auto value = realValue(group, storage->dialect())) dashes.push_back(*value);
+  }
+  static_cast<void>(target_.setDashes(to, dashes));
+}
+
+void SymbolCopier::copyTextStyle(RecordId from, RecordId to) {
+  for (const Property property :
+       {Property::kFixedHeight, Property::kStyleWidthFactor, Property::kStyleOblique, Property::kFontFile,
+        Property::kBigFontFile, Property::kTypeface})
+    copyValue(from, to, property);
+}
+
+base::Status SymbolCopier::need(Table table, std::wstring_view name) {
+  if (name.empty() || target_.find(table, name) != kNoRecord) return {};
+  const base::Result<RecordId> added = target_.addTableRecord(table, name);
+  if (!added.ok()) return added.failure();
+  const RecordId from = source_.find(table, name);
+  if (from == kNoRecord) return {};
+  if (table == Table::kLayer) return copyLayer(from, added.value());
+  if (table == Table::kLinetype) copyLinetype(from, added.value());
+  if (table == Table::kTextStyle) copyTextStyle(from, added.value());
+  return {};
+}
+
+}  // namespace cad::dxf

@@ -1,0 +1,28 @@
+#pragma once
+// Table records that copied entities name: made in the receiving drawing when it does not have them.
+
+#include <string_view>
+
+#include "embedded/dxf/record_tools.h"
+
+namespace cad::dxf {
+
+class SymbolCopier {
+ public:
+  SymbolCopier(Drawing& target, const Drawing& source) : target_(target), source_(source) {}
+
+  // A record of the name stays as it is; a new one has the source's values as far as the receiving version
+  // can hold them. Texts and shapes in linetypes are left out: they need files that the source names.
+  base::Status need(Table table, std::wstring_view name);
+
+ private:
+  base::Status copyLayer(RecordId from, RecordId to);
+  void copyLinetype(RecordId from, RecordId to);
+  void copyTextStyle(RecordId from, RecordId to);
+  void copyValue(RecordId from, RecordId to, Property property);
+
+  Drawing& target_;
+  const Drawing& source_;
+};
+
+}  // namespace cad::dxf
