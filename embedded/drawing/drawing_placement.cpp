@@ -69,6 +69,9 @@ base::Status Drawing::materialise(RecordId id) {
   record.length = kept.length;
   added_.push_back({id, built.value().before});
   setState(id, kNoEdit, record.signature, kept.flags);
+  if (handles_) {
+    if (const auto own = storage_->handle(records_[id])) handles_->try_emplace(*own, id);
+  }
   return {};
 }
 
