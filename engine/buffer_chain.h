@@ -1,0 +1,32 @@
+#pragma once
+// A chain of result buffers built piece by piece and released with its owner.
+
+#include <string>
+
+#include "acutads.h"
+#include "adsdef.h"
+
+namespace kiv {
+
+class BufferChain {
+ public:
+  BufferChain() = default;
+  BufferChain(const BufferChain&) = delete;
+  BufferChain& operator=(const BufferChain&) = delete;
+  ~BufferChain() {
+    if (head_ != nullptr) acutRelRb(head_);
+  }
+
+  BufferChain& text(int type, const std::wstring& value);
+  BufferChain& integer(int type, int value);  // 16 bits, as groups 60 to 79 and RTSHORT are
+
+  const resbuf* get() const { return head_; }  // null when nothing was added
+
+ private:
+  resbuf* append(int type);
+
+  resbuf* head_ = nullptr;
+  resbuf* tail_ = nullptr;
+};
+
+}  // namespace kiv

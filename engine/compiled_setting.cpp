@@ -1,0 +1,114 @@
+#include "engine/compiled_setting.h"
+
+#include "base/fold.h"
+#include "engine/flat_setting.h"
+#include "engine/leading_number.h"
+#include "spec/color_text.h"
+#include "spec/dimension_catalogue.h"
+#include "spec/item_kinds.h"
+
+namespace kiv {
+namespace {
+
+// DXF groups by which the host selects.
+constexpr short kLayerGroup = 8;
+constexpr short kLinetypeGroup = 6;
+constexpr short kColorGroup = 62;
+constexpr short kStyleGroup = 7;
+
+class Compiler {
+ public:
+  Compiler(Pass pass, const TextListLoader& loadTextList) : pass_(pass), loadTextList_(loadTextList) {}
+
+  void addCondition(CompiledConditions& to, const FlatItem& item) const {
+    const auto meaning = lookUpKey(item.key);
+    if (!meaning) return;
+    if (meaning->kind == kVariableKind) {
+      const int row = findDimensionVariable(meaning->variable);
+      if (row >= 0) to.variables.push_back({row, item.value, item.equal});
+    } else if (!addFilterable(to, meaning->kind, item)) {
+      addTested(to, meaning->kind, item);
+    }
+  }
+
+ private:
+  bool addFilterable(CompiledConditions& to, int kind, const FlatItem& item) const {
+    switch (kind) {
+      case kLayerKind:
+        return addName(to, to.layers, kLayerGroup, item);
+      case kLinetypeKind:
+        return addName(to, to.linetypes, kLinetypeGroup, item);
+      case kColorKind: {
+        const int color = colorNumberOfFileText(item.value);
+        to.filter.push_back({kColorGroup, {}, color, item.equal});
+        to.colors.push_back({color, item.equal});
+        return true;
+      }
+      case kFontKind:
+        // Dimensions and leaders name their text style elsewhere, and hatches have none.
+        if (pass_ == Pass::kDimension || pass_ == Pass::kHatch) {
+          to.textStyles.push_back({base::upper(item.value), item.equal});
+          return true;
+        }
+        return addName(to, to.textStyles, kStyleGroup, item);
+      default:
+        return false;
+    }
+  }
+
+  static bool addName(CompiledConditions& to, ConditionValues<std::wstring>& values, short group,
+                      const FlatItem& item) {
+    to.filter.push_back({group, item.value, 0, item.equal});
+    values.push_back({base::upper(item.value), item.equal});
+    return true;
+  }
+
+  void addTested(CompiledConditions& to, int kind, const FlatItem& item) const {
+    const std::wstring& value = item.value;
+    switch (kind) {
+      case kTextHeightKind:
+        return to.heights.push_back({leadingReal(value), item.equal});
+      case kTextAngleKind:
+        return to.angles.push_back({leadingReal(value), item.equal});
+      case kWidthFactorKind:
+        return to.widthFactors.push_back({leadingReal(value), item.equal});
+      case kTextListKind:
+        return to.textLists.push_back({loadTextList_(value), item.equal});
+      case kLineweightKind:
+        return to.lineWeights.push_back({lineWeightNumber(value), item.equal});
+      case kTransparencyKind:
+        return to.transparencies.push_back({transparencyValue(value), item.equal});
+      case kLinetypeScaleKind:
+        return to.linetypeScales.push_back({leadingReal(value), item.equal});
+      default:
+        return;  // the kinds of layers
+    }
+  }
+
+  Pass pass_;
+  const TextListLoader& loadTextList_;
+};
+
+bool actsOnEntities(int kind) {
+  return kind != kTextListKind && kind != kVisibilityKind && kind != kLockKind && kind != kFreezeKind &&
+         kind != kPlotKind;
+}
+
+}  // namespace
+
+CompiledSetting compileSetting(std::wstring_view flatSetting, Pass pass, const TextListLoader& loadTextList) {
+  const FlatSetting flat = parseFlatSetting(flatSetting);
+  CompiledSetting setting;
+  const Compiler compiler(pass, loadTextList);
+  for (const FlatItem& item : flat.conditions) compiler.addCondition(setting.conditions, item);
+  for (const FlatItem& item : flat.results) {
+    const auto meaning = lookUpKey(item.key);
+    if (!meaning || !actsOnEntities(meaning->kind)) continue;
+    const int row = findDimensionVariable(meaning->variable);
+    if (meaning->kind == kVariableKind && row < 0) continue;
+    setting.results.push_back({meaning->kind, row, item.key, item.value});
+  }
+  return setting;
+}
+
+}  // namespace kiv

@@ -1,0 +1,64 @@
+#pragma once
+// A setting's conditions and results, taken apart once for one pass over the drawing's entities.
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/value_forms.h"
+
+namespace kiv {
+
+enum class Pass { kText = 0, kDimension = 1, kHatch = 2, kOther = 3 };
+
+template <class T>
+struct ConditionValue {
+  T value;
+  bool equal;  // false: the property must differ
+};
+template <class T>
+using ConditionValues = std::vector<ConditionValue<T>>;
+
+struct FilterItem {
+  short group;
+  std::wstring text;  // a pattern; unused for colours
+  int number;         // a colour; unused otherwise
+  bool equal;
+};
+
+struct VariableCondition {
+  int variable;  // row of the dimension variable catalogue
+  std::wstring value;
+  bool equal;
+};
+
+struct CompiledConditions {
+  std::vector<FilterItem> filter;  // what a selection can test, in the setting's order
+  ConditionValues<std::wstring> layers, linetypes, textStyles;  // upper-cased patterns
+  ConditionValues<int> colors;
+  ConditionValues<double> heights, angles, widthFactors, linetypeScales;  // angles in degrees
+  ConditionValues<int> lineWeights;
+  ConditionValues<Transparency> transparencies;
+  ConditionValues<std::vector<std::wstring>> textLists;  // the patterns of each list
+  std::vector<VariableCondition> variables;
+};
+
+struct ResultItem {
+  int kind;      // an item kind that acts on entities
+  int variable;  // row of the dimension variable catalogue, for that kind
+  std::wstring key, value;
+};
+
+struct CompiledSetting {
+  CompiledConditions conditions;
+  std::vector<ResultItem> results;
+};
+
+// Gives the texts of a text search list by its name; an unreadable list has none.
+using TextListLoader = std::function<std::vector<std::wstring>(const std::wstring& name)>;
+
+// Items of unknown keys, and of kinds that do not act on entities, are left out.
+CompiledSetting compileSetting(std::wstring_view flatSetting, Pass pass, const TextListLoader& loadTextList);
+
+}  // namespace kiv

@@ -1,0 +1,244 @@
+#include "engine/dimension_variables.h"
+
+#include <array>
+#include <string_view>
+
+#include "base/fold.h"
+#include "dbdim.h"
+#include "dblead.h"
+#include "engine/leading_number.h"
+#include "engine/numeric_compare.h"
+#include "engine/table_lookup.h"
+#include "engine/value_forms.h"
+#include "spec/color_text.h"
+#include "spec/dimension_catalogue.h"
+
+namespace kiv {
+namespace {
+
+using Status = Acad::ErrorStatus;
+using ReadValue = DimensionValue (*)(const AcDbEntity&, SymbolNames&);
+using WriteValue = Status (*)(AcDbDimension&, const std::wstring&);
+
+// --- Reading, by the host's type --------------------------------------------------------------------
+
+DimensionValue toValue(bool value, SymbolNames&) { return value ? 1.0 : 0.0; }
+DimensionValue toValue(int value, SymbolNames&) { return static_cast<double>(value); }
+DimensionValue toValue(double value, SymbolNames&) { return value; }
+DimensionValue toValue(AcDb::LineWeight value, SymbolNames&) { return static_cast<double>(value); }
+DimensionValue toValue(const AcCmColor& value, SymbolNames&) {
+  return static_cast<double>(value.colorIndex());
+}
+DimensionValue toValue(const ACHAR* value, SymbolNames&) {
+  return std::wstring(value != nullptr ? value : L"");
+}
+DimensionValue toValue(ACHAR value, SymbolNames&) {
+  return value != 0 ? std::wstring(1, value) : std::wstring();
+}
+DimensionValue toValue(AcDbObjectId value, SymbolNames& names) {
+  return value.isNull() ? std::wstring(L".") : names.of(value).name;
+}
+
+template <class Entity, auto Get>
+DimensionValue read(const AcDbEntity& entity, SymbolNames& names) {
+  return toValue((static_cast<const Entity&>(entity).*Get)(), names);
+}
+
+// Readers that the host offers in two forms, by their return type.
+template <class T>
+using Getter = T (AcDbDimension::*)() const;
+
+// --- Writing, by the host's type ---------------------------------------------------------------------
+
+template <Status (AcDbDimension::*Set)(bool)>
+Status writeBool(AcDbDimension& dimension, const std::wstring& text) {
+  if (!startsWithNumber(text)) return Acad::eInvalidInput;
+  return (dimension.*Set)(leadingInteger(text) != 0);
+}
+template <Status (AcDbDimension::*Set)(int)>
+Status writeInteger(AcDbDimension& dimension, const std::wstring& text) {
+  if (!startsWithNumber(text)) return Acad::eInvalidInput;
+  return (dimension.*Set)(leadingInteger(text));
+}
+template <Status (AcDbDimension::*Set)(double)>
+Status writeReal(AcDbDimension& dimension, const std::wstring& text) {
+  if (!startsWithNumber(text)) return Acad::eInvalidInput;
+  return (dimension.*Set)(leadingReal(text));
+}
+template <Status (AcDbDimension::*Set)(const ACHAR*)>
+Status writeText(AcDbDimension& dimension, const std::wstring& text) {
+  return (dimension.*Set)(text.c_str());
+}
+template <Status (AcDbDimension::*Set)(ACHAR)>
+Status writeCharacter(AcDbDimension& dimension, const std::wstring& text) {
+  if (text.size() != 1) return Acad::eInvalidInput;
+  return (dimension.*Set)(text.front());
+}
+template <Status (AcDbDimension::*Set)(const AcCmColor&)>
+Status writeColor(AcDbDimension& dimension, const std::wstring& text) {
+  const int index = colorNumberOfFileText(text);
+  const bool isNamed = base::startsWithFolded(text, L"BY");
+  if ((!isNamed && !startsWithNumber(text)) || index < 0 || index > kColorByLayer) return Acad::eInvalidInput;
+  AcCmColor color;
+  const Status status = color.setColorIndex(static_cast<Adesk::UInt16>(index));
+  return status == Acad::eOk ? (dimension.*Set)(color) : status;
+}
+template <Status (AcDbDimension::*Set)(AcDb::LineWeight)>
+Status writeWeight(AcDbDimension& dimension, const std::wstring& text) {
+  const int number = lineWeightNumber(text);
+  const bool isNamed = number < 0 && !startsWithNumber(text);
+  if ((!isNamed && !startsWithNumber(text)) || lineWeightStep(number) != number) return Acad::eInvalidInput;
+  return (dimension.*Set)(static_cast<AcDb::LineWeight>(number));
+}
+template <Status (AcDbDimension::*Set)(const ACHAR*)>
+Status writeArrow(AcDbDimension& dimension, const std::wstring& text) {
+  const auto block = blockNameOfDisplayForm(text);
+  if (!block) return Acad::eInvalidInput;
+  return (dimension.*Set)(std::wstring(*block).c_str());
+}
+Status writeTextStyle(AcDbDimension& dimension, const std::wstring& text) {
+  const AcDbObjectId style = findInTable(dimension.database()->textStyleTableId(), text);
+  return style.isNull() ? Acad::eKeyNotFound : dimension.setDimtxsty(style);
+}
+
+// --- The variables ------------------------------------------------------------------------------------
+
+struct Access {
+  const wchar_t* name;
+  ReadValue readDimension;
+  ReadValue readLeader;  // null: leaders do not have it
+  WriteValue write;
+};
+
+#define KIV_DIM(NAME, TYPE, GET, SET) \
+  Access { NAME, read<AcDbDimension, &AcDbDimension::GET>, nullptr, write##TYPE<&AcDbDimension::SET> }
+#define KIV_LEADER_DIM(NAME, TYPE, GET, SET)                                            \
+  Access {                                                                              \
+    NAME, read<AcDbDimension, &AcDbDimension::GET>, read<AcDbLeader, &AcDbLeader::GET>, \
+        write##TYPE<&AcDbDimension::SET>                                                \
+  }
+#define KIV_DIM_TEXT(NAME, GET, SET)                                                            \
+  Access {                                                                                      \
+    NAME, read<AcDbDimension, static_cast<Getter<const ACHAR*>>(&AcDbDimension::GET)>, nullptr, \
+        writeText<&AcDbDimension::SET>                                                          \
+  }
+
+// DIMASO and DIMSHO belong to the drawing and not to a dimension.
+constexpr std::array kAccesses = {
+    KIV_DIM(L"DIMADEC", Integer, dimadec, setDimadec),
+    KIV_DIM(L"DIMALT", Bool, dimalt, setDimalt),
+    KIV_DIM(L"DIMALTD", Integer, dimaltd, setDimaltd),
+    KIV_DIM(L"DIMALTF", Real, dimaltf, setDimaltf),
+    KIV_DIM(L"DIMALTRND", Real, dimaltrnd, setDimaltrnd),
+    KIV_DIM(L"DIMALTTD", Integer, dimalttd, setDimalttd),
+    KIV_DIM(L"DIMALTTZ", Integer, dimalttz, setDimalttz),
+    KIV_DIM(L"DIMALTU", Integer, dimaltu, setDimaltu),
+    KIV_DIM(L"DIMALTZ", Integer, dimaltz, setDimaltz),
+    KIV_DIM_TEXT(L"DIMAPOST", dimapost, setDimapost),
+    KIV_LEADER_DIM(L"DIMASZ", Real, dimasz, setDimasz),
+    KIV_DIM(L"DIMATFIT", Integer, dimatfit, setDimatfit),
+    KIV_DIM(L"DIMAUNIT", Integer, dimaunit, setDimaunit),
+    KIV_DIM(L"DIMAZIN", Integer, dimazin, setDimazin),
+    KIV_DIM(L"DIMBLK", Arrow, dimblk, setDimblk),
+    KIV_DIM(L"DIMBLK1", Arrow, dimblk1, setDimblk1),
+    KIV_DIM(L"DIMBLK2", Arrow, dimblk2, setDimblk2),
+    KIV_DIM(L"DIMCEN", Real, dimcen, setDimcen),
+    KIV_LEADER_DIM(L"DIMCLRD", Color, dimclrd, setDimclrd),
+    KIV_DIM(L"DIMCLRE", Color, dimclre, setDimclre),
+    KIV_DIM(L"DIMCLRT", Color, dimclrt, setDimclrt),
+    KIV_DIM(L"DIMDEC", Integer, dimdec, setDimdec),
+    KIV_DIM(L"DIMDLE", Real, dimdle, setDimdle),
+    KIV_DIM(L"DIMDLI", Real, dimdli, setDimdli),
+    KIV_DIM(L"DIMDSEP", Character, dimdsep, setDimdsep),
+    KIV_DIM(L"DIMEXE", Real, dimexe, setDimexe),
+    KIV_DIM(L"DIMEXO", Real, dimexo, setDimexo),
+    KIV_DIM(L"DIMFRAC", Integer, dimfrac, setDimfrac),
+    KIV_LEADER_DIM(L"DIMGAP", Real, dimgap, setDimgap),
+    KIV_DIM(L"DIMJUST", Integer, dimjust, setDimjust),
+    KIV_LEADER_DIM(L"DIMLDRBLK", Arrow, dimldrblk, setDimldrblk),
+    KIV_DIM(L"DIMLFAC", Real, dimlfac, setDimlfac),
+    KIV_DIM(L"DIMLIM", Bool, dimlim, setDimlim),
+    KIV_DIM(L"DIMLUNIT", Integer, dimlunit, setDimlunit),
+    KIV_LEADER_DIM(L"DIMLWD", Weight, dimlwd, setDimlwd),
+    KIV_DIM(L"DIMLWE", Weight, dimlwe, setDimlwe),
+    KIV_DIM_TEXT(L"DIMPOST", dimpost, setDimpost),
+    KIV_DIM(L"DIMRND", Real, dimrnd, setDimrnd),
+    KIV_LEADER_DIM(L"DIMSAH", Bool, dimsah, setDimsah),
+    KIV_LEADER_DIM(L"DIMSCALE", Real, dimscale, setDimscale),
+    KIV_DIM(L"DIMSD1", Bool, dimsd1, setDimsd1),
+    KIV_DIM(L"DIMSD2", Bool, dimsd2, setDimsd2),
+    KIV_DIM(L"DIMSE1", Bool, dimse1, setDimse1),
+    KIV_DIM(L"DIMSE2", Bool, dimse2, setDimse2),
+    KIV_DIM(L"DIMSOXD", Bool, dimsoxd, setDimsoxd),
+    KIV_LEADER_DIM(L"DIMTAD", Integer, dimtad, setDimtad),
+    KIV_DIM(L"DIMTDEC", Integer, dimtdec, setDimtdec),
+    KIV_DIM(L"DIMTFAC", Real, dimtfac, setDimtfac),
+    KIV_DIM(L"DIMTIH", Bool, dimtih, setDimtih),
+    KIV_DIM(L"DIMTIX", Bool, dimtix, setDimtix),
+    KIV_DIM(L"DIMTM", Real, dimtm, setDimtm),
+    KIV_DIM(L"DIMTMOVE", Integer, dimtmove, setDimtmove),
+    KIV_DIM(L"DIMTOFL", Bool, dimtofl, setDimtofl),
+    KIV_DIM(L"DIMTOH", Bool, dimtoh, setDimtoh),
+    KIV_DIM(L"DIMTOL", Bool, dimtol, setDimtol),
+    KIV_DIM(L"DIMTOLJ", Integer, dimtolj, setDimtolj),
+    KIV_DIM(L"DIMTP", Real, dimtp, setDimtp),
+    KIV_DIM(L"DIMTSZ", Real, dimtsz, setDimtsz),
+    KIV_DIM(L"DIMTVP", Real, dimtvp, setDimtvp),
+    Access{L"DIMTXSTY", read<AcDbDimension, &AcDbDimension::dimtxsty>,
+           read<AcDbLeader, &AcDbLeader::dimtxsty>, writeTextStyle},
+    KIV_LEADER_DIM(L"DIMTXT", Real, dimtxt, setDimtxt),
+    KIV_DIM(L"DIMTZIN", Integer, dimtzin, setDimtzin),
+    KIV_DIM(L"DIMUPT", Bool, dimupt, setDimupt),
+    KIV_DIM(L"DIMZIN", Integer, dimzin, setDimzin),
+};
+
+#undef KIV_DIM
+#undef KIV_LEADER_DIM
+#undef KIV_DIM_TEXT
+
+const Access* accessOf(int row) {
+  const std::wstring_view name = dimensionCatalogue()[static_cast<std::size_t>(row)].name;
+  for (const Access& access : kAccesses) {
+    if (name == access.name) return &access;
+  }
+  return nullptr;
+}
+
+// The host writes built-in arrows with or without the underscore, and the catalogue has one of them in a
+// spelling of its own.
+std::wstring arrowKey(std::wstring_view block) {
+  std::wstring key = base::upper(block);
+  if (!key.empty() && key.front() == L'_') key.erase(0, 1);
+  if (key == L"ARCHTIC") key = L"ARCHTICK";
+  return key.empty() ? L"." : key;
+}
+
+}  // namespace
+
+std::optional<DimensionValue> dimensionVariable(const AcDbEntity& entity, bool isLeader, int row,
+                                                SymbolNames& names) {
+  const Access* access = accessOf(row);
+  if (access == nullptr) return std::nullopt;
+  const ReadValue reader = isLeader ? access->readLeader : access->readDimension;
+  if (reader == nullptr) return std::nullopt;
+  return reader(entity, names);
+}
+
+bool equalsDimensionValue(const DimensionValue& value, int row, const std::wstring& text) {
+  const wchar_t* name = dimensionCatalogue()[static_cast<std::size_t>(row)].name;
+  if (const double* number = std::get_if<double>(&value)) {
+    return startsWithNumber(text) && equalNumbers(*number, leadingReal(text));
+  }
+  const std::wstring& read = std::get<std::wstring>(value);
+  if (!isArrowVariable(name)) return base::equalFolded(read, text);
+  const auto block = blockNameOfDisplayForm(text);
+  return block && arrowKey(read) == arrowKey(*block);
+}
+
+Acad::ErrorStatus setDimensionVariable(AcDbEntity& dimension, int row, const std::wstring& text) {
+  const Access* access = accessOf(row);
+  if (access == nullptr) return Acad::eNotApplicable;
+  return access->write(static_cast<AcDbDimension&>(dimension), text);
+}
+
+}  // namespace kiv

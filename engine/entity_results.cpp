@@ -1,0 +1,196 @@
+#include "engine/entity_results.h"
+
+#include "dbdim.h"
+#include "dbents.h"
+#include "dbmtext.h"
+#include "engine/dimension_variables.h"
+#include "engine/entity_properties.h"
+#include "engine/leading_number.h"
+#include "engine/pattern_rename.h"
+#include "engine/refusal.h"
+#include "engine/table_lookup.h"
+#include "spec/color_text.h"
+#include "spec/item_kinds.h"
+
+namespace kiv {
+namespace {
+
+using Status = Acad::ErrorStatus;
+using Writer = Status (*)(AcDbEntity&, EntityClass, const PreparedResult&);
+
+AcDbText& asText(AcDbEntity& entity) { return static_cast<AcDbText&>(entity); }
+AcDbMText& asMText(AcDbEntity& entity) { return static_cast<AcDbMText&>(entity); }
+AcDbDimension& asDimension(AcDbEntity& entity) { return static_cast<AcDbDimension&>(entity); }
+
+Status writeLinetype(AcDbEntity& entity, EntityClass, const PreparedResult& result) {
+  return result.id.isNull() ? Acad::eKeyNotFound : entity.setLinetype(result.id);
+}
+
+Status writeColor(AcDbEntity& entity, EntityClass, const PreparedResult& result) {
+  if (result.integer < kColorByBlock || result.integer > kColorByLayer) return Acad::eInvalidInput;
+  return entity.setColorIndex(static_cast<Adesk::UInt16>(result.integer));
+}
+
+Status writeTextStyle(AcDbEntity& entity, EntityClass entityClass, const PreparedResult& result) {
+  if (entityClass != EntityClass::kText && entityClass != EntityClass::kMText) return Acad::eOk;
+  if (result.id.isNull()) return Acad::eKeyNotFound;
+  return entityClass == EntityClass::kText ? asText(entity).setTextStyle(result.id)
+                                           : asMText(entity).setTextStyle(result.id);
+}
+
+Status writeTextHeight(AcDbEntity& entity, EntityClass entityClass, const PreparedResult& result) {
+  switch (entityClass) {
+    case EntityClass::kText:
+      return asText(entity).setHeight(result.height.applyTo(asText(entity).height()));
+    case EntityClass::kMText:
+      return asMText(entity).setTextHeight(result.height.applyTo(asMText(entity).textHeight()));
+    case EntityClass::kDimension: {
+      AcDbDimension& dimension = asDimension(entity);
+      const Status status = dimension.setDimtxt(result.height.applyTo(dimension.dimtxt()));
+      if (status == Acad::eOk) dimension.recomputeDimBlock(true);
+      return status;
+    }
+    default:
+      return Acad::eOk;
+  }
+}
+
+Status writeTextAngle(AcDbEntity& entity, EntityClass entityClass, const PreparedResult& result) {
+  switch (entityClass) {
+    case EntityClass::kMText:
+      return asMText(entity).setRotation(result.number);
+    case EntityClass::kText:
+      return asText(entity).setRotation(result.number);
+    case EntityClass::kDimension:
+      return asDimension(entity).setTextRotation(result.number);
+    default:
+      return Acad::eOk;
+  }
+}
+
+Status writeWidthFactor(AcDbEntity& entity, EntityClass entityClass, const PreparedResult& result) {
+  return entityClass == EntityClass::kText ? asText(entity).setWidthFactor(result.number) : Acad::eOk;
+}
+
+Status writeVariable(AcDbEntity& entity, EntityClass entityClass, const PreparedResult& result) {
+  if (entityClass != EntityClass::kDimension) return Acad::eOk;
+  const Status status = setDimensionVariable(entity, result.item->variable, result.item->value);
+  if (status == Acad::eOk) asDimension(entity).recomputeDimBlock(true);
+  return status;
+}
+
+Status writeLineweight(AcDbEntity& entity, EntityClass, const PreparedResult& result) {
+  return entity.setLineWeight(static_cast<AcDb::LineWeight>(result.integer));
+}
+
+Status writeTransparency(AcDbEntity& entity, EntityClass, const PreparedResult& result) {
+  return entity.setTransparency(result.transparency);
+}
+
+Status writeLinetypeScale(AcDbEntity& entity, EntityClass, const PreparedResult& result) {
+  return entity.setLinetypeScale(result.number);
+}
+
+// By item kind; null: written elsewhere, or no result of entities.
+constexpr std::array<Writer, kLinetypeScaleKind + 1> kWriters = {
+    nullptr,         nullptr,           writeLinetype,     writeColor,    writeTextStyle,
+    writeTextHeight, writeTextAngle,    writeWidthFactor,  writeVariable, nullptr,
+    writeLineweight, writeTransparency, writeLinetypeScale};
+
+void countRefusal(RefusalCounts& counts, Status status) {
+  ++counts[static_cast<std::size_t>(refusalOf(status))];
+}
+
+void reportCounts(ProblemSink& sink, const std::wstring& kind, const std::wstring& value,
+                  const RefusalCounts& counts) {
+  for (std::size_t i = 0; i < counts.size(); ++i) {
+    if (counts[i] > 0) sink.addNote(kind, value, static_cast<Refusal>(i), counts[i]);
+  }
+}
+
+}  // namespace
+
+EntityResults::EntityResults(const CompiledSetting& setting, AcDbDatabase& database, SymbolNames& names)
+    : setting_(setting), database_(database), names_(names) {
+  results_.reserve(setting.results.size());
+  for (const ResultItem& item : setting.results) results_.push_back(prepare(item));
+}
+
+PreparedResult EntityResults::prepare(const ResultItem& item) const {
+  PreparedResult result;
+  result.item = &item;
+  switch (item.kind) {
+    case kLinetypeKind:
+      result.id = findInTable(database_.linetypeTableId(), item.value);
+      break;
+    case kColorKind:
+      result.integer = colorNumberOfFileText(item.value);
+      break;
+    case kFontKind:
+      result.id = findInTable(database_.textStyleTableId(), item.value);
+      break;
+    case kTextHeightKind:
+      result.height = heightValue(item.value);
+      break;
+    case kTextAngleKind:
+      result.number = radians(leadingReal(item.value));
+      break;
+    case kLineweightKind:
+      result.integer = lineWeightStep(lineWeightNumber(item.value));
+      break;
+    case kTransparencyKind:
+      result.transparency = hostTransparency(transparencyValue(item.value));
+      break;
+    default:
+      result.number = leadingReal(item.value);
+  }
+  return result;
+}
+
+int EntityResults::apply(AcDbEntity& entity, EntityClass entityClass) {
+  int refusedTransparencies = 0;
+  for (PreparedResult& result : results_) {
+    if (result.item->kind == kLayerKind) {
+      setLayer(entity, result);
+      continue;
+    }
+    const Status status = kWriters[static_cast<std::size_t>(result.item->kind)](entity, entityClass, result);
+    if (status == Acad::eOk) continue;
+    if (result.item->kind == kTransparencyKind) {
+      ++refusedTransparencies;
+    } else {
+      countRefusal(result.refused, status);
+    }
+  }
+  return refusedTransparencies;
+}
+
+void EntityResults::setLayer(AcDbEntity& entity, PreparedResult& result) const {
+  const AcDbObjectId from = entity.layerId();
+  const auto [entry, isNew] = result.layers.try_emplace(from.asOldId());
+  TargetLayer& target = entry->second;
+  if (isNew) {
+    target.name = renamedLayer(names_.of(from).name, result.item->value);
+    target.id = findInTable(database_.layerTableId(), target.name);
+  }
+  const Status status = target.id.isNull() ? Acad::eKeyNotFound : entity.setLayer(target.id);
+  if (status != Acad::eOk) countRefusal(target.refused, status);
+}
+
+std::wstring EntityResults::renamedLayer(const std::wstring& from, const std::wstring& to) const {
+  for (const auto& condition : setting_.conditions.layers) {
+    if (auto name = renameByPattern(from, condition.value, to)) return *std::move(name);
+  }
+  return to;
+}
+
+void EntityResults::reportRefusals(ProblemSink& sink) const {
+  for (const PreparedResult& result : results_) {
+    reportCounts(sink, result.item->key, result.item->value, result.refused);
+    for (const auto& [from, target] : result.layers) {
+      reportCounts(sink, result.item->key, target.name, target.refused);
+    }
+  }
+}
+
+}  // namespace kiv

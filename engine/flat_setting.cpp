@@ -1,0 +1,59 @@
+#include "engine/flat_setting.h"
+
+#include "base/fold.h"
+
+namespace kiv {
+namespace {
+
+std::vector<std::wstring_view> pieces(std::wstring_view line) {
+  std::vector<std::wstring_view> found;
+  for (std::size_t start = 0;;) {
+    const std::size_t comma = line.find(L',', start);
+    found.push_back(line.substr(start, comma - start));
+    if (comma == std::wstring_view::npos) return found;
+    start = comma + 1;
+  }
+}
+
+// "key=value" or "key<>value", whichever sign comes first.
+bool splitItem(std::wstring_view piece, FlatItem& item) {
+  const std::size_t equal = piece.find(L'=');
+  const std::size_t differ = piece.find(L"<>");
+  if (equal == std::wstring_view::npos && differ == std::wstring_view::npos) return false;
+  item.equal = equal < differ;
+  const std::size_t sign = item.equal ? equal : differ;
+  item.key = base::trim(piece.substr(0, sign));
+  item.value = base::trim(piece.substr(sign + (item.equal ? 1 : 2)));
+  return true;
+}
+
+}  // namespace
+
+FlatSetting parseFlatSetting(std::wstring_view line) {
+  FlatSetting setting;
+  std::vector<FlatItem>* items = &setting.conditions;
+  for (const std::wstring_view piece : pieces(line)) {
+    const std::wstring_view trimmed = base::trim(piece);
+    FlatItem item;
+    if (trimmed == L"{") {
+      items = &setting.results;
+    } else if (trimmed == L"***") {
+      continue;
+    } else if (splitItem(piece, item)) {
+      if (items == &setting.results) item.equal = true;
+      items->push_back(std::move(item));
+    } else if (!items->empty()) {
+      items->back().value += L',';
+      items->back().value += piece;
+    }
+  }
+  return setting;
+}
+
+std::vector<std::wstring> splitFields(std::wstring_view line) {
+  std::vector<std::wstring> fields;
+  for (const std::wstring_view piece : pieces(line)) fields.emplace_back(base::trim(piece));
+  return fields;
+}
+
+}  // namespace kiv

@@ -1,0 +1,29 @@
+#pragma once
+// A setting in the one-line form in which the run's reader hands it over:
+//   ,key=value,key<>value,***,{,key=value
+// Conditions stand before the "{" piece, results after it. A piece that is neither an item nor "***" nor
+// "{" continues the value before it together with its comma, so that a pattern with alternatives stays one.
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kiv {
+
+struct FlatItem {
+  std::wstring key;
+  std::wstring value;
+  bool equal = true;  // false: an inverted condition
+};
+
+struct FlatSetting {
+  std::vector<FlatItem> conditions;
+  std::vector<FlatItem> results;
+};
+
+FlatSetting parseFlatSetting(std::wstring_view line);
+
+// The fields between commas, each trimmed; an empty text is one empty field.
+std::vector<std::wstring> splitFields(std::wstring_view line);
+
+}  // namespace kiv

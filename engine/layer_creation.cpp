@@ -1,0 +1,54 @@
+// Creation of layers.
+
+#include <array>
+
+#include "dbobjptr.h"
+#include "engine/flat_setting.h"
+#include "engine/layer_properties.h"
+#include "engine/layer_stages.h"
+#include "engine/messages.h"
+#include "engine/table_lookup.h"
+#include "spec/item_kinds.h"
+
+namespace kiv {
+namespace {
+
+// The fields of an entry after the name. An empty one leaves what a new layer has.
+constexpr std::array kFieldKinds = {kColorKind,  kLinetypeKind, kVisibilityKind, kLockKind,
+                                    kFreezeKind, kPlotKind,     kLineweightKind, kTransparencyKind};
+
+bool addNamed(AcDbDatabase& database, const std::wstring& name,
+              AcDbObjectPointer<AcDbLayerTableRecord>& layer) {
+  layer.create();
+  AcDbLayerTablePointer table(&database, AcDb::kForWrite);
+  return layer->setName(name.c_str()) == Acad::eOk && table.openStatus() == Acad::eOk &&
+         table->add(layer.object()) == Acad::eOk;
+}
+
+void createLayer(RunState& run, const std::vector<std::wstring>& fields) {
+  const std::wstring& name = fields[0];
+  AcDbObjectPointer<AcDbLayerTableRecord> layer;
+  if (!addNamed(run.database, name, layer)) {
+    run.problems.addProblem(layerNotCreatedProblem(name));
+    return;
+  }
+  for (std::size_t i = 0; i < kFieldKinds.size() && i + 1 < fields.size(); ++i) {
+    const std::wstring& value = fields[i + 1];
+    if (value.empty()) continue;
+    if (setLayerProperty(*layer.object(), kFieldKinds[i], value, run.database) != Acad::eOk) {
+      run.problems.addProblem(layerCreationProblem(name, itemKind(kFieldKinds[i])->key, value));
+    }
+  }
+}
+
+}  // namespace
+
+void createLayers(RunState& run) {
+  for (const std::wstring& entry : run.list(kLayerCreationList)) {
+    const std::vector<std::wstring> fields = splitFields(entry);
+    if (fields[0].empty() || !findInTable(run.database.layerTableId(), fields[0]).isNull()) continue;
+    createLayer(run, fields);
+  }
+}
+
+}  // namespace kiv

@@ -1,0 +1,128 @@
+#include "engine/layer_properties.h"
+
+#include "acutads.h"
+#include "dbobjptr.h"
+#include "engine/entity_properties.h"
+#include "engine/leading_number.h"
+#include "engine/table_lookup.h"
+#include "spec/color_text.h"
+#include "spec/item_kinds.h"
+
+namespace kiv {
+namespace {
+
+using Status = Acad::ErrorStatus;
+
+std::wstring nameOf(const AcDbSymbolTableRecord& record) {
+  AcString name;
+  return record.getName(name) == Acad::eOk ? std::wstring(name.constPtr()) : std::wstring();
+}
+
+std::wstring nameOf(AcDbObjectId id) {
+  AcDbObjectPointer<AcDbSymbolTableRecord> record(id, AcDb::kForRead);
+  return record.openStatus() == Acad::eOk ? nameOf(*record.object()) : std::wstring();
+}
+
+Status setColor(AcDbLayerTableRecord& layer, const std::wstring& value) {
+  const int index = colorNumberOfFileText(value);
+  if (index < 0 || index > kColorByLayer) return Acad::eInvalidInput;
+  AcCmColor color;
+  const Status status = color.setColorIndex(static_cast<Adesk::UInt16>(index));
+  return status == Acad::eOk ? layer.setColor(color) : status;
+}
+
+Status setLinetype(AcDbLayerTableRecord& layer, const std::wstring& value, AcDbDatabase& database) {
+  const AcDbObjectId id = findInTable(database.linetypeTableId(), value);
+  return id.isNull() ? Acad::eKeyNotFound : layer.setLinetypeObjectId(id);
+}
+
+Status setSwitch(AcDbLayerTableRecord& layer, int kind, const std::wstring& value) {
+  const auto on = onOffValue(value);
+  if (!on) return Acad::eInvalidInput;
+  switch (kind) {
+    case kVisibilityKind:
+      return layer.setIsOff(!*on);
+    case kLockKind:
+      return layer.setIsLocked(*on);
+    case kFreezeKind:
+      return layer.setIsFrozen(*on);
+    default:
+      return layer.setIsPlottable(*on);
+  }
+}
+
+bool matchesSwitch(bool state, const std::wstring& value) {
+  const auto on = onOffValue(value);
+  return on && *on == state;
+}
+
+}  // namespace
+
+LayerFacts readLayer(const AcDbLayerTableRecord& layer) {
+  LayerFacts facts;
+  facts.id = layer.objectId();
+  facts.name = nameOf(layer);
+  facts.linetype = nameOf(layer.linetypeObjectId());
+  facts.color = layer.color().colorIndex();
+  facts.lineWeight = layer.lineWeight();
+  facts.transparency = transparencyOf(layer.transparency());
+  facts.on = !layer.isOff();
+  facts.locked = layer.isLocked();
+  facts.frozen = layer.isFrozen();
+  facts.plottable = layer.isPlottable();
+  return facts;
+}
+
+bool layerMatches(const LayerFacts& layer, int kind, const std::wstring& value) {
+  switch (kind) {
+    case kLayerKind:
+      return acutWcMatchEx(layer.name.c_str(), value.c_str(), true);
+    case kLinetypeKind:
+      return acutWcMatchEx(layer.linetype.c_str(), value.c_str(), true);
+    case kColorKind:
+      return layer.color == colorNumberOfFileText(value);
+    case kLineweightKind:
+      return layer.lineWeight == lineWeightNumber(value);
+    case kTransparencyKind:
+      return layer.transparency == transparencyValue(value);
+    case kVisibilityKind:
+      return matchesSwitch(layer.on, value);
+    case kLockKind:
+      return matchesSwitch(layer.locked, value);
+    case kFreezeKind:
+      return matchesSwitch(layer.frozen, value);
+    case kPlotKind:
+      return matchesSwitch(layer.plottable, value);
+    default:
+      return false;
+  }
+}
+
+Acad::ErrorStatus setLayerProperty(AcDbLayerTableRecord& layer, int kind, const std::wstring& value,
+                                   AcDbDatabase& database) {
+  switch (kind) {
+    case kColorKind:
+      return setColor(layer, value);
+    case kLinetypeKind:
+      return setLinetype(layer, value, database);
+    case kLineweightKind:
+      return layer.setLineWeight(static_cast<AcDb::LineWeight>(lineWeightStep(lineWeightNumber(value))));
+    case kTransparencyKind:
+      return layer.setTransparency(hostTransparency(transparencyValue(value)));
+    case kVisibilityKind:
+    case kLockKind:
+    case kFreezeKind:
+    case kPlotKind:
+      return setSwitch(layer, kind, value);
+    default:
+      return Acad::eNotApplicable;
+  }
+}
+
+void switchOffAndOn(AcDbLayerTableRecord& layer) {
+  if (layer.isOff()) return;
+  layer.setIsOff(true);
+  layer.setIsOff(false);
+}
+
+}  // namespace kiv

@@ -1,0 +1,34 @@
+#pragma once
+// Properties of layers as value texts of a conversion specification.
+
+#include <string>
+
+#include "dbsymtb.h"
+#include "engine/value_forms.h"
+
+namespace kiv {
+
+// What conditions are tested on, read once before any layer is changed.
+struct LayerFacts {
+  AcDbObjectId id;
+  std::wstring name, linetype;
+  int color = 7;  // index, also of a layer that is off
+  int lineWeight = -3;
+  Transparency transparency;
+  bool on = true, locked = false, frozen = false, plottable = true;
+};
+LayerFacts readLayer(const AcDbLayerTableRecord& layer);
+
+// Does the property of this item kind match a condition's value? A kind that layers do not have matches
+// nothing. Names match as patterns, ignoring case.
+bool layerMatches(const LayerFacts& layer, int kind, const std::wstring& value);
+
+// Sets any property but the name. eKeyNotFound: no such linetype; eInvalidInput: a value that is none of
+// the kind; eNotApplicable: a kind that layers do not have; and what the host refuses with.
+Acad::ErrorStatus setLayerProperty(AcDbLayerTableRecord& layer, int kind, const std::wstring& value,
+                                   AcDbDatabase& database);
+
+// Views keep showing a changed layer as it was until it is switched. Does nothing to one that is off.
+void switchOffAndOn(AcDbLayerTableRecord& layer);
+
+}  // namespace kiv

@@ -1,0 +1,53 @@
+#include "engine/messages.h"
+
+namespace kiv {
+
+std::wstring unreadableProblem(const std::wstring& path) {
+  return L"[" + path + L"]の読み込みに失敗しました";
+}
+
+std::wstring arrowProblem(const std::wstring& block) {
+  return L"矢印[" + block + L"]のロードができませんでした";
+}
+
+std::wstring linetypeProblem(const std::wstring& linetype) {
+  return L"線種[" + linetype + L"]のロードができませんでした";
+}
+
+std::wstring layerRecordProblem(const std::wstring& layer) {
+  return L"画層変換で、画層[" + layer + L"]の情報が取得できませんでした";
+}
+
+std::wstring lockedProblem(const std::wstring& passLabel, int count) {
+  return passLabel + L" ロックされた画層上にあるため " + std::to_wstring(count) + L"件変換できませんでした";
+}
+
+std::wstring failedProblem(const std::wstring& passLabel, int count) {
+  return passLabel + L" " + std::to_wstring(count) + L"件変換できませんでした";
+}
+
+std::wstring saveProblem(const std::wstring& path) { return L"[" + path + L"]の保存に失敗しました"; }
+
+std::wstring layerCreationProblem(const std::wstring& layer, const std::wstring& kind,
+                                  const std::wstring& value) {
+  return L"画層の作成で、画層[" + layer + L"]の" + kind + L"[" + value + L"]を設定できませんでした";
+}
+
+std::wstring layerNotCreatedProblem(const std::wstring& layer) {
+  return L"画層[" + layer + L"]を作成できませんでした";
+}
+
+std::wstring layerSettingProblem(const std::wstring& layer, const std::wstring& kind,
+                                 const std::wstring& value) {
+  return L"画層変換で、画層[" + layer + L"]の" + kind + L"[" + value + L"]を設定できませんでした";
+}
+
+std::wstring layerRenameProblem(const std::wstring& layer, const std::wstring& newName) {
+  return L"画層変換で、画層[" + layer + L"]の名前を[" + newName + L"]に変更できませんでした";
+}
+
+std::wstring currentLayerFreezeProblem(const std::wstring& layer) {
+  return L"画層変換で、現在の画層[" + layer + L"]はフリーズできませんでした";
+}
+
+}  // namespace kiv

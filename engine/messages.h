@@ -1,0 +1,27 @@
+#pragma once
+// The lines that a run adds to the log.
+
+#include <string>
+
+namespace kiv {
+
+inline constexpr const wchar_t* kAloneProblem = L"このコマンドは単独では実行できません";
+
+std::wstring unreadableProblem(const std::wstring& path);
+std::wstring arrowProblem(const std::wstring& block);
+std::wstring linetypeProblem(const std::wstring& linetype);
+std::wstring layerRecordProblem(const std::wstring& layer);
+std::wstring lockedProblem(const std::wstring& passLabel, int count);
+std::wstring failedProblem(const std::wstring& passLabel, int count);
+std::wstring saveProblem(const std::wstring& path);
+
+// A property that a layer did not take; `kind` is the item's key.
+std::wstring layerCreationProblem(const std::wstring& layer, const std::wstring& kind,
+                                  const std::wstring& value);
+std::wstring layerNotCreatedProblem(const std::wstring& layer);
+std::wstring layerSettingProblem(const std::wstring& layer, const std::wstring& kind,
+                                 const std::wstring& value);
+std::wstring layerRenameProblem(const std::wstring& layer, const std::wstring& newName);
+std::wstring currentLayerFreezeProblem(const std::wstring& layer);
+
+}  // namespace kiv

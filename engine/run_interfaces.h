@@ -1,0 +1,36 @@
+#pragma once
+// What a conversion run is handed from above: what to convert by, and where to report.
+
+#include <functional>
+#include <string>
+
+namespace kiv {
+
+enum class Refusal { kOther, kNoSuchName, kNotInThisVersion, kBadValue };
+inline constexpr int kRefusalCount = 4;
+
+class ProblemSink {
+ public:
+  virtual ~ProblemSink() = default;
+  // A line for the log. The sink drops repeated ones.
+  virtual void addProblem(const std::wstring& text) = 0;
+  // `count` objects refused a result: not a problem of the log. The sink adds up equal notes. `kind` is the
+  // item's key or a dimension variable's name.
+  virtual void addNote(const std::wstring& kind, const std::wstring& value, Refusal reason, int count) = 0;
+};
+
+struct RunParameters {
+  std::wstring specification;           // full path; empty: the run refuses
+  std::wstring outputFolder;            // with its trailing separator; empty: neither saved nor closed
+  int saveFormat = 0;                   // 0 DWG, 1 DXF, 2 DWT
+  std::function<void()> drawingClosed;  // called after the saved drawing was closed; may be empty
+};
+
+enum class RunEnd { kConverted, kNoSpecification, kSpecificationUnreadable, kEmptyDrawing };
+
+struct RunOutcome {
+  RunEnd end = RunEnd::kConverted;
+  std::wstring savedPath;  // empty: nothing was saved
+};
+
+}  // namespace kiv

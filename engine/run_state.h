@@ -1,0 +1,34 @@
+#pragma once
+// What the stages of one run share.
+
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "dbmain.h"
+#include "engine/run_interfaces.h"
+#include "engine/symbol_names.h"
+#include "spec/cvt_run_reader.h"
+
+namespace kiv {
+
+struct RunState {
+  AcDbDatabase& database;
+  ProblemSink& problems;
+  const WorkLists& work;
+  std::filesystem::path listFolder;  // where text search lists are looked up
+  SymbolNames names{};               // filled only after the stages that rename layers
+
+  const std::vector<std::wstring>& list(std::size_t index) const { return work.lists[index]; }
+};
+
+// Indexes of the work lists.
+inline constexpr std::size_t kDimensionVariableList = 4;
+inline constexpr std::size_t kLayerSettingList = 5;
+inline constexpr std::size_t kLayerCreationList = 6;
+inline constexpr std::size_t kLinetypeList = 7;
+inline constexpr std::size_t kTextStyleList = 8;
+inline constexpr std::size_t kArrowList = 9;
+
+}  // namespace kiv

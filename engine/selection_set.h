@@ -1,0 +1,27 @@
+#pragma once
+// The drawing's entities that a filter selects, released with their owner.
+
+#include "acedads.h"
+#include "dbid.h"
+
+namespace kiv {
+
+class SelectionSet {
+ public:
+  // The whole drawing, newest entity first; a null filter selects everything. A selection that fails is an
+  // empty one.
+  explicit SelectionSet(const resbuf* filter);
+  SelectionSet(const SelectionSet&) = delete;
+  SelectionSet& operator=(const SelectionSet&) = delete;
+  ~SelectionSet();
+
+  int size() const { return size_; }
+  AcDbObjectId at(int index) const;  // null when the host does not give the entity's name
+
+ private:
+  ads_name set_ = {0, 0};
+  int size_ = 0;
+  bool open_ = false;
+};
+
+}  // namespace kiv

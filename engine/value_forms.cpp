@@ -1,0 +1,63 @@
+#include "engine/value_forms.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "base/fold.h"
+#include "engine/leading_number.h"
+#include "spec/color_text.h"
+
+namespace kiv {
+namespace {
+
+constexpr int kByLayer = -1;
+constexpr int kByBlock = -2;
+constexpr int kDefault = -3;
+
+constexpr std::array kSteps = {0,  5,  9,  13, 15, 18,  20,  25,  30,  35,  40,  50,
+                               53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
+
+}  // namespace
+
+int lineWeightNumber(std::wstring_view text) {
+  if (base::equalFolded(text, L"Default")) return kDefault;
+  if (base::equalFolded(text, L"ByBlock")) return kByBlock;
+  if (base::equalFolded(text, L"ByLayer")) return kByLayer;
+  std::wstring digits(text);
+  // The reader upper-cases what it reads, so the unit can come as "MM" too.
+  std::erase_if(digits, [](wchar_t c) { return c == L'm' || c == L'M' || c == L'.'; });
+  return leadingInteger(digits);
+}
+
+int lineWeightStep(int number) {
+  const bool isStep = std::find(kSteps.begin(), kSteps.end(), number) != kSteps.end();
+  return isStep || number == kByLayer || number == kByBlock ? number : kDefault;
+}
+
+Transparency transparencyValue(std::wstring_view text) {
+  if (base::equalFolded(text, L"ByLayer")) return {Transparency::Method::kByLayer, 0};
+  if (base::equalFolded(text, L"ByBlock")) return {Transparency::Method::kByBlock, 0};
+  return {Transparency::Method::kPercent, leadingInteger(text)};
+}
+
+std::optional<bool> onOffValue(std::wstring_view text) {
+  if (base::equalFolded(text, L"ON")) return true;
+  if (base::equalFolded(text, L"OFF")) return false;
+  return std::nullopt;
+}
+
+HeightValue heightValue(std::wstring_view text) {
+  const bool isFactor = !text.empty() && (text.back() == L'x' || text.back() == L'X');
+  return {leadingReal(text), isFactor};
+}
+
+std::optional<std::wstring_view> blockNameOfDisplayForm(std::wstring_view text) {
+  const std::size_t open = text.rfind(L'(');
+  if (open == std::wstring_view::npos) return std::nullopt;
+  const std::size_t close = text.rfind(L')');
+  if (close == std::wstring_view::npos || close < open) return std::nullopt;
+  return text.substr(open + 1, close - open - 1);
+}
+
+}  // namespace kiv

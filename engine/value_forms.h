@@ -1,0 +1,35 @@
+#pragma once
+// Value texts of a conversion specification as the numbers that the host works with.
+
+#include <optional>
+#include <string_view>
+
+namespace kiv {
+
+// Hundredths of a millimetre, or -1 ByLayer, -2 ByBlock, -3 Default; any number as it is written.
+int lineWeightNumber(std::wstring_view text);
+// Every number that is neither a lineweight step nor -1 or -2 turned into -3.
+int lineWeightStep(int number);
+
+struct Transparency {
+  enum class Method { kByLayer, kByBlock, kPercent } method = Method::kByLayer;
+  int percent = 0;  // 0 opaque .. 100 clear; meaningful for kPercent only
+  bool operator==(const Transparency&) const = default;
+};
+Transparency transparencyValue(std::wstring_view text);
+
+// "ON" and "OFF", ignoring case; nothing for any other text.
+std::optional<bool> onOffValue(std::wstring_view text);
+
+// A text height: a number, or a factor when the text ends in "x".
+struct HeightValue {
+  double number = 0;
+  bool isFactor = false;
+  double applyTo(double current) const { return isFactor ? number * current : number; }
+};
+HeightValue heightValue(std::wstring_view text);
+
+// The block name in the display form "label (NAME)": between the last "(" and the last ")" after it.
+std::optional<std::wstring_view> blockNameOfDisplayForm(std::wstring_view text);
+
+}  // namespace kiv

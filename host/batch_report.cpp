@@ -1,0 +1,39 @@
+#include "host/batch_report.h"
+
+#include <algorithm>
+
+#include "platform/host_output.h"
+
+namespace kiv {
+namespace {
+
+constexpr std::size_t kWidth = 68;
+constexpr wchar_t kProductName[] = L"KIV";
+constexpr wchar_t kTitle[] = L"ﾌｧｲﾙ変換ﾕｰﾃｨﾘﾃｨ";
+
+void printRule(wchar_t character) { printOnCommandLine(L"\n" + std::wstring(kWidth, character)); }
+
+bool isUnreadable(const BatchFile& file) { return file.version < 1; }
+
+}  // namespace
+
+void printBatchReport(const std::optional<std::vector<BatchFile>>& files, const std::wstring& sourceFolder) {
+  if (!files) return;
+  printRule(L'*');
+  printOnCommandLine(std::wstring(L"\n") + kProductName + L" - " + kTitle);
+  printRule(L'*');
+  printOnCommandLine(L"\nﾌｫﾙﾀﾞ:" + sourceFolder);
+  printOnCommandLine(L"\n[ﾌｧｲﾙ名] [結果]");
+  printRule(L'-');
+  for (const BatchFile& file : *files) {
+    printOnCommandLine(L"\n[" + file.name + (isUnreadable(file) ? L"] [NG]" : L"]"));
+  }
+  printRule(L'-');
+  const auto failed = std::count_if(files->begin(), files->end(), isUnreadable);
+  const std::wstring all = std::to_wstring(files->size());
+  printOnCommandLine(failed == 0
+                         ? L"\n" + all + L"件変換しました."
+                         : L"\n" + all + L"件中" + std::to_wstring(failed) + L"件 変換に失敗しました.");
+}
+
+}  // namespace kiv

@@ -1,0 +1,41 @@
+// KIV_TOACAD2: one conversion run with what the context holds, its log entry and its report.
+
+#include "acdocman.h"
+#include "engine/conversion_run.h"
+#include "host/commands.h"
+#include "host/conversion_context.h"
+#include "host/run_report.h"
+
+namespace kiv {
+namespace {
+
+// The last drawing of a batch brings the user back to where it began.
+void drawingClosed() {
+  ConversionContext& context = conversionContext();
+  --context.batchRemaining;
+  if (context.batchRemaining > 0 || context.batchStartDocument == nullptr) return;
+  acDocManagerPtr()->sendStringToExecute(context.batchStartDocument,
+                                         L"\x03"
+                                         L"KIV_TOACAD\n",
+                                         true, false, true);
+}
+
+}  // namespace
+
+void conversionCommand() {
+  const ConversionContext& context = conversionContext();
+  ConversionLog log;
+  log.startEntry();
+  // Asked before the run, which may close the drawing.
+  const std::wstring drawing = workingDrawing();
+  RunReport report(&log);
+  const RunParameters parameters{context.specification, context.outputFolder, context.saveFormat,
+                                 drawingClosed};
+  const RunOutcome outcome = runConversion(parameters, report);
+  report.finish(outcome, drawing);
+  keepAsLastRun(std::move(report));
+  if (outcome.end != RunEnd::kEmptyDrawing) log.writeEntry();
+  log.clearEntry();
+}
+
+}  // namespace kiv

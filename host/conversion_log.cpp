@@ -1,0 +1,73 @@
+#include "host/conversion_log.h"
+
+#include <algorithm>
+#include <fstream>
+
+#include "base/files.h"
+#include "base/fold.h"
+#include "dbapserv.h"
+#include "dbmain.h"
+#include "platform/clock.h"
+#include "platform/paths.h"
+#include "platform/settings.h"
+#include "platform/text.h"
+
+namespace kiv {
+namespace {
+
+constexpr wchar_t kHeader[] = L"日時,ファイル名,結果\n";
+
+std::wstring entryText(const std::wstring& time, const std::wstring& drawing,
+                       const std::vector<std::wstring>& messages) {
+  const std::wstring start = time + L"," + drawing + L",";
+  // The blank before OK is part of the format.
+  if (messages.empty()) return start + L" OK\n";
+  std::wstring text = start + messages.front() + L"\n";
+  for (std::size_t i = 1; i < messages.size(); ++i) text += L",," + messages[i] + L"\n";
+  return text;
+}
+
+}  // namespace
+
+bool containsFolded(const std::vector<std::wstring>& texts, const std::wstring& text) {
+  return std::any_of(texts.begin(), texts.end(),
+                     [&](const std::wstring& held) { return base::equalFolded(held, text); });
+}
+
+std::wstring workingDrawing() {
+  const AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
+  const ACHAR* name = nullptr;
+  if (database == nullptr || database->getFilename(name) != Acad::eOk || name == nullptr) return {};
+  return name;
+}
+
+void ConversionLog::startEntry() {
+  enabled_ = readCommonInteger(L"MorluxCreateLog", 0) != 0;
+  logFile_ = readCommonText(L"MorluxLogOutFile", L"");
+  if (!isWanted()) return;
+  time_ = localTimeText(L"%Y年%m月%d日 %H:%M:%S");
+  drawing_ = workingDrawing();
+}
+
+void ConversionLog::addMessage(const std::wstring& text) {
+  if (isWanted() && !containsFolded(messages_, text)) messages_.push_back(text);
+}
+
+void ConversionLog::writeEntry() const {
+  if (!isWanted()) return;
+  const bool existed = fileExists(logFile_);
+  std::ofstream file(base::pathFromText(logFile_), std::ios::binary | std::ios::app);
+  if (!file) return;
+  const std::wstring text = (existed ? L"" : kHeader) + entryText(time_, drawing_, messages_);
+  const std::string bytes = encodeText(text).bytes;
+  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+void ConversionLog::clearEntry() {
+  messages_.clear();
+  logFile_.clear();
+  drawing_.clear();
+  time_.clear();
+}
+
+}  // namespace kiv

@@ -1,0 +1,34 @@
+#pragma once
+// The log that conversion runs append to when the user asked for one: comma-separated text, one entry per
+// drawing. Every failure of the log is silent; a conversion never stops for it.
+
+#include <string>
+#include <vector>
+
+namespace kiv {
+
+class ConversionLog {
+ public:
+  // Reads the settings and, when a log is wanted, notes the time and the drawing.
+  void startEntry();
+  // Kept only when a log is wanted, and once whatever its case.
+  void addMessage(const std::wstring& text);
+  // Appends the entry; a new file begins with the header line.
+  void writeEntry() const;
+  void clearEntry();
+
+ private:
+  bool isWanted() const { return enabled_ && !logFile_.empty(); }
+
+  bool enabled_ = false;
+  std::wstring logFile_, drawing_, time_;
+  std::vector<std::wstring> messages_;
+};
+
+// True when an equal text is in the list, ignoring case.
+bool containsFolded(const std::vector<std::wstring>& texts, const std::wstring& text);
+
+// Full name of the working database's drawing; empty when it was never saved.
+std::wstring workingDrawing();
+
+}  // namespace kiv

@@ -1,0 +1,65 @@
+// The host's application messages.
+
+#include <filesystem>
+#include <system_error>
+
+#include "base/files.h"
+#include "host/automation.h"
+#include "host/commands.h"
+#include "host/module_state.h"
+#include "platform/screen_scale.h"
+#include "rxdefs.h"
+#include "rxdict.h"
+#include "rxdlinkr.h"
+#include "rxmfcapi.h"
+#include "rxregsvc.h"
+
+namespace kiv {
+namespace {
+
+constexpr std::size_t kLongestFolder = 260;
+
+void captureStartupFolder() {
+  std::error_code error;
+  const std::filesystem::path folder = std::filesystem::current_path(error);
+  if (error) return;
+  const std::wstring text = base::pathText(folder);
+  if (text.size() <= kLongestFolder) moduleState().startupFolder = text;
+}
+
+void initialise(void* packet) {
+  if (auto* linker = AcRxDynamicLinker::cast(acrxSysRegistry()->at(L"DynamicLinker"))) {
+    linker->unlockApplication(packet);
+  }
+  acrxRegisterAppMDIAware(packet);
+  if (!moduleState().commandsRegistered) {
+    moduleState().commandsRegistered = true;
+    registerCommands();
+  }
+  initScreenScale(adsw_acadMainWnd());
+  captureStartupFolder();
+}
+
+void withdraw() {
+  if (!moduleState().commandsRegistered) return;
+  moduleState().commandsRegistered = false;
+  removeCommands();
+}
+
+}  // namespace
+}  // namespace kiv
+
+extern "C" KIV_EXPORT AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet) {
+  switch (message) {
+    case AcRx::kInitAppMsg:
+      kiv::initialise(packet);
+      break;
+    case AcRx::kUnloadAppMsg:
+    case AcRx::kQuitMsg:
+      kiv::withdraw();
+      break;
+    default:
+      break;
+  }
+  return AcRx::kRetOK;
+}

@@ -1,0 +1,51 @@
+#include "host/run_report.h"
+
+#include <optional>
+#include <utility>
+
+namespace kiv {
+namespace {
+
+struct LastRun {
+  std::optional<RunReport> report;
+  int runs = 0;
+};
+
+LastRun& storage() {
+  static LastRun last;
+  return last;
+}
+
+}  // namespace
+
+void RunReport::addProblem(const std::wstring& text) {
+  if (!containsFolded(problems_, text)) problems_.push_back(text);
+  if (log_ != nullptr) log_->addMessage(text);
+}
+
+void RunReport::addNote(const std::wstring& kind, const std::wstring& value, Refusal reason, int count) {
+  for (ReportedNote& note : notes_) {
+    if (note.reason == reason && note.kind == kind && note.value == value) {
+      note.count += count;
+      return;
+    }
+  }
+  notes_.push_back({kind, value, reason, count});
+}
+
+void RunReport::finish(const RunOutcome& outcome, std::wstring drawing) {
+  outcome_ = outcome;
+  drawing_ = std::move(drawing);
+  log_ = nullptr;
+}
+
+const RunReport* lastRun() { return storage().report ? &*storage().report : nullptr; }
+
+int runCount() { return storage().runs; }
+
+void keepAsLastRun(RunReport report) {
+  storage().report = std::move(report);
+  ++storage().runs;
+}
+
+}  // namespace kiv

@@ -1,0 +1,46 @@
+#pragma once
+// What the last conversion run came to, for a program that drives the host.
+
+#include <string>
+#include <vector>
+
+#include "engine/run_interfaces.h"
+#include "host/conversion_log.h"
+
+namespace kiv {
+
+struct ReportedNote {
+  std::wstring kind, value;
+  Refusal reason;
+  int count;
+};
+
+// Takes the run's problems and hands each to the log too.
+class RunReport : public ProblemSink {
+ public:
+  explicit RunReport(ConversionLog* log) : log_(log) {}
+
+  void addProblem(const std::wstring& text) override;
+  void addNote(const std::wstring& kind, const std::wstring& value, Refusal reason, int count) override;
+
+  void finish(const RunOutcome& outcome, std::wstring drawing);
+
+  const RunOutcome& outcome() const { return outcome_; }
+  const std::wstring& drawing() const { return drawing_; }
+  const std::vector<std::wstring>& problems() const { return problems_; }
+  const std::vector<ReportedNote>& notes() const { return notes_; }
+
+ private:
+  ConversionLog* log_;  // null after finish()
+  RunOutcome outcome_;
+  std::wstring drawing_;
+  std::vector<std::wstring> problems_;
+  std::vector<ReportedNote> notes_;
+};
+
+// Of the last run; null before the first. `runs` counts them.
+const RunReport* lastRun();
+int runCount();
+void keepAsLastRun(RunReport report);
+
+}  // namespace kiv
