@@ -1,0 +1,161 @@
+// Every folder beside this file is a conversion case that a person can read: drawing.dxf, rules.cvt and
+// expected.dxf, compared byte for byte. Optional: `options` (words of the command line), `problems` (what
+// the program says on standard error; the exit status is then 1), `log` (the conversion log, with TIME for
+// the time and the drawing's name without its folder), and text search lists. See promote.sh.
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string content(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+std::vector<std::string> caseNames() {
+  std::vector<std::string> names;
+  for (const fs::directory_entry& entry : fs::directory_iterator(KIV_CASES)) {
+    if (entry.is_directory()) names.push_back(entry.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::vector<std::string_view> lines(std::string_view text) {
+  std::vector<std::string_view> result;
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find('\n'), text.size() - 1);
+    result.push_back(text.substr(0, end + 1));
+    text.remove_prefix(end + 1);
+  }
+  return result;
+}
+
+std::string visible(std::string_view line) {
+  while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) line.remove_suffix(1);
+  return std::string(line);
+}
+
+std::string groupAt(const std::vector<std::string_view>& from, std::size_t line) {
+  if (line + 1 >= from.size()) return "the end of the file";
+  return "group " + visible(from[line]) + " = " + visible(from[line + 1]);
+}
+
+// The first group in which two text drawings differ, with the record that it stands in.
+std::string firstDifference(std::string_view expected, std::string_view actual) {
+  const auto wanted = lines(expected), found = lines(actual);
+  std::string record;
+  std::size_t line = 0;
+  for (; line < std::max(wanted.size(), found.size()); line += 2) {
+    const bool same = line + 1 < wanted.size() && line + 1 < found.size() && wanted[line] == found[line] &&
+                      wanted[line + 1] == found[line + 1];
+    if (!same) break;
+    if (visible(found[line]).find_first_not_of(" 0") == std::string::npos) record = visible(found[line + 1]);
+    if (visible(found[line]) == "  5") record += " " + visible(found[line + 1]);
+  }
+  return "line " + std::to_string(line + 1) + ", in " + record + ": expected " + groupAt(wanted, line) +
+         ", found " + groupAt(found, line);
+}
+
+std::string byteDifference(std::string_view expected, std::string_view actual) {
+  const auto ends = std::mismatch(expected.begin(), expected.end(), actual.begin(), actual.end());
+  return "byte " + std::to_string(ends.first - expected.begin()) + " of " + std::to_string(expected.size()) +
+         " expected and " + std::to_string(actual.size()) + " found bytes";
+}
+
+// The log with TIME and the bare file name in each entry's first line.
+std::string withoutPlaceAndTime(const std::string& log) {
+  std::string result;
+  bool header = true;
+  for (const std::string_view line : lines(log)) {
+    const std::size_t first = line.find(','), second = line.find(',', first + 1);
+    if (!header && first != 0 && second != std::string_view::npos) {
+      const std::string_view path = line.substr(first + 1, second - first - 1);
+      result.append("TIME,").append(path.substr(path.rfind('/') + 1)).append(line.substr(second));
+    } else {
+      result += line;
+    }
+    header = false;
+  }
+  return result;
+}
+
+class Case : public ::testing::TestWithParam<std::string> {
+ protected:
+  void SetUp() override {
+    std::string name = (fs::temp_directory_path() / "kiv-case-XXXXXX").string();
+    ASSERT_NE(mkdtemp(name.data()), nullptr);
+    work_ = name;
+    for (const char* file : {"drawing.dxf", "rules.cvt", "expected.dxf"}) {
+      ASSERT_TRUE(fs::exists(source() / file)) << "the case has no " << file;
+    }
+    for (const fs::directory_entry& entry : fs::directory_iterator(source())) {
+      fs::copy(entry.path(), work_ / entry.path().filename());
+    }
+  }
+  void TearDown() override {
+    if (!work_.empty()) fs::remove_all(work_);
+  }
+
+  fs::path source() const { return fs::path(KIV_CASES) / GetParam(); }
+  bool given(const char* file) const { return fs::exists(source() / file); }
+
+  int convert() const {
+    std::string command =
+        "cd '" + work_.string() + "' && '" KIVCVT_PROGRAM "' convert --spec rules.cvt --out out";
+    std::istringstream options(content(source() / "options"));
+    for (std::string word; options >> word;) command += " " + word;
+    if (given("log")) command += " --log logs";
+    const int status = std::system((command + " drawing.dxf >said 2>problems-found").c_str());
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+  std::string writtenLog() const {
+    for (const fs::directory_entry& entry : fs::directory_iterator(work_ / "logs")) {
+      return withoutPlaceAndTime(content(entry.path()));
+    }
+    return "";
+  }
+
+  fs::path work_;
+};
+
+TEST_P(Case, GivesTheExpectedDrawing) {
+  const int status = convert();
+  EXPECT_EQ(content(work_ / "problems-found"), content(source() / "problems"));
+  EXPECT_EQ(status, given("problems") ? 1 : 0);
+
+  const std::string expected = content(source() / "expected.dxf"),
+                    actual = content(work_ / "out" / "drawing.DXF");
+  const bool binary = expected.starts_with("AutoCAD Binary DXF");
+  EXPECT_TRUE(expected == actual) << (binary ? byteDifference(expected, actual)
+                                             : firstDifference(expected, actual));
+  if (given("log")) {
+    EXPECT_EQ(writtenLog(), content(source() / "log"));
+  }
+}
+
+TEST(Cases, AreFound) { EXPECT_GE(caseNames().size(), 20u); }
+
+std::string testName(const ::testing::TestParamInfo<std::string>& info) {
+  std::string name = info.param;
+  std::replace(name.begin(), name.end(), '-', '_');
+  return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Folder, Case, ::testing::ValuesIn(caseNames()), testName);
+
+}  // namespace
