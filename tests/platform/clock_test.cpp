@@ -1,0 +1,23 @@
+#include "platform/clock.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace kiv {
+namespace {
+
+TEST(Clock, FormatsLocalTimeAndLimitsTheText) {
+  ::setenv("TZ", "JST-9", 1);
+  ::tzset();
+  setClock([] { return std::time_t{1794609450}; });
+  EXPECT_EQ(localTimeText(L"%Y%m%d_%Hh%Mm%Ss"), L"20261114_07h37m30s");
+  EXPECT_EQ(localTimeText(L"%Y年%m月%d日 %H:%M:%S"), L"2026年11月14日 07:37:30");
+  EXPECT_EQ(localTimeText(std::wstring(127, L'x').c_str()).size(), 127U);
+  EXPECT_EQ(localTimeText(std::wstring(128, L'x').c_str()), L"");
+  setClock({});
+  EXPECT_NE(localTimeText(L"%Y"), L"");
+}
+
+}  // namespace
+}  // namespace kiv

@@ -1,0 +1,36 @@
+#include "platform/extension_module.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/screen_scale.h"
+
+namespace kiv {
+namespace {
+
+TEST(ExtensionModule, AttachedOnceAndReleased) {
+  int instance = 0;
+  ExtensionModule first;
+  ExtensionModule second;
+  EXPECT_FALSE(attachExtensionModule(first, nullptr));
+  EXPECT_FALSE(first.initialised);
+  EXPECT_TRUE(attachExtensionModule(first, &instance));
+  EXPECT_TRUE(attachExtensionModule(second, &instance));
+  EXPECT_TRUE(attachExtensionModule(first, &instance));
+  ASSERT_EQ(resourceChain().size(), 2U);
+  EXPECT_EQ(resourceChain().front(), &second);
+  detachExtensionModule(first);
+  detachExtensionModule(first);
+  EXPECT_EQ(first.moduleInstance, nullptr);
+  EXPECT_EQ(resourceChain().size(), 1U);
+  detachExtensionModule(second);
+}
+
+TEST(ScreenScale, HeadlessIsTheReference) {
+  initScreenScale(nullptr);
+  EXPECT_EQ(screenDpi(), 96);
+  EXPECT_EQ(scaled(250), 250);
+  EXPECT_EQ(scaled(-3), -3);
+}
+
+}  // namespace
+}  // namespace kiv

@@ -1,0 +1,43 @@
+#include "platform/paths.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "base/files.h"
+
+namespace kiv {
+namespace {
+
+TEST(Paths, JoinedAndTakenApart) {
+  EXPECT_EQ(ensureTrailingSeparator(L"/a"), L"/a/");
+  EXPECT_EQ(ensureTrailingSeparator(L"/a/"), L"/a/");
+  EXPECT_EQ(joinPath(L"", L"b"), L"b");
+  const PathParts parts = splitPath(L"/a.b/plan.v2.DXF");
+  EXPECT_EQ(parts.folder, L"/a.b/");
+  EXPECT_EQ(parts.name, L"plan.v2");
+  EXPECT_EQ(parts.extension, L".DXF");
+  EXPECT_EQ(splitPath(L"/a.b/plan").name, L"plan");
+  EXPECT_EQ(splitPath(L"/a.b/plan").extension, L"");
+}
+
+TEST(Paths, FoldersAndFiles) {
+  namespace fs = std::filesystem;
+  const fs::path root = fs::temp_directory_path() / ("kiv_paths_" + std::to_string(::getpid()));
+  const std::wstring deep = base::pathText(root / "new" / "deep");
+  EXPECT_FALSE(folderExists(deep));
+  EXPECT_TRUE(createFolders(deep + L"/"));
+  EXPECT_TRUE(folderExists(deep));
+  ASSERT_TRUE(base::writeFileAtomically(root / "Plan.CVT", "x").ok());
+  EXPECT_TRUE(fileExists(base::pathText(root / "Plan.CVT")));
+  EXPECT_FALSE(fileExists(deep));
+  EXPECT_FALSE(createFolders(base::pathText(root / "Plan.CVT")));
+  EXPECT_FALSE(createFolders(L""));
+  EXPECT_EQ(findInFolder(base::pathText(root), L"plan.cvt"), base::pathText(root / "Plan.CVT"));
+  EXPECT_EQ(findInFolder(base::pathText(root), L"none"), L"");
+  fs::remove_all(root);
+}
+
+}  // namespace
+}  // namespace kiv

@@ -1,0 +1,40 @@
+#include "spec/configuration.h"
+
+#include "tests/spec/temp_folder.h"
+
+namespace kiv {
+namespace {
+
+class Configuration : public testing::TempFolder {};
+
+HostFileLookup answering(std::optional<std::wstring> path) {
+  return [path](const std::wstring&) { return path; };
+}
+
+TEST_F(Configuration, FolderBesideTheModule) {
+#if defined(_WIN32)
+  EXPECT_EQ(configurationFolder(answering(L"c:\\tools\\kivgui.arx")), L"C:\\TOOLS\\CFG\\");
+#else
+  EXPECT_EQ(configurationFolder(answering(L"/opt/Tools/kivgui.arx")), L"/opt/Tools/CFG/");
+#endif
+  EXPECT_EQ(configurationFolder(answering(std::nullopt)), L"");
+  EXPECT_EQ(configurationFolder(answering(L"/KIVGUI.ARX")), L"");
+  EXPECT_EQ(configurationFolder(answering(L"/opt/tools/other.arx")), L"");
+  EXPECT_EQ(configurationFolder(answering(L"/" + std::wstring(250, L'a') + L"/KIVGUI.ARX")), L"");
+}
+
+TEST_F(Configuration, DefaultSpecificationWrittenAndReadBack) {
+  const std::wstring folder = base::pathText(folder_) + L"/";
+  const auto lookup = answering(folder + kInitialFileName);
+  ASSERT_TRUE(writeDefaultSpecificationName(folder, L"/some/where/標準.cvt").ok());
+  EXPECT_EQ(content("KivCvtInit.dat"), base::encode(L"標準.cvt\r\n", base::kJapanese).bytes);
+  EXPECT_EQ(defaultSpecificationName(folder, lookup), L"標準.cvt");
+  ASSERT_TRUE(writeDefaultSpecificationName(folder, L"").ok());
+  EXPECT_EQ(defaultSpecificationName(folder, lookup), L"Unnamed");
+  makeText("KivCvtInit.dat", L" a.cvt \t\r\nsecond");
+  EXPECT_EQ(defaultSpecificationName(folder, lookup), L" a.cvt");
+  EXPECT_EQ(defaultSpecificationName(folder, answering(std::nullopt)), std::nullopt);
+}
+
+}  // namespace
+}  // namespace kiv

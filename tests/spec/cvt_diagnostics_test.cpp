@@ -1,0 +1,58 @@
+#include "spec/cvt_diagnostics.h"
+
+#include <gtest/gtest.h>
+
+#include "base/codepage.h"
+#include "spec/cvt_parser.h"
+
+namespace kiv {
+namespace {
+
+// "number:line number:line ..." in the order reported.
+std::string numbered(std::string_view bytes) {
+  std::string text;
+  for (const CvtDiagnostic& diagnostic : parseCvt(bytes).diagnostics) {
+    EXPECT_FALSE(diagnosticReason(diagnostic).empty());
+    if (!text.empty()) text += ' ';
+    text += std::to_string(static_cast<int>(diagnostic.problem)) + ":" + std::to_string(diagnostic.line);
+  }
+  return text;
+}
+std::string numbered(std::wstring_view text) { return numbered(base::encode(text, base::kJapanese).bytes); }
+
+TEST(CvtDiagnostics, EachFaultWithItsLine) {
+  EXPECT_EQ(numbered(L"[文字]\n[X]=1\n[画層]=a\n{\nfoo\n[Y]=1\n}\n---End---\n[EOF]\n"), "1:2 2:5 1:6");
+  EXPECT_EQ(numbered(L"[文字]\n{\n[色]=1\n}\n---End---\n[EOF]\n"), "13:3");
+  EXPECT_EQ(numbered(L"[画層の作成]\nA,1\nB,1,X\n---End---\n[EOF]\n"), "3:2");
+  EXPECT_EQ(numbered(L"[線種のﾛｰﾄﾞ]\nA.LIN\nA.LIN,B,C\n---End---\n[EOF]\n"), "3:2 3:3");
+  EXPECT_EQ(numbered(L"[線種のﾛｰﾄﾞ]\nA.LIN,A\n\nB.LIN,B\n\nC.LIN,C\n---End---\n[EOF]\n"), "9:4 9:6");
+  EXPECT_EQ(numbered(L"hello\n[文字]\n---End---\nbye\n[EOF]\nafter\n"), "5:1 5:4 5:6");
+  EXPECT_EQ(numbered(L"[文字]\n---End---\n[文字]\n[画層]=a\n---End---\n[EOF]\n"), "7:3");
+  EXPECT_EQ(numbered(L"[文字]\n---End---\n[もじ]\n[画層]=a\n---End---\n[EOF]\n"), "15:3");
+  EXPECT_EQ(numbered(L"[文字]\n[画層]=a\n[EOF]\n"), "6:1");
+  EXPECT_EQ(numbered(L"[文字]\n[画層]=a\n---End---\n"), "10:0");
+  EXPECT_EQ(numbered(L"[寸法設定]\nDIMFOO, 1\nDIMASZ=2\nDIMTXT, 3\n---End---\n[EOF]\n"), "17:2");
+}
+
+TEST(CvtDiagnostics, LinesThatProbablyDoNotDoWhatIsMeant) {
+  EXPECT_EQ(numbered(L"[文字]\n[画層]=a\n{\n[ロック]=ON\n[文字一致のリスト]=A.LIST\n}\n---End---\n[EOF]\n"),
+            "11:4 11:5");
+  EXPECT_EQ(numbered(L"[画層の色･線種]\n[画層]=a\n[文字高さ]=1\n---End---\n[EOF]\n"), "11:3");
+  EXPECT_EQ(numbered(L"[文字]\n[画層]=a,b\n---End---\n[EOF]\n"), "12:2");
+  EXPECT_EQ(numbered(L"[文字]\n[画層]=a\n{\n[色]=1\n}\n[X]=1\n{\n[色]=1\n}\n---End---\n[EOF]\n"), "1:6 14:6");
+  EXPECT_EQ(numbered(L"[文字]\n[画層]=" + std::wstring(300, L'x') + L"\n---End---\n[EOF]\n"), "4:2 2:2");
+}
+
+TEST(CvtDiagnostics, BytesAndFilesOfOtherEncodings) {
+  EXPECT_EQ(numbered(std::string_view("[\x95\xb6\x8e\x9a]\n[\x90\x46]=\xff\n---End---\n[EOF]\n")), "8:2");
+  const ParsedCvt utf8 = parseCvt(base::toUtf8(L"[文字]\n[画層]=a\n---End---\n[EOF]\n"));
+  EXPECT_NE(utf8.unusableReason().find(L"UTF-8"), std::wstring::npos);
+  EXPECT_EQ(utf8.diagnostics.size(), 1U);
+  const ParsedCvt utf16 = parseCvt(std::string_view("\xff\xfe[\0\x87\x65\x57\x5b]\0\r\0\n\0", 14));
+  EXPECT_NE(utf16.unusableReason().find(L"UTF-16"), std::wstring::npos);
+  EXPECT_FALSE(parseCvt("").unusableReason().empty());
+  EXPECT_TRUE(parseCvt("[\x95\xb6\x8e\x9a]\n---End---\n[EOF]\n").unusableReason().empty());
+}
+
+}  // namespace
+}  // namespace kiv

@@ -1,0 +1,54 @@
+#include "spec/cvt_run_reader.h"
+
+#include "tests/spec/sample_specification.h"
+#include "tests/spec/temp_folder.h"
+
+namespace kiv {
+namespace {
+
+class CvtRunReader : public testing::TempFolder {
+ protected:
+  WorkLists read(std::wstring_view text) {
+    WorkLists lists;
+    EXPECT_TRUE(readWorkLists(makeText("a.cvt", text), lists));
+    return lists;
+  }
+};
+
+using Lines = std::vector<std::wstring>;
+
+TEST_F(CvtRunReader, FlattensTheSample) {
+  const WorkLists work = read(testing::kSampleText);
+  EXPECT_EQ(work.lists[0], (Lines{L",画層=A-TEXT,色<>7,{,画層=TEXT,色=3", L",***,{,文字高さ=2.5"}));
+  EXPECT_EQ(work.lists[5], (Lines{L",画層=0,{,色=256"}));
+  EXPECT_EQ(work.lists[7], (Lines{L"SAMPLE.LIN,DASHED"}));
+  for (const size_t empty : {1, 2, 3, 4, 6, 8, 9}) EXPECT_TRUE(work.lists[empty].empty()) << empty;
+}
+
+TEST_F(CvtRunReader, ListFieldsAreJoinedByCommas) {
+  const WorkLists work = read(
+      L"[寸法設定]\ndimasz, 2.5, x\nDIMTXT = 3\nDIMPOST,\n---End---\n"
+      L"[画層の作成]\nA, byblock, X\nB, 1, Y,ON,OFF,OFF,ON,0.25 mm,30\n---End---\n"
+      L"[字体のﾛｰﾄﾞ]\nS, F.SHX, B.SHX\nT, F, "
+      L"----------\n---End---\n[矢印のﾛｰﾄﾞ]\n/Arrows/My.dwg\n---End---\n[EOF]\n");
+  EXPECT_EQ(work.lists[4], (Lines{L"DIMASZ,2.5", L"DIMTXT = 3", L"DIMPOST,"}));
+  EXPECT_EQ(work.lists[6], (Lines{L"A,0,X,,,,,,", L"B,1,Y,ON,OFF,OFF,ON,0.25 MM,30"}));
+  EXPECT_EQ(work.lists[8], (Lines{L"S,F.SHX,B.SHX", L"T,F"}));
+  EXPECT_EQ(work.lists[9], (Lines{L"/Arrows/My.dwg"}));
+}
+
+TEST_F(CvtRunReader, SuccessNeedsAReadableFileWithAKnownSection) {
+  WorkLists work;
+  work.lists[0].push_back(L"old");
+  std::vector<CvtDiagnostic> diagnostics;
+  EXPECT_FALSE(readWorkLists(folder_ / "none.cvt", work));
+  EXPECT_TRUE(work.lists[0].empty());
+  EXPECT_FALSE(readWorkLists(folder_, work));
+  EXPECT_FALSE(readWorkLists(make("b.cvt", "plain text\n"), work, &diagnostics));
+  ASSERT_EQ(diagnostics.size(), 1U);
+  EXPECT_EQ(diagnostics[0].problem, CvtProblem::kNotText);
+  EXPECT_TRUE(readWorkLists(makeText("c.cvt", L"[文字]\n---End---\n[EOF]\n"), work));
+}
+
+}  // namespace
+}  // namespace kiv

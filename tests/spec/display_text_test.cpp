@@ -1,0 +1,47 @@
+#include "spec/display_text.h"
+
+#include <gtest/gtest.h>
+
+namespace kiv {
+namespace {
+
+TEST(DisplayText, Items) {
+  EXPECT_EQ(itemText({kLayerKind, false, {}, L"A"}, Role::kCondition), L"画層 が <A> のとき");
+  EXPECT_EQ(itemText({kLayerKind, true, {}, L"A"}, Role::kCondition), L"画層 が <A> 以外のとき");
+  EXPECT_EQ(itemText({kColorKind, false, {}, L"1:赤"}, Role::kResult), L"色 を <1:赤> に変更");
+  EXPECT_EQ(itemText({kVariableKind, false, L"DIMASZ", L"2.5"}, Role::kResult), L"<DIMASZ> を <2.5> に変更");
+  EXPECT_EQ(itemText({kLayerKind, true, {}, L"A", Wording::kPicker}, Role::kCondition),
+            L"<画層> が <A> 以外のとき");
+  EXPECT_EQ(itemText({kColorKind, false, {}, L"8", Wording::kPicker}, Role::kResult),
+            L"<色> を <8> に変更する");
+}
+
+TEST(DisplayText, Entries) {
+  const std::vector<std::wstring> nine = {L"W",   L"1:赤", L"X",       L"ON", L"OFF",
+                                          L"OFF", L"ON",   L"0.25 mm", L"30"};
+  EXPECT_EQ(entryText({{L"DIMASZ", L"2"}}, 5), L"<DIMASZ> を <2> に設定");
+  EXPECT_EQ(entryText({{L"W", L"1:赤", L"X"}}, 7), L"<W> 画層を <1:赤, X> で作成");
+  EXPECT_EQ(entryText({nine}, 7), L"<W> 画層を <1:赤, X,ON,OFF,OFF,ON,0.25 mm,30> で作成");
+  EXPECT_EQ(entryText({{L"DASHED", L"A.LIN"}}, 8), L"<DASHED> を <A.LIN> からﾛｰﾄﾞ");
+  EXPECT_EQ(entryText({{L"S", L"F"}}, 9), L"<S> を <F> で設定");
+  EXPECT_EQ(entryText({{L"S", L"F", L"B"}}, 9), L"<S> を <F, B> で設定");
+  EXPECT_EQ(entryText({{L"_DOT"}}, 10), L"<_DOT> をﾛｰﾄﾞ");
+  constexpr Wording kPicker = Wording::kPicker;
+  EXPECT_EQ(entryText({{L"DIMASZ", L"2"}, kPicker}, 5), L"<DIMASZ> を <2> に変更する");
+  EXPECT_EQ(entryText({nine, kPicker}, 7),
+            L"<W> を <1:赤, X,表示 ON,ロック OFF,フリーズ OFF,印刷 ON,線幅値 0.25 mm,透過性 30> で作成");
+  EXPECT_EQ(entryText({{L"DASHED", L"A.LIN"}, kPicker}, 8), L"<DASHED> をﾛｰﾄﾞ（A.LIN）");
+  EXPECT_EQ(entryText({{L"S", L"F", L"B"}, kPicker}, 9), L"<S> を作成 （F,B）");
+  EXPECT_EQ(entryText({{L"_DOT"}, kPicker}, 10), L"<_DOT>");
+}
+
+TEST(DisplayText, ValuesAreTakenApart) {
+  using Values = std::vector<std::wstring>;
+  EXPECT_EQ(valuesOfText(L"<DIMASZ> を <2.5> に変更"), (Values{L"DIMASZ", L"2.5"}));
+  EXPECT_EQ(valuesOfText(L"<W> 画層を <1:赤, X> で作成"), (Values{L"W", L"1:赤", L"X"}));
+  EXPECT_EQ(valuesOfText(L"<S> を作成 （F,B）"), (Values{L"S", L"F", L"B"}));
+  EXPECT_TRUE(valuesOfText(L"設定1 <").empty());
+}
+
+}  // namespace
+}  // namespace kiv

@@ -1,0 +1,48 @@
+#include "spec/text_search_list.h"
+
+#include "tests/spec/temp_folder.h"
+
+namespace kiv {
+namespace {
+
+class TextSearchList : public testing::TempFolder {};
+
+using Rows = std::vector<std::wstring>;
+
+TEST_F(TextSearchList, LinesStandAsTheyAre) {
+  const auto rows = readTextSearchList(makeText("A.LIST", L"*** mojilist ***\r\n 室* \r\n\r\n会議室"));
+  ASSERT_TRUE(rows.ok());
+  EXPECT_EQ(rows.value(), (Rows{L" 室* ", L"", L"会議室"}));
+  EXPECT_TRUE(readTextSearchList(make("B.LIST", "*** MOJILIST ***")).value().empty());
+}
+
+TEST_F(TextSearchList, RefusalsInTheirWords) {
+  EXPECT_EQ(readTextSearchList(folder_ / "none").failure().reason, L"ファイルを開くことができませんでした");
+  EXPECT_EQ(readTextSearchList(make("A", "")).failure().reason, L"選択されたファイルは使用できません");
+  EXPECT_EQ(readTextSearchList(make("B", "x\n*** MOJILIST ***\n")).failure().reason,
+            L"選択されたファイルは使用できません");
+  EXPECT_EQ(writeTextSearchList(folder_ / "none" / "A", {}).failure().reason,
+            L"ファイルを開くことができませんでした");
+  EXPECT_FALSE(writeTextSearchList(folder_ / "C", {L"한"}).ok());
+  EXPECT_EQ(count(), 2U);
+}
+
+TEST_F(TextSearchList, BlankRowsAreNotWritten) {
+  ASSERT_TRUE(writeTextSearchList(folder_ / "A.LIST", {L"一", L"", L"三", L" \t\u3000", L" 五"}).ok());
+  EXPECT_EQ(content("A.LIST"),
+            base::encode(L"*** MOJILIST ***\r\n一\r\n三\r\n 五\r\n", base::kJapanese).bytes);
+}
+
+TEST_F(TextSearchList, AConversionKeepsTwoHundredAndIgnoresTheNamesCase) {
+  std::wstring text = L"*** MOJILIST ***\r\n";
+  for (int i = 1; i <= 201; ++i) text += std::to_wstring(i) + L"\r\n";
+  makeText("Rooms.List", text);
+  const auto rows = loadTextSearchList(folder_, L"ROOMS.LIST");
+  ASSERT_TRUE(rows.ok());
+  EXPECT_EQ(rows.value().size(), 200U);
+  EXPECT_EQ(rows.value().back(), L"200");
+  EXPECT_FALSE(loadTextSearchList(folder_, L"OTHER.LIST").ok());
+}
+
+}  // namespace
+}  // namespace kiv
