@@ -19,7 +19,9 @@ TEST(DimensionCatalogue, RowsTypesAndOrder) {
     ++counts[static_cast<int>(rows[i].type)];
     EXPECT_EQ(findDimensionVariable(rows[i].name), static_cast<int>(i));
     EXPECT_EQ(std::wstring_view(rows[i].description).back(), L'。');
-    if (i > 0) EXPECT_LT(std::wstring_view(rows[i - 1].name), rows[i].name);
+    if (i > 0) {
+      EXPECT_LT(std::wstring_view(rows[i - 1].name), rows[i].name);
+    }
   }
   EXPECT_EQ(counts[0], 41);
   EXPECT_EQ(counts[1], 17);
