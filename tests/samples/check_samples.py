@@ -1,0 +1,181 @@
+#!/usr/bin/python3
+"""Converts real drawings and looks at the results with two readers that are not the product's.
+
+    check_samples.py KIVCVT FOLDER        exit status: 0 all is well, 1 not, 77 there is no such folder
+
+1. With rules that touch nothing, every drawing that can be read comes out byte for byte.
+2. With rules, the comparison of records finds only the groups that the rules name, and python3-ezdxf (when it
+   is installed) finds exactly the new colours and heights, on exactly the entities that the rules select.
+"""
+
+import pathlib
+import subprocess
+import sys
+import tempfile
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "cases"))
+import compare_drawings  # noqa: E402
+
+try:
+    import ezdxf.recover
+except ImportError:
+    ezdxf = None
+
+SKIPPED = 77
+NOTHING = "[文字]\n[画層] = 無い画層\n{\n[色] = 3\n}\n---End---\n[EOF]\n"
+RULES = """[文字]
+[***]
+{
+[色] = 3
+[文字高さ] = 2x
+}
+---End---
+[寸法]
+[***]
+{
+[色] = 4
+}
+---End---
+[ﾊｯﾁﾝｸﾞ]
+[***]
+{
+[色] = 5
+}
+---End---
+[その他の図形]
+[画層] = 0
+{
+[色] = 6
+}
+---End---
+[EOF]
+"""
+COLOR_GROUPS = {62, 420, 430}
+TEXTS = {"TEXT": "height", "MTEXT": "char_height", "ATTDEF": "height"}
+
+
+class Check:
+    def __init__(self, program, folder):
+        self.program, self.work, self.failures = program, folder, []
+
+    def fail(self, drawing, text):
+        self.failures.append(f"{drawing.name}: {text}")
+
+    def convert(self, rules, drawing, name):
+        """The converted file, or None with what the program said when the drawing is refused."""
+        specification = self.work / f"{name}.cvt"
+        specification.write_bytes(rules.replace("\n", "\r\n").encode("cp932"))
+        out = self.work / name
+        command = [self.program, "convert", "--spec", specification, "--out", out, "--ignore-locks", drawing]
+        run = subprocess.run(command, capture_output=True, text=True)
+        target = out / (drawing.stem + ".DXF")
+        if not target.exists():
+            if run.returncode != 1 or drawing.name not in run.stderr:
+                self.fail(drawing, f"status {run.returncode}, refused without a reason: {run.stderr}")
+            return None, run.stderr.strip()
+        return target, run.stderr.strip()
+
+    def untouched(self, drawing):
+        target, said = self.convert(NOTHING, drawing, "untouched")
+        if target is None:
+            print(f"refused: {said}")
+            return False
+        if target.read_bytes() != drawing.read_bytes():
+            self.fail(drawing, "a rule that touches nothing changed the file")
+        return True
+
+    def changed(self, drawing):
+        target, said = self.convert(RULES, drawing, "changed")
+        if target is None:
+            self.fail(drawing, f"refused with rules only: {said}")
+            return
+        found = compare_drawings.differences(compare_drawings.read(drawing), compare_drawings.read(target))
+        if not found:
+            self.fail(drawing, "the rules changed nothing")
+        for difference in found:
+            self.check_groups(drawing, difference)
+        if ezdxf is not None:
+            self.check_properties(drawing, target)
+        print(f"{drawing.name}: {len(found)} records changed")
+
+    def check_groups(self, drawing, difference):
+        allowed = set(COLOR_GROUPS)
+        if difference.record.decode("ascii", "replace") in TEXTS:
+            allowed.add(40)
+        other = {code for code, _ in difference.removed + difference.added} - allowed
+        if other or not difference.removed + difference.added:
+            self.fail(drawing, f"record {difference.record} {difference.handle}: groups {sorted(other)} differ")
+
+    # --- The independent library -------------------------------------------------------------------
+
+    def check_properties(self, drawing, target):
+        before, after = (ezdxf.recover.readfile(path)[0] for path in (drawing, target))
+        in_model = before.header.get("$TILEMODE", 1) == 1
+        for layout in before.layouts:
+            twin = after.layouts.get(layout.name)
+            if len(layout) != len(twin):
+                self.fail(drawing, f"{layout.name} has {len(twin)} instead of {len(layout)} entities")
+            current = (layout.name == "Model") == in_model
+            for entity, converted in zip(layout, twin):
+                self.check_entity(drawing, entity, converted, current)
+
+    def check_entity(self, drawing, entity, converted, in_current_space):
+        wanted = dict(entity.dxfattribs())
+        color = expected_color(entity, in_current_space)
+        if color is not None:
+            wanted["color"] = color
+            wanted.pop("true_color", None)
+            wanted.pop("color_name", None)
+        height = TEXTS.get(entity.dxftype())
+        if height:
+            wanted[height] = entity.dxf.get(height) * 2
+        found = dict(converted.dxfattribs())
+        for key in sorted(wanted.keys() | found.keys()):
+            if not same(wanted.get(key), found.get(key)):
+                self.fail(drawing, f"{entity}: {key} is {found.get(key)} instead of {wanted.get(key)}")
+
+
+def expected_color(entity, in_current_space):
+    """What the rules give; references in the current space take part in every pass, others in none."""
+    kind, on_zero = entity.dxftype(), entity.dxf.layer == "0"
+    if kind in TEXTS:
+        return 3
+    if kind == "DIMENSION":
+        return 4
+    if kind == "HATCH":
+        return 5
+    if kind == "INSERT":
+        return (6 if on_zero else 5) if in_current_space else None
+    if on_zero:
+        return 6
+    return 4 if kind == "LEADER" else None
+
+
+def same(a, b):
+    if isinstance(a, float) and isinstance(b, (int, float)):
+        return abs(a - b) <= 1e-12 * max(abs(a), 1)
+    return a == b
+
+
+def main(program, folder):
+    drawings = sorted(pathlib.Path(folder).glob("*.dxf"))
+    if not drawings:
+        print(f"no drawings in {folder}: nothing is checked")
+        return SKIPPED
+    with tempfile.TemporaryDirectory() as work:
+        check = Check(program, pathlib.Path(work))
+        readable = [drawing for drawing in drawings if check.untouched(drawing)]
+        for drawing in readable:
+            check.changed(drawing)
+        if len(readable) * 2 < len(drawings):
+            check.failures.append(f"only {len(readable)} of {len(drawings)} drawings can be read")
+    for failure in check.failures[:40]:
+        print(failure)
+    print(f"{len(readable)} of {len(drawings)} drawings, {len(check.failures)} faults")
+    return 1 if check.failures else 0
+
+
+if __name__ == "__main__":
+    if len(sys.argv) != 3:
+        sys.exit(__doc__)
+    sys.exit(main(*sys.argv[1:]))
