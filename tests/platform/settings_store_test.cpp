@@ -1,0 +1,39 @@
+#include <gtest/gtest.h>
+
+#include "platform/module_loader.h"
+#include "platform/settings.h"
+
+namespace kiv {
+namespace {
+
+// This program stands beside a store module.
+TEST(SettingsStore, TextsGoThroughTheSiblingModule) {
+  EXPECT_EQ(readCommonText(L"MorluxLogOutPath", L"none"), L"none");
+  const std::wstring path = L"/記録/" + std::wstring(300, L'x');
+  writeCommonText(L"MorluxLogOutPath", path.c_str());
+  EXPECT_EQ(readCommonText(L"MorluxLogOutPath", L"none"), path);
+  writeCommonInteger(L"KivBlock", 2);
+  EXPECT_EQ(readCommonInteger(L"KivBlock", 0), 2);
+  writeCommonText(L"Empty", L"");
+  EXPECT_EQ(readCommonText(L"Empty", L"none"), L"");
+}
+
+TEST(SettingsStore, OverridesAreNotStored) {
+  writeCommonInteger(L"KivFileMode", 1);
+  overrideCommonSetting(L"KivFileMode", L"5");
+  writeCommonInteger(L"KivFileMode", 7);
+  EXPECT_EQ(readCommonInteger(L"KivFileMode", 0), 7);
+  clearSettingOverrides();
+  EXPECT_EQ(readCommonInteger(L"KivFileMode", 0), 1);
+}
+
+TEST(SettingsStore, ModulesAndFunctionsThatAreMissing) {
+  EXPECT_EQ(SiblingModule::load(L"NoSuchModule.arx"), nullptr);
+  const auto module = SiblingModule::load(L"kivdll.ARX");
+  ASSERT_NE(module, nullptr);
+  EXPECT_NE(module->function<void (*)()>("dll_kiv_setcfgCmn"), nullptr);
+  EXPECT_EQ(module->function<void (*)()>("dll_kiv_entsel"), nullptr);
+}
+
+}  // namespace
+}  // namespace kiv
