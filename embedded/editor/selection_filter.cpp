@@ -4,7 +4,7 @@
 
 #include "base/fold.h"
 #include "embedded/editor/group_codes.h"
-#include "embedded/editor/selection_test.h"
+#include "embedded/editor/selection_condition.h"
 
 namespace cad {
 namespace {

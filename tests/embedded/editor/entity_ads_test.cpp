@@ -83,6 +83,10 @@ TEST_F(HostTest, InputComesOnlyFromASource) {
   EXPECT_EQ(acedGrRead(15, &type, &result), RTERROR);
   EXPECT_EQ(acedUsrBrk(), 0);
   int keys = 1;
+  ads_name entity;
+  ads_point point;
+  EXPECT_EQ(acedEntSel(L"\nPick: ", entity, point), RTERROR);
+  EXPECT_TRUE(printedHas(L"Pick: "));
   host().setInputSource([&]() -> std::optional<cad::InputEvent> {
     if (keys-- > 0) return cad::InputEvent{2, 13, 0, 0};
     return std::nullopt;

@@ -1,4 +1,4 @@
-#include "embedded/editor/selection_test.h"
+#include "embedded/editor/selection_condition.h"
 
 #include <cmath>
 #include <cwchar>
