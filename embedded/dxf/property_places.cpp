@@ -46,6 +46,8 @@ constexpr TypedPlace kEntityPlaces[] = {
     {kDimensions, {P::kDimBlock, 2, kDimension, V::kR12}},
     {"LEADER", {P::kDimStyle, 3, "AcDbLeader", V::kR12}},
     {"TOLERANCE", {P::kDimStyle, 3, "AcDbFcf", V::kR12}},
+    {"ATTDEF", {P::kName, 2, "AcDbAttributeDefinition", V::kR12}},
+    {"ATTRIB", {P::kName, 2, "AcDbAttribute", V::kR12}},
     {"INSERT", {P::kBlockName, 2, kReference, V::kR12}},
     {"INSERT", {P::kRotation, 50, kReference, V::kR12}},
 };
@@ -135,6 +137,8 @@ Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPla
       continue;
     }
     if (mtext && group.code == kMTextColumns) break;
+    // A text has its subclass twice; new groups belong into the first.
+    leftSubclass = leftSubclass || (sawSubclass && group.code == 100 && !place.subclass.empty());
     sawSubclass = sawSubclass || cursor.region() == Region::kSubclass;
     if (group.code == place.code) {
       result.found = true;

@@ -1,0 +1,91 @@
+#include <gtest/gtest.h>
+
+#include "tests/embedded/dxf/dxf_text.h"
+
+namespace cad {
+namespace {
+
+using dxf::drawingText;
+using dxf::entity;
+using dxf::groups;
+using dxf::read;
+using dxf::replaced;
+using dxf::saved;
+
+constexpr std::string_view kLayers =
+    "0 TABLE|2 LAYER|70 2|0 LAYER|2 0|70 0|62 7|6 CONTINUOUS|0 LAYER|2 WALL|70 0|62 3|6 CONTINUOUS|0 ENDTAB";
+
+TEST(Layers, ThoseThatEntitiesNameExistUntilSomethingIsToBeWritten) {
+  const std::string before = groups("0 SECTION|2 ENTITIES|0 LINE|8 Pipes|0 ENDSEC|0 EOF");
+  const auto drawing = read(before);
+  const RecordId pipes = drawing->find(Table::kLayer, L"PIPES");
+  ASSERT_NE(pipes, kNoRecord);
+  EXPECT_EQ(drawing->text(pipes, Property::kName), L"Pipes");
+  EXPECT_NE(drawing->find(Table::kLayer, L"0"), kNoRecord);
+  EXPECT_NE(drawing->find(Table::kLinetype, L"bylayer"), kNoRecord);
+  EXPECT_NE(drawing->find(Table::kTextStyle, L"STANDARD"), kNoRecord);
+  EXPECT_TRUE(drawing->setInteger(pipes, Property::kLayerColor, 7).ok()) << "its colour already";
+  EXPECT_EQ(saved(*drawing), before);
+
+  ASSERT_TRUE(drawing->setInteger(pipes, Property::kLayerColor, 5).ok());
+  EXPECT_EQ(drawing->find(Table::kLayer, L"PIPES"), pipes);
+  const auto again = read(saved(*drawing));
+  ASSERT_TRUE(again);
+  const RecordId written = again->find(Table::kLayer, L"pipes");
+  EXPECT_EQ(again->integer(written, Property::kLayerColor), 5);
+  EXPECT_EQ(again->record(written).flags & Record::kImplied, 0);
+  ASSERT_TRUE(drawing->undo());
+  EXPECT_EQ(saved(*drawing), before);
+  EXPECT_EQ(drawing->find(Table::kLayer, L"PIPES"), pipes);
+}
+
+TEST(Layers, RenamingReachesEveryReferenceIgnoringCase) {
+  const std::string before = groups(
+      "0 SECTION|2 HEADER|9 $ACADVER|1 AC1009|9 $CLAYER|8 wall|0 ENDSEC|0 SECTION|2 TABLES|"
+      "0 TABLE|2 LAYER|70 2|0 LAYER|2 0|70 0|62 7|6 CONTINUOUS|0 LAYER|2 WALL|70 0|62 3|6 CONTINUOUS|0 "
+      "ENDTAB|"
+      "0 ENDSEC|0 SECTION|2 BLOCKS|0 BLOCK|8 WALL|2 B|70 0|0 ARC|8 wall|0 ENDBLK|8 WALL|0 ENDSEC|"
+      "0 SECTION|2 ENTITIES|0 POLYLINE|8 WALL|66 1|0 VERTEX|8 WALL|0 SEQEND|8 WALL|0 TEXT|8 0|1 WALL|"
+      "1001 APP|1003 Wall|1000 WALL|0 ENDSEC|0 EOF");
+  const auto drawing = read(before);
+  ASSERT_TRUE(drawing);
+  const RecordId wall = drawing->find(Table::kLayer, L"wall");
+  ASSERT_TRUE(drawing->renameLayer(wall, L"M\u00DCR").ok());
+  std::string expected = before;
+  for (const std::string_view from :
+       {"  8\nwall\n", "  2\nWALL\n", "  8\nWALL\n", "  8\nwall\n", "  8\nWALL\n", "  8\nWALL\n",
+        "  8\nWALL\n", "  8\nWALL\n", "1003\nWall\n"}) {
+    const std::size_t value = from.find('\n') + 1;
+    expected = replaced(expected, from, std::string(from.substr(0, value)) + "M\xDCR\n");
+  }
+  EXPECT_EQ(saved(*drawing), expected);
+  EXPECT_EQ(drawing->find(Table::kLayer, L"wall"), kNoRecord);
+  EXPECT_EQ(drawing->find(Table::kLayer, L"m\u00FCr"), wall);
+  ASSERT_TRUE(drawing->undo()) << "one change";
+  EXPECT_FALSE(drawing->undo());
+  EXPECT_EQ(saved(*drawing), before);
+}
+
+TEST(Layers, RenamingToATakenNameIsRefusedAndToAnotherCaseIsNot) {
+  const auto drawing = read(drawingText("AC1009", "0 LINE|8 WALL|0 ARC|8 PIPES", kLayers));
+  const RecordId wall = drawing->find(Table::kLayer, L"WALL");
+  EXPECT_FALSE(drawing->renameLayer(wall, L"pipes").ok());
+  EXPECT_FALSE(drawing->renameLayer(wall, L"").ok());
+  EXPECT_FALSE(drawing->renameLayer(drawing->find(Table::kLayer, L"0"), L"x").ok());
+  EXPECT_FALSE(drawing->isModified());
+  ASSERT_TRUE(drawing->renameLayer(wall, L"Wall").ok());
+  EXPECT_EQ(drawing->names().text(drawing->name(entity(*drawing, "LINE"), Property::kLayer)), L"Wall");
+}
+
+TEST(Layers, LockFollowsTheRecord) {
+  const auto drawing = read(drawingText("AC1009", "0 LINE|8 wall", kLayers));
+  const NameId layer = drawing->name(entity(*drawing, "LINE"), Property::kLayer);
+  EXPECT_FALSE(drawing->isLayerLocked(layer));
+  ASSERT_TRUE(drawing->setInteger(drawing->find(Table::kLayer, layer), Property::kStandardFlags, 4).ok());
+  EXPECT_TRUE(drawing->isLayerLocked(layer));
+  ASSERT_TRUE(drawing->undo());
+  EXPECT_FALSE(drawing->isLayerLocked(layer));
+}
+
+}  // namespace
+}  // namespace cad

@@ -1,0 +1,84 @@
+// Which groups of a record are the entity's own: the same codes stand elsewhere too.
+#include <gtest/gtest.h>
+
+#include "tests/embedded/dxf/dxf_text.h"
+
+namespace cad::dxf {
+namespace {
+
+struct Case {
+  const char *version, *before, *after;  // after: colour 4 and layer NEW
+};
+
+TEST(EditPlace, GroupsOfOtherPartsAreLeftAlone) {
+  const Case cases[] = {
+      // application groups before the layer
+      {"AC1015", "0 LINE|5 A|102 {X|8 no|62 9|102 }|100 AcDbEntity|8 OLD|100 AcDbLine|62 9",
+       "0 LINE|5 A|102 {X|8 no|62 9|102 }|100 AcDbEntity|8 NEW|62 4|100 AcDbLine|62 9"},
+      // a subclass that uses the codes again
+      {"AC1015", "0 HATCH|100 AcDbEntity|8 OLD|62 1|100 AcDbHatch|8 no|62 9|6 no",
+       "0 HATCH|100 AcDbEntity|8 NEW|62 4|100 AcDbHatch|8 no|62 9|6 no"},
+      // extended data in a file without subclasses
+      {"AC1009", "0 POINT|8 OLD|10 0.0|1001 APP|1000 x|1003 no|1070 62",
+       "0 POINT|8 NEW|62 4|10 0.0|1001 APP|1000 x|1003 no|1070 62"},
+      // an embedded object with entity groups of its own
+      {"AC1032",
+       "0 MTEXT|100 AcDbEntity|8 OLD|100 AcDbMText|1 t|101 Embedded Object|100 AcDbEntity|8 no|62 9",
+       "0 MTEXT|100 AcDbEntity|8 NEW|62 4|100 AcDbMText|1 t|101 Embedded Object|100 AcDbEntity|8 no|62 9"},
+      // no layer group at all
+      {"AC1015", "0 LINE|5 A|330 1F|100 AcDbEntity|100 AcDbLine|10 0.0",
+       "0 LINE|5 A|330 1F|100 AcDbEntity|8 NEW|62 4|100 AcDbLine|10 0.0"},
+      {"AC1009", "0 POINT|5 A|10 0.0", "0 POINT|5 A|8 NEW|62 4|10 0.0"},
+      // given twice: readers take the last
+      {"AC1009", "0 POINT|8 no|8 OLD|62 1|62 2", "0 POINT|8 no|8 NEW|62 1|62 4"},
+  };
+  constexpr std::string_view kTables = "0 TABLE|2 LAYER|70 1|0 LAYER|2 NEW|70 0|62 7|6 CONTINUOUS|0 ENDTAB";
+  for (const Case& row : cases) {
+    const std::string before = drawingText(row.version, row.before, kTables);
+    const auto drawing = read(before);
+    ASSERT_TRUE(drawing) << row.before;
+    const RecordId id = drawing->entitiesOf(drawing->modelSpace()).at(0);
+    ASSERT_TRUE(drawing->setText(id, Property::kLayer, L"new").ok()) << row.before;
+    ASSERT_TRUE(drawing->setInteger(id, Property::kColorIndex, 4).ok()) << row.before;
+    const std::string expected = replaced(before, groups(row.before), groups(row.after));
+    const std::string got = saved(*drawing);
+    // The name is written as it was asked for; the padding of a new number is the file's own.
+    EXPECT_EQ(replaced(got, "  8\nnew\n", "  8\nNEW\n"), expected) << row.before;
+    ASSERT_TRUE(drawing->undo());
+    ASSERT_TRUE(drawing->undo());
+    EXPECT_EQ(saved(*drawing), before) << row.before;
+  }
+}
+
+TEST(EditPlace, NewGroupsAreWrittenAsTheFileWritesThem) {
+  const std::string padded =
+      groups("0 SECTION|2 ENTITIES|0 LINE|8 0|0 POINT|62      9|8 0|0 ENDSEC|0 EOF", "\r\n");
+  auto drawing = read(padded);
+  ASSERT_TRUE(drawing->setInteger(entity(*drawing, "LINE"), Property::kColorIndex, 12).ok());
+  EXPECT_EQ(saved(*drawing), replaced(padded, "  8\r\n0\r\n", "  8\r\n0\r\n 62\r\n    12\r\n"));
+
+  const std::string tight = "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n0\nPOINT\n62\n9\n0\nENDSEC\n0\nEOF\n";
+  drawing = read(tight);
+  ASSERT_TRUE(drawing->setInteger(entity(*drawing, "LINE"), Property::kColorIndex, 12).ok());
+  EXPECT_EQ(saved(*drawing), replaced(tight, "8\n0\n", "8\n0\n62\n12\n"));
+}
+
+TEST(EditPlace, ManyChangesOfOneRecordStayRightAndCanBeTakenBack) {
+  const std::string before = drawingText("AC1015", "0 TEXT|100 AcDbEntity|8 A|62 1|100 AcDbText|40 1.0|1 x");
+  const auto drawing = read(before);
+  const RecordId id = entity(*drawing, "TEXT");
+  for (int i = 1; i <= 100; ++i) {
+    ASSERT_TRUE(drawing->setInteger(id, Property::kColorIndex, i * 2 % 255 + 1).ok());
+    ASSERT_TRUE(
+        drawing->setText(id, Property::kTextString, std::wstring(static_cast<std::size_t>(i), L'y')).ok());
+  }
+  EXPECT_EQ(saved(*drawing), replaced(replaced(before, " 62\n1\n", " 62\n201\n"), "  1\nx\n",
+                                      "  1\n" + std::string(100, 'y') + "\n"));
+  int steps = 0;
+  while (drawing->undo()) ++steps;
+  EXPECT_EQ(steps, 200);
+  EXPECT_EQ(saved(*drawing), before);
+}
+
+}  // namespace
+}  // namespace cad::dxf

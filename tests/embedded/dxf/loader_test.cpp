@@ -1,0 +1,125 @@
+#include <gtest/gtest.h>
+
+#include "tests/embedded/dxf/dxf_text.h"
+
+namespace cad::dxf {
+namespace {
+
+struct BadFile {
+  std::string bytes;
+  const wchar_t* place;
+  const wchar_t* reason;  // part of it
+};
+
+TEST(Loader, RefusalsNamePlaceAndReason) {
+  const std::string good = drawingText("AC1015", "0 LINE|8 A|10 1.0");
+  const std::size_t line = good.find("LINE");
+  const BadFile cases[] = {
+      {"", L"", L"empty"},
+      {"hello\nworld\n", L"line 1", L"not a DXF"},
+      {std::string("PK\x03\x04\0\0", 6), L"line 1", L"not a DXF"},
+      {groups("0 LINE|8 A|0 EOF"), L"line 1", L"not a DXF"},
+      {"  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n xx\nA\n", L"line 7", L"group code"},
+      {"  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n 9999\nA\n", L"line 7", L"group code"},
+      {groups("0 SECTION|2 ENTITIES|0 LINE|8 A"), L"line 9", L"no EOF"},
+      {groups("0 SECTION|2 ENTITIES|0 ENDSEC"), L"line 7", L"no EOF"},
+      {good.substr(0, line + 8), L"line 29", L"middle of a group"},
+      {std::string("AutoCAD Binary DXF\r\n\x1a\0\0SECTION\0\2ENTITIES\0\0LINE\0\x0a\1\2", 50), L"byte 47",
+       L"no whole group"},
+  };
+  for (const BadFile& bad : cases) {
+    const auto result = loadBytes(bad.bytes);
+    ASSERT_FALSE(result.ok()) << bad.bytes;
+    EXPECT_EQ(result.failure().place, bad.place) << bad.bytes;
+    EXPECT_NE(result.failure().reason.find(bad.reason), std::wstring::npos)
+        << base::toUtf8(result.failure().text());
+  }
+}
+
+TEST(Loader, EveryTruncationIsRefused) {
+  const std::string good = drawingText("AC1015", "0 LINE|8 A|10 1.0");
+  for (std::size_t length = 0; length + 2 < good.size(); ++length) {
+    EXPECT_FALSE(loadBytes(good.substr(0, length)).ok()) << length;
+  }
+}
+
+TEST(Loader, VersionAndCodePageComeFromTheHeader) {
+  struct {
+    const char *version, *codePage;
+    Version expected;
+    base::CodePage page;
+    bool known;
+  } const cases[] = {{"AC1009", "dos850", Version::kR12, 850, true},
+                     {"AC1015", "ansi_932", Version::kR2000, 932, true},
+                     {"AC1018", "ISO8859-1", Version::kR2004, 28591, true},
+                     {"AC1018", "ANSI_99999", Version::kR2004, 1252, false},
+                     {"AC1021", "ANSI_932", Version::kR2007, base::kUtf8, true},
+                     {"AC1032", "ANSI_1252", Version::kR2018, base::kUtf8, true}};
+  for (const auto& row : cases) {
+    const auto drawing = read(drawingText(row.version, "0 LINE|8 A", {}, row.codePage));
+    ASSERT_TRUE(drawing);
+    EXPECT_EQ(drawing->facts().version, row.expected) << row.version;
+    EXPECT_EQ(drawing->facts().codePage, row.page) << row.codePage;
+    EXPECT_EQ(drawing->facts().codePageKnown, row.known) << row.codePage;
+    EXPECT_EQ(drawing->facts().codePageName, row.codePage);
+  }
+}
+
+TEST(Loader, SectionAndGroup67TellTheSpace) {
+  const auto drawing = read(groups(
+      "0 SECTION|2 BLOCKS|0 BLOCK|8 0|2 $MODEL_SPACE|0 ENDBLK|0 BLOCK|8 0|67 1|2 $PAPER_SPACE|0 ENDBLK|"
+      "0 BLOCK|8 0|2 *Paper_Space7|0 ARC|8 0|0 ENDBLK|0 BLOCK|8 0|2 DOOR|0 CIRCLE|8 0|0 ENDBLK|0 ENDSEC|"
+      "0 SECTION|2 ENTITIES|0 LINE|8 0|0 POINT|67 1|8 0|0 TEXT|67 0|8 0|0 ENDSEC|0 EOF"));
+  ASSERT_TRUE(drawing);
+  const auto types = [&](RecordId block) {
+    std::string all;
+    for (const RecordId id : drawing->entitiesOf(block)) all.append(drawing->typeName(id)).append(" ");
+    return all;
+  };
+  EXPECT_EQ(types(drawing->find(Table::kBlock, L"*MODEL_SPACE")), "LINE TEXT ");
+  EXPECT_EQ(types(drawing->find(Table::kBlock, L"*paper_space")), "POINT ");
+  EXPECT_EQ(types(drawing->find(Table::kBlock, L"door")), "CIRCLE ");
+  std::string visited;
+  drawing->forEachSpaceEntity(std::vector<bool>(drawing->signatureCount(), true),
+                              [&](RecordId id) { visited.append(drawing->typeName(id)).append(" "); });
+  EXPECT_EQ(visited, "TEXT POINT LINE ARC ") << "newest first, entities of definitions left out";
+  EXPECT_EQ(drawing->typeName(drawing->lastEntity()), "TEXT");
+}
+
+TEST(Loader, SubRecordsBelongToTheirEntity) {
+  const auto drawing = read(drawingText(
+      "AC1009",
+      "0 POLYLINE|8 P|66 1|0 VERTEX|8 V|0 VERTEX|8 V|0 SEQEND|8 P|0 INSERT|8 I|2 B|0 INSERT|8 I|66 1|2 B|"
+      "0 ATTRIB|8 T|1 x|0 SEQEND|8 I|0 LINE|8 L"));
+  ASSERT_TRUE(drawing);
+  const auto& main = drawing->entitiesOf(drawing->modelSpace());
+  ASSERT_EQ(main.size(), 4u);
+  EXPECT_EQ(drawing->subRecordsOf(main[0]).size(), 3u);
+  EXPECT_EQ(drawing->subRecordsOf(main[1]).size(), 0u);
+  EXPECT_EQ(drawing->subRecordsOf(main[2]).size(), 2u);
+  EXPECT_EQ(drawing->blockOf(drawing->subRecordsOf(main[2])[0]), drawing->modelSpace());
+  EXPECT_NE(drawing->find(Table::kLayer, L"v"), kNoRecord) << "layers that only vertices name exist";
+}
+
+TEST(Loader, OfEqualHandlesTheFirstCounts) {
+  const auto drawing =
+      read(drawingText("AC1015", "0 LINE|5 A1|8 A|0 ARC|5 a1|8 A|0 TEXT|102 {X|5 9|102 }|5 B|8 A"));
+  ASSERT_TRUE(drawing);
+  EXPECT_EQ(drawing->findHandle(0xA1), entity(*drawing, "LINE"));
+  EXPECT_EQ(drawing->findHandle(0xB), entity(*drawing, "TEXT"));
+  EXPECT_EQ(drawing->findHandle(9), kNoRecord);
+}
+
+TEST(Loader, ANewDrawingIsWhole) {
+  const auto drawing = newDrawing();
+  EXPECT_EQ(drawing->facts().versionCode, "AC1018");
+  EXPECT_EQ(drawing->facts().codePage, 932);
+  EXPECT_TRUE(drawing->entitiesOf(drawing->modelSpace()).empty());
+  EXPECT_EQ(drawing->tableRecords(Table::kLayer).size(), 1u);
+  EXPECT_EQ(drawing->tableRecords(Table::kBlockRecord).size(), 2u);
+  auto again = loadBytes(saved(*drawing));
+  EXPECT_TRUE(again.ok());
+}
+
+}  // namespace
+}  // namespace cad::dxf
