@@ -75,6 +75,7 @@ TEST_F(SymbolTableTest, RefusedRecordsStayTheCallers) {
   style->setName(L"New");
   EXPECT_EQ(table->add(style.object()), Acad::eWrongObjectType);
   layer->setName(L"New");
+  table.close();
   EXPECT_EQ(AcDbLayerTablePointer(database_.get())->add(layer), Acad::eNotOpenForWrite);
 }
 
