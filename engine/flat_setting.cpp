@@ -50,10 +50,4 @@ FlatSetting parseFlatSetting(std::wstring_view line) {
   return setting;
 }
 
-std::vector<std::wstring> splitFields(std::wstring_view line) {
-  std::vector<std::wstring> fields;
-  for (const std::wstring_view piece : pieces(line)) fields.emplace_back(base::trim(piece));
-  return fields;
-}
-
 }  // namespace kiv

@@ -23,7 +23,4 @@ struct FlatSetting {
 
 FlatSetting parseFlatSetting(std::wstring_view line);
 
-// The fields between commas, each trimmed; an empty text is one empty field.
-std::vector<std::wstring> splitFields(std::wstring_view line);
-
 }  // namespace kiv

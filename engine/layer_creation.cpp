@@ -3,11 +3,11 @@
 #include <array>
 
 #include "dbobjptr.h"
-#include "engine/flat_setting.h"
 #include "engine/layer_properties.h"
 #include "engine/layer_stages.h"
 #include "engine/messages.h"
 #include "engine/table_lookup.h"
+#include "spec/cvt_lines.h"
 #include "spec/item_kinds.h"
 
 namespace kiv {

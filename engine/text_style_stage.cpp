@@ -3,10 +3,10 @@
 #include "base/fold.h"
 #include "dbobjptr.h"
 #include "dbsymtb.h"
-#include "engine/flat_setting.h"
 #include "engine/refusal.h"
 #include "engine/resource_stages.h"
 #include "engine/table_lookup.h"
+#include "spec/cvt_lines.h"
 #include "spec/item_kinds.h"
 
 namespace kiv {

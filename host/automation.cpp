@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "base/files.h"
-#include "engine/flat_setting.h"
 #include "host/conversion_context.h"
 #include "host/run_report.h"
 #include "platform/paths.h"
