@@ -38,6 +38,13 @@ std::wstring nameBehind(const Drawing& drawing, Handle handle) {
   return name == kNoName ? std::wstring() : drawing.names().text(name);
 }
 
+// Some programs leave out the underscore with which the names of the built-in arrow blocks begin.
+std::wstring arrowBlockName(const Drawing& drawing, std::wstring name) {
+  if (name.empty() || drawing.find(Table::kBlock, std::wstring_view(name)) != kNoRecord) return name;
+  std::wstring full = L"_" + name;
+  return drawing.find(Table::kBlock, std::wstring_view(full)) != kNoRecord ? full : name;
+}
+
 std::optional<Variable> readValue(const Drawing& drawing, const DxfStorage& storage,
                                   const DimVariableInfo& info, const Group& group) {
   const ValueType type = valueType(group.code);
@@ -49,7 +56,8 @@ std::optional<Variable> readValue(const Drawing& drawing, const DxfStorage& stor
   // A name group of an old dimension style has the code of a handle (5) elsewhere.
   if (info.isName() || info.type == DimType::kText) {
     if (type != ValueType::kText && type != ValueType::kHandle) return std::nullopt;
-    return storage.decode(group.value);
+    std::wstring text = storage.decode(group.value);
+    return info.type == DimType::kArrow ? arrowBlockName(drawing, std::move(text)) : text;
   }
   if (info.type == DimType::kReal) {
     const std::optional<double> value = realValue(group, storage.dialect());
@@ -117,10 +125,13 @@ base::Status writeValue(Drawing& drawing, RecordBuilder& builder, const DimVaria
     builder.handle(code != 0 ? code : 1005, handle.value());
     return {};
   }
-  if (info.isName() && !text->empty() && *text != L"." &&
-      drawing.find(tableOf(info.type), *text) == kNoRecord)
-    return failure(*text, L"the drawing has no record of this name");
-  builder.text(code != 0 ? code : 1000, info.isName() && *text == L"." ? std::wstring_view() : *text);
+  if (!info.isName() || text->empty() || *text == L".") {
+    builder.text(code != 0 ? code : 1000, info.isName() ? std::wstring_view() : std::wstring_view(*text));
+    return {};
+  }
+  const RecordId named = drawing.find(tableOf(info.type), std::wstring_view(*text));
+  if (named == kNoRecord) return failure(*text, L"the drawing has no record of this name");
+  builder.text(code != 0 ? code : 1000, blockName(drawing, named));
   return {};
 }
 

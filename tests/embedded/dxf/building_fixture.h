@@ -24,7 +24,7 @@ inline std::string modernTables() {
                "|0 STYLE|5 11|330 3|100 AcDbSymbolTableRecord|100 AcDbTextStyleTableRecord|2 Standard|70 "
                "0|40 0.0|"
                "41 1.0|50 0.0|71 0|42 0.2|3 txt|4 ") +
-         table("APPID", "9", "") + table("DIMSTYLE", "A", "") + table("BLOCK_RECORD", "1", "").substr(0) +
+         table("APPID", "9", "") + table("DIMSTYLE", "A", "") + table("BLOCK_RECORD", "1", "") +
          "0 ENDSEC|0 SECTION|2 BLOCKS";
 }
 

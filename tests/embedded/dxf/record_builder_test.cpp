@@ -36,7 +36,7 @@ TEST(RecordBuilder, WritesBinaryWithOneAndTwoByteCodes) {
   a.integer(70, 258).integer(290, 1).chunk(310, "ab").stored(2, "X");
   EXPECT_EQ(a.bytes(), Bytes("\x46\0\x02\x01\x22\x01\x01\x36\x01\x02"
                              "ab\x02\0X\0",
-                             17));
+                             16));
   const auto narrow = storageOf({.binary = true, .wideCodes = false}, Version::kR12, 932);
   RecordBuilder b(*narrow);
   b.integer(70, 1).integer(1070, 5);

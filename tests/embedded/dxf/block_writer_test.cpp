@@ -1,0 +1,95 @@
+#include "tests/embedded/dxf/building_fixture.h"
+
+namespace cad::dxf {
+namespace {
+
+std::vector<Shape> shapes() {
+  return {LineShape{{-1, 0}, {0, 0}}, CircleShape{{0, 0}, 0.5},
+          PolylineShape{{{-0.25, 0, 1}, {0.25, 0, 1}}, 0.5, true}};
+}
+
+TEST(BlockWriter, OldFilesGetPlainRecordsInASectionOfTheirOwn) {
+  auto drawing = old("0 LINE|8 0");
+  const std::string original = saved(*drawing);
+  const auto made = drawing->defineBlock(L"_DOT", shapes());
+  ASSERT_TRUE(made.ok());
+  EXPECT_EQ(typesIn(*drawing, made.value()), "LINE CIRCLE POLYLINE");
+  const std::string text = saved(*drawing);
+  EXPECT_EQ(text.find("AcDb"), std::string::npos);
+  EXPECT_EQ(text.find("BLOCK_RECORD"), std::string::npos);
+  EXPECT_LT(text.find("BLOCKS"), text.find("ENTITIES"));
+  auto again = read(text);
+  EXPECT_EQ(typesIn(*again, block(*again, L"_dot")), "LINE CIRCLE POLYLINE");
+  EXPECT_EQ(again->subRecordsOf(again->entitiesOf(block(*again, L"_DOT")).back()).size(), 3u);
+  expectUndone(*drawing, original);
+}
+
+TEST(BlockWriter, NewFilesGetATableEntryThatOwnsTheContent) {
+  auto drawing = modern("0 LINE|5 20|330 1F|100 AcDbEntity|8 0|100 AcDbLine");
+  const std::string original = saved(*drawing);
+  ASSERT_TRUE(drawing->defineBlock(L"_Dot", shapes()).ok());
+  const std::string text = saved(*drawing);
+  EXPECT_EQ(
+      lastRecord(text, "BLOCK_RECORD"),
+      groups("0 BLOCK_RECORD|5 400|330 1|100 AcDbSymbolTableRecord|100 AcDbBlockTableRecord|2 _Dot|340 0"));
+  EXPECT_EQ(
+      lastRecord(text, "BLOCK"),
+      groups("0 BLOCK|5 401|330 400|100 AcDbEntity|8 0|100 AcDbBlockBegin|2 _Dot|70 0|10 0.0|20 0.0|30 0.0|"
+             "3 _Dot|1 "));
+  EXPECT_EQ(
+      lastRecord(text, "CIRCLE"),
+      groups("0 CIRCLE|5 403|330 400|100 AcDbEntity|8 0|6 ByBlock|62 0|370 -2|100 AcDbCircle|10 0.0|20 0.0|"
+             "30 0.0|40 0.5"));
+  EXPECT_NE(text.find("LWPOLYLINE"), std::string::npos);
+  expectUndone(*drawing, original);
+}
+
+TEST(BlockWriter, RedefinitionKeepsTheBlockAndReplacesItsContent) {
+  auto drawing = modern("0 LINE|5 20|330 1F|100 AcDbEntity|8 0|100 AcDbLine");
+  const RecordId first = drawing->defineBlock(L"B", shapes()).value();
+  const std::string before = saved(*drawing);
+  const Shape solid = SolidShape{{0, 0}, {1, 0}, {0, 1}, {1, 1}};
+  EXPECT_EQ(drawing->defineBlock(L"b", std::span(&solid, 1)).value(), first);
+  auto again = read(saved(*drawing));
+  EXPECT_EQ(typesIn(*again, block(*again, L"B")), "SOLID");
+  EXPECT_TRUE(drawing->undo());
+  EXPECT_EQ(saved(*drawing), before);
+  EXPECT_FALSE(drawing->defineBlock(L"*Model_Space", shapes()).ok());
+  EXPECT_FALSE(drawing->defineBlock(L"", shapes()).ok());
+  EXPECT_EQ(saved(*drawing), before);
+}
+
+TEST(BlockWriter, ExternalReferencesAreNotRedefined) {
+  auto drawing = modern("0 LINE|5 20|8 0");
+  const std::string text = replaced(
+      saved(*drawing), groups("2 BLOCKS"),
+      groups("2 BLOCKS|0 BLOCK|5 30|8 0|2 XREF|70 4|10 0.0|20 0.0|30 0.0|3 XREF|1 x.dwg|0 ENDBLK|5 31|8 0"));
+  auto other = read(text);
+  EXPECT_FALSE(other->defineBlock(L"XREF", shapes()).ok());
+  EXPECT_EQ(saved(*other), text);
+}
+
+TEST(Insert, StandsInItsSpaceOnTheCurrentLayer) {
+  auto drawing = modern("0 LINE|5 20|330 1F|100 AcDbEntity|8 0|100 AcDbLine");
+  EXPECT_FALSE(drawing->addInsert(drawing->modelSpace(), L"B", {}, 1, 0).ok());
+  ASSERT_TRUE(drawing->defineBlock(L"B", shapes()).ok());
+  const std::string original = saved(*drawing);
+  const auto model = drawing->addInsert(drawing->modelSpace(), L"B", {1, 2, 0}, 2, 90);
+  ASSERT_TRUE(model.ok());
+  EXPECT_EQ(drawing->lastEntity(), model.value());
+  EXPECT_NE(saved(*drawing).find(
+                groups("8 WALL|100 AcDbBlockReference|2 B|10 1.0|20 2.0|30 0.0|41 2.0|42 2.0|43 2.0|"
+                       "50 90.0|0 ENDSEC")),
+            std::string::npos);
+  const auto paper = drawing->addInsert(drawing->paperSpace(), L"B", {}, 1, 0);
+  ASSERT_TRUE(paper.ok());
+  auto again = read(saved(*drawing));
+  EXPECT_EQ(typesIn(*again, again->paperSpace()), "INSERT");
+  EXPECT_FALSE(drawing->addInsert(drawing->modelSpace(), L"B", {}, 0, 0).ok());
+  EXPECT_TRUE(drawing->undo());
+  EXPECT_TRUE(drawing->undo());
+  EXPECT_EQ(saved(*drawing), original);
+}
+
+}  // namespace
+}  // namespace cad::dxf
