@@ -4,7 +4,8 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
-#include <cstring>
+
+#include "embedded/dxf/text_lines.h"
 
 namespace cad::dxf {
 namespace {
@@ -13,16 +14,6 @@ std::uint64_t littleEndian(std::string_view bytes) {
   std::uint64_t value = 0;
   for (std::size_t i = bytes.size(); i-- > 0;) value = value << 8 | static_cast<unsigned char>(bytes[i]);
   return value;
-}
-
-// Position behind the line end of the line at `from`; the line itself, without its end, in `line`.
-std::size_t takeLine(std::string_view bytes, std::size_t from, std::string_view& line) {
-  std::size_t end = bytes.find('\n', from);
-  const std::size_t next = end == std::string_view::npos ? bytes.size() : end + 1;
-  if (end == std::string_view::npos) end = bytes.size();
-  if (end > from && bytes[end - 1] == '\r') --end;
-  line = bytes.substr(from, end - from);
-  return next;
 }
 
 // Length of a binary value that begins at `from`, and how much of it frames the payload.
@@ -96,17 +87,16 @@ std::string_view trimmed(std::string_view value) {
 
 bool readTextGroup(std::string_view bytes, std::size_t position, Group& group) {
   if (position >= bytes.size()) return false;
-  std::string_view line;
-  const std::size_t second = takeLine(bytes, position, line);
-  line = trimmed(line);
-  int code = 0;
-  const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), code);
-  if (error != std::errc() || end != line.data() + line.size() || code < -5 || code > 1071) return false;
-  if (second >= bytes.size() && (second == 0 || bytes[second - 1] != '\n')) return false;
-  group.code = code;
+  const char* const base = bytes.data();
+  const char* const end = base + bytes.size();
+  const char* at = base + position;
+  if (!takeCode(at, end, group.code)) return false;
+  const char* const lineEnd = findLineEnd(at, end);
+  const char* const valueEnd = lineEnd > at && lineEnd[-1] == '\r' ? lineEnd - 1 : lineEnd;
   group.begin = static_cast<std::uint32_t>(position);
-  group.end = static_cast<std::uint32_t>(takeLine(bytes, second, group.value));
-  group.valueBegin = static_cast<std::uint32_t>(second);
+  group.valueBegin = static_cast<std::uint32_t>(at - base);
+  group.end = static_cast<std::uint32_t>((lineEnd == end ? end : lineEnd + 1) - base);
+  group.value = std::string_view(at, static_cast<std::size_t>(valueEnd - at));
   return true;
 }
 

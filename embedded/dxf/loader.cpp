@@ -1,14 +1,13 @@
 #include "embedded/dxf/loader.h"
 
 #include <algorithm>
-#include <bit>
-#include <cstring>
 #include <string_view>
 #include <utility>
 
 #include "embedded/dxf/assembler.h"
 #include "embedded/dxf/dxf_storage.h"
 #include "embedded/dxf/file_facts.h"
+#include "embedded/dxf/text_lines.h"
 
 namespace cad::dxf {
 namespace {
@@ -17,39 +16,6 @@ struct Broken {
   const wchar_t* reason = nullptr;
   std::size_t at = 0;
 };
-
-// The first line end at or after `at`; `end` when there is none. Eight bytes a step: values are short.
-const char* findLineEnd(const char* at, const char* end) {
-  constexpr std::uint64_t kOnes = 0x0101010101010101u, kHigh = 0x8080808080808080u;
-  if constexpr (std::endian::native == std::endian::little) {
-    while (end - at >= 8) {
-      std::uint64_t word = 0;
-      std::memcpy(&word, at, sizeof word);
-      word ^= kOnes * '\n';
-      const std::uint64_t hit = (word - kOnes) & ~word & kHigh;
-      if (hit != 0) return at + std::countr_zero(hit) / 8;
-      at += 8;
-    }
-  }
-  while (at < end && *at != '\n') ++at;
-  return at;
-}
-
-// The group code of the line at `at`; moves `at` behind the line. False: the line is no group code.
-bool takeCode(const char*& at, const char* end, int& code) {
-  while (at < end && (*at == ' ' || *at == '\t')) ++at;
-  const bool negative = at < end && *at == '-';
-  if (negative) ++at;
-  int value = 0;
-  const char* first = at;
-  while (at < end && *at >= '0' && *at <= '9' && value <= 9999) value = value * 10 + (*at++ - '0');
-  if (at == first || value > (negative ? 5 : 1071)) return false;
-  while (at < end && (*at == ' ' || *at == '\t' || *at == '\r')) ++at;
-  if (at == end || *at != '\n') return false;
-  ++at;
-  code = negative ? -value : value;
-  return true;
-}
 
 Broken scanText(std::string_view bytes, std::size_t start, Assembler& assembler) {
   const char* const base = bytes.data();
