@@ -17,18 +17,19 @@ namespace {
 // own and keep their properties; the sequence end of a block reference follows it.
 template <class Set>
 Acad::ErrorStatus writeWithSubents(AcDbEntity& entity, Property property, bool doSubents, Set set) {
-  const Acad::ErrorStatus status = cad::checkWritable(entity, property);
+  const Acad::ErrorStatus status = cad::checkWritable(entity);
   if (status != Acad::eOk) return status;
   Drawing& drawing = *ObjectAccess::drawing(entity);
   const RecordId record = ObjectAccess::record(entity);
   const auto subents = doSubents ? drawing.subRecordsOf(record) : std::span<const RecordId>();
-  if (subents.empty()) return set(drawing, record).ok() ? Acad::eOk : Acad::eInvalidInput;
+  if (subents.empty()) return cad::outcome(drawing, record, property, set(drawing, record));
 
   const Drawing::ChangeScope scope(drawing);
-  if (!set(drawing, record).ok()) return Acad::eInvalidInput;
+  const Acad::ErrorStatus written = cad::outcome(drawing, record, property, set(drawing, record));
+  if (written != Acad::eOk) return written;
   for (const RecordId subent : subents) {
-    if (drawing.typeName(subent) != "ATTRIB" && drawing.canHold(subent, property))
-      (void)set(drawing, subent).ok();
+    // A vertex that cannot hold the property goes without it.
+    if (drawing.typeName(subent) != "ATTRIB") (void)set(drawing, subent).ok();
   }
   return Acad::eOk;
 }
@@ -43,7 +44,7 @@ Acad::ErrorStatus setNameOf(AcDbEntity& entity, Property property, NameId name, 
 Acad::ErrorStatus setByName(AcDbEntity& entity, Property property, Table table, const ACHAR* name,
                             bool doSubents) {
   if (!name) return Acad::eInvalidInput;
-  const Acad::ErrorStatus status = cad::checkWritable(entity, property);
+  const Acad::ErrorStatus status = cad::checkWritable(entity);
   if (status != Acad::eOk) return status;
   const auto named = ObjectAccess::state(entity)->find(table, name);
   if (named.record == cad::kNoRecord) return Acad::eKeyNotFound;
@@ -52,7 +53,7 @@ Acad::ErrorStatus setByName(AcDbEntity& entity, Property property, Table table, 
 
 Acad::ErrorStatus setById(AcDbEntity& entity, Property property, Table table, AcDbObjectId id,
                           bool doSubents) {
-  Acad::ErrorStatus status = cad::checkWritable(entity, property);
+  Acad::ErrorStatus status = cad::checkWritable(entity);
   RecordId named = cad::kNoRecord;
   if (status == Acad::eOk) status = cad::checkedRecord(entity, id, table, named);
   if (status != Acad::eOk) return status;

@@ -112,6 +112,8 @@ AcCmTransparency AcDbLayerTableRecord::transparency() const {
 Acad::ErrorStatus AcDbLayerTableRecord::setTransparency(const AcCmTransparency& transparency) {
   if (transparency.isInvalid()) return Acad::eInvalidInput;
   const AcCmTransparency own = transparency.isByAlpha() ? transparency : AcCmTransparency(Adesk::UInt8{255});
+  // Every layer is solid without saying so, in drawings of any version.
+  if (!isNewObject() && own == this->transparency()) return cad::checkWritable(*this);
   return cad::writeInteger(*this, Property::kTransparency, cad::storedTransparency(own));
 }
 

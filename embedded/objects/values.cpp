@@ -30,8 +30,6 @@ bool isAllowed(Property property, double value) {
   return std::isfinite(value) && value >= info.least && value <= info.most;
 }
 
-Acad::ErrorStatus statusOf(const base::Status& status) { return status ? Acad::eOk : Acad::eInvalidInput; }
-
 }  // namespace
 
 double readReal(const AcDbObject& object, Property property) {
@@ -85,11 +83,10 @@ Acad::ErrorStatus checkWritable(const AcDbObject& object) {
   return object.isWriteEnabled() ? Acad::eOk : Acad::eNotOpenForWrite;
 }
 
-Acad::ErrorStatus checkWritable(const AcDbObject& object, Property property) {
-  const Acad::ErrorStatus status = checkWritable(object);
-  if (status != Acad::eOk) return status;
-  const Drawing& drawing = *ObjectAccess::drawing(object);
-  return drawing.canHold(ObjectAccess::record(object), property) ? Acad::eOk : Acad::eNotApplicable;
+Acad::ErrorStatus outcome(const Drawing& drawing, RecordId record, Property property,
+                          const base::Status& status) {
+  if (status) return Acad::eOk;
+  return drawing.canHold(record, property) ? Acad::eInvalidInput : Acad::eNotApplicable;
 }
 
 Acad::ErrorStatus writeReal(AcDbObject& object, Property property, double value) {
@@ -98,9 +95,11 @@ Acad::ErrorStatus writeReal(AcDbObject& object, Property property, double value)
     ObjectAccess::detach(object).values[property] = value;
     return Acad::eOk;
   }
-  const Acad::ErrorStatus status = checkWritable(object, property);
+  const Acad::ErrorStatus status = checkWritable(object);
   if (status != Acad::eOk) return status;
-  return statusOf(ObjectAccess::drawing(object)->setReal(ObjectAccess::record(object), property, value));
+  Drawing& drawing = *ObjectAccess::drawing(object);
+  const RecordId record = ObjectAccess::record(object);
+  return outcome(drawing, record, property, drawing.setReal(record, property, value));
 }
 
 Acad::ErrorStatus writeInteger(AcDbObject& object, Property property, std::int64_t value) {
@@ -109,9 +108,11 @@ Acad::ErrorStatus writeInteger(AcDbObject& object, Property property, std::int64
     ObjectAccess::detach(object).values[property] = value;
     return Acad::eOk;
   }
-  const Acad::ErrorStatus status = checkWritable(object, property);
+  const Acad::ErrorStatus status = checkWritable(object);
   if (status != Acad::eOk) return status;
-  return statusOf(ObjectAccess::drawing(object)->setInteger(ObjectAccess::record(object), property, value));
+  Drawing& drawing = *ObjectAccess::drawing(object);
+  const RecordId record = ObjectAccess::record(object);
+  return outcome(drawing, record, property, drawing.setInteger(record, property, value));
 }
 
 Acad::ErrorStatus writeText(AcDbObject& object, Property property, const ACHAR* value) {
@@ -120,9 +121,11 @@ Acad::ErrorStatus writeText(AcDbObject& object, Property property, const ACHAR* 
     ObjectAccess::detach(object).values[property] = std::wstring(value);
     return Acad::eOk;
   }
-  const Acad::ErrorStatus status = checkWritable(object, property);
+  const Acad::ErrorStatus status = checkWritable(object);
   if (status != Acad::eOk) return status;
-  return statusOf(ObjectAccess::drawing(object)->setText(ObjectAccess::record(object), property, value));
+  Drawing& drawing = *ObjectAccess::drawing(object);
+  const RecordId record = ObjectAccess::record(object);
+  return outcome(drawing, record, property, drawing.setText(record, property, value));
 }
 
 Acad::ErrorStatus writeId(AcDbObject& object, Property property, Table table, AcDbObjectId value) {
@@ -130,12 +133,13 @@ Acad::ErrorStatus writeId(AcDbObject& object, Property property, Table table, Ac
     ObjectAccess::detach(object).values[property] = std::int64_t{value.asOldId()};
     return Acad::eOk;
   }
-  Acad::ErrorStatus status = checkWritable(object, property);
-  RecordId record = kNoRecord;
-  if (status == Acad::eOk) status = checkedRecord(object, value, table, record);
+  Acad::ErrorStatus status = checkWritable(object);
+  RecordId named = kNoRecord;
+  if (status == Acad::eOk) status = checkedRecord(object, value, table, named);
   if (status != Acad::eOk) return status;
   Drawing& drawing = *ObjectAccess::drawing(object);
-  return statusOf(drawing.setName(ObjectAccess::record(object), property, recordName(drawing, record)));
+  const RecordId record = ObjectAccess::record(object);
+  return outcome(drawing, record, property, drawing.setName(record, property, recordName(drawing, named)));
 }
 
 Acad::ErrorStatus checkedRecord(const AcDbObject& object, AcDbObjectId id, Table table, RecordId& record) {

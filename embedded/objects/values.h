@@ -22,9 +22,12 @@ Acad::ErrorStatus writeInteger(AcDbObject& object, Property property, std::int64
 Acad::ErrorStatus writeText(AcDbObject& object, Property property, const ACHAR* value);
 Acad::ErrorStatus writeId(AcDbObject& object, Property property, Table table, AcDbObjectId value);
 
-// eNotInDatabase, eNotOpenForWrite; eNotApplicable when the object or the drawing's version cannot hold it.
+// eNotInDatabase, eNotOpenForWrite.
 Acad::ErrorStatus checkWritable(const AcDbObject& object);
-Acad::ErrorStatus checkWritable(const AcDbObject& object, Property property);
+// What a setter of the drawing came to: eNotApplicable when the record or the drawing's version cannot hold
+// the property, else eInvalidInput where it failed.
+Acad::ErrorStatus outcome(const Drawing& drawing, RecordId record, Property property,
+                          const base::Status& status);
 
 // The record that an id names in the object's own drawing: eNullObjectId, eInvalidKey, eWrongDatabase,
 // eWrongObjectType.

@@ -78,6 +78,7 @@ TEST_F(EntityTest, PropertiesThatTheVersionCannotHold) {
   {
     Writing<AcDbEntity> text(id(0x50), AcDb::kForWrite);
     EXPECT_EQ(text->setTransparency(glass), Acad::eNotApplicable);
+    EXPECT_EQ(text->setTransparency(AcCmTransparency()), Acad::eOk);  // what it has anyway
     EXPECT_EQ(text->setLineWeight(AcDb::kLnWt025), Acad::eOk);
   }
   load(officeDrawing("AC1012"));

@@ -117,6 +117,18 @@ TEST_F(SymbolTableTest, LayerStates) {
   EXPECT_TRUE(walls->transparency().isSolid());
 }
 
+TEST_F(SymbolTableTest, OldDrawingsAcceptWhatEveryLayerHasAnyway) {
+  load(officeDrawing("AC1012"));
+  AcDbLayerTableRecordPointer walls(L"Walls", database_.get(), AcDb::kForWrite);
+  EXPECT_EQ(walls->setLineWeight(AcDb::kLnWtByLwDefault), Acad::eOk);
+  EXPECT_EQ(walls->setTransparency(AcCmTransparency(Adesk::UInt8{255})), Acad::eOk);
+  EXPECT_EQ(walls->setIsPlottable(true), Acad::eOk);
+  EXPECT_FALSE(drawing_->isModified());
+  EXPECT_EQ(walls->setLineWeight(AcDb::kLnWt025), Acad::eNotApplicable);
+  EXPECT_EQ(walls->setTransparency(AcCmTransparency(Adesk::UInt8{100})), Acad::eNotApplicable);
+  EXPECT_EQ(walls->setIsPlottable(false), Acad::eNotApplicable);
+}
+
 TEST_F(SymbolTableTest, TextStyleFonts) {
   AcDbTextStyleTableRecordPointer style(L"Notes", database_.get(), AcDb::kForWrite);
   AcString text;
