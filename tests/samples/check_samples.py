@@ -57,6 +57,7 @@ TEXTS = {"TEXT": "height", "MTEXT": "char_height", "ATTDEF": "height"}
 class Check:
     def __init__(self, program, folder):
         self.program, self.work, self.failures = program, folder, []
+        self.records_changed = 0
 
     def fail(self, drawing, text):
         self.failures.append(f"{drawing.name}: {text}")
@@ -90,8 +91,7 @@ class Check:
             self.fail(drawing, f"refused with rules only: {said}")
             return
         found = compare_drawings.differences(compare_drawings.read(drawing), compare_drawings.read(target))
-        if not found:
-            self.fail(drawing, "the rules changed nothing")
+        self.records_changed += len(found)
         for difference in found:
             self.check_groups(drawing, difference)
         if ezdxf is not None:
@@ -109,7 +109,7 @@ class Check:
     # --- The independent library -------------------------------------------------------------------
 
     def check_properties(self, drawing, target):
-        before, after = (ezdxf.recover.readfile(path)[0] for path in (drawing, target))
+        before, after = read_document(drawing), read_document(target)
         in_model = before.header.get("$TILEMODE", 1) == 1
         for layout in before.layouts:
             twin = after.layouts.get(layout.name)
@@ -135,9 +135,16 @@ class Check:
                 self.fail(drawing, f"{entity}: {key} is {found.get(key)} instead of {wanted.get(key)}")
 
 
+def read_document(path):
+    try:
+        return ezdxf.readfile(path)
+    except ezdxf.DXFError:
+        return ezdxf.recover.readfile(path)[0]
+
+
 def expected_color(entity, in_current_space):
     """What the rules give; references in the current space take part in every pass, others in none."""
-    kind, on_zero = entity.dxftype(), entity.dxf.layer == "0"
+    kind, on_zero = entity.dxftype(), entity.dxfattribs().get("layer") == "0"
     if kind in TEXTS:
         return 3
     if kind == "DIMENSION":
@@ -169,6 +176,8 @@ def main(program, folder):
             check.changed(drawing)
         if len(readable) * 2 < len(drawings):
             check.failures.append(f"only {len(readable)} of {len(drawings)} drawings can be read")
+        if check.records_changed < len(readable):
+            check.failures.append("the rules changed next to nothing")
     for failure in check.failures[:40]:
         print(failure)
     print(f"{len(readable)} of {len(drawings)} drawings, {len(check.failures)} faults")
