@@ -1,0 +1,113 @@
+// Block references, the definitions that they lead to, and what the block scope takes of them.
+
+#include <algorithm>
+
+#include "tests/engine/run_fixture.h"
+
+namespace {
+
+using namespace engine_test;
+using cad::Property;
+
+constexpr std::uint64_t kInnerText = 0xB1, kInnerLine = 0xB2, kOuterLine = 0xB3, kSelfCircle = 0xB4,
+                        kUnusedLine = 0xB5, kOuterInsert = 0xC1, kSecondInsert = 0xC2, kSelfInsert = 0xC3,
+                        kPaperInsert = 0xC4, kSpaceText = 0xC5, kNestedInsert = 0xD1;
+
+std::string block(const char* name, const char* handle, const std::string& content) {
+  return std::string("0 BLOCK\n5 ") + handle + "0\n100 AcDbEntity\n8 0\n100 AcDbBlockBegin\n2 " + name +
+         "\n70 0\n10 0.0\n20 0.0\n" + content + "0 ENDBLK\n5 " + handle +
+         "1\n100 AcDbEntity\n8 0\n100 AcDbBlockEnd\n";
+}
+
+std::string entity(const char* type, const char* handle, const char* layer, const char* own) {
+  return std::string("0 ") + type + "\n5 " + handle + "\n100 AcDbEntity\n8 " + layer + "\n" + own;
+}
+
+// OUTER holds INNER and INNER a text; SELF holds itself; UNUSED is referred to from paper space only.
+std::string nestedDrawing() {
+  const char* text = "100 AcDbText\n10 0.0\n20 0.0\n40 3.0\n1 X\n100 AcDbText\n";
+  const char* line = "100 AcDbLine\n10 0.0\n20 0.0\n11 1.0\n21 1.0\n";
+  const auto insert = [](const char* handle, const char* name, const char* common = "") {
+    return std::string("0 INSERT\n5 ") + handle + "\n100 AcDbEntity\n" + common +
+           "8 ALL\n100 AcDbBlockReference\n2 " + name + "\n10 0.0\n20 0.0\n";
+  };
+  std::string blocks =
+      block("INNER", "7", entity("TEXT", "B1", "ALL", text) + entity("LINE", "B2", "ALL", line));
+  blocks +=
+      block("OUTER", "8", insert("D1", "INNER") + insert("D2", "INNER") + entity("LINE", "B3", "ALL", line));
+  blocks +=
+      block("SELF", "9",
+            insert("D3", "SELF") + entity("CIRCLE", "B4", "ALL", "100 AcDbCircle\n10 0.0\n20 0.0\n40 1.0\n"));
+  blocks += block("UNUSED", "E", entity("LINE", "B5", "ALL", line));
+  return drawing(insert("C1", "OUTER") + insert("C2", "INNER") + insert("C3", "SELF") +
+                     insert("C4", "UNUSED", "67 1\n") + entity("TEXT", "C5", "ALL", text),
+                 blocks);
+}
+
+class BlockScope : public RunTest {
+ protected:
+  // The entities that a setting of the "other" section reaches.
+  std::vector<std::uint64_t> reached(int scope) {
+    open(nestedDrawing());
+    set(L"KivBlock", scope);
+    run({{L"その他の図形", L"[画層] = ALL\n{\n[色] = 42\n}"}});
+    std::vector<std::uint64_t> found;
+    for (const std::uint64_t handle :
+         {kInnerText, kInnerLine, kOuterLine, kSelfCircle, kUnusedLine, kOuterInsert, kSecondInsert,
+          kSelfInsert, kPaperInsert, kSpaceText, kNestedInsert}) {
+      if (drawing().integer(RunTest::entity(handle), Property::kColorIndex).value_or(256) == 42) {
+        found.push_back(handle);
+      }
+    }
+    return found;
+  }
+};
+
+using Handles = std::vector<std::uint64_t>;
+
+TEST_F(BlockScope, ReferencesOfTheCurrentSpace) {
+  EXPECT_EQ(reached(0), (Handles{kOuterInsert, kSecondInsert, kSelfInsert}));
+}
+
+TEST_F(BlockScope, DefinitionsAtAnyDepthOfAnyType) {
+  EXPECT_EQ(reached(1), (Handles{kInnerText, kInnerLine, kOuterLine, kSelfCircle}));
+}
+
+TEST_F(BlockScope, Both) {
+  EXPECT_EQ(reached(2), (Handles{kInnerText, kInnerLine, kOuterLine, kSelfCircle, kOuterInsert, kSecondInsert,
+                                 kSelfInsert}));
+}
+
+TEST_F(BlockScope, ScopesOutOfRangeAreClamped) {
+  EXPECT_EQ(reached(7).size(), 7U);
+  EXPECT_TRUE(cad::Host::instance().closeDocument().ok());
+  EXPECT_EQ(reached(-1).size(), 3U);
+}
+
+// However many references lead to a definition, a setting converts its entities once.
+TEST_F(BlockScope, FactorIsAppliedOncePerSetting) {
+  open(nestedDrawing());
+  set(L"KivBlock", 2);
+  run({{L"文字", L"[***]\n{\n[文字高さ] = 2x\n}"}});
+  EXPECT_DOUBLE_EQ(real(kInnerText, Property::kTextHeight), 6);
+  EXPECT_DOUBLE_EQ(real(kSpaceText, Property::kTextHeight), 6);
+}
+
+// What a setting writes to an entity of a definition is what the next one tests.
+TEST_F(BlockScope, RecordsFollowWhatWasWritten) {
+  open(nestedDrawing());
+  set(L"KivBlock", 1);
+  run({{L"その他の図形",
+        L"[画層] = ALL\n{\n[画層] = NEW\n}\n[画層] = ALL\n{\n[色] = 1\n}\n[画層] = NEW\n{\n[色] = 7\n}"}});
+  EXPECT_EQ(color(kInnerLine), 7);
+}
+
+TEST_F(BlockScope, ConditionsDecideForRecordsThatNoFilterHasSeen) {
+  open(nestedDrawing());
+  set(L"KivBlock", 2);
+  run({{L"文字", L"[文字高さ] = 3\n{\n[色] = 42\n}"}});
+  EXPECT_EQ(color(kInnerText), 42);
+  EXPECT_EQ(drawing().integer(RunTest::entity(kInnerLine), Property::kColorIndex).value_or(256), 256);
+}
+
+}  // namespace

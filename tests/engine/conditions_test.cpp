@@ -1,0 +1,118 @@
+// Every kind of condition, equal and inverted, on every sort of entity.
+
+#include <set>
+
+#include "tests/engine/run_fixture.h"
+
+namespace {
+
+using namespace engine_test;
+using Handles = std::set<std::uint64_t>;
+
+const Handles kEverything = {kText, kMText, kAttdef, kDimension, kLeader, kHatch, kInsert, kLine};
+constexpr int kMark = 42;
+
+struct Case {
+  const char* label;
+  const wchar_t* key;
+  const wchar_t* matching;
+  const wchar_t* other;  // a value that no entity has
+  Handles having;        // the entities that have the property
+};
+
+void PrintTo(const Case& c, std::ostream* out) { *out << c.label; }
+
+class Conditions : public RunTest, public testing::WithParamInterface<Case> {
+ protected:
+  // The entities that a setting with this condition reaches.
+  Handles reached(const std::wstring& condition) {
+    open(sampleDrawing());
+    write("ROOMS.LIST", "*** MOJILIST ***\r\nROOM 10#\r\n");
+    write("OTHER.LIST", "*** MOJILIST ***\r\nHALL *\r\n");
+    runOnAll(condition + L"\n{\n[色] = " + std::to_wstring(kMark) + L"\n}");
+    Handles found;
+    for (const std::uint64_t handle : kEverything) {
+      if (color(handle) == kMark) found.insert(handle);
+    }
+    EXPECT_TRUE(cad::Host::instance().closeDocument().ok());
+    return found;
+  }
+};
+
+Handles without(const Handles& some) {
+  Handles rest = kEverything;
+  for (const std::uint64_t handle : some) rest.erase(handle);
+  return rest;
+}
+
+// A property that an entity does not have matches no value: equal drops it, inverted keeps it.
+TEST_P(Conditions, EqualAndInverted) {
+  const Case& c = GetParam();
+  const std::wstring key = L"[" + std::wstring(c.key) + L"]";
+  EXPECT_EQ(reached(key + L" = " + c.matching), c.having);
+  EXPECT_EQ(reached(key + L" <> " + c.matching), without(c.having));
+  EXPECT_EQ(reached(key + L" = " + c.other), Handles{});
+  EXPECT_EQ(reached(key + L" <> " + c.other), kEverything);
+  EXPECT_TRUE(sink_.problems.empty());
+}
+
+const Handles kStyled = {kText, kMText, kAttdef, kDimension, kLeader};
+const Handles kTurned = {kText, kMText, kAttdef, kDimension};
+
+INSTANTIATE_TEST_SUITE_P(
+    Kinds, Conditions,
+    testing::Values(Case{"layer", L"画層", L"AL*", L"B*", kEverything},
+                    Case{"linetype", L"線種", L"dash?d", L"CONTINUOUS", kEverything},
+                    Case{"colour", L"色", L"2", L"BYLAYER", kEverything},
+                    Case{"style", L"字体", L"kan*", L"STANDARD", kStyled},
+                    Case{"height", L"文字高さ", L"3.5", L"3.6", kStyled},
+                    Case{"angle", L"文字角度", L"450", L"270", kTurned},
+                    Case{"width", L"文字幅高比", L"0.80", L"1", {kText, kAttdef}},
+                    Case{"variable", L"DIMTAD", L"1", L"0", {kDimension, kLeader}},
+                    Case{"styleVariable", L"DIMTXSTY", L"KANJI", L"STANDARD", {kDimension, kLeader}},
+                    Case{"dimensionOnly", L"DIMTIH", L"1", L"0", {kDimension}},
+                    Case{"list", L"文字一致のリスト", L"rooms.list", L"OTHER.LIST", kTurned},
+                    Case{"lineweight", L"線幅値", L"0.25 mm", L"0.33 mm", kEverything},
+                    Case{"transparency", L"透過性", L"30", L"ByLayer", kEverything},
+                    Case{"scale", L"線種尺度", L"2.0000001", L"1", kEverything}));
+
+class ConditionRules : public RunTest {};
+
+TEST_F(ConditionRules, AllConditionsMustHold) {
+  open(sampleDrawing());
+  runOnAll(L"[画層] = ALL\n[文字高さ] = 3.5\n[文字幅高比] <> 0.8\n{\n[色] = 42\n}");
+  EXPECT_EQ(color(kMText), 42);
+  EXPECT_EQ(color(kDimension), 42);
+  EXPECT_EQ(color(kText), 2);
+  EXPECT_EQ(color(kLine), 2);
+}
+
+// A later setting sees what an earlier one has written, and wins.
+TEST_F(ConditionRules, SettingsFollowOneAnother) {
+  open(sampleDrawing());
+  runOnAll(
+      L"[色] = 2\n{\n[色] = 3\n[画層] = NEW\n}\n[色] = 3\n{\n[色] = 4\n}\n[画層] = NEW\n{\n[線種尺度] = "
+      L"9\n}");
+  for (const std::uint64_t handle : kEverything) {
+    EXPECT_EQ(color(handle), 4) << handle;
+    EXPECT_DOUBLE_EQ(real(handle, cad::Property::kLinetypeScale), 9) << handle;
+  }
+}
+
+TEST_F(ConditionRules, LeadersAreTakenByTwoPasses) {
+  open(sampleDrawing());
+  run({{L"寸法", L"[***]\n{\n[色] = 5\n}"}, {L"その他の図形", L"[色] = 5\n{\n[線種尺度] = 3\n}"}});
+  EXPECT_EQ(color(kLeader), 5);
+  EXPECT_DOUBLE_EQ(real(kLeader, cad::Property::kLinetypeScale), 3);
+  EXPECT_DOUBLE_EQ(real(kDimension, cad::Property::kLinetypeScale), 2);
+}
+
+TEST_F(ConditionRules, MissingTextListIsAProblemAndMatchesNothing) {
+  open(sampleDrawing());
+  run({{L"文字", L"[文字一致のリスト] = NONE.LIST\n{\n[色] = 42\n}"}});
+  EXPECT_EQ(color(kText), 2);
+  ASSERT_EQ(sink_.problems.size(), 1U);
+  EXPECT_NE(sink_.problems[0].find(L"NONE.LIST]の読み込みに失敗しました"), std::wstring::npos);
+}
+
+}  // namespace

@@ -1,0 +1,140 @@
+// The run as a whole: refusals, saving, closing, undo.
+
+#include "engine/conversion_run.h"
+
+#include "base/files.h"
+#include "engine/save_stage.h"
+#include "tests/engine/run_fixture.h"
+
+namespace {
+
+using namespace engine_test;
+using kiv::RunEnd;
+
+class ConversionRun : public RunTest {
+ protected:
+  void saveTo(int format) {
+    parameters_.outputFolder = base::pathText(folder_ / "out" / "");
+    parameters_.saveFormat = format;
+    parameters_.drawingClosed = [this] { ++closed_; };
+  }
+  int closed_ = 0;
+};
+
+const std::map<std::wstring, std::wstring> kRules = {{L"文字", L"[***]\n{\n[色] = 3\n}"}};
+
+TEST_F(ConversionRun, WithoutASpecificationItRefuses) {
+  open(sampleDrawing());
+  const kiv::RunOutcome outcome = kiv::runConversion({}, sink_);
+  EXPECT_EQ(outcome.end, RunEnd::kNoSpecification);
+  EXPECT_NE(printed_.find(L"\nKivｴﾗｰ:このｺﾏﾝﾄﾞは単独では実行できません."), std::wstring::npos);
+  EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"このコマンドは単独では実行できません"}));
+  EXPECT_FALSE(drawing().isModified());
+}
+
+TEST_F(ConversionRun, UnreadableSpecificationIsNamed) {
+  open(sampleDrawing());
+  saveTo(1);
+  parameters_.specification = L"/no/such/rules.cvt";
+  const kiv::RunOutcome outcome = kiv::runConversion(parameters_, sink_);
+  EXPECT_EQ(outcome.end, RunEnd::kSpecificationUnreadable);
+  EXPECT_NE(printed_.find(L"\nKivｴﾗｰ:[/no/such/rules.cvt]の読み込みに失敗しました."), std::wstring::npos);
+  EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"[/no/such/rules.cvt]の読み込みに失敗しました"}));
+  EXPECT_EQ(closed_, 0);
+  EXPECT_FALSE(drawing().isModified());
+}
+
+TEST_F(ConversionRun, EmptyDrawingIsNeitherConvertedNorSavedNorClosed) {
+  open(engine_test::drawing(""));
+  saveTo(1);
+  const std::size_t documents = cad::Host::instance().documentCount();
+  EXPECT_EQ(run(kRules).end, RunEnd::kEmptyDrawing);
+  EXPECT_TRUE(std::filesystem::is_empty(folder_ / "out"));
+  EXPECT_EQ(closed_, 0);
+  EXPECT_EQ(cad::Host::instance().documentCount(), documents);
+  EXPECT_FALSE(drawing().isModified());
+}
+
+TEST_F(ConversionRun, SavedAndClosedUnderItsNameInTheOutputFolder) {
+  const std::string source = sampleDrawing();
+  open(source);
+  saveTo(1);
+  const std::size_t documents = cad::Host::instance().documentCount();
+  const kiv::RunOutcome outcome = run(kRules);
+  EXPECT_EQ(outcome.end, RunEnd::kConverted);
+  EXPECT_EQ(outcome.savedPath, base::pathText(folder_ / "out" / "plan.DXF"));
+  EXPECT_EQ(closed_, 1);
+  EXPECT_EQ(cad::Host::instance().documentCount(), documents - 1);
+  EXPECT_EQ(read(folder_ / "plan.dxf"), source);
+  EXPECT_NE(read(folder_ / "out" / "plan.DXF"), source);
+}
+
+TEST_F(ConversionRun, ExistingTargetIsReplaced) {
+  write("out/plan.DXF", "old");
+  open(sampleDrawing());
+  saveTo(1);
+  EXPECT_FALSE(run(kRules).savedPath.empty());
+  EXPECT_GT(read(folder_ / "out" / "plan.DXF").size(), 100U);
+  EXPECT_TRUE(sink_.problems.empty());
+}
+
+TEST_F(ConversionRun, RulesThatTouchNothingSaveTheSameBytes) {
+  const std::string source = sampleDrawing();
+  open(source);
+  saveTo(1);
+  run({{L"文字", L"[画層] = NONE\n{\n[色] = 3\n}"}});
+  EXPECT_EQ(read(folder_ / "out" / "plan.DXF"), source);
+}
+
+TEST_F(ConversionRun, FailedSaveIsAProblem) {
+  open(sampleDrawing());
+  saveTo(0);  // a format that this host does not write
+  EXPECT_TRUE(run(kRules).savedPath.empty());
+  EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"[" + base::pathText(folder_ / "out" / "plan.DWG") +
+                                                       L"]の保存に失敗しました"}));
+  EXPECT_EQ(closed_, 1);
+  EXPECT_TRUE(std::filesystem::is_empty(folder_ / "out"));
+}
+
+TEST_F(ConversionRun, OneUndoTakesBackTheWholeConversion) {
+  const std::string source = sampleDrawing();
+  open(source);
+  run({{L"文字", L"[***]\n{\n[画層] = A-NEW\n[文字高さ] = 2x\n[字体] = NEWSTYLE\n}"},
+       {L"寸法", L"[***]\n{\n[DIMASZ] = 9\n[透過性] = 10\n}"},
+       {L"その他の図形", L"[***]\n{\n[線種] = CONTINUOUS\n}"},
+       {L"寸法設定", L"DIMSCALE, 20"},
+       {L"画層の作成", L"A-NEW, 5, DASHED"},
+       {L"画層の色･線種", L"[画層] = AL*\n{\n[画層] = Z*\n[色] = 9\n}"},
+       {L"字体のﾛｰﾄﾞ", L"NEWSTYLE, romans.shx"},
+       {L"矢印のﾛｰﾄﾞ", L"_DOT"}});
+  EXPECT_NE(savedBytes(), source);
+  undo();
+  EXPECT_EQ(savedBytes(), source);
+}
+
+TEST_F(ConversionRun, MeterRunsOverThePassesAndGoesAway) {
+  std::vector<std::wstring> labels;
+  int most = -1;
+  bool isCleared = false;
+  cad::Host::instance().setMeterObserver([&](const cad::Meter& meter) {
+    isCleared = meter.label.empty();
+    if (isCleared) return;
+    if (labels.empty() || labels.back() != meter.label) labels.push_back(meter.label);
+    most = meter.most;
+  });
+  open(sampleDrawing());
+  run({{L"文字", L"[***]\n{\n[色] = 3\n}\n[色] = 3\n{\n[色] = 4\n}"}, {L"ﾊｯﾁﾝｸﾞ", L"[***]\n{\n[色] = 3\n}"}});
+  cad::Host::instance().setMeterObserver({});
+  EXPECT_EQ(labels, (std::vector<std::wstring>{L"文字を変換中", L"ﾊｯﾁﾝｸﾞを変換中"}));
+  EXPECT_EQ(most, 1);
+  EXPECT_TRUE(isCleared);
+}
+
+TEST(SavedPath, OnlyAFourCharacterExtensionIsCut) {
+  EXPECT_EQ(kiv::savedPathFor(L"/out/", L"a.dwg", 0), L"/out/a.DWG");
+  EXPECT_EQ(kiv::savedPathFor(L"/out/", L"plan.v2.dxf", 1), L"/out/plan.v2.DXF");
+  EXPECT_EQ(kiv::savedPathFor(L"/out/", L"plan", 2), L"/out/plan.DWT");
+  EXPECT_EQ(kiv::savedPathFor(L"/out/", L"plan.dxf2", 1), L"/out/plan.dxf2.DXF");
+}
+
+}  // namespace

@@ -1,0 +1,113 @@
+// Settings of layers.
+
+#include "tests/engine/run_fixture.h"
+
+namespace {
+
+using namespace engine_test;
+using cad::Property;
+
+// Layers of the sample: 0 (current), All (colour 1, DASHED, 0.25 mm), NEW (colour 3), LOCKED (locked, colour
+// 4), B-ALL (frozen, off, not plotted, colour 5).
+const wchar_t* const kLayers[] = {L"0", L"ALL", L"NEW", L"LOCKED", L"B-ALL"};
+
+class LayerSettings : public RunTest {
+ protected:
+  void SetUp() override {
+    RunTest::SetUp();
+    open(sampleDrawing());
+    before_ = savedBytes();
+  }
+  void TearDown() override {
+    undo();
+    EXPECT_EQ(savedBytes(), before_);
+    RunTest::TearDown();
+  }
+  void convert(const std::wstring& settings) { run({{L"画層の色･線種", settings}}); }
+  std::int64_t layerInteger(const wchar_t* layerName, Property property) {
+    return drawing().integer(layer(layerName), property).value_or(-999);
+  }
+  // The layers that a condition reaches, by their new colour.
+  std::wstring reached(const std::wstring& condition) {
+    convert(condition + L"\n{\n[色] = 42\n}");
+    std::wstring found;
+    for (const wchar_t* each : kLayers) {
+      if (std::abs(layerInteger(each, Property::kLayerColor)) == 42) found += each + std::wstring(L" ");
+    }
+    undo();
+    EXPECT_EQ(savedBytes(), before_) << base::toUtf8(condition);
+    return found;
+  }
+  std::string before_;
+};
+
+TEST_F(LayerSettings, EveryKindAsConditionEqualAndInverted) {
+  const struct {
+    const wchar_t *key, *value, *equal, *inverted;
+  } cases[] = {
+      {L"画層", L"*ALL", L"ALL B-ALL ", L"0 NEW LOCKED "},
+      {L"線種", L"DASHED", L"ALL ", L"0 NEW LOCKED B-ALL "},
+      {L"色", L"5", L"B-ALL ", L"0 ALL NEW LOCKED "},
+      {L"線幅値", L"0.25 mm", L"ALL ", L"0 NEW LOCKED B-ALL "},
+      {L"透過性", L"0", L"0 ALL NEW LOCKED B-ALL ", L""},
+      {L"表示", L"OFF", L"B-ALL ", L"0 ALL NEW LOCKED "},
+      {L"ロック", L"on", L"LOCKED ", L"0 ALL NEW B-ALL "},
+      {L"フリーズ", L"ON", L"B-ALL ", L"0 ALL NEW LOCKED "},
+      {L"印刷", L"OFF", L"B-ALL ", L"0 ALL NEW LOCKED "},
+      {L"文字高さ", L"2.5", L"", L"0 ALL NEW LOCKED B-ALL "},
+  };
+  for (const auto& c : cases) {
+    const std::wstring key = L"[" + std::wstring(c.key) + L"]";
+    EXPECT_EQ(reached(key + L" = " + c.value), c.equal) << base::toUtf8(key);
+    EXPECT_EQ(reached(key + L" <> " + c.value), c.inverted) << base::toUtf8(key);
+  }
+}
+
+TEST_F(LayerSettings, EveryKindAsResult) {
+  convert(
+      L"[画層] = NEW\n{\n[色] = 30\n[線種] = DASHED\n[線幅値] = 1.00 mm\n[透過性] = 50\n[表示] = OFF\n"
+      L"[ロック] = ON\n[フリーズ] = ON\n[印刷] = OFF\n}\n"
+      L"[画層] = B-ALL\n{\n[表示] = ON\n[フリーズ] = OFF\n[印刷] = ON\n}");
+  EXPECT_TRUE(sink_.problems.empty());
+  EXPECT_EQ(layerInteger(L"NEW", Property::kLayerColor), -30);
+  EXPECT_EQ(layerInteger(L"NEW", Property::kStandardFlags) & 5, 5);
+  EXPECT_EQ(layerInteger(L"NEW", Property::kLayerPlottable), 0);
+  EXPECT_EQ(layerInteger(L"NEW", Property::kLineWeight), 100);
+  EXPECT_EQ(drawing().names().text(drawing().name(layer(L"NEW"), Property::kLayerLinetype)), L"DASHED");
+  EXPECT_EQ(layerInteger(L"B-ALL", Property::kLayerColor), 5);
+  EXPECT_EQ(layerInteger(L"B-ALL", Property::kStandardFlags) & 1, 0);
+}
+
+TEST_F(LayerSettings, ConditionsSeeTheLayersAsTheyWere) {
+  convert(L"[画層] = NEW\n{\n[色] = 1\n}\n[画層] = *\n[色] = 1\n{\n[色] = 8\n}");
+  EXPECT_EQ(layerInteger(L"NEW", Property::kLayerColor), 1);
+  EXPECT_EQ(layerInteger(L"ALL", Property::kLayerColor), 8);
+}
+
+TEST_F(LayerSettings, NamesAreRenamedByPatternWithTheirReferences) {
+  convert(L"[画層] = AL*\n{\n[画層] = C-AL*\n}");
+  EXPECT_EQ(layer(L"ALL"), cad::kNoRecord);
+  EXPECT_NE(layer(L"C-ALL"), cad::kNoRecord);
+  EXPECT_EQ(name(kText, Property::kLayer), L"C-ALl");
+}
+
+TEST_F(LayerSettings, RefusedNamesAreProblems) {
+  convert(
+      L"[画層] = AL*\n{\n[画層] = B-AL*\n}\n[画層] = NEW\n{\n[画層] = X*Y\n}\n[画層] = 0\n{\n[画層] = "
+      L"ZERO\n}");
+  EXPECT_EQ(sink_.problems,
+            (std::vector<std::wstring>{L"画層変換で、画層[All]の名前を[B-ALl]に変更できませんでした",
+                                       L"画層変換で、画層[NEW]の名前を[X*Y]に変更できませんでした",
+                                       L"画層変換で、画層[0]の名前を[ZERO]に変更できませんでした"}));
+  EXPECT_NE(layer(L"ALL"), cad::kNoRecord);
+}
+
+TEST_F(LayerSettings, CurrentLayerIsNotFrozenAndBadValuesAreProblems) {
+  convert(L"[画層] = 0\n{\n[フリーズ] = ON\n[線種] = NONE\n[色] = 5\n}");
+  EXPECT_EQ(sink_.problems,
+            (std::vector<std::wstring>{L"画層変換で、現在の画層[0]はフリーズできませんでした",
+                                       L"画層変換で、画層[0]の線種[NONE]を設定できませんでした"}));
+  EXPECT_EQ(layerInteger(L"0", Property::kLayerColor), 5);
+}
+
+}  // namespace

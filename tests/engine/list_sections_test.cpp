@@ -1,0 +1,144 @@
+// The sections that bring resources into the drawing.
+
+#include "base/files.h"
+#include "tests/engine/run_fixture.h"
+
+namespace {
+
+using namespace engine_test;
+using cad::Property;
+using cad::Table;
+
+class ListSections : public RunTest {
+ protected:
+  void SetUp() override {
+    RunTest::SetUp();
+    open(sampleDrawing());
+    before_ = savedBytes();
+  }
+  void TearDown() override {
+    undo();
+    EXPECT_EQ(savedBytes(), before_);
+    RunTest::TearDown();
+  }
+  bool has(Table table, const wchar_t* record) { return drawing().find(table, record) != cad::kNoRecord; }
+  std::wstring variable(const char* variableName) {
+    const auto value = drawing().headerVariable(variableName);
+    if (!value) return L"absent";
+    if (const auto* whole = std::get_if<std::int64_t>(&*value)) return std::to_wstring(*whole);
+    if (const auto* text = std::get_if<std::wstring>(&*value)) return *text;
+    return std::to_wstring(std::get<double>(*value));
+  }
+  std::wstring styleText(const wchar_t* style, Property property) {
+    return drawing().text(drawing().find(Table::kTextStyle, style), property).value_or(L"");
+  }
+  std::int64_t layerInteger(const wchar_t* layerName, Property property) {
+    return drawing().integer(layer(layerName), property).value_or(-999);
+  }
+  std::string before_;
+};
+
+TEST_F(ListSections, BuiltInArrowsBecomeBlocksAndTheCurrentArrowStays) {
+  run({{L"矢印のﾛｰﾄﾞ", L"_DOT\n_archtic\n."}});
+  EXPECT_TRUE(has(Table::kBlock, L"_DOT"));
+  EXPECT_TRUE(has(Table::kBlock, L"_ARCHTICK"));
+  EXPECT_EQ(variable("DIMBLK"), L"");
+  EXPECT_EQ(color(kLine), 2);
+  EXPECT_TRUE(sink_.problems.empty());
+}
+
+TEST_F(ListSections, ArrowFilesLeaveADefinitionAndNoReference) {
+  write("ARROW.dxf",
+        engine_test::drawing(
+            "0 LINE\n5 A1\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0.0\n20 0.0\n11 1.0\n21 0.0\n"));
+  const cad::RecordId last = drawing().lastEntity();
+  const std::wstring path = base::pathText(folder_ / "ARROW.dxf");
+  run({{L"矢印のﾛｰﾄﾞ", path + L"\n" + base::pathText(folder_ / "MISSING.dxf")}});
+  EXPECT_TRUE(sink_.problems.empty());
+  const cad::RecordId block = drawing().find(Table::kBlock, L"ARROW");
+  ASSERT_NE(block, cad::kNoRecord);
+  EXPECT_EQ(drawing().entitiesOf(block).size(), 1U);
+  EXPECT_EQ(drawing().lastEntity(), last);
+}
+
+TEST_F(ListSections, ArrowFileThatTheHostRefusesIsAProblem) {
+  write("BROKEN.dxf", "no drawing");
+  run({{L"矢印のﾛｰﾄﾞ", base::pathText(folder_ / "BROKEN.dxf")}});
+  EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"矢印[BROKEN]のロードができませんでした"}));
+}
+
+TEST_F(ListSections, DimensionVariablesInOrderAndByTheirSeparators) {
+  run({{L"寸法設定", L"DIMTAD, 1\nDIMSCALE=50\nNOSUCH, 1\nDIMTAD, 2\nDIMBLK, 黒丸 (_DOT)"}});
+  EXPECT_EQ(variable("DIMTAD"), L"2");
+  EXPECT_EQ(variable("DIMSCALE"), L"50.000000");
+  EXPECT_EQ(base::pathFromText(variable("DIMBLK")).string().substr(0, 4), "_Dot");
+  EXPECT_TRUE(sink_.problems.empty());
+}
+
+TEST_F(ListSections, RefusedDimensionVariableIsANote) {
+  run({{L"寸法設定", L"DIMBLK, _DOT\nDIMSCALE, -5"}});
+  EXPECT_EQ(variable("DIMSCALE"), L"1.000000");
+  EXPECT_EQ(sink_.notes.size(), 2U);
+}
+
+TEST_F(ListSections, LinetypesAreLoadedOnceAndFailuresAreProblems) {
+  write("OFFICE.LIN", "*CHAIN,Chain ____ . ____\r\nA,10,-2,0,-2\r\n*DASHED,Other dashes\r\nA,1,-1\r\n");
+  const std::wstring file = base::pathText(folder_ / "OFFICE.LIN");
+  run({{L"線種のﾛｰﾄﾞ", file + L", CHAIN\n" + file + L", DASHED\n" + file + L", NONE\nMISSING.LIN, X1"},
+       {L"文字", L"[***]\n{\n[線種] = CHAIN\n}"}});
+  // The upper-cased path exists only where file names do not heed case, so the folder may be unknown.
+  if (has(Table::kLinetype, L"CHAIN")) {
+    EXPECT_EQ(name(kText, Property::kLinetype), L"CHAIN");
+    EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"線種[NONE]のロードができませんでした",
+                                                         L"線種[X1]のロードができませんでした"}));
+  } else {
+    EXPECT_EQ(sink_.problems.front(), L"線種[CHAIN]のロードができませんでした");
+  }
+  EXPECT_EQ(drawing().text(drawing().find(Table::kLinetype, L"DASHED"), Property::kDescription), L"Dashed");
+}
+
+TEST_F(ListSections, LinetypeFilesAreFoundBesideTheDrawing) {
+  write("OFFICE.LIN", "*CHAIN,Chain ____ . ____\r\nA,10,-2,0,-2\r\n");
+  run({{L"線種のﾛｰﾄﾞ", L"OFFICE.LIN, CHAIN"}, {L"文字", L"[***]\n{\n[線種] = CHAIN\n}"}});
+  EXPECT_EQ(name(kText, Property::kLinetype), L"CHAIN");
+  EXPECT_TRUE(sink_.problems.empty());
+}
+
+TEST_F(ListSections, TextStylesAreMadeOrGivenAnotherFont) {
+  run({{L"字体のﾛｰﾄﾞ",
+        L"KANJI, romans.shx, extfont2.shx\nPLAIN, isocp.Shx, ----------\nTITLE, ＭＳ ゴシック, -----"}});
+  EXPECT_EQ(styleText(L"KANJI", Property::kFontFile), L"ROMANS.SHX");
+  EXPECT_EQ(styleText(L"KANJI", Property::kBigFontFile), L"EXTFONT2.SHX");
+  EXPECT_EQ(styleText(L"PLAIN", Property::kFontFile), L"ISOCP.SHX");
+  EXPECT_EQ(styleText(L"PLAIN", Property::kBigFontFile), L"");
+  EXPECT_EQ(styleText(L"TITLE", Property::kTypeface), L"ＭＳ ゴシック");
+  EXPECT_TRUE(sink_.notes.empty());
+}
+
+TEST_F(ListSections, LayersAreMadeAndExistingOnesLeftAlone) {
+  run({{L"画層の作成",
+        L"A-ROOM, 6, DASHED\nALL, 200, CONTINUOUS\n"
+        L"A-FULL, 30, CONTINUOUS,OFF,ON,ON,OFF,0.50 mm,50"},
+       {L"文字", L"[***]\n{\n[画層] = A-ROOM\n}"}});
+  EXPECT_TRUE(sink_.problems.empty());
+  EXPECT_EQ(layerInteger(L"A-ROOM", Property::kLayerColor), 6);
+  EXPECT_EQ(drawing().names().text(drawing().name(layer(L"A-ROOM"), Property::kLayerLinetype)), L"DASHED");
+  EXPECT_EQ(name(kText, Property::kLayer), L"A-ROOM");
+  EXPECT_EQ(layerInteger(L"ALL", Property::kLayerColor), 1);
+  EXPECT_EQ(layerInteger(L"A-FULL", Property::kLayerColor), -30);
+  EXPECT_EQ(layerInteger(L"A-FULL", Property::kStandardFlags) & 5, 5);
+  EXPECT_EQ(layerInteger(L"A-FULL", Property::kLayerPlottable), 0);
+  EXPECT_EQ(layerInteger(L"A-FULL", Property::kLineWeight), 50);
+}
+
+TEST_F(ListSections, LayerAttributesThatCannotBeSetAreProblems) {
+  run({{L"画層の作成", L"A-BAD, BYLAYER, NONE,1,OFF,OFF,ON,ByLayer,0"}});
+  EXPECT_NE(layer(L"A-BAD"), cad::kNoRecord);
+  EXPECT_EQ(sink_.problems,
+            (std::vector<std::wstring>{L"画層の作成で、画層[A-BAD]の色[256]を設定できませんでした",
+                                       L"画層の作成で、画層[A-BAD]の線種[NONE]を設定できませんでした",
+                                       L"画層の作成で、画層[A-BAD]の表示[1]を設定できませんでした",
+                                       L"画層の作成で、画層[A-BAD]の線幅値[BYLAYER]を設定できませんでした"}));
+}
+
+}  // namespace

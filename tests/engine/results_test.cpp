@@ -1,0 +1,193 @@
+// Every kind of result on every sort of entity: what it changes, and that it changes nothing else.
+
+#include <cmath>
+
+#include "tests/engine/run_fixture.h"
+
+namespace {
+
+using namespace engine_test;
+using cad::Property;
+using kiv::Refusal;
+
+constexpr std::uint64_t kEverything[] = {kText, kMText, kAttdef, kDimension, kLeader, kHatch, kInsert, kLine};
+
+constexpr double kNoOverride = -999;
+
+class Results : public RunTest {
+ protected:
+  void SetUp() override {
+    RunTest::SetUp();
+    open(sampleDrawing());
+    before_ = savedBytes();
+  }
+  void setAll(const wchar_t* key, const wchar_t* value) {
+    runOnAll(L"[***]\n{\n[" + std::wstring(key) + L"] = " + value + L"\n}");
+  }
+  void expectInteger(Property property, std::int64_t value) {
+    for (const std::uint64_t handle : kEverything) EXPECT_EQ(integer(handle, property), value) << handle;
+  }
+  double overrideOf(std::uint64_t handle, int code) {
+    const auto value = drawing().dimVariable(entity(handle), code);
+    if (!value) return kNoOverride;
+    if (const double* real = std::get_if<double>(&*value)) return *real;
+    const auto* whole = std::get_if<std::int64_t>(&*value);
+    return whole != nullptr ? static_cast<double>(*whole) : kNoOverride;
+  }
+  // One UNDO brings back the drawing as it was.
+  void TearDown() override {
+    undo();
+    EXPECT_EQ(savedBytes(), before_);
+    RunTest::TearDown();
+  }
+  std::string before_;
+};
+
+TEST_F(Results, Layer) {
+  setAll(L"画層", L"NEW");
+  for (const std::uint64_t handle : kEverything) EXPECT_EQ(name(handle, Property::kLayer), L"NEW") << handle;
+}
+
+TEST_F(Results, LayerByPattern) {
+  runOnAll(L"[画層] = AL*\n{\n[画層] = B-AL*\n}");
+  for (const std::uint64_t handle : kEverything)
+    EXPECT_EQ(name(handle, Property::kLayer), L"B-ALL") << handle;
+}
+
+TEST_F(Results, LayerThatDoesNotExistIsRefused) {
+  runOnAll(L"[画層] = AL*\n{\n[画層] = NO-*\n[色] = 3\n}");
+  for (const std::uint64_t handle : kEverything) EXPECT_EQ(name(handle, Property::kLayer), L"ALL") << handle;
+  expectInteger(Property::kColorIndex, 3);
+  ASSERT_FALSE(sink_.notes.empty());
+  for (const Note& note : sink_.notes) {
+    EXPECT_EQ(note.kind, L"画層");
+    EXPECT_EQ(note.value, L"NO-l");
+    EXPECT_EQ(note.reason, Refusal::kNoSuchName);
+  }
+  EXPECT_TRUE(sink_.problems.empty());
+}
+
+TEST_F(Results, LinetypeColourLineweightScale) {
+  runOnAll(L"[***]\n{\n[線種] = continuous\n[色] = BYLAYER\n[線幅値] = 0.50 mm\n[線種尺度] = 0.5\n}");
+  for (const std::uint64_t handle : kEverything) {
+    EXPECT_EQ(name(handle, Property::kLinetype), L"Continuous") << handle;
+    EXPECT_DOUBLE_EQ(real(handle, Property::kLinetypeScale), 0.5) << handle;
+  }
+  expectInteger(Property::kLineWeight, 50);
+  for (const std::uint64_t handle : kEverything) {
+    EXPECT_EQ(drawing().integer(entity(handle), Property::kColorIndex).value_or(256), 256) << handle;
+  }
+  EXPECT_TRUE(sink_.notes.empty());
+}
+
+TEST_F(Results, LineweightThatIsNoStepIsTheDefault) {
+  setAll(L"線幅値", L"0.33 mm");
+  expectInteger(Property::kLineWeight, -3);
+}
+
+TEST_F(Results, Transparency) {
+  setAll(L"透過性", L"60");
+  expectInteger(Property::kTransparency, 0x02000000 | 102);
+}
+
+TEST_F(Results, TransparencyByBlock) {
+  setAll(L"透過性", L"ByBlock");
+  expectInteger(Property::kTransparency, 0x01000000);
+}
+
+// The block reference is a record of every pass.
+TEST_F(Results, RefusedTransparencyIsCounted) {
+  setAll(L"透過性", L"150");
+  EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{
+                                L"文字 4件変換できませんでした", L"寸法 3件変換できませんでした",
+                                L"ﾊｯﾁﾝｸﾞ 2件変換できませんでした", L"その他の図形 3件変換できませんでした"}));
+  EXPECT_TRUE(sink_.notes.empty());
+}
+
+TEST_F(Results, TextStyle) {
+  setAll(L"字体", L"STANDARD");
+  for (const std::uint64_t handle : {kText, kMText, kAttdef}) {
+    EXPECT_EQ(name(handle, Property::kTextStyle), L"Standard") << handle;
+  }
+  EXPECT_TRUE(sink_.notes.empty());
+}
+
+TEST_F(Results, UnknownTextStyleIsRefusedByTextsOnly) {
+  setAll(L"字体", L"NONE");
+  ASSERT_EQ(sink_.notes.size(), 1U);
+  EXPECT_EQ(sink_.notes[0], (Note{L"字体", L"NONE", Refusal::kNoSuchName, 3}));
+}
+
+TEST_F(Results, TextHeight) {
+  setAll(L"文字高さ", L"2.5");
+  for (const std::uint64_t handle : {kText, kMText, kAttdef}) {
+    EXPECT_DOUBLE_EQ(real(handle, Property::kTextHeight), 2.5) << handle;
+  }
+  EXPECT_DOUBLE_EQ(overrideOf(kDimension, 140), 2.5);
+  EXPECT_DOUBLE_EQ(overrideOf(kLeader, 140), kNoOverride);
+}
+
+TEST_F(Results, TextHeightByFactor) {
+  setAll(L"文字高さ", L"2x");
+  for (const std::uint64_t handle : {kText, kMText, kAttdef}) {
+    EXPECT_DOUBLE_EQ(real(handle, Property::kTextHeight), 7) << handle;
+  }
+  EXPECT_DOUBLE_EQ(overrideOf(kDimension, 140), 7);
+}
+
+TEST_F(Results, BadTextHeightIsRefused) {
+  run({{L"文字", L"[***]\n{\n[文字高さ] = -1\n[文字幅高比] = 0\n}"}});
+  EXPECT_DOUBLE_EQ(real(kText, Property::kTextHeight), 3.5);
+  EXPECT_EQ(sink_.notes, (std::vector<Note>{{L"文字高さ", L"-1", Refusal::kBadValue, 3},
+                                            {L"文字幅高比", L"0", Refusal::kBadValue, 2}}));
+}
+
+TEST_F(Results, TextAngleAndWidthFactor) {
+  runOnAll(L"[***]\n{\n[文字角度] = 45\n[文字幅高比] = 0.7\n}");
+  for (const std::uint64_t handle : {kText, kMText, kAttdef}) {
+    EXPECT_NEAR(real(handle, Property::kRotation), 45, 1e-9) << handle;
+  }
+  EXPECT_NEAR(real(kDimension, Property::kTextRotation), 45, 1e-9);
+  EXPECT_DOUBLE_EQ(real(kText, Property::kWidthFactor), 0.7);
+  EXPECT_DOUBLE_EQ(real(kAttdef, Property::kWidthFactor), 0.7);
+  EXPECT_FALSE(drawing().real(entity(kMText), Property::kWidthFactor));
+}
+
+TEST_F(Results, DimensionVariables) {
+  runOnAll(
+      L"[***]\n{\n[DIMASZ] = 4.5\n[DIMTIH] = 0\n[DIMCLRT] = 3\n[DIMLWD] = 25\n[DIMDSEP] = .\n"
+      L"[DIMTXSTY] = STANDARD\n[DIMBLK] = 塗り潰し矢印 (.)\n[DIMALTF] = 2.5\n[DIMPOST] = <>mm\n}");
+  EXPECT_TRUE(sink_.notes.empty()) << sink_.notes.size();
+  EXPECT_DOUBLE_EQ(overrideOf(kDimension, 41), 4.5);
+  EXPECT_DOUBLE_EQ(overrideOf(kDimension, 73), 0);
+  EXPECT_DOUBLE_EQ(overrideOf(kDimension, 178), 3);
+  EXPECT_DOUBLE_EQ(overrideOf(kDimension, 371), 25);
+  EXPECT_DOUBLE_EQ(overrideOf(kDimension, 143), 2.5);
+  // Leaders are not dimensions.
+  EXPECT_DOUBLE_EQ(overrideOf(kLeader, 41), kNoOverride);
+}
+
+TEST_F(Results, OverrideThatEqualsTheStyleIsNoChange) {
+  run({{L"寸法", L"[***]\n{\n[DIMTAD] = 1\n[文字高さ] = 3.5\n}"}});
+  EXPECT_EQ(savedBytes(), before_);
+}
+
+TEST_F(Results, DimensionVariablesOfTheWrongFormAreNotes) {
+  run({{L"寸法",
+        L"[***]\n{\n[DIMTAD] = ABC\n[DIMBLK] = _DOT\n[DIMTXSTY] = NONE\n[DIMSHO] = 1\n[DIMDSEP] = ab\n}"}});
+  ASSERT_EQ(sink_.notes.size(), 5U);
+  EXPECT_EQ(sink_.notes[0], (Note{L"DIMTAD", L"ABC", Refusal::kBadValue, 1}));
+  EXPECT_EQ(sink_.notes[1], (Note{L"DIMBLK", L"_DOT", Refusal::kBadValue, 1}));
+  EXPECT_EQ(sink_.notes[2], (Note{L"DIMTXSTY", L"NONE", Refusal::kNoSuchName, 1}));
+  EXPECT_EQ(sink_.notes[3].kind, L"DIMSHO");
+  EXPECT_EQ(sink_.notes[4].kind, L"DIMDSEP");
+  EXPECT_EQ(savedBytes(), before_);
+}
+
+TEST_F(Results, ColourOutOfRangeIsRefused) {
+  run({{L"文字", L"[***]\n{\n[色] = 65538\n}"}});
+  EXPECT_EQ(color(kText), 2);
+  EXPECT_EQ(sink_.notes, (std::vector<Note>{{L"色", L"65538", Refusal::kBadValue, 4}}));
+}
+
+}  // namespace

@@ -1,0 +1,72 @@
+#include "engine/value_forms.h"
+
+#include <gtest/gtest.h>
+
+#include "engine/leading_number.h"
+#include "engine/numeric_compare.h"
+
+namespace {
+
+using kiv::Transparency;
+
+TEST(ValueForms, LineweightsByTheirSteps) {
+  EXPECT_EQ(kiv::lineWeightNumber(L"0.25 mm"), 25);
+  EXPECT_EQ(kiv::lineWeightNumber(L"0.25 MM"), 25);
+  EXPECT_EQ(kiv::lineWeightNumber(L"2.11 mm"), 211);
+  EXPECT_EQ(kiv::lineWeightNumber(L"25"), 25);
+  EXPECT_EQ(kiv::lineWeightNumber(L"bylayer"), -1);
+  EXPECT_EQ(kiv::lineWeightNumber(L"ByBlock"), -2);
+  EXPECT_EQ(kiv::lineWeightNumber(L"DEFAULT"), -3);
+  EXPECT_EQ(kiv::lineWeightStep(kiv::lineWeightNumber(L"0.33 mm")), -3);
+  EXPECT_EQ(kiv::lineWeightStep(0), 0);
+  EXPECT_EQ(kiv::lineWeightStep(211), 211);
+  EXPECT_EQ(kiv::lineWeightStep(-2), -2);
+  EXPECT_EQ(kiv::lineWeightStep(-4), -3);
+}
+
+TEST(ValueForms, TransparencyByPercentageOrMethod) {
+  EXPECT_EQ(kiv::transparencyValue(L"30"), (Transparency{Transparency::Method::kPercent, 30}));
+  EXPECT_EQ(kiv::transparencyValue(L"BYBLOCK").method, Transparency::Method::kByBlock);
+  EXPECT_EQ(kiv::transparencyValue(L"ByLayer").method, Transparency::Method::kByLayer);
+}
+
+TEST(ValueForms, HeightFactorsEndInX) {
+  EXPECT_DOUBLE_EQ(kiv::heightValue(L"2x").applyTo(3.5), 7.0);
+  EXPECT_DOUBLE_EQ(kiv::heightValue(L"0.5X").applyTo(3.0), 1.5);
+  EXPECT_DOUBLE_EQ(kiv::heightValue(L"2.5").applyTo(3.5), 2.5);
+}
+
+TEST(ValueForms, BlockNameStandsInTheLastParentheses) {
+  EXPECT_EQ(kiv::blockNameOfDisplayForm(L"黒丸 (_DOT)"), L"_DOT");
+  EXPECT_EQ(kiv::blockNameOfDisplayForm(L"ﾃｨｯｸ(太) (_ARCHTIC)"), L"_ARCHTIC");
+  EXPECT_FALSE(kiv::blockNameOfDisplayForm(L"_DOT"));
+  EXPECT_FALSE(kiv::blockNameOfDisplayForm(L"a) (b"));
+}
+
+TEST(ValueForms, LeadingRealsAreReadWithoutALocale) {
+  EXPECT_DOUBLE_EQ(kiv::leadingReal(L" +2.50 mm"), 2.5);
+  EXPECT_DOUBLE_EQ(kiv::leadingReal(L"-.5"), -0.5);
+  EXPECT_DOUBLE_EQ(kiv::leadingReal(L"1E2x"), 100);
+  for (const wchar_t* text : {L"", L"abc", L"inf", L"nan", L"-", L"２"}) {
+    EXPECT_DOUBLE_EQ(kiv::leadingReal(text), 0) << testing::PrintToString(text);
+    EXPECT_FALSE(kiv::startsWithNumber(text));
+  }
+}
+
+TEST(NumericCompare, SixDecimalsDecide) {
+  EXPECT_TRUE(kiv::equalNumbers(2.5, 2.5000004));
+  EXPECT_FALSE(kiv::equalNumbers(2.5, 2.500002));
+  EXPECT_TRUE(kiv::equalNumbers(0.1 + 0.2, 0.3));
+  EXPECT_FALSE(kiv::equalNumbers(1e15, 1e15 + 2));
+}
+
+TEST(NumericCompare, AnglesPointTheSameWay) {
+  EXPECT_TRUE(kiv::equalAngles(360, 0));
+  EXPECT_TRUE(kiv::equalAngles(-90, 270));
+  EXPECT_TRUE(kiv::equalAngles(359.99999999, 0));
+  EXPECT_TRUE(kiv::equalAngles(-1e-9, 0));
+  EXPECT_FALSE(kiv::equalAngles(90, 270));
+  EXPECT_DOUBLE_EQ(kiv::normalisedDegrees(725), 5);
+}
+
+}  // namespace

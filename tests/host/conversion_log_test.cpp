@@ -1,0 +1,97 @@
+#include "host/conversion_log.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "base/codepage.h"
+#include "base/files.h"
+#include "embedded/editor/host.h"
+#include "platform/clock.h"
+#include "platform/settings.h"
+
+namespace {
+
+class ConversionLog : public testing::Test {
+ protected:
+  void SetUp() override {
+    setenv("TZ", "UTC", 1);
+    kiv::setClock([] { return std::time_t{1794692250}; });  // 14 November 2026, 21:37:30
+    file_ = std::filesystem::temp_directory_path() / ("log_test_" + std::to_string(::getpid()) + ".log");
+    std::filesystem::remove(file_);
+    want(1, base::pathText(file_));
+    cad::Host::instance().start();
+  }
+  void TearDown() override {
+    cad::Host::instance().stop();
+    kiv::setClock({});
+    kiv::clearSettingOverrides();
+    std::filesystem::remove(file_);
+  }
+  void want(int create, const std::wstring& file) {
+    kiv::overrideCommonSetting(L"MorluxCreateLog", std::to_wstring(create).c_str());
+    kiv::overrideCommonSetting(L"MorluxLogOutFile", file.c_str());
+  }
+  void writeEntry(const std::vector<std::wstring>& messages) {
+    log_.startEntry();
+    for (const std::wstring& message : messages) log_.addMessage(message);
+    log_.writeEntry();
+    log_.clearEntry();
+  }
+  std::string content() {
+    std::ostringstream out;
+    out << std::ifstream(file_, std::ios::binary).rdbuf();
+    return out.str();
+  }
+
+  std::filesystem::path file_;
+  kiv::ConversionLog log_;
+};
+
+// 日時,ファイル名,結果 and the time's 年 月 日 in code page 932.
+constexpr std::string_view kHeader =
+    "\x93\xfa\x8e\x9e,\x83\x74\x83\x40\x83\x43\x83\x8b\x96\xbc,\x8c\x8b\x89\xca\r\n";
+constexpr std::string_view kTime =
+    "2026\x94\x4e"
+    "11\x8c\x8e"
+    "14\x93\xfa 21:37:30";
+
+std::string concat(std::initializer_list<std::string_view> parts) {
+  std::string text;
+  for (const std::string_view part : parts) text += part;
+  return text;
+}
+
+TEST_F(ConversionLog, BytesOfCleanAndTroubledEntries) {
+  writeEntry({});
+  writeEntry({L"線種[X]", L"b,c", L"d"});
+  EXPECT_EQ(content(), concat({kHeader, kTime, ",", ", OK\r\n", kTime, ",", ",\x90\xfc\x8e\xed[X]\r\n",
+                               ",,b,c\r\n", ",,d\r\n"}));
+}
+
+TEST_F(ConversionLog, RepeatedMessagesAreHeldOnceWhateverTheirCase) {
+  writeEntry({L"Layer a", L"LAYER A", L"layer b", L"ｌａｙｅｒ a", L"ＬＡＹＥＲ A"});
+  EXPECT_EQ(content(), concat({kHeader, kTime, ",,Layer a\r\n,,layer b\r\n,,",
+                               base::encode(L"ｌａｙｅｒ a", base::kJapanese).bytes, "\r\n"}));
+}
+
+TEST_F(ConversionLog, ClearedEntryForgetsItsMessages) {
+  writeEntry({L"a"});
+  writeEntry({});
+  EXPECT_NE(content().find(", OK\r\n"), std::string::npos);
+}
+
+TEST_F(ConversionLog, NothingIsWrittenUnlessWanted) {
+  want(0, base::pathText(file_));
+  writeEntry({L"a"});
+  want(1, L"");
+  writeEntry({L"a"});
+  want(1, L"/no/such/folder/run.log");
+  writeEntry({L"a"});
+  EXPECT_FALSE(std::filesystem::exists(file_));
+}
+
+}  // namespace

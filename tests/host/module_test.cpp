@@ -1,0 +1,165 @@
+// The module as the host loads it, driven by its exported functions alone.
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "base/files.h"
+#include "embedded/editor/host.h"
+#include "host/automation.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char kDrawing[] =
+    "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nTEXT\r\n  8\r\nWALL\r\n 10\r\n0.0\r\n 20\r\n0.0\r\n "
+    "40\r\n2.5\r\n"
+    "  1\r\nA\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n";
+// [文字] [***] { [色] = 3 [画層] = NONE }, in code page 932, and a line that the reader drops.
+constexpr char kRules[] =
+    "[\x95\xb6\x8e\x9a]\r\n[***]\r\n{\r\n[\x90\x46] = 3\r\n[\x89\xe6\x91\x77] = NONE\r\n[?] = 1\r\n}\r\n"
+    "---End---\r\n[EOF]\r\n";
+
+class Module : public testing::Test {
+ protected:
+  void SetUp() override {
+    folder_ = fs::temp_directory_path() / ("module_test_" + std::to_string(::getpid()));
+    fs::remove_all(folder_);
+    fs::create_directories(folder_ / "out");
+    write("a.dxf", kDrawing);
+    write("rules.cvt", kRules);
+    host().setOutput([this](std::wstring_view text) { printed_ += text; });
+    host().start();
+    ASSERT_TRUE(load());
+  }
+  void TearDown() override {
+    host().stop();
+    host().setOutput({});
+    fs::remove_all(folder_);
+  }
+  static cad::Host& host() { return cad::Host::instance(); }
+  bool load() { return host().loadModule(KIVGUI_MODULE).ok(); }
+  template <class Function>
+  Function symbol(const char* name) {
+    return reinterpret_cast<Function>(host().moduleSymbol(L"KIVGUI.ARX", name));
+  }
+  KivRunReport report() {
+    KivRunReport result{};
+    EXPECT_EQ(symbol<KivLastRunReport>("dll_kiv_lastRunReport")(&result), 1);
+    return result;
+  }
+  int setConversion(const KivConversion* conversion) {
+    return symbol<KivSetConversion>("dll_kiv_setConversion")(conversion);
+  }
+  int setConversion(const fs::path& rules, const fs::path& log = {}) {
+    const std::wstring specification = base::pathText(rules), out = base::pathText(folder_ / "out"),
+                       logFile = base::pathText(log);
+    const KivConversion conversion{specification.c_str(), out.c_str(), 1, 0, 0, logFile.c_str()};
+    return setConversion(&conversion);
+  }
+  void write(const std::string& name, const std::string& bytes) {
+    std::ofstream(folder_ / name, std::ios::binary) << bytes;
+  }
+  std::string read(const fs::path& path) {
+    std::ostringstream out;
+    out << std::ifstream(path, std::ios::binary).rdbuf();
+    return out.str();
+  }
+
+  fs::path folder_;
+  std::wstring printed_;
+};
+
+TEST_F(Module, CommandsComeAndGoWithTheModule) {
+  for (int round = 0; round < 2; ++round) {
+    for (const wchar_t* command : {L"KIV_TOACAD2", L"UT2", L"KIV_TOACAD", L"UT"}) {
+      EXPECT_TRUE(host().execute(command).ok()) << round;
+    }
+    EXPECT_TRUE(host().unloadModule(L"KIVGUI.ARX").ok());
+    EXPECT_FALSE(host().execute(L"KIV_TOACAD2").ok());
+    EXPECT_FALSE(host().execute(L"UT").ok());
+    ASSERT_TRUE(load());
+  }
+}
+
+TEST_F(Module, InteractiveCommandSaysThatThereIsNoDialog) {
+  printed_.clear();
+  EXPECT_TRUE(host().execute(L"KIV_TOACAD").ok());
+  EXPECT_NE(printed_.find(L"ﾀﾞｲｱﾛｸﾞ"), std::wstring::npos);
+  EXPECT_EQ(report().runs, 0);
+}
+
+TEST_F(Module, RunWithoutAContextRefuses) {
+  EXPECT_EQ(report().end, kKivNeverRun);
+  EXPECT_TRUE(host().execute(L"KIV_TOACAD2").ok());
+  EXPECT_NE(printed_.find(L"\nKivｴﾗｰ:このｺﾏﾝﾄﾞは単独では実行できません."), std::wstring::npos);
+  EXPECT_EQ(report().runs, 1);
+  EXPECT_EQ(report().end, kKivNoSpecification);
+}
+
+TEST_F(Module, ConvertsSavesReportsAndLogs) {
+  ASSERT_EQ(setConversion(folder_ / "rules.cvt", folder_ / "run.log"), 1);
+  ASSERT_TRUE(host().openDocument(folder_ / "a.dxf").ok());
+  EXPECT_TRUE(host().execute(L"KIV_TOACAD2").ok());
+
+  const KivRunReport result = report();
+  EXPECT_EQ(result.end, kKivConverted);
+  EXPECT_EQ(result.drawing, base::pathText(folder_ / "a.dxf"));
+  EXPECT_EQ(result.savedPath, base::pathText(folder_ / "out" / "a.DXF"));
+  EXPECT_EQ(result.problemCount, 0);
+  ASSERT_EQ(result.noteCount, 1);
+  EXPECT_EQ(result.notes[0].value, std::wstring(L"NONE"));
+  EXPECT_EQ(result.notes[0].reason, kKivNoSuchName);
+  EXPECT_EQ(result.notes[0].count, 1);
+  EXPECT_NE(read(folder_ / "out" / "a.DXF").find(" 62\r\n"), std::string::npos);
+  const std::string log = read(folder_ / "run.log");
+  EXPECT_NE(log.find((folder_ / "a.dxf").string() + ", OK\r\n"), std::string::npos) << log;
+}
+
+TEST_F(Module, RefusalsAreLoggedAndEmptyDrawingsAreNot) {
+  ASSERT_EQ(setConversion(folder_ / "none.cvt", folder_ / "run.log"), 1);
+  EXPECT_TRUE(host().execute(L"KIV_TOACAD2").ok());
+  EXPECT_EQ(report().end, kKivSpecificationUnreadable);
+  ASSERT_EQ(report().problemCount, 1);
+  const std::string afterRefusal = read(folder_ / "run.log");
+  EXPECT_NE(afterRefusal.find("none.cvt]"), std::string::npos);
+
+  ASSERT_EQ(setConversion(folder_ / "rules.cvt", folder_ / "run.log"), 1);
+  write("empty.dxf", "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n");
+  ASSERT_TRUE(host().openDocument(folder_ / "empty.dxf").ok());
+  EXPECT_TRUE(host().execute(L"KIV_TOACAD2").ok());
+  EXPECT_EQ(report().end, kKivEmptyDrawing);
+  EXPECT_EQ(read(folder_ / "run.log"), afterRefusal);
+}
+
+TEST_F(Module, OptionsOutOfRangeAndGivingUpTheContext) {
+  KivConversion conversion{};
+  conversion.saveFormat = 3;
+  EXPECT_EQ(setConversion(&conversion), 0);
+  ASSERT_EQ(setConversion(folder_ / "rules.cvt"), 1);
+  EXPECT_EQ(setConversion(nullptr), 1);
+  EXPECT_TRUE(host().execute(L"KIV_TOACAD2").ok());
+  EXPECT_EQ(report().end, kKivNoSpecification);
+}
+
+TEST_F(Module, SpecificationsAreChecked) {
+  const auto check = symbol<KivCheckSpecification>("dll_kiv_checkSpecification");
+  KivSpecificationReport result{};
+  EXPECT_EQ(check(nullptr, &result), 0);
+  ASSERT_EQ(check(base::pathText(folder_ / "rules.cvt").c_str(), &result), 1);
+  EXPECT_EQ(result.usable, 1);
+  EXPECT_EQ(result.settings, 1);
+  ASSERT_EQ(result.diagnosticCount, 1);
+  EXPECT_EQ(result.diagnostics[0].line, 6);
+  EXPECT_NE(std::wstring(result.diagnostics[0].reason), L"");
+
+  ASSERT_EQ(check(base::pathText(folder_ / "a.dxf").c_str(), &result), 1);
+  EXPECT_EQ(result.usable, 0);
+  EXPECT_NE(std::wstring(result.failure), L"");
+}
+
+}  // namespace
