@@ -75,8 +75,9 @@ class DxfStorage final : public RecordStorage {
 
  private:
   std::string_view original(const Record& record) const;
-  base::Result<EditId> setGeneric(const Record& record, const PropertyPlace& place, const StoredValue& value);
-  EditId dropTrueColor(Record record);
+  EditId setGeneric(const Record& record, const PropertyPlace& place, const StoredValue& value);
+  EditId changeValue(const Record& record, const PropertyPlace& place, const Located& located,
+                     const StoredValue& value);
 
   std::unique_ptr<SourceBytes> source_;
   Dialect dialect_;

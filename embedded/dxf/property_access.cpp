@@ -1,6 +1,6 @@
 // Reading and writing of typed properties in DXF records.
 
-#include <cmath>
+#include <algorithm>
 #include <string>
 
 #include "base/fold.h"
@@ -105,56 +105,60 @@ StoredValue DxfStorage::property(const Record& record, Property property) const 
 
 base::Result<EditId> DxfStorage::setProperty(const Record& record, Property property,
                                              const StoredValue& value) {
-  const std::string_view type = typeName(record);
-  const PropertyPlace* place = findPlace(record.kind, type, property);
-  const std::wstring name = ascii(propertyInfo(property).name);
+  const PropertyPlace* place = findCommonPlace(record.kind, property);
+  std::string_view type;
   if (place == nullptr) {
-    return base::Failure{{}, L"A record of the type " + ascii(type) + L" has no " + name};
+    type = typeName(record);
+    place = findPlace(record.kind, type, property);
   }
+  const auto refused = [&](const std::wstring& reason) {
+    return base::Failure{{}, reason + ascii(propertyInfo(property).name)};
+  };
+  if (place == nullptr) return refused(L"A record of the type " + ascii(type) + L" has no ");
   if (facts_.version < place->since) {
     if (isDefault(record.kind, property, value)) return record.edits;
-    return base::Failure{{}, L"A drawing of this version cannot hold the property " + name};
+    return refused(L"A drawing of this version cannot hold the property ");
   }
-  if (hasLineBreak(value)) return base::Failure{{}, L"The " + name + L" has a line break in it"};
+  if (hasLineBreak(value)) return refused(L"There is a line break in the ");
   if (isSpecial(type, property)) return writeSpecial(*this, record, type, property, value);
   return setGeneric(record, *place, value);
 }
 
-base::Result<EditId> DxfStorage::setGeneric(const Record& record, const PropertyPlace& place,
-                                            const StoredValue& value) {
-  std::string scratch;
-  Record state = record;
-  const std::string_view present = bytes(record, scratch);
-  const Located located = locate(present, dialect_, place);
-  bool lightness = false;  // a layer's colour number with the other sign: on or off
-  if (located.found) {
-    const StoredValue old = readValue(located.group, propertyInfo(place.property).type, dialect_);
-    if (place.property == Property::kLayerColor && old.index() == value.index() && old != value) {
-      lightness = std::abs(std::get<std::int64_t>(old)) == std::abs(std::get<std::int64_t>(value));
-    }
-    if (old != value) {
-      state.edits =
-          withValue(state, located.group, valueBytes(dialect_, place.code, value, located.group.value));
-    }
-  } else if (!isDefault(record.kind, place.property, value)) {
-    state.edits = withGroups(state, located.insertAt, groupBytes(dialect_, place.code, value));
+EditId DxfStorage::changeValue(const Record& record, const PropertyPlace& place, const Located& located,
+                               const StoredValue& value) {
+  if (!located.found) {
+    if (isDefault(record.kind, place.property, value)) return record.edits;
+    return withGroups(record, located.insertAt, groupBytes(dialect_, place.code, value));
   }
-  const bool color = place.property == Property::kColorIndex || place.property == Property::kLayerColor;
-  return color && !lightness ? dropTrueColor(state) : state.edits;
+  if (readValue(located.group, propertyInfo(place.property).type, dialect_) == value) return record.edits;
+  return withValue(record, located.group, valueBytes(dialect_, place.code, value, located.group.value));
 }
 
-EditId DxfStorage::dropTrueColor(Record record) {
-  static constexpr PropertyPlace kRgb{Property::kColorIndex, 420, "AcDbEntity", Version::kR12};
-  static constexpr PropertyPlace kBook{Property::kColorIndex, 430, "AcDbEntity", Version::kR12};
-  static constexpr PropertyPlace kLayerRgb{Property::kLayerColor, 420, "", Version::kR12};
-  static constexpr PropertyPlace kLayerBook{Property::kLayerColor, 430, "", Version::kR12};
-  const bool layer = record.kind == RecordKind::kTableRecord;
+EditId DxfStorage::setGeneric(const Record& record, const PropertyPlace& place, const StoredValue& value) {
   std::string scratch;
-  for (const PropertyPlace* place : {layer ? &kLayerBook : &kBook, layer ? &kLayerRgb : &kRgb}) {
-    const Located located = locate(bytes(record, scratch), dialect_, *place);
-    if (located.found) record.edits = withoutGroup(record, located.group);
+  const Located located = locate(bytes(record, scratch), dialect_, place);
+  if (!located.hasTrueColor && !located.hasColorName) return changeValue(record, place, located, value);
+  // A layer's colour number with the other sign turns the layer on or off and leaves its colour.
+  const auto old = located.found ? integerValue(located.group, dialect_) : std::nullopt;
+  const auto* number = std::get_if<std::int64_t>(&value);
+  const bool sameColor =
+      place.property == Property::kLayerColor && old && number != nullptr && *old == -*number;
+  if (sameColor) return changeValue(record, place, located, value);
+  Record state = record;
+  // From the last group to the first, so that places before stay where they are.
+  const Group* dropped[] = {located.hasTrueColor ? &located.trueColor : nullptr,
+                            located.hasColorName ? &located.colorName : nullptr};
+  std::ranges::sort(dropped, [](const Group* a, const Group* b) {
+    return (a == nullptr ? 0 : a->begin) > (b == nullptr ? 0 : b->begin);
+  });
+  const std::uint32_t at = located.found ? located.group.begin : located.insertAt;
+  for (const bool behind : {true, false}) {
+    for (const Group* group : dropped) {
+      if (group != nullptr && (group->begin >= at) == behind) state.edits = withoutGroup(state, *group);
+    }
+    if (behind) state.edits = changeValue(state, place, located, value);
   }
-  return record.edits;
+  return state.edits;
 }
 
 }  // namespace cad::dxf

@@ -99,23 +99,39 @@ bool counts(const PropertyPlace& place, Region region, std::string_view subclass
   return place.subclass.empty() || inList(place.subclass, '|', subclass);
 }
 
+constexpr int kColorNumber = 62;
+
+void noteTrueColor(const Group& group, Located& result) {
+  if (group.code == 420) {
+    result.hasTrueColor = true;
+    result.trueColor = group;
+  } else if (group.code == 430) {
+    result.hasColorName = true;
+    result.colorName = group;
+  }
+}
+
 }  // namespace
 
 bool isCommon(const PropertyPlace& place) { return place.subclass == kEntity; }
 bool isMText(std::string_view type) { return type == "MTEXT"; }
 
+const PropertyPlace* findCommonPlace(RecordKind kind, Property property) {
+  const bool block = kind == RecordKind::kBlockBegin || kind == RecordKind::kBlockEnd;
+  if (!hasCommonProperties(kind) && !(block && property == P::kLayer)) return nullptr;
+  for (const PropertyPlace& place : kCommonPlaces) {
+    if (place.property == property) return &place;
+  }
+  return nullptr;
+}
+
 const PropertyPlace* findPlace(RecordKind kind, std::string_view type, Property property) {
+  if (const PropertyPlace* common = findCommonPlace(kind, property)) return common;
   switch (kind) {
     case RecordKind::kEntity:
     case RecordKind::kSubEntity:
+      return findTyped(kEntityPlaces, type, property);
     case RecordKind::kBlockBegin:
-    case RecordKind::kBlockEnd:
-      for (const PropertyPlace& place : kCommonPlaces) {
-        if (place.property != property) continue;
-        return hasCommonProperties(kind) || property == P::kLayer ? &place : nullptr;
-      }
-      return kind == RecordKind::kBlockBegin ? findTyped(kTablePlaces, type, property)
-                                             : findTyped(kEntityPlaces, type, property);
     case RecordKind::kTableRecord:
       return findTyped(kTablePlaces, type, property);
     default:
@@ -132,6 +148,7 @@ Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPla
     const Group& group = cursor.group();
     const bool here = counts(place, cursor.region(), cursor.subclass());
     if (!here) {
+      if (common && sawSubclass) break;  // the common part comes once
       leftSubclass = leftSubclass || sawSubclass;
       if (!sawSubclass && cursor.region() != Region::kExtendedData) result.insertAt = group.end;
       continue;
@@ -144,6 +161,7 @@ Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPla
       result.found = true;
       result.group = group;
     }
+    if (place.code == kColorNumber) noteTrueColor(group, result);
     if (common) {
       sawLayer = sawLayer || group.code == 8;
       if (group.code == 8 || (!sawLayer && (group.code == 0 || group.code == 5 || group.code == 100))) {

@@ -19,12 +19,17 @@ struct PropertyPlace {
 
 // Null when records of this kind and type do not have the property.
 const PropertyPlace* findPlace(RecordKind kind, std::string_view type, Property property);
+// The same for properties that entities of every type have; null for others.
+const PropertyPlace* findCommonPlace(RecordKind kind, Property property);
 
 // A property's group in a record's bytes.
 struct Located {
   bool found = false;
   Group group;                 // of several the last, which is what readers take
   std::uint32_t insertAt = 0;  // where a new group belongs
+  // With a colour number: the true colour and its name, whose place the number takes.
+  bool hasTrueColor = false, hasColorName = false;
+  Group trueColor, colorName;
 };
 Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPlace& place);
 
