@@ -151,6 +151,7 @@ void Drawing::undoOne() {
       setState(entry.record, kNoEdit, records_[entry.record].signature,
                records_[entry.record].flags | Record::kErased);
       added_.pop_back();
+      if (entry.record == header_) header_ = kNoRecord;
       for (auto* slots : {&frame_.sectionBegin, &frame_.sectionEnd}) {
         std::ranges::replace(*slots, entry.record, kNoRecord);
       }

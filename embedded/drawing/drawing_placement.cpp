@@ -114,6 +114,7 @@ base::Result<RecordId> Drawing::endOfSection(Section section) {
         {RecordKind::kSection, Table::kNone, before, kNoRecord, storage_->sectionBytes(section, end)});
   };
   if (!begun) frame_.sectionBegin[index(section)] = add(false);
+  if (section == Section::kHeader) header_ = frame_.sectionBegin[index(section)];
   return frame_.sectionEnd[index(section)] = add(true);
 }
 

@@ -59,7 +59,7 @@ base::Status BlockCopier::needBlock(std::wstring_view name) {
   if (folded == name_) return failure(name, L"the block would contain itself");
   const RecordId block = source_.find(Table::kBlock, name);
   if (block == kNoRecord) return failure(name, L"a block that is referred to does not exist");
-  std::wstring here(name);
+  std::wstring here = blockName(source_, block);
   if (name.front() == L'*') {
     here = freeName(name);
   } else if (const RecordId own = target_.find(Table::kBlock, name); own != kNoRecord) {

@@ -1,6 +1,7 @@
 // New records of symbol tables.
 
 #include <algorithm>
+#include <cmath>
 
 #include "embedded/drawing/dim_variable_table.h"
 #include "embedded/dxf/group_writer.h"
@@ -151,7 +152,8 @@ base::Result<EditId> DxfStorage::setDashes(const Record& linetype, std::span<con
   RecordBuilder builder(*this);
   if (const Group* description = groups.find(3)) builder.stored(3, description->value);
   double length = 0;
-  for (const double dash : dashes) length += dash < 0 ? -dash : dash;
+  for (const double dash : dashes) length += std::fabs(dash);
+  if (length < 1e6) length = std::round(length * 1e9) / 1e9;  // the sum's last digits are noise
   builder.integer(72, 65).integer(73, static_cast<std::int64_t>(dashes.size())).real(40, length);
   for (const double dash : dashes) {
     builder.real(49, dash);

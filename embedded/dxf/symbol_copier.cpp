@@ -70,9 +70,12 @@ void SymbolCopier::copyTextStyle(RecordId from, RecordId to) {
 
 base::Status SymbolCopier::need(Table table, std::wstring_view name) {
   if (name.empty() || target_.find(table, name) != kNoRecord) return {};
-  const base::Result<RecordId> added = target_.addTableRecord(table, name);
-  if (!added.ok()) return added.failure();
   const RecordId from = source_.find(table, name);
+  // The record's own spelling: references may differ from it in case.
+  const NameId spelled = from == kNoRecord ? kNoName : source_.name(from, Property::kName);
+  const base::Result<RecordId> added = target_.addTableRecord(
+      table, spelled == kNoName ? name : std::wstring_view(source_.names().text(spelled)));
+  if (!added.ok()) return added.failure();
   if (from == kNoRecord) return {};
   if (table == Table::kLayer) return copyLayer(from, added.value());
   if (table == Table::kLinetype) copyLinetype(from, added.value());

@@ -66,7 +66,7 @@ TEST(BlockCopier, RemovesWhatOldFilesDoNotKnow) {
   auto source = modern(
       "0 CIRCLE|5 20|102 {ACAD_REACTORS|330 99|102 }|330 1F|100 AcDbEntity|8 0|370 25|420 255|48 2.0|"
       "100 AcDbCircle|10 0.0|20 0.0|30 0.0|40 2.0");
-  auto target = old("0 LINE|8 0");
+  auto target = old("0 LINE|8 0|62 1");
   ASSERT_TRUE(target->defineBlock(L"C", *source).ok());
   const std::string circle = lastRecord(saved(*target), "CIRCLE");
   EXPECT_TRUE(circle.ends_with(groups("8 0|10 0.0|20 0.0|30 0.0|40 2.0"))) << circle;
@@ -112,7 +112,7 @@ TEST(BlockCopier, AnonymousBlocksGetFreeNames) {
 }
 
 TEST(BlockCopier, FailuresNameTheTypeAndLeaveNothingBehind) {
-  auto target = old("0 LINE|8 0");
+  auto target = old("0 LINE|8 0|62 1");
   const std::string original = saved(*target);
   auto light = modern(
       "0 LINE|5 20|100 AcDbEntity|8 NEW|100 AcDbLine|0 LWPOLYLINE|5 21|100 AcDbEntity|8 0|"
@@ -131,7 +131,7 @@ TEST(BlockCopier, FailuresNameTheTypeAndLeaveNothingBehind) {
 
 TEST(BlockCopier, ABlockNeverContainsItself) {
   auto source = oldWithBlocks(kNested, "0 INSERT|8 0|2 BRANCH|10 0.0|20 0.0");
-  auto target = old("0 LINE|8 0");
+  auto target = old("0 LINE|8 0|62 1");
   const std::string original = saved(*target);
   EXPECT_FALSE(target->defineBlock(L"Leaf", *source).ok());
   EXPECT_EQ(saved(*target), original);

@@ -54,10 +54,9 @@ inline std::string typesIn(const Drawing& drawing, RecordId owner) {
 
 // The last record in `text` that begins with "  0", the line `type`: to its end.
 inline std::string lastRecord(const std::string& text, std::string_view type) {
-  const std::string start = "  0\n" + std::string(type) + "\n";
-  const std::size_t begin = text.rfind(start);
-  if (begin == std::string::npos) return {};
-  return text.substr(begin, text.find("  0\n", begin + 1) - begin);
+  const std::size_t end = text.rfind("\n  0\n" + std::string(type) + "\n");
+  if (end == std::string::npos) return {};
+  return text.substr(end + 1, text.find("\n  0\n", end + 1) - end);
 }
 
 // Everything that was changed is taken back; the file must then be as it came.

@@ -110,7 +110,7 @@ TEST(DimStyles, ValuesStandAsPlainGroups) {
                    "340 11|140 6.0|3 <>mm"));
   EXPECT_FALSE(drawing->removeDimOverride(style, kTextHeight).ok());
 
-  auto before = old("0 LINE|8 0");
+  auto before = old("0 LINE|8 0|62 1");
   const Shape tick = LineShape{{-0.5, -0.5}, {0.5, 0.5}};
   ASSERT_TRUE(before->defineBlock(L"_OBLIQUE", std::span(&tick, 1)).ok());
   const RecordId oldStyle = before->addTableRecord(Table::kDimStyle, L"D").value();

@@ -4,7 +4,7 @@ namespace cad::dxf {
 namespace {
 
 TEST(NewRecords, OldFilesGetATableWithPlainRecords) {
-  auto drawing = old("0 LINE|8 0");
+  auto drawing = old("0 LINE|8 0|62 1");
   const std::string original = saved(*drawing);
   const auto layer = drawing->addTableRecord(Table::kLayer, L"\x58C1");
   ASSERT_TRUE(layer.ok());
@@ -39,7 +39,7 @@ TEST(NewRecords, DimensionStylesCarryTheirHandleIn105AndTheOldNamesBefore2000) {
   EXPECT_NE(style.find(groups("105 400|330 A")), std::string::npos);
   EXPECT_NE(style.find(groups("340 11")), std::string::npos);
 
-  auto before = old("0 LINE|8 0");
+  auto before = old("0 LINE|8 0|62 1");
   ASSERT_TRUE(before->addTableRecord(Table::kDimStyle, L"D").ok());
   const std::string oldStyle = lastRecord(saved(*before), "DIMSTYLE");
   EXPECT_NE(oldStyle.find(groups("5 |6 |7 ")), std::string::npos);

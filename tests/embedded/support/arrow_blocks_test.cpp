@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include <gtest/gtest.h>
+
 #include "tests/embedded/dxf/dxf_text.h"
 
 namespace cad::support {

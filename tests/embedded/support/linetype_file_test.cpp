@@ -1,5 +1,7 @@
 #include "embedded/support/linetype_file.h"
 
+#include <gtest/gtest.h>
+
 #include "tests/embedded/dxf/dxf_text.h"
 
 namespace cad::support {
@@ -12,7 +14,7 @@ std::filesystem::path shipped(const char* name) {
   return std::filesystem::path(KIV_SOURCE_DIR) / "embedded" / "support" / name;
 }
 
-std::unique_ptr<Drawing> drawing() { return read(dxf::drawingText("AC1009", "0 LINE|8 0")); }
+std::unique_ptr<Drawing> drawing() { return read(dxf::drawingText("AC1009", "0 LINE|8 0|62 1")); }
 
 TEST(LinetypeFile, ReadsHeadersPatternsAndComments) {
   const auto all = parseLinetypes(
