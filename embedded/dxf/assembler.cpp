@@ -49,6 +49,14 @@ bool Assembler::begin(std::string_view value, std::uint64_t offset) {
   record_.offset = offset;
   open_ = named_ = true;
   entity_ = layerNames_ = false;
+  if (place_ == Place::kEntities && type == plainType_) {
+    record_.owner = LoadedRecords::kInModelSpace;
+    record_.kind = RecordKind::kEntity;
+    entity_ = true;
+    main_ = kNoRecord;
+    reader_.begin(type);
+    return true;
+  }
   classify(type);
   sawEnd_ = type == "EOF";
   return !sawEnd_;
@@ -61,7 +69,10 @@ bool Assembler::close(std::uint64_t end) {
   }
   record_.length = static_cast<std::uint32_t>(end - record_.offset);
   if (entity_) {
-    record_.signature = loaded_.signatures.intern(reader_.finish(loaded_.names, dialect_));
+    if (lastSignature_ == 0 || !reader_.sameAsBefore()) {
+      lastSignature_ = loaded_.signatures.intern(reader_.finish(loaded_.names, dialect_));
+    }
+    record_.signature = lastSignature_;
     layerNames_ = reader_.namesLayers();
     const bool ownedByModelSpace =
         record_.kind == RecordKind::kEntity && record_.owner == LoadedRecords::kInModelSpace;
@@ -192,6 +203,7 @@ void Assembler::classifyEntity(std::string_view type) {
     record_.kind = RecordKind::kEntity;
     mainIsInsert_ = type == "INSERT";
     main_ = mainIsInsert_ || type == "POLYLINE" ? static_cast<RecordId>(loaded_.records.size()) : kNoRecord;
+    plainType_ = main_ == kNoRecord && type.data() != upperType_.data() ? type : std::string_view();
   }
   reader_.begin(type.data() == upperType_.data() ? loaded_.names.stored(loaded_.names.intern(type)) : type);
 }

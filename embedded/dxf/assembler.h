@@ -56,6 +56,8 @@ class Assembler {
   RecordId block_ = kNoRecord, main_ = kNoRecord;
   bool mainIsInsert_ = false;
   std::string upperType_;
+  std::string_view plainType_;  // of the last entity when such entities have no parts: most follow their like
+  SignatureId lastSignature_ = 0;
   const wchar_t* failure_ = nullptr;
 };
 

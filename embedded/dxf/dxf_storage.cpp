@@ -10,12 +10,12 @@
 namespace cad::dxf {
 
 DxfStorage::DxfStorage(std::unique_ptr<SourceBytes> source, const Dialect& dialect, DrawingFacts facts)
-    : source_(std::move(source)), dialect_(dialect), facts_(std::move(facts)) {}
+    : source_(std::move(source)), file_(source_->view()), dialect_(dialect), facts_(std::move(facts)) {}
 
 std::string_view DxfStorage::original(const Record& record) const {
   if ((record.flags & Record::kAdded) != 0) return edits_.text(static_cast<TextId>(record.offset));
   if ((record.flags & Record::kImplied) != 0) return {};
-  return source_->view().substr(record.offset, record.length);
+  return file_.substr(record.offset, record.length);
 }
 
 std::string_view DxfStorage::bytes(const Record& record, std::string& scratch) const {

@@ -80,6 +80,7 @@ class DxfStorage final : public RecordStorage {
                      const StoredValue& value);
 
   std::unique_ptr<SourceBytes> source_;
+  std::string_view file_;  // its bytes
   Dialect dialect_;
   DrawingFacts facts_;
   EditStore edits_;

@@ -96,7 +96,7 @@ bool hasCommonProperties(RecordKind kind) {
 bool counts(const PropertyPlace& place, Region region, std::string_view subclass) {
   if (region == Region::kHead) return true;
   if (region != Region::kSubclass) return false;
-  return place.subclass.empty() || inList(place.subclass, '|', subclass);
+  return place.subclass.empty() || place.subclass == subclass || inList(place.subclass, '|', subclass);
 }
 
 constexpr int kColorNumber = 62;

@@ -66,7 +66,7 @@ base::Status DxfStorage::save(const std::filesystem::path& target, std::span<con
   if (!file) return file.failure();
   Children children;
   for (const Placement& placement : added) children[placement.before].push_back(placement.record);
-  Output output(*file.value(), source_->view());
+  Output output(*file.value(), file_);
   const auto writeChanged = [&](const Record& record) {
     edits_.apply(record.edits, original(record), output.changed());
   };

@@ -21,8 +21,9 @@ bool hasTextStyle(std::string_view type) {
 }  // namespace
 
 void SignatureReader::begin(std::string_view type) {
-  type_ = type;
-  layer_ = linetype_ = style_ = color_ = paper_ = {};
+  before_ = fields_;
+  fields_ = {};
+  fields_.type = type;
   hasStyle_ = hasTextStyle(type);
   common_ = text_ = regular_ = true;
   application_ = namesLayers_ = false;
@@ -39,19 +40,19 @@ void SignatureReader::take(int code, std::string_view value) {
   if (application_ && code != 102 && code < 1000) return;
   switch (code) {
     case 6:
-      if (common_) linetype_ = value;
+      if (common_) fields_.linetype = value;
       return;
     case 7:
-      if (text_ && hasStyle_) style_ = value;
+      if (text_ && hasStyle_) fields_.style = value;
       return;
     case 8:
-      if (common_) layer_ = value;
+      if (common_) fields_.layer = value;
       return;
     case 62:
-      if (common_) color_ = value;
+      if (common_) fields_.color = value;
       return;
     case 67:
-      if (common_) paper_ = value;
+      if (common_) fields_.paper = value;
       return;
     case 100:
       return marker(value);
@@ -81,7 +82,7 @@ NameId SignatureReader::intern(NamePool& names, std::string_view value, std::siz
 }
 
 bool SignatureReader::inPaperSpace(const Dialect& dialect) const {
-  return !paper_.empty() && number(67, paper_, dialect) == 1;
+  return !fields_.paper.empty() && number(67, fields_.paper, dialect) == 1;
 }
 
 Signature SignatureReader::finish(NamePool& names, const Dialect& dialect) {
@@ -90,11 +91,11 @@ Signature SignatureReader::finish(NamePool& names, const Dialect& dialect) {
     return value.empty() ? absent : value;
   };
   Signature result;
-  result.type = intern(names, type_, 0);
-  result.layer = intern(names, named(layer_, "0"), 1);
-  result.linetype = intern(names, named(linetype_, "ByLayer"), 2);
-  if (hasStyle_) result.style = intern(names, named(style_, "Standard"), 3);
-  const auto color = number(62, color_, dialect);
+  result.type = intern(names, fields_.type, 0);
+  result.layer = intern(names, named(fields_.layer, "0"), 1);
+  result.linetype = intern(names, named(fields_.linetype, "ByLayer"), 2);
+  if (hasStyle_) result.style = intern(names, named(fields_.style, "Standard"), 3);
+  const auto color = number(62, fields_.color, dialect);
   if (color && *color >= std::numeric_limits<std::int16_t>::min() &&
       *color <= std::numeric_limits<std::int16_t>::max()) {
     result.color = static_cast<std::int16_t>(*color);

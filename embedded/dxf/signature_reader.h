@@ -20,6 +20,9 @@ class SignatureReader {
     take(code, value);
   }
   Signature finish(NamePool& names, const Dialect& dialect);
+  // Whether the record has what the one before it had; its signature is then the same. The bytes of both
+  // must still be there.
+  bool sameAsBefore() const { return fields_ == before_; }
 
   bool inPaperSpace(const Dialect& dialect) const;
   bool namesLayers() const { return namesLayers_; }  // its extended data does
@@ -29,7 +32,11 @@ class SignatureReader {
   void marker(std::string_view value);
   NameId intern(NamePool& names, std::string_view value, std::size_t slot);
 
-  std::string_view type_, layer_, linetype_, style_, color_, paper_;
+  struct Fields {
+    std::string_view type, layer, linetype, style, color, paper;
+    bool operator==(const Fields&) const = default;
+  };
+  Fields fields_, before_;
   bool hasStyle_ = false;
   bool common_ = true, text_ = true, application_ = false, regular_ = true, namesLayers_ = false;
   // Neighbouring entities mostly have the same names.
