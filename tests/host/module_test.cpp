@@ -86,6 +86,14 @@ TEST_F(Module, CommandsComeAndGoWithTheModule) {
   }
 }
 
+TEST_F(Module, UnloadedModuleLeavesTheProcess) {
+  EXPECT_TRUE(host().execute(L"KIV_TOACAD2").ok());
+  EXPECT_EQ(report().runs, 1);
+  EXPECT_TRUE(host().unloadModule(L"KIVGUI.ARX").ok());
+  ASSERT_TRUE(load());
+  EXPECT_EQ(report().runs, 0);
+}
+
 TEST_F(Module, InteractiveCommandSaysThatThereIsNoDialog) {
   printed_.clear();
   EXPECT_TRUE(host().execute(L"KIV_TOACAD").ok());

@@ -1,0 +1,89 @@
+// The conversion command as one step of a batch.
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "acdocman.h"
+#include "base/files.h"
+#include "embedded/editor/host.h"
+#include "host/commands.h"
+#include "host/conversion_context.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class BatchStep : public testing::Test {
+ protected:
+  void SetUp() override {
+    folder_ = fs::temp_directory_path() / ("batch_test_" + std::to_string(::getpid()));
+    fs::remove_all(folder_);
+    fs::create_directories(folder_ / "out");
+    write("rules.cvt", "[\x95\xb6\x8e\x9a]\r\n[***]\r\n{\r\n[\x90\x46] = 3\r\n}\r\n---End---\r\n[EOF]\r\n");
+    for (const char* name : {"a.dxf", "b.dxf"}) {
+      write(name,
+            "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nTEXT\r\n  8\r\n0\r\n 10\r\n0.0\r\n 20\r\n0.0\r\n"
+            " 40\r\n2.5\r\n  1\r\nA\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n");
+    }
+    host().setOutput([this](std::wstring_view text) { printed_ += text; });
+    host().start();
+    kiv::registerCommands();
+    kiv::ConversionContext& context = kiv::conversionContext();
+    context.specification = base::pathText(folder_ / "rules.cvt");
+    context.outputFolder = base::pathText(folder_ / "out" / "");
+    context.saveFormat = 1;
+    context.batchStartDocument = acDocManagerPtr()->curDocument();
+    context.batchRemaining = 2;
+  }
+  void TearDown() override {
+    kiv::conversionContext() = {};
+    kiv::removeCommands();
+    host().stop();
+    host().setOutput({});
+    fs::remove_all(folder_);
+  }
+  static cad::Host& host() { return cad::Host::instance(); }
+  void write(const std::string& name, const std::string& bytes) {
+    std::ofstream(folder_ / name, std::ios::binary) << bytes;
+  }
+  void convert(const char* name) {
+    ASSERT_TRUE(host().openDocument(folder_ / name).ok());
+    EXPECT_TRUE(host().execute(L"KIV_TOACAD2").ok());
+  }
+  bool isBackAtTheDialog() const { return printed_.find(L"ﾀﾞｲｱﾛｸﾞ") != std::wstring::npos; }
+
+  fs::path folder_;
+  std::wstring printed_;
+};
+
+TEST_F(BatchStep, LastDrawingSendsTheInteractiveCommandToTheStart) {
+  convert("a.dxf");
+  EXPECT_EQ(kiv::conversionContext().batchRemaining, 1);
+  EXPECT_FALSE(isBackAtTheDialog());
+  convert("b.dxf");
+  EXPECT_EQ(kiv::conversionContext().batchRemaining, 0);
+  EXPECT_TRUE(isBackAtTheDialog());
+  EXPECT_EQ(acDocManagerPtr()->curDocument(), kiv::conversionContext().batchStartDocument);
+  EXPECT_TRUE(fs::exists(folder_ / "out" / "b.DXF"));
+}
+
+TEST_F(BatchStep, WithoutAStartDocumentNothingIsSent) {
+  kiv::conversionContext().batchStartDocument = nullptr;
+  kiv::conversionContext().batchRemaining = 0;
+  convert("a.dxf");
+  EXPECT_EQ(kiv::conversionContext().batchRemaining, -1);
+  EXPECT_FALSE(isBackAtTheDialog());
+}
+
+TEST_F(BatchStep, InPlaceTheDrawingStaysOpen) {
+  kiv::conversionContext().outputFolder.clear();
+  convert("a.dxf");
+  EXPECT_EQ(kiv::conversionContext().batchRemaining, 2);
+  EXPECT_TRUE(fs::is_empty(folder_ / "out"));
+  EXPECT_EQ(host().documentCount(), 2U);
+}
+
+}  // namespace
