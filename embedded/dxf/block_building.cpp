@@ -24,7 +24,7 @@ base::Result<RecordId> DxfStorage::defineBlock(Drawing& drawing, std::wstring_vi
 base::Result<RecordId> DxfStorage::defineBlock(Drawing& drawing, std::wstring_view name,
                                                const Drawing& source) {
   const DxfStorage* from = dxfStorage(source);
-  if (from == nullptr) return failure(name, L"blocks are copied from DXF drawings only");
+  if (from == nullptr) return failure(name, L"Blocks are copied from DXF drawings only");
   Drawing::ChangeScope scope(drawing);
   BlockCopier copier(drawing, *this, source, *from);
   base::Result<RecordId> block = copier.copyModelSpace(name);
@@ -35,16 +35,16 @@ base::Result<RecordId> DxfStorage::defineBlock(Drawing& drawing, std::wstring_vi
 base::Result<RecordId> DxfStorage::addInsert(Drawing& drawing, RecordId space, std::wstring_view name,
                                              Point at, double scale, double rotationDegrees) {
   if (drawing.find(Table::kBlock, name) == kNoRecord)
-    return failure(name, L"the drawing has no block of this name");
+    return failure(name, L"The drawing has no block of this name");
   if (!std::isfinite(scale) || scale == 0 || !std::isfinite(rotationDegrees))
-    return failure(name, L"the scale must not be 0");
+    return failure(name, L"The scale must not be 0");
   Drawing::ChangeScope scope(drawing);
   const bool active = space == drawing.modelSpace() || space == drawing.paperSpace();
   base::Result<RecordId> before =
       active ? drawing.endOfSection(Section::kEntities) : drawing.endOfBlock(space);
   if (!before.ok() || before.value() == kNoRecord) {
     scope.rollBack();
-    return before.ok() ? failure(name, L"the space has no end") : before.failure();
+    return before.ok() ? failure(name, L"The space has no end") : before.failure();
   }
   RecordBuilder builder(*this);
   builder.stored(0, "INSERT");

@@ -47,28 +47,28 @@ base::Status BlockCopier::checkType(RecordId record) const {
   const std::string_view type = source_.typeName(record);
   const std::wstring shown(type.begin(), type.end());
   const std::optional<Version> first = firstVersionOf(type);
-  if (!first) return failure(shown, L"entities of this type are not copied between drawings");
+  if (!first) return failure(shown, L"Entities of this type are not copied between drawings");
   if (*first > to_.facts().version)
-    return failure(shown, L"the drawing's version cannot hold entities of this type");
+    return failure(shown, L"The drawing's version cannot hold entities of this type");
   return {};
 }
 
 base::Status BlockCopier::needBlock(std::wstring_view name) {
   const std::wstring folded = base::upper(name);
   if (replacements_.blockNames.contains(folded)) return {};
-  if (folded == name_) return failure(name, L"the block would contain itself");
+  if (folded == name_) return failure(name, L"The block would contain itself");
   const RecordId block = source_.find(Table::kBlock, name);
-  if (block == kNoRecord) return failure(name, L"a block that is referred to does not exist");
+  if (block == kNoRecord) return failure(name, L"A block that is referred to does not exist");
   std::wstring here = blockName(source_, block);
   if (name.front() == L'*') {
     here = freeName(name);
   } else if (const RecordId own = target_.find(Table::kBlock, name); own != kNoRecord) {
     std::set<RecordId> seen;
-    if (contains(own, name_, seen)) return failure(name, L"the block would contain itself");
+    if (contains(own, name_, seen)) return failure(name, L"The block would contain itself");
     replacements_.blockNames[folded] = here;
     return {};
   }
-  if (!open_.insert(block).second) return failure(name, L"a block contains itself");
+  if (!open_.insert(block).second) return failure(name, L"A block contains itself");
   BlockHead head;
   const RecordGroups groups(from_, source_.record(block));
   const auto coordinate = [&](int code) {

@@ -34,12 +34,12 @@ RecordId BlockWriter::addSub(RecordId main, RecordBuilder& builder) {
 base::Status BlockWriter::open(std::wstring_view name, const BlockHead& head) {
   block_ = drawing_.find(Table::kBlock, name);
   if (block_ == kNoRecord) return openNew(name, head);
-  if (drawing_.isLayoutSpace(block_)) return failure(name, L"a layout cannot be redefined");
+  if (drawing_.isLayoutSpace(block_)) return failure(name, L"A layout cannot be redefined");
   return empty(head);
 }
 
 base::Status BlockWriter::openNew(std::wstring_view name, const BlockHead& head) {
-  if (name.empty()) return failure(name, L"a name must not be empty");
+  if (name.empty()) return failure(name, L"A name must not be empty");
   isNew_ = true;
   if (storage_.facts().version >= Version::kR13) {
     base::Result<RecordId> entry = drawing_.find(Table::kBlockRecord, name);
@@ -71,8 +71,8 @@ base::Status BlockWriter::empty(const BlockHead& head) {
     if (const Group* group = groups.find(70)) flags = integerValue(*group, storage_.dialect()).value_or(0);
   }
   if ((flags & kExternal) != 0)
-    return failure(blockName(drawing_, block_), L"the block is an external reference");
-  if (before_ == kNoRecord) return failure(blockName(drawing_, block_), L"the block has no end");
+    return failure(blockName(drawing_, block_), L"The block is an external reference");
+  if (before_ == kNoRecord) return failure(blockName(drawing_, block_), L"The block has no end");
   const std::vector<RecordId> content = drawing_.entitiesOf(block_);
   for (const RecordId id : content) {
     if (drawing_.record(id).erased()) continue;

@@ -73,19 +73,19 @@ Table tableOf(DimType type) {
 }
 
 base::Failure badValue(const DimVariableInfo& info) {
-  return failure(std::wstring(info.name.begin(), info.name.end()), L"the value does not fit the variable");
+  return failure(std::wstring(info.name.begin(), info.name.end()), L"The value does not fit the variable");
 }
 
 // The handle that stands for a name; the record enters the file when it was only implied.
 base::Result<Handle> handleOfName(Drawing& drawing, const DimVariableInfo& info, std::wstring_view name) {
   if (name.empty() || name == L".") return Handle{0};
   RecordId id = drawing.find(tableOf(info.type), name);
-  if (id == kNoRecord) return failure(name, L"the drawing has no record of this name");
+  if (id == kNoRecord) return failure(name, L"The drawing has no record of this name");
   if (info.type == DimType::kArrow) id = drawing.find(Table::kBlockRecord, name);
-  if (id == kNoRecord) return failure(name, L"the block has no table entry");
+  if (id == kNoRecord) return failure(name, L"The block has no table entry");
   if (const base::Status status = drawing.materialise(id); !status.ok()) return status.failure();
   const std::optional<Handle> handle = drawing.handle(id);
-  if (!handle) return failure(name, L"the record has no handle");
+  if (!handle) return failure(name, L"The record has no handle");
   return *handle;
 }
 
@@ -130,7 +130,7 @@ base::Status writeValue(Drawing& drawing, RecordBuilder& builder, const DimVaria
     return {};
   }
   const RecordId named = drawing.find(tableOf(info.type), std::wstring_view(*text));
-  if (named == kNoRecord) return failure(*text, L"the drawing has no record of this name");
+  if (named == kNoRecord) return failure(*text, L"The drawing has no record of this name");
   builder.text(code != 0 ? code : 1000, blockName(drawing, named));
   return {};
 }
@@ -231,12 +231,12 @@ std::optional<Variable> DxfStorage::dimVariable(const Drawing& drawing, RecordId
 base::Status DxfStorage::setDimVariable(Drawing& drawing, RecordId id, int code, const Variable& value) {
   const DimVariableInfo* info = findDimVariable(code);
   if (info == nullptr)
-    return failure(std::to_wstring(code), L"there is no dimension variable of this number");
+    return failure(std::to_wstring(code), L"There is no dimension variable of this number");
   if (!info->existsIn(facts_.version))
-    return failure(variableName(*info), L"the drawing's version does not have this variable");
+    return failure(variableName(*info), L"The drawing's version does not have this variable");
   const bool style = isStyle(drawing.record(id));
   if (!style && !takesOverrides(typeName(drawing.record(id))))
-    return failure(variableName(*info), L"this object has no dimension variables");
+    return failure(variableName(*info), L"This object has no dimension variables");
   if (sameValue(*info, dimVariable(drawing, id, code), value)) return {};
 
   Drawing::ChangeScope scope(drawing);
@@ -257,7 +257,7 @@ base::Status DxfStorage::setDimVariable(Drawing& drawing, RecordId id, int code,
 
 base::Status DxfStorage::removeDimOverride(Drawing& drawing, RecordId id, int code) {
   const DimVariableInfo* info = findDimVariable(code);
-  if (info == nullptr || isStyle(drawing.record(id))) return failure({}, L"this is no override");
+  if (info == nullptr || isStyle(drawing.record(id))) return failure({}, L"This is no override");
   Change change;
   {
     const RecordGroups groups(*this, drawing.record(id));

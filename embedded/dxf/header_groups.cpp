@@ -124,11 +124,11 @@ std::optional<Variable> DxfStorage::headerVariable(const Drawing& drawing, std::
 base::Status DxfStorage::setHeaderVariable(Drawing& drawing, std::string_view name, const Variable& value) {
   const HeaderVariableInfo info = findHeaderVariable(name);
   const std::optional<Variable> present = headerVariable(drawing, name);
-  if (info.code == 0) return failure(shown(name), L"this variable is not kept in the drawing");
+  if (info.code == 0) return failure(shown(name), L"This variable is not kept in the drawing");
   if (!present && (facts_.version < info.first || facts_.version > info.last))
-    return failure(shown(name), L"the drawing's version does not have this variable");
+    return failure(shown(name), L"The drawing's version does not have this variable");
   std::optional<Variable> wanted = fitted(info.code, value);
-  if (!wanted) return failure(shown(name), L"the value does not fit the variable");
+  if (!wanted) return failure(shown(name), L"The value does not fit the variable");
   if (present && *present == *wanted) return {};
 
   Drawing::ChangeScope scope(drawing);
@@ -136,7 +136,7 @@ base::Status DxfStorage::setHeaderVariable(Drawing& drawing, std::string_view na
     const base::Result<RecordId> end = drawing.endOfSection(Section::kHeader);
     if (!end.ok() || drawing.headerRecord() == kNoRecord) {
       scope.rollBack();
-      return failure(shown(name), L"the drawing has no header and none could be made");
+      return failure(shown(name), L"The drawing has no header and none could be made");
     }
   }
   const RecordId id = drawing.headerRecord();

@@ -34,13 +34,13 @@ const TableForm* formOf(Table table) {
 
 // A name that entities use already is taken as it is; the file has it, good or bad.
 base::Status checkName(const Drawing& drawing, Table table, std::wstring_view name) {
-  if (name.empty()) return failure(name, L"a name must not be empty");
+  if (name.empty()) return failure(name, L"A name must not be empty");
   if (table == Table::kAppId || drawing.find(table, name) != kNoRecord) return {};
   std::wstring_view rest = name;
   if (table == Table::kBlockRecord && rest.front() == L'*') rest.remove_prefix(1);
   for (const wchar_t c : rest) {
     if (c < 0x20 || std::wstring_view(L"<>/\\\":;?*,=`").find(c) != std::wstring_view::npos)
-      return failure(name, L"the name holds a character that names cannot have");
+      return failure(name, L"The name holds a character that names cannot have");
   }
   return {};
 }
@@ -118,7 +118,7 @@ void addOwnGroups(const Drawing& drawing, Table table, RecordBuilder& builder) {
 base::Result<NewRecord> DxfStorage::buildTableRecord(Drawing& drawing, Table table, std::wstring_view name) {
   const TableForm* form = formOf(table);
   if (form == nullptr || (table == Table::kBlockRecord && facts_.version < Version::kR13))
-    return failure(name, L"records of this table are not made");
+    return failure(name, L"Records of this table are not made");
   if (const base::Status status = checkName(drawing, table, name); !status.ok()) return status.failure();
   const base::Result<RecordId> before = drawing.endOfTable(table);
   if (!before.ok()) return before.failure();
@@ -148,7 +148,7 @@ base::Result<NewRecord> DxfStorage::buildTableRecord(Drawing& drawing, Table tab
 base::Result<EditId> DxfStorage::setDashes(const Record& linetype, std::span<const double> dashes) {
   const RecordGroups groups(*this, linetype);
   const Group* flags = groups.find(70);
-  if (linetype.table != Table::kLinetype || flags == nullptr) return failure({}, L"this is not a linetype");
+  if (linetype.table != Table::kLinetype || flags == nullptr) return failure({}, L"This is not a linetype");
   RecordBuilder builder(*this);
   if (const Group* description = groups.find(3)) builder.stored(3, description->value);
   double length = 0;

@@ -216,7 +216,7 @@ base::Status RecordTranslator::translate(const RecordGroups& groups, RecordBuild
   const bool addMarkers = !walk.markers && to_.facts().version >= Version::kR13;
   const bool copied = addMarkers ? copyMarked(walk, builder) : copyOwn(walk, builder);
   if (copied && copyExtended(groups, builder)) return {};
-  return failure(std::wstring(walk.type.begin(), walk.type.end()), L"a value of the entity is broken");
+  return failure(std::wstring(walk.type.begin(), walk.type.end()), L"A value of the entity is broken");
 }
 
 }  // namespace cad::dxf

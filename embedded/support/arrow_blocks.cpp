@@ -91,7 +91,7 @@ const ArrowBlock* findArrowBlock(std::wstring_view name) {
 
 base::Result<RecordId> ensureArrowBlock(Drawing& drawing, std::wstring_view arrowName) {
   const ArrowBlock* arrow = findArrowBlock(arrowName);
-  if (arrow == nullptr) return base::Failure{std::wstring(arrowName), L"this is not a built-in arrow"};
+  if (arrow == nullptr) return base::Failure{std::wstring(arrowName), L"This is not a built-in arrow"};
   const RecordId existing = drawing.find(Table::kBlock, std::wstring_view(arrow->name));
   if (existing != kNoRecord) return existing;
   // Names were all upper-case until names of any spelling came with the 2000 format.
