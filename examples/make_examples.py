@@ -74,7 +74,7 @@ def rectangle(space, x, y, width, height, layer, **attributes):
     corners = [(x, y), (x + width, y), (x + width, y + height), (x, y + height)]
     attributes["layer"] = layer
     if space.doc.dxfversion == "AC1009":
-        return space.add_polyline2d(corners, close=True, dxfattribs=attributes)
+        return [space.add_line(a, b, dxfattribs=attributes) for a, b in zip(corners, corners[1:] + corners[:1])]
     return space.add_lwpolyline(corners, close=True, dxfattribs=attributes)
 
 
