@@ -25,11 +25,11 @@ LINETYPES = [
 ]
 
 
-def new_drawing(version, code_page):
+def new_drawing(version):
     ezdxf.options.write_fixed_meta_data_for_testing = True
     doc = ezdxf.new(version)
     doc.encoding = "cp932"
-    doc.header["$DWGCODEPAGE"] = code_page
+    doc.header["$DWGCODEPAGE"] = "ANSI_932"
     for name, description, pattern in LINETYPES:
         doc.linetypes.add(name, pattern=pattern, description=description)
     style = doc.styles.add("MS明朝", font="romans.shx")
@@ -114,12 +114,14 @@ def sheet(doc, frame_layer, view_center, view_height, values):
     viewport.dxf.layer = "ﾋﾞｭｰﾎﾟｰﾄ"
 
 
-def save(doc, name):
+def save(doc, name, code_page="ANSI_932"):
     auditor = doc.audit()
     assert not auditor.has_errors and not auditor.has_fixes, auditor.errors + auditor.fixes
     stream = io.StringIO()
     doc.write(stream)
     encoded = stream.getvalue().encode(doc.output_encoding, errors="dxfreplace")
+    # The library writes one name for the code page, but R12 programs write another.
+    encoded = encoded.replace(b"ANSI_932", code_page.encode())
     (HERE / name).write_bytes(encoded.replace(b"\n", b"\r\n"))
 
 
@@ -201,7 +203,7 @@ def floor_plan_texts(msp):
 
 
 def floor_plan():
-    doc = new_drawing("R2000", "ANSI_932")
+    doc = new_drawing("R2000")
     doc.header["$INSUNITS"] = 4
     add_layers(doc, [
         ("通り芯", 1, "CENTER", ""), ("壁-躯体", 7, "CONTINUOUS", ""), ("壁-間仕切", 5, "CONTINUOUS", ""),
@@ -270,7 +272,7 @@ def machine_part_notes(msp):
 
 
 def machine_part():
-    doc = new_drawing("R12", "dos932")
+    doc = new_drawing("R12")
     add_layers(doc, [
         ("外形線", 7, "CONTINUOUS", ""), ("中心線", 1, "CENTER", ""), ("かくれ線", 3, "HIDDEN", ""),
         ("断面", 8, "CONTINUOUS", ""), ("寸法", 2, "CONTINUOUS", ""), ("注記", 7, "CONTINUOUS", ""),
@@ -290,7 +292,7 @@ def machine_part():
     insert(msp, "図枠A3", (-150, -160), values, layer="表題欄")
     msp.add_line((-90, -90), (90, -90), dxfattribs={"layer": "治具参考"})
     msp.add_arc((0, 0), 65, 30, 150, dxfattribs={"layer": "旧版"})
-    save(doc, "machine-part.dxf")
+    save(doc, "machine-part.dxf", "dos932")
 
 
 # --- Site plan -------------------------------------------------------------------------------------
@@ -334,7 +336,7 @@ def site_plan_notes(msp):
 
 
 def site_plan():
-    doc = new_drawing("R2018", "ANSI_932")
+    doc = new_drawing("R2018")
     doc.header["$INSUNITS"] = 6
     add_layers(doc, [
         ("敷地境界線", 1, "一点鎖線", ""), ("等高線", 33, "CONTINUOUS", ""), ("建物", 7, "CONTINUOUS", ""),
