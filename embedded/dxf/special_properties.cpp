@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -76,10 +77,11 @@ EditId writeContent(DxfStorage& storage, Record record, const std::string& conte
 }
 
 struct Direction {
-  bool hasX = false, hasY = false, hasZ = false;
-  Group x, y, z;
-  bool hasAngle = false, angleLast = false;
-  Group angle;
+  std::optional<Group> x, y, z;  // groups 11, 21, 31
+  std::optional<Group> angle;    // group 50
+  bool angleLast = false;        // of vector and angle the later one counts
+  // From 2018 on an embedded object says the direction again, in its groups 10, 20, 30, and readers take it.
+  std::optional<Group> embeddedX, embeddedY, embeddedZ;
 };
 
 Direction findDirection(std::string_view bytes, const Dialect& dialect) {
@@ -87,33 +89,47 @@ Direction findDirection(std::string_view bytes, const Dialect& dialect) {
   forEachMTextGroup(bytes, dialect, [&](const Group& group) {
     switch (group.code) {
       case 11:
-        found.hasX = true, found.x = group, found.angleLast = false;
+        found.x = group;
+        found.angleLast = false;
         break;
       case 21:
-        found.hasY = true, found.y = group;
+        found.y = group;
         break;
       case 31:
-        found.hasZ = true, found.z = group;
+        found.z = group;
         break;
       case 50:
-        found.hasAngle = found.angleLast = true, found.angle = group;
+        found.angle = group;
+        found.angleLast = true;
         break;
       default:
         break;
     }
   });
+  RegionCursor cursor(bytes, dialect);
+  while (cursor.next()) {
+    if (cursor.region() != Region::kEmbedded) continue;
+    const Group& group = cursor.group();
+    if (group.code == 10 && !found.embeddedX) found.embeddedX = group;
+    if (group.code == 20 && !found.embeddedY) found.embeddedY = group;
+    if (group.code == 30 && !found.embeddedZ) found.embeddedZ = group;
+  }
   return found;
+}
+
+double degreesOf(const Group& xGroup, const std::optional<Group>& yGroup, const Dialect& dialect) {
+  const double x = realValue(xGroup, dialect).value_or(1);
+  const double y = yGroup ? realValue(*yGroup, dialect).value_or(0) : 0;
+  return std::atan2(y, x) * 180 / std::numbers::pi;
 }
 
 StoredValue readDirection(std::string_view bytes, const Dialect& dialect) {
   const Direction found = findDirection(bytes, dialect);
-  if (found.hasX && !found.angleLast) {
-    const double x = realValue(found.x, dialect).value_or(1);
-    const double y = found.hasY ? realValue(found.y, dialect).value_or(0) : 0;
-    return std::atan2(y, x) * 180 / std::numbers::pi;
+  if (found.x && !found.angleLast) return degreesOf(*found.x, found.y, dialect);
+  if (found.angle) {
+    if (const auto angle = realValue(*found.angle, dialect)) return *angle;
   }
-  if (!found.hasAngle) return {};
-  if (const auto angle = realValue(found.angle, dialect)) return *angle;
+  if (found.embeddedX) return degreesOf(*found.embeddedX, found.embeddedY, dialect);
   return {};
 }
 
@@ -127,22 +143,24 @@ EditId writeDirection(DxfStorage& storage, Record record, double degrees) {
   const double present = std::holds_alternative<double>(old) ? std::get<double>(old) : 0;
   if (present == degrees) return record.edits;
   const Direction found = findDirection(bytes, dialect);
-  if (!found.hasX && !found.hasAngle) {
-    GroupWriter writer(dialect);
-    writer.real(50, degrees);
-    return storage.withGroups(record, locate(bytes, dialect, kContent).insertAt, writer.bytes());
-  }
   const double radians = degrees * std::numbers::pi / 180;
+  const double x = snapped(std::cos(radians)), y = snapped(std::sin(radians));
   std::vector<std::pair<Group, double>> changes;
-  if (found.hasX) changes.emplace_back(found.x, snapped(std::cos(radians)));
-  if (found.hasY) changes.emplace_back(found.y, snapped(std::sin(radians)));
-  if (found.hasZ) changes.emplace_back(found.z, 0.0);
-  if (found.hasAngle) changes.emplace_back(found.angle, degrees);
+  const auto change = [&](const std::optional<Group>& group, double value) {
+    if (group) changes.emplace_back(*group, value);
+  };
+  change(found.x, x), change(found.y, y), change(found.z, 0.0);
+  change(found.embeddedX, x), change(found.embeddedY, y), change(found.embeddedZ, 0.0);
+  change(found.angle, degrees);
   std::ranges::sort(changes, [](const auto& a, const auto& b) { return a.first.begin > b.first.begin; });
   for (const auto& [group, value] : changes) {
+    if (realValue(group, dialect) == value) continue;
     record.edits = storage.withValue(record, group, realBytes(dialect, value));
   }
-  return record.edits;
+  if (found.x || found.angle) return record.edits;
+  GroupWriter writer(dialect);
+  writer.real(50, degrees);
+  return storage.withGroups(record, locate(bytes, dialect, kContent).insertAt, writer.bytes());
 }
 
 // The first group of a code in an application's extended data.

@@ -92,6 +92,8 @@ const Change kChanges[] = {
     {MTEXT_HEAD "|1 a|75 1|50 12.0", Property::kRotation, 30.0, MTEXT_HEAD "|1 a|50 30.0|75 1|50 12.0"},
     {MTEXT_HEAD "|1 a|11 1.0|21 0.0|31 0.0", Property::kRotation, 180.0,
      MTEXT_HEAD "|1 a|11 -1.0|21 0.0|31 0.0"},
+    {MTEXT_HEAD "|1 a|101 Embedded Object|70 1|10 1.0|20 0.0|30 0.0|11 5.0|21 6.0", Property::kRotation,
+     180.0, MTEXT_HEAD "|1 a|50 180.0|101 Embedded Object|70 1|10 -1.0|20 0.0|30 0.0|11 5.0|21 6.0"},
     {MTEXT_HEAD "|3 one |3 two |1 three|7 ROMANS", Property::kTextString, L"four",
      MTEXT_HEAD "|1 four|7 ROMANS"},
     {MTEXT_HEAD "|1 a|101 Embedded Object|40 1.0", Property::kTextHeight, 5.0,
