@@ -61,7 +61,7 @@ void setDimensionVariables(RunState& run) {
     const int row = findDimensionVariable(name);
     if (row < 0) continue;
     if (!setVariable(dimensionCatalogue()[static_cast<std::size_t>(row)], value)) {
-      run.problems.addNote(name, value, Refusal::kOther, 1);
+      run.problems.addNote(name, value, RefusalReason::kOther, 1);
     }
   }
 }

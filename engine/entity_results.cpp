@@ -104,7 +104,7 @@ void countRefusal(RefusalCounts& counts, Status status) {
 void reportCounts(ProblemSink& sink, const std::wstring& kind, const std::wstring& value,
                   const RefusalCounts& counts) {
   for (std::size_t i = 0; i < counts.size(); ++i) {
-    if (counts[i] > 0) sink.addNote(kind, value, static_cast<Refusal>(i), counts[i]);
+    if (counts[i] > 0) sink.addNote(kind, value, static_cast<RefusalReason>(i), counts[i]);
   }
 }
 

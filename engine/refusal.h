@@ -6,18 +6,18 @@
 
 namespace kiv {
 
-inline Refusal refusalOf(Acad::ErrorStatus status) {
+inline RefusalReason refusalOf(Acad::ErrorStatus status) {
   switch (status) {
     case Acad::eKeyNotFound:
     case Acad::eUndefinedLineType:
     case Acad::eNullObjectId:
-      return Refusal::kNoSuchName;
+      return RefusalReason::kNoSuchName;
     case Acad::eNotApplicable:
-      return Refusal::kNotInThisVersion;
+      return RefusalReason::kNotInThisVersion;
     case Acad::eInvalidInput:
-      return Refusal::kBadValue;
+      return RefusalReason::kBadValue;
     default:
-      return Refusal::kOther;
+      return RefusalReason::kOther;
   }
 }
 

@@ -6,7 +6,7 @@
 
 namespace kiv {
 
-enum class Refusal { kOther, kNoSuchName, kNotInThisVersion, kBadValue };
+enum class RefusalReason { kOther, kNoSuchName, kNotInThisVersion, kBadValue };
 inline constexpr int kRefusalCount = 4;
 
 class ProblemSink {
@@ -16,7 +16,7 @@ class ProblemSink {
   virtual void addProblem(const std::wstring& text) = 0;
   // `count` objects refused a result: not a problem of the log. The sink adds up equal notes. `kind` is the
   // item's key or a dimension variable's name.
-  virtual void addNote(const std::wstring& kind, const std::wstring& value, Refusal reason, int count) = 0;
+  virtual void addNote(const std::wstring& kind, const std::wstring& value, RefusalReason reason, int count) = 0;
 };
 
 struct RunParameters {

@@ -36,15 +36,15 @@ KivRunEnd endOf(const RunReport* report) {
   return kKivNeverRun;
 }
 
-KivNoteReason reasonOf(Refusal refusal) {
+KivNoteReason reasonOf(RefusalReason refusal) {
   switch (refusal) {
-    case Refusal::kNoSuchName:
+    case RefusalReason::kNoSuchName:
       return kKivNoSuchName;
-    case Refusal::kNotInThisVersion:
+    case RefusalReason::kNotInThisVersion:
       return kKivNotInThisVersion;
-    case Refusal::kBadValue:
+    case RefusalReason::kBadValue:
       return kKivBadValue;
-    case Refusal::kOther:
+    case RefusalReason::kOther:
       break;
   }
   return kKivRefused;

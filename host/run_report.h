@@ -11,7 +11,7 @@ namespace kiv {
 
 struct ReportedNote {
   std::wstring kind, value;
-  Refusal reason;
+  RefusalReason reason;
   int count;
 };
 
@@ -21,7 +21,7 @@ class RunReport : public ProblemSink {
   explicit RunReport(ConversionLog* log) : log_(log) {}
 
   void addProblem(const std::wstring& text) override;
-  void addNote(const std::wstring& kind, const std::wstring& value, Refusal reason, int count) override;
+  void addNote(const std::wstring& kind, const std::wstring& value, RefusalReason reason, int count) override;
 
   void finish(const RunOutcome& outcome, std::wstring drawing);
 

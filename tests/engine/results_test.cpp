@@ -8,7 +8,7 @@ namespace {
 
 using namespace engine_test;
 using cad::Property;
-using kiv::Refusal;
+using kiv::RefusalReason;
 
 constexpr std::uint64_t kEverything[] = {kText, kMText, kAttdef, kDimension, kLeader, kHatch, kInsert, kLine};
 
@@ -62,7 +62,7 @@ TEST_F(Results, LayerThatDoesNotExistIsRefused) {
   for (const Note& note : sink_.notes) {
     EXPECT_EQ(note.kind, L"画層");
     EXPECT_EQ(note.value, L"NO-l");
-    EXPECT_EQ(note.reason, Refusal::kNoSuchName);
+    EXPECT_EQ(note.reason, RefusalReason::kNoSuchName);
   }
   EXPECT_TRUE(sink_.problems.empty());
 }
@@ -115,7 +115,7 @@ TEST_F(Results, TextStyle) {
 TEST_F(Results, UnknownTextStyleIsRefusedByTextsOnly) {
   setAll(L"字体", L"NONE");
   ASSERT_EQ(sink_.notes.size(), 1U);
-  EXPECT_EQ(sink_.notes[0], (Note{L"字体", L"NONE", Refusal::kNoSuchName, 3}));
+  EXPECT_EQ(sink_.notes[0], (Note{L"字体", L"NONE", RefusalReason::kNoSuchName, 3}));
 }
 
 TEST_F(Results, TextHeight) {
@@ -138,8 +138,8 @@ TEST_F(Results, TextHeightByFactor) {
 TEST_F(Results, BadTextHeightIsRefused) {
   run({{L"文字", L"[***]\n{\n[文字高さ] = -1\n[文字幅高比] = 0\n}"}});
   EXPECT_DOUBLE_EQ(real(kText, Property::kTextHeight), 3.5);
-  EXPECT_EQ(sink_.notes, (std::vector<Note>{{L"文字高さ", L"-1", Refusal::kBadValue, 3},
-                                            {L"文字幅高比", L"0", Refusal::kBadValue, 2}}));
+  EXPECT_EQ(sink_.notes, (std::vector<Note>{{L"文字高さ", L"-1", RefusalReason::kBadValue, 3},
+                                            {L"文字幅高比", L"0", RefusalReason::kBadValue, 2}}));
 }
 
 TEST_F(Results, TextAngleAndWidthFactor) {
@@ -176,9 +176,9 @@ TEST_F(Results, DimensionVariablesOfTheWrongFormAreNotes) {
   run({{L"寸法",
         L"[***]\n{\n[DIMTAD] = ABC\n[DIMBLK] = _DOT\n[DIMTXSTY] = NONE\n[DIMSHO] = 1\n[DIMDSEP] = ab\n}"}});
   ASSERT_EQ(sink_.notes.size(), 5U);
-  EXPECT_EQ(sink_.notes[0], (Note{L"DIMTAD", L"ABC", Refusal::kBadValue, 1}));
-  EXPECT_EQ(sink_.notes[1], (Note{L"DIMBLK", L"_DOT", Refusal::kBadValue, 1}));
-  EXPECT_EQ(sink_.notes[2], (Note{L"DIMTXSTY", L"NONE", Refusal::kNoSuchName, 1}));
+  EXPECT_EQ(sink_.notes[0], (Note{L"DIMTAD", L"ABC", RefusalReason::kBadValue, 1}));
+  EXPECT_EQ(sink_.notes[1], (Note{L"DIMBLK", L"_DOT", RefusalReason::kBadValue, 1}));
+  EXPECT_EQ(sink_.notes[2], (Note{L"DIMTXSTY", L"NONE", RefusalReason::kNoSuchName, 1}));
   EXPECT_EQ(sink_.notes[3].kind, L"DIMSHO");
   EXPECT_EQ(sink_.notes[4].kind, L"DIMDSEP");
   EXPECT_EQ(savedBytes(), before_);
@@ -187,7 +187,7 @@ TEST_F(Results, DimensionVariablesOfTheWrongFormAreNotes) {
 TEST_F(Results, ColourOutOfRangeIsRefused) {
   run({{L"文字", L"[***]\n{\n[色] = 65538\n}"}});
   EXPECT_EQ(color(kText), 2);
-  EXPECT_EQ(sink_.notes, (std::vector<Note>{{L"色", L"65538", Refusal::kBadValue, 4}}));
+  EXPECT_EQ(sink_.notes, (std::vector<Note>{{L"色", L"65538", RefusalReason::kBadValue, 4}}));
 }
 
 }  // namespace

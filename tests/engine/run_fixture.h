@@ -25,7 +25,7 @@ std::string drawing(std::string_view entities, std::string_view blocks = "");
 
 struct Note {
   std::wstring kind, value;
-  kiv::Refusal reason;
+  kiv::RefusalReason reason;
   int count;
   bool operator==(const Note&) const = default;
 };
@@ -33,7 +33,7 @@ struct Note {
 class Problems : public kiv::ProblemSink {
  public:
   void addProblem(const std::wstring& text) override { problems.push_back(text); }
-  void addNote(const std::wstring& kind, const std::wstring& value, kiv::Refusal reason, int count) override {
+  void addNote(const std::wstring& kind, const std::wstring& value, kiv::RefusalReason reason, int count) override {
     notes.push_back({kind, value, reason, count});
   }
   std::vector<std::wstring> problems;
