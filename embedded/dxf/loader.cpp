@@ -65,6 +65,7 @@ using Loaded = base::Result<std::unique_ptr<Drawing>>;
 Loaded assemble(std::unique_ptr<SourceBytes> source) {
   const std::string_view bytes = source->view();
   if (bytes.empty()) return base::Failure{{}, L"The file is empty"};
+  if (bytes.starts_with("AC1")) return base::Failure{{}, L"This is a DWG drawing; only DXF can be read yet"};
   const bool mark = bytes.starts_with(kByteOrderMark);
   const std::size_t start = mark ? kByteOrderMark.size() : 0;
   const bool binary = bytes.starts_with(kBinarySentinel);
