@@ -8,7 +8,7 @@ constexpr char kEndOfFile = 26;
 }  // namespace
 
 std::vector<TextLine> textLines(std::string_view bytes) {
-  while (!bytes.empty() && bytes.back() == kEndOfFile) bytes.remove_suffix(1);
+  bytes = bytes.substr(0, bytes.find(kEndOfFile));
   std::vector<TextLine> lines;
   while (!bytes.empty()) {
     // In the code page no second byte of a character is a line end, so bytes can be cut before decoding.

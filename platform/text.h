@@ -18,7 +18,8 @@ struct TextLine {
   bool clean = true;  // false: some bytes are not text of the code page; U+FFFD stands for them
 };
 
-// Lines end with LF or CR LF; the last may lack its end. A trailing end-of-file character (26) is no text.
+// Lines end with LF or CR LF; the last may lack its end. The text ends at the first
+// end-of-file character (26), as in text files of the system that these files come from.
 std::vector<TextLine> textLines(std::string_view bytes);
 
 std::wstring decodeText(std::string_view bytes);

@@ -6,7 +6,9 @@ namespace kiv {
 namespace {
 
 TEST(Text, LinesOfAnyEnding) {
-  const auto lines = textLines("a\r\n\r\n\x89\xe6\nlast\x1a");
+  const auto lines = textLines(
+      "a\r\n\r\n\x89\xe6\nlast\x1a"
+      "behind\n\x1a");
   ASSERT_EQ(lines.size(), 4U);
   EXPECT_EQ(lines[0].text, L"a");
   EXPECT_EQ(lines[1].text, L"");
