@@ -1,5 +1,7 @@
 #include <dlfcn.h>
 
+#include <system_error>
+
 #include "base/files.h"
 #include "platform/module_loader.h"
 
@@ -36,7 +38,9 @@ fs::path ownFolder() {
 std::unique_ptr<SiblingModule> SiblingModule::load(const wchar_t* fileName) {
   const fs::path beside = base::findIgnoringCase(ownFolder(), fileName);
   // Without a separator the system would search its library folders only.
-  const fs::path file = beside.empty() ? base::pathFromText(fileName) : fs::absolute(beside);
+  std::error_code error;
+  fs::path file = beside.empty() ? base::pathFromText(fileName) : fs::absolute(beside, error);
+  if (error) file = fs::path(".") / beside;
   void* handle = ::dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
   return handle ? std::make_unique<SharedObject>(handle) : nullptr;
 }
