@@ -37,12 +37,10 @@ std::optional<std::wstring> defaultSpecificationName(const std::wstring& folder,
 
 base::Status writeDefaultSpecificationName(const std::wstring& folder, std::wstring_view path) {
   const PathParts parts = splitPath(path);
-  const std::wstring name = path.empty() ? kUnnamedSpecification : parts.name + parts.extension;
+  const std::wstring name = path.empty() ? std::wstring() : parts.name + parts.extension;
   const std::filesystem::path file = base::pathFromText(folder + kInitialFileName);
-  const base::Encoded encoded = encodeText(name + L"\n");
-  if (!encoded.clean) {
-    return base::Failure{base::pathText(file), L"code page 932 does not have: " + unwritableCharacters(name)};
-  }
+  base::Encoded encoded = encodeText(name + L"\n");
+  if (name.empty() || !encoded.clean) encoded = encodeText(std::wstring(kUnnamedSpecification) + L"\n");
   return base::writeFileAtomically(file, encoded.bytes);
 }
 

@@ -28,8 +28,8 @@ std::wstring configurationFolder(const HostFileLookup& lookup);
 std::optional<std::wstring> defaultSpecificationName(const std::wstring& folder,
                                                      const HostFileLookup& lookup);
 
-// `path`: the specification's full path, or empty when there is no default. The interactive command
-// ignores a failure.
+// `path`: the specification's full path, or empty when there is no default. A name that the file cannot
+// hold counts as no default. The interactive command ignores a failure.
 base::Status writeDefaultSpecificationName(const std::wstring& folder, std::wstring_view path);
 
 }  // namespace kiv

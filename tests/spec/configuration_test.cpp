@@ -31,6 +31,8 @@ TEST_F(Configuration, DefaultSpecificationWrittenAndReadBack) {
   EXPECT_EQ(defaultSpecificationName(folder, lookup), L"標準.cvt");
   ASSERT_TRUE(writeDefaultSpecificationName(folder, L"").ok());
   EXPECT_EQ(defaultSpecificationName(folder, lookup), L"Unnamed");
+  ASSERT_TRUE(writeDefaultSpecificationName(folder, L"/some/where/한.cvt").ok());
+  EXPECT_EQ(content("KivCvtInit.dat"), "Unnamed\r\n");
   makeText("KivCvtInit.dat", L" a.cvt \t\r\nsecond");
   EXPECT_EQ(defaultSpecificationName(folder, lookup), L" a.cvt");
   EXPECT_EQ(defaultSpecificationName(folder, answering(std::nullopt)), std::nullopt);
