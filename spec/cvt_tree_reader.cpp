@@ -30,7 +30,9 @@ void fill(Specification& specification, int number, const CvtSection& section) {
 TreeLoad loadSpecification(const std::filesystem::path& folder, std::wstring_view fileName) {
   TreeLoad load;
   load.specification.fileName = fileName;
-  const auto parsed = parseCvtFile(folder / base::pathFromText(fileName));
+  std::filesystem::path file = base::findIgnoringCase(folder, fileName);
+  if (file.empty()) file = folder / base::pathFromText(fileName);
+  const auto parsed = parseCvtFile(file);
   if (!parsed.ok()) return load;
   load.specification.remark = parsed.value().remark;
   load.linesExamined = parsed.value().linesExamined();
