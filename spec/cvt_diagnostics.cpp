@@ -10,7 +10,7 @@ std::wstring diagnosticReason(const CvtDiagnostic& diagnostic) {
     case CvtProblem::kNoKey:
       return L"not of the form [key] = value or [key] <> value; the line is dropped";
     case CvtProblem::kWrongFieldCount:
-      return L"wrong number of fields (" + diagnostic.detail + L")";
+      return L"wrong number of fields (" + diagnostic.detail + L"); no layer is created";
     case CvtProblem::kLineTooLong:
       return L"longer than 255 characters; read as several lines";
     case CvtProblem::kOutsideSections:
@@ -41,6 +41,10 @@ std::wstring diagnosticReason(const CvtDiagnostic& diagnostic) {
              (diagnostic.detail.empty() ? std::wstring() : L" (it looks like " + diagnostic.detail + L")");
     case CvtProblem::kUnknownVariable:
       return L"unknown dimension variable " + quoted + L"; it sets nothing";
+    case CvtProblem::kExtraOrMissingFields:
+      return L"extra or missing fields (" + diagnostic.detail + L" in all)";
+    case CvtProblem::kNotAResult:
+      return L"key " + quoted + L" cannot be a result; the line is dropped";
   }
   return {};
 }
@@ -51,8 +55,11 @@ bool dropsText(CvtProblem problem) {
     case CvtProblem::kSectionNotEnded:
     case CvtProblem::kBadBytes:
     case CvtProblem::kNoEndOfFile:
+    case CvtProblem::kNoEffect:
     case CvtProblem::kAmbiguousValue:
     case CvtProblem::kMatchesEverything:
+    case CvtProblem::kUnknownVariable:
+    case CvtProblem::kExtraOrMissingFields:
       return false;
     default:
       return true;

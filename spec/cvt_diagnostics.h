@@ -11,7 +11,7 @@ namespace kiv {
 enum class CvtProblem {
   kUnknownKey = 1,          // neither an item key nor a dimension variable: the line adds nothing
   kNoKey = 2,               // no "]", or neither "=" nor "<>" after it: the line adds nothing
-  kWrongFieldCount = 3,     // a list line whose number of fields makes no entry, or an incomplete one
+  kWrongFieldCount = 3,     // a layer to create with neither three nor nine fields: no entry
   kLineTooLong = 4,         // more than 255 characters: read as several lines
   kOutsideSections = 5,     // text before, between or behind the sections
   kSectionNotEnded = 6,     // no end marker
@@ -19,13 +19,15 @@ enum class CvtProblem {
   kBadBytes = 8,            // bytes that are not text of the file's code page
   kAfterEmptyLine = 9,      // an empty line ended the list; this entry is lost
   kNoEndOfFile = 10,        // no [EOF]
-  kNoEffect = 11,           // the item kind does nothing in this section
+  kNoEffect = 11,           // the item is kept, but its kind does nothing in this section
   kAmbiguousValue = 12,     // the value holds "<", ">" or ","
   kNoSetting = 13,          // a result that belongs to no setting: the line adds nothing
   kMatchesEverything = 14,  // no condition of the setting was understood: it applies to all objects
   kUnknownSection = 15,     // a section of another name is ignored with its lines
   kNotText = 16,            // the file looks like UTF-8 or UTF-16, or is not a specification at all
-  kUnknownVariable = 17,    // a list line that names no known dimension variable: it sets nothing
+  kUnknownVariable = 17,    // a list line that names no known dimension variable: kept, but it sets nothing
+  kExtraOrMissingFields = 18,  // a list line of another number of fields: an entry all the same
+  kNotAResult = 19,            // a kind that is a condition only: the line adds nothing
 };
 
 struct CvtDiagnostic {
@@ -38,7 +40,7 @@ struct CvtDiagnostic {
 // One English sentence without the line number.
 std::wstring diagnosticReason(const CvtDiagnostic& diagnostic);
 
-// True when text of the file has no effect on a conversion; false for mere warnings.
+// True when the line adds nothing to the specification; false for mere warnings.
 bool dropsText(CvtProblem problem);
 
 using CvtDiagnostics = std::vector<CvtDiagnostic>;

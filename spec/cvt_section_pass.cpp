@@ -122,15 +122,18 @@ bool CvtSectionPass::readItem(const CvtLine& line, bool asResult, Item& item) {
   item.variable = meaning->variable;
   item.value = item.kind == kColorKind ? colorText(colorNumberOfFileText(parts.value)) : parts.value;
   item.inverted = !asResult && isInvertedLine(line.folded);
+  anyItem_ = true;
+  // A text list cannot be written to an object. Its line alone is dropped; the setting stays.
+  if (asResult && item.kind == kTextListKind) {
+    report(CvtProblem::kNotAResult, line, item.key());
+    return false;
+  }
   const bool nameless = item.kind == kVariableKind && item.variable.empty();
   if (nameless || !hasEffect(item.kind, info_.number, asResult))
     report(CvtProblem::kNoEffect, line, item.key());
-  // A text list cannot be written to an object, so it is not a result at all.
-  if (asResult && item.kind == kTextListKind) return false;
   if (parts.value.find_first_of(L"<>,") != parts.value.npos) {
     report(CvtProblem::kAmbiguousValue, line, parts.value);
   }
-  anyItem_ = true;
   return true;
 }
 
@@ -159,7 +162,7 @@ void CvtSectionPass::takeListLine(const CvtLine& line) {
   const bool assigned = assignment && fields[0].find(L'=') != std::wstring::npos;
   const size_t most = info_.number == kFontSection ? 3 : 2;
   const bool complete = given >= 2 && given <= most && !fields[0].empty() && !fields[1].empty();
-  if (!complete && !assigned) report(CvtProblem::kWrongFieldCount, line, std::to_wstring(given));
+  if (!complete && !assigned) report(CvtProblem::kExtraOrMissingFields, line, std::to_wstring(given));
   if (info_.number == kDimensionSettingSection) {
     const std::wstring name(base::trim(assigned ? fields[0].substr(0, fields[0].find(L'=')) : fields[0]));
     if (findDimensionVariable(name) < 0) report(CvtProblem::kUnknownVariable, line, name);

@@ -24,7 +24,7 @@ TEST(CvtDiagnostics, EachFaultWithItsLine) {
   EXPECT_EQ(numbered(L"[文字]\n[X]=1\n[画層]=a\n{\nfoo\n[Y]=1\n}\n---End---\n[EOF]\n"), "1:2 2:5 1:6");
   EXPECT_EQ(numbered(L"[文字]\n{\n[色]=1\n}\n---End---\n[EOF]\n"), "13:3");
   EXPECT_EQ(numbered(L"[画層の作成]\nA,1\nB,1,X\n---End---\n[EOF]\n"), "3:2");
-  EXPECT_EQ(numbered(L"[線種のﾛｰﾄﾞ]\nA.LIN\nA.LIN,B,C\n---End---\n[EOF]\n"), "3:2 3:3");
+  EXPECT_EQ(numbered(L"[線種のﾛｰﾄﾞ]\nA.LIN\nA.LIN,B,C\n---End---\n[EOF]\n"), "18:2 18:3");
   EXPECT_EQ(numbered(L"[線種のﾛｰﾄﾞ]\nA.LIN,A\n\nB.LIN,B\n\nC.LIN,C\n---End---\n[EOF]\n"), "9:4 9:6");
   EXPECT_EQ(numbered(L"hello\n[文字]\n---End---\nbye\n[EOF]\nafter\n"), "5:1 5:4 5:6");
   EXPECT_EQ(numbered(L"[文字]\n---End---\n[文字]\n[画層]=a\n---End---\n[EOF]\n"), "7:3");
@@ -36,11 +36,28 @@ TEST(CvtDiagnostics, EachFaultWithItsLine) {
 
 TEST(CvtDiagnostics, LinesThatProbablyDoNotDoWhatIsMeant) {
   EXPECT_EQ(numbered(L"[文字]\n[画層]=a\n{\n[ロック]=ON\n[文字一致のリスト]=A.LIST\n}\n---End---\n[EOF]\n"),
-            "11:4 11:5");
+            "11:4 19:5");
   EXPECT_EQ(numbered(L"[画層の色･線種]\n[画層]=a\n[文字高さ]=1\n---End---\n[EOF]\n"), "11:3");
   EXPECT_EQ(numbered(L"[文字]\n[画層]=a,b\n---End---\n[EOF]\n"), "12:2");
   EXPECT_EQ(numbered(L"[文字]\n[画層]=a\n{\n[色]=1\n}\n[X]=1\n{\n[色]=1\n}\n---End---\n[EOF]\n"), "1:6 14:6");
   EXPECT_EQ(numbered(L"[文字]\n[画層]=" + std::wstring(300, L'x') + L"\n---End---\n[EOF]\n"), "4:2 2:2");
+}
+
+TEST(CvtDiagnostics, OnlyLinesThatAddNothingAreDropped) {
+  const ParsedCvt parsed = parseCvt(
+      base::encode(
+          L"[文字]\n[画層]=a\n{\n[ロック]=ON\n[文字一致のリスト]=A.LIST\n}\n---End---\n[寸法設定]\nDIMFOO, "
+          L"1\n---End---\n[画層の作成]\nA,1\n---End---\n[線種のﾛｰﾄﾞ]\nA.LIN\n---End---\n[EOF]\n",
+          base::kJapanese)
+          .bytes);
+  std::vector<int> dropped;
+  for (const CvtDiagnostic& diagnostic : parsed.diagnostics) {
+    if (dropsText(diagnostic.problem)) dropped.push_back(diagnostic.line);
+  }
+  EXPECT_EQ(parsed.diagnostics.size(), 5U);
+  EXPECT_EQ(dropped, (std::vector<int>{5, 12}));
+  EXPECT_EQ(parsed.sections[0].settings[0].results.size(), 1U);
+  EXPECT_EQ(parsed.sections[7].entries.size(), 1U);
 }
 
 TEST(CvtDiagnostics, BytesAndFilesOfOtherEncodings) {

@@ -31,6 +31,13 @@ TEST_F(CvtTreeReader, LoadsTheSample) {
   EXPECT_EQ(load.specification.entries(8)[0].fields, (std::vector<std::wstring>{L"DASHED", L"SAMPLE.LIN"}));
 }
 
+TEST_F(CvtTreeReader, TheCaseOfAFileNameDoesNotCount) {
+  makeText("Plan.cvt", testing::kSampleText);
+  const TreeLoad load = loadSpecification(folder_, L"PLAN.CVT");
+  EXPECT_EQ(load.linesExamined, 15);
+  EXPECT_EQ(load.specification.fileName, L"PLAN.CVT");
+}
+
 TEST_F(CvtTreeReader, AMissingFileLeavesTenEmptySections) {
   const TreeLoad load = loadSpecification(folder_, L"None.cvt");
   EXPECT_EQ(load.linesExamined, 0);
@@ -102,6 +109,14 @@ TEST(CvtReader, AFirstWildcardSettingStaysUntilAnUnknownResult) {
   EXPECT_EQ(texts(parse(L"[文字]\n[***]\n---End---\n[EOF]\n")).size(), 1U);
   EXPECT_TRUE(texts(parse(L"[文字]\n[***]\n{\n[X]=1\n[色]=1\n}\n---End---\n[EOF]\n")).empty());
   EXPECT_EQ(texts(parse(L"[文字]\n[***]\n{\n[色]=1\n[X]=1\n}\n---End---\n[EOF]\n")).size(), 1U);
+}
+
+TEST(CvtReader, ATextListAmongTheResultsDropsItsLineOnly) {
+  const auto parsed =
+      parse(L"[文字]\n[***]\n{\n[文字一致のリスト] = A.LIST\n[色] = 3\n}\n---End---\n[EOF]\n");
+  ASSERT_EQ(texts(parsed).size(), 1U);
+  ASSERT_EQ(texts(parsed)[0].results.size(), 1U);
+  EXPECT_EQ(texts(parsed)[0].results[0].value, L"3:緑");
 }
 
 TEST(CvtReader, InversionIsLookedForInTheWholeLine) {
