@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 
 #include "acdbads.h"
 #include "base/fold.h"
@@ -69,18 +70,33 @@ resbuf* listOf(const Drawing& drawing, const TableName& table, RecordId record) 
   return list.chain().release();
 }
 
+const TableName* findTable(const ACHAR* table) {
+  if (table == nullptr) return nullptr;
+  const auto found = std::find_if(std::begin(kTables), std::end(kTables),
+                                  [&](const TableName& each) { return base::equalFolded(each.name, table); });
+  return found == std::end(kTables) ? nullptr : found;
+}
+
 }  // namespace
 }  // namespace cad
 
 resbuf* acdbTblSearch(const ACHAR* table, const ACHAR* name, int) {
   cad::Document* document = cad::hostState().documents.current();
-  if (document == nullptr || table == nullptr || name == nullptr) return nullptr;
-  for (const cad::TableName& each : cad::kTables) {
-    if (!base::equalFolded(each.name, table)) continue;
-    const cad::RecordId record = document->drawing().find(each.table, name);
-    return record == cad::kNoRecord ? nullptr : cad::listOf(document->drawing(), each, record);
-  }
-  return nullptr;
+  const cad::TableName* found = cad::findTable(table);
+  if (document == nullptr || found == nullptr || name == nullptr) return nullptr;
+  const cad::RecordId record = document->drawing().find(found->table, name);
+  return record == cad::kNoRecord ? nullptr : cad::listOf(document->drawing(), *found, record);
+}
+
+resbuf* acdbTblNext(const ACHAR* table, int rewind) {
+  static std::size_t positions[std::size(cad::kTables)] = {};
+  cad::Document* document = cad::hostState().documents.current();
+  const cad::TableName* found = cad::findTable(table);
+  if (document == nullptr || found == nullptr) return nullptr;
+  std::size_t& position = positions[found - cad::kTables];
+  if (rewind != 0) position = 0;
+  const std::vector<cad::RecordId>& records = document->drawing().tableRecords(found->table);
+  return position < records.size() ? cad::listOf(document->drawing(), *found, records[position++]) : nullptr;
 }
 
 int acdbSNValid(const ACHAR* name, int pipeTest) {

@@ -12,6 +12,9 @@ int acdbEntDel(const ads_name entity);
 // Tables: LAYER, LTYPE, VIEW, STYLE, BLOCK, UCS, DIMSTYLE, VPORT, APPID. NULL when absent. `setNext` is
 // accepted and has no effect. The caller releases the chain.
 resbuf* acdbTblSearch(const ACHAR* table, const ACHAR* name, int setNext);
+// The records of a table one after the other, in the same form; a `rewind` that is not 0 begins anew. NULL
+// after the last one. The caller releases the chain.
+resbuf* acdbTblNext(const ACHAR* table, int rewind);
 // RTNORM when the text may name a table record: none of < > / \ " : ; ? * , = ` and, unless `pipeTest`
 // allows it inside, |.
 int acdbSNValid(const ACHAR* name, int pipeTest);
