@@ -136,7 +136,7 @@ PreparedResult EntityResults::prepare(const ResultItem& item) const {
       result.number = radians(leadingReal(item.value));
       break;
     case kLineweightKind:
-      result.integer = lineWeightStep(lineWeightNumber(item.value));
+      result.integer = lineWeightResult(item.value);
       break;
     case kTransparencyKind:
       result.transparency = hostTransparency(transparencyValue(item.value));

@@ -106,7 +106,7 @@ Acad::ErrorStatus setLayerProperty(AcDbLayerTableRecord& layer, int kind, const 
     case kLinetypeKind:
       return setLinetype(layer, value, database);
     case kLineweightKind:
-      return layer.setLineWeight(static_cast<AcDb::LineWeight>(lineWeightStep(lineWeightNumber(value))));
+      return layer.setLineWeight(static_cast<AcDb::LineWeight>(lineWeightResult(value)));
     case kTransparencyKind:
       return layer.setTransparency(hostTransparency(transparencyValue(value)));
     case kVisibilityKind:

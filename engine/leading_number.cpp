@@ -18,6 +18,7 @@ std::string numberPart(std::wstring_view text) {
   if (i < text.size() && (text[i] == L'+' || text[i] == L'-')) {
     if (text[i] == L'-') part.push_back('-');
     ++i;
+    if (i < text.size() && (text[i] == L'+' || text[i] == L'-')) return {};
   }
   for (; i < text.size(); ++i) {
     const wchar_t c = text[i];

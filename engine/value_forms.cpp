@@ -18,21 +18,33 @@ constexpr int kDefault = -3;
 constexpr std::array kSteps = {0,  5,  9,  13, 15, 18,  20,  25,  30,  35,  40,  50,
                                53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
 
-}  // namespace
-
-int lineWeightNumber(std::wstring_view text) {
+std::optional<int> lineWeightOfWord(std::wstring_view text) {
   if (base::equalFolded(text, L"Default")) return kDefault;
   if (base::equalFolded(text, L"ByBlock")) return kByBlock;
   if (base::equalFolded(text, L"ByLayer")) return kByLayer;
+  return std::nullopt;
+}
+
+bool isStep(int number) { return std::find(kSteps.begin(), kSteps.end(), number) != kSteps.end(); }
+
+}  // namespace
+
+int lineWeightNumber(std::wstring_view text) {
+  if (const auto word = lineWeightOfWord(text)) return *word;
   std::wstring digits(text);
   // The reader upper-cases what it reads, so the unit can come as "MM" too.
   std::erase_if(digits, [](wchar_t c) { return c == L'm' || c == L'M' || c == L'.'; });
   return leadingInteger(digits);
 }
 
-int lineWeightStep(int number) {
-  const bool isStep = std::find(kSteps.begin(), kSteps.end(), number) != kSteps.end();
-  return isStep || number == kByLayer || number == kByBlock ? number : kDefault;
+bool isLineWeight(int number) {
+  return isStep(number) || number == kByLayer || number == kByBlock || number == kDefault;
+}
+
+int lineWeightResult(std::wstring_view text) {
+  if (const auto word = lineWeightOfWord(text)) return *word;
+  const int number = lineWeightNumber(text);
+  return isStep(number) ? number : kDefault;
 }
 
 Transparency transparencyValue(std::wstring_view text) {

@@ -17,11 +17,20 @@ TEST(ValueForms, LineweightsByTheirSteps) {
   EXPECT_EQ(kiv::lineWeightNumber(L"bylayer"), -1);
   EXPECT_EQ(kiv::lineWeightNumber(L"ByBlock"), -2);
   EXPECT_EQ(kiv::lineWeightNumber(L"DEFAULT"), -3);
-  EXPECT_EQ(kiv::lineWeightStep(kiv::lineWeightNumber(L"0.33 mm")), -3);
-  EXPECT_EQ(kiv::lineWeightStep(0), 0);
-  EXPECT_EQ(kiv::lineWeightStep(211), 211);
-  EXPECT_EQ(kiv::lineWeightStep(-2), -2);
-  EXPECT_EQ(kiv::lineWeightStep(-4), -3);
+  EXPECT_TRUE(kiv::isLineWeight(-1));
+  EXPECT_FALSE(kiv::isLineWeight(-4));
+  EXPECT_FALSE(kiv::isLineWeight(33));
+}
+
+TEST(ValueForms, LineweightResultsAreWordsOrSteps) {
+  EXPECT_EQ(kiv::lineWeightResult(L"0.25 mm"), 25);
+  EXPECT_EQ(kiv::lineWeightResult(L"0"), 0);
+  EXPECT_EQ(kiv::lineWeightResult(L"2.11 mm"), 211);
+  EXPECT_EQ(kiv::lineWeightResult(L"bylayer"), -1);
+  EXPECT_EQ(kiv::lineWeightResult(L"BYBLOCK"), -2);
+  for (const wchar_t* text : {L"Default", L"0.33 mm", L"-1", L"-2", L"-4"}) {
+    EXPECT_EQ(kiv::lineWeightResult(text), -3) << testing::PrintToString(text);
+  }
 }
 
 TEST(ValueForms, TransparencyByPercentageOrMethod) {
@@ -47,7 +56,7 @@ TEST(ValueForms, LeadingRealsAreReadWithoutALocale) {
   EXPECT_DOUBLE_EQ(kiv::leadingReal(L" +2.50 mm"), 2.5);
   EXPECT_DOUBLE_EQ(kiv::leadingReal(L"-.5"), -0.5);
   EXPECT_DOUBLE_EQ(kiv::leadingReal(L"1E2x"), 100);
-  for (const wchar_t* text : {L"", L"abc", L"inf", L"nan", L"-", L"２"}) {
+  for (const wchar_t* text : {L"", L"abc", L"inf", L"nan", L"-", L"+-5", L"-+5", L"２"}) {
     EXPECT_DOUBLE_EQ(kiv::leadingReal(text), 0) << testing::PrintToString(text);
     EXPECT_FALSE(kiv::startsWithNumber(text));
   }
