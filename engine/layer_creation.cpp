@@ -39,6 +39,7 @@ void createLayer(RunState& run, const std::vector<std::wstring>& fields) {
       run.problems.addProblem(layerCreationProblem(name, itemKind(kFieldKinds[i])->key, value));
     }
   }
+  switchOffAndOn(*layer.object());
 }
 
 }  // namespace

@@ -4,6 +4,9 @@
 #include <memory>
 #include <span>
 
+#include "acdbads.h"
+#include "acutads.h"
+#include "base/fold.h"
 #include "dbobjptr.h"
 #include "engine/compiled_setting.h"
 #include "engine/flat_setting.h"
@@ -16,6 +19,8 @@
 
 namespace kiv {
 namespace {
+
+constexpr short kNameGroup = 2;
 
 struct LayerResult {
   int kind;
@@ -56,6 +61,20 @@ bool passes(const LayerSetting& setting, const LayerFacts& layer) {
   return true;
 }
 
+// The host tells a record's name even while the record does not open.
+std::wstring nameInTable(const AcDbLayerTable& table, AcDbObjectId wanted) {
+  for (int rewind = 1;; rewind = 0) {
+    const std::unique_ptr<resbuf, void (*)(resbuf*)> record(acdbTblNext(L"LAYER", rewind),
+                                                            [](resbuf* chain) { acutRelRb(chain); });
+    if (record == nullptr) return {};
+    for (const resbuf* item = record.get(); item != nullptr; item = item->rbnext) {
+      AcDbObjectId id;
+      if (item->restype != kNameGroup || table.getIdAt(item->resval.rstring, id) != Acad::eOk) continue;
+      if (id == wanted) return item->resval.rstring;
+    }
+  }
+}
+
 std::vector<LayerFacts> readLayers(RunState& run) {
   std::vector<LayerFacts> layers;
   AcDbLayerTablePointer table(&run.database, AcDb::kForRead);
@@ -69,7 +88,7 @@ std::vector<LayerFacts> readLayers(RunState& run) {
     if (layer.openStatus() == Acad::eOk) {
       layers.push_back(readLayer(*layer.object()));
     } else {
-      run.problems.addProblem(layerRecordProblem(run.names.of(id).name));
+      run.problems.addProblem(layerRecordProblem(nameInTable(*table.object(), id)));
     }
   }
   return layers;
@@ -82,20 +101,25 @@ std::wstring newName(const LayerFacts& layer, const LayerSetting& setting, const
   return to;
 }
 
-void writeResult(RunState& run, AcDbLayerTableRecord& record, const LayerFacts& layer,
+// An earlier setting may have renamed the layer, so it is the present name that a new one is held against.
+bool rename(RunState& run, AcDbLayerTableRecord& record, const LayerFacts& layer, const std::wstring& name) {
+  AcString present;
+  if (record.getName(present) == Acad::eOk && base::equalFolded(present.constPtr(), name)) return false;
+  if (record.setName(name.c_str()) == Acad::eOk) return true;
+  run.problems.addProblem(layerRenameProblem(layer.name, name));
+  return false;
+}
+
+// True when the record took the result.
+bool writeResult(RunState& run, AcDbLayerTableRecord& record, const LayerFacts& layer,
                  const LayerSetting& setting, const LayerResult& result) {
-  if (result.kind == kLayerKind) {
-    const std::wstring name = newName(layer, setting, result.value);
-    if (name != layer.name && record.setName(name.c_str()) != Acad::eOk) {
-      run.problems.addProblem(layerRenameProblem(layer.name, name));
-    }
-    return;
-  }
+  if (result.kind == kLayerKind) return rename(run, record, layer, newName(layer, setting, result.value));
   const Acad::ErrorStatus status = setLayerProperty(record, result.kind, result.value, run.database);
-  if (status == Acad::eOk) return;
+  if (status == Acad::eOk) return true;
   const bool isCurrent = result.kind == kFreezeKind && status == Acad::eInvalidLayer;
   run.problems.addProblem(isCurrent ? currentLayerFreezeProblem(layer.name)
                                     : layerSettingProblem(layer.name, result.key, result.value));
+  return false;
 }
 
 void writeResults(RunState& run, const LayerFacts& layer, const LayerSetting& setting) {
@@ -104,10 +128,11 @@ void writeResults(RunState& run, const LayerFacts& layer, const LayerSetting& se
     run.problems.addProblem(layerRecordProblem(layer.name));
     return;
   }
+  bool isChanged = false;
   for (const LayerResult& result : setting.results) {
-    writeResult(run, *record.object(), layer, setting, result);
+    isChanged |= writeResult(run, *record.object(), layer, setting, result);
   }
-  switchOffAndOn(*record.object());
+  if (isChanged) switchOffAndOn(*record.object());
 }
 
 }  // namespace

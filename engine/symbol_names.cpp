@@ -7,16 +7,14 @@
 namespace kiv {
 
 const SymbolNames::Names& SymbolNames::of(AcDbObjectId id) {
-  const auto [entry, isNew] = names_.try_emplace(id.asOldId());
-  if (isNew && !id.isNull()) {
-    AcDbObjectPointer<AcDbSymbolTableRecord> record(id, AcDb::kForRead);
-    AcString name;
-    if (record.openStatus() == Acad::eOk && record->getName(name) == Acad::eOk) {
-      entry->second.name = name.constPtr();
-      entry->second.folded = base::upper(entry->second.name);
-    }
-  }
-  return entry->second;
+  const auto known = names_.find(id.asOldId());
+  if (known != names_.end()) return known->second;
+  AcDbObjectPointer<AcDbSymbolTableRecord> record(id, AcDb::kForRead);
+  AcString name;
+  // Not kept: what does not open now may open later.
+  static const Names nothing;
+  if (record.openStatus() != Acad::eOk || record->getName(name) != Acad::eOk) return nothing;
+  return names_.try_emplace(id.asOldId(), Names{name.constPtr(), base::upper(name.constPtr())}).first->second;
 }
 
 }  // namespace kiv

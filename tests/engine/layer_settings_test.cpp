@@ -1,5 +1,7 @@
 // Settings of layers.
 
+#include "dbapserv.h"
+#include "dbobjptr.h"
 #include "tests/engine/run_fixture.h"
 
 namespace {
@@ -89,6 +91,34 @@ TEST_F(LayerSettings, NamesAreRenamedByPatternWithTheirReferences) {
   EXPECT_EQ(layer(L"ALL"), cad::kNoRecord);
   EXPECT_NE(layer(L"C-ALL"), cad::kNoRecord);
   EXPECT_EQ(name(kText, Property::kLayer), L"C-ALl");
+}
+
+// Conditions see the name that the layer had; what a later setting writes comes after what an earlier one
+// did.
+TEST_F(LayerSettings, LaterRenamesFollowEarlierOnes) {
+  convert(
+      L"[画層] = ALL\n{\n[画層] = X\n}\n[画層] = ALL\n{\n[画層] = ALL\n}\n"
+      L"[画層] = NEW\n{\n[画層] = Y\n}\n[画層] = NEW\n{\n[画層] = Z\n}");
+  EXPECT_NE(layer(L"ALL"), cad::kNoRecord);
+  EXPECT_EQ(layer(L"X"), cad::kNoRecord);
+  EXPECT_NE(layer(L"Z"), cad::kNoRecord);
+  EXPECT_TRUE(sink_.problems.empty());
+}
+
+TEST_F(LayerSettings, NameInAnotherCaseIsNoRename) {
+  convert(L"[画層] = ALL\n{\n[画層] = aLL\n}");
+  EXPECT_EQ(savedBytes(), before_);
+}
+
+TEST_F(LayerSettings, UnobtainableRecordIsNamed) {
+  AcDbLayerTableRecordPointer held(L"NEW", acdbHostApplicationServices()->workingDatabase(), AcDb::kForWrite);
+  ASSERT_EQ(held.openStatus(), Acad::eOk);
+  convert(L"[画層] = *\n{\n[色] = 42\n}");
+  held.close();
+  EXPECT_EQ(sink_.problems,
+            (std::vector<std::wstring>{L"画層変換で、画層[NEW]の情報が取得できませんでした"}));
+  EXPECT_EQ(layerInteger(L"NEW", Property::kLayerColor), 3);
+  EXPECT_EQ(layerInteger(L"ALL", Property::kLayerColor), 42);
 }
 
 TEST_F(LayerSettings, RefusedNamesAreProblems) {
