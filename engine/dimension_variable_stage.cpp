@@ -26,14 +26,17 @@ bool setText(const wchar_t* name, const std::wstring& value) {
   return setTextVariable(name, std::wstring(text.substr(0, kLongestText)));
 }
 
+// The host takes sixteen bits; nothing is sent that would turn into another value.
+bool setInteger(const wchar_t* name, int value) {
+  using Limits = std::numeric_limits<short>;
+  if (value < Limits::min() || value > Limits::max()) return false;
+  return setShortVariable(name, static_cast<short>(value));
+}
+
 bool setVariable(const DimensionVariable& variable, const std::wstring& value) {
   switch (variable.type) {
     case DimensionVariable::Type::kInteger:
-      // The host takes sixteen bits; what lies outside is refused by it rather than turned into another
-      // value.
-      return setShortVariable(variable.name, static_cast<short>(std::clamp<int>(
-                                                 leadingInteger(value), std::numeric_limits<short>::min(),
-                                                 std::numeric_limits<short>::max())));
+      return setInteger(variable.name, leadingInteger(value));
     case DimensionVariable::Type::kReal:
       return setRealVariable(variable.name, leadingReal(value));
     case DimensionVariable::Type::kText:

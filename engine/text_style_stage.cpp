@@ -21,9 +21,13 @@ bool isShapeFile(const std::wstring& font) {
 }
 
 Status setFont(AcDbTextStyleTableRecord& style, const std::wstring& font, const std::wstring& bigFont) {
-  if (!isShapeFile(font)) return style.setFont(font.c_str(), false, false, kDefaultCharset, 0);
-  const Status status = style.setFileName(font.c_str());
-  if (status != Acad::eOk || bigFont.empty()) return status;
+  const bool isShape = isShapeFile(font);
+  const Status status = isShape ? style.setFileName(font.c_str())
+                                : style.setFont(font.c_str(), false, false, kDefaultCharset, 0);
+  if (status != Acad::eOk || (!isShape && !bigFont.empty())) return status;
+  AcString present;
+  // A style that has no big font stays untouched.
+  if (bigFont.empty() && style.bigFontFileName(present) == Acad::eOk && present.isEmpty()) return status;
   return style.setBigFontFileName(bigFont.c_str());
 }
 

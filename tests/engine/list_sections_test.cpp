@@ -76,9 +76,10 @@ TEST_F(ListSections, DimensionVariablesInOrderAndByTheirSeparators) {
 }
 
 TEST_F(ListSections, RefusedDimensionVariableIsANote) {
-  run({{L"寸法設定", L"DIMBLK, _DOT\nDIMSCALE, -5"}});
+  run({{L"寸法設定", L"DIMBLK, _DOT\nDIMSCALE, -5\nDIMTAD, 65537\nDIMTAD, -32769"}});
   EXPECT_EQ(variable("DIMSCALE"), L"1.000000");
-  EXPECT_EQ(sink_.notes.size(), 2U);
+  EXPECT_EQ(variable("DIMTAD"), L"0");
+  EXPECT_EQ(sink_.notes.size(), 4U);
 }
 
 TEST_F(ListSections, LinetypesAreLoadedOnceAndFailuresAreProblems) {
@@ -113,6 +114,18 @@ TEST_F(ListSections, TextStylesAreMadeOrGivenAnotherFont) {
   EXPECT_EQ(styleText(L"PLAIN", Property::kBigFontFile), L"");
   EXPECT_EQ(styleText(L"TITLE", Property::kTypeface), L"ＭＳ ゴシック");
   EXPECT_TRUE(sink_.notes.empty());
+}
+
+TEST_F(ListSections, StylesWithoutABigFontLoseTheOneTheyHad) {
+  for (const wchar_t* entry :
+       {L"KANJI, romans.shx, -----", L"KANJI, romans.shx", L"KANJI, ＭＳ ゴシック, ----"}) {
+    run({{L"字体のﾛｰﾄﾞ", L"KANJI, romans.shx, extfont2.shx"}});
+    EXPECT_EQ(styleText(L"KANJI", Property::kBigFontFile), L"EXTFONT2.SHX");
+    run({{L"字体のﾛｰﾄﾞ", entry}});
+    EXPECT_EQ(styleText(L"KANJI", Property::kBigFontFile), L"") << base::toUtf8(entry);
+    undo();
+    undo();
+  }
 }
 
 TEST_F(ListSections, LayersAreMadeAndExistingOnesLeftAlone) {
