@@ -18,7 +18,8 @@ namespace {
 
 using Status = Acad::ErrorStatus;
 using ReadValue = DimensionValue (*)(const AcDbEntity&, SymbolNames&);
-using WriteValue = Status (*)(AcDbDimension&, const std::wstring&);
+using ParseValue = std::optional<DimensionValue> (*)(const std::wstring&);  // nothing: another form
+using WriteValue = Status (*)(AcDbDimension&, const DimensionValue&);
 
 // --- Reading, by the host's type --------------------------------------------------------------------
 
@@ -48,56 +49,84 @@ DimensionValue read(const AcDbEntity& entity, SymbolNames& names) {
 template <class T>
 using Getter = T (AcDbDimension::*)() const;
 
-// --- Writing, by the host's type ---------------------------------------------------------------------
+// --- Value texts, by the host's type: what a condition is held against and what a result writes -------
 
-template <Status (AcDbDimension::*Set)(bool)>
-Status writeBool(AcDbDimension& dimension, const std::wstring& text) {
-  if (!startsWithNumber(text)) return Acad::eInvalidInput;
-  return (dimension.*Set)(leadingInteger(text) != 0);
+std::optional<DimensionValue> parseInteger(const std::wstring& text) {
+  if (!startsWithNumber(text)) return std::nullopt;
+  return static_cast<double>(leadingInteger(text));
 }
-template <Status (AcDbDimension::*Set)(int)>
-Status writeInteger(AcDbDimension& dimension, const std::wstring& text) {
-  if (!startsWithNumber(text)) return Acad::eInvalidInput;
-  return (dimension.*Set)(leadingInteger(text));
+std::optional<DimensionValue> parseBool(const std::wstring& text) {
+  if (!startsWithNumber(text)) return std::nullopt;
+  return leadingInteger(text) != 0 ? 1.0 : 0.0;
 }
-template <Status (AcDbDimension::*Set)(double)>
-Status writeReal(AcDbDimension& dimension, const std::wstring& text) {
-  if (!startsWithNumber(text)) return Acad::eInvalidInput;
-  return (dimension.*Set)(leadingReal(text));
+std::optional<DimensionValue> parseReal(const std::wstring& text) {
+  if (!startsWithNumber(text)) return std::nullopt;
+  return leadingReal(text);
 }
-template <Status (AcDbDimension::*Set)(const ACHAR*)>
-Status writeText(AcDbDimension& dimension, const std::wstring& text) {
-  return (dimension.*Set)(text.c_str());
+std::optional<DimensionValue> parseText(const std::wstring& text) { return text; }
+std::optional<DimensionValue> parseCharacter(const std::wstring& text) {
+  if (text.size() != 1) return std::nullopt;
+  return text;
 }
-template <Status (AcDbDimension::*Set)(ACHAR)>
-Status writeCharacter(AcDbDimension& dimension, const std::wstring& text) {
-  if (text.size() != 1) return Acad::eInvalidInput;
-  return (dimension.*Set)(text.front());
-}
-template <Status (AcDbDimension::*Set)(const AcCmColor&)>
-Status writeColor(AcDbDimension& dimension, const std::wstring& text) {
+std::optional<DimensionValue> parseColor(const std::wstring& text) {
   const int index = colorNumberOfFileText(text);
   const bool isNamed = base::startsWithFolded(text, L"BY");
-  if ((!isNamed && !startsWithNumber(text)) || index < 0 || index > kColorByLayer) return Acad::eInvalidInput;
+  if ((!isNamed && !startsWithNumber(text)) || index < 0 || index > kColorByLayer) return std::nullopt;
+  return static_cast<double>(index);
+}
+std::optional<DimensionValue> parseWeight(const std::wstring& text) {
+  const int number = lineWeightNumber(text);
+  const bool isNamed = number < 0 && !startsWithNumber(text);
+  if ((!isNamed && !startsWithNumber(text)) || !isLineWeight(number)) return std::nullopt;
+  return static_cast<double>(number);
+}
+std::optional<DimensionValue> parseArrow(const std::wstring& text) {
+  const auto block = blockNameOfDisplayForm(text);
+  if (!block) return std::nullopt;
+  return std::wstring(*block);
+}
+
+// --- Writing of a parsed value -------------------------------------------------------------------------
+
+double numberOf(const DimensionValue& value) { return std::get<double>(value); }
+const std::wstring& textOf(const DimensionValue& value) { return std::get<std::wstring>(value); }
+
+template <Status (AcDbDimension::*Set)(bool)>
+Status writeBool(AcDbDimension& dimension, const DimensionValue& value) {
+  return (dimension.*Set)(numberOf(value) != 0);
+}
+template <Status (AcDbDimension::*Set)(int)>
+Status writeInteger(AcDbDimension& dimension, const DimensionValue& value) {
+  return (dimension.*Set)(static_cast<int>(numberOf(value)));
+}
+template <Status (AcDbDimension::*Set)(double)>
+Status writeReal(AcDbDimension& dimension, const DimensionValue& value) {
+  return (dimension.*Set)(numberOf(value));
+}
+template <Status (AcDbDimension::*Set)(const ACHAR*)>
+Status writeText(AcDbDimension& dimension, const DimensionValue& value) {
+  return (dimension.*Set)(textOf(value).c_str());
+}
+template <Status (AcDbDimension::*Set)(const ACHAR*)>
+Status writeArrow(AcDbDimension& dimension, const DimensionValue& value) {
+  return writeText<Set>(dimension, value);
+}
+template <Status (AcDbDimension::*Set)(ACHAR)>
+Status writeCharacter(AcDbDimension& dimension, const DimensionValue& value) {
+  return (dimension.*Set)(textOf(value).front());
+}
+template <Status (AcDbDimension::*Set)(const AcCmColor&)>
+Status writeColor(AcDbDimension& dimension, const DimensionValue& value) {
   AcCmColor color;
-  const Status status = color.setColorIndex(static_cast<Adesk::UInt16>(index));
+  const Status status = color.setColorIndex(static_cast<Adesk::UInt16>(numberOf(value)));
   return status == Acad::eOk ? (dimension.*Set)(color) : status;
 }
 template <Status (AcDbDimension::*Set)(AcDb::LineWeight)>
-Status writeWeight(AcDbDimension& dimension, const std::wstring& text) {
-  const int number = lineWeightNumber(text);
-  const bool isNamed = number < 0 && !startsWithNumber(text);
-  if ((!isNamed && !startsWithNumber(text)) || lineWeightStep(number) != number) return Acad::eInvalidInput;
-  return (dimension.*Set)(static_cast<AcDb::LineWeight>(number));
+Status writeWeight(AcDbDimension& dimension, const DimensionValue& value) {
+  return (dimension.*Set)(static_cast<AcDb::LineWeight>(static_cast<int>(numberOf(value))));
 }
-template <Status (AcDbDimension::*Set)(const ACHAR*)>
-Status writeArrow(AcDbDimension& dimension, const std::wstring& text) {
-  const auto block = blockNameOfDisplayForm(text);
-  if (!block) return Acad::eInvalidInput;
-  return (dimension.*Set)(std::wstring(*block).c_str());
-}
-Status writeTextStyle(AcDbDimension& dimension, const std::wstring& text) {
-  const AcDbObjectId style = findInTable(dimension.database()->textStyleTableId(), text);
+Status writeTextStyle(AcDbDimension& dimension, const DimensionValue& value) {
+  const AcDbObjectId style = findInTable(dimension.database()->textStyleTableId(), textOf(value));
   return style.isNull() ? Acad::eKeyNotFound : dimension.setDimtxsty(style);
 }
 
@@ -105,22 +134,25 @@ Status writeTextStyle(AcDbDimension& dimension, const std::wstring& text) {
 
 struct Access {
   const wchar_t* name;
+  ParseValue parse;
   ReadValue readDimension;
   ReadValue readLeader;  // null: leaders do not have it
   WriteValue write;
 };
 
-#define KIV_DIM(NAME, TYPE, GET, SET) \
-  Access { NAME, read<AcDbDimension, &AcDbDimension::GET>, nullptr, write##TYPE<&AcDbDimension::SET> }
-#define KIV_LEADER_DIM(NAME, TYPE, GET, SET)                                            \
-  Access {                                                                              \
-    NAME, read<AcDbDimension, &AcDbDimension::GET>, read<AcDbLeader, &AcDbLeader::GET>, \
-        write##TYPE<&AcDbDimension::SET>                                                \
+#define KIV_DIM(NAME, TYPE, GET, SET)                                                                      \
+  Access {                                                                                                 \
+    NAME, parse##TYPE, read<AcDbDimension, &AcDbDimension::GET>, nullptr, write##TYPE<&AcDbDimension::SET> \
   }
-#define KIV_DIM_TEXT(NAME, GET, SET)                                                            \
-  Access {                                                                                      \
-    NAME, read<AcDbDimension, static_cast<Getter<const ACHAR*>>(&AcDbDimension::GET)>, nullptr, \
-        writeText<&AcDbDimension::SET>                                                          \
+#define KIV_LEADER_DIM(NAME, TYPE, GET, SET)                                                         \
+  Access {                                                                                           \
+    NAME, parse##TYPE, read<AcDbDimension, &AcDbDimension::GET>, read<AcDbLeader, &AcDbLeader::GET>, \
+        write##TYPE<&AcDbDimension::SET>                                                             \
+  }
+#define KIV_DIM_TEXT(NAME, GET, SET)                                                                       \
+  Access {                                                                                                 \
+    NAME, parseText, read<AcDbDimension, static_cast<Getter<const ACHAR*>>(&AcDbDimension::GET)>, nullptr, \
+        writeText<&AcDbDimension::SET>                                                                     \
   }
 
 // DIMASO and DIMSHO belong to the drawing and not to a dimension.
@@ -184,7 +216,7 @@ constexpr std::array kAccesses = {
     KIV_DIM(L"DIMTP", Real, dimtp, setDimtp),
     KIV_DIM(L"DIMTSZ", Real, dimtsz, setDimtsz),
     KIV_DIM(L"DIMTVP", Real, dimtvp, setDimtvp),
-    Access{L"DIMTXSTY", read<AcDbDimension, &AcDbDimension::dimtxsty>,
+    Access{L"DIMTXSTY", parseText, read<AcDbDimension, &AcDbDimension::dimtxsty>,
            read<AcDbLeader, &AcDbLeader::dimtxsty>, writeTextStyle},
     KIV_LEADER_DIM(L"DIMTXT", Real, dimtxt, setDimtxt),
     KIV_DIM(L"DIMTZIN", Integer, dimtzin, setDimtzin),
@@ -225,20 +257,19 @@ std::optional<DimensionValue> dimensionVariable(const AcDbEntity& entity, bool i
 }
 
 bool equalsDimensionValue(const DimensionValue& value, int row, const std::wstring& text) {
-  const wchar_t* name = dimensionCatalogue()[static_cast<std::size_t>(row)].name;
-  if (const double* number = std::get_if<double>(&value)) {
-    return startsWithNumber(text) && equalNumbers(*number, leadingReal(text));
-  }
-  const std::wstring& read = std::get<std::wstring>(value);
-  if (!isArrowVariable(name)) return base::equalFolded(read, text);
-  const auto block = blockNameOfDisplayForm(text);
-  return block && arrowKey(read) == arrowKey(*block);
+  const Access* access = accessOf(row);
+  const auto wanted = access != nullptr ? access->parse(text) : std::nullopt;
+  if (!wanted || wanted->index() != value.index()) return false;
+  if (std::holds_alternative<double>(value)) return equalNumbers(numberOf(value), numberOf(*wanted));
+  if (isArrowVariable(access->name)) return arrowKey(textOf(value)) == arrowKey(textOf(*wanted));
+  return base::equalFolded(textOf(value), textOf(*wanted));
 }
 
 Acad::ErrorStatus setDimensionVariable(AcDbEntity& dimension, int row, const std::wstring& text) {
   const Access* access = accessOf(row);
-  if (access == nullptr) return Acad::eNotApplicable;
-  return access->write(static_cast<AcDbDimension&>(dimension), text);
+  if (access == nullptr) return Acad::eNotThatKindOfClass;
+  const auto value = access->parse(text);
+  return value ? access->write(static_cast<AcDbDimension&>(dimension), *value) : Acad::eInvalidInput;
 }
 
 }  // namespace kiv

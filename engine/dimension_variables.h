@@ -18,12 +18,13 @@ using DimensionValue = std::variant<double, std::wstring>;
 std::optional<DimensionValue> dimensionVariable(const AcDbEntity& entity, bool isLeader, int row,
                                                 SymbolNames& names);
 
-// Does a condition's value, as a specification has it, equal what was read?
+// Does a condition's value, in the forms that results have too, equal what was read? A text that is no value
+// of the variable equals nothing.
 bool equalsDimensionValue(const DimensionValue& value, int row, const std::wstring& text);
 
 // Makes an override of the dimension from a value text by the host's own type of the variable.
-// eInvalidInput: the text has not the form of such a value; eNotApplicable: a variable that dimensions do
-// not have; and what the host refuses with.
+// eInvalidInput: the text has not the form of such a value; eNotThatKindOfClass: a variable that dimensions
+// do not have; and what the host refuses with.
 Acad::ErrorStatus setDimensionVariable(AcDbEntity& dimension, int row, const std::wstring& text);
 
 }  // namespace kiv

@@ -121,8 +121,8 @@ class EntityPasses {
       if (loaded.ok()) {
         entry->second = std::move(loaded.value());
       } else {
-        run_.problems.addProblem(
-            unreadableProblem(base::pathText(run_.listFolder / base::pathFromText(name))));
+        const std::wstring path = base::pathText(run_.listFolder / base::pathFromText(name));
+        run_.problems.addProblem(textListProblem(path, loaded.failure().reason));
       }
     }
     return entry->second;

@@ -6,6 +6,10 @@ std::wstring unreadableProblem(const std::wstring& path) {
   return L"[" + path + L"]の読み込みに失敗しました";
 }
 
+std::wstring textListProblem(const std::wstring& path, const std::wstring& reason) {
+  return L"[" + path + L"]" + reason;
+}
+
 std::wstring arrowProblem(const std::wstring& block) {
   return L"矢印[" + block + L"]のロードができませんでした";
 }

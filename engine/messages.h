@@ -8,6 +8,8 @@ namespace kiv {
 inline constexpr const wchar_t* kAloneProblem = L"このコマンドは単独では実行できません";
 
 std::wstring unreadableProblem(const std::wstring& path);
+// `reason` as the reader of such lists words it.
+std::wstring textListProblem(const std::wstring& path, const std::wstring& reason);
 std::wstring arrowProblem(const std::wstring& block);
 std::wstring linetypeProblem(const std::wstring& linetype);
 std::wstring layerRecordProblem(const std::wstring& layer);

@@ -16,6 +16,8 @@ inline RefusalReason refusalOf(Acad::ErrorStatus status) {
       return RefusalReason::kNotInThisVersion;
     case Acad::eInvalidInput:
       return RefusalReason::kBadValue;
+    case Acad::eNotThatKindOfClass:
+      return RefusalReason::kNotForObject;
     default:
       return RefusalReason::kOther;
   }

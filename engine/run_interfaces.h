@@ -6,8 +6,8 @@
 
 namespace kiv {
 
-enum class RefusalReason { kOther, kNoSuchName, kNotInThisVersion, kBadValue };
-inline constexpr int kRefusalCount = 4;
+enum class RefusalReason { kOther, kNoSuchName, kNotInThisVersion, kBadValue, kNotForObject };
+inline constexpr int kRefusalCount = 5;
 
 class ProblemSink {
  public:
@@ -16,7 +16,8 @@ class ProblemSink {
   virtual void addProblem(const std::wstring& text) = 0;
   // `count` objects refused a result: not a problem of the log. The sink adds up equal notes. `kind` is the
   // item's key or a dimension variable's name.
-  virtual void addNote(const std::wstring& kind, const std::wstring& value, RefusalReason reason, int count) = 0;
+  virtual void addNote(const std::wstring& kind, const std::wstring& value, RefusalReason reason,
+                       int count) = 0;
 };
 
 struct RunParameters {

@@ -1,6 +1,8 @@
 #include "engine/selection_filter.h"
 
+#include <algorithm>
 #include <initializer_list>
+#include <limits>
 
 #include "adscodes.h"
 
@@ -36,7 +38,9 @@ void addEntityTypes(Pass pass, BufferChain& filter) {
 void addItem(const FilterItem& item, BufferChain& filter) {
   if (!item.equal) filter.text(kOperator, L"<NOT");
   if (item.group == kColorGroup) {
-    filter.integer(item.group, item.number);
+    // Both ends of the range are no colours, so what does not fit selects nothing.
+    using Limits = std::numeric_limits<short>;
+    filter.integer(item.group, std::clamp<int>(item.number, Limits::min(), Limits::max()));
   } else {
     filter.text(item.group, item.text);
   }

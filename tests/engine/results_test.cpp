@@ -179,7 +179,7 @@ TEST_F(Results, DimensionVariablesOfTheWrongFormAreNotes) {
   EXPECT_EQ(sink_.notes[0], (Note{L"DIMTAD", L"ABC", RefusalReason::kBadValue, 1}));
   EXPECT_EQ(sink_.notes[1], (Note{L"DIMBLK", L"_DOT", RefusalReason::kBadValue, 1}));
   EXPECT_EQ(sink_.notes[2], (Note{L"DIMTXSTY", L"NONE", RefusalReason::kNoSuchName, 1}));
-  EXPECT_EQ(sink_.notes[3].kind, L"DIMSHO");
+  EXPECT_EQ(sink_.notes[3], (Note{L"DIMSHO", L"1", RefusalReason::kNotForObject, 1}));
   EXPECT_EQ(sink_.notes[4].kind, L"DIMDSEP");
   EXPECT_EQ(savedBytes(), before_);
 }
