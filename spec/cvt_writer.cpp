@@ -15,13 +15,15 @@ constexpr const wchar_t* kNoBigFont = L"----------";
 constexpr size_t kBraceIndent = 16;
 constexpr size_t kResultIndent = 24;
 
-// A line end inside a value would make two lines of one.
-std::wstring oneLine(std::wstring_view text) {
-  std::wstring line(base::trim(text));
+// A line end inside a text would make two lines of one.
+std::wstring withoutLineEnds(std::wstring_view text) {
+  std::wstring line(text);
   std::replace_if(
       line.begin(), line.end(), [](wchar_t c) { return c == L'\n' || c == L'\r'; }, L' ');
   return line;
 }
+
+std::wstring oneLine(std::wstring_view text) { return withoutLineEnds(base::trim(text)); }
 
 std::wstring itemLine(const Item& item) {
   const std::wstring value =
@@ -42,6 +44,9 @@ std::wstring settingLines(const Setting& setting) {
 std::wstring entryLine(const Entry& entry, int section) {
   std::vector<std::wstring> fields;
   for (const std::wstring& field : entry.fields) fields.push_back(oneLine(field));
+  // "variable = value" in one field stays the line that it was.
+  if (section == kDimensionSettingSection && fields[1].empty() && fields[0].find(L'=') != std::wstring::npos)
+    fields.pop_back();
   if (section == kLinetypeSection) std::swap(fields[0], fields[1]);
   if (section == kLayerCreationSection) fields[1] = colorFileText(colorNumber(fields[1]));
   if (section == kFontSection && (fields.size() < 3 || fields[2].empty())) {
@@ -68,7 +73,7 @@ bool canBeOpenedAgain(const std::filesystem::path& file) {
 }  // namespace
 
 std::wstring cvtText(const Specification& specification) {
-  std::wstring text = L"[備考]\n" + oneLine(specification.remark) + L"\n\n";
+  std::wstring text = L"[備考]\n" + withoutLineEnds(specification.remark) + L"\n\n";
   for (const SectionInfo& info : sections()) {
     text += std::wstring(info.header) + L"\n";
     for (const Setting& setting : specification.settings(info.number)) text += settingLines(setting);

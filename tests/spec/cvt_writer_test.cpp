@@ -29,6 +29,14 @@ TEST_F(CvtWriter, WhatIsReadIsWrittenTheSame) {
   EXPECT_EQ(content("b.CVT"), content("a.CVT"));
 }
 
+TEST_F(CvtWriter, CommasInValuesAndAssignmentsSurviveASave) {
+  makeText("a.CVT", L"[文字]\n[画層] = A-*,~A-1\n---End---\n[寸法設定]\nDIMASZ = 2.5\n---End---\n[EOF]\n");
+  const Specification loaded = loadSpecification(folder_, L"a.CVT").specification;
+  EXPECT_EQ(loaded.settings(1)[0].conditions[0].value, L"A-*,~A-1");
+  EXPECT_EQ(sectionLines(loaded, L"[文字]"), L"[画層] = A-*,~A-1\n");
+  EXPECT_EQ(sectionLines(loaded, L"[寸法設定]"), L"DIMASZ = 2.5\n");
+}
+
 TEST_F(CvtWriter, ListEntriesEachInTheirForm) {
   Specification specification;
   for (const auto& [section, fields] : std::vector<std::pair<int, std::vector<std::wstring>>>{
@@ -94,8 +102,8 @@ TEST_F(CvtWriter, AFileThatCannotBeMadeIsNamed) {
 
 TEST_F(CvtWriter, LineEndsInsideValuesStayOneLine) {
   Specification specification;
-  specification.remark = L"a\r\n[文字]";
-  EXPECT_EQ(cvtText(specification).substr(0, 12), L"[備考]\na  [文字]");
+  specification.remark = L" a\r\n[文字]";
+  EXPECT_EQ(cvtText(specification).substr(0, 13), L"[備考]\n a  [文字]");
 }
 
 }  // namespace
