@@ -11,6 +11,7 @@
 #include "engine/messages.h"
 #include "engine/resource_stages.h"
 #include "engine/save_stage.h"
+#include "engine/scope_exit.h"
 #include "engine/selection_set.h"
 #include "platform/host_output.h"
 #include "platform/settings.h"
@@ -21,7 +22,13 @@ namespace kiv {
 namespace {
 
 void convertDrawing(RunState& run) {
+  const ScopeExit restoreStatusBar([] { acedRestoreStatusBar(); });
   acedCommandS(RTSTR, L"UNDO", RTSTR, L"BE", RTNONE);
+  const ScopeExit closeUndoGroup([] {
+    acedCommandS(RTSTR, L".REGEN", RTNONE);
+    acedCommandS(RTNONE);
+    acedCommandS(RTSTR, L"UNDO", RTSTR, L"E", RTNONE);
+  });
   loadArrows(run);
   setDimensionVariables(run);
   loadLinetypes(run);
@@ -30,13 +37,9 @@ void convertDrawing(RunState& run) {
   applyLayerSettings(run);
   const int scope = std::clamp(readCommonInteger(L"KivBlock", 0), 0, 2);
   LockedLayers lockedLayers;
+  const ScopeExit lockAgain([&] { lockedLayers.lockAgain(); });
   if (readCommonInteger(L"MorluxIgnoreLocks", 0) == 1) lockedLayers.unlockAll(run.database);
   runEntityPasses(run, static_cast<BlockScope>(scope));
-  lockedLayers.lockAgain();
-  acedCommandS(RTSTR, L".REGEN", RTNONE);
-  acedCommandS(RTNONE);
-  acedCommandS(RTSTR, L"UNDO", RTSTR, L"E", RTNONE);
-  acedRestoreStatusBar();
 }
 
 bool isDrawingEmpty() { return SelectionSet(nullptr).size() < 1; }

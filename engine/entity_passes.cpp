@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "base/files.h"
+#include "dbobjptr.h"
 #include "engine/compiled_setting.h"
 #include "engine/entity_results.h"
 #include "engine/messages.h"
@@ -81,17 +82,14 @@ class EntityPasses {
   }
 
   bool passesOpened(AcDbObjectId id, SettingTests& tests) {
-    AcDbEntity* entity = nullptr;
-    if (acdbOpenAcDbEntity(entity, id, AcDb::kForRead) != Acad::eOk) return false;
-    const bool passes = tests.passesEntity(*entity, classes_.of(*entity));
-    entity->close();
-    return passes;
+    const AcDbEntityPointer entity(id, AcDb::kForRead);
+    return entity.openStatus() == Acad::eOk && tests.passesEntity(*entity, classes_.of(*entity));
   }
 
   void apply(const Kept& kept, Pass pass, EntityResults& results) {
     const bool maybeReference = pass == Pass::kOther && kept.record == kFromSelection;
-    AcDbEntity* entity = nullptr;
-    const Acad::ErrorStatus status = acdbOpenAcDbEntity(entity, kept.id, AcDb::kForWrite);
+    const AcDbEntityPointer entity(kept.id, AcDb::kForWrite);
+    const Acad::ErrorStatus status = entity.openStatus();
     if (status == Acad::eOnLockedLayer) {
       if (!maybeReference || !isReference(kept.id)) ++locked_;
       return;
@@ -99,19 +97,14 @@ class EntityPasses {
     if (status != Acad::eOk) return;
     const EntityClass entityClass = classes_.of(*entity);
     // Block references come in by the block scope and not by selection.
-    if (!maybeReference || entityClass != EntityClass::kBlockReference) {
-      failed_ += results.apply(*entity, entityClass);
-      if (kept.record != kFromSelection) (*blockRecords_)[kept.record].summary = summaryOf(*entity);
-    }
-    entity->close();
+    if (maybeReference && entityClass == EntityClass::kBlockReference) return;
+    failed_ += results.apply(*entity, entityClass);
+    if (kept.record != kFromSelection) (*blockRecords_)[kept.record].summary = summaryOf(*entity);
   }
 
   bool isReference(AcDbObjectId id) {
-    AcDbEntity* entity = nullptr;
-    if (acdbOpenAcDbEntity(entity, id, AcDb::kForRead) != Acad::eOk) return false;
-    const bool is = classes_.of(*entity) == EntityClass::kBlockReference;
-    entity->close();
-    return is;
+    const AcDbEntityPointer entity(id, AcDb::kForRead);
+    return entity.openStatus() == Acad::eOk && classes_.of(*entity) == EntityClass::kBlockReference;
   }
 
   std::vector<std::wstring> textList(const std::wstring& name) {
