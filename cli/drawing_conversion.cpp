@@ -27,6 +27,8 @@ const wchar_t* reasonText(int reason) {
       return L"a drawing of this version cannot hold it";
     case kKivBadValue:
       return L"the value is out of limits or of another form";
+    case kKivNotForObject:
+      return L"dimensions have no such variable";
     default:
       return L"the host refused it";
   }

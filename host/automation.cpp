@@ -2,15 +2,16 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/files.h"
 #include "host/conversion_context.h"
+#include "host/guard.h"
 #include "host/run_report.h"
 #include "platform/paths.h"
 #include "platform/settings.h"
-#include "spec/cvt_run_reader.h"
-#include "spec/item_kinds.h"
+#include "spec/cvt_parser.h"
 
 namespace kiv {
 namespace {
@@ -44,6 +45,8 @@ KivNoteReason reasonOf(RefusalReason refusal) {
       return kKivNotInThisVersion;
     case RefusalReason::kBadValue:
       return kKivBadValue;
+    case RefusalReason::kNotForObject:
+      return kKivNotForObject;
     case RefusalReason::kOther:
       break;
   }
@@ -79,10 +82,10 @@ void fill(KivRunReport& out, ReportTexts& texts) {
   out.notes = texts.noteRecords.data();
 }
 
-void countLines(const WorkLists& work, KivSpecificationReport& out) {
-  for (std::size_t i = 0; i < work.lists.size(); ++i) {
-    const int lines = static_cast<int>(work.lists[i].size());
-    (isRuleSection(static_cast<int>(i) + 1) ? out.settings : out.entries) += lines;
+void countContent(const ParsedCvt& parsed, KivSpecificationReport& out) {
+  for (const CvtSection& section : parsed.sections) {
+    out.settings += static_cast<int>(section.settings.size());
+    out.entries += static_cast<int>(section.entries.size());
   }
 }
 
@@ -92,7 +95,8 @@ void fill(KivSpecificationReport& out, SpecificationTexts& texts) {
   }
   for (std::size_t i = 0; i < texts.diagnostics.size(); ++i) {
     const CvtDiagnostic& diagnostic = texts.diagnostics[i];
-    texts.records.push_back({static_cast<int>(diagnostic.problem), diagnostic.line, texts.reasons[i].c_str(),
+    texts.records.push_back({static_cast<int>(diagnostic.problem), diagnostic.line,
+                             dropsText(diagnostic.problem) ? 1 : 0, texts.reasons[i].c_str(),
                              diagnostic.text.c_str()});
   }
   out.failure = texts.failure.c_str();
@@ -100,20 +104,7 @@ void fill(KivSpecificationReport& out, SpecificationTexts& texts) {
   out.diagnostics = texts.records.data();
 }
 
-// Why a file is no specification: what the reader said of the whole file, else that it has no section.
-std::wstring failureOf(const std::filesystem::path& path, const CvtDiagnostics& diagnostics) {
-  if (const auto content = base::readFile(path); !content) return content.failure().reason;
-  for (const CvtDiagnostic& diagnostic : diagnostics) {
-    if (diagnostic.problem == CvtProblem::kNotText) return diagnosticReason(diagnostic);
-  }
-  return L"the file has none of the sections of a conversion specification";
-}
-
-}  // namespace
-}  // namespace kiv
-
-int dll_kiv_setConversion(const KivConversion* conversion) {
-  using namespace kiv;
+int setConversion(const KivConversion* conversion) {
   ConversionContext& context = conversionContext();
   if (conversion == nullptr) {
     clearSettingOverrides();
@@ -121,8 +112,10 @@ int dll_kiv_setConversion(const KivConversion* conversion) {
     return 1;
   }
   if (conversion->saveFormat < 0 || conversion->saveFormat > 2) return 0;
-  context.specification = textOf(conversion->specification);
-  context.outputFolder = ensureTrailingSeparator(textOf(conversion->outputFolder));
+  context.contextPaths = {
+      textOf(conversion->specification), {}, ensureTrailingSeparator(textOf(conversion->outputFolder))};
+  context.batchStartDocument = nullptr;
+  context.batchRemaining = 0;
   context.saveFormat = conversion->saveFormat;
   const std::wstring logFile = textOf(conversion->logFile);
   overrideInteger(L"KivBlock", std::clamp(conversion->blockScope, 0, 2));
@@ -132,8 +125,7 @@ int dll_kiv_setConversion(const KivConversion* conversion) {
   return 1;
 }
 
-int dll_kiv_lastRunReport(KivRunReport* report) {
-  using namespace kiv;
+int lastRunReport(KivRunReport* report) {
   if (report == nullptr) return 0;
   static ReportTexts texts;
   texts = {};
@@ -151,17 +143,34 @@ int dll_kiv_lastRunReport(KivRunReport* report) {
   return 1;
 }
 
-int dll_kiv_checkSpecification(const wchar_t* path, KivSpecificationReport* report) {
-  using namespace kiv;
+int checkSpecification(const wchar_t* path, KivSpecificationReport* report) {
   if (path == nullptr || report == nullptr) return 0;
   static SpecificationTexts texts;
   texts = {};
   *report = {};
-  WorkLists work;
-  const std::filesystem::path file = base::pathFromText(path);
-  report->usable = readWorkLists(file, work, &texts.diagnostics) ? 1 : 0;
-  if (!report->usable) texts.failure = failureOf(file, texts.diagnostics);
-  countLines(work, *report);
+  if (auto parsed = parseCvtFile(base::pathFromText(path)); parsed.ok()) {
+    texts.failure = parsed.value().unusableReason();
+    countContent(parsed.value(), *report);
+    texts.diagnostics = std::move(parsed.value().diagnostics);
+  } else {
+    texts.failure = parsed.failure().reason;
+  }
+  report->usable = texts.failure.empty() ? 1 : 0;
   fill(*report, texts);
   return 1;
+}
+
+}  // namespace
+}  // namespace kiv
+
+int dll_kiv_setConversion(const KivConversion* conversion) {
+  return kiv::guarded(0, [&] { return kiv::setConversion(conversion); });
+}
+
+int dll_kiv_lastRunReport(KivRunReport* report) {
+  return kiv::guarded(0, [&] { return kiv::lastRunReport(report); });
+}
+
+int dll_kiv_checkSpecification(const wchar_t* path, KivSpecificationReport* report) {
+  return kiv::guarded(0, [&] { return kiv::checkSpecification(path, report); });
 }

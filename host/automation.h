@@ -43,6 +43,7 @@ enum KivNoteReason {
   kKivNoSuchName = 1,        // a layer, linetype, text style or block that the drawing does not have
   kKivNotInThisVersion = 2,  // the property cannot be held by a drawing of this version
   kKivBadValue = 3,          // a value out of limits or not of the property's form
+  kKivNotForObject = 4,      // objects of this sort have no such property (a variable of the drawing alone)
 };
 
 // A result that the host refused: not a problem of the log, but worth telling.
@@ -71,6 +72,7 @@ using KivLastRunReport = int (*)(KivRunReport*);
 struct KivDiagnostic {
   int number;             // numbered reasons of the specification reader
   int line;               // 1-based; 0: the whole file
+  int dropped;            // 1: the line adds nothing; 0: a warning, the reader keeps what it makes of it
   const wchar_t* reason;  // for a person
   const wchar_t* text;    // the line as read
 };
@@ -80,8 +82,8 @@ struct KivSpecificationReport {
   const wchar_t* failure;  // empty when usable
   int settings;            // of the five rule sections
   int entries;             // of the five list sections
-  int diagnosticCount;     // lines that the reader drops
-  const KivDiagnostic* diagnostics;
+  int diagnosticCount;
+  const KivDiagnostic* diagnostics;  // by line
 };
 
 // Reads a CVT file and tells what the reader makes of it. Returns 1, or 0 for a null pointer.

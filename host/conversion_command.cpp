@@ -4,6 +4,7 @@
 #include "engine/conversion_run.h"
 #include "host/commands.h"
 #include "host/conversion_context.h"
+#include "host/guard.h"
 #include "host/run_report.h"
 
 namespace kiv {
@@ -20,22 +21,24 @@ void drawingClosed() {
                                          true, false, true);
 }
 
-}  // namespace
-
-void conversionCommand() {
+void convertCurrentDrawing() {
   const ConversionContext& context = conversionContext();
   ConversionLog log;
   log.startEntry();
   // Asked before the run, which may close the drawing.
   const std::wstring drawing = workingDrawing();
   RunReport report(&log);
-  const RunParameters parameters{context.specification, context.outputFolder, context.saveFormat,
-                                 drawingClosed};
+  const RunParameters parameters{context.contextPaths[kSpecificationPath],
+                                 context.contextPaths[kOutputFolder], context.saveFormat, drawingClosed};
   const RunOutcome outcome = runConversion(parameters, report);
   report.finish(outcome, drawing);
   keepAsLastRun(std::move(report));
   if (outcome.end != RunEnd::kEmptyDrawing) log.writeEntry();
   log.clearEntry();
 }
+
+}  // namespace
+
+void conversionCommand() { guarded(convertCurrentDrawing); }
 
 }  // namespace kiv

@@ -6,6 +6,7 @@
 #include "base/files.h"
 #include "host/automation.h"
 #include "host/commands.h"
+#include "host/guard.h"
 #include "host/module_state.h"
 #include "platform/screen_scale.h"
 #include "rxdefs.h"
@@ -46,20 +47,22 @@ void withdraw() {
   removeCommands();
 }
 
+void handle(AcRx::AppMsgCode message, void* packet) {
+  switch (message) {
+    case AcRx::kInitAppMsg:
+      return initialise(packet);
+    case AcRx::kUnloadAppMsg:
+    case AcRx::kQuitMsg:
+      return withdraw();
+    default:
+      return;
+  }
+}
+
 }  // namespace
 }  // namespace kiv
 
 extern "C" KIV_EXPORT AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet) {
-  switch (message) {
-    case AcRx::kInitAppMsg:
-      kiv::initialise(packet);
-      break;
-    case AcRx::kUnloadAppMsg:
-    case AcRx::kQuitMsg:
-      kiv::withdraw();
-      break;
-    default:
-      break;
-  }
+  kiv::guarded([&] { kiv::handle(message, packet); });
   return AcRx::kRetOK;
 }

@@ -23,7 +23,8 @@ void RunReport::addProblem(const std::wstring& text) {
   if (log_ != nullptr) log_->addMessage(text);
 }
 
-void RunReport::addNote(const std::wstring& kind, const std::wstring& value, RefusalReason reason, int count) {
+void RunReport::addNote(const std::wstring& kind, const std::wstring& value, RefusalReason reason,
+                        int count) {
   for (ReportedNote& note : notes_) {
     if (note.reason == reason && note.kind == kind && note.value == value) {
       note.count += count;

@@ -23,7 +23,7 @@ class BatchStep : public testing::Test {
     fs::remove_all(folder_);
     fs::create_directories(folder_ / "out");
     write("rules.cvt", "[\x95\xb6\x8e\x9a]\r\n[***]\r\n{\r\n[\x90\x46] = 3\r\n}\r\n---End---\r\n[EOF]\r\n");
-    for (const char* name : {"a.dxf", "b.dxf"}) {
+    for (const char* name : {"a.dxf", "b.dxf", "c.dxf"}) {
       write(name,
             "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nTEXT\r\n  8\r\n0\r\n 10\r\n0.0\r\n 20\r\n0.0\r\n"
             " 40\r\n2.5\r\n  1\r\nA\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n");
@@ -32,11 +32,10 @@ class BatchStep : public testing::Test {
     host().start();
     kiv::registerCommands();
     kiv::ConversionContext& context = kiv::conversionContext();
-    context.specification = base::pathText(folder_ / "rules.cvt");
-    context.outputFolder = base::pathText(folder_ / "out" / "");
+    context.contextPaths = {base::pathText(folder_ / "rules.cvt"), {}, base::pathText(folder_ / "out" / "")};
     context.saveFormat = 1;
     context.batchStartDocument = acDocManagerPtr()->curDocument();
-    context.batchRemaining = 2;
+    context.batchRemaining = 3;
   }
   void TearDown() override {
     kiv::conversionContext() = {};
@@ -60,11 +59,21 @@ class BatchStep : public testing::Test {
 };
 
 TEST_F(BatchStep, LastDrawingSendsTheInteractiveCommandToTheStart) {
-  convert("a.dxf");
+  for (const char* name : {"a.dxf", "b.dxf"}) {
+    EXPECT_EQ(kiv::conversionContext().batchRemaining, name[0] == 'a' ? 3 : 2);
+    convert(name);
+    EXPECT_FALSE(isBackAtTheDialog());
+  }
   EXPECT_EQ(kiv::conversionContext().batchRemaining, 1);
-  EXPECT_FALSE(isBackAtTheDialog());
-  convert("b.dxf");
+  convert("c.dxf");
   EXPECT_EQ(kiv::conversionContext().batchRemaining, 0);
+  // The host echoes what it is sent.
+  const std::wstring sent =
+      L"\x03"
+      L"KIV_TOACAD\n";
+  const std::size_t at = printed_.find(sent);
+  ASSERT_NE(at, std::wstring::npos);
+  EXPECT_EQ(printed_.find(sent, at + 1), std::wstring::npos);
   EXPECT_TRUE(isBackAtTheDialog());
   EXPECT_EQ(acDocManagerPtr()->curDocument(), kiv::conversionContext().batchStartDocument);
   EXPECT_TRUE(fs::exists(folder_ / "out" / "b.DXF"));
@@ -78,10 +87,18 @@ TEST_F(BatchStep, WithoutAStartDocumentNothingIsSent) {
   EXPECT_FALSE(isBackAtTheDialog());
 }
 
+TEST_F(BatchStep, EmptyDrawingIsNotCounted) {
+  write("empty.dxf", "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n");
+  kiv::conversionContext().batchRemaining = 1;
+  convert("empty.dxf");
+  EXPECT_EQ(kiv::conversionContext().batchRemaining, 1);
+  EXPECT_FALSE(isBackAtTheDialog());
+}
+
 TEST_F(BatchStep, InPlaceTheDrawingStaysOpen) {
-  kiv::conversionContext().outputFolder.clear();
+  kiv::conversionContext().contextPaths[kiv::kOutputFolder].clear();
   convert("a.dxf");
-  EXPECT_EQ(kiv::conversionContext().batchRemaining, 2);
+  EXPECT_EQ(kiv::conversionContext().batchRemaining, 3);
   EXPECT_TRUE(fs::is_empty(folder_ / "out"));
   EXPECT_EQ(host().documentCount(), 2U);
 }
