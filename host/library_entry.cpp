@@ -5,7 +5,8 @@
 namespace kiv {
 
 ModuleState& moduleState() {
-  static ModuleState state;
+  // Never destroyed: detaching uses it while the library's statics go.
+  static ModuleState& state = *new ModuleState;
   return state;
 }
 

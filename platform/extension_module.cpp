@@ -6,7 +6,8 @@ namespace kiv {
 namespace {
 
 std::vector<const ExtensionModule*>& chain() {
-  static std::vector<const ExtensionModule*> modules;
+  // Never destroyed: modules are detached while the library's statics go.
+  static auto& modules = *new std::vector<const ExtensionModule*>;
   return modules;
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -19,6 +20,7 @@ class ConversionLog : public testing::Test {
  protected:
   void SetUp() override {
     setenv("TZ", "UTC", 1);
+    tzset();
     kiv::setClock([] { return std::time_t{1794692250}; });  // 14 November 2026, 21:37:30
     file_ = std::filesystem::temp_directory_path() / ("log_test_" + std::to_string(::getpid()) + ".log");
     std::filesystem::remove(file_);
