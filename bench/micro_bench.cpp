@@ -10,8 +10,8 @@
 
 #include "base/codepage.h"
 #include "base/files.h"
+#include "embedded/drawing/wildcard.h"
 #include "embedded/dxf/loader.h"
-#include "embedded/editor/wildcard.h"
 #include "spec/cvt_parser.h"
 
 namespace {

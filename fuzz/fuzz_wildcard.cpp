@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "base/fold.h"
-#include "embedded/editor/wildcard.h"
+#include "embedded/drawing/wildcard.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "acdb.h"
 #include "base/files.h"
+#include "embedded/drawing/wildcard.h"
 #include "embedded/editor/file_search.h"
-#include "embedded/editor/wildcard.h"
 #include "embedded/objects/database_access.h"
 #include "embedded/support/linetype_file.h"
 

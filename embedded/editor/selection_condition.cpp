@@ -4,8 +4,8 @@
 #include <cwchar>
 
 #include "base/codepage.h"
+#include "embedded/drawing/wildcard.h"
 #include "embedded/editor/group_codes.h"
-#include "embedded/editor/wildcard.h"
 
 namespace cad {
 namespace {

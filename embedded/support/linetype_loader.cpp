@@ -1,7 +1,7 @@
 #include "base/files.h"
 #include "base/fold.h"
 #include "embedded/drawing/drawing.h"
-#include "embedded/editor/wildcard.h"
+#include "embedded/drawing/wildcard.h"
 #include "embedded/support/linetype_file.h"
 
 namespace cad::support {

@@ -1,8 +1,7 @@
-#include "embedded/editor/wildcard.h"
+#include "embedded/drawing/wildcard.h"
 
 #include <algorithm>
 
-#include "acutads.h"
 #include "base/fold.h"
 
 namespace cad {
@@ -163,12 +162,3 @@ bool Wildcard::matches(std::wstring_view text) const {
 }
 
 }  // namespace cad
-
-int acutWcMatch(const ACHAR* text, const ACHAR* pattern) {
-  if (text == nullptr || pattern == nullptr) return RTERROR;
-  return cad::Wildcard(pattern).matches(text) ? RTNORM : RTERROR;
-}
-
-bool acutWcMatchEx(const ACHAR* text, const ACHAR* pattern, bool ignoreCase) {
-  return text != nullptr && pattern != nullptr && cad::Wildcard(pattern, ignoreCase).matches(text);
-}

@@ -1,4 +1,4 @@
-#include "embedded/editor/wildcard.h"
+#include "embedded/drawing/wildcard.h"
 
 #include <gtest/gtest.h>
 
