@@ -32,7 +32,7 @@ base::Status prepare(Session& session, const Arguments& arguments) {
   const std::wstring specification = fullPath(arguments.specification);
   session.lookBeside(specification);
   const KivSpecificationReport report = session.checkSpecification(specification);
-  if (!reportSpecification(arguments.specification, L"warning: dropped", report)) {
+  if (!reportSpecification(arguments.specification, report)) {
     return base::Failure{L"", L"nothing was converted; `kivcvt check` tells more about the CVT file"};
   }
   if (base::Status made = makeFolder(L"--out", arguments.outputFolder); !made) return made;

@@ -14,29 +14,36 @@ std::wstring fullPath(const std::wstring& given) {
   return error ? given : base::pathText(absolute);
 }
 
-std::wstring diagnosticLine(const std::wstring& file, std::wstring_view severity,
-                            const KivDiagnostic& diagnostic) {
+std::wstring diagnosticLine(const std::wstring& file, const KivDiagnostic& diagnostic) {
   std::wstring line = file;
   if (diagnostic.line > 0) line += L":" + std::to_wstring(diagnostic.line);
-  line += L": ";
-  line += severity;
-  line += L": ";
+  line += diagnostic.dropped != 0 ? L": dropped: " : L": warning: ";
   line += diagnostic.reason;
   if (diagnostic.text != nullptr && diagnostic.text[0] != L'\0')
     line += std::wstring(L": ") + diagnostic.text;
   return line;
 }
 
-bool reportSpecification(const std::wstring& file, std::wstring_view severity,
-                         const KivSpecificationReport& report) {
+bool reportSpecification(const std::wstring& file, const KivSpecificationReport& report) {
   if (report.usable == 0) {
     complain(file + L": " + (report.failure != nullptr ? report.failure : L"cannot be used"));
     return false;
   }
   for (int i = 0; i < report.diagnosticCount; ++i) {
-    complain(diagnosticLine(file, severity, report.diagnostics[i]));
+    complain(diagnosticLine(file, report.diagnostics[i]));
   }
   return true;
+}
+
+int droppedLines(const KivSpecificationReport& report) {
+  int count = 0, last = 0;
+  for (int i = 0; i < report.diagnosticCount; ++i) {
+    const KivDiagnostic& diagnostic = report.diagnostics[i];
+    if (diagnostic.dropped == 0 || (count > 0 && diagnostic.line == last)) continue;
+    last = diagnostic.line;
+    ++count;
+  }
+  return count;
 }
 
 }  // namespace kivcli

@@ -2,7 +2,6 @@
 // What the reader made of a CVT file, as lines for a person.
 
 #include <string>
-#include <string_view>
 
 #include "cli/session.h"
 
@@ -11,13 +10,13 @@ namespace kivcli {
 // The path as the module's "full path": absolute.
 std::wstring fullPath(const std::wstring& given);
 
-// "FILE:LINE: SEVERITY: REASON: TEXT", or without the line for the whole file.
-std::wstring diagnosticLine(const std::wstring& file, std::wstring_view severity,
-                            const KivDiagnostic& diagnostic);
+// "FILE:LINE: dropped: REASON: TEXT" or "FILE:LINE: warning: ...", without the line for the whole file.
+std::wstring diagnosticLine(const std::wstring& file, const KivDiagnostic& diagnostic);
 
-// Says on standard error why the file cannot be used, or warns about each line that the reader drops.
-// Returns whether the file can be used.
-bool reportSpecification(const std::wstring& file, std::wstring_view severity,
-                         const KivSpecificationReport& report);
+// Says on standard error why the file cannot be used, or tells of each line that the reader drops or warns
+// of. Returns whether the file can be used.
+bool reportSpecification(const std::wstring& file, const KivSpecificationReport& report);
+
+int droppedLines(const KivSpecificationReport& report);
 
 }  // namespace kivcli

@@ -130,7 +130,7 @@ TEST_F(ConvertTest, ADroppedLineIsAWarning) {
   writeSpecification("rules.cvt", "[文字]\n[画層] = 0\n{\n[色] = 3\n[重さ] = 5\n}\n---End---\n[EOF]\n");
   const ProgramRun run = convert({"good.dxf"});
   EXPECT_EQ(run.status, 0);
-  EXPECT_TRUE(contains(run.err, "rules.cvt:5: warning: dropped: ")) << run.err;
+  EXPECT_TRUE(contains(run.err, "rules.cvt:5: dropped: ")) << run.err;
   EXPECT_TRUE(contains(run.err, "重さ")) << run.err;
 }
 

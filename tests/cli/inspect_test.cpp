@@ -30,6 +30,14 @@ TEST_F(CheckTest, EveryDroppedLineHasItsNumberAndReason) {
   EXPECT_EQ(run.out, "lossy.cvt: 1 setting, 0 list entries; 3 lines are dropped\n");
 }
 
+TEST_F(CheckTest, AWarningDropsNothing) {
+  writeSpecification("odd.cvt", "[文字]\n[画層] = 0\n{\n[ロック] = ON\n}\n---End---\n[EOF]\n");
+  const ProgramRun run = kivcvt({"check", "odd.cvt"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_TRUE(contains(run.err, "odd.cvt:4: warning: ")) << run.err;
+  EXPECT_EQ(run.out, "odd.cvt: 1 setting, 0 list entries; no line is dropped\n");
+}
+
 TEST_F(CheckTest, TheWorstFileDecides) {
   writeSpecification("clean.cvt", kTextsGreen);
   write("other.cvt", "PK\x03\x04 something else");
