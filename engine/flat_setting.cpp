@@ -5,14 +5,19 @@
 namespace kiv {
 namespace {
 
-std::vector<std::wstring_view> pieces(std::wstring_view line) {
-  std::vector<std::wstring_view> found;
-  for (std::size_t start = 0;;) {
-    const std::size_t comma = line.find(L',', start);
-    found.push_back(line.substr(start, comma - start));
-    if (comma == std::wstring_view::npos) return found;
-    start = comma + 1;
+// The line between its separating commas; a doubled comma is one of the text.
+std::vector<std::wstring> pieces(std::wstring_view line) {
+  std::vector<std::wstring> found(1);
+  for (std::size_t at = 0; at < line.size(); ++at) {
+    if (line[at] != L',') {
+      found.back() += line[at];
+    } else if (at + 1 < line.size() && line[at + 1] == L',') {
+      found.back() += line[at++];
+    } else {
+      found.emplace_back();
+    }
   }
+  return found;
 }
 
 // "key=value" or "key<>value", whichever sign comes first.
@@ -32,7 +37,7 @@ bool splitItem(std::wstring_view piece, FlatItem& item) {
 FlatSetting parseFlatSetting(std::wstring_view line) {
   FlatSetting setting;
   std::vector<FlatItem>* items = &setting.conditions;
-  for (const std::wstring_view piece : pieces(line)) {
+  for (const std::wstring& piece : pieces(line)) {
     const std::wstring_view trimmed = base::trim(piece);
     FlatItem item;
     if (trimmed == L"{") {
@@ -42,9 +47,6 @@ FlatSetting parseFlatSetting(std::wstring_view line) {
     } else if (splitItem(piece, item)) {
       if (items == &setting.results) item.equal = true;
       items->push_back(std::move(item));
-    } else if (!items->empty()) {
-      items->back().value += L',';
-      items->back().value += piece;
     }
   }
   return setting;

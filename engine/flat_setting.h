@@ -1,8 +1,7 @@
 #pragma once
 // A setting in the one-line form in which the run's reader hands it over:
 //   ,key=value,key<>value,***,{,key=value
-// Conditions stand before the "{" piece, results after it. A piece that is neither an item nor "***" nor
-// "{" continues the value before it together with its comma, so that a pattern with alternatives stays one.
+// Conditions stand before the "{" piece, results after it. A comma inside a value is doubled.
 
 #include <string>
 #include <string_view>

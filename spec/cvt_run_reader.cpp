@@ -1,13 +1,17 @@
 #include "spec/cvt_run_reader.h"
 
 #include "spec/color_text.h"
+#include "spec/cvt_lines.h"
 #include "spec/cvt_parser.h"
 
 namespace kiv {
 namespace {
 
 std::wstring flatValue(const Item& item) {
-  return item.kind == kColorKind ? std::to_wstring(colorNumber(item.value)) : item.value;
+  if (item.kind == kColorKind) return std::to_wstring(colorNumber(item.value));
+  std::wstring value;
+  for (const wchar_t character : item.value) value.append(character == L',' ? 2 : 1, character);
+  return value;
 }
 
 std::wstring flatten(const Setting& setting) {
@@ -26,6 +30,7 @@ std::wstring joined(std::vector<std::wstring> fields, int section) {
     fields[1] = std::to_wstring(colorNumber(fields[1]));
     fields.resize(9);
   }
+  if (section == kArrowSection) fields = {splitFields(fields[0]).front()};
   std::wstring line;
   for (size_t index = 0; index < fields.size(); ++index) line += (index == 0 ? L"" : L",") + fields[index];
   return line;
@@ -33,12 +38,10 @@ std::wstring joined(std::vector<std::wstring> fields, int section) {
 
 }  // namespace
 
-bool readWorkLists(const std::filesystem::path& file, WorkLists& out,
-                   std::vector<CvtDiagnostic>* diagnostics) {
+bool readWorkLists(const std::filesystem::path& file, WorkLists& out) {
   out = {};
   const auto parsed = parseCvtFile(file);
   if (!parsed.ok()) return false;
-  if (diagnostics) *diagnostics = parsed.value().diagnostics;
   for (const SectionInfo& info : sections()) {
     const size_t index = static_cast<size_t>(info.number - 1);
     const CvtSection& section = parsed.value().sections[index];

@@ -6,8 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "spec/cvt_diagnostics.h"
-
 namespace kiv {
 
 // The index is the section's number minus one: 0 texts, 1 dimensions, 2 hatches, 3 other entities,
@@ -17,19 +15,18 @@ namespace kiv {
 // A line of a setting (lists 0 to 3 and 5) is a row of pieces that each begin with a comma: the conditions
 // ",key=value", ",key<>value" or, for a setting without conditions, ",***"; then ",{" when the setting has
 // results; then the results ",key=value". The key is an item's key as in the file or a dimension variable's
-// name; a colour is its number (256 by layer, 0 by block). Keys and values are trimmed. A value may hold
-// commas: a piece without "=" and "<>" that is neither "***" nor "{" belongs to the value before it.
+// name; a colour is its number (256 by layer, 0 by block). Keys and values are trimmed. A comma inside
+// a value is doubled.
 //
 // The lines of the other lists are fields joined by commas, each trimmed: 4 "variable,value"
 // ("variable=value" when the line has no comma); 6 nine fields, the last six empty in a short entry, the
 // colour a number; 7 "linetype file,linetype"; 8 "style,font,big font" or "style,font"; 9 the arrow's name or
-// path.
+// path up to the first comma of its line.
 struct WorkLists {
   std::array<std::vector<std::wstring>, 10> lists;
 };
 
 // False when the file cannot be read or has none of the ten sections; `out` is then empty.
-bool readWorkLists(const std::filesystem::path& file, WorkLists& out,
-                   std::vector<CvtDiagnostic>* diagnostics = nullptr);
+bool readWorkLists(const std::filesystem::path& file, WorkLists& out);
 
 }  // namespace kiv

@@ -28,9 +28,9 @@ TEST(FlatSetting, WildcardSettingHasNoConditions) {
 }
 
 TEST(FlatSetting, PatternsKeepTheirCommas) {
-  const auto setting = kiv::parseFlatSetting(L",画層=A-*,B-*,~C,線種<>X,Y,{,DIMPOST=a,b");
-  EXPECT_EQ(shown(setting.conditions), L"画層=A-*,B-*,~C;線種<>X,Y;");
-  EXPECT_EQ(shown(setting.results), L"DIMPOST=a,b;");
+  const auto setting = kiv::parseFlatSetting(L",画層=A-*,,B-*,,~C,線種<>X,,***,{,DIMPOST=a,,b=c,,,色=1");
+  EXPECT_EQ(shown(setting.conditions), L"画層=A-*,B-*,~C;線種<>X,***;");
+  EXPECT_EQ(shown(setting.results), L"DIMPOST=a,b=c,;色=1;");
 }
 
 TEST(FlatSetting, FirstSignSeparatesAndResultsHaveNoSense) {
