@@ -163,6 +163,7 @@ TEST_F(Module, SpecificationsAreChecked) {
   EXPECT_EQ(result.settings, 1);
   ASSERT_EQ(result.diagnosticCount, 1);
   EXPECT_EQ(result.diagnostics[0].line, 6);
+  EXPECT_EQ(result.diagnostics[0].dropped, 1);
   EXPECT_NE(std::wstring(result.diagnostics[0].reason), L"");
 
   ASSERT_EQ(check(base::pathText(folder_ / "a.dxf").c_str(), &result), 1);
