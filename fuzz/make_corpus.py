@@ -1,7 +1,7 @@
 #!/usr/bin/python3
-"""Makes the seeds of the fuzz targets, small files that reach every branch of the readers.
+"""Makes the starting inputs of the fuzz targets, small files that reach every branch of the readers.
 
-    python3 fuzz/make_corpus.py        writes fuzz/corpus/; the seeds are committed
+    python3 fuzz/make_corpus.py        writes fuzz/corpus/; what it writes is committed
 """
 
 import pathlib
