@@ -43,7 +43,7 @@ bool Drawing::isModified() const { return modified_; }
 std::string_view Drawing::typeName(RecordId id) const {
   const Record& record = records_[id];
   if (record.signature != 0) return names_.stored(signatures_[record.signature].type);
-  if ((record.flags & (Record::kImplied | Record::kAdded)) == Record::kImplied) return {};
+  if (record.implied()) return {};
   return storage_->typeName(record);
 }
 
@@ -72,24 +72,32 @@ void Drawing::count(const Record& record, int difference) {
 void Drawing::setState(RecordId id, EditId edits, SignatureId signature, std::uint8_t flags) {
   Record& record = records_[id];
   const bool counted = record.signature != signature || record.flags != flags;
+  const bool member = record.kind == RecordKind::kTableRecord || record.kind == RecordKind::kBlockBegin;
+  const bool wasErased = record.erased();
+  const bool named = member && !wasErased && tables_[static_cast<std::size_t>(record.table)].fresh();
+  const NameId before = named ? tableName(id) : kNoName;
   if (counted) count(record, -1);
-  const bool existence = record.flags != flags;
   record.edits = edits;
   record.signature = signature;
   record.flags = flags;
   if (counted) count(record, 1);
   modified_ = true;
-  if (record.table != Table::kNone) recordChanged(id);
-  if (existence && record.kind == RecordKind::kEntity) {
-    blockLists_.reset();
-    subRecords_.reset();
-  }
+  if (member) memberChanged(id, before, wasErased);
 }
 
-void Drawing::recordChanged(RecordId id) {
-  const Table table = records_[id].table;
-  tables_[static_cast<std::size_t>(table)].invalidate();
-  if (table == Table::kLayer) locked_.clear();
+// Brings the index of a table up to date with one of its records; `before` is the name it had there.
+void Drawing::memberChanged(RecordId id, NameId before, bool wasErased) {
+  const Record& record = records_[id];
+  if (record.table == Table::kLayer) locked_.clear();
+  TableIndex& members = tables_[static_cast<std::size_t>(record.table)];
+  if (!members.fresh() || (wasErased && record.erased())) return;
+  const auto folded = [&](NameId name) { return name == kNoName ? std::wstring() : names_.folded(name); };
+  if (wasErased) return members.invalidate();
+  if (record.erased()) return members.remove(id, folded(before));
+  const NameId after = tableName(id);
+  if (after == before) return;
+  const std::wstring from = folded(before), to = folded(after);
+  if (from != to) members.rename(id, from, to);
 }
 
 void Drawing::setEdits(RecordId id, EditId edits) {

@@ -203,7 +203,7 @@ class Drawing {
   SignatureId signatureWith(const Record& record, Property property, const StoredValue& value);
   void setState(RecordId id, EditId edits, SignatureId signature, std::uint8_t flags);
   void count(const Record& record, int difference);
-  void recordChanged(RecordId id);
+  void memberChanged(RecordId id, NameId before, bool wasErased);
   void eraseOne(RecordId id, bool erased);
   base::Status renameReferences(NameId from, std::wstring_view to);
   base::Result<RecordId> makeTable(Table table);
@@ -213,6 +213,12 @@ class Drawing {
   std::filesystem::path path_;
   std::vector<Record> records_;
   SignatureTable signatures_;
+  struct SignatureStep {  // where a change of one property led from a signature
+    Property property = Property::kCount;
+    StoredValue value;
+    SignatureId to = 0;
+  };
+  std::vector<SignatureStep> lastSteps_;  // by signature: the latest
   mutable NamePool names_;
   FileFrame frame_;
   RecordId header_ = kNoRecord;

@@ -73,7 +73,7 @@ base::Status Drawing::setErased(RecordId id, bool erased) {
       return {};
     }
     case RecordKind::kTableRecord:
-      if ((record.flags & (Record::kImplied | Record::kAdded)) == Record::kImplied) break;
+      if (record.implied()) break;
       eraseOne(id, erased);
       return {};
     case RecordKind::kBlockBegin: {

@@ -7,8 +7,7 @@ namespace cad {
 base::Result<RecordId> Drawing::addTableRecord(Table table, std::wstring_view name) {
   ChangeScope scope(*this);
   if (const RecordId existing = find(table, name); existing != kNoRecord) {
-    const std::uint8_t flags = records_[existing].flags & (Record::kImplied | Record::kAdded);
-    if (flags != Record::kImplied)
+    if (!records_[existing].implied())
       return base::Failure{std::wstring(name), L"The drawing has a record of this name"};
     if (const base::Status status = materialise(existing); !status) return status.failure();
     return existing;

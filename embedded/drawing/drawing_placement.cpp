@@ -16,6 +16,11 @@ base::Failure noPlace() { return {{}, L"The drawing's file has no place for new 
 // Handles are taken in steps, so that the header changes once in a while only.
 constexpr Handle kSeedStep = 64;
 
+// Nothing counts up to larger ones in earnest; behind them the numbers would begin anew.
+constexpr Handle kLargestHandle = Handle{1} << 62;
+
+Handle usable(Handle seed) { return seed > kLargestHandle ? 0 : seed; }
+
 }  // namespace
 
 RecordId Drawing::insertRecord(NewRecord fresh) {
@@ -50,7 +55,7 @@ RecordId Drawing::insertRecord(NewRecord fresh) {
 }
 
 base::Status Drawing::materialise(RecordId id) {
-  if ((records_[id].flags & (Record::kImplied | Record::kAdded)) != Record::kImplied) return {};
+  if (!records_[id].implied()) return {};
   if (records_[id].kind != RecordKind::kTableRecord) {
     return base::Failure{{}, L"The file does not hold this block as a record"};
   }
@@ -79,9 +84,10 @@ std::optional<Handle> Drawing::takeHandle() {
   if (nextHandle_ == 0) {
     nextHandle_ = header_ == kNoRecord ? 0 : storage_->handleSeed(records_[header_]);
     bool any = nextHandle_ != 0;
+    nextHandle_ = usable(nextHandle_);
     for (const Record& record : records_) {
       const auto own = storage_->handle(record);
-      if (!own || *own > (Handle{1} << 62)) continue;
+      if (!own || *own > kLargestHandle) continue;
       any = true;
       nextHandle_ = std::max(nextHandle_, *own + 1);
     }
@@ -91,7 +97,7 @@ std::optional<Handle> Drawing::takeHandle() {
   const Handle taken = nextHandle_++;
   if (header_ == kNoRecord) return taken;
   if (!seed_ || seed_->first != records_[header_].edits) {
-    seed_ = {records_[header_].edits, storage_->handleSeed(records_[header_])};
+    seed_ = {records_[header_].edits, usable(storage_->handleSeed(records_[header_]))};
   }
   if (seed_->second < nextHandle_) {
     setEdits(header_, storage_->raiseHandleSeed(records_[header_], nextHandle_ + kSeedStep));

@@ -10,10 +10,6 @@
 namespace cad {
 namespace {
 
-bool isImplied(const Record& record) {
-  return (record.flags & (Record::kImplied | Record::kAdded)) == Record::kImplied;
-}
-
 Table tableNamedBy(Property property) {
   switch (property) {
     case Property::kLayer:
@@ -38,7 +34,7 @@ std::wstring wide(std::string_view text) { return std::wstring(text.begin(), tex
 }  // namespace
 
 std::optional<double> Drawing::real(RecordId id, Property property) const {
-  if (isImplied(records_[id])) return std::nullopt;
+  if (records_[id].implied()) return std::nullopt;
   const StoredValue value = storage_->property(records_[id], property);
   if (const auto* number = std::get_if<double>(&value)) return *number;
   return std::nullopt;
@@ -46,7 +42,7 @@ std::optional<double> Drawing::real(RecordId id, Property property) const {
 
 std::optional<std::int64_t> Drawing::integer(RecordId id, Property property) const {
   const Record& record = records_[id];
-  if (isImplied(record)) return std::nullopt;
+  if (record.implied()) return std::nullopt;
   if (property == Property::kColorIndex && record.signature != 0) {
     const std::int16_t color = signatures_[record.signature].color;
     if (color == Signature{}.color) return std::nullopt;
@@ -64,7 +60,7 @@ std::optional<std::wstring> Drawing::text(RecordId id, Property property) const 
     if (found == kNoName) return std::nullopt;
     return names_.text(found);
   }
-  if (isImplied(record)) return std::nullopt;
+  if (record.implied()) return std::nullopt;
   const StoredValue value = storage_->property(record, property);
   if (const auto* stored = std::get_if<std::string>(&value)) return decodeStored(*stored, facts().codePage);
   return std::nullopt;
@@ -72,7 +68,7 @@ std::optional<std::wstring> Drawing::text(RecordId id, Property property) const 
 
 NameId Drawing::name(RecordId id, Property property) const {
   const Record& record = records_[id];
-  if (isImplied(record)) return property == Property::kName ? impliedNames_.at(id) : kNoName;
+  if (record.implied()) return property == Property::kName ? impliedNames_.at(id) : kNoName;
   if (record.signature != 0) {
     const Signature& signature = signatures_[record.signature];
     const bool entity = record.kind == RecordKind::kEntity || record.kind == RecordKind::kSubEntity;
@@ -87,10 +83,10 @@ NameId Drawing::name(RecordId id, Property property) const {
 
 bool Drawing::canHold(RecordId id, Property property) const {
   const Record& record = records_[id];
-  if (!isImplied(record)) return storage_->canHold(record, property);
+  if (!record.implied()) return storage_->canHold(record, property);
   // What an implied record could hold is what any record of its table could.
   for (const RecordId other : tableRecords(record.table)) {
-    if (!isImplied(records_[other])) return storage_->canHold(records_[other], property);
+    if (!records_[other].implied()) return storage_->canHold(records_[other], property);
   }
   return true;
 }
@@ -147,7 +143,7 @@ base::Status Drawing::requireAppId(RecordId id, Property property) {
 
 base::Status Drawing::setStored(RecordId id, Property property, const StoredValue& value) {
   // An implied record of a table gets bytes of its own when one of its properties becomes another.
-  if (isImplied(records_[id])) {
+  if (records_[id].implied()) {
     ChangeScope scope(*this);
     base::Status status = materialise(id);
     if (status) status = setStored(id, property, value);
@@ -167,26 +163,25 @@ base::Status Drawing::setStored(RecordId id, Property property, const StoredValu
 }
 
 SignatureId Drawing::signatureWith(const Record& record, Property property, const StoredValue& value) {
-  if (record.signature == 0) return 0;
-  Signature signature = signatures_[record.signature];
-  const auto interned = [&] { return names_.intern(std::string_view(std::get<std::string>(value))); };
-  switch (property) {
-    case Property::kLayer:
-      signature.layer = interned();
-      break;
-    case Property::kLinetype:
-      signature.linetype = interned();
-      break;
-    case Property::kTextStyle:
-      signature.style = interned();
-      break;
-    case Property::kColorIndex:
-      signature.color = static_cast<std::int16_t>(std::get<std::int64_t>(value));
-      break;
-    default:
-      break;
+  const SignatureId from = record.signature;
+  const bool named =
+      property == Property::kLayer || property == Property::kLinetype || property == Property::kTextStyle;
+  if (from == 0 || !(named || property == Property::kColorIndex)) return from;
+  // Entities that are alike mostly get the same change one after another.
+  if (from >= lastSteps_.size()) lastSteps_.resize(signatures_.all().size());
+  SignatureStep& step = lastSteps_[from];
+  if (step.to != 0 && step.property == property && step.value == value) return step.to;
+  Signature signature = signatures_[from];
+  if (named) {
+    const NameId name = names_.intern(std::string_view(std::get<std::string>(value)));
+    (property == Property::kLayer      ? signature.layer
+     : property == Property::kLinetype ? signature.linetype
+                                       : signature.style) = name;
+  } else {
+    signature.color = static_cast<std::int16_t>(std::get<std::int64_t>(value));
   }
-  return signatures_.intern(signature);
+  step = {property, value, signatures_.intern(signature)};
+  return step.to;
 }
 
 }  // namespace cad

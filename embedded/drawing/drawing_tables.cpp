@@ -107,9 +107,10 @@ RecordId Drawing::find(Table wanted, std::wstring_view name) const {
 RecordId Drawing::find(Table wanted, NameId name) const {
   if (name == kNoName) return kNoRecord;
   table(wanted);
-  RecordId& slot = *tables_[index(wanted)].slot(name);
-  if (slot == TableIndex::kNotAsked) slot = tables_[index(wanted)].find(names_.folded(name));
-  return slot;
+  TableIndex& members = tables_[index(wanted)];
+  RecordId found = members.known(name);
+  if (found == TableIndex::kNotAsked) members.remember(name, found = members.find(names_.folded(name)));
+  return found;
 }
 
 bool Drawing::isLayerLocked(NameId layer) const {

@@ -17,8 +17,15 @@ inline constexpr NameId kNoName = 0xFFFFFFFF;
 
 class NamePool {
  public:
+  NamePool() = default;
+  // byStored_ refers to the texts of entries_: these may move, but not be copied.
+  NamePool(const NamePool&) = delete;
+  NamePool& operator=(const NamePool&) = delete;
+  NamePool(NamePool&&) = default;
+  NamePool& operator=(NamePool&&) = default;
+
   // How stored bytes become text: the drawing's code page, \U+XXXX and \M+nXXXX escapes. Must be set
-  // before the first wide() or intern(wide).
+  // before the first text(), folded() or intern() of decoded text.
   void setCodePage(base::CodePage page) { page_ = page; }
 
   NameId intern(std::string_view stored);  // bytes as they stand in the drawing

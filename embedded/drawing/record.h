@@ -52,6 +52,7 @@ struct Record {
   static constexpr std::uint8_t kLayoutSpace = 8;  // block: model space or a paper space
   static constexpr std::uint8_t kLayerNames = 16;  // its extended data names layers
   bool erased() const { return (flags & kErased) != 0; }
+  bool implied() const { return (flags & (kImplied | kAdded)) == kImplied; }  // has no bytes of its own
 };
 
 struct Signature {

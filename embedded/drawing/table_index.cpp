@@ -1,5 +1,6 @@
 #include "embedded/drawing/table_index.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace cad {
@@ -8,17 +9,44 @@ void TableIndex::beginRefresh() {
   live_.clear();
   byName_.clear();
   byId_.clear();
+  absent_.clear();
+  equalNames_ = false;
 }
 
 void TableIndex::put(RecordId id, std::wstring folded) {
   live_.push_back(id);
-  byName_.try_emplace(std::move(folded), id);
+  if (!byName_.try_emplace(std::move(folded), id).second) equalNames_ = true;
 }
 
 void TableIndex::append(RecordId id, std::wstring folded) {
   members_.push_back(id);
   put(id, std::move(folded));
-  byId_.clear();
+  forgetAbsent();
+}
+
+void TableIndex::rename(RecordId id, const std::wstring& from, std::wstring to) {
+  if (byName_.contains(to) || !takeName(id, from)) return invalidate();
+  byName_.emplace(std::move(to), id);
+  forgetAbsent();
+}
+
+void TableIndex::remove(RecordId id, const std::wstring& folded) {
+  if (!takeName(id, folded)) return invalidate();
+  std::erase(live_, id);
+}
+
+// False, and nothing done, when a member of an equal name would be found from now on.
+bool TableIndex::takeName(RecordId id, const std::wstring& folded) {
+  const auto found = byName_.find(folded);
+  if (equalNames_ || found == byName_.end() || found->second != id) return false;
+  byName_.erase(found);
+  std::ranges::replace(byId_, id, kNotAsked);
+  return true;
+}
+
+void TableIndex::forgetAbsent() {
+  for (const NameId name : absent_) byId_[name] = kNotAsked;
+  absent_.clear();
 }
 
 RecordId TableIndex::find(const std::wstring& folded) const {
@@ -26,9 +54,12 @@ RecordId TableIndex::find(const std::wstring& folded) const {
   return found == byName_.end() ? kNoRecord : found->second;
 }
 
-RecordId* TableIndex::slot(NameId name) {
-  if (name >= byId_.size()) byId_.resize(name + 1, kNotAsked);
-  return &byId_[name];
+RecordId TableIndex::known(NameId name) const { return name < byId_.size() ? byId_[name] : kNotAsked; }
+
+void TableIndex::remember(NameId name, RecordId answer) {
+  if (name >= byId_.size()) byId_.resize(name + std::size_t{1}, kNotAsked);
+  byId_[name] = answer;
+  if (answer == kNoRecord) absent_.push_back(name);
 }
 
 }  // namespace cad

@@ -53,7 +53,10 @@ base::Result<RecordId> DxfStorage::addInsert(Drawing& drawing, RecordId space, s
   if (owner && writesOwners(drawing, *this)) builder.handle(330, *owner);
   builder.subclass("AcDbEntity");
   if (space == drawing.paperSpace()) builder.integer(67, 1);
-  builder.text(8, std::get<std::wstring>(headerVariable(drawing, "CLAYER").value_or(std::wstring(L"0"))));
+  // A file may hold the variable under another type's code.
+  const std::optional<Variable> current = headerVariable(drawing, "CLAYER");
+  const auto* layer = current ? std::get_if<std::wstring>(&*current) : nullptr;
+  builder.text(8, layer != nullptr ? *layer : L"0");
   builder.subclass("AcDbBlockReference").text(2, name).point(10, at);
   if (scale != 1) builder.real(41, scale).real(42, scale).real(43, scale);
   if (rotationDegrees != 0) builder.real(50, rotationDegrees);

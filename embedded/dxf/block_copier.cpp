@@ -19,6 +19,9 @@ bool hasDimStyle(std::string_view type) {
 
 bool namesBlock(std::string_view type) { return type == "INSERT" || type == "DIMENSION"; }
 
+// Each level takes a part of the stack; drawings nest a few.
+constexpr std::size_t kDeepestNesting = 200;
+
 }  // namespace
 
 BlockCopier::BlockCopier(Drawing& target, DxfStorage& to, const Drawing& source, const DxfStorage& from)
@@ -63,11 +66,11 @@ base::Status BlockCopier::needBlock(std::wstring_view name) {
   if (name.front() == L'*') {
     here = freeName(name);
   } else if (const RecordId own = target_.find(Table::kBlock, name); own != kNoRecord) {
-    std::set<RecordId> seen;
-    if (contains(own, name_, seen)) return failure(name, L"The block would contain itself");
+    if (contains(own, name_)) return failure(name, L"The block would contain itself");
     replacements_.blockNames[folded] = here;
     return {};
   }
+  if (open_.size() >= kDeepestNesting) return failure(name, L"The blocks are nested too deeply");
   if (!open_.insert(block).second) return failure(name, L"A block contains itself");
   BlockHead head;
   const RecordGroups groups(from_, source_.record(block));
@@ -83,15 +86,20 @@ base::Status BlockCopier::needBlock(std::wstring_view name) {
   return {};
 }
 
-bool BlockCopier::contains(RecordId block, std::wstring_view name, std::set<RecordId>& seen) const {
-  if (!seen.insert(block).second) return false;
-  for (const RecordId id : target_.entitiesOf(block)) {
-    if (target_.record(id).erased() || target_.typeName(id) != "INSERT") continue;
-    const NameId used = target_.name(id, Property::kBlockName);
-    if (used == kNoName) continue;
-    if (target_.names().folded(used) == name) return true;
-    const RecordId inner = target_.find(Table::kBlock, used);
-    if (inner != kNoRecord && contains(inner, name, seen)) return true;
+bool BlockCopier::contains(RecordId block, std::wstring_view name) const {
+  std::set<RecordId> seen = {block};
+  std::vector<RecordId> open = {block};
+  while (!open.empty()) {
+    const RecordId next = open.back();
+    open.pop_back();
+    for (const RecordId id : target_.entitiesOf(next)) {
+      if (target_.record(id).erased() || target_.typeName(id) != "INSERT") continue;
+      const NameId used = target_.name(id, Property::kBlockName);
+      if (used == kNoName) continue;
+      if (target_.names().folded(used) == name) return true;
+      const RecordId inner = target_.find(Table::kBlock, used);
+      if (inner != kNoRecord && seen.insert(inner).second) open.push_back(inner);
+    }
   }
   return false;
 }

@@ -17,8 +17,8 @@ class BlockCopier {
   BlockCopier(Drawing& target, DxfStorage& to, const Drawing& source, const DxfStorage& from);
 
   // Refused: an entity that the receiving version cannot hold or that depends on objects which are not
-  // copied, with its type; a block that would contain itself. What was done before a failure is for the
-  // caller's change scope to take back.
+  // copied, with its type; a block that would contain itself, or that nests too deeply. What was done before
+  // a failure is for the caller's change scope to take back.
   base::Result<RecordId> copyModelSpace(std::wstring_view name);
 
  private:
@@ -32,7 +32,7 @@ class BlockCopier {
   base::Status copyEntity(BlockWriter& writer, RecordId entity);
   void copyDimVariables(RecordId from, RecordId to);
   std::wstring freeName(std::wstring_view anonymous);
-  bool contains(RecordId block, std::wstring_view name, std::set<RecordId>& seen) const;
+  bool contains(RecordId block, std::wstring_view name) const;
   void mapHandle(RecordId record);
   std::optional<Handle> newHandle(RecordId record);
   std::vector<RecordId> liveEntities(RecordId block) const;

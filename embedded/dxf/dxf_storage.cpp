@@ -1,7 +1,9 @@
 #include "embedded/dxf/dxf_storage.h"
 
 #include <utility>
+#include <vector>
 
+#include "base/fold.h"
 #include "embedded/drawing/stored_text.h"
 #include "embedded/dxf/group_cursor.h"
 #include "embedded/dxf/group_writer.h"
@@ -89,26 +91,26 @@ void DxfStorage::keep(Record& record, std::string bytes) {
 
 EditId DxfStorage::renameLayerInExtendedData(const Record& record, const NamePool& names, NameId from,
                                              std::string_view to) {
-  Record state = record;
   std::string scratch;
-  NamePool compared;
-  compared.setCodePage(facts_.codePage);
+  const std::string_view stored = bytes(record, scratch);
   const std::wstring& old = names.folded(from);
-  for (std::uint32_t done = 0;;) {
-    bool changed = false;
-    GroupCursor cursor(bytes(state, scratch), dialect_);
-    while (cursor.next()) {
-      const Group& group = cursor.group();
-      if (group.code != 1003 || group.begin < done) continue;
-      if (compared.folded(compared.intern(trimmed(group.value))) != old) continue;
-      done = group.begin + 1;
-      if (group.value == to) continue;
-      state.edits = withValue(state, group, to);
-      changed = true;
-      break;
-    }
-    if (!changed) return state.edits;
+  std::vector<Group> found;
+  GroupCursor cursor(stored, dialect_);
+  while (cursor.next()) {
+    const Group& group = cursor.group();
+    if (group.code != 1003 || group.value == to) continue;
+    if (base::upper(decode(trimmed(group.value))) == old) found.push_back(group);
   }
+  if (found.empty()) return record.edits;
+  if (found.size() == 1) return withValue(record, found.front(), to);
+  std::string renamed;
+  std::size_t done = 0;
+  for (const Group& group : found) {
+    renamed.append(stored.substr(done, group.valueBegin - done)).append(to);
+    done = group.valueBegin + group.value.size();
+  }
+  renamed.append(stored.substr(done));
+  return edits_.addWhole(record.edits, std::move(renamed));
 }
 
 Handle DxfStorage::handleSeed(const Record& header) const {

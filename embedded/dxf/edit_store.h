@@ -18,6 +18,8 @@ using TextId = std::uint32_t;
 class EditStore {
  public:
   EditStore();
+  EditStore(const EditStore&) = delete;  // shared_ refers to the texts
+  EditStore& operator=(const EditStore&) = delete;
 
   TextId keepText(std::string_view bytes);  // equal bytes are kept once
   TextId keepRecord(std::string bytes);     // not shared
