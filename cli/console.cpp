@@ -2,13 +2,13 @@
 
 #include <cstdio>
 
-#include "base/codepage.h"
+#include "base/utf8.h"
 
 namespace kivcli {
 namespace {
 
 void writeLine(std::FILE* stream, std::wstring_view text) {
-  const std::string line = base::toUtf8(text) + '\n';
+  const std::string line = base::utf8::encodeName(text) + '\n';
   std::fwrite(line.data(), 1, line.size(), stream);
   // The two outputs often share a terminal or a file: their lines must stand in the order of events.
   std::fflush(stream);

@@ -1,5 +1,6 @@
 #pragma once
-// The program's two outputs, as UTF-8: results on standard output, complaints on standard error.
+// The program's two outputs, as UTF-8: results on standard output, complaints on standard error. The bytes
+// of a file name that is not UTF-8 come out as they came in.
 
 #include <string>
 #include <string_view>

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/codepage.h"
+#include "base/files.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/console.h"
@@ -53,8 +54,9 @@ int runGuarded(const std::vector<std::wstring>& words) {
 int wmain(int count, wchar_t** words) { return runGuarded({words + 1, words + count}); }
 #else
 int main(int count, char** words) {
+  // Most words are file names, which a system may hold in another encoding than UTF-8.
   std::vector<std::wstring> wide;
-  for (int i = 1; i < count; ++i) wide.push_back(base::fromUtf8(words[i]));
+  for (int i = 1; i < count; ++i) wide.push_back(base::pathText(words[i]));
   return runGuarded(wide);
 }
 #endif

@@ -114,6 +114,10 @@ TEST_F(ConvertTest, AnUnusableCallConvertsNothing) {
        "--out file: this folder cannot be made"},
       {{"convert", "--spec", "rules.cvt", "--out", "out", "--log", "file/log", "good.dxf"},
        "--log file/log: "},
+      {{"convert", "--spec", "rules.cvt", "--out", std::string(300, 'x'), "good.dxf"},
+       "x: this folder cannot be made: "},
+      {{"convert", "--spec", "rules.cvt", "--out", "out", "--log", std::string(300, 'x'), "good.dxf"},
+       "x: this folder cannot be made: "},
   };
   for (const auto& [words, says] : cases) {
     const ProgramRun run = kivcvt(words);
@@ -210,6 +214,17 @@ TEST_F(ConvertTest, NamesOutsideAsciiComeBackAsTheyWereTyped) {
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(run.out, "図面/平面図.dxf -> out/平面図.DXF\n1 drawing converted\n");
   EXPECT_EQ(filesIn("out"), std::vector<std::string>{"平面図.DXF"});
+}
+
+TEST_F(ConvertTest, NamesInCodePage932ComeBackByteForByte) {
+  const std::string drawingName = "\x95\xbd\x96\xca\x90\x7d", folderName = "\x90\x7d\x96\xca";
+  const std::string rules = folderName + "/rules.cvt", source = folderName + "/" + drawingName + ".dxf";
+  writeSpecification(rules, kTextsGreen);
+  write(source, good_);
+  const ProgramRun run = kivcvt({"convert", "--spec", rules, "--out", drawingName, source, drawingName});
+  EXPECT_EQ(run.out, source + " -> " + drawingName + "/" + drawingName + ".DXF\n1 of 2 drawings converted\n");
+  EXPECT_TRUE(run.err.starts_with(drawingName + ": ")) << run.err;
+  EXPECT_EQ(filesIn(drawingName), std::vector<std::string>{drawingName + ".DXF"});
 }
 
 }  // namespace
