@@ -21,7 +21,8 @@ base::Status makeFolder(const std::wstring& option, const std::wstring& folder) 
   std::error_code error;
   const fs::path path = base::pathFromText(folder);
   fs::create_directories(path, error);
-  if (fs::is_directory(path)) return {};
+  std::error_code unknown;
+  if (fs::is_directory(path, unknown)) return {};
   return base::Failure{
       option + L" " + folder,
       L"this folder cannot be made: " + base::fromUtf8(error ? error.message() : "a file is there")};
