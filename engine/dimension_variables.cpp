@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string_view>
+#include <vector>
 
 #include "base/fold.h"
 #include "dbdim.h"
@@ -228,12 +229,18 @@ constexpr std::array kAccesses = {
 #undef KIV_LEADER_DIM
 #undef KIV_DIM_TEXT
 
-const Access* accessOf(int row) {
-  const std::wstring_view name = dimensionCatalogue()[static_cast<std::size_t>(row)].name;
+std::vector<const Access*> accessesByRow() {
+  std::vector<const Access*> byRow(dimensionCatalogue().size(), nullptr);
   for (const Access& access : kAccesses) {
-    if (name == access.name) return &access;
+    byRow[static_cast<std::size_t>(findDimensionVariable(access.name))] = &access;
   }
-  return nullptr;
+  return byRow;
+}
+
+// Asked for every entity that a condition looks at. Null: dimensions do not have the variable.
+const Access* accessOf(int row) {
+  static const std::vector<const Access*> byRow = accessesByRow();
+  return byRow[static_cast<std::size_t>(row)];
 }
 
 // The host writes built-in arrows with or without the underscore, and the catalogue has one of them in a
@@ -261,7 +268,7 @@ bool equalsDimensionValue(const DimensionValue& value, int row, const std::wstri
   const auto wanted = access != nullptr ? access->parse(text) : std::nullopt;
   if (!wanted || wanted->index() != value.index()) return false;
   if (std::holds_alternative<double>(value)) return equalNumbers(numberOf(value), numberOf(*wanted));
-  if (isArrowVariable(access->name)) return arrowKey(textOf(value)) == arrowKey(textOf(*wanted));
+  if (access->parse == parseArrow) return arrowKey(textOf(value)) == arrowKey(textOf(*wanted));
   return base::equalFolded(textOf(value), textOf(*wanted));
 }
 
