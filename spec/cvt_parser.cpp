@@ -5,13 +5,10 @@
 #include "base/files.h"
 #include "spec/cvt_lines.h"
 #include "spec/cvt_section_pass.h"
+#include "spec/cvt_words.h"
 
 namespace kiv {
 namespace {
-
-constexpr const wchar_t* kEndOfFile = L"[EOF]";
-constexpr const wchar_t* kEndOfSection = L"---END---";
-constexpr const wchar_t* kRemarkHeader = L"[備考]";
 
 // Finds what no pass looks at: text between the sections, sections of other names, repetitions.
 class OutlineCheck {
@@ -25,7 +22,7 @@ class OutlineCheck {
       const CvtLine& line = lines_[at];
       if (line.text.empty()) continue;
       if (inside_) {
-        inside_ = line.folded != kEndOfSection;
+        inside_ = line.folded != kFoldedEndOfSection;
       } else if (line.folded == kRemarkHeader) {
         ++at;
       } else {

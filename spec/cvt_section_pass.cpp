@@ -2,18 +2,10 @@
 
 #include "base/fold.h"
 #include "spec/color_text.h"
+#include "spec/cvt_words.h"
 #include "spec/dimension_catalogue.h"
 
 namespace kiv {
-namespace {
-
-constexpr const wchar_t* kEndOfFile = L"[EOF]";
-constexpr const wchar_t* kEndOfSection = L"---END---";
-constexpr const wchar_t* kRemarkHeader = L"[備考]";
-constexpr const wchar_t* kWildcard = L"[***]";
-
-}  // namespace
-
 CvtSectionPass::CvtSectionPass(int section, const std::vector<CvtLine>& lines, std::wstring& remark,
                                CvtDiagnostics& diagnostics)
     : info_(kiv::section(section)), lines_(lines), remark_(remark), diagnostics_(diagnostics) {}
@@ -25,7 +17,7 @@ CvtSection CvtSectionPass::run() {
   const CvtLine& header = lines_[at];
   for (++at; at < lines_.size() && lines_[at].folded != kEndOfFile; ++at) {
     const CvtLine& line = lines_[at];
-    if (line.folded == kEndOfSection) {
+    if (line.folded == kFoldedEndOfSection) {
       endSetting();
       return std::move(section_);
     }
@@ -91,7 +83,7 @@ bool CvtSectionPass::takeCondition(const CvtLine& line) {
     wildcard_ = false;
     opened_ = &line;
   }
-  if (line.folded == kWildcard) {
+  if (line.folded == kNoConditions) {
     wildcard_ = true;
     return true;
   }
@@ -187,7 +179,7 @@ void CvtSectionPass::takeLayer(const CvtLine& line) {
 void CvtSectionPass::reportLostEntries(size_t from) {
   for (size_t at = from; at < lines_.size(); ++at) {
     const CvtLine& line = lines_[at];
-    if (line.folded == kEndOfSection || line.folded == kEndOfFile) return;
+    if (line.folded == kFoldedEndOfSection || line.folded == kEndOfFile) return;
     if (!line.text.empty() && line.text.front() == L'[') return;  // the next section's header
     if (!line.text.empty()) report(CvtProblem::kAfterEmptyLine, line);
   }

@@ -7,6 +7,7 @@
 #include "base/fold.h"
 #include "platform/text.h"
 #include "spec/color_text.h"
+#include "spec/cvt_words.h"
 
 namespace kiv {
 namespace {
@@ -35,7 +36,7 @@ std::wstring settingLines(const Setting& setting) {
   std::wstring lines;
   for (const Item& condition : setting.conditions) lines += itemLine(condition);
   if (setting.results.empty()) return lines;
-  if (setting.conditions.empty()) lines += L"[***]\n";
+  if (setting.conditions.empty()) lines += std::wstring(kNoConditions) + L"\n";
   lines += std::wstring(kBraceIndent, L' ') + L"{\n";
   for (const Item& result : setting.results) lines += std::wstring(kResultIndent, L' ') + itemLine(result);
   return lines + std::wstring(kBraceIndent, L' ') + L"}\n";
@@ -73,14 +74,14 @@ bool canBeOpenedAgain(const std::filesystem::path& file) {
 }  // namespace
 
 std::wstring cvtText(const Specification& specification) {
-  std::wstring text = L"[備考]\n" + withoutLineEnds(specification.remark) + L"\n\n";
+  std::wstring text = std::wstring(kRemarkHeader) + L"\n" + withoutLineEnds(specification.remark) + L"\n\n";
   for (const SectionInfo& info : sections()) {
     text += std::wstring(info.header) + L"\n";
     for (const Setting& setting : specification.settings(info.number)) text += settingLines(setting);
     for (const Entry& entry : specification.entries(info.number)) text += entryLine(entry, info.number);
-    text += L"---End---\n\n";
+    text += std::wstring(kEndOfSection) + L"\n\n";
   }
-  return text + L"[EOF]\n";
+  return text + kEndOfFile + L"\n";
 }
 
 CvtWriteResult writeSpecification(const Specification& specification, const std::filesystem::path& file) {

@@ -1,6 +1,8 @@
 #include "spec/display_text.h"
 
-#include "base/fold.h"
+#include <utility>
+
+#include "spec/cvt_lines.h"
 
 namespace kiv {
 namespace {
@@ -49,15 +51,6 @@ std::wstring variableText(const Entry& entry) {
 
 std::wstring arrowEntryText(const Entry& entry) {
   return bracketed(field(entry, 0)) + (entry.wording == Wording::kPicker ? L"" : L" をﾛｰﾄﾞ");
-}
-
-void appendValues(std::wstring_view list, std::vector<std::wstring>& values) {
-  for (;;) {
-    const size_t comma = list.find(L',');
-    values.emplace_back(base::trim(list.substr(0, comma)));
-    if (comma == list.npos) return;
-    list.remove_prefix(comma + 1);
-  }
 }
 
 }  // namespace
@@ -111,7 +104,9 @@ std::vector<std::wstring> valuesOfText(std::wstring_view text) {
     if (open == text.npos) break;
     const size_t close = text.find(text[open] == L'<' ? L'>' : L'）', open + 1);
     if (close == text.npos) break;
-    appendValues(text.substr(open + 1, close - open - 1), values);
+    for (std::wstring& value : splitFields(text.substr(open + 1, close - open - 1))) {
+      values.push_back(std::move(value));
+    }
     at = close + 1;
   }
   return values;
