@@ -10,7 +10,7 @@ using namespace engine_test;
 using cad::Property;
 
 // Layers of the sample: 0 (current), All (colour 1, DASHED, 0.25 mm), NEW (colour 3), LOCKED (locked, colour
-// 4), B-ALL (frozen, off, not plotted, colour 5).
+// 4), B-ALL (frozen, off, not plotted, colour 5, 50 % transparency).
 const wchar_t* const kLayers[] = {L"0", L"ALL", L"NEW", L"LOCKED", L"B-ALL"};
 
 class LayerSettings : public RunTest {
@@ -51,7 +51,8 @@ TEST_F(LayerSettings, EveryKindAsConditionEqualAndInverted) {
       {L"線種", L"DASHED", L"ALL ", L"0 NEW LOCKED B-ALL "},
       {L"色", L"5", L"B-ALL ", L"0 ALL NEW LOCKED "},
       {L"線幅値", L"0.25 mm", L"ALL ", L"0 NEW LOCKED B-ALL "},
-      {L"透過性", L"0", L"0 ALL NEW LOCKED B-ALL ", L""},
+      {L"透過性", L"50", L"B-ALL ", L"0 ALL NEW LOCKED "},
+      {L"透過性", L"0", L"0 ALL NEW LOCKED ", L"B-ALL "},
       {L"表示", L"OFF", L"B-ALL ", L"0 ALL NEW LOCKED "},
       {L"ロック", L"on", L"LOCKED ", L"0 ALL NEW B-ALL "},
       {L"フリーズ", L"ON", L"B-ALL ", L"0 ALL NEW LOCKED "},
@@ -67,15 +68,17 @@ TEST_F(LayerSettings, EveryKindAsConditionEqualAndInverted) {
 
 TEST_F(LayerSettings, EveryKindAsResult) {
   convert(
-      L"[画層] = NEW\n{\n[色] = 30\n[線種] = DASHED\n[線幅値] = 1.00 mm\n[透過性] = 50\n[表示] = OFF\n"
+      L"[画層] = NEW\n{\n[色] = 30\n[線種] = DASHED\n[線幅値] = 1.00 mm\n[透過性] = 60\n[表示] = OFF\n"
       L"[ロック] = ON\n[フリーズ] = ON\n[印刷] = OFF\n}\n"
-      L"[画層] = B-ALL\n{\n[表示] = ON\n[フリーズ] = OFF\n[印刷] = ON\n}");
+      L"[画層] = B-ALL\n{\n[表示] = ON\n[フリーズ] = OFF\n[印刷] = ON\n[透過性] = 0\n}");
   EXPECT_TRUE(sink_.problems.empty());
   EXPECT_EQ(layerInteger(L"NEW", Property::kLayerColor), -30);
   EXPECT_EQ(layerInteger(L"NEW", Property::kStandardFlags) & 5, 5);
   EXPECT_EQ(layerInteger(L"NEW", Property::kLayerPlottable), 0);
   EXPECT_EQ(layerInteger(L"NEW", Property::kLineWeight), 100);
   EXPECT_EQ(drawing().names().text(drawing().name(layer(L"NEW"), Property::kLayerLinetype)), L"DASHED");
+  EXPECT_EQ(layerInteger(L"NEW", Property::kTransparency), 0x02000000 | 102);
+  EXPECT_EQ(layerInteger(L"B-ALL", Property::kTransparency), 0x020000FF);
   EXPECT_EQ(layerInteger(L"B-ALL", Property::kLayerColor), 5);
   EXPECT_EQ(layerInteger(L"B-ALL", Property::kStandardFlags) & 1, 0);
 }
