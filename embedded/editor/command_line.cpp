@@ -58,6 +58,31 @@ class CommandGroup {
   bool begun_ = false;
 };
 
+// Counts a command as running for as long as it lives, however the command ends.
+class RunningCommand {
+ public:
+  RunningCommand(int& depth, std::vector<std::wstring>& names, std::wstring name)
+      : depth_(depth), names_(names) {
+    names_.push_back(std::move(name));
+    ++depth_;
+  }
+  ~RunningCommand() {
+    --depth_;
+    names_.pop_back();
+  }
+  RunningCommand(const RunningCommand&) = delete;
+  RunningCommand& operator=(const RunningCommand&) = delete;
+
+ private:
+  int& depth_;
+  std::vector<std::wstring>& names_;
+};
+
+Outcome endedWithError(const std::wstring& name) {
+  report({name, L"The command ended with an error."});
+  return Outcome::kRefused;
+}
+
 }  // namespace
 
 Outcome CommandLine::runRegistered(const AcEdCommand& command) {
@@ -65,15 +90,14 @@ Outcome CommandLine::runRegistered(const AcEdCommand& command) {
   const std::wstring name = command.globalName();
   std::vector<Token> outerPrompt = std::move(openPrompt_);
   openPrompt_.clear();
-  Outcome outcome = Outcome::kDone;
+  bool ended = true;
   try {
     function();
   } catch (...) {
-    report({name, L"The command ended with an error."});
-    outcome = Outcome::kRefused;
+    ended = false;
   }
   openPrompt_ = std::move(outerPrompt);
-  return outcome;
+  return ended ? Outcome::kDone : endedWithError(name);
 }
 
 Outcome CommandLine::runOne(TokenReader& input, std::wstring_view typed) {
@@ -87,12 +111,13 @@ Outcome CommandLine::runOne(TokenReader& input, std::wstring_view typed) {
   }
   HostState& state = hostState();
   const CommandGroup group(depth_ == 0 && (registered != nullptr || builtin->undoable));
-  ++depth_;
-  running_.push_back(wanted.name);
-  const Outcome outcome = registered != nullptr ? runRegistered(*registered) : builtin->run(input, state);
-  running_.pop_back();
-  --depth_;
-  return outcome;
+  const RunningCommand running(depth_, running_, wanted.name);
+  if (registered != nullptr) return runRegistered(*registered);
+  try {
+    return builtin->run(input, state);
+  } catch (...) {
+    return endedWithError(wanted.name);
+  }
 }
 
 int CommandLine::run(std::vector<Token> tokens) {

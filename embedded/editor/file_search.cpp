@@ -17,6 +17,18 @@ std::filesystem::path lookIn(const std::filesystem::path& folder, const std::wst
   return !found.empty() && std::filesystem::is_regular_file(found, error) ? found : std::filesystem::path();
 }
 
+// Specification lines arrive upper-cased, so the folders of a path may differ in case as its file does.
+std::filesystem::path resolve(const std::filesystem::path& whole) {
+  std::error_code error;
+  if (std::filesystem::is_regular_file(whole, error)) return whole;
+  std::filesystem::path folder = whole.root_path();
+  for (const std::filesystem::path& part : whole.parent_path().relative_path()) {
+    folder = base::findIgnoringCase(folder, base::pathText(part));
+    if (folder.empty()) return {};
+  }
+  return lookIn(folder, base::pathText(whole.filename()));
+}
+
 std::vector<std::filesystem::path> searchFolders() {
   const HostState& state = hostState();
   std::error_code error;
@@ -43,7 +55,7 @@ std::filesystem::path findFile(std::wstring_view name) {
   if (file.empty()) return {};
   if (wanted.has_parent_path()) {
     std::error_code error;
-    return lookIn(std::filesystem::absolute(wanted.parent_path(), error), file);
+    return resolve(std::filesystem::absolute(wanted, error));
   }
   for (const std::filesystem::path& folder : searchFolders())
     if (std::filesystem::path found = lookIn(folder, file); !found.empty()) return found;

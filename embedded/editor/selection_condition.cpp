@@ -6,6 +6,7 @@
 #include "base/codepage.h"
 #include "embedded/drawing/wildcard.h"
 #include "embedded/editor/group_codes.h"
+#include "embedded/editor/integer_part.h"
 
 namespace cad {
 namespace {
@@ -16,10 +17,16 @@ constexpr double kTolerance = 1e-9;
 
 Verdict verdict(bool holds) { return holds ? Verdict::kYes : Verdict::kNo; }
 
+bool bitsHold(double value, Relation relation, double wanted) {
+  const std::optional<std::int64_t> own = integerPart(value);
+  const std::optional<std::int64_t> bits = integerPart(wanted);
+  if (!own || !bits) return false;
+  return relation == Relation::kAllBits ? (*own & *bits) == *bits : (*own & *bits) != 0;
+}
+
 bool holds(double value, Relation relation, double wanted) {
   const double tolerance = kTolerance * std::max(1.0, std::abs(wanted));
   const bool equal = std::abs(value - wanted) <= tolerance;
-  const auto bits = [](double number) { return static_cast<std::int64_t>(number); };
   switch (relation) {
     case Relation::kAny:
       return true;
@@ -36,9 +43,8 @@ bool holds(double value, Relation relation, double wanted) {
     case Relation::kGreaterOrEqual:
       return equal || value > wanted;
     case Relation::kBits:
-      return (bits(value) & bits(wanted)) != 0;
     case Relation::kAllBits:
-      return (bits(value) & bits(wanted)) == bits(wanted);
+      return bitsHold(value, relation, wanted);
   }
   return false;
 }

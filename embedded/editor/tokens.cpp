@@ -1,5 +1,6 @@
 #include "embedded/editor/tokens.h"
 
+#include <cmath>
 #include <cwchar>
 
 #include "base/fold.h"
@@ -18,7 +19,7 @@ std::optional<double> wholeNumber(const std::wstring& text) {
   if (text.empty()) return std::nullopt;
   wchar_t* end = nullptr;
   const double value = std::wcstod(text.c_str(), &end);
-  return *end == 0 ? std::optional(value) : std::nullopt;
+  return *end == 0 && std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
 }  // namespace

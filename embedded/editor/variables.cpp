@@ -5,6 +5,7 @@
 #include "acedads.h"
 #include "base/codepage.h"
 #include "embedded/editor/host_state.h"
+#include "embedded/editor/integer_part.h"
 #include "embedded/editor/result_buffer.h"
 
 namespace cad {
@@ -30,7 +31,9 @@ Variable typed(const SystemVariable& variable, const Variable& stored) {
   if (realValue == nullptr && integerValue == nullptr) return defaultOf(variable);
   if (variable.type == VariableType::kReal)
     return realValue != nullptr ? *realValue : static_cast<double>(*integerValue);
-  return integerValue != nullptr ? *integerValue : static_cast<std::int64_t>(*realValue);
+  if (integerValue != nullptr) return *integerValue;
+  const std::optional<std::int64_t> whole = integerPart(*realValue);
+  return whole ? Variable(*whole) : defaultOf(variable);
 }
 
 base::Status checkNumber(const SystemVariable& variable, double value) {

@@ -1,3 +1,6 @@
+#include <stdexcept>
+#include <utility>
+
 #include "accmd.h"
 #include "acedCmdNF.h"
 #include "rxdlinkr.h"
@@ -114,6 +117,21 @@ TEST_F(Commands, RefuseTokensThatCannotBeTyped) {
   EXPECT_EQ(acedCommandS(4711, L"REGEN", RTNONE), RTERROR);
   EXPECT_EQ(acedCommandS(RTSTR, L"NO_SUCH_COMMAND", RTNONE), RTERROR);
   EXPECT_TRUE(printedHas(L"NO_SUCH_COMMAND"));
+}
+
+TEST_F(Commands, ABuiltinThatThrowsLeavesTheHostFree) {
+  open();
+  bool thrown = false;
+  host().setOutput([&](std::wstring_view) {
+    if (!std::exchange(thrown, true)) throw std::runtime_error("no output");
+  });
+  EXPECT_FALSE(host().execute(L"U").ok());  // it prints that there is nothing to undo
+  EXPECT_TRUE(thrown);
+  resbuf names{};
+  ASSERT_EQ(acedGetVar(L"CMDNAMES", &names), RTNORM);
+  EXPECT_EQ(std::wstring(names.resval.rstring), L"");
+  acutDelString(names.resval.rstring);
+  EXPECT_TRUE(host().execute(L"REGEN").ok());
 }
 
 TEST_F(Commands, AThrowingCommandIsARefusal) {

@@ -106,6 +106,9 @@ TEST_F(DocumentsTest, FilesAreFoundAlongTheSearchPathIgnoringCase) {
   EXPECT_EQ(acedFindFile(L"fonts.lin", found), RTNORM);
   EXPECT_EQ(acedFindFile(text(folder_ / "fonts.lin").c_str(), found),
             RTERROR);  // only in the folder it names
+  EXPECT_EQ(acedFindFile(text(folder_ / "Support" / "fonts.lin").c_str(), found), RTNORM);
+  EXPECT_EQ(found.kACharPtr(), text(folder_ / "support" / "FONTS.LIN"));
+  EXPECT_EQ(acedFindFile(text(folder_ / "NoFolder" / "fonts.lin").c_str(), found), RTERROR);
   EXPECT_EQ(acedFindFile(L"nothing.lin", found), RTERROR);
   wchar_t small[4];
   EXPECT_EQ(acedFindFile(L"fonts.lin", small, 4), RTERROR);

@@ -23,6 +23,9 @@ TEST(TypedText, NumbersAndPoints) {
   EXPECT_EQ(cad::Token{L"-2.5"}.number(), -2.5);
   EXPECT_FALSE(cad::Token{L"2.5m"}.number());
   EXPECT_FALSE(cad::Token{L""}.number());
+  for (const wchar_t* each : {L"inf", L"-INFINITY", L"nan", L"1e999"})
+    EXPECT_FALSE(cad::Token{each}.number()) << testing::PrintToString(std::wstring(each));
+  EXPECT_FALSE(cad::Token{L"1,nan"}.point());
   EXPECT_EQ(cad::Token{L"1,2"}.point()->y, 2);
   EXPECT_EQ(cad::Token{L"1,2,3"}.point()->z, 3);
   EXPECT_FALSE(cad::Token{L"1"}.point());

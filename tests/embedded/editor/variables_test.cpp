@@ -107,6 +107,19 @@ TEST_F(Variables, AnArrowNameMakesItsBlock) {
   EXPECT_EQ(setText(L"DIMBLK", L"NO_SUCH_ARROW"), RTERROR);
 }
 
+TEST_F(Variables, AnIntegerStoredAsARealTooLargeForItIsTheDefault) {
+  for (const auto& [stored, expected] :
+       {std::pair("1e300", 0), std::pair("-1e300", 0), std::pair("2.0", 2)}) {
+    std::string bytes = cad_test::drawingText();
+    const std::string before = cad_test::groups({{9, "$DIMTAD"}, {70, "0"}});
+    ASSERT_NE(bytes.find(before), std::string::npos);
+    bytes.replace(bytes.find(before), before.size(), cad_test::groups({{9, "$DIMTAD"}, {40, stored}}));
+    ASSERT_TRUE(host().openDocument(write("odd.dxf", bytes)).ok());
+    EXPECT_EQ(get(L"DIMTAD").resval.rint, expected) << stored;
+    ASSERT_TRUE(host().closeDocument().ok());
+  }
+}
+
 TEST_F(Variables, SessionVariablesStayWithTheHost) {
   EXPECT_EQ(setText(L"USERS1", L"note"), RTNORM);
   EXPECT_EQ(setShort(L"CMDECHO", 0), RTNORM);
