@@ -87,5 +87,62 @@ TEST(Layers, LockFollowsTheRecord) {
   EXPECT_FALSE(drawing->isLayerLocked(layer));
 }
 
+TEST(Layers, RenamingReplacesAllNamesInTheExtendedDataAtOnce) {
+  std::string names;
+  for (int i = 0; i < 50; ++i) names += "|1003 wall|1003 PIPES";
+  const std::string before = drawingText("AC1009", "0 LINE|8 0|1001 APP" + names, kLayers);
+  const auto drawing = read(before);
+  ASSERT_TRUE(drawing->renameLayer(drawing->find(Table::kLayer, L"WALL"), L"MASONRY").ok());
+  std::string expected = replaced(before, "  2\nWALL\n", "  2\nMASONRY\n");
+  expected = replaced(expected, "  8\nWALL\n", "  8\nMASONRY\n");  // the current layer
+  for (int i = 0; i < 50; ++i) expected = replaced(expected, "1003\nwall\n", "1003\nMASONRY\n");
+  EXPECT_EQ(saved(*drawing), expected);
+  ASSERT_TRUE(drawing->undo());
+  EXPECT_EQ(saved(*drawing), before);
+}
+
+TEST(Layers, AreFoundByTheNamesThatTheyHave) {
+  const auto drawing = read(drawingText("AC1009", "0 LINE|8 WALL|0 ARC|8 PIPES", kLayers));
+  const RecordId wall = drawing->find(Table::kLayer, L"WALL"), pipes = drawing->find(Table::kLayer, L"PIPES");
+  const NameId oldName = drawing->names().intern(std::wstring_view(L"wall"));
+  const NameId newName = drawing->names().intern(std::wstring_view(L"Masonry"));
+  const auto expectNames = [&](RecordId underOld, RecordId underNew) {
+    EXPECT_EQ(drawing->find(Table::kLayer, L"WALL"), underOld);
+    EXPECT_EQ(drawing->find(Table::kLayer, oldName), underOld);
+    EXPECT_EQ(drawing->find(Table::kLayer, L"MASONRY"), underNew);
+    EXPECT_EQ(drawing->find(Table::kLayer, newName), underNew);
+    EXPECT_EQ(drawing->find(Table::kLayer, L"pipes"), pipes);
+  };
+  expectNames(wall, kNoRecord);
+  ASSERT_TRUE(drawing->renameLayer(wall, L"Masonry").ok());
+  expectNames(kNoRecord, wall);
+  const RecordId fresh = drawing->addTableRecord(Table::kLayer, L"Wall").value();
+  expectNames(fresh, wall);
+  ASSERT_TRUE(drawing->setErased(wall, true).ok());
+  expectNames(fresh, kNoRecord);
+  const std::size_t live = drawing->tableRecords(Table::kLayer).size();
+  ASSERT_TRUE(drawing->setErased(wall, false).ok());
+  expectNames(fresh, wall);
+  EXPECT_EQ(drawing->tableRecords(Table::kLayer).size(), live + 1);
+  for (int i = 0; i < 3; ++i) ASSERT_TRUE(drawing->undo());
+  expectNames(kNoRecord, wall);
+  ASSERT_TRUE(drawing->undo());
+  expectNames(wall, kNoRecord);
+}
+
+TEST(Layers, TheSecondOfEqualNamesIsFoundOnceTheFirstHasAnother) {
+  const auto drawing = read(drawingText(
+      "AC1009", "0 LINE|8 0", "0 TABLE|2 LAYER|70 2|0 LAYER|2 A|70 0|62 1|0 LAYER|2 a|70 0|62 2|0 ENDTAB"));
+  const RecordId first = drawing->find(Table::kLayer, L"A");
+  ASSERT_TRUE(drawing->renameLayer(first, L"B").ok());
+  const RecordId second = drawing->find(Table::kLayer, L"A");
+  EXPECT_NE(second, first);
+  EXPECT_EQ(drawing->integer(second, Property::kLayerColor), 2);
+  ASSERT_TRUE(drawing->undo());
+  EXPECT_EQ(drawing->find(Table::kLayer, L"A"), first);
+  ASSERT_TRUE(drawing->setErased(first, true).ok());
+  EXPECT_EQ(drawing->find(Table::kLayer, L"A"), second);
+}
+
 }  // namespace
 }  // namespace cad

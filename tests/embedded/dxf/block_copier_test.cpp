@@ -148,5 +148,39 @@ TEST(BlockCopier, ABlockNeverContainsItself) {
   EXPECT_FALSE(target->defineBlock(L"C", *loop).ok());
 }
 
+TEST(BlockCopier, RefusesEndlessNestingWithoutExhaustingTheStack) {
+  const auto nested = [](int levels) {
+    std::string blocks = "0 SECTION|2 BLOCKS|";
+    for (int i = 0; i < levels; ++i) {
+      const std::string name = "N" + std::to_string(i), next = "N" + std::to_string(i + 1);
+      blocks.append("0 BLOCK|8 0|2 " + name + "|70 0|10 0.0|20 0.0|30 0.0|3 " + name + "|1 |");
+      if (i + 1 < levels) blocks.append("0 INSERT|8 0|2 " + next + "|10 0.0|20 0.0|");
+      blocks.append("0 ENDBLK|8 0|");
+    }
+    return oldWithBlocks(blocks + "0 ENDSEC|", "0 INSERT|8 0|2 N0|10 0.0|20 0.0");
+  };
+  auto target = old("0 LINE|8 0|62 1");
+  const std::string original = saved(*target);
+  const auto deep = nested(60000);
+  const auto refused = target->defineBlock(L"C", *deep);
+  ASSERT_FALSE(refused.ok());
+  EXPECT_TRUE(refused.failure().place.starts_with(L"N")) << "the block is named";
+  EXPECT_EQ(saved(*target), original);
+  EXPECT_TRUE(target->defineBlock(L"C", *nested(100)).ok());
+  // The receiving drawing's own nest is as deep as its file makes it.
+  EXPECT_TRUE(deep->defineBlock(L"C", *nested(1)).ok());
+  EXPECT_FALSE(deep->defineBlock(L"N59999", *nested(1)).ok()) << "N0 refers to it";
+}
+
+TEST(BlockBuilding, InsertsGoToLayerZeroWhenTheCurrentLayerIsNoText) {
+  auto drawing =
+      read(groups("0 SECTION|2 HEADER|9 $ACADVER|1 AC1009|9 $CLAYER|70 3|0 ENDSEC|0 SECTION|2 BLOCKS|"
+                  "0 BLOCK|8 0|2 B|70 0|10 0.0|20 0.0|30 0.0|3 B|1 |0 ENDBLK|8 0|0 ENDSEC|"
+                  "0 SECTION|2 ENTITIES|0 ENDSEC|0 EOF"));
+  const auto made = drawing->addInsert(drawing->modelSpace(), L"B", {}, 1, 0);
+  ASSERT_TRUE(made.ok());
+  EXPECT_EQ(drawing->text(made.value(), Property::kLayer), L"0");
+}
+
 }  // namespace
 }  // namespace cad::dxf

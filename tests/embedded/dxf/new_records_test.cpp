@@ -74,5 +74,16 @@ TEST(NewRecords, LinetypePatternsReplaceTheWholePattern) {
   EXPECT_FALSE(drawing->setDashes(linetype.value(), thirteen).ok());
 }
 
+TEST(NewRecords, HandlesStayDistinctWhenTheFilesNextOneIsTheLargest) {
+  auto drawing =
+      read(groups("0 SECTION|2 HEADER|9 $ACADVER|1 AC1015|9 $HANDSEED|5 FFFFFFFFFFFFFFFF|0 ENDSEC|"
+                  "0 SECTION|2 ENTITIES|0 LINE|5 1FF|100 AcDbEntity|8 0|100 AcDbLine|0 ENDSEC|0 EOF"));
+  const Handle first = drawing->takeHandle().value();
+  EXPECT_EQ(first, Handle{0x200});
+  EXPECT_EQ(drawing->takeHandle(), Handle{0x201});
+  const auto again = read(saved(*drawing));
+  EXPECT_GT(again->takeHandle(), Handle{0x201}) << "the header has a number that can be counted on";
+}
+
 }  // namespace
 }  // namespace cad::dxf
