@@ -94,6 +94,7 @@ TEST(Layers, RenamingReplacesAllNamesInTheExtendedDataAtOnce) {
   const auto drawing = read(before);
   ASSERT_TRUE(drawing->renameLayer(drawing->find(Table::kLayer, L"WALL"), L"MASONRY").ok());
   std::string expected = replaced(before, "  2\nWALL\n", "  2\nMASONRY\n");
+  expected = replaced(expected, "$CLAYER\n  8\nWALL\n", "$CLAYER\n  8\nMASONRY\n");
   expected = replaced(expected, "  8\nWALL\n", "  8\nMASONRY\n");  // the current layer
   for (int i = 0; i < 50; ++i) expected = replaced(expected, "1003\nwall\n", "1003\nMASONRY\n");
   EXPECT_EQ(saved(*drawing), expected);
