@@ -1,0 +1,90 @@
+// Ids of the resource script, for it and for the dialogs. Plain numbers only: resource compilers read this.
+#pragma once
+
+// Dialogs
+#define IDD_MAIN 102
+#define IDD_VALUE 103
+#define IDD_LOAD 104
+#define IDD_SAVE 105
+#define IDD_TEXT_LIST 142
+
+// Context menus
+#define IDM_SECTION 122
+#define IDM_SETTING 123
+#define IDM_CONDITION 124
+#define IDM_RESULT 125
+#define IDM_LIST_SECTION 132
+#define IDM_DUMMY 139
+#define IDM_GRID 143
+
+// Icons
+#define IDI_PICK 138
+
+#ifndef IDOK
+#define IDOK 1
+#define IDCANCEL 2
+#endif
+
+// Main dialog
+#define IDC_MAIN_FILE_NAME 1031
+#define IDC_MAIN_REMARK 1032
+#define IDC_MAIN_LOAD 1023
+#define IDC_MAIN_SAVE 1024
+#define IDC_MAIN_DEFAULT 1211
+#define IDC_MAIN_TREE 1218
+#define IDC_MAIN_EDIT 1021
+#define IDC_MAIN_DELETE 1022
+#define IDC_MAIN_INVERT 1025
+#define IDC_MAIN_UP 1027
+#define IDC_MAIN_DOWN 1028
+#define IDC_MAIN_BLOCK_GROUP 1308
+#define IDC_MAIN_BLOCK_SURFACE 1221
+#define IDC_MAIN_BLOCK_INSIDE 1222
+#define IDC_MAIN_BLOCK_BOTH 1223
+#define IDC_MAIN_TEXT_LIST 1029
+#define IDC_MAIN_IGNORE_LOCKS 1212
+#define IDC_MAIN_CREATE_LOG 1213
+#define IDC_MAIN_LOG_FOLDER 1041
+#define IDC_MAIN_LOG_BROWSE 1030
+#define IDC_MAIN_BATCH 1026
+
+// Value picker
+#define IDC_VALUE_LABEL 1031
+#define IDC_VALUE_COMBO 1013
+#define IDC_PICK 1020
+
+// File browser
+#define IDC_LOAD_NAME 1301
+#define IDC_LOAD_REMARK 1302
+#define IDC_LOAD_LIST 1303
+#define IDC_SAVE_LIST 1304
+#define IDC_SAVE_NAME 1305
+#define IDC_SAVE_REMARK 1306
+
+// Text search lists
+#define IDC_TEXT_LIST_NEW 1023
+#define IDC_TEXT_LIST_LOAD 1021
+#define IDC_TEXT_LIST_SAVE 1022
+#define IDC_TEXT_LIST_NAME 1225
+#define IDC_TEXT_LIST_PLACE 1013
+#define IDC_TEXT_LIST_GRID 1307
+
+// Menu commands
+#define IDC_ADD_SETTING 40001
+#define IDC_CLEAR_SETTINGS 40002
+#define IDC_CLEAR_CONDITIONS 40003
+#define IDC_CLEAR_RESULTS 40004
+#define IDC_EDIT_CONDITION 40011
+#define IDC_DELETE_CONDITION 40012
+#define IDC_EDIT_RESULT 40013
+#define IDC_DELETE_RESULT 40014
+#define IDC_DELETE_SETTING 40015
+#define IDC_ADD_ENTRY 40016
+#define IDC_CLEAR_ENTRIES 40017
+#define IDC_INVERT_CONDITION 40018
+#define IDC_COPY_TO_DIMENSION_SETTINGS 40019
+#define IDC_ROW_INSERT 40039
+#define IDC_ROW_DELETE 40040
+#define IDC_ROW_APPEND 40041
+#define IDC_ROW_UP 40042
+#define IDC_ROW_DOWN 40043
