@@ -82,6 +82,7 @@ void Drawing::setState(RecordId id, EditId edits, SignatureId signature, std::ui
   record.flags = flags;
   if (counted) count(record, 1);
   modified_ = true;
+  ++revision_;
   if (member) memberChanged(id, before, wasErased);
 }
 

@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "base/result.h"
+#include "embedded/drawing/geometry.h"
 #include "embedded/drawing/names.h"
 #include "embedded/drawing/property.h"
 #include "embedded/drawing/record.h"
@@ -67,6 +68,8 @@ class Drawing {
   // makes `target` the drawing's path; on failure neither changes and no file is left.
   base::Status save(const std::filesystem::path& target);
   bool isModified() const;
+  // Grows with every change, undone ones included: what was made of the drawing is stale when it differs.
+  std::uint64_t revision() const { return revision_; }
 
   // --- Records --------------------------------------------------------------------------------
   std::size_t recordCount() const { return records_.size(); }
@@ -82,6 +85,7 @@ class Drawing {
   // Layer, linetype, style, block or dimension-style name. Entities always have a layer ("0") and a
   // linetype ("ByLayer"), texts always a style ("Standard"); kNoName where the property does not apply.
   NameId name(RecordId id, Property property) const;
+  Geometry geometry(RecordId entity) const;  // nothing for types that are not drawn
 
   // Refused: a value outside the property's limits, a property that this type of record or this drawing
   // version cannot hold. Setting the value that is already there changes nothing and is no modification.
@@ -225,6 +229,7 @@ class Drawing {
   RecordId modelSpace_ = kNoRecord, paperSpace_ = kNoRecord;
   UndoJournal journal_;
   bool modified_ = false;
+  std::uint64_t revision_ = 0;
   std::vector<Placement> added_;
   std::unordered_map<RecordId, NameId> impliedNames_;
   std::vector<std::uint32_t> spaceCounts_;  // by signature: live entities of the layout spaces

@@ -33,6 +33,11 @@ base::Result<RecordId> Drawing::addInsert(RecordId space, std::wstring_view bloc
   return storage_->addInsert(*this, space, blockName, at, scale, rotationDegrees);
 }
 
+Geometry Drawing::geometry(RecordId entity) const {
+  if (records_[entity].implied()) return {};
+  return storage_->readGeometry(*this, entity);
+}
+
 std::optional<Variable> Drawing::dimVariable(RecordId id, int code) const {
   return storage_->dimVariable(*this, id, code);
 }

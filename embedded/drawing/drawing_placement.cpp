@@ -37,6 +37,7 @@ RecordId Drawing::insertRecord(NewRecord fresh) {
   journal_.add({id, kNoEdit, 0, JournalEntry::Kind::kAdded, 0});
   count(records_[id], 1);
   modified_ = true;
+  ++revision_;
   blockLists_.reset();
   subRecords_.reset();
   if (handles_) {

@@ -12,6 +12,7 @@
 
 #include "base/codepage.h"
 #include "base/result.h"
+#include "embedded/drawing/geometry.h"
 #include "embedded/drawing/property.h"
 #include "embedded/drawing/record.h"
 #include "embedded/drawing/shapes.h"
@@ -78,6 +79,7 @@ class RecordStorage {
   virtual StoredValue property(const Record& record, Property property) const = 0;
   // Whether records of this type have the property and the file's version can hold it.
   virtual bool canHold(const Record& record, Property property) const = 0;
+  virtual Geometry readGeometry(const Drawing& drawing, RecordId entity) const = 0;
   // The record's state with the property changed; Record::edits itself when nothing is different.
   virtual base::Result<EditId> setProperty(const Record& record, Property property,
                                            const StoredValue& value) = 0;

@@ -40,6 +40,7 @@ class DxfStorage final : public RecordStorage {
   std::optional<Handle> handle(const Record& record) const override;
   StoredValue property(const Record& record, Property property) const override;
   bool canHold(const Record& record, Property property) const override;
+  Geometry readGeometry(const Drawing& drawing, RecordId entity) const override;  // in geometry_reader.cpp
   base::Result<EditId> setProperty(const Record& record, Property property,
                                    const StoredValue& value) override;
   EditId renameLayerInExtendedData(const Record& record, const NamePool& names, NameId from,

@@ -11,11 +11,13 @@
 #include <vector>
 
 #include "base/result.h"
+#include "embedded/drawing/record.h"
 
 namespace cad {
 
 class Drawing;
 struct HostState;
+struct Scene;
 
 // The outcome of the newest SAVEAS or QSAVE.
 struct SaveReport {
@@ -29,11 +31,12 @@ struct Meter {
   int least = 0, most = 0, position = 0;
 };
 
-// One event for acedGrRead: its kind (2 key, 3 pick, 5 drag) and the key or the point.
+// One event for acedGrRead and acedEntSel: its kind (2 key, 3 pick, 5 drag) and the key or the point.
 struct InputEvent {
   int kind = 2;
-  int key = 0;
-  double x = 0, y = 0;
+  int key = 0;             // 13 Enter, 32 blank, 27 or 3 cancel
+  double x = 0, y = 0;     // drawing units
+  double pickRadius = 0;   // how far from the point an entity may lie to be picked, drawing units
 };
 
 class Host {
@@ -64,7 +67,20 @@ class Host {
   void setBreakQuery(std::function<bool()> query);
   // Waits for the next input event; without one, or when it has none, acedGrRead returns RTERROR.
   void setInputSource(std::function<std::optional<InputEvent>()> source);
+  // The main frame's window handle, for modules that show dialogs over it.
   void setMainWindow(void* windowHandle);
+
+  // --- What a window needs ----------------------------------------------------------------------------
+  // What the current drawing shows. Built anew only when the drawing has changed or another one is current;
+  // valid until then.
+  const Scene& scene();
+  // Told which entity of the current drawing to highlight: the one under the cursor and the one picked
+  // while acedEntSel waits, and those of acedRedraw. kNoRecord: none.
+  void setHighlightObserver(std::function<void(RecordId)> observer);
+  // True while acedEntSel waits for a point: a click is a pick then.
+  bool isPicking() const;
+  // To be called with each message (MSG*) before it is dispatched: true when a module has taken it.
+  bool filterMessage(void* message);
 
   base::Status loadModule(const std::filesystem::path& path);
   base::Status unloadModule(std::wstring_view name);

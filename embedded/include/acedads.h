@@ -35,7 +35,13 @@ int acedUsrBrk();  // 1 when the user has pressed Esc
 // The next input event; `track` is a bit field (1 drag, 2 all keys, 4 cursor type, 8 no break message).
 // RTERROR when no input can come (a host without a window and without scripted input).
 int acedGrRead(int track, int* type, resbuf* result);
+// Prompts (NULL: "Select object: ") and waits for a pick: the main entity at the picked point, and the
+// point. RTCAN when the user cancels. RTERROR when nothing lies there (ERRNO is 7), on Enter (ERRNO is 52),
+// and when no input can come.
 int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point);
+// Mode 3 highlights an entity, 4 takes the highlight off; 1 and 2, and a NULL entity, have no effect.
+// RTERROR for what is no entity of the current drawing and for other modes.
+int acedRedraw(const ads_name entity, int mode);
 
 // --- Files -----------------------------------------------------------------------------------------
 // Searches the current folder, the drawing's folder, the support path, and the folders of the program and
