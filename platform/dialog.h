@@ -26,8 +26,8 @@ class Dialog {
 
   // Ends runModal(). The controls stay readable until the handler returns.
   void end(int result);
-  // A modeless window goes. Then onDestroyed() runs, which may delete this object; so nothing of it may be
-  // touched after the call.
+  // A modeless window goes, and first those that it owns. Then onDestroyed() runs, which may delete this
+  // object; so nothing of it may be touched after the call.
   void destroy();
 
   bool hasWindow() const { return window_ != nullptr; }
@@ -53,8 +53,11 @@ class Dialog {
 
  private:
   friend class DialogBackend;
+  bool makeWindow(NativeWindow owner, bool modal);
+
   int resource_;
   bool modal_ = false;
+  bool ended_ = false;  // of a modal one: there is a result
   int result_ = kNotShown;
   std::unique_ptr<DialogWindow> window_;
 };
