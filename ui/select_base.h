@@ -1,7 +1,10 @@
 #pragma once
 // What all pickers share: the owner, the slot they occupy there, the place they open at, and taking a value
 // from the drawing. A picker is made by the main dialog, lives in its slot, and goes when it is confirmed or
-// cancelled.
+// cancelled. While it is open its owner takes no input.
+//
+//   slot = std::make_unique<CSelDlg>(*this, context, kind, side, text, pick);
+//   slot->create(hostFrame);
 
 #include <string>
 #include <vector>
@@ -10,14 +13,12 @@
 
 namespace kiv {
 
-class CSelBase;
-
 // The picker slots of the main dialog. An occupied slot takes no second picker.
 inline constexpr int kPickerSlots = 6;
 inline constexpr int kValuePickerSlot = 0;
 inline constexpr int kFontPickerSlot = 3;
 
-// What a picker needs of the dialog that opened it.
+// What a picker needs of the dialog that opened it. Outlives its pickers.
 class PickerOwner {
  public:
   virtual ~PickerOwner() = default;
@@ -26,7 +27,7 @@ class PickerOwner {
   virtual void setValue(int kind, int side, const std::wstring& value) = 0;
   // Names that the specification already uses: the first value of each entry of a list section, in order.
   virtual std::vector<std::wstring> namesInSection(int section) const = 0;
-  // The slot is empty from now on, and the picker deleted.
+  // The slot is empty from now on, and the picker deleted. Called by the picker as the last thing it does.
   virtual void releasePicker(int slot) = 0;
 };
 
@@ -37,21 +38,39 @@ struct PickHandOver {
   std::wstring file;
 };
 
+// Where the last picker stood when it was closed; the next one opens with its corner there unless this is
+// empty. One for the process, save for pickers that keep their own.
+Rect& lastPickerPlace();
+
 class CSelBase : public Dialog {
  public:
-  CSelBase(int resource, PickerOwner& owner, int slot, PickHandOver& pick);
+  // `place` as lastPickerPlace(), for pickers that keep their own. All must outlive the picker.
+  CSelBase(int resource, PickerOwner& owner, int slot, PickHandOver& pick, Rect& place = lastPickerPlace());
+  // Destroying an open picker takes its window and its pending pick away and leaves the owner alone.
+  ~CSelBase() override;
 
   int slot() const { return slot_; }
-  // The interactive command has picked: takes over the values, then shows the owner and this picker again.
+  // To be called when the pick that was asked for has ended, with values or without: takes over the values,
+  // empties the hand-over, and shows the owner and this picker again. Overrides take over the values first.
   virtual void pickCompleted();
 
  protected:
+  // Last thing in a derived onInit(): places and shows the window, and takes the owner's input.
   void onInit() override;
+  // OK is confirm(), cancel closes, IDC_PICK asks for a pick of pickItem().
   void onCommand(int command) override;
   void onDestroyed() override;
 
+  // OK: hands the value over and calls close(), or stays open.
+  virtual void confirm() = 0;
+  // What the pick button picks, 1 to 16.
+  virtual int pickItem() const = 0;
+
   // Hides owner and picker and asks the command for a pick; nothing while one is under way.
   void requestPick(int item);
+  // Remembers the place and goes. Nothing of this object may be touched after the call.
+  void close();
+
   PickerOwner& owner() { return owner_; }
   PickHandOver& pick() { return pick_; }
   bool initialising() const { return initialising_; }
@@ -62,7 +81,9 @@ class CSelBase : public Dialog {
   PickerOwner& owner_;
   int slot_;
   PickHandOver& pick_;
+  Rect& place_;
   bool initialising_ = true;
+  bool hasRequestedPick_ = false;
 };
 
 }  // namespace kiv
