@@ -34,9 +34,9 @@ struct Meter {
 // One event for acedGrRead and acedEntSel: its kind (2 key, 3 pick, 5 drag) and the key or the point.
 struct InputEvent {
   int kind = 2;
-  int key = 0;             // 13 Enter, 32 blank, 27 or 3 cancel
-  double x = 0, y = 0;     // drawing units
-  double pickRadius = 0;   // how far from the point an entity may lie to be picked, drawing units
+  int key = 0;            // 13 Enter, 32 blank, 27 or 3 cancel
+  double x = 0, y = 0;    // drawing units
+  double pickRadius = 0;  // how far from the point an entity may lie to be picked, drawing units
 };
 
 class Host {

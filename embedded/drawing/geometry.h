@@ -1,0 +1,105 @@
+#pragma once
+// What an entity looks like, read from its record whatever the file format. Lengths are drawing units,
+// angles degrees unless stated. Coordinates are those of the object's own system, which the arbitrary axis
+// rule makes of Geometry::normal; shapes that are kept in world coordinates have the normal (0, 0, 1).
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "embedded/drawing/names.h"
+#include "embedded/drawing/shapes.h"
+
+namespace cad {
+
+struct LineGeometry {
+  Point from, to;
+};
+struct PointGeometry {
+  Point at;
+};
+// Counter-clockwise; a circle runs from 0 to 360.
+struct ArcGeometry {
+  Point centre;
+  double radius = 0, start = 0, end = 360;
+};
+struct EllipseGeometry {  // the normal turns the minor axis only: centre and axis are world coordinates
+  Point centre, majorAxis;
+  double ratio = 1;                           // minor to major
+  double start = 0, end = 6.283185307179586;  // parameters, radians
+};
+struct PolylineGeometry {
+  struct Vertex {
+    Point at;
+    double bulge = 0;  // tangent of a quarter of the arc's angle to the next vertex
+  };
+  std::vector<Vertex> vertices;
+  bool closed = false;
+};
+struct MeshGeometry {  // wires of a polygon mesh, a polyface mesh or a face
+  std::vector<std::vector<Point>> wires;
+};
+struct SolidGeometry {
+  std::array<Point, 4> corners;  // in the order of the outline
+};
+struct SplineGeometry {
+  int degree = 3;
+  std::vector<double> knots;
+  std::vector<Point> control;
+  std::vector<double> weights;  // empty: all 1
+  std::vector<Point> fit;
+  bool closed = false;
+};
+
+struct TextGeometry {
+  enum class Side : std::uint8_t { kLeft, kCentre, kRight, kAligned, kFit };
+  enum class Level : std::uint8_t { kBaseline, kBottom, kMiddle, kTop };
+  Point at;      // what the text is aligned to; with kAligned and kFit the start of its base line
+  Point second;  // with kAligned and kFit its end
+  double height = 1, rotation = 0, widthFactor = 1, oblique = 0;
+  Side side = Side::kLeft;
+  Level level = Level::kBaseline;
+  bool backwards = false, upsideDown = false;
+  bool hidden = false;      // an invisible attribute
+  bool constant = false;    // an attribute definition that references show
+  bool definition = false;  // an attribute definition: `contents` is its tag
+  bool multiline = false;   // with formatting codes
+  double frameWidth = 0;    // multi-line: where lines are broken; 0: nowhere
+  double lineSpacing = 1;   // multi-line: a factor
+  std::wstring contents;
+};
+
+struct InsertGeometry {
+  NameId block = kNoName;
+  Point at;
+  Point scale{1, 1, 1};
+  double rotation = 0;
+  int columns = 1, rows = 1;
+  double columnSpacing = 0, rowSpacing = 0;
+};
+struct DimensionGeometry {
+  NameId block = kNoName;  // its picture, already in place
+};
+
+struct HatchGeometry {
+  struct Path {
+    // Edges in order; a polyline path is one PolylineGeometry.
+    std::vector<std::variant<LineGeometry, ArcGeometry, EllipseGeometry, SplineGeometry, PolylineGeometry>>
+        edges;
+  };
+  std::vector<Path> paths;
+  bool solid = false;
+};
+
+using GeometryShape = std::variant<std::monostate, LineGeometry, PointGeometry, ArcGeometry, EllipseGeometry,
+                                   PolylineGeometry, MeshGeometry, SolidGeometry, SplineGeometry,
+                                   TextGeometry, InsertGeometry, DimensionGeometry, HatchGeometry>;
+
+struct Geometry {
+  GeometryShape shape;  // monostate: nothing that is drawn
+  Point normal{0, 0, 1};
+};
+
+}  // namespace cad

@@ -1,0 +1,221 @@
+// What an entity looks like, from the groups of its record.
+
+#include <algorithm>
+#include <cmath>
+
+#include "embedded/drawing/drawing.h"
+#include "embedded/dxf/geometry_groups.h"
+
+namespace cad::dxf {
+namespace {
+
+using Side = TextGeometry::Side;
+using Level = TextGeometry::Level;
+
+struct Source {
+  const Drawing& drawing;
+  const DxfStorage& storage;
+  RecordId id;
+  const GeometryGroups& groups;
+};
+
+Geometry readLine(const Source& from) { return {LineGeometry{from.groups.point(10), from.groups.point(11)}}; }
+Geometry readPoint(const Source& from) { return {PointGeometry{from.groups.point(10)}}; }
+
+Geometry readCircle(const Source& from) {
+  return {ArcGeometry{from.groups.point(10), from.groups.real(40), 0, 360}, from.groups.normal()};
+}
+
+Geometry readArc(const Source& from) {
+  const GeometryGroups& groups = from.groups;
+  const ArcGeometry arc{groups.point(10), groups.real(40), groups.real(50), groups.real(51, 360)};
+  return {arc, groups.normal()};
+}
+
+Geometry readEllipse(const Source& from) {
+  const GeometryGroups& groups = from.groups;
+  EllipseGeometry shape;
+  shape.centre = groups.point(10);
+  shape.majorAxis = groups.point(11);
+  shape.ratio = groups.real(40, 1);
+  shape.start = groups.real(41, shape.start);
+  shape.end = groups.real(42, shape.end);
+  return {shape, groups.normal()};
+}
+
+Geometry readSolid(const Source& from) {
+  const GeometryGroups& groups = from.groups;
+  const Point third = groups.point(12);
+  return {SolidGeometry{{groups.point(10), groups.point(11), groups.point(13, third), third}},
+          groups.normal()};
+}
+
+Geometry readSpline(const Source& from) {
+  const GeometryGroups& groups = from.groups;
+  SplineGeometry shape;
+  shape.degree = groups.integer(71, 3);
+  shape.closed = (groups.integer(70) & 1) != 0;
+  shape.knots = groups.reals(40);
+  shape.weights = groups.reals(41);
+  shape.control = groups.points(10);
+  shape.fit = groups.points(11);
+  return {std::move(shape)};
+}
+
+// A leader's points are world coordinates, whatever its normal.
+Geometry readLeader(const Source& from) {
+  std::vector<Point> points = from.groups.points(10);
+  if (from.groups.integer(72) != 0) {
+    SplineGeometry curve;
+    curve.fit = std::move(points);
+    return {std::move(curve)};
+  }
+  PolylineGeometry shape;
+  for (const Point& at : points) shape.vertices.push_back({at, 0});
+  return {std::move(shape)};
+}
+
+void readAlignment(const Source& from, int levelCode, TextGeometry& shape) {
+  const GeometryGroups& groups = from.groups;
+  const int side = groups.integer(72), level = groups.integer(levelCode);
+  switch (side) {
+    case 1:
+    case 4:
+      shape.side = Side::kCentre;
+      break;
+    case 2:
+      shape.side = Side::kRight;
+      break;
+    case 3:
+      shape.side = Side::kAligned;
+      break;
+    case 5:
+      shape.side = Side::kFit;
+      break;
+    default:
+      break;
+  }
+  if (level >= 1 && level <= 3) shape.level = static_cast<Level>(level);
+  if (side == 4) shape.level = Level::kMiddle;
+  const bool between = shape.side == Side::kAligned || shape.side == Side::kFit;
+  shape.at = groups.point(10);
+  shape.second = groups.point(11, shape.at);
+  if (!between && (side != 0 || level != 0)) shape.at = shape.second;
+}
+
+Geometry readText(const Source& from) {
+  const GeometryGroups& groups = from.groups;
+  const std::string_view type = from.drawing.typeName(from.id);
+  TextGeometry shape;
+  readAlignment(from, type == "TEXT" ? 73 : 74, shape);
+  shape.height = groups.real(40, 1);
+  shape.rotation = groups.real(50);
+  shape.widthFactor = groups.real(41, 1);
+  shape.oblique = groups.real(51);
+  const int generation = groups.integer(71);
+  shape.backwards = (generation & 2) != 0;
+  shape.upsideDown = (generation & 4) != 0;
+  shape.contents = groups.text(1);
+  if (type != "TEXT") {
+    const int flags = groups.integer(70);
+    shape.hidden = (flags & 1) != 0;
+    shape.constant = (flags & 2) != 0;
+    shape.definition = type == "ATTDEF";
+    if (shape.definition && !shape.constant) shape.contents = groups.text(2);
+  }
+  return {std::move(shape), groups.normal()};
+}
+
+Geometry readMText(const Source& from) {
+  const GeometryGroups& groups = from.groups;
+  TextGeometry shape;
+  shape.multiline = true;
+  shape.at = groups.point(10);
+  shape.height = groups.real(40, 1);
+  shape.frameWidth = groups.real(41);
+  shape.lineSpacing = groups.real(44, 1);
+  shape.rotation = from.drawing.real(from.id, Property::kRotation).value_or(0);
+  shape.contents = from.drawing.text(from.id, Property::kTextString).value_or(std::wstring());
+  const int attachment = std::clamp(groups.integer(71, 1), 1, 9) - 1;
+  constexpr Level kLevels[] = {Level::kTop, Level::kMiddle, Level::kBottom};
+  constexpr Side kSides[] = {Side::kLeft, Side::kCentre, Side::kRight};
+  shape.level = kLevels[attachment / 3];
+  shape.side = kSides[attachment % 3];
+  // The point is a world point, the rotation is about the normal; only the mirrored plan view differs.
+  return {std::move(shape)};
+}
+
+NameId blockNamed(const Source& from, std::wstring_view name) {
+  const RecordId block = from.drawing.find(Table::kBlock, name);
+  return block == kNoRecord ? kNoName : from.drawing.name(block, Property::kName);
+}
+
+Geometry readInsert(const Source& from) {
+  const GeometryGroups& groups = from.groups;
+  InsertGeometry shape;
+  shape.block = blockNamed(from, groups.text(2));
+  shape.at = groups.point(10);
+  shape.scale = {groups.real(41, 1), groups.real(42, 1), groups.real(43, 1)};
+  shape.rotation = groups.real(50);
+  shape.columns = std::max(1, groups.integer(70, 1));
+  shape.rows = std::max(1, groups.integer(71, 1));
+  shape.columnSpacing = groups.real(44);
+  shape.rowSpacing = groups.real(45);
+  return {shape, groups.normal()};
+}
+
+// A table is shown by a block; its other groups are not those of a reference.
+Geometry readTable(const Source& from) {
+  InsertGeometry shape;
+  shape.block = blockNamed(from, from.groups.text(2));
+  shape.at = from.groups.point(10);
+  const Point direction = from.groups.point(11, {1, 0, 0});
+  shape.rotation = std::atan2(direction.y, direction.x) * 180 / 3.14159265358979323846;
+  return {shape};
+}
+
+Geometry readDimension(const Source& from) {
+  return {DimensionGeometry{blockNamed(from, from.groups.text(2))}};
+}
+
+struct TypeReader {
+  std::string_view type;
+  Geometry (*read)(const Source&);
+};
+
+constexpr TypeReader kReaders[] = {
+    {"LINE", readLine},
+    {"LWPOLYLINE", [](const Source& from) { return readLightPolyline(from.groups); }},
+    {"TEXT", readText},
+    {"INSERT", readInsert},
+    {"ARC", readArc},
+    {"CIRCLE", readCircle},
+    {"POLYLINE", [](const Source& from) { return readPolyline(from.drawing, from.storage, from.id); }},
+    {"POINT", readPoint},
+    {"MTEXT", readMText},
+    {"DIMENSION", readDimension},
+    {"ARC_DIMENSION", readDimension},
+    {"LARGE_RADIAL_DIMENSION", readDimension},
+    {"HATCH", [](const Source& from) { return readHatch(from.groups); }},
+    {"ATTRIB", readText},
+    {"ATTDEF", readText},
+    {"SOLID", readSolid},
+    {"TRACE", readSolid},
+    {"ELLIPSE", readEllipse},
+    {"SPLINE", readSpline},
+    {"LEADER", readLeader},
+    {"3DFACE", [](const Source& from) { return readFace(from.groups); }},
+    {"ACAD_TABLE", readTable},
+};
+
+}  // namespace
+
+Geometry DxfStorage::readGeometry(const Drawing& drawing, RecordId entity) const {
+  const std::string_view type = typeName(drawing.record(entity));
+  const auto* reader = std::ranges::find(kReaders, type, &TypeReader::type);
+  if (reader == std::end(kReaders)) return {};
+  const GeometryGroups groups(*this, drawing.record(entity));
+  return reader->read({drawing, *this, entity, groups});
+}
+
+}  // namespace cad::dxf
