@@ -1,6 +1,6 @@
 #pragma once
-// Everything that is said once about a section and once about an item kind. Reader, writer, menus, pickers
-// and documentation take it from here.
+// Everything that is said once about a section and once about an item kind. Reader, writer, pickers and
+// documentation take it from here; the captions of the menus stand in the resource script.
 
 #include <optional>
 #include <span>
@@ -53,11 +53,9 @@ inline constexpr int kFreezeKind = 15;
 inline constexpr int kPlotKind = 16;
 
 struct ItemKind {
-  int kind;                      // 1 to 16
-  const wchar_t* key;            // in a file, and in the display texts
-  const wchar_t* conditionMenu;  // label in the condition menu
-  const wchar_t* resultMenu;     // null: condition only
-  const wchar_t* pickerLabel;    // in the pickers' captions and prompts
+  int kind;                    // 1 to 16
+  const wchar_t* key;          // in a file, and in the display texts
+  const wchar_t* pickerLabel;  // in the pickers' captions and prompts
   int conditionCommand;
   int resultCommand;  // 0: condition only
   // Rule sections in which a conversion heeds the kind, one bit each: bit n for section n.

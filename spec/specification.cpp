@@ -25,7 +25,7 @@ bool isItemRole(Role role) { return role == Role::kCondition || role == Role::kR
 // Brings the variable's name into the catalogue's spelling.
 bool normalise(Item& item, Role role) {
   const ItemKind* kind = itemKind(item.kind);
-  if (!kind || (role == Role::kResult && !kind->resultMenu)) return false;
+  if (!kind || (role == Role::kResult && kind->resultCommand == 0)) return false;
   if (role == Role::kResult) item.inverted = false;
   if (item.kind != kVariableKind) {
     item.variable.clear();

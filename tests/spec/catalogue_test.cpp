@@ -96,37 +96,25 @@ TEST(ArrowCatalogue, BuiltInNames) {
 
 TEST(ItemKinds, Rows) {
   const struct {
-    const wchar_t *key, *conditionMenu, *resultMenu;
+    const wchar_t* key;
     int conditionCommand, resultCommand;
   } expected[] = {
-      {L"画層", L"画層...", L"画層...", 40021, 40031},
-      {L"線種", L"線種...", L"線種...", 40022, 40032},
-      {L"色", L"色...", L"色...", 40023, 40033},
-      {L"字体", L"字体...", L"字体...", 40024, 40034},
-      {L"文字高さ", L"文字高さ...", L"文字高さ...", 40025, 40035},
-      {L"文字角度", L"文字角度...", L"文字角度...", 40026, 40036},
-      {L"文字幅高比", L"文字幅高比...", L"文字幅高比...", 40027, 40037},
-      {L"ｼｽﾃﾑ変数", L"寸法設定...", L"寸法設定...", 40028, 40038},
-      {L"文字一致のリスト", L"文字リスト一致...", nullptr, 40029, 0},
-      {L"線幅値", L"線幅値...", L"線幅値...", 40050, 40070},
-      {L"透過性", L"透過性...", L"透過性...", 40051, 40071},
-      {L"線種尺度", L"線種尺度...", L"線種尺度...", 40052, 40072},
-      {L"表示", L"表示...", L"表示...", 40053, 40073},
-      {L"ロック", L"ロック...", L"ロック...", 40054, 40074},
-      {L"フリーズ", L"フリーズ...", L"フリーズ...", 40055, 40075},
-      {L"印刷", L"印刷...", L"印刷..", 40056, 40076},
+      {L"画層", 40021, 40031},       {L"線種", 40022, 40032},     {L"色", 40023, 40033},
+      {L"字体", 40024, 40034},       {L"文字高さ", 40025, 40035}, {L"文字角度", 40026, 40036},
+      {L"文字幅高比", 40027, 40037}, {L"ｼｽﾃﾑ変数", 40028, 40038}, {L"文字一致のリスト", 40029, 0},
+      {L"線幅値", 40050, 40070},     {L"透過性", 40051, 40071},   {L"線種尺度", 40052, 40072},
+      {L"表示", 40053, 40073},       {L"ロック", 40054, 40074},   {L"フリーズ", 40055, 40075},
+      {L"印刷", 40056, 40076},
   };
   ASSERT_EQ(itemKinds().size(), std::size(expected));
   for (size_t i = 0; i < std::size(expected); ++i) {
     const ItemKind& row = itemKinds()[i];
     EXPECT_EQ(row.kind, static_cast<int>(i) + 1);
     EXPECT_STREQ(row.key, expected[i].key);
-    EXPECT_STREQ(row.conditionMenu, expected[i].conditionMenu);
-    EXPECT_STREQ(row.resultMenu, expected[i].resultMenu);
     EXPECT_EQ(row.conditionCommand, expected[i].conditionCommand);
     EXPECT_EQ(row.resultCommand, expected[i].resultCommand);
     EXPECT_EQ(itemKindOfConditionCommand(row.conditionCommand), &row);
-    if (row.resultMenu) {
+    if (row.resultCommand != 0) {
       EXPECT_EQ(itemKindOfResultCommand(row.resultCommand), &row);
     }
   }
