@@ -9,7 +9,7 @@
 #include <variant>
 #include <vector>
 
-#include "embedded/drawing/names.h"
+#include "embedded/drawing/record.h"
 #include "embedded/drawing/shapes.h"
 
 namespace cad {
@@ -18,7 +18,7 @@ struct LineGeometry {
   Point from, to;
 };
 struct PointGeometry {
-  Point at;
+  Point at;  // of a BLOCK record: the base point of its references
 };
 // Counter-clockwise; a circle runs from 0 to 360.
 struct ArcGeometry {
@@ -72,7 +72,7 @@ struct TextGeometry {
 };
 
 struct InsertGeometry {
-  NameId block = kNoName;
+  RecordId block = kNoRecord;  // kNoRecord: not defined
   Point at;
   Point scale{1, 1, 1};
   double rotation = 0;
@@ -80,7 +80,7 @@ struct InsertGeometry {
   double columnSpacing = 0, rowSpacing = 0;
 };
 struct DimensionGeometry {
-  NameId block = kNoName;  // its picture, already in place
+  RecordId block = kNoRecord;  // its picture, already in place
 };
 
 struct HatchGeometry {

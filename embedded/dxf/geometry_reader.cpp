@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "embedded/drawing/drawing.h"
 #include "embedded/dxf/geometry_groups.h"
@@ -145,15 +146,14 @@ Geometry readMText(const Source& from) {
   return {std::move(shape)};
 }
 
-NameId blockNamed(const Source& from, std::wstring_view name) {
-  const RecordId block = from.drawing.find(Table::kBlock, name);
-  return block == kNoRecord ? kNoName : from.drawing.name(block, Property::kName);
+RecordId blockOf(const Source& from) {
+  return from.drawing.find(Table::kBlock, std::wstring_view(from.groups.text(2)));
 }
 
 Geometry readInsert(const Source& from) {
   const GeometryGroups& groups = from.groups;
   InsertGeometry shape;
-  shape.block = blockNamed(from, groups.text(2));
+  shape.block = blockOf(from);
   shape.at = groups.point(10);
   shape.scale = {groups.real(41, 1), groups.real(42, 1), groups.real(43, 1)};
   shape.rotation = groups.real(50);
@@ -167,16 +167,14 @@ Geometry readInsert(const Source& from) {
 // A table is shown by a block; its other groups are not those of a reference.
 Geometry readTable(const Source& from) {
   InsertGeometry shape;
-  shape.block = blockNamed(from, from.groups.text(2));
+  shape.block = blockOf(from);
   shape.at = from.groups.point(10);
   const Point direction = from.groups.point(11, {1, 0, 0});
-  shape.rotation = std::atan2(direction.y, direction.x) * 180 / 3.14159265358979323846;
+  shape.rotation = std::atan2(direction.y, direction.x) * 180 / std::numbers::pi;
   return {shape};
 }
 
-Geometry readDimension(const Source& from) {
-  return {DimensionGeometry{blockNamed(from, from.groups.text(2))}};
-}
+Geometry readDimension(const Source& from) { return {DimensionGeometry{blockOf(from)}}; }
 
 struct TypeReader {
   std::string_view type;
@@ -192,6 +190,7 @@ constexpr TypeReader kReaders[] = {
     {"CIRCLE", readCircle},
     {"POLYLINE", [](const Source& from) { return readPolyline(from.drawing, from.storage, from.id); }},
     {"POINT", readPoint},
+    {"BLOCK", readPoint},
     {"MTEXT", readMText},
     {"DIMENSION", readDimension},
     {"ARC_DIMENSION", readDimension},

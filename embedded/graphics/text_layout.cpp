@@ -1,0 +1,173 @@
+#include "embedded/graphics/text_layout.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "embedded/objects/mtext_plain_text.h"
+
+namespace cad {
+namespace {
+
+using Side = TextGeometry::Side;
+using Level = TextGeometry::Level;
+
+constexpr double kHalfWidth = 0.7, kFullWidth = 1.3;  // of a character, by the height of a capital
+constexpr double kDescent = 1.0 / 3;                  // below the base line, likewise
+constexpr double kLineStep = 5.0 / 3;                 // from base line to base line, likewise
+
+bool isFullWidth(wchar_t c) {
+  const bool halfWidthKana = c >= 0xFF61 && c <= 0xFFDC;
+  return c >= 0x1100 && !halfWidthKana && !(c >= 0x2000 && c < 0x2E80);
+}
+
+double widthOf(wchar_t c) { return isFullWidth(c) ? kFullWidth : kHalfWidth; }
+
+// Broken at line ends, and at blanks or between full-width characters where a line gets wider than
+// `widest` (0: never), by the measure of estimatedWidth.
+std::vector<std::wstring> linesOf(std::wstring_view text, double widest) {
+  std::vector<std::wstring> lines(1);
+  double width = 0;
+  std::size_t breakAt = 0;
+  for (const wchar_t c : text) {
+    if (c == L'\n') {
+      lines.emplace_back();
+      width = 0, breakAt = 0;
+      continue;
+    }
+    if (isFullWidth(c)) breakAt = lines.back().size();
+    if (widest > 0 && width + widthOf(c) > widest && breakAt > 0 && c != L' ') {
+      std::wstring rest = lines.back().substr(breakAt);
+      lines.back().erase(breakAt);
+      width = estimatedWidth(rest);
+      lines.push_back(std::move(rest));
+      breakAt = 0;
+    }
+    lines.back() += c;
+    width += widthOf(c);
+    if (c == L' ') breakAt = lines.back().size();
+  }
+  return lines;
+}
+
+double anchorOf(Side side) {
+  if (side == Side::kCentre) return 0.5;
+  return side == Side::kRight ? 1 : 0;
+}
+
+// From the aligned point up to the base line of the last of `rows` lines, in heights.
+double liftOf(const TextGeometry& text, double rows) {
+  const double above = rows * kLineStep * text.lineSpacing;
+  switch (text.level) {
+    case Level::kBottom:
+      return text.multiline ? 0 : kDescent;
+    case Level::kMiddle:
+      return -(1 + above) / 2;
+    case Level::kTop:
+      return -1 - above;
+    default:
+      return 0;
+  }
+}
+
+class Layout {
+ public:
+  explicit Layout(const TextGeometry& text) : text_(text), height_(text.height), factor_(text.widthFactor) {
+    angle_ = text.rotation * std::numbers::pi / 180;
+  }
+
+  std::vector<SceneText> lines() {
+    const double widest = text_.multiline && text_.frameWidth > 0 && height_ > 0
+                              ? text_.frameWidth / (height_ * factor_) * 1.02
+                              : 0;
+    const std::vector<std::wstring> lines = text_.multiline
+                                                ? linesOf(plainText(text_.contents), widest)
+                                                : std::vector<std::wstring>{withoutCodes(text_.contents)};
+    if (text_.side == Side::kAligned || text_.side == Side::kFit) stretch(estimatedWidth(lines.front()));
+    const double rows = static_cast<double>(lines.size() - 1);
+    std::vector<SceneText> out;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      const double above = (rows - static_cast<double>(i)) * kLineStep * text_.lineSpacing;
+      if (!lines[i].empty()) out.push_back(place(lines[i], (liftOf(text_, rows) + above) * height_));
+    }
+    return out;
+  }
+
+ private:
+  // Between two points: fit keeps the height, aligned the proportions.
+  void stretch(double width) {
+    const double dx = text_.second.x - text_.at.x, dy = text_.second.y - text_.at.y;
+    const double distance = std::hypot(dx, dy);
+    if (distance == 0 || width == 0) return;
+    angle_ = std::atan2(dy, dx);
+    if (text_.side == Side::kAligned) {
+      height_ = distance / (width * factor_);
+    } else if (height_ > 0) {
+      factor_ = distance / (width * height_);
+    }
+  }
+
+  SceneText place(const std::wstring& line, double lift) const {
+    const double cosine = std::cos(angle_), sine = std::sin(angle_);
+    const double slant = std::tan(std::clamp(text_.oblique, -85.0, 85.0) * std::numbers::pi / 180);
+    double width = estimatedWidth(line) * height_ * factor_, up = height_;
+    if (text_.backwards) width = -width;
+    if (text_.upsideDown) up = -up;
+    SceneText placed;
+    placed.text = line;
+    placed.anchor = anchorOf(text_.side);
+    placed.along = {width * cosine, width * sine};
+    placed.up = {up * (slant * cosine - sine), up * (slant * sine + cosine)};
+    placed.origin = {text_.at.x - lift * sine - placed.along.x * placed.anchor,
+                     text_.at.y + lift * cosine - placed.along.y * placed.anchor};
+    return placed;
+  }
+
+  const TextGeometry& text_;
+  double height_, factor_, angle_ = 0;
+};
+
+}  // namespace
+
+double estimatedWidth(std::wstring_view line) {
+  double width = 0;
+  for (const wchar_t c : line) width += widthOf(c);
+  return width;
+}
+
+std::wstring withoutCodes(std::wstring_view contents) {
+  std::wstring out;
+  for (std::size_t i = 0; i < contents.size(); ++i) {
+    if (contents.substr(i, 2) != L"%%" || i + 2 >= contents.size()) {
+      out += contents[i];
+      continue;
+    }
+    const wchar_t code = contents[i + 2];
+    i += 2;
+    if (std::wstring_view(L"uUoOkK").find(code) != std::wstring_view::npos) continue;
+    if (code == L'd' || code == L'D')
+      out += wchar_t{0x00B0};
+    else if (code == L'p' || code == L'P')
+      out += wchar_t{0x00B1};
+    else if (code == L'c' || code == L'C')
+      out += wchar_t{0x2205};
+    else if (code == L'%')
+      out += L'%';
+    else if (code >= L'0' && code <= L'9') {
+      int number = 0, digits = 0;
+      for (; digits < 3 && i < contents.size() && contents[i] >= L'0' && contents[i] <= L'9'; ++digits, ++i)
+        number = number * 10 + (contents[i] - L'0');
+      --i;
+      if (number >= 32) out += static_cast<wchar_t>(number);
+    } else
+      out.append(L"%%").append(1, code);
+  }
+  return out;
+}
+
+std::vector<SceneText> layOut(const TextGeometry& text) {
+  if (text.height <= 0 || text.widthFactor <= 0) return {};
+  return Layout(text).lines();
+}
+
+}  // namespace cad

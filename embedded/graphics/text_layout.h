@@ -1,0 +1,22 @@
+#pragma once
+// Texts as lines in the plan of their own system. The width of a text is an estimate: which font a window
+// has is not known here.
+
+#include <string_view>
+#include <vector>
+
+#include "embedded/drawing/geometry.h"
+#include "embedded/graphics/scene.h"
+
+namespace cad {
+
+std::vector<SceneText> layOut(const TextGeometry& text);
+
+// The text of a single line without its codes: %%d, %%p, %%c, %%nnn become their characters, %%u, %%o and
+// %%k (lines over, under and through the text) nothing.
+std::wstring withoutCodes(std::wstring_view contents);
+
+// Of one line of height 1 and width factor 1.
+double estimatedWidth(std::wstring_view line);
+
+}  // namespace cad
