@@ -51,6 +51,9 @@ class CommandLine {
   void drop(const Document* document);                                // its queued texts
   void clear();
   bool isBusy() const { return depth_ > 0; }
+  // A typed command wants more input: the next text goes to it, unless its prompt is cancelled.
+  bool hasOpenPrompt() const { return !openText_.empty(); }
+  void cancelPrompt() { openText_.clear(); }
   std::wstring runningNames() const;  // outermost first, joined by apostrophes
 
  private:
