@@ -2,10 +2,10 @@
 
 #include "base/fold.h"
 #include "engine/flat_setting.h"
-#include "engine/leading_number.h"
 #include "spec/color_text.h"
 #include "spec/dimension_catalogue.h"
 #include "spec/item_kinds.h"
+#include "spec/leading_number.h"
 
 namespace kiv {
 namespace {

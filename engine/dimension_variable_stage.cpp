@@ -5,11 +5,11 @@
 
 #include "base/fold.h"
 #include "engine/host_variables.h"
-#include "engine/leading_number.h"
 #include "engine/resource_stages.h"
 #include "engine/value_forms.h"
 #include "spec/color_text.h"
 #include "spec/dimension_catalogue.h"
+#include "spec/leading_number.h"
 
 namespace kiv {
 namespace {

@@ -7,12 +7,12 @@
 #include "base/fold.h"
 #include "dbdim.h"
 #include "dblead.h"
-#include "engine/leading_number.h"
 #include "engine/numeric_compare.h"
 #include "engine/table_lookup.h"
 #include "engine/value_forms.h"
 #include "spec/color_text.h"
 #include "spec/dimension_catalogue.h"
+#include "spec/leading_number.h"
 
 namespace kiv {
 namespace {

@@ -5,12 +5,12 @@
 #include "dbmtext.h"
 #include "engine/dimension_variables.h"
 #include "engine/entity_properties.h"
-#include "engine/leading_number.h"
 #include "engine/pattern_rename.h"
 #include "engine/refusal.h"
 #include "engine/table_lookup.h"
 #include "spec/color_text.h"
 #include "spec/item_kinds.h"
+#include "spec/leading_number.h"
 
 namespace kiv {
 namespace {

@@ -3,10 +3,10 @@
 #include "acutads.h"
 #include "dbobjptr.h"
 #include "engine/entity_properties.h"
-#include "engine/leading_number.h"
 #include "engine/table_lookup.h"
 #include "spec/color_text.h"
 #include "spec/item_kinds.h"
+#include "spec/leading_number.h"
 
 namespace kiv {
 namespace {

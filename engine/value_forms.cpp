@@ -1,31 +1,24 @@
 #include "engine/value_forms.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include "base/fold.h"
-#include "engine/leading_number.h"
 #include "spec/color_text.h"
+#include "spec/leading_number.h"
+#include "spec/lineweights.h"
 
 namespace kiv {
 namespace {
 
-constexpr int kByLayer = -1;
-constexpr int kByBlock = -2;
 constexpr int kDefault = -3;
 
-constexpr std::array kSteps = {0,  5,  9,  13, 15, 18,  20,  25,  30,  35,  40,  50,
-                               53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
-
 std::optional<int> lineWeightOfWord(std::wstring_view text) {
-  if (base::equalFolded(text, L"Default")) return kDefault;
-  if (base::equalFolded(text, L"ByBlock")) return kByBlock;
-  if (base::equalFolded(text, L"ByLayer")) return kByLayer;
+  for (const Lineweight& weight : lineweights()) {
+    if (weight.hundredths < 0 && base::equalFolded(text, weight.text)) return weight.hundredths;
+  }
   return std::nullopt;
 }
-
-bool isStep(int number) { return std::find(kSteps.begin(), kSteps.end(), number) != kSteps.end(); }
 
 }  // namespace
 
@@ -38,13 +31,15 @@ int lineWeightNumber(std::wstring_view text) {
 }
 
 bool isLineWeight(int number) {
-  return isStep(number) || number == kByLayer || number == kByBlock || number == kDefault;
+  const auto all = lineweights();
+  return std::any_of(all.begin(), all.end(),
+                     [number](const Lineweight& weight) { return weight.hundredths == number; });
 }
 
 int lineWeightResult(std::wstring_view text) {
   if (const auto word = lineWeightOfWord(text)) return *word;
   const int number = lineWeightNumber(text);
-  return isStep(number) ? number : kDefault;
+  return number >= 0 && isLineWeight(number) ? number : kDefault;
 }
 
 Transparency transparencyValue(std::wstring_view text) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "engine/leading_number.h"
 #include "engine/numeric_compare.h"
 
 namespace {
@@ -50,16 +49,6 @@ TEST(ValueForms, BlockNameStandsInTheLastParentheses) {
   EXPECT_EQ(kiv::blockNameOfDisplayForm(L"ﾃｨｯｸ(太) (_ARCHTIC)"), L"_ARCHTIC");
   EXPECT_FALSE(kiv::blockNameOfDisplayForm(L"_DOT"));
   EXPECT_FALSE(kiv::blockNameOfDisplayForm(L"a) (b"));
-}
-
-TEST(ValueForms, LeadingRealsAreReadWithoutALocale) {
-  EXPECT_DOUBLE_EQ(kiv::leadingReal(L" +2.50 mm"), 2.5);
-  EXPECT_DOUBLE_EQ(kiv::leadingReal(L"-.5"), -0.5);
-  EXPECT_DOUBLE_EQ(kiv::leadingReal(L"1E2x"), 100);
-  for (const wchar_t* text : {L"", L"abc", L"inf", L"nan", L"-", L"+-5", L"-+5", L"２"}) {
-    EXPECT_DOUBLE_EQ(kiv::leadingReal(text), 0) << testing::PrintToString(text);
-    EXPECT_FALSE(kiv::startsWithNumber(text));
-  }
 }
 
 TEST(NumericCompare, SixDecimalsDecide) {

@@ -1,4 +1,4 @@
-#include "engine/leading_number.h"
+#include "spec/leading_number.h"
 
 #include <charconv>
 #include <cmath>
