@@ -105,6 +105,16 @@ Table& tableOf(CodePage page) {
   return *last;
 }
 
+// Where wide characters have 16 bits, one that needs more is two of them: no page has it, and it is
+// answered by one '?' as everywhere else.
+bool isSecondHalf(std::wstring_view text, size_t at) {
+  const auto inRange = [&](size_t index, std::uint32_t first) {
+    const auto value = static_cast<std::uint32_t>(text[index]);
+    return value >= first && value < first + 0x400;
+  };
+  return sizeof(wchar_t) == 2 && at > 0 && inRange(at, 0xDC00) && inRange(at - 1, 0xD800);
+}
+
 bool isIso(CodePage page) { return page >= 28591 && page <= 28605; }
 
 }  // namespace
@@ -157,11 +167,13 @@ Encoded encode(std::wstring_view text, CodePage page) {
   const bool known = page != kAscii && isKnownCodePage(page);
   Encoded result;
   result.bytes.reserve(text.size());
-  for (const wchar_t character : text) {
+  for (size_t at = 0; at < text.size(); ++at) {
+    const wchar_t character = text[at];
     if (static_cast<std::uint32_t>(character) < 0x80) {
       result.bytes += static_cast<char>(character);
       continue;
     }
+    if (isSecondHalf(text, at)) continue;
     const std::string bytes = known ? tableOf(page).encode(character) : std::string();
     result.bytes += bytes.empty() ? "?" : bytes;
     result.clean = result.clean && !bytes.empty();

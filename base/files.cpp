@@ -50,7 +50,7 @@ std::wstring pathText(const std::filesystem::path& path) {
   if constexpr (sizeof(std::filesystem::path::value_type) == 1) {
     return utf8::decodeName(path.string());
   } else {
-    return path.wstring();
+    return std::filesystem::path(path).make_preferred().wstring();
   }
 }
 

@@ -3,7 +3,8 @@
 
 // The few functions of the system's loader, declared here so that its header stays out of the host.
 extern "C" {
-__declspec(dllimport) void* __stdcall LoadLibraryW(const wchar_t* path);
+__declspec(dllimport) void* __stdcall LoadLibraryExW(const wchar_t* path, void* reserved,
+                                                     unsigned long flags);
 __declspec(dllimport) int __stdcall FreeLibrary(void* library);
 __declspec(dllimport) void* __stdcall GetProcAddress(void* library, const char* name);
 __declspec(dllimport) unsigned long __stdcall GetLastError();
@@ -14,9 +15,14 @@ __declspec(dllimport) unsigned long __stdcall GetModuleFileNameW(void* library, 
 namespace cad {
 namespace {
 
+// A module's own libraries are looked for beside it, not beside the program. It wants a full path.
+constexpr unsigned long kLoadWithAlteredSearchPath = 8;
+
 class WindowsLibrary : public ModuleLibrary {
  public:
   explicit WindowsLibrary(void* handle) : handle_(handle) {}
+  WindowsLibrary(const WindowsLibrary&) = delete;
+  WindowsLibrary& operator=(const WindowsLibrary&) = delete;
   ~WindowsLibrary() override { FreeLibrary(handle_); }
   void* symbol(const char* name) const override { return GetProcAddress(handle_, name); }
 
@@ -27,7 +33,10 @@ class WindowsLibrary : public ModuleLibrary {
 }  // namespace
 
 base::Result<std::unique_ptr<ModuleLibrary>> ModuleLibrary::load(const std::filesystem::path& path) {
-  void* handle = LoadLibraryW(path.wstring().c_str());
+  std::error_code error;
+  std::filesystem::path full = std::filesystem::absolute(path, error);
+  if (error) full = path;
+  void* handle = LoadLibraryExW(full.make_preferred().c_str(), nullptr, kLoadWithAlteredSearchPath);
   if (handle != nullptr) return std::unique_ptr<ModuleLibrary>(std::make_unique<WindowsLibrary>(handle));
   const std::wstring code = std::to_wstring(GetLastError());
   return base::Failure{base::pathText(path), L"The system cannot load it (error " + code + L")."};
