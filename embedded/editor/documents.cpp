@@ -73,6 +73,7 @@ void Documents::close(Document* document) {
   HostState& state = hostState();
   state.modules.sendToAll(AcRx::kUnloadDwgMsg);
   state.selectionSets.drop(document->drawing());
+  state.picking.forget();
   state.commandLine.drop(document);
   const std::unique_ptr<Document> closing = std::move(*found);
   documents_.erase(found);
@@ -97,6 +98,7 @@ void Documents::activate(Document* document) {
                                   [&](const auto& each) { return each.get() == document; });
   if (found == documents_.end()) return;
   std::rotate(found, found + 1, documents_.end());
+  if (current_ != document) hostState().picking.highlight(kNoRecord);
   current_ = document;
   acdbHostApplicationServices()->setWorkingDatabase(document->database());
 }

@@ -1,5 +1,7 @@
 #include "embedded/editor/host.h"
 
+#include <algorithm>
+
 #include "base/files.h"
 #include "embedded/editor/file_search.h"
 #include "embedded/editor/host_state.h"
@@ -26,7 +28,9 @@ void Host::stop() {
   if (!state_->running) return;
   state_->modules.quit();
   state_->commandLine.clear();
+  state_->messageFilters.clear();
   state_->selectionSets.clear();
+  state_->picking.forget();
   state_->documents.closeAll();
   state_->sessionVariables.clear();
   state_->newestFailure.reset();
@@ -65,6 +69,22 @@ void Host::setInputSource(std::function<std::optional<InputEvent>()> source) {
   state_->inputSource = std::move(source);
 }
 void Host::setMainWindow(void* windowHandle) { state_->mainWindow = windowHandle; }
+
+const Scene& Host::scene() { return state_->picking.scene(currentDrawing()); }
+void Host::setHighlightObserver(std::function<void(RecordId)> observer) {
+  state_->picking.setObserver(std::move(observer));
+}
+bool Host::isPicking() const { return state_->picking.waiting; }
+
+bool Host::filterMessage(void* message) {
+  // A filter may remove itself, or another one, while it is asked.
+  const std::vector<AcedFilterWinMsgFn> filters = state_->messageFilters;
+  for (auto each = filters.rbegin(); each != filters.rend(); ++each) {
+    const bool registered = std::ranges::find(state_->messageFilters, *each) != state_->messageFilters.end();
+    if (registered && (*each)(static_cast<MSG*>(message)) != 0) return true;
+  }
+  return false;
+}
 
 base::Status Host::loadModule(const std::filesystem::path& path) {
   const std::filesystem::path found = findFile(base::pathText(path));

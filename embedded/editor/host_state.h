@@ -15,7 +15,9 @@
 #include "embedded/editor/documents.h"
 #include "embedded/editor/host.h"
 #include "embedded/editor/modules.h"
+#include "embedded/editor/picking.h"
 #include "embedded/editor/selection_sets.h"
+#include "rxmfcapi.h"
 
 namespace cad {
 
@@ -34,6 +36,8 @@ struct HostState {
   std::function<bool()> breakQuery;
   std::function<std::optional<InputEvent>()> inputSource;
   void* mainWindow = nullptr;
+  Picking picking;
+  std::vector<AcedFilterWinMsgFn> messageFilters;  // the one registered last is the last
 
   Documents documents;
   CommandStack commands;

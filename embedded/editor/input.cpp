@@ -1,13 +1,62 @@
 #include <algorithm>
+#include <cmath>
 
+#include "acdb.h"
 #include "acedads.h"
 #include "embedded/editor/host_state.h"
 #include "embedded/editor/output.h"
+#include "embedded/graphics/hit_test.h"
+#include "embedded/objects/database_access.h"
 
 namespace {
 
-constexpr int kKeyEvent = 2;
+constexpr int kKeyEvent = 2, kPickEvent = 3;
+constexpr int kEnterKey = 13, kLineFeedKey = 10, kBlankKey = 32, kEscapeKey = 27, kBreakKey = 3;
 constexpr std::int64_t kEmptyPick = 7, kEnter = 52;  // what ERRNO tells
+
+// A point that a script gives without a radius still meets the lines that it lies on.
+constexpr double kRounding = 1e-9;
+
+cad::RecordId entityAt(cad::Document& document, const cad::InputEvent& event) {
+  const double least = kRounding * (1 + std::abs(event.x) + std::abs(event.y));
+  const cad::Scene& scene = cad::hostState().picking.scene(document.drawing());
+  return cad::hitTest(scene, event.x, event.y, std::max(event.pickRadius, least));
+}
+
+int fail(std::int64_t reason) {
+  cad::hostState().picking.highlight(cad::kNoRecord);
+  cad::hostState().sessionVariables["ERRNO"] = reason;
+  return RTERROR;
+}
+
+// The outcome of an event; nothing when the wait goes on.
+std::optional<int> take(const cad::InputEvent& event, ads_name entity, ads_point point) {
+  cad::HostState& state = cad::hostState();
+  if (event.kind == kKeyEvent) {
+    if (event.key == kEnterKey || event.key == kLineFeedKey || event.key == kBlankKey) return fail(kEnter);
+    if (event.key != kEscapeKey && event.key != kBreakKey) return std::nullopt;
+    state.picking.highlight(cad::kNoRecord);
+    return RTCAN;
+  }
+  cad::Document* document = state.documents.current();
+  if (document == nullptr) return RTERROR;
+  const cad::RecordId found = entityAt(*document, event);
+  state.picking.highlight(found);
+  if (event.kind != kPickEvent) return std::nullopt;
+  point[0] = event.x;
+  point[1] = event.y;
+  point[2] = 0;
+  if (found == cad::kNoRecord) return fail(kEmptyPick);
+  entity[0] = cad::idOf(*document->database(), found).asOldId();
+  return RTNORM;
+}
+
+struct WaitingMark {
+  WaitingMark() { cad::hostState().picking.waiting = true; }
+  ~WaitingMark() { cad::hostState().picking.waiting = false; }
+  WaitingMark(const WaitingMark&) = delete;
+  WaitingMark& operator=(const WaitingMark&) = delete;
+};
 
 }  // namespace
 
@@ -35,16 +84,37 @@ int acedGrRead(int, int* type, resbuf* result) {
   return RTNORM;
 }
 
-// Nothing is drawn here, so no point of the screen lies on an entity: every pick is an empty one.
 int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point) {
   cad::HostState& state = cad::hostState();
   if (entity == nullptr || point == nullptr) return RTERROR;
   ads_name_clear(entity);
   cad::printText(prompt == nullptr ? L"\nSelect object: " : prompt);
-  int type = 0;
-  resbuf event{};
-  if (acedGrRead(0, &type, &event) != RTNORM) return RTERROR;
-  state.sessionVariables["ERRNO"] = type == kKeyEvent ? kEnter : kEmptyPick;
-  if (type != kKeyEvent) std::copy(event.resval.rpoint, event.resval.rpoint + 3, point);
-  return RTERROR;
+  if (!state.inputSource) return RTERROR;
+  const WaitingMark mark;
+  for (;;) {
+    const std::optional<cad::InputEvent> event = state.inputSource();
+    if (!event) {
+      state.picking.highlight(cad::kNoRecord);
+      return RTERROR;
+    }
+    if (const std::optional<int> outcome = take(*event, entity, point)) return *outcome;
+  }
+}
+
+int acedRedraw(const ads_name entity, int mode) {
+  constexpr int kFirst = 1, kHighlight = 3, kNormal = 4;
+  if (mode < kFirst || mode > kNormal) return RTERROR;
+  if (entity == nullptr || ads_name_nil(entity)) return RTNORM;
+  cad::HostState& state = cad::hostState();
+  const cad::Document* document = state.documents.current();
+  AcDbObjectId id;
+  if (document == nullptr || acdbGetObjectId(id, entity) != Acad::eOk ||
+      id.database() != document->database()) {
+    return RTERROR;
+  }
+  const cad::RecordId record = cad::recordOf(id);
+  if (record == cad::kNoRecord) return RTERROR;
+  if (mode == kHighlight) state.picking.highlight(record);
+  if (mode == kNormal && state.picking.highlighted() == record) state.picking.highlight(cad::kNoRecord);
+  return RTNORM;
 }

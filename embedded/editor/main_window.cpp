@@ -35,3 +35,14 @@ CMDIFrameWnd* acedGetAcadFrame() {
   frame.m_hWnd = adsw_acadMainWnd();
   return frame.m_hWnd == nullptr ? nullptr : &frame;
 }
+
+BOOL acedRegisterFilterWinMsg(const AcedFilterWinMsgFn function) {
+  std::vector<AcedFilterWinMsgFn>& filters = cad::hostState().messageFilters;
+  if (function == nullptr || std::ranges::find(filters, function) != filters.end()) return 0;
+  filters.push_back(function);
+  return 1;
+}
+
+BOOL acedRemoveFilterWinMsg(const AcedFilterWinMsgFn function) {
+  return std::erase(cad::hostState().messageFilters, function) > 0 ? 1 : 0;
+}
