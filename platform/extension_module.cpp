@@ -30,4 +30,20 @@ void detachExtensionModule(ExtensionModule& module) {
 
 const std::vector<const ExtensionModule*>& resourceChain() { return chain(); }
 
+ResourcesFirst::ResourcesFirst(const ExtensionModule& module) : module_(&module) {
+  auto& modules = chain();
+  const auto at = std::find(modules.begin(), modules.end(), module_);
+  if (at == modules.end() || at == modules.begin()) return;
+  before_ = *(at - 1);
+  std::rotate(modules.begin(), at, at + 1);
+}
+
+ResourcesFirst::~ResourcesFirst() {
+  auto& modules = chain();
+  const auto now = std::find(modules.begin(), modules.end(), module_);
+  const auto before = std::find(modules.begin(), modules.end(), before_);
+  if (now == modules.end() || before == modules.end() || before < now) return;
+  std::rotate(now, now + 1, before + 1);
+}
+
 }  // namespace kiv

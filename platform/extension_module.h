@@ -21,4 +21,18 @@ void detachExtensionModule(ExtensionModule& module);
 // In search order: the module attached last comes first.
 const std::vector<const ExtensionModule*>& resourceChain();
 
+// While it lives, the module's resources are the first to be found; then the order is what it was. Modules
+// may come and go meanwhile. No effect for a module that is not in the chain.
+class ResourcesFirst {
+ public:
+  explicit ResourcesFirst(const ExtensionModule& module);
+  ~ResourcesFirst();
+  ResourcesFirst(const ResourcesFirst&) = delete;
+  ResourcesFirst& operator=(const ResourcesFirst&) = delete;
+
+ private:
+  const ExtensionModule* module_;
+  const ExtensionModule* before_ = nullptr;  // the one that it stood behind; null: it was first
+};
+
 }  // namespace kiv

@@ -25,6 +25,25 @@ TEST(ExtensionModule, AttachedOnceAndReleased) {
   detachExtensionModule(second);
 }
 
+TEST(ExtensionModule, ResourcesFirstForAWhile) {
+  int instance = 0;
+  ExtensionModule modules[3];
+  for (ExtensionModule& module : modules) attachExtensionModule(module, &instance);
+  const auto before = resourceChain();
+  {
+    const ResourcesFirst first(modules[0]);
+    EXPECT_EQ(resourceChain().front(), &modules[0]);
+    EXPECT_EQ(resourceChain().size(), before.size());
+  }
+  EXPECT_EQ(resourceChain(), before);
+  {
+    const ResourcesFirst first(modules[0]);
+    detachExtensionModule(modules[0]);
+  }
+  EXPECT_EQ(resourceChain().size(), 2U);
+  for (ExtensionModule& module : modules) detachExtensionModule(module);
+}
+
 TEST(ScreenScale, HeadlessIsTheReference) {
   initScreenScale(nullptr);
   EXPECT_EQ(screenDpi(), 96);

@@ -1,0 +1,20 @@
+#pragma once
+// The host's main window, as the dialogs over it need it.
+
+#include <string_view>
+
+#include "platform/dialog_window.h"
+
+namespace kiv {
+
+// The main frame, owner of the module's dialogs; null in a host without a window.
+NativeWindow hostFrame();
+
+// The keyboard goes to the main frame. Nothing in a host without a window.
+void focusHost();
+
+// Types a text at the host's command line, as a copied-data message of kind 1; character 3 cancels what
+// waits for input. Nothing in a host without a window: nobody waits there for a window's sake.
+void typeIntoHost(std::wstring_view text);
+
+}  // namespace kiv

@@ -1,0 +1,112 @@
+// The main dialog's pickers: adding and editing items.
+
+#include <utility>
+
+#include "platform/questions.h"
+#include "spec/item_kinds.h"
+#include "ui/context_menus.h"
+#include "ui/item_pickers.h"
+#include "ui/main_dialog.h"
+#include "ui/resource.h"
+
+namespace kiv {
+namespace {
+
+constexpr const wchar_t* kNothingSelected = L"ﾂﾘｰの中から追加したい項目を選択してください";
+
+// Below the row of buttons under the tree, at the left: where the button that opens the menu stands in the
+// dialog's description. A menu that has no room there is moved by the system.
+Place belowTheButtons(const Rect& dialog) {
+  constexpr int kWidth = 352, kHeight = 352, kLeft = 7, kBottom = 245;
+  return {dialog.left + (dialog.right - dialog.left) * kLeft / kWidth,
+          dialog.top + (dialog.bottom - dialog.top) * kBottom / kHeight};
+}
+
+}  // namespace
+
+bool CCnvDlg::onPickerCommand(int command) {
+  if (const ItemKind* kind = itemKindOfConditionCommand(command)) {
+    return addItem(kind->kind, Role::kCondition), true;
+  }
+  if (const ItemKind* kind = itemKindOfResultCommand(command)) {
+    return addItem(kind->kind, Role::kResult), true;
+  }
+  switch (command) {
+    case IDC_MAIN_EDIT:
+      return addOrEdit(), true;
+    case IDC_EDIT_CONDITION:
+    case IDC_EDIT_RESULT:
+      return editItem(), true;
+    default:
+      return false;
+  }
+}
+
+// An item is edited, a rule section gains a setting, which is all that can be added to it. A setting and a
+// list section show what can be added in their context menu; so does what cannot be edited, greyed.
+void CCnvDlg::addOrEdit() {
+  const Node node = tree().selected();
+  if (node.section < 1) return tell(kNothingSelected);
+  const int edit = editCommand(specification_, node);
+  if (edit != 0 && canApply(specification_, node, edit)) return onCommand(edit);
+  if (node.index < 0 && isRuleSection(node.section)) return addSetting();
+  showContextMenu(node, belowTheButtons(window().place()));
+}
+
+void CCnvDlg::addItem(int kind, Role role) {
+  const Node node = tree().selected();
+  if (!isRuleSection(node.section) || node.index < 0) return tell(kNothingSelected);
+  openPicker(kind, role, {Node::of(node.section, node.index), false}, {});
+}
+
+void CCnvDlg::editItem() {
+  const Node node = tree().selected();
+  const Item* item = specification_.item(node);
+  if (item != nullptr) openPicker(item->kind, node.role, {node, true}, L"<" + item->value + L">");
+}
+
+void CCnvDlg::openPicker(int kind, Role role, const PickerTarget& target, std::wstring initialText) {
+  const ItemPicker* picker = itemPicker(kind);
+  if (picker == nullptr) return;
+  std::unique_ptr<CSelBase>& slot = pickers_[static_cast<size_t>(picker->slot)];
+  if (slot) return;
+  target_ = target;
+  slot = picker->make(*this, pick_,
+                      {target.node.section, kind, static_cast<int>(role), std::move(initialText), folder_});
+  CSelBase* made = slot.get();
+  // A window that could not be made leaves the slot to the next one.
+  if (!made->create(hostFrame_) && slot.get() == made) slot.reset();
+}
+
+void CCnvDlg::setValue(int kind, int side, const std::wstring& value) {
+  const Item item{kind, false, {}, value, Wording::kPicker};
+  const Node& node = target_.node;
+  if (target_.changes) {
+    if (specification_.replaceItem(node, item).ok()) tree().changed(node);
+    return;
+  }
+  const Edited edited = side == static_cast<int>(Role::kCondition)
+                            ? specification_.addCondition(node.section, node.index, item)
+                            : specification_.addResult(node.section, node.index, item);
+  if (edited.ok()) tree().added(edited.node);
+}
+
+std::vector<std::wstring> CCnvDlg::namesInSection(int section) const {
+  std::vector<std::wstring> names;
+  for (const Entry& entry : specification_.entries(section)) names.push_back(entry.fields.front());
+  return names;
+}
+
+void CCnvDlg::releasePicker(int slot) { pickers_[static_cast<size_t>(slot)].reset(); }
+
+// One picker is open at a time as each keeps the dialog from input; the first slot is the common one.
+void CCnvDlg::pickCompleted() {
+  if (!hasWindow()) return;
+  pick_.request = 0;
+  window().show(true);
+  CSelBase* open = pickers_.front().get();
+  for (size_t slot = pickers_.size(); open == nullptr && slot-- > 1;) open = pickers_[slot].get();
+  if (open != nullptr) open->pickCompleted();
+}
+
+}  // namespace kiv
