@@ -32,9 +32,10 @@ class FileBrowser : public Dialog {
 
   std::wstring nameField() const { return window().text(controls_.name); }
   const std::wstring& folder() const { return folder_; }
+  // Asks and waits for the answer.
+  bool isAgreed(const std::wstring& question);
   // Takes the fields as what was confirmed.
   void takeFields();
-  const Controls& controls() const { return controls_; }
 
  private:
   void fill();

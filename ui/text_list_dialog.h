@@ -24,12 +24,13 @@ class CMojiListDlg : public Dialog {
   void startNew();
   void load();
   void save();
+  std::optional<std::wstring> askFile(bool saving);
   bool loadFile(const std::wstring& path);
-  bool saveFile(const std::wstring& path);
-  void changeRows(int command);
+  bool tellUnwritable(const std::vector<std::wstring>& rows);
+
   std::vector<std::wstring> rows();
-  void setRows(const std::vector<std::wstring>& rows);
-  void setName(const std::wstring& name);
+  void showRows(const std::vector<std::wstring>& rows, int current);
+  void setName(std::wstring name);
   void tell(const std::wstring& text);
 
   std::wstring folder_;

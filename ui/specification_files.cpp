@@ -1,0 +1,75 @@
+#include "ui/specification_files.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "base/files.h"
+#include "base/fold.h"
+#include "platform/paths.h"
+#include "platform/text.h"
+
+namespace kiv {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::wstring_view kExtension = L".cvt";
+
+bool endsWithFolded(std::wstring_view text, std::wstring_view ending) {
+  return text.size() >= ending.size() && base::equalFolded(text.substr(text.size() - ending.size()), ending);
+}
+
+std::wstring remarkOf(std::wstring_view folder, const std::wstring& name) {
+  const auto content = base::readFile(base::pathFromText(std::wstring(folder) + name));
+  if (!content.ok()) return {};
+  // The first line is the remark's header.
+  const std::vector<TextLine> lines = textLines(content.value());
+  return lines.size() > 1 ? std::wstring(base::trim(lines[1].text)) : std::wstring();
+}
+
+}  // namespace
+
+std::vector<std::wstring> filesWithExtension(std::wstring_view folder, std::wstring_view extension) {
+  std::vector<std::wstring> names;
+  std::error_code error;
+  const fs::path listed = folder.empty() ? fs::path(".") : base::pathFromText(folder);
+  for (fs::directory_iterator entry(listed, error), end; !error && entry != end; entry.increment(error)) {
+    std::wstring name = base::pathText(entry->path().filename());
+    std::error_code ignored;
+    if (endsWithFolded(name, extension) && !entry->is_directory(ignored)) names.push_back(std::move(name));
+  }
+  return names;
+}
+
+std::vector<SpecificationFile> specificationFiles(std::wstring_view folder) {
+  std::vector<SpecificationFile> files;
+  for (std::wstring& name : filesWithExtension(folder, kExtension)) {
+    std::wstring remark = remarkOf(folder, name);
+    files.push_back({std::move(name), std::move(remark)});
+  }
+  return files;
+}
+
+void sortByName(std::vector<SpecificationFile>& files, bool descending) {
+  std::stable_sort(files.begin(), files.end(),
+                   [descending](const SpecificationFile& a, const SpecificationFile& b) {
+                     const int order = base::upper(a.name).compare(base::upper(b.name));
+                     return descending ? order > 0 : order < 0;
+                   });
+}
+
+bool deleteSpecificationFile(std::wstring_view folder, std::wstring_view name) {
+  const std::wstring path = std::wstring(folder) + std::wstring(name);
+  // A folder is not a specification, even when it is empty and could be removed.
+  if (folderExists(path)) return false;
+  std::error_code error;
+  fs::remove(base::pathFromText(path), error);
+  return !error;
+}
+
+std::wstring withSpecificationExtension(std::wstring name) {
+  if (!name.ends_with(L".cvt") && !name.ends_with(L".CVT")) name += kExtension;
+  return name;
+}
+
+}  // namespace kiv

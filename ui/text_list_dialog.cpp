@@ -1,0 +1,167 @@
+#include "ui/text_list_dialog.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/files.h"
+#include "platform/paths.h"
+#include "platform/questions.h"
+#include "platform/text.h"
+#include "spec/text_search_list.h"
+#include "ui/resource.h"
+#include "ui/row_edit.h"
+
+namespace kiv {
+namespace {
+
+// As many as the grid shows at once.
+constexpr int kFirstRows = 16;
+
+constexpr const wchar_t* kCaption = L"文字検索リスト";
+constexpr const wchar_t* kPattern = L"*.LIST";
+
+constexpr std::pair<int, RowCommand> kRowCommands[] = {{IDC_ROW_INSERT, RowCommand::kInsert},
+                                                       {IDC_ROW_DELETE, RowCommand::kDelete},
+                                                       {IDC_ROW_APPEND, RowCommand::kAppend},
+                                                       {IDC_ROW_UP, RowCommand::kUp},
+                                                       {IDC_ROW_DOWN, RowCommand::kDown}};
+
+}  // namespace
+
+CMojiListDlg::CMojiListDlg(std::wstring folder) : Dialog(IDD_TEXT_LIST), folder_(std::move(folder)) {}
+
+void CMojiListDlg::onInit() {
+  TextGrid& grid = window().grid(IDC_TEXT_LIST_GRID);
+  grid.setTitle(L"検索登録文字");
+  grid.setRowCount(kFirstRows);
+  startNew();
+}
+
+void CMojiListDlg::onCommand(int command) {
+  switch (command) {
+    case IDC_TEXT_LIST_NEW:
+      return startNew();
+    case IDC_TEXT_LIST_LOAD:
+      return load();
+    case IDC_TEXT_LIST_SAVE:
+      return save();
+    default:
+      return Dialog::onCommand(command);
+  }
+}
+
+void CMojiListDlg::startNew() {
+  showRows({}, 0);
+  setName({});
+}
+
+void CMojiListDlg::load() {
+  for (;;) {
+    const auto path = askFile(false);
+    if (!path || loadFile(*path)) return;
+  }
+}
+
+std::optional<std::wstring> CMojiListDlg::askFile(bool saving) {
+  FileQuestion question;
+  question.saving = saving;
+  question.initialName = folder_ + (saving && !name_.empty() ? name_ : kPattern);
+  question.defaultExtension = L"LIST";
+  question.filters = {{std::wstring(kCaption) + L" (" + kPattern + L")", kPattern}};
+  return chooseFile(window().native(), question);
+}
+
+bool CMojiListDlg::loadFile(const std::wstring& path) {
+  const auto lines = readTextSearchList(base::pathFromText(path));
+  if (!lines.ok()) {
+    tell(lines.failure().reason);
+    return false;
+  }
+  std::vector<std::wstring> shown = lines.value();
+  shown.emplace_back();  // to type into
+  showRows(shown, 0);
+  const PathParts parts = splitPath(path);
+  setName(parts.name + parts.extension);
+  return true;
+}
+
+void CMojiListDlg::save() {
+  const std::vector<std::wstring> written = rows();
+  if (tellUnwritable(written)) return;
+  const auto path = askFile(true);
+  if (!path) return;
+  const PathParts parts = splitPath(*path);
+  setName(parts.name + parts.extension);
+  const base::Status status = writeTextSearchList(base::pathFromText(*path), written);
+  if (!status.ok()) tell(status.failure().reason);
+}
+
+// The row stays as it is, selected, so that the person can change it.
+bool CMojiListDlg::tellUnwritable(const std::vector<std::wstring>& rows) {
+  for (size_t index = 0; index < rows.size(); ++index) {
+    const std::wstring characters = unwritableCharacters(rows[index]);
+    if (characters.empty() || isBlankRow(rows[index])) continue;
+    window().grid(IDC_TEXT_LIST_GRID).setCurrentRow(static_cast<int>(index));
+    tell(std::to_wstring(index + 1) + L"行目に保存できない文字があります: " + characters);
+    return true;
+  }
+  return false;
+}
+
+void CMojiListDlg::onContextMenu(int id, Place screen) {
+  if (id != IDC_TEXT_LIST_GRID) return;
+  std::vector<std::wstring> changed = rows();
+  const int current = window().grid(id).currentRow();
+  Menu menu = loadMenu(IDM_GRID);
+  for (const auto& [item, command] : kRowCommands) {
+    if (MenuItem* shown = findMenuItem(menu, item)) {
+      shown->enabled = canEditRows(command, static_cast<int>(changed.size()), current);
+    }
+  }
+  if (menu.empty()) return;
+  const int chosen = showMenu(window(), menu.front().items, screen);
+  for (const auto& [item, command] : kRowCommands) {
+    if (item != chosen) continue;
+    const int row = editRows(command, changed, current);
+    window().grid(id).setRowCount(static_cast<int>(changed.size()));
+    showRows(changed, row);
+  }
+}
+
+// Below the last row there is always another to go to once it holds a text.
+bool CMojiListDlg::onKey(int id, Key key) {
+  if (id != IDC_TEXT_LIST_GRID || (key != Key::kDown && key != Key::kEnter)) return false;
+  TextGrid& grid = window().grid(id);
+  const int last = grid.rowCount() - 1;
+  if (grid.currentRow() == last && !isBlankRow(grid.text(last))) grid.setRowCount(last + 2);
+  return false;
+}
+
+std::vector<std::wstring> CMojiListDlg::rows() {
+  const TextGrid& grid = window().grid(IDC_TEXT_LIST_GRID);
+  std::vector<std::wstring> rows;
+  for (int row = 0; row < grid.rowCount(); ++row) rows.push_back(grid.text(row));
+  return rows;
+}
+
+// The grid keeps the rows that it has, empty.
+void CMojiListDlg::showRows(const std::vector<std::wstring>& rows, int current) {
+  TextGrid& grid = window().grid(IDC_TEXT_LIST_GRID);
+  grid.setRowCount(std::max(grid.rowCount(), static_cast<int>(rows.size())));
+  for (int row = 0; row < grid.rowCount(); ++row) {
+    const auto index = static_cast<size_t>(row);
+    grid.setText(row, index < rows.size() ? std::wstring_view(rows[index]) : std::wstring_view());
+  }
+  grid.setCurrentRow(current);
+}
+
+void CMojiListDlg::setName(std::wstring name) {
+  name_ = std::move(name);
+  window().setText(IDC_TEXT_LIST_NAME, name_);
+}
+
+void CMojiListDlg::tell(const std::wstring& text) {
+  showMessage(window().native(), {text, kCaption, Buttons::kOk, Icon::kWarning});
+}
+
+}  // namespace kiv

@@ -1,0 +1,155 @@
+#include "ui/value_choices.h"
+
+#include <algorithm>
+#include <cwchar>
+#include <iterator>
+#include <memory>
+
+#include "base/fold.h"
+#include "dbapserv.h"
+#include "dbobjptr.h"
+#include "dbsymtb.h"
+#include "platform/settings.h"
+#include "spec/color_text.h"
+#include "spec/item_kinds.h"
+#include "spec/leading_number.h"
+#include "spec/lineweights.h"
+#include "ui/specification_files.h"
+
+namespace kiv {
+namespace {
+
+using Texts = std::vector<std::wstring>;
+
+constexpr const wchar_t* kTextHeights[] = {L"2.24", L"3.15", L"4.5", L"6.3", L"9.0"};
+constexpr const wchar_t* kTransparencies[] = {L"ByLayer", L"ByBlock", L"0",  L"10", L"20", L"30",
+                                              L"40",      L"50",      L"60", L"70", L"80", L"90"};
+
+bool isByOther(std::wstring_view text) {
+  return base::equalFolded(text, L"ByLayer") || base::equalFolded(text, L"ByBlock");
+}
+
+bool withholdsByOther(int contextCode) { return contextCode == kLayerSettingSection; }
+
+Texts colorChoices(bool withholds) {
+  Texts texts;
+  if (!withholds) texts = {colorText(kColorByBlock), colorText(kColorByLayer)};
+  for (int number = 1; number <= 7; ++number) texts.push_back(colorText(number));
+  return texts;
+}
+
+// A setting says for each place in the list whether it is offered, not which height.
+Texts textHeightChoices() {
+  const int count = readCommonInteger(L"KivTextHeight/KivTextHeightLot", 0);
+  if (count <= 0) return {std::begin(kTextHeights), std::end(kTextHeights)};
+  Texts texts;
+  for (int index = 0; index < std::min(count, static_cast<int>(std::size(kTextHeights))); ++index) {
+    wchar_t key[32];
+    std::swprintf(key, std::size(key), L"KivTextHeight/Par%02d", index);
+    if (leadingReal(readCommonText(key, L"-1")) > 0) texts.emplace_back(kTextHeights[index]);
+  }
+  return texts;
+}
+
+Texts lineweightChoices(bool withholds) {
+  Texts texts;
+  for (const Lineweight& weight : lineweights()) {
+    if (!withholds || !isByOther(weight.text)) texts.emplace_back(weight.text);
+  }
+  return texts;
+}
+
+// What is withheld is decided by the lineweight of the same place: "ByLayer" stays, "ByBlock" and "0" go.
+Texts transparencyChoices(bool withholds) {
+  Texts texts;
+  for (size_t index = 0; index < std::size(kTransparencies); ++index) {
+    if (!withholds || !isByOther(lineweights()[index].text)) texts.emplace_back(kTransparencies[index]);
+  }
+  return texts;
+}
+
+template <class Table, class Iterator>
+Texts recordNames() {
+  AcDbDatabase* drawing = acdbHostApplicationServices()->workingDatabase();
+  Table* opened = nullptr;
+  if (!drawing || drawing->getSymbolTable(opened, AcDb::kForRead) != Acad::eOk) return {};
+  Iterator* started = nullptr;
+  const Acad::ErrorStatus status = opened->newIterator(started);
+  opened->close();
+  if (status != Acad::eOk) return {};
+  Texts names;
+  for (const std::unique_ptr<Iterator> iterator(started); !iterator->done(); iterator->step()) {
+    AcDbObjectId id;
+    if (iterator->getRecordId(id) != Acad::eOk) continue;
+    AcDbObjectPointer<AcDbSymbolTableRecord> record(id, AcDb::kForRead);
+    AcString name;
+    if (record.openStatus() != Acad::eOk || record->getName(name) != Acad::eOk) continue;
+    if (*name.constPtr() != L'\0') names.emplace_back(name.constPtr());
+  }
+  return names;
+}
+
+}  // namespace
+
+std::vector<std::wstring> fixedChoices(int kind, int contextCode) {
+  const bool withholds = withholdsByOther(contextCode);
+  switch (kind) {
+    case kColorKind:
+      return colorChoices(withholds);
+    case kTextHeightKind:
+      return textHeightChoices();
+    case kLineweightKind:
+      return lineweightChoices(withholds);
+    case kTransparencyKind:
+      return transparencyChoices(withholds);
+    case kVisibilityKind:
+    case kLockKind:
+    case kFreezeKind:
+    case kPlotKind:
+      return {L"ON", L"OFF"};
+    default:
+      return {};
+  }
+}
+
+std::vector<std::wstring> drawingChoices(int kind, int contextCode) {
+  Texts names;
+  if (kind == kLayerKind) names = recordNames<AcDbLayerTable, AcDbLayerTableIterator>();
+  if (kind == kLinetypeKind) names = recordNames<AcDbLinetypeTable, AcDbLinetypeTableIterator>();
+  if (kind == kFontKind) names = recordNames<AcDbTextStyleTable, AcDbTextStyleTableIterator>();
+  if (kind == kLinetypeKind && withholdsByOther(contextCode)) std::erase_if(names, isByOther);
+  return names;
+}
+
+int sectionOfNames(int kind) {
+  switch (kind) {
+    case kLayerKind:
+      return kLayerCreationSection;
+    case kLinetypeKind:
+      return kLinetypeSection;
+    case kFontKind:
+      return kFontSection;
+    default:
+      return 0;
+  }
+}
+
+void addMissing(std::vector<std::wstring>& list, const std::vector<std::wstring>& names) {
+  for (const std::wstring& name : names) {
+    const bool known = std::any_of(list.begin(), list.end(), [&name](const std::wstring& present) {
+      return base::equalFolded(present, name);
+    });
+    if (!known) list.push_back(name);
+  }
+}
+
+std::vector<std::wstring> offeredValues(int kind, int contextCode, const std::vector<std::wstring>& usedNames,
+                                        std::wstring_view listFolder) {
+  if (kind == kTextListKind) return filesWithExtension(listFolder, L".LIST");
+  if (sectionOfNames(kind) == 0) return fixedChoices(kind, contextCode);
+  Texts names = drawingChoices(kind, contextCode);
+  addMissing(names, usedNames);
+  return names;
+}
+
+}  // namespace kiv

@@ -1,0 +1,93 @@
+#include "ui/value_picker.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "spec/display_text.h"
+#include "spec/item_kinds.h"
+#include "ui/resource.h"
+#include "ui/value_check.h"
+#include "ui/value_choices.h"
+#include "ui/value_completion.h"
+
+namespace kiv {
+namespace {
+
+constexpr size_t kLongestValue = 255;
+
+}  // namespace
+
+CSelDlg::CSelDlg(PickerOwner& owner, int contextCode, int kind, int side, std::wstring initialText,
+                 PickHandOver& pick)
+    : CSelBase(IDD_VALUE, owner, kValuePickerSlot, pick),
+      contextCode_(contextCode),
+      kind_(kind),
+      side_(side),
+      initialText_(std::move(initialText)) {}
+
+void CSelDlg::onInit() {
+  const ItemKind* kind = itemKind(kind_);
+  const std::wstring label = kind ? kind->pickerLabel : L"";
+  window().setText(IDC_VALUE_LABEL, label + L" :");
+  window().setTitle(label + (side_ == kConditionSide ? L"の指定(変換対象の設定)" : L"の指定(変換後の設定)"));
+  fillChoices();
+  const std::vector<std::wstring> values = valuesOfText(initialText_);
+  const size_t index = kind_ == kVariableKind ? 1 : 0;
+  if (index < values.size()) showValue(values[index]);
+  CSelBase::onInit();
+  window().focus(IDC_VALUE_COMBO);
+}
+
+void CSelDlg::fillChoices() {
+  const int section = sectionOfNames(kind_);
+  std::vector<std::wstring> used;
+  if (section != 0) used = owner().namesInSection(section);
+  ComboBox& combo = window().combo(IDC_VALUE_COMBO);
+  combo.clear();
+  for (const std::wstring& value : offeredValues(kind_, contextCode_, used, listFolder_)) combo.add(value);
+}
+
+void CSelDlg::showValue(const std::wstring& value) {
+  ComboBox& combo = window().combo(IDC_VALUE_COMBO);
+  const std::vector<std::wstring> entries = combo.entries();
+  const auto found = std::find(entries.begin(), entries.end(), value);
+  if (found != entries.end()) {
+    combo.select(static_cast<int>(found - entries.begin()));
+  } else {
+    window().setText(IDC_VALUE_COMBO, value);
+  }
+}
+
+void CSelDlg::onEdited(int id) {
+  if (id != IDC_VALUE_COMBO || initialising()) return;
+  const std::wstring typed = window().text(IDC_VALUE_COMBO);
+  const std::wstring completed = completedValue(kind_, typed);
+  if (completed == typed) return;
+  window().setText(IDC_VALUE_COMBO, completed);
+  window().combo(IDC_VALUE_COMBO).putCaretAtEnd();
+}
+
+void CSelDlg::onDoubleClicked(int id) {
+  if (id == IDC_VALUE_COMBO) onCommand(IDOK);
+}
+
+void CSelDlg::confirm() {
+  const ComboBox& combo = window().combo(IDC_VALUE_COMBO);
+  const std::vector<std::wstring> entries = combo.entries();
+  const std::wstring typed = window().text(IDC_VALUE_COMBO).substr(0, kLongestValue);
+  // A list may keep its mark while something else is typed; then the field is what the person sees.
+  const int selected = combo.selected();
+  const bool isChosen = selected >= 0 && entries[static_cast<size_t>(selected)] == typed;
+  const auto value = isChosen ? typed : checkedValue(kind_, typed);
+  if (!value || value->empty()) return window().focus(IDC_VALUE_COMBO);
+  result_ = *value;
+  owner().setValue(kind_, side_, result_);
+  close();
+}
+
+void CSelDlg::pickCompleted() {
+  if (!pick().values.empty() && hasWindow()) showValue(pick().values.front());
+  CSelBase::pickCompleted();
+}
+
+}  // namespace kiv
