@@ -1,0 +1,59 @@
+#include "cadhost/command_runner.h"
+
+#include <exception>
+
+#include "base/codepage.h"
+#include "base/fold.h"
+#include "embedded/editor/host_state.h"
+
+namespace cadhost {
+namespace {
+
+constexpr std::wstring_view kMarks = L"._'";
+
+std::wstring_view restOf(std::wstring_view line) {
+  line = base::trim(line);
+  const std::size_t blank = line.find(L' ');
+  return blank == std::wstring_view::npos ? std::wstring_view() : base::trim(line.substr(blank));
+}
+
+}  // namespace
+
+std::wstring commandName(std::wstring_view line) {
+  line = base::trim(line);
+  line = line.substr(0, line.find(L' '));
+  const std::size_t begin = line.find_first_not_of(kMarks);
+  return begin == std::wstring_view::npos ? std::wstring() : base::upper(line.substr(begin));
+}
+
+void CommandRunner::runLines() {
+  while (const std::optional<std::wstring> line = input_.takeLine()) {
+    const bool isName = !host_.state().commandLine.hasOpenPrompt();
+    hands_.print((isName ? L"\nコマンド: " : L"\n: ") + *line);
+    const std::wstring name = isName ? commandName(*line) : std::wstring();
+    const std::wstring rest = base::upper(restOf(*line));
+    if ((name == L"QUIT" || name == L"EXIT") && (rest.empty() || rest == L"Y" || rest == L"YES")) {
+      hands_.quit(!rest.empty());
+      continue;
+    }
+    (void)run(*line);  // the host has printed what went wrong
+  }
+}
+
+base::Status CommandRunner::run(const std::wstring& line) {
+  if (input_.isRunning()) return base::Failure{line, L"コマンドの実行中です。"};
+  input_.beginCommand();
+  hands_.begun();
+  base::Status status;
+  try {
+    status = host_.execute(line);
+  } catch (const std::exception& error) {
+    status = base::Failure{line, base::fromUtf8(error.what())};
+    hands_.print(L"\n" + status.failure().text());
+  }
+  input_.endCommand();
+  hands_.ended();
+  return status;
+}
+
+}  // namespace cadhost

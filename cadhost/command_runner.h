@@ -1,0 +1,39 @@
+#pragma once
+// Runs the lines of the command line, one after the other, each after the one before has ended.
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "base/result.h"
+#include "cadhost/input_queue.h"
+#include "embedded/editor/host.h"
+
+namespace cadhost {
+
+class CommandRunner {
+ public:
+  struct Hands {
+    std::function<void(std::wstring_view)> print;
+    std::function<void()> begun;
+    std::function<void()> ended;
+    std::function<void(bool discardChanges)> quit;  // QUIT was typed; nothing has been closed
+  };
+
+  CommandRunner(cad::Host& host, InputQueue& input) : host_(host), input_(input) {}
+  void setHands(Hands hands) { hands_ = std::move(hands); }
+
+  // Every line that has been entered. Does nothing while a command is running.
+  void runLines();
+  base::Status run(const std::wstring& line);
+
+ private:
+  cad::Host& host_;
+  InputQueue& input_;
+  Hands hands_;
+};
+
+// The command's name as it was meant: upper-case, without the marks before it. Empty for an empty line.
+std::wstring commandName(std::wstring_view line);
+
+}  // namespace cadhost

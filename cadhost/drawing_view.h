@@ -1,0 +1,89 @@
+#pragma once
+// The drawing: painted, zoomed, moved, and pointed at.
+
+#include <windows.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "cadhost/input_queue.h"
+#include "cadhost/picture.h"
+#include "cadhost/text_painter.h"
+#include "cadhost/view_transform.h"
+#include "embedded/editor/host.h"
+
+namespace cad {
+class Document;
+}
+
+namespace cadhost {
+
+class DrawingView {
+ public:
+  struct Hands {
+    std::function<void(DrawingPoint)> moved;  // the pointer
+    std::function<void(wchar_t)> typed;       // a character, Enter and Esc included
+  };
+
+  DrawingView(cad::Host& host, InputQueue& input) : host_(host), input_(input) {}
+  bool create(HWND parent, Hands hands);
+  HWND window() const { return window_; }
+
+  // To be called when a command has ended or waits: another drawing, or another state of it, is shown.
+  void refresh();
+  void zoomExtents();
+  void zoomAt(int notches, POINT screen);  // of the wheel; above 0 enlarges
+  void setHighlight(cad::RecordId entity);
+  double pixelsPerUnit() const { return view_.pixelsPerUnit(); }
+
+  void attach(HWND window) { window_ = window; }
+  LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
+
+ private:
+  // What a drawing was last seen at. A closed drawing's address may come again, under another name.
+  struct Remembered {
+    const cad::Document* document = nullptr;
+    std::wstring name;
+    ViewTransform view;
+  };
+
+  LRESULT handleMouse(UINT message, WPARAM wParam, POINT at);
+  LRESULT handleKey(UINT message, WPARAM key);
+  void handleCharacter(wchar_t c);
+  void pointerMoved(POINT at);
+  void beginDrag(POINT at);
+  void panBy(int dx, int dy);
+  void viewChanged();
+  void resize(int width, int height);
+  void showDocument(const cad::Document& document);
+  void remember();
+  bool preparePicture();
+  void render(PixelRect part);
+  void paint();
+  void paintPointer(HDC dc);
+  bool isCrosshair() const { return pointer_ && !drag_ && host_.isPicking(); }
+  int aperture() const;  // half of the pick box, pixels
+
+  cad::Host& host_;
+  InputQueue& input_;
+  Hands hands_;
+  HWND window_ = nullptr;
+  ViewTransform view_;
+  const cad::Document* document_ = nullptr;
+  std::wstring documentName_;
+  std::uint64_t revision_ = 0;
+  std::vector<Remembered> remembered_;
+  std::unique_ptr<Picture> drawn_, composed_;  // the scene; the same with what moves over it
+  bool stale_ = true;                          // drawn_ is not what the view shows
+  TextPainter texts_;
+  cad::RecordId highlight_ = cad::kNoRecord;
+  std::optional<POINT> pointer_, drag_;
+  bool spaceDown_ = false, spaceUsed_ = false;
+};
+
+}  // namespace cadhost

@@ -1,0 +1,109 @@
+#include "cadhost/file_actions.h"
+
+#include <commdlg.h>
+
+#include <vector>
+
+#include "base/files.h"
+#include "embedded/editor/host_state.h"
+
+namespace cadhost {
+namespace {
+
+constexpr wchar_t kProgram[] = L"CADHOST";
+constexpr wchar_t kFilter[] = L"DXF 図面 (*.dxf)\0*.dxf\0すべてのファイル (*.*)\0*.*\0";
+constexpr DWORD kLongestChoice = 32768;  // characters of all the names together
+
+// With several files the answer is the folder, then each name; with one it is the path.
+std::vector<std::wstring> chosenPaths(const std::vector<wchar_t>& answer) {
+  std::vector<std::wstring> parts;
+  for (const wchar_t* at = answer.data(); *at != 0; at += parts.back().size() + 1) parts.emplace_back(at);
+  if (parts.size() < 2) return parts;
+  const std::wstring folder = parts.front().back() == L'\\' ? parts.front() : parts.front() + L'\\';
+  parts.erase(parts.begin());
+  for (std::wstring& name : parts) name = folder + name;
+  return parts;
+}
+
+OPENFILENAMEW chooser(HWND owner, std::vector<wchar_t>& answer, const wchar_t* title) {
+  OPENFILENAMEW out{};
+  out.lStructSize = sizeof out;
+  out.hwndOwner = owner;
+  out.lpstrFilter = kFilter;
+  out.lpstrFile = answer.data();
+  out.nMaxFile = static_cast<DWORD>(answer.size());
+  out.lpstrTitle = title;
+  out.lpstrDefExt = L"dxf";
+  return out;
+}
+
+}  // namespace
+
+void FileActions::complain(const std::wstring& text) const {
+  MessageBoxW(owner_, text.c_str(), kProgram, MB_OK | MB_ICONWARNING);
+}
+
+void FileActions::open() {
+  std::vector<wchar_t> answer(kLongestChoice, L'\0');
+  OPENFILENAMEW asked = chooser(owner_, answer, L"図面を開く");
+  asked.Flags = OFN_EXPLORER | OFN_ALLOWMULTISELECT | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST |
+                OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+  if (!GetOpenFileNameW(&asked)) return;
+  for (const std::wstring& path : chosenPaths(answer)) {
+    const base::Status opened = host_.openDocument(base::pathFromText(path));
+    if (!opened) complain(L"図面を開けませんでした。\n\n" + opened.failure().text());
+  }
+}
+
+bool FileActions::saveInto(const std::wstring& path) {
+  const base::Status saved = run_(L"_.SAVEAS\n_DXF\n" + path + L"\nY");
+  if (!saved) complain(L"図面を保存できませんでした。\n\n" + saved.failure().text());
+  return saved.ok();
+}
+
+bool FileActions::save() {
+  const cad::Document& document = *host_.state().documents.current();
+  if (host_.currentDrawing().path().empty() || document.isReadOnly()) return saveAs();
+  const base::Status saved = run_(L"_.QSAVE");
+  if (!saved) complain(L"図面を保存できませんでした。\n\n" + saved.failure().text());
+  return saved.ok();
+}
+
+bool FileActions::saveAs() {
+  std::filesystem::path proposed = host_.currentDrawing().path();
+  if (proposed.empty()) proposed = base::pathFromText(host_.state().documents.current()->name());
+  std::wstring name = base::pathText(proposed.replace_extension(".dxf"));
+  std::vector<wchar_t> answer(kLongestChoice, L'\0');
+  if (name.size() < answer.size()) std::copy(name.begin(), name.end(), answer.begin());
+  OPENFILENAMEW asked = chooser(owner_, answer, L"名前を付けて保存");
+  asked.Flags = OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+  return GetSaveFileNameW(&asked) && saveInto(answer.data());
+}
+
+bool FileActions::mayClose(const cad::Document& document) {
+  cad::Documents& documents = host_.state().documents;
+  cad::Document* found = documents.find(&document);
+  if (found == nullptr || !found->drawing().isModified()) return true;
+  documents.activate(found);
+  const std::wstring question = L"「" + found->name() + L"」は変更されています。\n保存しますか？";
+  const int answer = MessageBoxW(owner_, question.c_str(), kProgram, MB_YESNOCANCEL | MB_ICONQUESTION);
+  return answer == IDNO || (answer == IDYES && save());
+}
+
+bool FileActions::closeCurrent() {
+  if (!mayClose(*host_.state().documents.current())) return false;
+  const base::Status closed = host_.closeDocument();
+  if (!closed) complain(closed.failure().text());
+  return closed.ok();
+}
+
+bool FileActions::mayCloseAll() {
+  // Activating a document changes the order of the list.
+  std::vector<const cad::Document*> open;
+  for (const auto& each : host_.state().documents.all()) open.push_back(each.get());
+  for (const cad::Document* each : open)
+    if (!mayClose(*each)) return false;
+  return true;
+}
+
+}  // namespace cadhost

@@ -1,0 +1,42 @@
+#pragma once
+// The message loop, and the same loop inside a command that waits for input.
+
+#include <windows.h>
+
+#include <functional>
+#include <optional>
+
+#include "cadhost/input_queue.h"
+#include "embedded/editor/host.h"
+
+namespace cadhost {
+
+class MessagePump {
+ public:
+  struct Windows {
+    HWND frame = nullptr, view = nullptr;
+    HACCEL accelerators = nullptr;
+  };
+
+  MessagePump(cad::Host& host, InputQueue& input) : host_(host), input_(input) {}
+  void setWindows(Windows windows) { windows_ = windows; }
+  // Called before a command begins to wait: what it has done so far is shown then.
+  void setBeforeWait(std::function<void()> hand) { beforeWait_ = std::move(hand); }
+
+  int run();  // until WM_QUIT; its exit status
+  // The host's input source: handles messages until one of them makes an event.
+  std::optional<cad::InputEvent> waitForEvent();
+  // The host's break query, without handling any other message.
+  bool isBreakWanted();
+
+ private:
+  void dispatch(MSG& message);
+  bool isOurs(HWND window) const { return window == windows_.frame || IsChild(windows_.frame, window); }
+
+  cad::Host& host_;
+  InputQueue& input_;
+  Windows windows_;
+  std::function<void()> beforeWait_;
+};
+
+}  // namespace cadhost
