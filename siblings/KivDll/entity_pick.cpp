@@ -1,0 +1,68 @@
+#include <exception>
+
+#include "acdb.h"
+#include "acedads.h"
+#include "dbobjptr.h"
+#include "siblings/KivDll/entity_kind.h"
+#include "siblings/KivDll/exports.h"
+#include "siblings/KivDll/picked_values.h"
+
+namespace kiv {
+namespace {
+
+constexpr int kFirstItem = 1, kLastItem = 16;
+
+void say(const std::wstring& text) { acutPrintf(L"%ls", text.c_str()); }
+
+// The host's own word for why a pick gave nothing.
+bool wasEmptyPick() {
+  constexpr short kEmptyPick = 7;
+  resbuf value{};
+  return acedGetVar(L"ERRNO", &value) == RTNORM && value.restype == RTSHORT &&
+         value.resval.rint == kEmptyPick;
+}
+
+AcDbObjectId letPick(const wchar_t* prompt) {
+  ads_name picked;
+  ads_point point;
+  AcDbObjectId id;
+  const int outcome = acedEntSel(prompt, picked, point);
+  if (outcome == RTNORM) {
+    acdbGetObjectId(id, picked);
+  } else if (outcome == RTERROR && wasEmptyPick()) {
+    say(L"\n図形が見つかりません。");
+  }
+  return id;
+}
+
+std::vector<std::wstring> pick(const wchar_t* prompt, PickedItem item, unsigned mask) {
+  const AcDbObjectId id = letPick(prompt);
+  if (id.isNull()) return {};
+  const AcDbEntityPointer entity(id, AcDb::kForRead);
+  if (entity.openStatus() != Acad::eOk) {
+    say(L"\n図形を読み取れません。");
+    return {};
+  }
+  if (!isAdmitted(*entity.object(), mask)) {
+    say(wrongKindMessage(mask));
+    return {};
+  }
+  std::vector<std::wstring> values = pickedValues(*entity.object(), item);
+  if (values.empty()) say(L"\nこの図形には該当する値がありません。");
+  return values;
+}
+
+}  // namespace
+}  // namespace kiv
+
+int dll_kiv_entsel(const wchar_t* prompt, int item, unsigned mask,
+                   void (*take)(const wchar_t* value, void* context), void* context) {
+  if (take == nullptr || item < kiv::kFirstItem || item > kiv::kLastItem) return 0;
+  try {
+    const std::vector<std::wstring> values = kiv::pick(prompt, static_cast<kiv::PickedItem>(item), mask);
+    for (const std::wstring& value : values) take(value.c_str(), context);
+    return values.empty() ? 0 : 1;
+  } catch (const std::exception&) {
+    return 0;
+  }
+}

@@ -1,0 +1,161 @@
+#include "siblings/KivDll/picked_values.h"
+
+#include <optional>
+
+#include "dbdim.h"
+#include "dbents.h"
+#include "dblead.h"
+#include "dbmtext.h"
+#include "dbobjptr.h"
+#include "dbsymtb.h"
+#include "siblings/KivDll/value_texts.h"
+
+namespace kiv {
+namespace {
+
+using Value = std::optional<std::wstring>;
+
+Value nameOf(AcDbObjectId id) {
+  const AcDbObjectPointer<AcDbSymbolTableRecord> record(id, AcDb::kForRead);
+  AcString name;
+  if (record.openStatus() != Acad::eOk || record->getName(name) != Acad::eOk) return std::nullopt;
+  return std::wstring(name.kwszPtr());
+}
+
+Value textStyle(const AcDbEntity& entity) {
+  if (const auto* text = AcDbText::cast(&entity)) return nameOf(text->textStyle());
+  if (const auto* text = AcDbMText::cast(&entity)) return nameOf(text->textStyle());
+  if (const auto* dimension = AcDbDimension::cast(&entity)) return nameOf(dimension->dimtxsty());
+  return std::nullopt;
+}
+
+Value textHeight(const AcDbEntity& entity) {
+  if (const auto* text = AcDbText::cast(&entity)) return numberText(text->height());
+  if (const auto* text = AcDbMText::cast(&entity)) return numberText(text->textHeight());
+  if (const auto* dimension = AcDbDimension::cast(&entity)) return numberText(dimension->dimtxt());
+  return std::nullopt;
+}
+
+Value textAngle(const AcDbEntity& entity) {
+  if (const auto* text = AcDbText::cast(&entity)) return degreesText(text->rotation());
+  if (const auto* text = AcDbMText::cast(&entity)) return degreesText(text->rotation());
+  if (const auto* dimension = AcDbDimension::cast(&entity)) return degreesText(dimension->textRotation());
+  return std::nullopt;
+}
+
+Value widthFactorOfStyle(AcDbObjectId id) {
+  const AcDbTextStyleTableRecordPointer style(id, AcDb::kForRead);
+  if (style.openStatus() != Acad::eOk) return std::nullopt;
+  return numberText(style->xScale());
+}
+
+Value widthFactor(const AcDbEntity& entity) {
+  if (const auto* text = AcDbText::cast(&entity)) return numberText(text->widthFactor());
+  if (const auto* text = AcDbMText::cast(&entity)) return widthFactorOfStyle(text->textStyle());
+  if (const auto* dimension = AcDbDimension::cast(&entity)) return widthFactorOfStyle(dimension->dimtxsty());
+  return std::nullopt;
+}
+
+Value block(const AcDbEntity& entity) {
+  const auto* reference = AcDbBlockReference::cast(&entity);
+  return reference == nullptr ? std::nullopt : nameOf(reference->blockTableRecord());
+}
+
+Value dimStyle(const AcDbEntity& entity) {
+  if (const auto* dimension = AcDbDimension::cast(&entity)) return nameOf(dimension->dimensionStyle());
+  if (const auto* leader = AcDbLeader::cast(&entity)) return nameOf(leader->dimensionStyle());
+  return std::nullopt;
+}
+
+Value linetype(const AcDbEntity& entity) {
+  AcString name;
+  if (entity.linetype(name) != Acad::eOk) return std::nullopt;
+  return std::wstring(name.kwszPtr());
+}
+
+struct LayerState {
+  bool display, lock, freeze, plot;
+};
+
+LayerState stateOf(const AcDbLayerTableRecord& layer) {
+  return {!layer.isOff(), layer.isLocked(), layer.isFrozen(), layer.isPlottable()};
+}
+
+Value layerState(const AcDbEntity& entity, PickedItem item) {
+  const AcDbLayerTableRecordPointer layer(entity.layerId(), AcDb::kForRead);
+  if (layer.openStatus() != Acad::eOk) return std::nullopt;
+  const LayerState state = stateOf(*layer.object());
+  switch (item) {
+    case PickedItem::kDisplay:
+      return onOffText(state.display);
+    case PickedItem::kLock:
+      return onOffText(state.lock);
+    case PickedItem::kFreeze:
+      return onOffText(state.freeze);
+    default:
+      return onOffText(state.plot);
+  }
+}
+
+std::vector<std::wstring> layerValues(const AcDbEntity& entity) {
+  const AcDbLayerTableRecordPointer layer(entity.layerId(), AcDb::kForRead);
+  const Value name = nameOf(entity.layerId());
+  if (layer.openStatus() != Acad::eOk || !name) return {};
+  const LayerState state = stateOf(*layer.object());
+  const auto labelled = [](const wchar_t* label, const std::wstring& value) {
+    return std::wstring(label) + L" " + value;
+  };
+  return {*name,
+          colorText(layer->color().colorIndex()),
+          nameOf(layer->linetypeObjectId()).value_or(L"Continuous"),
+          labelled(L"表示", onOffText(state.display)),
+          labelled(L"ロック", onOffText(state.lock)),
+          labelled(L"フリーズ", onOffText(state.freeze)),
+          labelled(L"印刷", onOffText(state.plot)),
+          labelled(L"線幅値", lineWeightText(layer->lineWeight())),
+          labelled(L"透過性", transparencyText(layer->transparency()))};
+}
+
+Value valueOf(const AcDbEntity& entity, PickedItem item) {
+  switch (item) {
+    case PickedItem::kLinetype:
+      return linetype(entity);
+    case PickedItem::kColor:
+      return colorText(entity.colorIndex());
+    case PickedItem::kTextStyle:
+      return textStyle(entity);
+    case PickedItem::kTextHeight:
+      return textHeight(entity);
+    case PickedItem::kTextAngle:
+      return textAngle(entity);
+    case PickedItem::kWidthFactor:
+      return widthFactor(entity);
+    case PickedItem::kBlock:
+      return block(entity);
+    case PickedItem::kDimStyle:
+      return dimStyle(entity);
+    case PickedItem::kLineWeight:
+      return lineWeightText(entity.lineWeight());
+    case PickedItem::kTransparency:
+      return transparencyText(entity.transparency());
+    case PickedItem::kLinetypeScale:
+      return numberText(entity.linetypeScale());
+    case PickedItem::kDisplay:
+    case PickedItem::kLock:
+    case PickedItem::kFreeze:
+    case PickedItem::kPlot:
+      return layerState(entity, item);
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
+
+std::vector<std::wstring> pickedValues(const AcDbEntity& entity, PickedItem item) {
+  if (item == PickedItem::kLayer) return layerValues(entity);
+  const Value value = valueOf(entity, item);
+  return value ? std::vector<std::wstring>{*value} : std::vector<std::wstring>{};
+}
+
+}  // namespace kiv

@@ -1,0 +1,51 @@
+#include "siblings/KivDll/settings_store.h"
+
+#include <system_error>
+
+#include "base/file_lock.h"
+#include "base/files.h"
+
+namespace kiv {
+
+namespace fs = std::filesystem;
+
+base::Status SettingsStore::refresh() {
+  std::error_code error;
+  std::string bytes;
+  if (fs::exists(file_, error)) {
+    base::Result<std::string> content = base::readFile(file_);
+    if (!content) return content.failure();
+    bytes = std::move(content.value());
+  }
+  if (bytes == bytes_) return {};
+  bytes_ = std::move(bytes);
+  text_ = SettingsText(bytes_);
+  return {};
+}
+
+std::optional<std::wstring> SettingsStore::read(std::wstring_view key) {
+  const std::lock_guard<std::mutex> guard(mutex_);
+  if (!refresh().ok()) return std::nullopt;
+  return text_.find(key);
+}
+
+base::Status SettingsStore::write(std::wstring_view key, std::wstring_view value) {
+  const std::lock_guard<std::mutex> guard(mutex_);
+  if (key.empty()) return base::Failure{{}, L"A setting needs a name"};
+  std::error_code error;
+  fs::create_directories(file_.parent_path(), error);
+  fs::path lockFile = file_;
+  lockFile += ".lock";
+  const auto lock = base::FileLock::acquire(lockFile);
+  if (!lock) return lock.failure();
+  if (const base::Status status = refresh(); !status) return status;
+  SettingsText changed = text_;
+  if (!changed.set(key, value)) return {};
+  std::string bytes = changed.bytes();
+  if (const base::Status status = base::writeFileAtomically(file_, bytes); !status) return status;
+  bytes_ = std::move(bytes);
+  text_ = std::move(changed);
+  return {};
+}
+
+}  // namespace kiv
