@@ -1,0 +1,114 @@
+#include "platform/headless/keyboard.h"
+
+namespace kiv::headless {
+namespace {
+
+constexpr int kOkId = 1;
+constexpr int kCancelId = 2;
+
+void command(MemoryWindow& window, int id) {
+  if (Dialog* dialog = window.dialog()) dialog->onCommand(id);
+}
+
+void selected(MemoryWindow& window, int id) {
+  if (Dialog* dialog = window.dialog()) dialog->onSelected(id);
+}
+
+void edited(MemoryWindow& window, MemoryControl& control) {
+  if (control.combo) control.combo->takeSelectionAway();
+  if (Dialog* dialog = window.dialog()) dialog->onEdited(control.id);
+}
+
+void pressEnter(MemoryWindow& window) {
+  MemoryControl* button = window.defaultButton();
+  if (!button) button = window.find(kOkId);
+  if (!button) return command(window, kOkId);
+  if (button->isUsable()) command(window, button->id);
+}
+
+void move(MemoryWindow& window, MemoryControl& control, int direction) {
+  if (control.tree) {
+    const TreeItem next = control.tree->neighbourRow(control.tree->caret(), direction);
+    if (next != 0) chooseItem(window, control, next);
+  } else if (control.list) {
+    chooseRow(window, control, control.list->selected() + direction);
+  } else if (control.grid) {
+    chooseRow(window, control, control.grid->currentRow() + direction);
+  } else if (control.combo) {
+    const int next = control.combo->selected() + direction;
+    if (next >= 0 && next < control.combo->count()) chooseEntry(window, control, next);
+  } else if (control.kind == ControlKind::kRadioButton) {
+    MemoryControl& next = *window.neighbourInGroup(control, direction);
+    window.focus(next.id);
+    pressButton(window, next);
+  }
+}
+
+}  // namespace
+
+void pressButton(MemoryWindow& window, MemoryControl& button) {
+  if (button.kind == ControlKind::kCheckBox) button.checked = !button.checked;
+  if (button.kind == ControlKind::kRadioButton) window.check(button.id, true);
+  command(window, button.id);
+}
+
+void chooseEntry(MemoryWindow& window, MemoryControl& combo, int entry) {
+  combo.combo->select(entry);
+  combo.field.selectAll();
+  selected(window, combo.id);
+}
+
+void chooseItem(MemoryWindow& window, MemoryControl& tree, TreeItem item) {
+  if (tree.tree->caret() == item) return;
+  tree.tree->select(item);
+  selected(window, tree.id);
+}
+
+void chooseRow(MemoryWindow& window, MemoryControl& listOrGrid, int row) {
+  if (listOrGrid.list) {
+    if (row < 0 || row >= listOrGrid.list->rowCount() || listOrGrid.list->selected() == row) return;
+    listOrGrid.list->select(row);
+  } else {
+    if (!listOrGrid.grid->has(row) || listOrGrid.grid->currentRow() == row) return;
+    listOrGrid.grid->setCurrentRow(row);
+  }
+  selected(window, listOrGrid.id);
+}
+
+void typeCharacter(MemoryWindow& window, MemoryControl& control, wchar_t character) {
+  control.field.insert(character);
+  edited(window, control);
+}
+
+void eraseText(MemoryWindow& window, MemoryControl& control) {
+  if (control.field.erase()) edited(window, control);
+}
+
+void pressKey(MemoryWindow& window, Key key, bool shift) {
+  MemoryControl* control = window.focusedControl();
+  const bool asksDialog = control && (control->tree || control->list || control->grid);
+  if (asksDialog && window.dialog()->onKey(control->id, key)) return;
+  if (!window.dialog()) return;
+  if (key == Key::kEnter) return pressEnter(window);
+  if (key == Key::kEscape) return cancel(window);
+  if (key == Key::kTab) return window.focusNext(shift);
+  if (!control || !control->isUsable()) return;
+  if (key == Key::kUp || key == Key::kDown) return move(window, *control, key == Key::kUp ? -1 : 1);
+  if (key == Key::kDelete && control->isEditable()) eraseText(window, *control);
+}
+
+bool canCancel(const MemoryWindow& window) {
+  const MemoryControl* button = window.find(kCancelId);
+  return !button || button->enabled;
+}
+
+void cancel(MemoryWindow& window) {
+  if (canCancel(window)) command(window, kCancelId);
+}
+
+Place centre(const MemoryWindow& window) {
+  const Rect place = window.place();
+  return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+}
+
+}  // namespace kiv::headless
