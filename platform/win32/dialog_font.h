@@ -1,0 +1,12 @@
+#pragma once
+// A font in which Japanese captions can be read.
+
+#include <string>
+
+namespace kiv::win32 {
+
+// `wanted` when it is installed; else the first of the system's Japanese fonts that is, with proportional
+// ones first; `wanted` again when there is none.
+std::wstring japaneseFace(const std::wstring& wanted);
+
+}  // namespace kiv::win32

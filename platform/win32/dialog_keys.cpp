@@ -1,0 +1,29 @@
+#include "platform/win32/dialog_keys.h"
+
+#include "platform/win32/window.h"
+
+// After the system's header, whose types the host's headers share.
+#include "rxmfcapi.h"
+
+namespace kiv::win32 {
+namespace {
+
+BOOL filterHostMessage(MSG* message) { return passToDialog(*message); }
+
+}  // namespace
+
+bool passToDialog(MSG& message) {
+  if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST || !message.hwnd) return false;
+  const Window* window = Window::of(GetAncestor(message.hwnd, GA_ROOT));
+  return window && IsDialogMessageW(window->handle(), &message);
+}
+
+void listenToHostMessages(bool on) {
+  if (on) {
+    acedRegisterFilterWinMsg(filterHostMessage);
+  } else {
+    acedRemoveFilterWinMsg(filterHostMessage);
+  }
+}
+
+}  // namespace kiv::win32

@@ -1,0 +1,78 @@
+#include <windows.h>
+
+// Needs what windows.h declares.
+#include <commdlg.h>
+
+#include "platform/dialog_script.h"
+#include "platform/questions.h"
+#include "platform/win32/file_hand.h"
+#include "platform/win32/people.h"
+
+namespace kiv {
+namespace {
+
+constexpr std::size_t kLongestPath = 32'768;
+
+// Descriptions and patterns one after another, each with its null, and one more at the end.
+std::wstring filterText(const FileQuestion& question) {
+  std::wstring text;
+  for (const auto& [description, pattern] : question.filters) {
+    text += description;
+    text += L'\0';
+    text += pattern;
+    text += L'\0';
+  }
+  return text + L'\0';
+}
+
+// The chooser refuses initial names with folders that do not exist, so folder and name are handed over
+// separately.
+struct InitialPlace {
+  std::wstring folder;
+  std::wstring name;
+};
+
+InitialPlace initialPlace(const std::wstring& path) {
+  const std::size_t last = path.find_last_of(L"\\/");
+  if (last == std::wstring::npos) return {L"", path};
+  return {path.substr(0, last + 1), path.substr(last + 1)};
+}
+
+std::optional<std::wstring> ask(HWND owner, const FileQuestion& question, bool scripted) {
+  const InitialPlace place = initialPlace(question.initialName);
+  const std::wstring filters = filterText(question);
+  std::wstring path = place.name;
+  path.resize(kLongestPath);
+
+  OPENFILENAMEW chooser{};
+  chooser.lStructSize = sizeof chooser;
+  chooser.hwndOwner = owner;
+  chooser.lpstrFilter = question.filters.empty() ? nullptr : filters.c_str();
+  chooser.lpstrFile = path.data();
+  chooser.nMaxFile = static_cast<DWORD>(path.size());
+  chooser.lpstrInitialDir = place.folder.empty() ? nullptr : place.folder.c_str();
+  chooser.lpstrTitle = question.title.empty() ? nullptr : question.title.c_str();
+  chooser.lpstrDefExt = question.defaultExtension.empty() ? nullptr : question.defaultExtension.c_str();
+  chooser.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY;
+  if (question.saving) chooser.Flags |= OFN_OVERWRITEPROMPT;
+  if (!question.saving && question.mustExist) chooser.Flags |= OFN_FILEMUSTEXIST;
+  if (scripted) win32::FileHand::prepare(chooser);
+
+  const BOOL chosen = question.saving ? GetSaveFileNameW(&chooser) : GetOpenFileNameW(&chooser);
+  if (!chosen) return std::nullopt;
+  path.resize(path.find(L'\0'));
+  return path;
+}
+
+}  // namespace
+
+std::optional<std::wstring> chooseFile(NativeWindow owner, const FileQuestion& question) {
+  if (DialogScript* script = dialogScript()) {
+    win32::FileHand hand(question.saving, script->answer(question));
+    return ask(static_cast<HWND>(owner), question, true);
+  }
+  if (!win32::somebodyAnswers()) return std::nullopt;
+  return ask(static_cast<HWND>(owner), question, false);
+}
+
+}  // namespace kiv

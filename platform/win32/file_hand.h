@@ -1,0 +1,33 @@
+#pragma once
+// Types a path into the system's file chooser and confirms it.
+
+#include <windows.h>
+
+// Needs what windows.h declares.
+#include <commdlg.h>
+
+#include <optional>
+
+#include "platform/win32/hand.h"
+
+namespace kiv::win32 {
+
+class FileHand final : public Hand {
+ public:
+  // Without a path the chooser is cancelled.
+  FileHand(bool saving, std::optional<std::wstring> path);
+
+  // Asks for the chooser's classic form, whose controls can be reached.
+  static void prepare(OPENFILENAMEW& chooser);
+
+ private:
+  bool step() override;
+  void giveUp() override;
+  std::wstring name() const override;
+
+  bool saving_;
+  bool confirmed_ = false;
+  std::optional<std::wstring> path_;
+};
+
+}  // namespace kiv::win32

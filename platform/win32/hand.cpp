@@ -1,0 +1,72 @@
+#include "platform/win32/hand.h"
+
+namespace kiv::win32 {
+namespace {
+
+constexpr UINT kStepEvery = 10;          // milliseconds
+constexpr ULONGLONG kPatience = 20'000;  // milliseconds
+
+Hand* newest = nullptr;
+
+struct Search {
+  const wchar_t* windowClass;
+  bool (*fits)(HWND, void*);
+  void* context;
+  HWND found;
+};
+
+BOOL CALLBACK lookAt(HWND window, LPARAM data) {
+  auto& search = *reinterpret_cast<Search*>(data);
+  if (!IsWindowVisible(window) || !isOfClass(window, search.windowClass)) return TRUE;
+  if (!search.fits(window, search.context)) return TRUE;
+  search.found = window;
+  return FALSE;
+}
+
+}  // namespace
+
+Hand::Hand() : before_(newest) { newest = this; }
+
+Hand::~Hand() {
+  if (timer_) KillTimer(nullptr, timer_);
+  newest = before_;
+}
+
+bool Hand::isAtWork() { return newest != nullptr; }
+
+void Hand::begin() {
+  deadline_ = GetTickCount64() + kPatience;
+  timer_ = SetTimer(nullptr, 0, kStepEvery, tick);
+}
+
+void CALLBACK Hand::tick(HWND, UINT, UINT_PTR timer, DWORD) {
+  if (newest && newest->timer_ == timer) newest->work();
+}
+
+void Hand::work() {
+  if (stepping_) return;
+  stepping_ = true;
+  if (!done_) done_ = step();
+  if (GetTickCount64() > deadline_) {
+    reportOnStderr(L"no answer could be given to " + name());
+    done_ = true;
+    giveUp();
+    deadline_ = GetTickCount64() + kPatience;
+  }
+  stepping_ = false;
+}
+
+HWND findOwnWindow(const wchar_t* windowClass, bool (*fits)(HWND, void*), void* context) {
+  Search search{windowClass, fits, context, nullptr};
+  EnumThreadWindows(GetCurrentThreadId(), lookAt, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+bool pressButton(HWND dialog, int id) {
+  const HWND button = GetDlgItem(dialog, id);
+  if (!button || !IsWindowVisible(button) || !IsWindowEnabled(button)) return false;
+  PostMessageW(button, BM_CLICK, 0, 0);
+  return true;
+}
+
+}  // namespace kiv::win32

@@ -1,0 +1,47 @@
+#pragma once
+// Gives the dialog script's answers to questions that windows of the system ask.
+
+#include "platform/win32/system.h"
+
+namespace kiv::win32 {
+
+// While one of these lives, step() runs again and again inside the question's own message loop until it
+// says that the answer is given. A question that stays open is closed, and reported on stderr, so that a
+// session never hangs.
+class Hand {
+ public:
+  virtual ~Hand();
+  Hand(const Hand&) = delete;
+  Hand& operator=(const Hand&) = delete;
+
+  // Whether a question is waiting for its answer.
+  static bool isAtWork();
+
+ protected:
+  Hand();
+  // Called once before the question is asked; steps come from then on.
+  void begin();
+  // True: done. The question's window closes by itself then.
+  virtual bool step() = 0;
+  // Closes the question without an answer.
+  virtual void giveUp() = 0;
+  virtual std::wstring name() const = 0;
+
+ private:
+  static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD);
+  void work();
+
+  Hand* before_;
+  UINT_PTR timer_ = 0;
+  ULONGLONG deadline_ = 0;
+  bool done_ = false;
+  bool stepping_ = false;
+};
+
+// The newest dialog of the system, or one of a class, that this thread shows; null when there is none.
+HWND findOwnWindow(const wchar_t* windowClass, bool (*fits)(HWND, void*), void* context);
+
+// Presses a button of a dialog as a click does; false while it is not there, hidden or disabled.
+bool pressButton(HWND dialog, int id);
+
+}  // namespace kiv::win32

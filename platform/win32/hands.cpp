@@ -1,0 +1,90 @@
+#include "platform/win32/hands.h"
+
+#include "platform/win32/dialog_keys.h"
+
+namespace kiv::win32 {
+namespace {
+
+LPARAM packed(POINT place) { return MAKELPARAM(place.x, place.y); }
+
+// Where the pointer is decides what a control takes a click for, as much as the place in the message.
+void movePointer(HWND window, POINT place) {
+  ClientToScreen(window, &place);
+  SetCursorPos(place.x, place.y);
+}
+
+void setShift(bool down) {
+  BYTE keys[256];
+  GetKeyboardState(keys);
+  keys[VK_SHIFT] = down ? 0x80 : 0;
+  SetKeyboardState(keys);
+}
+
+bool isExtended(WPARAM virtualKey) {
+  return (virtualKey >= VK_PRIOR && virtualKey <= VK_DOWN) || virtualKey == VK_INSERT ||
+         virtualKey == VK_DELETE;
+}
+
+}  // namespace
+
+void handleMessages() {
+  MSG message{};
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    if (message.message == WM_QUIT) {
+      PostQuitMessage(static_cast<int>(message.wParam));
+      return;
+    }
+    if (passToDialog(message)) continue;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+void postClick(HWND window, POINT place, MouseButton button) {
+  const bool left = button == MouseButton::kLeft;
+  movePointer(window, place);
+  PostMessageW(window, left ? WM_LBUTTONDOWN : WM_RBUTTONDOWN, left ? MK_LBUTTON : MK_RBUTTON, packed(place));
+  PostMessageW(window, left ? WM_LBUTTONUP : WM_RBUTTONUP, 0, packed(place));
+}
+
+void clickAt(HWND window, POINT place, MouseButton button) {
+  postClick(window, place, button);
+  handleMessages();
+}
+
+void doubleClickAt(HWND window, POINT place) {
+  clickAt(window, place);
+  if (!IsWindow(window)) return;
+  PostMessageW(window, WM_LBUTTONDBLCLK, MK_LBUTTON, packed(place));
+  PostMessageW(window, WM_LBUTTONUP, 0, packed(place));
+  handleMessages();
+}
+
+void pressKeyIn(HWND window, WPARAM virtualKey, bool shift) {
+  const LPARAM repeated = 1;
+  const LPARAM scan = static_cast<LPARAM>(MapVirtualKeyW(static_cast<UINT>(virtualKey), MAPVK_VK_TO_VSC))
+                      << 16;
+  const LPARAM down = repeated | scan | (isExtended(virtualKey) ? LPARAM{1} << 24 : 0);
+  const LPARAM up = down | LPARAM{3} << 30;
+  setShift(shift);
+  PostMessageW(window, WM_KEYDOWN, virtualKey, down);
+  handleMessages();
+  if (IsWindow(window)) PostMessageW(window, WM_KEYUP, virtualKey, up);
+  handleMessages();
+  setShift(false);
+}
+
+bool typeInto(HWND window, std::wstring_view text) {
+  for (const wchar_t character : text) {
+    if (!isUsable(window)) return false;
+    PostMessageW(window, WM_CHAR, static_cast<WPARAM>(character), 1);
+    handleMessages();
+  }
+  return true;
+}
+
+POINT centreOf(const RECT& rect) { return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2}; }
+
+bool isUsable(HWND window) { return IsWindow(window) && IsWindowVisible(window) && IsWindowEnabled(window); }
+
+}  // namespace kiv::win32

@@ -1,0 +1,158 @@
+#include "platform/win32/messages.h"
+
+// Needs what windows.h declares.
+#include <commctrl.h>
+
+#include "platform/win32/acting.h"
+#include "platform/win32/combo_box.h"
+#include "platform/win32/grid.h"
+#include "platform/win32/window.h"
+
+namespace kiv::win32 {
+namespace {
+
+// The host asks a modeless window whether it wants to keep the keyboard; otherwise the drawing takes it
+// back as soon as the pointer is over it.
+constexpr UINT kKeepFocus = 0x6D01;
+
+constexpr int kCancelCommand = 2;
+
+INT_PTR answer(HWND dialog, LONG_PTR result) {
+  SetWindowLongPtrW(dialog, DWLP_MSGRESULT, result);
+  return TRUE;
+}
+
+bool wantsToKeepFocus(HWND dialog) {
+  if (!IsWindowVisible(dialog) || !IsWindowEnabled(dialog)) return false;
+  POINT pointer{};
+  RECT place{};
+  return isWithin(dialog, GetFocus()) ||
+         (GetCursorPos(&pointer) && GetWindowRect(dialog, &place) && PtInRect(&place, pointer));
+}
+
+void tellCombo(Window& window, HWND comboBox, int id, WORD code) {
+  switch (code) {
+    case CBN_EDITCHANGE:
+      window.handle([id](Dialog& dialog) { dialog.onEdited(id); });
+      break;
+    case CBN_SELCHANGE:
+      // The field follows only after this message; whoever is told now reads it, though.
+      window.combo(id).select(window.combo(id).selected());
+      window.handle([id](Dialog& dialog) { dialog.onSelected(id); });
+      break;
+    case CBN_SELENDOK:
+      if (GetKeyState(VK_RETURN) >= 0) awaitSecondClick(comboBox);
+      break;
+    case CBN_DBLCLK:
+      window.handle([id](Dialog& dialog) { dialog.onDoubleClicked(id); });
+      break;
+    default:
+      break;
+  }
+}
+
+void takeCommand(Window& window, WPARAM first, HWND control) {
+  const int id = LOWORD(first);
+  const WORD code = HIWORD(first);
+  if (window.isQuiet()) return;
+  const auto command = [id](Dialog& dialog) { dialog.onCommand(id); };
+  if (!control) {
+    window.handle(command);  // a menu, or a key that stands for a button
+  } else if (isOfClass(control, WC_COMBOBOXW)) {
+    tellCombo(window, control, id, code);
+  } else if (isOfClass(control, WC_EDITW)) {
+    if (code == EN_CHANGE) window.handle([id](Dialog& dialog) { dialog.onEdited(id); });
+  } else if (isOfClass(control, WC_BUTTONW)) {
+    // Enter presses the default button even where it is disabled.
+    const bool pressed = code == BN_CLICKED || code == BN_DBLCLK;
+    if (pressed && IsWindowEnabled(control)) window.handle(command);
+  }
+}
+
+void takeListNotice(Window& window, const NMHDR& notice, int id) {
+  if (notice.code == LVN_ITEMCHANGED) {
+    const auto& change = reinterpret_cast<const NMLISTVIEW&>(notice);
+    const bool chosen = (change.uNewState & LVIS_SELECTED) && !(change.uOldState & LVIS_SELECTED);
+    if (chosen) window.handle([id](Dialog& dialog) { dialog.onSelected(id); });
+  } else if (notice.code == LVN_COLUMNCLICK) {
+    const int column = reinterpret_cast<const NMLISTVIEW&>(notice).iSubItem;
+    window.handle([id, column](Dialog& dialog) { dialog.onHeaderClicked(id, column); });
+  } else if (notice.code == NM_DBLCLK) {
+    if (reinterpret_cast<const NMITEMACTIVATE&>(notice).iItem < 0) return;
+    window.handle([id](Dialog& dialog) { dialog.onDoubleClicked(id); });
+  }
+}
+
+void takeNotice(Window& window, const NMHDR& notice) {
+  const int id = static_cast<int>(notice.idFrom);
+  if (window.isQuiet()) return;
+  if (isOfClass(notice.hwndFrom, WC_LISTVIEWW)) {
+    takeListNotice(window, notice, id);
+  } else if (notice.code == TVN_SELCHANGEDW || notice.code == kGridRowChosen) {
+    window.handle([id](Dialog& dialog) { dialog.onSelected(id); });
+  }
+}
+
+// The closing box stands for the cancel button, where there is one.
+void takeClosing(Window& window) {
+  if (GetDlgItem(window.handle(), kCancelCommand) && !window.isEnabled(kCancelCommand)) return;
+  window.handle([](Dialog& dialog) { dialog.onCommand(kCancelCommand); });
+}
+
+void takeActivation(Window& window, WPARAM state) {
+  if (LOWORD(state) == WA_INACTIVE) {
+    window.rememberFocus();
+  } else if (HIWORD(state) == 0) {  // not as an icon
+    window.giveKeyboard();
+  }
+}
+
+INT_PTR takeMessage(Window& window, UINT message, WPARAM first, LPARAM second) {
+  switch (message) {
+    case WM_COMMAND:
+      takeCommand(window, first, reinterpret_cast<HWND>(second));
+      return TRUE;
+    case kRunCommand:
+      window.handle([first](Dialog& dialog) { dialog.onCommand(static_cast<int>(first)); });
+      return TRUE;
+    case WM_CLOSE:
+      takeClosing(window);
+      return TRUE;
+    case WM_NOTIFY:
+      takeNotice(window, *reinterpret_cast<const NMHDR*>(second));
+      return FALSE;
+    case WM_DRAWITEM:
+      window.draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(second));
+      return TRUE;
+    case WM_ACTIVATE:
+      takeActivation(window, first);
+      return TRUE;
+    case WM_SETFOCUS:
+      window.giveKeyboard();
+      return TRUE;
+    case WM_TIMER:
+      if (first != kActTimer) return FALSE;
+      letScriptAct(window);
+      return TRUE;
+    case kKeepFocus:
+      return answer(window.handle(), wantsToKeepFocus(window.handle()));
+    case WM_DESTROY:
+      window.windowVanishes();
+      return TRUE;
+    default:
+      return FALSE;
+  }
+}
+
+}  // namespace
+
+INT_PTR CALLBACK dialogProcedure(HWND handle, UINT message, WPARAM first, LPARAM second) {
+  if (message == kGoNow) {
+    DestroyWindow(handle);
+    return TRUE;
+  }
+  Window* window = Window::of(handle);
+  return window ? takeMessage(*window, message, first, second) : FALSE;
+}
+
+}  // namespace kiv::win32

@@ -1,0 +1,60 @@
+#include "platform/win32/picture_button.h"
+
+#include "platform/screen_scale.h"
+
+namespace kiv::win32 {
+namespace {
+
+constexpr int kIconSize = 32;
+constexpr int kMargin = 4;      // around the icon
+constexpr int kFocusInset = 3;  // pixels of the monitor: the frame has the same width everywhere
+
+void drawCaption(HDC canvas, HWND button, RECT place, bool enabled) {
+  const std::wstring caption = windowText(button);
+  const int mode = SetBkMode(canvas, TRANSPARENT);
+  const COLORREF color = SetTextColor(canvas, GetSysColor(enabled ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+  DrawTextW(canvas, caption.c_str(), -1, &place, DT_SINGLELINE | DT_CENTER | DT_VCENTER);
+  SetTextColor(canvas, color);
+  SetBkMode(canvas, mode);
+}
+
+}  // namespace
+
+PictureButton::~PictureButton() {
+  if (icon_) DestroyIcon(icon_);
+}
+
+void PictureButton::setIcon(int resource) {
+  if (icon_) DestroyIcon(icon_);
+  const int size = scaled(kIconSize);
+  icon_ = static_cast<HICON>(
+      LoadImageW(moduleInstance(), MAKEINTRESOURCEW(resource), IMAGE_ICON, size, size, LR_DEFAULTCOLOR));
+  if (handle()) InvalidateRect(handle(), nullptr, TRUE);
+}
+
+void PictureButton::draw(const DRAWITEMSTRUCT& item) const {
+  const bool pressed = item.itemState & ODS_SELECTED;
+  const bool enabled = !(item.itemState & ODS_DISABLED);
+  const int shift = pressed ? 1 : 0;
+  RECT frame = item.rcItem;
+  DrawFrameControl(item.hDC, &frame, DFC_BUTTON, DFCS_BUTTONPUSH | (pressed ? DFCS_PUSHED : 0u));
+
+  RECT caption = item.rcItem;
+  if (icon_) {
+    const int size = scaled(kIconSize);
+    const int left = item.rcItem.left + scaled(kMargin) + shift;
+    const int top = (item.rcItem.top + item.rcItem.bottom - size) / 2 + shift;
+    DrawStateW(item.hDC, nullptr, nullptr, reinterpret_cast<LPARAM>(icon_), 0, left, top, size, size,
+               DST_ICON | (enabled ? DSS_NORMAL : DSS_DISABLED));
+    caption.left = left - shift + size;
+  }
+  OffsetRect(&caption, shift, shift);
+  drawCaption(item.hDC, handle(), caption, enabled);
+
+  if ((item.itemState & ODS_FOCUS) && !(item.itemState & ODS_NOFOCUSRECT)) {
+    InflateRect(&frame, -kFocusInset, -kFocusInset);
+    DrawFocusRect(item.hDC, &frame);
+  }
+}
+
+}  // namespace kiv::win32

@@ -1,0 +1,30 @@
+#pragma once
+// What every file of this backend asks of the system.
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+namespace kiv::win32 {
+
+// The library or program that contains this code; its resources are the module's.
+HINSTANCE moduleInstance();
+
+std::wstring windowText(HWND window);
+
+bool isOfClass(HWND window, const wchar_t* windowClass);
+
+// Window procedures take texts that end with a null.
+inline std::wstring terminated(std::wstring_view text) { return std::wstring(text); }
+
+// A window's rectangle in the coordinates of `parent`.
+RECT rectIn(HWND parent, HWND window);
+
+// Whether `window` is `ancestor` or stands in it.
+bool isWithin(HWND ancestor, HWND window);
+
+// Tells whoever watches a scripted session what went wrong in it.
+void reportOnStderr(std::wstring_view message);
+
+}  // namespace kiv::win32

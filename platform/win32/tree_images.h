@@ -1,0 +1,15 @@
+#pragma once
+// The little pictures before the rows of the specification tree.
+
+#include <windows.h>
+
+// Needs what windows.h declares.
+#include <commctrl.h>
+
+namespace kiv::win32 {
+
+// 0 the root, 1 to 10 the sections, 11 a setting, 12 a condition, 13 a result, 14 an entry of a list; in the
+// size of the host's monitor. Lives as long as the module.
+HIMAGELIST treeImages();
+
+}  // namespace kiv::win32

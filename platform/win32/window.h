@@ -1,0 +1,103 @@
+#pragma once
+// A dialog's real window.
+
+#include <map>
+#include <memory>
+
+#include "platform/dialog.h"
+#include "platform/win32/control.h"
+#include "platform/win32/system.h"
+
+namespace kiv::win32 {
+
+class Window final : public DialogWindow {
+ public:
+  // Null when there is no such resource or the system refuses.
+  static std::unique_ptr<Window> make(Dialog& dialog, HWND owner);
+  ~Window() override;
+
+  // The object of a dialog's window; null for any other window and for one that is going.
+  static Window* of(HWND window);
+  // Every dialog's window, the newest first.
+  static const std::vector<Window*>& all();
+
+  int resource() const override { return resource_; }
+  NativeWindow native() const override { return window_; }
+  HWND handle() const { return window_; }
+  Dialog* dialog() const { return dialog_; }
+
+  std::wstring title() const override;
+  void setTitle(std::wstring_view title) override;
+  void show(bool shown) override;
+  bool isShown() const override;
+  void enableWindow(bool enabled) override;
+  bool isWindowEnabled() const override;
+  void activate() override;
+  Rect place() const override;
+  void setPlace(const Rect& place) override;
+  void moveTo(Place topLeft) override;
+  void post(int command) override;
+
+  std::wstring text(int id) const override;
+  void setText(int id, std::wstring_view text) override;
+  bool isEnabled(int id) const override;
+  void enable(int id, bool enabled) override;
+  bool isVisible(int id) const override;
+  void showControl(int id, bool visible) override;
+  void focus(int id) override;
+  int focused() const override;
+  bool isChecked(int id) const override;
+  void check(int id, bool checked) override;
+  void setPicture(int id, int icon) override;
+
+  ComboBox& combo(int id) override;
+  TreeView& tree(int id) override;
+  ListView& list(int id) override;
+  TextGrid& grid(int id) override;
+
+  // Runs `action(Dialog&)`, in which the dialog may end, be destroyed and deleted. False when the window has
+  // gone by the end: nothing of it may be touched then.
+  template <class Action>
+  bool handle(Action action) {
+    if (!dialog_) return false;
+    ++handling_;
+    action(*dialog_);
+    return leaveHandler();
+  }
+
+  // Something that the program does to a control, so nothing that the person did, is under way.
+  bool isQuiet() const { return quiet_ > 0; }
+
+  void rememberFocus();
+  void giveKeyboard();
+  void draw(const DRAWITEMSTRUCT& item);  // an owner-drawn button
+
+  // The system destroys the window without having been asked by goAway().
+  void windowVanishes();
+  // The window goes, and with it this object: at once, or after the handler at work.
+  void goAway();
+
+ private:
+  explicit Window(Dialog& dialog);
+
+  HWND control(int id) const { return GetDlgItem(window_, id); }
+  // The control when it is one of that window class; null otherwise.
+  HWND controlOfClass(int id, const wchar_t* windowClass) const;
+  template <class Adapter>
+  Adapter& adapter(int id, const wchar_t* windowClass);
+  void leaveControl(HWND handle);
+  void takeKeyboardTo(HWND handle);
+  bool leaveHandler();
+  void takeOwnedAlong();
+  void forget();
+
+  Dialog* dialog_;
+  int resource_;
+  HWND window_ = nullptr;
+  HWND focusWhenActive_ = nullptr;
+  int handling_ = 0;
+  int quiet_ = 0;
+  std::map<int, std::unique_ptr<Control>> controls_;
+};
+
+}  // namespace kiv::win32
