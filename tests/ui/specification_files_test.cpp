@@ -1,0 +1,56 @@
+#include "ui/specification_files.h"
+
+#include "platform/paths.h"
+#include "tests/spec/temp_folder.h"
+
+namespace kiv {
+namespace {
+
+class SpecificationFiles : public testing::TempFolder {
+ protected:
+  std::wstring folderText() const { return ensureTrailingSeparator(base::pathText(folder_)); }
+};
+
+TEST_F(SpecificationFiles, AreListedWithTheirSecondLineWhateverTheirNamesCase) {
+  makeText("a.cvt", L"[備考]\r\n  平面図用 \r\n[文字]\r\n");
+  make("B.CVT", "only one line");
+  make("c.Cvt", "");
+  make("d.cvtx", "x\r\ny\r\n");
+  std::filesystem::create_directory(folder_ / "folder.cvt");
+  std::vector<SpecificationFile> files = specificationFiles(folderText());
+  sortByName(files, false);
+  ASSERT_EQ(files.size(), 3U);
+  EXPECT_EQ(files[0].name, L"a.cvt");
+  EXPECT_EQ(files[0].remark, L"平面図用");
+  EXPECT_EQ(files[1].name, L"B.CVT");
+  EXPECT_EQ(files[1].remark, L"");
+  EXPECT_EQ(files[2].remark, L"");
+  EXPECT_TRUE(specificationFiles(folderText() + L"none").empty());
+}
+
+TEST_F(SpecificationFiles, SortIgnoringCaseAndKeepTheirRemarks) {
+  std::vector<SpecificationFile> files = {{L"A.cvt", L"1"}, {L"c.cvt", L"3"}, {L"b.CVT", L"2"}};
+  sortByName(files, true);
+  EXPECT_EQ(files[0].remark + files[1].remark + files[2].remark, L"321");
+  sortByName(files, false);
+  EXPECT_EQ(files[0].remark + files[1].remark + files[2].remark, L"123");
+}
+
+TEST_F(SpecificationFiles, OnlyFilesAreDeleted) {
+  make("a.cvt", "");
+  std::filesystem::create_directory(folder_ / "b.cvt");
+  EXPECT_TRUE(deleteSpecificationFile(folderText(), L"a.cvt"));
+  deleteSpecificationFile(folderText(), L"a.cvt");
+  EXPECT_FALSE(deleteSpecificationFile(folderText(), L"b.cvt"));
+  EXPECT_EQ(count(), 1U);
+}
+
+TEST_F(SpecificationFiles, TwoSpellingsOfTheExtensionSuffice) {
+  EXPECT_EQ(withSpecificationExtension(L"plan"), L"plan.cvt");
+  EXPECT_EQ(withSpecificationExtension(L"plan.CVT"), L"plan.CVT");
+  EXPECT_EQ(withSpecificationExtension(L"plan.Cvt"), L"plan.Cvt.cvt");
+  EXPECT_EQ(withSpecificationExtension(L"cvt"), L"cvt.cvt");
+}
+
+}  // namespace
+}  // namespace kiv

@@ -1,0 +1,152 @@
+#include "ui/text_list_dialog.h"
+
+#include "platform/paths.h"
+#include "tests/spec/temp_folder.h"
+#include "tests/ui/user.h"
+#include "ui/resource.h"
+
+namespace kiv {
+namespace {
+
+using Texts = std::vector<std::wstring>;
+
+class TextListDialog : public testing::TempFolder {
+ protected:
+  // Opens the editor, uses it and closes it.
+  int use(const test::User::Hands& hands) {
+    CMojiListDlg dialog(folderText());
+    user_.inDialog(dialog.resource(), [&](DialogWindow& editor) {
+      hands(editor);
+      user_.click(editor, IDOK);
+    });
+    return dialog.runModal(nullptr);
+  }
+  std::wstring folderText() const { return ensureTrailingSeparator(base::pathText(folder_)); }
+  std::wstring path(const std::wstring& name) const { return folderText() + name; }
+
+  static Texts rows(DialogWindow& editor) {
+    const TextGrid& grid = editor.grid(IDC_TEXT_LIST_GRID);
+    Texts rows;
+    for (int row = 0; row < grid.rowCount(); ++row) rows.push_back(grid.text(row));
+    while (!rows.empty() && rows.back().empty()) rows.pop_back();
+    return rows;
+  }
+  void typeRow(DialogWindow& editor, int row, const std::wstring& text) {
+    user_.typeCell(editor, IDC_TEXT_LIST_GRID, row, text);
+  }
+  // The captions of the row's menu, greyed ones in brackets; its item `choice` is chosen.
+  Texts menuOf(DialogWindow& editor, int row, int choice) {
+    user_.choosesMenu(choice);
+    user_.rightClickRow(editor, IDC_TEXT_LIST_GRID, row);
+    return user_.menuCaptions();
+  }
+
+  test::User user_;
+};
+
+TEST_F(TextListDialog, WhatIsTypedIsSavedWithoutItsBlankRows) {
+  const int result = use([this](DialogWindow& editor) {
+    EXPECT_EQ(editor.text(IDC_TEXT_LIST_NAME), L"");
+    typeRow(editor, 0, L"室*");
+    typeRow(editor, 1, L"　");
+    typeRow(editor, 2, L"ROOM");
+    user_.choosesFile(path(L"ROOMS.LIST"));
+    user_.click(editor, IDC_TEXT_LIST_SAVE);
+    EXPECT_EQ(editor.text(IDC_TEXT_LIST_NAME), L"ROOMS.LIST");
+    EXPECT_EQ(rows(editor).size(), 3U);
+  });
+  EXPECT_EQ(result, IDOK);
+  EXPECT_EQ(content("ROOMS.LIST"),
+            base::encode(L"*** MOJILIST ***\r\n室*\r\nROOM\r\n", base::kJapanese).bytes);
+  EXPECT_TRUE(user_.lastFile().saving);
+  EXPECT_EQ(user_.lastFile().initialName, path(L"*.LIST"));
+}
+
+TEST_F(TextListDialog, AsksAgainUntilAFileCanBeLoaded) {
+  make("bad.LIST", "x\r\n");
+  makeText("good.LIST", L"*** MojiList ***\r\n一\r\n\r\n三\r\n");
+  use([this](DialogWindow& editor) {
+    user_.choosesFile(path(L"none.LIST"));
+    user_.answersMessage(L"ファイルを開くことができませんでした", Answer::kOk);
+    user_.choosesFile(path(L"bad.LIST"));
+    user_.answersMessage(L"選択されたファイルは使用できません", Answer::kOk);
+    user_.choosesFile(path(L"good.LIST"));
+    user_.click(editor, IDC_TEXT_LIST_LOAD);
+    EXPECT_EQ(rows(editor), (Texts{L"一", L"", L"三"}));
+    EXPECT_EQ(editor.text(IDC_TEXT_LIST_NAME), L"good.LIST");
+    // Cancelled after a failure: as before.
+    user_.choosesFile(path(L"bad.LIST"));
+    user_.answersMessage(L"選択されたファイルは使用できません", Answer::kOk);
+    user_.cancelsFile();
+    user_.click(editor, IDC_TEXT_LIST_LOAD);
+    EXPECT_EQ(rows(editor), (Texts{L"一", L"", L"三"}));
+    EXPECT_EQ(editor.text(IDC_TEXT_LIST_NAME), L"good.LIST");
+    user_.cancelsFile();
+    user_.click(editor, IDC_TEXT_LIST_SAVE);
+    EXPECT_EQ(user_.lastFile().initialName, path(L"good.LIST"));
+    user_.click(editor, IDC_TEXT_LIST_NEW);
+    EXPECT_TRUE(rows(editor).empty());
+    EXPECT_EQ(editor.text(IDC_TEXT_LIST_NAME), L"");
+  });
+}
+
+TEST_F(TextListDialog, ALongListLeavesARowToTypeInto) {
+  std::wstring text = L"*** MOJILIST ***\r\n";
+  for (int row = 0; row < 40; ++row) text += std::to_wstring(row) + L"\r\n";
+  makeText("long.LIST", text);
+  use([this](DialogWindow& editor) {
+    user_.choosesFile(path(L"long.LIST"));
+    user_.click(editor, IDC_TEXT_LIST_LOAD);
+    EXPECT_GE(editor.grid(IDC_TEXT_LIST_GRID).rowCount(), 41);
+    typeRow(editor, 40, L"last");
+    EXPECT_EQ(rows(editor).size(), 41U);
+  });
+}
+
+TEST_F(TextListDialog, RowsAreMovedByTheirMenu) {
+  use([this](DialogWindow& editor) {
+    typeRow(editor, 0, L"a");
+    typeRow(editor, 1, L"b");
+    const int before = editor.grid(IDC_TEXT_LIST_GRID).rowCount();
+    EXPECT_EQ(menuOf(editor, 0, IDC_ROW_DOWN), (Texts{L"挿入", L"削除", L"追加", L"-", L"(上へ)", L"下へ"}));
+    EXPECT_EQ(rows(editor), (Texts{L"b", L"a"}));
+    EXPECT_EQ(editor.grid(IDC_TEXT_LIST_GRID).currentRow(), 1);
+    menuOf(editor, 1, IDC_ROW_INSERT);
+    EXPECT_EQ(rows(editor), (Texts{L"b", L"", L"a"}));
+    menuOf(editor, 0, IDC_ROW_DELETE);
+    EXPECT_EQ(rows(editor), (Texts{L"", L"a"}));
+    EXPECT_EQ(editor.grid(IDC_TEXT_LIST_GRID).rowCount(), before);
+    menuOf(editor, 1, IDC_ROW_UP);
+    EXPECT_EQ(rows(editor), (Texts{L"a"}));
+    EXPECT_EQ(menuOf(editor, before - 1, IDC_ROW_APPEND),
+              (Texts{L"挿入", L"削除", L"追加", L"-", L"上へ", L"(下へ)"}));
+    EXPECT_EQ(editor.grid(IDC_TEXT_LIST_GRID).rowCount(), before + 1);
+    EXPECT_EQ(editor.grid(IDC_TEXT_LIST_GRID).currentRow(), before);
+    menuOf(editor, 0, 0);
+    EXPECT_EQ(rows(editor), (Texts{L"a"}));
+  });
+}
+
+TEST_F(TextListDialog, ARowThatCannotBeWrittenIsNamedAndKept) {
+  use([this](DialogWindow& editor) {
+    typeRow(editor, 0, L"a");
+    typeRow(editor, 1, L"한글");
+    user_.answersMessage(L"2行目に保存できない文字があります: 한글", Answer::kOk);
+    user_.click(editor, IDC_TEXT_LIST_SAVE);
+    EXPECT_EQ(editor.grid(IDC_TEXT_LIST_GRID).currentRow(), 1);
+    EXPECT_EQ(rows(editor), (Texts{L"a", L"한글"}));
+  });
+}
+
+TEST_F(TextListDialog, AFolderThatCannotBeWrittenToIsTold) {
+  use([this](DialogWindow& editor) {
+    typeRow(editor, 0, L"a");
+    user_.choosesFile(path(L"none") + kSeparator + L"A.LIST");
+    user_.answersMessage(L"ファイルを開くことができませんでした", Answer::kOk);
+    user_.click(editor, IDC_TEXT_LIST_SAVE);
+    EXPECT_EQ(rows(editor), Texts{L"a"});
+  });
+}
+
+}  // namespace
+}  // namespace kiv

@@ -1,0 +1,86 @@
+#include "ui/value_check.h"
+
+#include <gtest/gtest.h>
+
+#include "spec/item_kinds.h"
+#include "spec/lineweights.h"
+
+namespace kiv {
+namespace {
+
+struct Case {
+  int kind;
+  const wchar_t* typed;
+  const wchar_t* value;  // null: refused
+};
+
+void expectAll(std::initializer_list<Case> cases) {
+  for (const Case& one : cases) {
+    const auto value = checkedValue(one.kind, one.typed);
+    EXPECT_EQ(value.has_value(), one.value != nullptr)
+        << one.kind << " " << ::testing::PrintToString(one.typed);
+    if (value && one.value) {
+      EXPECT_EQ(*value, one.value);
+    }
+  }
+}
+
+TEST(ValueCheck, NumbersThatAreZeroBecomeZero) {
+  expectAll({{kColorKind, L"red", L"0"},
+             {kColorKind, L"12", L"12"},
+             {kColorKind, L"", L"0"},
+             {kTextHeightKind, L"0.000", L"0"},
+             {kTextHeightKind, L" 2.5x", L" 2.5x"},
+             {kTextAngleKind, L"-45", L"-45"},
+             {kTextAngleKind, L"-0", L"0"},
+             {kWidthFactorKind, L".8", L".8"}});
+}
+
+TEST(ValueCheck, LineweightsTakeTheSpellingOfTheirText) {
+  expectAll({{kLineweightKind, L"", L"Default"},
+             {kLineweightKind, L"0", L"0.00 mm"},
+             {kLineweightKind, L"1", L"1.00 mm"},
+             {kLineweightKind, L"2", L"2.00 mm"},
+             {kLineweightKind, L"3", nullptr},
+             {kLineweightKind, L"b", nullptr},
+             {kLineweightKind, L"0.2", nullptr},
+             {kLineweightKind, L"0.25", L"0.25 mm"},
+             {kLineweightKind, L"0.25 ", L"0.25 mm"},
+             {kLineweightKind, L"0.26", nullptr},
+             {kLineweightKind, L"0.25 m", nullptr},
+             {kLineweightKind, L"0.25 MM", L"0.25 mm"},
+             {kLineweightKind, L"bylayer", L"ByLayer"},
+             {kLineweightKind, L"ByLa", nullptr}});
+  for (const Lineweight& weight : lineweights()) {
+    EXPECT_EQ(checkedValue(kLineweightKind, weight.text), weight.text);
+  }
+}
+
+TEST(ValueCheck, ALinetypeScaleIsAPlainNumberNotBelowZero) {
+  expectAll({{kLinetypeScaleKind, L"", L"1"},
+             {kLinetypeScaleKind, L"+2", L"+2"},
+             {kLinetypeScaleKind, L" 0 ", L" 0 "},
+             {kLinetypeScaleKind, L".5", L".5"},
+             {kLinetypeScaleKind, L"-0.0000004", L"-0.0000004"},
+             {kLinetypeScaleKind, L"-0.000001", nullptr},
+             {kLinetypeScaleKind, L"-0.5", nullptr},
+             {kLinetypeScaleKind, L"1.2.3", nullptr},
+             {kLinetypeScaleKind, L"1e3", nullptr},
+             {kLinetypeScaleKind, L"+-1", nullptr},
+             {kLinetypeScaleKind, L".", nullptr},
+             {kLinetypeScaleKind, L" ", nullptr}});
+}
+
+TEST(ValueCheck, OtherKinds) {
+  expectAll({{kTransparencyKind, L"", L"ByLayer"},
+             {kTransparencyKind, L"30", L"30"},
+             {kVisibilityKind, L"on", L"ON"},
+             {kPlotKind, L"Off", L"OFF"},
+             {kLockKind, L"O", nullptr},
+             {kFreezeKind, L"", nullptr},
+             {kLayerKind, L" A* ", L" A* "},
+             {kTextListKind, L"", L""}});
+}
+
+}  // namespace
+}  // namespace kiv

@@ -1,0 +1,102 @@
+#include "ui/value_choices.h"
+
+#include "embedded/editor/host.h"
+#include "platform/settings.h"
+#include "spec/item_kinds.h"
+#include "tests/spec/temp_folder.h"
+
+namespace kiv {
+namespace {
+
+using Texts = std::vector<std::wstring>;
+
+class ValueChoices : public testing::TempFolder {
+ protected:
+  void SetUp() override { cad::Host::instance().start(); }
+  void TearDown() override {
+    cad::Host::instance().stop();
+    clearSettingOverrides();
+  }
+};
+
+constexpr const char* kDrawing =
+    "0\nSECTION\n2\nTABLES\n"
+    "0\nTABLE\n2\nLTYPE\n70\n3\n"
+    "0\nLTYPE\n2\nDASHED\n70\n0\n3\n\n72\n65\n73\n0\n40\n0.0\n"
+    "0\nLTYPE\n2\nBYBLOCK\n70\n0\n3\n\n72\n65\n73\n0\n40\n0.0\n"
+    "0\nLTYPE\n2\nCONTINUOUS\n70\n0\n3\n\n72\n65\n73\n0\n40\n0.0\n"
+    "0\nENDTAB\n"
+    "0\nTABLE\n2\nLAYER\n70\n3\n"
+    "0\nLAYER\n2\nWALL\n70\n0\n62\n1\n6\nCONTINUOUS\n"
+    "0\nLAYER\n2\n0\n70\n0\n62\n7\n6\nCONTINUOUS\n"
+    "0\nLAYER\n2\nDOOR\n70\n0\n62\n3\n6\nCONTINUOUS\n"
+    "0\nENDTAB\n"
+    "0\nTABLE\n2\nSTYLE\n70\n1\n"
+    "0\nSTYLE\n2\nKANJI\n70\n0\n40\n0.0\n41\n1.0\n50\n0.0\n71\n0\n42\n2.5\n3\ntxt\n4\n\n"
+    "0\nENDTAB\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n";
+
+TEST_F(ValueChoices, WhatTheLayerSettingsWithhold) {
+  const int layers = kLayerSettingSection;
+  EXPECT_EQ(fixedChoices(kColorKind, 1), (Texts{L"0:BYBLOCK", L"256:BYLAYER", L"1:赤", L"2:黄", L"3:緑",
+                                                L"4:水色", L"5:青", L"6:紫", L"7:白"}));
+  EXPECT_EQ(fixedChoices(kColorKind, layers).front(), L"1:赤");
+  EXPECT_EQ(fixedChoices(kLineweightKind, 1).size(), 27U);
+  const Texts weights = fixedChoices(kLineweightKind, layers);
+  ASSERT_EQ(weights.size(), 25U);
+  EXPECT_EQ(weights[0], L"Default");
+  EXPECT_EQ(weights[1], L"0.00 mm");
+  EXPECT_EQ(fixedChoices(kTransparencyKind, 4).size(), 12U);
+  EXPECT_EQ(fixedChoices(kTransparencyKind, layers),
+            (Texts{L"ByLayer", L"10", L"20", L"30", L"40", L"50", L"60", L"70", L"80", L"90"}));
+  EXPECT_EQ(fixedChoices(kFreezeKind, layers), (Texts{L"ON", L"OFF"}));
+}
+
+TEST_F(ValueChoices, NothingIsOfferedForWhatIsOnlyTyped) {
+  for (const int kind : {0, 17, kTextAngleKind, kWidthFactorKind, kVariableKind, kLinetypeScaleKind}) {
+    EXPECT_TRUE(offeredValues(kind, 1, {}, L"").empty()) << kind;
+  }
+}
+
+TEST_F(ValueChoices, SettingsSwitchTextHeightsByTheirPlace) {
+  const Texts all = {L"2.24", L"3.15", L"4.5", L"6.3", L"9.0"};
+  EXPECT_EQ(fixedChoices(kTextHeightKind, 1), all);
+  overrideCommonSetting(L"KivTextHeight/KivTextHeightLot", L"3");
+  overrideCommonSetting(L"KivTextHeight/Par00", L"5");
+  overrideCommonSetting(L"KivTextHeight/Par01", L"-1");
+  overrideCommonSetting(L"KivTextHeight/Par02", L"7");
+  overrideCommonSetting(L"KivTextHeight/Par03", L"7");
+  EXPECT_EQ(fixedChoices(kTextHeightKind, 1), (Texts{L"2.24", L"4.5"}));
+  overrideCommonSetting(L"KivTextHeight/KivTextHeightLot", L"1000000000");
+  EXPECT_EQ(fixedChoices(kTextHeightKind, 1), (Texts{L"2.24", L"4.5", L"6.3"}));
+}
+
+TEST_F(ValueChoices, NamesOfTheDrawingStandBeforeThoseOfTheSpecification) {
+  ASSERT_TRUE(cad::Host::instance().openDocument(make("plan.dxf", kDrawing)).ok());
+  EXPECT_EQ(offeredValues(kLayerKind, 1, {L"wall", L"NEW", L"new", L"A"}, L""),
+            (Texts{L"WALL", L"0", L"DOOR", L"NEW", L"A"}));
+  const Texts linetypes = drawingChoices(kLinetypeKind, 1);
+  EXPECT_NE(std::find(linetypes.begin(), linetypes.end(), L"BYBLOCK"), linetypes.end());
+  Texts withheld = linetypes;
+  std::erase_if(withheld,
+                [](const std::wstring& name) { return name.starts_with(L"By") || name.starts_with(L"BY"); });
+  EXPECT_LT(withheld.size(), linetypes.size());
+  EXPECT_EQ(drawingChoices(kLinetypeKind, kLayerSettingSection), withheld);
+  EXPECT_EQ(drawingChoices(kFontKind, 1).front(), L"KANJI");
+  EXPECT_EQ(sectionOfNames(kFontKind), kFontSection);
+}
+
+TEST_F(ValueChoices, WithoutADrawingTheSpecificationsNamesRemain) {
+  ASSERT_TRUE(cad::Host::instance().closeDocument().ok());
+  EXPECT_EQ(offeredValues(kLayerKind, 1, {L"A"}, L""), Texts{L"A"});
+}
+
+TEST_F(ValueChoices, TextSearchListsOfTheFolder) {
+  make("Rooms.List", "");
+  make("rooms.txt", "");
+  std::filesystem::create_directory(folder_ / "OLD.LIST");
+  EXPECT_EQ(offeredValues(kTextListKind, 1, {}, base::pathText(folder_) + L"/"), Texts{L"Rooms.List"});
+  EXPECT_TRUE(offeredValues(kTextListKind, 1, {}, base::pathText(folder_) + L"/none/").empty());
+}
+
+}  // namespace
+}  // namespace kiv

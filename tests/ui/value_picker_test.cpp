@@ -1,0 +1,197 @@
+#include "ui/value_picker.h"
+
+#include <memory>
+
+#include "embedded/editor/host.h"
+#include "platform/paths.h"
+#include "spec/item_kinds.h"
+#include "tests/spec/temp_folder.h"
+#include "tests/ui/user.h"
+#include "ui/resource.h"
+
+namespace kiv {
+namespace {
+
+// Any window serves as the one that the picker belongs to.
+class Owner : public Dialog, public PickerOwner {
+ public:
+  Owner() : Dialog(IDD_SAVE) {}
+  void onInit() override { window().show(true); }
+
+  DialogWindow& ownerWindow() override { return window(); }
+  void setValue(int kind, int side, const std::wstring& value) override {
+    given.push_back(std::to_wstring(kind) + L"/" + std::to_wstring(side) + L": " + value);
+  }
+  std::vector<std::wstring> namesInSection(int section) const override {
+    return {L"名" + std::to_wstring(section)};
+  }
+  void releasePicker(int slot) override {
+    EXPECT_EQ(slot, kValuePickerSlot);
+    picker.reset();
+  }
+
+  std::vector<std::wstring> given;
+  std::unique_ptr<CSelDlg> picker;
+};
+
+class ValuePicker : public testing::TempFolder {
+ protected:
+  void SetUp() override {
+    cad::Host::instance().start();
+    lastPickerPlace() = {};
+    ASSERT_TRUE(owner_.create(nullptr));
+  }
+  void TearDown() override {
+    owner_.picker.reset();
+    cad::Host::instance().stop();
+  }
+
+  DialogWindow& open(int kind, const std::wstring& initialText = {}, int side = kConditionSide) {
+    owner_.picker = std::make_unique<CSelDlg>(owner_, kTextSection, kind, side, initialText, pick_);
+    owner_.picker->setListFolder(ensureTrailingSeparator(base::pathText(folder_)));
+    EXPECT_TRUE(owner_.picker->create(nullptr));
+    return owner_.picker->window();
+  }
+  // What typing this and OK gives; empty where the picker stays open, which is then cancelled.
+  std::wstring confirmed(int kind, const std::wstring& typed) {
+    owner_.given.clear();
+    DialogWindow& picker = open(kind);
+    user_.type(picker, IDC_VALUE_COMBO, typed);
+    user_.click(picker, IDOK);
+    if (owner_.picker) {
+      EXPECT_TRUE(owner_.given.empty());
+      EXPECT_EQ(picker.focused(), IDC_VALUE_COMBO);
+      user_.click(picker, IDCANCEL);
+      return {};
+    }
+    const std::wstring start = std::to_wstring(kind) + L"/1: ";
+    return owner_.given.size() == 1 && owner_.given[0].starts_with(start)
+               ? owner_.given[0].substr(start.size())
+               : L"?";
+  }
+
+  test::User user_;
+  PickHandOver pick_;
+  Owner owner_;
+};
+
+TEST_F(ValuePicker, SaysWhatItIsForAndShowsThePresentValue) {
+  struct Case {
+    int kind;
+    const wchar_t* initial;
+    int side;
+    const wchar_t* title;
+    const wchar_t* label;
+    const wchar_t* value;
+    int selected;
+  };
+  const Case cases[] = {
+      {kColorKind, L"色 が <256:BYLAYER> のとき", 1, L"色の指定(変換対象の設定)", L"色 :", L"256:BYLAYER", 1},
+      {kColorKind, L"<12>", 2, L"色の指定(変換後の設定)", L"色 :", L"12", -1},
+      {kPlotKind, L"<off>", 3, L"印刷の指定(変換後の設定)", L"印刷 :", L"off", -1},
+      {kVariableKind, L"<DIMASZ> を <2.5> に変更", 2, L"ｼｽﾃﾑ変数の指定(変換後の設定)", L"ｼｽﾃﾑ変数 :", L"2.5",
+       -1},
+      {kTextListKind, L"", 1, L"文字列の一致の指定(変換対象の設定)", L"文字列の一致 :", L"", -1},
+  };
+  for (const Case& one : cases) {
+    DialogWindow& picker = open(one.kind, one.initial, one.side);
+    EXPECT_EQ(picker.title(), one.title);
+    EXPECT_EQ(picker.text(IDC_VALUE_LABEL), one.label);
+    EXPECT_EQ(picker.text(IDC_VALUE_COMBO), one.value);
+    EXPECT_EQ(picker.combo(IDC_VALUE_COMBO).selected(), one.selected);
+    user_.close(picker);
+    EXPECT_EQ(owner_.picker, nullptr);
+  }
+  EXPECT_TRUE(owner_.given.empty());
+}
+
+TEST_F(ValuePicker, OffersNamesOfTheSpecificationAndSearchLists) {
+  make("A.list", "");
+  EXPECT_EQ(open(kTextListKind).combo(IDC_VALUE_COMBO).entries(), std::vector<std::wstring>{L"A.list"});
+  owner_.picker.reset();
+  owner_.ownerWindow().enableWindow(true);
+  EXPECT_EQ(open(kLayerKind).combo(IDC_VALUE_COMBO).entries().back(), L"名7");
+}
+
+TEST_F(ValuePicker, AChosenEntryIsTheValue) {
+  DialogWindow& picker = open(kLineweightKind, L"", 2);
+  EXPECT_FALSE(user::type(owner_.window(), IDC_SAVE_NAME, L"x"));
+  EXPECT_TRUE(user::chooseEntry(picker, IDC_VALUE_COMBO, 4));
+  user_.click(picker, IDOK);
+  EXPECT_EQ(owner_.given, std::vector<std::wstring>{L"10/2: 0.05 mm"});
+  EXPECT_EQ(owner_.picker, nullptr);
+  user_.type(owner_.window(), IDC_SAVE_NAME, L"x");
+
+  EXPECT_TRUE(user::doubleClickEntry(open(kFreezeKind), IDC_VALUE_COMBO, 1));
+  EXPECT_EQ(owner_.given.back(), L"15/1: OFF");
+  EXPECT_EQ(owner_.picker, nullptr);
+}
+
+TEST_F(ValuePicker, TypingReplacesAChosenEntry) {
+  DialogWindow& picker = open(kLineweightKind, L"<0.25 mm>");
+  user_.type(picker, IDC_VALUE_COMBO, L"1");
+  user_.press(picker, Key::kEnter);
+  EXPECT_EQ(owner_.given, std::vector<std::wstring>{L"10/1: 1.00 mm"});
+}
+
+TEST_F(ValuePicker, TypedValuesAreCompletedCheckedOrRefused) {
+  EXPECT_EQ(confirmed(kTransparencyKind, L"250"), L"25");
+  EXPECT_EQ(confirmed(kTransparencyKind, L"095"), L"90");
+  EXPECT_EQ(confirmed(kLineweightKind, L"0.2x"), L"");
+  EXPECT_EQ(confirmed(kLineweightKind, L"bylayer"), L"ByLayer");
+  EXPECT_EQ(confirmed(kLineweightKind, L""), L"Default");
+  EXPECT_EQ(confirmed(kVisibilityKind, L"offf"), L"OFF");
+  EXPECT_EQ(confirmed(kLinetypeScaleKind, L"1.2.3"), L"");
+  EXPECT_EQ(confirmed(kColorKind, L"red"), L"0");
+  EXPECT_EQ(confirmed(kLayerKind, L""), L"");
+  EXPECT_EQ(confirmed(kLayerKind, L"A-*"), L"A-*");
+}
+
+TEST_F(ValuePicker, AValueIsTakenFromTheDrawing) {
+  DialogWindow& picker = open(kColorKind, L"<3:緑>");
+  user_.click(picker, IDC_PICK);
+  EXPECT_EQ(pick_.request, kColorKind);
+  EXPECT_FALSE(picker.isShown());
+  EXPECT_FALSE(owner_.window().isShown());
+  pick_.values = {L"1:赤"};
+  owner_.picker->pickCompleted();
+  EXPECT_EQ(picker.combo(IDC_VALUE_COMBO).selected(), 2);
+  EXPECT_EQ(pick_.request, 0);
+  EXPECT_TRUE(pick_.values.empty());
+  EXPECT_TRUE(picker.isShown());
+  EXPECT_TRUE(owner_.window().isShown());
+  EXPECT_FALSE(owner_.window().isWindowEnabled());
+
+  // Nothing was picked: the value stays.
+  user_.click(picker, IDC_PICK);
+  owner_.picker->pickCompleted();
+  user_.click(picker, IDOK);
+  EXPECT_EQ(owner_.given, std::vector<std::wstring>{L"3/1: 1:赤"});
+  EXPECT_TRUE(owner_.window().isWindowEnabled());
+}
+
+TEST_F(ValuePicker, OnePickAtATime) {
+  DialogWindow& picker = open(kLayerKind);
+  pick_.request = kColorKind;
+  pick_.values = {L"1:赤"};
+  user_.click(picker, IDC_PICK);
+  EXPECT_TRUE(picker.isShown());
+  EXPECT_EQ(pick_.request, kColorKind);
+  pick_ = {};
+  user_.click(picker, IDC_PICK);
+  owner_.picker.reset();
+  EXPECT_EQ(pick_.request, 0) << "nobody takes the values of a picker that has gone";
+}
+
+TEST_F(ValuePicker, OpensWhereTheLastOneStood) {
+  DialogWindow& first = open(kLockKind);
+  Rect place = first.place();
+  place = {place.left + 40, place.top + 30, place.right + 40, place.bottom + 30};
+  first.setPlace(place);
+  user_.click(first, IDCANCEL);
+  EXPECT_EQ(lastPickerPlace(), place);
+  EXPECT_EQ(open(kColorKind).place(), place);
+}
+
+}  // namespace
+}  // namespace kiv
