@@ -43,9 +43,10 @@ void DrawingView::refresh() {
     showDocument(*document);
   }
   const std::uint64_t revision = host_.currentDrawing().revision();
-  if (other || revision != revision_) stale_ = true;
+  const bool changed = other || revision != revision_;
+  if (changed) stale_ = true;
+  if (changed || isCrosshair() != crosshairShown_) InvalidateRect(window_, nullptr, FALSE);
   revision_ = revision;
-  InvalidateRect(window_, nullptr, FALSE);
 }
 
 void DrawingView::remember() {
@@ -154,14 +155,15 @@ void DrawingView::paint() {
     composed_->copyFrom(*drawn_);
     Canvas canvas = composed_->canvas();
     ScenePainter(canvas, view_).highlight(host_.scene(), highlight_);
-    paintPointer(composed_->dc());
+    paintPointer();
     BitBlt(dc, 0, 0, composed_->width(), composed_->height(), composed_->dc(), 0, 0, SRCCOPY);
   }
   EndPaint(window_, &paint);
 }
 
-void DrawingView::paintPointer(HDC) {
-  if (!isCrosshair()) return;
+void DrawingView::paintPointer() {
+  crosshairShown_ = isCrosshair();
+  if (!crosshairShown_) return;
   Canvas canvas = composed_->canvas();
   const double x = pointer_->x, y = pointer_->y, half = aperture();
   canvas.line({x, 0}, {x, y - half}, kPointerColor);

@@ -65,7 +65,7 @@ class DrawingView {
   bool preparePicture();
   void render(PixelRect part);
   void paint();
-  void paintPointer(HDC dc);
+  void paintPointer();
   bool isCrosshair() const { return pointer_ && !drag_ && host_.isPicking(); }
   int aperture() const;  // half of the pick box, pixels
 
@@ -83,7 +83,7 @@ class DrawingView {
   TextPainter texts_;
   cad::RecordId highlight_ = cad::kNoRecord;
   std::optional<POINT> pointer_, drag_;
-  bool spaceDown_ = false, spaceUsed_ = false;
+  bool spaceDown_ = false, spaceUsed_ = false, crosshairShown_ = false;
 };
 
 }  // namespace cadhost

@@ -73,7 +73,7 @@ void FrameWindow::connectHost() {
   host_.setHighlightObserver([this](cad::RecordId entity) { view_.setHighlight(entity); });
   pump_.setBeforeWait([this] { showState(); });
   runner_.setHands({[this](std::wstring_view text) { commands_.print(text); },
-                    [this] { SetCursor(LoadCursorW(nullptr, IDC_WAIT)); }, [this] { showState(); },
+                    [this] { SetCursor(LoadCursorW(nullptr, IDC_WAIT)); }, [this] { commandEnded(); },
                     [this](bool discard) { quit(discard); }});
 }
 
@@ -275,6 +275,11 @@ void FrameWindow::linesEntered() {
 void FrameWindow::runLines() {
   if (!IsWindowEnabled(window_)) return;
   runner_.runLines();
+}
+
+void FrameWindow::commandEnded() {
+  host_.state().picking.highlight(cad::kNoRecord);
+  showState();
 }
 
 void FrameWindow::quit(bool discardChanges) {

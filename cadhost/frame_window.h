@@ -53,6 +53,7 @@ class FrameWindow {
   void cancelled();
   void linesEntered();  // they run from the message loop
   void runLines();
+  void commandEnded();
   void showState();  // everything that a command may have changed
   void showTitle();
   bool mayEnd();

@@ -7,7 +7,7 @@ namespace cadhost {
 
 using Rgb = std::uint32_t;  // 0xRRGGBB
 
-inline constexpr Rgb kBackground = 0x1B2027;
+inline constexpr Rgb kBackground = 0x12161B;
 inline constexpr Rgb kHighlight = 0xFFB000;
 
 // Number 7, and whatever is no colour number, is white: it must stand out from the background.
