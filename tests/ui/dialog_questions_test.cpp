@@ -1,0 +1,125 @@
+// Questions through windows of the system, whatever shows them.
+
+#include "platform/questions.h"
+
+#include <gtest/gtest-spi.h>
+#include <gtest/gtest.h>
+
+#include "tests/spec/temp_folder.h"
+#include "tests/ui/test_dialog.h"
+#include "tests/ui/user.h"
+#include "ui/resource.h"
+
+namespace kiv::test {
+namespace {
+
+const MessageQuestion kOverwrite{L"上書きしてよろしいですか？", L"ﾌｧｲﾙ変換", Buttons::kYesNo, Icon::kQuestion,
+                                 true};
+
+TEST(Questions, MessagesAreAnsweredOverTheirOwner) {
+  User person;
+  TestDialog owner(IDD_MAIN);
+  ASSERT_TRUE(owner.create(nullptr));
+  person.answersMessage(kOverwrite.text, Answer::kYes);
+  person.answersMessage(kOverwrite.text, Answer::kNo);
+  person.answersMessage(L"done", Answer::kOk);
+  EXPECT_EQ(showMessage(owner.window().native(), kOverwrite), Answer::kYes);
+  EXPECT_EQ(showMessage(nullptr, kOverwrite), Answer::kNo);
+  EXPECT_EQ(showMessage(nullptr, {L"done", L"KIV"}), Answer::kOk);
+  ASSERT_EQ(person.messages().size(), 3U);
+  EXPECT_EQ(person.messages()[0].caption, L"ﾌｧｲﾙ変換");
+  EXPECT_TRUE(owner.window().isWindowEnabled());
+}
+
+TEST(Questions, MenusOfTheScript) {
+  EXPECT_TRUE(loadMenu(9999).empty());
+  Menu menu = loadMenu(IDM_SETTING);
+  ASSERT_EQ(menu.size(), 1U);
+  EXPECT_EQ(menu[0].text, L"条件");
+  ASSERT_EQ(menu[0].items.size(), 7U);
+  EXPECT_EQ(menu[0].items[2].text, L"");
+  EXPECT_EQ(menu[0].items[0].items.size(), 16U);
+  MenuItem* layer = findMenuItem(menu, 40021);
+  ASSERT_NE(layer, nullptr);
+  EXPECT_EQ(layer->text, L"画層...");
+  EXPECT_EQ(findMenuItem(menu, 0), nullptr);
+  EXPECT_EQ(findMenuItem(menu, IDC_ADD_SETTING), nullptr);
+}
+
+TEST(Questions, MenuGivesWhatIsChosen) {
+  User person;
+  TestDialog dialog(IDD_MAIN);
+  ASSERT_TRUE(dialog.create(nullptr));
+  Menu menu = loadMenu(IDM_SETTING)[0].items;
+  findMenuItem(menu, IDC_CLEAR_RESULTS)->enabled = false;
+  person.choosesMenu(40021);
+  person.leavesMenu();
+  EXPECT_EQ(showMenu(dialog.window(), menu, {50, 50}), 40021);
+  EXPECT_EQ(showMenu(dialog.window(), menu, {50, 50}), 0);
+  const auto captions = person.menuCaptions();
+  EXPECT_EQ(captions.back(), L"設定を削除");
+  EXPECT_EQ(std::count(captions.begin(), captions.end(), L"(変換結果ｸﾘｱ)"), 1);
+  EXPECT_EQ(std::count(captions.begin(), captions.end(), L"-"), 2);
+}
+
+class FileQuestions : public kiv::testing::TempFolder {};
+
+TEST_F(FileQuestions, NamesAreCompleted) {
+  User person;
+  make("a.LIST", "");
+  const std::wstring existing = base::pathText(folder_ / "a.LIST");
+  FileQuestion question;
+  question.initialName = base::pathText(folder_ / "*.LIST");
+  question.defaultExtension = L"LIST";
+  person.choosesFile(existing);
+  EXPECT_EQ(chooseFile(nullptr, question), existing);
+  EXPECT_EQ(person.lastFile().initialName, question.initialName);
+  person.cancelsFile();
+  EXPECT_EQ(chooseFile(nullptr, question), std::nullopt);
+  question.saving = true;
+  person.choosesFile(base::pathText(folder_ / "new"));
+  EXPECT_EQ(chooseFile(nullptr, question), base::pathText(folder_ / "new.LIST"));
+}
+
+TEST_F(FileQuestions, Folders) {
+  User person;
+  person.choosesFolder(base::pathText(folder_));
+  EXPECT_EQ(chooseFolder(nullptr, {L"select", L"", true}), base::pathText(folder_));
+  EXPECT_EQ(person.lastFolder().title, L"select");
+  person.cancelsFolder();
+  EXPECT_EQ(chooseFolder(nullptr, {L"select", L"", true}), std::nullopt);
+}
+
+// The person of the tests itself: what was not expected fails a test, and so does what stays away.
+TEST(User, FailsTestsThatGoAnotherWay) {
+  EXPECT_NONFATAL_FAILURE(
+      {
+        User person;
+        showMessage(nullptr, {L"surprise", L"KIV"});
+      },
+      "unexpected: the message \"surprise\"");
+  EXPECT_NONFATAL_FAILURE(
+      {
+        User person;
+        person.cancelsFile();
+      },
+      "a file chooser");
+  EXPECT_NONFATAL_FAILURE(
+      {
+        User person;
+        person.answersMessage(L"one", Answer::kOk);
+        showMessage(nullptr, {L"two", L"KIV"});
+      },
+      "instead of the message \"one\" came \"two\"");
+  EXPECT_NONFATAL_FAILURE(
+      {
+        User person;
+        TestDialog modal(IDD_LOAD);
+        modal.init = [] {};
+        EXPECT_EQ(modal.runModal(nullptr), 2);  // closed by its box
+      },
+      "unexpected: the modal dialog 104");
+}
+
+}  // namespace
+}  // namespace kiv::test
