@@ -86,7 +86,7 @@ TEST_F(ValueChoices, NamesOfTheDrawingStandBeforeThoseOfTheSpecification) {
 }
 
 TEST_F(ValueChoices, WithoutADrawingTheSpecificationsNamesRemain) {
-  ASSERT_TRUE(cad::Host::instance().closeDocument().ok());
+  cad::Host::instance().stop();
   EXPECT_EQ(offeredValues(kLayerKind, 1, {L"A"}, L""), Texts{L"A"});
 }
 
