@@ -13,7 +13,7 @@ namespace {
 
 // What blocks may expand into. Blocks in blocks multiply; a small file can ask for more than any memory.
 constexpr std::size_t kMostPoints = 8'000'000;
-constexpr std::size_t kMostReferences = 2'000'000;
+constexpr std::size_t kMostReferences = 1'000'000;
 
 // What a reference hands down to the objects of its block.
 struct Inherited {
