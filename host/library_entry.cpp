@@ -1,22 +1,30 @@
 // Attaching and detaching of the module's library.
 
+#include <utility>
+
 #include "host/module_state.h"
 
 namespace kiv {
 
+namespace {
+
+// Not a static object: detaching uses it while the library's statics go.
+ModuleState* theState = nullptr;
+
+}  // namespace
+
 ModuleState& moduleState() {
-  // Never destroyed: detaching uses it while the library's statics go.
-  static ModuleState& state = *new ModuleState;
-  return state;
+  if (!theState) theState = new ModuleState;
+  return *theState;
 }
 
 int libraryEntry(void* instance, int reason) {
-  ModuleState& state = moduleState();
   if (reason == kAttach) {
-    attachExtensionModule(state.extension, instance);
-    state.moduleInstance = instance;
-  } else if (reason == kDetach) {
-    detachExtensionModule(state.extension);
+    attachExtensionModule(moduleState().extension, instance);
+    moduleState().moduleInstance = instance;
+  } else if (reason == kDetach && theState) {
+    detachExtensionModule(theState->extension);
+    delete std::exchange(theState, nullptr);
   }
   return 1;
 }

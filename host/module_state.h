@@ -14,6 +14,7 @@ struct ModuleState {
   ExtensionModule extension;
 };
 
+// Made when first asked for; detaching the library ends it.
 ModuleState& moduleState();
 
 enum LibraryReason { kDetach = 0, kAttach = 1 };

@@ -1,49 +1,62 @@
 #include "platform/extension_module.h"
 
-#include <algorithm>
-
 namespace kiv {
 namespace {
 
-std::vector<const ExtensionModule*>& chain() {
-  // Never destroyed: modules are detached while the library's statics go.
-  static auto& modules = *new std::vector<const ExtensionModule*>;
-  return modules;
+// The chain owns nothing, so nothing of it is left when the library goes.
+ExtensionModule* first = nullptr;
+
+// The link that leads to the module; that at the end, which is null, when it is not in the chain.
+ExtensionModule** linkTo(const ExtensionModule* module) {
+  ExtensionModule** link = &first;
+  while (*link && *link != module) link = &(*link)->next;
+  return link;
 }
+
+void insertAt(ExtensionModule** link, ExtensionModule& module) {
+  module.next = *link;
+  *link = &module;
+}
+
+void takeOut(ExtensionModule** link) { *link = (*link)->next; }
 
 }  // namespace
 
 bool attachExtensionModule(ExtensionModule& module, void* instance) {
   if (module.initialised) return true;
   if (!instance) return false;
-  module = {true, instance, instance};
-  chain().insert(chain().begin(), &module);
+  module = {true, instance, instance, nullptr};
+  insertAt(&first, module);
   return true;
 }
 
 void detachExtensionModule(ExtensionModule& module) {
   if (!module.initialised) return;
-  auto& modules = chain();
-  modules.erase(std::remove(modules.begin(), modules.end(), &module), modules.end());
+  if (ExtensionModule** link = linkTo(&module); *link) takeOut(link);
   module = {};
 }
 
-const std::vector<const ExtensionModule*>& resourceChain() { return chain(); }
+std::vector<const ExtensionModule*> resourceChain() {
+  std::vector<const ExtensionModule*> chain;
+  for (const ExtensionModule* module = first; module; module = module->next) chain.push_back(module);
+  return chain;
+}
 
-ResourcesFirst::ResourcesFirst(const ExtensionModule& module) : module_(&module) {
-  auto& modules = chain();
-  const auto at = std::find(modules.begin(), modules.end(), module_);
-  if (at == modules.end() || at == modules.begin()) return;
-  before_ = *(at - 1);
-  std::rotate(modules.begin(), at, at + 1);
+ResourcesFirst::ResourcesFirst(ExtensionModule& module) : module_(&module) {
+  ExtensionModule** link = linkTo(module_);
+  if (!*link || link == &first) return;
+  before_ = first;
+  while (before_->next != module_) before_ = before_->next;
+  takeOut(link);
+  insertAt(&first, module);
 }
 
 ResourcesFirst::~ResourcesFirst() {
-  auto& modules = chain();
-  const auto now = std::find(modules.begin(), modules.end(), module_);
-  const auto before = std::find(modules.begin(), modules.end(), before_);
-  if (now == modules.end() || before == modules.end() || before < now) return;
-  std::rotate(now, now + 1, before + 1);
+  if (!before_ || !*linkTo(before_)) return;
+  ExtensionModule** link = linkTo(module_);
+  if (!*link) return;
+  takeOut(link);
+  insertAt(&before_->next, *module_);
 }
 
 }  // namespace kiv

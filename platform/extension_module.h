@@ -9,30 +9,32 @@ struct ExtensionModule {
   bool initialised = false;
   void* resourceHandle = nullptr;  // of the module's state at the time of attaching
   void* moduleInstance = nullptr;
+  ExtensionModule* next = nullptr;  // in the chain; the framework's own business
 };
 
-// Initialises the record and enters it into the framework's chain of resource libraries. A record that is
-// initialised already stays as it is. False, and the record untouched, for a null instance.
+// Initialises the record and enters it into the framework's chain of resource libraries, to which the record
+// itself belongs until it is detached. A record that is initialised already stays as it is. False, and the
+// record untouched, for a null instance.
 bool attachExtensionModule(ExtensionModule& module, void* instance);
 
 // Takes an initialised record out of the chain and clears it; otherwise nothing.
 void detachExtensionModule(ExtensionModule& module);
 
 // In search order: the module attached last comes first.
-const std::vector<const ExtensionModule*>& resourceChain();
+std::vector<const ExtensionModule*> resourceChain();
 
 // While it lives, the module's resources are the first to be found; then the order is what it was. Modules
 // may come and go meanwhile. No effect for a module that is not in the chain.
 class ResourcesFirst {
  public:
-  explicit ResourcesFirst(const ExtensionModule& module);
+  explicit ResourcesFirst(ExtensionModule& module);
   ~ResourcesFirst();
   ResourcesFirst(const ResourcesFirst&) = delete;
   ResourcesFirst& operator=(const ResourcesFirst&) = delete;
 
  private:
-  const ExtensionModule* module_;
-  const ExtensionModule* before_ = nullptr;  // the one that it stood behind; null: it was first
+  ExtensionModule* module_;
+  ExtensionModule* before_ = nullptr;  // the one that it stood behind; null: it was first
 };
 
 }  // namespace kiv

@@ -65,7 +65,6 @@ void CMojiListDlg::load() {
 std::optional<std::wstring> CMojiListDlg::askFile(bool saving) {
   FileQuestion question;
   question.saving = saving;
-  question.mustExist = false;  // the dialog says itself what it cannot open
   question.mustExist = false;  // what cannot be opened is told here
   question.initialName = folder_ + (saving && !name_.empty() ? name_ : kPattern);
   question.defaultExtension = L"LIST";
