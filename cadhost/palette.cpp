@@ -23,7 +23,8 @@ double channel(double hue, double peak) {
   return value < 0 ? 0 : value > 1 ? 1 : value;
 }
 
-Rgb level(double share, int brightness) { return static_cast<Rgb>(share * brightness); }
+// Cut off, not rounded, as the numbers of the palette are; a full channel may lie a rounding error below 1.
+Rgb level(double share, int brightness) { return static_cast<Rgb>(share * brightness + 1e-6); }
 
 }  // namespace
 
