@@ -1,0 +1,60 @@
+// The settings module as the suite loads it.
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <type_traits>
+
+#include "base/files.h"
+#include "platform/entity_pick.h"
+#include "platform/module_loader.h"
+#include "platform/settings.h"
+#include "platform/settings_store.h"
+#include "siblings/KivDll/exports.h"
+#include "tests/support/temp_path.h"
+
+namespace kiv {
+namespace {
+
+// What the module exports is what its callers take it for.
+static_assert(std::is_same_v<decltype(&dll_kiv_getcfgCmn), GetCommonSetting>);
+static_assert(std::is_same_v<decltype(&dll_kiv_setcfgCmn), SetCommonSetting>);
+static_assert(std::is_same_v<decltype(&dll_kiv_entsel), PickEntityFunction>);
+
+void setEnvironment(const std::filesystem::path& folder) {
+#if defined(_WIN32)
+  ::_wputenv_s(L"KIV_CONFIG_FOLDER", folder.c_str());
+#else
+  ::setenv("KIV_CONFIG_FOLDER", folder.c_str(), 1);
+#endif
+}
+
+TEST(SettingsEntry, TextsArriveWholeOrCut) {
+  const std::filesystem::path folder = test_support::tempPath("kiv_settings_entry");
+  setEnvironment(folder);
+  const auto module = SiblingModule::load(L"KivDll.arx");
+  ASSERT_NE(module, nullptr);
+  const auto get = module->function<GetCommonSetting>("dll_kiv_getcfgCmn");
+  const auto set = module->function<SetCommonSetting>("dll_kiv_setcfgCmn");
+  ASSERT_TRUE(get != nullptr && set != nullptr);
+  EXPECT_EQ(get(L"MorluxLogOutPath", nullptr, 0), -1);
+  EXPECT_EQ(set(L"MorluxLogOutPath", L"記録フォルダ"), 1);
+  EXPECT_EQ(get(L"morluxlogoutpath", nullptr, 0), 6);
+  wchar_t cut[4] = L"xxx";
+  EXPECT_EQ(get(L"MorluxLogOutPath", cut, 4), 6);
+  EXPECT_STREQ(cut, L"記録フ");
+  EXPECT_EQ(set(nullptr, L"x"), 0);
+  EXPECT_EQ(set(L"x", nullptr), 0);
+  EXPECT_EQ(get(nullptr, cut, 4), -1);
+  EXPECT_TRUE(std::filesystem::exists(folder / "common.cfg"));
+
+  // The wrapper finds the same module beside this program.
+  writeCommonInteger(L"KivBlock", 2);
+  EXPECT_EQ(readCommonInteger(L"KivBlock", 0), 2);
+  EXPECT_EQ(readCommonText(L"MorluxLogOutPath", L""), L"記録フォルダ");
+  std::error_code ignored;
+  std::filesystem::remove_all(folder, ignored);
+}
+
+}  // namespace
+}  // namespace kiv

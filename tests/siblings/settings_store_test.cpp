@@ -1,0 +1,112 @@
+#include "siblings/KivDll/settings_store.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <thread>
+#include <vector>
+
+#include "base/codepage.h"
+#include "base/files.h"
+#include "tests/support/program.h"
+#include "tests/support/temp_path.h"
+
+namespace kiv {
+namespace {
+
+namespace fs = std::filesystem;
+
+class SettingsStoreTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    folder_ = test_support::tempPath("kiv_settings");
+    fs::remove_all(folder_);
+    file_ = folder_ / "設定" / "common.cfg";
+  }
+  void TearDown() override {
+    std::error_code ignored;
+    fs::remove_all(folder_, ignored);
+  }
+  void replaceFile(const std::string& bytes) { std::ofstream(file_, std::ios::binary) << bytes; }
+
+  fs::path folder_, file_;
+};
+
+TEST_F(SettingsStoreTest, TheFolderComesWithTheFirstSetting) {
+  SettingsStore store(file_);
+  EXPECT_EQ(store.read(L"KivBlock"), std::nullopt);
+  EXPECT_FALSE(fs::exists(folder_));
+  ASSERT_TRUE(store.write(L"KivBlock", L"1").ok());
+  EXPECT_EQ(store.read(L"kivblock"), L"1");
+  EXPECT_EQ(base::readFile(file_).value(), "KivBlock = 1\n");
+  EXPECT_FALSE(store.write(L"", L"1").ok());
+}
+
+TEST_F(SettingsStoreTest, ChangesOfOthersAreSeenAndKept) {
+  SettingsStore store(file_), other(file_);
+  ASSERT_TRUE(store.write(L"A", L"1").ok());
+  ASSERT_TRUE(other.write(L"B", L"2").ok());
+  EXPECT_EQ(store.read(L"B"), L"2");
+  replaceFile("# by hand\nA = 9\n");
+  EXPECT_EQ(store.read(L"A"), L"9");
+  EXPECT_EQ(store.read(L"B"), std::nullopt);
+  ASSERT_TRUE(store.write(L"C", L"3").ok());
+  EXPECT_EQ(base::readFile(file_).value(), "# by hand\nA = 9\nC = 3\n");
+  fs::remove(file_);
+  EXPECT_EQ(other.read(L"A"), std::nullopt);
+}
+
+TEST_F(SettingsStoreTest, AFileThatCannotBeReadIsNotReplaced) {
+  fs::create_directories(file_);
+  SettingsStore store(file_);
+  EXPECT_EQ(store.read(L"A"), std::nullopt);
+  EXPECT_FALSE(store.write(L"A", L"1").ok());
+  EXPECT_TRUE(fs::is_directory(file_));
+}
+
+TEST_F(SettingsStoreTest, ThreadsLoseNothing) {
+  constexpr int kThreads = 4, kEach = 25;
+  SettingsStore shared(file_);
+  std::vector<std::thread> threads;
+  for (int number = 0; number < kThreads; ++number) {
+    threads.emplace_back([&, number] {
+      SettingsStore own(file_);
+      SettingsStore& store = number % 2 == 0 ? shared : own;
+      for (int i = 0; i < kEach; ++i) {
+        EXPECT_TRUE(store.write(std::to_wstring(number) + L"/" + std::to_wstring(i), L"x").ok());
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  for (int number = 0; number < kThreads; ++number) {
+    for (int i = 0; i < kEach; ++i) {
+      EXPECT_EQ(shared.read(std::to_wstring(number) + L"/" + std::to_wstring(i)), L"x");
+    }
+  }
+}
+
+TEST_F(SettingsStoreTest, ProcessesLoseNothing) {
+  constexpr int kEach = 40;
+  fs::create_directories(folder_);
+  const std::string path = base::toUtf8(base::pathText(file_));
+  std::vector<std::thread> callers;
+  for (const char* name : {"left", "right"}) {
+    callers.emplace_back([&, name] {
+      const auto run =
+          test_support::runProgram(KIV_SETTINGS_WRITER, {path, name, std::to_string(kEach)}, folder_);
+      EXPECT_EQ(run.status, 0) << run.err;
+    });
+  }
+  for (std::thread& caller : callers) caller.join();
+  SettingsStore store(file_);
+  for (int i = 0; i < kEach; ++i) {
+    EXPECT_EQ(store.read(L"left" + std::to_wstring(i)), std::to_wstring(i * i));
+    EXPECT_EQ(store.read(L"right" + std::to_wstring(i)), std::to_wstring(i * i));
+  }
+  for (const auto& entry : fs::directory_iterator(file_.parent_path())) {
+    EXPECT_EQ(entry.path().filename().string().find(".tmp-"), std::string::npos) << entry.path();
+  }
+}
+
+}  // namespace
+}  // namespace kiv
