@@ -1,0 +1,68 @@
+// What a session asks of cadhost's windows from another program:
+//   window_probe send KIND TEXT   types the text by a copied-data message and prints the window's answer;
+//                                 "\x03" and "\n" in the text stand for those characters
+//   window_probe middle           prints the middle of the drawing, pixels from its upper left corner
+//   window_probe history          prints the command history, UTF-8
+// Exit status 2: there is no such window.
+
+#include <windows.h>
+
+#include <cstdio>
+#include <cwchar>
+#include <string>
+
+#include "base/codepage.h"
+#include "cadhost/resource.h"
+
+namespace {
+
+std::wstring unescape(const wchar_t* at) {
+  std::wstring text;
+  for (; *at != 0; ++at) {
+    if (std::wcsncmp(at, L"\\x03", 4) == 0)
+      text += L'\x03', at += 3;
+    else if (std::wcsncmp(at, L"\\n", 2) == 0)
+      text += L'\n', ++at;
+    else
+      text += *at;
+  }
+  return text;
+}
+
+int sendText(HWND frame, const wchar_t* kind, const wchar_t* escaped) {
+  std::wstring text = unescape(escaped);
+  COPYDATASTRUCT data{};
+  data.dwData = static_cast<ULONG_PTR>(std::wcstoul(kind, nullptr, 10));
+  data.cbData = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
+  data.lpData = text.data();
+  std::printf("%d\n", static_cast<int>(SendMessageW(frame, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data))));
+  return 0;
+}
+
+int printMiddle(HWND frame) {
+  RECT area{};
+  if (!GetClientRect(GetDlgItem(frame, IDC_DRAWING), &area)) return 2;
+  std::printf("%d %d\n", static_cast<int>(area.right / 2), static_cast<int>(area.bottom / 2));
+  return 0;
+}
+
+int printHistory(HWND frame) {
+  const HWND history = GetDlgItem(GetDlgItem(frame, IDC_COMMANDS), IDC_HISTORY);
+  if (history == nullptr) return 2;
+  std::wstring text(static_cast<std::size_t>(SendMessageW(history, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
+  text.resize(static_cast<std::size_t>(
+      SendMessageW(history, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+  std::printf("%s\n", base::toUtf8(text).c_str());
+  return 0;
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** words) {
+  const HWND frame = FindWindowW(L"CadhostFrame", nullptr);
+  if (count < 2 || frame == nullptr) return 2;
+  const std::wstring call = words[1];
+  if (call == L"send" && count == 4) return sendText(frame, words[2], words[3]);
+  if (call == L"middle") return printMiddle(frame);
+  return call == L"history" ? printHistory(frame) : 2;
+}
