@@ -9,7 +9,8 @@
 #   cadhost_screenshot FILE.png            the whole display
 #   cadhost_stop                           ends cadhost and the display
 #
-# CADHOST_BIN is the folder of the Windows programs, CADHOST_SIZE the display's and the window's size.
+# CADHOST_BIN is the folder of the Windows programs, CADHOST_SIZE the display's and the window's size. With
+# CADHOST_DISPLAY=current the display that is there is used: all programs of a Wine prefix share their screen.
 # Class names and control numbers stand in cadhost/resource.h.
 
 cadhost_menu_height=19  # the drawing begins below the menu
@@ -37,23 +38,27 @@ cadhost_start() {
   for word in "$@"; do
     if [[ -e $word ]]; then words+=("$(cadhost_path "$word")"); else words+=("$word"); fi
   done
-  local number
   cadhost_work=$(mktemp -d)
-  : >"$cadhost_work/display"
-  Xvfb -displayfd 3 -screen 0 "${CADHOST_SIZE}x24" -nolisten tcp 3>"$cadhost_work/display" \
-    2>"$cadhost_work/xvfb.log" &
-  cadhost_xvfb=$!
-  for ((word = 0; word < 100; ++word)); do
-    number=$(cat "$cadhost_work/display")
-    if [[ -n $number ]]; then break; fi
-    sleep 0.1
-  done
-  [[ -n ${number:-} ]] || cadhost_fail "no display: $(cat "$cadhost_work/xvfb.log")" || return 1
-  export DISPLAY=:$number
+  if [[ -z ${DISPLAY:-} || ${CADHOST_DISPLAY:-} != current ]]; then cadhost_start_display || return 1; fi
   "$cadhost_root/cmake/run-under-wine" "$CADHOST_BIN/cadhost.exe" --size "$CADHOST_SIZE" "${words[@]}" \
     >"$cadhost_work/cadhost.log" 2>&1 &
   cadhost_process=$!
   cadhost_frame=$(cadhost_wait_window ' - CADHOST$' 60)
+}
+
+# Its number comes through a file: a pipe would be read before the server has it.
+cadhost_start_display() {
+  local tries
+  : >"$cadhost_work/display"
+  Xvfb -displayfd 3 -screen 0 "${CADHOST_SIZE}x24" -nolisten tcp 3>"$cadhost_work/display" \
+    2>"$cadhost_work/xvfb.log" &
+  cadhost_xvfb=$!
+  for ((tries = 0; tries < 100; ++tries)); do
+    if [[ -s $cadhost_work/display ]]; then break; fi
+    sleep 0.1
+  done
+  [[ -s $cadhost_work/display ]] || cadhost_fail "no display: $(cat "$cadhost_work/xvfb.log")" || return 1
+  export DISPLAY=:$(<"$cadhost_work/display")
 }
 
 cadhost_wait_window() {
