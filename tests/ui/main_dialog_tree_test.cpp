@@ -1,0 +1,251 @@
+// Editing the tree by its buttons and context menus.
+
+#include "spec/cvt_writer.h"
+#include "spec/display_text.h"
+#include "tests/spec/sample_specification.h"
+#include "tests/ui/main_dialog_fixture.h"
+#include "ui/context_menus.h"
+
+namespace kiv::testing {
+namespace {
+
+// The tree and the model say the same, row by row.
+void expectSameTree(const TreeView& view, TreeItem row, const Specification& specification,
+                    const Node& node) {
+  EXPECT_EQ(view.text(row), nodeText(specification, node));
+  EXPECT_EQ(view.data(row), specification.tag(node).value());
+  const std::vector<TreeItem> rows = view.children(row);
+  const std::vector<Node> nodes = specification.children(node);
+  ASSERT_EQ(rows.size(), nodes.size()) << base::pathFromText(view.text(row));
+  for (size_t index = 0; index < rows.size(); ++index) {
+    expectSameTree(view, rows[index], specification, nodes[index]);
+  }
+}
+
+class MainDialogTree : public MainDialog {
+ protected:
+  void SetUp() override {
+    MainDialog::SetUp();
+    makeConfig(L"SAMPLE.CVT", kSampleText);
+    makeConfig(L"KivCvtInit.dat", L"SAMPLE.CVT\r\n");
+    open();
+  }
+  void TearDown() override {
+    if (dialog_ && dialog_->hasWindow()) {
+      const TreeView& view = window().tree(IDC_MAIN_TREE);
+      expectSameTree(view, view.children(0).front(), dialog().specification(), Node{});
+    }
+    MainDialog::TearDown();
+  }
+  bool isOpen(const Texts& path) { return window().tree(IDC_MAIN_TREE).isExpanded(item(path)); }
+  // Of the items in the node's menu that are not greyed.
+  std::vector<int> offered(const Texts& path) {
+    chooseFromMenu(path, 0);
+    return enabledItems(user_.lastMenu());
+  }
+};
+
+TEST_F(MainDialogTree, ShowsTheLoadedSpecification) {
+  EXPECT_EQ(rows({}), (Texts{L"文字", L"寸法", L"ﾊｯﾁﾝｸﾞ", L"その他の図形", L"寸法設定", L"画層の設定",
+                             L"画層の作成", L"線種のﾛｰﾄﾞ", L"字体のﾛｰﾄﾞ", L"矢印のﾛｰﾄﾞ"}));
+  EXPECT_EQ(rows({L"文字", L"設定1"}), (Texts{L"画層 が <A-TEXT> のとき", L"色 が <7:白> 以外のとき",
+                                              L"画層 を <TEXT> に変更", L"色 を <3:緑> に変更"}));
+  EXPECT_TRUE(isOpen({}));
+  EXPECT_FALSE(isOpen({L"文字"}));
+  EXPECT_TRUE(isOpen({L"文字", L"設定1"}));
+  EXPECT_TRUE(isOpen({L"線種のﾛｰﾄﾞ"}));
+}
+
+TEST_F(MainDialogTree, DeleteAsksByWhatIsSelected) {
+  const struct {
+    Texts path;
+    const wchar_t* question;
+    Answer defaultAnswer = Answer::kNo;
+  } cases[] = {
+      {{L"文字"}, L"[文字] の設定をすべてｸﾘｱします.\nよろしいですか？"},
+      {{L"文字", L"設定1"}, L"[設定1] に含まれる項目をすべて削除します.\nよろしいですか？"},
+      {{L"文字", L"設定1", L"色 が <7:白> 以外のとき"},
+       L"[色 が <7:白> 以外のとき] を削除します.\nよろしいですか？"},
+      {{L"文字", L"設定1", L"色 を <3:緑> に変更"}, L"[色 を <3:緑> に変更] を削除します.\nよろしいですか？"},
+      {{L"線種のﾛｰﾄﾞ"}, L"[線種のﾛｰﾄﾞ] に含まれる項目をすべて削除します.\nよろしいですか？"},
+      {{L"線種のﾛｰﾄﾞ", L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ"},
+       L"[<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ] を削除します.\nよろしいですか？"},
+      {{L"寸法"}, L"削除するﾃﾞｰﾀがありません", Answer::kOk},
+      {{L"矢印のﾛｰﾄﾞ"}, L"削除するﾃﾞｰﾀがありません", Answer::kOk},
+  };
+  const std::wstring before = cvtText(dialog().specification());
+  for (const auto& each : cases) {
+    user_.answersMessage(each.question, each.defaultAnswer);
+    select(each.path);
+    click(IDC_MAIN_DELETE);
+    EXPECT_EQ(user_.messages().back().noIsDefault, each.defaultAnswer == Answer::kNo);
+  }
+  EXPECT_EQ(cvtText(dialog().specification()), before);
+  select({});
+  click(IDC_MAIN_DELETE);
+}
+
+TEST_F(MainDialogTree, DeletesAfterYes) {
+  const auto deletes = [this](const Texts& path, const wchar_t* question) {
+    user_.answersMessage(question + std::wstring(L"\nよろしいですか？"), Answer::kYes);
+    select(path);
+    click(IDC_MAIN_DELETE);
+    user_.sawEverything();
+  };
+  deletes({L"文字", L"設定1", L"画層 が <A-TEXT> のとき"}, L"[画層 が <A-TEXT> のとき] を削除します.");
+  deletes({L"文字", L"設定1", L"画層 を <TEXT> に変更"}, L"[画層 を <TEXT> に変更] を削除します.");
+  EXPECT_EQ(rows({L"文字", L"設定1"}), (Texts{L"色 が <7:白> 以外のとき", L"色 を <3:緑> に変更"}));
+  deletes({L"線種のﾛｰﾄﾞ", L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ"},
+          L"[<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ] を削除します.");
+  EXPECT_EQ(rows({L"線種のﾛｰﾄﾞ"}), Texts());
+  deletes({L"文字", L"設定1"}, L"[設定1] に含まれる項目をすべて削除します.");
+  EXPECT_EQ(rows({L"文字"}), (Texts{L"設定2"}));
+  deletes({L"文字"}, L"[文字] の設定をすべてｸﾘｱします.");
+  EXPECT_EQ(rows({L"文字"}), Texts());
+}
+
+TEST_F(MainDialogTree, ConditionsAndResultsAreClearedApart) {
+  user_.choosesMenu(IDC_CLEAR_CONDITIONS);
+  user_.answersMessage(L"[設定1] の条件をすべてｸﾘｱします.\nよろしいですか？", Answer::kYes);
+  user_.rightClickItem(window(), IDC_MAIN_TREE, item({L"文字", L"設定1"}));
+  EXPECT_EQ(rows({L"文字", L"設定1"}), (Texts{L"画層 を <TEXT> に変更", L"色 を <3:緑> に変更"}));
+  EXPECT_EQ(selectedText(), L"設定1");
+  user_.choosesMenu(IDC_CLEAR_RESULTS);
+  user_.answersMessage(L"[設定1] の変換結果をすべてｸﾘｱします.\nよろしいですか？", Answer::kYes);
+  user_.rightClickItem(window(), IDC_MAIN_TREE, item({L"文字", L"設定1"}));
+  EXPECT_EQ(rows({L"文字", L"設定1"}), Texts());
+  // Its name says how many there were when it was made.
+  select({L"文字"});
+  click(IDC_MAIN_EDIT);
+  EXPECT_EQ(rows({L"文字"}), (Texts{L"設定1", L"設定2", L"設定3"}));
+  EXPECT_EQ(selectedText(), L"設定3");
+}
+
+TEST_F(MainDialogTree, MovesKeepConditionsBeforeResults) {
+  const auto isRefused = [this](int button) {
+    user_.answersMessage(L"現在選択中の項目は移動できません", Answer::kOk);
+    click(button);
+    user_.sawEverything();
+  };
+  select({L"文字", L"設定1", L"画層 が <A-TEXT> のとき"});
+  click(IDC_MAIN_UP);
+  click(IDC_MAIN_DOWN);
+  EXPECT_EQ(selectedText(), L"画層 が <A-TEXT> のとき");
+  EXPECT_EQ(rows({L"文字", L"設定1"})[0], L"色 が <7:白> 以外のとき");
+  isRefused(IDC_MAIN_DOWN);
+  EXPECT_EQ(rows({L"文字", L"設定1"})[1], L"画層 が <A-TEXT> のとき");
+  select({L"文字", L"設定1", L"画層 を <TEXT> に変更"});
+  isRefused(IDC_MAIN_UP);
+  click(IDC_MAIN_DOWN);
+  click(IDC_MAIN_DOWN);
+  EXPECT_EQ(rows({L"文字", L"設定1"})[3], L"画層 を <TEXT> に変更");
+  select({L"線種のﾛｰﾄﾞ", L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ"});
+  isRefused(IDC_MAIN_UP);
+}
+
+TEST_F(MainDialogTree, ASettingMovesWithItsItems) {
+  const Texts items = rows({L"文字", L"設定1"});
+  select({L"文字", L"設定1"});
+  click(IDC_MAIN_DOWN);
+  EXPECT_EQ(rows({L"文字"}), (Texts{L"設定2", L"設定1"}));
+  EXPECT_EQ(rows({L"文字", L"設定1"}), items);
+  EXPECT_EQ(selectedText(), L"設定1");
+  EXPECT_TRUE(isOpen({L"文字", L"設定1"}));
+  click(IDC_MAIN_UP);
+  EXPECT_EQ(rows({L"文字"}), (Texts{L"設定1", L"設定2"}));
+}
+
+TEST_F(MainDialogTree, OnlyConditionsAreInverted) {
+  select({L"文字", L"設定1", L"画層 が <A-TEXT> のとき"});
+  click(IDC_MAIN_INVERT);
+  EXPECT_EQ(selectedText(), L"画層 が <A-TEXT> 以外のとき");
+  chooseFromMenu({L"文字", L"設定1", L"画層 が <A-TEXT> 以外のとき"}, IDC_INVERT_CONDITION);
+  EXPECT_EQ(selectedText(), L"画層 が <A-TEXT> のとき");
+  for (const Texts& path :
+       {Texts{L"文字"}, Texts{L"文字", L"設定1"}, Texts{L"文字", L"設定1", L"色 を <3:緑> に変更"}}) {
+    user_.answersMessage(L"ﾂﾘｰの中から反転する条件を選択してください", Answer::kOk);
+    select(path);
+    click(IDC_MAIN_INVERT);
+  }
+}
+
+TEST_F(MainDialogTree, MenusGreyWhatCannotApply) {
+  EXPECT_EQ(offered({L"文字"}), (std::vector<int>{IDC_ADD_SETTING, IDC_CLEAR_SETTINGS}));
+  EXPECT_EQ(offered({L"寸法"}), (std::vector<int>{IDC_ADD_SETTING}));
+  // Nothing picks dimension variables, and layers have neither texts nor lists of them.
+  EXPECT_EQ(offered({L"文字", L"設定2"}), (std::vector<int>{40021,
+                                                            40022,
+                                                            40023,
+                                                            40024,
+                                                            40025,
+                                                            40026,
+                                                            40027,
+                                                            40029,
+                                                            40050,
+                                                            40051,
+                                                            40052,
+                                                            40031,
+                                                            40032,
+                                                            40033,
+                                                            40034,
+                                                            40035,
+                                                            40036,
+                                                            40037,
+                                                            40070,
+                                                            40071,
+                                                            40072,
+                                                            IDC_CLEAR_RESULTS,
+                                                            IDC_DELETE_SETTING}));
+  EXPECT_EQ(offered({L"画層の設定", L"設定1"}), (std::vector<int>{40021,
+                                                                  40022,
+                                                                  40023,
+                                                                  40050,
+                                                                  40051,
+                                                                  40053,
+                                                                  40054,
+                                                                  40055,
+                                                                  40056,
+                                                                  IDC_CLEAR_CONDITIONS,
+                                                                  40031,
+                                                                  40032,
+                                                                  40033,
+                                                                  40070,
+                                                                  40071,
+                                                                  40073,
+                                                                  40074,
+                                                                  40075,
+                                                                  40076,
+                                                                  IDC_CLEAR_RESULTS,
+                                                                  IDC_DELETE_SETTING}));
+  EXPECT_EQ(offered({L"文字", L"設定1", L"画層 が <A-TEXT> のとき"}),
+            (std::vector<int>{IDC_EDIT_CONDITION, IDC_INVERT_CONDITION, IDC_DELETE_CONDITION}));
+  EXPECT_EQ(offered({L"文字", L"設定1", L"画層 を <TEXT> に変更"}),
+            (std::vector<int>{IDC_EDIT_RESULT, IDC_DELETE_RESULT}));
+  EXPECT_EQ(offered({L"線種のﾛｰﾄﾞ"}), (std::vector<int>{IDC_CLEAR_ENTRIES}));
+  EXPECT_EQ(offered({L"線種のﾛｰﾄﾞ", L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ"}),
+            (std::vector<int>{IDC_DELETE_RESULT}));
+  user_.rightClickItem(window(), IDC_MAIN_TREE, item({}));  // the root has no menu
+}
+
+TEST_F(MainDialogTree, VariablesAreCopiedIntoTheDimensionSettings) {
+  chooseFromMenu({L"文字", L"設定1"}, 0);
+  EXPECT_EQ(user_.menuCaptions().back(), L"設定を削除");
+
+  makeConfig(
+      L"VARS.CVT",
+      L"[備考]\r\n\r\n\r\n[寸法]\r\n[DIMTXT] = 3\r\n{\r\n[DIMASZ] = 2.5\r\n[色] = 1\r\n[DIMGAP] = 1\r\n}"
+      L"\r\n---End---\r\n[寸法設定]\r\nDIMTAD, 1\r\nDIMASZ, 9\r\n---End---\r\n[EOF]\r\n");
+  load(L"VARS.CVT");
+  chooseFromMenu({L"寸法", L"設定1"}, IDC_COPY_TO_DIMENSION_SETTINGS);
+  EXPECT_EQ(user_.menuCaptions().back(), L"寸法設定にｺﾋﾟｰ");
+  EXPECT_EQ(rows({L"寸法設定"}),
+            (Texts{L"<DIMTAD> を <1> に設定", L"<DIMASZ> を <2.5> に設定", L"<DIMGAP> を <1> に設定"}));
+  // Edited in a way that is not there: the button shows what there is instead.
+  select({L"寸法設定", L"<DIMTAD> を <1> に設定"});
+  user_.leavesMenu();
+  click(IDC_MAIN_EDIT);
+  EXPECT_EQ(enabledItems(user_.lastMenu()), (std::vector<int>{IDC_DELETE_RESULT}));
+}
+
+}  // namespace
+}  // namespace kiv::testing
