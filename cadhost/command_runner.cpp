@@ -33,7 +33,7 @@ void CommandRunner::runLines() {
     const std::wstring name = isName ? commandName(*line) : std::wstring();
     const std::wstring rest = base::upper(restOf(*line));
     if ((name == L"QUIT" || name == L"EXIT") && (rest.empty() || rest == L"Y" || rest == L"YES")) {
-      hands_.quit(!rest.empty());
+      if (hands_.quit(!rest.empty())) return;
       continue;
     }
     (void)run(*line);  // the host has printed what went wrong

@@ -17,7 +17,8 @@ class CommandRunner {
     std::function<void(std::wstring_view)> print;
     std::function<void()> begun;
     std::function<void()> ended;
-    std::function<void(bool discardChanges)> quit;  // QUIT was typed; nothing has been closed
+    // QUIT was typed; nothing has been closed yet. True: the program ends, no other line runs.
+    std::function<bool(bool discardChanges)> quit;
   };
 
   CommandRunner(cad::Host& host, InputQueue& input) : host_(host), input_(input) {}

@@ -24,7 +24,7 @@ constexpr Rgb kPointerColor = 0xD0D8E0;
 bool DrawingView::create(HWND parent, Hands hands) {
   hands_ = std::move(hands);
   const auto instance = reinterpret_cast<HINSTANCE>(GetWindowLongPtrW(parent, GWLP_HINSTANCE));
-  if (!registerWindow<DrawingView>(instance, kClass, nullptr, nullptr)) return false;
+  if (!registerWindow<DrawingView>(instance, kClass, nullptr, nullptr, CS_DBLCLKS)) return false;
   CreateWindowExW(0, kClass, L"", WS_CHILD | WS_VISIBLE, 0, 0, 0, 0, parent,
                   reinterpret_cast<HMENU>(static_cast<INT_PTR>(IDC_DRAWING)), instance, this);
   return window_ != nullptr;
@@ -195,6 +195,7 @@ LRESULT DrawingView::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_MOUSEMOVE:
     case WM_MOUSELEAVE:
     case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
     case WM_LBUTTONUP:
     case WM_MBUTTONDOWN:
     case WM_MBUTTONUP:
@@ -229,6 +230,7 @@ LRESULT DrawingView::handleMouse(UINT message, WPARAM, POINT at) {
       InvalidateRect(window_, nullptr, FALSE);
       break;
     case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
       SetFocus(window_);
       if (spaceDown_) {
         beginDrag(at);

@@ -74,7 +74,7 @@ void FrameWindow::connectHost() {
   pump_.setBeforeWait([this] { showState(); });
   runner_.setHands({[this](std::wstring_view text) { commands_.print(text); },
                     [this] { SetCursor(LoadCursorW(nullptr, IDC_WAIT)); }, [this] { commandEnded(); },
-                    [this](bool discard) { quit(discard); }});
+                    [this](bool discard) { return quit(discard); }});
 }
 
 void FrameWindow::show(int how) {
@@ -140,6 +140,11 @@ LRESULT FrameWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_CLOSE:
       if (mayEnd()) DestroyWindow(window_);
+      return 0;
+    case WM_QUERYENDSESSION:
+      return mayEnd() ? TRUE : FALSE;
+    case WM_ENDSESSION:
+      if (wParam == FALSE) ending_ = false;  // another program has prevented it
       return 0;
     case WM_DESTROY:
       PostQuitMessage(0);
@@ -224,6 +229,7 @@ LRESULT FrameWindow::command(int id) {
     if ((id >= IDM_OPEN && id <= IDM_UNDO)) MessageBeep(MB_OK);
     return 0;
   }
+  host_.state().commandLine.cancelPrompt();
   fileCommand(id);
   showState();
   return 0;
@@ -280,15 +286,17 @@ void FrameWindow::runLines() {
 void FrameWindow::commandEnded() {
   host_.state().picking.highlight(cad::kNoRecord);
   showState();
+  linesEntered();  // those that were typed meanwhile
 }
 
-void FrameWindow::quit(bool discardChanges) {
+bool FrameWindow::quit(bool discardChanges) {
   if (!discardChanges && !files_.mayCloseAll()) {
     showState();
-    return;
+    return false;
   }
   ending_ = true;
   DestroyWindow(window_);
+  return true;
 }
 
 bool FrameWindow::mayEnd() {

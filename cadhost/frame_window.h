@@ -57,7 +57,7 @@ class FrameWindow {
   void showState();  // everything that a command may have changed
   void showTitle();
   bool mayEnd();
-  void quit(bool discardChanges);
+  bool quit(bool discardChanges);
 
   cad::Host& host_;
   InputQueue input_;

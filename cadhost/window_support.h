@@ -26,9 +26,11 @@ LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARA
 }
 
 template <class Object>
-bool registerWindow(HINSTANCE instance, const wchar_t* name, HCURSOR cursor, HBRUSH background) {
+bool registerWindow(HINSTANCE instance, const wchar_t* name, HCURSOR cursor, HBRUSH background,
+                    UINT style = 0) {
   WNDCLASSEXW wc{};
   wc.cbSize = sizeof wc;
+  wc.style = style;
   wc.lpfnWndProc = windowProcedure<Object>;
   wc.hInstance = instance;
   wc.hCursor = cursor;
