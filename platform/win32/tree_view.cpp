@@ -48,9 +48,21 @@ TreeItem SystemTreeView::insert(TreeItem parent, int position, std::wstring_view
   return static_cast<TreeItem>(send(TVM_INSERTITEMW, 0, &insertion));
 }
 
+// What the systems choose when the selected row goes differs among them.
+TreeItem SystemTreeView::heir(TreeItem item) const {
+  for (const UINT relation : {TVGN_NEXT, TVGN_PREVIOUS, TVGN_PARENT})
+    if (const TreeItem found = next(relation, item)) return found;
+  return 0;
+}
+
 void SystemTreeView::remove(TreeItem item) {
   if (!item) return;
   const auto silence = quiet();
+  for (TreeItem above = caret(); above; above = parent(above)) {
+    if (above != item) continue;
+    send(TVM_SELECTITEM, TVGN_CARET, static_cast<LPARAM>(heir(item)));
+    break;
+  }
   send(TVM_DELETEITEM, 0, static_cast<LPARAM>(item));
 }
 

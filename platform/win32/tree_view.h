@@ -27,6 +27,7 @@ class SystemTreeView final : public TreeView, public Control {
   void setRedraw(bool on) override;
 
  private:
+  TreeItem heir(TreeItem item) const;
   TreeItem next(UINT relation, TreeItem item) const;
 };
 
