@@ -6,7 +6,6 @@
 #include <thread>
 #include <vector>
 
-#include "base/codepage.h"
 #include "base/files.h"
 #include "tests/support/program.h"
 #include "tests/support/temp_path.h"
@@ -21,7 +20,7 @@ class SettingsStoreTest : public testing::Test {
   void SetUp() override {
     folder_ = test_support::tempPath("kiv_settings");
     fs::remove_all(folder_);
-    file_ = folder_ / "設定" / "common.cfg";
+    file_ = folder_ / base::pathFromText(L"設定") / "common.cfg";
   }
   void TearDown() override {
     std::error_code ignored;
@@ -87,13 +86,12 @@ TEST_F(SettingsStoreTest, ThreadsLoseNothing) {
 
 TEST_F(SettingsStoreTest, ProcessesLoseNothing) {
   constexpr int kEach = 40;
-  fs::create_directories(folder_);
-  const std::string path = base::toUtf8(base::pathText(file_));
+  fs::create_directories(file_.parent_path());
   std::vector<std::thread> callers;
   for (const char* name : {"left", "right"}) {
     callers.emplace_back([&, name] {
-      const auto run =
-          test_support::runProgram(KIV_SETTINGS_WRITER, {path, name, std::to_string(kEach)}, folder_);
+      const auto run = test_support::runProgram(
+          KIV_SETTINGS_WRITER, {"common.cfg", name, std::to_string(kEach)}, file_.parent_path());
       EXPECT_EQ(run.status, 0) << run.err;
     });
   }
