@@ -103,6 +103,14 @@ bool isFolder(const fs::path& path) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
+// A rename over a file that somebody has open is answered as if it were forbidden for good.
+DWORD reasonOfRefusal(const fs::path& target, DWORD error) {
+  if (error != ERROR_ACCESS_DENIED) return error;
+  const Handle probe(
+      CreateFileW(target.c_str(), DELETE, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  return !probe.valid() && GetLastError() == ERROR_SHARING_VIOLATION ? ERROR_SHARING_VIOLATION : error;
+}
+
 // 0 or the system's error. Virus scanners and indexers hold a file that has just been written for a
 // moment, and another program of the suite may be reading the target.
 DWORD replaceFile(const fs::path& temporary, const fs::path& target) {
@@ -112,7 +120,7 @@ DWORD replaceFile(const fs::path& temporary, const fs::path& target) {
     if (MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING) != 0) return 0;
     const DWORD error = GetLastError();
     const bool passing = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
-    if (!passing || tries == kTries) return error;
+    if (!passing || tries == kTries) return reasonOfRefusal(target, error);
     Sleep(kPause);
   }
 }

@@ -1,10 +1,10 @@
 #include "base/files.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <fstream>
+
+#include "tests/support/temp_path.h"
 
 namespace {
 
@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 class Files : public ::testing::Test {
  protected:
   void SetUp() override {
-    folder_ = fs::temp_directory_path() / ("base_files_" + std::to_string(::getpid()));
+    folder_ = test_support::tempPath("base_files");
     fs::create_directories(folder_);
   }
   void TearDown() override { fs::remove_all(folder_); }
@@ -72,9 +72,16 @@ TEST_F(Files, RefusalsLeaveNothingBehind) {
   EXPECT_EQ(base::writeFileAtomically(folder_, "x").failure().reason, L"this is a folder, not a file");
   EXPECT_EQ(base::writeFileAtomically(folder_ / "no" / "a", "x").failure().reason,
             L"the folder does not exist");
-  EXPECT_FALSE(base::writeFileAtomically("/dev/null", "x").ok());
+#if defined(_WIN32)
+  constexpr const char* kDevice = "NUL";
+#else
+  constexpr const char* kDevice = "/dev/null";
+#endif
+  EXPECT_FALSE(base::writeFileAtomically(kDevice, "x").ok());
   EXPECT_EQ(count(), 0U);
 }
+
+#if !defined(_WIN32)  // permissions by mode, links that anybody can make, names in any encoding and any case
 
 TEST_F(Files, KeepsPermissionsAndLinks) {
   const fs::path path = make("real", "old");
@@ -86,25 +93,50 @@ TEST_F(Files, KeepsPermissionsAndLinks) {
   EXPECT_EQ(fs::status(path).permissions(), fs::perms(0640));
 }
 
-TEST_F(Files, ProtectedFileIsNotReplaced) {
-  if (::geteuid() == 0) GTEST_SKIP() << "nothing is protected from the superuser";
-  const fs::path path = make("a", "old");
-  fs::permissions(path, fs::perms(0444));
-  EXPECT_EQ(base::writeFileAtomically(path, "new").failure().reason, L"permission denied");
-}
-
-TEST_F(Files, FindsIgnoringCase) {
+TEST_F(Files, AnExactMatchWins) {
   make("Sample.LIST", "");
   make("SAMPLE.list", "");
   EXPECT_EQ(base::findIgnoringCase(folder_, L"Sample.LIST").filename(), "Sample.LIST");
   EXPECT_EQ(base::findIgnoringCase(folder_, L"sample.list").filename(), "SAMPLE.list");
-  EXPECT_TRUE(base::findIgnoringCase(folder_, L"other.list").empty());
-  EXPECT_TRUE(base::findIgnoringCase(folder_ / "no", L"a").empty());
 }
 
 TEST(PathText, NamesThatAreNotUtf8Survive) {
   const fs::path path = "dir/\x89\xe6-図.dxf";
   EXPECT_EQ(base::pathFromText(base::pathText(path)), path);
+}
+
+#else
+
+TEST_F(Files, AFileHeldByAnotherProgramIsNamedAndFreedAgain) {
+  const fs::path path = make("a", "old");
+  {
+    std::ifstream holder(path);  // opened without leave to delete it
+    EXPECT_EQ(base::writeFileAtomically(path, "new").failure().reason, L"another program has the file open");
+  }
+  EXPECT_TRUE(base::writeFileAtomically(path, "new").ok());
+  EXPECT_EQ(count(), 1U);
+}
+
+TEST(PathText, SeparatorsAreTheSystems) {
+  EXPECT_EQ(base::pathText(fs::path("Z:/図") / "a.dxf"), L"Z:\\図\\a.dxf");
+}
+
+#endif
+
+TEST_F(Files, ProtectedFileIsNotReplaced) {
+  const fs::path path = make("a", "old");
+  fs::permissions(path, fs::perms(0444));
+  // Nothing is protected from the superuser.
+  if (std::ofstream(path, std::ios::app)) GTEST_SKIP() << "this user may write everywhere";
+  EXPECT_EQ(base::writeFileAtomically(path, "new").failure().reason, L"permission denied");
+  fs::permissions(path, fs::perms(0644));  // so that it can be deleted
+}
+
+TEST_F(Files, FindsIgnoringCase) {
+  make("Sample.LIST", "");
+  EXPECT_TRUE(fs::exists(base::findIgnoringCase(folder_, L"sample.list")));
+  EXPECT_TRUE(base::findIgnoringCase(folder_, L"other.list").empty());
+  EXPECT_TRUE(base::findIgnoringCase(folder_ / "no", L"a").empty());
 }
 
 }  // namespace

@@ -4,11 +4,8 @@
 // the time and the drawing's name without its folder), and text search lists. See promote.sh.
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
-#include <sys/wait.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -16,6 +13,9 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "tests/support/program.h"
+#include "tests/support/temp_path.h"
 
 namespace {
 
@@ -85,7 +85,7 @@ std::string withoutPlaceAndTime(const std::string& log) {
     const std::size_t first = line.find(','), second = line.find(',', first + 1);
     if (!header && first != 0 && second != std::string_view::npos) {
       const std::string_view path = line.substr(first + 1, second - first - 1);
-      result.append("TIME,").append(path.substr(path.rfind('/') + 1)).append(line.substr(second));
+      result.append("TIME,").append(path.substr(path.find_last_of("/\\") + 1)).append(line.substr(second));
     } else {
       result += line;
     }
@@ -97,9 +97,9 @@ std::string withoutPlaceAndTime(const std::string& log) {
 class Case : public ::testing::TestWithParam<std::string> {
  protected:
   void SetUp() override {
-    std::string name = (fs::temp_directory_path() / "kiv-case-XXXXXX").string();
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    work_ = name;
+    work_ = test_support::tempPath("kiv-case");
+    fs::remove_all(work_);
+    ASSERT_TRUE(fs::create_directory(work_));
     for (const char* file : {"drawing.dxf", "rules.cvt", "expected.dxf"}) {
       ASSERT_TRUE(fs::exists(source() / file)) << "the case has no " << file;
     }
@@ -114,14 +114,13 @@ class Case : public ::testing::TestWithParam<std::string> {
   fs::path source() const { return fs::path(KIV_CASES) / GetParam(); }
   bool given(const char* file) const { return fs::exists(source() / file); }
 
-  int convert() const {
-    std::string command =
-        "cd '" + work_.string() + "' && '" KIVCVT_PROGRAM "' convert --spec rules.cvt --out out";
+  test_support::ProgramRun convert() const {
+    std::vector<std::string> words = {"convert", "--spec", "rules.cvt", "--out", "out"};
     std::istringstream options(content(source() / "options"));
-    for (std::string word; options >> word;) command += " " + word;
-    if (given("log")) command += " --log logs";
-    const int status = std::system((command + " drawing.dxf >said 2>problems-found").c_str());
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    for (std::string word; options >> word;) words.push_back(word);
+    if (given("log")) words.insert(words.end(), {"--log", "logs"});
+    words.push_back("drawing.dxf");
+    return test_support::runProgram(KIVCVT_PROGRAM, words, work_);
   }
   std::string writtenLog() const {
     for (const fs::directory_entry& entry : fs::directory_iterator(work_ / "logs")) {
@@ -134,9 +133,9 @@ class Case : public ::testing::TestWithParam<std::string> {
 };
 
 TEST_P(Case, GivesTheExpectedDrawing) {
-  const int status = convert();
-  EXPECT_EQ(content(work_ / "problems-found"), content(source() / "problems"));
-  EXPECT_EQ(status, given("problems") ? 1 : 0);
+  const test_support::ProgramRun run = convert();
+  EXPECT_EQ(run.err, content(source() / "problems"));
+  EXPECT_EQ(run.status, given("problems") ? 1 : 0);
 
   const std::string expected = content(source() / "expected.dxf"),
                     actual = content(work_ / "out" / "drawing.DXF");

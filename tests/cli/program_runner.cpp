@@ -1,25 +1,16 @@
 #include "tests/cli/program_runner.h"
 
-#include <stdlib.h>
-#include <sys/wait.h>
-
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 
 #include "base/codepage.h"
+#include "tests/support/temp_path.h"
 
 namespace kivcli::testing {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string quoted(const std::string& word) {
-  std::string result = "'";
-  for (const char c : word) result += c == '\'' ? std::string("'\\''") : std::string(1, c);
-  return result + "'";
-}
 
 std::string japanese(std::string_view utf8) {
   const base::Encoded encoded = base::encode(base::fromUtf8(utf8), base::kJapanese);
@@ -35,18 +26,20 @@ std::string layerRecord(const std::string& name, int flags) {
 }  // namespace
 
 void ProgramTest::SetUp() {
-  std::string name = (fs::temp_directory_path() / "kivcvt-test-XXXXXX").string();
-  ASSERT_NE(mkdtemp(name.data()), nullptr);
-  folder_ = name;
+  folder_ = test_support::tempPath("kivcvt-test");
+  fs::remove_all(folder_);
+  ASSERT_TRUE(fs::create_directory(folder_));
 }
 
 void ProgramTest::TearDown() { fs::remove_all(folder_); }
 
-ProgramRun ProgramTest::kivcvt(const std::vector<std::string>& words, const std::string& before) const {
-  std::string command = "cd " + quoted(folder_.string()) + " && " + before + " " + quoted(KIVCVT_PROGRAM);
-  for (const std::string& word : words) command += " " + quoted(word);
-  const int status = std::system((command + " >.out 2>.err").c_str());
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, read(".out"), read(".err")};
+ProgramRun ProgramTest::kivcvt(const std::vector<std::string>& words) const {
+  ProgramRun run = test_support::runProgram(KIVCVT_PROGRAM, words, folder_);
+  if (fs::path::preferred_separator == '\\') {
+    std::replace(run.out.begin(), run.out.end(), '\\', '/');
+    std::replace(run.err.begin(), run.err.end(), '\\', '/');
+  }
+  return run;
 }
 
 void ProgramTest::write(const std::string& name, std::string_view bytes) const {

@@ -8,20 +8,19 @@
 #include <string_view>
 #include <vector>
 
+#include "tests/support/program.h"
+
 namespace kivcli::testing {
 
-struct ProgramRun {
-  int status = -1;  // exit status; -1: the program did not end by itself
-  std::string out, err;
-};
+using test_support::ProgramRun;
 
 class ProgramTest : public ::testing::Test {
  protected:
   void SetUp() override;
   void TearDown() override;
 
-  // Words are quoted for the shell; names are relative to the test's folder.
-  ProgramRun kivcvt(const std::vector<std::string>& words, const std::string& before = "") const;
+  // Names are relative to the test's folder. In what is printed "/" separates paths on every system.
+  ProgramRun kivcvt(const std::vector<std::string>& words) const;
 
   std::filesystem::path folder() const { return folder_; }
   void write(const std::string& name, std::string_view bytes) const;

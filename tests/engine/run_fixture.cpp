@@ -1,7 +1,5 @@
 #include "tests/engine/run_fixture.h"
 
-#include <unistd.h>
-
 #include <fstream>
 #include <sstream>
 
@@ -11,6 +9,7 @@
 #include "base/files.h"
 #include "engine/conversion_run.h"
 #include "platform/settings.h"
+#include "tests/support/temp_path.h"
 
 namespace engine_test {
 namespace {
@@ -366,8 +365,7 @@ std::string sampleDrawing() {
 
 void RunTest::SetUp() {
   const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-  folder_ = std::filesystem::temp_directory_path() /
-            ("engine_test_" + std::to_string(::getpid()) + "_" + test->name());
+  folder_ = test_support::tempPath(std::string("engine_test_") + test->name());
   std::filesystem::remove_all(folder_);
   std::filesystem::create_directories(folder_ / "out");
   cad::Host::instance().setOutput([this](std::wstring_view text) { printed_ += text; });

@@ -1,13 +1,12 @@
 // What is typed to save a drawing in each format. The command function of the host is replaced here by one
 // that notes its tokens and hands them on.
 
-#include <dlfcn.h>
-
 #include "acedCmdNF.h"
 #include "adscodes.h"
 #include "base/files.h"
 #include "engine/save_stage.h"
 #include "tests/engine/run_fixture.h"
+#include "tests/support/program.h"
 
 namespace {
 
@@ -27,7 +26,7 @@ void note(const resbuf* tokens) {
 int acedCmdS(const resbuf* tokens, bool forFutureUse, AcApDocument* document) {
   using Function = decltype(&acedCmdS);
   static const auto host =
-      reinterpret_cast<Function>(dlsym(RTLD_NEXT, "_Z8acedCmdSPK6resbufbP12AcApDocument"));
+      reinterpret_cast<Function>(test_support::hostFunction("_Z8acedCmdSPK6resbufbP12AcApDocument"));
   note(tokens);
   return host(tokens, forFutureUse, document);
 }

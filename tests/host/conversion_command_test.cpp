@@ -1,7 +1,6 @@
 // The conversion command as one step of a batch.
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -11,6 +10,7 @@
 #include "embedded/editor/host.h"
 #include "host/commands.h"
 #include "host/conversion_context.h"
+#include "tests/support/temp_path.h"
 
 namespace {
 
@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 class BatchStep : public testing::Test {
  protected:
   void SetUp() override {
-    folder_ = fs::temp_directory_path() / ("batch_test_" + std::to_string(::getpid()));
+    folder_ = test_support::tempPath("batch_test");
     fs::remove_all(folder_);
     fs::create_directories(folder_ / "out");
     write("rules.cvt", "[\x95\xb6\x8e\x9a]\r\n[***]\r\n{\r\n[\x90\x46] = 3\r\n}\r\n---End---\r\n[EOF]\r\n");

@@ -1,7 +1,6 @@
 #include "host/conversion_log.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <ctime>
 #include <filesystem>
@@ -13,16 +12,16 @@
 #include "embedded/editor/host.h"
 #include "platform/clock.h"
 #include "platform/settings.h"
+#include "tests/support/temp_path.h"
 
 namespace {
 
 class ConversionLog : public testing::Test {
  protected:
   void SetUp() override {
-    setenv("TZ", "UTC", 1);
-    tzset();
+    test_support::setTimeZone("UTC");
     kiv::setClock([] { return std::time_t{1794692250}; });  // 14 November 2026, 21:37:30
-    file_ = std::filesystem::temp_directory_path() / ("log_test_" + std::to_string(::getpid()) + ".log");
+    file_ = test_support::tempPath("log_test");
     std::filesystem::remove(file_);
     want(1, base::pathText(file_));
     cad::Host::instance().start();

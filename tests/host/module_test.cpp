@@ -1,7 +1,6 @@
 // The module as the host loads it, driven by its exported functions alone.
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -10,6 +9,7 @@
 #include "base/files.h"
 #include "embedded/editor/host.h"
 #include "host/automation.h"
+#include "tests/support/temp_path.h"
 
 namespace {
 
@@ -27,7 +27,7 @@ constexpr char kRules[] =
 class Module : public testing::Test {
  protected:
   void SetUp() override {
-    folder_ = fs::temp_directory_path() / ("module_test_" + std::to_string(::getpid()));
+    folder_ = test_support::tempPath("module_test");
     fs::remove_all(folder_);
     fs::create_directories(folder_ / "out");
     write("a.dxf", kDrawing);

@@ -2,14 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include "tests/support/temp_path.h"
 
 namespace kiv {
 namespace {
 
 TEST(Clock, FormatsLocalTimeAndLimitsTheText) {
-  ::setenv("TZ", "JST-9", 1);
-  ::tzset();
+  test_support::setTimeZone("JST-9");
   setClock([] { return std::time_t{1794609450}; });
   EXPECT_EQ(localTimeText(L"%Y%m%d_%Hh%Mm%Ss"), L"20261114_07h37m30s");
   EXPECT_EQ(localTimeText(L"%Y年%m月%d日 %H:%M:%S"), L"2026年11月14日 07:37:30");

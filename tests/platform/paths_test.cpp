@@ -1,11 +1,11 @@
 #include "platform/paths.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 
 #include "base/files.h"
+#include "tests/support/temp_path.h"
 
 namespace kiv {
 namespace {
@@ -24,7 +24,7 @@ TEST(Paths, JoinedAndTakenApart) {
 
 TEST(Paths, FoldersAndFiles) {
   namespace fs = std::filesystem;
-  const fs::path root = fs::temp_directory_path() / ("kiv_paths_" + std::to_string(::getpid()));
+  const fs::path root = test_support::tempPath("kiv_paths");
   const std::wstring deep = base::pathText(root / "new" / "deep");
   EXPECT_FALSE(folderExists(deep));
   EXPECT_TRUE(createFolders(deep + L"/"));

@@ -2,7 +2,6 @@
 // A folder of a test's own, removed at its end.
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -11,6 +10,7 @@
 
 #include "base/codepage.h"
 #include "base/files.h"
+#include "tests/support/temp_path.h"
 
 namespace kiv::testing {
 
@@ -18,8 +18,7 @@ class TempFolder : public ::testing::Test {
  protected:
   TempFolder() {
     const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-    folder_ = std::filesystem::temp_directory_path() /
-              ("kiv_spec_" + std::to_string(::getpid()) + "_" + info->test_suite_name() + "_" + info->name());
+    folder_ = test_support::tempPath(std::string("kiv_spec_") + info->test_suite_name() + "_" + info->name());
     std::filesystem::create_directories(folder_);
   }
   ~TempFolder() override { std::filesystem::remove_all(folder_); }

@@ -53,8 +53,7 @@ TEST(Drawing, SavingMakesThePathAndAFailureLeavesIt) {
 }
 
 TEST(Drawing, SavingOverItsOwnFileKeepsTheDrawingWhole) {
-  const auto path =
-      std::filesystem::temp_directory_path() / ("kiv_own_" + std::to_string(::getpid()) + ".dxf");
+  const auto path = test_support::tempPath("kiv_own");
   const std::string before = drawingText("AC1015", "0 LINE|100 AcDbEntity|8 A|0 ARC|100 AcDbEntity|8 A");
   ASSERT_TRUE(base::writeFileAtomically(path, before).ok());
   {

@@ -1,8 +1,6 @@
 #pragma once
 // Small drawings for tests, written as a person reads them.
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <initializer_list>
 #include <memory>
@@ -12,6 +10,7 @@
 #include "base/files.h"
 #include "embedded/drawing/drawing.h"
 #include "embedded/dxf/loader.h"
+#include "tests/support/temp_path.h"
 
 namespace cad::dxf {
 
@@ -54,8 +53,7 @@ inline std::unique_ptr<Drawing> read(std::string bytes) {
 
 // The bytes that saving gives.
 inline std::string saved(Drawing& drawing) {
-  const auto path =
-      std::filesystem::temp_directory_path() / ("kiv_dxf_test_" + std::to_string(::getpid()) + ".dxf");
+  const auto path = test_support::tempPath("kiv_dxf_test");
   std::string bytes = "not saved";
   if (drawing.save(path).ok()) {
     if (auto content = base::readFile(path)) bytes = content.value();

@@ -2,7 +2,6 @@
 // A started host over a folder of its own, with what it printed.
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -15,6 +14,7 @@
 #include "base/files.h"
 #include "embedded/drawing/drawing.h"
 #include "embedded/editor/host.h"
+#include "tests/support/temp_path.h"
 
 namespace cad_test {
 
@@ -85,8 +85,7 @@ class HostTest : public testing::Test {
  protected:
   void SetUp() override {
     const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
-    folder_ =
-        std::filesystem::temp_directory_path() / ("editor_test_" + std::to_string(::getpid()) + "_" + name);
+    folder_ = test_support::tempPath("editor_test_" + name);
     std::filesystem::remove_all(folder_);
     std::filesystem::create_directories(folder_);
     host().setOutput([this](std::wstring_view text) { printed_ += text; });
