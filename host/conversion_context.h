@@ -4,13 +4,18 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "ui/select_base.h"
+
 class AcApDocument;
 
 namespace kiv {
+
+class CCnvDlg;
 
 struct BatchFile {
   std::wstring name;  // without its folder
@@ -23,12 +28,22 @@ inline constexpr std::size_t kSourceFolder = 1;       // of a batch
 inline constexpr std::size_t kOutputFolder = 2;  // with its trailing separator; empty: conversion in place
 
 struct ConversionContext {
+  ConversionContext();
+  ~ConversionContext();
+  ConversionContext(ConversionContext&&) noexcept;
+  ConversionContext& operator=(ConversionContext&&) noexcept;
+
   std::array<std::wstring, 3> contextPaths;
   int saveFormat = 0;  // 0 DWG, 1 DXF, 2 DWT
 
   std::optional<std::vector<BatchFile>> batchFiles;  // nothing: no batch has been prepared
   AcApDocument* batchStartDocument = nullptr;
   std::int64_t batchRemaining = 0;
+
+  PickHandOver pick;  // between the dialog's pickers and the command that waits for it
+  Rect dialogRect;    // where the main dialog stood when it was closed last
+  // There is one while the dialog is shown, and hidden during a batch.
+  std::unique_ptr<CCnvDlg> dialog;
 };
 
 ConversionContext& conversionContext();

@@ -1,13 +1,171 @@
-// KIV_TOACAD in a host that cannot show the main dialog.
+// KIV_TOACAD: shows the main dialog, serves its picks while it is up, and does what it was closed for.
 
+#include <algorithm>
+
+#include "acedads.h"
+#include "acutads.h"
+#include "adscodes.h"
+#include "host/batch_report.h"
+#include "host/batch_start.h"
 #include "host/commands.h"
+#include "host/conversion_context.h"
 #include "host/guard.h"
+#include "host/module_state.h"
+#include "host/pick_items.h"
+#include "platform/clock.h"
+#include "platform/dialog_script.h"
+#include "platform/host_messages.h"
 #include "platform/host_output.h"
+#include "platform/paths.h"
+#include "platform/questions.h"
+#include "platform/settings.h"
+#include "ui/main_dialog.h"
+#include "ui/module_title.h"
 
 namespace kiv {
+namespace {
 
-void interactiveCommand() {
-  guarded([] { printOnCommandLine(L"\nこのﾎｽﾄではﾀﾞｲｱﾛｸﾞを使用できません."); });
+constexpr int kAllTracking = 15;
+constexpr const wchar_t* kLogFileKey = L"MorluxLogOutFile";
+
+void beginAnew() {
+  ConversionContext& context = conversionContext();
+  context.pick.request = 0;
+  context.pick.values.clear();
+  context.batchStartDocument = nullptr;
+  context.batchRemaining = 0;
+  writeCommonText(kLogFileKey, L"");
 }
+
+void printReport() {
+  ConversionContext& context = conversionContext();
+  printBatchReport(context.batchFiles, context.contextPaths[kSourceFolder]);
+  context.batchFiles.reset();
+}
+
+void makeDialog() {
+  ConversionContext& context = conversionContext();
+  const ResourcesFirst ours(moduleState().extension);
+  context.dialog =
+      std::make_unique<CCnvDlg>(CCnvDlg::Shared{context.pick, context.dialogRect}, findHostFile, hostFrame());
+  if (!context.dialog->create(hostFrame())) context.dialog.reset();
+}
+
+// The dialog may have gone while the user was asked for an entity.
+void servePick() {
+  ConversionContext& context = conversionContext();
+  context.pick.values.clear();
+  if (const PickTarget* target = pickTarget(context.pick.request)) {
+    focusHost();
+    static_cast<void>(pickEntity(L"\n" + std::wstring(target->name) + L"を指示:", target->item, target->mask,
+                                 context.pick.values));
+  }
+  context.pick.request = 0;
+  if (context.dialog) context.dialog->pickCompleted();
+}
+
+bool isDialogUp() {
+  const CCnvDlg* dialog = conversionContext().dialog.get();
+  return dialog != nullptr && dialog->hasWindow() && dialog->window().isShown();
+}
+
+// Whether nobody will use the dialog any more. A host that has no input to wait for says so at once and for
+// ever, and without waiting no window event is served either: that is a session whose script has run out,
+// or a host that goes down. One refusal by a host with a person before it is nothing.
+class Abandonment {
+ public:
+  bool isCertainAfter(int waitResult) {
+    refusals_ = waitResult == RTERROR ? refusals_ + 1 : 0;
+    return refusals_ > (dialogScript() != nullptr ? 0 : kRefusalsOfABusyHost);
+  }
+
+ private:
+  static constexpr int kRefusalsOfABusyHost = 100;
+  int refusals_ = 0;
+};
+
+void waitForDialog() {
+  Abandonment abandonment;
+  while (isDialogUp()) {
+    int kind = 0;
+    resbuf event{};
+    const int result = acedGrRead(kAllTracking, &kind, &event);
+    if (conversionContext().pick.request >= 1) {
+      servePick();
+    } else if (isDialogUp() && abandonment.isCertainAfter(result)) {
+      conversionContext().dialog->cancel();
+    }
+  }
+}
+
+std::wstring logFile() {
+  if (readCommonInteger(L"MorluxCreateLog", 0) != 1) return {};
+  const std::wstring folder = readCommonText(L"MorluxLogOutPath", L"");
+  if (folder.empty()) return {};
+  return joinPath(folder, localTimeText(L"%Y%m%d_%Hh%Mm%SsMorlux.log"));
+}
+
+void storeOptions() {
+  const CCnvDlg& dialog = *conversionContext().dialog;
+  const ConversionOptions& options = dialog.options();
+  writeCommonInteger(L"KivBlock", std::clamp(options.blockScope, 0, 2));
+  writeCommonInteger(L"MorluxIgnoreLocks", options.ignoreLocks ? 1 : 0);
+  writeCommonInteger(L"MorluxCreateLog", options.createLog ? 1 : 0);
+  writeCommonText(L"MorluxLogOutPath", options.logFolder.c_str());
+  conversionContext().contextPaths[kSpecificationPath] = dialog.specificationFolder() + kWorkFileName;
+  writeCommonText(kLogFileKey, logFile().c_str());
+}
+
+void convertThisDrawing() {
+  ConversionContext& context = conversionContext();
+  context.contextPaths[kOutputFolder].clear();
+  conversionCommand();
+  static_cast<void>(showMessage(hostFrame(), {L"変換を完了しました", kModuleTitle}));
+  context.dialog.reset();
+  writeCommonText(kLogFileKey, L"");
+}
+
+// True when the dialog is to be waited for again.
+bool serveClosedDialog() {
+  ConversionContext& context = conversionContext();
+  if (!context.dialog) return false;
+  const Closing closing = context.dialog->closing();
+  if (closing == Closing::kCancelled) {
+    context.dialog.reset();
+    return false;
+  }
+  storeOptions();
+  if (closing == Closing::kConvert) {
+    convertThisDrawing();
+    return false;
+  }
+  if (startBatch()) return false;
+  context.dialog->reopen();
+  return true;
+}
+
+void runDialog() {
+  const ConversionContext& context = conversionContext();
+  beginAnew();
+  // The end of a batch sends the command again; the dialog is still there, unless its window went meanwhile.
+  if (context.dialog) printReport();
+  if (context.dialog && context.dialog->hasWindow()) {
+    context.dialog->reopen();
+  } else {
+    makeDialog();
+  }
+  do {
+    waitForDialog();
+  } while (serveClosedDialog());
+}
+
+void interact() {
+  if (canShowDialogs()) return runDialog();
+  printOnCommandLine(L"\nこのﾎｽﾄではﾀﾞｲｱﾛｸﾞを使用できません.");
+}
+
+}  // namespace
+
+void interactiveCommand() { guarded(interact); }
 
 }  // namespace kiv

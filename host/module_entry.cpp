@@ -6,6 +6,7 @@
 #include "base/files.h"
 #include "host/automation.h"
 #include "host/commands.h"
+#include "host/conversion_context.h"
 #include "host/guard.h"
 #include "host/module_state.h"
 #include "platform/screen_scale.h"
@@ -14,6 +15,7 @@
 #include "rxdlinkr.h"
 #include "rxmfcapi.h"
 #include "rxregsvc.h"
+#include "ui/main_dialog.h"
 
 namespace kiv {
 namespace {
@@ -42,6 +44,8 @@ void initialise(void* packet) {
 }
 
 void withdraw() {
+  // A dialog hidden for a batch would be left to windows whose code has gone.
+  conversionContext().dialog.reset();
   if (!moduleState().commandsRegistered) return;
   moduleState().commandsRegistered = false;
   removeCommands();

@@ -1,0 +1,234 @@
+// The interactive command in the embedded host: the host's input source is the person, who acts in the
+// dialog each time that the command waits.
+
+#include <deque>
+#include <functional>
+
+#include "base/codepage.h"
+#include "embedded/editor/host.h"
+#include "host/commands.h"
+#include "host/conversion_context.h"
+#include "host/run_report.h"
+#include "platform/clock.h"
+#include "platform/settings.h"
+#include "tests/spec/temp_folder.h"
+#include "tests/ui/user.h"
+#include "ui/main_dialog.h"
+#include "ui/resource.h"
+
+namespace kiv::testing {
+namespace {
+
+constexpr char kDrawing[] =
+    "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nLINE\r\n  8\r\nWALL\r\n 10\r\n0.0\r\n 20\r\n0.0\r\n "
+    "11\r\n10.0"
+    "\r\n 21\r\n0.0\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n";
+constexpr wchar_t kRules[] =
+    L"[備考]\r\n\r\n\r\n[その他の図形]\r\n[画層] = WALL\r\n{\r\n[色] = 3\r\n}\r\n---End---\r\n[EOF]\r\n";
+
+constexpr const wchar_t* kKeys[] = {L"KivBlock", L"MorluxIgnoreLocks", L"MorluxCreateLog",
+                                    L"MorluxLogOutPath", L"MorluxLogOutFile"};
+
+class InteractiveCommand : public TempFolder {
+ protected:
+  void SetUp() override {
+    make("KIVGUI.ARX", "");
+    std::filesystem::create_directories(folder_ / "CFG");
+    makeText("CFG/RULES.CVT", kRules);
+    make("CFG/KivCvtInit.dat", "RULES.CVT\r\n");
+    for (const wchar_t* key : kKeys) writeCommonText(key, L"");
+    host().setOutput([this](std::wstring_view text) { printed_ += text; });
+    host().setSupportPath({folder_});
+    host().setInputSource([this] { return nextInput(); });
+    host().start();
+    ASSERT_TRUE(host().openDocument(make("a.dxf", kDrawing)).ok());
+    registerCommands();
+  }
+  void TearDown() override {
+    EXPECT_TRUE(acts_.empty());
+    conversionContext() = {};
+    EXPECT_TRUE(user::shownDialogs().empty());
+    removeCommands();
+    host().stop();
+    host().setInputSource({});
+    host().setSupportPath({});
+    host().setOutput({});
+    setClock({});
+  }
+  static cad::Host& host() { return cad::Host::instance(); }
+  void run() { EXPECT_TRUE(host().execute(L"KIV_TOACAD").ok()); }
+  // Acts in the dialog at the next wait.
+  void then(std::function<void()> act) {
+    acts_.push_back([act = std::move(act)] {
+      act();
+      return cad::InputEvent{5};
+    });
+  }
+  void thenClicks(int id) {
+    then([this, id] { user_.click(window(), id); });
+  }
+  void thenPicksAt(double x, double y) {
+    acts_.push_back([x, y] { return cad::InputEvent{3, 0, x, y, 0.1}; });
+  }
+  void thenOpensThePicker() {
+    then([this] {
+      const TreeItem section = user_.item(window(), IDC_MAIN_TREE, {L"図面", L"文字"});
+      user_.choosesMenu(IDC_ADD_SETTING);
+      user_.rightClickItem(window(), IDC_MAIN_TREE, section);
+      user_.choosesMenu(40031);
+      user_.rightClickItem(window(), IDC_MAIN_TREE,
+                           user_.item(window(), IDC_MAIN_TREE, {L"図面", L"文字", L"設定1"}));
+      user_.click(*user_.shown(IDD_VALUE), IDC_PICK);
+      EXPECT_TRUE(user::shownDialogs().empty());
+    });
+  }
+  DialogWindow& window() { return conversionContext().dialog->window(); }
+  bool printed(const std::wstring& text) const { return printed_.find(text) != std::wstring::npos; }
+  static std::wstring setting(const wchar_t* key) { return readCommonText(key, L"-"); }
+
+  std::optional<cad::InputEvent> nextInput() {
+    if (acts_.empty()) return std::nullopt;
+    const auto act = std::move(acts_.front());
+    acts_.pop_front();
+    return act();
+  }
+
+  test::User user_;
+  std::deque<std::function<cad::InputEvent()>> acts_;
+  std::wstring printed_;
+};
+
+TEST_F(InteractiveCommand, CancelStoresNothing) {
+  for (const wchar_t* key : kKeys) writeCommonText(key, L"1");
+  const std::string initial = content("CFG/KivCvtInit.dat");
+  thenClicks(IDC_MAIN_IGNORE_LOCKS);
+  thenClicks(IDC_MAIN_BLOCK_BOTH);
+  thenClicks(IDC_MAIN_DEFAULT);
+  thenClicks(IDCANCEL);
+  run();
+  EXPECT_EQ(conversionContext().dialog, nullptr);
+  EXPECT_FALSE(conversionContext().dialogRect.isEmpty());
+  for (const wchar_t* key : {L"KivBlock", L"MorluxIgnoreLocks", L"MorluxCreateLog", L"MorluxLogOutPath"}) {
+    EXPECT_EQ(setting(key), L"1") << base::pathFromText(key);
+  }
+  EXPECT_EQ(setting(L"MorluxLogOutFile"), L"");
+  EXPECT_EQ(content("CFG/KivCvtInit.dat"), initial);
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "CFG" / base::pathFromText(kWorkFileName)));
+  EXPECT_TRUE(conversionContext().contextPaths[kSpecificationPath].empty());
+}
+
+TEST_F(InteractiveCommand, ConvertsTheDrawingAndStoresTheOptions) {
+  setClock([] { return std::time_t{1'700'000'000}; });
+  const std::wstring logName = localTimeText(L"%Y%m%d_%Hh%Mm%SsMorlux.log");
+  const std::filesystem::path logs = folder_ / "logs";
+  const int runs = runCount();
+  thenClicks(IDC_MAIN_IGNORE_LOCKS);
+  thenClicks(IDC_MAIN_BLOCK_INSIDE);
+  thenClicks(IDC_MAIN_CREATE_LOG);
+  then([&] { user_.type(window(), IDC_MAIN_LOG_FOLDER, base::pathText(logs / "")); });
+  then([&] {
+    user_.answersMessage(L"変換を完了しました", Answer::kOk);
+    user_.click(window(), IDOK);
+  });
+  run();
+  EXPECT_EQ(conversionContext().dialog, nullptr);
+  EXPECT_EQ(setting(L"KivBlock"), L"1");
+  EXPECT_EQ(setting(L"MorluxIgnoreLocks"), L"1");
+  EXPECT_EQ(setting(L"MorluxCreateLog"), L"1");
+  EXPECT_EQ(setting(L"MorluxLogOutPath"), base::pathText(logs / ""));
+  EXPECT_EQ(setting(L"MorluxLogOutFile"), L"");
+  EXPECT_EQ(runCount(), runs + 1);
+  ASSERT_NE(lastRun(), nullptr);
+  EXPECT_EQ(lastRun()->outcome().end, RunEnd::kConverted);
+  EXPECT_EQ(lastRun()->outcome().savedPath, L"");
+  EXPECT_TRUE(std::filesystem::exists(logs / base::pathFromText(logName)));
+  const std::filesystem::path work = base::pathFromText(conversionContext().contextPaths[kSpecificationPath]);
+  EXPECT_EQ(base::pathText(work.filename()), kWorkFileName);
+  EXPECT_TRUE(std::filesystem::exists(work));
+  EXPECT_TRUE(host().execute(L"_QSAVE").ok());
+  EXPECT_NE(content("a.dxf").find(" 62\r\n     3\r\n"), std::string::npos);
+}
+
+TEST_F(InteractiveCommand, AnEmptyLogFolderIsNoLog) {
+  writeCommonText(L"MorluxLogOutFile", L"old.log");
+  thenClicks(IDC_MAIN_CREATE_LOG);
+  then([&] {
+    user_.answersMessage(L"ログの書き出し先が間違っています", Answer::kOk);
+    user_.click(window(), IDOK);
+    EXPECT_EQ(setting(L"MorluxLogOutFile"), L"");
+  });
+  thenClicks(IDCANCEL);
+  run();
+  EXPECT_EQ(setting(L"MorluxCreateLog"), L"");
+}
+
+TEST_F(InteractiveCommand, AValueIsTakenFromTheDrawing) {
+  thenOpensThePicker();
+  thenPicksAt(5, 0);
+  then([this] {
+    DialogWindow& picker = *user_.shown(IDD_VALUE);
+    EXPECT_EQ(picker.text(IDC_VALUE_COMBO), L"WALL");
+    user_.cannotClick(window(), IDCANCEL);
+    user_.click(picker, IDC_PICK);
+  });
+  // Nothing lies there: the picker comes back as it was.
+  thenPicksAt(500, 500);
+  then([this] {
+    DialogWindow& picker = *user_.shown(IDD_VALUE);
+    EXPECT_EQ(picker.text(IDC_VALUE_COMBO), L"WALL");
+    user_.click(picker, IDOK);
+    EXPECT_EQ(conversionContext().dialog->specification().settings(1)[0].results[0].value, L"WALL");
+  });
+  thenClicks(IDCANCEL);
+  run();
+  EXPECT_TRUE(printed(L"\n画層を指示:"));
+  EXPECT_EQ(conversionContext().pick.request, 0);
+}
+
+TEST_F(InteractiveCommand, ASessionThatEndsWithAnOpenPickerLeavesTheHostUsable) {
+  thenOpensThePicker();  // and nobody picks
+  run();
+  EXPECT_EQ(conversionContext().dialog, nullptr);
+  EXPECT_TRUE(user::shownDialogs().empty());
+  run();
+  EXPECT_EQ(conversionContext().dialog, nullptr);
+  thenClicks(IDCANCEL);
+  run();
+}
+
+TEST_F(InteractiveCommand, ABatchThatCannotBeginShowsTheDialogAgain) {
+  thenClicks(IDC_MAIN_BATCH);
+  then([this] {
+    EXPECT_TRUE(printed(L"\nKivｴﾗｰ:連続変換"));
+    EXPECT_TRUE(window().isShown());
+    EXPECT_EQ(setting(L"KivBlock"), L"0");
+  });
+  thenClicks(IDCANCEL);
+  run();
+  EXPECT_EQ(conversionContext().dialog, nullptr);
+}
+
+TEST_F(InteractiveCommand, AfterABatchTheReportIsPrintedAndTheHiddenDialogShown) {
+  ConversionContext& context = conversionContext();
+  // As a batch leaves it.
+  context.dialog = std::make_unique<CCnvDlg>(
+      CCnvDlg::Shared{context.pick, context.dialogRect}, [](const std::wstring&) { return std::nullopt; },
+      nullptr);
+  ASSERT_TRUE(context.dialog->create(nullptr));
+  window().show(false);
+  context.batchFiles = std::vector<BatchFile>{{L"plan.dxf", 1}, {L"photo.jpg", 0}};
+  context.batchRemaining = 3;
+  const CCnvDlg* const kept = context.dialog.get();
+  then([&] {
+    EXPECT_EQ(context.dialog.get(), kept);
+    EXPECT_TRUE(window().isShown());
+    EXPECT_EQ(context.batchRemaining, 0);
+    EXPECT_FALSE(context.batchFiles);
+  });
+  thenClicks(IDCANCEL);
+  run();
+  EXPECT_TRUE(printed(L"photo.jpg"));
+}
+
+}  // namespace
+}  // namespace kiv::testing
