@@ -3,13 +3,13 @@
 #include <algorithm>
 
 #include "platform/host_output.h"
+#include "ui/module_title.h"
 
 namespace kiv {
 namespace {
 
 constexpr std::size_t kWidth = 68;
 constexpr wchar_t kProductName[] = L"KIV";
-constexpr wchar_t kTitle[] = L"ﾌｧｲﾙ変換ﾕｰﾃｨﾘﾃｨ";
 
 void printRule(wchar_t character) { printOnCommandLine(L"\n" + std::wstring(kWidth, character)); }
 
@@ -20,7 +20,7 @@ bool isUnreadable(const BatchFile& file) { return file.version < 1; }
 void printBatchReport(const std::optional<std::vector<BatchFile>>& files, const std::wstring& sourceFolder) {
   if (!files) return;
   printRule(L'*');
-  printOnCommandLine(std::wstring(L"\n") + kProductName + L" - " + kTitle);
+  printOnCommandLine(std::wstring(L"\n") + kProductName + L" - " + kModuleTitle);
   printRule(L'*');
   printOnCommandLine(L"\nﾌｫﾙﾀﾞ:" + sourceFolder);
   printOnCommandLine(L"\n[ﾌｧｲﾙ名] [結果]");

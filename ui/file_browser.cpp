@@ -4,6 +4,7 @@
 
 #include "platform/questions.h"
 #include "platform/screen_scale.h"
+#include "ui/module_title.h"
 #include "ui/resource.h"
 
 namespace kiv {
@@ -73,7 +74,7 @@ void FileBrowser::deleteNamedFile() {
 }
 
 bool FileBrowser::isAgreed(const std::wstring& question) {
-  return showMessage(window().native(), {question, L"ﾌｧｲﾙ変換ﾕｰﾃｨﾘﾃｨ", Buttons::kYesNo, Icon::kQuestion}) ==
+  return showMessage(window().native(), {question, kModuleTitle, Buttons::kYesNo, Icon::kQuestion}) ==
          Answer::kYes;
 }
 

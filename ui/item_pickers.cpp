@@ -11,8 +11,8 @@ namespace {
 
 std::unique_ptr<CSelBase> makeValuePicker(PickerOwner& owner, PickHandOver& pick,
                                           const PickerRequest& request) {
-  auto picker = std::make_unique<CSelDlg>(owner, request.section, request.kind, request.side,
-                                          request.initialText, pick);
+  auto picker =
+      std::make_unique<CSelDlg>(owner, request.section, request.kind, request.side, request.present, pick);
   picker->setListFolder(request.listFolder);
   return picker;
 }

@@ -4,17 +4,18 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "ui/select_base.h"
 
 namespace kiv {
 
 struct PickerRequest {
-  int section = 0;           // under which the value will stand
-  int kind = 0;              // 1 to 16 of an item, 51 to 55 of a list entry
-  int side = 0;              // 1 condition, 2 result, 3 list entry
-  std::wstring initialText;  // as CSelDlg takes it; empty: something new
-  std::wstring listFolder;   // of the text search lists, with its trailing separator
+  int section = 0;                    // under which the value will stand
+  int kind = 0;                       // 1 to 16 of an item, 51 to 55 of a list entry
+  int side = 0;                       // 1 condition, 2 result, 3 list entry
+  std::vector<std::wstring> present;  // the fields of what is edited; none: something new
+  std::wstring listFolder;            // of the text search lists, with its trailing separator
 };
 
 struct ItemPicker {

@@ -6,6 +6,7 @@
 #include <array>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "spec/configuration.h"
 #include "spec/specification.h"
@@ -100,7 +101,7 @@ class CCnvDlg : public Dialog, private PickerOwner {
   void addOrEdit();
   void addItem(int kind, Role role);
   void editItem();
-  void openPicker(int kind, Role role, const PickerTarget& target, std::wstring initialText);
+  void openPicker(int kind, Role role, const PickerTarget& target, std::vector<std::wstring> present);
   DialogWindow& ownerWindow() override { return window(); }
   void setValue(int kind, int side, const std::wstring& value) override;
   std::vector<std::wstring> namesInSection(int section) const override;

@@ -62,17 +62,20 @@ void CCnvDlg::addItem(int kind, Role role) {
 void CCnvDlg::editItem() {
   const Node node = tree().selected();
   const Item* item = specification_.item(node);
-  if (item != nullptr) openPicker(item->kind, node.role, {node, true}, L"<" + item->value + L">");
+  if (item == nullptr) return;
+  std::vector<std::wstring> present{item->value};
+  if (!item->variable.empty()) present.insert(present.begin(), item->variable);
+  openPicker(item->kind, node.role, {node, true}, std::move(present));
 }
 
-void CCnvDlg::openPicker(int kind, Role role, const PickerTarget& target, std::wstring initialText) {
+void CCnvDlg::openPicker(int kind, Role role, const PickerTarget& target, std::vector<std::wstring> present) {
   const ItemPicker* picker = itemPicker(kind);
   if (picker == nullptr) return;
   std::unique_ptr<CSelBase>& slot = pickers_[static_cast<size_t>(picker->slot)];
   if (slot) return;
   target_ = target;
   slot = picker->make(*this, pick_,
-                      {target.node.section, kind, static_cast<int>(role), std::move(initialText), folder_});
+                      {target.node.section, kind, static_cast<int>(role), std::move(present), folder_});
   CSelBase* made = slot.get();
   // A window that could not be made leaves the slot to the next one.
   if (!made->create(hostFrame_) && slot.get() == made) slot.reset();

@@ -29,7 +29,7 @@ bool CCnvDlg::onTreeCommand(int command) {
     case IDC_CLEAR_SETTINGS:
       return clearChildren(L"の設定をすべてｸﾘｱします."), true;
     case IDC_CLEAR_ENTRIES:
-      return clearChildren(L"に含まれる項目をすべて削除します."), true;
+      return clearChildren(L"の変換結果をすべてｸﾘｱします."), true;
     case IDC_CLEAR_CONDITIONS:
       return clearItems(Role::kCondition), true;
     case IDC_CLEAR_RESULTS:

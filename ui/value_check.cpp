@@ -55,7 +55,7 @@ bool isPlainNumber(std::wstring_view text) {
 Checked checkedScale(std::wstring_view typed) {
   if (typed.empty()) return L"1";
   const std::wstring_view text = base::trim(typed);
-  if (!isPlainNumber(text) || leadingReal(text) < -kHalfOfSixthDecimal) return std::nullopt;
+  if (!isPlainNumber(text) || leadingReal(text) <= -kHalfOfSixthDecimal) return std::nullopt;
   return std::wstring(typed);
 }
 

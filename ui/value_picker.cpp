@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "spec/display_text.h"
 #include "spec/item_kinds.h"
 #include "ui/resource.h"
 #include "ui/value_check.h"
@@ -17,13 +16,13 @@ constexpr size_t kLongestValue = 255;
 
 }  // namespace
 
-CSelDlg::CSelDlg(PickerOwner& owner, int contextCode, int kind, int side, std::wstring initialText,
+CSelDlg::CSelDlg(PickerOwner& owner, int contextCode, int kind, int side, std::vector<std::wstring> present,
                  PickHandOver& pick)
     : CSelBase(IDD_VALUE, owner, kValuePickerSlot, pick),
       contextCode_(contextCode),
       kind_(kind),
       side_(side),
-      initialText_(std::move(initialText)) {}
+      present_(std::move(present)) {}
 
 void CSelDlg::onInit() {
   const ItemKind* kind = itemKind(kind_);
@@ -31,9 +30,8 @@ void CSelDlg::onInit() {
   window().setText(IDC_VALUE_LABEL, label + L" :");
   window().setTitle(label + (side_ == kConditionSide ? L"の指定(変換対象の設定)" : L"の指定(変換後の設定)"));
   fillChoices();
-  const std::vector<std::wstring> values = valuesOfText(initialText_);
   const size_t index = kind_ == kVariableKind ? 1 : 0;
-  if (index < values.size()) showValue(values[index]);
+  if (index < present_.size()) showValue(present_[index]);
   CSelBase::onInit();
   window().focus(IDC_VALUE_COMBO);
 }

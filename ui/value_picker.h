@@ -12,10 +12,9 @@ inline constexpr int kConditionSide = 1;  // any other side is a conversion resu
 class CSelDlg : public CSelBase {
  public:
   // `contextCode` is the section under which the value will stand; that of the layer settings withholds the
-  // by-layer and by-block choices. `kind` 1 to 16. `initialText` is empty or holds the present value between
-  // "<" and ">", as the first of its values; of a dimension variable the name is the first, the value the
-  // second.
-  CSelDlg(PickerOwner& owner, int contextCode, int kind, int side, std::wstring initialText,
+  // by-layer and by-block choices. `kind` 1 to 16. `present` holds the present value, after the name of a
+  // dimension variable; none: something new.
+  CSelDlg(PickerOwner& owner, int contextCode, int kind, int side, std::vector<std::wstring> present,
           PickHandOver& pick);
 
   // The folder of text search lists, with its trailing separator. Before create().
@@ -37,7 +36,7 @@ class CSelDlg : public CSelBase {
   int contextCode_;
   int kind_;
   int side_;
-  std::wstring initialText_;
+  std::vector<std::wstring> present_;
   std::wstring listFolder_;
 };
 

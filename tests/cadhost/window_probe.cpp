@@ -3,6 +3,8 @@
 //                                 "\x03" and "\n" in the text stand for those characters
 //   window_probe middle           prints the middle of the drawing, pixels from its upper left corner
 //   window_probe history          prints the command history, UTF-8
+//   window_probe control TITLE ID prints the middle of a control of the dialog, pixels of the screen
+//   window_probe text TITLE ID    prints the control's text, UTF-8
 // Exit status 2: there is no such window.
 
 #include <windows.h>
@@ -46,13 +48,31 @@ int printMiddle(HWND frame) {
   return 0;
 }
 
-int printHistory(HWND frame) {
-  const HWND history = GetDlgItem(GetDlgItem(frame, IDC_COMMANDS), IDC_HISTORY);
-  if (history == nullptr) return 2;
-  std::wstring text(static_cast<std::size_t>(SendMessageW(history, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
+int printText(HWND window) {
+  if (window == nullptr) return 2;
+  std::wstring text(static_cast<std::size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
   text.resize(static_cast<std::size_t>(
-      SendMessageW(history, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+      SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
   std::printf("%s\n", base::toUtf8(text).c_str());
+  return 0;
+}
+
+int printHistory(HWND frame) { return printText(GetDlgItem(GetDlgItem(frame, IDC_COMMANDS), IDC_HISTORY)); }
+
+// The visible one: Wine keeps others of the class to itself.
+HWND control(const wchar_t* title, const wchar_t* id) {
+  HWND dialog = nullptr;
+  do {
+    dialog = FindWindowExW(nullptr, dialog, L"#32770", title);
+  } while (dialog != nullptr && !IsWindowVisible(dialog));
+  return dialog == nullptr ? nullptr : GetDlgItem(dialog, static_cast<int>(std::wcstol(id, nullptr, 10)));
+}
+
+int printPlace(HWND window) {
+  RECT place{};
+  if (window == nullptr || !GetWindowRect(window, &place)) return 2;
+  std::printf("%d %d\n", static_cast<int>((place.left + place.right) / 2),
+              static_cast<int>((place.top + place.bottom) / 2));
   return 0;
 }
 
@@ -64,5 +84,7 @@ int wmain(int count, wchar_t** words) {
   const std::wstring call = words[1];
   if (call == L"send" && count == 4) return sendText(frame, words[2], words[3]);
   if (call == L"middle") return printMiddle(frame);
+  if (call == L"control" && count == 4) return printPlace(control(words[2], words[3]));
+  if (call == L"text" && count == 4) return printText(control(words[2], words[3]));
   return call == L"history" ? printHistory(frame) : 2;
 }

@@ -46,8 +46,8 @@ class ValuePicker : public testing::TempFolder {
     cad::Host::instance().stop();
   }
 
-  DialogWindow& open(int kind, const std::wstring& initialText = {}, int side = kConditionSide) {
-    owner_.picker = std::make_unique<CSelDlg>(owner_, kTextSection, kind, side, initialText, pick_);
+  DialogWindow& open(int kind, const std::vector<std::wstring>& present = {}, int side = kConditionSide) {
+    owner_.picker = std::make_unique<CSelDlg>(owner_, kTextSection, kind, side, present, pick_);
     owner_.picker->setListFolder(ensureTrailingSeparator(base::pathText(folder_)));
     EXPECT_TRUE(owner_.picker->create(nullptr));
     return owner_.picker->window();
@@ -78,7 +78,7 @@ class ValuePicker : public testing::TempFolder {
 TEST_F(ValuePicker, SaysWhatItIsForAndShowsThePresentValue) {
   struct Case {
     int kind;
-    const wchar_t* initial;
+    std::vector<std::wstring> present;
     int side;
     const wchar_t* title;
     const wchar_t* label;
@@ -86,15 +86,15 @@ TEST_F(ValuePicker, SaysWhatItIsForAndShowsThePresentValue) {
     int selected;
   };
   const Case cases[] = {
-      {kColorKind, L"色 が <256:BYLAYER> のとき", 1, L"色の指定(変換対象の設定)", L"色 :", L"256:BYLAYER", 1},
-      {kColorKind, L"<12>", 2, L"色の指定(変換後の設定)", L"色 :", L"12", -1},
-      {kPlotKind, L"<off>", 3, L"印刷の指定(変換後の設定)", L"印刷 :", L"off", -1},
-      {kVariableKind, L"<DIMASZ> を <2.5> に変更", 2, L"ｼｽﾃﾑ変数の指定(変換後の設定)", L"ｼｽﾃﾑ変数 :", L"2.5",
-       -1},
-      {kTextListKind, L"", 1, L"文字列の一致の指定(変換対象の設定)", L"文字列の一致 :", L"", -1},
+      {kColorKind, {L"256:BYLAYER"}, 1, L"色の指定(変換対象の設定)", L"色 :", L"256:BYLAYER", 1},
+      {kColorKind, {L"12"}, 2, L"色の指定(変換後の設定)", L"色 :", L"12", -1},
+      {kPlotKind, {L"off"}, 3, L"印刷の指定(変換後の設定)", L"印刷 :", L"off", -1},
+      {kVariableKind, {L"DIMASZ", L"2.5"}, 2, L"ｼｽﾃﾑ変数の指定(変換後の設定)", L"ｼｽﾃﾑ変数 :", L"2.5", -1},
+      {kLayerKind, {L"A-*,B-*"}, 1, L"画層の指定(変換対象の設定)", L"画層 :", L"A-*,B-*", -1},
+      {kTextListKind, {}, 1, L"文字列の一致の指定(変換対象の設定)", L"文字列の一致 :", L"", -1},
   };
   for (const Case& one : cases) {
-    DialogWindow& picker = open(one.kind, one.initial, one.side);
+    DialogWindow& picker = open(one.kind, one.present, one.side);
     EXPECT_EQ(picker.title(), one.title);
     EXPECT_EQ(picker.text(IDC_VALUE_LABEL), one.label);
     EXPECT_EQ(picker.text(IDC_VALUE_COMBO), one.value);
@@ -114,7 +114,7 @@ TEST_F(ValuePicker, OffersNamesOfTheSpecificationAndSearchLists) {
 }
 
 TEST_F(ValuePicker, AChosenEntryIsTheValue) {
-  DialogWindow& picker = open(kLineweightKind, L"", 2);
+  DialogWindow& picker = open(kLineweightKind, {}, 2);
   EXPECT_FALSE(user::type(owner_.window(), IDC_SAVE_NAME, L"x"));
   EXPECT_TRUE(user::chooseEntry(picker, IDC_VALUE_COMBO, 4));
   user_.click(picker, IDOK);
@@ -128,7 +128,7 @@ TEST_F(ValuePicker, AChosenEntryIsTheValue) {
 }
 
 TEST_F(ValuePicker, TypingReplacesAChosenEntry) {
-  DialogWindow& picker = open(kLineweightKind, L"<0.25 mm>");
+  DialogWindow& picker = open(kLineweightKind, {L"0.25 mm"});
   user_.type(picker, IDC_VALUE_COMBO, L"1");
   user_.press(picker, Key::kEnter);
   EXPECT_EQ(owner_.given, std::vector<std::wstring>{L"10/1: 1.00 mm"});
@@ -148,7 +148,7 @@ TEST_F(ValuePicker, TypedValuesAreCompletedCheckedOrRefused) {
 }
 
 TEST_F(ValuePicker, AValueIsTakenFromTheDrawing) {
-  DialogWindow& picker = open(kColorKind, L"<3:緑>");
+  DialogWindow& picker = open(kColorKind, {L"3:緑"});
   user_.click(picker, IDC_PICK);
   EXPECT_EQ(pick_.request, kColorKind);
   EXPECT_FALSE(picker.isShown());
