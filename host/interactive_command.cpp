@@ -40,7 +40,7 @@ void beginAnew() {
 void printReport() {
   ConversionContext& context = conversionContext();
   printBatchReport(context.batchFiles, context.contextPaths[kSourceFolder]);
-  context.batchFiles.reset();
+  if (context.batchFiles) context.batchFiles->clear();
 }
 
 void makeDialog() {
@@ -69,30 +69,18 @@ bool isDialogUp() {
   return dialog != nullptr && dialog->hasWindow() && dialog->window().isShown();
 }
 
-// Whether nobody will use the dialog any more. A host that has no input to wait for says so at once and for
-// ever, and without waiting no window event is served either: that is a session whose script has run out,
-// or a host that goes down. One refusal by a host with a person before it is nothing.
-class Abandonment {
- public:
-  bool isCertainAfter(int waitResult) {
-    refusals_ = waitResult == RTERROR ? refusals_ + 1 : 0;
-    return refusals_ > (dialogScript() != nullptr ? 0 : kRefusalsOfABusyHost);
-  }
-
- private:
-  static constexpr int kRefusalsOfABusyHost = 100;
-  int refusals_ = 0;
-};
+// A scripted session whose script has run out: the host has no input to wait for, and never will. What a host
+// with a person before it answers is not looked at, or a refusal would cost the person's work.
+bool isAbandoned(int waitResult) { return waitResult == RTERROR && dialogScript() != nullptr; }
 
 void waitForDialog() {
-  Abandonment abandonment;
   while (isDialogUp()) {
     int kind = 0;
     resbuf event{};
     const int result = acedGrRead(kAllTracking, &kind, &event);
     if (conversionContext().pick.request >= 1) {
       servePick();
-    } else if (isDialogUp() && abandonment.isCertainAfter(result)) {
+    } else if (isDialogUp() && isAbandoned(result)) {
       conversionContext().dialog->cancel();
     }
   }
@@ -140,6 +128,7 @@ bool serveClosedDialog() {
     return false;
   }
   if (startBatch()) return false;
+  beginAnew();
   context.dialog->reopen();
   return true;
 }
