@@ -7,14 +7,23 @@
 #include "embedded/dxf/region_cursor.h"
 
 namespace cad::dxf {
+namespace {
+
+constexpr int kInvisible = 60;
+
+}  // namespace
 
 GeometryGroups::GeometryGroups(const DxfStorage& storage, const Record& record) : storage_(storage) {
+  constexpr std::size_t kUsual = 24;
+  groups_.reserve(kUsual);
   RegionCursor cursor(storage.bytes(record, scratch_), storage.dialect());
   while (cursor.next()) {
     const Region region = cursor.region();
     if (region == Region::kExtendedData || region == Region::kEmbedded) break;
     const bool own = region == Region::kSubclass && cursor.subclass() != "AcDbEntity";
     if (own || region == Region::kHead) groups_.push_back(cursor.group());
+    const bool common = region == Region::kSubclass ? !own : region == Region::kHead;
+    if (common && cursor.group().code == kInvisible) invisible_ = whole(cursor.group()) == 1;
   }
 }
 

@@ -19,6 +19,7 @@ class GeometryGroups {
   GeometryGroups& operator=(const GeometryGroups&) = delete;
 
   const std::vector<Group>& all() const { return groups_; }
+  bool invisible() const { return invisible_; }
   // The values of a group; of several the first. Numbers that are not finite count as 0.
   double real(int code, double otherwise = 0) const;
   int integer(int code, int otherwise = 0) const;
@@ -38,6 +39,7 @@ class GeometryGroups {
   const DxfStorage& storage_;
   std::string scratch_;
   std::vector<Group> groups_;
+  bool invisible_ = false;
 };
 
 // Of a record of the type that the name says.

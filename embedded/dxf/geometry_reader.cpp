@@ -214,6 +214,7 @@ Geometry DxfStorage::readGeometry(const Drawing& drawing, RecordId entity) const
   const auto* reader = std::ranges::find(kReaders, type, &TypeReader::type);
   if (reader == std::end(kReaders)) return {};
   const GeometryGroups groups(*this, drawing.record(entity));
+  if (groups.invisible()) return {};
   return reader->read({drawing, *this, entity, groups});
 }
 

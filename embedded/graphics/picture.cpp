@@ -211,7 +211,6 @@ void Picture::clear() {
 void PictureMaker::addOne(RecordId entity, bool inBlock, Picture& to) {
   const LayerLook layer = layers_.of(entity);
   if (layer.frozen && !layer.zero) return;
-  if (drawing_.integer(entity, Property::kInvisible).value_or(0) == 1) return;
   const Geometry geometry = drawing_.geometry(entity);
   if (isHidden(geometry, inBlock)) return;
   // What a reference on a layer that is off shows depends on the layers of the block's own objects.
@@ -224,8 +223,9 @@ void PictureMaker::addOne(RecordId entity, bool inBlock, Picture& to) {
 
 void PictureMaker::add(RecordId entity, bool inBlock, Picture& to) {
   addOne(entity, inBlock, to);
-  if (drawing_.typeName(entity) != "INSERT") return;
-  for (const RecordId part : drawing_.subRecordsOf(entity)) {
+  const std::span<const RecordId> parts = drawing_.subRecordsOf(entity);
+  if (parts.empty() || drawing_.typeName(entity) != "INSERT") return;
+  for (const RecordId part : parts) {
     if (!drawing_.record(part).erased() && drawing_.typeName(part) == "ATTRIB") addOne(part, inBlock, to);
   }
 }
