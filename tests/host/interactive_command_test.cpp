@@ -223,7 +223,8 @@ TEST_F(InteractiveCommand, AfterABatchTheReportIsPrintedAndTheHiddenDialogShown)
     EXPECT_EQ(context.dialog.get(), kept);
     EXPECT_TRUE(window().isShown());
     EXPECT_EQ(context.batchRemaining, 0);
-    EXPECT_FALSE(context.batchFiles);
+    ASSERT_TRUE(context.batchFiles);
+    EXPECT_TRUE(context.batchFiles->empty());
   });
   thenClicks(IDCANCEL);
   run();
