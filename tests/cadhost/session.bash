@@ -13,6 +13,9 @@
 # CADHOST_DISPLAY=current the display that is there is used: all programs of a Wine prefix share their screen.
 # Class names and control numbers stand in cadhost/resource.h.
 
+# Titles are Japanese, on the command lines of Windows programs too.
+export LC_ALL=C.UTF-8
+
 cadhost_menu_height=19  # the drawing begins below the menu
 
 cadhost_root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/../.." && pwd)
