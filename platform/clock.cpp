@@ -25,8 +25,18 @@ bool toLocal(std::time_t time, std::tm& parts) {
 std::wstring localTimeText(const wchar_t* format) {
   std::tm parts{};
   if (!toLocal(clockFunction() ? clockFunction()() : std::time(nullptr), parts)) return {};
-  wchar_t text[kTextSize];
-  return std::wstring(text, std::wcsftime(text, kTextSize, format, &parts));
+  // One part at a time: some systems' function takes no Japanese text outside a Japanese locale.
+  std::wstring text;
+  for (; *format != 0; ++format) {
+    if (*format != L'%' || format[1] == 0) {
+      text += *format;
+      continue;
+    }
+    const wchar_t part[] = {L'%', *++format, 0};
+    wchar_t value[kTextSize];
+    text.append(value, std::wcsftime(value, kTextSize, part, &parts));
+  }
+  return text.size() < kTextSize ? text : std::wstring();
 }
 
 void setClock(std::function<std::time_t()> clock) { clockFunction() = std::move(clock); }

@@ -102,7 +102,7 @@ class HostTest : public testing::Test {
   cad::Host& host() { return cad::Host::instance(); }
   cad::Drawing& drawing() { return host().currentDrawing(); }
 
-  std::filesystem::path write(const std::string& name, const std::string& bytes) {
+  std::filesystem::path write(const std::filesystem::path& name, const std::string& bytes) {
     std::ofstream(folder_ / name, std::ios::binary) << bytes;
     return folder_ / name;
   }
