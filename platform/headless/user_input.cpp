@@ -148,6 +148,14 @@ bool rightClickItem(DialogWindow& window, int id, TreeItem item) {
   return true;
 }
 
+// Rows have no height here: there is always room below the last row.
+bool rightClickEmpty(DialogWindow& window, int id) {
+  const Reached reached(window, id);
+  if (!reached || !reached.control->tree) return false;
+  desktop().run([&] { reached.touch(); });
+  return true;
+}
+
 bool rightClickRow(DialogWindow& window, int id, int row) {
   const Reached reached(window, id);
   if (!hasRow(reached, row) || !reached.control->grid) return false;

@@ -47,24 +47,31 @@ void press(HWND dialog, int command) {
   SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(command, BN_CLICKED), reinterpret_cast<LPARAM>(button));
 }
 
-// The row under the pointer becomes the chosen one, as at a click with the left button.
-void chooseUnder(HWND control, POINT place) {
-  if (isOfClass(control, WC_TREEVIEWW)) {
-    TVHITTESTINFO hit{};
-    hit.pt = place;
-    if (SendMessageW(control, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)))
-      SendMessageW(control, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(hit.hItem));
-  } else if (isOfClass(control, WC_LISTVIEWW)) {
-    LVHITTESTINFO hit{};
-    hit.pt = place;
-    LVITEMW item{};
-    item.stateMask = item.state = LVIS_SELECTED | LVIS_FOCUSED;
-    if (SendMessageW(control, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)) >= 0)
-      SendMessageW(control, LVM_SETITEMSTATE, static_cast<WPARAM>(hit.iItem),
-                   reinterpret_cast<LPARAM>(&item));
-  } else {
-    SendMessageW(control, kGridChooseAt, 0, MAKELPARAM(place.x, place.y));
-  }
+bool chooseTreeItemUnder(HWND tree, POINT place) {
+  TVHITTESTINFO hit{};
+  hit.pt = place;
+  if (!SendMessageW(tree, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit))) return false;
+  SendMessageW(tree, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(hit.hItem));
+  return true;
+}
+
+bool chooseListRowUnder(HWND list, POINT place) {
+  LVHITTESTINFO hit{};
+  hit.pt = place;
+  if (SendMessageW(list, LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit)) < 0) return false;
+  LVITEMW item{};
+  item.stateMask = item.state = LVIS_SELECTED | LVIS_FOCUSED;
+  SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(hit.iItem), reinterpret_cast<LPARAM>(&item));
+  return true;
+}
+
+// The row under the pointer becomes the chosen one, as at a click with the left button. False where the
+// pointer is on nothing that a menu could be about; a grid can gain rows wherever it is.
+bool chooseUnder(HWND control, POINT place) {
+  if (isOfClass(control, WC_TREEVIEWW)) return chooseTreeItemUnder(control, place);
+  if (isOfClass(control, WC_LISTVIEWW)) return chooseListRowUnder(control, place);
+  SendMessageW(control, kGridChooseAt, 0, MAKELPARAM(place.x, place.y));
+  return true;
 }
 
 // Where a menu opens that the keyboard asked for: under the chosen row.
@@ -146,7 +153,7 @@ LRESULT CALLBACK watcher(HWND control, UINT message, WPARAM first, LPARAM second
       chooseUnder(control, place);
       return 0;
     case WM_RBUTTONUP:
-      openMenu(*window, control, place);
+      if (chooseUnder(control, place)) openMenu(*window, control, place);
       return 0;
     case WM_CONTEXTMENU:
       if (second == -1) openMenu(*window, control, placeOfChosenRow(control));

@@ -106,6 +106,19 @@ bool rightClickItem(DialogWindow& window, int id, TreeItem item) {
   return clickItemWith(window, id, item, MouseButton::kRight);
 }
 
+bool rightClickEmpty(DialogWindow& window, int id) {
+  const Reach reach(window, id);
+  if (!reach.isA(WC_TREEVIEWW)) return false;
+  TVHITTESTINFO hit{};
+  RECT inside{};
+  GetClientRect(reach.control(), &inside);
+  hit.pt = {inside.right / 2, inside.bottom - 1};
+  if (SendMessageW(reach.control(), TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit))) return false;
+  reach.bringToFront();
+  win32::clickAt(reach.control(), hit.pt, MouseButton::kRight);
+  return true;
+}
+
 bool typeCell(DialogWindow& window, int id, int row, std::wstring_view text) {
   if (!isGrid(Reach(window, id)) || !clickRow(window, id, row)) return false;
   const Reach reach(window, id);

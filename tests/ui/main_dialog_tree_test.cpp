@@ -227,6 +227,16 @@ TEST_F(MainDialogTree, MenusGreyWhatCannotApply) {
   user_.rightClickItem(window(), IDC_MAIN_TREE, item({}));  // the root has no menu
 }
 
+// The person expects no menu here: one that came would fail the test.
+TEST_F(MainDialogTree, BesideTheRowsThereIsNoMenu) {
+  makeConfig(L"EMPTY.CVT", L"[備考]\r\n\r\n[EOF]\r\n");
+  load(L"EMPTY.CVT");
+  select({L"文字"});
+  user_.rightClickEmpty(window(), IDC_MAIN_TREE);
+  EXPECT_EQ(selectedText(), L"文字");
+  EXPECT_EQ(offered({L"文字"}), std::vector<int>{IDC_ADD_SETTING});
+}
+
 TEST_F(MainDialogTree, VariablesAreCopiedIntoTheDimensionSettings) {
   chooseFromMenu({L"文字", L"設定1"}, 0);
   EXPECT_EQ(user_.menuCaptions().back(), L"設定を削除");

@@ -219,6 +219,11 @@ void User::rightClickItem(DialogWindow& window, int id, TreeItem item, Where whe
   mustDo(user::rightClickItem(window, id, item), where, L"right-click that item of", window, id);
 }
 
+void User::rightClickEmpty(DialogWindow& window, int id, Where where) {
+  lastHand_ = where;
+  mustDo(user::rightClickEmpty(window, id), where, L"right-click below the rows of", window, id);
+}
+
 void User::rightClickRow(DialogWindow& window, int id, int row, Where where) {
   lastHand_ = where;
   mustDo(user::rightClickRow(window, id, row), where, L"right-click that row of", window, id);

@@ -57,6 +57,7 @@ class User : public DialogScript {
   void clickHeader(DialogWindow& window, int id, int column, Where where = Where::current());
   void clickItem(DialogWindow& window, int id, TreeItem item, Where where = Where::current());
   void rightClickItem(DialogWindow& window, int id, TreeItem item, Where where = Where::current());
+  void rightClickEmpty(DialogWindow& window, int id, Where where = Where::current());
   void rightClickRow(DialogWindow& window, int id, int row, Where where = Where::current());
   void typeCell(DialogWindow& window, int id, int row, std::wstring_view text,
                 Where where = Where::current());
