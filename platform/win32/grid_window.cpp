@@ -11,7 +11,8 @@
 namespace kiv::win32 {
 namespace {
 
-constexpr int kPadding = 3;
+constexpr int kPadding = 3;  // before a cell's text
+constexpr int kLeading = 4;  // between the texts of two rows
 constexpr int kWheelRows = 3;
 
 // A font of this size with no font given: the one that the system draws its own texts in.
@@ -48,6 +49,9 @@ void registerGridClass() {
 
 GridWindow::GridWindow(HWND handle) : handle_(handle), font_(standardFont()), editor_(handle) {
   SetWindowLongPtrW(handle, GWL_STYLE, GetWindowLongPtrW(handle, GWL_STYLE) | WS_VSCROLL | WS_CLIPCHILDREN);
+  // The inner area shrinks by the scroll bar.
+  SetWindowPos(handle, nullptr, 0, 0, 0, 0,
+               SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
   measure();
 }
 
@@ -95,7 +99,7 @@ void GridWindow::measure() {
   SelectObject(canvas, before);
   ReleaseDC(handle_, canvas);
   layout_.padding = scaled(kPadding);
-  layout_.rowHeight = number.cy + 2 * layout_.padding;
+  layout_.rowHeight = number.cy + scaled(kLeading);
   layout_.numberWidth = number.cx + 2 * layout_.padding;
   editor_.setFont(font_, layout_.padding);
   arrange();
@@ -115,10 +119,7 @@ void GridWindow::scrollTo(int topRow) {
   RECT cell{};
   if (rows_.has(rows_.current())) {
     cell = layout_.cell(rows_.current());
-    const int gap = std::max(
-        0, (static_cast<int>(cell.bottom - cell.top) - 1 - layout_.rowHeight + 2 * layout_.padding) / 2 -
-               layout_.padding);
-    cell.top += layout_.padding - 1 + gap;
+    cell.top += scaled(kLeading) / 2;  // where the text of the other rows is
     cell.bottom -= 1;
     cell.right -= 1;
   }

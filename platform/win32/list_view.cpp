@@ -11,7 +11,7 @@ constexpr UINT kSelectedAndFocused = LVIS_SELECTED | LVIS_FOCUSED;
 }  // namespace
 
 SystemListView::SystemListView(HWND handle, int& quietDepth) : Control(handle, quietDepth) {
-  const DWORD style = LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES;
+  const DWORD style = LVS_EX_FULLROWSELECT;
   send(LVM_SETEXTENDEDLISTVIEWSTYLE, style, static_cast<LPARAM>(style));
 }
 
