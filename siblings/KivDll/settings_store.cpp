@@ -12,7 +12,8 @@ namespace fs = std::filesystem;
 base::Status SettingsStore::refresh() {
   std::error_code error;
   std::string bytes;
-  if (fs::exists(file_, error)) {
+  // Only a file that is known to be missing is empty: what cannot be looked at may hold everybody's settings.
+  if (fs::status(file_, error).type() != fs::file_type::not_found) {
     base::Result<std::string> content = base::readFile(file_);
     if (!content) return content.failure();
     bytes = std::move(content.value());

@@ -63,6 +63,18 @@ TEST_F(SettingsStoreTest, AFileThatCannotBeReadIsNotReplaced) {
   EXPECT_TRUE(fs::is_directory(file_));
 }
 
+// A link to itself cannot even be looked at; no user is privileged enough.
+TEST_F(SettingsStoreTest, AFileThatCannotBeLookedAtIsNotReplaced) {
+  fs::create_directories(file_.parent_path());
+  std::error_code refused;
+  fs::create_symlink(file_.filename(), file_, refused);
+  if (refused) GTEST_SKIP() << "no links here: " << refused.message();
+  SettingsStore store(file_);
+  EXPECT_EQ(store.read(L"A"), std::nullopt);
+  EXPECT_FALSE(store.write(L"A", L"1").ok());
+  EXPECT_TRUE(fs::is_symlink(fs::symlink_status(file_)));
+}
+
 TEST_F(SettingsStoreTest, ThreadsLoseNothing) {
   constexpr int kThreads = 4, kEach = 25;
   SettingsStore shared(file_);
