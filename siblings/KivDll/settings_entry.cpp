@@ -10,13 +10,14 @@
 namespace kiv {
 namespace {
 
-// Another environment names another file.
+// Null where the system tells no folder for settings. Another environment names another file.
 std::shared_ptr<SettingsStore> store() {
   static std::filesystem::path file;
   static std::shared_ptr<SettingsStore> current;
   static std::mutex mutex;
   const std::lock_guard<std::mutex> guard(mutex);
   const std::filesystem::path wanted = settingsFile();
+  if (wanted.empty()) return nullptr;
   if (!current || file != wanted) {
     current = std::make_shared<SettingsStore>(wanted);
     file = wanted;
@@ -40,9 +41,10 @@ int copyOut(const std::wstring& value, wchar_t* text, int capacity) {
 }  // namespace kiv
 
 int dll_kiv_getcfgCmn(const wchar_t* key, wchar_t* text, int capacity) {
-  if (key == nullptr || kiv::settingsFile().empty()) return -1;
+  if (key == nullptr) return -1;
   try {
-    const std::optional<std::wstring> value = kiv::store()->read(key);
+    const auto store = kiv::store();
+    const std::optional<std::wstring> value = store ? store->read(key) : std::nullopt;
     return value ? kiv::copyOut(*value, text, capacity) : -1;
   } catch (const std::exception&) {
     return -1;
@@ -50,9 +52,10 @@ int dll_kiv_getcfgCmn(const wchar_t* key, wchar_t* text, int capacity) {
 }
 
 int dll_kiv_setcfgCmn(const wchar_t* key, const wchar_t* text) {
-  if (key == nullptr || text == nullptr || kiv::settingsFile().empty()) return 0;
+  if (key == nullptr || text == nullptr) return 0;
   try {
-    return kiv::store()->write(key, text).ok() ? 1 : 0;
+    const auto store = kiv::store();
+    return store && store->write(key, text).ok() ? 1 : 0;
   } catch (const std::exception&) {
     return 0;
   }
