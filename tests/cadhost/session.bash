@@ -3,7 +3,7 @@
 #   cadhost_start [OPTION... DRAWING...]   starts it and waits for its window; files by their paths here
 #   cadhost_type TEXT                      types a line at the command line, Enter included
 #   cadhost_key KEY...                     presses keys by xdotool's names
-#   cadhost_click X Y                      clicks into the drawing, pixels from its upper left corner
+#   cadhost_click X Y                      clicks there, pixels of the screen
 #   cadhost_wait_window TITLE [SECONDS]    prints the id of the visible window whose title matches
 #   cadhost_wait_title TEXT [SECONDS]      waits until the frame's title contains it
 #   cadhost_screenshot FILE.png            the whole display
@@ -15,8 +15,6 @@
 
 # Titles are Japanese, on the command lines of Windows programs too.
 export LC_ALL=C.UTF-8
-
-cadhost_menu_height=19  # the drawing begins below the menu
 
 cadhost_root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/../.." && pwd)
 CADHOST_BIN=${CADHOST_BIN:-$cadhost_root/build/windows/bin}
@@ -87,7 +85,7 @@ cadhost_type() {
 cadhost_key() { xdotool key --delay 50 "$@"; }
 
 cadhost_click() {
-  xdotool mousemove --window "$cadhost_frame" "$1" "$(($2 + cadhost_menu_height))"
+  xdotool mousemove "$1" "$2"
   sleep 0.2
   xdotool click 1
 }

@@ -1,7 +1,7 @@
 // What a session asks of cadhost's windows from another program:
 //   window_probe send KIND TEXT   types the text by a copied-data message and prints the window's answer;
 //                                 "\x03" and "\n" in the text stand for those characters
-//   window_probe middle           prints the middle of the drawing, pixels from its upper left corner
+//   window_probe middle           prints the middle of the drawing, pixels of the screen
 //   window_probe history          prints the command history, UTF-8
 //   window_probe control TITLE ID prints the middle of a control of the dialog, pixels of the screen
 //   window_probe text TITLE ID    prints the control's text, UTF-8
@@ -41,13 +41,6 @@ int sendText(HWND frame, const wchar_t* kind, const wchar_t* escaped) {
   return 0;
 }
 
-int printMiddle(HWND frame) {
-  RECT area{};
-  if (!GetClientRect(GetDlgItem(frame, IDC_DRAWING), &area)) return 2;
-  std::printf("%d %d\n", static_cast<int>(area.right / 2), static_cast<int>(area.bottom / 2));
-  return 0;
-}
-
 int printText(HWND window) {
   if (window == nullptr) return 2;
   std::wstring text(static_cast<std::size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
@@ -68,7 +61,7 @@ HWND control(const wchar_t* title, const wchar_t* id) {
   return dialog == nullptr ? nullptr : GetDlgItem(dialog, static_cast<int>(std::wcstol(id, nullptr, 10)));
 }
 
-int printPlace(HWND window) {
+int printMiddle(HWND window) {
   RECT place{};
   if (window == nullptr || !GetWindowRect(window, &place)) return 2;
   std::printf("%d %d\n", static_cast<int>((place.left + place.right) / 2),
@@ -83,8 +76,8 @@ int wmain(int count, wchar_t** words) {
   if (count < 2 || frame == nullptr) return 2;
   const std::wstring call = words[1];
   if (call == L"send" && count == 4) return sendText(frame, words[2], words[3]);
-  if (call == L"middle") return printMiddle(frame);
-  if (call == L"control" && count == 4) return printPlace(control(words[2], words[3]));
+  if (call == L"middle") return printMiddle(GetDlgItem(frame, IDC_DRAWING));
+  if (call == L"control" && count == 4) return printMiddle(control(words[2], words[3]));
   if (call == L"text" && count == 4) return printText(control(words[2], words[3]));
   return call == L"history" ? printHistory(frame) : 2;
 }

@@ -108,7 +108,7 @@ class Case : public ::testing::TestWithParam<std::string> {
     }
   }
   void TearDown() override {
-    if (!work_.empty()) fs::remove_all(work_);
+    if (!work_.empty()) test_support::removeFolder(work_);
   }
 
   fs::path source() const { return fs::path(KIV_CASES) / GetParam(); }

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "base/codepage.h"
+#include "base/files.h"
 #include "tests/support/temp_path.h"
 
 namespace kivcli::testing {
@@ -23,6 +24,8 @@ std::string layerRecord(const std::string& name, int flags) {
          "\r\n 62\r\n     7\r\n  6\r\nCONTINUOUS\r\n";
 }
 
+fs::path pathOf(std::string_view utf8) { return base::pathFromText(base::fromUtf8(utf8)); }
+
 }  // namespace
 
 void ProgramTest::SetUp() {
@@ -31,7 +34,7 @@ void ProgramTest::SetUp() {
   ASSERT_TRUE(fs::create_directory(folder_));
 }
 
-void ProgramTest::TearDown() { fs::remove_all(folder_); }
+void ProgramTest::TearDown() { test_support::removeFolder(folder_); }
 
 ProgramRun ProgramTest::kivcvt(const std::vector<std::string>& words) const {
   ProgramRun run = test_support::runProgram(KIVCVT_PROGRAM, words, folder_);
@@ -43,22 +46,23 @@ ProgramRun ProgramTest::kivcvt(const std::vector<std::string>& words) const {
 }
 
 void ProgramTest::write(const std::string& name, std::string_view bytes) const {
-  fs::create_directories((folder_ / name).parent_path());
-  std::ofstream file(folder_ / name, std::ios::binary);
+  const fs::path path = folder_ / pathOf(name);
+  fs::create_directories(path.parent_path());
+  std::ofstream file(path, std::ios::binary);
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   ASSERT_TRUE(file.good()) << name;
 }
 
 std::string ProgramTest::read(const std::string& name) const {
-  std::ifstream file(folder_ / name, std::ios::binary);
+  std::ifstream file(folder_ / pathOf(name), std::ios::binary);
   EXPECT_TRUE(file.good()) << name;
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
 std::vector<std::string> ProgramTest::filesIn(const std::string& name) const {
   std::vector<std::string> names;
-  for (const fs::directory_entry& entry : fs::directory_iterator(folder_ / name)) {
-    names.push_back(entry.path().filename().string());
+  for (const fs::directory_entry& entry : fs::directory_iterator(folder_ / pathOf(name))) {
+    names.push_back(base::toUtf8(base::pathText(entry.path().filename())));
   }
   std::sort(names.begin(), names.end());
   return names;

@@ -7,11 +7,13 @@
 #include <unistd.h>
 #endif
 
-#include <ctime>
-
+#include <chrono>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <string>
+#include <system_error>
+#include <thread>
 
 namespace test_support {
 
@@ -26,6 +28,17 @@ inline int processId() {
 // A path of this process's own for temporary files; nothing stands there yet.
 inline std::filesystem::path tempPath(const std::string& name) {
   return std::filesystem::temp_directory_path() / (name + "_" + std::to_string(processId()));
+}
+
+// With all it holds. A system may let go of an ended program's folder a moment late.
+inline void removeFolder(const std::filesystem::path& folder) {
+  std::error_code refused;
+  for (int tries = 0; tries < 100; ++tries) {
+    std::filesystem::remove_all(folder, refused);
+    if (!refused) return;
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  }
+  throw std::filesystem::filesystem_error("cannot remove", folder, refused);
 }
 
 // For the whole process; `zone` as in the environment variable TZ.
