@@ -21,25 +21,30 @@ std::map<std::wstring, std::wstring>& overrides() {
   return values;
 }
 
-// The store's functions, looked for once per process; what is missing is said once.
+// The store's functions, looked for once per process; what is missing or fails is said once.
 class Store {
  public:
-  static const Store& instance() {
-    static const Store store;
+  static Store& instance() {
+    static Store store;
     return store;
   }
 
   std::optional<std::wstring> read(const wchar_t* key) const {
     if (!get_) return std::nullopt;
-    const int length = get_(key, nullptr, 0);
-    if (length < 0) return std::nullopt;
-    std::vector<wchar_t> text(static_cast<size_t>(length) + 1);
-    if (get_(key, text.data(), static_cast<int>(text.size())) < 0) return std::nullopt;
-    return std::wstring(text.data());
+    int length = get_(key, nullptr, 0);
+    while (length >= 0) {
+      std::vector<wchar_t> text(static_cast<size_t>(length) + 1);
+      const int copied = get_(key, text.data(), static_cast<int>(text.size()));
+      if (copied >= 0 && copied <= length) return std::wstring(text.data());
+      length = copied;  // another process has lengthened or removed the text meanwhile
+    }
+    return std::nullopt;
   }
 
-  void write(const wchar_t* key, const wchar_t* value) const {
-    if (set_) static_cast<void>(set_(key, value));
+  void write(const wchar_t* key, const wchar_t* value) {
+    if (!set_ || set_(key, value) == 1 || lossSaid_) return;
+    lossSaid_ = true;
+    printError(L"設定を保存できません.");
   }
 
  private:
@@ -63,6 +68,7 @@ class Store {
   std::unique_ptr<SiblingModule> module_;
   GetCommonSetting get_ = nullptr;
   SetCommonSetting set_ = nullptr;
+  bool lossSaid_ = false;
 };
 
 std::optional<std::wstring> readSetting(const wchar_t* key) {

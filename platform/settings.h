@@ -12,7 +12,8 @@ namespace kiv {
 int readCommonInteger(const wchar_t* key, int fallback);
 std::wstring readCommonText(const wchar_t* key, const wchar_t* fallback);
 
-// Kept by the sibling; lost without it. A key that is overridden changes for this process only.
+// Kept by the sibling. What it cannot keep is lost, as without it: the command line says so once. A key that
+// is overridden changes for this process only.
 void writeCommonText(const wchar_t* key, const wchar_t* value);
 void writeCommonInteger(const wchar_t* key, int value);
 

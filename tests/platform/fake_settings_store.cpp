@@ -18,12 +18,16 @@ extern "C" __attribute__((visibility("default"))) int dll_kiv_getcfgCmn(const wc
                                                                         int capacity) {
   const auto found = kept().find(key);
   if (found == kept().end()) return -1;
+  // Another process writes between the two calls of a reader.
+  const bool grows = capacity == 0 && std::wcscmp(key, L"Growing") == 0;
   if (capacity > 0) {
     const size_t count = std::min(found->second.size(), static_cast<size_t>(capacity) - 1);
     std::wmemcpy(text, found->second.c_str(), count);
     text[count] = L'\0';
   }
-  return static_cast<int>(found->second.size());
+  const int length = static_cast<int>(found->second.size());
+  if (grows) found->second += L"-and-longer";
+  return length;
 }
 
 extern "C" __attribute__((visibility("default"))) int dll_kiv_setcfgCmn(const wchar_t* key,

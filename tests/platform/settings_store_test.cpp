@@ -18,6 +18,11 @@ TEST(SettingsStore, TextsGoThroughTheSiblingModule) {
   EXPECT_EQ(readCommonText(L"Empty", L"none"), L"");
 }
 
+TEST(SettingsStore, ATextThatGrowsWhileItIsReadArrivesWhole) {
+  writeCommonText(L"Growing", L"long");
+  EXPECT_EQ(readCommonText(L"Growing", L"none"), L"long-and-longer");
+}
+
 TEST(SettingsStore, OverridesAreNotStored) {
   writeCommonInteger(L"KivFileMode", 1);
   overrideCommonSetting(L"KivFileMode", L"5");

@@ -11,7 +11,7 @@
 #include "platform/settings.h"
 #include "platform/settings_store.h"
 #include "siblings/KivDll/exports.h"
-#include "tests/support/temp_path.h"
+#include "tests/embedded/editor/host_fixture.h"
 
 namespace kiv {
 namespace {
@@ -29,8 +29,10 @@ void setEnvironment(const std::filesystem::path& folder) {
 #endif
 }
 
-TEST(SettingsEntry, TextsArriveWholeOrCut) {
-  const std::filesystem::path folder = test_support::tempPath("kiv_settings_entry");
+using SettingsEntry = cad_test::HostTest;
+
+TEST_F(SettingsEntry, TextsArriveWholeOrCut) {
+  const std::filesystem::path folder = folder_ / "settings";
   setEnvironment(folder);
   const auto module = SiblingModule::load(L"KivDll.arx");
   ASSERT_NE(module, nullptr);
@@ -52,8 +54,14 @@ TEST(SettingsEntry, TextsArriveWholeOrCut) {
   writeCommonInteger(L"KivBlock", 2);
   EXPECT_EQ(readCommonInteger(L"KivBlock", 0), 2);
   EXPECT_EQ(readCommonText(L"MorluxLogOutPath", L""), L"記録フォルダ");
-  std::error_code ignored;
-  std::filesystem::remove_all(folder, ignored);
+}
+
+TEST_F(SettingsEntry, ALossIsSaidOnce) {
+  setEnvironment(write("no-folder", "") / "below");
+  writeCommonText(L"KivBlock", L"1");
+  EXPECT_EQ(printed_, L"\nKivｴﾗｰ:設定を保存できません.");
+  writeCommonText(L"KivFileMode", L"1");
+  EXPECT_EQ(printed_, L"\nKivｴﾗｰ:設定を保存できません.");
 }
 
 }  // namespace
