@@ -4,9 +4,9 @@
 #include <string>
 
 #include "base/fold.h"
+#include "siblings/common/lineweights.h"
 #include "spec/color_text.h"
 #include "spec/leading_number.h"
-#include "spec/lineweights.h"
 
 namespace kiv {
 namespace {

@@ -22,7 +22,7 @@ bool pickEntity(const std::wstring& prompt, PickItem item, std::uint32_t mask,
     printOnCommandLine(L"\n cannot found " + std::wstring(kPickModule) + L".");
     return false;
   }
-  const auto pick = module->function<PickEntityFunction>("dll_kiv_entsel");
+  const auto pick = module->function<PickEntity*>("dll_kiv_entsel");
   if (pick == nullptr) {
     printOnCommandLine(L"\n cannot found dll_kiv_entsel() in " + std::wstring(kPickModule) + L".");
     return false;

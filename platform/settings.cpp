@@ -9,7 +9,7 @@
 #include "base/fold.h"
 #include "platform/host_output.h"
 #include "platform/module_loader.h"
-#include "platform/settings_store.h"
+#include "siblings/KivDll/interface.h"
 
 namespace kiv {
 namespace {
@@ -53,8 +53,8 @@ class Store {
       printOnCommandLine(L"\n cannot found " + std::wstring(kStoreModule) + L".");
       return;
     }
-    get_ = find<GetCommonSetting>("dll_kiv_getcfgCmn", L"dll_kiv_getcfgCmn");
-    set_ = find<SetCommonSetting>("dll_kiv_setcfgCmn", L"dll_kiv_setcfgCmn");
+    get_ = find<GetCommonSetting*>("dll_kiv_getcfgCmn", L"dll_kiv_getcfgCmn");
+    set_ = find<SetCommonSetting*>("dll_kiv_setcfgCmn", L"dll_kiv_setcfgCmn");
   }
 
   template <class Function>
@@ -66,8 +66,8 @@ class Store {
   }
 
   std::unique_ptr<SiblingModule> module_;
-  GetCommonSetting get_ = nullptr;
-  SetCommonSetting set_ = nullptr;
+  GetCommonSetting* get_ = nullptr;
+  SetCommonSetting* set_ = nullptr;
   bool lossSaid_ = false;
 };
 

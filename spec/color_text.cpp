@@ -2,23 +2,10 @@
 
 #include <algorithm>
 #include <climits>
-#include <iterator>
 
 #include "base/fold.h"
 
 namespace kiv {
-namespace {
-
-constexpr const wchar_t* kNamed[] = {L"0:BYBLOCK", L"1:赤", L"2:黄", L"3:緑",
-                                     L"4:水色",    L"5:青", L"6:紫", L"7:白"};
-
-}  // namespace
-
-std::wstring colorText(int number) {
-  if (number >= 0 && number < static_cast<int>(std::size(kNamed))) return kNamed[number];
-  return number == kColorByLayer ? L"256:BYLAYER" : std::to_wstring(number);
-}
-
 int colorNumber(std::wstring_view given) {
   const std::wstring_view text = base::trim(given);
   const size_t colon = text.find(L':');

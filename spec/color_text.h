@@ -5,13 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "siblings/common/color_name.h"
+
 namespace kiv {
-
-inline constexpr int kColorByBlock = 0;
-inline constexpr int kColorByLayer = 256;
-
-// As a person sees it: "0:BYBLOCK", "1:赤", ..., "256:BYLAYER", else the number.
-std::wstring colorText(int number);
 
 // Of a text as a person sees or types it. A text with a ":" or a blank is cut there and the larger number of
 // the two halves counts.

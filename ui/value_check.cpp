@@ -1,9 +1,9 @@
 #include "ui/value_check.h"
 
 #include "base/fold.h"
+#include "siblings/common/lineweights.h"
 #include "spec/item_kinds.h"
 #include "spec/leading_number.h"
-#include "spec/lineweights.h"
 
 namespace kiv {
 namespace {

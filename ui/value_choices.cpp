@@ -10,10 +10,10 @@
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "platform/settings.h"
+#include "siblings/common/lineweights.h"
 #include "spec/color_text.h"
 #include "spec/item_kinds.h"
 #include "spec/leading_number.h"
-#include "spec/lineweights.h"
 #include "ui/specification_files.h"
 
 namespace kiv {

@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "base/fold.h"
+#include "siblings/common/lineweights.h"
 #include "spec/color_text.h"
 #include "spec/item_kinds.h"
-#include "spec/lineweights.h"
 
 namespace kiv {
 namespace {

@@ -6,21 +6,23 @@
 namespace kiv {
 namespace {
 
-unsigned kindOf(const AcDbEntity& entity) {
-  if (entity.isKindOf(AcDbBlockReference::desc())) return kBlockReferenceKind;
+constexpr std::uint32_t kPickOthers = kPickAll & ~(kPickBlockReferences | kPickTexts);
+
+std::uint32_t kindOf(const AcDbEntity& entity) {
+  if (entity.isKindOf(AcDbBlockReference::desc())) return kPickBlockReferences;
   const bool text = entity.isKindOf(AcDbText::desc()) || entity.isKindOf(AcDbMText::desc());
-  return text ? kTextKind : kOtherKinds;
+  return text ? kPickTexts : kPickOthers;
 }
 
 }  // namespace
 
-bool isAdmitted(const AcDbEntity& entity, unsigned mask) { return (kindOf(entity) & mask) != 0; }
+bool isAdmitted(const AcDbEntity& entity, std::uint32_t mask) { return (kindOf(entity) & mask) != 0; }
 
-std::wstring wrongKindMessage(unsigned mask) {
-  const unsigned admitted = mask & kEveryKind;
-  if (admitted == kTextKind) return L"\n文字を指示してください。";
-  if (admitted == kBlockReferenceKind) return L"\nﾌﾞﾛｯｸ図形を指示してください。";
-  if (admitted == (kEveryKind & ~kBlockReferenceKind)) return L"\nﾌﾞﾛｯｸ図形以外の図形を指示してください。";
+std::wstring wrongKindMessage(std::uint32_t mask) {
+  const std::uint32_t admitted = mask & kPickAll;
+  if (admitted == kPickTexts) return L"\n文字を指示してください。";
+  if (admitted == kPickBlockReferences) return L"\nﾌﾞﾛｯｸ図形を指示してください。";
+  if (admitted == kPickAllButBlockReferences) return L"\nﾌﾞﾛｯｸ図形以外の図形を指示してください。";
   return L"\nこの種類の図形は指示できません。";
 }
 

@@ -4,20 +4,14 @@
 #include <string>
 
 #include "dbmain.h"
+#include "siblings/KivDll/interface.h"
 
 namespace kiv {
 
-// Bits of a mask.
-enum EntityKind : unsigned {
-  kBlockReferenceKind = 0x0020,
-  kTextKind = 0x0040,  // single-line and multi-line texts, attribute definitions, attributes
-  kOtherKinds = 0xFF9F,
-};
-inline constexpr unsigned kEveryKind = kBlockReferenceKind | kTextKind | kOtherKinds;
-
-bool isAdmitted(const AcDbEntity& entity, unsigned mask);
+// `mask`: bits kPick....
+bool isAdmitted(const AcDbEntity& entity, std::uint32_t mask);
 
 // What to tell a person who picked something that the mask does not admit.
-std::wstring wrongKindMessage(unsigned mask);
+std::wstring wrongKindMessage(std::uint32_t mask);
 
 }  // namespace kiv

@@ -10,7 +10,7 @@
 namespace kiv {
 namespace {
 
-constexpr int kFirstItem = 1, kLastItem = 16;
+constexpr int kFirstItem = static_cast<int>(PickItem::kLayer), kLastItem = static_cast<int>(PickItem::kPlot);
 
 void say(const std::wstring& text) { acutPrintf(L"%ls", text.c_str()); }
 
@@ -35,7 +35,7 @@ AcDbObjectId letPick(const wchar_t* prompt) {
   return id;
 }
 
-std::vector<std::wstring> pick(const wchar_t* prompt, PickedItem item, unsigned mask) {
+std::vector<std::wstring> pick(const wchar_t* prompt, PickItem item, std::uint32_t mask) {
   const AcDbObjectId id = letPick(prompt);
   if (id.isNull()) return {};
   const AcDbEntityPointer entity(id, AcDb::kForRead);
@@ -55,11 +55,11 @@ std::vector<std::wstring> pick(const wchar_t* prompt, PickedItem item, unsigned 
 }  // namespace
 }  // namespace kiv
 
-int dll_kiv_entsel(const wchar_t* prompt, int item, unsigned mask,
-                   void (*take)(const wchar_t* value, void* context), void* context) {
+int dll_kiv_entsel(const wchar_t* prompt, int item, std::uint32_t mask, kiv::TakePickedValue* take,
+                   void* context) {
   if (take == nullptr || item < kiv::kFirstItem || item > kiv::kLastItem) return 0;
   try {
-    const std::vector<std::wstring> values = kiv::pick(prompt, static_cast<kiv::PickedItem>(item), mask);
+    const std::vector<std::wstring> values = kiv::pick(prompt, static_cast<kiv::PickItem>(item), mask);
     for (const std::wstring& value : values) take(value.c_str(), context);
     return values.empty() ? 0 : 1;
   } catch (const std::exception&) {

@@ -81,16 +81,16 @@ LayerState stateOf(const AcDbLayerTableRecord& layer) {
   return {!layer.isOff(), layer.isLocked(), layer.isFrozen(), layer.isPlottable()};
 }
 
-Value layerState(const AcDbEntity& entity, PickedItem item) {
+Value layerState(const AcDbEntity& entity, PickItem item) {
   const AcDbLayerTableRecordPointer layer(entity.layerId(), AcDb::kForRead);
   if (layer.openStatus() != Acad::eOk) return std::nullopt;
   const LayerState state = stateOf(*layer.object());
   switch (item) {
-    case PickedItem::kDisplay:
+    case PickItem::kDisplay:
       return onOffText(state.display);
-    case PickedItem::kLock:
+    case PickItem::kLock:
       return onOffText(state.lock);
-    case PickedItem::kFreeze:
+    case PickItem::kFreeze:
       return onOffText(state.freeze);
     default:
       return onOffText(state.plot);
@@ -112,38 +112,38 @@ std::vector<std::wstring> layerValues(const AcDbEntity& entity) {
           labelled(L"ロック", onOffText(state.lock)),
           labelled(L"フリーズ", onOffText(state.freeze)),
           labelled(L"印刷", onOffText(state.plot)),
-          labelled(L"線幅値", lineWeightText(layer->lineWeight())),
+          labelled(L"線幅値", lineWeightText(layer->lineWeight()).value_or(L"Default")),
           labelled(L"透過性", transparencyText(layer->transparency()))};
 }
 
-Value valueOf(const AcDbEntity& entity, PickedItem item) {
+Value valueOf(const AcDbEntity& entity, PickItem item) {
   switch (item) {
-    case PickedItem::kLinetype:
+    case PickItem::kLinetype:
       return linetype(entity);
-    case PickedItem::kColor:
+    case PickItem::kColor:
       return colorText(entity.colorIndex());
-    case PickedItem::kTextStyle:
+    case PickItem::kTextStyle:
       return textStyle(entity);
-    case PickedItem::kTextHeight:
+    case PickItem::kTextHeight:
       return textHeight(entity);
-    case PickedItem::kTextAngle:
+    case PickItem::kTextAngle:
       return textAngle(entity);
-    case PickedItem::kWidthFactor:
+    case PickItem::kWidthFactor:
       return widthFactor(entity);
-    case PickedItem::kBlock:
+    case PickItem::kBlock:
       return block(entity);
-    case PickedItem::kDimStyle:
+    case PickItem::kDimStyle:
       return dimStyle(entity);
-    case PickedItem::kLineWeight:
+    case PickItem::kLineWeight:
       return lineWeightText(entity.lineWeight());
-    case PickedItem::kTransparency:
+    case PickItem::kTransparency:
       return transparencyText(entity.transparency());
-    case PickedItem::kLinetypeScale:
+    case PickItem::kLinetypeScale:
       return numberText(entity.linetypeScale());
-    case PickedItem::kDisplay:
-    case PickedItem::kLock:
-    case PickedItem::kFreeze:
-    case PickedItem::kPlot:
+    case PickItem::kDisplay:
+    case PickItem::kLock:
+    case PickItem::kFreeze:
+    case PickItem::kPlot:
       return layerState(entity, item);
     default:
       return std::nullopt;
@@ -152,8 +152,8 @@ Value valueOf(const AcDbEntity& entity, PickedItem item) {
 
 }  // namespace
 
-std::vector<std::wstring> pickedValues(const AcDbEntity& entity, PickedItem item) {
-  if (item == PickedItem::kLayer) return layerValues(entity);
+std::vector<std::wstring> pickedValues(const AcDbEntity& entity, PickItem item) {
+  if (item == PickItem::kLayer) return layerValues(entity);
   const Value value = valueOf(entity, item);
   return value ? std::vector<std::wstring>{*value} : std::vector<std::wstring>{};
 }

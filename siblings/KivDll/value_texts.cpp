@@ -2,35 +2,17 @@
 
 #include <charconv>
 #include <cmath>
-#include <cwchar>
 #include <iterator>
 #include <numbers>
 
+#include "siblings/common/lineweights.h"
+
 namespace kiv {
 
-std::wstring colorText(int index) {
-  constexpr const wchar_t* kNamed[] = {L"0:BYBLOCK", L"1:赤", L"2:黄", L"3:緑",
-                                       L"4:水色",    L"5:青", L"6:紫", L"7:白"};
-  if (index >= 0 && index < static_cast<int>(std::size(kNamed))) return kNamed[index];
-  return index == 256 ? L"256:BYLAYER" : std::to_wstring(index);
-}
-
-std::wstring lineWeightText(AcDb::LineWeight weight) {
-  switch (weight) {
-    case AcDb::kLnWtByLayer:
-      return L"ByLayer";
-    case AcDb::kLnWtByBlock:
-      return L"ByBlock";
-    case AcDb::kLnWtByLwDefault:
-      return L"Default";
-    default:
-      break;
-  }
-  const int hundredths = static_cast<int>(weight);
-  std::wstring text = std::to_wstring(hundredths / 100) + L".";
-  text += static_cast<wchar_t>(L'0' + hundredths / 10 % 10);
-  text += static_cast<wchar_t>(L'0' + hundredths % 10);
-  return text + L" mm";
+std::optional<std::wstring> lineWeightText(AcDb::LineWeight weight) {
+  for (const Lineweight& each : lineweights())
+    if (each.hundredths == static_cast<int>(weight)) return each.text;
+  return std::nullopt;
 }
 
 std::wstring transparencyText(const AcCmTransparency& transparency) {

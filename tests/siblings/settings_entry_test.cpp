@@ -3,23 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <type_traits>
 
 #include "base/files.h"
-#include "platform/entity_pick.h"
 #include "platform/module_loader.h"
 #include "platform/settings.h"
-#include "platform/settings_store.h"
-#include "siblings/KivDll/exports.h"
+#include "siblings/KivDll/interface.h"
 #include "tests/embedded/editor/host_fixture.h"
 
 namespace kiv {
 namespace {
-
-// What the module exports is what its callers take it for.
-static_assert(std::is_same_v<decltype(&dll_kiv_getcfgCmn), GetCommonSetting>);
-static_assert(std::is_same_v<decltype(&dll_kiv_setcfgCmn), SetCommonSetting>);
-static_assert(std::is_same_v<decltype(&dll_kiv_entsel), PickEntityFunction>);
 
 void setEnvironment(const std::filesystem::path& folder) {
 #if defined(_WIN32)
@@ -36,8 +28,8 @@ TEST_F(SettingsEntry, TextsArriveWholeOrCut) {
   setEnvironment(folder);
   const auto module = SiblingModule::load(L"KivDll.arx");
   ASSERT_NE(module, nullptr);
-  const auto get = module->function<GetCommonSetting>("dll_kiv_getcfgCmn");
-  const auto set = module->function<SetCommonSetting>("dll_kiv_setcfgCmn");
+  const auto get = module->function<GetCommonSetting*>("dll_kiv_getcfgCmn");
+  const auto set = module->function<SetCommonSetting*>("dll_kiv_setcfgCmn");
   ASSERT_TRUE(get != nullptr && set != nullptr);
   EXPECT_EQ(get(L"MorluxLogOutPath", nullptr, 0), -1);
   EXPECT_EQ(set(L"MorluxLogOutPath", L"記録フォルダ"), 1);

@@ -20,13 +20,10 @@ TEST(ValueTexts, Numbers) {
   EXPECT_EQ(degreesText(-1e-13), L"0");
 }
 
-TEST(ValueTexts, ColoursWeightsAndTransparency) {
-  EXPECT_EQ(colorText(0), L"0:BYBLOCK");
-  EXPECT_EQ(colorText(1), L"1:赤");
-  EXPECT_EQ(colorText(8), L"8");
-  EXPECT_EQ(colorText(256), L"256:BYLAYER");
+TEST(ValueTexts, WeightsAndTransparency) {
   EXPECT_EQ(lineWeightText(AcDb::kLnWt005), L"0.05 mm");
   EXPECT_EQ(lineWeightText(AcDb::kLnWt211), L"2.11 mm");
+  EXPECT_EQ(lineWeightText(static_cast<AcDb::LineWeight>(7)), std::nullopt);
   EXPECT_EQ(lineWeightText(AcDb::kLnWtByLwDefault), L"Default");
   EXPECT_EQ(transparencyText(AcCmTransparency{}), L"ByLayer");
   EXPECT_EQ(transparencyText(AcCmTransparency(AcCmTransparency::kByBlock)), L"ByBlock");

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "siblings/common/lineweights.h"
 #include "spec/item_kinds.h"
-#include "spec/lineweights.h"
 
 namespace kiv {
 namespace {

@@ -1,11 +1,18 @@
-#include "spec/lineweights.h"
+#pragma once
+// The lineweights that there are, each once: as texts of conversion specifications, pickers and picked
+// values, and as the host's numbers.
 
 #include <iterator>
+#include <span>
 
 namespace kiv {
-namespace {
 
-constexpr Lineweight kLineweights[] = {
+struct Lineweight {
+  const wchar_t* text;
+  int hundredths;  // of a millimetre; -1 ByLayer, -2 ByBlock, -3 Default
+};
+
+inline constexpr Lineweight kLineweights[] = {
     {L"Default", -3},  {L"ByLayer", -1},  {L"ByBlock", -2},  {L"0.00 mm", 0},   {L"0.05 mm", 5},
     {L"0.09 mm", 9},   {L"0.13 mm", 13},  {L"0.15 mm", 15},  {L"0.18 mm", 18},  {L"0.20 mm", 20},
     {L"0.25 mm", 25},  {L"0.30 mm", 30},  {L"0.35 mm", 35},  {L"0.40 mm", 40},  {L"0.50 mm", 50},
@@ -15,8 +22,7 @@ constexpr Lineweight kLineweights[] = {
 };
 static_assert(std::size(kLineweights) == 27);
 
-}  // namespace
-
-std::span<const Lineweight> lineweights() { return kLineweights; }
+// The three words first, then the 24 widths, ascending.
+inline std::span<const Lineweight> lineweights() { return kLineweights; }
 
 }  // namespace kiv

@@ -1,0 +1,56 @@
+#pragma once
+// What this module and the modules that load it agree on. Its functions are plain ones, found by their names;
+// nothing is thrown.
+
+#include <cstdint>
+
+namespace kiv {
+
+// --- Settings; keys are compared ignoring case -------------------------------------------------------------
+
+// dll_kiv_getcfgCmn: the length of the key's text, or -1 when no text is kept under it. With a buffer of
+// `capacity` characters the text and its terminating zero are copied, cut to fit.
+using GetCommonSetting = int(const wchar_t* key, wchar_t* text, int capacity);
+
+// dll_kiv_setcfgCmn: 1, or 0 when the text could not be kept.
+using SetCommonSetting = int(const wchar_t* key, const wchar_t* text);
+
+// --- Picking an entity for the value of one item -----------------------------------------------------------
+
+// The kinds of entities that a pick admits: bits of its mask.
+inline constexpr std::uint32_t kPickBlockReferences = 0x0020;
+inline constexpr std::uint32_t kPickTexts = 0x0040;  // TEXT, MTEXT, attribute definitions, attributes
+inline constexpr std::uint32_t kPickAllButBlockReferences = 0xFFDF;
+inline constexpr std::uint32_t kPickAll = 0xFFFF;
+
+// The item that the picked values are for.
+enum class PickItem : int {
+  kLayer = 1,  // nine values: name, colour, linetype, then label and value: "表示 ON", "ロック OFF",
+               // "フリーズ OFF", "印刷 ON", "線幅値 Default", "透過性 0"
+  kLinetype,
+  kColor,       // "1:赤", "256:BYLAYER"
+  kTextStyle,   // of a dimension that of its text, as the three below
+  kTextHeight,  // "2.5"
+  kTextAngle,   // degrees
+  kWidthFactor,
+  kBlock,
+  kDimStyle,
+  kLineWeight,    // "0.25 mm", "ByLayer"
+  kTransparency,  // percent: "30"; "ByLayer", "ByBlock"
+  kLinetypeScale,
+  kDisplay,  // "ON" or "OFF": these four are the states of the entity's layer
+  kLock,
+  kFreeze,
+  kPlot
+};
+
+// Takes one picked value; `context` is the caller's own.
+using TakePickedValue = void(const wchar_t* value, void* context);
+
+// dll_kiv_entsel: prompts, lets the user pick an entity that `mask` admits and hands over its values for
+// the item, 1 to 16, one by one. 1, or 0 when nothing was picked, the entity is of a wrong kind or has no
+// such value: `take` was not called then, and the command line has said why unless the user cancelled.
+using PickEntity = int(const wchar_t* prompt, int item, std::uint32_t mask, TakePickedValue* take,
+                       void* context);
+
+}  // namespace kiv
