@@ -7,7 +7,7 @@
 
 #include "base/files.h"
 #include "host/conversion_context.h"
-#include "host/guard.h"
+#include "platform/guard.h"
 #include "host/run_report.h"
 #include "platform/paths.h"
 #include "platform/settings.h"

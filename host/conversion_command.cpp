@@ -4,7 +4,7 @@
 #include "engine/conversion_run.h"
 #include "host/commands.h"
 #include "host/conversion_context.h"
-#include "host/guard.h"
+#include "platform/guard.h"
 #include "host/run_report.h"
 
 namespace kiv {

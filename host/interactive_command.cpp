@@ -9,7 +9,7 @@
 #include "host/batch_start.h"
 #include "host/commands.h"
 #include "host/conversion_context.h"
-#include "host/guard.h"
+#include "platform/guard.h"
 #include "host/module_state.h"
 #include "host/pick_items.h"
 #include "platform/clock.h"

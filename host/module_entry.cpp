@@ -7,7 +7,7 @@
 #include "host/automation.h"
 #include "host/commands.h"
 #include "host/conversion_context.h"
-#include "host/guard.h"
+#include "platform/guard.h"
 #include "host/module_state.h"
 #include "platform/screen_scale.h"
 #include "rxdefs.h"

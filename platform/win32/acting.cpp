@@ -4,6 +4,7 @@
 
 #include "platform/dialog_backend.h"
 #include "platform/dialog_script.h"
+#include "platform/guard.h"
 #include "platform/win32/hand.h"
 #include "platform/win32/window.h"
 
@@ -50,12 +51,12 @@ void letScriptAct(Window& window) {
   if (!script || !isNewest || scene->acting || Hand::isAtWork() || !window.isWindowEnabled()) return;
   if (++scene->acts > kMostActs) {
     reportOnStderr(L"the script does not end the dialog \"" + window.title() + L"\"");
-    window.handle([](Dialog& dialog) { DialogBackend::abandon(dialog); });
+    window.tell([](Dialog& dialog) { DialogBackend::abandon(dialog); });
     return;
   }
   const HWND handle = window.handle();
   scene->acting = true;
-  window.handle([&](Dialog&) { script->act(window); });
+  window.tell([&](Dialog&) { guarded([&] { script->act(window); }); });
   if (Scene* after = sceneOf(handle)) after->acting = false;  // the list may have moved
 }
 

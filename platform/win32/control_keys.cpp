@@ -8,6 +8,7 @@
 #include <cstring>
 #include <optional>
 
+#include "platform/guard.h"
 #include "platform/win32/grid.h"
 #include "platform/win32/messages.h"
 #include "platform/win32/window.h"
@@ -95,7 +96,7 @@ POINT placeOfChosenRow(HWND control) {
 void openMenu(Window& window, HWND control, POINT place) {
   ClientToScreen(control, &place);
   const int id = GetDlgCtrlID(control);
-  window.handle([id, place](Dialog& dialog) {
+  window.tell([id, place](Dialog& dialog) {
     dialog.onContextMenu(id, {static_cast<int>(place.x), static_cast<int>(place.y)});
   });
 }
@@ -103,7 +104,7 @@ void openMenu(Window& window, HWND control, POINT place) {
 bool takesKey(Window& window, HWND control, Key key) {
   const int id = GetDlgCtrlID(control);
   bool taken = false;
-  const bool alive = window.handle([&](Dialog& dialog) { taken = dialog.onKey(id, key); });
+  const bool alive = window.tell([&](Dialog& dialog) { taken = dialog.onKey(id, key); });
   return taken || !alive;
 }
 
@@ -134,7 +135,7 @@ bool hitsTreeItem(HWND control, LPARAM place) {
          (hit.flags & (TVHT_ONITEMLABEL | TVHT_ONITEMICON));
 }
 
-LRESULT CALLBACK watcher(HWND control, UINT message, WPARAM first, LPARAM second, UINT_PTR, DWORD_PTR) {
+LRESULT takeMessage(HWND control, UINT message, WPARAM first, LPARAM second) {
   Window* window = Window::of(GetParent(control));
   if (!window) return DefSubclassProc(control, message, first, second);
   const POINT place{GET_X_LPARAM(second), GET_Y_LPARAM(second)};
@@ -163,13 +164,17 @@ LRESULT CALLBACK watcher(HWND control, UINT message, WPARAM first, LPARAM second
       const int id = GetDlgCtrlID(control);
       const LRESULT result = DefSubclassProc(control, message, first, second);
       window = Window::of(GetParent(control));
-      if (onItem && window) window->handle([id](Dialog& dialog) { dialog.onDoubleClicked(id); });
+      if (onItem && window) window->tell([id](Dialog& dialog) { dialog.onDoubleClicked(id); });
       return result;
     }
     default:
       break;
   }
   return DefSubclassProc(control, message, first, second);
+}
+
+LRESULT CALLBACK watcher(HWND control, UINT message, WPARAM first, LPARAM second, UINT_PTR, DWORD_PTR) {
+  return guarded(LRESULT{0}, [&] { return takeMessage(control, message, first, second); });
 }
 
 }  // namespace

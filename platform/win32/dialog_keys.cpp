@@ -1,5 +1,6 @@
 #include "platform/win32/dialog_keys.h"
 
+#include "platform/guard.h"
 #include "platform/win32/window.h"
 
 // After the system's header, whose types the host's headers share.
@@ -8,7 +9,9 @@
 namespace kiv::win32 {
 namespace {
 
-BOOL filterHostMessage(MSG* message) { return passToDialog(*message); }
+BOOL filterHostMessage(MSG* message) {
+  return guarded(FALSE, [&]() -> BOOL { return passToDialog(*message); });
+}
 
 }  // namespace
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "platform/guard.h"
 #include "platform/screen_scale.h"
 #include "platform/win32/grid.h"
 #include "platform/win32/grid_paint.h"
@@ -18,7 +19,7 @@ constexpr int kWheelRows = 3;
 // A font of this size with no font given: the one that the system draws its own texts in.
 HFONT standardFont() { return static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT)); }
 
-LRESULT CALLBACK gridProcedure(HWND handle, UINT message, WPARAM first, LPARAM second) {
+LRESULT takeMessage(HWND handle, UINT message, WPARAM first, LPARAM second) {
   if (message == WM_CREATE) SetWindowLongPtrW(handle, 0, reinterpret_cast<LONG_PTR>(new GridWindow(handle)));
   GridWindow* grid = GridWindow::of(handle);
   if (!grid) return DefWindowProcW(handle, message, first, second);
@@ -28,6 +29,12 @@ LRESULT CALLBACK gridProcedure(HWND handle, UINT message, WPARAM first, LPARAM s
     return DefWindowProcW(handle, message, first, second);
   }
   return grid->take(message, first, second);
+}
+
+LRESULT CALLBACK gridProcedure(HWND handle, UINT message, WPARAM first, LPARAM second) {
+  // No grid is made when its object cannot be.
+  const LRESULT failed = message == WM_CREATE ? -1 : 0;
+  return guarded(failed, [&] { return takeMessage(handle, message, first, second); });
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "platform/win32/hand.h"
 
+#include "platform/guard.h"
+
 namespace kiv::win32 {
 namespace {
 
@@ -46,6 +48,11 @@ void CALLBACK Hand::tick(HWND, UINT, UINT_PTR timer, DWORD) {
 void Hand::work() {
   if (stepping_) return;
   stepping_ = true;
+  guarded([this] { goOn(); });
+  stepping_ = false;
+}
+
+void Hand::goOn() {
   if (!done_) done_ = step();
   if (GetTickCount64() > deadline_) {
     reportOnStderr(L"no answer could be given to " + name());
@@ -53,7 +60,6 @@ void Hand::work() {
     giveUp();
     deadline_ = GetTickCount64() + kPatience;
   }
-  stepping_ = false;
 }
 
 HWND findOwnWindow(const wchar_t* windowClass, bool (*fits)(HWND, void*), void* context) {

@@ -30,6 +30,7 @@ class Hand {
  private:
   static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD);
   void work();
+  void goOn();
 
   Hand* before_;
   UINT_PTR timer_ = 0;

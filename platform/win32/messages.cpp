@@ -3,6 +3,7 @@
 // Needs what windows.h declares.
 #include <commctrl.h>
 
+#include "platform/guard.h"
 #include "platform/win32/acting.h"
 #include "platform/win32/combo_box.h"
 #include "platform/win32/grid.h"
@@ -33,18 +34,18 @@ bool wantsToKeepFocus(HWND dialog) {
 void tellCombo(Window& window, HWND comboBox, int id, WORD code) {
   switch (code) {
     case CBN_EDITCHANGE:
-      window.handle([id](Dialog& dialog) { dialog.onEdited(id); });
+      window.tell([id](Dialog& dialog) { dialog.onEdited(id); });
       break;
     case CBN_SELCHANGE:
       // The field follows only after this message; whoever is told now reads it, though.
       window.combo(id).select(window.combo(id).selected());
-      window.handle([id](Dialog& dialog) { dialog.onSelected(id); });
+      window.tell([id](Dialog& dialog) { dialog.onSelected(id); });
       break;
     case CBN_SELENDOK:
       if (GetKeyState(VK_RETURN) >= 0) awaitSecondClick(comboBox);
       break;
     case CBN_DBLCLK:
-      window.handle([id](Dialog& dialog) { dialog.onDoubleClicked(id); });
+      window.tell([id](Dialog& dialog) { dialog.onDoubleClicked(id); });
       break;
     default:
       break;
@@ -57,15 +58,15 @@ void takeCommand(Window& window, WPARAM first, HWND control) {
   if (window.isQuiet()) return;
   const auto command = [id](Dialog& dialog) { dialog.onCommand(id); };
   if (!control) {
-    window.handle(command);  // a menu, or a key that stands for a button
+    window.tell(command);  // a menu, or a key that stands for a button
   } else if (isOfClass(control, WC_COMBOBOXW)) {
     tellCombo(window, control, id, code);
   } else if (isOfClass(control, WC_EDITW)) {
-    if (code == EN_CHANGE) window.handle([id](Dialog& dialog) { dialog.onEdited(id); });
+    if (code == EN_CHANGE) window.tell([id](Dialog& dialog) { dialog.onEdited(id); });
   } else if (isOfClass(control, WC_BUTTONW)) {
     // Enter presses the default button even where it is disabled.
     const bool pressed = code == BN_CLICKED || code == BN_DBLCLK;
-    if (pressed && IsWindowEnabled(control)) window.handle(command);
+    if (pressed && IsWindowEnabled(control)) window.tell(command);
   }
 }
 
@@ -73,13 +74,13 @@ void takeListNotice(Window& window, const NMHDR& notice, int id) {
   if (notice.code == LVN_ITEMCHANGED) {
     const auto& change = reinterpret_cast<const NMLISTVIEW&>(notice);
     const bool chosen = (change.uNewState & LVIS_SELECTED) && !(change.uOldState & LVIS_SELECTED);
-    if (chosen) window.handle([id](Dialog& dialog) { dialog.onSelected(id); });
+    if (chosen) window.tell([id](Dialog& dialog) { dialog.onSelected(id); });
   } else if (notice.code == LVN_COLUMNCLICK) {
     const int column = reinterpret_cast<const NMLISTVIEW&>(notice).iSubItem;
-    window.handle([id, column](Dialog& dialog) { dialog.onHeaderClicked(id, column); });
+    window.tell([id, column](Dialog& dialog) { dialog.onHeaderClicked(id, column); });
   } else if (notice.code == NM_DBLCLK) {
     if (reinterpret_cast<const NMITEMACTIVATE&>(notice).iItem < 0) return;
-    window.handle([id](Dialog& dialog) { dialog.onDoubleClicked(id); });
+    window.tell([id](Dialog& dialog) { dialog.onDoubleClicked(id); });
   }
 }
 
@@ -89,14 +90,14 @@ void takeNotice(Window& window, const NMHDR& notice) {
   if (isOfClass(notice.hwndFrom, WC_LISTVIEWW)) {
     takeListNotice(window, notice, id);
   } else if (notice.code == TVN_SELCHANGEDW || notice.code == kGridRowChosen) {
-    window.handle([id](Dialog& dialog) { dialog.onSelected(id); });
+    window.tell([id](Dialog& dialog) { dialog.onSelected(id); });
   }
 }
 
 // The closing box stands for the cancel button, where there is one.
 void takeClosing(Window& window) {
   if (GetDlgItem(window.handle(), kCancelCommand) && !window.isEnabled(kCancelCommand)) return;
-  window.handle([](Dialog& dialog) { dialog.onCommand(kCancelCommand); });
+  window.tell([](Dialog& dialog) { dialog.onCommand(kCancelCommand); });
 }
 
 void takeActivation(Window& window, WPARAM state) {
@@ -113,7 +114,7 @@ INT_PTR takeMessage(Window& window, UINT message, WPARAM first, LPARAM second) {
       takeCommand(window, first, reinterpret_cast<HWND>(second));
       return TRUE;
     case kRunCommand:
-      window.handle([first](Dialog& dialog) { dialog.onCommand(static_cast<int>(first)); });
+      window.tell([first](Dialog& dialog) { dialog.onCommand(static_cast<int>(first)); });
       return TRUE;
     case WM_CLOSE:
       takeClosing(window);
@@ -152,7 +153,8 @@ INT_PTR CALLBACK dialogProcedure(HWND handle, UINT message, WPARAM first, LPARAM
     return TRUE;
   }
   Window* window = Window::of(handle);
-  return window ? takeMessage(*window, message, first, second) : FALSE;
+  if (!window) return FALSE;
+  return guarded(INT_PTR{TRUE}, [&] { return takeMessage(*window, message, first, second); });
 }
 
 }  // namespace kiv::win32

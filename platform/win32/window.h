@@ -58,11 +58,14 @@ class Window final : public DialogWindow {
   // Runs `action(Dialog&)`, in which the dialog may end, be destroyed and deleted. False when the window has
   // gone by the end: nothing of it may be touched then.
   template <class Action>
-  bool handle(Action action) {
+  bool tell(Action action) {
     if (!dialog_) return false;
-    ++handling_;
-    action(*dialog_);
-    return leaveHandler();
+    bool isThere = false;
+    {
+      const Handling handling(*this, isThere);
+      action(*dialog_);
+    }
+    return isThere;
   }
 
   // Something that the program does to a control, so nothing that the person did, is under way.
@@ -78,6 +81,19 @@ class Window final : public DialogWindow {
   void goAway();
 
  private:
+  // A handler of the dialog is at work, which may fail.
+  class Handling {
+   public:
+    Handling(Window& window, bool& isThere) : window_(window), isThere_(isThere) { ++window_.handling_; }
+    ~Handling() { isThere_ = window_.leaveHandler(); }
+    Handling(const Handling&) = delete;
+    Handling& operator=(const Handling&) = delete;
+
+   private:
+    Window& window_;
+    bool& isThere_;
+  };
+
   explicit Window(Dialog& dialog);
 
   HWND control(int id) const { return GetDlgItem(window_, id); }

@@ -1,4 +1,4 @@
-#include "host/guard.h"
+#include "platform/guard.h"
 
 #include <gtest/gtest.h>
 

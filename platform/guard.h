@@ -1,5 +1,6 @@
 #pragma once
-// The border of the module: nothing is thrown across it.
+// The border of the module: nothing is thrown across it, neither into the host nor through the frames of the
+// window manager.
 
 #include <exception>
 #include <utility>

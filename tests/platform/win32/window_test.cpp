@@ -1,0 +1,43 @@
+// What only real windows can do wrong.
+#include "platform/win32/window.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <stdexcept>
+
+#include "embedded/editor/host.h"
+#include "tests/ui/test_dialog.h"
+#include "tests/ui/user.h"
+#include "ui/resource.h"
+
+namespace kiv::test {
+namespace {
+
+// What a handler throws goes no further than the window procedure: behind it are frames of the system.
+TEST(RealWindow, HandlerThatFailsIsToldAndLeavesTheDialogUsable) {
+  std::wstring printed;
+  cad::Host::instance().setOutput([&](std::wstring_view text) { printed += text; });
+  User person;
+  bool destroyed = false;
+  auto dialog = std::make_unique<TestDialog>(IDD_MAIN);
+  ASSERT_TRUE(dialog->create(nullptr));
+  dialog->command = [](int id) -> bool { throw std::runtime_error("command " + std::to_string(id)); };
+  dialog->key = [](int, Key) -> bool { throw std::runtime_error("key"); };
+  person.click(dialog->window(), IDC_MAIN_DELETE);
+  EXPECT_NE(printed.find(L"\nKivｴﾗｰ:処理を中断しました. command 1022"), std::wstring::npos);
+  dialog->window().focus(IDC_MAIN_TREE);
+  person.press(dialog->window(), Key::kDelete);
+  EXPECT_NE(printed.find(L"処理を中断しました. key"), std::wstring::npos);
+
+  const auto window = static_cast<HWND>(dialog->window().native());
+  dialog->command = nullptr;
+  dialog->destroyed = [&] { destroyed = true; };
+  person.close(dialog->window());
+  EXPECT_TRUE(destroyed);
+  EXPECT_FALSE(IsWindow(window));
+  cad::Host::instance().setOutput({});
+}
+
+}  // namespace
+}  // namespace kiv::test
