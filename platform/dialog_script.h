@@ -17,6 +17,8 @@ class DialogScript {
   virtual int answer(const Menu& menu) = 0;  // an enabled item's id; 0: leave the menu
   // Called again and again while a modal dialog is open; must end it sooner or later.
   virtual void act(DialogWindow& modal) = 0;
+  // A shown window could not be given its answer, or differs from the question.
+  virtual void failed(const std::wstring& /*reason*/) {}
 };
 
 // The script must outlive its use. Null: a person is there, or nobody where there are no windows.

@@ -20,6 +20,8 @@ struct MessageQuestion {
   Buttons buttons = Buttons::kOk;
   Icon icon = Icon::kNone;
   bool noIsDefault = false;  // with kYesNo: what Enter gives
+
+  bool operator==(const MessageQuestion&) const = default;
 };
 // A box that is closed without an answer gives kNo, or kOk where that is the only one.
 Answer showMessage(NativeWindow owner, const MessageQuestion& question);
@@ -32,6 +34,8 @@ struct FileQuestion {
   std::wstring defaultExtension;  // appended to a name without one; without its dot; empty: none
   // Pairs of a description and a pattern ("図面 (*.dwg)", "*.dwg").
   std::vector<std::pair<std::wstring, std::wstring>> filters;
+
+  bool operator==(const FileQuestion&) const = default;
 };
 // The full path; empty when cancelled. The process's current folder stays.
 std::optional<std::wstring> chooseFile(NativeWindow owner, const FileQuestion& question);
@@ -40,6 +44,8 @@ struct FolderQuestion {
   std::wstring title;
   std::wstring start;     // shown as chosen at first when it exists
   bool newStyle = false;  // the sizeable browser, in which folders can be made
+
+  bool operator==(const FolderQuestion&) const = default;
 };
 std::optional<std::wstring> chooseFolder(NativeWindow owner, const FolderQuestion& question);
 

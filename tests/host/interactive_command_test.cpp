@@ -26,6 +26,7 @@ constexpr char kDrawing[] =
 constexpr wchar_t kRules[] =
     L"[備考]\r\n\r\n\r\n[その他の図形]\r\n[画層] = WALL\r\n{\r\n[色] = 3\r\n}\r\n---End---\r\n[EOF]\r\n";
 
+constexpr const wchar_t* kTitle = L"ﾌｧｲﾙ変換ﾕｰﾃｨﾘﾃｨ";
 constexpr const wchar_t* kKeys[] = {L"KivBlock", L"MorluxIgnoreLocks", L"MorluxCreateLog",
                                     L"MorluxLogOutPath", L"MorluxLogOutFile"};
 
@@ -127,7 +128,7 @@ TEST_F(InteractiveCommand, ConvertsTheDrawingAndStoresTheOptions) {
   thenClicks(IDC_MAIN_CREATE_LOG);
   then([&] { user_.type(window(), IDC_MAIN_LOG_FOLDER, base::pathText(logs / "")); });
   then([&] {
-    user_.answersMessage(L"変換を完了しました", Answer::kOk);
+    user_.answersMessage({L"変換を完了しました", kTitle}, Answer::kOk);
     user_.click(window(), IDOK);
   });
   run();
@@ -153,7 +154,8 @@ TEST_F(InteractiveCommand, AnEmptyLogFolderIsNoLog) {
   writeCommonText(L"MorluxLogOutFile", L"old.log");
   thenClicks(IDC_MAIN_CREATE_LOG);
   then([&] {
-    user_.answersMessage(L"ログの書き出し先が間違っています", Answer::kOk);
+    user_.answersMessage({L"ログの書き出し先が間違っています", kTitle, Buttons::kOk, Icon::kWarning},
+                         Answer::kOk);
     user_.click(window(), IDOK);
     EXPECT_EQ(setting(L"MorluxLogOutFile"), L"");
   });

@@ -20,14 +20,12 @@ TEST(Questions, MessagesAreAnsweredOverTheirOwner) {
   User person;
   TestDialog owner(IDD_MAIN);
   ASSERT_TRUE(owner.create(nullptr));
-  person.answersMessage(kOverwrite.text, Answer::kYes);
-  person.answersMessage(kOverwrite.text, Answer::kNo);
-  person.answersMessage(L"done", Answer::kOk);
+  person.answersMessage(kOverwrite, Answer::kYes);
+  person.answersMessage(kOverwrite, Answer::kNo);
+  person.answersMessage({L"done", L"KIV"}, Answer::kOk);
   EXPECT_EQ(showMessage(owner.window().native(), kOverwrite), Answer::kYes);
   EXPECT_EQ(showMessage(nullptr, kOverwrite), Answer::kNo);
   EXPECT_EQ(showMessage(nullptr, {L"done", L"KIV"}), Answer::kOk);
-  ASSERT_EQ(person.messages().size(), 3U);
-  EXPECT_EQ(person.messages()[0].caption, L"ﾌｧｲﾙ変換");
   EXPECT_TRUE(owner.window().isWindowEnabled());
 }
 
@@ -71,23 +69,22 @@ TEST_F(FileQuestions, NamesAreCompleted) {
   FileQuestion question;
   question.initialName = base::pathText(folder_ / "*.LIST");
   question.defaultExtension = L"LIST";
-  person.choosesFile(existing);
+  person.choosesFile(question, existing);
   EXPECT_EQ(chooseFile(nullptr, question), existing);
-  EXPECT_EQ(person.lastFile().initialName, question.initialName);
-  person.cancelsFile();
+  person.cancelsFile(question);
   EXPECT_EQ(chooseFile(nullptr, question), std::nullopt);
   question.saving = true;
-  person.choosesFile(base::pathText(folder_ / "new"));
+  person.choosesFile(question, base::pathText(folder_ / "new"));
   EXPECT_EQ(chooseFile(nullptr, question), base::pathText(folder_ / "new.LIST"));
 }
 
 TEST_F(FileQuestions, Folders) {
   User person;
-  person.choosesFolder(base::pathText(folder_));
-  EXPECT_EQ(chooseFolder(nullptr, {L"select", L"", true}), base::pathText(folder_));
-  EXPECT_EQ(person.lastFolder().title, L"select");
-  person.cancelsFolder();
-  EXPECT_EQ(chooseFolder(nullptr, {L"select", L"", true}), std::nullopt);
+  const FolderQuestion question{L"select", L"", true};
+  person.choosesFolder(question, base::pathText(folder_));
+  EXPECT_EQ(chooseFolder(nullptr, question), base::pathText(folder_));
+  person.cancelsFolder(question);
+  EXPECT_EQ(chooseFolder(nullptr, question), std::nullopt);
 }
 
 // The person of the tests itself: what was not expected fails a test, and so does what stays away.
@@ -101,16 +98,16 @@ TEST(User, FailsTestsThatGoAnotherWay) {
   EXPECT_NONFATAL_FAILURE(
       {
         User person;
-        person.cancelsFile();
+        person.cancelsFile({});
       },
       "a file chooser");
   EXPECT_NONFATAL_FAILURE(
       {
         User person;
-        person.answersMessage(L"one", Answer::kOk);
-        showMessage(nullptr, {L"two", L"KIV"});
+        person.answersMessage({L"one", L"KIV"}, Answer::kOk);
+        showMessage(nullptr, {L"one", L"KIV", Buttons::kOk, Icon::kStop});
       },
-      "instead of the message \"one\" came \"two\"");
+      "with OK and the stop icon");
   EXPECT_NONFATAL_FAILURE(
       {
         User person;

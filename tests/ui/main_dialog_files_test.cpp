@@ -80,11 +80,11 @@ TEST_F(MainDialog, ALayerSettingWithoutALayerIsNotWritten) {
     user_.type(browser, IDC_SAVE_NAME, L"bad");
     user_.click(browser, IDOK);
   });
-  user_.answersMessage(kLayerMissingMessage, Answer::kOk);
+  user_.answersMessage(told(kLayerMissingMessage), Answer::kOk);
   click(IDC_MAIN_SAVE);
   EXPECT_EQ(selectedText(), L"設定2");
   EXPECT_FALSE(exists(L"bad.cvt"));
-  user_.answersMessage(kLayerMissingMessage, Answer::kOk);
+  user_.answersMessage(told(kLayerMissingMessage), Answer::kOk);
   click(IDC_MAIN_BATCH);
   EXPECT_TRUE(window().isShown());
   EXPECT_EQ(dialog().closing(), Closing::kCancelled);

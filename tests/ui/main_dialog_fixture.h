@@ -15,6 +15,14 @@ namespace kiv::testing {
 
 using Texts = std::vector<std::wstring>;
 
+// The main dialog's message boxes.
+inline MessageQuestion told(const std::wstring& text) {
+  return {text, L"ﾌｧｲﾙ変換ﾕｰﾃｨﾘﾃｨ", Buttons::kOk, Icon::kWarning};
+}
+inline MessageQuestion asked(const std::wstring& text) {
+  return {text + L"\nよろしいですか？", L"ﾌｧｲﾙ変換ﾕｰﾃｨﾘﾃｨ", Buttons::kYesNo, Icon::kQuestion, true};
+}
+
 class MainDialog : public TempFolder {
  protected:
   using Where = test::User::Where;

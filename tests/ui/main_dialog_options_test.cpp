@@ -11,6 +11,10 @@ namespace {
 
 std::wstring setting(const wchar_t* key) { return readCommonText(key, L"-"); }
 
+FolderQuestion logFolder(const std::wstring& start) {
+  return {L"ログの書き出し先フォルダを選択してください", start, true};
+}
+
 TEST_F(MainDialog, BlockScopeIsClampedAndWrittenBackAtOnce) {
   const struct {
     const wchar_t* stored;
@@ -39,7 +43,7 @@ TEST_F(MainDialog, OptionsAreThoseOfTheControlsWhenItIsClosed) {
   click(IDC_MAIN_CREATE_LOG);
   click(IDC_MAIN_BLOCK_INSIDE);
   const std::wstring deep = base::pathText(folder_ / "logs" / "new" / "deep");
-  user_.choosesFolder(base::pathText(folder_));
+  user_.choosesFolder(logFolder(L""), base::pathText(folder_));
   click(IDC_MAIN_LOG_BROWSE);
   EXPECT_EQ(window().text(IDC_MAIN_LOG_FOLDER), base::pathText(folder_));
   user_.type(window(), IDC_MAIN_LOG_FOLDER, deep);
@@ -62,10 +66,10 @@ TEST_F(MainDialog, ALogNeedsAFolder) {
   open();
   EXPECT_EQ(window().text(IDC_MAIN_LOG_FOLDER), L"somewhere");
   // Leaving the browser takes the folder back.
-  user_.cancelsFolder();
+  user_.cancelsFolder(logFolder(L"somewhere"));
   click(IDC_MAIN_LOG_BROWSE);
   EXPECT_EQ(window().text(IDC_MAIN_LOG_FOLDER), L"");
-  const wchar_t* const wrong = L"ログの書き出し先が間違っています";
+  const MessageQuestion wrong = told(L"ログの書き出し先が間違っています");
   user_.answersMessage(wrong, Answer::kOk);
   click(IDOK);
   user_.type(window(), IDC_MAIN_LOG_FOLDER, base::pathText(folder_ / "file" / "below"));

@@ -82,7 +82,7 @@ TEST_F(MainDialog, ThePickerTakesTheDialogsInput) {
   user_.close(*picker());
   EXPECT_FALSE(hasPicker());
   EXPECT_EQ(rows({L"画層の設定", L"設定1"}), Texts());
-  user_.answersMessage(L"[設定1] を削除します.\nよろしいですか？", Answer::kYes);
+  user_.answersMessage(asked(L"[設定1] を削除します."), Answer::kYes);
   click(IDC_MAIN_DELETE);
   chooseFromMenu({L"画層の設定"}, IDC_ADD_SETTING);
 }
@@ -148,7 +148,7 @@ TEST_F(MainDialog, ADialogThatGoesTakesItsPickerAlong) {
 
 TEST_F(MainDialog, AddingNeedsASelection) {
   open();
-  user_.answersMessage(L"ﾂﾘｰの中から追加したい項目を選択してください", Answer::kOk);
+  user_.answersMessage(told(L"ﾂﾘｰの中から追加したい項目を選択してください"), Answer::kOk);
   click(IDC_MAIN_EDIT);
 }
 

@@ -57,29 +57,21 @@ TEST_F(MainDialogTree, ShowsTheLoadedSpecification) {
 }
 
 TEST_F(MainDialogTree, DeleteAsksByWhatIsSelected) {
-  const struct {
-    Texts path;
-    const wchar_t* question;
-    Answer defaultAnswer = Answer::kNo;
-  } cases[] = {
-      {{L"文字"}, L"[文字] の設定をすべてｸﾘｱします.\nよろしいですか？"},
-      {{L"文字", L"設定1"}, L"[設定1] に含まれる項目をすべて削除します.\nよろしいですか？"},
-      {{L"文字", L"設定1", L"色 が <7:白> 以外のとき"},
-       L"[色 が <7:白> 以外のとき] を削除します.\nよろしいですか？"},
-      {{L"文字", L"設定1", L"色 を <3:緑> に変更"}, L"[色 を <3:緑> に変更] を削除します.\nよろしいですか？"},
-      {{L"線種のﾛｰﾄﾞ"}, L"[線種のﾛｰﾄﾞ] の変換結果をすべてｸﾘｱします.\nよろしいですか？"},
-      {{L"線種のﾛｰﾄﾞ", L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ"},
-       L"[<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ] を削除します.\nよろしいですか？"},
-      {{L"寸法"}, L"削除するﾃﾞｰﾀがありません", Answer::kOk},
-      {{L"矢印のﾛｰﾄﾞ"}, L"削除するﾃﾞｰﾀがありません", Answer::kOk},
+  const auto asks = [this](const Texts& path, const MessageQuestion& question) {
+    user_.answersMessage(question, question.buttons == Buttons::kOk ? Answer::kOk : Answer::kNo);
+    select(path);
+    click(IDC_MAIN_DELETE);
   };
   const std::wstring before = cvtText(dialog().specification());
-  for (const auto& each : cases) {
-    user_.answersMessage(each.question, each.defaultAnswer);
-    select(each.path);
-    click(IDC_MAIN_DELETE);
-    EXPECT_EQ(user_.messages().back().noIsDefault, each.defaultAnswer == Answer::kNo);
-  }
+  asks({L"文字"}, asked(L"[文字] の設定をすべてｸﾘｱします."));
+  asks({L"文字", L"設定1"}, asked(L"[設定1] に含まれる項目をすべて削除します."));
+  asks({L"文字", L"設定1", L"色 が <7:白> 以外のとき"}, asked(L"[色 が <7:白> 以外のとき] を削除します."));
+  asks({L"文字", L"設定1", L"色 を <3:緑> に変更"}, asked(L"[色 を <3:緑> に変更] を削除します."));
+  asks({L"線種のﾛｰﾄﾞ"}, asked(L"[線種のﾛｰﾄﾞ] の変換結果をすべてｸﾘｱします."));
+  asks({L"線種のﾛｰﾄﾞ", L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ"},
+       asked(L"[<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ] を削除します."));
+  asks({L"寸法"}, told(L"削除するﾃﾞｰﾀがありません"));
+  asks({L"矢印のﾛｰﾄﾞ"}, told(L"削除するﾃﾞｰﾀがありません"));
   EXPECT_EQ(cvtText(dialog().specification()), before);
   select({});
   click(IDC_MAIN_DELETE);
@@ -87,7 +79,7 @@ TEST_F(MainDialogTree, DeleteAsksByWhatIsSelected) {
 
 TEST_F(MainDialogTree, DeletesAfterYes) {
   const auto deletes = [this](const Texts& path, const wchar_t* question) {
-    user_.answersMessage(question + std::wstring(L"\nよろしいですか？"), Answer::kYes);
+    user_.answersMessage(asked(question), Answer::kYes);
     select(path);
     click(IDC_MAIN_DELETE);
     user_.sawEverything();
@@ -106,12 +98,12 @@ TEST_F(MainDialogTree, DeletesAfterYes) {
 
 TEST_F(MainDialogTree, ConditionsAndResultsAreClearedApart) {
   user_.choosesMenu(IDC_CLEAR_CONDITIONS);
-  user_.answersMessage(L"[設定1] の条件をすべてｸﾘｱします.\nよろしいですか？", Answer::kYes);
+  user_.answersMessage(asked(L"[設定1] の条件をすべてｸﾘｱします."), Answer::kYes);
   user_.rightClickItem(window(), IDC_MAIN_TREE, item({L"文字", L"設定1"}));
   EXPECT_EQ(rows({L"文字", L"設定1"}), (Texts{L"画層 を <TEXT> に変更", L"色 を <3:緑> に変更"}));
   EXPECT_EQ(selectedText(), L"設定1");
   user_.choosesMenu(IDC_CLEAR_RESULTS);
-  user_.answersMessage(L"[設定1] の変換結果をすべてｸﾘｱします.\nよろしいですか？", Answer::kYes);
+  user_.answersMessage(asked(L"[設定1] の変換結果をすべてｸﾘｱします."), Answer::kYes);
   user_.rightClickItem(window(), IDC_MAIN_TREE, item({L"文字", L"設定1"}));
   EXPECT_EQ(rows({L"文字", L"設定1"}), Texts());
   // Its name says how many there were when it was made.
@@ -123,7 +115,7 @@ TEST_F(MainDialogTree, ConditionsAndResultsAreClearedApart) {
 
 TEST_F(MainDialogTree, MovesKeepConditionsBeforeResults) {
   const auto isRefused = [this](int button) {
-    user_.answersMessage(L"現在選択中の項目は移動できません", Answer::kOk);
+    user_.answersMessage(told(L"現在選択中の項目は移動できません"), Answer::kOk);
     click(button);
     user_.sawEverything();
   };
@@ -163,7 +155,7 @@ TEST_F(MainDialogTree, OnlyConditionsAreInverted) {
   EXPECT_EQ(selectedText(), L"画層 が <A-TEXT> のとき");
   for (const Texts& path :
        {Texts{L"文字"}, Texts{L"文字", L"設定1"}, Texts{L"文字", L"設定1", L"色 を <3:緑> に変更"}}) {
-    user_.answersMessage(L"ﾂﾘｰの中から反転する条件を選択してください", Answer::kOk);
+    user_.answersMessage(told(L"ﾂﾘｰの中から反転する条件を選択してください"), Answer::kOk);
     select(path);
     click(IDC_MAIN_INVERT);
   }

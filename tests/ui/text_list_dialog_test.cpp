@@ -10,6 +10,10 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
+MessageQuestion told(const std::wstring& text) {
+  return {text, L"文字検索リスト", Buttons::kOk, Icon::kWarning};
+}
+
 class TextListDialog : public testing::TempFolder {
  protected:
   // Opens the editor, uses it and closes it.
@@ -23,6 +27,8 @@ class TextListDialog : public testing::TempFolder {
   }
   std::wstring folderText() const { return ensureTrailingSeparator(base::pathText(folder_)); }
   std::wstring path(const std::wstring& name) const { return folderText() + name; }
+  FileQuestion toLoad() const { return listFile(false, L"*.LIST"); }
+  FileQuestion toSave(const std::wstring& name = L"*.LIST") const { return listFile(true, name); }
 
   static Texts rows(DialogWindow& editor) {
     const TextGrid& grid = editor.grid(IDC_TEXT_LIST_GRID);
@@ -42,6 +48,11 @@ class TextListDialog : public testing::TempFolder {
   }
 
   test::User user_;
+
+ private:
+  FileQuestion listFile(bool saving, const std::wstring& name) const {
+    return {saving, false, L"", path(name), L"LIST", {{L"文字検索リスト (*.LIST)", L"*.LIST"}}};
+  }
 };
 
 TEST_F(TextListDialog, WhatIsTypedIsSavedWithoutItsBlankRows) {
@@ -50,7 +61,7 @@ TEST_F(TextListDialog, WhatIsTypedIsSavedWithoutItsBlankRows) {
     typeRow(editor, 0, L"室*");
     typeRow(editor, 1, L"　");
     typeRow(editor, 2, L"ROOM");
-    user_.choosesFile(path(L"ROOMS.LIST"));
+    user_.choosesFile(toSave(), path(L"ROOMS.LIST"));
     user_.click(editor, IDC_TEXT_LIST_SAVE);
     EXPECT_EQ(editor.text(IDC_TEXT_LIST_NAME), L"ROOMS.LIST");
     EXPECT_EQ(rows(editor).size(), 3U);
@@ -58,32 +69,29 @@ TEST_F(TextListDialog, WhatIsTypedIsSavedWithoutItsBlankRows) {
   EXPECT_EQ(result, IDOK);
   EXPECT_EQ(content("ROOMS.LIST"),
             base::encode(L"*** MOJILIST ***\r\n室*\r\nROOM\r\n", base::kJapanese).bytes);
-  EXPECT_TRUE(user_.lastFile().saving);
-  EXPECT_EQ(user_.lastFile().initialName, path(L"*.LIST"));
 }
 
 TEST_F(TextListDialog, AsksAgainUntilAFileCanBeLoaded) {
   make("bad.LIST", "x\r\n");
   makeText("good.LIST", L"*** MojiList ***\r\n一\r\n\r\n三\r\n");
   use([this](DialogWindow& editor) {
-    user_.choosesFile(path(L"none.LIST"));
-    user_.answersMessage(L"ファイルを開くことができませんでした", Answer::kOk);
-    user_.choosesFile(path(L"bad.LIST"));
-    user_.answersMessage(L"選択されたファイルは使用できません", Answer::kOk);
-    user_.choosesFile(path(L"good.LIST"));
+    user_.choosesFile(toLoad(), path(L"none.LIST"));
+    user_.answersMessage(told(L"ファイルを開くことができませんでした"), Answer::kOk);
+    user_.choosesFile(toLoad(), path(L"bad.LIST"));
+    user_.answersMessage(told(L"選択されたファイルは使用できません"), Answer::kOk);
+    user_.choosesFile(toLoad(), path(L"good.LIST"));
     user_.click(editor, IDC_TEXT_LIST_LOAD);
     EXPECT_EQ(rows(editor), (Texts{L"一", L"", L"三"}));
     EXPECT_EQ(editor.text(IDC_TEXT_LIST_NAME), L"good.LIST");
     // Cancelled after a failure: as before.
-    user_.choosesFile(path(L"bad.LIST"));
-    user_.answersMessage(L"選択されたファイルは使用できません", Answer::kOk);
-    user_.cancelsFile();
+    user_.choosesFile(toLoad(), path(L"bad.LIST"));
+    user_.answersMessage(told(L"選択されたファイルは使用できません"), Answer::kOk);
+    user_.cancelsFile(toLoad());
     user_.click(editor, IDC_TEXT_LIST_LOAD);
     EXPECT_EQ(rows(editor), (Texts{L"一", L"", L"三"}));
     EXPECT_EQ(editor.text(IDC_TEXT_LIST_NAME), L"good.LIST");
-    user_.cancelsFile();
+    user_.cancelsFile(toSave(L"good.LIST"));
     user_.click(editor, IDC_TEXT_LIST_SAVE);
-    EXPECT_EQ(user_.lastFile().initialName, path(L"good.LIST"));
     user_.click(editor, IDC_TEXT_LIST_NEW);
     EXPECT_TRUE(rows(editor).empty());
     EXPECT_EQ(editor.text(IDC_TEXT_LIST_NAME), L"");
@@ -95,7 +103,7 @@ TEST_F(TextListDialog, ALongListLeavesARowToTypeInto) {
   for (int row = 0; row < 40; ++row) text += std::to_wstring(row) + L"\r\n";
   makeText("long.LIST", text);
   use([this](DialogWindow& editor) {
-    user_.choosesFile(path(L"long.LIST"));
+    user_.choosesFile(toLoad(), path(L"long.LIST"));
     user_.click(editor, IDC_TEXT_LIST_LOAD);
     EXPECT_GE(editor.grid(IDC_TEXT_LIST_GRID).rowCount(), 41);
     typeRow(editor, 40, L"last");
@@ -131,7 +139,7 @@ TEST_F(TextListDialog, ARowThatCannotBeWrittenIsNamedAndKept) {
   use([this](DialogWindow& editor) {
     typeRow(editor, 0, L"a");
     typeRow(editor, 1, L"한글");
-    user_.answersMessage(L"2行目に保存できない文字があります: 한글", Answer::kOk);
+    user_.answersMessage(told(L"2行目に保存できない文字があります: 한글"), Answer::kOk);
     user_.click(editor, IDC_TEXT_LIST_SAVE);
     EXPECT_EQ(editor.grid(IDC_TEXT_LIST_GRID).currentRow(), 1);
     EXPECT_EQ(rows(editor), (Texts{L"a", L"한글"}));
@@ -141,8 +149,8 @@ TEST_F(TextListDialog, ARowThatCannotBeWrittenIsNamedAndKept) {
 TEST_F(TextListDialog, AFolderThatCannotBeWrittenToIsTold) {
   use([this](DialogWindow& editor) {
     typeRow(editor, 0, L"a");
-    user_.choosesFile(path(L"none") + kSeparator + L"A.LIST");
-    user_.answersMessage(L"ファイルを開くことができませんでした", Answer::kOk);
+    user_.choosesFile(toSave(), path(L"none") + kSeparator + L"A.LIST");
+    user_.answersMessage(told(L"ファイルを開くことができませんでした"), Answer::kOk);
     user_.click(editor, IDC_TEXT_LIST_SAVE);
     EXPECT_EQ(rows(editor), Texts{L"a"});
   });

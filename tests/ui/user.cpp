@@ -14,10 +14,28 @@ void fail(const User::Where& where, const std::wstring& reason) {
   ADD_FAILURE_AT(where.file_name(), static_cast<int>(where.line())) << narrow(reason);
 }
 
-void mustDo(bool done, const User::Where& where, const wchar_t* what, DialogWindow& window, int id) {
-  if (done) return;
-  fail(where, std::wstring(L"a person cannot ") + what + L" control " + std::to_wstring(id) + L" of dialog " +
-                  std::to_wstring(window.resource()));
+std::wstring describe(const MessageQuestion& question) {
+  constexpr const wchar_t* kIcons[] = {L"no", L"the information", L"the question", L"the warning",
+                                       L"the stop"};
+  const std::wstring buttons = question.buttons == Buttons::kOk ? L"OK"
+                               : question.noIsDefault           ? L"yes, [no]"
+                                                                : L"[yes], no";
+  return L"the message \"" + question.text + L"\" titled \"" + question.caption + L"\" with " + buttons +
+         L" and " + kIcons[static_cast<int>(question.icon)] + L" icon";
+}
+
+std::wstring describe(const FileQuestion& question) {
+  std::wstring words = L"a file chooser titled \"" + question.title + L"\" for \"" + question.initialName +
+                       L"\", extension \"" + question.defaultExtension + L"\"";
+  if (question.saving) words += L", saving";
+  if (question.mustExist) words += L", must exist";
+  for (const auto& [name, pattern] : question.filters) words += L", " + name + L"|" + pattern;
+  return words;
+}
+
+std::wstring describe(const FolderQuestion& question) {
+  return L"a folder chooser titled \"" + question.title + L"\" at \"" + question.start + L"\"" +
+         (question.newStyle ? L" in the new style" : L"");
 }
 
 void addCaptions(const Menu& menu, std::vector<std::wstring>& captions) {
@@ -47,21 +65,25 @@ User::~User() {
   setDialogScript(nullptr);
 }
 
-void User::answersMessage(std::wstring text, Answer answer, Where where) {
-  expected_.push_back({Message{std::move(text), answer}, where});
+void User::answersMessage(MessageQuestion question, Answer answer, Where where) {
+  expected_.push_back({Message{std::move(question), answer}, where});
 }
 
-void User::choosesFile(std::wstring path, Where where) {
-  expected_.push_back({File{std::move(path)}, where});
+void User::choosesFile(FileQuestion question, std::wstring path, Where where) {
+  expected_.push_back({File{std::move(question), std::move(path)}, where});
 }
 
-void User::cancelsFile(Where where) { expected_.push_back({File{}, where}); }
-
-void User::choosesFolder(std::wstring path, Where where) {
-  expected_.push_back({Folder{std::move(path)}, where});
+void User::cancelsFile(FileQuestion question, Where where) {
+  expected_.push_back({File{std::move(question), std::nullopt}, where});
 }
 
-void User::cancelsFolder(Where where) { expected_.push_back({Folder{}, where}); }
+void User::choosesFolder(FolderQuestion question, std::wstring path, Where where) {
+  expected_.push_back({Folder{std::move(question), std::move(path)}, where});
+}
+
+void User::cancelsFolder(FolderQuestion question, Where where) {
+  expected_.push_back({Folder{std::move(question), std::nullopt}, where});
+}
 
 void User::choosesMenu(int id, Where where) { expected_.push_back({MenuChoice{id}, where}); }
 
@@ -72,87 +94,79 @@ void User::inDialog(int resource, Hands hands, Where where) {
 }
 
 void User::sawEverything(Where where) {
-  user::settle();
-  for (const Expected& each : std::exchange(expected_, {})) {
-    fail(each.where, L"did not come until line " + std::to_wstring(where.line()) + L": " + describe(each));
-  }
-}
-
-std::wstring User::describe(const Expected& expected) {
-  struct Words {
-    std::wstring operator()(const Message& message) const { return L"the message \"" + message.text + L"\""; }
-    std::wstring operator()(const File&) const { return L"a file chooser"; }
-    std::wstring operator()(const Folder&) const { return L"a folder chooser"; }
-    std::wstring operator()(const MenuChoice&) const { return L"a menu"; }
-    std::wstring operator()(const Modal& modal) const {
-      return L"the modal dialog " + std::to_wstring(modal.resource);
+  const auto describeAny = [](const auto& expected) -> std::wstring {
+    if constexpr (requires { expected.question; }) {
+      return describe(expected.question);
+    } else if constexpr (requires { expected.resource; }) {
+      return L"the modal dialog " + std::to_wstring(expected.resource);
+    } else {
+      return L"a menu";
     }
   };
-  return std::visit(Words(), expected.what);
+  user::settle();
+  for (const Expected& each : std::exchange(expected_, {})) {
+    fail(each.where, L"did not come until line " + std::to_wstring(where.line()) + L": " +
+                         std::visit(describeAny, each.what));
+  }
 }
 
-// Takes the next expectation when it is of that kind. A wrong one stays: it may still come.
+// The next expectation when it is of that kind. A wrong one stays: it may still come.
 template <class Kind>
-std::optional<Kind> User::next(const std::wstring& came) {
+const Kind* User::next(const std::wstring& came) {
   if (expected_.empty()) {
     fail(lastHand_, L"unexpected: " + came);
-    return std::nullopt;
+    return nullptr;
   }
-  Kind* kind = std::get_if<Kind>(&expected_.front().what);
-  if (!kind) {
-    fail(expected_.front().where, L"instead of " + describe(expected_.front()) + L" came " + came);
-    return std::nullopt;
+  const Kind* kind = std::get_if<Kind>(&expected_.front().what);
+  if (!kind) fail(expected_.front().where, L"something else was to come than " + came);
+  return kind;
+}
+
+template <class Kind, class Question>
+std::optional<Kind> User::takeFor(const Question& question) {
+  const Kind* expected = next<Kind>(describe(question));
+  if (!expected) return std::nullopt;
+  if (expected->question != question) {
+    fail(expected_.front().where,
+         L"instead of " + describe(expected->question) + L" came " + describe(question));
   }
-  return *kind;
+  const Kind taken = *expected;
+  expected_.pop_front();
+  return taken;
 }
 
 Answer User::answer(const MessageQuestion& question) {
-  messages_.push_back(question);
-  const auto expected = next<Message>(L"the message \"" + question.text + L"\"");
+  const auto expected = takeFor<Message>(question);
   if (!expected) return question.buttons == Buttons::kOk ? Answer::kOk : Answer::kNo;
-  const Where where = expected_.front().where;
-  expected_.pop_front();
-  if (expected->text != question.text) {
-    fail(where, L"instead of the message \"" + expected->text + L"\" came \"" + question.text + L"\"");
-  }
-  if ((expected->answer == Answer::kOk) != (question.buttons == Buttons::kOk)) {
-    fail(where, L"the message \"" + question.text + L"\" does not offer that answer");
-  }
   return expected->answer;
 }
 
 std::optional<std::wstring> User::answer(const FileQuestion& question) {
-  lastFile_ = question;
-  const auto expected = next<File>(L"a file chooser for " + question.initialName);
-  if (!expected) return std::nullopt;
-  expected_.pop_front();
-  return expected->path;
+  const auto expected = takeFor<File>(question);
+  return expected ? expected->path : std::nullopt;
 }
 
 std::optional<std::wstring> User::answer(const FolderQuestion& question) {
-  lastFolder_ = question;
-  const auto expected = next<Folder>(L"the folder chooser \"" + question.title + L"\"");
-  if (!expected) return std::nullopt;
-  expected_.pop_front();
-  return expected->path;
+  const auto expected = takeFor<Folder>(question);
+  return expected ? expected->path : std::nullopt;
 }
 
 int User::answer(const Menu& menu) {
   lastMenu_ = menu;
-  const auto expected = next<MenuChoice>(L"a menu");
+  const auto* expected = next<MenuChoice>(L"a menu");
   if (!expected) return 0;
+  const int id = expected->id;
   const Where where = expected_.front().where;
   expected_.pop_front();
-  if (expected->id == 0) return 0;
-  const MenuItem* item = findMenuItem(lastMenu_, expected->id);
-  if (item && item->enabled) return expected->id;
-  fail(where, L"the menu " + std::wstring(item ? L"greys" : L"lacks") + L" the item " +
-                  std::to_wstring(expected->id));
+  if (id == 0) return 0;
+  const MenuItem* item = findMenuItem(lastMenu_, id);
+  if (item && item->enabled) return id;
+  fail(where, L"the menu " + std::wstring(item ? L"greys" : L"lacks") + L" the item " + std::to_wstring(id));
   return 0;
 }
 
 void User::act(DialogWindow& modal) {
-  const auto expected = next<Modal>(L"the modal dialog " + std::to_wstring(modal.resource()));
+  const auto* expected = next<Modal>(L"the modal dialog " + std::to_wstring(modal.resource()));
   if (!expected || expected->resource != modal.resource()) {
     if (expected) {
       fail(expected_.front().where, L"instead of the modal dialog " + std::to_wstring(expected->resource) +
@@ -162,12 +176,15 @@ void User::act(DialogWindow& modal) {
     return;
   }
   const Where where = expected_.front().where;
+  const Hands hands = expected->hands;
   expected_.pop_front();
   auto rest = std::exchange(expected_, {});
-  expected->hands(modal);
+  hands(modal);
   sawEverything(where);
   expected_ = std::move(rest);
 }
+
+void User::failed(const std::wstring& reason) { fail(lastHand_, reason); }
 
 std::vector<std::wstring> User::menuCaptions() const {
   std::vector<std::wstring> captions;
@@ -175,74 +192,72 @@ std::vector<std::wstring> User::menuCaptions() const {
   return captions;
 }
 
-void User::click(DialogWindow& window, int id, Where where) {
+template <class Hand, class... Arguments>
+void User::does(const Where& where, const wchar_t* what, Hand hand, DialogWindow& window, int id,
+                const Arguments&... arguments) {
+  const int dialog = window.resource();
   lastHand_ = where;
-  mustDo(user::click(window, id), where, L"click", window, id);
+  if (hand(window, id, arguments...)) return;
+  fail(where, std::wstring(L"a person cannot ") + what + L" control " + std::to_wstring(id) + L" of dialog " +
+                  std::to_wstring(dialog));
+}
+
+void User::click(DialogWindow& window, int id, Where where) {
+  does(where, L"click", user::click, window, id);
 }
 
 void User::type(DialogWindow& window, int id, std::wstring_view text, Where where) {
-  lastHand_ = where;
-  mustDo(user::type(window, id, text), where, L"type in", window, id);
+  does(where, L"type in", user::type, window, id, text);
 }
 
 void User::chooseEntry(DialogWindow& window, int id, std::wstring_view entry, Where where) {
-  lastHand_ = where;
   const auto entries = window.combo(id).entries();
   const auto found = std::find(entries.begin(), entries.end(), entry);
   if (found == entries.end()) return fail(where, L"no such entry: " + std::wstring(entry));
-  mustDo(user::chooseEntry(window, id, static_cast<int>(found - entries.begin())), where,
-         L"choose an entry of", window, id);
+  does(where, L"choose an entry of", user::chooseEntry, window, id,
+       static_cast<int>(found - entries.begin()));
 }
 
 void User::clickRow(DialogWindow& window, int id, int row, Where where) {
-  lastHand_ = where;
-  mustDo(user::clickRow(window, id, row), where, L"click that row of", window, id);
+  does(where, L"click that row of", user::clickRow, window, id, row);
 }
 
 void User::doubleClickRow(DialogWindow& window, int id, int row, Where where) {
-  lastHand_ = where;
-  mustDo(user::doubleClickRow(window, id, row), where, L"double-click that row of", window, id);
+  does(where, L"double-click that row of", user::doubleClickRow, window, id, row);
 }
 
 void User::clickHeader(DialogWindow& window, int id, int column, Where where) {
-  lastHand_ = where;
-  mustDo(user::clickHeader(window, id, column), where, L"click that header of", window, id);
+  does(where, L"click that header of", user::clickHeader, window, id, column);
 }
 
 void User::clickItem(DialogWindow& window, int id, TreeItem item, Where where) {
-  lastHand_ = where;
-  mustDo(user::clickItem(window, id, item), where, L"click that item of", window, id);
+  does(where, L"click that item of", user::clickItem, window, id, item);
 }
 
 void User::rightClickItem(DialogWindow& window, int id, TreeItem item, Where where) {
-  lastHand_ = where;
-  mustDo(user::rightClickItem(window, id, item), where, L"right-click that item of", window, id);
+  does(where, L"right-click that item of", user::rightClickItem, window, id, item);
 }
 
 void User::rightClickEmpty(DialogWindow& window, int id, Where where) {
-  lastHand_ = where;
-  mustDo(user::rightClickEmpty(window, id), where, L"right-click below the rows of", window, id);
+  does(where, L"right-click below the rows of", user::rightClickEmpty, window, id);
 }
 
 void User::rightClickRow(DialogWindow& window, int id, int row, Where where) {
-  lastHand_ = where;
-  mustDo(user::rightClickRow(window, id, row), where, L"right-click that row of", window, id);
+  does(where, L"right-click that row of", user::rightClickRow, window, id, row);
 }
 
 void User::typeCell(DialogWindow& window, int id, int row, std::wstring_view text, Where where) {
-  lastHand_ = where;
-  mustDo(user::typeCell(window, id, row, text), where, L"type in that row of", window, id);
+  does(where, L"type in that row of", user::typeCell, window, id, row, text);
 }
 
 void User::press(DialogWindow& window, Key key, bool shift, Where where) {
-  lastHand_ = where;
-  const int focused = window.focused();
-  mustDo(user::press(window, key, shift), where, L"press a key in", window, focused);
+  const auto hand = [&](DialogWindow& pressed, int) { return user::press(pressed, key, shift); };
+  does(where, L"press a key in", hand, window, window.focused());
 }
 
 void User::close(DialogWindow& window, Where where) {
-  lastHand_ = where;
-  mustDo(user::close(window), where, L"use the closing box", window, 0);
+  const auto hand = [](DialogWindow& closed, int) { return user::close(closed); };
+  does(where, L"use the closing box, no", hand, window, 0);
 }
 
 void User::cannotClick(DialogWindow& window, int id, Where where) {

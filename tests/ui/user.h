@@ -27,11 +27,12 @@ class User : public DialogScript {
   User& operator=(const User&) = delete;
 
   // --- What is expected, in the order in which it will come
-  void answersMessage(std::wstring text, Answer answer, Where where = Where::current());
-  void choosesFile(std::wstring path, Where where = Where::current());
-  void cancelsFile(Where where = Where::current());
-  void choosesFolder(std::wstring path, Where where = Where::current());
-  void cancelsFolder(Where where = Where::current());
+  // A question that differs in anything from the expected one fails the test.
+  void answersMessage(MessageQuestion question, Answer answer, Where where = Where::current());
+  void choosesFile(FileQuestion question, std::wstring path, Where where = Where::current());
+  void cancelsFile(FileQuestion question, Where where = Where::current());
+  void choosesFolder(FolderQuestion question, std::wstring path, Where where = Where::current());
+  void cancelsFolder(FolderQuestion question, Where where = Where::current());
   void choosesMenu(int id, Where where = Where::current());
   void leavesMenu(Where where = Where::current());
   // A modal dialog. What `hands` expects itself comes before the rest. When the dialog is still open
@@ -41,9 +42,6 @@ class User : public DialogScript {
   void sawEverything(Where where = Where::current());
 
   // --- What came
-  const std::vector<MessageQuestion>& messages() const { return messages_; }
-  const FileQuestion& lastFile() const { return lastFile_; }
-  const FolderQuestion& lastFolder() const { return lastFolder_; }
   const Menu& lastMenu() const { return lastMenu_; }
   // Of the last menu, sub-menus after their item, greyed ones in brackets; "-" is a separator.
   std::vector<std::wstring> menuCaptions() const;
@@ -80,16 +78,19 @@ class User : public DialogScript {
   std::optional<std::wstring> answer(const FolderQuestion& question) override;
   int answer(const Menu& menu) override;
   void act(DialogWindow& modal) override;
+  void failed(const std::wstring& reason) override;
 
  private:
   struct Message {
-    std::wstring text;
+    MessageQuestion question;
     Answer answer;
   };
   struct File {
+    FileQuestion question;
     std::optional<std::wstring> path;
   };
   struct Folder {
+    FolderQuestion question;
     std::optional<std::wstring> path;
   };
   struct MenuChoice {
@@ -105,14 +106,15 @@ class User : public DialogScript {
   };
 
   template <class Kind>
-  std::optional<Kind> next(const std::wstring& came);
-  static std::wstring describe(const Expected& expected);
+  const Kind* next(const std::wstring& came);
+  template <class Kind, class Question>
+  std::optional<Kind> takeFor(const Question& question);
+  template <class Hand, class... Arguments>
+  void does(const Where& where, const wchar_t* what, Hand hand, DialogWindow& window, int id,
+            const Arguments&... arguments);
 
   std::deque<Expected> expected_;
   Where lastHand_ = Where::current();  // unexpected questions are reported here
-  std::vector<MessageQuestion> messages_;
-  FileQuestion lastFile_;
-  FolderQuestion lastFolder_;
   Menu lastMenu_;
 };
 
