@@ -15,20 +15,21 @@ using headless::MemoryWindow;
 
 // The control when a person can get at it.
 struct Reached {
-  Reached(DialogWindow& dialogWindow, int id) : window(static_cast<MemoryWindow&>(dialogWindow)) {
+  Reached(DialogWindow& dialogWindow, int controlId)
+      : window(static_cast<MemoryWindow&>(dialogWindow)), id(controlId) {
     MemoryControl* found = window.takesInput() ? window.find(id) : nullptr;
     if (found && found->isUsable()) control = found;
   }
   explicit operator bool() const { return control != nullptr; }
   Dialog* dialog() const { return window.dialog(); }
-  int id() const { return control->id; }
   // A click on a control gives it the keyboard, and its window too.
   void touch() const {
     window.activate();
-    window.focus(control->id);
+    window.focus(id);
   }
 
   MemoryWindow& window;
+  int id;
   MemoryControl* control = nullptr;
 };
 
@@ -39,9 +40,42 @@ int rowsOf(const MemoryControl& control) {
 
 bool hasRow(const Reached& reached, int row) { return reached && row >= 0 && row < rowsOf(*reached.control); }
 
+bool hasEntry(const Reached& reached, int entry) {
+  return reached && reached.control->combo && entry >= 0 && entry < reached.control->combo->count();
+}
+
+bool hasItem(const Reached& reached, TreeItem item) {
+  return reached && reached.control->tree && reached.control->tree->has(item);
+}
+
 void chooseRow(const Reached& reached, int row) {
   reached.touch();
   headless::chooseRow(reached.window, *reached.control, row);
+}
+
+void chooseEntry(const Reached& reached, int entry) {
+  reached.touch();
+  headless::chooseEntry(reached.window, *reached.control, entry);
+}
+
+void chooseItem(const Reached& reached, TreeItem item) {
+  reached.touch();
+  headless::chooseItem(reached.window, *reached.control, item);
+}
+
+// What was chosen first may have ended the dialog.
+void doubleClick(const Reached& reached) {
+  if (reached.dialog()) reached.dialog()->onDoubleClicked(reached.id);
+}
+
+void openMenu(const Reached& reached) {
+  if (reached.dialog()) reached.dialog()->onContextMenu(reached.id, headless::centre(reached.window));
+}
+
+template <class Action>
+bool does(bool possible, Action action) {
+  if (possible) desktop().run(action);
+  return possible;
 }
 
 }  // namespace
@@ -54,18 +88,15 @@ std::vector<DialogWindow*> shownDialogs() {
 
 bool click(DialogWindow& window, int id) {
   const Reached reached(window, id);
-  if (!reached || !reached.control->isButton()) return false;
-  desktop().run([&] {
+  return does(reached && reached.control->isButton(), [&] {
     reached.touch();
     headless::pressButton(reached.window, *reached.control);
   });
-  return true;
 }
 
 bool type(DialogWindow& window, int id, std::wstring_view text) {
   const Reached reached(window, id);
-  if (!reached || !reached.control->isEditable()) return false;
-  desktop().run([&] {
+  return does(reached && reached.control->isEditable(), [&] {
     reached.touch();
     if (text.empty()) headless::eraseText(reached.window, *reached.control);
     for (const wchar_t character : text) {
@@ -73,127 +104,92 @@ bool type(DialogWindow& window, int id, std::wstring_view text) {
       headless::typeCharacter(reached.window, *reached.control, character);
     }
   });
-  return true;
 }
 
 bool chooseEntry(DialogWindow& window, int id, int entry) {
   const Reached reached(window, id);
-  if (!reached || !reached.control->combo) return false;
-  if (entry < 0 || entry >= reached.control->combo->count()) return false;
-  desktop().run([&] {
-    reached.touch();
-    headless::chooseEntry(reached.window, *reached.control, entry);
-  });
-  return true;
+  return does(hasEntry(reached, entry), [&] { chooseEntry(reached, entry); });
 }
 
 bool doubleClickEntry(DialogWindow& window, int id, int entry) {
   const Reached reached(window, id);
-  if (!reached || !reached.control->combo) return false;
-  if (entry < 0 || entry >= reached.control->combo->count()) return false;
-  desktop().run([&] {
-    reached.touch();
-    headless::chooseEntry(reached.window, *reached.control, entry);
-    if (reached.dialog()) reached.dialog()->onDoubleClicked(id);
+  return does(hasEntry(reached, entry), [&] {
+    chooseEntry(reached, entry);
+    doubleClick(reached);
   });
-  return true;
 }
 
 bool clickRow(DialogWindow& window, int id, int row) {
   const Reached reached(window, id);
-  if (!hasRow(reached, row)) return false;
-  desktop().run([&] { chooseRow(reached, row); });
-  return true;
+  return does(hasRow(reached, row), [&] { chooseRow(reached, row); });
 }
 
 bool doubleClickRow(DialogWindow& window, int id, int row) {
   const Reached reached(window, id);
-  if (!hasRow(reached, row) || !reached.control->list) return false;
-  desktop().run([&] {
+  return does(hasRow(reached, row) && reached.control->list, [&] {
     chooseRow(reached, row);
-    if (reached.dialog()) reached.dialog()->onDoubleClicked(id);
+    doubleClick(reached);
   });
-  return true;
 }
 
 bool clickHeader(DialogWindow& window, int id, int column) {
   const Reached reached(window, id);
-  if (!reached || !reached.control->list) return false;
-  if (column < 0 || column >= reached.control->list->columnCount()) return false;
-  desktop().run([&] {
-    reached.window.activate();
-    reached.dialog()->onHeaderClicked(id, column);
-  });
-  return true;
+  return does(
+      reached && reached.control->list && column >= 0 && column < reached.control->list->columnCount(), [&] {
+        reached.window.activate();
+        reached.dialog()->onHeaderClicked(id, column);
+      });
 }
 
 bool clickItem(DialogWindow& window, int id, TreeItem item) {
   const Reached reached(window, id);
-  if (!reached || !reached.control->tree || !reached.control->tree->has(item)) return false;
-  desktop().run([&] {
-    reached.touch();
-    headless::chooseItem(reached.window, *reached.control, item);
-  });
-  return true;
+  return does(hasItem(reached, item), [&] { chooseItem(reached, item); });
 }
 
 bool rightClickItem(DialogWindow& window, int id, TreeItem item) {
   const Reached reached(window, id);
-  if (!reached || !reached.control->tree || !reached.control->tree->has(item)) return false;
-  desktop().run([&] {
-    reached.touch();
-    headless::chooseItem(reached.window, *reached.control, item);
-    if (reached.dialog()) reached.dialog()->onContextMenu(id, headless::centre(reached.window));
+  return does(hasItem(reached, item), [&] {
+    chooseItem(reached, item);
+    openMenu(reached);
   });
-  return true;
 }
 
 // Rows have no height here: there is always room below the last row.
 bool rightClickEmpty(DialogWindow& window, int id) {
   const Reached reached(window, id);
-  if (!reached || !reached.control->tree) return false;
-  desktop().run([&] { reached.touch(); });
-  return true;
+  return does(reached && reached.control->tree, [&] { reached.touch(); });
 }
 
 bool rightClickRow(DialogWindow& window, int id, int row) {
   const Reached reached(window, id);
-  if (!hasRow(reached, row) || !reached.control->grid) return false;
-  desktop().run([&] {
+  return does(hasRow(reached, row) && reached.control->grid, [&] {
     chooseRow(reached, row);
-    if (reached.dialog()) reached.dialog()->onContextMenu(id, headless::centre(reached.window));
+    openMenu(reached);
   });
-  return true;
 }
 
 bool typeCell(DialogWindow& window, int id, int row, std::wstring_view text) {
   const Reached reached(window, id);
-  if (!hasRow(reached, row) || !reached.control->grid) return false;
-  desktop().run([&] {
+  return does(hasRow(reached, row) && reached.control->grid, [&] {
     chooseRow(reached, row);
     if (reached.dialog()) reached.control->grid->setText(row, text);
   });
-  return true;
 }
 
 bool press(DialogWindow& window, Key key, bool shift) {
   auto& memory = static_cast<MemoryWindow&>(window);
-  if (!memory.takesInput()) return false;
-  desktop().run([&] {
+  return does(memory.takesInput(), [&] {
     memory.activate();
     headless::pressKey(memory, key, shift);
   });
-  return true;
 }
 
 bool close(DialogWindow& window) {
   auto& memory = static_cast<MemoryWindow&>(window);
-  if (!memory.takesInput() || !headless::canCancel(memory)) return false;
-  desktop().run([&] {
+  return does(memory.takesInput() && headless::canCancel(memory), [&] {
     memory.activate();
     headless::cancel(memory);
   });
-  return true;
 }
 
 void settle() {
