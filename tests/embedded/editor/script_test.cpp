@@ -42,7 +42,7 @@ class Script : public HostTest {
       visited.push_back(L"started");
     });
     one_ = text(write("first plan.dxf", cad_test::drawingText()));
-    two_ = text(write(L"図面2.dxf", cad_test::drawingText()));
+    two_ = text(write(base::pathFromText(L"図面2.dxf"), cad_test::drawingText()));
   }
   void TearDown() override {
     acedRegCmds->removeGroup(L"TEST_GROUP");
