@@ -17,7 +17,7 @@ void keepValue(const wchar_t* value, void* context) {
 bool pickEntity(const std::wstring& prompt, PickItem item, std::uint32_t mask,
                 std::vector<std::wstring>& values) {
   values.clear();
-  const std::unique_ptr<SiblingModule> module = SiblingModule::load(kPickModule);
+  const std::unique_ptr<base::DynamicLibrary> module = loadSibling(kPickModule);
   if (!module) {
     printOnCommandLine(L"\n cannot found " + std::wstring(kPickModule) + L".");
     return false;

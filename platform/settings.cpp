@@ -48,7 +48,7 @@ class Store {
   }
 
  private:
-  Store() : module_(SiblingModule::load(kStoreModule)) {
+  Store() : module_(loadSibling(kStoreModule)) {
     if (!module_) {
       printOnCommandLine(L"\n cannot found " + std::wstring(kStoreModule) + L".");
       return;
@@ -65,7 +65,7 @@ class Store {
     return function;
   }
 
-  std::unique_ptr<SiblingModule> module_;
+  std::unique_ptr<base::DynamicLibrary> module_;
   GetCommonSetting* get_ = nullptr;
   SetCommonSetting* set_ = nullptr;
   bool lossSaid_ = false;

@@ -4,9 +4,9 @@
 #include <vector>
 
 #include "acedads.h"
+#include "base/dynamic_library.h"
 #include "base/files.h"
 #include "embedded/editor/host_state.h"
-#include "embedded/editor/module_library.h"
 
 namespace cad {
 namespace {
@@ -44,7 +44,7 @@ std::vector<std::filesystem::path> searchFolders() {
 }  // namespace
 
 std::filesystem::path programFolder() {
-  static const std::filesystem::path folder = programPath().parent_path();
+  static const std::filesystem::path folder = base::programFile().parent_path();
   return folder;
 }
 

@@ -29,11 +29,11 @@ Modules::Module* Modules::find(const void* packet) const {
 
 base::Status Modules::load(const std::filesystem::path& path) {
   if (isLoaded(base::pathText(path))) return {};
-  base::Result<std::unique_ptr<ModuleLibrary>> library = ModuleLibrary::load(path);
+  base::Result<std::unique_ptr<base::DynamicLibrary>> library = base::DynamicLibrary::load(path);
   if (!library) return library.failure();
   auto module = std::make_unique<Module>();
   module->path = path;
-  module->entry = reinterpret_cast<EntryPoint>(library.value()->symbol("acrxEntryPoint"));
+  module->entry = library.value()->function<EntryPoint>("acrxEntryPoint");
   module->library = std::move(library.value());
   if (module->entry == nullptr) return base::Failure{base::pathText(path), L"It has no acrxEntryPoint."};
   modules_.push_back(std::move(module));
@@ -83,7 +83,7 @@ bool Modules::isLocked(std::wstring_view name) const {
 
 void* Modules::symbol(std::wstring_view name, const char* symbol) const {
   const Module* module = find(name);
-  return module == nullptr ? nullptr : module->library->symbol(symbol);
+  return module == nullptr ? nullptr : module->library->function<void*>(symbol);
 }
 
 std::vector<std::filesystem::path> Modules::paths() const {

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/dynamic_library.h"
 #include "base/result.h"
-#include "embedded/editor/module_library.h"
 #include "rxdefs.h"
 
 namespace cad {
@@ -33,7 +33,7 @@ class Modules {
   // The module's address is the packet of its messages.
   struct Module {
     std::filesystem::path path;
-    std::unique_ptr<ModuleLibrary> library;
+    std::unique_ptr<base::DynamicLibrary> library;
     EntryPoint entry = nullptr;
     bool locked = true;
     bool mdiAware = false;

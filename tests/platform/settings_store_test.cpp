@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/module_loader.h"
+#include "platform/release.h"
 #include "platform/settings.h"
 
 namespace kiv {
@@ -23,6 +24,16 @@ TEST(SettingsStore, ATextThatGrowsWhileItIsReadArrivesWhole) {
   EXPECT_EQ(readCommonText(L"Growing", L"none"), L"long-and-longer");
 }
 
+// The store keeps its texts in memory here: they are gone with it.
+TEST(SettingsStore, ReleasingLetsTheSiblingGoUntilItIsNeededAgain) {
+  writeCommonText(L"Kept", L"for a while");
+  EXPECT_EQ(readCommonText(L"Kept", L"none"), L"for a while");
+  releasePlatform();
+  EXPECT_EQ(readCommonText(L"Kept", L"none"), L"none");
+  writeCommonText(L"Kept", L"again");
+  EXPECT_EQ(readCommonText(L"Kept", L"none"), L"again");
+}
+
 TEST(SettingsStore, OverridesAreNotStored) {
   writeCommonInteger(L"KivFileMode", 1);
   overrideCommonSetting(L"KivFileMode", L"5");
@@ -33,8 +44,8 @@ TEST(SettingsStore, OverridesAreNotStored) {
 }
 
 TEST(SettingsStore, ModulesAndFunctionsThatAreMissing) {
-  EXPECT_EQ(SiblingModule::load(L"NoSuchModule.arx"), nullptr);
-  const auto module = SiblingModule::load(L"kivdll.ARX");
+  EXPECT_EQ(loadSibling(L"NoSuchModule.arx"), nullptr);
+  const auto module = loadSibling(L"kivdll.ARX");
   ASSERT_NE(module, nullptr);
   EXPECT_NE(module->function<void (*)()>("dll_kiv_setcfgCmn"), nullptr);
   EXPECT_EQ(module->function<void (*)()>("dll_kiv_entsel"), nullptr);

@@ -26,7 +26,7 @@ using SettingsEntry = cad_test::HostTest;
 TEST_F(SettingsEntry, TextsArriveWholeOrCut) {
   const std::filesystem::path folder = folder_ / "settings";
   setEnvironment(folder);
-  const auto module = SiblingModule::load(L"KivDll.arx");
+  const auto module = loadSibling(L"KivDll.arx");
   ASSERT_NE(module, nullptr);
   const auto get = module->function<GetCommonSetting*>("dll_kiv_getcfgCmn");
   const auto set = module->function<SetCommonSetting*>("dll_kiv_setcfgCmn");
