@@ -9,6 +9,7 @@
 #include "host/conversion_context.h"
 #include "platform/guard.h"
 #include "host/module_state.h"
+#include "platform/release.h"
 #include "platform/screen_scale.h"
 #include "rxdefs.h"
 #include "rxdict.h"
@@ -46,6 +47,7 @@ void initialise(void* packet) {
 void withdraw() {
   // A dialog hidden for a batch would be left to windows whose code has gone.
   conversionContext().dialog.reset();
+  releasePlatform();
   if (!moduleState().commandsRegistered) return;
   moduleState().commandsRegistered = false;
   removeCommands();

@@ -30,9 +30,11 @@ class DialogBackend {
   // from now on it calls no handler, and its posted commands are lost.
   static void destroyWindow(std::unique_ptr<DialogWindow> window);
 
+  // While there is no window: what belongs to all of them goes, and is made again with the next one.
+  static void release();
+
   // --- Common
 
-  static bool isModal(const Dialog& dialog) { return dialog.modal_; }
   // A modal dialog has been given its result, or its window has gone.
   static bool hasEnded(const Dialog& dialog) { return dialog.ended_; }
   // Nobody can end the modal dialog: runModal() of the dialog returns kNotShown.

@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "base/fold.h"
@@ -21,13 +22,14 @@ std::map<std::wstring, std::wstring>& overrides() {
   return values;
 }
 
-// The store's functions, looked for once per process; what is missing or fails is said once.
+// The store's functions, looked for when first needed; what is missing or fails is said once.
 class Store {
  public:
   static Store& instance() {
-    static Store store;
-    return store;
+    if (!opened) opened = new Store;
+    return *opened;
   }
+  static void close() { delete std::exchange(opened, nullptr); }
 
   std::optional<std::wstring> read(const wchar_t* key) const {
     if (!get_) return std::nullopt;
@@ -48,6 +50,9 @@ class Store {
   }
 
  private:
+  // Not a static object: it would let a library go while this one is being detached.
+  static inline Store* opened = nullptr;
+
   Store() : module_(loadSibling(kStoreModule)) {
     if (!module_) {
       printOnCommandLine(L"\n cannot found " + std::wstring(kStoreModule) + L".");
@@ -107,6 +112,8 @@ void writeCommonText(const wchar_t* key, const wchar_t* value) {
 void writeCommonInteger(const wchar_t* key, int value) {
   writeCommonText(key, std::to_wstring(value).c_str());
 }
+
+void closeSettingsStore() { Store::close(); }
 
 void overrideCommonSetting(const wchar_t* key, const wchar_t* value) {
   overrides()[base::upper(key)] = value;

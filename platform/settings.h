@@ -17,6 +17,9 @@ std::wstring readCommonText(const wchar_t* key, const wchar_t* fallback);
 void writeCommonText(const wchar_t* key, const wchar_t* value);
 void writeCommonInteger(const wchar_t* key, int value);
 
+// The sibling is let go, and loaded again when a setting is asked for.
+void closeSettingsStore();
+
 // For this process only, until clearSettingOverrides(); nothing is stored.
 void overrideCommonSetting(const wchar_t* key, const wchar_t* value);
 void clearSettingOverrides();

@@ -52,4 +52,6 @@ void DialogBackend::destroyWindow(std::unique_ptr<DialogWindow> window) {
   });
 }
 
+void DialogBackend::release() { headless::releaseIdleDesktop(); }
+
 }  // namespace kiv

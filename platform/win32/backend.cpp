@@ -2,6 +2,7 @@
 #include "platform/dialog_script.h"
 #include "platform/win32/acting.h"
 #include "platform/win32/dialog_keys.h"
+#include "platform/win32/grid.h"
 #include "platform/win32/people.h"
 #include "platform/win32/window.h"
 
@@ -63,5 +64,7 @@ void DialogBackend::runModal(Dialog& dialog, NativeWindow owner) {
 void DialogBackend::destroyWindow(std::unique_ptr<DialogWindow> window) {
   static_cast<Window*>(window.release())->goAway();
 }
+
+void DialogBackend::release() { win32::unregisterGridClass(); }
 
 }  // namespace kiv

@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include <cstdlib>
+#include <utility>
 
 namespace kiv::win32 {
 namespace {
@@ -16,40 +17,18 @@ COMBOBOXINFO partsOf(HWND comboBox) {
 
 // The click that may become the first of a double click; there is one mouse.
 struct FirstClick {
-  HHOOK hook = nullptr;
   HWND comboBox = nullptr;
   POINT place{};
   DWORD time = 0;
 };
 FirstClick firstClick;
 
-void stopWaiting() {
-  UnhookWindowsHookEx(firstClick.hook);
-  firstClick = {};
-}
-
-bool isSecondClick(const MSG& message) {
+bool completes(const FirstClick& first, const MSG& message) {
   POINT place{GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)};
   ClientToScreen(message.hwnd, &place);
-  return message.time - firstClick.time <= GetDoubleClickTime() &&
-         std::abs(place.x - firstClick.place.x) <= GetSystemMetrics(SM_CXDOUBLECLK) &&
-         std::abs(place.y - firstClick.place.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
-}
-
-LRESULT CALLBACK watchMessages(int code, WPARAM removed, LPARAM data) {
-  auto& message = *reinterpret_cast<MSG*>(data);
-  const bool isPress = message.message == WM_LBUTTONDOWN || message.message == WM_LBUTTONDBLCLK;
-  if (code == HC_ACTION && removed == PM_REMOVE && isPress && firstClick.hook) {
-    const HWND comboBox = firstClick.comboBox;
-    const bool isSecond = isSecondClick(message);
-    stopWaiting();
-    if (isSecond && IsWindow(comboBox)) {
-      PostMessageW(GetParent(comboBox), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(comboBox), CBN_DBLCLK),
-                   reinterpret_cast<LPARAM>(comboBox));
-      message.message = WM_NULL;
-    }
-  }
-  return CallNextHookEx(nullptr, code, removed, data);
+  return IsWindow(first.comboBox) && message.time - first.time <= GetDoubleClickTime() &&
+         std::abs(place.x - first.place.x) <= GetSystemMetrics(SM_CXDOUBLECLK) &&
+         std::abs(place.y - first.place.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
 }
 
 }  // namespace
@@ -90,12 +69,19 @@ void SystemComboBox::putCaretAtEnd() {
 }
 
 void awaitSecondClick(HWND comboBox) {
-  if (firstClick.hook) stopWaiting();
   const DWORD place = GetMessagePos();
   firstClick.comboBox = comboBox;
   firstClick.place = {static_cast<short>(LOWORD(place)), static_cast<short>(HIWORD(place))};
   firstClick.time = static_cast<DWORD>(GetMessageTime());
-  firstClick.hook = SetWindowsHookExW(WH_GETMESSAGE, watchMessages, nullptr, GetCurrentThreadId());
+}
+
+bool takeSecondClick(const MSG& message) {
+  if (message.message != WM_LBUTTONDOWN && message.message != WM_LBUTTONDBLCLK) return false;
+  const FirstClick first = std::exchange(firstClick, {});
+  if (!first.comboBox || !completes(first, message)) return false;
+  PostMessageW(GetParent(first.comboBox), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(first.comboBox), CBN_DBLCLK),
+               reinterpret_cast<LPARAM>(first.comboBox));
+  return true;
 }
 
 }  // namespace kiv::win32

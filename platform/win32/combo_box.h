@@ -22,8 +22,12 @@ class SystemComboBox final : public ComboBox, public Control {
   static HWND listOf(HWND comboBox);
 };
 
-// The drop-down list closes at the first click of a double click. After an entry was chosen by the mouse,
-// this waits for the second click and then sends CBN_DBLCLK to the dialog.
+// The drop-down list closes at the first click of a double click. To be called after an entry was chosen by
+// the mouse; the second click, wherever it goes, is taken by the next function.
 void awaitSecondClick(HWND comboBox);
+
+// Of every message of the thread. True for the second click of a double click on an entry: the dialog gets
+// CBN_DBLCLK, and the message is done with.
+bool takeSecondClick(const MSG& message);
 
 }  // namespace kiv::win32

@@ -1,6 +1,7 @@
 #include "platform/win32/dialog_keys.h"
 
 #include "platform/guard.h"
+#include "platform/win32/combo_box.h"
 #include "platform/win32/window.h"
 
 // After the system's header, whose types the host's headers share.
@@ -16,6 +17,7 @@ BOOL filterHostMessage(MSG* message) {
 }  // namespace
 
 bool passToDialog(MSG& message) {
+  if (takeSecondClick(message)) return true;
   if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST || !message.hwnd) return false;
   const Window* window = Window::of(GetAncestor(message.hwnd, GA_ROOT));
   return window && IsDialogMessageW(window->handle(), &message);

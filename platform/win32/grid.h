@@ -9,7 +9,9 @@ namespace kiv::win32 {
 class GridWindow;
 
 inline constexpr const wchar_t* kGridClass = L"KivGrid";  // as in the resource script
+// Again and again without harm. A class that outlives the module leads into code that is not there any more.
 void registerGridClass();
+void unregisterGridClass();
 
 // To its parent, as a WM_NOTIFY code: the person went to another row.
 inline constexpr UINT kGridRowChosen = 1;

@@ -40,19 +40,18 @@ LRESULT CALLBACK gridProcedure(HWND handle, UINT message, WPARAM first, LPARAM s
 }  // namespace
 
 void registerGridClass() {
-  static const ATOM known = [] {
-    WNDCLASSEXW description{};
-    description.cbSize = sizeof description;
-    description.style = CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW;
-    description.lpfnWndProc = gridProcedure;
-    description.cbWndExtra = sizeof(GridWindow*);
-    description.hInstance = moduleInstance();
-    description.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
-    description.lpszClassName = kGridClass;
-    return RegisterClassExW(&description);
-  }();
-  static_cast<void>(known);
+  WNDCLASSEXW description{};
+  description.cbSize = sizeof description;
+  description.style = CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW;
+  description.lpfnWndProc = gridProcedure;
+  description.cbWndExtra = sizeof(GridWindow*);
+  description.hInstance = moduleInstance();
+  description.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
+  description.lpszClassName = kGridClass;
+  RegisterClassExW(&description);
 }
+
+void unregisterGridClass() { UnregisterClassW(kGridClass, moduleInstance()); }
 
 GridWindow::GridWindow(HWND handle) : handle_(handle), font_(standardFont()), editor_(handle) {
   SetWindowLongPtrW(handle, GWL_STYLE, GetWindowLongPtrW(handle, GWL_STYLE) | WS_VSCROLL | WS_CLIPCHILDREN);

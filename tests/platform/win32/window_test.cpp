@@ -7,6 +7,8 @@
 #include <stdexcept>
 
 #include "embedded/editor/host.h"
+#include "platform/release.h"
+#include "platform/win32/grid.h"
 #include "tests/ui/test_dialog.h"
 #include "tests/ui/user.h"
 #include "ui/resource.h"
@@ -37,6 +39,30 @@ TEST(RealWindow, HandlerThatFailsIsToldAndLeavesTheDialogUsable) {
   EXPECT_TRUE(destroyed);
   EXPECT_FALSE(IsWindow(window));
   cad::Host::instance().setOutput({});
+}
+
+// The host unloads the module: nothing of the system may lead into its code then.
+TEST(RealWindow, ReleasingTakesTheControlClassAlongUntilTheNextDialog) {
+  WNDCLASSEXW known{};
+  known.cbSize = sizeof known;
+  User person;
+  for (int round = 0; round < 2; ++round) {
+    TestDialog values(IDD_VALUE);
+    ASSERT_TRUE(values.create(nullptr));
+    values.window().combo(IDC_VALUE_COMBO).add(L"1:赤");
+    person.chooseEntry(values.window(), IDC_VALUE_COMBO, L"1:赤");  // and no second click
+    TestDialog texts(IDD_TEXT_LIST);
+    ASSERT_TRUE(texts.create(nullptr));
+    TextGrid& grid = texts.window().grid(IDC_TEXT_LIST_GRID);
+    grid.setRowCount(1);
+    person.typeCell(texts.window(), IDC_TEXT_LIST_GRID, 0, L"柱");
+    EXPECT_EQ(grid.text(0), L"柱");
+    EXPECT_TRUE(GetClassInfoExW(win32::moduleInstance(), win32::kGridClass, &known));
+    texts.destroy();
+    values.destroy();
+    releasePlatform();
+    EXPECT_FALSE(GetClassInfoExW(win32::moduleInstance(), win32::kGridClass, &known));
+  }
 }
 
 }  // namespace
