@@ -41,7 +41,7 @@ bool FileHand::step() {
   if (confirmed_) {
     const HWND box = findOwnWindow(L"#32770", isOwnedBox, theChooser);
     if (!box || saving_) return box && pressButton(box, IDYES);
-    reportOnStderr(L"the system refuses " + name());
+    report(L"the system refuses " + name());
     giveUp();
     return true;
   }

@@ -108,7 +108,7 @@ bool FolderHand::step() {
   // Wine does not find every folder that is there by its path.
   if (!parts.empty() && (tree.isChosen(parts.back()) || tree.choose(parts)))
     return pressButton(browser_, IDOK);
-  reportOnStderr(L"the folder browser has no \"" + *folder_ + L"\"");
+  report(L"the folder browser has no \"" + *folder_ + L"\"");
   folder_.reset();
   return false;
 }

@@ -1,5 +1,6 @@
 #include "platform/win32/hand.h"
 
+#include "platform/dialog_script.h"
 #include "platform/guard.h"
 
 namespace kiv::win32 {
@@ -55,11 +56,16 @@ void Hand::work() {
 void Hand::goOn() {
   if (!done_) done_ = step();
   if (GetTickCount64() > deadline_) {
-    reportOnStderr(L"no answer could be given to " + name());
+    report(L"no answer could be given to " + name());
     done_ = true;
     giveUp();
     deadline_ = GetTickCount64() + kPatience;
   }
+}
+
+void Hand::report(const std::wstring& reason) {
+  reportOnStderr(reason);
+  if (DialogScript* script = dialogScript()) script->failed(reason);
 }
 
 HWND findOwnWindow(const wchar_t* windowClass, bool (*fits)(HWND, void*), void* context) {

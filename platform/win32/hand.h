@@ -6,7 +6,7 @@
 namespace kiv::win32 {
 
 // While one of these lives, step() runs again and again inside the question's own message loop until it
-// says that the answer is given. A question that stays open is closed, and reported on stderr, so that a
+// says that the answer is given. A question that stays open is closed, and the script hears of it, so that a
 // session never hangs.
 class Hand {
  public:
@@ -26,6 +26,9 @@ class Hand {
   // Closes the question without an answer.
   virtual void giveUp() = 0;
   virtual std::wstring name() const = 0;
+
+  // Tells the script, and stderr, what went another way than it said.
+  static void report(const std::wstring& reason);
 
  private:
   static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD);

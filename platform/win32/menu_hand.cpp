@@ -41,7 +41,7 @@ MenuHand::MenuHand(HWND owner, HMENU menu, int item) : owner_(owner), menu_(menu
 bool MenuHand::step() {
   if (!isOpen(menu_)) return false;
   if (item_ != 0 && (!holds(menu_, item_) || !isEnabled(menu_, item_))) {
-    reportOnStderr(L"the menu has no item " + std::to_wstring(item_) + L" that can be chosen");
+    report(L"the menu has no item " + std::to_wstring(item_) + L" that can be chosen");
     item_ = 0;
   }
   if (item_ == 0) {
