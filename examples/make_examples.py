@@ -179,9 +179,11 @@ def floor_plan_dimensions(doc, msp):
         msp.add_linear_dim(
             base=(-1500, 0), p1=(0, a), p2=(0, b), angle=90, dimstyle="建築", dxfattribs={"layer": "寸法"}
         ).render()
-    msp.add_linear_dim(
-        base=(0, 8300), p1=(0, 7280), p2=(5460, 7280), text="<> (内法)", dimstyle="建築", dxfattribs={"layer": "寸法"}
-    ).render()
+    inner = msp.add_linear_dim(
+        base=(0, 8300), p1=(0, 7280), p2=(5460, 7280), text="5460 (内法)", dimstyle="建築", dxfattribs={"layer": "寸法"}
+    )
+    inner.render()
+    inner.dimension.dxf.text = "<> (内法)"  # the measured value; the rendering would show the sign itself
     msp.add_leader([(2700, 7205), (3600, 9200), (4200, 9200)], dimstyle="建築", dxfattribs={"layer": "寸法"})
     text(msp, "外壁：窯業系ｻｲﾃﾞｨﾝｸﾞ", (4300, 9150), 200, "文字-仕上")
 
