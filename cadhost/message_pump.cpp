@@ -2,8 +2,6 @@
 
 #include <windowsx.h>
 
-#include <vector>
-
 namespace cadhost {
 namespace {
 
@@ -18,9 +16,36 @@ bool isOverWindow(HWND window, POINT screen) {
   return GetWindowRect(window, &area) && PtInRect(&area, screen);
 }
 
+// A command may wait for its dialog only, and would wait for ever once there is no more input. What a person
+// could close now is closed; what is behind it has its turn when the command waits again.
+void closeOthers(HWND frame) {
+  const auto close = [](HWND window, LPARAM kept) -> BOOL {
+    const bool closable = (GetWindowLongPtrW(window, GWL_STYLE) & WS_SYSMENU) != 0;
+    if (window != reinterpret_cast<HWND>(kept) && closable && IsWindowVisible(window) &&
+        IsWindowEnabled(window))
+      SendMessageW(window, WM_CLOSE, 0, 0);
+    return TRUE;
+  };
+  EnumThreadWindows(GetCurrentThreadId(), close, reinterpret_cast<LPARAM>(frame));
+}
+
 }  // namespace
 
-void MessagePump::dispatch(MSG& message) {
+// Typed ahead while a command was running, or the next one of the system's.
+MessagePump::Taken MessagePump::take() {
+  Taken out;
+  if (!typedAhead_.empty()) {
+    out.message = typedAhead_.front();
+    typedAhead_.pop_front();
+    out.translated = true;
+  } else {
+    out.quits = GetMessageW(&out.message, nullptr, 0, 0) <= 0;
+  }
+  return out;
+}
+
+void MessagePump::dispatch(Taken& taken) {
+  MSG& message = taken.message;
   if (host_.filterMessage(&message)) return;
   const bool ours = isOurs(message.hwnd);
   if (ours && TranslateAcceleratorW(windows_.frame, windows_.accelerators, &message)) return;
@@ -28,14 +53,16 @@ void MessagePump::dispatch(MSG& message) {
   const POINT at{GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)};
   if (message.message == WM_MOUSEWHEEL && ours && isOverWindow(windows_.view, at))
     message.hwnd = windows_.view;
-  TranslateMessage(&message);
+  if (!taken.translated) TranslateMessage(&message);
   DispatchMessageW(&message);
 }
 
 int MessagePump::run() {
-  MSG message;
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) dispatch(message);
-  return static_cast<int>(message.wParam);
+  while (true) {
+    Taken taken = take();
+    if (taken.quits) return static_cast<int>(taken.message.wParam);
+    dispatch(taken);
+  }
 }
 
 std::optional<cad::InputEvent> MessagePump::waitForEvent() {
@@ -43,28 +70,30 @@ std::optional<cad::InputEvent> MessagePump::waitForEvent() {
   if (beforeWait_) beforeWait_();
   while (true) {
     if (std::optional<cad::InputEvent> event = input_.takeEvent(host_.isPicking())) return event;
-    MSG message;
-    if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
-      PostQuitMessage(static_cast<int>(message.wParam));
+    Taken taken = take();
+    if (taken.quits) {
+      closeOthers(windows_.frame);
+      PostQuitMessage(static_cast<int>(taken.message.wParam));
       return std::nullopt;
     }
     // A module's window may have changed what the waiting command is to do.
-    const bool elsewhere = !isOurs(message.hwnd) && isUserInput(message.message);
-    dispatch(message);
+    const bool elsewhere = !isOurs(taken.message.hwnd) && isUserInput(taken.message.message);
+    dispatch(taken);
     if (elsewhere) input_.wake();
   }
 }
 
 bool MessagePump::isBreakWanted() {
-  std::vector<MSG> others;
   MSG message;
-  while (PeekMessageW(&message, nullptr, WM_KEYDOWN, WM_KEYDOWN, PM_REMOVE)) {
-    if (message.wParam == VK_ESCAPE && isOurs(message.hwnd))
+  while (PeekMessageW(&message, windows_.frame, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE)) {
+    if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE) {
       input_.cancel();
-    else
-      others.push_back(message);
+      continue;
+    }
+    // Which character a key means depends on the keys that are down when it is taken from the queue.
+    TranslateMessage(&message);
+    typedAhead_.push_back(message);
   }
-  for (const MSG& each : others) PostMessageW(each.hwnd, each.message, each.wParam, each.lParam);
   return input_.isBreakWanted();
 }
 

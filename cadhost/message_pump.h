@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <deque>
 #include <functional>
 #include <optional>
 
@@ -24,19 +25,27 @@ class MessagePump {
   void setBeforeWait(std::function<void()> hand) { beforeWait_ = std::move(hand); }
 
   int run();  // until WM_QUIT; its exit status
-  // The host's input source: handles messages until one of them makes an event.
+  // The host's input source: handles messages until one of them makes an event. At WM_QUIT there is none any
+  // more, and the dialogs of this thread are closed.
   std::optional<cad::InputEvent> waitForEvent();
-  // The host's break query, without handling any other message.
+  // The host's break query, without handling any other message: keys typed ahead keep their turn.
   bool isBreakWanted();
 
  private:
-  void dispatch(MSG& message);
+  struct Taken {
+    MSG message{};
+    bool translated = false;  // its characters follow by themselves
+    bool quits = false;       // WM_QUIT
+  };
+  Taken take();
+  void dispatch(Taken& taken);
   bool isOurs(HWND window) const { return window == windows_.frame || IsChild(windows_.frame, window); }
 
   cad::Host& host_;
   InputQueue& input_;
   Windows windows_;
   std::function<void()> beforeWait_;
+  std::deque<MSG> typedAhead_;
 };
 
 }  // namespace cadhost
