@@ -28,6 +28,10 @@ std::wstring commandName(std::wstring_view line) {
 
 void CommandRunner::runLines() {
   while (const std::optional<std::wstring> line = input_.takeLine()) {
+    if (*line == kCancelLine) {
+      cancelPrompt();
+      continue;
+    }
     const bool isName = !host_.state().commandLine.hasOpenPrompt();
     hands_.print((isName ? L"\nコマンド: " : L"\n: ") + *line);
     const std::wstring name = isName ? commandName(*line) : std::wstring();
@@ -54,6 +58,14 @@ base::Status CommandRunner::run(const std::wstring& line) {
   input_.endCommand();
   hands_.ended();
   return status;
+}
+
+void CommandRunner::cancelPrompt() {
+  cad::CommandLine& commandLine = host_.state().commandLine;
+  if (input_.isRunning() || !commandLine.hasOpenPrompt()) return;
+  commandLine.cancelPrompt();
+  hands_.print(L"\n*キャンセル*");
+  hands_.ended();
 }
 
 }  // namespace cadhost

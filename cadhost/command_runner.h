@@ -24,9 +24,11 @@ class CommandRunner {
   CommandRunner(cad::Host& host, InputQueue& input) : host_(host), input_(input) {}
   void setHands(Hands hands) { hands_ = std::move(hands); }
 
-  // Every line that has been entered. Does nothing while a command is running.
+  // Every line that has been entered, each cancel in its place. Does nothing while a command is running.
   void runLines();
   base::Status run(const std::wstring& line);
+  // Of a command that wants more input; says so. Does nothing when there is none, and while a command runs.
+  void cancelPrompt();
 
  private:
   cad::Host& host_;

@@ -57,7 +57,7 @@ void DrawingView::remember() {
              return open.get() == each.document && open->name() == each.name;
            });
   });
-  if (document_ != nullptr) remembered_.push_back({document_, documentName_, view_});
+  if (document_ != nullptr) remembered_.push_back({document_, documentName_, view_, lossSaid_});
 }
 
 void DrawingView::showDocument(const cad::Document& document) {
@@ -69,6 +69,7 @@ void DrawingView::showDocument(const cad::Document& document) {
   const auto found = std::find_if(remembered_.begin(), remembered_.end(), [&](const Remembered& each) {
     return each.document == document_ && each.name == documentName_;
   });
+  lossSaid_ = found != remembered_.end() && found->lossSaid;
   if (found == remembered_.end()) {
     zoomExtents();
     return;
@@ -84,7 +85,7 @@ void DrawingView::zoomExtents() {
   viewChanged();
 }
 
-void DrawingView::zoomAt(int notches, POINT screen) {
+void DrawingView::zoomAt(double notches, POINT screen) {
   ScreenToClient(window_, &screen);
   view_.zoom(std::pow(kZoomStep, notches), {double(screen.x), double(screen.y)});
   viewChanged();
@@ -159,6 +160,7 @@ void DrawingView::paint() {
     BitBlt(dc, 0, 0, composed_->width(), composed_->height(), composed_->dc(), 0, 0, SRCCOPY);
   }
   EndPaint(window_, &paint);
+  if (host_.scene().truncated && !std::exchange(lossSaid_, true)) hands_.incomplete();
 }
 
 void DrawingView::paintPointer() {
@@ -205,7 +207,8 @@ LRESULT DrawingView::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       zoomExtents();
       return 0;
     case WM_MOUSEWHEEL:
-      zoomAt(GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+      zoomAt(double(GET_WHEEL_DELTA_WPARAM(wParam)) / WHEEL_DELTA,
+             {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
       return 0;
     case WM_GETDLGCODE:
       return DLGC_WANTALLKEYS;

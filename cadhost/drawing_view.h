@@ -28,6 +28,7 @@ class DrawingView {
   struct Hands {
     std::function<void(DrawingPoint)> moved;  // the pointer
     std::function<void(wchar_t)> typed;       // a character, Enter and Esc included
+    std::function<void()> incomplete;         // the drawing has more than is shown; once for each drawing
   };
 
   DrawingView(cad::Host& host, InputQueue& input) : host_(host), input_(input) {}
@@ -37,7 +38,7 @@ class DrawingView {
   // To be called when a command has ended or waits: another drawing, or another state of it, is shown.
   void refresh();
   void zoomExtents();
-  void zoomAt(int notches, POINT screen);  // of the wheel; above 0 enlarges
+  void zoomAt(double notches, POINT screen);  // of the wheel, touchpads give shares; above 0 enlarges
   void setHighlight(cad::RecordId entity);
   double pixelsPerUnit() const { return view_.pixelsPerUnit(); }
 
@@ -50,6 +51,7 @@ class DrawingView {
     const cad::Document* document = nullptr;
     std::wstring name;
     ViewTransform view;
+    bool lossSaid = false;
   };
 
   LRESULT handleMouse(UINT message, WPARAM wParam, POINT at);
@@ -77,6 +79,7 @@ class DrawingView {
   const cad::Document* document_ = nullptr;
   std::wstring documentName_;
   std::uint64_t revision_ = 0;
+  bool lossSaid_ = false;  // that not all of document_ is shown
   std::vector<Remembered> remembered_;
   std::unique_ptr<Picture> drawn_, composed_;  // the scene; the same with what moves over it
   bool stale_ = true;                          // drawn_ is not what the view shows

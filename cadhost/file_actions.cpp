@@ -2,6 +2,8 @@
 
 #include <commdlg.h>
 
+#include <cderr.h>
+
 #include <vector>
 
 #include "base/files.h"
@@ -43,12 +45,22 @@ void FileActions::complain(const std::wstring& text) const {
   MessageBoxW(owner_, text.c_str(), kProgram, MB_OK | MB_ICONWARNING);
 }
 
+bool FileActions::hasChosen(BOOL answer) const {
+  if (answer) return true;
+  const DWORD error = CommDlgExtendedError();
+  if (error == FNERR_BUFFERTOOSMALL)
+    complain(L"選択したファイルが多すぎます。");
+  else if (error != 0)
+    complain(L"ファイルの選択画面を表示できませんでした。\n\nエラー " + std::to_wstring(error));
+  return false;
+}
+
 void FileActions::open() {
   std::vector<wchar_t> answer(kLongestChoice, L'\0');
   OPENFILENAMEW asked = chooser(owner_, answer, L"図面を開く");
   asked.Flags = OFN_EXPLORER | OFN_ALLOWMULTISELECT | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST |
                 OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-  if (!GetOpenFileNameW(&asked)) return;
+  if (!hasChosen(GetOpenFileNameW(&asked))) return;
   for (const std::wstring& path : chosenPaths(answer)) {
     const base::Status opened = host_.openDocument(base::pathFromText(path));
     if (!opened) complain(L"図面を開けませんでした。\n\n" + opened.failure().text());
@@ -77,7 +89,7 @@ bool FileActions::saveAs() {
   if (name.size() < answer.size()) std::copy(name.begin(), name.end(), answer.begin());
   OPENFILENAMEW asked = chooser(owner_, answer, L"名前を付けて保存");
   asked.Flags = OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-  return GetSaveFileNameW(&asked) && saveInto(answer.data());
+  return hasChosen(GetSaveFileNameW(&asked)) && saveInto(answer.data());
 }
 
 bool FileActions::mayClose(const cad::Document& document) {

@@ -33,6 +33,8 @@ class FileActions {
   void complain(const std::wstring& text) const;
 
  private:
+  // Of a chooser: false when it was left without a choice; says why when it has failed.
+  bool hasChosen(BOOL answer) const;
   bool saveInto(const std::wstring& path);
   bool mayClose(const cad::Document& document);
 

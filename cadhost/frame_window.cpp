@@ -55,8 +55,9 @@ bool FrameWindow::create(HINSTANCE instance, int width, int height) {
 
 bool FrameWindow::createParts() {
   const bool made =
-      view_.create(window_, {[this](DrawingPoint point) { status_.showPoint(point, view_.pixelsPerUnit()); },
-                             [this](wchar_t c) { commands_.typeCharacter(c); }}) &&
+      view_.create(window_,
+                   {[this](DrawingPoint point) { status_.showPoint(point, view_.pixelsPerUnit()); },
+                    [this](wchar_t c) { commands_.typeCharacter(c); }, [this] { sayIncomplete(); }}) &&
       commands_.create(window_, {[this](std::wstring line) { entered(std::move(line)); },
                                  [this](wchar_t c) { input_.pressKey(c); }, [this] { cancelled(); }}) &&
       status_.create(window_);
@@ -97,9 +98,6 @@ void FrameWindow::loadModule(const std::filesystem::path& path) {
 
 void FrameWindow::type(std::wstring_view text) {
   commands_.setLine(input_.type(text, commands_.line()));
-  if (text.find(L'\x03') != std::wstring_view::npos && !input_.isRunning() &&
-      host_.state().commandLine.hasOpenPrompt())
-    host_.state().commandLine.cancelPrompt();
   linesEntered();
 }
 
@@ -153,6 +151,7 @@ LRESULT FrameWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
       const HWND window = window_;
       SetWindowLongPtrW(window, GWLP_USERDATA, 0);
       window_ = nullptr;
+      host_.setMainWindow(nullptr);  // modules still get their last message
       return DefWindowProcW(window, message, wParam, lParam);
     }
   }
@@ -186,6 +185,11 @@ void FrameWindow::showTitle() {
   title += L" - ";
   title += kProgram;
   if (windowText(window_) != title) SetWindowTextW(window_, title.c_str());
+}
+
+void FrameWindow::sayIncomplete() {
+  commands_.print(L"\n図形が多すぎるため、図面の一部は表示されません。");
+  commands_.flush();
 }
 
 void FrameWindow::showState() {
@@ -229,7 +233,7 @@ LRESULT FrameWindow::command(int id) {
     if ((id >= IDM_OPEN && id <= IDM_UNDO)) MessageBeep(MB_OK);
     return 0;
   }
-  host_.state().commandLine.cancelPrompt();
+  runner_.cancelPrompt();
   fileCommand(id);
   showState();
   return 0;
@@ -266,12 +270,8 @@ void FrameWindow::entered(std::wstring line) {
 }
 
 void FrameWindow::cancelled() {
-  if (!input_.isRunning() && host_.state().commandLine.hasOpenPrompt()) {
-    host_.state().commandLine.cancelPrompt();
-    commands_.print(L"\n*キャンセル*");
-    showState();
-  }
   input_.cancel();
+  linesEntered();
 }
 
 void FrameWindow::linesEntered() {

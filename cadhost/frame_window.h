@@ -56,6 +56,7 @@ class FrameWindow {
   void commandEnded();
   void showState();  // everything that a command may have changed
   void showTitle();
+  void sayIncomplete();
   bool mayEnd();
   bool quit(bool discardChanges);
 

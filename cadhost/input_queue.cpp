@@ -33,7 +33,10 @@ std::wstring InputQueue::type(std::wstring_view text, std::wstring unfinished) {
     const wchar_t c = text[i];
     if (c == kCancelCharacter) {
       unfinished.clear();
-      if (isWaiting()) cancel();
+      if (isWaiting())
+        cancel();
+      else
+        lines_.emplace_back(kCancelLine);
     } else if (c == L'\n' || c == L'\r') {
       if (c == L'\r' && i + 1 < text.size() && text[i + 1] == L'\n') ++i;
       enter(std::exchange(unfinished, {}));
@@ -59,6 +62,7 @@ void InputQueue::pressKey(int key) {
 void InputQueue::cancel() {
   if (!isWaiting()) {
     break_ = running_;
+    if (!running_) lines_.emplace_back(kCancelLine);
     return;
   }
   // What was typed before is not for the command that comes next.

@@ -13,17 +13,21 @@ namespace cadhost {
 
 inline constexpr int kCancelKey = 3, kEnterKey = 13;
 
+// Stands among the lines where the user has cancelled: the prompt that is open by then is closed.
+inline constexpr std::wstring_view kCancelLine = L"\x03";
+
 class InputQueue {
  public:
   // --- From the keyboard, the copied-data messages and the script ---------------------------------------
   // Types a text behind the unfinished line and returns the line that is then unfinished. The character
-  // 3 cancels: it drops the unfinished line and ends what waits. A line end enters the line.
+  // 3 cancels: it drops the unfinished line and ends what waits, or the prompt that the lines before it leave
+  // open. A line end enters the line.
   std::wstring type(std::wstring_view text, std::wstring unfinished);
   // A whole line. An empty one is the Enter key for a command that waits.
   void enter(std::wstring line);
   // For a command that waits; otherwise nobody misses it.
   void pressKey(int key);
-  // Ends what waits; a command that is running without waiting is asked to stop.
+  // Ends what waits; a command that is running without waiting is asked to stop; else as the character 3.
   void cancel();
 
   // --- From the drawing; for a command that waits ---------------------------------------------------------
@@ -56,7 +60,7 @@ class InputQueue {
   // True once the user has asked the running command to stop.
   bool isBreakWanted() const { return break_; }
 
-  // The next line for the command line; none while a command is running.
+  // The next line for the command line, or kCancelLine; none while a command is running.
   std::optional<std::wstring> takeLine();
   bool hasLine() const { return !lines_.empty(); }
 

@@ -94,10 +94,19 @@ TEST_F(CommandRunnerTest, TheLinesOfOneCommandBelongTogether) {
   input.enter(L"QUIT");  // a block's name now
   runner.runLines();
   EXPECT_TRUE(quits.empty());
-  host.state().commandLine.cancelPrompt();
-  input.enter(L"DONE");
+}
+
+TEST_F(CommandRunnerTest, ACancelClosesThePromptOfTheLinesBeforeIt) {
+  input.type(
+      L"-INSERT\n\x03"
+      L"DONE\n-INSERT\n",
+      L"");
   runner.runLines();
-  EXPECT_TRUE(hasPrinted(L"<done>"));
+  EXPECT_TRUE(hasPrinted(L"*キャンセル*\nコマンド: DONE<done>"));
+  EXPECT_TRUE(host.state().commandLine.hasOpenPrompt()) << "of the line behind";
+  input.cancel();
+  runner.runLines();
+  EXPECT_FALSE(host.state().commandLine.hasOpenPrompt());
 }
 
 TEST_F(CommandRunnerTest, QuitIsForTheWindow) {

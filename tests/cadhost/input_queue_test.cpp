@@ -20,10 +20,10 @@ TEST(InputQueue, TypedTextBecomesLines) {
   EXPECT_EQ(linesOf(queue), (Lines{L"UT", L"OPEN", L"C:\\a b.dxf"}));
 }
 
-TEST(InputQueue, TheCancelCharacterDropsTheUnfinishedLineOnly) {
+TEST(InputQueue, TheCancelCharacterDropsTheUnfinishedLineAndKeepsItsPlace) {
   InputQueue queue;
   EXPECT_EQ(queue.type(L"UNDO\n1\x03KIV_TOACAD\nX", L""), L"X");
-  EXPECT_EQ(linesOf(queue), (Lines{L"UNDO", L"KIV_TOACAD"}));
+  EXPECT_EQ(linesOf(queue), (Lines{L"UNDO", L"\x03", L"KIV_TOACAD"}));
 }
 
 TEST(InputQueue, ALineWaitsForTheCommandThatRuns) {
@@ -67,6 +67,7 @@ TEST(InputQueue, EscapeAsksARunningCommandToStopUntilItHasEnded) {
   InputQueue queue;
   queue.cancel();
   EXPECT_FALSE(queue.isBreakWanted());
+  EXPECT_EQ(linesOf(queue), Lines{L"\x03"}) << "for a prompt";
   queue.beginCommand();
   queue.cancel();
   EXPECT_TRUE(queue.isBreakWanted());
