@@ -1,4 +1,4 @@
-#include "platform/headless/layout.h"
+#include "tests/platform/headless/layout.h"
 
 #include <algorithm>
 #include <map>
