@@ -9,11 +9,11 @@
 #include "host/batch_start.h"
 #include "host/commands.h"
 #include "host/conversion_context.h"
-#include "platform/guard.h"
 #include "host/module_state.h"
 #include "host/pick_items.h"
 #include "platform/clock.h"
 #include "platform/dialog_script.h"
+#include "platform/guard.h"
 #include "platform/host_messages.h"
 #include "platform/host_output.h"
 #include "platform/paths.h"
@@ -30,8 +30,7 @@ constexpr const wchar_t* kLogFileKey = L"MorluxLogOutFile";
 
 void beginAnew() {
   ConversionContext& context = conversionContext();
-  context.pick.request = 0;
-  context.pick.values.clear();
+  context.pick.end();
   context.batchStartDocument = nullptr;
   context.batchRemaining = 0;
   writeCommonText(kLogFileKey, L"");
@@ -54,14 +53,13 @@ void makeDialog() {
 // The dialog may have gone while the user was asked for an entity.
 void servePick() {
   ConversionContext& context = conversionContext();
-  context.pick.values.clear();
   if (const PickTarget* target = pickTarget(context.pick.request)) {
     focusHost();
     static_cast<void>(pickEntity(L"\n" + std::wstring(target->name) + L"を指示:", target->item, target->mask,
                                  context.pick.values));
   }
-  context.pick.request = 0;
-  if (context.dialog) context.dialog->pickCompleted();
+  if (context.dialog) return context.dialog->pickCompleted();
+  context.pick.end();
 }
 
 bool isDialogUp() {

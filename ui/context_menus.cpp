@@ -26,7 +26,7 @@ int menuResource(const Specification& specification, const Node& node) {
 }
 
 bool canAdd(const ItemKind& kind, int section, bool asResult) {
-  return hasEffect(kind.kind, section, asResult) && itemPicker(kind.kind) != nullptr;
+  return hasEffect(kind.kind, section, asResult) && hasPicker(kind.kind);
 }
 
 void greyWhatCannotApply(Menu& menu, const Specification& specification, const Node& node) {
@@ -70,10 +70,10 @@ bool canApply(const Specification& specification, const Node& node, int command)
     case IDC_CLEAR_RESULTS:
       return specification.childCount(node, Role::kResult) > 0;
     case IDC_ADD_ENTRY:
-      return !isRuleSection(node.section) && itemPicker(section(node.section).entryKind) != nullptr;
+      return !isRuleSection(node.section) && hasPicker(section(node.section).entryKind);
     case IDC_EDIT_CONDITION:
     case IDC_EDIT_RESULT:
-      return itemPicker(specification.tag(node).kind()) != nullptr;
+      return hasPicker(specification.tag(node).kind());
     case IDC_COPY_TO_DIMENSION_SETTINGS:
       return assignsVariables(specification, node);
     default:

@@ -103,7 +103,7 @@ class CCnvDlg : public Dialog, private PickerOwner {
   void editItem();
   void openPicker(int kind, Role role, const PickerTarget& target, std::vector<std::wstring> present);
   DialogWindow& ownerWindow() override { return window(); }
-  void setValue(int kind, int side, const std::wstring& value) override;
+  void setValue(int kind, Role role, const std::wstring& value) override;
   std::vector<std::wstring> namesInSection(int section) const override;
   void releasePicker(int slot) override;
 

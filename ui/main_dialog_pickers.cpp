@@ -69,28 +69,26 @@ void CCnvDlg::editItem() {
 }
 
 void CCnvDlg::openPicker(int kind, Role role, const PickerTarget& target, std::vector<std::wstring> present) {
-  const ItemPicker* picker = itemPicker(kind);
-  if (picker == nullptr) return;
-  std::unique_ptr<CSelBase>& slot = pickers_[static_cast<size_t>(picker->slot)];
+  auto picker = makePicker(*this, pick_, {target.node.section, kind, role, std::move(present), folder_});
+  if (!picker) return;
+  std::unique_ptr<CSelBase>& slot = pickers_[static_cast<size_t>(picker->slot())];
   if (slot) return;
   target_ = target;
-  slot = picker->make(*this, pick_,
-                      {target.node.section, kind, static_cast<int>(role), std::move(present), folder_});
+  slot = std::move(picker);
   CSelBase* made = slot.get();
   // A window that could not be made leaves the slot to the next one.
   if (!made->create(hostFrame_) && slot.get() == made) slot.reset();
 }
 
-void CCnvDlg::setValue(int kind, int side, const std::wstring& value) {
+void CCnvDlg::setValue(int kind, Role role, const std::wstring& value) {
   const Item item{kind, false, {}, value, Wording::kPicker};
   const Node& node = target_.node;
   if (target_.changes) {
     if (specification_.replaceItem(node, item).ok()) tree().changed(node);
     return;
   }
-  const Edited edited = side == static_cast<int>(Role::kCondition)
-                            ? specification_.addCondition(node.section, node.index, item)
-                            : specification_.addResult(node.section, node.index, item);
+  const Edited edited = role == Role::kCondition ? specification_.addCondition(node.section, node.index, item)
+                                                 : specification_.addResult(node.section, node.index, item);
   if (edited.ok()) tree().added(edited.node);
 }
 
@@ -104,12 +102,12 @@ void CCnvDlg::releasePicker(int slot) { pickers_[static_cast<size_t>(slot)].rese
 
 // One picker is open at a time as each keeps the dialog from input; the first slot is the common one.
 void CCnvDlg::pickCompleted() {
-  if (!hasWindow()) return;
-  pick_.request = 0;
+  if (!hasWindow()) return pick_.end();
   window().show(true);
   CSelBase* open = pickers_.front().get();
   for (size_t slot = pickers_.size(); open == nullptr && slot-- > 1;) open = pickers_[slot].get();
-  if (open != nullptr) open->pickCompleted();
+  if (open == nullptr) return pick_.end();
+  open->pickCompleted();
 }
 
 }  // namespace kiv

@@ -14,7 +14,7 @@ CSelBase::CSelBase(int resource, PickerOwner& owner, int slot, PickHandOver& pic
 
 CSelBase::~CSelBase() {
   // Nobody would be there to take the values.
-  if (hasRequestedPick_) pick_ = {};
+  if (hasRequestedPick_) pick_.end();
 }
 
 void CSelBase::onInit() {
@@ -32,7 +32,6 @@ void CSelBase::onCommand(int command) {
     case IDOK:
       return confirm();
     case IDCANCEL:
-      result_.clear();
       return close();
     case IDC_PICK:
       return requestPick(pickItem());
@@ -43,8 +42,7 @@ void CSelBase::onCommand(int command) {
 
 void CSelBase::requestPick(int item) {
   if (pick_.request != 0) return;
-  pick_.request = item;
-  pick_.values.clear();
+  pick_.begin(item);
   hasRequestedPick_ = true;
   owner_.ownerWindow().enableWindow(true);
   owner_.ownerWindow().show(false);
@@ -53,7 +51,7 @@ void CSelBase::requestPick(int item) {
 
 void CSelBase::pickCompleted() {
   hasRequestedPick_ = false;
-  pick_ = {};
+  pick_.end();
   owner_.ownerWindow().show(true);
   owner_.ownerWindow().enableWindow(false);
   if (!hasWindow()) return;

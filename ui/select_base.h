@@ -3,39 +3,52 @@
 // from the drawing. A picker is made by the main dialog, lives in its slot, and goes when it is confirmed or
 // cancelled. While it is open its owner takes no input.
 //
-//   slot = std::make_unique<CSelDlg>(*this, context, kind, side, text, pick);
+//   slot = makePicker(*this, pick, {section, kind, role, present, folder});
 //   slot->create(hostFrame);
 
 #include <string>
 #include <vector>
 
 #include "platform/dialog.h"
+#include "spec/item_tag.h"
 
 namespace kiv {
 
 // The picker slots of the main dialog. An occupied slot takes no second picker.
 inline constexpr int kPickerSlots = 6;
 inline constexpr int kValuePickerSlot = 0;
-inline constexpr int kFontPickerSlot = 3;
 
 // What a picker needs of the dialog that opened it. Outlives its pickers.
 class PickerOwner {
  public:
   virtual ~PickerOwner() = default;
   virtual DialogWindow& ownerWindow() = 0;
-  // The value of a condition (side 1) or a result (any other side) of that kind is `value`.
-  virtual void setValue(int kind, int side, const std::wstring& value) = 0;
+  virtual void setValue(int kind, Role role, const std::wstring& value) = 0;
   // Names that the specification already uses: the first value of each entry of a list section, in order.
   virtual std::vector<std::wstring> namesInSection(int section) const = 0;
   // The slot is empty from now on, and the picker deleted. Called by the picker as the last thing it does.
   virtual void releasePicker(int slot) = 0;
 };
 
+// What a picker is opened for.
+struct PickerRequest {
+  int section = 0;                    // under which the value will stand
+  int kind = 0;                       // 1 to 16 of an item, 51 to 55 of a list entry
+  Role role = Role::kNone;            // of that item or entry
+  std::vector<std::wstring> present;  // the fields of what is edited; none: something new
+  std::wstring listFolder;            // of the text search lists, with its trailing separator
+};
+
 // The pick from the drawing under way, shared by the pickers and the interactive command.
 struct PickHandOver {
   int request = 0;  // 0 none; else what is picked, 1 to 16
   std::vector<std::wstring> values;
-  std::wstring file;
+
+  void begin(int item) {
+    request = item;
+    values.clear();
+  }
+  void end() { begin(0); }
 };
 
 // Where the last picker stood when it was closed; the next one opens with its corner there unless this is
@@ -74,8 +87,6 @@ class CSelBase : public Dialog {
   PickerOwner& owner() { return owner_; }
   PickHandOver& pick() { return pick_; }
   bool initialising() const { return initialising_; }
-
-  std::wstring result_;
 
  private:
   PickerOwner& owner_;

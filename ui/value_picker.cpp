@@ -16,33 +16,30 @@ constexpr size_t kLongestValue = 255;
 
 }  // namespace
 
-CSelDlg::CSelDlg(PickerOwner& owner, int contextCode, int kind, int side, std::vector<std::wstring> present,
-                 PickHandOver& pick)
-    : CSelBase(IDD_VALUE, owner, kValuePickerSlot, pick),
-      contextCode_(contextCode),
-      kind_(kind),
-      side_(side),
-      present_(std::move(present)) {}
+CSelDlg::CSelDlg(PickerOwner& owner, PickHandOver& pick, PickerRequest request)
+    : CSelBase(IDD_VALUE, owner, kValuePickerSlot, pick), request_(std::move(request)) {}
 
 void CSelDlg::onInit() {
-  const ItemKind* kind = itemKind(kind_);
+  const ItemKind* kind = itemKind(request_.kind);
   const std::wstring label = kind ? kind->pickerLabel : L"";
   window().setText(IDC_VALUE_LABEL, label + L" :");
-  window().setTitle(label + (side_ == kConditionSide ? L"の指定(変換対象の設定)" : L"の指定(変換後の設定)"));
+  const bool isCondition = request_.role == Role::kCondition;
+  window().setTitle(label + (isCondition ? L"の指定(変換対象の設定)" : L"の指定(変換後の設定)"));
   fillChoices();
-  const size_t index = kind_ == kVariableKind ? 1 : 0;
-  if (index < present_.size()) showValue(present_[index]);
+  const size_t index = request_.kind == kVariableKind ? 1 : 0;
+  if (index < request_.present.size()) showValue(request_.present[index]);
   CSelBase::onInit();
   window().focus(IDC_VALUE_COMBO);
 }
 
 void CSelDlg::fillChoices() {
-  const int section = sectionOfNames(kind_);
+  const int section = sectionOfNames(request_.kind);
   std::vector<std::wstring> used;
   if (section != 0) used = owner().namesInSection(section);
   ComboBox& combo = window().combo(IDC_VALUE_COMBO);
   combo.clear();
-  for (const std::wstring& value : offeredValues(kind_, contextCode_, used, listFolder_)) combo.add(value);
+  for (const std::wstring& value : offeredValues(request_.kind, request_.section, used, request_.listFolder))
+    combo.add(value);
 }
 
 void CSelDlg::showValue(const std::wstring& value) {
@@ -59,7 +56,7 @@ void CSelDlg::showValue(const std::wstring& value) {
 void CSelDlg::onEdited(int id) {
   if (id != IDC_VALUE_COMBO || initialising()) return;
   const std::wstring typed = window().text(IDC_VALUE_COMBO);
-  const std::wstring completed = completedValue(kind_, typed);
+  const std::wstring completed = completedValue(request_.kind, typed);
   if (completed == typed) return;
   window().setText(IDC_VALUE_COMBO, completed);
   window().combo(IDC_VALUE_COMBO).putCaretAtEnd();
@@ -76,10 +73,9 @@ void CSelDlg::confirm() {
   // A list may keep its mark while something else is typed; then the field is what the person sees.
   const int selected = combo.selected();
   const bool isChosen = selected >= 0 && entries[static_cast<size_t>(selected)] == typed;
-  const auto value = isChosen ? typed : checkedValue(kind_, typed);
+  const auto value = isChosen ? typed : checkedValue(request_.kind, typed);
   if (!value || value->empty()) return window().focus(IDC_VALUE_COMBO);
-  result_ = *value;
-  owner().setValue(kind_, side_, result_);
+  owner().setValue(request_.kind, request_.role, *value);
   close();
 }
 

@@ -7,18 +7,11 @@
 
 namespace kiv {
 
-inline constexpr int kConditionSide = 1;  // any other side is a conversion result
-
 class CSelDlg : public CSelBase {
  public:
-  // `contextCode` is the section under which the value will stand; that of the layer settings withholds the
-  // by-layer and by-block choices. `kind` 1 to 16. `present` holds the present value, after the name of a
-  // dimension variable; none: something new.
-  CSelDlg(PickerOwner& owner, int contextCode, int kind, int side, std::vector<std::wstring> present,
-          PickHandOver& pick);
-
-  // The folder of text search lists, with its trailing separator. Before create().
-  void setListFolder(std::wstring folder) { listFolder_ = std::move(folder); }
+  // Of a kind from 1 to 16. The section of the layer settings withholds the by-layer and by-block choices.
+  // The present value stands after the name of a dimension variable.
+  CSelDlg(PickerOwner& owner, PickHandOver& pick, PickerRequest request);
 
   void pickCompleted() override;
 
@@ -27,17 +20,13 @@ class CSelDlg : public CSelBase {
   void onEdited(int id) override;
   void onDoubleClicked(int id) override;
   void confirm() override;
-  int pickItem() const override { return kind_; }
+  int pickItem() const override { return request_.kind; }
 
  private:
   void fillChoices();
   void showValue(const std::wstring& value);
 
-  int contextCode_;
-  int kind_;
-  int side_;
-  std::vector<std::wstring> present_;
-  std::wstring listFolder_;
+  PickerRequest request_;
 };
 
 }  // namespace kiv

@@ -19,8 +19,8 @@ class Owner : public Dialog, public PickerOwner {
   void onInit() override { window().show(true); }
 
   DialogWindow& ownerWindow() override { return window(); }
-  void setValue(int kind, int side, const std::wstring& value) override {
-    given.push_back(std::to_wstring(kind) + L"/" + std::to_wstring(side) + L": " + value);
+  void setValue(int kind, Role role, const std::wstring& value) override {
+    given.push_back(std::to_wstring(kind) + L"/" + std::to_wstring(static_cast<int>(role)) + L": " + value);
   }
   std::vector<std::wstring> namesInSection(int section) const override {
     return {L"名" + std::to_wstring(section)};
@@ -46,9 +46,10 @@ class ValuePicker : public testing::TempFolder {
     cad::Host::instance().stop();
   }
 
-  DialogWindow& open(int kind, const std::vector<std::wstring>& present = {}, int side = kConditionSide) {
-    owner_.picker = std::make_unique<CSelDlg>(owner_, kTextSection, kind, side, present, pick_);
-    owner_.picker->setListFolder(ensureTrailingSeparator(base::pathText(folder_)));
+  DialogWindow& open(int kind, const std::vector<std::wstring>& present = {}, Role role = Role::kCondition) {
+    const std::wstring lists = ensureTrailingSeparator(base::pathText(folder_));
+    owner_.picker =
+        std::make_unique<CSelDlg>(owner_, pick_, PickerRequest{kTextSection, kind, role, present, lists});
     EXPECT_TRUE(owner_.picker->create(nullptr));
     return owner_.picker->window();
   }
@@ -76,25 +77,32 @@ class ValuePicker : public testing::TempFolder {
 };
 
 TEST_F(ValuePicker, SaysWhatItIsForAndShowsThePresentValue) {
+  using enum Role;
   struct Case {
     int kind;
     std::vector<std::wstring> present;
-    int side;
+    Role role;
     const wchar_t* title;
     const wchar_t* label;
     const wchar_t* value;
     int selected;
   };
   const Case cases[] = {
-      {kColorKind, {L"256:BYLAYER"}, 1, L"色の指定(変換対象の設定)", L"色 :", L"256:BYLAYER", 1},
-      {kColorKind, {L"12"}, 2, L"色の指定(変換後の設定)", L"色 :", L"12", -1},
-      {kPlotKind, {L"off"}, 3, L"印刷の指定(変換後の設定)", L"印刷 :", L"off", -1},
-      {kVariableKind, {L"DIMASZ", L"2.5"}, 2, L"ｼｽﾃﾑ変数の指定(変換後の設定)", L"ｼｽﾃﾑ変数 :", L"2.5", -1},
-      {kLayerKind, {L"A-*,B-*"}, 1, L"画層の指定(変換対象の設定)", L"画層 :", L"A-*,B-*", -1},
-      {kTextListKind, {}, 1, L"文字列の一致の指定(変換対象の設定)", L"文字列の一致 :", L"", -1},
+      {kColorKind, {L"256:BYLAYER"}, kCondition, L"色の指定(変換対象の設定)", L"色 :", L"256:BYLAYER", 1},
+      {kColorKind, {L"12"}, kResult, L"色の指定(変換後の設定)", L"色 :", L"12", -1},
+      {kPlotKind, {L"off"}, kEntry, L"印刷の指定(変換後の設定)", L"印刷 :", L"off", -1},
+      {kVariableKind,
+       {L"DIMASZ", L"2.5"},
+       kResult,
+       L"ｼｽﾃﾑ変数の指定(変換後の設定)",
+       L"ｼｽﾃﾑ変数 :",
+       L"2.5",
+       -1},
+      {kLayerKind, {L"A-*,B-*"}, kCondition, L"画層の指定(変換対象の設定)", L"画層 :", L"A-*,B-*", -1},
+      {kTextListKind, {}, kCondition, L"文字列の一致の指定(変換対象の設定)", L"文字列の一致 :", L"", -1},
   };
   for (const Case& one : cases) {
-    DialogWindow& picker = open(one.kind, one.present, one.side);
+    DialogWindow& picker = open(one.kind, one.present, one.role);
     EXPECT_EQ(picker.title(), one.title);
     EXPECT_EQ(picker.text(IDC_VALUE_LABEL), one.label);
     EXPECT_EQ(picker.text(IDC_VALUE_COMBO), one.value);
@@ -114,7 +122,7 @@ TEST_F(ValuePicker, OffersNamesOfTheSpecificationAndSearchLists) {
 }
 
 TEST_F(ValuePicker, AChosenEntryIsTheValue) {
-  DialogWindow& picker = open(kLineweightKind, {}, 2);
+  DialogWindow& picker = open(kLineweightKind, {}, Role::kResult);
   EXPECT_FALSE(user::type(owner_.window(), IDC_SAVE_NAME, L"x"));
   EXPECT_TRUE(user::chooseEntry(picker, IDC_VALUE_COMBO, 4));
   user_.click(picker, IDOK);
