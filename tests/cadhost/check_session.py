@@ -1,6 +1,6 @@
 """check_session.py FOLDER: what conversion_session leaves, seen by an independent reader.
 
-FOLDER holds part.dxf and result.dxf (before and after), bin/CFG/SESSION.cvt and settings/common.cfg.
+FOLDER holds part.dxf and result.dxf (before and after), bin/CFG/SESSION.cvt, log and settings/common.cfg.
 """
 
 import pathlib
@@ -56,8 +56,13 @@ def check_drawing(before, after):
             fail(f"also changed: {found}")
 
 
+def check_log(files):
+    if len(files) != 1 or "part.dxf" not in files[0].read_bytes().decode("cp932"):
+        fail(f"the log is not there: {files}")
+
+
 def check_settings(settings):
-    for line in ("KivBlock = 1", "MorluxIgnoreLocks = 1", "MorluxCreateLog = 0"):
+    for line in ("KivBlock = 1", "MorluxIgnoreLocks = 1", "MorluxCreateLog = 1", "MorluxLogOutPath = Z:"):
         if line.lower() not in settings.lower():
             fail(f"the settings lack '{line}':\n{settings}")
 
@@ -65,4 +70,5 @@ def check_settings(settings):
 folder = pathlib.Path(sys.argv[1])
 check_specification((folder / "bin/CFG/SESSION.cvt").read_bytes().decode("cp932"))
 check_drawing(folder / "part.dxf", folder / "result.dxf")
+check_log(list((folder / "log").glob("*Morlux.log")))
 check_settings((folder / "settings/common.cfg").read_text(encoding="utf-8"))
