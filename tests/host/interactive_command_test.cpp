@@ -71,17 +71,29 @@ class InteractiveCommand : public TempFolder {
   void thenPicksAt(double x, double y) {
     acts_.push_back([x, y] { return cad::InputEvent{3, 0, x, y, 0.1}; });
   }
-  void thenOpensThePicker() {
-    then([this] {
+  void thenOpensThePicker(int command = 40031) {
+    then([this, command] {
       const TreeItem section = user_.item(window(), IDC_MAIN_TREE, {L"図面", L"文字"});
       user_.choosesMenu(IDC_ADD_SETTING);
       user_.rightClickItem(window(), IDC_MAIN_TREE, section);
-      user_.choosesMenu(40031);
+      user_.choosesMenu(command);
       user_.rightClickItem(window(), IDC_MAIN_TREE,
                            user_.item(window(), IDC_MAIN_TREE, {L"図面", L"文字", L"設定1"}));
       user_.click(*user_.shown(IDD_VALUE), IDC_PICK);
       EXPECT_TRUE(user::shownDialogs().empty());
     });
+  }
+  // The context as a batch leaves it, its dialog hidden.
+  CCnvDlg* leaveBatch() {
+    ConversionContext& context = conversionContext();
+    context.dialog = std::make_unique<CCnvDlg>(
+        CCnvDlg::Shared{context.pick, context.dialogRect}, [](const std::wstring&) { return std::nullopt; },
+        nullptr);
+    EXPECT_TRUE(context.dialog->create(nullptr));
+    window().show(false);
+    context.batchFiles = std::vector<BatchFile>{{L"plan.dxf", 1}, {L"photo.jpg", 0}};
+    context.batchRemaining = 3;
+    return context.dialog.get();
   }
   DialogWindow& window() { return conversionContext().dialog->window(); }
   bool printed(const std::wstring& text) const { return printed_.find(text) != std::wstring::npos; }
@@ -164,6 +176,21 @@ TEST_F(InteractiveCommand, AnEmptyLogFolderIsNoLog) {
   EXPECT_EQ(setting(L"MorluxCreateLog"), L"");
 }
 
+TEST_F(InteractiveCommand, WithoutALogItsFolderIsKeptForTheNextTime) {
+  writeCommonText(L"MorluxLogOutPath", base::pathText(folder_ / "logs").c_str());
+  writeCommonText(L"KivBlock", L"9");
+  then([this] {
+    user_.answersMessage({L"変換を完了しました", kTitle}, Answer::kOk);
+    user_.click(window(), IDOK);
+  });
+  run();
+  EXPECT_EQ(setting(L"MorluxLogOutPath"), base::pathText(folder_ / "logs"));
+  EXPECT_EQ(setting(L"MorluxCreateLog"), L"0");
+  EXPECT_EQ(setting(L"MorluxIgnoreLocks"), L"0");
+  EXPECT_EQ(setting(L"KivBlock"), L"2");
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "logs"));
+}
+
 TEST_F(InteractiveCommand, AValueIsTakenFromTheDrawing) {
   thenOpensThePicker();
   thenPicksAt(5, 0);
@@ -185,6 +212,19 @@ TEST_F(InteractiveCommand, AValueIsTakenFromTheDrawing) {
   run();
   EXPECT_TRUE(printed(L"\n画層を指示:"));
   EXPECT_EQ(conversionContext().pick.request, 0);
+}
+
+TEST_F(InteractiveCommand, WhatIsPickedOffAnEntityOfAnotherKindIsNoValue) {
+  thenOpensThePicker(40035);
+  thenPicksAt(5, 0);  // a line has no text height
+  then([this] {
+    DialogWindow& picker = *user_.shown(IDD_VALUE);
+    EXPECT_EQ(picker.text(IDC_VALUE_COMBO), L"");
+    user_.close(picker);
+  });
+  thenClicks(IDCANCEL);
+  run();
+  EXPECT_TRUE(printed(L"\n文字高さを指示:"));
 }
 
 TEST_F(InteractiveCommand, ASessionThatEndsWithAnOpenPickerLeavesTheHostUsable) {
@@ -211,16 +251,8 @@ TEST_F(InteractiveCommand, ABatchThatCannotBeginShowsTheDialogAgain) {
 }
 
 TEST_F(InteractiveCommand, AfterABatchTheReportIsPrintedAndTheHiddenDialogShown) {
-  ConversionContext& context = conversionContext();
-  // As a batch leaves it.
-  context.dialog = std::make_unique<CCnvDlg>(
-      CCnvDlg::Shared{context.pick, context.dialogRect}, [](const std::wstring&) { return std::nullopt; },
-      nullptr);
-  ASSERT_TRUE(context.dialog->create(nullptr));
-  window().show(false);
-  context.batchFiles = std::vector<BatchFile>{{L"plan.dxf", 1}, {L"photo.jpg", 0}};
-  context.batchRemaining = 3;
-  const CCnvDlg* const kept = context.dialog.get();
+  const ConversionContext& context = conversionContext();
+  const CCnvDlg* const kept = leaveBatch();
   then([&] {
     EXPECT_EQ(context.dialog.get(), kept);
     EXPECT_TRUE(window().isShown());
@@ -231,6 +263,16 @@ TEST_F(InteractiveCommand, AfterABatchTheReportIsPrintedAndTheHiddenDialogShown)
   thenClicks(IDCANCEL);
   run();
   EXPECT_TRUE(printed(L"photo.jpg"));
+}
+
+TEST_F(InteractiveCommand, AfterABatchWhoseDialogHasGoneAnotherIsMade) {
+  leaveBatch()->cancel();
+  then([this] {
+    EXPECT_TRUE(printed(L"photo.jpg"));
+    EXPECT_EQ(window().text(IDC_MAIN_FILE_NAME), L"RULES.CVT");
+  });
+  thenClicks(IDCANCEL);
+  run();
 }
 
 }  // namespace

@@ -129,6 +129,22 @@ TEST_F(FileBrowserDialogs, TheDeleteKeyAsksAndDeletes) {
   EXPECT_FALSE(std::filesystem::exists(folder_ / "A.cvt"));
 }
 
+TEST_F(FileBrowserDialogs, TheFileThatTheFieldNamesIsDeletedNotTheSelectedOne) {
+  CSaveDlg dialog(folderText());
+  use(dialog, [this](DialogWindow& browser) {
+    clickName(browser, IDC_SAVE_LIST, L"A.cvt");
+    user_.type(browser, IDC_SAVE_NAME, L"short.cvt");
+    browser.focus(IDC_SAVE_LIST);
+    user_.answersMessage(asked(L"削除してよろしいですか？"), Answer::kYes);
+    user_.press(browser, Key::kDelete);
+    EXPECT_EQ(browser.text(IDC_SAVE_NAME) + browser.text(IDC_SAVE_REMARK), L"");
+    user_.cannotClick(browser, IDOK);
+    user_.close(browser);
+  });
+  EXPECT_TRUE(std::filesystem::exists(folder_ / "A.cvt"));
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "short.cvt"));
+}
+
 TEST_F(FileBrowserDialogs, ANameIsNeededToSave) {
   CSaveDlg dialog(folderText());
   const int result = use(dialog, [this](DialogWindow& browser) {

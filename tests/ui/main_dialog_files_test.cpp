@@ -1,6 +1,9 @@
 // The dialog's files and its run buttons.
 
+#include <functional>
+
 #include "embedded/editor/host.h"
+#include "platform/settings.h"
 #include "spec/cvt_writer.h"
 #include "tests/spec/sample_specification.h"
 #include "tests/ui/main_dialog_fixture.h"
@@ -31,6 +34,7 @@ TEST_F(MainDialog, WithoutADefaultTheDialogIsEmpty) {
   open();
   EXPECT_FALSE(window().isEnabled(IDC_MAIN_DEFAULT));
   EXPECT_FALSE(window().isChecked(IDC_MAIN_DEFAULT));
+  EXPECT_EQ(window().text(IDC_MAIN_FILE_NAME), L"");
   EXPECT_EQ(rows({}).size(), 10U);
 }
 
@@ -129,17 +133,34 @@ TEST_F(MainDialog, AFileThatCannotBeWrittenKeepsTheDialogOpen) {
   EXPECT_NE(printed.find(L"ファイルの作成に失敗しました"), std::wstring::npos);
 }
 
-TEST_F(MainDialog, CancelLeavesTheFilesAsTheyWere) {
+TEST_F(MainDialog, CancelLeavesFilesAndSettingsAsTheyWere) {
   makeConfig(L"SAMPLE.CVT", kSampleText);
-  open();
-  load(L"SAMPLE.CVT");
-  chooseFromMenu({L"文字"}, IDC_ADD_SETTING);
-  click(IDC_MAIN_DEFAULT);
-  user_.close(window());
-  EXPECT_FALSE(dialog().hasWindow());
-  EXPECT_FALSE(place_.isEmpty());
-  EXPECT_FALSE(exists(kInitial));
-  EXPECT_FALSE(exists(kWorkFileName));
+  makeConfig(kInitial, L"SAMPLE.CVT\r\n");
+  const auto before = files();
+  const std::function<void()> ways[] = {[this] { click(IDCANCEL); }, [this] { user_.close(window()); },
+                                        [this] { user_.press(window(), Key::kEscape); }};
+  for (const auto& leave : ways) {
+    open();
+    chooseFromMenu({L"文字"}, IDC_ADD_SETTING);
+    give({L"文字", L"設定3"}, 40021, L"NEW");
+    user_.answersMessage(asked(L"[設定1] に含まれる項目をすべて削除します."), Answer::kYes);
+    select({L"文字", L"設定1"});
+    click(IDC_MAIN_DELETE);
+    for (const int id : {IDC_MAIN_DEFAULT, IDC_MAIN_IGNORE_LOCKS, IDC_MAIN_BLOCK_BOTH, IDC_MAIN_CREATE_LOG}) {
+      click(id);
+    }
+    user_.type(window(), IDC_MAIN_LOG_FOLDER, base::pathText(folder_ / "logs"));
+    leave();
+    EXPECT_FALSE(dialog().hasWindow());
+    EXPECT_EQ(dialog().closing(), Closing::kCancelled);
+    EXPECT_FALSE(place_.isEmpty());
+    EXPECT_EQ(files(), before);
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "logs"));
+    EXPECT_EQ(readCommonText(L"KivBlock", L"-"), L"0");  // as opening wrote it
+    for (const wchar_t* key : {L"MorluxIgnoreLocks", L"MorluxCreateLog", L"MorluxLogOutPath"}) {
+      EXPECT_EQ(readCommonText(key, L"-"), L"");
+    }
+  }
 }
 
 }  // namespace

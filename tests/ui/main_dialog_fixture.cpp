@@ -100,6 +100,15 @@ fs::path MainDialog::config(const std::wstring& name) const {
   return folder_ / "CFG" / base::pathFromText(name);
 }
 
+std::map<std::wstring, std::string> MainDialog::files() const {
+  std::map<std::wstring, std::string> files;
+  for (const auto& file : fs::directory_iterator(folder_ / "CFG")) {
+    const std::wstring name = base::pathText(file.path().filename());
+    files[name] = bytes(name);
+  }
+  return files;
+}
+
 void MainDialog::makeConfig(const std::wstring& name, std::wstring_view text) const {
   std::ofstream(config(name), std::ios::binary) << base::encode(text, base::kJapanese).bytes;
 }

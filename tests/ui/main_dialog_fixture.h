@@ -2,6 +2,7 @@
 // The main dialog over a configuration folder of the test's own, and the person before it.
 
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -55,6 +56,7 @@ class MainDialog : public TempFolder {
   std::filesystem::path config(const std::wstring& name) const;
   bool exists(const std::wstring& name) const { return std::filesystem::exists(config(name)); }
   std::string bytes(const std::wstring& name) const { return base::readFile(config(name)).value(); }
+  std::map<std::wstring, std::string> files() const;  // their bytes by their names
   void makeConfig(const std::wstring& name, std::wstring_view text) const;
 
   test::User user_;

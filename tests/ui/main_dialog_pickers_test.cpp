@@ -45,6 +45,54 @@ TEST_F(MainDialog, WhatIsBuiltIsSavedAsTheModelWritesIt) {
   EXPECT_EQ(rows({L"文字", L"設定1"})[1], L"色 が <7:白> 以外のとき");
 }
 
+struct Kind {
+  int condition;  // the command
+  int result;     // 0: never a result
+  const wchar_t* typed;
+  const wchar_t* line;
+};
+
+TEST_F(MainDialog, EveryKindOfItemIsSavedUnderItsKey) {
+  const std::vector<Kind> ofTexts = {{40021, 40031, L"A-*", L"[画層] = A-*"},
+                                     {40022, 40032, L"DASHED", L"[線種] = DASHED"},
+                                     {40023, 40033, L"red", L"[色] = BYBLOCK"},
+                                     {40024, 40034, L"NOTES", L"[字体] = NOTES"},
+                                     {40025, 40035, L"2.5", L"[文字高さ] = 2.5"},
+                                     {40026, 40036, L"90", L"[文字角度] = 90"},
+                                     {40027, 40037, L"0.8", L"[文字幅高比] = 0.8"},
+                                     {40029, 0, L"ROOMS.LIST", L"[文字一致のリスト] = ROOMS.LIST"},
+                                     {40050, 40070, L"0.25", L"[線幅値] = 0.25 mm"},
+                                     {40051, 40071, L"250", L"[透過性] = 25"},
+                                     {40052, 40072, L"+2", L"[線種尺度] = +2"}};
+  const std::vector<Kind> ofLayers = {{40021, 40031, L"0", L"[画層] = 0"},
+                                      {40053, 40073, L"on", L"[表示] = ON"},
+                                      {40054, 40074, L"off", L"[ロック] = OFF"},
+                                      {40055, 40075, L"On", L"[フリーズ] = ON"},
+                                      {40056, 40076, L"OFF", L"[印刷] = OFF"}};
+  open();
+  const auto build = [this](const std::wstring& section, const std::vector<Kind>& kinds) {
+    std::wstring conditions, results;
+    chooseFromMenu({section}, IDC_ADD_SETTING);
+    for (const Kind& kind : kinds) {
+      give({section, L"設定1"}, kind.condition, kind.typed);
+      conditions += kind.line + std::wstring(L"\r\n");
+      if (kind.result == 0) continue;
+      give({section, L"設定1"}, kind.result, kind.typed);
+      results += std::wstring(24, L' ') + kind.line + L"\r\n";
+    }
+    const std::wstring indent(16, L' ');
+    return base::encode(conditions + indent + L"{\r\n" + results + indent + L"}\r\n---End---\r\n",
+                        base::kJapanese)
+        .bytes;
+  };
+  const std::string texts = build(L"文字", ofTexts);
+  const std::string layers = build(L"画層の設定", ofLayers);
+  save(L"kinds", L"");
+  const std::string saved = bytes(L"kinds.cvt");
+  EXPECT_NE(saved.find("]\r\n" + texts), std::string::npos) << saved;
+  EXPECT_NE(saved.find("]\r\n" + layers), std::string::npos) << saved;
+}
+
 TEST_F(MainDialog, EditingKeepsPlaceRoleAndSense) {
   makeConfig(
       L"A.CVT",
