@@ -59,8 +59,6 @@ void GridEditor::open(std::wstring_view text) {
   show(text);
 }
 
-void GridEditor::replace(std::wstring_view text) { open(text); }
-
 void GridEditor::beginEditing() {
   const auto end = static_cast<WPARAM>(GetWindowTextLengthW(field_));
   SendMessageW(field_, EM_SETSEL, end, static_cast<LPARAM>(end));
@@ -82,8 +80,8 @@ void GridEditor::setFont(HFONT font, int padding) {
   SendMessageW(field_, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(padding, padding));
 }
 
-void GridEditor::place(const RECT& cell) {
-  if (cell.right <= cell.left) {
+void GridEditor::place(const Rect& cell) {
+  if (cell.isEmpty()) {
     ShowWindow(field_, SW_HIDE);
     return;
   }

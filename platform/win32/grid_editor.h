@@ -1,6 +1,7 @@
 #pragma once
 // The field over the current cell of a grid.
 
+#include "platform/dialog_window.h"
 #include "platform/win32/system.h"
 
 namespace kiv::win32 {
@@ -16,8 +17,6 @@ class GridEditor {
 
   // Shows a cell's text in the ready state; it is what Escape brings back.
   void open(std::wstring_view text);
-  // The cell's text has been changed by the program.
-  void replace(std::wstring_view text);
   void beginEditing();  // with the caret at the end
   void noteChange();    // the person typed
   void noteCaretMove() { editing_ = true; }
@@ -31,7 +30,7 @@ class GridEditor {
   bool isQuiet() const { return quiet_; }
 
   void setFont(HFONT font, int padding);
-  void place(const RECT& cell);  // an empty rectangle hides it
+  void place(const Rect& cell);  // an empty rectangle hides it
 
  private:
   void show(std::wstring_view text);

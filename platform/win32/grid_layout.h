@@ -1,9 +1,9 @@
 #pragma once
 // Where the parts of a grid are: pixels of its inner area.
 
-#include <windows.h>
-
 #include <algorithm>
+
+#include "platform/dialog_window.h"
 
 namespace kiv::win32 {
 
@@ -12,20 +12,35 @@ struct GridLayout {
   int rowHeight = 1;          // of the header too
   int numberWidth = 0;        // of the column of row numbers
   int padding = 0;            // before a cell's text
+  int leading = 0;            // between the texts of two rows
   int topRow = 0;             // the first row under the header
 
   int top(int row) const { return (row - topRow + 1) * rowHeight; }
   // A row above the first one shown is out of the area altogether, not under the header.
-  RECT cell(int row) const {
+  Rect cell(int row) const {
     const int at = row < topRow ? -2 * rowHeight : top(row);
     return {numberWidth, at, width, at + rowHeight};
   }
-  RECT number(int row) const { return {0, top(row), numberWidth, top(row) + rowHeight}; }
-  RECT header() const { return {numberWidth, 0, width, rowHeight}; }
-  RECT corner() const { return {0, 0, numberWidth, rowHeight}; }
+  Rect number(int row) const { return {0, top(row), numberWidth, top(row) + rowHeight}; }
+  Rect header() const { return {numberWidth, 0, width, rowHeight}; }
+  Rect corner() const { return {0, 0, numberWidth, rowHeight}; }
+
+  // Of the field over a row: its text stands where that of the row would, and the lines at the right and the
+  // bottom of the cell stay.
+  Rect editor(int row) const {
+    const Rect under = cell(row);
+    return {under.left, under.top + leading / 2, under.right - 1, under.bottom - 1};
+  }
 
   // Rows that can be seen whole; at least one.
   int page() const { return std::max(1, height / rowHeight - 1); }
+  // Of so many rows: the nearest to `wanted` that can be the first one shown.
+  int topFor(int wanted, int rows) const { return std::clamp(wanted, 0, std::max(0, rows - page())); }
+  // The first row shown when nothing but what `row` needs is scrolled.
+  int topShowing(int row) const {
+    if (row < topRow) return row;
+    return std::max(topRow, row - page() + 1);
+  }
   // The row at a height, which may be past the last one; -1 in the header.
   int rowAt(int y) const { return y < rowHeight ? -1 : topRow + y / rowHeight - 1; }
 };

@@ -3,24 +3,24 @@
 namespace kiv::win32 {
 namespace {
 
-void fill(HDC canvas, const RECT& rect, int systemColor) {
+void fill(HDC canvas, const Rect& area, int systemColor) {
+  const RECT rect = systemRect(area);
   FillRect(canvas, &rect, GetSysColorBrush(systemColor));
 }
 
 // The line at the right and the bottom of a cell.
-void drawLines(HDC canvas, const RECT& cell, int systemColor) {
+void drawLines(HDC canvas, const Rect& cell, int systemColor) {
   fill(canvas, {cell.right - 1, cell.top, cell.right, cell.bottom}, systemColor);
   fill(canvas, {cell.left, cell.bottom - 1, cell.right, cell.bottom}, systemColor);
 }
 
-void drawText(HDC canvas, const std::wstring& text, RECT cell, int padding, UINT alignment) {
-  cell.left += padding;
-  cell.right -= padding;
-  DrawTextW(canvas, text.c_str(), static_cast<int>(text.size()), &cell,
+void drawText(HDC canvas, const std::wstring& text, const Rect& cell, int padding, UINT alignment) {
+  RECT inside{cell.left + padding, cell.top, cell.right - padding, cell.bottom};
+  DrawTextW(canvas, text.c_str(), static_cast<int>(text.size()), &inside,
             DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS | alignment);
 }
 
-void drawFixed(HDC canvas, const GridLook& look, const RECT& cell, const std::wstring& text, UINT alignment,
+void drawFixed(HDC canvas, const GridLook& look, const Rect& cell, const std::wstring& text, UINT alignment,
                bool isCurrent) {
   fill(canvas, cell, isCurrent ? COLOR_HIGHLIGHT : COLOR_BTNFACE);
   drawLines(canvas, cell, COLOR_BTNSHADOW);
@@ -31,7 +31,7 @@ void drawFixed(HDC canvas, const GridLook& look, const RECT& cell, const std::ws
 void drawRow(HDC canvas, const GridLook& look, int row) {
   const bool isCurrent = row == look.rows.current();
   drawFixed(canvas, look, look.layout.number(row), std::to_wstring(row + 1), DT_RIGHT, isCurrent);
-  const RECT cell = look.layout.cell(row);
+  const Rect cell = look.layout.cell(row);
   drawLines(canvas, cell, COLOR_3DLIGHT);
   SetTextColor(canvas, GetSysColor(look.enabled ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
   drawText(canvas, look.rows.text(row), cell, look.layout.padding, DT_LEFT);

@@ -4,6 +4,7 @@
 
 #include "platform/win32/grid_layout.h"
 #include "platform/win32/grid_rows.h"
+#include "platform/win32/system.h"
 
 namespace kiv::win32 {
 

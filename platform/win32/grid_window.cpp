@@ -12,8 +12,8 @@
 namespace kiv::win32 {
 namespace {
 
-constexpr int kPadding = 3;  // before a cell's text
-constexpr int kLeading = 4;  // between the texts of two rows
+constexpr int kPadding = 3;  // pixels of the reference resolution, as the next
+constexpr int kLeading = 4;
 constexpr int kWheelRows = 3;
 
 // A font of this size with no font given: the one that the system draws its own texts in.
@@ -80,7 +80,7 @@ void GridWindow::setRowCount(int count) {
 
 void GridWindow::setText(int row, std::wstring_view text) {
   if (!rows_.setText(row, text)) return;
-  if (row == rows_.current()) editor_.replace(text);
+  if (row == rows_.current()) editor_.open(text);
   InvalidateRect(handle_, nullptr, FALSE);
 }
 
@@ -105,7 +105,8 @@ void GridWindow::measure() {
   SelectObject(canvas, before);
   ReleaseDC(handle_, canvas);
   layout_.padding = scaled(kPadding);
-  layout_.rowHeight = number.cy + scaled(kLeading);
+  layout_.leading = scaled(kLeading);
+  layout_.rowHeight = number.cy + layout_.leading;
   layout_.numberWidth = number.cx + 2 * layout_.padding;
   editor_.setFont(font_, layout_.padding);
   arrange();
@@ -120,26 +121,14 @@ void GridWindow::arrange() {
 }
 
 void GridWindow::scrollTo(int topRow) {
-  layout_.topRow = std::clamp(topRow, 0, std::max(0, rows_.count() - layout_.page()));
+  layout_.topRow = layout_.topFor(topRow, rows_.count());
   updateScrollBar();
-  RECT cell{};
-  if (rows_.has(rows_.current())) {
-    cell = layout_.cell(rows_.current());
-    cell.top += scaled(kLeading) / 2;  // where the text of the other rows is
-    cell.bottom -= 1;
-    cell.right -= 1;
-  }
-  editor_.place(cell);
+  const int row = rows_.current();
+  editor_.place(rows_.has(row) ? layout_.editor(row) : Rect());
   InvalidateRect(handle_, nullptr, FALSE);
 }
 
-void GridWindow::showCurrentRow() {
-  const int row = std::max(rows_.current(), 0);
-  int top = layout_.topRow;
-  if (row < top) top = row;
-  if (row >= top + layout_.page()) top = row - layout_.page() + 1;
-  scrollTo(top);
-}
+void GridWindow::showCurrentRow() { scrollTo(layout_.topShowing(std::max(rows_.current(), 0))); }
 
 void GridWindow::updateScrollBar() {
   SCROLLINFO scroll{};
@@ -247,8 +236,8 @@ void GridWindow::takeClick(LPARAM place) {
 void GridWindow::takeFocus() { SetFocus(rows_.count() > 0 ? editor_.handle() : handle_); }
 
 RECT GridWindow::shownCell(int row) {
-  if (row < layout_.topRow || row >= layout_.topRow + layout_.page()) scrollTo(row);
-  return layout_.cell(row);
+  scrollTo(layout_.topShowing(row));
+  return systemRect(layout_.cell(row));
 }
 
 LRESULT GridWindow::take(UINT message, WPARAM first, LPARAM second) {
@@ -299,7 +288,7 @@ LRESULT GridWindow::take(UINT message, WPARAM first, LPARAM second) {
       }
       return 0;
     case kGridRowRect:
-      *reinterpret_cast<RECT*>(second) = layout_.cell(rows_.current());
+      *reinterpret_cast<RECT*>(second) = systemRect(layout_.cell(rows_.current()));
       return TRUE;
     case kGridShowRow:
       if (!rows_.has(static_cast<int>(first))) return FALSE;

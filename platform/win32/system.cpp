@@ -27,13 +27,6 @@ bool isOfClass(HWND window, const wchar_t* windowClass) {
   return lstrcmpiW(name, windowClass) == 0;
 }
 
-RECT rectIn(HWND parent, HWND window) {
-  RECT rect{};
-  GetWindowRect(window, &rect);
-  MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&rect), 2);
-  return rect;
-}
-
 bool isWithin(HWND ancestor, HWND window) {
   return ancestor && window && (ancestor == window || IsChild(ancestor, window));
 }

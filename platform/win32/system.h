@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/dialog_window.h"
+
 namespace kiv::win32 {
 
 // The library or program that contains this code; its resources are the module's.
@@ -18,8 +20,7 @@ bool isOfClass(HWND window, const wchar_t* windowClass);
 // Window procedures take texts that end with a null.
 inline std::wstring terminated(std::wstring_view text) { return std::wstring(text); }
 
-// A window's rectangle in the coordinates of `parent`.
-RECT rectIn(HWND parent, HWND window);
+inline RECT systemRect(const Rect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 
 // Whether `window` is `ancestor` or stands in it.
 bool isWithin(HWND ancestor, HWND window);
