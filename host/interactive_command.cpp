@@ -18,6 +18,7 @@
 #include "platform/host_output.h"
 #include "platform/paths.h"
 #include "platform/questions.h"
+#include "platform/screen_scale.h"
 #include "platform/settings.h"
 #include "ui/main_dialog.h"
 #include "ui/module_title.h"
@@ -45,6 +46,7 @@ void printReport() {
 void makeDialog() {
   ConversionContext& context = conversionContext();
   const ResourcesFirst ours(moduleState().extension);
+  initScreenScale(hostFrame());  // the host may have been moved to another monitor
   context.dialog =
       std::make_unique<CCnvDlg>(CCnvDlg::Shared{context.pick, context.dialogRect}, findHostFile, hostFrame());
   if (!context.dialog->create(hostFrame())) context.dialog.reset();

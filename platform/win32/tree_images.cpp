@@ -68,6 +68,8 @@ void drawPicture(HDC canvas, const Picture& picture, int left, int size) {
   DeleteObject(pen);
 }
 
+}  // namespace
+
 HIMAGELIST makeTreeImages() {
   const int size = scaled(kGrid);
   const int count = static_cast<int>(kPictures.size());
@@ -88,13 +90,6 @@ HIMAGELIST makeTreeImages() {
   const HIMAGELIST images = ImageList_Create(size, size, ILC_COLOR24 | ILC_MASK, count, 0);
   ImageList_AddMasked(images, bitmap, kTransparent);
   DeleteObject(bitmap);
-  return images;
-}
-
-}  // namespace
-
-HIMAGELIST treeImages() {
-  static const HIMAGELIST images = makeTreeImages();
   return images;
 }
 

@@ -9,7 +9,7 @@
 namespace kiv::win32 {
 
 // 0 the root, 1 to 10 the sections, 11 a setting, 12 a condition, 13 a result, 14 an entry of a list; in the
-// size of the host's monitor. Lives as long as the module.
-HIMAGELIST treeImages();
+// size of the host's monitor. Belongs to the caller.
+HIMAGELIST makeTreeImages();
 
 }  // namespace kiv::win32

@@ -1,8 +1,5 @@
 #include "platform/win32/tree_view.h"
 
-// Needs what windows.h declares.
-#include <commctrl.h>
-
 #include "platform/win32/tree_images.h"
 
 namespace kiv::win32 {
@@ -19,9 +16,13 @@ TVITEMW itemFor(TreeItem item, UINT mask) {
 
 }  // namespace
 
-SystemTreeView::SystemTreeView(HWND handle, int& quietDepth) : Control(handle, quietDepth) {
-  send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(treeImages()));
+SystemTreeView::SystemTreeView(HWND handle, int& quietDepth)
+    : Control(handle, quietDepth), images_(makeTreeImages()) {
+  send(TVM_SETIMAGELIST, TVSIL_NORMAL, reinterpret_cast<LPARAM>(images_));
 }
+
+// The control has gone, or is hidden for good.
+SystemTreeView::~SystemTreeView() { ImageList_Destroy(images_); }
 
 TreeItem SystemTreeView::next(UINT relation, TreeItem item) const {
   return static_cast<TreeItem>(send(TVM_GETNEXTITEM, relation, static_cast<LPARAM>(item)));

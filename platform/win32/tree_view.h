@@ -4,11 +4,15 @@
 #include "platform/dialog_window.h"
 #include "platform/win32/control.h"
 
+// Needs what windows.h declares.
+#include <commctrl.h>
+
 namespace kiv::win32 {
 
 class SystemTreeView final : public TreeView, public Control {
  public:
   SystemTreeView(HWND handle, int& quietDepth);
+  ~SystemTreeView() override;
 
   TreeItem insert(TreeItem parent, int position, std::wstring_view text, int image,
                   std::uint32_t data) override;
@@ -29,6 +33,8 @@ class SystemTreeView final : public TreeView, public Control {
  private:
   TreeItem heir(TreeItem item) const;
   TreeItem next(UINT relation, TreeItem item) const;
+
+  HIMAGELIST images_;
 };
 
 }  // namespace kiv::win32
