@@ -37,7 +37,8 @@ struct FileQuestion {
 
   bool operator==(const FileQuestion&) const = default;
 };
-// The full path; empty when cancelled. The process's current folder stays.
+// The full path; empty when cancelled, or when the chooser fails, which the command line tells. An initial
+// name that no file can have is left out. The process's current folder stays.
 std::optional<std::wstring> chooseFile(NativeWindow owner, const FileQuestion& question);
 
 struct FolderQuestion {

@@ -1,9 +1,11 @@
 #include <windows.h>
 
-// Needs what windows.h declares.
+// Need what windows.h declares.
+#include <cderr.h>
 #include <commdlg.h>
 
 #include "platform/dialog_script.h"
+#include "platform/host_output.h"
 #include "platform/questions.h"
 #include "platform/win32/file_hand.h"
 #include "platform/win32/people.h"
@@ -38,6 +40,13 @@ InitialPlace initialPlace(const std::wstring& path) {
   return {path.substr(0, last + 1), path.substr(last + 1)};
 }
 
+// Leaves no path when the chooser is cancelled, which gives 0 as a choice does, and when it fails.
+DWORD run(OPENFILENAMEW& chooser, bool saving) {
+  if (saving ? GetSaveFileNameW(&chooser) : GetOpenFileNameW(&chooser)) return 0;
+  chooser.lpstrFile[0] = L'\0';
+  return CommDlgExtendedError();
+}
+
 std::optional<std::wstring> ask(HWND owner, const FileQuestion& question, bool scripted) {
   const InitialPlace place = initialPlace(question.initialName);
   const std::wstring filters = filterText(question);
@@ -58,9 +67,11 @@ std::optional<std::wstring> ask(HWND owner, const FileQuestion& question, bool s
   if (!question.saving && question.mustExist) chooser.Flags |= OFN_FILEMUSTEXIST;
   if (scripted) win32::FileHand::prepare(chooser);
 
-  const BOOL chosen = question.saving ? GetSaveFileNameW(&chooser) : GetOpenFileNameW(&chooser);
-  if (!chosen) return std::nullopt;
+  DWORD failure = run(chooser, question.saving);
+  if (failure == FNERR_INVALIDFILENAME) failure = run(chooser, question.saving);  // without the initial name
+  if (failure != 0) printError(L"ﾌｧｲﾙを選択できません. ｺｰﾄﾞ " + std::to_wstring(failure));
   path.resize(path.find(L'\0'));
+  if (path.empty()) return std::nullopt;
   return path;
 }
 

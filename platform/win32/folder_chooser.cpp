@@ -13,6 +13,8 @@
 namespace kiv {
 namespace {
 
+constexpr DWORD kLongestPath = 32'768;
+
 struct Browsing {
   std::wstring start;
   win32::FolderHand* hand = nullptr;
@@ -29,10 +31,11 @@ int CALLBACK atBrowser(HWND browser, UINT message, LPARAM, LPARAM data) {
 
 std::optional<std::wstring> pathOf(PIDLIST_ABSOLUTE chosen) {
   if (!chosen) return std::nullopt;
-  wchar_t path[MAX_PATH] = L"";
-  const BOOL hasPath = SHGetPathFromIDListW(chosen, path);
+  std::wstring path(kLongestPath, L'\0');
+  const BOOL hasPath = SHGetPathFromIDListEx(chosen, path.data(), kLongestPath, GPFIDL_DEFAULT);
   CoTaskMemFree(chosen);
   if (!hasPath) return std::nullopt;
+  path.resize(path.find(L'\0'));
   return path;
 }
 
@@ -42,7 +45,7 @@ std::optional<std::wstring> ask(HWND owner, const FolderQuestion& question, win3
   BROWSEINFOW browser{};
   browser.hwndOwner = owner;
   browser.lpszTitle = question.title.c_str();
-  browser.ulFlags = BIF_RETURNONLYFSDIRS | (question.newStyle ? BIF_NEWDIALOGSTYLE : 0u);
+  browser.ulFlags = question.newStyle ? BIF_NEWDIALOGSTYLE : 0u;
   browser.lpfn = atBrowser;
   browser.lParam = reinterpret_cast<LPARAM>(&browsing);
   const HRESULT initialised = OleInitialize(nullptr);  // what the new style is made of
