@@ -20,6 +20,9 @@ class DialogBackend {
   // goes. The window refers to the dialog until it is passed to destroyWindow().
   static std::unique_ptr<DialogWindow> createWindow(Dialog& dialog, NativeWindow owner);
 
+  // A script that has acted so often in a modal dialog without ending it never will.
+  static constexpr int kMostActs = 2000;
+
   // Disables the owner unless it is disabled already, shows the dialog's window, gives it the keyboard and
   // serves it until hasEnded(); then enables the owner, if it was disabled here, and activates it. The window
   // stays. A dialog script's act() is called whenever nothing else is under way.

@@ -4,7 +4,6 @@
 namespace kiv {
 
 inline constexpr int kReferenceDpi = 96;
-inline constexpr const wchar_t* kDialogFont = L"Tahoma";
 
 // Takes the resolution of the monitor with this window (the host's main window; null: the main monitor).
 void initScreenScale(void* window);

@@ -22,15 +22,13 @@ std::unique_ptr<DialogWindow> DialogBackend::createWindow(Dialog& dialog, Native
 }
 
 void DialogBackend::runModal(Dialog& dialog, NativeWindow owner) {
-  // A script that has not ended the dialog by then never will.
-  constexpr int kMaxActs = 5000;
   const headless::OwnerDisabled disabled(owner);
   dialog.window().show(true);
   desktop().runNested([&dialog] {
     desktop().run([] {});  // what onInit() has posted
     for (int acts = 0; !hasEnded(dialog); ++acts) {
       DialogScript* script = dialogScript();
-      if (!script || acts == kMaxActs) {
+      if (!script || acts == kMostActs) {
         std::fprintf(stderr, "Dialog %d is given up: nobody ends it.\n", dialog.resource());
         abandon(dialog);
       } else {

@@ -66,7 +66,7 @@ class MemoryList : public ListView {
 
 class MemoryGrid : public TextGrid {
  public:
-  void setTitle(std::wstring_view title) override { title_ = title; }
+  void setTitle(std::wstring_view) override {}
   int rowCount() const override { return static_cast<int>(rows_.size()); }
   void setRowCount(int rows) override;
   std::wstring text(int row) const override;
@@ -77,7 +77,6 @@ class MemoryGrid : public TextGrid {
   bool has(int row) const { return row >= 0 && row < rowCount(); }
 
  private:
-  std::wstring title_;
   std::vector<std::wstring> rows_;
   int current_ = -1;
 };

@@ -31,7 +31,7 @@ ResourceScript readOwnScript() {
 }  // namespace
 
 bool ResourceControl::isDefaultButton() const {
-  return kind == ControlKind::kPushButton && (this->style & style::kButtonType) == 1;
+  return kind == ControlKind::kPushButton && (this->style & style::kButtonType) == style::kDefaultButton;
 }
 
 const DialogResource* ResourceScript::findDialog(int id) const { return findId(dialogs, id); }

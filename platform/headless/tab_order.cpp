@@ -59,9 +59,9 @@ MemoryControl* MemoryWindow::neighbourInGroup(MemoryControl& radio, int directio
 
 MemoryControl* MemoryWindow::defaultButton() {
   MemoryControl* focused = focusedControl();
-  if (focused && focused->kind == ControlKind::kPushButton && (focused->resource->style & 0x0F) <= 1) {
-    return focused;
-  }
+  const bool canBeDefault = focused && focused->kind == ControlKind::kPushButton &&
+                            (focused->resource->style & style::kButtonType) <= style::kDefaultButton;
+  if (canBeDefault) return focused;
   const auto found = std::find_if(controls_.begin(), controls_.end(),
                                   [](const auto& each) { return each.resource->isDefaultButton(); });
   return found == controls_.end() ? nullptr : &*found;

@@ -19,14 +19,12 @@ std::vector<TreeItem>& MemoryTree::siblings(const Item& item) {
   return parent ? parent->children : top_;
 }
 
-TreeItem MemoryTree::insert(TreeItem parent, int position, std::wstring_view text, int image,
-                            std::uint32_t data) {
+TreeItem MemoryTree::insert(TreeItem parent, int position, std::wstring_view text, int, std::uint32_t data) {
   if (parent != 0 && !has(parent)) return 0;
   const TreeItem made = ++lastItem_;
   Item& item = items_[made];
   item.parent = parent;
   item.text = text;
-  item.image = image;
   item.data = data;
   auto& among = siblings(item);
   const auto count = static_cast<std::ptrdiff_t>(among.size());

@@ -10,8 +10,7 @@ namespace kiv::headless {
 
 class MemoryTree : public TreeView {
  public:
-  TreeItem insert(TreeItem parent, int position, std::wstring_view text, int image,
-                  std::uint32_t data) override;
+  TreeItem insert(TreeItem parent, int position, std::wstring_view text, int, std::uint32_t data) override;
   void remove(TreeItem item) override;
   void clear() override;
   std::wstring text(TreeItem item) const override;
@@ -35,7 +34,6 @@ class MemoryTree : public TreeView {
     TreeItem parent = 0;
     std::vector<TreeItem> children;
     std::wstring text;
-    int image = 0;
     std::uint32_t data = 0;
     bool expanded = false;
   };

@@ -173,10 +173,6 @@ void MemoryWindow::check(int id, bool checked) {
   control->checked = checked;
 }
 
-void MemoryWindow::setPicture(int id, int icon) {
-  if (MemoryControl* control = find(id)) control->icon = icon;
-}
-
 ComboBox& MemoryWindow::combo(int id) {
   MemoryControl* control = find(id);
   return control && control->combo ? *control->combo : absentCombo();

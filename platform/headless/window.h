@@ -22,7 +22,6 @@ struct MemoryControl {
   bool visible;
   bool enabled;
   bool checked = false;
-  int icon = 0;
   Field field;  // the text of every kind
   std::unique_ptr<MemoryCombo> combo;
   std::unique_ptr<MemoryTree> tree;
@@ -59,7 +58,7 @@ class MemoryWindow : public DialogWindow {
   int focused() const override;
   bool isChecked(int id) const override;
   void check(int id, bool checked) override;
-  void setPicture(int id, int icon) override;
+  void setPicture(int, int) override {}
 
   ComboBox& combo(int id) override;
   TreeView& tree(int id) override;

@@ -5,14 +5,13 @@
 #include "platform/dialog_backend.h"
 #include "platform/dialog_script.h"
 #include "platform/guard.h"
-#include "platform/win32/hand.h"
+#include "platform/win32/question_hand.h"
 #include "platform/win32/window.h"
 
 namespace kiv::win32 {
 namespace {
 
 constexpr UINT kActEvery = 10;  // milliseconds
-constexpr int kMostActs = 2000;
 
 struct Scene {
   HWND dialog = nullptr;
@@ -48,8 +47,8 @@ void letScriptAct(Window& window) {
   DialogScript* script = dialogScript();
   Scene* scene = sceneOf(window.handle());
   const bool isNewest = scene && scene == &scenes().back();
-  if (!script || !isNewest || scene->acting || Hand::isAtWork() || !window.isWindowEnabled()) return;
-  if (++scene->acts > kMostActs) {
+  if (!script || !isNewest || scene->acting || QuestionHand::isAtWork() || !window.isWindowEnabled()) return;
+  if (++scene->acts > DialogBackend::kMostActs) {
     reportOnStderr(L"the script does not end the dialog \"" + window.title() + L"\"");
     window.tell([](Dialog& dialog) { DialogBackend::abandon(dialog); });
     return;

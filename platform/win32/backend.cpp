@@ -1,13 +1,9 @@
 #include "platform/dialog_backend.h"
-#include "platform/dialog_script.h"
 #include "platform/win32/acting.h"
 #include "platform/win32/dialog_keys.h"
 #include "platform/win32/grid.h"
 #include "platform/win32/people.h"
 #include "platform/win32/window.h"
-
-// After the system's header, whose types the host's headers share.
-#include "rxmfcapi.h"
 
 namespace kiv {
 namespace {
@@ -30,12 +26,6 @@ bool serveOneMessage() {
 }
 
 }  // namespace
-
-namespace win32 {
-
-bool somebodyAnswers() { return dialogScript() || adsw_acadMainWnd(); }
-
-}  // namespace win32
 
 bool DialogBackend::canShow() { return win32::somebodyAnswers() && GetSystemMetrics(SM_CXSCREEN) > 0; }
 

@@ -1,5 +1,4 @@
-// Keys and the right button in trees, lists and grids.
-#include <windows.h>
+#include "platform/win32/control_keys.h"
 
 // Need what windows.h declares.
 #include <commctrl.h>
@@ -10,7 +9,6 @@
 
 #include "platform/guard.h"
 #include "platform/win32/grid.h"
-#include "platform/win32/messages.h"
 #include "platform/win32/window.h"
 
 namespace kiv::win32 {

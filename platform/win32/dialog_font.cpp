@@ -1,6 +1,5 @@
 #include "platform/win32/dialog_font.h"
 
-#include "platform/screen_scale.h"
 #include "platform/win32/system.h"
 
 namespace kiv::win32 {
@@ -24,7 +23,7 @@ bool isInstalled(HDC screen, const wchar_t* face) {
 
 std::wstring japaneseFace(const std::wstring& wanted) {
   const wchar_t* const faces[] = {wanted.c_str(), L"Yu Gothic UI", L"Meiryo UI", L"MS Gothic",
-                                  L"IPAPGothic",  L"IPAGothic",    kDialogFont};
+                                  L"IPAPGothic",  L"IPAGothic",    L"Tahoma"};
   const HDC screen = GetDC(nullptr);
   std::wstring answer = wanted;
   for (const wchar_t* face : faces) {

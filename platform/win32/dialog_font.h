@@ -6,7 +6,7 @@
 namespace kiv::win32 {
 
 // `wanted` when it is installed; else the first of the system's Japanese fonts that is, with proportional
-// ones first; `wanted` again when there is none.
+// ones first; then any that the system puts Japanese into; `wanted` again when there is none.
 std::wstring japaneseFace(const std::wstring& wanted);
 
 }  // namespace kiv::win32

@@ -8,11 +8,11 @@
 
 #include <optional>
 
-#include "platform/win32/hand.h"
+#include "platform/win32/question_hand.h"
 
 namespace kiv::win32 {
 
-class FileHand final : public Hand {
+class FileHand final : public QuestionHand {
  public:
   // Without a path the chooser is cancelled.
   FileHand(bool saving, std::optional<std::wstring> path);

@@ -105,7 +105,7 @@ bool FolderHand::step() {
   }
   const std::vector<std::wstring> parts = partsOf(*folder_);
   const FolderTree tree(treeOf(browser_));
-  // Wine does not find every folder that is there by its path.
+  // The browser does not find every folder by its path; a person finds it in the tree.
   if (!parts.empty() && (tree.isChosen(parts.back()) || tree.choose(parts)))
     return pressButton(browser_, IDOK);
   report(L"the folder browser has no \"" + *folder_ + L"\"");

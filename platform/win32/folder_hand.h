@@ -3,11 +3,11 @@
 
 #include <optional>
 
-#include "platform/win32/hand.h"
+#include "platform/win32/question_hand.h"
 
 namespace kiv::win32 {
 
-class FolderHand final : public Hand {
+class FolderHand final : public QuestionHand {
  public:
   // Without a folder the browser is cancelled.
   explicit FolderHand(std::optional<std::wstring> folder);

@@ -1,11 +1,11 @@
 #pragma once
 // Chooses an item of an open menu by the keys that a person would use.
 
-#include "platform/win32/hand.h"
+#include "platform/win32/question_hand.h"
 
 namespace kiv::win32 {
 
-class MenuHand final : public Hand {
+class MenuHand final : public QuestionHand {
  public:
   // `item`: 0 leaves the menu without a choice.
   MenuHand(HWND owner, HMENU menu, int item);

@@ -1,7 +1,7 @@
 #include "platform/dialog_script.h"
 #include "platform/questions.h"
-#include "platform/win32/hand.h"
 #include "platform/win32/people.h"
+#include "platform/win32/question_hand.h"
 
 namespace kiv {
 namespace {
@@ -69,7 +69,7 @@ std::wstring differences(HWND box, const MessageQuestion& question) {
 }
 
 // Presses the button of the box that asks what was to be asked.
-class MessageHand final : public win32::Hand {
+class MessageHand final : public win32::QuestionHand {
  public:
   MessageHand(HWND owner, const MessageQuestion& question, Answer answer)
       : owner_(owner), question_(question), answer_(answer) {

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "platform/dialog_backend.h"
+#include "platform/win32/control_keys.h"
 #include "platform/win32/dialog_keys.h"
 #include "platform/win32/dialog_template.h"
 #include "platform/win32/grid.h"

@@ -8,17 +8,17 @@ namespace kiv::win32 {
 // While one of these lives, step() runs again and again inside the question's own message loop until it
 // says that the answer is given. A question that stays open is closed, and the script hears of it, so that a
 // session never hangs.
-class Hand {
+class QuestionHand {
  public:
-  virtual ~Hand();
-  Hand(const Hand&) = delete;
-  Hand& operator=(const Hand&) = delete;
+  virtual ~QuestionHand();
+  QuestionHand(const QuestionHand&) = delete;
+  QuestionHand& operator=(const QuestionHand&) = delete;
 
   // Whether a question is waiting for its answer.
   static bool isAtWork();
 
  protected:
-  Hand();
+  QuestionHand();
   // Called once before the question is asked; steps come from then on.
   void begin();
   // True: done. The question's window closes by itself then.
@@ -35,7 +35,7 @@ class Hand {
   void work();
   void goOn();
 
-  Hand* before_;
+  QuestionHand* before_;
   UINT_PTR timer_ = 0;
   ULONGLONG deadline_ = 0;
   bool done_ = false;

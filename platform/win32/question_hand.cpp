@@ -1,4 +1,4 @@
-#include "platform/win32/hand.h"
+#include "platform/win32/question_hand.h"
 
 #include "platform/dialog_script.h"
 #include "platform/guard.h"
@@ -9,7 +9,7 @@ namespace {
 constexpr UINT kStepEvery = 10;          // milliseconds
 constexpr ULONGLONG kPatience = 20'000;  // milliseconds
 
-Hand* newest = nullptr;
+QuestionHand* newest = nullptr;
 
 struct Search {
   const wchar_t* windowClass;
@@ -28,32 +28,32 @@ BOOL CALLBACK lookAt(HWND window, LPARAM data) {
 
 }  // namespace
 
-Hand::Hand() : before_(newest) { newest = this; }
+QuestionHand::QuestionHand() : before_(newest) { newest = this; }
 
-Hand::~Hand() {
+QuestionHand::~QuestionHand() {
   if (timer_) KillTimer(nullptr, timer_);
   newest = before_;
 }
 
-bool Hand::isAtWork() { return newest != nullptr; }
+bool QuestionHand::isAtWork() { return newest != nullptr; }
 
-void Hand::begin() {
+void QuestionHand::begin() {
   deadline_ = GetTickCount64() + kPatience;
   timer_ = SetTimer(nullptr, 0, kStepEvery, tick);
 }
 
-void CALLBACK Hand::tick(HWND, UINT, UINT_PTR timer, DWORD) {
+void CALLBACK QuestionHand::tick(HWND, UINT, UINT_PTR timer, DWORD) {
   if (newest && newest->timer_ == timer) newest->work();
 }
 
-void Hand::work() {
+void QuestionHand::work() {
   if (stepping_) return;
   stepping_ = true;
   guarded([this] { goOn(); });
   stepping_ = false;
 }
 
-void Hand::goOn() {
+void QuestionHand::goOn() {
   if (!done_) done_ = step();
   if (GetTickCount64() > deadline_) {
     report(L"no answer could be given to " + name());
@@ -63,7 +63,7 @@ void Hand::goOn() {
   }
 }
 
-void Hand::report(const std::wstring& reason) {
+void QuestionHand::report(const std::wstring& reason) {
   reportOnStderr(reason);
   if (DialogScript* script = dialogScript()) script->failed(reason);
 }
