@@ -9,8 +9,6 @@
 namespace cadhost {
 namespace {
 
-constexpr std::wstring_view kMarks = L"._'";
-
 std::wstring_view restOf(std::wstring_view line) {
   line = base::trim(line);
   const std::size_t blank = line.find(L' ');
@@ -21,9 +19,7 @@ std::wstring_view restOf(std::wstring_view line) {
 
 std::wstring commandName(std::wstring_view line) {
   line = base::trim(line);
-  line = line.substr(0, line.find(L' '));
-  const std::size_t begin = line.find_first_not_of(kMarks);
-  return begin == std::wstring_view::npos ? std::wstring() : base::upper(line.substr(begin));
+  return cad::readCommandName(line.substr(0, line.find(L' '))).name;
 }
 
 void CommandRunner::runLines() {

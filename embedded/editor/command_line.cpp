@@ -14,23 +14,6 @@ namespace {
 
 constexpr wchar_t kCancel = 3;
 
-struct CommandName {
-  std::wstring name;
-  bool builtinOnly = false;  // a dot asks for the host's own command
-  bool globalOnly = false;   // an underscore for the name that is the same in every language
-};
-
-CommandName readName(std::wstring_view typed) {
-  CommandName out;
-  while (!typed.empty() && std::wstring_view(L"._'\x03").find(typed.front()) != std::wstring_view::npos) {
-    out.builtinOnly |= typed.front() == L'.';
-    out.globalOnly |= typed.front() == L'_';
-    typed.remove_prefix(1);
-  }
-  out.name = base::upper(typed);
-  return out;
-}
-
 const AcEdCommand* findRegistered(const CommandName& wanted) {
   if (wanted.builtinOnly) return nullptr;
   const CommandStack& commands = hostState().commands;
@@ -85,6 +68,17 @@ Outcome endedWithError(const std::wstring& name) {
 
 }  // namespace
 
+CommandName readCommandName(std::wstring_view typed) {
+  CommandName out;
+  while (!typed.empty() && std::wstring_view(L"._'\x03").find(typed.front()) != std::wstring_view::npos) {
+    out.builtinOnly |= typed.front() == L'.';
+    out.globalOnly |= typed.front() == L'_';
+    typed.remove_prefix(1);
+  }
+  out.name = base::upper(typed);
+  return out;
+}
+
 Outcome CommandLine::runRegistered(const AcEdCommand& command) {
   const AcRxFunctionPtr function = command.functionAddr();
   const std::wstring name = command.globalName();
@@ -101,7 +95,7 @@ Outcome CommandLine::runRegistered(const AcEdCommand& command) {
 }
 
 Outcome CommandLine::runOne(TokenReader& input, std::wstring_view typed) {
-  const CommandName wanted = readName(typed);
+  const CommandName wanted = readCommandName(typed);
   if (wanted.name.empty()) return Outcome::kDone;
   const AcEdCommand* registered = findRegistered(wanted);
   const BuiltinCommand* builtin = registered == nullptr ? findBuiltin(wanted.name) : nullptr;

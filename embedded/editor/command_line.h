@@ -32,6 +32,14 @@ struct BuiltinCommand {
 };
 const BuiltinCommand* findBuiltin(std::wstring_view name);
 
+// A command's name as it was typed: upper-case, without the marks before it, and what those ask for.
+struct CommandName {
+  std::wstring name;
+  bool builtinOnly = false;  // a dot asks for the host's own command
+  bool globalOnly = false;   // an underscore for the name that is the same in every language
+};
+CommandName readCommandName(std::wstring_view typed);
+
 struct QueuedText {
   Document* document = nullptr;
   std::wstring text;
