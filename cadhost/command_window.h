@@ -31,7 +31,6 @@ class CommandWindow {
   void setLine(const std::wstring& text);  // the caret goes behind it
   void setPrompt(const wchar_t* prompt);
   void focus() { SetFocus(line_); }
-  bool hasFocus() const { return GetFocus() == line_; }
   // A character typed while another window has the focus.
   void typeCharacter(wchar_t c) { SendMessageW(line_, WM_CHAR, c, 0); }
   void applyFont();  // again, after the monitor has changed

@@ -30,7 +30,6 @@ class FrameWindow {
   void show(int how);
   int run() { return pump_.run(); }
 
-  void print(std::wstring_view text) { commands_.print(text); }
   // Failures are printed.
   void openDrawing(const std::filesystem::path& path);
   void loadModule(const std::filesystem::path& path);

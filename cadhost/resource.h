@@ -1,7 +1,7 @@
 #pragma once
 // Names and numbers by which other programs, tests above all, find the windows and their parts. They stay.
 //
-//   frame           class CadhostFrame; takes copied-data messages; menu commands by kMenu... below
+//   frame           class CadhostFrame; takes copied-data messages; menu commands by IDM_... below
 //   drawing         class CadhostView, child of the frame, id 101
 //   commands        class CadhostCommands, child of the frame, id 102; in it
 //     history       class EDIT, id 1021, read-only

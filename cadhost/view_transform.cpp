@@ -49,13 +49,4 @@ void ViewTransform::pan(double dx, double dy) {
   centreY_ += dy / scale_;
 }
 
-cad::SceneBox ViewTransform::visible() const {
-  const DrawingPoint lowerLeft = toDrawing({0, static_cast<double>(height_)});
-  const DrawingPoint upperRight = toDrawing({static_cast<double>(width_), 0});
-  cad::SceneBox box;
-  box.add(lowerLeft.x, lowerLeft.y);
-  box.add(upperRight.x, upperRight.y);
-  return box;
-}
-
 }  // namespace cadhost

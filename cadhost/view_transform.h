@@ -32,7 +32,6 @@ class ViewTransform {
   DrawingPoint toDrawing(Pixel pixel) const {
     return {(pixel.x - width_ / 2.0) / scale_ + centreX_, (height_ / 2.0 - pixel.y) / scale_ + centreY_};
   }
-  cad::SceneBox visible() const;
 
  private:
   int width_ = 1, height_ = 1;

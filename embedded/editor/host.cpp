@@ -74,7 +74,7 @@ const Scene& Host::scene() { return state_->picking.scene(currentDrawing()); }
 void Host::setHighlightObserver(std::function<void(RecordId)> observer) {
   state_->picking.setObserver(std::move(observer));
 }
-bool Host::isPicking() const { return state_->picking.waiting; }
+bool Host::isPicking() const { return state_->picking.isWaiting(); }
 
 bool Host::filterMessage(void* message) {
   // A filter may remove itself, or another one, while it is asked.

@@ -51,13 +51,6 @@ std::optional<int> take(const cad::InputEvent& event, ads_name entity, ads_point
   return RTNORM;
 }
 
-struct WaitingMark {
-  WaitingMark() { cad::hostState().picking.waiting = true; }
-  ~WaitingMark() { cad::hostState().picking.waiting = false; }
-  WaitingMark(const WaitingMark&) = delete;
-  WaitingMark& operator=(const WaitingMark&) = delete;
-};
-
 }  // namespace
 
 int acedUsrBrk() {
@@ -90,7 +83,7 @@ int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point) {
   ads_name_clear(entity);
   cad::printText(prompt == nullptr ? L"\nSelect object: " : prompt);
   if (!state.inputSource) return RTERROR;
-  const WaitingMark mark;
+  const cad::Picking::Waiting waiting(state.picking);
   for (;;) {
     const std::optional<cad::InputEvent> event = state.inputSource();
     if (!event) {

@@ -20,7 +20,18 @@ class Picking {
   void highlight(RecordId entity);
   RecordId highlighted() const { return highlighted_; }
 
-  bool waiting = false;  // acedEntSel waits for a point
+  // While one lives, a pick waits for its point.
+  class Waiting {
+   public:
+    explicit Waiting(Picking& picking) : picking_(picking) { ++picking_.waiting_; }
+    ~Waiting() { --picking_.waiting_; }
+    Waiting(const Waiting&) = delete;
+    Waiting& operator=(const Waiting&) = delete;
+
+   private:
+    Picking& picking_;
+  };
+  bool isWaiting() const { return waiting_ > 0; }
 
  private:
   std::unique_ptr<Scene> scene_;
@@ -28,6 +39,7 @@ class Picking {
   std::uint64_t revision_ = 0;
   std::function<void(RecordId)> observer_;
   RecordId highlighted_ = kNoRecord;
+  int waiting_ = 0;
 };
 
 }  // namespace cad

@@ -17,7 +17,6 @@ struct Token {
   std::optional<double> number() const;
   std::optional<Point> point() const;        // "x,y" or "x,y,z"
   bool is(std::wstring_view keyword) const;  // ignoring case
-  bool isYes() const { return is(L"Y") || is(L"YES"); }
 };
 
 // The tokens still to come. Reading past the end gives none; a command then asks to be run again with

@@ -36,11 +36,10 @@ struct SceneLoop {
 };
 
 // One line of text. It stands on its base line at `origin`; `along` is the estimated run of the text, whole
-// width, and `up` the height of a capital. Skew and mirroring are in the two vectors. `anchor` is the
-// share of `along` that stays in place when a font makes the text wider or narrower: 0, 0.5 or 1.
+// width, which a font is fitted to, and `up` the height of a capital. Skew and mirroring are in the two
+// vectors.
 struct SceneText {
   ScenePoint origin, along, up;
-  double anchor = 0;
   std::wstring text;  // without formatting codes
 };
 

@@ -50,7 +50,8 @@ std::vector<std::wstring> linesOf(std::wstring_view text, double widest) {
   return lines;
 }
 
-double anchorOf(Side side) {
+// How much of a line's width stands before the aligned point.
+double shareBefore(Side side) {
   if (side == Side::kCentre) return 0.5;
   return side == Side::kRight ? 1 : 0;
 }
@@ -115,11 +116,11 @@ class Layout {
     if (text_.upsideDown) up = -up;
     SceneText placed;
     placed.text = line;
-    placed.anchor = anchorOf(text_.side);
+    const double before = shareBefore(text_.side);
     placed.along = {width * cosine, width * sine};
     placed.up = {up * (slant * cosine - sine), up * (slant * sine + cosine)};
-    placed.origin = {text_.at.x - lift * sine - placed.along.x * placed.anchor,
-                     text_.at.y + lift * cosine - placed.along.y * placed.anchor};
+    placed.origin = {text_.at.x - lift * sine - placed.along.x * before,
+                     text_.at.y + lift * cosine - placed.along.y * before};
     return placed;
   }
 

@@ -25,7 +25,6 @@ TEST(TextLayout, AlignedTextsMeetTheirPoint) {
   const SceneText right = layOut(text).at(0);
   EXPECT_DOUBLE_EQ(right.origin.x + right.along.x, 10);
   EXPECT_DOUBLE_EQ(right.origin.y, 18);
-  EXPECT_EQ(right.anchor, 1);
   text.side = TextGeometry::Side::kCentre;
   text.level = TextGeometry::Level::kMiddle;
   text.rotation = 90;
