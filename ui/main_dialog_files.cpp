@@ -53,7 +53,12 @@ bool CCnvDlg::onFileCommand(int command) {
 void CCnvDlg::loadDefault() {
   window().enable(IDC_MAIN_DEFAULT, false);
   const std::wstring name = defaultSpecificationName(folder_, findFile_).value_or(L"");
-  if (load(name) < 1) return;
+  if (load(name) < 1) {
+    // Nobody chose the name of a file that is not there.
+    specification_.fileName.clear();
+    showFile();
+    return;
+  }
   isDefault_ = true;
   window().check(IDC_MAIN_DEFAULT, true);
 }
