@@ -100,10 +100,10 @@ TEST_F(SettingsStoreTest, ProcessesLoseNothing) {
   constexpr int kEach = 40;
   fs::create_directories(file_.parent_path());
   std::vector<std::thread> callers;
-  for (const char* name : {"left", "right"}) {
-    callers.emplace_back([&, name] {
+  for (const auto& [name, other] : {std::pair{"left", "right"}, std::pair{"right", "left"}}) {
+    callers.emplace_back([&, name = name, other = other] {
       const auto run = test_support::runProgram(
-          KIV_SETTINGS_WRITER, {"common.cfg", name, std::to_string(kEach)}, file_.parent_path());
+          KIV_SETTINGS_WRITER, {"common.cfg", name, other, std::to_string(kEach)}, file_.parent_path());
       EXPECT_EQ(run.status, 0) << run.err;
     });
   }
