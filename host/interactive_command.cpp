@@ -1,6 +1,8 @@
 // KIV_TOACAD: shows the main dialog, serves its picks while it is up, and does what it was closed for.
 
 #include <algorithm>
+#include <stdexcept>
+#include <string>
 
 #include "acedads.h"
 #include "acutads.h"
@@ -90,7 +92,10 @@ std::wstring logFile() {
   if (readCommonInteger(L"MorluxCreateLog", 0) != 1) return {};
   const std::wstring folder = readCommonText(L"MorluxLogOutPath", L"");
   if (folder.empty()) return {};
-  return joinPath(folder, localTimeText(L"%Y%m%d_%Hh%Mm%SsMorlux.log"));
+  const std::wstring name = localTimeText(L"%Y%m%d_%Hh%Mm%SsMorlux.log");
+  // A run without the log that was asked for would say nothing of what it could not convert.
+  if (name.empty()) throw std::invalid_argument("the clock shows no local time");
+  return joinPath(folder, name);
 }
 
 void storeOptions() {

@@ -59,8 +59,12 @@ std::wstring textAt(const Bytes& bytes, std::size_t at) {
   return text;
 }
 
-// The window manager sizes a template's font for the resolution that the system started with.
+// In the second per-monitor mode the window manager sizes dialogs for their monitor itself; otherwise it
+// sizes a template's font for the resolution that the system started with.
 WORD sizeForMonitor(WORD points) {
+  if (AreDpiAwarenessContextsEqual(GetThreadDpiAwarenessContext(),
+                                   DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2))
+    return points;
   const HDC screen = GetDC(nullptr);
   const int systemDpi = GetDeviceCaps(screen, LOGPIXELSY);
   ReleaseDC(nullptr, screen);

@@ -162,6 +162,18 @@ TEST_F(InteractiveCommand, ConvertsTheDrawingAndStoresTheOptions) {
   EXPECT_NE(content("a.dxf").find(" 62\r\n     3\r\n"), std::string::npos);
 }
 
+TEST_F(InteractiveCommand, ALogThatCannotBeNamedStopsTheRun) {
+  setClock([] { return std::numeric_limits<std::time_t>::max(); });
+  const int runs = runCount();
+  thenClicks(IDC_MAIN_CREATE_LOG);
+  then([this] { user_.type(window(), IDC_MAIN_LOG_FOLDER, base::pathText(folder_ / "logs")); });
+  thenClicks(IDOK);
+  run();
+  EXPECT_TRUE(printed(L"処理を中断しました"));
+  EXPECT_EQ(runCount(), runs);
+  conversionContext().dialog.reset();
+}
+
 TEST_F(InteractiveCommand, AnEmptyLogFolderIsNoLog) {
   writeCommonText(L"MorluxLogOutFile", L"old.log");
   thenClicks(IDC_MAIN_CREATE_LOG);
