@@ -5,7 +5,10 @@
 //   window_probe history          prints the command history, UTF-8
 //   window_probe control TITLE ID prints the middle of a control of the dialog, pixels of the screen
 //   window_probe text TITLE ID    prints the control's text, UTF-8
-// Exit status 2: there is no such window.
+//   window_probe active TITLE     waits until the dialog or message box is there and has the keyboard
+//   window_probe gone TITLE       waits until it is not to be seen
+//   window_probe menu             waits until a context menu is open
+// Exit status 2: there is no such window, also after half a minute of waiting.
 
 #include <windows.h>
 
@@ -53,12 +56,33 @@ int printText(HWND window) {
 int printHistory(HWND frame) { return printText(GetDlgItem(GetDlgItem(frame, IDC_COMMANDS), IDC_HISTORY)); }
 
 // The visible one: Wine keeps others of the class to itself.
-HWND control(const wchar_t* title, const wchar_t* id) {
-  HWND dialog = nullptr;
+HWND visibleWindow(const wchar_t* windowClass, const wchar_t* title) {
+  HWND window = nullptr;
   do {
-    dialog = FindWindowExW(nullptr, dialog, L"#32770", title);
-  } while (dialog != nullptr && !IsWindowVisible(dialog));
+    window = FindWindowExW(nullptr, window, windowClass, title);
+  } while (window != nullptr && !IsWindowVisible(window));
+  return window;
+}
+
+HWND visibleDialog(const wchar_t* title) { return visibleWindow(L"#32770", title); }
+
+HWND control(const wchar_t* title, const wchar_t* id) {
+  const HWND dialog = visibleDialog(title);
   return dialog == nullptr ? nullptr : GetDlgItem(dialog, static_cast<int>(std::wcstol(id, nullptr, 10)));
+}
+
+bool isActive(const wchar_t* title) {
+  const HWND dialog = visibleDialog(title);
+  return dialog != nullptr && IsWindowEnabled(dialog) && GetForegroundWindow() == dialog;
+}
+
+template <class Condition>
+int waitUntil(Condition condition) {
+  for (int tries = 0; tries < 600; ++tries) {
+    if (condition()) return 0;
+    Sleep(50);
+  }
+  return 2;
 }
 
 int printMiddle(HWND window) {
@@ -79,5 +103,8 @@ int wmain(int count, wchar_t** words) {
   if (call == L"middle") return printMiddle(GetDlgItem(frame, IDC_DRAWING));
   if (call == L"control" && count == 4) return printMiddle(control(words[2], words[3]));
   if (call == L"text" && count == 4) return printText(control(words[2], words[3]));
+  if (call == L"active" && count == 3) return waitUntil([&] { return isActive(words[2]); });
+  if (call == L"gone" && count == 3) return waitUntil([&] { return visibleDialog(words[2]) == nullptr; });
+  if (call == L"menu") return waitUntil([] { return visibleWindow(L"#32768", nullptr) != nullptr; });
   return call == L"history" ? printHistory(frame) : 2;
 }
