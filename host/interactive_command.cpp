@@ -14,7 +14,7 @@
 #include "host/module_state.h"
 #include "host/pick_items.h"
 #include "platform/clock.h"
-#include "platform/dialog_script.h"
+#include "platform/dialog.h"
 #include "platform/guard.h"
 #include "platform/host_messages.h"
 #include "platform/host_output.h"
@@ -73,7 +73,7 @@ bool isDialogUp() {
 
 // A scripted session whose script has run out: the host has no input to wait for, and never will. What a host
 // with a person before it answers is not looked at, or a refusal would cost the person's work.
-bool isAbandoned(int waitResult) { return waitResult == RTERROR && dialogScript() != nullptr; }
+bool isAbandoned(int waitResult) { return waitResult == RTERROR && areDialogsScripted(); }
 
 void waitForDialog() {
   while (isDialogUp()) {

@@ -72,4 +72,6 @@ void DialogBackend::ownerGoes(Dialog& dialog) {
 
 bool canShowDialogs() { return DialogBackend::canShow(); }
 
+bool areDialogsScripted() { return DialogBackend::isScripted(); }
+
 }  // namespace kiv

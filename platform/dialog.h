@@ -65,4 +65,7 @@ class Dialog {
 // False where nobody could see or use a dialog.
 bool canShowDialogs();
 
+// A dialog script (platform/dialog_script.h) is set: no person is there.
+bool areDialogsScripted();
+
 }  // namespace kiv

@@ -14,6 +14,7 @@ class DialogBackend {
   // --- Defined by each backend
 
   static bool canShow();
+  static bool isScripted();
 
   // The window with its controls, not shown; no handler of the dialog runs. Null when the resource is
   // missing or the system refuses. The owner's window lies behind the new one and takes it along when it

@@ -1,7 +1,8 @@
 #pragma once
 // A person's part in a session without the person: whoever answers questions and acts in modal dialogs.
-// Tests and scripted sessions set one. With real windows the question is shown, and the answer is given to
-// the shown window; without windows the answer is all there is.
+// Tests and scripted sessions set one. With real windows the question is shown, and hands, which only
+// programs with the dialog hands (dialog_hands) have, give the answer to the shown window; without windows
+// the answer is all there is.
 
 #include "platform/dialog.h"
 #include "platform/questions.h"

@@ -11,7 +11,9 @@ namespace kiv {
 using headless::desktop;
 using headless::MemoryWindow;
 
-bool DialogBackend::canShow() { return dialogScript() != nullptr; }
+bool DialogBackend::isScripted() { return dialogScript() != nullptr; }
+
+bool DialogBackend::canShow() { return isScripted(); }
 
 std::unique_ptr<DialogWindow> DialogBackend::createWindow(Dialog& dialog, NativeWindow owner) {
   const headless::DialogResource* resource = headless::resourceScript().findDialog(dialog.resource());

@@ -11,6 +11,7 @@
 namespace kiv::win32 {
 namespace {
 
+constexpr UINT_PTR kActTimer = 1;
 constexpr UINT kActEvery = 10;  // milliseconds
 
 struct Scene {
@@ -31,18 +32,6 @@ Scene* sceneOf(HWND dialog) {
   return nullptr;
 }
 
-}  // namespace
-
-Acting::Acting(HWND dialog) : dialog_(dialog) {
-  scenes().push_back({dialog, 0, false});
-  if (dialogScript()) SetTimer(dialog_, kActTimer, kActEvery, nullptr);
-}
-
-Acting::~Acting() {
-  KillTimer(dialog_, kActTimer);
-  scenes().pop_back();
-}
-
 void letScriptAct(Window& window) {
   DialogScript* script = dialogScript();
   Scene* scene = sceneOf(window.handle());
@@ -57,6 +46,22 @@ void letScriptAct(Window& window) {
   scene->acting = true;
   window.tell([&](Dialog&) { guarded([&] { script->act(window); }); });
   if (Scene* after = sceneOf(handle)) after->acting = false;  // the list may have moved
+}
+
+void CALLBACK tick(HWND dialog, UINT, UINT_PTR, DWORD) {
+  if (Window* window = Window::of(dialog)) guarded([window] { letScriptAct(*window); });
+}
+
+}  // namespace
+
+Acting::Acting(HWND dialog) : dialog_(dialog) {
+  scenes().push_back({dialog, 0, false});
+  SetTimer(dialog_, kActTimer, kActEvery, tick);
+}
+
+Acting::~Acting() {
+  KillTimer(dialog_, kActTimer);
+  scenes().pop_back();
 }
 
 }  // namespace kiv::win32

@@ -1,5 +1,4 @@
 #include "platform/dialog_backend.h"
-#include "platform/win32/acting.h"
 #include "platform/win32/dialog_keys.h"
 #include "platform/win32/grid.h"
 #include "platform/win32/people.h"
@@ -29,6 +28,8 @@ bool serveOneMessage() {
 
 bool DialogBackend::canShow() { return win32::somebodyAnswers() && GetSystemMetrics(SM_CXSCREEN) > 0; }
 
+bool DialogBackend::isScripted() { return win32::attendant() != nullptr; }
+
 std::unique_ptr<DialogWindow> DialogBackend::createWindow(Dialog& dialog, NativeWindow owner) {
   return Window::make(dialog, static_cast<HWND>(owner));
 }
@@ -41,7 +42,7 @@ void DialogBackend::runModal(Dialog& dialog, NativeWindow owner) {
   realWindow(dialog).show(true);
   realWindow(dialog).activate();
   {
-    const win32::Acting acting(handle);
+    const auto attendance = win32::attended(handle);
     while (!hasEnded(dialog))
       if (!serveOneMessage()) abandon(dialog);
   }

@@ -4,10 +4,8 @@
 #include <cderr.h>
 #include <commdlg.h>
 
-#include "platform/dialog_script.h"
 #include "platform/host_output.h"
 #include "platform/questions.h"
-#include "platform/win32/file_hand.h"
 #include "platform/win32/people.h"
 
 namespace kiv {
@@ -47,7 +45,7 @@ DWORD run(OPENFILENAMEW& chooser, bool saving) {
   return CommDlgExtendedError();
 }
 
-std::optional<std::wstring> ask(HWND owner, const FileQuestion& question, bool scripted) {
+std::optional<std::wstring> ask(HWND owner, const FileQuestion& question) {
   const InitialPlace place = initialPlace(question.initialName);
   const std::wstring filters = filterText(question);
   std::wstring path = place.name;
@@ -65,8 +63,8 @@ std::optional<std::wstring> ask(HWND owner, const FileQuestion& question, bool s
   chooser.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY;
   if (question.saving) chooser.Flags |= OFN_OVERWRITEPROMPT;
   if (!question.saving && question.mustExist) chooser.Flags |= OFN_FILEMUSTEXIST;
-  if (scripted) win32::FileHand::prepare(chooser);
 
+  const auto attendance = win32::attended(chooser, question);
   DWORD failure = run(chooser, question.saving);
   if (failure == FNERR_INVALIDFILENAME) failure = run(chooser, question.saving);  // without the initial name
   if (failure != 0) printError(L"ﾌｧｲﾙを選択できません. ｺｰﾄﾞ " + std::to_wstring(failure));
@@ -78,12 +76,8 @@ std::optional<std::wstring> ask(HWND owner, const FileQuestion& question, bool s
 }  // namespace
 
 std::optional<std::wstring> chooseFile(NativeWindow owner, const FileQuestion& question) {
-  if (DialogScript* script = dialogScript()) {
-    win32::FileHand hand(question.saving, script->answer(question));
-    return ask(static_cast<HWND>(owner), question, true);
-  }
   if (!win32::somebodyAnswers()) return std::nullopt;
-  return ask(static_cast<HWND>(owner), question, false);
+  return ask(static_cast<HWND>(owner), question);
 }
 
 }  // namespace kiv

@@ -25,14 +25,12 @@ void typePath(const std::wstring& path) {
 
 }  // namespace
 
-FileHand::FileHand(bool saving, std::optional<std::wstring> path) : saving_(saving), path_(std::move(path)) {
+FileHand::FileHand(OPENFILENAMEW& chooser, bool saving, std::optional<std::wstring> path)
+    : saving_(saving), path_(std::move(path)) {
   theChooser = nullptr;
-  begin();
-}
-
-void FileHand::prepare(OPENFILENAMEW& chooser) {
   chooser.Flags |= OFN_ENABLEHOOK;
   chooser.lpfnHook = watchChooser;
+  begin();
 }
 
 bool FileHand::step() {

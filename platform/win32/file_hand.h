@@ -14,11 +14,8 @@ namespace kiv::win32 {
 
 class FileHand final : public QuestionHand {
  public:
-  // Without a path the chooser is cancelled.
-  FileHand(bool saving, std::optional<std::wstring> path);
-
-  // Asks for the chooser's classic form, whose controls can be reached.
-  static void prepare(OPENFILENAMEW& chooser);
+  // Asks for the chooser's classic form, whose controls can be reached. Without a path it is cancelled.
+  FileHand(OPENFILENAMEW& chooser, bool saving, std::optional<std::wstring> path);
 
  private:
   bool step() override;

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+#include "platform/win32/window.h"
+
 namespace kiv::win32 {
 namespace {
 
@@ -20,6 +22,9 @@ HWND treeOf(HWND browser) {
   EnumChildWindows(browser, noteTree, reinterpret_cast<LPARAM>(&tree));
   return tree;
 }
+
+// The dialogs of the module are of the same class and may have trees too.
+bool isBrowser(HWND window, void*) { return !Window::of(window) && treeOf(window); }
 
 // The parts of a path: "C:", then each folder.
 std::vector<std::wstring> partsOf(const std::wstring& path) {
@@ -96,7 +101,8 @@ class FolderTree {
 FolderHand::FolderHand(std::optional<std::wstring> folder) : folder_(std::move(folder)) { begin(); }
 
 bool FolderHand::step() {
-  if (!browser_ || !IsWindowVisible(browser_)) return false;
+  if (!browser_) browser_ = findOwnWindow(L"#32770", isBrowser, nullptr);
+  if (!browser_) return false;
   if (!folder_) return pressButton(browser_, IDCANCEL);
   if (!chosen_) {
     chosen_ = true;

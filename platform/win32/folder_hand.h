@@ -12,8 +12,6 @@ class FolderHand final : public QuestionHand {
   // Without a folder the browser is cancelled.
   explicit FolderHand(std::optional<std::wstring> folder);
 
-  void setBrowser(HWND browser) { browser_ = browser; }
-
  private:
   bool step() override;
   void giveUp() override;

@@ -1,9 +1,8 @@
 #include <algorithm>
 
-#include "platform/dialog_script.h"
 #include "platform/questions.h"
-#include "platform/win32/menu_hand.h"
 #include "platform/win32/people.h"
+#include "platform/win32/system.h"
 
 namespace kiv {
 namespace {
@@ -57,10 +56,6 @@ HMENU systemMenu(const Menu& items) {
   return menu;
 }
 
-int track(HMENU menu, HWND owner, Place screen) {
-  return TrackPopupMenuEx(menu, TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, owner, nullptr);
-}
-
 }  // namespace
 
 Menu loadMenu(int resource) {
@@ -74,11 +69,9 @@ int showMenu(DialogWindow& owner, const Menu& menu, Place screen) {
   const auto window = static_cast<HWND>(owner.native());
   const HMENU shown = systemMenu(menu);
   const DestroyMenuOnReturn destroying{shown};
-  if (DialogScript* script = dialogScript()) {
-    win32::MenuHand hand(window, shown, script->answer(menu));
-    return track(shown, window, screen);
-  }
-  return win32::somebodyAnswers() ? track(shown, window, screen) : 0;
+  if (!win32::somebodyAnswers()) return 0;
+  const auto attendance = win32::attended(window, shown, menu);
+  return TrackPopupMenuEx(shown, TPM_RETURNCMD | TPM_RIGHTBUTTON, screen.x, screen.y, window, nullptr);
 }
 
 }  // namespace kiv

@@ -4,7 +4,6 @@
 #include <commctrl.h>
 
 #include "platform/guard.h"
-#include "platform/win32/acting.h"
 #include "platform/win32/combo_box.h"
 #include "platform/win32/grid.h"
 #include "platform/win32/window.h"
@@ -130,10 +129,6 @@ INT_PTR takeMessage(Window& window, UINT message, WPARAM first, LPARAM second) {
       return TRUE;
     case WM_SETFOCUS:
       window.giveKeyboard();
-      return TRUE;
-    case WM_TIMER:
-      if (first != kActTimer) return FALSE;
-      letScriptAct(window);
       return TRUE;
     case kKeepFocus:
       return answer(window.handle(), wantsToKeepFocus(window.handle()));

@@ -1,5 +1,7 @@
 #include "platform/win32/question_hand.h"
 
+#include <cstdio>
+
 #include "platform/dialog_script.h"
 #include "platform/guard.h"
 
@@ -66,6 +68,15 @@ void QuestionHand::goOn() {
 void QuestionHand::report(const std::wstring& reason) {
   reportOnStderr(reason);
   if (DialogScript* script = dialogScript()) script->failed(reason);
+}
+
+void reportOnStderr(std::wstring_view message) {
+  const int bytes = WideCharToMultiByte(CP_UTF8, 0, message.data(), static_cast<int>(message.size()), nullptr,
+                                        0, nullptr, nullptr);
+  std::string narrow(static_cast<std::size_t>(bytes), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, message.data(), static_cast<int>(message.size()), narrow.data(), bytes,
+                      nullptr, nullptr);
+  std::fprintf(stderr, "kiv: %s\n", narrow.c_str());
 }
 
 HWND findOwnWindow(const wchar_t* windowClass, bool (*fits)(HWND, void*), void* context) {

@@ -1,6 +1,7 @@
 #pragma once
 // Gives the dialog script's answers to questions that windows of the system ask.
 
+#include "platform/win32/people.h"
 #include "platform/win32/system.h"
 
 namespace kiv::win32 {
@@ -8,11 +9,9 @@ namespace kiv::win32 {
 // While one of these lives, step() runs again and again inside the question's own message loop until it
 // says that the answer is given. A question that stays open is closed, and the script hears of it, so that a
 // session never hangs.
-class QuestionHand {
+class QuestionHand : public Attendance {
  public:
-  virtual ~QuestionHand();
-  QuestionHand(const QuestionHand&) = delete;
-  QuestionHand& operator=(const QuestionHand&) = delete;
+  ~QuestionHand() override;
 
   // Whether a question is waiting for its answer.
   static bool isAtWork();
@@ -41,6 +40,9 @@ class QuestionHand {
   bool done_ = false;
   bool stepping_ = false;
 };
+
+// Tells whoever watches a scripted session what went wrong in it.
+void reportOnStderr(std::wstring_view message);
 
 // The newest dialog of the system, or one of a class, that this thread shows; null when there is none.
 HWND findOwnWindow(const wchar_t* windowClass, bool (*fits)(HWND, void*), void* context);

@@ -1,7 +1,5 @@
 #include "platform/win32/system.h"
 
-#include <cstdio>
-
 namespace kiv::win32 {
 
 HINSTANCE moduleInstance() {
@@ -29,15 +27,6 @@ bool isOfClass(HWND window, const wchar_t* windowClass) {
 
 bool isWithin(HWND ancestor, HWND window) {
   return ancestor && window && (ancestor == window || IsChild(ancestor, window));
-}
-
-void reportOnStderr(std::wstring_view message) {
-  const int bytes = WideCharToMultiByte(CP_UTF8, 0, message.data(), static_cast<int>(message.size()), nullptr,
-                                        0, nullptr, nullptr);
-  std::string narrow(static_cast<std::size_t>(bytes), '\0');
-  WideCharToMultiByte(CP_UTF8, 0, message.data(), static_cast<int>(message.size()), narrow.data(), bytes,
-                      nullptr, nullptr);
-  std::fprintf(stderr, "kiv: %s\n", narrow.c_str());
 }
 
 }  // namespace kiv::win32

@@ -25,7 +25,4 @@ inline RECT systemRect(const Rect& rect) { return {rect.left, rect.top, rect.rig
 // Whether `window` is `ancestor` or stands in it.
 bool isWithin(HWND ancestor, HWND window);
 
-// Tells whoever watches a scripted session what went wrong in it.
-void reportOnStderr(std::wstring_view message);
-
 }  // namespace kiv::win32
