@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 #include "tests/ui/test_dialog.h"
 #include "tests/ui/user.h"
 #include "ui/resource.h"
@@ -244,6 +247,26 @@ TEST_F(DialogControls, TabKeyFollowsTheScript) {
   EXPECT_EQ(window.focused(), IDCANCEL);
   window.enable(IDCANCEL, false);
   EXPECT_NE(window.focused(), IDCANCEL);
+}
+
+TEST_F(DialogControls, TabKeyFollowsTheScriptInTheSmallerDialogs) {
+  const std::pair<int, std::vector<int>> orders[] = {
+      {IDD_VALUE, {IDC_VALUE_COMBO, IDC_PICK, IDOK, IDCANCEL}},
+      {IDD_LOAD, {IDC_LOAD_LIST, IDOK, IDCANCEL}},
+      {IDD_SAVE, {IDC_SAVE_NAME, IDC_SAVE_REMARK, IDC_SAVE_LIST, IDOK, IDCANCEL}},
+      {IDD_TEXT_LIST, {IDC_TEXT_LIST_GRID, IDC_TEXT_LIST_NEW, IDC_TEXT_LIST_LOAD, IDC_TEXT_LIST_SAVE, IDOK}}};
+  for (const auto& [resource, order] : orders) {
+    DialogWindow& window = open(resource);
+    window.enable(IDOK, true);
+    std::vector<int> reached;
+    for (std::size_t press = 0; press <= order.size(); ++press) {
+      reached.push_back(window.focused());
+      person_.press(window, Key::kTab);
+    }
+    std::vector<int> wanted = order;
+    wanted.push_back(order.front());  // and around
+    EXPECT_EQ(reached, wanted) << "dialog " << resource;
+  }
 }
 
 TEST_F(DialogControls, EnterAndEscape) {
