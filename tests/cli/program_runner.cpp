@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <type_traits>
 
 #include "base/codepage.h"
-#include "base/files.h"
 #include "tests/support/temp_path.h"
 
 namespace kivcli::testing {
@@ -24,7 +24,16 @@ std::string layerRecord(const std::string& name, int flags) {
          "\r\n 62\r\n     7\r\n  6\r\nCONTINUOUS\r\n";
 }
 
-fs::path pathOf(std::string_view utf8) { return base::pathFromText(base::fromUtf8(utf8)); }
+// Names are bytes, but UTF-8 where the system's are wide text.
+fs::path pathOf(const std::string& name) {
+  if constexpr (std::is_same_v<fs::path::value_type, char>) return name;
+  return base::fromUtf8(name);
+}
+
+std::string nameOf(const fs::path& path) {
+  if constexpr (std::is_same_v<fs::path::value_type, char>) return path.string();
+  return base::toUtf8(path.wstring());
+}
 
 }  // namespace
 
@@ -62,7 +71,7 @@ std::string ProgramTest::read(const std::string& name) const {
 std::vector<std::string> ProgramTest::filesIn(const std::string& name) const {
   std::vector<std::string> names;
   for (const fs::directory_entry& entry : fs::directory_iterator(folder_ / pathOf(name))) {
-    names.push_back(base::toUtf8(base::pathText(entry.path().filename())));
+    names.push_back(nameOf(entry.path().filename()));
   }
   std::sort(names.begin(), names.end());
   return names;
