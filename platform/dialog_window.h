@@ -116,6 +116,7 @@ class DialogWindow {
   virtual void post(int command) = 0;
 
   // --- Any control
+  virtual Rect placeOf(int id) const = 0;  // pixels of the screen; empty: there is no such control
   virtual std::wstring text(int id) const = 0;
   virtual void setText(int id, std::wstring_view text) = 0;
   virtual bool isEnabled(int id) const = 0;

@@ -14,14 +14,6 @@ namespace {
 
 constexpr const wchar_t* kNothingSelected = L"ﾂﾘｰの中から追加したい項目を選択してください";
 
-// Below the row of buttons under the tree, at the left: where the button that opens the menu stands in the
-// dialog's description. A menu that has no room there is moved by the system.
-Place belowTheButtons(const Rect& dialog) {
-  constexpr int kWidth = 352, kHeight = 352, kLeft = 7, kBottom = 245;
-  return {dialog.left + (dialog.right - dialog.left) * kLeft / kWidth,
-          dialog.top + (dialog.bottom - dialog.top) * kBottom / kHeight};
-}
-
 }  // namespace
 
 bool CCnvDlg::onPickerCommand(int command) {
@@ -50,7 +42,8 @@ void CCnvDlg::addOrEdit() {
   const int edit = editCommand(specification_, node);
   if (edit != 0 && canApply(specification_, node, edit)) return onCommand(edit);
   if (node.index < 0 && isRuleSection(node.section)) return addSetting();
-  showContextMenu(node, belowTheButtons(window().place()));
+  const Rect button = window().placeOf(IDC_MAIN_EDIT);
+  showContextMenu(node, {button.left, button.bottom});
 }
 
 void CCnvDlg::addItem(int kind, Role role) {

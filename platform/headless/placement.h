@@ -13,4 +13,7 @@ int verticalPixels(int dialogUnits);
 // outer rectangle may be empty.
 Rect initialPlace(const DialogResource& dialog, const Rect& owner);
 
+// On the screen, in a dialog with this outer rectangle.
+Rect controlPlace(const ResourceControl& control, const Rect& dialog);
+
 }  // namespace kiv::headless

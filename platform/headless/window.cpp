@@ -102,6 +102,11 @@ const MemoryControl* MemoryWindow::find(int id) const {
   return found == controls_.end() ? nullptr : &*found;
 }
 
+Rect MemoryWindow::placeOf(int id) const {
+  const MemoryControl* control = find(id);
+  return control ? controlPlace(*control->resource, place_) : Rect();
+}
+
 std::wstring MemoryWindow::text(int id) const {
   const MemoryControl* control = find(id);
   return control ? control->field.text() : std::wstring();

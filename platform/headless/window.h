@@ -48,6 +48,7 @@ class MemoryWindow : public DialogWindow {
   void moveTo(Place topLeft) override;
   void post(int command) override;
 
+  Rect placeOf(int id) const override;
   std::wstring text(int id) const override;
   void setText(int id, std::wstring_view text) override;
   bool isEnabled(int id) const override;

@@ -77,6 +77,12 @@ void Window::moveTo(Place topLeft) {
 
 void Window::post(int command) { PostMessageW(window_, kRunCommand, static_cast<WPARAM>(command), 0); }
 
+Rect Window::placeOf(int id) const {
+  RECT rect{};
+  if (const HWND handle = control(id)) GetWindowRect(handle, &rect);
+  return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
 std::wstring Window::text(int id) const {
   const HWND handle = control(id);
   return handle ? windowText(handle) : std::wstring();

@@ -58,6 +58,8 @@ class TextListDialog : public testing::TempFolder {
 TEST_F(TextListDialog, WhatIsTypedIsSavedWithoutItsBlankRows) {
   const int result = use([this](DialogWindow& editor) {
     EXPECT_EQ(editor.text(IDC_TEXT_LIST_NAME), L"");
+    EXPECT_EQ(editor.placeOf(IDC_TEXT_LIST_GRID), editor.placeOf(IDC_TEXT_LIST_PLACE));
+    EXPECT_FALSE(editor.placeOf(IDC_TEXT_LIST_GRID).isEmpty());
     typeRow(editor, 0, L"室*");
     typeRow(editor, 1, L"　");
     typeRow(editor, 2, L"ROOM");
