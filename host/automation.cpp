@@ -7,8 +7,8 @@
 
 #include "base/files.h"
 #include "host/conversion_context.h"
-#include "platform/guard.h"
 #include "host/run_report.h"
+#include "platform/guard.h"
 #include "platform/paths.h"
 #include "platform/settings.h"
 #include "spec/cvt_parser.h"

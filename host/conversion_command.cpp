@@ -4,8 +4,8 @@
 #include "engine/conversion_run.h"
 #include "host/commands.h"
 #include "host/conversion_context.h"
-#include "platform/guard.h"
 #include "host/run_report.h"
+#include "platform/guard.h"
 
 namespace kiv {
 namespace {

@@ -33,7 +33,8 @@ struct Note {
 class Problems : public kiv::ProblemSink {
  public:
   void addProblem(const std::wstring& text) override { problems.push_back(text); }
-  void addNote(const std::wstring& kind, const std::wstring& value, kiv::RefusalReason reason, int count) override {
+  void addNote(const std::wstring& kind, const std::wstring& value, kiv::RefusalReason reason,
+               int count) override {
     notes.push_back({kind, value, reason, count});
   }
   std::vector<std::wstring> problems;
