@@ -8,10 +8,10 @@
 
 namespace kiv {
 
-// `mask`: bits kPick....
-bool isAdmitted(const AcDbEntity& entity, std::uint32_t mask);
+// `mask`: bits kPick...; what counts as a text depends on the item.
+bool isAdmitted(const AcDbEntity& entity, PickItem item, std::uint32_t mask);
 
 // What to tell a person who picked something that the mask does not admit.
-std::wstring wrongKindMessage(std::uint32_t mask);
+std::wstring wrongKindMessage(PickItem item, std::uint32_t mask);
 
 }  // namespace kiv

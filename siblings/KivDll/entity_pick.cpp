@@ -43,8 +43,8 @@ std::vector<std::wstring> pick(const wchar_t* prompt, PickItem item, std::uint32
     say(L"\n図形を読み取れません。");
     return {};
   }
-  if (!isAdmitted(*entity.object(), mask)) {
-    say(wrongKindMessage(mask));
+  if (!isAdmitted(*entity.object(), item, mask)) {
+    say(wrongKindMessage(item, mask));
     return {};
   }
   std::vector<std::wstring> values = pickedValues(*entity.object(), item);

@@ -19,7 +19,9 @@ using SetCommonSetting = int(const wchar_t* key, const wchar_t* text);
 
 // The kinds of entities that a pick admits: bits of its mask.
 inline constexpr std::uint32_t kPickBlockReferences = 0x0020;
-inline constexpr std::uint32_t kPickTexts = 0x0040;  // TEXT, MTEXT, attribute definitions, attributes
+// TEXT, MTEXT, attribute definitions, attributes; for the style, the height and the angle of texts dimensions
+// too, whose text has these (DIMTXSTY, DIMTXT, its rotation), but no width factor.
+inline constexpr std::uint32_t kPickTexts = 0x0040;
 inline constexpr std::uint32_t kPickAllButBlockReferences = 0xFFDF;
 inline constexpr std::uint32_t kPickAll = 0xFFFF;
 
@@ -28,11 +30,11 @@ enum class PickItem : int {
   kLayer = 1,  // nine values: name, colour, linetype, then label and value: "表示 ON", "ロック OFF",
                // "フリーズ OFF", "印刷 ON", "線幅値 Default", "透過性 0"
   kLinetype,
-  kColor,       // "1:赤", "256:BYLAYER"
-  kTextStyle,   // of a dimension that of its text, as the three below
-  kTextHeight,  // "2.5"
-  kTextAngle,   // degrees
-  kWidthFactor,
+  kColor,        // "1:赤", "256:BYLAYER"
+  kTextStyle,    // of a dimension that of its text, as the two below
+  kTextHeight,   // "2.5"
+  kTextAngle,    // degrees
+  kWidthFactor,  // of texts only
   kBlock,
   kDimStyle,
   kLineWeight,    // "0.25 mm", "ByLayer"

@@ -52,7 +52,6 @@ Value widthFactorOfStyle(AcDbObjectId id) {
 Value widthFactor(const AcDbEntity& entity) {
   if (const auto* text = AcDbText::cast(&entity)) return numberText(text->widthFactor());
   if (const auto* text = AcDbMText::cast(&entity)) return widthFactorOfStyle(text->textStyle());
-  if (const auto* dimension = AcDbDimension::cast(&entity)) return widthFactorOfStyle(dimension->dimtxsty());
   return std::nullopt;
 }
 

@@ -36,8 +36,8 @@ class EntityPickTest : public cad_test::HostTest {
     EXPECT_TRUE(values.empty());
     return std::nullopt;
   }
-  std::wstring single(PickItem item, double y) {
-    const std::optional<Values> values = pick(item, y);
+  std::wstring single(PickItem item, double y, std::uint32_t mask = kPickAll) {
+    const std::optional<Values> values = pick(item, y, mask);
     if (!values || values->size() != 1) return L"(none)";
     return values->front();
   }
@@ -79,11 +79,13 @@ TEST_F(EntityPickTest, PropertiesOfTexts) {
   };
   for (const Row& row :
        {Row{kText, L"NARROW", L"2.5", L"30", L"0.75"}, Row{kMText, L"NARROW", L"5", L"0", L"0.8"},
-        Row{kDimension, L"NARROW", L"3.5", L"45", L"0.8"}}) {
-    EXPECT_EQ(single(PickItem::kTextStyle, row.place), row.style) << row.place;
-    EXPECT_EQ(single(PickItem::kTextHeight, row.place), row.height) << row.place;
-    EXPECT_EQ(single(PickItem::kTextAngle, row.place), row.angle) << row.place;
-    EXPECT_EQ(single(PickItem::kWidthFactor, row.place), row.factor) << row.place;
+        Row{kDimension, L"NARROW", L"3.5", L"45", L"(none)"}}) {
+    for (const std::uint32_t mask : {kPickAll, kPickTexts}) {
+      EXPECT_EQ(single(PickItem::kTextStyle, row.place, mask), row.style) << row.place;
+      EXPECT_EQ(single(PickItem::kTextHeight, row.place, mask), row.height) << row.place;
+      EXPECT_EQ(single(PickItem::kTextAngle, row.place, mask), row.angle) << row.place;
+      EXPECT_EQ(single(PickItem::kWidthFactor, row.place, mask), row.factor) << row.place;
+    }
   }
   EXPECT_EQ(single(PickItem::kBlock, kInsert), L"DOOR");
   EXPECT_EQ(single(PickItem::kDimStyle, kDimension), L"ARCH");
@@ -91,6 +93,8 @@ TEST_F(EntityPickTest, PropertiesOfTexts) {
 
 TEST_F(EntityPickTest, WhatTheMaskLeavesOutIsRefusedAloud) {
   EXPECT_EQ(pick(PickItem::kTextHeight, kLine, kPickTexts), std::nullopt);
+  EXPECT_TRUE(printedHas(L"\n文字または寸法を指示してください。"));
+  EXPECT_EQ(pick(PickItem::kWidthFactor, kDimension, kPickTexts), std::nullopt);
   EXPECT_TRUE(printedHas(L"\n文字を指示してください。"));
   EXPECT_EQ(pick(PickItem::kBlock, kText, kPickBlockReferences), std::nullopt);
   EXPECT_TRUE(printedHas(L"\nﾌﾞﾛｯｸ図形を指示してください。"));
