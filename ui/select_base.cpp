@@ -20,6 +20,7 @@ CSelBase::~CSelBase() {
 void CSelBase::onInit() {
   if (!place_.isEmpty()) window().moveTo({place_.left, place_.top});
   window().setPicture(IDC_PICK, IDI_PICK);
+  window().enable(IDC_PICK, pickItem() != 0);
   initialising_ = false;
   owner_.ownerWindow().enableWindow(false);
   window().show(true);

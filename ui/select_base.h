@@ -76,7 +76,7 @@ class CSelBase : public Dialog {
 
   // OK: hands the value over and calls close(), or stays open.
   virtual void confirm() = 0;
-  // What the pick button picks, 1 to 16.
+  // What the pick button picks, 1 to 16; 0: no entity has such a value, and the button is grey.
   virtual int pickItem() const = 0;
 
   // Hides owner and picker and asks the command for a pick; nothing while one is under way.

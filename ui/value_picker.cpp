@@ -32,6 +32,12 @@ void CSelDlg::onInit() {
   window().focus(IDC_VALUE_COMBO);
 }
 
+// A list's name stands nowhere in a drawing, nor does the value of one variable.
+int CSelDlg::pickItem() const {
+  const bool isInDrawings = request_.kind != kTextListKind && request_.kind != kVariableKind;
+  return isInDrawings ? request_.kind : 0;
+}
+
 void CSelDlg::fillChoices() {
   const int section = sectionOfNames(request_.kind);
   std::vector<std::wstring> used;

@@ -20,7 +20,7 @@ class CSelDlg : public CSelBase {
   void onEdited(int id) override;
   void onDoubleClicked(int id) override;
   void confirm() override;
-  int pickItem() const override { return request_.kind; }
+  int pickItem() const override;
 
  private:
   void fillChoices();

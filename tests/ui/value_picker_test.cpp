@@ -178,6 +178,16 @@ TEST_F(ValuePicker, AValueIsTakenFromTheDrawing) {
   EXPECT_TRUE(owner_.window().isWindowEnabled());
 }
 
+TEST_F(ValuePicker, WhatNoEntityHasIsNotPicked) {
+  for (int kind = kLayerKind; kind <= kPlotKind; ++kind) {
+    const bool isInDrawings = kind != kTextListKind && kind != kVariableKind;
+    DialogWindow& picker = open(kind);
+    EXPECT_EQ(picker.isEnabled(IDC_PICK), isInDrawings) << kind;
+    if (!isInDrawings) user_.cannotClick(picker, IDC_PICK);
+    user_.click(picker, IDCANCEL);
+  }
+}
+
 TEST_F(ValuePicker, OnePickAtATime) {
   DialogWindow& picker = open(kLayerKind);
   pick_.request = kColorKind;
