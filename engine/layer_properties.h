@@ -19,8 +19,8 @@ struct LayerFacts {
 };
 LayerFacts readLayer(const AcDbLayerTableRecord& layer);
 
-// Does the property of this item kind match a condition's value? A kind that layers do not have matches
-// nothing. Names match as patterns, ignoring case.
+// Does the property of this item kind match a condition's value? `kind` is one that layers have. Names match
+// as patterns, ignoring case.
 bool layerMatches(const LayerFacts& layer, int kind, const std::wstring& value);
 
 // Sets any property but the name. eKeyNotFound: no such linetype; eInvalidInput: a value that is none of

@@ -36,7 +36,8 @@ LayerSetting compile(const std::wstring& line) {
   const FlatSetting flat = parseFlatSetting(line);
   LayerSetting setting;
   for (const FlatItem& item : flat.conditions) {
-    if (const auto meaning = lookUpKey(item.key)) {
+    const auto meaning = lookUpKey(item.key);
+    if (meaning && hasEffect(meaning->kind, kLayerSettingSection, false)) {
       setting.conditions[static_cast<std::size_t>(meaning->kind)].push_back({item.value, item.equal});
     }
   }

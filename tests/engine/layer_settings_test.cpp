@@ -57,7 +57,9 @@ TEST_F(LayerSettings, EveryKindAsConditionEqualAndInverted) {
       {L"ロック", L"on", L"LOCKED ", L"0 ALL NEW B-ALL "},
       {L"フリーズ", L"ON", L"B-ALL ", L"0 ALL NEW LOCKED "},
       {L"印刷", L"OFF", L"B-ALL ", L"0 ALL NEW LOCKED "},
-      {L"文字高さ", L"2.5", L"", L"0 ALL NEW LOCKED B-ALL "},
+      // Kinds that layers do not have are no conditions.
+      {L"線種尺度", L"2.5", L"0 ALL NEW LOCKED B-ALL ", L"0 ALL NEW LOCKED B-ALL "},
+      {L"DIMTAD", L"1", L"0 ALL NEW LOCKED B-ALL ", L"0 ALL NEW LOCKED B-ALL "},
   };
   for (const auto& c : cases) {
     const std::wstring key = L"[" + std::wstring(c.key) + L"]";
