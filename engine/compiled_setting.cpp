@@ -73,7 +73,7 @@ class Compiler {
       case kWidthFactorKind:
         return to.widthFactors.push_back({leadingReal(value), item.equal});
       case kTextListKind:
-        return to.textLists.push_back({loadTextList_(value), item.equal});
+        return addTextList(to, item);
       case kLineweightKind:
         return to.lineWeights.push_back({lineWeightNumber(value), item.equal});
       case kTransparencyKind:
@@ -83,6 +83,12 @@ class Compiler {
       default:
         return;  // the kinds of layers
     }
+  }
+
+  void addTextList(CompiledConditions& to, const FlatItem& item) const {
+    auto texts = loadTextList_(item.value);
+    to.canBeTested = to.canBeTested && texts.has_value();
+    if (texts) to.textLists.push_back({std::move(*texts), item.equal});
   }
 
   Pass pass_;

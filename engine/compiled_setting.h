@@ -2,6 +2,7 @@
 // A setting's conditions and results, taken apart once for one pass over the drawing's entities.
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,6 +43,7 @@ struct CompiledConditions {
   ConditionValues<Transparency> transparencies;
   ConditionValues<std::vector<std::wstring>> textLists;  // the patterns of each list
   std::vector<VariableCondition> variables;
+  bool canBeTested = true;  // false: a text search list is missing, and nothing meets the setting
 };
 
 struct ResultItem {
@@ -55,8 +57,8 @@ struct CompiledSetting {
   std::vector<ResultItem> results;
 };
 
-// Gives the texts of a text search list by its name; an unreadable list has none.
-using TextListLoader = std::function<std::vector<std::wstring>(const std::wstring& name)>;
+// Gives the texts of a text search list by its name; nothing: the list cannot be loaded.
+using TextListLoader = std::function<std::optional<std::vector<std::wstring>>(const std::wstring& name)>;
 
 // Items of unknown keys, and of kinds that do not act on entities, are left out.
 CompiledSetting compileSetting(std::wstring_view flatSetting, Pass pass, const TextListLoader& loadTextList);

@@ -51,6 +51,7 @@ class EntityPasses {
   void runSetting(Pass pass, const std::wstring& flatSetting) {
     const CompiledSetting setting =
         compileSetting(flatSetting, pass, [this](const std::wstring& name) { return textList(name); });
+    if (!setting.conditions.canBeTested) return;
     EntityResults results(setting, run_.database, run_.names);
     if (results.empty()) return;
     SettingTests tests(setting.conditions, run_.names);
@@ -107,25 +108,28 @@ class EntityPasses {
     return entity.openStatus() == Acad::eOk && classes_.of(*entity) == EntityClass::kBlockReference;
   }
 
-  std::vector<std::wstring> textList(const std::wstring& name) {
+  std::optional<std::vector<std::wstring>> textList(const std::wstring& name) {
     const auto [entry, isNew] = textLists_.try_emplace(name);
-    if (isNew) {
-      auto loaded = loadTextSearchList(run_.listFolder, name);
-      if (loaded.ok()) {
-        entry->second = std::move(loaded.value());
-      } else {
-        const std::wstring path = base::pathText(run_.listFolder / base::pathFromText(name));
-        run_.problems.addProblem(textListProblem(path, loaded.failure().reason));
-      }
-    }
+    if (isNew) entry->second = loadTextList(name);
     return entry->second;
+  }
+
+  std::optional<std::vector<std::wstring>> loadTextList(const std::wstring& name) {
+    const std::wstring path = base::pathText(run_.listFolder / base::pathFromText(name));
+    auto loaded = loadTextSearchList(run_.listFolder, name);
+    if (!loaded.ok()) {
+      run_.tell(textListProblem(path, loaded.failure().reason));
+      return std::nullopt;
+    }
+    if (loaded.value().isCut) run_.tell(cutTextListProblem(path, kTextSearchListCapacity));
+    return std::move(loaded.value().texts);
   }
 
   RunState& run_;
   BlockScope scope_;
   EntityClasses classes_;
   std::optional<std::vector<WorkRecord>> blockRecords_;
-  std::map<std::wstring, std::vector<std::wstring>> textLists_;
+  std::map<std::wstring, std::optional<std::vector<std::wstring>>> textLists_;
   std::vector<Kept> kept_;
   int locked_ = 0, failed_ = 0;  // of the current pass
 };

@@ -10,6 +10,12 @@ std::wstring textListProblem(const std::wstring& path, const std::wstring& reaso
   return L"[" + path + L"]" + reason;
 }
 
+std::wstring cutTextListProblem(const std::wstring& path, std::size_t kept) {
+  const std::wstring count = std::to_wstring(kept);
+  return L"[" + path + L"]の検索文字は" + count + L"件を超えているため、先頭の" + count +
+         L"件だけを使用しました";
+}
+
 std::wstring arrowProblem(const std::wstring& block) {
   return L"矢印[" + block + L"]のロードができませんでした";
 }

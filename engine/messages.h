@@ -1,6 +1,7 @@
 #pragma once
 // The lines that a run adds to the log.
 
+#include <cstddef>
 #include <string>
 
 namespace kiv {
@@ -10,6 +11,8 @@ inline constexpr const wchar_t* kAloneProblem = L"このコマンドは単独で
 std::wstring unreadableProblem(const std::wstring& path);
 // `reason` as the reader of such lists words it.
 std::wstring textListProblem(const std::wstring& path, const std::wstring& reason);
+// Only the first `kept` texts of a list are used.
+std::wstring cutTextListProblem(const std::wstring& path, std::size_t kept);
 std::wstring arrowProblem(const std::wstring& block);
 std::wstring linetypeProblem(const std::wstring& linetype);
 std::wstring layerRecordProblem(const std::wstring& layer);

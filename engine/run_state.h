@@ -9,6 +9,7 @@
 #include "dbmain.h"
 #include "engine/run_interfaces.h"
 #include "engine/symbol_names.h"
+#include "platform/host_output.h"
 #include "spec/cvt_run_reader.h"
 
 namespace kiv {
@@ -20,6 +21,11 @@ struct RunState {
   std::filesystem::path listFolder;  // where text search lists are looked up
   SymbolNames names{};               // filled only after the stages that rename layers
 
+  // A problem that is read on the command line as well as in the log.
+  void tell(const std::wstring& problem) const {
+    printError(problem + L".");
+    problems.addProblem(problem);
+  }
   const std::vector<std::wstring>& list(std::size_t index) const { return work.lists[index]; }
 };
 

@@ -31,14 +31,15 @@ base::Result<std::vector<std::wstring>> readTextSearchList(const std::filesystem
   return rows;
 }
 
-base::Result<std::vector<std::wstring>> loadTextSearchList(const std::filesystem::path& folder,
-                                                           std::wstring_view name) {
+base::Result<LoadedTextList> loadTextSearchList(const std::filesystem::path& folder, std::wstring_view name) {
   const std::filesystem::path file = base::findIgnoringCase(folder, name);
   if (file.empty()) return cannotOpen(folder / base::pathFromText(name));
   auto rows = readTextSearchList(file);
-  if (rows.ok() && rows.value().size() > kTextSearchListCapacity)
-    rows.value().resize(kTextSearchListCapacity);
-  return rows;
+  if (!rows.ok()) return rows.failure();
+  LoadedTextList list{std::move(rows.value())};
+  list.isCut = list.texts.size() > kTextSearchListCapacity;
+  if (list.isCut) list.texts.resize(kTextSearchListCapacity);
+  return list;
 }
 
 base::Status writeTextSearchList(const std::filesystem::path& file, const std::vector<std::wstring>& rows) {

@@ -20,9 +20,12 @@ inline constexpr const wchar_t* kTextListNotUsable = L"選択されたファイ�
 // Every line after the header, as it stands, blank ones included.
 base::Result<std::vector<std::wstring>> readTextSearchList(const std::filesystem::path& file);
 
-// The list `name` of `folder`, the name's case ignored; at most kTextSearchListCapacity texts.
-base::Result<std::vector<std::wstring>> loadTextSearchList(const std::filesystem::path& folder,
-                                                           std::wstring_view name);
+struct LoadedTextList {
+  std::vector<std::wstring> texts;  // at most kTextSearchListCapacity
+  bool isCut = false;               // the file has more
+};
+// The list `name` of `folder`, the name's case ignored.
+base::Result<LoadedTextList> loadTextSearchList(const std::filesystem::path& folder, std::wstring_view name);
 
 // Rows that show nothing are left out. Nothing is written when the file cannot be created or when a row
 // holds a character that such files cannot hold; the failure then names the characters.

@@ -131,12 +131,33 @@ TEST_F(ConditionRules, LeadersAreTakenByTwoPasses) {
   EXPECT_DOUBLE_EQ(real(kDimension, cad::Property::kLinetypeScale), 2);
 }
 
-TEST_F(ConditionRules, MissingTextListIsAProblemAndMatchesNothing) {
+// Neither the list alone nor beside one that is there.
+TEST_F(ConditionRules, SettingWhoseTextListCannotBeLoadedAppliesToNothing) {
   open(sampleDrawing());
-  run({{L"文字", L"[文字一致のリスト] = NONE.LIST\n{\n[色] = 42\n}"}});
-  EXPECT_EQ(color(kText), 2);
-  EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"[" + base::pathText(folder_ / "NONE.LIST") + L"]" +
-                                                       kiv::kTextListCannotOpen}));
+  write("ROOMS.LIST", "*** MOJILIST ***\r\nROOM 10#\r\n");
+  write("PLAIN.LIST", "ROOM 10#\r\n");
+  const std::wstring results = L"{\n[色] = 42\n}\n", key = L"[文字一致のリスト]";
+  runOnAll(key + L" = NONE.LIST\n" + results + key + L" <> NONE.LIST\n" + results + key + L" = ROOMS.LIST\n" +
+           key + L" <> PLAIN.LIST\n" + results);
+  for (const std::uint64_t handle : kEverything) EXPECT_EQ(color(handle), 2) << handle;
+  const auto place = [&](const char* name) { return L"[" + base::pathText(folder_ / name) + L"]"; };
+  EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{place("NONE.LIST") + kiv::kTextListCannotOpen,
+                                                       place("PLAIN.LIST") + kiv::kTextListNotUsable}));
+  for (const std::wstring& problem : sink_.problems) EXPECT_NE(printed_.find(problem), std::wstring::npos);
+}
+
+TEST_F(ConditionRules, LongTextListKeepsItsFirstTextsAndSaysSo) {
+  open(sampleDrawing());
+  std::string list = "*** MOJILIST ***\r\nROOM 101\r\n";
+  for (int i = 0; i < 199; ++i) list += "HALL\r\n";
+  write("LONG.LIST", list + "ROOM 102\r\n");
+  run({{L"文字", L"[文字一致のリスト] = LONG.LIST\n{\n[色] = 42\n}"},
+       {L"寸法", L"[文字一致のリスト] = LONG.LIST\n{\n[色] = 42\n}"}});
+  EXPECT_EQ(color(kText), 42);
+  EXPECT_EQ(color(kDimension), 2);
+  ASSERT_EQ(sink_.problems.size(), 1U);
+  EXPECT_NE(sink_.problems[0].find(L"200件を超えている"), std::wstring::npos);
+  EXPECT_NE(printed_.find(sink_.problems[0]), std::wstring::npos);
 }
 
 }  // namespace

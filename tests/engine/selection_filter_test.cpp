@@ -8,7 +8,7 @@ using kiv::Pass;
 
 // The chain as "group=value" texts; the entity-type group shows as 0.
 std::wstring filterOf(Pass pass, std::wstring_view setting) {
-  const auto noLists = [](const std::wstring&) { return std::vector<std::wstring>(); };
+  const auto noLists = [](const std::wstring&) { return std::nullopt; };
   const kiv::CompiledSetting compiled = kiv::compileSetting(setting, pass, noLists);
   kiv::BufferChain chain;
   kiv::buildSelectionFilter(pass, compiled.conditions.filter, chain);
@@ -46,7 +46,7 @@ TEST(SelectionFilter, TextStylesAreLeftToTheTestsOfDimensionsAndHatches) {
 }
 
 TEST(CompiledSetting, UnknownKeysAndKindsOfLayersAreLeftOut) {
-  const auto noLists = [](const std::wstring&) { return std::vector<std::wstring>(); };
+  const auto noLists = [](const std::wstring&) { return std::nullopt; };
   const auto setting =
       kiv::compileSetting(L",謎=1,表示=ON,dimtad<>1,{,謎=1,ロック=ON,文字一致のリスト=A.LIST,DIMASZ=3,色=1",
                           Pass::kDimension, noLists);
