@@ -2,24 +2,19 @@
 
 namespace kiv {
 
-resbuf* BufferChain::append(int type) {
-  resbuf* buffer = acutNewRb(type);
-  if (tail_ != nullptr) {
-    tail_->rbnext = buffer;
-  } else {
-    head_ = buffer;
-  }
-  return tail_ = buffer;
+BufferChain& BufferChain::append(resbuf* piece) {
+  if (piece == nullptr) return *this;
+  (tail_ != nullptr ? tail_->rbnext : head_) = piece;
+  tail_ = piece;
+  return *this;
 }
 
 BufferChain& BufferChain::text(int type, const std::wstring& value) {
-  append(type)->resval.rstring = acutNewString(value.c_str());
-  return *this;
+  return append(acutBuildList(type, value.c_str(), RTNONE));
 }
 
 BufferChain& BufferChain::integer(int type, int value) {
-  append(type)->resval.rint = static_cast<short>(value);
-  return *this;
+  return append(acutBuildList(type, value, RTNONE));
 }
 
 }  // namespace kiv

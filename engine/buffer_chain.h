@@ -17,13 +17,14 @@ class BufferChain {
     if (head_ != nullptr) acutRelRb(head_);
   }
 
+  // Types as acutBuildList takes them: group 0, an entity's type, is written RTDXF0.
   BufferChain& text(int type, const std::wstring& value);
   BufferChain& integer(int type, int value);  // 16 bits, as groups 60 to 79 and RTSHORT are
 
   const resbuf* get() const { return head_; }  // null when nothing was added
 
  private:
-  resbuf* append(int type);
+  BufferChain& append(resbuf* piece);
 
   resbuf* head_ = nullptr;
   resbuf* tail_ = nullptr;

@@ -65,4 +65,9 @@ ValueKind valueKindOf(int code) {
   return ValueKind::kUnknown;
 }
 
+bool isFilterCode(int code) {
+  constexpr int kLeast = -4, kTypeCodes = 2000;
+  return code >= kLeast && code < kTypeCodes && valueKindOf(code) != ValueKind::kUnknown;
+}
+
 }  // namespace cad

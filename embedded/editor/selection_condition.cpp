@@ -197,7 +197,6 @@ double inDrawingUnits(int group, double value) {
 
 std::unique_ptr<Node> makeTextTest(int group, std::wstring_view pattern) {
   switch (group) {
-    case RTDXF0:
     case 0:
       return std::make_unique<SignatureNameTest>(&Signature::type, pattern);
     case 6:
@@ -233,6 +232,7 @@ std::optional<Relation> relationOf(std::wstring_view mark) {
 
 std::unique_ptr<Node> makeTest(const resbuf& condition, Relation relation) {
   const int group = condition.restype;
+  if (!isFilterCode(group)) return nullptr;
   if (valueKindOf(group) == ValueKind::kText) {
     if (condition.resval.rstring == nullptr) return nullptr;
     return makeTextTest(group, condition.resval.rstring);

@@ -117,6 +117,7 @@ std::optional<Token> TextReader::nextName() {
 
 bool tokensOf(const resbuf* chain, std::vector<Token>& tokens) {
   for (; chain != nullptr; chain = chain->rbnext) {
+    if (chain->restype < RTNONE || chain->restype == RTDXF0) return false;  // a drawing's group
     const ads_u_val& value = chain->resval;
     switch (valueKindOf(chain->restype)) {
       case ValueKind::kText:

@@ -67,7 +67,7 @@ class TextReader : public TokenReader {
   std::size_t at_ = 0;
 };
 
-// Tokens of a chain; false when a buffer holds no value that can be typed.
+// Tokens of a chain of typed values; false when a buffer holds none that can be typed.
 bool tokensOf(const resbuf* chain, std::vector<Token>& tokens);
 
 }  // namespace cad

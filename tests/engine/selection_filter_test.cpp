@@ -6,7 +6,7 @@ namespace {
 
 using kiv::Pass;
 
-// The chain as "group=value" texts; the entity-type group shows as 0.
+// The chain as "group=value" texts, as the host finds it.
 std::wstring filterOf(Pass pass, std::wstring_view setting) {
   const auto noLists = [](const std::wstring&) { return std::nullopt; };
   const kiv::CompiledSetting compiled = kiv::compileSetting(setting, pass, noLists);
@@ -14,7 +14,7 @@ std::wstring filterOf(Pass pass, std::wstring_view setting) {
   kiv::buildSelectionFilter(pass, compiled.conditions.filter, chain);
   std::wstring text;
   for (const resbuf* rb = chain.get(); rb != nullptr; rb = rb->rbnext) {
-    const int group = rb->restype == RTDXF0 ? 0 : rb->restype;
+    const int group = rb->restype;
     const std::wstring value = group == 62 ? std::to_wstring(rb->resval.rint) : rb->resval.rstring;
     text += (group == -4 ? value : std::to_wstring(group) + L"=" + value) + L" ";
   }

@@ -85,6 +85,14 @@ TEST_F(Selection, MalformedFiltersAreRejected) {
   EXPECT_EQ(select(acutBuildList(-4, L"<not", 8, L"0", 62, 1, -4, L"not>", RTNONE), RTREJ), "");
   EXPECT_EQ(select(acutBuildList(-4, L"<maybe", 8, L"0", -4, L"maybe>", RTNONE), RTREJ), "");
   EXPECT_EQ(select(acutBuildList(-4, L"<", RTNONE), RTREJ), "");
+  for (const int code : {RTDXF0, RTSTR}) {  // group 0 is 0 in a chain, and type codes are no groups
+    resbuf* filter = acutNewRb(code);
+    filter->resval.rstring = acutNewString(L"TEXT");
+    EXPECT_EQ(select(filter, RTREJ), "") << code;
+  }
+  resbuf* type = acutNewRb(0);
+  type->resval.rstring = acutNewString(L"TEXT");
+  EXPECT_EQ(select(type), "TEXT:WALL-B TEXT:WALL-A ");
 }
 
 TEST_F(Selection, ModesOtherThanTheWholeDrawingSelectNothing) {
