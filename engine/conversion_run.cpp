@@ -67,6 +67,7 @@ RunOutcome runConversion(const RunParameters& parameters, ProblemSink& problems)
   if (database == nullptr || isDrawingEmpty()) return {RunEnd::kEmptyDrawing, {}};
   RunState run{*database, problems, work, file.parent_path()};
   convertDrawing(run);
+  if (parameters.converted) parameters.converted();
   if (parameters.outputFolder.empty()) return {RunEnd::kConverted, {}};
   return {RunEnd::kConverted, saveAndClose(parameters, problems)};
 }

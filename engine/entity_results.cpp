@@ -156,11 +156,8 @@ int EntityResults::apply(AcDbEntity& entity, EntityClass entityClass) {
     }
     const Status status = kWriters[static_cast<std::size_t>(result.item->kind)](entity, entityClass, result);
     if (status == Acad::eOk) continue;
-    if (result.item->kind == kTransparencyKind) {
-      ++refusedTransparencies;
-    } else {
-      countRefusal(result.refused, status);
-    }
+    countRefusal(result.refused, status);
+    if (result.item->kind == kTransparencyKind) ++refusedTransparencies;
   }
   return refusedTransparencies;
 }

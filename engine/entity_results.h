@@ -41,10 +41,10 @@ class EntityResults {
   bool empty() const { return results_.empty(); }
 
   // Writes every result to an entity that is open for write. A refused result leaves the others applied.
-  // Returns how many times the host refused the transparency.
+  // Returns how many times the host refused the transparency, which the log counts.
   int apply(AcDbEntity& entity, EntityClass entityClass);
 
-  // Tells the sink of every other refusal.
+  // Tells the sink of every refusal.
   void reportRefusals(ProblemSink& sink) const;
 
  private:

@@ -6,6 +6,7 @@
 #include "engine/layer_properties.h"
 #include "engine/layer_stages.h"
 #include "engine/messages.h"
+#include "engine/refusal.h"
 #include "engine/table_lookup.h"
 #include "spec/cvt_lines.h"
 #include "spec/item_kinds.h"
@@ -35,9 +36,11 @@ void createLayer(RunState& run, const std::vector<std::wstring>& fields) {
   for (std::size_t i = 0; i < kFieldKinds.size() && i + 1 < fields.size(); ++i) {
     const std::wstring& value = fields[i + 1];
     if (value.empty()) continue;
-    if (setLayerProperty(*layer.object(), kFieldKinds[i], value, run.database) != Acad::eOk) {
-      run.problems.addProblem(layerCreationProblem(name, itemKind(kFieldKinds[i])->key, value));
-    }
+    const Acad::ErrorStatus status = setLayerProperty(*layer.object(), kFieldKinds[i], value, run.database);
+    if (status == Acad::eOk) continue;
+    const wchar_t* key = itemKind(kFieldKinds[i])->key;
+    run.problems.addProblem(layerCreationProblem(name, key, value));
+    run.problems.addNote(key, value, refusalOf(status), 1);
   }
   switchOffAndOn(*layer.object());
 }

@@ -15,6 +15,7 @@
 #include "engine/messages.h"
 #include "engine/pattern_rename.h"
 #include "engine/record_filter.h"
+#include "engine/refusal.h"
 #include "spec/item_kinds.h"
 
 namespace kiv {
@@ -117,9 +118,12 @@ bool writeResult(RunState& run, AcDbLayerTableRecord& record, const LayerFacts& 
   if (result.kind == kLayerKind) return rename(run, record, layer, newName(layer, setting, result.value));
   const Acad::ErrorStatus status = setLayerProperty(record, result.kind, result.value, run.database);
   if (status == Acad::eOk) return true;
-  const bool isCurrent = result.kind == kFreezeKind && status == Acad::eInvalidLayer;
-  run.problems.addProblem(isCurrent ? currentLayerFreezeProblem(layer.name)
-                                    : layerSettingProblem(layer.name, result.key, result.value));
+  if (result.kind == kFreezeKind && status == Acad::eInvalidLayer) {
+    run.problems.addProblem(currentLayerFreezeProblem(layer.name));
+    return false;
+  }
+  run.problems.addProblem(layerSettingProblem(layer.name, result.key, result.value));
+  run.problems.addNote(result.key, result.value, refusalOf(status), 1);
   return false;
 }
 

@@ -1,6 +1,25 @@
 #include "engine/messages.h"
 
 namespace kiv {
+namespace {
+
+const wchar_t* reasonText(RefusalReason reason) {
+  switch (reason) {
+    case RefusalReason::kNoSuchName:
+      return L"その名前のものが図面にありません";
+    case RefusalReason::kNotInThisVersion:
+      return L"この図面のバージョンでは設定できません";
+    case RefusalReason::kBadValue:
+      return L"値が範囲外か、形式が違います";
+    case RefusalReason::kNotForObject:
+      return L"寸法図形にはない変数です";
+    case RefusalReason::kOther:
+      break;
+  }
+  return L"設定を受け付けませんでした";
+}
+
+}  // namespace
 
 std::wstring unreadableProblem(const std::wstring& path) {
   return L"[" + path + L"]の読み込みに失敗しました";
@@ -58,6 +77,12 @@ std::wstring layerRenameProblem(const std::wstring& layer, const std::wstring& n
 
 std::wstring currentLayerFreezeProblem(const std::wstring& layer) {
   return L"画層変換で、現在の画層[" + layer + L"]はフリーズできませんでした";
+}
+
+std::wstring refusalLine(const std::wstring& kind, const std::wstring& value, RefusalReason reason,
+                         int count) {
+  return kind + L"[" + value + L"] " + std::to_wstring(count) + L"件変換できませんでした: " +
+         reasonText(reason);
 }
 
 }  // namespace kiv

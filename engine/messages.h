@@ -1,8 +1,10 @@
 #pragma once
-// The lines that a run adds to the log.
+// The lines that a run adds to the log, and what the command line is told besides.
 
 #include <cstddef>
 #include <string>
+
+#include "engine/run_interfaces.h"
 
 namespace kiv {
 
@@ -28,5 +30,9 @@ std::wstring layerSettingProblem(const std::wstring& layer, const std::wstring& 
                                  const std::wstring& value);
 std::wstring layerRenameProblem(const std::wstring& layer, const std::wstring& newName);
 std::wstring currentLayerFreezeProblem(const std::wstring& layer);
+
+// For the command line: `count` objects refused a result. `kind` and `value` as in ProblemSink::addNote().
+std::wstring refusalLine(const std::wstring& kind, const std::wstring& value, RefusalReason reason,
+                         int count);
 
 }  // namespace kiv

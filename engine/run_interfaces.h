@@ -14,8 +14,8 @@ class ProblemSink {
   virtual ~ProblemSink() = default;
   // A line for the log. The sink drops repeated ones.
   virtual void addProblem(const std::wstring& text) = 0;
-  // `count` objects refused a result: not a problem of the log. The sink adds up equal notes. `kind` is the
-  // item's key or a dimension variable's name.
+  // `count` objects or layers refused a result: not a problem of the log. The sink adds up equal notes.
+  // `kind` is the item's key or a dimension variable's name.
   virtual void addNote(const std::wstring& kind, const std::wstring& value, RefusalReason reason,
                        int count) = 0;
 };
@@ -24,6 +24,7 @@ struct RunParameters {
   std::wstring specification;           // full path; empty: the run refuses
   std::wstring outputFolder;            // with its trailing separator; empty: neither saved nor closed
   int saveFormat = 0;                   // 0 DWG, 1 DXF, 2 DWT
+  std::function<void()> converted;      // called while the converted drawing is still open; may be empty
   std::function<void()> drawingClosed;  // called after the saved drawing was closed; may be empty
 };
 

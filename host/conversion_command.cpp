@@ -29,7 +29,8 @@ void convertCurrentDrawing() {
   const std::wstring drawing = workingDrawing();
   RunReport report(&log);
   const RunParameters parameters{context.contextPaths[kSpecificationPath],
-                                 context.contextPaths[kOutputFolder], context.saveFormat, drawingClosed};
+                                 context.contextPaths[kOutputFolder], context.saveFormat,
+                                 [&] { report.printNotes(); }, drawingClosed};
   const RunOutcome outcome = runConversion(parameters, report);
   report.finish(outcome, drawing);
   keepAsLastRun(std::move(report));

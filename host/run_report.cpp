@@ -3,6 +3,9 @@
 #include <optional>
 #include <utility>
 
+#include "engine/messages.h"
+#include "platform/host_output.h"
+
 namespace kiv {
 namespace {
 
@@ -32,6 +35,12 @@ void RunReport::addNote(const std::wstring& kind, const std::wstring& value, Ref
     }
   }
   notes_.push_back({kind, value, reason, count});
+}
+
+void RunReport::printNotes() const {
+  for (const ReportedNote& note : notes_) {
+    printOnCommandLine(L"\n" + refusalLine(note.kind, note.value, note.reason, note.count));
+  }
 }
 
 void RunReport::finish(const RunOutcome& outcome, std::wstring drawing) {

@@ -23,6 +23,9 @@ class RunReport : public ProblemSink {
   void addProblem(const std::wstring& text) override;
   void addNote(const std::wstring& kind, const std::wstring& value, RefusalReason reason, int count) override;
 
+  // One line of the host's command line for each note.
+  void printNotes() const;
+
   void finish(const RunOutcome& outcome, std::wstring drawing);
 
   const RunOutcome& outcome() const { return outcome_; }

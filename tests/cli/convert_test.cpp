@@ -179,14 +179,18 @@ TEST_F(ConvertTest, TwoDrawingsDoNotShareOneOutput) {
 }
 
 TEST_F(ConvertTest, WhatTheRulesCouldNotChangeIsNamed) {
-  writeSpecification("rules.cvt",
-                     "[文字]\n[***]\n{\n[画層] = NOWHERE\n[線種尺度] = 2\n[色] = 3\n}\n---End---\n[EOF]\n");
+  writeSpecification(
+      "rules.cvt",
+      "[文字]\n[***]\n{\n[画層] = NOWHERE\n[線種尺度] = 2\n[透過性] = 30\n[色] = 3\n}\n---End---\n[EOF]\n");
   const ProgramRun run = convert({"good.dxf"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, "good.dxf -> out/good.DXF\n1 drawing converted, 1 with problems\n");
   EXPECT_TRUE(contains(run.err, "good.dxf: 画層 = NOWHERE was refused by 1 object: ")) << run.err;
-  EXPECT_TRUE(contains(run.err, "good.dxf: 線種尺度 = 2 was refused by 1 object: a drawing of this version"))
-      << run.err;
+  for (const char* item : {"線種尺度 = 2", "透過性 = 30"}) {
+    const std::string line =
+        "good.dxf: " + std::string(item) + " was refused by 1 object: a drawing of this version";
+    EXPECT_TRUE(contains(run.err, line)) << run.err;
+  }
   EXPECT_EQ(read("out/good.DXF"), replaced(good_, " 62\r\n     1\r\n", " 62\r\n     3\r\n"));
 }
 

@@ -101,7 +101,47 @@ TEST_F(Results, RefusedTransparencyIsCounted) {
   EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{
                                 L"文字 4件変換できませんでした", L"寸法 3件変換できませんでした",
                                 L"ﾊｯﾁﾝｸﾞ 2件変換できませんでした", L"その他の図形 3件変換できませんでした"}));
-  EXPECT_TRUE(sink_.notes.empty());
+  int told = 0;
+  for (const Note& note : sink_.notes)
+    told += note == Note{L"透過性", L"150", RefusalReason::kBadValue, note.count} ? note.count : 0;
+  EXPECT_EQ(told, 12);
+}
+
+// The texts and the block reference, or the layer NEW.
+TEST_F(Results, WhatTheVersionCannotHoldIsToldAlikeForEveryKind) {
+  const struct {
+    const char* version;
+    std::vector<std::wstring> ofObjects, ofLayers;
+  } cases[] = {{"AC1021", {L"透過性 60"}, {L"透過性 60"}},
+               {"AC1014", {L"線幅値 0.50 MM", L"透過性 60"}, {L"印刷 OFF", L"線幅値 0.50 MM", L"透過性 60"}},
+               {"AC1009",
+                {L"線幅値 0.50 MM", L"透過性 60", L"線種尺度 3"},
+                {L"印刷 OFF", L"線幅値 0.50 MM", L"透過性 60"}}};
+  for (const auto& c : cases) {
+    std::string bytes = sampleDrawing();
+    bytes.replace(bytes.find("AC1024"), 6, c.version);
+    open(bytes);
+    before_ = savedBytes();
+    const auto refused = [&](const wchar_t* header, const wchar_t* setting, int count) {
+      sink_.notes.clear();
+      run({{header, setting}});
+      std::vector<std::wstring> items;
+      for (const Note& note : sink_.notes) {
+        items.push_back(note.kind + L" " + note.value);
+        EXPECT_EQ(note.reason, RefusalReason::kNotInThisVersion) << c.version;
+        EXPECT_EQ(note.count, count) << c.version;
+      }
+      return items;
+    };
+    EXPECT_EQ(
+        refused(L"画層の色･線種", L"[画層] = NEW\n{\n[印刷] = OFF\n[線幅値] = 0.50 mm\n[透過性] = 60\n}", 1),
+        c.ofLayers)
+        << c.version;
+    undo();
+    EXPECT_EQ(refused(L"文字", L"[***]\n{\n[線幅値] = 0.50 mm\n[透過性] = 60\n[線種尺度] = 3\n}", 4),
+              c.ofObjects)
+        << c.version;
+  }
 }
 
 TEST_F(Results, TextStyle) {

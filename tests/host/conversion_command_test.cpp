@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "acdocman.h"
+#include "base/codepage.h"
 #include "base/files.h"
 #include "embedded/editor/host.h"
 #include "host/commands.h"
@@ -77,6 +78,21 @@ TEST_F(BatchStep, LastDrawingSendsTheInteractiveCommandToTheStart) {
   EXPECT_TRUE(isBackAtTheDialog());
   EXPECT_EQ(acDocManagerPtr()->curDocument(), kiv::conversionContext().batchStartDocument);
   EXPECT_TRUE(fs::exists(folder_ / "out" / "b.DXF"));
+}
+
+// The drawings are of the oldest release.
+TEST_F(BatchStep, WhatADrawingRefusedStandsOnTheCommandLineBeforeItIsClosed) {
+  write("rules.cvt",
+        base::encode(L"[文字]\n[***]\n{\n[透過性] = 30\n[線幅値] = 0.25 mm\n}\n---End---\n[EOF]\n",
+                     base::kJapanese)
+            .bytes);
+  convert("a.dxf");
+  for (const wchar_t* item : {L"透過性[30]", L"線幅値[0.25 MM]"}) {
+    EXPECT_NE(printed_.find(L"\n" + std::wstring(item) +
+                            L" 1件変換できませんでした: この図面のバージョンでは設定できません"),
+              std::wstring::npos)
+        << base::toUtf8(printed_);
+  }
 }
 
 TEST_F(BatchStep, WithoutAStartDocumentNothingIsSent) {
