@@ -25,7 +25,8 @@ std::wstring nameOf(AcDbObjectId id) {
 
 Status setColor(AcDbLayerTableRecord& layer, const std::wstring& value) {
   const int index = colorNumberOfFileText(value);
-  if (index < 0 || index > kColorByLayer) return Acad::eInvalidInput;
+  // A layer has nothing to take a colour from, and the host would pass over the call without a word.
+  if (index <= kColorByBlock || index >= kColorByLayer) return Acad::eInvalidInput;
   AcCmColor color;
   const Status status = color.setColorIndex(static_cast<Adesk::UInt16>(index));
   return status == Acad::eOk ? layer.setColor(color) : status;

@@ -108,7 +108,8 @@ bool rename(RunState& run, AcDbLayerTableRecord& record, const LayerFacts& layer
   AcString present;
   if (record.getName(present) == Acad::eOk && base::equalFolded(present.constPtr(), name)) return false;
   if (record.setName(name.c_str()) == Acad::eOk) return true;
-  run.problems.addProblem(layerRenameProblem(layer.name, name));
+  run.problems.addProblem(record.isDependent() ? referenceLayerRenameProblem(layer.name)
+                                               : layerRenameProblem(layer.name, name));
   return false;
 }
 

@@ -75,6 +75,10 @@ std::wstring layerRenameProblem(const std::wstring& layer, const std::wstring& n
   return L"画層変換で、画層[" + layer + L"]の名前を[" + newName + L"]に変更できませんでした";
 }
 
+std::wstring referenceLayerRenameProblem(const std::wstring& layer) {
+  return L"画層変換で、外部参照の画層[" + layer + L"]の名前は変更できませんでした";
+}
+
 std::wstring currentLayerFreezeProblem(const std::wstring& layer) {
   return L"画層変換で、現在の画層[" + layer + L"]はフリーズできませんでした";
 }

@@ -29,6 +29,7 @@ std::wstring layerNotCreatedProblem(const std::wstring& layer);
 std::wstring layerSettingProblem(const std::wstring& layer, const std::wstring& kind,
                                  const std::wstring& value);
 std::wstring layerRenameProblem(const std::wstring& layer, const std::wstring& newName);
+std::wstring referenceLayerRenameProblem(const std::wstring& layer);
 std::wstring currentLayerFreezeProblem(const std::wstring& layer);
 
 // For the command line: `count` objects refused a result. `kind` and `value` as in ProblemSink::addNote().

@@ -7,6 +7,7 @@
 #include "dblead.h"
 #include "dbmtext.h"
 #include "dbsymtb.h"
+#include "dbtable.h"
 #include "rxclass.h"
 
 AcRxClass::AcRxClass(const ACHAR* name, const ACHAR* dxfName, const AcRxClass* parent)
@@ -60,6 +61,7 @@ ACRX_DEFINE_MEMBERS(AcDbRay, AcDbCurve, L"RAY")
 ACRX_DEFINE_MEMBERS(AcDbSequenceEnd, AcDbEntity, L"SEQEND")
 ACRX_DEFINE_MEMBERS(AcDbSolid, AcDbEntity, L"SOLID")
 ACRX_DEFINE_MEMBERS(AcDbSpline, AcDbCurve, L"SPLINE")
+ACRX_DEFINE_MEMBERS(AcDbTable, AcDbBlockReference, L"ACAD_TABLE")
 ACRX_DEFINE_MEMBERS(AcDbText, AcDbEntity, L"TEXT")
 ACRX_DEFINE_MEMBERS(AcDbTrace, AcDbEntity, L"TRACE")
 ACRX_DEFINE_MEMBERS(AcDbVertex, AcDbEntity, L"VERTEX")

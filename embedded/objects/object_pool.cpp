@@ -13,6 +13,7 @@
 #include "dblead.h"
 #include "dbmtext.h"
 #include "dbsymtb.h"
+#include "dbtable.h"
 
 namespace cad {
 namespace {
@@ -67,6 +68,7 @@ PoolsByName knownEntities() {
           {"LEADER", poolOf<AcDbLeader>()},
           {"HATCH", poolOf<AcDbHatch>()},
           {"INSERT", poolOf<AcDbBlockReference>()},
+          {"ACAD_TABLE", poolOf<AcDbTable>()},
           {"ARC", poolOf<AcDbArc>()},
           {"CIRCLE", poolOf<AcDbCircle>()},
           {"ELLIPSE", poolOf<AcDbEllipse>()},

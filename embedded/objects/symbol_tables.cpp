@@ -192,6 +192,7 @@ Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
   }
   const Acad::ErrorStatus status = cad::checkWritable(*this);
   if (status != Acad::eOk) return status;
+  if (isDependent()) return Acad::eXRefDependent;
   Drawing& drawing = *ObjectAccess::drawing(*this);
   const RecordId record = ObjectAccess::record(*this);
   const bool isLayerZero = drawing.find(Table::kLayer, L"0") == record;

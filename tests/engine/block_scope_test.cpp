@@ -11,7 +11,8 @@ using cad::Property;
 
 constexpr std::uint64_t kInnerText = 0xB1, kInnerLine = 0xB2, kOuterLine = 0xB3, kSelfCircle = 0xB4,
                         kUnusedLine = 0xB5, kOuterInsert = 0xC1, kSecondInsert = 0xC2, kSelfInsert = 0xC3,
-                        kPaperInsert = 0xC4, kSpaceText = 0xC5, kNestedInsert = 0xD1;
+                        kPaperInsert = 0xC4, kSpaceText = 0xC5, kTable = 0xC6, kPaperTable = 0xC7,
+                        kNestedInsert = 0xD1, kTableText = 0xB6;
 
 std::string block(const char* name, const char* handle, const std::string& content) {
   return std::string("0 BLOCK\n5 ") + handle + "0\n100 AcDbEntity\n8 0\n100 AcDbBlockBegin\n2 " + name +
@@ -23,7 +24,8 @@ std::string entity(const char* type, const char* handle, const char* layer, cons
   return std::string("0 ") + type + "\n5 " + handle + "\n100 AcDbEntity\n8 " + layer + "\n" + own;
 }
 
-// OUTER holds INNER and INNER a text; SELF holds itself; UNUSED is referred to from paper space only.
+// OUTER holds INNER and INNER a text; SELF holds itself; UNUSED is referred to from paper space only. Two
+// tables are drawn by the block *T1.
 std::string nestedDrawing() {
   const char* text = "100 AcDbText\n10 0.0\n20 0.0\n40 3.0\n1 X\n100 AcDbText\n";
   const char* line = "100 AcDbLine\n10 0.0\n20 0.0\n11 1.0\n21 1.0\n";
@@ -39,8 +41,12 @@ std::string nestedDrawing() {
       block("SELF", "9",
             insert("D3", "SELF") + entity("CIRCLE", "B4", "ALL", "100 AcDbCircle\n10 0.0\n20 0.0\n40 1.0\n"));
   blocks += block("UNUSED", "E", entity("LINE", "B5", "ALL", line));
+  blocks += block("*T1", "F", entity("TEXT", "B6", "ALL", text));
+  const char* table = "100 AcDbBlockReference\n2 *T1\n10 0.0\n20 0.0\n100 AcDbTable\n";
   return drawing(insert("C1", "OUTER") + insert("C2", "INNER") + insert("C3", "SELF") +
-                     insert("C4", "UNUSED", "67 1\n") + entity("TEXT", "C5", "ALL", text),
+                     insert("C4", "UNUSED", "67 1\n") + entity("TEXT", "C5", "ALL", text) +
+                     entity("ACAD_TABLE", "C6", "ALL", table) +
+                     entity("ACAD_TABLE", "C7", "ALL\n67 1", table),
                  blocks);
 }
 
@@ -54,7 +60,7 @@ class BlockScope : public RunTest {
     std::vector<std::uint64_t> found;
     for (const std::uint64_t handle :
          {kInnerText, kInnerLine, kOuterLine, kSelfCircle, kUnusedLine, kOuterInsert, kSecondInsert,
-          kSelfInsert, kPaperInsert, kSpaceText, kNestedInsert}) {
+          kSelfInsert, kPaperInsert, kSpaceText, kNestedInsert, kTable, kPaperTable, kTableText}) {
       if (drawing().integer(RunTest::entity(handle), Property::kColorIndex).value_or(256) == 42) {
         found.push_back(handle);
       }
@@ -66,22 +72,22 @@ class BlockScope : public RunTest {
 using Handles = std::vector<std::uint64_t>;
 
 TEST_F(BlockScope, ReferencesOfTheCurrentSpace) {
-  EXPECT_EQ(reached(0), (Handles{kOuterInsert, kSecondInsert, kSelfInsert}));
+  EXPECT_EQ(reached(0), (Handles{kOuterInsert, kSecondInsert, kSelfInsert, kTable, kPaperTable}));
 }
 
 TEST_F(BlockScope, DefinitionsAtAnyDepthOfAnyType) {
-  EXPECT_EQ(reached(1), (Handles{kInnerText, kInnerLine, kOuterLine, kSelfCircle}));
+  EXPECT_EQ(reached(1), (Handles{kInnerText, kInnerLine, kOuterLine, kSelfCircle, kTable, kPaperTable}));
 }
 
 TEST_F(BlockScope, Both) {
   EXPECT_EQ(reached(2), (Handles{kInnerText, kInnerLine, kOuterLine, kSelfCircle, kOuterInsert, kSecondInsert,
-                                 kSelfInsert}));
+                                 kSelfInsert, kTable, kPaperTable}));
 }
 
 TEST_F(BlockScope, ScopesOutOfRangeAreClamped) {
-  EXPECT_EQ(reached(7).size(), 7U);
+  EXPECT_EQ(reached(7).size(), 9U);
   EXPECT_TRUE(cad::Host::instance().closeDocument().ok());
-  EXPECT_EQ(reached(-1).size(), 3U);
+  EXPECT_EQ(reached(-1).size(), 5U);
 }
 
 // However many references lead to a definition, a setting converts its entities once.
@@ -100,6 +106,21 @@ TEST_F(BlockScope, RecordsFollowWhatWasWritten) {
   run({{L"その他の図形",
         L"[画層] = ALL\n{\n[画層] = NEW\n}\n[画層] = ALL\n{\n[色] = 1\n}\n[画層] = NEW\n{\n[色] = 7\n}"}});
   EXPECT_EQ(color(kInnerLine), 7);
+}
+
+// A table comes in by its pass alone, in whatever scope: no other pass takes it as a reference.
+TEST_F(BlockScope, ATableIsConvertedOnceAsATable) {
+  for (const int scope : {0, 1, 2}) {
+    open(nestedDrawing());
+    set(L"KivBlock", scope);
+    sink_.notes.clear();
+    run({{L"文字", L"[***]\n{\n[色] = 42\n}"}, {L"その他の図形", L"[画層] = ALL\n{\n[線種] = NONE\n}"}});
+    EXPECT_EQ(drawing().integer(RunTest::entity(kTable), Property::kColorIndex).value_or(256), 256) << scope;
+    const int others[] = {3, 4, 7};  // of the block walk
+    ASSERT_EQ(sink_.notes.size(), 1U);
+    EXPECT_EQ(sink_.notes[0].count, others[scope] + 2) << scope;
+    EXPECT_TRUE(cad::Host::instance().closeDocument().ok());
+  }
 }
 
 TEST_F(BlockScope, ConditionsDecideForRecordsThatNoFilterHasSeen) {

@@ -137,12 +137,38 @@ TEST_F(LayerSettings, RefusedNamesAreProblems) {
   EXPECT_NE(layer(L"ALL"), cad::kNoRecord);
 }
 
+TEST_F(LayerSettings, LayersOfExternalReferencesKeepTheirNames) {
+  ASSERT_TRUE(cad::Host::instance().closeDocument().ok());
+  open(engine_test::drawing(
+      "0 LINE\n5 A1\n100 AcDbEntity\n8 SITE|WALL\n100 AcDbLine\n10 0.0\n20 0.0\n11 1.0\n21 1.0\n"));
+  before_ = savedBytes();
+  convert(
+      L"[画層] = SITE|*\n{\n[画層] = A-*\n[色] = 42\n}\n[画層] = *WALL\n{\n[画層] = *DOOR\n}\n"
+      L"[画層] = NEW\n{\n[画層] = SITE|NEW\n}");
+  EXPECT_EQ(sink_.problems,
+            (std::vector<std::wstring>{L"画層変換で、外部参照の画層[SITE|WALL]の名前は変更できませんでした",
+                                       L"画層変換で、外部参照の画層[SITE|WALL]の名前は変更できませんでした",
+                                       L"画層変換で、画層[NEW]の名前を[SITE|NEW]に変更できませんでした"}));
+  EXPECT_EQ(layerInteger(L"SITE|WALL", Property::kLayerColor), 42);
+  EXPECT_NE(layer(L"NEW"), cad::kNoRecord);
+}
+
 TEST_F(LayerSettings, CurrentLayerIsNotFrozenAndBadValuesAreProblems) {
   convert(L"[画層] = 0\n{\n[フリーズ] = ON\n[線種] = NONE\n[色] = 5\n}");
   EXPECT_EQ(sink_.problems,
             (std::vector<std::wstring>{L"画層変換で、現在の画層[0]はフリーズできませんでした",
                                        L"画層変換で、画層[0]の線種[NONE]を設定できませんでした"}));
   EXPECT_EQ(layerInteger(L"0", Property::kLayerColor), 5);
+}
+
+TEST_F(LayerSettings, ColoursOfLayersAreIndexes) {
+  std::wstring settings;
+  for (const wchar_t* value : {L"0", L"256", L"BYBLOCK", L"BYLAYER", L"-3", L"999"}) {
+    settings += std::wstring(L"[画層] = NEW\n{\n[色] = ") + value + L"\n}\n";
+  }
+  convert(settings);
+  EXPECT_EQ(sink_.problems.size(), 6U);
+  EXPECT_EQ(layerInteger(L"NEW", Property::kLayerColor), 3);
 }
 
 }  // namespace

@@ -254,6 +254,7 @@ inline std::string officeEntities() {
   lines += "0 SEQEND\n5 5C\n100 AcDbEntity\n8 Walls\n";
   lines += entity("LINE", "5D", "Locked", "AcDbLine", point + "11 3.0\n21 4.0\n31 0.0\n");
   lines += entity("SPECIAL_THING", "5E", "0", "AcDbSpecialThing", "290 1\n");
+  lines += entity("ACAD_TABLE", "5F", "0", "AcDbBlockReference", "2 DOOR\n" + point + "100 AcDbTable\n");
   return lines;
 }
 

@@ -6,6 +6,7 @@
 #include "dbhatch.h"
 #include "dblead.h"
 #include "dbmtext.h"
+#include "dbtable.h"
 #include "tests/embedded/objects/fixture.h"
 
 namespace cad::test {
@@ -28,6 +29,7 @@ TEST_F(OpeningTest, EachTypeOpensAsItsClass) {
                    {0x59, AcDb2dPolyline::desc()},
                    {0x5A, AcDbVertex::desc()},
                    {0x5D, AcDbLine::desc()},
+                   {0x5F, AcDbTable::desc()},
                    {0x11, AcDbLayerTableRecord::desc()},
                    {0x19, AcDbDimStyleTableRecord::desc()}};
   for (const auto& expected : kExpected) {
@@ -35,6 +37,10 @@ TEST_F(OpeningTest, EachTypeOpensAsItsClass) {
     ASSERT_EQ(object.openStatus(), Acad::eOk) << std::hex << expected.handle;
     EXPECT_EQ(object->isA(), expected.type) << std::hex << expected.handle;
   }
+  AcDbObjectPointer<AcDbBlockReference> table(id(0x5F));  // is one, and has another name in files
+  ASSERT_EQ(table.openStatus(), Acad::eOk);
+  EXPECT_FALSE(table->blockTableRecord().isNull());
+  EXPECT_STREQ(table->isA()->dxfName(), L"ACAD_TABLE");
   AcDbEntityPointer unknown(id(0x5E));
   ASSERT_EQ(unknown.openStatus(), Acad::eOk);
   EXPECT_STREQ(unknown->isA()->dxfName(), L"SPECIAL_THING");

@@ -83,6 +83,7 @@ TEST_F(SymbolTableTest, ALayerIsRenamedWithItsReferences) {
   AcDbLayerTableRecordPointer walls(L"Walls", database_.get(), AcDb::kForWrite);
   EXPECT_EQ(walls->setName(L"furniture"), Acad::eDuplicateRecordName);
   EXPECT_EQ(walls->setName(L"<bad>"), Acad::eInvalidInput);
+  EXPECT_EQ(walls->setName(L"SITE|WALLS"), Acad::eInvalidInput);
   EXPECT_EQ(walls->setName(L"A-WALL"), Acad::eOk);
   EXPECT_EQ(layerOf(0x50), L"A-WALL");
   EXPECT_EQ(layerOf(0x57), L"A-WALL");
@@ -169,7 +170,7 @@ TEST_F(SymbolTableTest, BlocksAreWalkedInBothDirections) {
     delete iterator;
     return handles;
   };
-  const std::vector<Handle> expected{0x51, 0x52, 0x53, 0x54, 0x55, 0x56, 0x59, 0x5D, 0x5E};
+  const std::vector<Handle> expected{0x51, 0x52, 0x53, 0x54, 0x55, 0x56, 0x59, 0x5D, 0x5E, 0x5F};
   EXPECT_EQ(walk(true), expected);
   EXPECT_EQ(walk(false), std::vector<Handle>(expected.rbegin(), expected.rend()));
 
