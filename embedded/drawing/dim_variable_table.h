@@ -1,16 +1,23 @@
 #pragma once
-// The dimension variables: one row for each, the only place where its name, its group numbers, its type
-// and its default stand. The file formats and the host interface both take them from here.
+// The dimension variables: one row for each, the only place where its name, its type, its limits, its
+// default, the drawing versions that have it and its group numbers stand. Header, dimension style, override
+// of a dimension and system variable all take them from here.
 
+#include <cmath>
 #include <cstdint>
+#include <limits>
+#include <span>
 #include <string_view>
 
+#include "embedded/drawing/line_weights.h"
 #include "embedded/drawing/storage.h"
 
 namespace cad {
 
 enum class DimType : std::uint8_t {
   kInteger,
+  kLineWeight,  // an integer, one of the steps
+  kCharacter,   // kept as the character's number
   kReal,
   kText,       // DIMPOST, DIMAPOST
   kTextStyle,  // a text style's name
@@ -18,118 +25,142 @@ enum class DimType : std::uint8_t {
   kLinetype,   // a linetype's name
 };
 
-// X(name, number, headerCode, oldNumber, type, first version, last version, default)
-//   number      group number in a dimension style and in overrides, as the host's reference has it; 0: the
-//               variable lives in the drawing's header only
-//   headerCode  group code of its value in the header
-//   oldNumber   group number in the style before handles took over (R14 and earlier); 0: the same number
-//   default     of a drawing in inches with no template; names default to the empty text unless a style
-#define CAD_DIM_VARIABLES(X)                                           \
-  X(DIMPOST, 3, 1, 0, kText, kR12, kUnknown, 0)                        \
-  X(DIMAPOST, 4, 1, 0, kText, kR12, kUnknown, 0)                       \
-  X(DIMSCALE, 40, 40, 0, kReal, kR12, kUnknown, 1)                     \
-  X(DIMASZ, 41, 40, 0, kReal, kR12, kUnknown, 0.18)                    \
-  X(DIMEXO, 42, 40, 0, kReal, kR12, kUnknown, 0.0625)                  \
-  X(DIMDLI, 43, 40, 0, kReal, kR12, kUnknown, 0.38)                    \
-  X(DIMEXE, 44, 40, 0, kReal, kR12, kUnknown, 0.18)                    \
-  X(DIMRND, 45, 40, 0, kReal, kR12, kUnknown, 0)                       \
-  X(DIMDLE, 46, 40, 0, kReal, kR12, kUnknown, 0)                       \
-  X(DIMTP, 47, 40, 0, kReal, kR12, kUnknown, 0)                        \
-  X(DIMTM, 48, 40, 0, kReal, kR12, kUnknown, 0)                        \
-  X(DIMFXL, 49, 40, 0, kReal, kR2007, kUnknown, 1)                     \
-  X(DIMJOGANG, 50, 40, 0, kReal, kR2007, kUnknown, 0.7853981633974483) \
-  X(DIMTFILL, 69, 70, 0, kInteger, kR2007, kUnknown, 0)                \
-  X(DIMTFILLCLR, 70, 70, 0, kInteger, kR2007, kUnknown, 0)             \
-  X(DIMTOL, 71, 70, 0, kInteger, kR12, kUnknown, 0)                    \
-  X(DIMLIM, 72, 70, 0, kInteger, kR12, kUnknown, 0)                    \
-  X(DIMTIH, 73, 70, 0, kInteger, kR12, kUnknown, 1)                    \
-  X(DIMTOH, 74, 70, 0, kInteger, kR12, kUnknown, 1)                    \
-  X(DIMSE1, 75, 70, 0, kInteger, kR12, kUnknown, 0)                    \
-  X(DIMSE2, 76, 70, 0, kInteger, kR12, kUnknown, 0)                    \
-  X(DIMTAD, 77, 70, 0, kInteger, kR12, kUnknown, 0)                    \
-  X(DIMZIN, 78, 70, 0, kInteger, kR12, kUnknown, 0)                    \
-  X(DIMAZIN, 79, 70, 0, kInteger, kR2000, kUnknown, 0)                 \
-  X(DIMARCSYM, 90, 70, 0, kInteger, kR2007, kUnknown, 0)               \
-  X(DIMTXT, 140, 40, 0, kReal, kR12, kUnknown, 0.18)                   \
-  X(DIMCEN, 141, 40, 0, kReal, kR12, kUnknown, 0.09)                   \
-  X(DIMTSZ, 142, 40, 0, kReal, kR12, kUnknown, 0)                      \
-  X(DIMALTF, 143, 40, 0, kReal, kR12, kUnknown, 25.4)                  \
-  X(DIMLFAC, 144, 40, 0, kReal, kR12, kUnknown, 1)                     \
-  X(DIMTVP, 145, 40, 0, kReal, kR12, kUnknown, 0)                      \
-  X(DIMTFAC, 146, 40, 0, kReal, kR12, kUnknown, 1)                     \
-  X(DIMGAP, 147, 40, 0, kReal, kR12, kUnknown, 0.09)                   \
-  X(DIMALTRND, 148, 40, 0, kReal, kR2000, kUnknown, 0)                 \
-  X(DIMALT, 170, 70, 0, kInteger, kR12, kUnknown, 0)                   \
-  X(DIMALTD, 171, 70, 0, kInteger, kR12, kUnknown, 2)                  \
-  X(DIMTOFL, 172, 70, 0, kInteger, kR12, kUnknown, 0)                  \
-  X(DIMSAH, 173, 70, 0, kInteger, kR12, kUnknown, 0)                   \
-  X(DIMTIX, 174, 70, 0, kInteger, kR12, kUnknown, 0)                   \
-  X(DIMSOXD, 175, 70, 0, kInteger, kR12, kUnknown, 0)                  \
-  X(DIMCLRD, 176, 70, 0, kInteger, kR12, kUnknown, 0)                  \
-  X(DIMCLRE, 177, 70, 0, kInteger, kR12, kUnknown, 0)                  \
-  X(DIMCLRT, 178, 70, 0, kInteger, kR12, kUnknown, 0)                  \
-  X(DIMADEC, 179, 70, 0, kInteger, kR2000, kUnknown, 0)                \
-  X(DIMUNIT, 270, 70, 0, kInteger, kR13, kR14, 2)                      \
-  X(DIMDEC, 271, 70, 0, kInteger, kR13, kUnknown, 4)                   \
-  X(DIMTDEC, 272, 70, 0, kInteger, kR13, kUnknown, 4)                  \
-  X(DIMALTU, 273, 70, 0, kInteger, kR13, kUnknown, 2)                  \
-  X(DIMALTTD, 274, 70, 0, kInteger, kR13, kUnknown, 2)                 \
-  X(DIMAUNIT, 275, 70, 0, kInteger, kR13, kUnknown, 0)                 \
-  X(DIMFRAC, 276, 70, 0, kInteger, kR2000, kUnknown, 0)                \
-  X(DIMLUNIT, 277, 70, 0, kInteger, kR2000, kUnknown, 2)               \
-  X(DIMDSEP, 278, 70, 0, kInteger, kR2000, kUnknown, 46)               \
-  X(DIMTMOVE, 279, 70, 0, kInteger, kR2000, kUnknown, 0)               \
-  X(DIMJUST, 280, 70, 0, kInteger, kR13, kUnknown, 0)                  \
-  X(DIMSD1, 281, 70, 0, kInteger, kR13, kUnknown, 0)                   \
-  X(DIMSD2, 282, 70, 0, kInteger, kR13, kUnknown, 0)                   \
-  X(DIMTOLJ, 283, 70, 0, kInteger, kR13, kUnknown, 1)                  \
-  X(DIMTZIN, 284, 70, 0, kInteger, kR13, kUnknown, 0)                  \
-  X(DIMALTZ, 285, 70, 0, kInteger, kR13, kUnknown, 0)                  \
-  X(DIMALTTZ, 286, 70, 0, kInteger, kR13, kUnknown, 0)                 \
-  X(DIMFIT, 287, 70, 0, kInteger, kR13, kR14, 3)                       \
-  X(DIMUPT, 288, 70, 0, kInteger, kR13, kUnknown, 0)                   \
-  X(DIMATFIT, 289, 70, 0, kInteger, kR2000, kUnknown, 3)               \
-  X(DIMFXLON, 290, 70, 0, kInteger, kR2007, kUnknown, 0)               \
-  X(DIMTXTDIRECTION, 294, 70, 0, kInteger, kR2010, kUnknown, 0)        \
-  X(DIMTXSTY, 340, 7, 0, kTextStyle, kR13, kUnknown, 0)                \
-  X(DIMLDRBLK, 341, 1, 0, kArrow, kR2000, kUnknown, 0)                 \
-  X(DIMBLK, 342, 1, 5, kArrow, kR12, kUnknown, 0)                      \
-  X(DIMBLK1, 343, 1, 6, kArrow, kR12, kUnknown, 0)                     \
-  X(DIMBLK2, 344, 1, 7, kArrow, kR12, kUnknown, 0)                     \
-  X(DIMLTYPE, 345, 6, 0, kLinetype, kR2007, kUnknown, 0)               \
-  X(DIMLTEX1, 346, 6, 0, kLinetype, kR2007, kUnknown, 0)               \
-  X(DIMLTEX2, 347, 6, 0, kLinetype, kR2007, kUnknown, 0)               \
-  X(DIMLWD, 371, 70, 0, kInteger, kR2000, kUnknown, -2)                \
-  X(DIMLWE, 372, 70, 0, kInteger, kR2000, kUnknown, -2)                \
-  X(DIMASO, 0, 70, 0, kInteger, kR12, kUnknown, 1)                     \
-  X(DIMSHO, 0, 70, 0, kInteger, kR12, kUnknown, 1)                     \
-  X(DIMASSOC, 0, 280, 0, kInteger, kR2004, kUnknown, 2)
+struct DimLimits {
+  double least, most;
+};
+
+// What the file format adds to a variable.
+struct DimGroups {
+  int number = 0;  // in a dimension style and in overrides; 0: the variable lives in the header only
+  int old = 0;     // in a style before handles took over (R14 and earlier); 0: the same number
+  int header = 0;  // of its value in the header; 0: the one that its type has
+};
 
 struct DimVariableInfo {
   std::string_view name;
-  int number;
-  int headerCode;
-  int oldNumber;
   DimType type;
-  Version first, last;
-  double defaultValue;
+  DimLimits limits;     // of numbers
+  double defaultValue;  // of a drawing in inches with no template; names default to "" unless a style
+  DimGroups groups;
+  Version first = Version::kR12, last = Version::kUnknown;
 
   bool isName() const { return type >= DimType::kTextStyle; }
+  bool isInteger() const { return type <= DimType::kCharacter; }
   bool existsIn(Version version) const { return version >= first && version <= last; }
+  // Is a number one that the variable can have? Not for texts and names.
+  bool allows(double value) const {
+    if (!std::isfinite(value) || value < limits.least || value > limits.most) return false;
+    return type != DimType::kLineWeight || isLineWeight(static_cast<std::int64_t>(value));
+  }
 };
 
-inline constexpr DimVariableInfo kDimVariables[] = {
-#define CAD_DIM_ROW(name, number, header, old, type, first, last, value) \
-  {#name, number, header, old, DimType::type, Version::first, Version::last, value},
-    CAD_DIM_VARIABLES(CAD_DIM_ROW)
-#undef CAD_DIM_ROW
+namespace dim_table {
+
+using enum DimType;
+using enum Version;
+
+// The limits are those that the host's reference states for the variable or for the property of dimensions
+// that overrides it. Where it states none, any number of the type goes.
+inline constexpr double kMost = std::numeric_limits<double>::max();
+inline constexpr DimLimits kAny{-kMost, kMost}, kFromZero{0, kMost};
+inline constexpr DimLimits kAboveZero{std::numeric_limits<double>::denorm_min(), kMost};
+inline constexpr DimLimits kOnOff{0, 1}, kPlaces{0, 8}, kColors{0, 256}, kWeights{-3, 211};
+inline constexpr DimLimits kZeros{0, 15};             // 0 to 3, with 4 and 8 added to it
+inline constexpr DimLimits kOneCharacter{1, 0x7FFF};  // a group of sixteen bits keeps it
+inline constexpr DimLimits kJogAngles{0.08726646259971647, 1.5707963267948966};  // 5 to 90 degrees
+
+// name, type, limits, default, group numbers, first and last version
+inline constexpr DimVariableInfo kRows[] = {
+    {"DIMPOST", kText, kAny, 0, {3}},
+    {"DIMAPOST", kText, kAny, 0, {4}},
+    {"DIMSCALE", kReal, kFromZero, 1, {40}},
+    {"DIMASZ", kReal, kFromZero, 0.18, {41}},
+    {"DIMEXO", kReal, kFromZero, 0.0625, {42}},
+    {"DIMDLI", kReal, kAny, 0.38, {43}},
+    {"DIMEXE", kReal, kFromZero, 0.18, {44}},
+    {"DIMRND", kReal, kFromZero, 0, {45}},
+    {"DIMDLE", kReal, kFromZero, 0, {46}},
+    {"DIMTP", kReal, kAny, 0, {47}},
+    {"DIMTM", kReal, kAny, 0, {48}},
+    {"DIMFXL", kReal, kAny, 1, {49}, kR2007},
+    {"DIMJOGANG", kReal, kJogAngles, 0.7853981633974483, {50}, kR2007},
+    {"DIMTFILL", kInteger, {0, 2}, 0, {69}, kR2007},
+    {"DIMTFILLCLR", kInteger, kColors, 0, {70}, kR2007},
+    {"DIMTOL", kInteger, kOnOff, 0, {71}},
+    {"DIMLIM", kInteger, kOnOff, 0, {72}},
+    {"DIMTIH", kInteger, kOnOff, 1, {73}},
+    {"DIMTOH", kInteger, kOnOff, 1, {74}},
+    {"DIMSE1", kInteger, kOnOff, 0, {75}},
+    {"DIMSE2", kInteger, kOnOff, 0, {76}},
+    {"DIMTAD", kInteger, {0, 4}, 0, {77}},
+    {"DIMZIN", kInteger, kZeros, 0, {78}},
+    {"DIMAZIN", kInteger, {0, 3}, 0, {79}, kR2000},
+    {"DIMARCSYM", kInteger, {0, 2}, 0, {90}, kR2007},
+    {"DIMTXT", kReal, kAboveZero, 0.18, {140}},
+    {"DIMCEN", kReal, kAny, 0.09, {141}},
+    {"DIMTSZ", kReal, kFromZero, 0, {142}},
+    {"DIMALTF", kReal, kAny, 25.4, {143}},
+    {"DIMLFAC", kReal, kAny, 1, {144}},
+    {"DIMTVP", kReal, kAny, 0, {145}},
+    {"DIMTFAC", kReal, kAboveZero, 1, {146}},
+    {"DIMGAP", kReal, kAny, 0.09, {147}},
+    {"DIMALTRND", kReal, kFromZero, 0, {148}, kR2000},
+    {"DIMALT", kInteger, kOnOff, 0, {170}},
+    {"DIMALTD", kInteger, kPlaces, 2, {171}},
+    {"DIMTOFL", kInteger, kOnOff, 0, {172}},
+    {"DIMSAH", kInteger, kOnOff, 0, {173}},
+    {"DIMTIX", kInteger, kOnOff, 0, {174}},
+    {"DIMSOXD", kInteger, kOnOff, 0, {175}},
+    {"DIMCLRD", kInteger, kColors, 0, {176}},
+    {"DIMCLRE", kInteger, kColors, 0, {177}},
+    {"DIMCLRT", kInteger, kColors, 0, {178}},
+    {"DIMADEC", kInteger, {-1, 8}, 0, {179}, kR2000},
+    {"DIMUNIT", kInteger, {1, 8}, 2, {270}, kR13, kR14},
+    {"DIMDEC", kInteger, kPlaces, 4, {271}, kR13},
+    {"DIMTDEC", kInteger, kPlaces, 4, {272}, kR13},
+    {"DIMALTU", kInteger, {1, 8}, 2, {273}, kR13},
+    {"DIMALTTD", kInteger, kPlaces, 2, {274}, kR13},
+    {"DIMAUNIT", kInteger, {0, 3}, 0, {275}, kR13},
+    {"DIMFRAC", kInteger, {0, 2}, 0, {276}, kR2000},
+    {"DIMLUNIT", kInteger, {1, 6}, 2, {277}, kR2000},
+    {"DIMDSEP", kCharacter, kOneCharacter, 46, {278}, kR2000},
+    {"DIMTMOVE", kInteger, {0, 2}, 0, {279}, kR2000},
+    {"DIMJUST", kInteger, {0, 4}, 0, {280}, kR13},
+    {"DIMSD1", kInteger, kOnOff, 0, {281}, kR13},
+    {"DIMSD2", kInteger, kOnOff, 0, {282}, kR13},
+    {"DIMTOLJ", kInteger, {0, 2}, 1, {283}, kR13},
+    {"DIMTZIN", kInteger, kZeros, 0, {284}, kR13},
+    {"DIMALTZ", kInteger, kZeros, 0, {285}, kR13},
+    {"DIMALTTZ", kInteger, kZeros, 0, {286}, kR13},
+    {"DIMFIT", kInteger, {0, 5}, 3, {287}, kR13, kR14},
+    {"DIMUPT", kInteger, kOnOff, 0, {288}, kR13},
+    {"DIMATFIT", kInteger, {0, 3}, 3, {289}, kR2000},
+    {"DIMFXLON", kInteger, kOnOff, 0, {290}, kR2007},
+    {"DIMTXTDIRECTION", kInteger, kOnOff, 0, {294}, kR2010},
+    {"DIMTXSTY", kTextStyle, kAny, 0, {340}, kR13},
+    {"DIMLDRBLK", kArrow, kAny, 0, {341}, kR2000},
+    {"DIMBLK", kArrow, kAny, 0, {342, 5}},
+    {"DIMBLK1", kArrow, kAny, 0, {343, 6}},
+    {"DIMBLK2", kArrow, kAny, 0, {344, 7}},
+    {"DIMLTYPE", kLinetype, kAny, 0, {345}, kR2007},
+    {"DIMLTEX1", kLinetype, kAny, 0, {346}, kR2007},
+    {"DIMLTEX2", kLinetype, kAny, 0, {347}, kR2007},
+    {"DIMLWD", kLineWeight, kWeights, -2, {371}, kR2000},
+    {"DIMLWE", kLineWeight, kWeights, -2, {372}, kR2000},
+    {"DIMASO", kInteger, kOnOff, 1, {}},
+    {"DIMSHO", kInteger, kOnOff, 1, {}},
+    {"DIMASSOC", kInteger, {0, 2}, 2, {0, 0, 280}, kR2004},
 };
+
+}  // namespace dim_table
+
+inline constexpr std::span<const DimVariableInfo> kDimVariables = dim_table::kRows;
 
 // By the group number of a dimension style (old numbers of arrow blocks included) or by name (upper-case,
 // no dollar sign); null when there is no such variable.
 constexpr const DimVariableInfo* findDimVariable(int number) {
   for (const DimVariableInfo& info : kDimVariables)
-    if (number != 0 && (info.number == number || info.oldNumber == number)) return &info;
+    if (number != 0 && (info.groups.number == number || info.groups.old == number)) return &info;
   return nullptr;
 }
 constexpr const DimVariableInfo* findDimVariable(std::string_view name) {

@@ -127,8 +127,8 @@ base::Status BlockCopier::needStyle(std::wstring_view name) {
 
 base::Status BlockCopier::needDimVariables(RecordId record) {
   for (const DimVariableInfo& info : kDimVariables) {
-    if (!info.isName() || info.number == 0) continue;
-    const std::optional<Variable> value = source_.dimVariable(record, info.number);
+    if (!info.isName() || info.groups.number == 0) continue;
+    const std::optional<Variable> value = source_.dimVariable(record, info.groups.number);
     const auto* name = value ? std::get_if<std::wstring>(&*value) : nullptr;
     if (name == nullptr || name->empty()) continue;
     base::Status status;
@@ -143,10 +143,10 @@ base::Status BlockCopier::needDimVariables(RecordId record) {
 
 void BlockCopier::copyDimVariables(RecordId from, RecordId to) {
   for (const DimVariableInfo& info : kDimVariables) {
-    if (info.number == 0 || !info.existsIn(to_.facts().version)) continue;
+    if (info.groups.number == 0 || !info.existsIn(to_.facts().version)) continue;
     // A variable whose name has no counterpart here keeps its default.
-    if (const std::optional<Variable> value = source_.dimVariable(from, info.number))
-      static_cast<void>(target_.setDimVariable(to, info.number, *value));
+    if (const std::optional<Variable> value = source_.dimVariable(from, info.groups.number))
+      static_cast<void>(target_.setDimVariable(to, info.groups.number, *value));
   }
 }
 

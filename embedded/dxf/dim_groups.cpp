@@ -24,11 +24,11 @@ bool takesOverrides(std::string_view type) {
 // could be named at all.
 bool namedByHandle(const DimVariableInfo& info, Version version) {
   if (!info.isName()) return false;
-  return info.oldNumber == 0 || version >= Version::kR2000;
+  return info.groups.old == 0 || version >= Version::kR2000;
 }
 
 int numberIn(const DimVariableInfo& info, Version version) {
-  return info.oldNumber != 0 && version < Version::kR2000 ? info.oldNumber : info.number;
+  return info.groups.old != 0 && version < Version::kR2000 ? info.groups.old : info.groups.number;
 }
 
 std::wstring nameBehind(const Drawing& drawing, Handle handle) {
@@ -111,7 +111,7 @@ base::Status writeValue(Drawing& drawing, RecordBuilder& builder, const DimVaria
     builder.real(code != 0 ? code : 1040, *real);
     return {};
   }
-  if (info.type == DimType::kInteger) {
+  if (info.isInteger()) {
     const std::optional<std::int64_t> integer = asInteger(value);
     if (!integer) return badValue(info);
     builder.integer(code != 0 ? code : 1070, *integer);
@@ -142,7 +142,7 @@ const Group* findInStyle(const RecordGroups& groups, const DimVariableInfo& info
   std::size_t first = 0;
   for (std::size_t i = 0; i < groups.plainCount(); ++i)
     if (groups.all()[i].code == 100) first = i;
-  int awaited = info.number == 70 ? 2 : 1;
+  int awaited = info.groups.number == 70 ? 2 : 1;
   for (std::size_t i = first; i < groups.plainCount(); ++i)
     if (groups.all()[i].code == code && --awaited == 0) return &groups.all()[i];
   return nullptr;
@@ -150,7 +150,8 @@ const Group* findInStyle(const RecordGroups& groups, const DimVariableInfo& info
 
 const DimOverride* findPair(const DimOverrides& overrides, const DimVariableInfo& info) {
   for (const DimOverride& pair : overrides.pairs)
-    if (pair.number == info.number || (info.oldNumber != 0 && pair.number == info.oldNumber)) return &pair;
+    if (pair.number == info.groups.number || (info.groups.old != 0 && pair.number == info.groups.old))
+      return &pair;
   return nullptr;
 }
 

@@ -100,11 +100,28 @@ constexpr HeaderVariableInfo kVariables[] = {
     {"XEDIT", 290, V::kR2000},
 };
 
+int headerCode(const DimVariableInfo& dim) {
+  if (dim.groups.header != 0) return dim.groups.header;
+  switch (dim.type) {
+    case DimType::kReal:
+      return 40;
+    case DimType::kText:
+    case DimType::kArrow:
+      return 1;
+    case DimType::kTextStyle:
+      return 7;
+    case DimType::kLinetype:
+      return 6;
+    default:
+      return 70;
+  }
+}
+
 }  // namespace
 
 HeaderVariableInfo findHeaderVariable(std::string_view name) {
   if (const DimVariableInfo* dim = findDimVariable(name))
-    return {dim->name, dim->headerCode, dim->first, dim->last};
+    return {dim->name, headerCode(*dim), dim->first, dim->last};
   for (const HeaderVariableInfo& info : kVariables)
     if (info.name == name) return info;
   return {};

@@ -72,11 +72,11 @@ void addDimStyleGroups(const Drawing& drawing, RecordBuilder& builder) {
   // Since 2000 a style lists only what differs from the defaults; before, readers expected every variable.
   if (version < Version::kR2000) {
     for (const DimVariableInfo& info : kDimVariables) {
-      if (info.number == 0 || !info.existsIn(version) || info.type == DimType::kTextStyle) continue;
-      const int code = info.oldNumber != 0 ? info.oldNumber : info.number;
+      if (info.groups.number == 0 || !info.existsIn(version) || info.type == DimType::kTextStyle) continue;
+      const int code = info.groups.old != 0 ? info.groups.old : info.groups.number;
       if (info.type == DimType::kReal)
         builder.real(code, info.defaultValue);
-      else if (info.type == DimType::kInteger)
+      else if (info.isInteger())
         builder.integer(code, static_cast<std::int64_t>(info.defaultValue));
       else
         builder.stored(code, {});

@@ -69,8 +69,9 @@ base::Result<Variable> headerForm(const SystemVariable& variable, const std::wst
     case VariableMeaning::kArrow:
       return arrowForm(variable, text, drawing);
     case VariableMeaning::kCharacter:
-      if (text.size() > 1) return refusal(variable, text);
-      return Variable(std::int64_t{text.empty() ? 0 : text.front()});
+      if (text.size() != 1 || text.front() < variable.least || text.front() > variable.most)
+        return refusal(variable, text);
+      return Variable(std::int64_t{text.front()});
     default:
       return Variable(text);
   }

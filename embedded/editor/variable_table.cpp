@@ -26,6 +26,10 @@ SystemVariable text(std::string_view name, Home home, const wchar_t* value, Mean
                     Version first = Version::kR12) {
   return {name, Type::kText, home, meaning, false, 0, value, 0, 0, nullptr, first};
 }
+SystemVariable weight(std::string_view name, double value) {
+  return {name, Type::kShort, Home::kDrawing, Meaning::kLineWeight, false, value, L"", 0,
+          0,    nullptr,      Version::kR2000};
+}
 SystemVariable computed(std::string_view name, Type type, Variable (*compute)(HostState&)) {
   return {name, type, Home::kComputed, Meaning::kPlain, true, 0, L"", 0, 0, compute};
 }
@@ -43,7 +47,7 @@ const std::vector<SystemVariable>& drawingRows() {
       text("CECOLOR", Home::kDrawing, L"BYLAYER", Meaning::kColor),
       real("CELTSCALE", Home::kDrawing, 1, kSmallest, kLargest, Version::kR13),
       text("CELTYPE", Home::kDrawing, L"ByLayer", Meaning::kLinetype),
-      integer("CELWEIGHT", Home::kDrawing, -1, -3, 211, Version::kR2000),
+      weight("CELWEIGHT", -1),
       text("CLAYER", Home::kDrawing, L"0", Meaning::kLayer),
       real("ELEVATION", Home::kDrawing, 0),
       real("FILLETRAD", Home::kDrawing, 0, 0, kLargest),
@@ -122,12 +126,21 @@ SystemVariable dimensionRow(const DimVariableInfo& info) {
   row.first = info.first;
   row.last = info.last;
   row.defaultNumber = info.defaultValue;
+  row.least = info.limits.least;
+  row.most = info.limits.most;
   switch (info.type) {
     case DimType::kInteger:
       row.type = Type::kShort;
       break;
+    case DimType::kLineWeight:
+      row.type = Type::kShort;
+      row.meaning = Meaning::kLineWeight;
+      break;
     case DimType::kReal:
       row.type = Type::kReal;
+      break;
+    case DimType::kCharacter:
+      row.meaning = Meaning::kCharacter;
       break;
     case DimType::kTextStyle:
       row.meaning = Meaning::kTextStyle;
@@ -142,14 +155,6 @@ SystemVariable dimensionRow(const DimVariableInfo& info) {
     case DimType::kText:
       break;
   }
-  if (info.name == "DIMDSEP") {
-    row.type = Type::kText;
-    row.meaning = Meaning::kCharacter;
-  }
-  if (info.name == "DIMSCALE") row.most = kLargest;
-  if (info.name == "DIMASZ" || info.name == "DIMEXO" || info.name == "DIMTSZ") row.most = kLargest;
-  if (info.name == "DIMTXT") row.least = kSmallest, row.most = kLargest;
-  if (info.name == "DIMCLRD" || info.name == "DIMCLRE" || info.name == "DIMCLRT") row.most = 256;
   return row;
 }
 

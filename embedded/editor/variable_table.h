@@ -25,9 +25,10 @@ enum class VariableMeaning : unsigned char {
   kLinetype,
   kTextStyle,
   kDimStyle,
-  kArrow,      // an arrow block; "." and "" are the closed filled arrow
-  kColor,      // the header keeps a number, the host shows "BYLAYER", "BYBLOCK" or the number
-  kCharacter,  // the header keeps a character's number
+  kArrow,       // an arrow block; "." and "" are the closed filled arrow
+  kColor,       // the header keeps a number, the host shows "BYLAYER", "BYBLOCK" or the number
+  kCharacter,   // the header keeps a character's number, within the limits
+  kLineWeight,  // one of the steps
 };
 
 struct SystemVariable {

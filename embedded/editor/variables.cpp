@@ -4,6 +4,7 @@
 
 #include "acedads.h"
 #include "base/codepage.h"
+#include "embedded/drawing/line_weights.h"
 #include "embedded/editor/host_state.h"
 #include "embedded/editor/integer_part.h"
 #include "embedded/editor/result_buffer.h"
@@ -38,8 +39,10 @@ Variable typed(const SystemVariable& variable, const Variable& stored) {
 
 base::Status checkNumber(const SystemVariable& variable, double value) {
   if (!std::isfinite(value)) return refusal(variable, L"The value is not a number.");
-  if (variable.least == variable.most) return {};
-  if (value < variable.least || value > variable.most)
+  const bool isStep =
+      variable.meaning != VariableMeaning::kLineWeight || isLineWeight(static_cast<std::int64_t>(value));
+  const bool isBounded = variable.least != variable.most;
+  if (!isStep || (isBounded && (value < variable.least || value > variable.most)))
     return refusal(variable, L"The value is outside its limits.");
   return {};
 }

@@ -27,3 +27,13 @@ class AcDbDimension : public AcDbEntity {
   ACDB_DECLARE_DIM_ROWS(ACDB_LEADER_DIM_VARIABLES)
   ACDB_DECLARE_DIM_ROWS(ACDB_OTHER_DIM_VARIABLES)
 };
+
+namespace AcDmUtil {
+
+// The block of a built-in arrow, defined first when the drawing does not have it. The name is the one that is
+// the same in every language, without the underscore that the name of its block begins with ("Dot" for the
+// block "_Dot"), in any case; "" and "." are the closed filled arrow, whose id is null. Without a drawing:
+// the working database. eInvalidInput: no name; eInvalidKey: not an arrow; eNoDatabase: no drawing.
+Acad::ErrorStatus getArrowId(const ACHAR* name, AcDbObjectId& blockId, AcDbDatabase* database = nullptr);
+
+}  // namespace AcDmUtil

@@ -1,6 +1,6 @@
 #pragma once
 // The dimension variables as functions: one row for each, from which every class that has them declares
-// its reader and its writer. Names, group numbers and defaults stand in the table of the drawing store.
+// its reader and its writer. Types, limits and defaults stand in the table of the drawing store.
 //
 // Readers give the object's own value (an override, on a dimension or leader), else its dimension style's,
 // else the default. Writers on a dimension or leader make an override, or remove it when the value is the
@@ -9,101 +9,100 @@
 //
 // Lengths and sizes are drawing units before DIMSCALE. Ids: a text style (dimtxsty), an arrow block
 // (dimblk, dimblk1, dimblk2, dimldrblk; null is the closed filled arrow) or a linetype; the writers also
-// take a name, eKeyNotFound when the drawing does not have it. Arrow names: with or without the leading
-// underscore; "." and "" are the closed filled arrow.
+// take a name, eKeyNotFound when the drawing does not have it. Arrow names are those of blocks that the
+// drawing has (AcDmUtil::getArrowId makes the built-in ones); "." and "" are the closed filled arrow.
 
 #include "AcString.h"
 #include "dbcolor.h"
 #include "dbid.h"
 
-// INTEGER and REAL rows: reader, writer, variable, least, most. BOOL, TEXT, CHARACTER, ID, COLOR and
-// WEIGHT rows: reader, writer, variable.
+// Every row: reader, writer, variable.
 #define ACDB_LEADER_DIM_VARIABLES(INTEGER, BOOL, REAL, TEXT, CHARACTER, ID, COLOR, WEIGHT) \
-  REAL(dimasz, setDimasz, DIMASZ, 0, 1e300)                                                \
+  REAL(dimasz, setDimasz, DIMASZ)                                                          \
   COLOR(dimclrd, setDimclrd, DIMCLRD)                                                      \
-  REAL(dimgap, setDimgap, DIMGAP, -1e300, 1e300)                                           \
+  REAL(dimgap, setDimgap, DIMGAP)                                                          \
   ID(dimldrblk, setDimldrblk, DIMLDRBLK)                                                   \
   WEIGHT(dimlwd, setDimlwd, DIMLWD)                                                        \
   BOOL(dimsah, setDimsah, DIMSAH)                                                          \
-  REAL(dimscale, setDimscale, DIMSCALE, 0, 1e300)                                          \
-  INTEGER(dimtad, setDimtad, DIMTAD, 0, 4)                                                 \
+  REAL(dimscale, setDimscale, DIMSCALE)                                                    \
+  INTEGER(dimtad, setDimtad, DIMTAD)                                                       \
   ID(dimtxsty, setDimtxsty, DIMTXSTY)                                                      \
-  REAL(dimtxt, setDimtxt, DIMTXT, 1e-300, 1e300)
+  REAL(dimtxt, setDimtxt, DIMTXT)
 
 #define ACDB_OTHER_DIM_VARIABLES(INTEGER, BOOL, REAL, TEXT, CHARACTER, ID, COLOR, WEIGHT) \
-  INTEGER(dimadec, setDimadec, DIMADEC, -1, 8)                                            \
+  INTEGER(dimadec, setDimadec, DIMADEC)                                                   \
   BOOL(dimalt, setDimalt, DIMALT)                                                         \
-  INTEGER(dimaltd, setDimaltd, DIMALTD, 0, 8)                                             \
-  REAL(dimaltf, setDimaltf, DIMALTF, 1e-300, 1e300)                                       \
-  REAL(dimaltrnd, setDimaltrnd, DIMALTRND, 0, 1e300)                                      \
-  INTEGER(dimalttd, setDimalttd, DIMALTTD, 0, 8)                                          \
-  INTEGER(dimalttz, setDimalttz, DIMALTTZ, 0, 15)                                         \
-  INTEGER(dimaltu, setDimaltu, DIMALTU, 1, 8)                                             \
-  INTEGER(dimaltz, setDimaltz, DIMALTZ, 0, 15)                                            \
+  INTEGER(dimaltd, setDimaltd, DIMALTD)                                                   \
+  REAL(dimaltf, setDimaltf, DIMALTF)                                                      \
+  REAL(dimaltrnd, setDimaltrnd, DIMALTRND)                                                \
+  INTEGER(dimalttd, setDimalttd, DIMALTTD)                                                \
+  INTEGER(dimalttz, setDimalttz, DIMALTTZ)                                                \
+  INTEGER(dimaltu, setDimaltu, DIMALTU)                                                   \
+  INTEGER(dimaltz, setDimaltz, DIMALTZ)                                                   \
   TEXT(dimapost, setDimapost, DIMAPOST)                                                   \
-  INTEGER(dimarcsym, setDimarcsym, DIMARCSYM, 0, 2)                                       \
-  INTEGER(dimatfit, setDimatfit, DIMATFIT, 0, 3)                                          \
-  INTEGER(dimaunit, setDimaunit, DIMAUNIT, 0, 4)                                          \
-  INTEGER(dimazin, setDimazin, DIMAZIN, 0, 3)                                             \
+  INTEGER(dimarcsym, setDimarcsym, DIMARCSYM)                                             \
+  INTEGER(dimatfit, setDimatfit, DIMATFIT)                                                \
+  INTEGER(dimaunit, setDimaunit, DIMAUNIT)                                                \
+  INTEGER(dimazin, setDimazin, DIMAZIN)                                                   \
   ID(dimblk, setDimblk, DIMBLK)                                                           \
   ID(dimblk1, setDimblk1, DIMBLK1)                                                        \
   ID(dimblk2, setDimblk2, DIMBLK2)                                                        \
-  REAL(dimcen, setDimcen, DIMCEN, -1e300, 1e300)                                          \
+  REAL(dimcen, setDimcen, DIMCEN)                                                         \
   COLOR(dimclre, setDimclre, DIMCLRE)                                                     \
   COLOR(dimclrt, setDimclrt, DIMCLRT)                                                     \
-  INTEGER(dimdec, setDimdec, DIMDEC, 0, 8)                                                \
-  REAL(dimdle, setDimdle, DIMDLE, 0, 1e300)                                               \
-  REAL(dimdli, setDimdli, DIMDLI, 0, 1e300)                                               \
+  INTEGER(dimdec, setDimdec, DIMDEC)                                                      \
+  REAL(dimdle, setDimdle, DIMDLE)                                                         \
+  REAL(dimdli, setDimdli, DIMDLI)                                                         \
   CHARACTER(dimdsep, setDimdsep, DIMDSEP)                                                 \
-  REAL(dimexe, setDimexe, DIMEXE, 0, 1e300)                                               \
-  REAL(dimexo, setDimexo, DIMEXO, 0, 1e300)                                               \
-  INTEGER(dimfrac, setDimfrac, DIMFRAC, 0, 2)                                             \
-  REAL(dimfxlen, setDimfxlen, DIMFXL, 0, 1e300)                                           \
+  REAL(dimexe, setDimexe, DIMEXE)                                                         \
+  REAL(dimexo, setDimexo, DIMEXO)                                                         \
+  INTEGER(dimfrac, setDimfrac, DIMFRAC)                                                   \
+  REAL(dimfxlen, setDimfxlen, DIMFXL)                                                     \
   BOOL(dimfxlenOn, setDimfxlenOn, DIMFXLON)                                               \
-  REAL(dimjogang, setDimjogang, DIMJOGANG, 0, 1.5707963267948966)                         \
-  INTEGER(dimjust, setDimjust, DIMJUST, 0, 4)                                             \
-  REAL(dimlfac, setDimlfac, DIMLFAC, -1e300, 1e300)                                       \
+  REAL(dimjogang, setDimjogang, DIMJOGANG)                                                \
+  INTEGER(dimjust, setDimjust, DIMJUST)                                                   \
+  REAL(dimlfac, setDimlfac, DIMLFAC)                                                      \
   BOOL(dimlim, setDimlim, DIMLIM)                                                         \
   ID(dimltex1, setDimltex1, DIMLTEX1)                                                     \
   ID(dimltex2, setDimltex2, DIMLTEX2)                                                     \
   ID(dimltype, setDimltype, DIMLTYPE)                                                     \
-  INTEGER(dimlunit, setDimlunit, DIMLUNIT, 1, 6)                                          \
+  INTEGER(dimlunit, setDimlunit, DIMLUNIT)                                                \
   WEIGHT(dimlwe, setDimlwe, DIMLWE)                                                       \
   TEXT(dimpost, setDimpost, DIMPOST)                                                      \
-  REAL(dimrnd, setDimrnd, DIMRND, 0, 1e300)                                               \
+  REAL(dimrnd, setDimrnd, DIMRND)                                                         \
   BOOL(dimsd1, setDimsd1, DIMSD1)                                                         \
   BOOL(dimsd2, setDimsd2, DIMSD2)                                                         \
   BOOL(dimse1, setDimse1, DIMSE1)                                                         \
   BOOL(dimse2, setDimse2, DIMSE2)                                                         \
   BOOL(dimsoxd, setDimsoxd, DIMSOXD)                                                      \
-  INTEGER(dimtdec, setDimtdec, DIMTDEC, 0, 8)                                             \
-  REAL(dimtfac, setDimtfac, DIMTFAC, 1e-300, 1e300)                                       \
-  INTEGER(dimtfill, setDimtfill, DIMTFILL, 0, 2)                                          \
+  INTEGER(dimtdec, setDimtdec, DIMTDEC)                                                   \
+  REAL(dimtfac, setDimtfac, DIMTFAC)                                                      \
+  INTEGER(dimtfill, setDimtfill, DIMTFILL)                                                \
   COLOR(dimtfillclr, setDimtfillclr, DIMTFILLCLR)                                         \
   BOOL(dimtih, setDimtih, DIMTIH)                                                         \
   BOOL(dimtix, setDimtix, DIMTIX)                                                         \
-  REAL(dimtm, setDimtm, DIMTM, -1e300, 1e300)                                             \
-  INTEGER(dimtmove, setDimtmove, DIMTMOVE, 0, 2)                                          \
+  REAL(dimtm, setDimtm, DIMTM)                                                            \
+  INTEGER(dimtmove, setDimtmove, DIMTMOVE)                                                \
   BOOL(dimtofl, setDimtofl, DIMTOFL)                                                      \
   BOOL(dimtoh, setDimtoh, DIMTOH)                                                         \
   BOOL(dimtol, setDimtol, DIMTOL)                                                         \
-  INTEGER(dimtolj, setDimtolj, DIMTOLJ, 0, 2)                                             \
-  REAL(dimtp, setDimtp, DIMTP, -1e300, 1e300)                                             \
-  REAL(dimtsz, setDimtsz, DIMTSZ, 0, 1e300)                                               \
-  REAL(dimtvp, setDimtvp, DIMTVP, -1e300, 1e300)                                          \
+  INTEGER(dimtolj, setDimtolj, DIMTOLJ)                                                   \
+  REAL(dimtp, setDimtp, DIMTP)                                                            \
+  REAL(dimtsz, setDimtsz, DIMTSZ)                                                         \
+  REAL(dimtvp, setDimtvp, DIMTVP)                                                         \
   BOOL(dimtxtdirection, setDimtxtdirection, DIMTXTDIRECTION)                              \
-  INTEGER(dimtzin, setDimtzin, DIMTZIN, 0, 15)                                            \
+  INTEGER(dimtzin, setDimtzin, DIMTZIN)                                                   \
   BOOL(dimupt, setDimupt, DIMUPT)                                                         \
-  INTEGER(dimzin, setDimzin, DIMZIN, 0, 15)
+  INTEGER(dimzin, setDimzin, DIMZIN)
 
-#define ACDB_DIM_DECLARE_INTEGER(get, set, variable, least, most) \
-  int get() const;                                                \
+#define ACDB_DIM_DECLARE_INTEGER(get, set, variable) \
+  int get() const;                                   \
   Acad::ErrorStatus set(int value);
 #define ACDB_DIM_DECLARE_BOOL(get, set, variable) \
   bool get() const;                               \
   Acad::ErrorStatus set(bool value);
-#define ACDB_DIM_DECLARE_REAL(get, set, variable, least, most) \
-  double get() const;                                          \
+#define ACDB_DIM_DECLARE_REAL(get, set, variable) \
+  double get() const;                             \
   Acad::ErrorStatus set(double value);
 #define ACDB_DIM_DECLARE_TEXT(get, set, variable) \
   const ACHAR* get() const;                       \

@@ -1,7 +1,5 @@
 #include "embedded/objects/dim_values.h"
 
-#include <cmath>
-
 #include "base/fold.h"
 #include "embedded/objects/object_access.h"
 #include "embedded/objects/values.h"
@@ -10,7 +8,7 @@ namespace cad {
 namespace {
 
 Variable defaultValue(const DimVariableInfo& info) {
-  if (info.type == DimType::kInteger) return static_cast<std::int64_t>(info.defaultValue);
+  if (info.isInteger()) return static_cast<std::int64_t>(info.defaultValue);
   if (info.type == DimType::kReal) return info.defaultValue;
   return std::wstring(info.type == DimType::kTextStyle ? L"Standard" : L"");
 }
@@ -21,14 +19,14 @@ Variable inherited(const Drawing& drawing, RecordId record, const DimVariableInf
   const NameId styleName = drawing.name(record, Property::kDimStyle);
   const RecordId style = styleName == kNoName ? kNoRecord : drawing.find(Table::kDimStyle, styleName);
   if (style == kNoRecord) return defaultValue(info);
-  return drawing.dimVariable(style, info.number).value_or(defaultValue(info));
+  return drawing.dimVariable(style, info.groups.number).value_or(defaultValue(info));
 }
 
 Variable effective(const AcDbObject& object, const DimVariableInfo& info) {
   const Drawing* drawing = ObjectAccess::drawing(object);
   if (!drawing) return defaultValue(info);
   const RecordId record = ObjectAccess::record(object);
-  if (std::optional<Variable> own = drawing->dimVariable(record, info.number)) return *std::move(own);
+  if (std::optional<Variable> own = drawing->dimVariable(record, info.groups.number)) return *std::move(own);
   return inherited(*drawing, record, info);
 }
 
@@ -46,9 +44,9 @@ Acad::ErrorStatus write(AcDbObject& object, const DimVariableInfo& info, const V
   const RecordId record = ObjectAccess::record(object);
   const bool isStyle = drawing.record(record).table == Table::kDimStyle;
   if (!isStyle && sameValue(value, inherited(drawing, record, info), info)) {
-    return drawing.removeDimOverride(record, info.number).ok() ? Acad::eOk : Acad::eNotApplicable;
+    return drawing.removeDimOverride(record, info.groups.number).ok() ? Acad::eOk : Acad::eNotApplicable;
   }
-  return drawing.setDimVariable(record, info.number, value).ok() ? Acad::eOk : Acad::eNotApplicable;
+  return drawing.setDimVariable(record, info.groups.number, value).ok() ? Acad::eOk : Acad::eNotApplicable;
 }
 
 Table tableOf(DimType type) {
@@ -56,16 +54,14 @@ Table tableOf(DimType type) {
   return type == DimType::kLinetype ? Table::kLinetype : Table::kBlock;
 }
 
+// Files may have a name for it where setters have none.
 bool isClosedFilledArrow(std::wstring_view name) {
-  return name.empty() || name == L"." || base::equalFolded(name, L"_CLOSEDFILLED") ||
+  return name.empty() || base::equalFolded(name, L"_CLOSEDFILLED") ||
          base::equalFolded(name, L"CLOSEDFILLED");
 }
 
-// Arrow blocks may be named without the underscore that marks the built-in ones.
-RecordId findNamed(const Drawing& drawing, const DimVariableInfo& info, const std::wstring& name) {
-  const RecordId exact = drawing.find(tableOf(info.type), name);
-  if (exact != kNoRecord || info.type != DimType::kArrow) return exact;
-  return drawing.find(Table::kBlock, L"_" + name);
+RecordId findNamed(const Drawing& drawing, const DimVariableInfo& info, std::wstring_view name) {
+  return drawing.find(tableOf(info.type), name);
 }
 
 }  // namespace
@@ -108,15 +104,12 @@ AcCmColor dimColor(const AcDbObject& object, const DimVariableInfo& info) {
   return color;
 }
 
-Acad::ErrorStatus setDimInteger(AcDbObject& object, const DimVariableInfo& info, std::int64_t value,
-                                std::int64_t least, std::int64_t most) {
-  return value < least || value > most ? Acad::eInvalidInput : write(object, info, value);
+Acad::ErrorStatus setDimInteger(AcDbObject& object, const DimVariableInfo& info, std::int64_t value) {
+  return info.allows(static_cast<double>(value)) ? write(object, info, value) : Acad::eInvalidInput;
 }
 
-Acad::ErrorStatus setDimReal(AcDbObject& object, const DimVariableInfo& info, double value, double least,
-                             double most) {
-  if (!std::isfinite(value) || value < least || value > most) return Acad::eInvalidInput;
-  return write(object, info, value);
+Acad::ErrorStatus setDimReal(AcDbObject& object, const DimVariableInfo& info, double value) {
+  return info.allows(value) ? write(object, info, value) : Acad::eInvalidInput;
 }
 
 Acad::ErrorStatus setDimText(AcDbObject& object, const DimVariableInfo& info, const ACHAR* value) {
@@ -139,19 +132,18 @@ Acad::ErrorStatus setDimName(AcDbObject& object, const DimVariableInfo& info, co
   if (!name) return Acad::eInvalidInput;
   const Acad::ErrorStatus status = checkWritable(object);
   if (status != Acad::eOk) return status;
-  if (info.type == DimType::kArrow && isClosedFilledArrow(name)) return write(object, info, std::wstring());
-  const RecordId record = findNamed(*ObjectAccess::drawing(object), info, name);
+  const std::wstring_view wanted = name;
+  if (info.type == DimType::kArrow && (wanted.empty() || wanted == L"."))
+    return write(object, info, std::wstring());
+  const Drawing& drawing = *ObjectAccess::drawing(object);
+  if (!info.existsIn(drawing.facts().version)) return Acad::eNotApplicable;
+  const RecordId record = findNamed(drawing, info, wanted);
   return record == kNoRecord ? Acad::eKeyNotFound
                              : setDimId(object, info, ObjectAccess::state(object)->id(record));
 }
 
 Acad::ErrorStatus setDimColor(AcDbObject& object, const DimVariableInfo& info, const AcCmColor& value) {
-  return value.isByColor() ? Acad::eNotApplicable
-                           : setDimInteger(object, info, value.colorIndex(), 0, AcCmColor::kACIbyLayer);
-}
-
-Acad::ErrorStatus setDimWeight(AcDbObject& object, const DimVariableInfo& info, AcDb::LineWeight value) {
-  return isLineWeight(value) ? write(object, info, std::int64_t{value}) : Acad::eInvalidInput;
+  return value.isByColor() ? Acad::eNotApplicable : setDimInteger(object, info, value.colorIndex());
 }
 
 }  // namespace cad

@@ -24,14 +24,11 @@ const ACHAR* dimKeptText(const AcDbObject& object, const DimVariableInfo& info);
 AcDbObjectId dimId(const AcDbObject& object, const DimVariableInfo& info);
 AcCmColor dimColor(const AcDbObject& object, const DimVariableInfo& info);
 
-Acad::ErrorStatus setDimInteger(AcDbObject& object, const DimVariableInfo& info, std::int64_t value,
-                                std::int64_t least, std::int64_t most);
-Acad::ErrorStatus setDimReal(AcDbObject& object, const DimVariableInfo& info, double value, double least,
-                             double most);
+Acad::ErrorStatus setDimInteger(AcDbObject& object, const DimVariableInfo& info, std::int64_t value);
+Acad::ErrorStatus setDimReal(AcDbObject& object, const DimVariableInfo& info, double value);
 Acad::ErrorStatus setDimText(AcDbObject& object, const DimVariableInfo& info, const ACHAR* value);
 Acad::ErrorStatus setDimId(AcDbObject& object, const DimVariableInfo& info, AcDbObjectId value);
 Acad::ErrorStatus setDimName(AcDbObject& object, const DimVariableInfo& info, const ACHAR* name);
 Acad::ErrorStatus setDimColor(AcDbObject& object, const DimVariableInfo& info, const AcCmColor& value);
-Acad::ErrorStatus setDimWeight(AcDbObject& object, const DimVariableInfo& info, AcDb::LineWeight value);
 
 }  // namespace cad

@@ -1,11 +1,13 @@
 // Dimensions, leaders, and the dimension variables of both and of dimension styles.
 
+#include "dbapserv.h"
 #include "dbdim.h"
 #include "dblead.h"
 #include "dbsymtb.h"
 #include "embedded/objects/dim_values.h"
 #include "embedded/objects/object_access.h"
 #include "embedded/objects/values.h"
+#include "embedded/support/arrow_blocks.h"
 
 using cad::Property;
 using cad::Table;
@@ -41,6 +43,22 @@ AcDbObjectId AcDbDimension::dimBlockId() const {
   return cad::readId(*this, Property::kDimBlock, Table::kBlock);
 }
 
+Acad::ErrorStatus AcDmUtil::getArrowId(const ACHAR* name, AcDbObjectId& blockId, AcDbDatabase* database) {
+  if (!name) return Acad::eInvalidInput;
+  if (!database) database = acdbHostApplicationServices()->workingDatabase();
+  if (!database) return Acad::eNoDatabase;
+  blockId = AcDbObjectId::kNull;
+  const std::wstring_view wanted = name;
+  if (wanted.empty() || wanted == L".") return Acad::eOk;
+  const std::wstring blockName = L"_" + std::wstring(wanted);
+  if (!cad::support::findArrowBlock(blockName)) return Acad::eInvalidKey;
+  cad::DatabaseState& state = cad::DatabaseAccess::state(*database);
+  const base::Result<cad::RecordId> block = cad::support::ensureArrowBlock(state.drawing, blockName);
+  if (!block) return Acad::eNotApplicable;
+  blockId = state.id(block.value());
+  return Acad::eOk;
+}
+
 Acad::ErrorStatus AcDbDimension::recomputeDimBlock(bool) { return cad::checkWritable(*this); }
 
 AcDbObjectId AcDbLeader::dimensionStyle() const {
@@ -51,20 +69,20 @@ Acad::ErrorStatus AcDbLeader::setDimensionStyle(AcDbObjectId style) {
   return cad::writeId(*this, Property::kDimStyle, Table::kDimStyle, style);
 }
 
-#define DIM_INTEGER(get, set, variable, least, most)                                                      \
+#define DIM_INTEGER(get, set, variable)                                                                   \
   int DIM_CLASS::get() const { return static_cast<int>(cad::dimInteger(*this, cad::dimRow(#variable))); } \
   Acad::ErrorStatus DIM_CLASS::set(int value) {                                                           \
-    return cad::setDimInteger(*this, cad::dimRow(#variable), value, least, most);                         \
+    return cad::setDimInteger(*this, cad::dimRow(#variable), value);                                      \
   }
 #define DIM_BOOL(get, set, variable)                                                          \
   bool DIM_CLASS::get() const { return cad::dimInteger(*this, cad::dimRow(#variable)) != 0; } \
   Acad::ErrorStatus DIM_CLASS::set(bool value) {                                              \
-    return cad::setDimInteger(*this, cad::dimRow(#variable), value ? 1 : 0, 0, 1);            \
+    return cad::setDimInteger(*this, cad::dimRow(#variable), value ? 1 : 0);                  \
   }
-#define DIM_REAL(get, set, variable, least, most)                                       \
+#define DIM_REAL(get, set, variable)                                                    \
   double DIM_CLASS::get() const { return cad::dimReal(*this, cad::dimRow(#variable)); } \
   Acad::ErrorStatus DIM_CLASS::set(double value) {                                      \
-    return cad::setDimReal(*this, cad::dimRow(#variable), value, least, most);          \
+    return cad::setDimReal(*this, cad::dimRow(#variable), value);                       \
   }
 #define DIM_TEXT(get, set, variable)                                                              \
   const ACHAR* DIM_CLASS::get() const { return cad::dimKeptText(*this, cad::dimRow(#variable)); } \
@@ -75,12 +93,12 @@ Acad::ErrorStatus AcDbLeader::setDimensionStyle(AcDbObjectId style) {
   Acad::ErrorStatus DIM_CLASS::set(const ACHAR* value) {                                          \
     return cad::setDimText(*this, cad::dimRow(#variable), value);                                 \
   }
-#define DIM_CHARACTER(get, set, variable)                                       \
-  ACHAR DIM_CLASS::get() const {                                                \
-    return static_cast<ACHAR>(cad::dimInteger(*this, cad::dimRow(#variable)));  \
-  }                                                                             \
-  Acad::ErrorStatus DIM_CLASS::set(ACHAR value) {                               \
-    return cad::setDimInteger(*this, cad::dimRow(#variable), value, 1, 0x7FFF); \
+#define DIM_CHARACTER(get, set, variable)                                      \
+  ACHAR DIM_CLASS::get() const {                                               \
+    return static_cast<ACHAR>(cad::dimInteger(*this, cad::dimRow(#variable))); \
+  }                                                                            \
+  Acad::ErrorStatus DIM_CLASS::set(ACHAR value) {                              \
+    return cad::setDimInteger(*this, cad::dimRow(#variable), value);           \
   }
 #define DIM_ID(get, set, variable)                                                          \
   AcDbObjectId DIM_CLASS::get() const { return cad::dimId(*this, cad::dimRow(#variable)); } \
@@ -100,7 +118,7 @@ Acad::ErrorStatus AcDbLeader::setDimensionStyle(AcDbObjectId style) {
     return static_cast<AcDb::LineWeight>(cad::dimInteger(*this, cad::dimRow(#variable))); \
   }                                                                                       \
   Acad::ErrorStatus DIM_CLASS::set(AcDb::LineWeight value) {                              \
-    return cad::setDimWeight(*this, cad::dimRow(#variable), value);                       \
+    return cad::setDimInteger(*this, cad::dimRow(#variable), value);                      \
   }
 #define DIM_ROWS(ROWS) \
   ROWS(DIM_INTEGER, DIM_BOOL, DIM_REAL, DIM_TEXT, DIM_CHARACTER, DIM_ID, DIM_COLOR, DIM_WEIGHT)

@@ -1,6 +1,7 @@
 // The properties that every entity has.
 
 #include "dbents.h"
+#include "embedded/drawing/line_weights.h"
 #include "embedded/objects/object_access.h"
 #include "embedded/objects/values.h"
 

@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 
+#include "embedded/drawing/line_weights.h"
 #include "embedded/objects/database_access.h"
 #include "embedded/objects/object_access.h"
 #include "embedded/objects/values.h"

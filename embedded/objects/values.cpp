@@ -1,8 +1,6 @@
 #include "embedded/objects/values.h"
 
-#include <algorithm>
 #include <cmath>
-#include <iterator>
 
 #include "acutads.h"
 #include "embedded/objects/object_access.h"
@@ -156,12 +154,6 @@ Acad::ErrorStatus checkedRecord(const AcDbObject& object, AcDbObjectId id, Table
 NameId recordName(const Drawing& drawing, RecordId record) { return drawing.name(record, Property::kName); }
 
 ACHAR* newText(const std::wstring& text) { return acutNewString(text.c_str()); }
-
-bool isLineWeight(std::int64_t value) {
-  static constexpr std::int64_t kSteps[] = {-3, -2, -1, 0,  5,  9,  13,  15,  18,  20,  25,  30,  35, 40,
-                                            50, 53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
-  return std::binary_search(std::begin(kSteps), std::end(kSteps), value);
-}
 
 double degreesFromRadians(double radians) { return std::round(radians / kRadiansPerDegree * 1e12) / 1e12; }
 

@@ -36,7 +36,6 @@ Acad::ErrorStatus checkedRecord(const AcDbObject& object, AcDbObjectId id, Table
 NameId recordName(const Drawing& drawing, RecordId record);
 
 ACHAR* newText(const std::wstring& text);  // for acutDelString
-bool isLineWeight(std::int64_t value);     // a step that exists, or by layer, by block, default
 std::int64_t storedTransparency(const AcCmTransparency& transparency);
 AcCmTransparency transparencyFromStored(std::int64_t value);
 

@@ -83,7 +83,6 @@ std::vector<ArrowBlock> makeArrows() {
 
 const ArrowBlock* findArrowBlock(std::wstring_view name) {
   static const std::vector<ArrowBlock> arrows = makeArrows();
-  if (base::equalFolded(name, L"_ARCHTIC")) name = L"_ArchTick";
   for (const ArrowBlock& arrow : arrows)
     if (base::equalFolded(arrow.name, name)) return &arrow;
   return nullptr;

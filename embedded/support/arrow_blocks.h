@@ -20,7 +20,7 @@ struct ArrowBlock {
   std::vector<Shape> shapes;
 };
 
-// Null for a name that is not a built-in arrow. Ignores case; "_ARCHTIC" is accepted for "_ArchTick".
+// Null for a name that is not a built-in arrow. Ignores case; the underscore belongs to the name.
 const ArrowBlock* findArrowBlock(std::wstring_view name);
 
 // The table record of the arrow's block, defined first when the drawing does not have it; the record

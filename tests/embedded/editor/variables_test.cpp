@@ -95,6 +95,38 @@ TEST_F(Variables, RefuseWhatTheyCannotBe) {
   EXPECT_EQ(get(L"DBMOD").resval.rint, 0);
 }
 
+TEST_F(Variables, OfDimensionsHaveTypesAndLimits) {
+  ASSERT_TRUE(host().closeDocument().ok());
+  std::string bytes = cad_test::drawingText();
+  bytes.replace(bytes.find("AC10"), 6, "AC1024");
+  ASSERT_TRUE(host().openDocument(write("new.dxf", bytes)).ok());
+  const std::pair<const wchar_t*, std::pair<short, short>> integers[] = {
+      // least, most
+      {L"DIMTAD", {0, 4}}, {L"DIMZIN", {0, 15}},  {L"DIMADEC", {-1, 8}},  {L"DIMATFIT", {0, 3}},
+      {L"DIMSHO", {0, 1}}, {L"DIMLUNIT", {1, 6}}, {L"DIMCLRT", {0, 256}}, {L"DIMLWD", {-3, 211}},
+      {L"DIMDEC", {0, 8}}, {L"DIMUPT", {0, 1}},   {L"DIMALTTZ", {0, 15}}, {L"DIMAUNIT", {0, 3}}};
+  for (const auto& [name, limits] : integers) {
+    const std::string shown(name, name + std::char_traits<wchar_t>::length(name));
+    EXPECT_EQ(setShort(name, limits.first), RTNORM) << shown;
+    EXPECT_EQ(setShort(name, limits.second), RTNORM) << shown;
+    EXPECT_EQ(setShort(name, static_cast<short>(limits.first - 1)), RTERROR) << shown;
+    EXPECT_EQ(setShort(name, static_cast<short>(limits.second + 1)), RTERROR) << shown;
+    EXPECT_EQ(get(name).resval.rint, limits.second) << shown;
+    EXPECT_EQ(setReal(name, limits.first), RTERROR) << shown;
+    resbuf wide{nullptr, RTLONG, {}};
+    wide.resval.rlong = limits.first;
+    EXPECT_EQ(acedSetVar(name, &wide), RTERROR) << shown;
+  }
+  EXPECT_EQ(setShort(L"DIMLWE", 7), RTERROR);  // no step
+  EXPECT_EQ(setShort(L"CELWEIGHT", 7), RTERROR);
+  for (const wchar_t* name : {L"DIMTFAC", L"DIMSCALE", L"DIMASZ", L"DIMTXT", L"DIMJOGANG"})
+    EXPECT_EQ(setReal(name, -3), RTERROR);
+  EXPECT_EQ(setReal(L"DIMGAP", -3), RTNORM);  // the reference gives no limits
+  EXPECT_EQ(setShort(L"DIMALTF", 2), RTERROR);
+  EXPECT_EQ(setText(L"DIMDSEP", L""), RTERROR);
+  EXPECT_EQ(setText(L"DIMDSEP", L","), RTNORM);
+}
+
 TEST_F(Variables, AnArrowNameMakesItsBlock) {
   EXPECT_FALSE(hasBlock(L"_DOT"));
   EXPECT_EQ(setText(L"DIMBLK", L"_DOT"), RTNORM);
@@ -104,7 +136,8 @@ TEST_F(Variables, AnArrowNameMakesItsBlock) {
   EXPECT_TRUE(hasBlock(L"_DOT"));
   EXPECT_EQ(setText(L"DIMBLK1", L"door"), RTNORM);  // a block of the drawing's own
   EXPECT_EQ(getText(L"DIMBLK1"), L"DOOR");
-  EXPECT_EQ(setText(L"DIMBLK", L"NO_SUCH_ARROW"), RTERROR);
+  for (const wchar_t* name : {L"NO_SUCH_ARROW", L"_ARCHTIC", L"OPEN"})
+    EXPECT_EQ(setText(L"DIMBLK", name), RTERROR);
 }
 
 TEST_F(Variables, AnIntegerStoredAsARealTooLargeForItIsTheDefault) {

@@ -72,7 +72,7 @@ TEST_F(DimensionTest, EachTypeOfVariableIsWritten) {
   EXPECT_EQ(dimension->setDimdsep(L','), Acad::eOk);
   EXPECT_EQ(dimension->setDimclrt(green), Acad::eOk);
   EXPECT_EQ(dimension->setDimlwd(AcDb::kLnWt050), Acad::eOk);
-  EXPECT_EQ(dimension->setDimblk(L"DOT"), Acad::eOk);
+  EXPECT_EQ(dimension->setDimblk(L"_dot"), Acad::eOk);
   EXPECT_EQ(dimension->setDimtxsty(L"standard"), Acad::eOk);
   EXPECT_EQ(dimension->dimdec(), 2);
   EXPECT_TRUE(dimension->dimtofl());
@@ -91,8 +91,12 @@ TEST_F(DimensionTest, BadValuesAreRefused) {
   {
     Writing<AcDbDimension> dimension(id(0x53), AcDb::kForWrite);
     EXPECT_EQ(dimension->setDimtxt(0), Acad::eInvalidInput);
-    EXPECT_EQ(dimension->setDimtad(9), Acad::eInvalidInput);
-    EXPECT_EQ(dimension->setDimblk(L"NO_SUCH"), Acad::eKeyNotFound);
+    EXPECT_EQ(dimension->setDimtad(99), Acad::eInvalidInput);
+    EXPECT_EQ(dimension->setDimzin(77), Acad::eInvalidInput);
+    EXPECT_EQ(dimension->setDimtfac(-3), Acad::eInvalidInput);
+    EXPECT_EQ(dimension->setDimdsep(0), Acad::eInvalidInput);
+    for (const wchar_t* name : {L"NO_SUCH", L"DOT", L"_ARCHTICK"})  // a setter makes no block
+      EXPECT_EQ(dimension->setDimblk(name), Acad::eKeyNotFound);
     EXPECT_EQ(dimension->setDimtxsty(layerId(L"0")), Acad::eWrongObjectType);
     EXPECT_EQ(dimension->setDimlwe(static_cast<AcDb::LineWeight>(7)), Acad::eInvalidInput);
   }
@@ -100,6 +104,22 @@ TEST_F(DimensionTest, BadValuesAreRefused) {
   EXPECT_FALSE(drawing_->isModified());
   load(officeDrawing("AC1014"));
   EXPECT_EQ(Writing<AcDbDimension>(id(0x53), AcDb::kForWrite)->setDimatfit(1), Acad::eNotApplicable);
+}
+
+TEST_F(DimensionTest, TheHostMakesTheBlocksOfItsArrows) {
+  AcDbObjectId tick, again, unknown;
+  ASSERT_EQ(AcDmUtil::getArrowId(L"ARCHTICK", tick, database_.get()), Acad::eOk);
+  EXPECT_EQ(tick, recordId<AcDbBlockTable>(L"_ArchTick"));
+  EXPECT_EQ(AcDmUtil::getArrowId(L"ArchTick", again, database_.get()), Acad::eOk);
+  EXPECT_EQ(again, tick);
+  Writing<AcDbDimension> dimension(id(0x53), AcDb::kForWrite);
+  EXPECT_EQ(dimension->setDimblk(tick), Acad::eOk);
+  EXPECT_EQ(dimension->dimblk(), tick);
+  EXPECT_EQ(AcDmUtil::getArrowId(L".", again, database_.get()), Acad::eOk);
+  EXPECT_TRUE(again.isNull());
+  EXPECT_EQ(AcDmUtil::getArrowId(nullptr, unknown, database_.get()), Acad::eInvalidInput);
+  for (const wchar_t* name : {L"ARCHTIC", L"DOOR", L"CLOSEDFILLED"})
+    EXPECT_EQ(AcDmUtil::getArrowId(name, unknown, database_.get()), Acad::eInvalidKey);
 }
 
 TEST_F(DimensionTest, LeadersHaveVariablesToo) {
