@@ -7,6 +7,7 @@
 #include "acutads.h"
 #include "adscodes.h"
 #include "base/files.h"
+#include "engine/host_arrows.h"
 #include "engine/host_variables.h"
 #include "engine/messages.h"
 #include "engine/resource_stages.h"
@@ -17,10 +18,10 @@ namespace kiv {
 namespace {
 
 // The host makes an arrow's block when a variable names it; the drawing's own arrow comes back at once.
-void makeBuiltIn(const std::wstring& name) {
+void makeBuiltIn(const std::wstring& name, ProblemSink& problems) {
   const auto current = textVariable(L"DIMBLK");
   if (!current) return;
-  setTextVariable(L"DIMBLK", builtInArrow(name));
+  if (!setTextVariable(L"DIMBLK", hostArrowName(builtInArrow(name)))) problems.addProblem(arrowProblem(name));
   setTextVariable(L"DIMBLK", *current);
 }
 
@@ -61,7 +62,7 @@ void loadArrows(RunState& run) {
   for (const std::wstring& entry : run.list(kArrowList)) {
     if (entry.empty()) continue;
     if (isBuiltInArrow(entry)) {
-      makeBuiltIn(entry);
+      makeBuiltIn(entry, run.problems);
     } else {
       loadFile(entry, run.problems);
     }

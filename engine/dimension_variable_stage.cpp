@@ -1,48 +1,32 @@
 // Setting of the drawing's dimension variables.
 
 #include <algorithm>
-#include <limits>
 
+#include "adscodes.h"
 #include "base/fold.h"
+#include "engine/dimension_value.h"
 #include "engine/host_variables.h"
 #include "engine/resource_stages.h"
-#include "engine/value_forms.h"
-#include "spec/color_text.h"
-#include "spec/dimension_catalogue.h"
-#include "spec/leading_number.h"
 
 namespace kiv {
 namespace {
 
 constexpr std::size_t kLongestText = 255;
 
-bool setText(const wchar_t* name, const std::wstring& value) {
-  std::wstring_view text = value;
-  if (isArrowVariable(name)) {
-    const auto block = blockNameOfDisplayForm(value);
-    if (!block) return false;
-    text = *block;
-  }
-  return setTextVariable(name, std::wstring(text.substr(0, kLongestText)));
+// The host takes a variable's own type only, and the catalogue's is another one for a few.
+bool setNumber(const wchar_t* name, short catalogueType, double value) {
+  if (setNumberVariable(name, catalogueType, value)) return true;
+  const short hostType = variableType(name);
+  return hostType != catalogueType && setNumberVariable(name, hostType, value);
 }
 
-// The host takes sixteen bits; nothing is sent that would turn into another value.
-bool setInteger(const wchar_t* name, int value) {
-  using Limits = std::numeric_limits<short>;
-  if (value < Limits::min() || value > Limits::max()) return false;
-  return setShortVariable(name, static_cast<short>(value));
-}
-
-bool setVariable(const DimensionVariable& variable, const std::wstring& value) {
-  switch (variable.type) {
-    case DimensionVariable::Type::kInteger:
-      return setInteger(variable.name, leadingInteger(value));
-    case DimensionVariable::Type::kReal:
-      return setRealVariable(variable.name, leadingReal(value));
-    case DimensionVariable::Type::kText:
-      return setText(variable.name, value);
-  }
-  return false;
+bool setVariable(const DimensionVariable& variable, const std::wstring& text) {
+  const auto value = dimensionValue(variable, text);
+  if (!value) return false;
+  if (const auto* name = std::get_if<std::wstring>(&*value))
+    return setTextVariable(variable.name, name->substr(0, kLongestText));
+  const bool isInteger = variable.type == DimensionVariable::Type::kInteger;
+  return setNumber(variable.name, isInteger ? RTSHORT : RTREAL, std::get<double>(*value));
 }
 
 // The later one of "," and "=" separates.

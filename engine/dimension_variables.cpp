@@ -11,15 +11,12 @@
 #include "engine/table_lookup.h"
 #include "engine/value_forms.h"
 #include "spec/color_text.h"
-#include "spec/dimension_catalogue.h"
-#include "spec/leading_number.h"
 
 namespace kiv {
 namespace {
 
 using Status = Acad::ErrorStatus;
 using ReadValue = DimensionValue (*)(const AcDbEntity&, SymbolNames&);
-using ParseValue = std::optional<DimensionValue> (*)(const std::wstring&);  // nothing: another form
 using WriteValue = Status (*)(AcDbDimension&, const DimensionValue&);
 
 // --- Reading, by the host's type --------------------------------------------------------------------
@@ -50,51 +47,15 @@ DimensionValue read(const AcDbEntity& entity, SymbolNames& names) {
 template <class T>
 using Getter = T (AcDbDimension::*)() const;
 
-// --- Value texts, by the host's type: what a condition is held against and what a result writes -------
-
-std::optional<DimensionValue> parseInteger(const std::wstring& text) {
-  if (!startsWithNumber(text)) return std::nullopt;
-  return static_cast<double>(leadingInteger(text));
-}
-std::optional<DimensionValue> parseBool(const std::wstring& text) {
-  if (!startsWithNumber(text)) return std::nullopt;
-  return leadingInteger(text) != 0 ? 1.0 : 0.0;
-}
-std::optional<DimensionValue> parseReal(const std::wstring& text) {
-  if (!startsWithNumber(text)) return std::nullopt;
-  return leadingReal(text);
-}
-std::optional<DimensionValue> parseText(const std::wstring& text) { return text; }
-std::optional<DimensionValue> parseCharacter(const std::wstring& text) {
-  if (text.size() != 1) return std::nullopt;
-  return text;
-}
-std::optional<DimensionValue> parseColor(const std::wstring& text) {
-  const int index = colorNumberOfFileText(text);
-  const bool isNamed = base::startsWithFolded(text, L"BY");
-  if ((!isNamed && !startsWithNumber(text)) || index < 0 || index > kColorByLayer) return std::nullopt;
-  return static_cast<double>(index);
-}
-std::optional<DimensionValue> parseWeight(const std::wstring& text) {
-  const int number = lineWeightNumber(text);
-  const bool isNamed = number < 0 && !startsWithNumber(text);
-  if ((!isNamed && !startsWithNumber(text)) || !isLineWeight(number)) return std::nullopt;
-  return static_cast<double>(number);
-}
-std::optional<DimensionValue> parseArrow(const std::wstring& text) {
-  const auto block = blockNameOfDisplayForm(text);
-  if (!block) return std::nullopt;
-  return std::wstring(*block);
-}
-
-// --- Writing of a parsed value -------------------------------------------------------------------------
+// --- Writing, by the host's type ---------------------------------------------------------------------
 
 double numberOf(const DimensionValue& value) { return std::get<double>(value); }
 const std::wstring& textOf(const DimensionValue& value) { return std::get<std::wstring>(value); }
 
 template <Status (AcDbDimension::*Set)(bool)>
 Status writeBool(AcDbDimension& dimension, const DimensionValue& value) {
-  return (dimension.*Set)(numberOf(value) != 0);
+  const double number = numberOf(value);
+  return number == 0 || number == 1 ? (dimension.*Set)(number == 1) : Acad::eInvalidInput;
 }
 template <Status (AcDbDimension::*Set)(int)>
 Status writeInteger(AcDbDimension& dimension, const DimensionValue& value) {
@@ -108,23 +69,34 @@ template <Status (AcDbDimension::*Set)(const ACHAR*)>
 Status writeText(AcDbDimension& dimension, const DimensionValue& value) {
   return (dimension.*Set)(textOf(value).c_str());
 }
-template <Status (AcDbDimension::*Set)(const ACHAR*)>
+// The host makes the block of a built-in arrow when it is asked for it; its own name for the arrow is without
+// the underscore of the block's. That waits until the setter has not found the block, so that a dimension
+// that cannot have the variable at all brings no block into the drawing.
+template <Status (AcDbDimension::*SetName)(const ACHAR*), Status (AcDbDimension::*SetId)(AcDbObjectId)>
 Status writeArrow(AcDbDimension& dimension, const DimensionValue& value) {
-  return writeText<Set>(dimension, value);
+  const std::wstring& name = textOf(value);
+  const Status status = (dimension.*SetName)(name.c_str());
+  if (status == Acad::eOk || status == Acad::eNotApplicable || !name.starts_with(L'_')) return status;
+  AcDbObjectId block;
+  const bool isMade = AcDmUtil::getArrowId(name.c_str() + 1, block, dimension.database()) == Acad::eOk;
+  return isMade ? (dimension.*SetId)(block) : status;
 }
 template <Status (AcDbDimension::*Set)(ACHAR)>
 Status writeCharacter(AcDbDimension& dimension, const DimensionValue& value) {
-  return (dimension.*Set)(textOf(value).front());
+  return textOf(value).size() == 1 ? (dimension.*Set)(textOf(value).front()) : Acad::eInvalidInput;
 }
 template <Status (AcDbDimension::*Set)(const AcCmColor&)>
 Status writeColor(AcDbDimension& dimension, const DimensionValue& value) {
+  const double index = numberOf(value);
+  if (index < kColorByBlock || index > kColorByLayer) return Acad::eInvalidInput;
   AcCmColor color;
-  const Status status = color.setColorIndex(static_cast<Adesk::UInt16>(numberOf(value)));
+  const Status status = color.setColorIndex(static_cast<Adesk::UInt16>(index));
   return status == Acad::eOk ? (dimension.*Set)(color) : status;
 }
 template <Status (AcDbDimension::*Set)(AcDb::LineWeight)>
 Status writeWeight(AcDbDimension& dimension, const DimensionValue& value) {
-  return (dimension.*Set)(static_cast<AcDb::LineWeight>(static_cast<int>(numberOf(value))));
+  const int weight = static_cast<int>(numberOf(value));
+  return isLineWeight(weight) ? (dimension.*Set)(static_cast<AcDb::LineWeight>(weight)) : Acad::eInvalidInput;
 }
 Status writeTextStyle(AcDbDimension& dimension, const DimensionValue& value) {
   const AcDbObjectId style = findInTable(dimension.database()->textStyleTableId(), textOf(value));
@@ -135,25 +107,27 @@ Status writeTextStyle(AcDbDimension& dimension, const DimensionValue& value) {
 
 struct Access {
   const wchar_t* name;
-  ParseValue parse;
   ReadValue readDimension;
   ReadValue readLeader;  // null: leaders do not have it
   WriteValue write;
 };
 
-#define KIV_DIM(NAME, TYPE, GET, SET)                                                                      \
-  Access {                                                                                                 \
-    NAME, parse##TYPE, read<AcDbDimension, &AcDbDimension::GET>, nullptr, write##TYPE<&AcDbDimension::SET> \
+#define KIV_DIM(NAME, TYPE, GET, SET) \
+  Access { NAME, read<AcDbDimension, &AcDbDimension::GET>, nullptr, write##TYPE<&AcDbDimension::SET> }
+#define KIV_LEADER_DIM(NAME, TYPE, GET, SET)                                            \
+  Access {                                                                              \
+    NAME, read<AcDbDimension, &AcDbDimension::GET>, read<AcDbLeader, &AcDbLeader::GET>, \
+        write##TYPE<&AcDbDimension::SET>                                                \
   }
-#define KIV_LEADER_DIM(NAME, TYPE, GET, SET)                                                         \
-  Access {                                                                                           \
-    NAME, parse##TYPE, read<AcDbDimension, &AcDbDimension::GET>, read<AcDbLeader, &AcDbLeader::GET>, \
-        write##TYPE<&AcDbDimension::SET>                                                             \
+#define KIV_DIM_TEXT(NAME, GET, SET)                                                            \
+  Access {                                                                                      \
+    NAME, read<AcDbDimension, static_cast<Getter<const ACHAR*>>(&AcDbDimension::GET)>, nullptr, \
+        writeText<&AcDbDimension::SET>                                                          \
   }
-#define KIV_DIM_TEXT(NAME, GET, SET)                                                                       \
-  Access {                                                                                                 \
-    NAME, parseText, read<AcDbDimension, static_cast<Getter<const ACHAR*>>(&AcDbDimension::GET)>, nullptr, \
-        writeText<&AcDbDimension::SET>                                                                     \
+#define KIV_DIM_ARROW(NAME, GET, SET)                        \
+  Access {                                                   \
+    NAME, read<AcDbDimension, &AcDbDimension::GET>, nullptr, \
+        writeArrow<&AcDbDimension::SET, &AcDbDimension::SET> \
   }
 
 // DIMASO and DIMSHO belong to the drawing and not to a dimension.
@@ -172,9 +146,9 @@ constexpr std::array kAccesses = {
     KIV_DIM(L"DIMATFIT", Integer, dimatfit, setDimatfit),
     KIV_DIM(L"DIMAUNIT", Integer, dimaunit, setDimaunit),
     KIV_DIM(L"DIMAZIN", Integer, dimazin, setDimazin),
-    KIV_DIM(L"DIMBLK", Arrow, dimblk, setDimblk),
-    KIV_DIM(L"DIMBLK1", Arrow, dimblk1, setDimblk1),
-    KIV_DIM(L"DIMBLK2", Arrow, dimblk2, setDimblk2),
+    KIV_DIM_ARROW(L"DIMBLK", dimblk, setDimblk),
+    KIV_DIM_ARROW(L"DIMBLK1", dimblk1, setDimblk1),
+    KIV_DIM_ARROW(L"DIMBLK2", dimblk2, setDimblk2),
     KIV_DIM(L"DIMCEN", Real, dimcen, setDimcen),
     KIV_LEADER_DIM(L"DIMCLRD", Color, dimclrd, setDimclrd),
     KIV_DIM(L"DIMCLRE", Color, dimclre, setDimclre),
@@ -188,7 +162,9 @@ constexpr std::array kAccesses = {
     KIV_DIM(L"DIMFRAC", Integer, dimfrac, setDimfrac),
     KIV_LEADER_DIM(L"DIMGAP", Real, dimgap, setDimgap),
     KIV_DIM(L"DIMJUST", Integer, dimjust, setDimjust),
-    KIV_LEADER_DIM(L"DIMLDRBLK", Arrow, dimldrblk, setDimldrblk),
+    Access{L"DIMLDRBLK", read<AcDbDimension, &AcDbDimension::dimldrblk>,
+           read<AcDbLeader, &AcDbLeader::dimldrblk>,
+           writeArrow<&AcDbDimension::setDimldrblk, &AcDbDimension::setDimldrblk>},
     KIV_DIM(L"DIMLFAC", Real, dimlfac, setDimlfac),
     KIV_DIM(L"DIMLIM", Bool, dimlim, setDimlim),
     KIV_DIM(L"DIMLUNIT", Integer, dimlunit, setDimlunit),
@@ -217,7 +193,7 @@ constexpr std::array kAccesses = {
     KIV_DIM(L"DIMTP", Real, dimtp, setDimtp),
     KIV_DIM(L"DIMTSZ", Real, dimtsz, setDimtsz),
     KIV_DIM(L"DIMTVP", Real, dimtvp, setDimtvp),
-    Access{L"DIMTXSTY", parseText, read<AcDbDimension, &AcDbDimension::dimtxsty>,
+    Access{L"DIMTXSTY", read<AcDbDimension, &AcDbDimension::dimtxsty>,
            read<AcDbLeader, &AcDbLeader::dimtxsty>, writeTextStyle},
     KIV_LEADER_DIM(L"DIMTXT", Real, dimtxt, setDimtxt),
     KIV_DIM(L"DIMTZIN", Integer, dimtzin, setDimtzin),
@@ -228,6 +204,7 @@ constexpr std::array kAccesses = {
 #undef KIV_DIM
 #undef KIV_LEADER_DIM
 #undef KIV_DIM_TEXT
+#undef KIV_DIM_ARROW
 
 std::vector<const Access*> accessesByRow() {
   std::vector<const Access*> byRow(dimensionCatalogue().size(), nullptr);
@@ -243,13 +220,8 @@ const Access* accessOf(int row) {
   return byRow[static_cast<std::size_t>(row)];
 }
 
-// The host writes built-in arrows with or without the underscore, and the catalogue has one of them in a
-// spelling of its own.
-std::wstring arrowKey(std::wstring_view block) {
-  std::wstring key = base::upper(block);
-  if (!key.empty() && key.front() == L'_') key.erase(0, 1);
-  if (key == L"ARCHTIC") key = L"ARCHTICK";
-  return key.empty() ? L"." : key;
+std::optional<DimensionValue> valueOf(int row, const std::wstring& text) {
+  return dimensionValue(dimensionCatalogue()[static_cast<std::size_t>(row)], text);
 }
 
 }  // namespace
@@ -264,18 +236,16 @@ std::optional<DimensionValue> dimensionVariable(const AcDbEntity& entity, bool i
 }
 
 bool equalsDimensionValue(const DimensionValue& value, int row, const std::wstring& text) {
-  const Access* access = accessOf(row);
-  const auto wanted = access != nullptr ? access->parse(text) : std::nullopt;
+  const auto wanted = valueOf(row, text);
   if (!wanted || wanted->index() != value.index()) return false;
   if (std::holds_alternative<double>(value)) return equalNumbers(numberOf(value), numberOf(*wanted));
-  if (access->parse == parseArrow) return arrowKey(textOf(value)) == arrowKey(textOf(*wanted));
   return base::equalFolded(textOf(value), textOf(*wanted));
 }
 
 Acad::ErrorStatus setDimensionVariable(AcDbEntity& dimension, int row, const std::wstring& text) {
   const Access* access = accessOf(row);
   if (access == nullptr) return Acad::eNotThatKindOfClass;
-  const auto value = access->parse(text);
+  const auto value = valueOf(row, text);
   return value ? access->write(static_cast<AcDbDimension&>(dimension), *value) : Acad::eInvalidInput;
 }
 

@@ -1,9 +1,20 @@
 #include "engine/host_variables.h"
 
+#include <cmath>
+#include <limits>
+
 #include "acedads.h"
 #include "adscodes.h"
 
 namespace kiv {
+namespace {
+
+bool isShort(double value) {
+  using Limits = std::numeric_limits<short>;
+  return std::trunc(value) == value && value >= Limits::min() && value <= Limits::max();
+}
+
+}  // namespace
 
 std::optional<std::wstring> textVariable(const wchar_t* name) {
   resbuf value{};
@@ -32,18 +43,24 @@ bool setTextVariable(const wchar_t* name, const std::wstring& value) {
   return acedSetVar(name, &buffer) == RTNORM;
 }
 
-bool setShortVariable(const wchar_t* name, short value) {
+bool setNumberVariable(const wchar_t* name, short type, double value) {
   resbuf buffer{};
-  buffer.restype = RTSHORT;
-  buffer.resval.rint = value;
+  buffer.restype = type;
+  if (type == RTREAL) {
+    buffer.resval.rreal = value;
+  } else if (type == RTSHORT && isShort(value)) {
+    buffer.resval.rint = static_cast<short>(value);
+  } else {
+    return false;
+  }
   return acedSetVar(name, &buffer) == RTNORM;
 }
 
-bool setRealVariable(const wchar_t* name, double value) {
-  resbuf buffer{};
-  buffer.restype = RTREAL;
-  buffer.resval.rreal = value;
-  return acedSetVar(name, &buffer) == RTNORM;
+short variableType(const wchar_t* name) {
+  resbuf value{};
+  if (acedGetVar(name, &value) != RTNORM) return RTNONE;
+  if (value.restype == RTSTR) acutDelString(value.resval.rstring);
+  return value.restype;
 }
 
 }  // namespace kiv

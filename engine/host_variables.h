@@ -11,7 +11,10 @@ std::optional<int> integerVariable(const wchar_t* name);        // nothing: unkn
 
 // True when the host took the value.
 bool setTextVariable(const wchar_t* name, const std::wstring& value);
-bool setShortVariable(const wchar_t* name, short value);
-bool setRealVariable(const wchar_t* name, double value);
+// As RTSHORT or RTREAL. Nothing is sent that would turn into another value: a fraction, or a number of more
+// than sixteen bits, as RTSHORT.
+bool setNumberVariable(const wchar_t* name, short type, double value);
+
+short variableType(const wchar_t* name);  // RTSHORT, RTREAL, RTSTR, ...; RTNONE: unknown
 
 }  // namespace kiv

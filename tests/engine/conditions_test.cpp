@@ -80,17 +80,21 @@ INSTANTIATE_TEST_SUITE_P(
 
 class ConditionRules : public RunTest {};
 
-// A condition reads a dimension variable's value as a result does.
+// A condition reads a dimension variable's value as a result does, and an arrow's name in either spelling.
 TEST_F(ConditionRules, DimensionVariablesInTheFormsOfResults) {
   open(sampleDrawing());
   run({{L"寸法",
-        L"[***]\n{\n[DIMCLRD] = BYLAYER\n[DIMLWD] = 0.25 mm\n[DIMLWE] = ByLayer\n[DIMASZ] = 2.5\n}"}});
+        L"[***]\n{\n[DIMCLRD] = 256\n[DIMLWD] = 25 mm\n[DIMLWE] = -1\n[DIMASZ] = 2.5\n[DIMALTF] = 2.54\n"
+        L"[DIMBLK] = ﾃｨｯｸ(太) (_ARCHTIC)\n}"}});
   ASSERT_TRUE(sink_.notes.empty());
-  run({{L"寸法", L"[DIMCLRD] <> BYLAYER\n{\n[色] = 5\n}\n[DIMLWD] = ByLayer\n{\n[色] = 5\n}"}});
+  run({{L"寸法",
+        L"[DIMCLRD] <> 256\n{\n[色] = 5\n}\n[DIMLWD] = 0.25\n{\n[色] = 5\n}\n[DIMTIH] = 2\n{\n[色] = 5\n}\n"
+        L"[DIMBLK] = 黒丸 (_DOT)\n{\n[色] = 5\n}"}});
   EXPECT_EQ(color(kDimension), 2);
   run({{L"寸法",
-        L"[DIMCLRD] = BYLAYER\n[DIMLWD] = 0.25 mm\n[DIMLWE] = BYLAYER\n[DIMASZ] = 2.50\n[DIMTAD] = 1\n"
-        L"[DIMTIH] = 1\n{\n[色] = 6\n}"}});
+        L"[DIMCLRD] = 256\n[DIMLWD] = 25\n[DIMLWE] = -1\n[DIMASZ] = 2.50\n[DIMALTF] = 2.54\n[DIMTAD] = 1\n"
+        L"[DIMTIH] = 1\n[DIMTSZ] = なし\n[DIMBLK] = ﾃｨｯｸ(太) (_archtic)\n[DIMBLK] = ﾕｰｻﾞ指定 (_ARCHTICK)\n"
+        L"{\n[色] = 6\n}"}});
   EXPECT_EQ(color(kDimension), 6);
 }
 

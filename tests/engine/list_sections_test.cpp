@@ -67,6 +67,21 @@ TEST_F(ListSections, ArrowFileThatTheHostRefusesIsAProblem) {
   EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"矢印[BROKEN]のロードができませんでした"}));
 }
 
+// The catalogue's type decides what a text means, and the host gets the value in its own type.
+TEST_F(ListSections, DimensionVariablesWhoseTypesDiffer) {
+  run({{L"寸法設定",
+        L"DIMALTF, 2.54\nDIMALTRND, 70000.5\nDIMSHO, 0.0\nDIMTAD, 3.9\nDIMCLRD, BYLAYER\nDIMLWD, ByLayer\n"
+        L"DIMTXT, x\nDIMBLK1, ﾃｨｯｸ(太) (_ARCHTIC)"}});
+  for (const auto& [name, value] : {std::pair("DIMALTF", L"2.000000"),
+                                    {"DIMALTRND", L"70000.000000"},
+                                    {"DIMSHO", L"0"},
+                                    {"DIMTAD", L"3"},
+                                    {"DIMBLK1", L"_ArchTick"},
+                                    {"DIMLWD", L"0"}})
+    EXPECT_EQ(variable(name), value) << name;
+  EXPECT_EQ(sink_.notes, (std::vector<Note>{{L"DIMTXT", L"X", kiv::RefusalReason::kOther, 1}}));
+}
+
 TEST_F(ListSections, DimensionVariablesInOrderAndByTheirSeparators) {
   run({{L"寸法設定", L"DIMTAD, 1\nDIMSCALE=50\nNOSUCH, 1\nDIMTAD, 2\nDIMBLK, 黒丸 (_DOT)"}});
   EXPECT_EQ(variable("DIMTAD"), L"2");
@@ -76,10 +91,11 @@ TEST_F(ListSections, DimensionVariablesInOrderAndByTheirSeparators) {
 }
 
 TEST_F(ListSections, RefusedDimensionVariableIsANote) {
-  run({{L"寸法設定", L"DIMBLK, _DOT\nDIMSCALE, -5\nDIMTAD, 65537\nDIMTAD, -32769"}});
+  run({{L"寸法設定", L"DIMBLK, _DOT\nDIMSCALE, -5\nDIMTAD, 65537\nDIMTAD, 99\nDIMSHO, 0.5"}});
   EXPECT_EQ(variable("DIMSCALE"), L"1.000000");
   EXPECT_EQ(variable("DIMTAD"), L"0");
-  EXPECT_EQ(sink_.notes.size(), 4U);
+  EXPECT_EQ(variable("DIMSHO"), L"absent");
+  EXPECT_EQ(sink_.notes.size(), 5U);
 }
 
 TEST_F(ListSections, LinetypesAreLoadedOnceAndFailuresAreProblems) {

@@ -193,18 +193,26 @@ TEST_F(Results, TextAngleAndWidthFactor) {
   EXPECT_FALSE(drawing().real(entity(kMText), Property::kWidthFactor));
 }
 
+// The catalogue's type decides what a text means: DIMALTF is an integer there, and texts count as 0.
 TEST_F(Results, DimensionVariables) {
   runOnAll(
-      L"[***]\n{\n[DIMASZ] = 4.5\n[DIMTIH] = 0\n[DIMCLRT] = 3\n[DIMLWD] = 25\n[DIMDSEP] = .\n"
-      L"[DIMTXSTY] = STANDARD\n[DIMBLK] = 塗り潰し矢印 (.)\n[DIMALTF] = 2.5\n[DIMPOST] = <>mm\n}");
+      L"[***]\n{\n[DIMASZ] = 4.5\n[DIMTIH] = NO\n[DIMCLRT] = 3.9\n[DIMLWD] = 0.25 mm\n[DIMDSEP] = .\n"
+      L"[DIMTXSTY] = STANDARD\n[DIMBLK] = 塗り潰し矢印 (.)\n[DIMALTF] = 2.54\n[DIMPOST] = <>mm\n[DIMTAD] = "
+      L"ABC\n}");
   EXPECT_TRUE(sink_.notes.empty()) << sink_.notes.size();
-  EXPECT_DOUBLE_EQ(overrideOf(kDimension, 41), 4.5);
-  EXPECT_DOUBLE_EQ(overrideOf(kDimension, 73), 0);
-  EXPECT_DOUBLE_EQ(overrideOf(kDimension, 178), 3);
-  EXPECT_DOUBLE_EQ(overrideOf(kDimension, 371), 25);
-  EXPECT_DOUBLE_EQ(overrideOf(kDimension, 143), 2.5);
+  for (const auto& [code, value] : {std::pair(41, 4.5), {73, 0}, {178, 3}, {371, 0}, {143, 2}, {77, 0}})
+    EXPECT_DOUBLE_EQ(overrideOf(kDimension, code), value) << code;
   // Leaders are not dimensions.
   EXPECT_DOUBLE_EQ(overrideOf(kLeader, 41), kNoOverride);
+}
+
+TEST_F(Results, ABuiltInArrowOfADimensionBecomesABlock) {
+  run({{L"寸法", L"[***]\n{\n[DIMBLK1] = ﾃｨｯｸ(太) (_ARCHTIC)\n[DIMLDRBLK] = 黒丸 (_DOT)\n}"}});
+  EXPECT_TRUE(sink_.notes.empty());
+  for (const auto& [code, arrow] : {std::pair(343, L"_ArchTick"), {341, L"_Dot"}}) {
+    EXPECT_NE(drawing().find(cad::Table::kBlock, std::wstring_view(arrow)), cad::kNoRecord);
+    EXPECT_EQ(drawing().dimVariable(entity(kDimension), code), cad::Variable(std::wstring(arrow)));
+  }
 }
 
 TEST_F(Results, OverrideThatEqualsTheStyleIsNoChange) {
@@ -214,13 +222,21 @@ TEST_F(Results, OverrideThatEqualsTheStyleIsNoChange) {
 
 TEST_F(Results, DimensionVariablesOfTheWrongFormAreNotes) {
   run({{L"寸法",
-        L"[***]\n{\n[DIMTAD] = ABC\n[DIMBLK] = _DOT\n[DIMTXSTY] = NONE\n[DIMSHO] = 1\n[DIMDSEP] = ab\n}"}});
-  ASSERT_EQ(sink_.notes.size(), 5U);
-  EXPECT_EQ(sink_.notes[0], (Note{L"DIMTAD", L"ABC", RefusalReason::kBadValue, 1}));
-  EXPECT_EQ(sink_.notes[1], (Note{L"DIMBLK", L"_DOT", RefusalReason::kBadValue, 1}));
-  EXPECT_EQ(sink_.notes[2], (Note{L"DIMTXSTY", L"NONE", RefusalReason::kNoSuchName, 1}));
-  EXPECT_EQ(sink_.notes[3], (Note{L"DIMSHO", L"1", RefusalReason::kNotForObject, 1}));
-  EXPECT_EQ(sink_.notes[4].kind, L"DIMDSEP");
+        L"[***]\n{\n[DIMTAD] = 99\n[DIMZIN] = 77\n[DIMTFAC] = -3\n[DIMTIH] = 2\n[DIMCLRE] = 65538\n[DIMLWE] "
+        L"= 7\n"
+        L"[DIMBLK] = _DOT\n[DIMDSEP] = ab\n[DIMTXSTY] = NONE\n[DIMBLK] = ﾕｰｻﾞ指定 (_NOARROW)\n[DIMSHO] = "
+        L"1\n}"}});
+  std::wstring told;
+  for (const Note& note : sink_.notes)
+    told += note.kind + std::to_wstring(static_cast<int>(note.reason)) + L" ";
+  std::wstring expected;
+  for (const wchar_t* kind :
+       {L"DIMTAD", L"DIMZIN", L"DIMTFAC", L"DIMTIH", L"DIMCLRE", L"DIMLWE", L"DIMBLK", L"DIMDSEP"})
+    expected += kind + std::to_wstring(static_cast<int>(RefusalReason::kBadValue)) + L" ";
+  for (const wchar_t* kind : {L"DIMTXSTY", L"DIMBLK"})
+    expected += kind + std::to_wstring(static_cast<int>(RefusalReason::kNoSuchName)) + L" ";
+  expected += L"DIMSHO" + std::to_wstring(static_cast<int>(RefusalReason::kNotForObject)) + L" ";
+  EXPECT_EQ(told, expected);
   EXPECT_EQ(savedBytes(), before_);
 }
 
