@@ -52,6 +52,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   kiv::WorkLists lists;
   const bool usable = kiv::readWorkLists(folder() / "a.cvt", lists);
   const kiv::TreeLoad first = kiv::loadSpecification(folder(), L"a.cvt");
+  require(usable == first.isSpecification);
   require(usable || first.linesExamined == 0);
 
   if (!kiv::writeSpecification(first.specification, folder() / "b.cvt").ok()) return 0;

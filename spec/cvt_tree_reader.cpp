@@ -34,6 +34,8 @@ TreeLoad loadSpecification(const std::filesystem::path& folder, std::wstring_vie
   if (file.empty()) file = folder / base::pathFromText(fileName);
   const auto parsed = parseCvtFile(file);
   if (!parsed.ok()) return load;
+  load.isRead = true;
+  load.isSpecification = parsed.value().hasKnownSection();
   load.specification.remark = parsed.value().remark;
   load.linesExamined = parsed.value().linesExamined();
   load.diagnostics = parsed.value().diagnostics;

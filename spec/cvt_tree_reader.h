@@ -10,8 +10,10 @@ namespace kiv {
 
 struct TreeLoad {
   Specification
-      specification;  // ten empty sections when the file cannot be read; the file name is set all the same
-  int linesExamined = 0;  // inside sections; 0 when the file cannot be read or has no known section
+      specification;    // ten empty sections when the file cannot be read; the file name is set all the same
+  bool isRead = false;  // the file is there and can be read
+  bool isSpecification = false;  // it has at least one of the ten sections, though all may be empty
+  int linesExamined = 0;         // inside sections, their end markers not counted
   CvtDiagnostics diagnostics;
 };
 

@@ -25,7 +25,7 @@ CCnvDlg::~CCnvDlg() = default;
 
 void CCnvDlg::onInit() {
   folder_ = configurationFolder(findFile_);
-  loadDefault();
+  load(defaultSpecificationName(folder_, findFile_).value_or(L""), true);
   initOptions();
   if (!place_.isEmpty()) window().setPlace(place_);
   window().show(true);

@@ -74,8 +74,7 @@ class CCnvDlg : public Dialog, private PickerOwner {
 
   // --- Files (main_dialog_files.cpp)
   bool onFileCommand(int command);
-  void loadDefault();
-  int load(const std::wstring& name);
+  void load(const std::wstring& name, bool asDefault);
   void loadChosen();
   void saveAs();
   void showFile();

@@ -50,40 +50,23 @@ bool CCnvDlg::onFileCommand(int command) {
   }
 }
 
-void CCnvDlg::loadDefault() {
-  window().enable(IDC_MAIN_DEFAULT, false);
-  const std::wstring name = defaultSpecificationName(folder_, findFile_).value_or(L"");
-  if (load(name) < 1) {
-    // Nobody chose the name of a file that is not there.
-    specification_.fileName.clear();
-    showFile();
-    return;
-  }
-  isDefault_ = true;
-  window().check(IDC_MAIN_DEFAULT, true);
-}
-
-// The number of lines examined; 0 when the file holds no specification.
-int CCnvDlg::load(const std::wstring& name) {
+// `asDefault`: nobody chose the name, so one without a file is not shown, and what is loaded stays the
+// default.
+void CCnvDlg::load(const std::wstring& name, bool asDefault) {
   TreeLoad loaded = loadSpecification(base::pathFromText(folder_), name);
   specification_ = std::move(loaded.specification);
   tree().rebuild();
   showFile();
-  if (loaded.linesExamined > 0) {
-    window().enable(IDC_MAIN_DEFAULT, true);
-  } else {
-    // What is not a specification cannot be the one to start with.
-    isDefault_ = false;
-    window().check(IDC_MAIN_DEFAULT, false);
-    window().enable(IDC_MAIN_DEFAULT, false);
-  }
-  return loaded.linesExamined;
+  // What is not a specification cannot be the one to start with.
+  isDefault_ = loaded.isSpecification && (asDefault || isDefault_);
+  window().check(IDC_MAIN_DEFAULT, isDefault_);
+  window().enable(IDC_MAIN_DEFAULT, loaded.isSpecification);
 }
 
 void CCnvDlg::loadChosen() {
   CReadDlg browser(folder_);
   if (browser.runModal(window().native()) != IDOK || !hasWindow()) return;
-  load(browser.name());
+  load(browser.name(), false);
 }
 
 void CCnvDlg::saveAs() {
@@ -91,6 +74,7 @@ void CCnvDlg::saveAs() {
   const bool confirmed = browser.runModal(window().native()) == IDOK;
   if (!hasWindow()) return;
   if (confirmed) {
+  if (asDefault && !loaded.isRead) specification_.fileName.clear();
     specification_.fileName = browser.name();
     specification_.remark = browser.remark();
     showFile();

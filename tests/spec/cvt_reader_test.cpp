@@ -40,9 +40,23 @@ TEST_F(CvtTreeReader, TheCaseOfAFileNameDoesNotCount) {
 
 TEST_F(CvtTreeReader, AMissingFileLeavesTenEmptySections) {
   const TreeLoad load = loadSpecification(folder_, L"None.cvt");
+  EXPECT_FALSE(load.isRead || load.isSpecification);
   EXPECT_EQ(load.linesExamined, 0);
   EXPECT_EQ(load.specification.fileName, L"None.cvt");
   EXPECT_EQ(load.specification.childCount(Node{}), 10);
+}
+
+TEST_F(CvtTreeReader, EmptySectionsMakeASpecificationARemarkAloneDoesNot) {
+  for (const auto& [text, isSpecification] :
+       {std::pair(L"[備考]\r\nr\r\n[寸法]\r\n---End---\r\n[EOF]\r\n", true),
+        std::pair(L"[備考]\r\nr\r\n[EOF]\r\n", false)}) {
+    makeText("a.cvt", text);
+    const TreeLoad load = loadSpecification(folder_, L"a.cvt");
+    EXPECT_TRUE(load.isRead);
+    EXPECT_EQ(load.isSpecification, isSpecification);
+    EXPECT_EQ(load.specification.remark, L"r");
+    EXPECT_EQ(load.linesExamined, 0);
+  }
 }
 
 TEST(CvtReader, SectionsInAnyOrderAndOnlyTheFirstOfEach) {

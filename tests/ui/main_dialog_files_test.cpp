@@ -133,6 +133,26 @@ TEST_F(MainDialog, AFileThatCannotBeWrittenKeepsTheDialogOpen) {
   EXPECT_NE(printed.find(L"ファイルの作成に失敗しました"), std::wstring::npos);
 }
 
+TEST_F(MainDialog, ASpecificationWithoutRulesIsWhatItIs) {
+  const std::wstring empty = L"[備考]\r\n下書き\r\n[文字]\r\n---End---\r\n[EOF]\r\n";
+  makeConfig(L"EMPTY.CVT", empty);
+  makeConfig(L"REMARK.CVT", L"[備考]\r\n下書き\r\n[EOF]\r\n");
+  for (const wchar_t* name : {L"EMPTY.CVT", L"REMARK.CVT"}) {
+    const bool isSpecification = name == std::wstring(L"EMPTY.CVT");
+    makeConfig(kInitial, name);
+    open();
+    EXPECT_EQ(window().text(IDC_MAIN_FILE_NAME), name);
+    EXPECT_EQ(window().text(IDC_MAIN_REMARK), L"下書き");
+    EXPECT_EQ(window().isChecked(IDC_MAIN_DEFAULT), isSpecification);
+    EXPECT_EQ(window().isEnabled(IDC_MAIN_DEFAULT), isSpecification);
+    load(L"EMPTY.CVT");
+    EXPECT_TRUE(window().isEnabled(IDC_MAIN_DEFAULT));
+    EXPECT_EQ(window().isChecked(IDC_MAIN_DEFAULT), isSpecification);
+    click(IDOK);
+    EXPECT_EQ(bytes(kInitial), isSpecification ? "EMPTY.CVT\r\n" : "Unnamed\r\n");
+  }
+}
+
 TEST_F(MainDialog, CancelLeavesFilesAndSettingsAsTheyWere) {
   makeConfig(L"SAMPLE.CVT", kSampleText);
   makeConfig(kInitial, L"SAMPLE.CVT\r\n");
