@@ -16,22 +16,22 @@ std::wstring reasonOf(int error) {
     case ENOENT:
       return L"the file does not exist";
     case ENOTDIR:
-      return L"a part of the path is not a folder";
+      return kNotAFolder;
     case EISDIR:
-      return L"this is a folder, not a file";
+      return kIsAFolder;
     case EACCES:
     case EPERM:
-      return L"permission denied";
+      return kPermissionDenied;
     case EROFS:
-      return L"the file system is read-only";
+      return kReadOnlyFileSystem;
     case ENOSPC:
-      return L"no space left on the disk";
+      return kNoSpaceLeft;
     case EFBIG:
       return L"the file is too large for the file system";
     case EIO:
       return L"input/output error";
     case ENAMETOOLONG:
-      return L"the name is too long";
+      return kNameTooLong;
     case EMFILE:
     case ENFILE:
       return L"too many open files";

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <string>
 
+#include "base/file_changes.h"
 #include "base/file_errors.h"
 #include "base/files.h"
 
@@ -174,12 +175,23 @@ Result<std::unique_ptr<AtomicFile>> AtomicFile::create(const fs::path& requested
     const fs::path temporary = target.parent_path() / name;
     const int number = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (number < 0 && errno == EEXIST) continue;
-    if (number < 0 && errno == ENOENT) return Failure{pathText(requested), L"the folder does not exist"};
+    if (number < 0 && errno == ENOENT) return Failure{pathText(requested), kFolderDoesNotExist};
     if (number < 0) return fileFailure(requested, errno);
     // Best effort: some file systems have no permissions to keep.
     if (exists) static_cast<void>(::fchmod(number, old.st_mode & 07777));
     return std::unique_ptr<AtomicFile>(std::make_unique<ReplacingFile>(number, temporary, target));
   }
+}
+
+// A removal needs no permission for the file itself; its protection is meant all the same.
+Status removeFile(const fs::path& path) {
+  struct stat status {};
+  if (::lstat(path.c_str(), &status) == 0) {
+    if (S_ISDIR(status.st_mode)) return fileFailure(path, EISDIR);
+    if (!S_ISLNK(status.st_mode) && ::access(path.c_str(), W_OK) != 0) return fileFailure(path, errno);
+  }
+  if (::unlink(path.c_str()) != 0 && errno != ENOENT) return fileFailure(path, errno);
+  return {};
 }
 
 }  // namespace base

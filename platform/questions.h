@@ -27,10 +27,10 @@ struct MessageQuestion {
 Answer showMessage(NativeWindow owner, const MessageQuestion& question);
 
 struct FileQuestion {
-  bool saving = false;            // a name for a file to write; asks before an existing one is taken
-  bool mustExist = true;          // of a file to open
-  std::wstring title;             // empty: the system's own
-  std::wstring initialName;       // a path; its last part may be a pattern such as *.LIST
+  bool saving = false;       // a name for a file to write; whoever asks for it asks before he replaces a file
+  bool mustExist = true;     // of a file to open
+  std::wstring title;        // empty: the system's own
+  std::wstring initialName;  // a path; its last part may be a pattern such as *.LIST
   std::wstring defaultExtension;  // appended to a name without one; without its dot; empty: none
   // Pairs of a description and a pattern ("図面 (*.dwg)", "*.dwg").
   std::vector<std::pair<std::wstring, std::wstring>> filters;

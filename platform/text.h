@@ -27,6 +27,9 @@ std::wstring decodeText(std::string_view bytes);
 // Each "\n" becomes a line end of the file. Not clean: some characters do not exist in the code page.
 base::Encoded encodeText(std::wstring_view text);
 
+// How a failure begins that names the characters which such files cannot hold.
+inline constexpr const wchar_t* kNotInCodePage = L"code page 932 does not have: ";
+
 // The characters of `text` that such files cannot hold, each once, in the order met.
 std::wstring unwritableCharacters(std::wstring_view text);
 

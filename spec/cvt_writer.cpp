@@ -91,7 +91,7 @@ CvtWriteResult writeSpecification(const Specification& specification, const std:
   const base::Encoded encoded = encodeText(text);
   if (!encoded.clean) {
     return notCreated(file, CvtWriteOutcome::kUnwritable,
-                      {base::pathText(file), L"code page 932 does not have: " + unwritableCharacters(text)});
+                      {base::pathText(file), kNotInCodePage + unwritableCharacters(text)});
   }
   const base::Status status = base::writeFileAtomically(file, encoded.bytes);
   if (!status.ok()) return notCreated(file, CvtWriteOutcome::kNotCreated, status.failure());

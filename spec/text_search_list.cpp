@@ -49,10 +49,9 @@ base::Status writeTextSearchList(const std::filesystem::path& file, const std::v
   }
   const base::Encoded encoded = encodeText(text);
   if (!encoded.clean) {
-    return base::Failure{base::pathText(file), L"code page 932 does not have: " + unwritableCharacters(text)};
+    return base::Failure{base::pathText(file), kNotInCodePage + unwritableCharacters(text)};
   }
-  if (!base::writeFileAtomically(file, encoded.bytes).ok()) return cannotOpen(file);
-  return {};
+  return base::writeFileAtomically(file, encoded.bytes);
 }
 
 bool isBlankRow(std::wstring_view row) { return std::all_of(row.begin(), row.end(), showsNothing); }

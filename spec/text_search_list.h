@@ -13,7 +13,7 @@ namespace kiv {
 // A conversion keeps at most so many texts of one list; the rest is not used.
 inline constexpr size_t kTextSearchListCapacity = 200;
 
-// For a message box; the reasons of the failures below are exactly these texts.
+// For a message box; the reasons of failed reading are exactly these texts.
 inline constexpr const wchar_t* kTextListCannotOpen = L"ファイルを開くことができませんでした";
 inline constexpr const wchar_t* kTextListNotUsable = L"選択されたファイルは使用できません";
 
@@ -27,8 +27,8 @@ struct LoadedTextList {
 // The list `name` of `folder`, the name's case ignored.
 base::Result<LoadedTextList> loadTextSearchList(const std::filesystem::path& folder, std::wstring_view name);
 
-// Rows that show nothing are left out. Nothing is written when the file cannot be created or when a row
-// holds a character that such files cannot hold; the failure then names the characters.
+// Rows that show nothing are left out. Nothing is written when the file cannot be created, or when a
+// row holds a character that such files cannot hold; the failure names the system's reason or the characters.
 base::Status writeTextSearchList(const std::filesystem::path& file, const std::vector<std::wstring>& rows);
 
 // Empty, or nothing but white space, control characters and ideographic spaces.

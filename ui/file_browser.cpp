@@ -2,8 +2,11 @@
 
 #include <utility>
 
+#include "base/file_changes.h"
+#include "base/files.h"
 #include "platform/questions.h"
 #include "platform/screen_scale.h"
+#include "ui/file_refusal.h"
 #include "ui/module_title.h"
 #include "ui/resource.h"
 
@@ -65,8 +68,8 @@ bool FileBrowser::onKey(int id, Key key) {
 
 void FileBrowser::deleteNamedFile() {
   if (!isAgreed(L"削除してよろしいですか？")) return;
-  // Where it fails the refilled list shows that the file is still there.
-  deleteSpecificationFile(folder_, nameField());
+  const base::Status deleted = base::removeFile(base::pathFromText(folder_ + nameField()));
+  if (!deleted.ok()) return tellRefusal(L"ファイルの削除に失敗しました", deleted.failure());
   fill();
   window().setText(controls_.name, L"");
   window().setText(controls_.remark, L"");
@@ -74,8 +77,12 @@ void FileBrowser::deleteNamedFile() {
 }
 
 bool FileBrowser::isAgreed(const std::wstring& question) {
-  return showMessage(window().native(), {question, kModuleTitle, Buttons::kYesNo, Icon::kQuestion}) ==
+  return showMessage(window().native(), {question, kModuleTitle, Buttons::kYesNo, Icon::kQuestion, true}) ==
          Answer::kYes;
+}
+
+void FileBrowser::tellRefusal(const std::wstring& what, const base::Failure& failure) {
+  showMessage(window().native(), {refusalText(what, failure), kModuleTitle, Buttons::kOk, Icon::kWarning});
 }
 
 void FileBrowser::takeFields() {

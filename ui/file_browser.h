@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/result.h"
 #include "platform/dialog.h"
 #include "ui/specification_files.h"
 
@@ -32,8 +33,9 @@ class FileBrowser : public Dialog {
 
   std::wstring nameField() const { return window().text(controls_.name); }
   const std::wstring& folder() const { return folder_; }
-  // Asks and waits for the answer.
+  // Asks, with "no" for the Enter key, and waits for the answer.
   bool isAgreed(const std::wstring& question);
+  void tellRefusal(const std::wstring& what, const base::Failure& failure);
   // Takes the fields as what was confirmed.
   void takeFields();
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "spec/configuration.h"
+#include "spec/cvt_writer.h"
 #include "spec/specification.h"
 #include "ui/select_base.h"
 #include "ui/specification_tree.h"
@@ -78,7 +79,7 @@ class CCnvDlg : public Dialog, private PickerOwner {
   void loadChosen();
   void saveAs();
   void showFile();
-  bool write(const Specification& specification, const std::wstring& name);
+  bool tellMissingLayer(const CvtWriteResult& result);
   void writeDefaultName();
   bool writeWorkFile();
 

@@ -5,7 +5,7 @@
 #include "base/files.h"
 #include "platform/host_output.h"
 #include "spec/cvt_tree_reader.h"
-#include "spec/cvt_writer.h"
+#include "ui/file_refusal.h"
 #include "ui/main_dialog.h"
 #include "ui/read_dialog.h"
 #include "ui/resource.h"
@@ -14,22 +14,46 @@
 namespace kiv {
 namespace {
 
-// Opens with the name and remark that the specification has now.
+constexpr const wchar_t* kNotCreated = L"ファイルの作成に失敗しました";
+
+// Whoever reads the command line is told too, as in a run without dialogs.
+void printMessage(const CvtWriteResult& result) {
+  if (result.outcome != CvtWriteOutcome::kLayerMissing && !result.message.empty())
+    printOnCommandLine(result.message);
+}
+
+bool isRefused(const CvtWriteResult& result) {
+  return result.outcome == CvtWriteOutcome::kNotCreated || result.outcome == CvtWriteOutcome::kUnwritable;
+}
+
+// Opens with the name and remark that the specification has now, and closes when it is written or must be
+// changed first.
 class SaveUnder : public CSaveDlg {
  public:
   SaveUnder(const std::wstring& folder, const Specification& specification)
-      : CSaveDlg(folder), name_(specification.fileName), remark_(specification.remark) {}
+      : CSaveDlg(folder), specification_(specification) {}
+
+  const CvtWriteResult& result() const { return result_; }
 
  protected:
   void onInit() override {
     CSaveDlg::onInit();
-    window().setText(IDC_SAVE_NAME, name_);
-    window().setText(IDC_SAVE_REMARK, remark_);
+    window().setText(IDC_SAVE_NAME, specification_.fileName);
+    window().setText(IDC_SAVE_REMARK, specification_.remark);
     onEdited(IDC_SAVE_NAME);
+  }
+  bool accepts() override {
+    specification_.remark = remark();
+    result_ = writeSpecification(specification_, base::pathFromText(folder() + name()));
+    printMessage(result_);
+    if (!isRefused(result_)) return true;
+    tellRefusal(kNotCreated, result_.failure);
+    return false;
   }
 
  private:
-  std::wstring name_, remark_;
+  Specification specification_;
+  CvtWriteResult result_;
 };
 
 }  // namespace
@@ -55,6 +79,7 @@ bool CCnvDlg::onFileCommand(int command) {
 void CCnvDlg::load(const std::wstring& name, bool asDefault) {
   TreeLoad loaded = loadSpecification(base::pathFromText(folder_), name);
   specification_ = std::move(loaded.specification);
+  if (asDefault && !loaded.isRead) specification_.fileName.clear();
   tree().rebuild();
   showFile();
   // What is not a specification cannot be the one to start with.
@@ -74,11 +99,10 @@ void CCnvDlg::saveAs() {
   const bool confirmed = browser.runModal(window().native()) == IDOK;
   if (!hasWindow()) return;
   if (confirmed) {
-  if (asDefault && !loaded.isRead) specification_.fileName.clear();
     specification_.fileName = browser.name();
     specification_.remark = browser.remark();
     showFile();
-    if (write(specification_, specification_.fileName)) window().enable(IDC_MAIN_DEFAULT, true);
+    if (!tellMissingLayer(browser.result())) window().enable(IDC_MAIN_DEFAULT, true);
   }
   writeDefaultName();
 }
@@ -88,15 +112,12 @@ void CCnvDlg::showFile() {
   window().setText(IDC_MAIN_REMARK, specification_.remark);
 }
 
-bool CCnvDlg::write(const Specification& specification, const std::wstring& name) {
-  const CvtWriteResult result = writeSpecification(specification, base::pathFromText(folder_ + name));
-  if (result.outcome == CvtWriteOutcome::kLayerMissing) {
-    tree().select(Node::of(kLayerSettingSection, result.setting));
-    tell(result.message);
-    return false;
-  }
-  if (!result.message.empty()) printOnCommandLine(result.message);
-  return result.ok();
+// Selects the setting that is to be given a layer. False when there is none.
+bool CCnvDlg::tellMissingLayer(const CvtWriteResult& result) {
+  if (result.outcome != CvtWriteOutcome::kLayerMissing) return false;
+  tree().select(Node::of(kLayerSettingSection, result.setting));
+  tell(result.message);
+  return true;
 }
 
 // A failure leaves the person with the specification that was the default before.
@@ -109,7 +130,12 @@ void CCnvDlg::writeDefaultName() {
 bool CCnvDlg::writeWorkFile() {
   Specification work = specification_;
   work.remark = kWorkFileRemark;
-  return write(work, kWorkFileName);
+  const CvtWriteResult result = writeSpecification(work, base::pathFromText(folder_ + kWorkFileName));
+  if (tellMissingLayer(result)) return false;
+  printMessage(result);
+  if (!isRefused(result)) return true;
+  tell(refusalText(kNotCreated, result.failure));
+  return false;
 }
 
 }  // namespace kiv

@@ -29,7 +29,7 @@ void CSaveDlg::save() {
   window().setText(IDC_SAVE_NAME, withSpecificationExtension(nameField()));
   if (findHostFile(folder() + nameField()) && !isAgreed(L"上書きしてよろしいですか？")) return;
   takeFields();
-  end(IDOK);
+  if (accepts()) end(IDOK);
 }
 
 }  // namespace kiv

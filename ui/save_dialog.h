@@ -6,7 +6,7 @@
 namespace kiv {
 
 // runModal() gives IDOK (1) when name() and remark() are to be saved under; the person has agreed to
-// overwrite a file of that name, and nothing is written yet.
+// overwrite a file of that name. What writes it when it is accepted keeps the dialog open where it cannot.
 class CSaveDlg : public FileBrowser {
  public:
   // With its trailing separator.
@@ -16,6 +16,8 @@ class CSaveDlg : public FileBrowser {
   void onSelected(int id) override;
   void onEdited(int id) override;
   void onCommand(int command) override;
+  // Called with name() and remark() as they are confirmed; false: the dialog stays open.
+  virtual bool accepts() { return true; }
 
  private:
   void save();

@@ -5,7 +5,6 @@
 
 #include "base/files.h"
 #include "base/fold.h"
-#include "platform/paths.h"
 #include "platform/text.h"
 
 namespace kiv {
@@ -56,15 +55,6 @@ void sortByName(std::vector<SpecificationFile>& files, bool descending) {
                      const int order = base::upper(a.name).compare(base::upper(b.name));
                      return descending ? order > 0 : order < 0;
                    });
-}
-
-bool deleteSpecificationFile(std::wstring_view folder, std::wstring_view name) {
-  const std::wstring path = std::wstring(folder) + std::wstring(name);
-  // A folder is not a specification, even when it is empty and could be removed.
-  if (folderExists(path)) return false;
-  std::error_code error;
-  fs::remove(base::pathFromText(path), error);
-  return !error;
 }
 
 std::wstring withSpecificationExtension(std::wstring name) {

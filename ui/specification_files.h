@@ -22,9 +22,6 @@ std::vector<SpecificationFile> specificationFiles(std::wstring_view folder);
 // By name, ignoring case. Files whose names differ in case only keep their order.
 void sortByName(std::vector<SpecificationFile>& files, bool descending);
 
-// False when the file is still there.
-bool deleteSpecificationFile(std::wstring_view folder, std::wstring_view name);
-
 // The name with ".cvt" appended unless it ends in ".cvt" or ".CVT", exactly.
 std::wstring withSpecificationExtension(std::wstring name);
 

@@ -8,6 +8,7 @@
 #include "platform/questions.h"
 #include "platform/text.h"
 #include "spec/text_search_list.h"
+#include "ui/file_refusal.h"
 #include "ui/resource.h"
 #include "ui/row_edit.h"
 
@@ -57,16 +58,16 @@ void CMojiListDlg::startNew() {
 
 void CMojiListDlg::load() {
   for (;;) {
-    const auto path = askFile(false);
+    const auto path = askFile(false, folder_ + kPattern);
     if (!path || loadFile(*path)) return;
   }
 }
 
-std::optional<std::wstring> CMojiListDlg::askFile(bool saving) {
+std::optional<std::wstring> CMojiListDlg::askFile(bool saving, const std::wstring& initialName) {
   FileQuestion question;
   question.saving = saving;
   question.mustExist = false;  // what cannot be opened is told here
-  question.initialName = folder_ + (saving && !name_.empty() ? name_ : kPattern);
+  question.initialName = initialName;
   question.defaultExtension = L"LIST";
   question.filters = {{std::wstring(kCaption) + L" (" + kPattern + L")", kPattern}};
   return chooseFile(window().native(), question);
@@ -89,12 +90,19 @@ bool CMojiListDlg::loadFile(const std::wstring& path) {
 void CMojiListDlg::save() {
   const std::vector<std::wstring> written = rows();
   if (tellUnwritable(written)) return;
-  const auto path = askFile(true);
+  auto path = askFile(true, folder_ + (name_.empty() ? kPattern : name_));
+  while (path && fileExists(*path) && !agreesToOverwrite()) path = askFile(true, *path);
   if (!path) return;
   const PathParts parts = splitPath(*path);
   setName(parts.name + parts.extension);
   const base::Status status = writeTextSearchList(base::pathFromText(*path), written);
-  if (!status.ok()) tell(status.failure().reason);
+  if (!status.ok()) tell(refusalText(kTextListCannotOpen, status.failure()));
+}
+
+bool CMojiListDlg::agreesToOverwrite() {
+  const MessageQuestion asked{L"上書きしてよろしいですか？", kCaption, Buttons::kYesNo, Icon::kQuestion,
+                              true};
+  return showMessage(window().native(), asked) == Answer::kYes;
 }
 
 // The row stays as it is, selected, so that the person can change it.

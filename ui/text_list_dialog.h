@@ -24,8 +24,9 @@ class CMojiListDlg : public Dialog {
   void startNew();
   void load();
   void save();
-  std::optional<std::wstring> askFile(bool saving);
+  std::optional<std::wstring> askFile(bool saving, const std::wstring& initialName);
   bool loadFile(const std::wstring& path);
+  bool agreesToOverwrite();
   bool tellUnwritable(const std::vector<std::wstring>& rows);
 
   std::vector<std::wstring> rows();

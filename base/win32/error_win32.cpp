@@ -59,10 +59,10 @@ std::wstring systemWords(DWORD error) {
 
 Failure systemFailure(const std::filesystem::path& path, unsigned long error) {
   if (error == ERROR_INVALID_NAME || error == ERROR_BAD_PATHNAME) {
-    return {pathText(path), L"the name has characters that file names cannot have"};
+    return {pathText(path), kUnusableName};
   }
   if (error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION || error == ERROR_USER_MAPPED_FILE) {
-    return {pathText(path), L"another program has the file open"};
+    return {pathText(path), kOpenElsewhere};
   }
   if (const int common = commonError(error); common != 0) return fileFailure(path, common);
   return {pathText(path), systemWords(error)};

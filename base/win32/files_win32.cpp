@@ -8,6 +8,7 @@
 #include <limits>
 #include <string>
 
+#include "base/file_changes.h"
 #include "base/file_errors.h"
 #include "base/win32/error_win32.h"
 
@@ -246,9 +247,16 @@ Result<std::unique_ptr<AtomicFile>> AtomicFile::create(const fs::path& requested
     }
     const DWORD error = GetLastError();
     if (error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS) continue;
-    if (error == ERROR_PATH_NOT_FOUND) return Failure{pathText(requested), L"the folder does not exist"};
+    if (error == ERROR_PATH_NOT_FOUND) return Failure{pathText(requested), kFolderDoesNotExist};
     return systemFailure(requested, error);
   }
+}
+
+Status removeFile(const fs::path& path) {
+  if (DeleteFileW(path.c_str()) != 0) return {};
+  const DWORD error = GetLastError();
+  if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) return {};
+  return isFolder(path) ? fileFailure(path, EISDIR) : systemFailure(path, error);
 }
 
 }  // namespace base

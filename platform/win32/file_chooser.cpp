@@ -61,7 +61,6 @@ std::optional<std::wstring> ask(HWND owner, const FileQuestion& question) {
   chooser.lpstrTitle = question.title.empty() ? nullptr : question.title.c_str();
   chooser.lpstrDefExt = question.defaultExtension.empty() ? nullptr : question.defaultExtension.c_str();
   chooser.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY;
-  if (question.saving) chooser.Flags |= OFN_OVERWRITEPROMPT;
   if (!question.saving && question.mustExist) chooser.Flags |= OFN_FILEMUSTEXIST;
 
   const auto attendance = win32::attended(chooser, question);

@@ -15,7 +15,7 @@ UINT_PTR CALLBACK watchChooser(HWND child, UINT message, WPARAM, LPARAM data) {
   return 0;
 }
 
-// The system's own question whether to take a file that exists; its owner is the chooser.
+// The system's own refusal of a name; its owner is the chooser.
 bool isOwnedBox(HWND window, void* owner) { return GetWindow(window, GW_OWNER) == owner; }
 
 void typePath(const std::wstring& path) {
@@ -25,8 +25,7 @@ void typePath(const std::wstring& path) {
 
 }  // namespace
 
-FileHand::FileHand(OPENFILENAMEW& chooser, bool saving, std::optional<std::wstring> path)
-    : saving_(saving), path_(std::move(path)) {
+FileHand::FileHand(OPENFILENAMEW& chooser, std::optional<std::wstring> path) : path_(std::move(path)) {
   theChooser = nullptr;
   chooser.Flags |= OFN_ENABLEHOOK;
   chooser.lpfnHook = watchChooser;
@@ -38,7 +37,7 @@ bool FileHand::step() {
   if (!path_) return pressButton(theChooser, IDCANCEL);
   if (confirmed_) {
     const HWND box = findOwnWindow(L"#32770", isOwnedBox, theChooser);
-    if (!box || saving_) return box && pressButton(box, IDYES);
+    if (!box) return false;
     report(L"the system refuses " + name());
     giveUp();
     return true;

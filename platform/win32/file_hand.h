@@ -15,14 +15,13 @@ namespace kiv::win32 {
 class FileHand final : public QuestionHand {
  public:
   // Asks for the chooser's classic form, whose controls can be reached. Without a path it is cancelled.
-  FileHand(OPENFILENAMEW& chooser, bool saving, std::optional<std::wstring> path);
+  FileHand(OPENFILENAMEW& chooser, std::optional<std::wstring> path);
 
  private:
   bool step() override;
   void giveUp() override;
   std::wstring name() const override;
 
-  bool saving_;
   bool confirmed_ = false;
   std::optional<std::wstring> path_;
 };

@@ -20,7 +20,7 @@ class ScriptAttendant final : public win32::Attendant {
     return std::make_unique<win32::MessageHand>(owner, question, theScript->answer(question));
   }
   Hand attend(OPENFILENAMEW& chooser, const FileQuestion& question) override {
-    return std::make_unique<win32::FileHand>(chooser, question.saving, theScript->answer(question));
+    return std::make_unique<win32::FileHand>(chooser, theScript->answer(question));
   }
   Hand attend(const FolderQuestion& question) override {
     return std::make_unique<win32::FolderHand>(theScript->answer(question));

@@ -4,6 +4,8 @@
 
 #include <fstream>
 
+#include "base/file_changes.h"
+#include "base/file_errors.h"
 #include "tests/support/temp_path.h"
 
 namespace {
@@ -81,6 +83,27 @@ TEST_F(Files, RefusalsLeaveNothingBehind) {
   EXPECT_EQ(count(), 0U);
 }
 
+TEST_F(Files, AFolderIsMadeWithItsFilesOrNotAtAll) {
+  const fs::path a = make("a", "1"), folder = folder_ / "made";
+  EXPECT_FALSE(base::createFolderWith(folder, {a, folder_ / "none"}).ok());
+  EXPECT_EQ(count(), 1U);
+  ASSERT_TRUE(base::createFolderWith(folder / "", {a}).ok());
+  EXPECT_EQ(base::readFile(folder / "a").value(), "1");
+  ASSERT_TRUE(base::createFolderWith(folder, {make("b", "2")}).ok());
+  EXPECT_FALSE(fs::exists(folder / "b"));
+  EXPECT_EQ(base::createFolderWith(a, {}).failure().reason, base::kFileInTheWay);
+  EXPECT_FALSE(base::createFolderWith(folder_ / "no" / "made", {}).ok());
+  EXPECT_EQ(count(), 3U);
+}
+
+TEST_F(Files, OnlyFilesAreRemoved) {
+  const fs::path path = make("a", "");
+  EXPECT_TRUE(base::removeFile(path).ok());
+  EXPECT_TRUE(base::removeFile(path).ok());
+  EXPECT_EQ(count(), 0U);
+  EXPECT_EQ(base::removeFile(folder_).failure().reason, base::kIsAFolder);
+}
+
 #if !defined(_WIN32)  // permissions by mode, links that anybody can make, names in any encoding and any case
 
 TEST_F(Files, KeepsPermissionsAndLinks) {
@@ -112,6 +135,7 @@ TEST_F(Files, AFileHeldByAnotherProgramIsNamedAndFreedAgain) {
   {
     std::ifstream holder(path);  // opened without leave to delete it
     EXPECT_EQ(base::writeFileAtomically(path, "new").failure().reason, L"another program has the file open");
+    EXPECT_EQ(base::removeFile(path).failure().reason, base::kOpenElsewhere);
   }
   EXPECT_TRUE(base::writeFileAtomically(path, "new").ok());
   EXPECT_EQ(count(), 1U);
@@ -128,9 +152,11 @@ TEST_F(Files, ProtectedFileIsNotReplaced) {
   fs::permissions(path, fs::perms(0444));
   const bool isProtected = !std::ofstream(path, std::ios::app);
   const base::Status written = base::writeFileAtomically(path, "new");
+  const base::Status removed = isProtected ? base::removeFile(path) : base::Status();
   fs::permissions(path, fs::perms(0644));  // so that it can be deleted
   if (!isProtected) GTEST_SKIP() << "nothing is protected from the superuser";
   EXPECT_EQ(written.failure().reason, L"permission denied");
+  EXPECT_EQ(removed.failure().reason, L"permission denied");
 }
 
 TEST_F(Files, FindsIgnoringCase) {

@@ -1,5 +1,6 @@
 #include "spec/text_search_list.h"
 
+#include "base/file_errors.h"
 #include "tests/spec/temp_folder.h"
 
 namespace kiv {
@@ -21,8 +22,7 @@ TEST_F(TextSearchList, RefusalsInTheirWords) {
   EXPECT_EQ(readTextSearchList(make("A", "")).failure().reason, L"選択されたファイルは使用できません");
   EXPECT_EQ(readTextSearchList(make("B", "x\n*** MOJILIST ***\n")).failure().reason,
             L"選択されたファイルは使用できません");
-  EXPECT_EQ(writeTextSearchList(folder_ / "none" / "A", {}).failure().reason,
-            L"ファイルを開くことができませんでした");
+  EXPECT_EQ(writeTextSearchList(folder_ / "none" / "A", {}).failure().reason, base::kFolderDoesNotExist);
   EXPECT_FALSE(writeTextSearchList(folder_ / "C", {L"한"}).ok());
   EXPECT_EQ(count(), 2U);
 }

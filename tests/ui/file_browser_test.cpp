@@ -14,7 +14,7 @@ namespace {
 using Names = std::vector<std::wstring>;
 
 MessageQuestion asked(const std::wstring& text) {
-  return {text, L"ﾌｧｲﾙ変換ﾕｰﾃｨﾘﾃｨ", Buttons::kYesNo, Icon::kQuestion};
+  return {text, L"ﾌｧｲﾙ変換ﾕｰﾃｨﾘﾃｨ", Buttons::kYesNo, Icon::kQuestion, true};
 }
 
 class FileBrowserDialogs : public testing::TempFolder {
@@ -143,6 +143,29 @@ TEST_F(FileBrowserDialogs, TheFileThatTheFieldNamesIsDeletedNotTheSelectedOne) {
   });
   EXPECT_TRUE(std::filesystem::exists(folder_ / "A.cvt"));
   EXPECT_FALSE(std::filesystem::exists(folder_ / "short.cvt"));
+}
+
+TEST_F(FileBrowserDialogs, ARefusedDeletionIsToldAndAVanishedFileIsNot) {
+  std::filesystem::create_directory(folder_ / "taken.cvt");
+  CSaveDlg dialog(folderText());
+  use(dialog, [this](DialogWindow& browser) {
+    user_.type(browser, IDC_SAVE_NAME, L"taken.cvt");
+    browser.focus(IDC_SAVE_LIST);
+    user_.answersMessage(asked(L"削除してよろしいですか？"), Answer::kYes);
+    user_.answersMessage(
+        {L"ファイルの削除に失敗しました\n\n" + folderText() + L"taken.cvt\nファイルではなくフォルダです",
+         L"ﾌｧｲﾙ変換ﾕｰﾃｨﾘﾃｨ", Buttons::kOk, Icon::kWarning},
+        Answer::kOk);
+    user_.press(browser, Key::kDelete);
+    EXPECT_EQ(browser.text(IDC_SAVE_NAME), L"taken.cvt");
+    clickName(browser, IDC_SAVE_LIST, L"A.cvt");
+    std::filesystem::remove(folder_ / "A.cvt");
+    user_.answersMessage(asked(L"削除してよろしいですか？"), Answer::kYes);
+    user_.press(browser, Key::kDelete);
+    EXPECT_EQ(browser.list(IDC_SAVE_LIST).rowCount(), 2);
+    user_.close(browser);
+  });
+  EXPECT_TRUE(std::filesystem::exists(folder_ / "taken.cvt"));
 }
 
 TEST_F(FileBrowserDialogs, ANameIsNeededToSave) {

@@ -122,15 +122,36 @@ TEST_F(MainDialog, RunButtonsWriteTheWorkFileAndHideTheDialog) {
   EXPECT_EQ(window().place(), moved);
 }
 
-TEST_F(MainDialog, AFileThatCannotBeWrittenKeepsTheDialogOpen) {
+TEST_F(MainDialog, AFileThatCannotBeWrittenIsToldAndKeepsTheDialogOpen) {
+  const auto refused = [this](const std::wstring& name, const wchar_t* reason) {
+    return told(L"ファイルの作成に失敗しました\n\n" + dialog().specificationFolder() + name + L"\n" + reason);
+  };
   std::wstring printed;
   cad::Host::instance().setOutput([&](std::wstring_view text) { printed += text; });
+  std::filesystem::create_directory(config(L"taken.cvt"));
   open();
+  user_.inDialog(IDD_SAVE, [&, this](DialogWindow& browser) {
+    user_.type(browser, IDC_SAVE_NAME, L"taken");
+    user_.answersMessage(refused(L"taken.cvt", L"ファイルではなくフォルダです"), Answer::kOk);
+    user_.click(browser, IDOK);
+    EXPECT_EQ(window().text(IDC_MAIN_FILE_NAME), L"");
+    user_.type(browser, IDC_SAVE_NAME, L"plan");
+    user_.type(browser, IDC_SAVE_REMARK, L"한");
+    user_.answersMessage(refused(L"plan.cvt", L"保存できない文字があります: 한"), Answer::kOk);
+    user_.click(browser, IDOK);
+    user_.type(browser, IDC_SAVE_REMARK, L"r");
+    user_.click(browser, IDOK);
+  });
+  click(IDC_MAIN_SAVE);
+  EXPECT_EQ(window().text(IDC_MAIN_FILE_NAME), L"plan.cvt");
+  EXPECT_TRUE(exists(L"plan.cvt"));
   std::filesystem::remove_all(folder_ / "CFG");
+  user_.answersMessage(refused(kWorkFileName, L"フォルダがありません"), Answer::kOk);
   click(IDOK);
   cad::Host::instance().setOutput({});
   EXPECT_TRUE(window().isShown());
-  EXPECT_NE(printed.find(L"ファイルの作成に失敗しました"), std::wstring::npos);
+  for (const std::wstring name : {L"taken.cvt", L"plan.cvt", kWorkFileName})
+    EXPECT_NE(printed.find(name + L"ファイルの作成に失敗しました"), std::wstring::npos) << test::narrow(name);
 }
 
 TEST_F(MainDialog, ASpecificationWithoutRulesIsWhatItIs) {

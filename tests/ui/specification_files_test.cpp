@@ -36,15 +36,6 @@ TEST_F(SpecificationFiles, SortIgnoringCaseAndKeepTheirRemarks) {
   EXPECT_EQ(files[0].remark + files[1].remark + files[2].remark, L"123");
 }
 
-TEST_F(SpecificationFiles, OnlyFilesAreDeleted) {
-  make("a.cvt", "");
-  std::filesystem::create_directory(folder_ / "b.cvt");
-  EXPECT_TRUE(deleteSpecificationFile(folderText(), L"a.cvt"));
-  deleteSpecificationFile(folderText(), L"a.cvt");
-  EXPECT_FALSE(deleteSpecificationFile(folderText(), L"b.cvt"));
-  EXPECT_EQ(count(), 1U);
-}
-
 TEST_F(SpecificationFiles, TwoSpellingsOfTheExtensionSuffice) {
   EXPECT_EQ(withSpecificationExtension(L"plan"), L"plan.cvt");
   EXPECT_EQ(withSpecificationExtension(L"plan.CVT"), L"plan.CVT");

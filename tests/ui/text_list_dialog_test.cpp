@@ -148,11 +148,33 @@ TEST_F(TextListDialog, ARowThatCannotBeWrittenIsNamedAndKept) {
   });
 }
 
-TEST_F(TextListDialog, AFolderThatCannotBeWrittenToIsTold) {
-  use([this](DialogWindow& editor) {
+TEST_F(TextListDialog, AFileThatExistsIsReplacedOnlyWhenAgreed) {
+  const std::string before = "*** MOJILIST ***\r\nold\r\n";
+  make("A.LIST", before);
+  const MessageQuestion asked{L"上書きしてよろしいですか？", L"文字検索リスト", Buttons::kYesNo,
+                              Icon::kQuestion, true};
+  use([&, this](DialogWindow& editor) {
+    typeRow(editor, 0, L"new");
+    user_.choosesFile(toSave(), path(L"A.LIST"));
+    user_.answersMessage(asked, Answer::kNo);
+    user_.cancelsFile(toSave(L"A.LIST"));
+    user_.click(editor, IDC_TEXT_LIST_SAVE);
+    EXPECT_EQ(content("A.LIST"), before);
+    EXPECT_EQ(editor.text(IDC_TEXT_LIST_NAME), L"");
+    user_.choosesFile(toSave(), path(L"A.LIST"));
+    user_.answersMessage(asked, Answer::kYes);
+    user_.click(editor, IDC_TEXT_LIST_SAVE);
+  });
+  EXPECT_EQ(content("A.LIST"), "*** MOJILIST ***\r\nnew\r\n");
+}
+
+TEST_F(TextListDialog, AFileThatCannotBeWrittenIsToldWithItsReason) {
+  const std::wstring file = path(L"none") + kSeparator + L"A.LIST";
+  use([&, this](DialogWindow& editor) {
     typeRow(editor, 0, L"a");
-    user_.choosesFile(toSave(), path(L"none") + kSeparator + L"A.LIST");
-    user_.answersMessage(told(L"ファイルを開くことができませんでした"), Answer::kOk);
+    user_.choosesFile(toSave(), file);
+    user_.answersMessage(told(L"ファイルを開くことができませんでした\n\n" + file + L"\nフォルダがありません"),
+                         Answer::kOk);
     user_.click(editor, IDC_TEXT_LIST_SAVE);
     EXPECT_EQ(rows(editor), Texts{L"a"});
   });

@@ -1,0 +1,71 @@
+#include "base/file_changes.h"
+
+#include <atomic>
+#include <string>
+#include <system_error>
+
+#include "base/codepage.h"
+#include "base/file_errors.h"
+#include "base/files.h"
+
+namespace base {
+namespace {
+
+Failure failureOf(const std::filesystem::path& path, const std::error_code& error) {
+  const std::error_condition common = error.default_error_condition();
+  if (common.category() == std::generic_category()) return fileFailure(path, common.value());
+  return {pathText(path), fromUtf8(error.message())};
+}
+
+// Beside the folder that it becomes; gone at the end unless it has become that.
+class TemporaryFolder {
+ public:
+  explicit TemporaryFolder(const std::filesystem::path& target) {
+    static std::atomic<unsigned> serial{0};
+    do {
+      path_ = target.parent_path() / (".tmp-" + std::to_string(serial++));
+    } while (!std::filesystem::create_directory(path_, error_) && !error_);
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  ~TemporaryFolder() {
+    std::error_code ignored;
+    if (!error_ && !renamed_) std::filesystem::remove_all(path_, ignored);
+  }
+  std::error_code become(const std::filesystem::path& target) {
+    std::error_code error;
+    std::filesystem::rename(path_, target, error);
+    renamed_ = !error;
+    return error;
+  }
+  const std::filesystem::path& path() const { return path_; }
+  const std::error_code& error() const { return error_; }
+
+ private:
+  std::filesystem::path path_;
+  std::error_code error_;
+  bool renamed_ = false;
+};
+
+}  // namespace
+
+Status createFolderWith(const std::filesystem::path& named, const std::vector<std::filesystem::path>& files) {
+  namespace fs = std::filesystem;
+  const fs::path folder = named.has_filename() ? named : named.parent_path();
+  std::error_code error;
+  if (fs::is_directory(folder, error)) return {};
+  if (fs::exists(folder, error)) return Failure{pathText(folder), kFileInTheWay};
+  TemporaryFolder made(folder);
+  if (made.error()) return failureOf(folder, made.error());
+  for (const fs::path& file : files) {
+    const auto content = readFile(file);
+    if (!content.ok()) return content.failure();
+    const Status copied = writeFileAtomically(made.path() / file.filename(), content.value());
+    if (!copied.ok()) return Failure{pathText(folder / file.filename()), copied.failure().reason};
+  }
+  const std::error_code refused = made.become(folder);
+  const bool isThere = !refused || fs::is_directory(folder, error);  // another program may have been faster
+  return isThere ? Status() : Status(failureOf(folder, refused));
+}
+
+}  // namespace base

@@ -1,0 +1,18 @@
+#pragma once
+// What changes a folder: a folder made, a file removed.
+
+#include <filesystem>
+#include <vector>
+
+#include "base/result.h"
+
+namespace base {
+
+// Makes the folder with copies of `files`, whole or not at all. A folder that is there already stays as it
+// is, which is no failure. The parent must exist.
+Status createFolderWith(const std::filesystem::path& folder, const std::vector<std::filesystem::path>& files);
+
+// A file that is not there any more counts as removed; a write-protected one and a folder are refused.
+Status removeFile(const std::filesystem::path& path);
+
+}  // namespace base
