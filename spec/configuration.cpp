@@ -1,12 +1,16 @@
 #include "spec/configuration.h"
 
+#include "base/file_changes.h"
 #include "base/files.h"
 #include "base/fold.h"
+#include "platform/host_output.h"
 #include "platform/paths.h"
 #include "platform/text.h"
 
 namespace kiv {
 namespace {
+
+namespace fs = std::filesystem;
 
 constexpr size_t kLongestModulePath = 255;
 constexpr size_t kLongestLine = 255;
@@ -20,6 +24,20 @@ std::wstring configurationFolder(const HostFileLookup& lookup) {
   const size_t at = base::upper(*found).find(kModuleFileName);
   if (at == std::wstring::npos || at < kShortestFolder) return {};
   return ensureTrailingSeparator(folderInSystemCase(found->substr(0, at)) + L"CFG");
+}
+
+base::Status makeConfigurationFolder(const std::wstring& folder) {
+  if (folder.empty() || folderExists(folder)) return {};
+  const fs::path made = base::pathFromText(folder).parent_path();
+  std::vector<fs::path> samples;
+  std::error_code error;
+  const fs::path shipped = made.parent_path() / base::pathFromText(kSampleFolderName);
+  for (fs::directory_iterator entry(shipped, error), end; !error && entry != end; entry.increment(error)) {
+    std::error_code ignored;
+    if (entry->is_regular_file(ignored)) samples.push_back(entry->path());
+  }
+  if (samples.empty()) printError(L"見本の変換指定ﾌｧｲﾙがありません. " + base::pathText(shipped));
+  return base::createFolderWith(made, samples);
 }
 
 std::optional<std::wstring> defaultSpecificationName(const std::wstring& folder,
@@ -38,7 +56,7 @@ std::optional<std::wstring> defaultSpecificationName(const std::wstring& folder,
 base::Status writeDefaultSpecificationName(const std::wstring& folder, std::wstring_view path) {
   const PathParts parts = splitPath(path);
   const std::wstring name = path.empty() ? std::wstring() : parts.name + parts.extension;
-  const std::filesystem::path file = base::pathFromText(folder + kInitialFileName);
+  const fs::path file = base::pathFromText(folder + kInitialFileName);
   base::Encoded encoded = encodeText(name + L"\n");
   if (name.empty() || !encoded.clean) encoded = encodeText(std::wstring(kUnnamedSpecification) + L"\n");
   return base::writeFileAtomically(file, encoded.bytes);

@@ -15,6 +15,7 @@ namespace kiv {
 using HostFileLookup = std::function<std::optional<std::wstring>(const std::wstring& name)>;
 
 inline constexpr const wchar_t* kModuleFileName = L"KIVGUI.ARX";
+inline constexpr const wchar_t* kSampleFolderName = L"samples";  // beside the module
 inline constexpr const wchar_t* kInitialFileName = L"KivCvtInit.dat";
 inline constexpr const wchar_t* kUnnamedSpecification = L"Unnamed";
 inline constexpr const wchar_t* kWorkFileName = L"ﾌｧｲﾙ変換_作業用(削除可).$cvt$";
@@ -23,6 +24,10 @@ inline constexpr const wchar_t* kWorkFileRemark = L"この作業ﾌｧｲﾙは�
 // The folder CFG beside the module, with a trailing separator; upper-cased where file names do not heed
 // case. Empty when the host does not find the module, or not below a folder.
 std::wstring configurationFolder(const HostFileLookup& lookup);
+
+// Makes the folder when it is missing, with the samples that stand beside the module; one that exists is left
+// alone. An empty `folder`: nothing to do.
+base::Status makeConfigurationFolder(const std::wstring& folder);
 
 // The first line of the initial file, trimmed at its end. Empty: the host does not find the file.
 std::optional<std::wstring> defaultSpecificationName(const std::wstring& folder,

@@ -4,6 +4,7 @@
 
 #include "platform/host_messages.h"
 #include "platform/questions.h"
+#include "ui/file_refusal.h"
 #include "ui/module_title.h"
 #include "ui/resource.h"
 
@@ -25,10 +26,12 @@ CCnvDlg::~CCnvDlg() = default;
 
 void CCnvDlg::onInit() {
   folder_ = configurationFolder(findFile_);
+  const base::Status made = makeConfigurationFolder(folder_);
   load(defaultSpecificationName(folder_, findFile_).value_or(L""), true);
   initOptions();
   if (!place_.isEmpty()) window().setPlace(place_);
   window().show(true);
+  if (!made.ok()) tell(refusalText(L"フォルダの作成に失敗しました", made.failure()));
 }
 
 void CCnvDlg::onCommand(int command) {

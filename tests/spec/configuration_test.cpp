@@ -1,5 +1,7 @@
 #include "spec/configuration.h"
 
+#include "spec/cvt_parser.h"
+#include "spec/text_search_list.h"
 #include "tests/spec/temp_folder.h"
 
 namespace kiv {
@@ -21,6 +23,22 @@ TEST_F(Configuration, FolderBesideTheModule) {
   EXPECT_EQ(configurationFolder(answering(L"/KIVGUI.ARX")), L"");
   EXPECT_EQ(configurationFolder(answering(L"/opt/tools/other.arx")), L"");
   EXPECT_EQ(configurationFolder(answering(L"/" + std::wstring(250, L'a') + L"/KIVGUI.ARX")), L"");
+}
+
+TEST_F(Configuration, TheSamplesOfTheProductAreUnderstood) {
+  std::filesystem::copy(KIV_SAMPLES, folder_ / "samples");
+  const std::filesystem::path made = folder_ / "CFG";
+  ASSERT_TRUE(makeConfigurationFolder(base::pathText(made / "")).ok());
+  size_t specifications = 0;
+  for (const auto& file : std::filesystem::directory_iterator(made)) {
+    if (file.path().extension() != ".cvt") continue;
+    const auto parsed = parseCvtFile(file.path());
+    EXPECT_TRUE(parsed.value().diagnostics.empty()) << file.path();
+    EXPECT_FALSE(parsed.value().remark.empty()) << file.path();
+    ++specifications;
+  }
+  EXPECT_GE(specifications, 3U);
+  EXPECT_FALSE(readTextSearchList(made / "ROOMS.LIST").value().empty());
 }
 
 TEST_F(Configuration, DefaultSpecificationWrittenAndReadBack) {

@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "embedded/editor/host.h"
+#include "platform/paths.h"
 #include "platform/settings.h"
 #include "spec/cvt_writer.h"
 #include "tests/spec/sample_specification.h"
@@ -152,6 +153,31 @@ TEST_F(MainDialog, AFileThatCannotBeWrittenIsToldAndKeepsTheDialogOpen) {
   EXPECT_TRUE(window().isShown());
   for (const std::wstring name : {L"taken.cvt", L"plan.cvt", kWorkFileName})
     EXPECT_NE(printed.find(name + L"ファイルの作成に失敗しました"), std::wstring::npos) << test::narrow(name);
+}
+
+TEST_F(MainDialog, AFirstStartHasTheSamplesALaterOneWhatIsThere) {
+  std::filesystem::remove(folder_ / "CFG");
+  std::filesystem::create_directory(folder_ / "samples");
+  make("samples/office.cvt", "1");
+  make("samples/ROOMS.LIST", "2");
+  open();
+  EXPECT_EQ(files(), (std::map<std::wstring, std::string>{{L"office.cvt", "1"}, {L"ROOMS.LIST", "2"}}));
+  std::filesystem::remove(config(L"office.cvt"));
+  dialog_.reset();
+  open();
+  EXPECT_EQ(files(), (std::map<std::wstring, std::string>{{L"ROOMS.LIST", "2"}}));
+}
+
+TEST_F(MainDialog, AConfigurationFolderThatCannotBeMadeIsTold) {
+  std::filesystem::remove(folder_ / "CFG");
+  make("CFG", "a file");
+  user_.answersMessage(
+      told(L"フォルダの作成に失敗しました\n\n" + folderInSystemCase(base::pathText(folder_ / "CFG")) +
+           L"\n同じ名前のファイルがあります"),
+      Answer::kOk);
+  open();
+  user_.sawEverything();
+  EXPECT_TRUE(window().isShown());
 }
 
 TEST_F(MainDialog, ASpecificationWithoutRulesIsWhatItIs) {
