@@ -148,7 +148,7 @@ int checkSpecification(const wchar_t* path, KivSpecificationReport* report) {
   static SpecificationTexts texts;
   texts = {};
   *report = {};
-  if (auto parsed = parseCvtFile(base::pathFromText(path)); parsed.ok()) {
+  if (auto parsed = checkCvtFile(base::pathFromText(path)); parsed.ok()) {
     texts.failure = parsed.value().unusableReason();
     countContent(parsed.value(), *report);
     texts.diagnostics = std::move(parsed.value().diagnostics);

@@ -1,6 +1,39 @@
 #include "spec/cvt_diagnostics.h"
 
+#include "spec/text_search_list.h"
+
 namespace kiv {
+namespace {
+
+// Lines that are understood.
+std::wstring doubt(CvtProblem problem, const std::wstring& quoted) {
+  switch (problem) {
+    case CvtProblem::kNothingInCommon:
+      return L"no object has both this and an earlier value of " + quoted +
+             L", so the setting selects nothing; block references, and what their definitions hold with "
+             L"block scope 1 or 2, take the values as alternatives";
+    case CvtProblem::kNotALayerColor:
+      return quoted + L" is no colour of a layer; a layer has a number from 1 to 255";
+    case CvtProblem::kCaseLost:
+      return L"lines are read in upper case; drawings get " + quoted;
+    case CvtProblem::kReadAsInverted:
+      return L"the <> in the value makes this an inverted condition";
+    case CvtProblem::kInvertedResult:
+      return L"a result cannot be inverted; it is read as = " + quoted;
+    case CvtProblem::kTextListMissing:
+      return L"the text search list " + quoted +
+             L" cannot be opened in the folder of this file; the setting applies to nothing";
+    case CvtProblem::kTextListUnusable:
+      return quoted + L" is no text search list; the setting applies to nothing";
+    case CvtProblem::kTextListCut:
+      return L"the text search list " + quoted + L" is too long; only its first " +
+             std::to_wstring(kTextSearchListCapacity) + L" texts are used";
+    default:
+      return {};
+  }
+}
+
+}  // namespace
 
 std::wstring diagnosticReason(const CvtDiagnostic& diagnostic) {
   const std::wstring quoted = L"\"" + diagnostic.detail + L"\"";
@@ -33,7 +66,7 @@ std::wstring diagnosticReason(const CvtDiagnostic& diagnostic) {
     case CvtProblem::kNoSetting:
       return L"no setting to which this result could belong; the line is dropped";
     case CvtProblem::kMatchesEverything:
-      return L"no condition of this setting was understood, so it applies to everything in its section";
+      return L"no condition of this setting counts, so it applies to everything in its section";
     case CvtProblem::kUnknownSection:
       return L"unknown section " + quoted + L" is ignored";
     case CvtProblem::kNotText:
@@ -45,24 +78,26 @@ std::wstring diagnosticReason(const CvtDiagnostic& diagnostic) {
       return L"extra or missing fields (" + diagnostic.detail + L" in all)";
     case CvtProblem::kNotAResult:
       return L"key " + quoted + L" cannot be a result; the line is dropped";
+    default:
+      return doubt(diagnostic.problem, quoted);
   }
-  return {};
 }
 
 bool dropsText(CvtProblem problem) {
   switch (problem) {
-    case CvtProblem::kLineTooLong:
-    case CvtProblem::kSectionNotEnded:
-    case CvtProblem::kBadBytes:
-    case CvtProblem::kNoEndOfFile:
-    case CvtProblem::kNoEffect:
-    case CvtProblem::kAmbiguousValue:
-    case CvtProblem::kMatchesEverything:
-    case CvtProblem::kUnknownVariable:
-    case CvtProblem::kExtraOrMissingFields:
-      return false;
-    default:
+    case CvtProblem::kUnknownKey:
+    case CvtProblem::kNoKey:
+    case CvtProblem::kWrongFieldCount:
+    case CvtProblem::kOutsideSections:
+    case CvtProblem::kSectionRepeated:
+    case CvtProblem::kAfterEmptyLine:
+    case CvtProblem::kNoSetting:
+    case CvtProblem::kUnknownSection:
+    case CvtProblem::kNotText:
+    case CvtProblem::kNotAResult:
       return true;
+    default:
+      return false;
   }
 }
 

@@ -22,12 +22,20 @@ enum class CvtProblem {
   kNoEffect = 11,           // the item is kept, but its kind does nothing in this section
   kAmbiguousValue = 12,     // the value holds "<", ">" or ","
   kNoSetting = 13,          // a result that belongs to no setting: the line adds nothing
-  kMatchesEverything = 14,  // no condition of the setting was understood: it applies to all objects
+  kMatchesEverything = 14,  // no condition of the setting counts: it applies to everything
   kUnknownSection = 15,     // a section of another name is ignored with its lines
   kNotText = 16,            // the file looks like UTF-8 or UTF-16, or is not a specification at all
   kUnknownVariable = 17,    // a list line that names no known dimension variable: kept, but it sets nothing
   kExtraOrMissingFields = 18,  // a list line of another number of fields: an entry all the same
   kNotAResult = 19,            // a kind that is a condition only: the line adds nothing
+  kNothingInCommon = 20,       // two conditions that no selected object meets together
+  kNotALayerColor = 21,        // a colour that layers cannot have
+  kCaseLost = 22,              // a text that a drawing shows is read in upper case
+  kReadAsInverted = 23,        // "=", but "<>" in the value inverts the condition
+  kInvertedResult = 24,        // "<>" in a result: read as "="
+  kTextListMissing = 25,       // a text search list is not beside the file, or cannot be opened
+  kTextListUnusable = 26,      // a file of that name is no text search list
+  kTextListCut = 27,           // a text search list of more texts than a conversion keeps
 };
 
 struct CvtDiagnostic {

@@ -1,11 +1,13 @@
 #include "spec/cvt_parser.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "base/files.h"
 #include "spec/cvt_lines.h"
 #include "spec/cvt_section_pass.h"
 #include "spec/cvt_words.h"
+#include "spec/text_search_list.h"
 
 namespace kiv {
 namespace {
@@ -73,6 +75,13 @@ void orderByLine(CvtDiagnostics& diagnostics) {
                    [&](const CvtDiagnostic& a, const CvtDiagnostic& b) { return place(a) < place(b); });
 }
 
+std::optional<CvtProblem> problemOf(const std::filesystem::path& folder, const std::wstring& textList) {
+  const auto loaded = loadTextSearchList(folder, textList);
+  if (loaded.ok()) return loaded.value().isCut ? std::optional(CvtProblem::kTextListCut) : std::nullopt;
+  return loaded.failure().reason == kTextListNotUsable ? CvtProblem::kTextListUnusable
+                                                       : CvtProblem::kTextListMissing;
+}
+
 }  // namespace
 
 int ParsedCvt::linesExamined() const {
@@ -115,6 +124,21 @@ base::Result<ParsedCvt> parseCvtFile(const std::filesystem::path& file) {
   const auto content = base::readFile(file);
   if (!content.ok()) return content.failure();
   return parseCvt(content.value());
+}
+
+base::Result<ParsedCvt> checkCvtFile(const std::filesystem::path& file) {
+  auto parsed = parseCvtFile(file);
+  if (!parsed.ok()) return parsed;
+  CvtDiagnostics& diagnostics = parsed.value().diagnostics;
+  for (const CvtSection& section : parsed.value().sections) {
+    for (const CvtTextList& list : section.textLists) {
+      if (const auto problem = problemOf(file.parent_path(), list.name)) {
+        diagnostics.push_back({*problem, list.line, list.text, list.name});
+      }
+    }
+  }
+  orderByLine(diagnostics);
+  return parsed;
 }
 
 }  // namespace kiv

@@ -19,6 +19,13 @@ namespace kiv {
 
 inline constexpr size_t kCvtLineLimit = 255;  // characters of a line; a longer one is several lines
 
+// A condition that names a text search list.
+struct CvtTextList {
+  std::wstring name;
+  int line;
+  std::wstring text;  // the line as it stands in the file, trimmed
+};
+
 struct CvtSection {
   bool found = false;
   int linesExamined = 0;          // between the header and the end
@@ -27,6 +34,7 @@ struct CvtSection {
   // comma, else two. 7: three or nine, the colour as the editor has it. 8: file, linetype. 9: style, font
   // and, when there is one, big font. 10: one field.
   std::vector<std::vector<std::wstring>> entries;
+  std::vector<CvtTextList> textLists;  // that a conversion looks for beside the file
 };
 
 struct ParsedCvt {
@@ -44,5 +52,7 @@ ParsedCvt parseCvt(std::string_view bytes);
 
 // Failures: those of reading a file.
 base::Result<ParsedCvt> parseCvtFile(const std::filesystem::path& file);
+// The same with warnings of the text search lists that the file names.
+base::Result<ParsedCvt> checkCvtFile(const std::filesystem::path& file);
 
 }  // namespace kiv

@@ -1,7 +1,10 @@
 #include "spec/cvt_section_pass.h"
 
+#include <algorithm>
+
 #include "base/fold.h"
 #include "spec/color_text.h"
+#include "spec/cvt_item_check.h"
 #include "spec/cvt_words.h"
 #include "spec/dimension_catalogue.h"
 
@@ -88,7 +91,13 @@ bool CvtSectionPass::takeCondition(const CvtLine& line) {
     return true;
   }
   Item item;
-  if (readItem(line, false, item)) section_.settings.back().conditions.push_back(std::move(item));
+  if (!readItem(line, false, item)) return false;
+  std::vector<Item>& conditions = section_.settings.back().conditions;
+  CvtItemCheck(info_.number, item, line, diagnostics_).checkCondition(conditions);
+  if (item.kind == kTextListKind && hasEffect(item.kind, info_.number, false)) {
+    section_.textLists.push_back({item.value, line.number, line.text});
+  }
+  conditions.push_back(std::move(item));
   return false;
 }
 
@@ -99,6 +108,7 @@ bool CvtSectionPass::takeResult(const CvtLine& line) {
   }
   Item item;
   if (!readItem(line, true, item)) return false;
+  CvtItemCheck(info_.number, item, line, diagnostics_).checkResult();
   section_.settings.back().results.push_back(std::move(item));
   return true;
 }
@@ -120,19 +130,16 @@ bool CvtSectionPass::readItem(const CvtLine& line, bool asResult, Item& item) {
     report(CvtProblem::kNotAResult, line, item.key());
     return false;
   }
-  const bool nameless = item.kind == kVariableKind && item.variable.empty();
-  if (nameless || !hasEffect(item.kind, info_.number, asResult))
-    report(CvtProblem::kNoEffect, line, item.key());
-  if (parts.value.find_first_of(L"<>,") != parts.value.npos) {
-    report(CvtProblem::kAmbiguousValue, line, parts.value);
-  }
   return true;
 }
 
 void CvtSectionPass::endSetting() {
   if (hasCurrent_) {
     const Setting& setting = section_.settings.back();
-    if (!wildcard_ && setting.conditions.empty() && !setting.results.empty()) {
+    const bool counts =
+        std::any_of(setting.conditions.begin(), setting.conditions.end(),
+                    [this](const Item& condition) { return hasEffect(condition.kind, info_.number, false); });
+    if (!wildcard_ && !counts && !setting.results.empty()) {
       report(CvtProblem::kMatchesEverything, *opened_, setting.name);
     }
   }
@@ -158,6 +165,7 @@ void CvtSectionPass::takeListLine(const CvtLine& line) {
   if (info_.number == kDimensionSettingSection) {
     const std::wstring name(base::trim(assigned ? fields[0].substr(0, fields[0].find(L'=')) : fields[0]));
     if (findDimensionVariable(name) < 0) report(CvtProblem::kUnknownVariable, line, name);
+    checkShownText(line, name);
   }
   if (given > most) fields.resize(most);
   if (given == 1 && !assignment) fields.emplace_back();
@@ -166,13 +174,22 @@ void CvtSectionPass::takeListLine(const CvtLine& line) {
   section_.entries.push_back(std::move(fields));
 }
 
+void CvtSectionPass::checkShownText(const CvtLine& line, const std::wstring& variable) {
+  const size_t sign = line.folded.find_first_of(L",=");
+  if (!isShownVariable(variable) || sign == line.folded.npos) return;
+  const std::wstring value(base::trim(std::wstring_view(line.folded).substr(sign + 1)));
+  if (!line.text.ends_with(value)) report(CvtProblem::kCaseLost, line, value);
+}
+
 void CvtSectionPass::takeLayer(const CvtLine& line) {
   std::vector<std::wstring> fields = splitFields(line.folded);
   if (!hasFieldCount(info_.number, fields.size())) {
     report(CvtProblem::kWrongFieldCount, line, std::to_wstring(fields.size()));
     return;
   }
-  fields[1] = colorText(colorNumberOfFileText(fields[1]));
+  const int color = colorNumberOfFileText(fields[1]);
+  if (!fields[1].empty() && !isLayerColor(color)) report(CvtProblem::kNotALayerColor, line, fields[1]);
+  fields[1] = colorText(color);
   section_.entries.push_back(std::move(fields));
 }
 

@@ -98,6 +98,11 @@ bool isArrowVariable(std::wstring_view name) {
   return base::startsWithFolded(name, L"DIMBLK") || base::equalFolded(name, L"DIMLDRBLK");
 }
 
+bool isShownVariable(std::wstring_view name) {
+  return base::equalFolded(name, L"DIMPOST") || base::equalFolded(name, L"DIMAPOST") ||
+         base::equalFolded(name, L"DIMDSEP");
+}
+
 const wchar_t* typeText(DimensionVariable::Type type) {
   return type == kInteger ? L"整数" : type == kReal ? L"実数" : L"文字";
 }

@@ -1,5 +1,7 @@
 // kivcvt check, info and help: what they print and how they end.
 
+#include <algorithm>
+
 #include "tests/cli/program_runner.h"
 
 namespace kivcli::testing {
@@ -36,6 +38,28 @@ TEST_F(CheckTest, AWarningDropsNothing) {
   EXPECT_EQ(run.status, 0);
   EXPECT_TRUE(contains(run.err, "odd.cvt:4: warning: ")) << run.err;
   EXPECT_EQ(run.out, "odd.cvt: 1 setting, 0 list entries; no line is dropped\n");
+}
+
+TEST_F(CheckTest, TextSearchListsAreLookedUpBesideTheFile) {
+  const std::string header = "*** MOJILIST ***\r\n";
+  std::string rows = header;
+  for (int i = 0; i <= 200; ++i) rows += "A*\r\n";
+  write("set/long.list", rows);
+  write("set/plain.list", "A*\r\n");
+  write("set/good.list", header + "A*\r\n");
+  writeSpecification("set/lists.cvt",
+                     "[文字]\n[文字一致のリスト] = GOOD.LIST\n[文字一致のリスト] <> NONE.LIST\n"
+                     "[文字一致のリスト] = plain.list\n[文字一致のリスト] = LONG.LIST\n---End---\n"
+                     "[画層の色･線種]\n[文字一致のリスト] = NONE.LIST\n---End---\n[EOF]\n");
+  const ProgramRun run = kivcvt({"check", "set/lists.cvt"});
+  EXPECT_EQ(run.status, 0);
+  for (const char* line :
+       {"lists.cvt:3: warning: the text search list \"NONE.LIST\" cannot be opened",
+        "lists.cvt:4: warning: \"PLAIN.LIST\" is no text search list",
+        "lists.cvt:5: warning: the text search list \"LONG.LIST\" is too long; only its first 200"}) {
+    EXPECT_TRUE(contains(run.err, line)) << line << " in\n" << run.err;
+  }
+  EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 4) << run.err;
 }
 
 TEST_F(CheckTest, TheWorstFileDecides) {

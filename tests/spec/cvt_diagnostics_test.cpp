@@ -38,9 +38,58 @@ TEST(CvtDiagnostics, LinesThatProbablyDoNotDoWhatIsMeant) {
   EXPECT_EQ(numbered(L"[文字]\n[画層]=a\n{\n[ロック]=ON\n[文字一致のリスト]=A.LIST\n}\n---End---\n[EOF]\n"),
             "11:4 19:5");
   EXPECT_EQ(numbered(L"[画層の色･線種]\n[画層]=a\n[文字高さ]=1\n---End---\n[EOF]\n"), "11:3");
+  EXPECT_EQ(numbered(L"[画層の色･線種]\n[文字高さ]=1\n{\n[画層]=a\n}\n---End---\n[EOF]\n"), "11:2 14:2");
   EXPECT_EQ(numbered(L"[文字]\n[画層]=a,b\n---End---\n[EOF]\n"), "12:2");
   EXPECT_EQ(numbered(L"[文字]\n[画層]=a\n{\n[色]=1\n}\n[X]=1\n{\n[色]=1\n}\n---End---\n[EOF]\n"), "1:6 14:6");
   EXPECT_EQ(numbered(L"[文字]\n[画層]=" + std::wstring(300, L'x') + L"\n---End---\n[EOF]\n"), "4:2 2:2");
+}
+
+TEST(CvtDiagnostics, ConditionsThatNoSelectedObjectMeetsTogether) {
+  const struct {
+    const wchar_t *section, *first, *second;
+    bool warned;
+  } cases[] = {
+      {L"文字", L"[画層] = WALL", L"[画層] = DOOR", true},
+      {L"文字", L"[画層] = A-*", L"[画層] = B-*", true},
+      {L"文字", L"[画層] = a11", L"[画層] = A1@", true},
+      {L"文字", L"[画層] = *-室名", L"[画層] = 部屋*", false},
+      {L"文字", L"[画層] = WALL", L"[画層] = wal?", false},
+      {L"文字", L"[画層] = A*B", L"[画層] = *C*", false},
+      {L"文字", L"[画層] = A*B", L"[画層] = *C", true},
+      {L"文字", L"[画層] = ~A*", L"[画層] = A", false},
+      {L"文字", L"[画層] = WALL", L"[画層] <> DOOR", false},
+      {L"文字", L"[線種] = DASHED", L"[線種] = CENTER", true},
+      {L"文字", L"[色] = BYLAYER", L"[色] = 7", true},
+      {L"文字", L"[色] = 256", L"[色] = BYLAYER", false},
+      {L"文字", L"[字体] = A", L"[字体] = B", true},
+      {L"寸法", L"[字体] = A", L"[字体] = B", false},
+      {L"文字", L"[文字高さ] = 2", L"[文字高さ] = 3", false},
+      {L"画層の色･線種", L"[画層] = A", L"[画層] = B", false},
+  };
+  for (const auto& c : cases) {
+    const std::wstring text = L"[" + std::wstring(c.section) + L"]\n" + c.first + L"\n[線種尺度] <> 9\n" +
+                              c.second + L"\n{\n[線幅値] = 0.25 mm\n}\n---End---\n[EOF]\n";
+    const std::string found = numbered(text);
+    EXPECT_EQ(found.find("20:4") != found.npos, c.warned) << base::toUtf8(text);
+  }
+}
+
+TEST(CvtDiagnostics, ValuesThatDrawingsGetOtherwiseThanTheyAreWritten) {
+  EXPECT_EQ(numbered(L"[画層の色･線種]\n[画層]=a\n{\n[色]=BYLAYER\n[色]=0\n[色]=255\n}\n---End---\n[EOF]\n"),
+            "21:4 21:5");
+  EXPECT_EQ(
+      numbered(L"[画層の作成]\nA,bylayer,CONTINUOUS\nB,7,CONTINUOUS\nC,,CONTINUOUS\n---End---\n[EOF]\n"),
+      "21:2");
+  EXPECT_EQ(numbered(L"[文字]\n[色]=BYLAYER\n{\n[色]=BYBLOCK\n}\n---End---\n[EOF]\n"), "");
+  EXPECT_EQ(numbered(L"[寸法]\n[dimapost]=Abc\n{\n[DIMPOST]=<>mm\n[DIMAPOST]=\" "
+                     L"ABC\n[dimtxsty]=kanji\n}\n---End---\n[EOF]\n"),
+            "12:4 22:4");
+  EXPECT_EQ(
+      numbered(
+          L"[寸法設定]\nDIMPOST, <>mm\nDIMAPOST=ｍ\ndimpost, <>MM\ndimblk, 黒丸 (_Dot)\n---End---\n[EOF]\n"),
+      "22:2 22:3");
+  EXPECT_EQ(numbered(L"[寸法]\n[DIMPOST] = <>MM\n[DIMPOST] <> <>MM\n{\n[色] <> 3\n}\n---End---\n[EOF]\n"),
+            "12:2 23:2 12:3 24:5");
 }
 
 TEST(CvtDiagnostics, OnlyLinesThatAddNothingAreDropped) {
