@@ -8,6 +8,7 @@
 #include "embedded/dxf/dim_overrides.h"
 #include "embedded/dxf/record_builder.h"
 #include "embedded/dxf/record_tools.h"
+#include "embedded/support/arrow_blocks.h"
 
 namespace cad::dxf {
 namespace {
@@ -38,13 +39,6 @@ std::wstring nameBehind(const Drawing& drawing, Handle handle) {
   return name == kNoName ? std::wstring() : drawing.names().text(name);
 }
 
-// Some programs leave out the underscore with which the names of the built-in arrow blocks begin.
-std::wstring arrowBlockName(const Drawing& drawing, std::wstring name) {
-  if (name.empty() || drawing.find(Table::kBlock, std::wstring_view(name)) != kNoRecord) return name;
-  std::wstring full = L"_" + name;
-  return drawing.find(Table::kBlock, std::wstring_view(full)) != kNoRecord ? full : name;
-}
-
 std::optional<Variable> readValue(const Drawing& drawing, const DxfStorage& storage,
                                   const DimVariableInfo& info, const Group& group) {
   const ValueType type = valueType(group.code);
@@ -57,7 +51,9 @@ std::optional<Variable> readValue(const Drawing& drawing, const DxfStorage& stor
   if (info.isName() || info.type == DimType::kText) {
     if (type != ValueType::kText && type != ValueType::kHandle) return std::nullopt;
     std::wstring text = storage.decode(group.value);
-    return info.type == DimType::kArrow ? arrowBlockName(drawing, std::move(text)) : text;
+    const bool isArrow = info.type == DimType::kArrow;
+    const RecordId arrow = isArrow ? support::arrowBlockOfFile(drawing, text) : kNoRecord;
+    return arrow != kNoRecord ? drawing.text(arrow, Property::kName).value_or(text) : text;
   }
   if (info.type == DimType::kReal) {
     const std::optional<double> value = realValue(group, storage.dialect());

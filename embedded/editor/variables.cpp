@@ -8,6 +8,7 @@
 #include "embedded/editor/host_state.h"
 #include "embedded/editor/integer_part.h"
 #include "embedded/editor/result_buffer.h"
+#include "embedded/support/arrow_blocks.h"
 
 namespace cad {
 namespace {
@@ -57,6 +58,16 @@ base::Status check(const SystemVariable& variable, const Variable& value) {
                      isReal ? std::get<double>(value) : static_cast<double>(std::get<std::int64_t>(value)));
 }
 
+// What the header has. An arrow whose block the drawing does not have is drawn as the default one.
+std::optional<Variable> storedVariable(const SystemVariable& variable, const Drawing& drawing) {
+  std::optional<Variable> stored = drawing.headerVariable(variable.name);
+  const std::wstring* text = stored ? std::get_if<std::wstring>(&*stored) : nullptr;
+  if (variable.meaning != VariableMeaning::kArrow || text == nullptr) return stored;
+  const RecordId block = support::arrowBlockOfFile(drawing, *text);
+  if (block == kNoRecord) return Variable(std::wstring());
+  return Variable(drawing.text(block, Property::kName).value_or(*text));
+}
+
 base::Status setInDrawing(const SystemVariable& variable, const Variable& value, Drawing& drawing) {
   if (!variable.existsIn(drawing.facts().version))
     return refusal(variable, L"The drawing's version does not have it.");
@@ -66,7 +77,7 @@ base::Status setInDrawing(const SystemVariable& variable, const Variable& value,
     if (!form) return form.failure();
     kept = std::move(form.value());
   }
-  const std::optional<Variable> present = drawing.headerVariable(variable.name);
+  const std::optional<Variable> present = storedVariable(variable, drawing);
   const bool isPresent = typed(variable, kept) == (present ? typed(variable, *present) : defaultOf(variable));
   return isPresent ? base::Status() : drawing.setHeaderVariable(variable.name, kept);
 }
@@ -79,7 +90,7 @@ Variable readVariable(const SystemVariable& variable, HostState& state) {
     const auto found = state.sessionVariables.find(std::string(variable.name));
     return found == state.sessionVariables.end() ? defaultOf(variable) : found->second;
   }
-  const std::optional<Variable> stored = state.documents.current()->drawing().headerVariable(variable.name);
+  const std::optional<Variable> stored = storedVariable(variable, state.documents.current()->drawing());
   return stored ? typed(variable, *stored) : defaultOf(variable);
 }
 

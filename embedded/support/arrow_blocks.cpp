@@ -88,6 +88,12 @@ const ArrowBlock* findArrowBlock(std::wstring_view name) {
   return nullptr;
 }
 
+RecordId arrowBlockOfFile(const Drawing& drawing, std::wstring_view name) {
+  const RecordId exact = name.empty() ? kNoRecord : drawing.find(Table::kBlock, name);
+  if (exact != kNoRecord || name.empty()) return exact;
+  return drawing.find(Table::kBlock, std::wstring_view(L"_" + std::wstring(name)));
+}
+
 base::Result<RecordId> ensureArrowBlock(Drawing& drawing, std::wstring_view arrowName) {
   const ArrowBlock* arrow = findArrowBlock(arrowName);
   if (arrow == nullptr) return base::Failure{std::wstring(arrowName), L"This is not a built-in arrow"};

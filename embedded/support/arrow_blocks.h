@@ -23,6 +23,10 @@ struct ArrowBlock {
 // Null for a name that is not a built-in arrow. Ignores case; the underscore belongs to the name.
 const ArrowBlock* findArrowBlock(std::wstring_view name);
 
+// The drawing's block of this name. Some programs leave out the underscore with which the names of the
+// built-in arrows' blocks begin, so a name in a file is looked for with it, too. kNoRecord: no such block.
+RecordId arrowBlockOfFile(const Drawing& drawing, std::wstring_view name);
+
 // The table record of the arrow's block, defined first when the drawing does not have it; the record
 // carries the host's own spelling of the name. Refused: a name that is not a built-in arrow.
 base::Result<RecordId> ensureArrowBlock(Drawing& drawing, std::wstring_view arrowName);

@@ -80,6 +80,17 @@ TEST_F(ListSections, DimensionVariablesWhoseTypesDiffer) {
                                     {"DIMLWD", L"0"}})
     EXPECT_EQ(variable(name), value) << name;
   EXPECT_EQ(sink_.notes, (std::vector<Note>{{L"DIMTXT", L"X", kiv::RefusalReason::kOther, 1}}));
+  for (const char* version : {"AC1009", "AC1014", "AC1015", "AC1032"}) {
+    std::string bytes = sampleDrawing();
+    bytes.replace(bytes.find("AC1024"), 6, version);
+    open(bytes);
+    before_ = savedBytes();
+    run({{L"寸法設定", L"DIMALTF, 3\nDIMALTRND, 1\nDIMSHO, 0"}});
+    EXPECT_EQ(variable("DIMALTF"), L"3.000000") << version;
+    EXPECT_EQ(variable("DIMSHO"), L"0") << version;
+    EXPECT_EQ(variable("DIMALTRND"), std::string_view(version) < "AC1015" ? L"absent" : L"1.000000")
+        << version;
+  }
 }
 
 TEST_F(ListSections, DimensionVariablesInOrderAndByTheirSeparators) {

@@ -140,6 +140,22 @@ TEST_F(Variables, AnArrowNameMakesItsBlock) {
     EXPECT_EQ(setText(L"DIMBLK", name), RTERROR);
 }
 
+// So that a program can set a variable back to what it read.
+TEST_F(Variables, AnArrowIsReadByItsBlocksName) {
+  for (const auto& [stored, expected] : {std::pair("DOT", L"_DOT"), {"GONE", L""}, {"door", L"DOOR"}}) {
+    std::string bytes = cad_test::drawingText();
+    const std::string before = cad_test::groups({{9, "$DIMBLK"}, {1, ""}});
+    bytes.replace(bytes.find(before), before.size(), cad_test::groups({{9, "$DIMBLK"}, {1, stored}}));
+    ASSERT_TRUE(host().openDocument(write("arrows.dxf", bytes)).ok());
+    EXPECT_EQ(setText(L"DIMBLK1", L"_DOT"), RTNORM);
+    EXPECT_EQ(getText(L"DIMBLK"), expected) << stored;
+    EXPECT_EQ(setText(L"DIMBLK", L"_OPEN"), RTNORM);
+    EXPECT_EQ(setText(L"DIMBLK", expected), RTNORM) << stored;
+    EXPECT_EQ(getText(L"DIMBLK"), expected) << stored;
+    ASSERT_TRUE(host().closeDocument().ok());
+  }
+}
+
 TEST_F(Variables, AnIntegerStoredAsARealTooLargeForItIsTheDefault) {
   for (const auto& [stored, expected] :
        {std::pair("1e300", 0), std::pair("-1e300", 0), std::pair("2.0", 2)}) {
