@@ -16,6 +16,8 @@ std::wstring doubt(CvtProblem problem, const std::wstring& quoted) {
       return quoted + L" is no colour of a layer; a layer has a number from 1 to 255";
     case CvtProblem::kCaseLost:
       return L"lines are read in upper case; drawings get " + quoted;
+    case CvtProblem::kReadAsNumber:
+      return L"read as the number " + quoted;
     case CvtProblem::kReadAsInverted:
       return L"the <> in the value makes this an inverted condition";
     case CvtProblem::kInvertedResult:

@@ -36,6 +36,7 @@ enum class CvtProblem {
   kTextListMissing = 25,       // a text search list is not beside the file, or cannot be opened
   kTextListUnusable = 26,      // a file of that name is no text search list
   kTextListCut = 27,           // a text search list of more texts than a conversion keeps
+  kReadAsNumber = 28,          // a dimension variable of numbers makes another number of the text
 };
 
 struct CvtDiagnostic {

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
+#include "base/fold.h"
 #include "spec/color_text.h"
 #include "spec/dimension_catalogue.h"
+#include "spec/leading_number.h"
 #include "spec/name_pattern.h"
 
 namespace kiv {
@@ -13,6 +15,11 @@ namespace {
 bool equalsComesFirst(std::wstring_view line) {
   const std::wstring_view rest = line.substr(std::min(line.find(L']'), line.size()));
   return rest.find(L'=') < rest.find(L"<>");
+}
+
+bool isWholeNumber(std::wstring_view text) {
+  if (!text.empty() && (text.front() == L'-' || text.front() == L'+')) text.remove_prefix(1);
+  return !text.empty() && text.find_first_not_of(L"0123456789") == text.npos;
 }
 
 // Kinds of which a selection takes only objects that meet every condition.
@@ -25,6 +32,23 @@ bool isSelectedBy(int kind, int section) {
 }  // namespace
 
 bool isLayerColor(int number) { return number > kColorByBlock && number < kColorByLayer; }
+
+std::optional<VariableDoubt> doubtOfVariable(std::wstring_view variable, const std::wstring& text,
+                                             bool asCondition) {
+  const int row = findDimensionVariable(variable);
+  if (row < 0) return std::nullopt;
+  using Type = DimensionVariable::Type;
+  const Type type = dimensionCatalogue()[static_cast<size_t>(row)].type;
+  if (type == Type::kInteger && !isWholeNumber(text)) {
+    return VariableDoubt{CvtProblem::kReadAsNumber, std::to_wstring(leadingInteger(text))};
+  }
+  if (type == Type::kReal && !startsWithNumber(text)) {
+    return VariableDoubt{CvtProblem::kReadAsNumber, L"0"};
+  }
+  const std::wstring folded = base::upper(text);
+  if (asCondition || !isShownVariable(variable) || folded == text) return std::nullopt;
+  return VariableDoubt{CvtProblem::kCaseLost, folded};
+}
 
 CvtItemCheck::CvtItemCheck(int section, const Item& item, const CvtLine& line, CvtDiagnostics& diagnostics)
     : section_(section),
@@ -45,15 +69,15 @@ void CvtItemCheck::checkCondition(const std::vector<Item>& earlier) {
 void CvtItemCheck::checkResult() {
   checkItem(true);
   if (!hasEquals_) report(CvtProblem::kInvertedResult, given_);
-  if (isShownVariable(item_.variable) && splitRuleLine(line_.text).value != given_) {
-    report(CvtProblem::kCaseLost, given_);
-  }
 }
 
 void CvtItemCheck::checkItem(bool asResult) {
   const bool nameless = item_.kind == kVariableKind && item_.variable.empty();
   if (nameless || !hasEffect(item_.kind, section_, asResult)) report(CvtProblem::kNoEffect, item_.key());
   if (given_.find_first_of(L"<>,") != given_.npos) report(CvtProblem::kAmbiguousValue, given_);
+  if (const auto doubt = doubtOfVariable(item_.variable, splitRuleLine(line_.text).value, !asResult)) {
+    report(doubt->problem, doubt->readAs);
+  }
   const bool isOfLayer = item_.kind == kColorKind && section_ == kLayerSettingSection;
   if (isOfLayer && !isLayerColor(colorNumber(item_.value))) report(CvtProblem::kNotALayerColor, given_);
 }

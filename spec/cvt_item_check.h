@@ -1,6 +1,11 @@
 #pragma once
 // Warnings of rule lines that are understood, but probably do not do what their author meant.
 
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
 #include "spec/cvt_diagnostics.h"
 #include "spec/cvt_lines.h"
 #include "spec/specification.h"
@@ -31,5 +36,14 @@ class CvtItemCheck {
 
 // A colour that layers have: their index number, nothing that refers to a layer or block.
 bool isLayerColor(int number);
+
+// What a dimension variable makes of a value text (in the file's own case), as the detail of a diagnostic.
+struct VariableDoubt {
+  CvtProblem problem;
+  std::wstring readAs;
+};
+// Nothing: what is written. A condition does not mind the case of texts.
+std::optional<VariableDoubt> doubtOfVariable(std::wstring_view variable, const std::wstring& text,
+                                             bool asCondition);
 
 }  // namespace kiv

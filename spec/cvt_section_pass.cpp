@@ -164,8 +164,7 @@ void CvtSectionPass::takeListLine(const CvtLine& line) {
   if (!complete && !assigned) report(CvtProblem::kExtraOrMissingFields, line, std::to_wstring(given));
   if (info_.number == kDimensionSettingSection) {
     const std::wstring name(base::trim(assigned ? fields[0].substr(0, fields[0].find(L'=')) : fields[0]));
-    if (findDimensionVariable(name) < 0) report(CvtProblem::kUnknownVariable, line, name);
-    checkShownText(line, name);
+    checkVariable(line, name);
   }
   if (given > most) fields.resize(most);
   if (given == 1 && !assignment) fields.emplace_back();
@@ -174,11 +173,12 @@ void CvtSectionPass::takeListLine(const CvtLine& line) {
   section_.entries.push_back(std::move(fields));
 }
 
-void CvtSectionPass::checkShownText(const CvtLine& line, const std::wstring& variable) {
-  const size_t sign = line.folded.find_first_of(L",=");
-  if (!isShownVariable(variable) || sign == line.folded.npos) return;
-  const std::wstring value(base::trim(std::wstring_view(line.folded).substr(sign + 1)));
-  if (!line.text.ends_with(value)) report(CvtProblem::kCaseLost, line, value);
+void CvtSectionPass::checkVariable(const CvtLine& line, const std::wstring& name) {
+  if (findDimensionVariable(name) < 0) report(CvtProblem::kUnknownVariable, line, name);
+  const size_t sign = line.text.find_first_of(L",=");
+  if (sign == line.text.npos) return;
+  const std::wstring value(base::trim(std::wstring_view(line.text).substr(sign + 1)));
+  if (const auto doubt = doubtOfVariable(name, value, false)) report(doubt->problem, line, doubt->readAs);
 }
 
 void CvtSectionPass::takeLayer(const CvtLine& line) {

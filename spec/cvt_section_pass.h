@@ -30,7 +30,7 @@ class CvtSectionPass {
   void endSetting();
   void takeListLine(const CvtLine& line);
   void takeLayer(const CvtLine& line);
-  void checkShownText(const CvtLine& line, const std::wstring& variable);
+  void checkVariable(const CvtLine& line, const std::wstring& name);
   void reportLostEntries(size_t from);
   void report(CvtProblem problem, const CvtLine& line, std::wstring detail = {});
 

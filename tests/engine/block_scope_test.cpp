@@ -50,6 +50,14 @@ std::string nestedDrawing() {
                  blocks);
 }
 
+std::string attributedDrawing() {
+  const std::string reference =
+      "0 INSERT\n5 C6\n100 AcDbEntity\n8 ALL\n62 1\n100 AcDbBlockReference\n66 1\n2 DOOR\n10 0.0\n20 0.0\n";
+  const char* own = "62 1\n100 AcDbText\n10 0.0\n20 0.0\n40 3.0\n1 X\n100 AcDbAttribute\n2 TAG\n70 0\n";
+  const char* end = "0 SEQEND\n5 C8\n100 AcDbEntity\n8 ALL\n";
+  return drawing(reference + entity("ATTRIB", "C7", "ALL", own) + end, block("DOOR", "7", ""));
+}
+
 class BlockScope : public RunTest {
  protected:
   // The entities that a setting of the "other" section reaches.
@@ -129,6 +137,34 @@ TEST_F(BlockScope, ConditionsDecideForRecordsThatNoFilterHasSeen) {
   run({{L"文字", L"[文字高さ] = 3\n{\n[色] = 42\n}"}});
   EXPECT_EQ(color(kInnerText), 42);
   EXPECT_EQ(drawing().integer(RunTest::entity(kInnerLine), Property::kColorIndex).value_or(256), 256);
+}
+
+// What is selected must meet every line; references and the inside of definitions take either value.
+TEST_F(BlockScope, ValuesOfOneKeyAreAlternativesForWhatNoFilterHasSeen) {
+  open(nestedDrawing());
+  set(L"KivBlock", 2);
+  int scale = 1;
+  for (const wchar_t* section : {L"文字", L"寸法", L"ﾊｯﾁﾝｸﾞ", L"その他の図形"}) {
+    ++scale;
+    run({{section, L"[画層] = NEW\n[画層] = ALL\n{\n[線種尺度] = " + std::to_wstring(scale) + L"\n}"}});
+    for (const std::uint64_t handle : {kInnerText, kInnerLine, kSecondInsert}) {
+      EXPECT_DOUBLE_EQ(real(handle, Property::kLinetypeScale), scale) << handle;
+    }
+    EXPECT_DOUBLE_EQ(real(kSpaceText, Property::kLinetypeScale), -999);
+  }
+}
+
+TEST_F(BlockScope, AttributesAreNotConverted) {
+  for (const int scope : {0, 1, 2}) {
+    open(attributedDrawing());
+    set(L"KivBlock", scope);
+    runOnAll(L"[***]\n{\n[色] = 42\n[画層] = NEW\n[文字高さ] = 5\n}");
+    EXPECT_EQ(color(0xC6), scope == 1 ? 1 : 42);
+    EXPECT_EQ(color(0xC7), 1);
+    EXPECT_EQ(name(0xC7, Property::kLayer), L"ALL");
+    EXPECT_DOUBLE_EQ(real(0xC7, Property::kTextHeight), 3);
+    EXPECT_TRUE(cad::Host::instance().closeDocument().ok());
+  }
 }
 
 }  // namespace

@@ -120,6 +120,7 @@ TEST_F(Results, WhatTheVersionCannotHoldIsToldAlikeForEveryKind) {
   for (const auto& c : cases) {
     std::string bytes = sampleDrawing();
     bytes.replace(bytes.find("AC1024"), 6, c.version);
+    EXPECT_TRUE(cad::Host::instance().closeDocument().ok());
     open(bytes);
     before_ = savedBytes();
     const auto refused = [&](const wchar_t* header, const wchar_t* setting, int count) {

@@ -90,6 +90,11 @@ TEST(CvtDiagnostics, ValuesThatDrawingsGetOtherwiseThanTheyAreWritten) {
       "22:2 22:3");
   EXPECT_EQ(numbered(L"[寸法]\n[DIMPOST] = <>MM\n[DIMPOST] <> <>MM\n{\n[色] <> 3\n}\n---End---\n[EOF]\n"),
             "12:2 23:2 12:3 24:5");
+  EXPECT_EQ(
+      numbered(
+          L"[寸法]\n[DIMTAD] = +1\n[DIMCLRD] = BYLAYER\n[DIMASZ] = 2.5mm\n{\n[DIMALTF] = 2.54\n[DIMASZ] = x\n"
+          L"[DIMTXSTY] = 1a\n}\n---End---\n[寸法設定]\nDIMLWD, ByLayer\nDIMTAD, 1\n---End---\n[EOF]\n"),
+      "28:3 28:6 28:7 28:12");
 }
 
 TEST(CvtDiagnostics, OnlyLinesThatAddNothingAreDropped) {
