@@ -63,7 +63,7 @@ using enum Version;
 // that overrides it. Where it states none, any number of the type goes.
 inline constexpr double kMost = std::numeric_limits<double>::max();
 inline constexpr DimLimits kAny{-kMost, kMost}, kFromZero{0, kMost};
-inline constexpr DimLimits kAboveZero{std::numeric_limits<double>::denorm_min(), kMost};
+inline constexpr DimLimits kAboveZero{std::numeric_limits<double>::denorm_min(), kMost};  // heights of texts
 inline constexpr DimLimits kOnOff{0, 1}, kPlaces{0, 8}, kColors{0, 256}, kWeights{-3, 211};
 inline constexpr DimLimits kZeros{0, 15};             // 0 to 3, with 4 and 8 added to it
 inline constexpr DimLimits kOneCharacter{1, 0x7FFF};  // a group of sixteen bits keeps it

@@ -103,7 +103,9 @@ TEST_F(DimensionTest, BadValuesAreRefused) {
   EXPECT_EQ(AcDbObjectPointer<AcDbDimension>(id(0x53))->setDimtxt(2), Acad::eNotOpenForWrite);
   EXPECT_FALSE(drawing_->isModified());
   load(officeDrawing("AC1014"));
-  EXPECT_EQ(Writing<AcDbDimension>(id(0x53), AcDb::kForWrite)->setDimatfit(1), Acad::eNotApplicable);
+  Writing<AcDbDimension> old(id(0x53), AcDb::kForWrite);
+  EXPECT_EQ(old->setDimatfit(1), Acad::eNotApplicable);
+  EXPECT_EQ(old->setDimldrblk(L"NO_SUCH"), Acad::eNotApplicable);  // whatever the name
 }
 
 TEST_F(DimensionTest, TheHostMakesTheBlocksOfItsArrows) {
