@@ -80,17 +80,11 @@ TEST_F(Results, LinetypeColourLineweightScale) {
   EXPECT_TRUE(sink_.notes.empty());
 }
 
-TEST_F(Results, LineweightThatIsNoStepIsTheDefault) {
-  setAll(L"線幅値", L"0.33 mm");
-  expectInteger(Property::kLineWeight, -3);
-}
-
-TEST_F(Results, Transparency) {
-  setAll(L"透過性", L"60");
+TEST_F(Results, LineweightAndTransparencyByValueForm) {
+  runOnAll(L"[***]\n{\n[線幅値] = 0.33 mm\n[透過性] = 60\n}");
+  expectInteger(Property::kLineWeight, -3);  // no step of the host: the default
   expectInteger(Property::kTransparency, 0x02000000 | 102);
-}
-
-TEST_F(Results, TransparencyByBlock) {
+  undo();
   setAll(L"透過性", L"ByBlock");
   expectInteger(Property::kTransparency, 0x01000000);
 }
@@ -107,41 +101,29 @@ TEST_F(Results, RefusedTransparencyIsCounted) {
   EXPECT_EQ(told, 12);
 }
 
-// The texts and the block reference, or the layer NEW.
+// One layer, and the texts with the block reference.
 TEST_F(Results, WhatTheVersionCannotHoldIsToldAlikeForEveryKind) {
   const struct {
     const char* version;
-    std::vector<std::wstring> ofObjects, ofLayers;
-  } cases[] = {{"AC1021", {L"透過性 60"}, {L"透過性 60"}},
-               {"AC1014", {L"線幅値 0.50 MM", L"透過性 60"}, {L"印刷 OFF", L"線幅値 0.50 MM", L"透過性 60"}},
-               {"AC1009",
-                {L"線幅値 0.50 MM", L"透過性 60", L"線種尺度 3"},
-                {L"印刷 OFF", L"線幅値 0.50 MM", L"透過性 60"}}};
+    const wchar_t* refused;
+  } cases[] = {{"AC1021", L"透過性*1 透過性*4 "},
+               {"AC1014", L"印刷*1 線幅値*1 透過性*1 線幅値*4 透過性*4 "},
+               {"AC1009", L"印刷*1 線幅値*1 透過性*1 線幅値*4 透過性*4 線種尺度*4 "}};
   for (const auto& c : cases) {
     std::string bytes = sampleDrawing();
     bytes.replace(bytes.find("AC1024"), 6, c.version);
     EXPECT_TRUE(cad::Host::instance().closeDocument().ok());
     open(bytes);
     before_ = savedBytes();
-    const auto refused = [&](const wchar_t* header, const wchar_t* setting, int count) {
-      sink_.notes.clear();
-      run({{header, setting}});
-      std::vector<std::wstring> items;
-      for (const Note& note : sink_.notes) {
-        items.push_back(note.kind + L" " + note.value);
-        EXPECT_EQ(note.reason, RefusalReason::kNotInThisVersion) << c.version;
-        EXPECT_EQ(note.count, count) << c.version;
-      }
-      return items;
-    };
-    EXPECT_EQ(
-        refused(L"画層の色･線種", L"[画層] = NEW\n{\n[印刷] = OFF\n[線幅値] = 0.50 mm\n[透過性] = 60\n}", 1),
-        c.ofLayers)
-        << c.version;
-    undo();
-    EXPECT_EQ(refused(L"文字", L"[***]\n{\n[線幅値] = 0.50 mm\n[透過性] = 60\n[線種尺度] = 3\n}", 4),
-              c.ofObjects)
-        << c.version;
+    sink_.notes.clear();
+    run({{L"画層の色･線種", L"[画層] = NEW\n{\n[印刷] = OFF\n[線幅値] = 0.50 mm\n[透過性] = 60\n}"},
+         {L"文字", L"[***]\n{\n[線幅値] = 0.50 mm\n[透過性] = 60\n[線種尺度] = 3\n}"}});
+    std::wstring refused;
+    for (const Note& note : sink_.notes) {
+      refused += note.kind + L"*" + std::to_wstring(note.count) + L" ";
+      EXPECT_EQ(note.reason, RefusalReason::kNotInThisVersion) << c.version;
+    }
+    EXPECT_EQ(refused, c.refused) << c.version;
   }
 }
 
@@ -159,21 +141,16 @@ TEST_F(Results, UnknownTextStyleIsRefusedByTextsOnly) {
   EXPECT_EQ(sink_.notes[0], (Note{L"字体", L"NONE", RefusalReason::kNoSuchName, 3}));
 }
 
-TEST_F(Results, TextHeight) {
-  setAll(L"文字高さ", L"2.5");
-  for (const std::uint64_t handle : {kText, kMText, kAttdef}) {
-    EXPECT_DOUBLE_EQ(real(handle, Property::kTextHeight), 2.5) << handle;
+TEST_F(Results, TextHeightAsNumberAndAsFactor) {
+  for (const auto& [value, height] : {std::pair(L"2.5", 2.5), std::pair(L"2x", 7.0)}) {
+    setAll(L"文字高さ", value);
+    for (const std::uint64_t handle : {kText, kMText, kAttdef}) {
+      EXPECT_DOUBLE_EQ(real(handle, Property::kTextHeight), height) << handle;
+    }
+    EXPECT_DOUBLE_EQ(overrideOf(kDimension, 140), height);
+    EXPECT_DOUBLE_EQ(overrideOf(kLeader, 140), kNoOverride);
+    undo();
   }
-  EXPECT_DOUBLE_EQ(overrideOf(kDimension, 140), 2.5);
-  EXPECT_DOUBLE_EQ(overrideOf(kLeader, 140), kNoOverride);
-}
-
-TEST_F(Results, TextHeightByFactor) {
-  setAll(L"文字高さ", L"2x");
-  for (const std::uint64_t handle : {kText, kMText, kAttdef}) {
-    EXPECT_DOUBLE_EQ(real(handle, Property::kTextHeight), 7) << handle;
-  }
-  EXPECT_DOUBLE_EQ(overrideOf(kDimension, 140), 7);
 }
 
 TEST_F(Results, BadTextHeightIsRefused) {

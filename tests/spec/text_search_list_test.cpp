@@ -33,17 +33,5 @@ TEST_F(TextSearchList, BlankRowsAreNotWritten) {
             base::encode(L"*** MOJILIST ***\r\n一\r\n三\r\n 五\r\n", base::kJapanese).bytes);
 }
 
-TEST_F(TextSearchList, AConversionKeepsTwoHundredAndIgnoresTheNamesCase) {
-  std::wstring text = L"*** MOJILIST ***\r\n";
-  for (int i = 1; i <= 201; ++i) text += std::to_wstring(i) + L"\r\n";
-  makeText("Rooms.List", text);
-  const auto list = loadTextSearchList(folder_, L"ROOMS.LIST");
-  ASSERT_TRUE(list.ok());
-  EXPECT_EQ(list.value().texts.size(), 200U);
-  EXPECT_EQ(list.value().texts.back(), L"200");
-  EXPECT_TRUE(list.value().isCut);
-  EXPECT_FALSE(loadTextSearchList(folder_, L"OTHER.LIST").ok());
-}
-
 }  // namespace
 }  // namespace kiv
