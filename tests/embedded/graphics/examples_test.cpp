@@ -30,6 +30,7 @@ TEST(Examples, EveryVisibleEntityIsShown) {
       const bool frozen = (drawing.integer(layer, Property::kStandardFlags).value_or(0) & 1) != 0;
       if (!off && !frozen) ++expected[std::string(drawing.typeName(id))];
     }
+    EXPECT_GT(expected.size(), 3u) << name;
     EXPECT_EQ(shown(drawing, scene), expected) << name;
     EXPECT_FALSE(scene.truncated);
   }

@@ -44,17 +44,24 @@ TEST(Scene, ShapesLieWhereTheirEntitiesSay) {
 }
 
 TEST(Scene, TypesThatNobodyDrawsAreLeftOut) {
-  const Scene scene =
-      sceneOf("0 XLINE|8 0|10 0|20 0|11 1|21 0|0 WIDGET|8 0|10 1|20 1|0 CIRCLE|8 0|10 0|20 0|40 0");
-  EXPECT_TRUE(scene.items.empty());
-  EXPECT_TRUE(scene.extents.empty());
+  const Scene scene = sceneOf(
+      "0 XLINE|8 0|10 0|20 0|11 1|21 0|0 WIDGET|8 0|10 1|20 1|0 CIRCLE|8 0|10 0|20 0|40 0|0 POINT|8 0|10 "
+      "5|20 "
+      "6");
+  EXPECT_EQ(scene.items.size(), 1u);
+  EXPECT_EQ(text(scene.extents), "5,6 5,6");
 }
 
 TEST(Scene, NumbersThatAreNoneSpoilNothing) {
   const Scene scene = sceneOf(
       "0 LINE|8 0|10 1e300|20 nan|11 1e308|21 1e308|0 LINE|8 0|10 0|20 0|11 1|21 1|0 LWPOLYLINE|8 0|90 "
       "99|70 1|0 SPLINE|8 0|71 300|10 1|20 1|0 HATCH|8 0|70 1|91 5|92 2|72 1|73 1|93 4000000|10 0|20 0");
-  for (const SceneItem& item : scene.items) EXPECT_TRUE(std::isfinite(item.box.right)) << item.entity;
+  int sound = 0;
+  for (const SceneItem& item : scene.items) {
+    EXPECT_TRUE(std::isfinite(item.box.right)) << item.entity;
+    sound += text(item.box) == "0,0 1,1";
+  }
+  EXPECT_EQ(sound, 1) << "the line beside them";
 }
 
 TEST(Scene, LayersAndColours) {
