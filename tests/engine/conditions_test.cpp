@@ -29,8 +29,8 @@ class Conditions : public RunTest, public testing::WithParamInterface<Case> {
   // The entities that a setting with this condition reaches.
   Handles reached(const std::wstring& condition) {
     open(sampleDrawing());
-    write("ROOMS.LIST", "*** MOJILIST ***\r\nROOM 10#\r\n");
-    write("OTHER.LIST", "*** MOJILIST ***\r\nHALL *\r\n");
+    make("ROOMS.LIST", "*** MOJILIST ***\r\nROOM 10#\r\n");
+    make("OTHER.LIST", "*** MOJILIST ***\r\nHALL *\r\n");
     runOnAll(condition + L"\n{\n[色] = " + std::to_wstring(kMark) + L"\n}");
     Handles found;
     for (const std::uint64_t handle : kEverything) {

@@ -65,16 +65,16 @@ TEST_F(ConversionRun, SavedAndClosedUnderItsNameInTheOutputFolder) {
   EXPECT_EQ(outcome.savedPath, base::pathText(folder_ / "out" / "plan.DXF"));
   EXPECT_EQ(closed_, 1);
   EXPECT_EQ(cad::Host::instance().documentCount(), documents - 1);
-  EXPECT_EQ(read(folder_ / "plan.dxf"), source);
-  EXPECT_NE(read(folder_ / "out" / "plan.DXF"), source);
+  EXPECT_EQ(content(folder_ / "plan.dxf"), source);
+  EXPECT_NE(content(folder_ / "out" / "plan.DXF"), source);
 }
 
 TEST_F(ConversionRun, ExistingTargetIsReplaced) {
-  write("out/plan.DXF", "old");
+  make("out/plan.DXF", "old");
   open(sampleDrawing());
   saveTo(1);
   EXPECT_FALSE(run(kRules).savedPath.empty());
-  EXPECT_GT(read(folder_ / "out" / "plan.DXF").size(), 100U);
+  EXPECT_GT(content(folder_ / "out" / "plan.DXF").size(), 100U);
   EXPECT_TRUE(sink_.problems.empty());
 }
 
@@ -83,7 +83,7 @@ TEST_F(ConversionRun, RulesThatTouchNothingSaveTheSameBytes) {
   open(source);
   saveTo(1);
   run({{L"文字", L"[画層] = NONE\n{\n[色] = 3\n}"}});
-  EXPECT_EQ(read(folder_ / "out" / "plan.DXF"), source);
+  EXPECT_EQ(content(folder_ / "out" / "plan.DXF"), source);
 }
 
 TEST_F(ConversionRun, FailedSaveIsAProblem) {

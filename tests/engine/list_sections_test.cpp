@@ -48,9 +48,8 @@ TEST_F(ListSections, BuiltInArrowsBecomeBlocksAndTheCurrentArrowStays) {
 }
 
 TEST_F(ListSections, ArrowFilesLeaveADefinitionAndNoReference) {
-  write("ARROW.dxf",
-        engine_test::drawing(
-            "0 LINE\n5 A1\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0.0\n20 0.0\n11 1.0\n21 0.0\n"));
+  make("ARROW.dxf", engine_test::drawing(
+                        "0 LINE\n5 A1\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0.0\n20 0.0\n11 1.0\n21 0.0\n"));
   const cad::RecordId last = drawing().lastEntity();
   const std::wstring path = base::pathText(folder_ / "ARROW.dxf");
   run({{L"矢印のﾛｰﾄﾞ", path + L"\n" + base::pathText(folder_ / "MISSING.dxf")}});
@@ -62,7 +61,7 @@ TEST_F(ListSections, ArrowFilesLeaveADefinitionAndNoReference) {
 }
 
 TEST_F(ListSections, ArrowFileThatTheHostRefusesIsAProblem) {
-  write("BROKEN.dxf", "no drawing");
+  make("BROKEN.dxf", "no drawing");
   run({{L"矢印のﾛｰﾄﾞ", base::pathText(folder_ / "BROKEN.dxf")}});
   EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"矢印[BROKEN]のロードができませんでした"}));
 }
@@ -110,7 +109,7 @@ TEST_F(ListSections, RefusedDimensionVariableIsANote) {
 }
 
 TEST_F(ListSections, LinetypesAreLoadedOnceAndFailuresAreProblems) {
-  write("OFFICE.LIN", "*CHAIN,Chain ____ . ____\r\nA,10,-2,0,-2\r\n*DASHED,Other dashes\r\nA,1,-1\r\n");
+  make("OFFICE.LIN", "*CHAIN,Chain ____ . ____\r\nA,10,-2,0,-2\r\n*DASHED,Other dashes\r\nA,1,-1\r\n");
   const std::wstring file = base::pathText(folder_ / "OFFICE.LIN");
   run({{L"線種のﾛｰﾄﾞ", file + L", CHAIN\n" + file + L", DASHED\n" + file + L", NONE\nMISSING.LIN, X1"},
        {L"文字", L"[***]\n{\n[線種] = CHAIN\n}"}});
@@ -121,7 +120,7 @@ TEST_F(ListSections, LinetypesAreLoadedOnceAndFailuresAreProblems) {
 }
 
 TEST_F(ListSections, LinetypeFilesAreFoundBesideTheDrawing) {
-  write("OFFICE.LIN", "*CHAIN,Chain ____ . ____\r\nA,10,-2,0,-2\r\n");
+  make("OFFICE.LIN", "*CHAIN,Chain ____ . ____\r\nA,10,-2,0,-2\r\n");
   run({{L"線種のﾛｰﾄﾞ", L"OFFICE.LIN, CHAIN"}, {L"文字", L"[***]\n{\n[線種] = CHAIN\n}"}});
   EXPECT_EQ(name(kText, Property::kLinetype), L"CHAIN");
   EXPECT_TRUE(sink_.problems.empty());

@@ -13,12 +13,9 @@ std::string lockedDrawing() {
     return std::string("0 LINE\n5 ") + handle + "\n100 AcDbEntity\n8 " + layer +
            "\n62 1\n100 AcDbLine\n10 0.0\n20 0.0\n11 1.0\n21 1.0\n";
   };
-  return drawing(
-      line("A1", "LOCKED") + line("A2", "LOCKED") + line("A3", "ALL") +
-          "0 INSERT\n5 A4\n100 AcDbEntity\n8 LOCKED\n62 1\n100 AcDbBlockReference\n2 DOOR\n10 0.0\n"
-          "20 0.0\n",
-      "0 BLOCK\n5 60\n100 AcDbEntity\n8 0\n100 AcDbBlockBegin\n2 DOOR\n70 0\n10 0.0\n20 0.0\n"
-      "0 ENDBLK\n5 61\n100 AcDbEntity\n8 0\n100 AcDbBlockEnd\n");
+  return drawing(line("A1", "LOCKED") + line("A2", "LOCKED") + line("A3", "ALL") +
+                 "0 INSERT\n5 A4\n100 AcDbEntity\n8 LOCKED\n62 1\n100 AcDbBlockReference\n2 DOOR\n10 0.0\n"
+                 "20 0.0\n");
 }
 
 class LockedLayers : public RunTest {

@@ -2,8 +2,6 @@
 // A drawing with one entity of every sort that conditions and results tell apart, open in the host, and
 // conversion runs on it.
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <map>
 #include <string>
@@ -13,14 +11,14 @@
 #include "embedded/drawing/drawing.h"
 #include "embedded/editor/host.h"
 #include "engine/run_interfaces.h"
+#include "tests/support/temp_folder.h"
 
 namespace engine_test {
 
 // One group a line, "8 WALL", as DXF text.
 std::string dxf(std::string_view groups);
 
-// A drawing of the newest version that the tests need. Every entity in `entities` and every definition in
-// `blocks` is written in the form of dxf().
+// The sample drawing with other entities, and with `blocks` besides its own; both in the form of dxf().
 std::string drawing(std::string_view entities, std::string_view blocks = "");
 
 struct Note {
@@ -49,7 +47,7 @@ inline constexpr std::uint64_t kText = 0xA1, kMText = 0xA2, kAttdef = 0xA3, kDim
                                kHatch = 0xA6, kInsert = 0xA7, kLine = 0xA8;
 std::string sampleDrawing();
 
-class RunTest : public testing::Test {
+class RunTest : public test_support::TempFolder {
  protected:
   void SetUp() override;
   void TearDown() override;
@@ -71,10 +69,6 @@ class RunTest : public testing::Test {
   std::string savedBytes();
   void undo();
 
-  void write(const std::string& file, const std::string& bytes);
-  std::string read(const std::filesystem::path& file);
-
-  std::filesystem::path folder_;
   kiv::RunParameters parameters_;
   Problems sink_;
   std::wstring printed_;

@@ -59,7 +59,7 @@ TEST_F(SaveTokens, ByFormatAndForATargetThatExists) {
   for (int format = 0; format < 3; ++format) {
     const std::wstring target = L"|" + base::pathText(folder_ / "out" / names[format]);
     EXPECT_EQ(typed(format), (std::vector<std::wstring>{starts[format] + target, L""}));
-    write(std::string("out/") + names[format], "old");
+    make(std::string("out/") + names[format], "old");
     EXPECT_EQ(typed(format), (std::vector<std::wstring>{starts[format] + target + L"|Y", L""}));
   }
 }

@@ -1,33 +1,25 @@
 // The conversion command as one step of a batch.
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-
 #include "acdocman.h"
 #include "base/codepage.h"
-#include "base/files.h"
 #include "embedded/editor/host.h"
 #include "host/commands.h"
 #include "host/conversion_context.h"
-#include "tests/support/temp_path.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
-class BatchStep : public testing::Test {
+class BatchStep : public test_support::TempFolder {
  protected:
   void SetUp() override {
-    folder_ = test_support::tempPath("batch_test");
-    fs::remove_all(folder_);
     fs::create_directories(folder_ / "out");
-    write("rules.cvt", "[\x95\xb6\x8e\x9a]\r\n[***]\r\n{\r\n[\x90\x46] = 3\r\n}\r\n---End---\r\n[EOF]\r\n");
+    make("rules.cvt", "[\x95\xb6\x8e\x9a]\r\n[***]\r\n{\r\n[\x90\x46] = 3\r\n}\r\n---End---\r\n[EOF]\r\n");
     for (const char* name : {"a.dxf", "b.dxf", "c.dxf"}) {
-      write(name,
-            "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nTEXT\r\n  8\r\n0\r\n 10\r\n0.0\r\n 20\r\n0.0\r\n"
-            " 40\r\n2.5\r\n  1\r\nA\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n");
+      make(name,
+           "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nTEXT\r\n  8\r\n0\r\n 10\r\n0.0\r\n 20\r\n0.0\r\n"
+           " 40\r\n2.5\r\n  1\r\nA\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n");
     }
     host().setOutput([this](std::wstring_view text) { printed_ += text; });
     host().start();
@@ -43,19 +35,14 @@ class BatchStep : public testing::Test {
     kiv::removeCommands();
     host().stop();
     host().setOutput({});
-    fs::remove_all(folder_);
   }
   static cad::Host& host() { return cad::Host::instance(); }
-  void write(const std::string& name, const std::string& bytes) {
-    std::ofstream(folder_ / name, std::ios::binary) << bytes;
-  }
   void convert(const char* name) {
     ASSERT_TRUE(host().openDocument(folder_ / name).ok());
     EXPECT_TRUE(host().execute(L"KIV_TOACAD2").ok());
   }
   bool isBackAtTheDialog() const { return printed_.find(L"ﾀﾞｲｱﾛｸﾞ") != std::wstring::npos; }
 
-  fs::path folder_;
   std::wstring printed_;
 };
 
@@ -104,7 +91,7 @@ TEST_F(BatchStep, WithoutAStartDocumentNothingIsSent) {
 }
 
 TEST_F(BatchStep, EmptyDrawingIsNotCounted) {
-  write("empty.dxf", "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n");
+  make("empty.dxf", "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n");
   kiv::conversionContext().batchRemaining = 1;
   convert("empty.dxf");
   EXPECT_EQ(kiv::conversionContext().batchRemaining, 1);

@@ -1,28 +1,19 @@
 #include "host/conversion_log.h"
 
-#include <gtest/gtest.h>
-
 #include <ctime>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 
-#include "base/codepage.h"
-#include "base/files.h"
 #include "embedded/editor/host.h"
 #include "platform/clock.h"
 #include "platform/settings.h"
-#include "tests/support/temp_path.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 
-class ConversionLog : public testing::Test {
+class ConversionLog : public test_support::TempFolder {
  protected:
   void SetUp() override {
     test_support::setTimeZone("UTC");
     kiv::setClock([] { return std::time_t{1794692250}; });  // 14 November 2026, 21:37:30
-    file_ = test_support::tempPath("log_test");
-    std::filesystem::remove(file_);
     want(1, base::pathText(file_));
     cad::Host::instance().start();
   }
@@ -30,7 +21,6 @@ class ConversionLog : public testing::Test {
     cad::Host::instance().stop();
     kiv::setClock({});
     kiv::clearSettingOverrides();
-    std::filesystem::remove(file_);
   }
   void want(int create, const std::wstring& file) {
     kiv::overrideCommonSetting(L"MorluxCreateLog", std::to_wstring(create).c_str());
@@ -42,13 +32,9 @@ class ConversionLog : public testing::Test {
     log_.writeEntry();
     log_.clearEntry();
   }
-  std::string content() {
-    std::ostringstream out;
-    out << std::ifstream(file_, std::ios::binary).rdbuf();
-    return out.str();
-  }
+  std::string content() { return TempFolder::content(file_); }
 
-  std::filesystem::path file_;
+  const std::filesystem::path file_ = folder_ / "run.log";
   kiv::ConversionLog log_;
 };
 

@@ -11,7 +11,7 @@
 #include "host/run_report.h"
 #include "platform/clock.h"
 #include "platform/settings.h"
-#include "tests/spec/temp_folder.h"
+#include "tests/support/temp_folder.h"
 #include "tests/ui/user.h"
 #include "ui/main_dialog.h"
 #include "ui/resource.h"
@@ -30,7 +30,7 @@ constexpr const wchar_t* kTitle = L"ﾌｧｲﾙ変換ﾕｰﾃｨﾘﾃｨ";
 constexpr const wchar_t* kKeys[] = {L"KivBlock", L"MorluxIgnoreLocks", L"MorluxCreateLog",
                                     L"MorluxLogOutPath", L"MorluxLogOutFile"};
 
-class InteractiveCommand : public TempFolder {
+class InteractiveCommand : public test_support::TempFolder {
  protected:
   void SetUp() override {
     make("KIVGUI.ARX", "");

@@ -1,15 +1,8 @@
 // The module as the host loads it, driven by its exported functions alone.
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
-#include "base/files.h"
 #include "embedded/editor/host.h"
 #include "host/automation.h"
-#include "tests/support/temp_path.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 
@@ -24,14 +17,12 @@ constexpr char kRules[] =
     "[\x95\xb6\x8e\x9a]\r\n[***]\r\n{\r\n[\x90\x46] = 3\r\n[\x89\xe6\x91\x77] = NONE\r\n[?] = 1\r\n}\r\n"
     "---End---\r\n[EOF]\r\n";
 
-class Module : public testing::Test {
+class Module : public test_support::TempFolder {
  protected:
   void SetUp() override {
-    folder_ = test_support::tempPath("module_test");
-    fs::remove_all(folder_);
     fs::create_directories(folder_ / "out");
-    write("a.dxf", kDrawing);
-    write("rules.cvt", kRules);
+    make("a.dxf", kDrawing);
+    make("rules.cvt", kRules);
     host().setOutput([this](std::wstring_view text) { printed_ += text; });
     host().start();
     ASSERT_TRUE(load());
@@ -39,7 +30,6 @@ class Module : public testing::Test {
   void TearDown() override {
     host().stop();
     host().setOutput({});
-    fs::remove_all(folder_);
   }
   static cad::Host& host() { return cad::Host::instance(); }
   bool load() { return host().loadModule(KIVGUI_MODULE).ok(); }
@@ -61,16 +51,7 @@ class Module : public testing::Test {
     const KivConversion conversion{specification.c_str(), out.c_str(), 1, 0, 0, logFile.c_str()};
     return setConversion(&conversion);
   }
-  void write(const std::string& name, const std::string& bytes) {
-    std::ofstream(folder_ / name, std::ios::binary) << bytes;
-  }
-  std::string read(const fs::path& path) {
-    std::ostringstream out;
-    out << std::ifstream(path, std::ios::binary).rdbuf();
-    return out.str();
-  }
 
-  fs::path folder_;
   std::wstring printed_;
 };
 
@@ -123,8 +104,8 @@ TEST_F(Module, ConvertsSavesReportsAndLogs) {
   EXPECT_EQ(result.notes[0].value, std::wstring(L"NONE"));
   EXPECT_EQ(result.notes[0].reason, kKivNoSuchName);
   EXPECT_EQ(result.notes[0].count, 1);
-  EXPECT_NE(read(folder_ / "out" / "a.DXF").find(" 62\r\n"), std::string::npos);
-  const std::string log = read(folder_ / "run.log");
+  EXPECT_NE(content(folder_ / "out" / "a.DXF").find(" 62\r\n"), std::string::npos);
+  const std::string log = content(folder_ / "run.log");
   EXPECT_NE(log.find((folder_ / "a.dxf").string() + ", OK\r\n"), std::string::npos) << log;
 }
 
@@ -133,15 +114,15 @@ TEST_F(Module, RefusalsAreLoggedAndEmptyDrawingsAreNot) {
   EXPECT_TRUE(host().execute(L"KIV_TOACAD2").ok());
   EXPECT_EQ(report().end, kKivSpecificationUnreadable);
   ASSERT_EQ(report().problemCount, 1);
-  const std::string afterRefusal = read(folder_ / "run.log");
+  const std::string afterRefusal = content(folder_ / "run.log");
   EXPECT_NE(afterRefusal.find("none.cvt]"), std::string::npos);
 
   ASSERT_EQ(setConversion(folder_ / "rules.cvt", folder_ / "run.log"), 1);
-  write("empty.dxf", "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n");
+  make("empty.dxf", "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n");
   ASSERT_TRUE(host().openDocument(folder_ / "empty.dxf").ok());
   EXPECT_TRUE(host().execute(L"KIV_TOACAD2").ok());
   EXPECT_EQ(report().end, kKivEmptyDrawing);
-  EXPECT_EQ(read(folder_ / "run.log"), afterRefusal);
+  EXPECT_EQ(content(folder_ / "run.log"), afterRefusal);
 }
 
 TEST_F(Module, OptionsOutOfRangeAndGivingUpTheContext) {

@@ -49,7 +49,7 @@ TEST_F(SettingsEntry, TextsArriveWholeOrCut) {
 }
 
 TEST_F(SettingsEntry, ALossIsSaidOnce) {
-  setEnvironment(write("no-folder", "") / "below");
+  setEnvironment(make("no-folder", "") / "below");
   writeCommonText(L"KivBlock", L"1");
   EXPECT_EQ(printed_, L"\nKivｴﾗｰ:設定を保存できません.");
   writeCommonText(L"KivFileMode", L"1");

@@ -2,12 +2,12 @@
 
 #include "spec/cvt_parser.h"
 #include "spec/text_search_list.h"
-#include "tests/spec/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace kiv {
 namespace {
 
-class Configuration : public testing::TempFolder {};
+class Configuration : public test_support::TempFolder {};
 
 HostFileLookup answering(std::optional<std::wstring> path) {
   return [path](const std::wstring&) { return path; };

@@ -4,7 +4,7 @@
 #include "spec/cvt_parser.h"
 #include "spec/cvt_tree_reader.h"
 #include "tests/spec/sample_specification.h"
-#include "tests/spec/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace kiv {
 namespace {
@@ -13,7 +13,7 @@ ParsedCvt parse(std::wstring_view text) { return parseCvt(base::encode(text, bas
 
 const std::vector<Setting>& texts(const ParsedCvt& parsed) { return parsed.sections[0].settings; }
 
-class CvtTreeReader : public testing::TempFolder {};
+class CvtTreeReader : public test_support::TempFolder {};
 
 TEST_F(CvtTreeReader, LoadsTheSample) {
   makeText("Plan.cvt", testing::kSampleText);

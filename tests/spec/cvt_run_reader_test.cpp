@@ -1,12 +1,12 @@
 #include "spec/cvt_run_reader.h"
 
 #include "tests/spec/sample_specification.h"
-#include "tests/spec/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace kiv {
 namespace {
 
-class CvtRunReader : public testing::TempFolder {
+class CvtRunReader : public test_support::TempFolder {
  protected:
   WorkLists read(std::wstring_view text) {
     WorkLists lists;

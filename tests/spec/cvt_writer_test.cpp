@@ -2,12 +2,12 @@
 
 #include "spec/cvt_tree_reader.h"
 #include "tests/spec/sample_specification.h"
-#include "tests/spec/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace kiv {
 namespace {
 
-class CvtWriter : public testing::TempFolder {};
+class CvtWriter : public test_support::TempFolder {};
 
 std::wstring sectionLines(const Specification& specification, const wchar_t* header) {
   const std::wstring text = cvtText(specification);

@@ -3,7 +3,9 @@
 
 #include <string>
 
+#include "base/codepage.h"
 #include "spec/specification.h"
+#include "tests/support/test_file.h"
 
 namespace kiv::testing {
 
@@ -24,34 +26,7 @@ inline Specification sampleSpecification() {
   return sample;
 }
 
-inline const wchar_t* const kSampleText =
-    L"[備考]\r\nsample\r\n\r\n"
-    L"[文字]\r\n"
-    L"[画層] = A-TEXT\r\n"
-    L"[色] <> 7\r\n"
-    L"                {\r\n"
-    L"                        [画層] = TEXT\r\n"
-    L"                        [色] = 3\r\n"
-    L"                }\r\n"
-    L"[***]\r\n"
-    L"                {\r\n"
-    L"                        [文字高さ] = 2.5\r\n"
-    L"                }\r\n"
-    L"---End---\r\n\r\n"
-    L"[寸法]\r\n---End---\r\n\r\n"
-    L"[ﾊｯﾁﾝｸﾞ]\r\n---End---\r\n\r\n"
-    L"[その他の図形]\r\n---End---\r\n\r\n"
-    L"[寸法設定]\r\n---End---\r\n\r\n"
-    L"[画層の色･線種]\r\n"
-    L"[画層] = 0\r\n"
-    L"                {\r\n"
-    L"                        [色] = BYLAYER\r\n"
-    L"                }\r\n"
-    L"---End---\r\n\r\n"
-    L"[画層の作成]\r\n---End---\r\n\r\n"
-    L"[線種のﾛｰﾄﾞ]\r\nSAMPLE.LIN, DASHED\r\n---End---\r\n\r\n"
-    L"[字体のﾛｰﾄﾞ]\r\n---End---\r\n\r\n"
-    L"[矢印のﾛｰﾄﾞ]\r\n---End---\r\n\r\n"
-    L"[EOF]\r\n";
+inline const std::wstring kSampleText =
+    base::decode(test_support::testFile("spec/sample.cvt"), base::kJapanese).text;
 
 }  // namespace kiv::testing

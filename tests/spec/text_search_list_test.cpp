@@ -1,12 +1,12 @@
 #include "spec/text_search_list.h"
 
 #include "base/file_errors.h"
-#include "tests/spec/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace kiv {
 namespace {
 
-class TextSearchList : public testing::TempFolder {};
+class TextSearchList : public test_support::TempFolder {};
 
 using Rows = std::vector<std::wstring>;
 

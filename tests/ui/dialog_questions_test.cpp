@@ -5,7 +5,7 @@
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
-#include "tests/spec/temp_folder.h"
+#include "tests/support/temp_folder.h"
 #include "tests/ui/test_dialog.h"
 #include "tests/ui/user.h"
 #include "ui/resource.h"
@@ -60,7 +60,7 @@ TEST(Questions, MenuGivesWhatIsChosen) {
   EXPECT_EQ(std::count(captions.begin(), captions.end(), L"-"), 2);
 }
 
-class FileQuestions : public kiv::testing::TempFolder {};
+class FileQuestions : public test_support::TempFolder {};
 
 TEST_F(FileQuestions, NamesAreCompleted) {
   User person;

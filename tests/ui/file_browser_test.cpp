@@ -2,7 +2,7 @@
 
 #include "embedded/editor/host.h"
 #include "platform/paths.h"
-#include "tests/spec/temp_folder.h"
+#include "tests/support/temp_folder.h"
 #include "tests/ui/user.h"
 #include "ui/read_dialog.h"
 #include "ui/resource.h"
@@ -17,7 +17,7 @@ MessageQuestion asked(const std::wstring& text) {
   return {text, L"ﾌｧｲﾙ変換ﾕｰﾃｨﾘﾃｨ", Buttons::kYesNo, Icon::kQuestion, true};
 }
 
-class FileBrowserDialogs : public testing::TempFolder {
+class FileBrowserDialogs : public test_support::TempFolder {
  protected:
   void SetUp() override {
     cad::Host::instance().start();

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/spec/temp_folder.h"
+#include "tests/support/temp_folder.h"
 #include "tests/ui/user.h"
 #include "ui/main_dialog.h"
 #include "ui/resource.h"
@@ -24,7 +24,7 @@ inline MessageQuestion asked(const std::wstring& text) {
   return {text + L"\nよろしいですか？", L"ﾌｧｲﾙ変換ﾕｰﾃｨﾘﾃｨ", Buttons::kYesNo, Icon::kQuestion, true};
 }
 
-class MainDialog : public TempFolder {
+class MainDialog : public test_support::TempFolder {
  protected:
   using Where = test::User::Where;
   void SetUp() override;

@@ -1,12 +1,12 @@
 #include "ui/specification_files.h"
 
 #include "platform/paths.h"
-#include "tests/spec/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace kiv {
 namespace {
 
-class SpecificationFiles : public testing::TempFolder {
+class SpecificationFiles : public test_support::TempFolder {
  protected:
   std::wstring folderText() const { return ensureTrailingSeparator(base::pathText(folder_)); }
 };

@@ -1,7 +1,7 @@
 #include "ui/text_list_dialog.h"
 
 #include "platform/paths.h"
-#include "tests/spec/temp_folder.h"
+#include "tests/support/temp_folder.h"
 #include "tests/ui/user.h"
 #include "ui/resource.h"
 
@@ -14,7 +14,7 @@ MessageQuestion told(const std::wstring& text) {
   return {text, L"文字検索リスト", Buttons::kOk, Icon::kWarning};
 }
 
-class TextListDialog : public testing::TempFolder {
+class TextListDialog : public test_support::TempFolder {
  protected:
   // Opens the editor, uses it and closes it.
   int use(const test::User::Hands& hands) {

@@ -3,14 +3,14 @@
 #include "embedded/editor/host.h"
 #include "platform/settings.h"
 #include "spec/item_kinds.h"
-#include "tests/spec/temp_folder.h"
+#include "tests/support/temp_folder.h"
 
 namespace kiv {
 namespace {
 
 using Texts = std::vector<std::wstring>;
 
-class ValueChoices : public testing::TempFolder {
+class ValueChoices : public test_support::TempFolder {
  protected:
   void SetUp() override { cad::Host::instance().start(); }
   void TearDown() override {

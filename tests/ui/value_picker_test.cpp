@@ -5,7 +5,7 @@
 #include "embedded/editor/host.h"
 #include "platform/paths.h"
 #include "spec/item_kinds.h"
-#include "tests/spec/temp_folder.h"
+#include "tests/support/temp_folder.h"
 #include "tests/ui/user.h"
 #include "ui/resource.h"
 
@@ -34,7 +34,7 @@ class Owner : public Dialog, public PickerOwner {
   std::unique_ptr<CSelDlg> picker;
 };
 
-class ValuePicker : public testing::TempFolder {
+class ValuePicker : public test_support::TempFolder {
  protected:
   void SetUp() override {
     cad::Host::instance().start();

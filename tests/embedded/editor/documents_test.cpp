@@ -71,7 +71,7 @@ TEST_F(DocumentsTest, ABadFileIsNamedAndChangesNothing) {
   const base::Status missing = host().openDocument(folder_ / "missing.dxf");
   ASSERT_FALSE(missing.ok());
   EXPECT_NE(missing.failure().text().find(L"missing.dxf"), std::wstring::npos);
-  EXPECT_FALSE(host().execute(L"OPEN " + text(write("bad.dxf", "no drawing"))).ok());
+  EXPECT_FALSE(host().execute(L"OPEN " + text(make("bad.dxf", "no drawing"))).ok());
   EXPECT_EQ(host().documentCount(), 1u);
 }
 
@@ -97,8 +97,8 @@ TEST_F(DocumentsTest, StringsOfAClosedDocumentAreDropped) {
 TEST_F(DocumentsTest, FilesAreFoundAlongTheSearchPathIgnoringCase) {
   open();
   std::filesystem::create_directories(folder_ / "support");
-  write("beside.txt", "");
-  write("support/FONTS.LIN", "");
+  make("beside.txt", "");
+  make("support/FONTS.LIN", "");
   host().setSupportPath({folder_ / "support"});
   AcString found;
   EXPECT_EQ(acedFindFile(L"Beside.TXT", found), RTNORM);

@@ -41,7 +41,7 @@ TEST_F(HostTest, EntitiesOnLockedLayersAndStrangeNamesAreNotErased) {
 
 TEST_F(HostTest, LinetypesAreLoadedOnce) {
   open();
-  write("types.lin", "*DASHES,Dashes __ __\r\nA,.5,-.25\r\n*DOTS,Dots . .\r\nA,0,-.25\r\n");
+  make("types.lin", "*DASHES,Dashes __ __\r\nA,.5,-.25\r\n*DOTS,Dots . .\r\nA,0,-.25\r\n");
   AcDbDatabase* database = acDocManager->curDocument()->database();
   EXPECT_EQ(acdbLoadLineTypeFile(L"dashes", L"types.lin", database), Acad::eOk);
   EXPECT_NE(drawing().find(cad::Table::kLinetype, L"DASHES"), cad::kNoRecord);

@@ -1,5 +1,6 @@
 #include "acdbads.h"
 #include "acedCmdNF.h"
+#include "tests/embedded/dxf/dxf_text.h"
 #include "tests/embedded/editor/host_fixture.h"
 
 namespace {
@@ -31,7 +32,7 @@ class Insert : public HostTest {
 };
 
 TEST_F(Insert, AFileBecomesABlockOfItsName) {
-  const std::filesystem::path file = write("ARROW1.dxf", cad_test::drawingText());
+  const std::filesystem::path file = make("ARROW1.dxf", cad_test::drawingText());
   ads_name before, after;
   ASSERT_EQ(acdbEntLast(before), RTNORM);
   EXPECT_EQ(insert(text(file)), RTNORM);
@@ -45,32 +46,19 @@ TEST_F(Insert, AFileBecomesABlockOfItsName) {
 }
 
 TEST_F(Insert, EqualsRedefinesAnExistingBlock) {
-  const std::filesystem::path file = write("other.dxf", cad_test::drawingText());
+  const std::filesystem::path file = make("other.dxf", cad_test::drawingText());
   EXPECT_EQ(blockSize(L"DOOR"), 1u);
   // The file defines a DOOR of its own; the redefinition is made from its model space without it.
-  const std::filesystem::path plain = write("plain.dxf", cad_test::groups({{0, "SECTION"},
-                                                                           {2, "ENTITIES"},
-                                                                           {0, "LINE"},
-                                                                           {8, "NEWLAYER"},
-                                                                           {10, "0.0"},
-                                                                           {20, "0.0"},
-                                                                           {11, "1.0"},
-                                                                           {21, "1.0"},
-                                                                           {0, "LINE"},
-                                                                           {8, "0"},
-                                                                           {10, "0.0"},
-                                                                           {20, "0.0"},
-                                                                           {11, "2.0"},
-                                                                           {21, "1.0"},
-                                                                           {0, "ENDSEC"},
-                                                                           {0, "EOF"}}));
+  const std::filesystem::path plain =
+      make("plain.dxf", cad::dxf::groups("0 SECTION|2 ENTITIES|0 LINE|8 NEWLAYER|10 0.0|20 0.0|11 1.0|21 1.0|"
+                                         "0 LINE|8 0|10 0.0|20 0.0|11 2.0|21 1.0|0 ENDSEC|0 EOF"));
   EXPECT_EQ(insert(L"DOOR=" + text(plain)), RTNORM);
   EXPECT_EQ(blockSize(L"DOOR"), 2u);
   EXPECT_NE(drawing().find(cad::Table::kLayer, L"NEWLAYER"), cad::kNoRecord);
 }
 
 TEST_F(Insert, RefusesWhatIsNoDrawing) {
-  const std::filesystem::path bad = write("bad.dxf", "this is no drawing");
+  const std::filesystem::path bad = make("bad.dxf", "this is no drawing");
   EXPECT_EQ(insert(text(bad)), RTERROR);
   EXPECT_TRUE(printedHas(L"bad.dxf"));
   EXPECT_EQ(insert(L"NO_SUCH_BLOCK"), RTERROR);

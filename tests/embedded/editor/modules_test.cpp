@@ -39,7 +39,7 @@ TEST_F(HostTest, WhatIsNoModuleIsRefusedWithItsName) {
   const base::Status missing = host().loadModule(folder_ / "missing.arx");
   ASSERT_FALSE(missing.ok());
   EXPECT_NE(missing.failure().text().find(L"missing.arx"), std::wstring::npos);
-  EXPECT_FALSE(host().loadModule(write("text.arx", "no library")).ok());
+  EXPECT_FALSE(host().loadModule(make("text.arx", "no library")).ok());
   EXPECT_FALSE(acrxLoadModule(L"missing.arx", true));
   EXPECT_TRUE(printedHas(L"missing.arx"));
 }

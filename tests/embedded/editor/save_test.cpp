@@ -32,7 +32,7 @@ class Save : public HostTest {
 TEST_F(Save, DxfBySequenceOfTokens) {
   const std::filesystem::path target = folder_ / "out.DXF";
   EXPECT_EQ(saveAsDxf(target, false), RTNORM);
-  EXPECT_EQ(read(target), cad_test::drawingText());
+  EXPECT_EQ(content(target), cad_test::drawingText());
   ASSERT_TRUE(host().lastSave());
   EXPECT_TRUE(host().lastSave()->status.ok());
   EXPECT_EQ(host().lastSave()->path, target);
@@ -40,13 +40,13 @@ TEST_F(Save, DxfBySequenceOfTokens) {
 }
 
 TEST_F(Save, OverwritesOnlyOnYes) {
-  const std::filesystem::path target = write("out.DXF", "old");
+  const std::filesystem::path target = make("out.DXF", "old");
   saveAsDxf(target, false);
-  EXPECT_EQ(read(target), "old");
+  EXPECT_EQ(content(target), "old");
   ASSERT_TRUE(host().lastSave());
   EXPECT_FALSE(host().lastSave()->status.ok());
   EXPECT_EQ(saveAsDxf(target, true), RTNORM);
-  EXPECT_EQ(read(target), cad_test::drawingText());
+  EXPECT_EQ(content(target), cad_test::drawingText());
   EXPECT_TRUE(host().lastSave()->status.ok());
 }
 
@@ -75,13 +75,13 @@ TEST_F(Save, AFolderThatIsNotThereIsReported) {
 TEST_F(Save, NeverOntoAnotherOpenDrawing) {
   open("second.dxf");
   EXPECT_EQ(saveAsDxf(folder_ / "plan.dxf", true), RTERROR);
-  EXPECT_EQ(read(folder_ / "plan.dxf"), cad_test::drawingText());
+  EXPECT_EQ(content(folder_ / "plan.dxf"), cad_test::drawingText());
 }
 
 TEST_F(Save, QuickSaveKeepsTheFile) {
   modify();
   EXPECT_TRUE(host().execute(L"QSAVE").ok());
-  EXPECT_NE(read(folder_ / "plan.dxf"), cad_test::drawingText());
+  EXPECT_NE(content(folder_ / "plan.dxf"), cad_test::drawingText());
   EXPECT_FALSE(drawing().isModified());
   ASSERT_TRUE(host().closeDocument().ok());
   EXPECT_FALSE(host().execute(L"QSAVE").ok());  // the start document has no file
@@ -93,7 +93,7 @@ TEST_F(Save, CloseAsksForAWordAboutChanges) {
   EXPECT_EQ(drawing().path(), folder_ / "plan.dxf");
   EXPECT_EQ(acedCommandS(RTSTR, L"CLOSE", RTSTR, L"Y", RTNONE), RTNORM);
   EXPECT_NE(drawing().path(), folder_ / "plan.dxf");
-  EXPECT_EQ(read(folder_ / "plan.dxf"), cad_test::drawingText());
+  EXPECT_EQ(content(folder_ / "plan.dxf"), cad_test::drawingText());
   open("second.dxf");
   EXPECT_EQ(acedCommandS(RTSTR, L"CLOSE", RTNONE), RTNORM);
   EXPECT_EQ(host().documentCount(), 1u);

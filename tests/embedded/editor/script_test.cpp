@@ -41,8 +41,8 @@ class Script : public HostTest {
       acedCommandS();
       visited.push_back(L"started");
     });
-    one_ = text(write("first plan.dxf", cad_test::drawingText()));
-    two_ = text(write(base::pathFromText(L"図面2.dxf"), cad_test::drawingText()));
+    one_ = text(make("first plan.dxf", cad_test::drawingText()));
+    two_ = text(make(base::pathFromText(L"図面2.dxf"), cad_test::drawingText()));
   }
   void TearDown() override {
     acedRegCmds->removeGroup(L"TEST_GROUP");
@@ -57,7 +57,7 @@ class Script : public HostTest {
 };
 
 TEST_F(Script, OpensOneDrawingAfterTheOtherWhenTheCallerHasEnded) {
-  const std::wstring path = text(write("batch.scr", utf16(batch())));
+  const std::wstring path = text(make("batch.scr", utf16(batch())));
   scriptPath = &path;
   ASSERT_TRUE(host().execute(L"STARTS").ok());
   const std::vector<std::wstring> expected = {L"started", L"first plan.dxf", L"図面2.dxf"};
@@ -68,7 +68,7 @@ TEST_F(Script, ReadsEveryEncoding) {
   for (const std::string& bytes : {utf16(batch()), "\xEF\xBB\xBF" + base::toUtf8(batch()),
                                    base::toUtf8(batch()), base::encode(batch(), base::kJapanese).bytes}) {
     visited.clear();
-    ASSERT_TRUE(host().execute(L"SCRIPT " + text(write("batch.scr", bytes))).ok());
+    ASSERT_TRUE(host().execute(L"SCRIPT " + text(make("batch.scr", bytes))).ok());
     EXPECT_EQ(visited.size(), 2u);
     while (host().documentCount() > 1) ASSERT_TRUE(host().closeDocument().ok());
     ASSERT_TRUE(host().closeDocument().ok());
@@ -77,7 +77,7 @@ TEST_F(Script, ReadsEveryEncoding) {
 
 TEST_F(Script, StopsAtARefusalAndSaysSo) {
   const std::wstring path =
-      text(write("batch.scr", base::toUtf8(L"OPEN\n\"" + text(folder_ / "no.dxf") + L"\"\nVISIT\n")));
+      text(make("batch.scr", base::toUtf8(L"OPEN\n\"" + text(folder_ / "no.dxf") + L"\"\nVISIT\n")));
   EXPECT_FALSE(host().execute(L"SCRIPT " + path).ok());
   EXPECT_TRUE(visited.empty());
   EXPECT_TRUE(printedHas(L"The script has been stopped."));
@@ -86,9 +86,9 @@ TEST_F(Script, StopsAtARefusalAndSaysSo) {
 
 TEST_F(Script, AScriptInsideAScriptTakesItsPlace) {
   const std::filesystem::path inner =
-      write("inner.scr", base::toUtf8(L"; remark\nOPEN \"" + one_ + L"\"\nVISIT\n"));
+      make("inner.scr", base::toUtf8(L"; remark\nOPEN \"" + one_ + L"\"\nVISIT\n"));
   const std::wstring outer =
-      text(write("outer.scr", base::toUtf8(L"SCRIPT\n\"" + text(inner) + L"\"\nNO_SUCH_COMMAND\n")));
+      text(make("outer.scr", base::toUtf8(L"SCRIPT\n\"" + text(inner) + L"\"\nNO_SUCH_COMMAND\n")));
   EXPECT_TRUE(host().execute(L"SCRIPT " + outer).ok());
   EXPECT_EQ(visited.size(), 1u);
 }

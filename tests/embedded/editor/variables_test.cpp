@@ -1,4 +1,5 @@
 #include "dbmain.h"
+#include "tests/embedded/dxf/dxf_text.h"
 #include "tests/embedded/editor/host_fixture.h"
 
 namespace {
@@ -159,11 +160,9 @@ TEST_F(Variables, AnArrowIsReadByItsBlocksName) {
 TEST_F(Variables, AnIntegerStoredAsARealTooLargeForItIsTheDefault) {
   for (const auto& [stored, expected] :
        {std::pair("1e300", 0), std::pair("-1e300", 0), std::pair("2.0", 2)}) {
-    std::string bytes = cad_test::drawingText();
-    const std::string before = cad_test::groups({{9, "$DIMTAD"}, {70, "0"}});
-    ASSERT_NE(bytes.find(before), std::string::npos);
-    bytes.replace(bytes.find(before), before.size(), cad_test::groups({{9, "$DIMTAD"}, {40, stored}}));
-    ASSERT_TRUE(host().openDocument(write("odd.dxf", bytes)).ok());
+    const std::string bytes = cad::dxf::replaced(cad_test::drawingText(), "$DIMTAD\r\n 70\r\n0\r\n",
+                                                 "$DIMTAD\r\n 40\r\n" + std::string(stored) + "\r\n");
+    ASSERT_TRUE(host().openDocument(make("odd.dxf", bytes)).ok());
     EXPECT_EQ(get(L"DIMTAD").resval.rint, expected) << stored;
     ASSERT_TRUE(host().closeDocument().ok());
   }

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -12,18 +13,24 @@
 #include "base/files.h"
 #include "tests/support/temp_path.h"
 
-namespace kiv::testing {
+namespace test_support {
 
 class TempFolder : public ::testing::Test {
  protected:
   TempFolder() {
     const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-    folder_ = test_support::tempPath(std::string("kiv_spec_") + info->test_suite_name() + "_" + info->name());
+    std::string name = std::string("kiv_") + info->test_suite_name() + "_" + info->name();
+    std::replace(name.begin(), name.end(), '/', '_');
+    folder_ = tempPath(name);
+    std::filesystem::remove_all(folder_);
     std::filesystem::create_directories(folder_);
   }
-  ~TempFolder() override { std::filesystem::remove_all(folder_); }
+  ~TempFolder() override {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+  }
 
-  std::filesystem::path make(const std::string& name, std::string_view bytes) const {
+  std::filesystem::path make(const std::filesystem::path& name, std::string_view bytes) const {
     std::ofstream(folder_ / name, std::ios::binary) << bytes;
     return folder_ / name;
   }
@@ -31,7 +38,9 @@ class TempFolder : public ::testing::Test {
   std::filesystem::path makeText(const std::string& name, std::wstring_view text) const {
     return make(name, base::encode(text, base::kJapanese).bytes);
   }
-  std::string content(const std::string& name) const { return base::readFile(folder_ / name).value(); }
+  std::string content(const std::filesystem::path& name) const {
+    return base::readFile(folder_ / name).value();
+  }
   size_t count() const {
     return static_cast<size_t>(std::distance(std::filesystem::directory_iterator(folder_), {}));
   }
@@ -39,4 +48,4 @@ class TempFolder : public ::testing::Test {
   std::filesystem::path folder_;
 };
 
-}  // namespace kiv::testing
+}  // namespace test_support
