@@ -21,7 +21,6 @@ std::string replaced(std::string text, std::string_view from, std::string_view t
 class ConvertTest : public ProgramTest {
  protected:
   void SetUp() override {
-    ProgramTest::SetUp();
     writeSpecification("rules.cvt", kTextsGreen);
     write("good.dxf", good_);
   }
@@ -137,14 +136,6 @@ TEST_F(ConvertTest, TheSourceIsNeverOverwritten) {
   EXPECT_EQ(read("good.dxf"), good_);
   const std::vector<std::string> left = filesIn(".");
   EXPECT_EQ(std::count(left.begin(), left.end(), "good.DXF"), 0);
-}
-
-TEST_F(ConvertTest, TwoDrawingsDoNotShareOneOutput) {
-  write("other/good.dxf", drawing(kLine));
-  const ProgramRun run = convert({"good.dxf", "other/good.dxf"});
-  EXPECT_EQ(run.status, 1);
-  EXPECT_TRUE(contains(run.err, "other/good.dxf: good.dxf is already saved as out/good.DXF")) << run.err;
-  EXPECT_TRUE(contains(read("out/good.DXF"), "TEXT"));
 }
 
 TEST_F(ConvertTest, WhatTheRulesCouldNotChangeIsNamed) {

@@ -5,9 +5,6 @@
 #include <iterator>
 #include <type_traits>
 
-#include "base/codepage.h"
-#include "tests/support/temp_path.h"
-
 namespace kivcli::testing {
 namespace {
 
@@ -36,14 +33,6 @@ std::string nameOf(const fs::path& path) {
 }
 
 }  // namespace
-
-void ProgramTest::SetUp() {
-  folder_ = test_support::tempPath("kivcvt-test");
-  fs::remove_all(folder_);
-  ASSERT_TRUE(fs::create_directory(folder_));
-}
-
-void ProgramTest::TearDown() { test_support::removeFolder(folder_); }
 
 ProgramRun ProgramTest::kivcvt(const std::vector<std::string>& words) const {
   ProgramRun run = test_support::runProgram(KIVCVT_PROGRAM, words, folder_);

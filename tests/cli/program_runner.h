@@ -1,23 +1,21 @@
 #pragma once
 // Runs the real kivcvt in a folder of its own, on files that the test makes.
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "tests/support/program.h"
+#include "tests/support/temp_folder.h"
 
 namespace kivcli::testing {
 
 using test_support::ProgramRun;
 
-class ProgramTest : public ::testing::Test {
+class ProgramTest : public test_support::TempFolder {
  protected:
-  void SetUp() override;
-  void TearDown() override;
+  void TearDown() override { test_support::removeFolder(folder_); }
 
   // Names are relative to the test's folder. In what is printed "/" separates paths on every system.
   ProgramRun kivcvt(const std::vector<std::string>& words) const;
@@ -29,9 +27,6 @@ class ProgramTest : public ::testing::Test {
 
   // A specification in code page 932 with CR LF; `text` is UTF-8 with bare line feeds.
   void writeSpecification(const std::string& name, std::string_view text) const;
-
- private:
-  std::filesystem::path folder_;
 };
 
 // A drawing of release R12, code page 932, with layers 0, TARGET and the locked LOCKED, and the given

@@ -1,4 +1,5 @@
-// Block references, the definitions that they lead to, and what the block scope takes of them.
+// Block references, the definitions that they lead to, and what the block scope takes of them, beside what
+// the cases block-scope-* show.
 
 #include <algorithm>
 
@@ -79,32 +80,14 @@ class BlockScope : public RunTest {
 
 using Handles = std::vector<std::uint64_t>;
 
-TEST_F(BlockScope, ReferencesOfTheCurrentSpace) {
-  EXPECT_EQ(reached(0), (Handles{kOuterInsert, kSecondInsert, kSelfInsert, kTable, kPaperTable}));
-}
-
 TEST_F(BlockScope, DefinitionsAtAnyDepthOfAnyType) {
   EXPECT_EQ(reached(1), (Handles{kInnerText, kInnerLine, kOuterLine, kSelfCircle, kTable, kPaperTable}));
-}
-
-TEST_F(BlockScope, Both) {
-  EXPECT_EQ(reached(2), (Handles{kInnerText, kInnerLine, kOuterLine, kSelfCircle, kOuterInsert, kSecondInsert,
-                                 kSelfInsert, kTable, kPaperTable}));
 }
 
 TEST_F(BlockScope, ScopesOutOfRangeAreClamped) {
   EXPECT_EQ(reached(7).size(), 9U);
   EXPECT_TRUE(cad::Host::instance().closeDocument().ok());
   EXPECT_EQ(reached(-1).size(), 5U);
-}
-
-// However many references lead to a definition, a setting converts its entities once.
-TEST_F(BlockScope, FactorIsAppliedOncePerSetting) {
-  open(nestedDrawing());
-  set(L"KivBlock", 2);
-  run({{L"文字", L"[***]\n{\n[文字高さ] = 2x\n}"}});
-  EXPECT_DOUBLE_EQ(real(kInnerText, Property::kTextHeight), 6);
-  EXPECT_DOUBLE_EQ(real(kSpaceText, Property::kTextHeight), 6);
 }
 
 // What a setting writes to an entity of a definition is what the next one tests.

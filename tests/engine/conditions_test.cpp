@@ -138,8 +138,8 @@ TEST_F(ConditionRules, LeadersAreTakenByTwoPasses) {
 // Neither the list alone nor beside one that is there.
 TEST_F(ConditionRules, SettingWhoseTextListCannotBeLoadedAppliesToNothing) {
   open(sampleDrawing());
-  write("ROOMS.LIST", "*** MOJILIST ***\r\nROOM 10#\r\n");
-  write("PLAIN.LIST", "ROOM 10#\r\n");
+  make("ROOMS.LIST", "*** MOJILIST ***\r\nROOM 10#\r\n");
+  make("PLAIN.LIST", "ROOM 10#\r\n");
   const std::wstring results = L"{\n[色] = 42\n}\n", key = L"[文字一致のリスト]";
   runOnAll(key + L" = NONE.LIST\n" + results + key + L" <> NONE.LIST\n" + results + key + L" = ROOMS.LIST\n" +
            key + L" <> PLAIN.LIST\n" + results);
@@ -154,7 +154,7 @@ TEST_F(ConditionRules, LongTextListKeepsItsFirstTextsAndSaysSo) {
   open(sampleDrawing());
   std::string list = "*** MOJILIST ***\r\nROOM 101\r\n";
   for (int i = 0; i < 199; ++i) list += "HALL\r\n";
-  write("LONG.LIST", list + "ROOM 102\r\n");
+  make("LONG.LIST", list + "ROOM 102\r\n");
   run({{L"文字", L"[文字一致のリスト] = LONG.LIST\n{\n[色] = 42\n}"},
        {L"寸法", L"[文字一致のリスト] = LONG.LIST\n{\n[色] = 42\n}"}});
   EXPECT_EQ(color(kText), 42);

@@ -69,23 +69,6 @@ TEST_F(ConversionRun, SavedAndClosedUnderItsNameInTheOutputFolder) {
   EXPECT_NE(content(folder_ / "out" / "plan.DXF"), source);
 }
 
-TEST_F(ConversionRun, ExistingTargetIsReplaced) {
-  make("out/plan.DXF", "old");
-  open(sampleDrawing());
-  saveTo(1);
-  EXPECT_FALSE(run(kRules).savedPath.empty());
-  EXPECT_GT(content(folder_ / "out" / "plan.DXF").size(), 100U);
-  EXPECT_TRUE(sink_.problems.empty());
-}
-
-TEST_F(ConversionRun, RulesThatTouchNothingSaveTheSameBytes) {
-  const std::string source = sampleDrawing();
-  open(source);
-  saveTo(1);
-  run({{L"文字", L"[画層] = NONE\n{\n[色] = 3\n}"}});
-  EXPECT_EQ(content(folder_ / "out" / "plan.DXF"), source);
-}
-
 TEST_F(ConversionRun, FailedSaveIsAProblem) {
   open(sampleDrawing());
   saveTo(0);  // a format that this host does not write

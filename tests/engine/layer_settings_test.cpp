@@ -91,13 +91,6 @@ TEST_F(LayerSettings, ConditionsSeeTheLayersAsTheyWere) {
   EXPECT_EQ(layerInteger(L"ALL", Property::kLayerColor), 8);
 }
 
-TEST_F(LayerSettings, NamesAreRenamedByPatternWithTheirReferences) {
-  convert(L"[画層] = AL*\n{\n[画層] = C-AL*\n}");
-  EXPECT_EQ(layer(L"ALL"), cad::kNoRecord);
-  EXPECT_NE(layer(L"C-ALL"), cad::kNoRecord);
-  EXPECT_EQ(name(kText, Property::kLayer), L"C-ALl");
-}
-
 // Conditions see the name that the layer had; what a later setting writes comes after what an earlier one
 // did.
 TEST_F(LayerSettings, LaterRenamesFollowEarlierOnes) {

@@ -1,4 +1,5 @@
-// Every kind of result on every sort of entity: what it changes, and that it changes nothing else.
+// Results that are refused, and those of dimensions. What every kind of result changes on every sort of
+// entity is shown by the cases results-on-*.
 
 #include <cmath>
 
@@ -43,17 +44,6 @@ class Results : public RunTest {
   std::string before_;
 };
 
-TEST_F(Results, Layer) {
-  setAll(L"画層", L"NEW");
-  for (const std::uint64_t handle : kEverything) EXPECT_EQ(name(handle, Property::kLayer), L"NEW") << handle;
-}
-
-TEST_F(Results, LayerByPattern) {
-  runOnAll(L"[画層] = AL*\n{\n[画層] = B-AL*\n}");
-  for (const std::uint64_t handle : kEverything)
-    EXPECT_EQ(name(handle, Property::kLayer), L"B-ALL") << handle;
-}
-
 TEST_F(Results, LayerThatDoesNotExistIsRefused) {
   runOnAll(L"[画層] = AL*\n{\n[画層] = NO-*\n[色] = 3\n}");
   for (const std::uint64_t handle : kEverything) EXPECT_EQ(name(handle, Property::kLayer), L"ALL") << handle;
@@ -65,28 +55,6 @@ TEST_F(Results, LayerThatDoesNotExistIsRefused) {
     EXPECT_EQ(note.reason, RefusalReason::kNoSuchName);
   }
   EXPECT_TRUE(sink_.problems.empty());
-}
-
-TEST_F(Results, LinetypeColourLineweightScale) {
-  runOnAll(L"[***]\n{\n[線種] = continuous\n[色] = BYLAYER\n[線幅値] = 0.50 mm\n[線種尺度] = 0.5\n}");
-  for (const std::uint64_t handle : kEverything) {
-    EXPECT_EQ(name(handle, Property::kLinetype), L"Continuous") << handle;
-    EXPECT_DOUBLE_EQ(real(handle, Property::kLinetypeScale), 0.5) << handle;
-  }
-  expectInteger(Property::kLineWeight, 50);
-  for (const std::uint64_t handle : kEverything) {
-    EXPECT_EQ(drawing().integer(entity(handle), Property::kColorIndex).value_or(256), 256) << handle;
-  }
-  EXPECT_TRUE(sink_.notes.empty());
-}
-
-TEST_F(Results, LineweightAndTransparencyByValueForm) {
-  runOnAll(L"[***]\n{\n[線幅値] = 0.33 mm\n[透過性] = 60\n}");
-  expectInteger(Property::kLineWeight, -3);  // no step of the host: the default
-  expectInteger(Property::kTransparency, 0x02000000 | 102);
-  undo();
-  setAll(L"透過性", L"ByBlock");
-  expectInteger(Property::kTransparency, 0x01000000);
 }
 
 // The block reference is a record of every pass.
@@ -127,30 +95,10 @@ TEST_F(Results, WhatTheVersionCannotHoldIsToldAlikeForEveryKind) {
   }
 }
 
-TEST_F(Results, TextStyle) {
-  setAll(L"字体", L"STANDARD");
-  for (const std::uint64_t handle : {kText, kMText, kAttdef}) {
-    EXPECT_EQ(name(handle, Property::kTextStyle), L"Standard") << handle;
-  }
-  EXPECT_TRUE(sink_.notes.empty());
-}
-
 TEST_F(Results, UnknownTextStyleIsRefusedByTextsOnly) {
   setAll(L"字体", L"NONE");
   ASSERT_EQ(sink_.notes.size(), 1U);
   EXPECT_EQ(sink_.notes[0], (Note{L"字体", L"NONE", RefusalReason::kNoSuchName, 3}));
-}
-
-TEST_F(Results, TextHeightAsNumberAndAsFactor) {
-  for (const auto& [value, height] : {std::pair(L"2.5", 2.5), std::pair(L"2x", 7.0)}) {
-    setAll(L"文字高さ", value);
-    for (const std::uint64_t handle : {kText, kMText, kAttdef}) {
-      EXPECT_DOUBLE_EQ(real(handle, Property::kTextHeight), height) << handle;
-    }
-    EXPECT_DOUBLE_EQ(overrideOf(kDimension, 140), height);
-    EXPECT_DOUBLE_EQ(overrideOf(kLeader, 140), kNoOverride);
-    undo();
-  }
 }
 
 TEST_F(Results, BadTextHeightIsRefused) {
@@ -158,17 +106,6 @@ TEST_F(Results, BadTextHeightIsRefused) {
   EXPECT_DOUBLE_EQ(real(kText, Property::kTextHeight), 3.5);
   EXPECT_EQ(sink_.notes, (std::vector<Note>{{L"文字高さ", L"-1", RefusalReason::kBadValue, 3},
                                             {L"文字幅高比", L"0", RefusalReason::kBadValue, 2}}));
-}
-
-TEST_F(Results, TextAngleAndWidthFactor) {
-  runOnAll(L"[***]\n{\n[文字角度] = 45\n[文字幅高比] = 0.7\n}");
-  for (const std::uint64_t handle : {kText, kMText, kAttdef}) {
-    EXPECT_NEAR(real(handle, Property::kRotation), 45, 1e-9) << handle;
-  }
-  EXPECT_NEAR(real(kDimension, Property::kTextRotation), 45, 1e-9);
-  EXPECT_DOUBLE_EQ(real(kText, Property::kWidthFactor), 0.7);
-  EXPECT_DOUBLE_EQ(real(kAttdef, Property::kWidthFactor), 0.7);
-  EXPECT_FALSE(drawing().real(entity(kMText), Property::kWidthFactor));
 }
 
 // The catalogue's type decides what a text means: DIMALTF is an integer there, and texts count as 0.

@@ -146,31 +146,6 @@ TEST_F(MainDialog, NamesOfTheListSectionsAreOffered) {
   user_.click(*picker(), IDCANCEL);
 }
 
-TEST_F(MainDialog, APickHidesBothAndBringsThemBack) {
-  open();
-  chooseFromMenu({L"文字"}, IDC_ADD_SETTING);
-  chooseFromMenu({L"文字", L"設定1"}, 40031);
-  DialogWindow* const opened = picker();
-  ASSERT_NE(opened, nullptr);
-  user_.click(*opened, IDC_PICK);
-  EXPECT_EQ(pick_.request, kLayerKind);
-  EXPECT_TRUE(user::shownDialogs().empty());
-  pick_.values = {L"WALL", L"1:赤"};
-  dialog().pickCompleted();
-  EXPECT_EQ(pick_.request, 0);
-  EXPECT_TRUE(window().isShown());
-  ASSERT_EQ(picker(), opened);
-  EXPECT_EQ(opened->text(IDC_VALUE_COMBO), L"WALL");
-  user_.cannotClick(window(), IDC_MAIN_DELETE);
-
-  // One that fails changes nothing.
-  user_.click(*opened, IDC_PICK);
-  dialog().pickCompleted();
-  EXPECT_EQ(opened->text(IDC_VALUE_COMBO), L"WALL");
-  user_.click(*opened, IDOK);
-  EXPECT_EQ(rows({L"文字", L"設定1"}), (Texts{L"<画層> を <WALL> に変更する"}));
-}
-
 TEST_F(MainDialog, ADialogThatGoesTakesItsPickerAlong) {
   for (const bool picking : {false, true}) {
     open();

@@ -161,54 +161,31 @@ TEST_F(MainDialogTree, OnlyConditionsAreInverted) {
   }
 }
 
+// The commands from the first to the last of each range, then the others.
+std::vector<int> withRanges(const std::vector<std::pair<int, int>>& ranges, const std::vector<int>& others) {
+  std::vector<int> all;
+  for (const auto& [first, last] : ranges) {
+    for (int command = first; command <= last; ++command) all.push_back(command);
+  }
+  all.insert(all.end(), others.begin(), others.end());
+  return all;
+}
+
 TEST_F(MainDialogTree, MenusGreyWhatCannotApply) {
   EXPECT_EQ(offered({L"文字"}), (std::vector<int>{IDC_ADD_SETTING, IDC_CLEAR_SETTINGS}));
   EXPECT_EQ(offered({L"寸法"}), (std::vector<int>{IDC_ADD_SETTING}));
   // Nothing picks dimension variables, and layers have neither texts nor lists of them.
-  EXPECT_EQ(offered({L"文字", L"設定2"}), (std::vector<int>{40021,
-                                                            40022,
-                                                            40023,
-                                                            40024,
-                                                            40025,
-                                                            40026,
-                                                            40027,
-                                                            40029,
-                                                            40050,
-                                                            40051,
-                                                            40052,
-                                                            40031,
-                                                            40032,
-                                                            40033,
-                                                            40034,
-                                                            40035,
-                                                            40036,
-                                                            40037,
-                                                            40070,
-                                                            40071,
-                                                            40072,
-                                                            IDC_CLEAR_RESULTS,
-                                                            IDC_DELETE_SETTING}));
-  EXPECT_EQ(offered({L"画層の設定", L"設定1"}), (std::vector<int>{40021,
-                                                                  40022,
-                                                                  40023,
-                                                                  40050,
-                                                                  40051,
-                                                                  40053,
-                                                                  40054,
-                                                                  40055,
-                                                                  40056,
-                                                                  IDC_CLEAR_CONDITIONS,
-                                                                  40031,
-                                                                  40032,
-                                                                  40033,
-                                                                  40070,
-                                                                  40071,
-                                                                  40073,
-                                                                  40074,
-                                                                  40075,
-                                                                  40076,
-                                                                  IDC_CLEAR_RESULTS,
-                                                                  IDC_DELETE_SETTING}));
+  EXPECT_EQ(offered({L"文字", L"設定2"}),
+            withRanges({{40021, 40027}, {40029, 40029}, {40050, 40052}, {40031, 40037}, {40070, 40072}},
+                       {IDC_CLEAR_RESULTS, IDC_DELETE_SETTING}));
+  EXPECT_EQ(offered({L"画層の設定", L"設定1"}), withRanges({{40021, 40023},
+                                                            {40050, 40051},
+                                                            {40053, 40056},
+                                                            {IDC_CLEAR_CONDITIONS, IDC_CLEAR_CONDITIONS},
+                                                            {40031, 40033},
+                                                            {40070, 40071},
+                                                            {40073, 40076}},
+                                                           {IDC_CLEAR_RESULTS, IDC_DELETE_SETTING}));
   EXPECT_EQ(offered({L"文字", L"設定1", L"画層 が <A-TEXT> のとき"}),
             (std::vector<int>{IDC_EDIT_CONDITION, IDC_INVERT_CONDITION, IDC_DELETE_CONDITION}));
   EXPECT_EQ(offered({L"文字", L"設定1", L"画層 を <TEXT> に変更"}),
