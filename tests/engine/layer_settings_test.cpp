@@ -13,22 +13,9 @@ using cad::Property;
 // 4), B-ALL (frozen, off, not plotted, colour 5, 50 % transparency).
 const wchar_t* const kLayers[] = {L"0", L"ALL", L"NEW", L"LOCKED", L"B-ALL"};
 
-class LayerSettings : public RunTest {
+class LayerSettings : public UndoneRunTest {
  protected:
-  void SetUp() override {
-    RunTest::SetUp();
-    open(sampleDrawing());
-    before_ = savedBytes();
-  }
-  void TearDown() override {
-    undo();
-    EXPECT_EQ(savedBytes(), before_);
-    RunTest::TearDown();
-  }
   void convert(const std::wstring& settings) { run({{L"画層の色･線種", settings}}); }
-  std::int64_t layerInteger(const wchar_t* layerName, Property property) {
-    return drawing().integer(layer(layerName), property).value_or(-999);
-  }
   // The layers that a condition reaches, by their new colour.
   std::wstring reached(const std::wstring& condition) {
     convert(condition + L"\n{\n[色] = 42\n}");
@@ -40,7 +27,6 @@ class LayerSettings : public RunTest {
     EXPECT_EQ(savedBytes(), before_) << base::toUtf8(condition);
     return found;
   }
-  std::string before_;
 };
 
 TEST_F(LayerSettings, EveryKindAsConditionEqualAndInverted) {

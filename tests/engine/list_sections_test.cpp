@@ -9,18 +9,8 @@ using namespace engine_test;
 using cad::Property;
 using cad::Table;
 
-class ListSections : public RunTest {
+class ListSections : public UndoneRunTest {
  protected:
-  void SetUp() override {
-    RunTest::SetUp();
-    open(sampleDrawing());
-    before_ = savedBytes();
-  }
-  void TearDown() override {
-    undo();
-    EXPECT_EQ(savedBytes(), before_);
-    RunTest::TearDown();
-  }
   bool has(Table table, const wchar_t* record) { return drawing().find(table, record) != cad::kNoRecord; }
   std::wstring variable(const char* variableName) {
     const auto value = drawing().headerVariable(variableName);
@@ -32,10 +22,6 @@ class ListSections : public RunTest {
   std::wstring styleText(const wchar_t* style, Property property) {
     return drawing().text(drawing().find(Table::kTextStyle, style), property).value_or(L"");
   }
-  std::int64_t layerInteger(const wchar_t* layerName, Property property) {
-    return drawing().integer(layer(layerName), property).value_or(-999);
-  }
-  std::string before_;
 };
 
 TEST_F(ListSections, BuiltInArrowsBecomeBlocksAndTheCurrentArrowStays) {

@@ -15,13 +15,8 @@ constexpr std::uint64_t kEverything[] = {kText, kMText, kAttdef, kDimension, kLe
 
 constexpr double kNoOverride = -999;
 
-class Results : public RunTest {
+class Results : public UndoneRunTest {
  protected:
-  void SetUp() override {
-    RunTest::SetUp();
-    open(sampleDrawing());
-    before_ = savedBytes();
-  }
   void setAll(const wchar_t* key, const wchar_t* value) {
     runOnAll(L"[***]\n{\n[" + std::wstring(key) + L"] = " + value + L"\n}");
   }
@@ -35,13 +30,6 @@ class Results : public RunTest {
     const auto* whole = std::get_if<std::int64_t>(&*value);
     return whole != nullptr ? static_cast<double>(*whole) : kNoOverride;
   }
-  // One UNDO brings back the drawing as it was.
-  void TearDown() override {
-    undo();
-    EXPECT_EQ(savedBytes(), before_);
-    RunTest::TearDown();
-  }
-  std::string before_;
 };
 
 TEST_F(Results, LayerThatDoesNotExistIsRefused) {

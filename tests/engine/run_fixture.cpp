@@ -94,4 +94,16 @@ std::string RunTest::savedBytes() {
 
 void RunTest::undo() { acedCommandS(RTSTR, L"UNDO", RTSTR, L"1", RTNONE); }
 
+void UndoneRunTest::SetUp() {
+  RunTest::SetUp();
+  open(sampleDrawing());
+  before_ = savedBytes();
+}
+
+void UndoneRunTest::TearDown() {
+  undo();
+  EXPECT_EQ(savedBytes(), before_);
+  RunTest::TearDown();
+}
+
 }  // namespace engine_test

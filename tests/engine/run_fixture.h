@@ -74,4 +74,16 @@ class RunTest : public test_support::TempFolder {
   std::wstring printed_;
 };
 
+// Conversions of the sample drawing that one UNDO takes back, to the byte.
+class UndoneRunTest : public RunTest {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+  std::int64_t layerInteger(const wchar_t* layerName, cad::Property property) {
+    return drawing().integer(layer(layerName), property).value_or(-999);
+  }
+
+  std::string before_;
+};
+
 }  // namespace engine_test
