@@ -69,10 +69,10 @@ TEST_F(BatchStep, LastDrawingSendsTheInteractiveCommandToTheStart) {
 
 // The drawings are of the oldest release.
 TEST_F(BatchStep, WhatADrawingRefusedStandsOnTheCommandLineBeforeItIsClosed) {
-  write("rules.cvt",
-        base::encode(L"[文字]\n[***]\n{\n[透過性] = 30\n[線幅値] = 0.25 mm\n}\n---End---\n[EOF]\n",
-                     base::kJapanese)
-            .bytes);
+  make("rules.cvt",
+       base::encode(L"[文字]\n[***]\n{\n[透過性] = 30\n[線幅値] = 0.25 mm\n}\n---End---\n[EOF]\n",
+                    base::kJapanese)
+           .bytes);
   convert("a.dxf");
   for (const wchar_t* item : {L"透過性[30]", L"線幅値[0.25 MM]"}) {
     EXPECT_NE(printed_.find(L"\n" + std::wstring(item) +
