@@ -174,20 +174,6 @@ TEST_F(InteractiveCommand, ALogThatCannotBeNamedStopsTheRun) {
   conversionContext().dialog.reset();
 }
 
-TEST_F(InteractiveCommand, AnEmptyLogFolderIsNoLog) {
-  writeCommonText(L"MorluxLogOutFile", L"old.log");
-  thenClicks(IDC_MAIN_CREATE_LOG);
-  then([&] {
-    user_.answersMessage({L"ログの書き出し先が間違っています", kTitle, Buttons::kOk, Icon::kWarning},
-                         Answer::kOk);
-    user_.click(window(), IDOK);
-    EXPECT_EQ(setting(L"MorluxLogOutFile"), L"");
-  });
-  thenClicks(IDCANCEL);
-  run();
-  EXPECT_EQ(setting(L"MorluxCreateLog"), L"");
-}
-
 TEST_F(InteractiveCommand, WithoutALogItsFolderIsKeptForTheNextTime) {
   writeCommonText(L"MorluxLogOutPath", base::pathText(folder_ / "logs").c_str());
   writeCommonText(L"KivBlock", L"9");

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Converts real drawings and looks at the results with two readers that are not the product's.
 
-    check_samples.py KIVCVT FOLDER        exit status: 0 all is well, 1 not
+    check_samples.py KIVCVT FOLDER        all in it and below; exit status: 0 all is well, 1 not
 
 1. With rules that touch nothing, every drawing that can be read comes out byte for byte.
 2. With rules, the comparison of records finds only the groups that the rules name, and python3-ezdxf
@@ -56,7 +56,7 @@ class Check:
         self.records_changed = 0
 
     def fail(self, drawing, text):
-        self.failures.append(f"{drawing.name}: {text}")
+        self.failures.append(f"{drawing}: {text}")
 
     def convert(self, rules, drawing, name):
         """The converted file, or None with what the program said when the drawing is refused."""
@@ -91,7 +91,7 @@ class Check:
         for difference in found:
             self.check_groups(drawing, difference)
         self.check_properties(drawing, target)
-        print(f"{drawing.name}: {len(found)} records changed")
+        print(f"{drawing}: {len(found)} records changed")
 
     def check_groups(self, drawing, difference):
         allowed = set(COLOR_GROUPS)
@@ -160,7 +160,7 @@ def same(a, b):
 
 
 def main(program, folder):
-    drawings = sorted(pathlib.Path(folder).glob("*.dxf"))
+    drawings = sorted(pathlib.Path(folder).rglob("*.dxf"))
     if not drawings:
         print(f"no drawings in {folder}")
         return 1

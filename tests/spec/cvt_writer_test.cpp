@@ -21,15 +21,6 @@ TEST_F(CvtWriter, WholeFileByteForByte) {
   EXPECT_EQ(count(), 1U);
 }
 
-TEST_F(CvtWriter, WhatIsReadIsWrittenTheSame) {
-  makeText("a.CVT", testing::kSampleText);
-  const TreeLoad load = loadSpecification(folder_, L"a.CVT");
-  ASSERT_EQ(load.diagnostics.size(), 1U);
-  EXPECT_EQ(load.diagnostics[0].problem, CvtProblem::kNotALayerColor);
-  ASSERT_TRUE(writeSpecification(load.specification, folder_ / "b.CVT").ok());
-  EXPECT_EQ(content("b.CVT"), content("a.CVT"));
-}
-
 TEST_F(CvtWriter, CommasInValuesAndAssignmentsSurviveASave) {
   makeText("a.CVT", L"[文字]\n[画層] = A-*,~A-1\n---End---\n[寸法設定]\nDIMASZ = 2.5\n---End---\n[EOF]\n");
   const Specification loaded = loadSpecification(folder_, L"a.CVT").specification;

@@ -100,7 +100,7 @@ TEST_F(Variables, OfDimensionsHaveTypesAndLimits) {
   ASSERT_TRUE(host().closeDocument().ok());
   std::string bytes = cad_test::drawingText();
   bytes.replace(bytes.find("AC10"), 6, "AC1024");
-  ASSERT_TRUE(host().openDocument(write("new.dxf", bytes)).ok());
+  ASSERT_TRUE(host().openDocument(make("new.dxf", bytes)).ok());
   const std::pair<const wchar_t*, std::pair<short, short>> integers[] = {
       // least, most
       {L"DIMTAD", {0, 4}}, {L"DIMZIN", {0, 15}},  {L"DIMADEC", {-1, 8}},  {L"DIMATFIT", {0, 3}},

@@ -17,7 +17,9 @@ Faults faultsOf(const std::wstring& controls) {
 }
 
 TEST(Layout, NoFaultInTheDialogsOfTheProgram) {
+  ASSERT_FALSE(resourceScript().dialogs.empty());
   for (const DialogResource& dialog : resourceScript().dialogs) {
+    EXPECT_FALSE(dialog.caption.empty()) << dialog.id;
     for (const std::wstring& fault : layoutFaults(dialog)) {
       ADD_FAILURE() << base::utf8::encode(fault).bytes;
     }

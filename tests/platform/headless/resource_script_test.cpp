@@ -173,12 +173,5 @@ TEST(ResourceScript, DeepMenus) {
   EXPECT_EQ(refusal(script), L"line 1: the menu is nested too deep");
 }
 
-TEST(ResourceScript, OwnScriptOfTheProgram) {
-  const ResourceScript& script = resourceScript();
-  EXPECT_EQ(script.dialogs.size(), 5U);
-  for (const DialogResource& dialog : script.dialogs) EXPECT_FALSE(dialog.caption.empty()) << dialog.id;
-  EXPECT_NE(script.findMenu(123), nullptr);
-}
-
 }  // namespace
 }  // namespace kiv::headless
