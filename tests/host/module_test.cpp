@@ -1,4 +1,5 @@
-// The module as the host loads it, driven by its exported functions alone.
+// The module as the host loads it, driven by its exported functions alone. What a conversion and a check give
+// is seen in the tests of the command line, which calls the same functions.
 
 #include "embedded/editor/host.h"
 #include "host/automation.h"
@@ -8,20 +9,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr char kDrawing[] =
-    "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nTEXT\r\n  8\r\nWALL\r\n 10\r\n0.0\r\n 20\r\n0.0\r\n "
-    "40\r\n2.5\r\n"
-    "  1\r\nA\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n";
-// [文字] [***] { [色] = 3 [画層] = NONE }, in code page 932, and a line that the reader drops.
-constexpr char kRules[] =
-    "[\x95\xb6\x8e\x9a]\r\n[***]\r\n{\r\n[\x90\x46] = 3\r\n[\x89\xe6\x91\x77] = NONE\r\n[?] = 1\r\n}\r\n"
-    "---End---\r\n[EOF]\r\n";
+// [文字] [***] { [色] = 3 }, in code page 932.
+constexpr char kRules[] = "[\x95\xb6\x8e\x9a]\r\n[***]\r\n{\r\n[\x90\x46] = 3\r\n}\r\n---End---\r\n[EOF]\r\n";
 
 class Module : public test_support::TempFolder {
  protected:
   void SetUp() override {
     fs::create_directories(folder_ / "out");
-    make("a.dxf", kDrawing);
     make("rules.cvt", kRules);
     host().setOutput([this](std::wstring_view text) { printed_ += text; });
     host().start();
@@ -90,25 +84,6 @@ TEST_F(Module, RunWithoutAContextRefuses) {
   EXPECT_EQ(report().end, kKivNoSpecification);
 }
 
-TEST_F(Module, ConvertsSavesReportsAndLogs) {
-  ASSERT_EQ(setConversion(folder_ / "rules.cvt", folder_ / "run.log"), 1);
-  ASSERT_TRUE(host().openDocument(folder_ / "a.dxf").ok());
-  EXPECT_TRUE(host().execute(L"KIV_TOACAD2").ok());
-
-  const KivRunReport result = report();
-  EXPECT_EQ(result.end, kKivConverted);
-  EXPECT_EQ(result.drawing, base::pathText(folder_ / "a.dxf"));
-  EXPECT_EQ(result.savedPath, base::pathText(folder_ / "out" / "a.DXF"));
-  EXPECT_EQ(result.problemCount, 0);
-  ASSERT_EQ(result.noteCount, 1);
-  EXPECT_EQ(result.notes[0].value, std::wstring(L"NONE"));
-  EXPECT_EQ(result.notes[0].reason, kKivNoSuchName);
-  EXPECT_EQ(result.notes[0].count, 1);
-  EXPECT_NE(content(folder_ / "out" / "a.DXF").find(" 62\r\n"), std::string::npos);
-  const std::string log = content(folder_ / "run.log");
-  EXPECT_NE(log.find((folder_ / "a.dxf").string() + ", OK\r\n"), std::string::npos) << log;
-}
-
 TEST_F(Module, RefusalsAreLoggedAndEmptyDrawingsAreNot) {
   ASSERT_EQ(setConversion(folder_ / "none.cvt", folder_ / "run.log"), 1);
   EXPECT_TRUE(host().execute(L"KIV_TOACAD2").ok());
@@ -133,23 +108,6 @@ TEST_F(Module, OptionsOutOfRangeAndGivingUpTheContext) {
   EXPECT_EQ(setConversion(nullptr), 1);
   EXPECT_TRUE(host().execute(L"KIV_TOACAD2").ok());
   EXPECT_EQ(report().end, kKivNoSpecification);
-}
-
-TEST_F(Module, SpecificationsAreChecked) {
-  const auto check = symbol<KivCheckSpecification>("dll_kiv_checkSpecification");
-  KivSpecificationReport result{};
-  EXPECT_EQ(check(nullptr, &result), 0);
-  ASSERT_EQ(check(base::pathText(folder_ / "rules.cvt").c_str(), &result), 1);
-  EXPECT_EQ(result.usable, 1);
-  EXPECT_EQ(result.settings, 1);
-  ASSERT_EQ(result.diagnosticCount, 1);
-  EXPECT_EQ(result.diagnostics[0].line, 6);
-  EXPECT_EQ(result.diagnostics[0].dropped, 1);
-  EXPECT_NE(std::wstring(result.diagnostics[0].reason), L"");
-
-  ASSERT_EQ(check(base::pathText(folder_ / "a.dxf").c_str(), &result), 1);
-  EXPECT_EQ(result.usable, 0);
-  EXPECT_NE(std::wstring(result.failure), L"");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "embedded/editor/host.h"
 #include "platform/settings.h"
 #include "spec/item_kinds.h"
+#include "tests/embedded/dxf/dxf_text.h"
 #include "tests/support/temp_folder.h"
 
 namespace kiv {
@@ -19,21 +20,12 @@ class ValueChoices : public test_support::TempFolder {
   }
 };
 
-constexpr const char* kDrawing =
-    "0\nSECTION\n2\nTABLES\n"
-    "0\nTABLE\n2\nLTYPE\n70\n3\n"
-    "0\nLTYPE\n2\nDASHED\n70\n0\n3\n\n72\n65\n73\n0\n40\n0.0\n"
-    "0\nLTYPE\n2\nBYBLOCK\n70\n0\n3\n\n72\n65\n73\n0\n40\n0.0\n"
-    "0\nLTYPE\n2\nCONTINUOUS\n70\n0\n3\n\n72\n65\n73\n0\n40\n0.0\n"
-    "0\nENDTAB\n"
-    "0\nTABLE\n2\nLAYER\n70\n3\n"
-    "0\nLAYER\n2\nWALL\n70\n0\n62\n1\n6\nCONTINUOUS\n"
-    "0\nLAYER\n2\n0\n70\n0\n62\n7\n6\nCONTINUOUS\n"
-    "0\nLAYER\n2\nDOOR\n70\n0\n62\n3\n6\nCONTINUOUS\n"
-    "0\nENDTAB\n"
-    "0\nTABLE\n2\nSTYLE\n70\n1\n"
-    "0\nSTYLE\n2\nKANJI\n70\n0\n40\n0.0\n41\n1.0\n50\n0.0\n71\n0\n42\n2.5\n3\ntxt\n4\n\n"
-    "0\nENDTAB\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n";
+const std::string kDrawing = cad::dxf::groups(
+    "0 SECTION|2 TABLES|0 TABLE|2 LTYPE|70 3|0 LTYPE|2 DASHED|70 0|3 |72 65|73 0|40 0.0|"
+    "0 LTYPE|2 BYBLOCK|70 0|3 |72 65|73 0|40 0.0|0 LTYPE|2 CONTINUOUS|70 0|3 |72 65|73 0|40 0.0|0 ENDTAB|"
+    "0 TABLE|2 LAYER|70 3|0 LAYER|2 WALL|70 0|62 1|6 CONTINUOUS|0 LAYER|2 0|70 0|62 7|6 CONTINUOUS|"
+    "0 LAYER|2 DOOR|70 0|62 3|6 CONTINUOUS|0 ENDTAB|0 TABLE|2 STYLE|70 1|0 STYLE|2 KANJI|70 0|40 0.0|41 1.0|"
+    "50 0.0|71 0|42 2.5|3 txt|4 |0 ENDTAB|0 ENDSEC|0 SECTION|2 ENTITIES|0 ENDSEC|0 EOF");
 
 TEST_F(ValueChoices, WhatTheLayerSettingsWithhold) {
   const int layers = kLayerSettingSection;
