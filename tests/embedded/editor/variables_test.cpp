@@ -144,10 +144,9 @@ TEST_F(Variables, AnArrowNameMakesItsBlock) {
 // So that a program can set a variable back to what it read.
 TEST_F(Variables, AnArrowIsReadByItsBlocksName) {
   for (const auto& [stored, expected] : {std::pair("DOT", L"_DOT"), {"GONE", L""}, {"door", L"DOOR"}}) {
-    std::string bytes = cad_test::drawingText();
-    const std::string before = cad_test::groups({{9, "$DIMBLK"}, {1, ""}});
-    bytes.replace(bytes.find(before), before.size(), cad_test::groups({{9, "$DIMBLK"}, {1, stored}}));
-    ASSERT_TRUE(host().openDocument(write("arrows.dxf", bytes)).ok());
+    const std::string bytes = cad::dxf::replaced(cad_test::drawingText(), "$DIMBLK\r\n  1\r\n",
+                                                 "$DIMBLK\r\n  1\r\n" + std::string(stored));
+    ASSERT_TRUE(host().openDocument(make("arrows.dxf", bytes)).ok());
     EXPECT_EQ(setText(L"DIMBLK1", L"_DOT"), RTNORM);
     EXPECT_EQ(getText(L"DIMBLK"), expected) << stored;
     EXPECT_EQ(setText(L"DIMBLK", L"_OPEN"), RTNORM);
