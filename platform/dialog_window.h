@@ -61,6 +61,7 @@ class TreeView {
   virtual TreeItem caret() const = 0;                               // the selected item
   virtual void select(TreeItem item) = 0;                           // opens what it is under
   virtual void expand(TreeItem item) = 0;
+  virtual void collapse(TreeItem item) = 0;  // what was selected below it gives the selection to it
   virtual bool isExpanded(TreeItem item) const = 0;
   virtual void setRedraw(bool on) = 0;
 };
@@ -117,12 +118,15 @@ class DialogWindow {
 
   // --- Any control
   virtual Rect placeOf(int id) const = 0;  // pixels of the screen; empty: there is no such control
+  // Where a menu opens that a key asks for: under the selected row of a tree, list or grid.
+  virtual Place menuPlace(int id) const = 0;
   virtual std::wstring text(int id) const = 0;
   virtual void setText(int id, std::wstring_view text) = 0;
   virtual bool isEnabled(int id) const = 0;
   virtual void enable(int id, bool enabled) = 0;
   virtual bool isVisible(int id) const = 0;
   virtual void showControl(int id, bool visible) = 0;
+  virtual wchar_t accessKey(int id) const = 0;   // with Alt presses the button or focuses; 0: none
   virtual void focus(int id) = 0;                // an edit's text becomes selected
   virtual int focused() const = 0;               // 0: no control of this dialog
   virtual bool isChecked(int id) const = 0;      // check boxes and radio buttons

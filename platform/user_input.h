@@ -24,12 +24,14 @@ bool clickRow(DialogWindow& window, int id, int row);  // of a list or grid
 bool doubleClickRow(DialogWindow& window, int id, int row);
 bool clickHeader(DialogWindow& window, int id, int column);
 bool clickItem(DialogWindow& window, int id, TreeItem item);
+bool doubleClickItem(DialogWindow& window, int id, TreeItem item);  // opens or closes it, too
 bool rightClickItem(DialogWindow& window, int id,
                     TreeItem item);                  // a menu that opens is answered by the script
 bool rightClickEmpty(DialogWindow& window, int id);  // of a tree, below its rows; false: it is full of them
 bool rightClickRow(DialogWindow& window, int id, int row);                     // of a grid
 bool typeCell(DialogWindow& window, int id, int row, std::wstring_view text);  // of a grid
 bool press(DialogWindow& window, Key key, bool shift = false);  // in the control that has the focus
+bool pressWithAlt(DialogWindow& window, wchar_t letter);        // A to Z
 bool close(DialogWindow& window);                               // by its closing box
 
 // Lets everything happen that is under way; nothing where there are no windows to wait for.

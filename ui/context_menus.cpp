@@ -57,6 +57,17 @@ Menu contextMenu(const Specification& specification, const Node& node) {
   return menu;
 }
 
+Menu siblingMenu(const Specification& specification, const Node& item) {
+  const bool condition = specification.tag(item).role() == Role::kCondition;
+  for (const MenuItem& each : contextMenu(specification, Node::of(item.section, item.index))) {
+    if (each.items.empty()) continue;
+    const int first = each.items.front().id;
+    const ItemKind* kind = condition ? itemKindOfConditionCommand(first) : itemKindOfResultCommand(first);
+    if (kind != nullptr) return each.items;
+  }
+  return {};
+}
+
 bool canApply(const Specification& specification, const Node& node, int command) {
   if (!specification.exists(node) || node.section == 0) return false;
   if (const ItemKind* kind = itemKindOfConditionCommand(command)) return canAdd(*kind, node.section, false);
@@ -106,6 +117,12 @@ int editCommand(const Specification& specification, const Node& node) {
     default:
       return 0;
   }
+}
+
+int addCommand(const Specification& specification, const Node& node) {
+  const ItemTag tag = specification.tag(node);
+  if (tag.level() != Level::kSection) return 0;
+  return isRuleSection(tag.section()) ? IDC_ADD_SETTING : IDC_ADD_ENTRY;
 }
 
 bool assignsVariables(const Specification& specification, const Node& setting) {

@@ -4,6 +4,7 @@
 
 #include "platform/host_messages.h"
 #include "platform/questions.h"
+#include "ui/context_menus.h"
 #include "ui/file_refusal.h"
 #include "ui/module_title.h"
 #include "ui/resource.h"
@@ -52,7 +53,7 @@ void CCnvDlg::onCommand(int command) {
 }
 
 void CCnvDlg::onContextMenu(int id, Place screen) {
-  if (id == IDC_MAIN_TREE) showContextMenu(tree().selected(), screen);
+  if (id == IDC_MAIN_TREE) runFromMenu(contextMenu(specification_, tree().selected()), screen);
 }
 
 // A picker has nothing left to pick for.

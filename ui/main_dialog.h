@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/questions.h"
 #include "spec/configuration.h"
 #include "spec/cvt_writer.h"
 #include "spec/specification.h"
@@ -55,6 +56,8 @@ class CCnvDlg : public Dialog, private PickerOwner {
   void onInit() override;
   void onCommand(int command) override;
   void onContextMenu(int id, Place screen) override;
+  bool onKey(int id, Key key) override;
+  void onDoubleClicked(int id) override;
   void onDestroyed() override;
 
  private:
@@ -86,7 +89,9 @@ class CCnvDlg : public Dialog, private PickerOwner {
   // --- The tree (main_dialog_tree.cpp)
   SpecificationTree tree();
   bool onTreeCommand(int command);
-  void showContextMenu(const Node& node, Place screen);
+  void runFromMenu(const Menu& menu, Place screen);
+  void applyOrOffer(int command, const Node& node, Place screen);
+  void openSelected();
   void addSetting();
   void clearChildren(const std::wstring& question);
   void clearItems(Role role);
@@ -99,6 +104,7 @@ class CCnvDlg : public Dialog, private PickerOwner {
   // --- Pickers (main_dialog_pickers.cpp)
   bool onPickerCommand(int command);
   void addOrEdit();
+  void addAtSelected();
   void addItem(int kind, Role role);
   void editItem();
   void openPicker(int kind, Role role, const PickerTarget& target, std::vector<std::wstring> present);

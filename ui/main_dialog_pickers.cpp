@@ -34,16 +34,24 @@ bool CCnvDlg::onPickerCommand(int command) {
   }
 }
 
-// An item is edited, a rule section gains a setting, which is all that can be added to it. A setting and a
-// list section show what can be added in their context menu; so does what cannot be edited, greyed.
+// An item is edited, a section gains what can be added to it. A setting shows what that is in its context
+// menu; so does what cannot be edited, greyed.
 void CCnvDlg::addOrEdit() {
   const Node node = tree().selected();
   if (node.section < 1) return tell(kNothingSelected);
   const int edit = editCommand(specification_, node);
-  if (edit != 0 && canApply(specification_, node, edit)) return onCommand(edit);
-  if (node.index < 0 && isRuleSection(node.section)) return addSetting();
   const Rect button = window().placeOf(IDC_MAIN_EDIT);
-  showContextMenu(node, {button.left, button.bottom});
+  applyOrOffer(edit != 0 ? edit : addCommand(specification_, node), node, {button.left, button.bottom});
+}
+
+// As the button on a section and on a setting; what is under them gains a neighbour.
+void CCnvDlg::addAtSelected() {
+  const Node node = tree().selected();
+  if (node.section < 1) return tell(kNothingSelected);
+  const Place place = window().menuPlace(IDC_MAIN_TREE);
+  if (node.role != Role::kNone) return runFromMenu(siblingMenu(specification_, node), place);
+  const Node gaining = isRuleSection(node.section) ? node : Node::ofSection(node.section);
+  applyOrOffer(addCommand(specification_, gaining), gaining, place);
 }
 
 void CCnvDlg::addItem(int kind, Role role) {

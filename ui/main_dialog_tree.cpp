@@ -51,8 +51,40 @@ bool CCnvDlg::onTreeCommand(int command) {
   }
 }
 
-void CCnvDlg::showContextMenu(const Node& node, Place screen) {
-  const Menu menu = contextMenu(specification_, node);
+bool CCnvDlg::onKey(int id, Key key) {
+  if (id != IDC_MAIN_TREE) return false;
+  switch (key) {
+    case Key::kEnter:
+      return openSelected(), true;
+    case Key::kDelete:
+      return onCommand(IDC_MAIN_DELETE), true;
+    case Key::kInsert:
+      return addAtSelected(), true;
+    default:
+      return false;
+  }
+}
+
+// A section or a setting opens or closes by itself.
+void CCnvDlg::onDoubleClicked(int id) {
+  if (id == IDC_MAIN_TREE && editCommand(specification_, tree().selected()) != 0) openSelected();
+}
+
+// What can be edited is edited; the rest shows what is under it.
+void CCnvDlg::openSelected() {
+  const Node node = tree().selected();
+  const int edit = editCommand(specification_, node);
+  if (edit == 0) return tree().toggle(node);
+  applyOrOffer(edit, node, window().menuPlace(IDC_MAIN_TREE));
+}
+
+// The node's menu shows what there is instead of a command that does not apply.
+void CCnvDlg::applyOrOffer(int command, const Node& node, Place screen) {
+  if (command != 0 && canApply(specification_, node, command)) return onCommand(command);
+  runFromMenu(contextMenu(specification_, node), screen);
+}
+
+void CCnvDlg::runFromMenu(const Menu& menu, Place screen) {
   if (menu.empty()) return;
   const int command = showMenu(window(), menu, screen);
   if (command != 0 && hasWindow()) onCommand(command);

@@ -49,6 +49,11 @@ void SpecificationTree::select(const Node& node) {
   if (const TreeItem item = itemOf(node)) view_.select(item);
 }
 
+void SpecificationTree::toggle(const Node& node) {
+  const TreeItem item = itemOf(node);
+  view_.isExpanded(item) ? view_.collapse(item) : view_.expand(item);
+}
+
 void SpecificationTree::added(const Node& node) {
   const TreeItem parent = itemOf(parentOf(node));
   insert(parent, positionOf(node), node);

@@ -19,6 +19,8 @@ class SpecificationTree {
   // The selected node; no such node (exists() is false) when nothing is selected.
   Node selected() const;
   void select(const Node& node);
+  // Shows or hides what is under it.
+  void toggle(const Node& node);
 
   // Each after the edit. An added node becomes visible; the selection stays where it is.
   void added(const Node& node);

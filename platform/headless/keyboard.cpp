@@ -97,6 +97,13 @@ void pressKey(MemoryWindow& window, Key key, bool shift) {
   if (key == Key::kDelete && control->isEditable()) eraseText(window, *control);
 }
 
+void pressAccessKey(MemoryWindow& window, wchar_t letter) {
+  MemoryControl* control = window.findByAccessKey(letter);
+  if (!control || !control->isUsable()) return;
+  window.focus(control->id);
+  if (control->isButton()) pressButton(window, *control);
+}
+
 bool canCancel(const MemoryWindow& window) {
   const MemoryControl* button = window.find(kCancelId);
   return !button || button->enabled;
@@ -104,11 +111,6 @@ bool canCancel(const MemoryWindow& window) {
 
 void cancel(MemoryWindow& window) {
   if (canCancel(window)) command(window, kCancelId);
-}
-
-Place centre(const MemoryWindow& window) {
-  const Rect place = window.place();
-  return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
 }
 
 }  // namespace kiv::headless

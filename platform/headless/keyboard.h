@@ -18,10 +18,11 @@ void eraseText(MemoryWindow& window, MemoryControl& control);
 // In the control that has the keyboard.
 void pressKey(MemoryWindow& window, Key key, bool shift);
 
+// With Alt, wherever the keyboard is.
+void pressAccessKey(MemoryWindow& window, wchar_t letter);
+
 // Escape and the closing box press the button of id 2; where that is disabled nothing happens.
 bool canCancel(const MemoryWindow& window);
 void cancel(MemoryWindow& window);
-
-Place centre(const MemoryWindow& window);
 
 }  // namespace kiv::headless

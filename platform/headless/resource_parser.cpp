@@ -137,10 +137,32 @@ void ResourceParser::resource() {
     if (script_.findMenu(id)) fail(L"menu " + std::to_wstring(id) + L" stands here twice");
     MenuResource made{id, menu(0)};
     script_.menus.push_back(std::move(made));
+  } else if (takeWord(L"ACCELERATORS")) {
+    accelerators(id);
   } else if (takeWord(L"ICON")) {
     script_.icons.push_back({id, text()});
   } else {
     fail(L"unknown kind of resource " + token().text);
+  }
+}
+
+// "X", id, VIRTKEY, ALT
+void ResourceParser::accelerators(int id) {
+  if (!takeBegin()) return;
+  while (!failed() && !takeEnd()) {
+    if (failed()) return;
+    AccessKey key{id, 0, 0, token().line};
+    const std::wstring letter = text();
+    if (letter.size() != 1 || letter[0] < L'A' || letter[0] > L'Z')
+      return fail(L"an access key is one of A to Z");
+    key.letter = letter[0];
+    expectComma();
+    key.control = number();
+    for (const wchar_t* option : {L"VIRTKEY", L"ALT"}) {
+      expectComma();
+      if (!takeWord(option)) return fail(L"an access key ends with VIRTKEY, ALT");
+    }
+    script_.accessKeys.push_back(key);
   }
 }
 

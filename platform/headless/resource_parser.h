@@ -55,6 +55,7 @@ class ResourceParser {
   void knownControl(const ControlStatement& statement, ResourceControl& control);
   void place(ResourceControl& control);
   void trailingStyles(ResourceControl& control);
+  void accelerators(int id);
   Menu menu(int depth);
   void menuItem(MenuItem& item);
   void menuOptions(MenuItem& item);

@@ -57,6 +57,14 @@ struct MenuResource {
   Menu items;
 };
 
+// With Alt, of the table that has the id of the dialog.
+struct AccessKey {
+  int dialog = 0;
+  wchar_t letter = 0;  // A to Z
+  int control = 0;
+  int line = 0;
+};
+
 struct IconResource {
   int id = 0;
   std::wstring file;
@@ -66,6 +74,7 @@ struct ResourceScript {
   std::vector<DialogResource> dialogs;
   std::vector<MenuResource> menus;
   std::vector<IconResource> icons;
+  std::vector<AccessKey> accessKeys;
 
   const DialogResource* findDialog(int id) const;  // null: none, as below
   const MenuResource* findMenu(int id) const;

@@ -109,6 +109,13 @@ void MemoryTree::expand(TreeItem item) {
   if (Item* found = find(item); found && !found->children.empty()) found->expanded = true;
 }
 
+void MemoryTree::collapse(TreeItem item) {
+  Item* found = find(item);
+  if (!found) return;
+  found->expanded = false;
+  if (isUnder(caret_, item)) caret_ = item;
+}
+
 bool MemoryTree::isExpanded(TreeItem item) const {
   const Item* found = find(item);
   return found && found->expanded;

@@ -22,6 +22,7 @@ class MemoryTree : public TreeView {
   TreeItem caret() const override { return caret_; }
   void select(TreeItem item) override;
   void expand(TreeItem item) override;
+  void collapse(TreeItem item) override;
   bool isExpanded(TreeItem item) const override;
   void setRedraw(bool) override {}
 

@@ -69,7 +69,7 @@ void doubleClick(const Reached& reached) {
 }
 
 void openMenu(const Reached& reached) {
-  if (reached.dialog()) reached.dialog()->onContextMenu(reached.id, headless::centre(reached.window));
+  if (reached.dialog()) reached.dialog()->onContextMenu(reached.id, reached.window.menuPlace(reached.id));
 }
 
 template <class Action>
@@ -146,6 +146,17 @@ bool clickItem(DialogWindow& window, int id, TreeItem item) {
   return does(hasItem(reached, item), [&] { chooseItem(reached, item); });
 }
 
+bool doubleClickItem(DialogWindow& window, int id, TreeItem item) {
+  const Reached reached(window, id);
+  return does(hasItem(reached, item), [&] {
+    chooseItem(reached, item);
+    if (!reached.dialog()) return;
+    headless::MemoryTree& tree = *reached.control->tree;
+    tree.isExpanded(item) ? tree.collapse(item) : tree.expand(item);
+    doubleClick(reached);
+  });
+}
+
 bool rightClickItem(DialogWindow& window, int id, TreeItem item) {
   const Reached reached(window, id);
   return does(hasItem(reached, item), [&] {
@@ -181,6 +192,14 @@ bool press(DialogWindow& window, Key key, bool shift) {
   return does(memory.takesInput(), [&] {
     memory.activate();
     headless::pressKey(memory, key, shift);
+  });
+}
+
+bool pressWithAlt(DialogWindow& window, wchar_t letter) {
+  auto& memory = static_cast<MemoryWindow&>(window);
+  return does(memory.takesInput(), [&] {
+    memory.activate();
+    headless::pressAccessKey(memory, letter);
   });
 }
 

@@ -107,6 +107,12 @@ Rect MemoryWindow::placeOf(int id) const {
   return control ? controlPlace(*control->resource, place_) : Rect();
 }
 
+// Rows have no place here.
+Place MemoryWindow::menuPlace(int id) const {
+  const Rect place = placeOf(id);
+  return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+}
+
 std::wstring MemoryWindow::text(int id) const {
   const MemoryControl* control = find(id);
   return control ? control->field.text() : std::wstring();
@@ -145,6 +151,20 @@ void MemoryWindow::showControl(int id, bool visible) {
   if (!control) return;
   control->visible = visible;
   if (!visible && focus_ == id) focus_ = 0;
+}
+
+wchar_t MemoryWindow::accessKey(int id) const {
+  for (const AccessKey& key : resourceScript().accessKeys) {
+    if (key.dialog == resource() && key.control == id) return key.letter;
+  }
+  return 0;
+}
+
+MemoryControl* MemoryWindow::findByAccessKey(wchar_t letter) {
+  const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const MemoryControl& each) {
+    return each.id != -1 && accessKey(each.id) == letter;
+  });
+  return found == controls_.end() ? nullptr : &*found;
 }
 
 void MemoryWindow::focus(int id) {

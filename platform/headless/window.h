@@ -49,12 +49,14 @@ class MemoryWindow : public DialogWindow {
   void post(int command) override;
 
   Rect placeOf(int id) const override;
+  Place menuPlace(int id) const override;
   std::wstring text(int id) const override;
   void setText(int id, std::wstring_view text) override;
   bool isEnabled(int id) const override;
   void enable(int id, bool enabled) override;
   bool isVisible(int id) const override;
   void showControl(int id, bool visible) override;
+  wchar_t accessKey(int id) const override;
   void focus(int id) override;
   int focused() const override;
   bool isChecked(int id) const override;
@@ -75,6 +77,7 @@ class MemoryWindow : public DialogWindow {
   bool takesInput() const { return dialog_ && shown_ && enabled_; }
   MemoryControl* find(int id);  // null: none; never one of the id -1
   const MemoryControl* find(int id) const;
+  MemoryControl* findByAccessKey(wchar_t letter);
   MemoryControl* focusedControl() { return find(focus_); }
   MemoryControl* defaultButton();
   void focusFirst();

@@ -73,8 +73,7 @@ bool chooseUnder(HWND control, POINT place) {
   return true;
 }
 
-// Where a menu opens that the keyboard asked for: under the chosen row.
-POINT placeOfChosenRow(HWND control) {
+RECT rectOfChosenRow(HWND control) {
   RECT row{};
   if (isOfClass(control, WC_TREEVIEWW)) {
     const LRESULT caret = SendMessageW(control, TVM_GETNEXTITEM, TVGN_CARET, 0);
@@ -88,11 +87,11 @@ POINT placeOfChosenRow(HWND control) {
   } else {
     SendMessageW(control, kGridRowRect, 0, reinterpret_cast<LPARAM>(&row));
   }
-  return {row.left, row.bottom};
+  return row;
 }
 
+// `place` is one of the screen.
 void openMenu(Window& window, HWND control, POINT place) {
-  ClientToScreen(control, &place);
   const int id = GetDlgCtrlID(control);
   window.tell([id, place](Dialog& dialog) {
     dialog.onContextMenu(id, {static_cast<int>(place.x), static_cast<int>(place.y)});
@@ -136,7 +135,7 @@ bool hitsTreeItem(HWND control, LPARAM place) {
 LRESULT takeMessage(HWND control, UINT message, WPARAM first, LPARAM second) {
   Window* window = Window::of(GetParent(control));
   if (!window) return DefSubclassProc(control, message, first, second);
-  const POINT place{GET_X_LPARAM(second), GET_Y_LPARAM(second)};
+  POINT place{GET_X_LPARAM(second), GET_Y_LPARAM(second)};
   switch (message) {
     case WM_GETDLGCODE:
       return DefSubclassProc(control, message, first, second) | (isForDialog(second) ? DLGC_WANTMESSAGE : 0);
@@ -152,10 +151,13 @@ LRESULT takeMessage(HWND control, UINT message, WPARAM first, LPARAM second) {
       chooseUnder(control, place);
       return 0;
     case WM_RBUTTONUP:
-      if (chooseUnder(control, place)) openMenu(*window, control, place);
+      if (chooseUnder(control, place)) {
+        ClientToScreen(control, &place);
+        openMenu(*window, control, place);
+      }
       return 0;
     case WM_CONTEXTMENU:
-      if (second == -1) openMenu(*window, control, placeOfChosenRow(control));
+      if (second == -1) openMenu(*window, control, placeUnderChosenRow(control));
       return 0;
     case WM_LBUTTONDBLCLK: {
       const bool onItem = hitsTreeItem(control, second);
@@ -176,6 +178,13 @@ LRESULT CALLBACK watcher(HWND control, UINT message, WPARAM first, LPARAM second
 }
 
 }  // namespace
+
+POINT placeUnderChosenRow(HWND control) {
+  const RECT row = rectOfChosenRow(control);
+  POINT place{row.left, row.bottom};
+  ClientToScreen(control, &place);
+  return place;
+}
 
 void watchControl(HWND control) { SetWindowSubclass(control, watcher, kWatcher, 0); }
 

@@ -10,6 +10,9 @@ namespace kiv::win32 {
 // button open a menu at the row under the pointer.
 void watchControl(HWND control);
 
+// On the screen, below the row that is chosen in a tree, list or grid.
+POINT placeUnderChosenRow(HWND control);
+
 // What the window manager does with Enter, Escape and Tab in a dialog, for a control that takes all keys.
 void useAsDialogKey(HWND dialog, Key key);
 

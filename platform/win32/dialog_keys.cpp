@@ -19,8 +19,10 @@ BOOL filterHostMessage(MSG* message) {
 bool passToDialog(MSG& message) {
   if (takeSecondClick(message)) return true;
   if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST || !message.hwnd) return false;
-  const Window* window = Window::of(GetAncestor(message.hwnd, GA_ROOT));
-  return window && IsDialogMessageW(window->handle(), &message);
+  Window* window = Window::of(GetAncestor(message.hwnd, GA_ROOT));
+  if (!window) return false;
+  const HWND dialog = window->handle();
+  return window->accessKeys().take(dialog, message) || IsDialogMessageW(dialog, &message);
 }
 
 void listenToHostMessages(bool on) {

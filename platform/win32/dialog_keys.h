@@ -1,5 +1,5 @@
 #pragma once
-// What open dialogs take out of the message loop: Tab, Enter, Escape and their accelerators, and the second
+// What open dialogs take out of the message loop: Tab, Enter, Escape and their access keys, and the second
 // click on an entry of a combo box.
 
 #include "platform/win32/system.h"

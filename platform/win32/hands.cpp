@@ -13,10 +13,10 @@ void movePointer(HWND window, POINT place) {
   SetCursorPos(place.x, place.y);
 }
 
-void setShift(bool down) {
+void setHeld(int virtualKey, bool down) {
   BYTE keys[256];
   GetKeyboardState(keys);
-  keys[VK_SHIFT] = down ? 0x80 : 0;
+  keys[virtualKey] = down ? 0x80 : 0;
   SetKeyboardState(keys);
 }
 
@@ -66,12 +66,21 @@ void pressKeyIn(HWND window, WPARAM virtualKey, bool shift) {
                       << 16;
   const LPARAM down = repeated | scan | (isExtended(virtualKey) ? LPARAM{1} << 24 : 0);
   const LPARAM up = down | LPARAM{3} << 30;
-  setShift(shift);
+  setHeld(VK_SHIFT, shift);
   PostMessageW(window, WM_KEYDOWN, virtualKey, down);
   handleMessages();
   if (IsWindow(window)) PostMessageW(window, WM_KEYUP, virtualKey, up);
   handleMessages();
-  setShift(false);
+  setHeld(VK_SHIFT, false);
+}
+
+void pressWithAlt(HWND window, WPARAM virtualKey) {
+  const LPARAM down = 1 | LPARAM{1} << 29;
+  setHeld(VK_MENU, true);
+  PostMessageW(window, WM_SYSKEYDOWN, VK_MENU, down);
+  PostMessageW(window, WM_SYSKEYDOWN, virtualKey, down);
+  handleMessages();
+  setHeld(VK_MENU, false);
 }
 
 bool typeInto(HWND window, std::wstring_view text) {

@@ -11,6 +11,8 @@ enum class MouseButton { kLeft, kRight };
 void clickAt(HWND window, POINT place, MouseButton button = MouseButton::kLeft);
 void doubleClickAt(HWND window, POINT place);
 void pressKeyIn(HWND window, WPARAM virtualKey, bool shift = false);
+// With Alt, whose release goes to nobody: the system would take it for a way into the menu.
+void pressWithAlt(HWND window, WPARAM virtualKey);
 // False when the window went away, or became unusable, before the end of the text.
 bool typeInto(HWND window, std::wstring_view text);
 

@@ -56,7 +56,9 @@ void takeCommand(Window& window, WPARAM first, HWND control) {
   const WORD code = HIWORD(first);
   if (window.isQuiet()) return;
   const auto command = [id](Dialog& dialog) { dialog.onCommand(id); };
-  if (!control) {
+  if (!control && code == AccessKeys::kCode) {
+    window.reach(id);
+  } else if (!control) {
     window.tell(command);  // a menu, or a key that stands for a button
   } else if (isOfClass(control, WC_COMBOBOXW)) {
     tellCombo(window, control, id, code);
@@ -101,6 +103,7 @@ void takeClosing(Window& window) {
 
 void takeActivation(Window& window, WPARAM state) {
   if (LOWORD(state) == WA_INACTIVE) {
+    window.accessKeys().hideHints();
     window.rememberFocus();
   } else if (HIWORD(state) == 0) {  // not as an icon
     window.giveKeyboard();
@@ -130,6 +133,9 @@ INT_PTR takeMessage(Window& window, UINT message, WPARAM first, LPARAM second) {
     case WM_SETFOCUS:
       window.giveKeyboard();
       return TRUE;
+    case WM_CANCELMODE:  // before it is disabled, when no control of it keeps the keyboard
+      window.rememberFocus();
+      return FALSE;
     case kKeepFocus:
       return answer(window.handle(), wantsToKeepFocus(window.handle()));
     case WM_DESTROY:

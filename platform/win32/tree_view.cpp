@@ -130,6 +130,11 @@ void SystemTreeView::expand(TreeItem item) {
   if (item) send(TVM_EXPAND, TVE_EXPAND, static_cast<LPARAM>(item));
 }
 
+void SystemTreeView::collapse(TreeItem item) {
+  const auto silence = quiet();
+  if (item) send(TVM_EXPAND, TVE_COLLAPSE, static_cast<LPARAM>(item));
+}
+
 bool SystemTreeView::isExpanded(TreeItem item) const {
   TVITEMW description = itemFor(item, TVIF_STATE);
   description.stateMask = TVIS_EXPANDED;

@@ -27,6 +27,7 @@ class SystemTreeView final : public TreeView, public Control {
   TreeItem caret() const override;
   void select(TreeItem item) override;
   void expand(TreeItem item) override;
+  void collapse(TreeItem item) override;
   bool isExpanded(TreeItem item) const override;
   void setRedraw(bool on) override;
 

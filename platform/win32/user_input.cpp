@@ -143,6 +143,15 @@ bool press(DialogWindow& window, Key key, bool shift) {
   return true;
 }
 
+bool pressWithAlt(DialogWindow& window, wchar_t letter) {
+  const Reach reach(window);
+  if (!reach) return false;
+  reach.bringToFront();
+  const HWND focus = GetFocus();
+  win32::pressWithAlt(win32::isWithin(reach.dialog(), focus) ? focus : reach.dialog(), letter);
+  return true;
+}
+
 bool close(DialogWindow& window) {
   const Reach reach(window);
   const HWND cancel = GetDlgItem(reach.dialog(), IDCANCEL);

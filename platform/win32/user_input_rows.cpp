@@ -102,6 +102,15 @@ bool clickItem(DialogWindow& window, int id, TreeItem item) {
   return clickItemWith(window, id, item, MouseButton::kLeft);
 }
 
+bool doubleClickItem(DialogWindow& window, int id, TreeItem item) {
+  const Reach reach(window, id);
+  POINT place{};
+  if (!placeOfItem(reach, item, place)) return false;
+  reach.bringToFront();
+  win32::doubleClickAt(reach.control(), place);
+  return true;
+}
+
 bool rightClickItem(DialogWindow& window, int id, TreeItem item) {
   return clickItemWith(window, id, item, MouseButton::kRight);
 }

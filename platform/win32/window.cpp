@@ -4,6 +4,7 @@
 #include <commctrl.h>
 
 #include "platform/win32/combo_box.h"
+#include "platform/win32/control_keys.h"
 #include "platform/win32/grid.h"
 #include "platform/win32/list_view.h"
 #include "platform/win32/messages.h"
@@ -83,6 +84,12 @@ Rect Window::placeOf(int id) const {
   return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
+Place Window::menuPlace(int id) const {
+  const HWND handle = control(id);
+  const POINT place = handle ? placeUnderChosenRow(handle) : POINT{};
+  return {static_cast<int>(place.x), static_cast<int>(place.y)};
+}
+
 std::wstring Window::text(int id) const {
   const HWND handle = control(id);
   return handle ? windowText(handle) : std::wstring();
@@ -131,6 +138,17 @@ void Window::focus(int id) {
   if (!handle || !IsWindowEnabled(handle)) return;
   focusWhenActive_ = handle;
   if (isShown() && GetActiveWindow() == window_) takeKeyboardTo(handle);
+}
+
+// The click gives the button the keyboard, too. The window may have gone afterwards.
+void Window::reach(int id) {
+  const HWND handle = control(id);
+  if (!handle || !IsWindowEnabled(handle) || !IsWindowVisible(handle)) return;
+  if (isOfClass(handle, WC_BUTTONW)) {
+    SendMessageW(handle, BM_CLICK, 0, 0);
+  } else {
+    focus(id);
+  }
 }
 
 // To the control that had the keyboard when the window was active last; at first to the first one.

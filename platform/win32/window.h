@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "platform/dialog.h"
+#include "platform/win32/access_keys.h"
 #include "platform/win32/control.h"
 #include "platform/win32/system.h"
 
@@ -39,12 +40,14 @@ class Window final : public DialogWindow {
   void post(int command) override;
 
   Rect placeOf(int id) const override;
+  Place menuPlace(int id) const override;
   std::wstring text(int id) const override;
   void setText(int id, std::wstring_view text) override;
   bool isEnabled(int id) const override;
   void enable(int id, bool enabled) override;
   bool isVisible(int id) const override;
   void showControl(int id, bool visible) override;
+  wchar_t accessKey(int id) const override { return accessKeys_.of(id); }
   void focus(int id) override;
   int focused() const override;
   bool isChecked(int id) const override;
@@ -71,6 +74,10 @@ class Window final : public DialogWindow {
 
   // Something that the program does to a control, so nothing that the person did, is under way.
   bool isQuiet() const { return quiet_ > 0; }
+
+  AccessKeys& accessKeys() { return accessKeys_; }
+  // As a click for a button, else the control gets the keyboard; nothing where a click would do nothing.
+  void reach(int id);
 
   void rememberFocus();
   void giveKeyboard();
@@ -112,6 +119,7 @@ class Window final : public DialogWindow {
   int resource_;
   HWND window_ = nullptr;
   HWND focusWhenActive_ = nullptr;
+  AccessKeys accessKeys_;
   int handling_ = 0;
   int quiet_ = 0;
   std::map<int, std::unique_ptr<Control>> controls_;

@@ -55,7 +55,8 @@ void putInMiddle(HWND window, HWND owner) {
 
 }  // namespace
 
-Window::Window(Dialog& dialog) : dialog_(&dialog), resource_(dialog.resource()) {}
+Window::Window(Dialog& dialog)
+    : dialog_(&dialog), resource_(dialog.resource()), accessKeys_(dialog.resource()) {}
 
 std::unique_ptr<Window> Window::make(Dialog& dialog, HWND owner) {
   prepareControlClasses();

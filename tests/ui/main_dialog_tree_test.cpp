@@ -77,6 +77,78 @@ TEST_F(MainDialogTree, DeleteAsksByWhatIsSelected) {
   click(IDC_MAIN_DELETE);
 }
 
+TEST_F(MainDialogTree, EnterAndADoubleClickEdit) {
+  const Texts condition{L"文字", L"設定1", L"画層 が <A-TEXT> のとき"};
+  const auto showsPicker = [this] {
+    ASSERT_TRUE(hasPicker());
+    EXPECT_EQ(picker()->text(IDC_VALUE_COMBO), L"A-TEXT");
+    user_.click(*picker(), IDCANCEL);
+  };
+  select(condition);
+  user_.press(window(), Key::kEnter);
+  showsPicker();
+  user_.press(window(), Key::kEnter);  // the tree has the keyboard again
+  showsPicker();
+  user_.doubleClickItem(window(), IDC_MAIN_TREE, item(condition));
+  showsPicker();
+  // What has no picker shows what there is instead.
+  const Texts entry{L"線種のﾛｰﾄﾞ", L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ"};
+  user_.leavesMenu();
+  user_.doubleClickItem(window(), IDC_MAIN_TREE, item(entry));
+  user_.leavesMenu();
+  user_.press(window(), Key::kEnter);
+  EXPECT_EQ(enabledItems(user_.lastMenu()), std::vector<int>{IDC_DELETE_RESULT});
+  // There is nothing to edit in a setting or a section.
+  for (const Texts& path : {Texts{L"文字", L"設定1"}, Texts{L"文字"}, Texts{}}) {
+    select(path);
+    const bool wasOpen = isOpen(path);
+    user_.press(window(), Key::kEnter);
+    EXPECT_NE(isOpen(path), wasOpen);
+    user_.doubleClickItem(window(), IDC_MAIN_TREE, item(path));
+    EXPECT_EQ(isOpen(path), wasOpen);
+  }
+  EXPECT_TRUE(window().isShown()) << "no conversion was run";
+  window().focus(IDC_MAIN_DEFAULT);
+  user_.press(window(), Key::kEnter);
+  EXPECT_EQ(dialog().closing(), Closing::kConvert);
+}
+
+TEST_F(MainDialogTree, DeleteKeyAsksAsTheButton) {
+  user_.answersMessage(asked(L"[設定1] に含まれる項目をすべて削除します."), Answer::kNo);
+  select({L"文字", L"設定1"});
+  user_.press(window(), Key::kDelete);
+  user_.answersMessage(asked(L"[色 を <3:緑> に変更] を削除します."), Answer::kYes);
+  select({L"文字", L"設定1", L"色 を <3:緑> に変更"});
+  user_.press(window(), Key::kDelete);
+  EXPECT_EQ(rows({L"文字", L"設定1"}).back(), L"画層 を <TEXT> に変更");
+}
+
+TEST_F(MainDialogTree, InsertAddsWhereTheSelectionIs) {
+  const auto inserts = [this](const Texts& path, int chosen) {
+    user_.choosesMenu(chosen);
+    select(path);
+    user_.press(window(), Key::kInsert);
+    return enabledItems(user_.lastMenu());
+  };
+  select({L"文字"});
+  user_.press(window(), Key::kInsert);
+  EXPECT_EQ(selectedText(), L"設定3");
+  EXPECT_EQ(inserts({L"文字", L"設定1"}, 0), offered({L"文字", L"設定1"}));
+  EXPECT_EQ(inserts({L"画層の設定", L"設定1", L"画層 が <0> のとき"}, 0),
+            (std::vector<int>{40021, 40022, 40023, 40050, 40051, 40053, 40054, 40055, 40056}));
+  EXPECT_EQ(inserts({L"文字", L"設定1", L"色 を <3:緑> に変更"}, 40035).front(), 40031);
+  ASSERT_TRUE(hasPicker());
+  user_.type(*picker(), IDC_VALUE_COMBO, L"2.5");
+  user_.click(*picker(), IDOK);
+  EXPECT_EQ(rows({L"文字", L"設定1"}).back(), L"<文字高さ> を <2.5> に変更する");
+  EXPECT_EQ(inserts({L"線種のﾛｰﾄﾞ"}, 0), std::vector<int>{IDC_CLEAR_ENTRIES});
+  EXPECT_EQ(inserts({L"線種のﾛｰﾄﾞ", L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ"}, 0),
+            std::vector<int>{IDC_CLEAR_ENTRIES});
+  user_.answersMessage(told(L"ﾂﾘｰの中から追加したい項目を選択してください"), Answer::kOk);
+  select({});
+  user_.press(window(), Key::kInsert);
+}
+
 TEST_F(MainDialogTree, DeletesAfterYes) {
   const auto deletes = [this](const Texts& path, const wchar_t* question) {
     user_.answersMessage(asked(question), Answer::kYes);

@@ -234,6 +234,10 @@ void User::clickItem(DialogWindow& window, int id, TreeItem item, Where where) {
   does(where, L"click that item of", user::clickItem, window, id, item);
 }
 
+void User::doubleClickItem(DialogWindow& window, int id, TreeItem item, Where where) {
+  does(where, L"double-click that item of", user::doubleClickItem, window, id, item);
+}
+
 void User::rightClickItem(DialogWindow& window, int id, TreeItem item, Where where) {
   does(where, L"right-click that item of", user::rightClickItem, window, id, item);
 }
@@ -253,6 +257,11 @@ void User::typeCell(DialogWindow& window, int id, int row, std::wstring_view tex
 void User::press(DialogWindow& window, Key key, bool shift, Where where) {
   const auto hand = [&](DialogWindow& pressed, int) { return user::press(pressed, key, shift); };
   does(where, L"press a key in", hand, window, window.focused());
+}
+
+void User::pressWithAlt(DialogWindow& window, wchar_t letter, Where where) {
+  const auto hand = [&](DialogWindow& pressed, int) { return user::pressWithAlt(pressed, letter); };
+  does(where, L"press a letter with Alt in", hand, window, window.focused());
 }
 
 void User::close(DialogWindow& window, Where where) {

@@ -54,12 +54,14 @@ class User : public DialogScript {
   void doubleClickRow(DialogWindow& window, int id, int row, Where where = Where::current());
   void clickHeader(DialogWindow& window, int id, int column, Where where = Where::current());
   void clickItem(DialogWindow& window, int id, TreeItem item, Where where = Where::current());
+  void doubleClickItem(DialogWindow& window, int id, TreeItem item, Where where = Where::current());
   void rightClickItem(DialogWindow& window, int id, TreeItem item, Where where = Where::current());
   void rightClickEmpty(DialogWindow& window, int id, Where where = Where::current());
   void rightClickRow(DialogWindow& window, int id, int row, Where where = Where::current());
   void typeCell(DialogWindow& window, int id, int row, std::wstring_view text,
                 Where where = Where::current());
   void press(DialogWindow& window, Key key, bool shift = false, Where where = Where::current());
+  void pressWithAlt(DialogWindow& window, wchar_t letter, Where where = Where::current());
   void close(DialogWindow& window, Where where = Where::current());
   // Not possible for a person.
   void cannotClick(DialogWindow& window, int id, Where where = Where::current());

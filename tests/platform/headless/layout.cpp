@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 
 #include "platform/headless/resource_styles.h"
 
@@ -49,18 +50,6 @@ std::wstring withoutPrefixes(std::wstring_view caption) {
   return result;
 }
 
-// The letter after the first single &; none: 0.
-wchar_t mnemonic(std::wstring_view caption) {
-  for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
-    if (caption[i] != L'&') continue;
-    ++i;
-    if (caption[i] == L'&') continue;
-    const wchar_t letter = caption[i];
-    return letter >= L'a' && letter <= L'z' ? static_cast<wchar_t>(letter - L'a' + L'A') : letter;
-  }
-  return 0;
-}
-
 // What a control of this kind needs beside its caption; -1: its caption is not shown in the box.
 int captionMargin(ControlKind kind) {
   switch (kind) {
@@ -85,6 +74,15 @@ bool captionFits(const ResourceControl& control) {
   return captionWidth(caption) + margin <= control.width && lines * kLineHeight <= control.height;
 }
 
+std::wstring name(const ResourceControl& control) {
+  return L"control " + std::to_wstring(control.id) + L" (line " + std::to_wstring(control.line) + L")";
+}
+
+bool takesKeyboard(const ResourceControl& control) {
+  return control.has(style::kVisible) && control.kind != ControlKind::kLabel &&
+         control.kind != ControlKind::kGroupBox && control.kind != ControlKind::kIcon;
+}
+
 class Check {
  public:
   explicit Check(const DialogResource& dialog) : dialog_(dialog) {}
@@ -101,10 +99,6 @@ class Check {
   }
 
  private:
-  static std::wstring name(const ResourceControl& control) {
-    return L"control " + std::to_wstring(control.id) + L" (line " + std::to_wstring(control.line) + L")";
-  }
-
   void fault(const ResourceControl& control, const std::wstring& what) {
     faults_.push_back(L"dialog " + std::to_wstring(dialog_.id) + L", " + name(control) + L" " + what);
   }
@@ -123,16 +117,11 @@ class Check {
       const auto [known, isNew] = ids_.emplace(control.id, &control);
       if (!isNew) fault(control, L"has the id of " + name(*known->second));
     }
-    const wchar_t letter = heedsPrefix(control) ? mnemonic(control.caption) : 0;
-    if (letter == 0) return;
-    const auto [known, isNew] = mnemonics_.emplace(letter, &control);
-    if (!isNew) fault(control, L"has the mnemonic of " + name(*known->second));
   }
 
   const DialogResource& dialog_;
   std::vector<std::wstring> faults_;
   std::map<int, const ResourceControl*> ids_;
-  std::map<wchar_t, const ResourceControl*> mnemonics_;
 };
 
 }  // namespace
@@ -148,5 +137,23 @@ int captionWidth(std::wstring_view caption) {
 }
 
 std::vector<std::wstring> layoutFaults(const DialogResource& dialog) { return Check(dialog).run(); }
+
+std::vector<std::wstring> accessKeyFaults(const ResourceScript& script, const DialogResource& dialog) {
+  std::vector<std::wstring> faults;
+  const std::wstring start = L"dialog " + std::to_wstring(dialog.id) + L", ";
+  std::set<wchar_t> letters;
+  std::set<int> reached;
+  for (const AccessKey& key : script.accessKeys) {
+    if (key.dialog != dialog.id) continue;
+    if (!letters.insert(key.letter).second) faults.push_back(start + key.letter + L" stands there twice");
+    reached.insert(key.control);
+  }
+  for (const ResourceControl& control : dialog.controls) {
+    const bool hasKey = reached.erase(control.id) != 0;
+    if (takesKeyboard(control) && !hasKey) faults.push_back(start + name(control) + L" has no access key");
+  }
+  for (const int id : reached) faults.push_back(start + L"there is no control " + std::to_wstring(id));
+  return faults;
+}
 
 }  // namespace kiv::headless

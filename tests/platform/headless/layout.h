@@ -12,8 +12,12 @@ namespace kiv::headless {
 int captionWidth(std::wstring_view caption);
 
 // A line each: controls that overlap, reach out of the dialog, have a caption wider or higher than their box,
-// share an id, or share a mnemonic. Hidden controls are place holders and overlap nothing; neither do group
-// boxes. Empty: nothing found.
+// or share an id. Hidden controls are place holders and overlap nothing; neither do group boxes. Empty:
+// nothing found.
 std::vector<std::wstring> layoutFaults(const DialogResource& dialog);
+
+// A line each: controls that take the keyboard and have no access key, or one that another control has, and
+// keys of a dialog for controls that it does not have.
+std::vector<std::wstring> accessKeyFaults(const ResourceScript& script, const DialogResource& dialog);
 
 }  // namespace kiv::headless

@@ -20,8 +20,8 @@ TEST(Layout, NoFaultInTheDialogsOfTheProgram) {
   ASSERT_FALSE(resourceScript().dialogs.empty());
   for (const DialogResource& dialog : resourceScript().dialogs) {
     EXPECT_FALSE(dialog.caption.empty()) << dialog.id;
-    for (const std::wstring& fault : layoutFaults(dialog)) {
-      ADD_FAILURE() << base::utf8::encode(fault).bytes;
+    for (const Faults& faults : {layoutFaults(dialog), accessKeyFaults(resourceScript(), dialog)}) {
+      for (const std::wstring& fault : faults) ADD_FAILURE() << base::utf8::encode(fault).bytes;
     }
   }
 }
@@ -48,12 +48,22 @@ TEST(Layout, Captions) {
   EXPECT_EQ(faultsOf(L"LTEXT \"&a&&\", 5, 0, 0, 10, 8"), Faults{});
 }
 
-TEST(Layout, IdsAndMnemonics) {
+TEST(Layout, Ids) {
   EXPECT_EQ(faultsOf(L"LTEXT \"\", -1, 0, 0, 1, 1\nLTEXT \"\", -1, 5, 0, 1, 1"), Faults{});
   EXPECT_EQ(faultsOf(L"LTEXT \"\", 7, 0, 0, 1, 1\nLTEXT \"\", 7, 5, 0, 1, 1"),
             Faults{L"dialog 1, control 7 (line 3) has the id of control 7 (line 2)"});
-  EXPECT_EQ(faultsOf(L"PUSHBUTTON \"&Run\", 5, 0, 0, 40, 14\nPUSHBUTTON \"a&r\", 6, 50, 0, 40, 14"),
-            Faults{L"dialog 1, control 6 (line 3) has the mnemonic of control 5 (line 2)"});
+}
+
+TEST(Layout, AccessKeys) {
+  const auto script = parseResourceScript(
+      L"1 DIALOGEX 0, 0, 100, 50 BEGIN\nLTEXT \"\", -1, 0, 0, 1, 1\nEDITTEXT 5, 0, 0, 1, 1\n"
+      L"EDITTEXT 6, 0, 0, 1, 1\nPUSHBUTTON \"\", 7, 0, 0, 1, 1\nEND\n1 ACCELERATORS BEGIN\n"
+      L"\"A\", 5, VIRTKEY, ALT\n\"A\", 7, VIRTKEY, ALT\n\"B\", 8, VIRTKEY, ALT\nEND",
+      L"");
+  ASSERT_TRUE(script.ok());
+  EXPECT_EQ(accessKeyFaults(script.value(), script.value().dialogs.at(0)),
+            (Faults{L"dialog 1, A stands there twice", L"dialog 1, control 6 (line 4) has no access key",
+                    L"dialog 1, there is no control 8"}));
 }
 
 TEST(Placement, DialogUnitsBecomePixels) {

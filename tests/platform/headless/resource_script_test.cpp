@@ -152,6 +152,10 @@ TEST(ResourceScript, RefusalsNameLineAndReason) {
   EXPECT_EQ(refusal(L"102 DIALOGEX 0, 0, 1, 1\nBEGIN\n"), L"line 3: END is missing");
   EXPECT_EQ(refusal(dialogWith(L"") + dialogWith(L"")), L"line 5: dialog 102 stands here twice");
   EXPECT_EQ(refusal(L"1 MENU BEGIN MENUITEM \"x\", 0 END"), L"line 1: a menu item cannot have the id 0");
+  EXPECT_EQ(refusal(L"1 ACCELERATORS BEGIN \"^A\", 5, VIRTKEY, ALT END"),
+            L"line 1: an access key is one of A to Z");
+  EXPECT_EQ(refusal(L"1 ACCELERATORS BEGIN \"A\", 5, VIRTKEY, CONTROL END"),
+            L"line 1: an access key ends with VIRTKEY, ALT");
   EXPECT_EQ(refusal(L"1 MENU BEGIN MENUITEM \"x\", 5, BOLD END"),
             L"line 1: unknown option BOLD of a menu item");
 }

@@ -1,6 +1,8 @@
 // What only real windows can do wrong.
 #include "platform/win32/window.h"
 
+// Needs what windows.h declares.
+#include <commctrl.h>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -39,6 +41,40 @@ TEST(RealWindow, HandlerThatFailsIsToldAndLeavesTheDialogUsable) {
   EXPECT_TRUE(destroyed);
   EXPECT_FALSE(IsWindow(window));
   cad::Host::instance().setOutput({});
+}
+
+BOOL CALLBACK countHints(HWND window, LPARAM counter) {
+  if (win32::isOfClass(window, TOOLTIPS_CLASSW) && IsWindowVisible(window))
+    ++*reinterpret_cast<int*>(counter);
+  return TRUE;
+}
+
+int shownHints() {
+  int hints = 0;
+  EnumThreadWindows(GetCurrentThreadId(), countHints, reinterpret_cast<LPARAM>(&hints));
+  return hints;
+}
+
+TEST(RealWindow, AltShowsTheAccessKeys) {
+  User person;
+  TestDialog dialog(IDD_VALUE);
+  ASSERT_TRUE(dialog.create(nullptr));
+  const auto window = static_cast<HWND>(dialog.window().native());
+  const auto send = [window](UINT message, WPARAM key) {
+    PostMessageW(window, message, key, LPARAM{1} << 29);
+    user::settle();
+  };
+  dialog.window().enable(IDC_PICK, false);
+  send(WM_SYSKEYDOWN, VK_MENU);
+  EXPECT_EQ(shownHints(), 3);
+  send(WM_SYSKEYDOWN, VK_SHIFT);
+  EXPECT_EQ(shownHints(), 0);
+  send(WM_SYSKEYDOWN, VK_MENU);
+  TestDialog other(IDD_LOAD);
+  ASSERT_TRUE(other.create(nullptr));
+  other.window().activate();
+  user::settle();
+  EXPECT_EQ(shownHints(), 0) << "the dialog is no longer the active one";
 }
 
 // The host unloads the module: nothing of the system may lead into its code then.
