@@ -106,27 +106,6 @@ TEST_F(ConditionRules, ColoursThatDoNotFitSelectNothing) {
   for (const std::uint64_t handle : kEverything) EXPECT_EQ(color(handle), 42) << handle;
 }
 
-TEST_F(ConditionRules, AllConditionsMustHold) {
-  open(sampleDrawing());
-  runOnAll(L"[画層] = ALL\n[文字高さ] = 3.5\n[文字幅高比] <> 0.8\n{\n[色] = 42\n}");
-  EXPECT_EQ(color(kMText), 42);
-  EXPECT_EQ(color(kDimension), 42);
-  EXPECT_EQ(color(kText), 2);
-  EXPECT_EQ(color(kLine), 2);
-}
-
-// A later setting sees what an earlier one has written, and wins.
-TEST_F(ConditionRules, SettingsFollowOneAnother) {
-  open(sampleDrawing());
-  runOnAll(
-      L"[色] = 2\n{\n[色] = 3\n[画層] = NEW\n}\n[色] = 3\n{\n[色] = 4\n}\n[画層] = NEW\n{\n[線種尺度] = "
-      L"9\n}");
-  for (const std::uint64_t handle : kEverything) {
-    EXPECT_EQ(color(handle), 4) << handle;
-    EXPECT_DOUBLE_EQ(real(handle, cad::Property::kLinetypeScale), 9) << handle;
-  }
-}
-
 TEST_F(ConditionRules, LeadersAreTakenByTwoPasses) {
   open(sampleDrawing());
   run({{L"寸法", L"[***]\n{\n[色] = 5\n}"}, {L"その他の図形", L"[色] = 5\n{\n[線種尺度] = 3\n}"}});

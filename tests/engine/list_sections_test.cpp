@@ -105,13 +105,6 @@ TEST_F(ListSections, LinetypesAreLoadedOnceAndFailuresAreProblems) {
   EXPECT_EQ(drawing().text(drawing().find(Table::kLinetype, L"DASHED"), Property::kDescription), L"Dashed");
 }
 
-TEST_F(ListSections, LinetypeFilesAreFoundBesideTheDrawing) {
-  make("OFFICE.LIN", "*CHAIN,Chain ____ . ____\r\nA,10,-2,0,-2\r\n");
-  run({{L"線種のﾛｰﾄﾞ", L"OFFICE.LIN, CHAIN"}, {L"文字", L"[***]\n{\n[線種] = CHAIN\n}"}});
-  EXPECT_EQ(name(kText, Property::kLinetype), L"CHAIN");
-  EXPECT_TRUE(sink_.problems.empty());
-}
-
 TEST_F(ListSections, TextStylesAreMadeOrGivenAnotherFont) {
   run({{L"字体のﾛｰﾄﾞ",
         L"KANJI, romans.shx, extfont2.shx\nPLAIN, isocp.Shx, ----------\nTITLE, ＭＳ ゴシック, -----"}});

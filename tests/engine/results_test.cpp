@@ -1,8 +1,6 @@
 // Results that are refused, and those of dimensions. What every kind of result changes on every sort of
 // entity is shown by the cases results-on-*.
 
-#include <cmath>
-
 #include "tests/engine/run_fixture.h"
 
 namespace {
@@ -11,17 +9,12 @@ using namespace engine_test;
 using cad::Property;
 using kiv::RefusalReason;
 
-constexpr std::uint64_t kEverything[] = {kText, kMText, kAttdef, kDimension, kLeader, kHatch, kInsert, kLine};
-
 constexpr double kNoOverride = -999;
 
 class Results : public UndoneRunTest {
  protected:
   void setAll(const wchar_t* key, const wchar_t* value) {
     runOnAll(L"[***]\n{\n[" + std::wstring(key) + L"] = " + value + L"\n}");
-  }
-  void expectInteger(Property property, std::int64_t value) {
-    for (const std::uint64_t handle : kEverything) EXPECT_EQ(integer(handle, property), value) << handle;
   }
   double overrideOf(std::uint64_t handle, int code) {
     const auto value = drawing().dimVariable(entity(handle), code);
@@ -31,19 +24,6 @@ class Results : public UndoneRunTest {
     return whole != nullptr ? static_cast<double>(*whole) : kNoOverride;
   }
 };
-
-TEST_F(Results, LayerThatDoesNotExistIsRefused) {
-  runOnAll(L"[画層] = AL*\n{\n[画層] = NO-*\n[色] = 3\n}");
-  for (const std::uint64_t handle : kEverything) EXPECT_EQ(name(handle, Property::kLayer), L"ALL") << handle;
-  expectInteger(Property::kColorIndex, 3);
-  ASSERT_FALSE(sink_.notes.empty());
-  for (const Note& note : sink_.notes) {
-    EXPECT_EQ(note.kind, L"画層");
-    EXPECT_EQ(note.value, L"NO-l");
-    EXPECT_EQ(note.reason, RefusalReason::kNoSuchName);
-  }
-  EXPECT_TRUE(sink_.problems.empty());
-}
 
 // The block reference is a record of every pass.
 TEST_F(Results, RefusedTransparencyIsCounted) {
