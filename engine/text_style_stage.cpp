@@ -24,11 +24,12 @@ Status setFont(AcDbTextStyleTableRecord& style, const std::wstring& font, const 
   const bool isShape = isShapeFile(font);
   const Status status = isShape ? style.setFileName(font.c_str())
                                 : style.setFont(font.c_str(), false, false, kDefaultCharset, 0);
-  if (status != Acad::eOk || (!isShape && !bigFont.empty())) return status;
+  if (status != Acad::eOk) return status;
+  if (isShape && !bigFont.empty()) return style.setBigFontFileName(bigFont.c_str());
+  // Big fonts go with shape fonts only. A style that has none stays untouched.
   AcString present;
-  // A style that has no big font stays untouched.
-  if (bigFont.empty() && style.bigFontFileName(present) == Acad::eOk && present.isEmpty()) return status;
-  return style.setBigFontFileName(bigFont.c_str());
+  if (style.bigFontFileName(present) == Acad::eOk && present.isEmpty()) return status;
+  return style.setBigFontFileName(L"");
 }
 
 Status openOrMake(AcDbDatabase& database, const std::wstring& name,

@@ -38,6 +38,7 @@ constexpr PropertyInfo kProperties[] = {
     {P::kFontFile, "font file", T::kText, 0, 0, 0},
     {P::kBigFontFile, "big font file", T::kText, 0, 0, 0},
     {P::kTypeface, "typeface", T::kText, 0, 0, 0},
+    {P::kFontFlags, "font flags", T::kInteger, 0, 0, 0x7FFFFFFF},
     {P::kFixedHeight, "fixed height", T::kReal, 0, 0, kHuge},
     {P::kStyleWidthFactor, "style width factor", T::kReal, 1, kTiny, kHuge},
     {P::kStyleOblique, "oblique angle", T::kReal, 0, -kHuge, kHuge},

@@ -39,6 +39,7 @@ enum class Property : std::uint8_t {
   kFontFile,
   kBigFontFile,
   kTypeface,     // TrueType face name of a text style; empty: the font is a file
+  kFontFlags,    // of a typeface: pitch and family, character set << 8, 1 << 24 italic, 1 << 25 bold
   kFixedHeight,  // 0: not fixed
   kStyleWidthFactor,
   kStyleOblique,  // degrees

@@ -64,6 +64,7 @@ constexpr TypedPlace kTablePlaces[] = {
     {"STYLE", {P::kFontFile, 3, "", V::kR12}},
     {"STYLE", {P::kBigFontFile, 4, "", V::kR12}},
     {"STYLE", {P::kTypeface, 1000, "", V::kR2000}},  // likewise
+    {"STYLE", {P::kFontFlags, 1071, "", V::kR2000}},
     {"STYLE", {P::kFixedHeight, 40, "", V::kR12}},
     {"STYLE", {P::kStyleWidthFactor, 41, "", V::kR12}},
     {"STYLE", {P::kStyleOblique, 50, "", V::kR12}},

@@ -17,7 +17,6 @@ constexpr std::size_t kLongestPiece = 250;  // bytes of an MTEXT's content in on
 constexpr PropertyPlace kContent{Property::kTextString, 1, "AcDbMText", Version::kR12};
 constexpr std::string_view kLayerApplication = "AcCmTransparency";
 constexpr std::string_view kStyleApplication = "ACAD";
-constexpr int kVariablePitch = 34;  // pitch and family of a proportional sans-serif face
 
 template <class Visit>
 void forEachMTextGroup(std::string_view bytes, const Dialect& dialect, Visit visit) {
@@ -178,22 +177,27 @@ bool findInApplication(std::string_view bytes, const Dialect& dialect, std::stri
   return false;
 }
 
-StoredValue readLayerTransparency(std::string_view bytes, const Dialect& dialect) {
+StoredValue readNumber(std::string_view bytes, const Dialect& dialect, std::string_view application) {
   Group group;
-  if (!findInApplication(bytes, dialect, kLayerApplication, 1071, group)) return {};
+  if (!findInApplication(bytes, dialect, application, 1071, group)) return {};
   if (const auto value = integerValue(group, dialect)) return *value;
   return {};
+}
+
+// Nothing when the application's data hold no number yet.
+std::optional<EditId> replaceNumber(DxfStorage& storage, const Record& record, std::string_view bytes,
+                                    std::string_view application, std::int64_t value) {
+  Group group;
+  if (!findInApplication(bytes, storage.dialect(), application, 1071, group)) return std::nullopt;
+  if (integerValue(group, storage.dialect()) == value) return record.edits;
+  return storage.withValue(record, group, integerBytes(storage.dialect(), 1071, value, group.value));
 }
 
 EditId writeLayerTransparency(DxfStorage& storage, const Record& record, std::int64_t value) {
   std::string scratch;
   const Dialect& dialect = storage.dialect();
   const std::string_view bytes = storage.bytes(record, scratch);
-  Group group;
-  if (findInApplication(bytes, dialect, kLayerApplication, 1071, group)) {
-    if (integerValue(group, dialect) == value) return record.edits;
-    return storage.withValue(record, group, integerBytes(dialect, 1071, value, group.value));
-  }
+  if (const auto replaced = replaceNumber(storage, record, bytes, kLayerApplication, value)) return *replaced;
   if (value == 0) return record.edits;
   GroupWriter writer(dialect);
   const ApplicationData data = findApplicationData(bytes, dialect, kLayerApplication);
@@ -222,8 +226,21 @@ EditId writeTypeface(DxfStorage& storage, Record record, const std::string& face
   GroupWriter writer(dialect);
   if (!data.found) writer.text(1001, kStyleApplication);
   writer.text(1000, face);
-  writer.integer(1071, kVariablePitch);
+  writer.integer(1071, 0);
   return storage.withGroups(record, data.found ? data.name.end : data.end, writer.bytes());
+}
+
+// Flags describe a typeface: a style without one keeps none.
+EditId writeFontFlags(DxfStorage& storage, const Record& record, std::int64_t flags) {
+  std::string scratch;
+  const Dialect& dialect = storage.dialect();
+  const std::string_view bytes = storage.bytes(record, scratch);
+  if (const auto replaced = replaceNumber(storage, record, bytes, kStyleApplication, flags)) return *replaced;
+  Group group;
+  if (!findInApplication(bytes, dialect, kStyleApplication, 1000, group)) return record.edits;
+  GroupWriter writer(dialect);
+  writer.integer(1071, flags);
+  return storage.withGroups(record, group.end, writer.bytes());
 }
 
 }  // namespace
@@ -255,6 +272,7 @@ bool isSpecial(std::string_view type, Property property) {
     case Property::kTransparency:
       return type == "LAYER";
     case Property::kTypeface:
+    case Property::kFontFlags:
       return true;
     default:
       return false;
@@ -265,7 +283,8 @@ StoredValue readSpecial(std::string_view bytes, const Dialect& dialect, std::str
                         Property property) {
   if (property == Property::kTextString) return readContent(bytes, dialect);
   if (property == Property::kRotation) return readDirection(bytes, dialect);
-  if (type == "LAYER") return readLayerTransparency(bytes, dialect);
+  if (type == "LAYER") return readNumber(bytes, dialect, kLayerApplication);
+  if (property == Property::kFontFlags) return readNumber(bytes, dialect, kStyleApplication);
   Group group;
   if (!findInApplication(bytes, dialect, kStyleApplication, 1000, group)) return {};
   return std::string(group.value);
@@ -276,6 +295,7 @@ base::Result<EditId> writeSpecial(DxfStorage& storage, const Record& record, std
   if (property == Property::kTextString) return writeContent(storage, record, std::get<std::string>(value));
   if (property == Property::kRotation) return writeDirection(storage, record, std::get<double>(value));
   if (type == "LAYER") return writeLayerTransparency(storage, record, std::get<std::int64_t>(value));
+  if (property == Property::kFontFlags) return writeFontFlags(storage, record, std::get<std::int64_t>(value));
   return writeTypeface(storage, record, std::get<std::string>(value));
 }
 

@@ -64,7 +64,7 @@ void SymbolCopier::copyLinetype(RecordId from, RecordId to) {
 void SymbolCopier::copyTextStyle(RecordId from, RecordId to) {
   for (const Property property :
        {Property::kFixedHeight, Property::kStyleWidthFactor, Property::kStyleOblique, Property::kFontFile,
-        Property::kBigFontFile, Property::kTypeface})
+        Property::kBigFontFile, Property::kTypeface, Property::kFontFlags})
     copyValue(from, to, property);
 }
 

@@ -133,9 +133,9 @@ class AcDbTextStyleTableRecord : public AcDbSymbolTableRecord {
   Acad::ErrorStatus bigFontFileName(const ACHAR*& name) const;
   Acad::ErrorStatus setBigFontFileName(const ACHAR* name);
 
-  // A TrueType typeface by name; the font file stays as it is, the typeface goes before it. The host keeps
-  // the name alone: bold, italic, the character set and pitch-and-family are accepted and not kept.
-  // eNotApplicable in drawings that cannot hold a typeface (R12).
+  // A TrueType typeface by name; empty: the font file counts again. The font file becomes the typeface's (its
+  // name where no file is known); the big font stays. Drawings older than AC1015 keep the file alone.
+  // charset and pitchAndFamily as of Windows fonts, 0..255; eInvalidInput.
   Acad::ErrorStatus font(AcString& typeface, bool& bold, bool& italic, int& charset,
                          int& pitchAndFamily) const;
   Acad::ErrorStatus setFont(const ACHAR* typeface, bool bold, bool italic, int charset, int pitchAndFamily);

@@ -8,6 +8,7 @@
 #include "embedded/objects/database_access.h"
 #include "embedded/objects/object_access.h"
 #include "embedded/objects/values.h"
+#include "embedded/support/font_files.h"
 
 using cad::Drawing;
 using cad::ObjectAccess;
@@ -19,6 +20,7 @@ namespace {
 
 constexpr std::int64_t kFrozen = 1, kLocked = 4;
 constexpr std::int64_t kWhite = 7;
+constexpr int kCharsetShift = 8, kItalic = 1 << 24, kBold = 1 << 25;
 
 Acad::ErrorStatus setFlag(AcDbObject& object, std::int64_t flag, bool on) {
   const std::int64_t flags = cad::readInteger(object, Property::kStandardFlags);
@@ -151,12 +153,29 @@ Acad::ErrorStatus AcDbTextStyleTableRecord::setBigFontFileName(const ACHAR* name
 
 Acad::ErrorStatus AcDbTextStyleTableRecord::font(AcString& typeface, bool& bold, bool& italic, int& charset,
                                                  int& pitchAndFamily) const {
-  bold = italic = false;
-  charset = pitchAndFamily = 0;
+  const std::int64_t flags = cad::readInteger(*this, Property::kFontFlags);
+  bold = (flags & kBold) != 0;
+  italic = (flags & kItalic) != 0;
+  charset = static_cast<int>(flags >> kCharsetShift & 0xFF);
+  pitchAndFamily = static_cast<int>(flags & 0xFF);
   return give(typeface, *this, Property::kTypeface);
 }
-Acad::ErrorStatus AcDbTextStyleTableRecord::setFont(const ACHAR* typeface, bool, bool, int, int) {
-  return cad::writeText(*this, Property::kTypeface, typeface);
+Acad::ErrorStatus AcDbTextStyleTableRecord::setFont(const ACHAR* typeface, bool bold, bool italic,
+                                                    int charset, int pitchAndFamily) {
+  if (typeface == nullptr || charset < 0 || charset > 0xFF || pitchAndFamily < 0 || pitchAndFamily > 0xFF)
+    return Acad::eInvalidInput;
+  if (*typeface == 0) return cad::writeText(*this, Property::kTypeface, typeface);
+  // Readers that know no typefaces go by the file; before 2000 drawings had nothing else.
+  const std::wstring_view file = cad::support::fontFileOf(typeface);
+  Acad::ErrorStatus status =
+      cad::writeText(*this, Property::kFontFile, file.empty() ? typeface : std::wstring(file).c_str());
+  const Drawing* drawing = ObjectAccess::drawing(*this);
+  const bool holdsTypeface = !drawing || drawing->canHold(ObjectAccess::record(*this), Property::kTypeface);
+  if (status == Acad::eOk && holdsTypeface) status = cad::writeText(*this, Property::kTypeface, typeface);
+  if (status != Acad::eOk || !holdsTypeface) return status;
+  return cad::writeInteger(
+      *this, Property::kFontFlags,
+      pitchAndFamily | charset << kCharsetShift | (italic ? kItalic : 0) | (bold ? kBold : 0));
 }
 
 double AcDbTextStyleTableRecord::textSize() const { return cad::readReal(*this, Property::kFixedHeight); }

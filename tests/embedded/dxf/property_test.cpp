@@ -128,7 +128,7 @@ TEST(TableProperty, ChangesItsGroupsAndNothingElse) {
       {Table::kTextStyle, L"ROMANS", Property::kFontFile, L"txt", "3 romans", "3 txt"},
       {Table::kTextStyle, L"ROMANS", Property::kBigFontFile, L"", "4 bigfont", "4 "},
       {Table::kTextStyle, L"ROMANS", Property::kTypeface, L"MS Gothic", "4 bigfont",
-       "4 bigfont|1001 ACAD|1000 MS Gothic|1071 34"},
+       "4 bigfont|1001 ACAD|1000 MS Gothic|1071 0"},
       {Table::kTextStyle, L"ROMANS", Property::kFixedHeight, 2.5, "70 0|40 0.0", "70 0|40 2.5"},
       {Table::kLinetype, L"dashed", Property::kDescription, L"new", "3 - -", "3 new"},
   };

@@ -135,9 +135,16 @@ TEST_F(SymbolTableTest, TextStyleFonts) {
   AcString text;
   bool bold = true, italic = true;
   int charset = 1, family = 1;
-  EXPECT_EQ(style->setFont(L"MS Gothic", false, false, 1, 0), Acad::eOk);
+  EXPECT_EQ(style->setFont(L"MS Gothic", false, true, 128, 49), Acad::eOk);
   style->font(text, bold, italic, charset, family);
   EXPECT_STREQ(text, L"MS Gothic");
+  EXPECT_EQ((std::vector<int>{bold, italic, charset, family}), (std::vector<int>{0, 1, 128, 49}));
+  style->fileName(text);
+  EXPECT_STREQ(text, L"msgothic.ttc");
+  EXPECT_EQ(style->setFont(L"Office", false, false, 256, 0), Acad::eInvalidInput);
+  EXPECT_EQ(style->setFont(L"Office", false, false, 1, 0), Acad::eOk);
+  style->fileName(text);
+  EXPECT_STREQ(text, L"Office");
   EXPECT_EQ(style->setFileName(L"simplex.shx"), Acad::eOk);
   EXPECT_EQ(style->setBigFontFileName(L"extfont2.shx"), Acad::eOk);
   style->font(text, bold, italic, charset, family);
