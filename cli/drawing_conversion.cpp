@@ -86,6 +86,7 @@ Status DrawingConversion::convertOpen(const PlannedDrawing& drawing, int runsBef
   if (!session_.setConversion(conversion)) return Failure{L"", L"the module refused the options"};
 
   session_.host().clearLastSave();
+  static_cast<void>(session_.host().takeRemarks());
   session_.takeOutput();
   const Status executed = session_.host().execute(kConversionCommand);
   const KivRunReport report = session_.lastRunReport();
@@ -121,6 +122,7 @@ Status DrawingConversion::checkEnd(const PlannedDrawing& drawing, const KivRunRe
 bool DrawingConversion::reportProblems(const PlannedDrawing& drawing, const KivRunReport& report) {
   for (int i = 0; i < report.problemCount; ++i) complain(drawing.given + L": " + report.problems[i]);
   for (int i = 0; i < report.noteCount; ++i) complain(drawing.given + L": " + noteText(report.notes[i]));
+  for (const Failure& remark : session_.host().takeRemarks()) complain(drawing.given + L": " + remark.text());
   return report.problemCount + report.noteCount == 0;
 }
 

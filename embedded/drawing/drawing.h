@@ -114,8 +114,11 @@ class Drawing {
   RecordId find(Table table, NameId name) const;                 // cached per name
   const std::vector<RecordId>& tableRecords(Table table) const;  // in table order, without erased ones
   base::Result<RecordId> addTableRecord(Table table, std::wstring_view name);
-  // The pattern of a linetype record, drawing units: > 0 a dash, < 0 a gap, 0 a dot; at most 12 numbers.
-  base::Status setDashes(RecordId linetype, std::span<const double> dashes);
+  // The pattern of a linetype record: at most 12 dashes, with texts and shapes from R13 on.
+  base::Status setDashes(RecordId linetype, std::span<const Dash> dashes);
+  // The text style record, without a name, that stands for a file of shapes; made when there is none.
+  base::Result<RecordId> shapeFile(std::wstring_view file);
+  bool isShapeFile(RecordId style) const;
   // Renames a layer record and every reference to it by name (entities, extended data, current layer).
   base::Status renameLayer(RecordId layer, std::wstring_view newName);
   bool isLayerLocked(NameId layer) const;  // cached until a layer record changes

@@ -5,6 +5,7 @@
 namespace cad {
 
 base::Result<RecordId> Drawing::addTableRecord(Table table, std::wstring_view name) {
+  if (name.empty()) return base::Failure{{}, L"A name must not be empty"};
   ChangeScope scope(*this);
   if (const RecordId existing = find(table, name); existing != kNoRecord) {
     if (!records_[existing].implied())

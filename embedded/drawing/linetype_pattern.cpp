@@ -1,15 +1,52 @@
+#include "embedded/drawing/linetype_pattern.h"
+
+#include "base/fold.h"
 #include "embedded/drawing/drawing.h"
 
 namespace cad {
 
-base::Status Drawing::setDashes(RecordId linetype, std::span<const double> dashes) {
+base::Status Drawing::setDashes(RecordId linetype, std::span<const Dash> dashes) {
   constexpr std::size_t kMostDashes = 12;
   if (dashes.size() > kMostDashes) return base::Failure{{}, L"a linetype has at most 12 dashes"};
-  if (const base::Status status = materialise(linetype); !status.ok()) return status;
-  const base::Result<EditId> edits = storage_->setDashes(records_[linetype], dashes);
-  if (!edits.ok()) return edits.failure();
+  ChangeScope scope(*this);
+  base::Status status = materialise(linetype);
+  for (const Dash& dash : dashes)
+    if (status && dash.symbol) status = materialise(dash.symbol->style);
+  if (!status) {
+    scope.rollBack();
+    return status;
+  }
+  const base::Result<EditId> edits = storage_->setDashes(*this, records_[linetype], dashes);
+  if (!edits.ok()) {
+    scope.rollBack();
+    return edits.failure();
+  }
   setEdits(linetype, edits.value());
   return {};
+}
+
+bool Drawing::isShapeFile(RecordId style) const {
+  constexpr std::int64_t kShapes = 1;
+  return (integer(style, Property::kStandardFlags).value_or(0) & kShapes) != 0;
+}
+
+base::Result<RecordId> Drawing::shapeFile(std::wstring_view file) {
+  for (const RecordId style : tableRecords(Table::kTextStyle)) {
+    const bool named = base::equalFolded(text(style, Property::kFontFile).value_or(std::wstring()), file);
+    if (named && isShapeFile(style)) return style;
+  }
+  ChangeScope scope(*this);
+  base::Result<NewRecord> built = storage_->buildTableRecord(*this, Table::kTextStyle, L"");
+  if (!built.ok()) {
+    scope.rollBack();
+    return built.failure();
+  }
+  const RecordId style = insertRecord(std::move(built.value()));
+  base::Status status = setInteger(style, Property::kStandardFlags, 1);
+  if (status) status = setText(style, Property::kFontFile, file);
+  if (status) return style;
+  scope.rollBack();
+  return status.failure();
 }
 
 }  // namespace cad

@@ -13,6 +13,7 @@
 #include "base/codepage.h"
 #include "base/result.h"
 #include "embedded/drawing/geometry.h"
+#include "embedded/drawing/linetype_pattern.h"
 #include "embedded/drawing/property.h"
 #include "embedded/drawing/record.h"
 #include "embedded/drawing/shapes.h"
@@ -104,10 +105,12 @@ class RecordStorage {
                             std::span<const Placement> added) const = 0;
 
   // --- New records and variables (the drawing's methods of the same names describe them) -------------
-  // The bytes and the place of a new table record. Makes the table when the file has none.
+  // The bytes and the place of a new table record. Makes the table when the file has none. Only the text
+  // style of a shape file has an empty name.
   virtual base::Result<NewRecord> buildTableRecord(Drawing& drawing, Table table, std::wstring_view name) = 0;
   // The linetype's state with this pattern in place of its own.
-  virtual base::Result<EditId> setDashes(const Record& linetype, std::span<const double> dashes) = 0;
+  virtual base::Result<EditId> setDashes(const Drawing& drawing, const Record& linetype,
+                                         std::span<const Dash> dashes) = 0;
   virtual base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name,
                                              std::span<const Shape> shapes) = 0;
   virtual base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name,

@@ -54,9 +54,10 @@ class DxfStorage final : public RecordStorage {
   base::Status save(const std::filesystem::path& target, std::span<const Record> records,
                     std::span<const Placement> added) const override;
 
-  // In new_records.cpp, block_building.cpp, dim_groups.cpp and header_groups.cpp.
+  // In new_records.cpp, linetype_groups.cpp, block_building.cpp, dim_groups.cpp and header_groups.cpp.
   base::Result<NewRecord> buildTableRecord(Drawing& drawing, Table table, std::wstring_view name) override;
-  base::Result<EditId> setDashes(const Record& linetype, std::span<const double> dashes) override;
+  base::Result<EditId> setDashes(const Drawing& drawing, const Record& linetype,
+                                 std::span<const Dash> dashes) override;
   base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name,
                                      std::span<const Shape> shapes) override;
   base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name,

@@ -1,7 +1,6 @@
 // New records of symbol tables.
 
 #include <algorithm>
-#include <cmath>
 
 #include "embedded/drawing/dim_variable_table.h"
 #include "embedded/dxf/group_writer.h"
@@ -34,7 +33,6 @@ const TableForm* formOf(Table table) {
 
 // A name that entities use already is taken as it is; the file has it, good or bad.
 base::Status checkName(const Drawing& drawing, Table table, std::wstring_view name) {
-  if (name.empty()) return failure(name, L"A name must not be empty");
   if (table == Table::kAppId || drawing.find(table, name) != kNoRecord) return {};
   std::wstring_view rest = name;
   if (table == Table::kBlockRecord && rest.front() == L'*') rest.remove_prefix(1);
@@ -143,25 +141,6 @@ base::Result<NewRecord> DxfStorage::buildTableRecord(Drawing& drawing, Table tab
         head, replaceValue(*this, headRecord, *count, integerBytes(dialect_, 70, members + 1, count->value)));
   }
   return NewRecord{RecordKind::kTableRecord, table, before.value(), kNoRecord, builder.take()};
-}
-
-base::Result<EditId> DxfStorage::setDashes(const Record& linetype, std::span<const double> dashes) {
-  const RecordGroups groups(*this, linetype);
-  const Group* flags = groups.find(70);
-  if (linetype.table != Table::kLinetype || flags == nullptr) return failure({}, L"This is not a linetype");
-  RecordBuilder builder(*this);
-  if (const Group* description = groups.find(3)) builder.stored(3, description->value);
-  double length = 0;
-  for (const double dash : dashes) length += std::fabs(dash);
-  if (length < 1e6) length = std::round(length * 1e9) / 1e9;  // the sum's last digits are noise
-  builder.integer(72, 65).integer(73, static_cast<std::int64_t>(dashes.size())).real(40, length);
-  for (const double dash : dashes) {
-    builder.real(49, dash);
-    if (facts_.version >= Version::kR13) builder.integer(74, 0);
-  }
-  const std::uint32_t end = groups.plainEnd();
-  if (groups.bytes().substr(flags->end, end - flags->end) == builder.bytes()) return linetype.edits;
-  return splice(linetype, {flags->end, end - flags->end, builder.bytes()});
 }
 
 }  // namespace cad::dxf

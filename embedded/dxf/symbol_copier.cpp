@@ -1,5 +1,7 @@
 #include "embedded/dxf/symbol_copier.h"
 
+#include "embedded/dxf/linetype_groups.h"
+
 namespace cad::dxf {
 namespace {
 
@@ -52,13 +54,25 @@ void SymbolCopier::copyLinetype(RecordId from, RecordId to) {
   copyValue(from, to, Property::kDescription);
   const DxfStorage* storage = dxfStorage(source_);
   if (storage == nullptr) return;
-  const RecordGroups groups(*storage, source_.record(from));
-  std::vector<double> dashes;
-  for (const Group& group : groups.all()) {
-    if (group.code != 49) continue;
-    if (const auto value = realValue(group, storage->dialect())) dashes.push_back(*value);
-  }
+  std::vector<Dash> dashes = readDashes(source_, *storage, from);
+  for (Dash& dash : dashes)
+    if (dash.symbol && !copySymbol(*dash.symbol)) dash.symbol.reset();
   static_cast<void>(target_.setDashes(to, dashes));
+}
+
+bool SymbolCopier::copySymbol(DashSymbol& symbol) {
+  if (target_.facts().version < Version::kR13) return false;
+  if (source_.isShapeFile(symbol.style)) {
+    const auto file = target_.shapeFile(source_.text(symbol.style, Property::kFontFile).value_or(L""));
+    if (file.ok()) symbol.style = file.value();
+    return file.ok();
+  }
+  const NameId name = source_.name(symbol.style, Property::kName);
+  if (name == kNoName) return false;
+  const std::wstring& style = source_.names().text(name);
+  if (!need(Table::kTextStyle, style).ok()) return false;
+  symbol.style = target_.find(Table::kTextStyle, style);
+  return symbol.style != kNoRecord;
 }
 
 void SymbolCopier::copyTextStyle(RecordId from, RecordId to) {

@@ -12,12 +12,13 @@ class SymbolCopier {
   SymbolCopier(Drawing& target, const Drawing& source) : target_(target), source_(source) {}
 
   // A record of the name stays as it is; a new one has the source's values as far as the receiving version
-  // can hold them. Texts and shapes in linetypes are left out: they need files that the source names.
+  // can hold them.
   base::Status need(Table table, std::wstring_view name);
 
  private:
   base::Status copyLayer(RecordId from, RecordId to);
   void copyLinetype(RecordId from, RecordId to);
+  bool copySymbol(DashSymbol& symbol);  // its style becomes the receiving drawing's; false: it has none
   void copyTextStyle(RecordId from, RecordId to);
   void copyValue(RecordId from, RecordId to, Property property);
 

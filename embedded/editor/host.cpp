@@ -1,6 +1,7 @@
 #include "embedded/editor/host.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/files.h"
 #include "embedded/editor/file_search.h"
@@ -34,6 +35,7 @@ void Host::stop() {
   state_->documents.closeAll();
   state_->sessionVariables.clear();
   state_->newestFailure.reset();
+  state_->remarks.clear();
   state_->lastSave.reset();
   state_->meter = {};
   state_->running = false;
@@ -99,6 +101,7 @@ void* Host::moduleSymbol(std::wstring_view module, const char* symbol) {
 }
 
 const std::optional<SaveReport>& Host::lastSave() const { return state_->lastSave; }
+std::vector<base::Failure> Host::takeRemarks() { return std::exchange(state_->remarks, {}); }
 void Host::clearLastSave() { state_->lastSave.reset(); }
 
 }  // namespace cad

@@ -89,6 +89,8 @@ class Host {
 
   // Empty when nothing was saved since the last clearLastSave().
   const std::optional<SaveReport>& lastSave() const;
+  // What functions of the interface have said since the last call, beyond the status that they return.
+  std::vector<base::Failure> takeRemarks();
   void clearLastSave();
 
   HostState& state() { return *state_; }

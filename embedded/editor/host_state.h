@@ -26,6 +26,7 @@ struct HostState {
 
   std::function<void(std::wstring_view)> output;
   std::optional<base::Failure> newestFailure;
+  std::vector<base::Failure> remarks;
   std::optional<SaveReport> lastSave;
 
   std::vector<std::filesystem::path> supportPath;

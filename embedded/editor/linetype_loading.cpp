@@ -1,26 +1,38 @@
 #include "acdb.h"
 #include "base/files.h"
-#include "embedded/drawing/wildcard.h"
 #include "embedded/editor/file_search.h"
+#include "embedded/editor/output.h"
 #include "embedded/objects/database_access.h"
 #include "embedded/support/linetype_file.h"
 
 namespace {
 
-bool hasWildcard(std::wstring_view name) { return name.find_first_of(L"#@.*?~[,`") != name.npos; }
+using cad::support::LinetypeLoading;
 
-// Why a load came to nothing, for a caller that knows only numbers.
-Acad::ErrorStatus reasonOf(std::wstring_view name, const std::filesystem::path& file) {
-  const base::Result<std::string> bytes = base::readFile(file);
-  if (!bytes) return Acad::eFileNotFound;
-  const cad::Wildcard pattern(name, true);
-  bool duplicate = false;
-  for (const cad::support::LinetypeDefinition& each : cad::support::parseLinetypes(bytes.value())) {
-    if (!pattern.matches(each.name)) continue;
-    if (!each.refusal.empty() && !hasWildcard(name)) return Acad::eInvalidInput;
-    duplicate = true;
+Acad::ErrorStatus statusOf(LinetypeLoading result) {
+  switch (result) {
+    case LinetypeLoading::kLoaded:
+      return Acad::eOk;
+    case LinetypeLoading::kNoFile:
+      return Acad::eFileNotFound;
+    case LinetypeLoading::kNotInFile:
+      return Acad::eUndefinedLineType;
+    case LinetypeLoading::kInDrawing:
+      return Acad::eDuplicateRecordName;
+    case LinetypeLoading::kNoTextStyle:
+      return Acad::eKeyNotFound;
+    case LinetypeLoading::kNotInThisVersion:
+      return Acad::eNotApplicable;
+    case LinetypeLoading::kBadDefinition:
+      break;
   }
-  return duplicate ? Acad::eDuplicateRecordName : Acad::eUndefinedLineType;
+  return Acad::eInvalidInput;
+}
+
+// A shape file that is not where its path says is looked for by its name.
+std::filesystem::path findShapeFile(std::wstring_view name) {
+  const std::filesystem::path found = cad::findFile(name);
+  return found.empty() ? cad::findFile(base::pathText(base::pathFromText(name).filename())) : found;
 }
 
 }  // namespace
@@ -29,7 +41,12 @@ Acad::ErrorStatus acdbLoadLineTypeFile(const ACHAR* name, const ACHAR* file, AcD
   if (name == nullptr || file == nullptr || *name == 0) return Acad::eInvalidInput;
   if (database == nullptr) return Acad::eNoDatabase;
   const std::filesystem::path found = cad::findFile(file);
-  if (found.empty()) return Acad::eFileNotFound;
-  const base::Status loaded = cad::support::loadLinetypes(cad::drawingOf(*database), name, found);
-  return loaded ? Acad::eOk : reasonOf(name, found);
+  if (found.empty()) {
+    cad::remark({file, L"The linetype file is not found"});
+    return Acad::eFileNotFound;
+  }
+  const auto loaded = cad::support::loadLinetypes(cad::drawingOf(*database), name, found, findShapeFile);
+  if (loaded.result != LinetypeLoading::kLoaded) cad::remark(loaded.failure);
+  for (const base::Failure& each : loaded.remarks) cad::remark(each);
+  return statusOf(loaded.result);
 }

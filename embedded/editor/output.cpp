@@ -65,6 +65,11 @@ void report(const base::Failure& failure) {
   printText(L"\n" + failure.text());
 }
 
+void remark(const base::Failure& failure) {
+  hostState().remarks.push_back(failure);
+  printText(L"\n" + failure.text());
+}
+
 }  // namespace cad
 
 int acutPrintf(const ACHAR* format, ...) {

@@ -17,4 +17,7 @@ void printText(std::wstring_view text);
 // Prints a refusal on a line of its own and keeps it for the caller of Host::execute.
 void report(const base::Failure& failure);
 
+// Prints why a function, not a command, did not do all it was asked to, and keeps it for Host::takeRemarks.
+void remark(const base::Failure& failure);
+
 }  // namespace cad

@@ -95,30 +95,42 @@ TEST_F(ListSections, RefusedDimensionVariableIsANote) {
 }
 
 TEST_F(ListSections, LinetypesAreLoadedOnceAndFailuresAreProblems) {
-  make("OFFICE.LIN", "*CHAIN,Chain ____ . ____\r\nA,10,-2,0,-2\r\n*DASHED,Other dashes\r\nA,1,-1\r\n");
+  make("OFFICE.LIN",
+       "*CHAIN,Chain ____ . ____\r\nA,10,-2,0,-2\r\n*DASHED,Other dashes\r\nA,1,-1\r\n*BAD,x\r\nA,x\r\n");
   const std::wstring file = base::pathText(folder_ / "OFFICE.LIN");
-  run({{L"線種のﾛｰﾄﾞ", file + L", CHAIN\n" + file + L", DASHED\n" + file + L", NONE\nMISSING.LIN, X1"},
+  run({{L"線種のﾛｰﾄﾞ",
+        file + L", CHAIN\n" + file + L", DASHED\n" + file + L", NONE\n" + file + L", BAD\nMISSING.LIN, X1"},
        {L"文字", L"[***]\n{\n[線種] = CHAIN\n}"}});
   EXPECT_EQ(name(kText, Property::kLinetype), L"CHAIN");
   EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"線種[NONE]のロードができませんでした",
+                                                       L"線種[BAD]のロードができませんでした",
                                                        L"線種[X1]のロードができませんでした"}));
+  for (const wchar_t* reason :
+       {L"線種[NONE]のロードができませんでした: [", L"OFFICE.LIN]にこの線種の定義がありません",
+        L"OFFICE.LIN]の定義に誤りがあります", L"OFFICE.LIN, line 6: BAD: ",
+        L"線種[X1]のロードができませんでした: [MISSING.LIN]が見つかりません"})
+    EXPECT_NE(printed_.find(reason), std::wstring::npos) << base::toUtf8(reason) << base::toUtf8(printed_);
   EXPECT_EQ(drawing().text(drawing().find(Table::kLinetype, L"DASHED"), Property::kDescription), L"Dashed");
 }
 
 TEST_F(ListSections, TextStylesAreMadeOrGivenAnotherFont) {
   run({{L"字体のﾛｰﾄﾞ",
-        L"KANJI, romans.shx, extfont2.shx\nPLAIN, isocp.Shx, ----------\nTITLE, ＭＳ ゴシック, -----"}});
+        L"KANJI, romans.shx, extfont2.shx\nPLAIN, isocp.Shx, ----------\nTITLE, ＭＳ ゴシック, -----\nNOTE, "
+        L"Arial"}});
   EXPECT_EQ(styleText(L"KANJI", Property::kFontFile), L"ROMANS.SHX");
   EXPECT_EQ(styleText(L"KANJI", Property::kBigFontFile), L"EXTFONT2.SHX");
   EXPECT_EQ(styleText(L"PLAIN", Property::kFontFile), L"ISOCP.SHX");
   EXPECT_EQ(styleText(L"PLAIN", Property::kBigFontFile), L"");
   EXPECT_EQ(styleText(L"TITLE", Property::kTypeface), L"ＭＳ ゴシック");
+  EXPECT_EQ(styleText(L"TITLE", Property::kFontFile), L"msgothic.ttc");
+  EXPECT_EQ(styleText(L"NOTE", Property::kTypeface), L"ARIAL");
+  EXPECT_EQ(styleText(L"NOTE", Property::kFontFile), L"arial.ttf");
   EXPECT_TRUE(sink_.notes.empty());
 }
 
 TEST_F(ListSections, StylesWithoutABigFontLoseTheOneTheyHad) {
-  for (const wchar_t* entry :
-       {L"KANJI, romans.shx, -----", L"KANJI, romans.shx", L"KANJI, ＭＳ ゴシック, ----"}) {
+  for (const wchar_t* entry : {L"KANJI, romans.shx, -----", L"KANJI, romans.shx",
+                               L"KANJI, ＭＳ ゴシック, ----", L"KANJI, ＭＳ ゴシック, extfont.shx"}) {
     run({{L"字体のﾛｰﾄﾞ", L"KANJI, romans.shx, extfont2.shx"}});
     EXPECT_EQ(styleText(L"KANJI", Property::kBigFontFile), L"EXTFONT2.SHX");
     run({{L"字体のﾛｰﾄﾞ", entry}});

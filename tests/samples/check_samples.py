@@ -46,6 +46,15 @@ RULES = """[文字]
 ---End---
 [EOF]
 """
+RESOURCES = """[線種のﾛｰﾄﾞ]
+ACADISO.LIN, HOT_WATER_SUPPLY
+ACADISO.LIN, FENCELINE2
+---End---
+[字体のﾛｰﾄﾞ]
+KIV_TEST, ＭＳ ゴシック
+---End---
+[EOF]
+"""
 COLOR_GROUPS = {62, 420, 430}
 TEXTS = {"TEXT": "height", "MTEXT": "char_height", "ATTDEF": "height"}
 
@@ -92,6 +101,21 @@ class Check:
             self.check_groups(drawing, difference)
         self.check_properties(drawing, target)
         print(f"{drawing}: {len(found)} records changed")
+
+    def loaded(self, drawing):
+        """Linetypes with texts and shapes and a TrueType style, as the independent library reads them."""
+        target, said = self.convert(RESOURCES, drawing, "loaded")
+        if target is None or ezdxf is None:
+            return
+        before, after = read_document(drawing), read_document(target)
+        if len(after.audit().errors) > len(before.audit().errors):
+            self.fail(drawing, f"new faults: {after.audit().errors}")
+        style = after.styles.get("KIV_TEST")
+        if style.dxf.font != "msgothic.ttc" or style.dxf.bigfont:
+            self.fail(drawing, f"the style has the fonts {style.dxf.font}, {style.dxf.bigfont}")
+        for name in ("HOT_WATER_SUPPLY", "FENCELINE2"):
+            if (name in after.linetypes) != (before.dxfversion > "AC1009" or name in before.linetypes):
+                self.fail(drawing, f"{name}: {said}")
 
     def check_groups(self, drawing, difference):
         allowed = set(COLOR_GROUPS)
@@ -169,6 +193,7 @@ def main(program, folder):
         readable = [drawing for drawing in drawings if check.untouched(drawing)]
         for drawing in readable:
             check.changed(drawing)
+            check.loaded(drawing)
         if len(readable) * 2 < len(drawings):
             check.failures.append(f"only {len(readable)} of {len(drawings)} drawings can be read")
         if check.records_changed < len(readable):

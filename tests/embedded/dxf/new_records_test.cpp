@@ -64,13 +64,13 @@ TEST(NewRecords, LinetypePatternsReplaceTheWholePattern) {
   auto drawing = modern("0 LINE|5 20|8 0");
   const auto linetype = drawing->addTableRecord(Table::kLinetype, L"L");
   ASSERT_TRUE(linetype.ok());
-  const double first[] = {1, -0.5, 0, -0.5};
-  const double second[] = {2, -1};
+  const Dash first[] = {{1}, {-0.5}, {0}, {-0.5}};
+  const Dash second[] = {{2}, {-1}};
   ASSERT_TRUE(drawing->setDashes(linetype.value(), first).ok());
   ASSERT_TRUE(drawing->setDashes(linetype.value(), second).ok());
   EXPECT_NE(saved(*drawing).find(groups("3 |72 65|73 2|40 3.0|49 2.0|74 0|49 -1.0|74 0|0 ENDTAB")),
             std::string::npos);
-  const double thirteen[13] = {};
+  const Dash thirteen[13] = {};
   EXPECT_FALSE(drawing->setDashes(linetype.value(), thirteen).ok());
 }
 

@@ -41,7 +41,9 @@ TEST_F(HostTest, EntitiesOnLockedLayersAndStrangeNamesAreNotErased) {
 
 TEST_F(HostTest, LinetypesAreLoadedOnce) {
   open();
-  make("types.lin", "*DASHES,Dashes __ __\r\nA,.5,-.25\r\n*DOTS,Dots . .\r\nA,0,-.25\r\n");
+  make("types.lin",
+       "*DASHES,Dashes __ __\r\nA,.5,-.25\r\n*DOTS,Dots . .\r\nA,0,-.25\r\n"
+       "*GAS,Gas\r\nA,1,-1,[\"GAS\",STANDARD],-1\r\n");
   AcDbDatabase* database = acDocManager->curDocument()->database();
   EXPECT_EQ(acdbLoadLineTypeFile(L"dashes", L"types.lin", database), Acad::eOk);
   EXPECT_NE(drawing().find(cad::Table::kLinetype, L"DASHES"), cad::kNoRecord);
@@ -49,6 +51,11 @@ TEST_F(HostTest, LinetypesAreLoadedOnce) {
   EXPECT_EQ(acdbLoadLineTypeFile(L"WAVES", L"types.lin", database), Acad::eUndefinedLineType);
   EXPECT_EQ(acdbLoadLineTypeFile(L"DOTS", L"no_such.lin", database), Acad::eFileNotFound);
   EXPECT_EQ(acdbLoadLineTypeFile(L"DOTS", L"types.lin", nullptr), Acad::eNoDatabase);
+  static_cast<void>(cad::Host::instance().takeRemarks());
+  EXPECT_EQ(acdbLoadLineTypeFile(L"GAS", L"types.lin", database), Acad::eNotApplicable);
+  const std::vector<base::Failure> remarks = cad::Host::instance().takeRemarks();
+  ASSERT_EQ(remarks.size(), 1U);
+  EXPECT_EQ(remarks[0].place, L"types.lin, line 6");
 }
 
 TEST_F(HostTest, NamesOfTableRecords) {
