@@ -1,6 +1,7 @@
 #include "host/commands.h"
 
 #include "accmd.h"
+#include "platform/host_output.h"
 #include "rxdict.h"
 
 namespace kiv {
@@ -8,12 +9,19 @@ namespace {
 
 constexpr wchar_t kGroup[] = L"KIV_UTIL2";
 
+// Null, and said so, when the host offers none.
 AcEdCommandStack* commandStack() {
-  return AcEdCommandStack::cast(acrxSysRegistry()->at(L"ACAD_REGISTERED_COMMANDS"));
+  AcEdCommandStack* stack = acedRegCmds;
+  if (stack == nullptr) printError(L"ｺﾏﾝﾄﾞを登録できる環境がありません.");
+  return stack;
 }
 
 void addCommand(const wchar_t* globalName, const wchar_t* localName, AcRxFunctionPtr handler) {
-  commandStack()->addCommand(kGroup, globalName, localName, ACRX_CMD_MODAL, handler, nullptr, -1, nullptr);
+  AcEdCommandStack* stack = commandStack();
+  if (stack == nullptr) return;
+  const Acad::ErrorStatus status =
+      stack->addCommand(kGroup, globalName, localName, ACRX_CMD_MODAL, handler, nullptr, -1, nullptr);
+  if (status != Acad::eOk) printError(std::wstring(L"ｺﾏﾝﾄﾞ[") + globalName + L"]を登録できませんでした.");
 }
 
 }  // namespace
@@ -23,6 +31,8 @@ void registerCommands() {
   addCommand(L"KIV_TOACAD2", L"UT2", conversionCommand);
 }
 
-void removeCommands() { commandStack()->removeGroup(kGroup); }
+void removeCommands() {
+  if (AcEdCommandStack* stack = commandStack()) stack->removeGroup(kGroup);
+}
 
 }  // namespace kiv

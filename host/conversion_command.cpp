@@ -11,9 +11,8 @@ namespace kiv {
 namespace {
 
 // The last drawing of a batch brings the user back to where it began.
-void drawingClosed() {
-  ConversionContext& context = conversionContext();
-  --context.batchRemaining;
+void returnFromBatch() {
+  const ConversionContext& context = conversionContext();
   if (context.batchRemaining > 0 || context.batchStartDocument == nullptr) return;
   acDocManagerPtr()->sendStringToExecute(context.batchStartDocument,
                                          L"\x03"
@@ -22,20 +21,27 @@ void drawingClosed() {
 }
 
 void convertCurrentDrawing() {
-  const ConversionContext& context = conversionContext();
+  ConversionContext& context = conversionContext();
   ConversionLog log;
   log.startEntry();
   // Asked before the run, which may close the drawing.
   const std::wstring drawing = workingDrawing();
   RunReport report(&log);
+  bool isClosed = false;
   const RunParameters parameters{context.contextPaths[kSpecificationPath],
                                  context.contextPaths[kOutputFolder], context.saveFormat,
-                                 [&] { report.printNotes(); }, drawingClosed};
+                                 [&] { report.printNotes(); },
+                                 [&] {
+                                   isClosed = true;
+                                   --context.batchRemaining;
+                                 }};
   const RunOutcome outcome = runConversion(parameters, report);
   report.finish(outcome, drawing);
   keepAsLastRun(std::move(report));
   if (outcome.end != RunEnd::kEmptyDrawing) log.writeEntry();
   log.clearEntry();
+  // The host may suspend the command that activates another document: nothing is left to do after it.
+  if (isClosed) returnFromBatch();
 }
 
 }  // namespace

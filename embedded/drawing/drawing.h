@@ -138,8 +138,11 @@ class Drawing {
   // Copies the model space of `source` as the block `name`, with the layers, linetypes, styles and nested
   // blocks it needs; an existing block of that name gets the new content (references stay).
   base::Result<RecordId> defineBlock(std::wstring_view name, const Drawing& source);
+  // The block's definitions of attributes that vary from reference to reference, in their order.
+  std::vector<RecordId> attributeDefinitionsOf(RecordId block) const;
+  // `attributes`: a value for each of these definitions; without any the reference has no attributes.
   base::Result<RecordId> addInsert(RecordId space, std::wstring_view blockName, Point at, double scale,
-                                   double rotationDegrees);
+                                   double rotationDegrees, std::span<const std::wstring> attributes = {});
   base::Status setErased(RecordId id, bool erased);
   RecordId lastEntity() const;  // the newest entity of model or paper space that is not erased
 

@@ -28,6 +28,16 @@ const std::vector<RecordId>& Drawing::entitiesOf(RecordId block) const {
   return (*blockLists_)[block];
 }
 
+std::vector<RecordId> Drawing::attributeDefinitionsOf(RecordId block) const {
+  constexpr std::int64_t kConstant = 2;
+  std::vector<RecordId> out;
+  for (const RecordId id : entitiesOf(block)) {
+    if (records_[id].erased() || typeName(id) != "ATTDEF") continue;
+    if ((integer(id, Property::kStandardFlags).value_or(0) & kConstant) == 0) out.push_back(id);
+  }
+  return out;
+}
+
 RecordId Drawing::blockOf(RecordId entity) const {
   const Record& record = records_[entity];
   if (record.kind != RecordKind::kSubEntity || record.owner == kNoRecord) return record.owner;

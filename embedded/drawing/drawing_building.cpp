@@ -30,8 +30,8 @@ base::Result<RecordId> Drawing::defineBlock(std::wstring_view name, const Drawin
 }
 
 base::Result<RecordId> Drawing::addInsert(RecordId space, std::wstring_view blockName, Point at, double scale,
-                                          double rotationDegrees) {
-  return storage_->addInsert(*this, space, blockName, at, scale, rotationDegrees);
+                                          double rotationDegrees, std::span<const std::wstring> attributes) {
+  return storage_->addInsert(*this, space, blockName, at, scale, rotationDegrees, attributes);
 }
 
 Geometry Drawing::geometry(RecordId entity) const {

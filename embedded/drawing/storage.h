@@ -116,7 +116,8 @@ class RecordStorage {
   virtual base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name,
                                              const Drawing& source) = 0;
   virtual base::Result<RecordId> addInsert(Drawing& drawing, RecordId space, std::wstring_view blockName,
-                                           Point at, double scale, double rotationDegrees) = 0;
+                                           Point at, double scale, double rotationDegrees,
+                                           std::span<const std::wstring> attributes) = 0;
   virtual std::optional<Variable> dimVariable(const Drawing& drawing, RecordId id, int code) const = 0;
   virtual base::Status setDimVariable(Drawing& drawing, RecordId id, int code, const Variable& value) = 0;
   virtual base::Status removeDimOverride(Drawing& drawing, RecordId id, int code) = 0;

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "embedded/dxf/attribute_writer.h"
 #include "embedded/dxf/block_copier.h"
 #include "embedded/dxf/block_writer.h"
 #include "embedded/dxf/record_tools.h"
@@ -33,7 +34,8 @@ base::Result<RecordId> DxfStorage::defineBlock(Drawing& drawing, std::wstring_vi
 }
 
 base::Result<RecordId> DxfStorage::addInsert(Drawing& drawing, RecordId space, std::wstring_view name,
-                                             Point at, double scale, double rotationDegrees) {
+                                             Point at, double scale, double rotationDegrees,
+                                             std::span<const std::wstring> attributes) {
   if (drawing.find(Table::kBlock, name) == kNoRecord)
     return failure(name, L"The drawing has no block of this name");
   if (!std::isfinite(scale) || scale == 0 || !std::isfinite(rotationDegrees))
@@ -55,12 +57,18 @@ base::Result<RecordId> DxfStorage::addInsert(Drawing& drawing, RecordId space, s
   if (space == drawing.paperSpace()) builder.integer(67, 1);
   // A file may hold the variable under another type's code.
   const std::optional<Variable> current = headerVariable(drawing, "CLAYER");
-  const auto* layer = current ? std::get_if<std::wstring>(&*current) : nullptr;
-  builder.text(8, layer != nullptr ? *layer : L"0");
-  builder.subclass("AcDbBlockReference").text(2, name).point(10, at);
+  const auto* named = current ? std::get_if<std::wstring>(&*current) : nullptr;
+  const std::wstring layer = named != nullptr ? *named : L"0";
+  builder.text(8, layer).subclass("AcDbBlockReference");
+  if (!attributes.empty()) builder.integer(66, 1);
+  builder.text(2, name).point(10, at);
   if (scale != 1) builder.real(41, scale).real(42, scale).real(43, scale);
   if (rotationDegrees != 0) builder.real(50, rotationDegrees);
-  return drawing.insertRecord({RecordKind::kEntity, Table::kNone, before.value(), space, builder.take()});
+  const RecordId made =
+      drawing.insertRecord({RecordKind::kEntity, Table::kNone, before.value(), space, builder.take()});
+  if (!attributes.empty())
+    addAttributes(drawing, *this, {made, before.value(), layer, at, scale, rotationDegrees}, attributes);
+  return made;
 }
 
 }  // namespace cad::dxf

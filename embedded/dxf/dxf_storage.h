@@ -63,7 +63,8 @@ class DxfStorage final : public RecordStorage {
   base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name,
                                      const Drawing& source) override;
   base::Result<RecordId> addInsert(Drawing& drawing, RecordId space, std::wstring_view blockName, Point at,
-                                   double scale, double rotationDegrees) override;
+                                   double scale, double rotationDegrees,
+                                   std::span<const std::wstring> attributes) override;
   std::optional<Variable> dimVariable(const Drawing& drawing, RecordId id, int code) const override;
   base::Status setDimVariable(Drawing& drawing, RecordId id, int code, const Variable& value) override;
   base::Status removeDimOverride(Drawing& drawing, RecordId id, int code) override;

@@ -47,6 +47,7 @@ constexpr TypedPlace kEntityPlaces[] = {
     {"LEADER", {P::kDimStyle, 3, "AcDbLeader", V::kR12}},
     {"TOLERANCE", {P::kDimStyle, 3, "AcDbFcf", V::kR12}},
     {"ATTDEF", {P::kName, 2, "AcDbAttributeDefinition", V::kR12}},
+    {"ATTDEF", {P::kStandardFlags, 70, "AcDbAttributeDefinition", V::kR12}},
     {"ATTRIB", {P::kName, 2, "AcDbAttribute", V::kR12}},
     {"INSERT ACAD_TABLE", {P::kBlockName, 2, kReference, V::kR12}},
     {"INSERT", {P::kRotation, 50, kReference, V::kR12}},

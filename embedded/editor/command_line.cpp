@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdarg>
+#include <utility>
 
 #include "acedCmdNF.h"
 #include "base/fold.h"
@@ -82,19 +83,24 @@ CommandName readCommandName(std::wstring_view typed) {
 Outcome CommandLine::runRegistered(const AcEdCommand& command) {
   const AcRxFunctionPtr function = command.functionAddr();
   const std::wstring name = command.globalName();
-  std::vector<Token> outerPrompt = std::move(openPrompt_);
-  openPrompt_.clear();
+  const bool outer = std::exchange(isInSession_, (command.commandFlags() & ACRX_CMD_SESSION) != 0);
   bool ended = true;
   try {
     function();
   } catch (...) {
     ended = false;
   }
-  openPrompt_ = std::move(outerPrompt);
+  isInSession_ = outer;
   return ended ? Outcome::kDone : endedWithError(name);
 }
 
 Outcome CommandLine::runOne(TokenReader& input, std::wstring_view typed) {
+  const Outcome outcome = runNamed(input, typed);
+  if (depth_ == 0) hostState().documents.closeWaiting();
+  return outcome;
+}
+
+Outcome CommandLine::runNamed(TokenReader& input, std::wstring_view typed) {
   const CommandName wanted = readCommandName(typed);
   if (wanted.name.empty()) return Outcome::kDone;
   const AcEdCommand* registered = findRegistered(wanted);
@@ -115,25 +121,18 @@ Outcome CommandLine::runOne(TokenReader& input, std::wstring_view typed) {
 }
 
 int CommandLine::run(std::vector<Token> tokens) {
-  if (tokens.empty()) {
-    openPrompt_.clear();
-    return RTNORM;
+  if (!isBusy() || isInSession_) {
+    report({L"", L"A program can run commands only while a command of the document is running."});
+    return RTERROR;
   }
-  openPrompt_.insert(openPrompt_.end(), std::make_move_iterator(tokens.begin()),
-                     std::make_move_iterator(tokens.end()));
-  ListReader reader(std::move(openPrompt_));
-  openPrompt_.clear();
-  while (true) {
-    const std::size_t start = reader.position();
-    const std::optional<Token> name = reader.nextName();
-    if (!name) return RTNORM;
+  ListReader reader(std::move(tokens));
+  while (const std::optional<Token> name = reader.nextName()) {
     const Outcome outcome = runOne(reader, name->text);
-    if (outcome == Outcome::kRefused) return RTERROR;
-    if (outcome == Outcome::kNeedInput) {
-      openPrompt_ = reader.from(start);
-      return RTNORM;
-    }
+    if (outcome == Outcome::kNeedInput)
+      report({readCommandName(name->text).name, L"The command was cancelled: it needs more input."});
+    if (outcome != Outcome::kDone) return RTERROR;
   }
+  return RTNORM;
 }
 
 // A script that a command has asked for: inside a script it takes the place of what is left of that one.
@@ -210,7 +209,6 @@ std::wstring CommandLine::runningNames() const {
 }
 
 void CommandLine::clear() {
-  openPrompt_.clear();
   openText_.clear();
   queue_.clear();
   script_.reset();

@@ -24,7 +24,7 @@ enum class Outcome {
   kNeedInput,  // nothing has happened yet; more tokens are needed
 };
 
-// A command of the host itself. It changes nothing before it has all the tokens that it needs.
+// A command of the host itself. Of typed text it changes nothing before it has all the tokens that it needs.
 struct BuiltinCommand {
   const wchar_t* name;
   Outcome (*run)(TokenReader& input, HostState& state);
@@ -49,7 +49,8 @@ struct QueuedText {
 
 class CommandLine {
  public:
-  // From a program: RTNORM or RTERROR. Without tokens, closes an open prompt.
+  // From a program: RTNORM or RTERROR. Refused unless a document's command is running. A command that still
+  // asks at the end of the tokens is cancelled.
   int run(std::vector<Token> tokens);
   // Typed text, then everything that it has queued. A refusal stops the text that it stands in.
   base::Status type(std::wstring text);
@@ -66,17 +67,18 @@ class CommandLine {
 
  private:
   Outcome runOne(TokenReader& input, std::wstring_view name);
+  Outcome runNamed(TokenReader& input, std::wstring_view name);
   Outcome runRegistered(const AcEdCommand& command);
   bool runText(std::wstring text, bool isScript);
   bool takeScript(TextReader& reader, bool& isScript, bool& ok);
   bool runQueue();
 
-  std::vector<Token> openPrompt_;  // tokens of a program's unfinished command
-  std::wstring openText_;          // typed text of an unfinished command
+  std::wstring openText_;  // typed text of an unfinished command
   std::deque<QueuedText> queue_;
   std::optional<std::wstring> script_;
   std::vector<std::wstring> running_;
   int depth_ = 0;
+  bool isInSession_ = false;  // the running command belongs to the application and to no document
 };
 
 }  // namespace cad

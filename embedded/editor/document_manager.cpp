@@ -54,7 +54,10 @@ class DocumentManager : public AcApDocManager {
     Documents& documents = hostState().documents;
     Document* found = documents.find(document);
     if (found == nullptr) return Acad::eInvalidInput;
-    documents.close(found);
+    if (found == documents.current())
+      documents.closeAfterCommands(found);
+    else
+      documents.close(found);
     return Acad::eOk;
   }
   Acad::ErrorStatus sendStringToExecute(AcApDocument* document, const ACHAR* text, bool activate, bool,

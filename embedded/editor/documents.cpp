@@ -67,6 +67,7 @@ base::Status Documents::open(const std::filesystem::path& path) {
 }
 
 void Documents::close(Document* document) {
+  std::erase(closing_, document);
   const auto found = std::find_if(documents_.begin(), documents_.end(),
                                   [&](const auto& each) { return each.get() == document; });
   if (found == documents_.end()) return;
@@ -86,9 +87,19 @@ void Documents::close(Document* document) {
     activate(documents_.back().get());
 }
 
+void Documents::closeAfterCommands(Document* document) {
+  if (!hostState().commandLine.isBusy()) return close(document);
+  if (std::ranges::find(closing_, document) == closing_.end()) closing_.push_back(document);
+}
+
+void Documents::closeWaiting() {
+  while (!closing_.empty()) close(closing_.front());
+}
+
 void Documents::closeAll() {
   acdbHostApplicationServices()->setWorkingDatabase(nullptr);
   current_ = nullptr;
+  closing_.clear();
   documents_.clear();
   startCount_ = 0;
 }

@@ -45,6 +45,9 @@ class Documents {
   base::Status open(const std::filesystem::path& path);
   // Without its last document the host opens a new start document.
   void close(Document* document);
+  // At once, or when the running commands have ended.
+  void closeAfterCommands(Document* document);
+  void closeWaiting();  // those whose commands have ended
   void closeAll();
 
   Document* current() const { return current_; }  // null only while the host is stopped
@@ -57,6 +60,7 @@ class Documents {
 
  private:
   std::vector<std::unique_ptr<Document>> documents_;  // the most recently current one last
+  std::vector<Document*> closing_;
   Document* current_ = nullptr;
   int startCount_ = 0;
 };

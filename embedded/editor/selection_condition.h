@@ -24,8 +24,8 @@ enum class Relation {
 // "*", "=", "!=", "/=", "<>", "<", "<=", ">", ">=", "&", "&="; absent for any other.
 std::optional<Relation> relationOf(std::wstring_view mark);
 
-// Null for a text condition without its text and for a code that no filter may hold. A group whose value the host does not read for selection
-// (coordinates, extended data) matches no entity.
+// Null for a text condition without its text and for a code that no filter may hold. A group whose value the
+// host does not read for selection (coordinates, extended data) matches no entity.
 std::unique_ptr<SelectionFilter::Node> makeTest(const resbuf& condition, Relation relation);
 
 }  // namespace cad

@@ -69,10 +69,6 @@ std::optional<Token> ListReader::next() {
   return tokens_[at_++];
 }
 
-std::vector<Token> ListReader::from(std::size_t position) const {
-  return {tokens_.begin() + static_cast<std::ptrdiff_t>(position), tokens_.end()};
-}
-
 void TextReader::endLine() {
   if (!atEnd() && text_[at_] == L'\r') ++at_;
   if (!atEnd() && text_[at_] == L'\n') ++at_;

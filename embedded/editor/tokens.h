@@ -30,6 +30,7 @@ class TokenReader {
   virtual std::optional<Token> nextName() { return next(); }  // the name of a command
   virtual std::size_t position() const = 0;
   virtual void rewind(std::size_t position) = 0;
+  virtual bool isComplete() const { return false; }  // no more tokens will come after the last
   std::optional<Token> peek();
   bool takeIf(std::wstring_view shortKeyword, std::wstring_view keyword);  // consumes it only when it is that
 };
@@ -40,7 +41,7 @@ class ListReader : public TokenReader {
   std::optional<Token> next() override;
   std::size_t position() const override { return at_; }
   void rewind(std::size_t position) override { at_ = position; }
-  std::vector<Token> from(std::size_t position) const;
+  bool isComplete() const override { return true; }
 
  private:
   std::vector<Token> tokens_;

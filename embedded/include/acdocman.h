@@ -37,8 +37,11 @@ class AcApDocManager : public AcRxObject {
   virtual Acad::ErrorStatus activateDocument(AcApDocument* document, bool passScript = false) = 0;
   virtual Acad::ErrorStatus setCurDocument(AcApDocument* document) = 0;
   virtual Acad::ErrorStatus appContextOpenDocument(const ACHAR* path) = 0;
-  virtual Acad::ErrorStatus closeDocument(AcApDocument* document) = 0;  // discards unsaved changes
-  // Queues typed text for a document; it runs, in the order sent, when no command is running.
+  // Discards unsaved changes. The active document closes when the running commands have ended.
+  virtual Acad::ErrorStatus closeDocument(AcApDocument* document) = 0;
+  // Queues typed text for a document; it runs, in the order sent, when no command is running. A host may
+  // suspend the command that asks for `activate` until its document is active again: whatever must be done is
+  // done before the call.
   virtual Acad::ErrorStatus sendStringToExecute(AcApDocument* document, const ACHAR* text,
                                                 bool activate = true, bool wrapUpInactive = false,
                                                 bool echo = true) = 0;

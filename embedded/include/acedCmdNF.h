@@ -1,7 +1,8 @@
 #pragma once
-// Commands driven by a program. Tokens are what a user would type; "" is Enter. A sequence that ends
-// while a command still asks leaves its prompt open; the next call goes on there, and a call without
-// tokens closes it. RTNORM, or RTERROR when a command refused or is unknown.
+// Commands driven by a program. Tokens are what a user would type; "" is Enter. A sequence is complete within
+// its call: a command that still asks when the tokens end is cancelled. A call without tokens does nothing
+// then. RTNORM, or RTERROR when a command refused, was cancelled or is unknown, and outside a running command
+// of a document: the application's own context runs no commands.
 
 #include "adsdef.h"
 

@@ -1,9 +1,9 @@
 #include "tests/engine/run_fixture.h"
 
-#include "acedCmdNF.h"
 #include "adsdef.h"
 #include "engine/conversion_run.h"
 #include "platform/settings.h"
+#include "tests/support/in_command.h"
 #include "tests/support/test_file.h"
 
 namespace engine_test {
@@ -62,7 +62,9 @@ kiv::RunOutcome RunTest::run(const std::map<std::wstring, std::wstring>& section
   for (const auto& [header, body] : sections) text += L"[" + header + L"]\n" + body + L"\n---End---\n\n";
   text += L"[EOF]\n";
   parameters_.specification = base::pathText(makeText("rules.cvt", text));
-  return kiv::runConversion(parameters_, sink_);
+  kiv::RunOutcome outcome;
+  test_support::inCommand([&] { outcome = kiv::runConversion(parameters_, sink_); });
+  return outcome;
 }
 
 kiv::RunOutcome RunTest::runOnAll(const std::wstring& setting) {
@@ -92,7 +94,7 @@ std::string RunTest::savedBytes() {
   return content(path);
 }
 
-void RunTest::undo() { acedCommandS(RTSTR, L"UNDO", RTSTR, L"1", RTNONE); }
+void RunTest::undo() { EXPECT_TRUE(cad::Host::instance().execute(L"U").ok()); }
 
 void UndoneRunTest::SetUp() {
   RunTest::SetUp();

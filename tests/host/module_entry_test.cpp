@@ -45,6 +45,15 @@ TEST_F(ModuleEntry, CommandsOfTheGroup) {
   EXPECT_EQ(command(L"KIV_TOACAD2"), nullptr);
 }
 
+TEST_F(ModuleEntry, ACommandThatIsTakenAlreadyIsNamed) {
+  std::wstring printed;
+  cad::Host::instance().setOutput([&](std::wstring_view text) { printed += text; });
+  acedRegCmds->addCommand(L"KIV_UTIL2", L"OTHER", L"UT2", ACRX_CMD_MODAL, [] {});
+  send(AcRx::kInitAppMsg);
+  cad::Host::instance().setOutput({});
+  EXPECT_EQ(printed, L"\nKivｴﾗｰ:ｺﾏﾝﾄﾞ[KIV_TOACAD2]を登録できませんでした.");
+}
+
 TEST_F(ModuleEntry, RepeatedMessagesDoNothingAgain) {
   send(AcRx::kInitAppMsg);
   const AcEdCommand* first = command(L"KIV_TOACAD");

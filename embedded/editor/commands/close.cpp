@@ -18,7 +18,7 @@ Outcome runClose(TokenReader& input, HostState& state) {
   Document* document = state.documents.current();
   const bool discard = input.takeIf(L"Y", L"YES");
   if (document->drawing().isModified() && !discard) return refuseModified(*document);
-  state.documents.close(document);
+  state.documents.closeAfterCommands(document);
   return Outcome::kDone;
 }
 
@@ -29,7 +29,7 @@ Outcome runQuit(TokenReader& input, HostState& state) {
   const auto modified = std::find_if(documents.begin(), documents.end(),
                                      [](const auto& each) { return each->drawing().isModified(); });
   if (modified != documents.end() && !discard) return refuseModified(**modified);
-  for (std::size_t left = documents.size(); left > 0; --left) state.documents.close(documents.front().get());
+  for (const auto& each : documents) state.documents.closeAfterCommands(each.get());
   return Outcome::kDone;
 }
 

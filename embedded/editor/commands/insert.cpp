@@ -1,9 +1,11 @@
+#include "acdbads.h"
 #include "base/files.h"
 #include "embedded/dxf/loader.h"
 #include "embedded/editor/commands/builtin.h"
 #include "embedded/editor/file_search.h"
 #include "embedded/editor/host_state.h"
 #include "embedded/editor/output.h"
+#include "embedded/editor/variables.h"
 
 namespace cad {
 namespace {
@@ -18,26 +20,44 @@ Outcome refuse(std::wstring_view why) {
   return Outcome::kRefused;
 }
 
-// The block's name: an existing block, or one defined from a drawing file. "name=path" redefines.
-base::Result<std::wstring> resolveBlock(Drawing& drawing, const std::wstring& typed) {
+struct InsertedBlock {
+  std::wstring name;
+  std::filesystem::path file;  // to define it from; empty: the drawing's own
+};
+
+bool isDefined(const Drawing& drawing, std::wstring_view name) {
+  return drawing.find(Table::kBlock, name) != kNoRecord;
+}
+
+// An existing block, or one to be defined from a drawing file. "name=path" defines it in any case.
+base::Result<InsertedBlock> findBlock(const Drawing& drawing, const std::wstring& typed) {
   const std::size_t equals = typed.find(L'=');
   std::wstring name = typed.substr(0, equals);
-  if (equals == std::wstring::npos && drawing.find(Table::kBlock, typed) != kNoRecord) return name;
+  if (equals == std::wstring::npos && isDefined(drawing, typed)) return InsertedBlock{name, {}};
 
   std::wstring wanted = equals == std::wstring::npos ? typed : typed.substr(equals + 1);
   if (wanted.empty()) wanted = name;
   std::filesystem::path file = findFile(wanted);
   if (file.empty()) file = findFile(wanted + L".dxf");
   if (file.empty()) return base::Failure{wanted, L"There is no block and no file of this name."};
-  if (equals == std::wstring::npos) name = base::pathText(file.stem());
-  if (name.empty()) return base::Failure{typed, L"The block has no name."};
-  if (equals == std::wstring::npos && drawing.find(Table::kBlock, name) != kNoRecord) return name;
+  if (equals == std::wstring::npos) {
+    name = base::pathText(file.stem());
+    if (isDefined(drawing, name)) return InsertedBlock{name, {}};
+  }
+  if (acdbSNValid(name.c_str(), 0) != RTNORM) return base::Failure{typed, L"A block cannot have this name."};
+  return InsertedBlock{name, file};
+}
 
-  const base::Result<std::unique_ptr<Drawing>> source = dxf::load(file);
-  if (!source) return source.failure();
-  const base::Result<RecordId> defined = drawing.defineBlock(name, *source.value());
-  if (!defined) return defined.failure();
-  return name;
+std::int64_t sessionInteger(std::wstring_view name, HostState& state) {
+  return std::get<std::int64_t>(readVariable(*findSystemVariable(name), state));
+}
+
+// "Redefine it?", which a program may leave unanswered: going on with the insertion means yes.
+void askToRedefine(TokenReader& input, HostState& state, const Drawing& drawing, InsertedBlock& block) {
+  constexpr std::int64_t kAsksNoMore = 2;
+  if (block.file.empty() || !isDefined(drawing, block.name)) return;
+  if (sessionInteger(L"EXPERT", state) >= kAsksNoMore || input.takeIf(L"Y", L"YES")) return;
+  if (input.takeIf(L"N", L"NO")) block.file.clear();
 }
 
 // One answer at the insertion point's prompt: an option with its value, or the point.
@@ -81,6 +101,44 @@ Outcome readAnswers(TokenReader& input, InsertAnswers& answers) {
   return readNumber(input, 0, answers.rotation);
 }
 
+// One value for each definition of an attribute that varies; asked for while ATTREQ is on.
+Outcome readAttributes(TokenReader& input, HostState& state, const Drawing& from, RecordId block,
+                       std::vector<std::wstring>& values) {
+  constexpr std::int64_t kPreset = 8;
+  const bool asks = sessionInteger(L"ATTREQ", state) != 0;
+  for (const RecordId definition : from.attributeDefinitionsOf(block)) {
+    values.push_back(from.text(definition, Property::kTextString).value_or(std::wstring()));
+    const std::int64_t flags = from.integer(definition, Property::kStandardFlags).value_or(0);
+    if (!asks || (flags & kPreset) != 0) continue;
+    const std::optional<Token> token = input.nextPath();
+    if (!token) return Outcome::kNeedInput;
+    if (!token->text.empty()) values.back() = token->text;
+  }
+  return Outcome::kDone;
+}
+
+base::Status define(Drawing& drawing, InsertedBlock& block, const Drawing& source) {
+  const base::Result<RecordId> defined = drawing.defineBlock(block.name, source);
+  block.file.clear();
+  return defined ? base::Status() : defined.failure();
+}
+
+base::Status place(HostState& state, const InsertedBlock& block, const InsertAnswers& answers,
+                   const std::vector<std::wstring>& attributes) {
+  Drawing& drawing = state.documents.current()->drawing();
+  const std::optional<Variable> tile = drawing.headerVariable("TILEMODE");
+  const bool inPaper = tile && std::get_if<std::int64_t>(&*tile) && std::get<std::int64_t>(*tile) == 0;
+  const RecordId space = inPaper ? drawing.paperSpace() : drawing.modelSpace();
+  const base::Result<RecordId> inserted =
+      drawing.addInsert(space, block.name, *answers.at, *answers.scale, *answers.rotation, attributes);
+  return inserted ? base::Status() : inserted.failure();
+}
+
+Outcome refuse(const base::Status& why) {
+  report(why.failure());
+  return Outcome::kRefused;
+}
+
 }  // namespace
 
 Outcome runInsert(TokenReader& input, HostState& state) {
@@ -88,23 +146,36 @@ Outcome runInsert(TokenReader& input, HostState& state) {
   if (!name) return Outcome::kNeedInput;
   if (name->text.empty() || name->text.front() == L'*' || name->text.front() == L'?')
     return refuse(L"A block's name or a file is needed.");
+  Drawing& drawing = state.documents.current()->drawing();
+  base::Result<InsertedBlock> found = findBlock(drawing, name->text);
+  if (!found) return refuse(found.failure());
+  InsertedBlock& block = found.value();
+  askToRedefine(input, state, drawing, block);
+
+  std::unique_ptr<Drawing> source;
+  if (!block.file.empty()) {
+    base::Result<std::unique_ptr<Drawing>> loaded = dxf::load(block.file);
+    if (!loaded) return refuse(loaded.failure());
+    source = std::move(loaded.value());
+  }
+  // A program's block stays defined when the rest of its sequence comes to nothing.
+  if (source && input.isComplete()) {
+    if (const base::Status defined = define(drawing, block, *source); !defined) return refuse(defined);
+  }
   InsertAnswers answers;
   if (const Outcome outcome = readAnswers(input, answers); outcome != Outcome::kDone) return outcome;
+  std::vector<std::wstring> attributes;
+  const Drawing& holder = source ? *source : drawing;
+  const RecordId content = source ? source->modelSpace() : drawing.find(Table::kBlock, block.name);
+  if (const Outcome outcome = readAttributes(input, state, holder, content, attributes);
+      outcome != Outcome::kDone)
+    return outcome;
 
-  Drawing& drawing = state.documents.current()->drawing();
-  const base::Result<std::wstring> block = resolveBlock(drawing, name->text);
-  if (!block) {
-    report(block.failure());
-    return Outcome::kRefused;
+  if (!block.file.empty()) {
+    if (const base::Status defined = define(drawing, block, *source); !defined) return refuse(defined);
   }
-  const std::optional<Variable> tile = drawing.headerVariable("TILEMODE");
-  const bool inPaper = tile && std::get_if<std::int64_t>(&*tile) && std::get<std::int64_t>(*tile) == 0;
-  const RecordId space = inPaper ? drawing.paperSpace() : drawing.modelSpace();
-  const base::Result<RecordId> inserted =
-      drawing.addInsert(space, block.value(), *answers.at, *answers.scale, *answers.rotation);
-  if (inserted) return Outcome::kDone;
-  report(inserted.failure());
-  return Outcome::kRefused;
+  const base::Status placed = place(state, block, answers, attributes);
+  return placed ? Outcome::kDone : refuse(placed);
 }
 
 }  // namespace cad

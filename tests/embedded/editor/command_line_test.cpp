@@ -5,10 +5,12 @@
 #include "acedCmdNF.h"
 #include "rxdlinkr.h"
 #include "tests/embedded/editor/host_fixture.h"
+#include "tests/support/in_command.h"
 
 namespace {
 
 using cad_test::HostTest;
+using test_support::inCommand;
 
 std::vector<std::wstring> calls;
 
@@ -99,23 +101,37 @@ TEST_F(Commands, ATypedGroupHoldsSeveralCommands) {
   EXPECT_EQ(savedBytes(), cad_test::drawingText());
 }
 
-TEST_F(Commands, AnUnfinishedSequenceGoesOnOrIsClosed) {
+TEST_F(Commands, ASequenceIsCompleteWithinItsCall) {
   open();
   const std::size_t before = drawing().entitiesOf(drawing().modelSpace()).size();
-  EXPECT_EQ(acedCommandS(RTSTR, L"-INSERT", RTSTR, L"DOOR", RTNONE), RTNORM);
-  EXPECT_EQ(acedCommandS(), RTNORM);
-  EXPECT_EQ(acedCommandS(RTSTR, L"1,1", RTNONE), RTERROR);  // no prompt is open: an unknown command
-  EXPECT_EQ(drawing().entitiesOf(drawing().modelSpace()).size(), before);
-
   const ads_point at = {2, 3, 0};
-  EXPECT_EQ(acedCommandS(RTSTR, L"-INSERT", RTSTR, L"DOOR", RTSTR, L"S", RTNONE), RTNORM);
-  EXPECT_EQ(acedCommandS(RTREAL, 2.0, RTSTR, L"R", RTREAL, 90.0, RT3DPOINT, at, RTNONE), RTNORM);
+  inCommand([&] {
+    EXPECT_EQ(acedCommandS(RTSTR, L"-INSERT", RTSTR, L"DOOR", RTSTR, L"S", RTNONE), RTERROR);
+    EXPECT_EQ(acedCommandS(RTREAL, 2.0, RTSTR, L"R", RTREAL, 90.0, RT3DPOINT, at, RTNONE), RTERROR);
+    EXPECT_EQ(acedCommandS(), RTNORM);  // nothing is left to cancel
+    EXPECT_EQ(drawing().entitiesOf(drawing().modelSpace()).size(), before);
+    EXPECT_EQ(acedCommandS(RTSTR, L"-INSERT", RTSTR, L"DOOR", RTSTR, L"S", RTREAL, 2.0, RTSTR, L"R", RTREAL,
+                           90.0, RT3DPOINT, at, RTNONE),
+              RTNORM);
+  });
+  EXPECT_TRUE(printedHas(L"-INSERT: The command was cancelled: it needs more input."));
   EXPECT_EQ(drawing().entitiesOf(drawing().modelSpace()).size(), before + 1);
 }
 
+TEST_F(Commands, AreRunByAProgramInsideADocumentsCommandOnly) {
+  EXPECT_EQ(acedCommandS(RTSTR, L"REGEN", RTNONE), RTERROR);
+  EXPECT_EQ(acedCommandS(), RTERROR);
+  EXPECT_TRUE(printedHas(L"while a command of the document is running"));
+  inCommand([] { EXPECT_EQ(acedCommandS(RTSTR, L"REGEN", RTNONE), RTERROR); }, ACRX_CMD_SESSION);
+  inCommand([] { EXPECT_EQ(acedCommandS(RTSTR, L"REGEN", RTNONE), RTNORM); });
+}
+
 TEST_F(Commands, RefuseTokensThatCannotBeTyped) {
-  EXPECT_EQ(acedCommandS(4711, L"REGEN", RTNONE), RTERROR);
-  EXPECT_EQ(acedCommandS(RTSTR, L"NO_SUCH_COMMAND", RTNONE), RTERROR);
+  inCommand([] {
+    EXPECT_EQ(acedCommandS(4711, L"REGEN", RTNONE), RTERROR);
+    EXPECT_EQ(acedCommandS(8, L"REGEN", RTNONE), RTERROR);  // a drawing's group
+    EXPECT_EQ(acedCommandS(RTSTR, L"NO_SUCH_COMMAND", RTNONE), RTERROR);
+  });
   EXPECT_TRUE(printedHas(L"NO_SUCH_COMMAND"));
 }
 

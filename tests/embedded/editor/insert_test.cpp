@@ -2,17 +2,32 @@
 #include "acedCmdNF.h"
 #include "tests/embedded/dxf/dxf_text.h"
 #include "tests/embedded/editor/host_fixture.h"
+#include "tests/support/in_command.h"
 
 namespace {
 
 using cad_test::HostTest;
+using test_support::inCommand;
 
 // The token sequence of a program that loads a block without keeping a reference.
 int insert(const std::wstring& name) {
-  const int result = acedCommandS(RTSTR, L".-INSERT", RTSTR, name.c_str(), RTSTR, L"S", RTREAL, 1.0, RTSTR,
-                                  L"R", RTREAL, 0.0, RTSTR, L"0,0", RTNONE);
-  acedCommandS();
+  int result = RTERROR;
+  inCommand([&] {
+    result = acedCommandS(RTSTR, L".-INSERT", RTSTR, name.c_str(), RTSTR, L"S", RTREAL, 1.0, RTSTR, L"R",
+                          RTREAL, 0.0, RTSTR, L"0,0", RTNONE);
+    acedCommandS();
+  });
   return result;
+}
+
+// Two lines, and the definitions of two attributes: one asked for, one constant.
+std::string blockFile(bool hasAttributes) {
+  const char* lines =
+      "0 SECTION|2 ENTITIES|0 LINE|8 NEWLAYER|10 0.0|20 0.0|11 1.0|21 1.0|"
+      "0 LINE|8 0|10 0.0|20 0.0|11 2.0|21 1.0|";
+  const std::string definition = "0 ATTDEF|8 0|10 3.0|20 0.0|40 2.5|1 NONE|3 No.|2 ";
+  const std::string definitions = definition + "NUMBER|70 0|" + definition + "MAKER|70 2|";
+  return cad::dxf::groups(lines + (hasAttributes ? definitions : "") + "0 ENDSEC|0 EOF");
 }
 
 class Insert : public HostTest {
@@ -46,15 +61,48 @@ TEST_F(Insert, AFileBecomesABlockOfItsName) {
 }
 
 TEST_F(Insert, EqualsRedefinesAnExistingBlock) {
-  const std::filesystem::path file = make("other.dxf", cad_test::drawingText());
   EXPECT_EQ(blockSize(L"DOOR"), 1u);
-  // The file defines a DOOR of its own; the redefinition is made from its model space without it.
-  const std::filesystem::path plain =
-      make("plain.dxf", cad::dxf::groups("0 SECTION|2 ENTITIES|0 LINE|8 NEWLAYER|10 0.0|20 0.0|11 1.0|21 1.0|"
-                                         "0 LINE|8 0|10 0.0|20 0.0|11 2.0|21 1.0|0 ENDSEC|0 EOF"));
-  EXPECT_EQ(insert(L"DOOR=" + text(plain)), RTNORM);
+  const std::wstring name = L"DOOR=" + text(make("plain.dxf", blockFile(false)));
+  EXPECT_TRUE(host().execute(L"-INSERT \"" + name + L"\" N S 1 R 0 0,0").ok());
+  EXPECT_EQ(blockSize(L"DOOR"), 1u);
+  EXPECT_EQ(insert(name), RTNORM);  // the question may stay without its answer
   EXPECT_EQ(blockSize(L"DOOR"), 2u);
   EXPECT_NE(drawing().find(cad::Table::kLayer, L"NEWLAYER"), cad::kNoRecord);
+  EXPECT_TRUE(host().execute(L"-INSERT \"" + name + L"\" Y S 1 R 0 0,0").ok());
+  ASSERT_TRUE(host().execute(L"REGEN").ok());
+  resbuf expert{nullptr, RTSHORT, {}};
+  expert.resval.rint = 2;
+  ASSERT_EQ(acedSetVar(L"EXPERT", &expert), RTNORM);  // asks no more, so there is nothing to answer
+  EXPECT_FALSE(host().execute(L"-INSERT \"" + name + L"\" Y S 1 R 0 0,0").ok());
+}
+
+TEST_F(Insert, AttributesAreAskedForAfterThePoint) {
+  const std::wstring file = text(make("TAG.dxf", blockFile(true)));
+  const std::size_t before = drawing().entitiesOf(drawing().modelSpace()).size();
+  EXPECT_EQ(insert(file), RTERROR);  // a program's sequence ends at the first question
+  EXPECT_EQ(blockSize(L"TAG"), 4u);
+  EXPECT_EQ(drawing().entitiesOf(drawing().modelSpace()).size(), before);
+
+  EXPECT_TRUE(host().execute(L"-INSERT TAG S 2 R 90 10,10").ok());
+  EXPECT_EQ(drawing().entitiesOf(drawing().modelSpace()).size(), before);
+  EXPECT_TRUE(host().execute(L"A 12").ok());
+  const auto parts = drawing().subRecordsOf(drawing().lastEntity());
+  ASSERT_EQ(parts.size(), 2u);
+  EXPECT_EQ(drawing().typeName(parts[1]), "SEQEND");
+  EXPECT_EQ(drawing().text(parts[0], cad::Property::kTextString), L"A 12");
+  EXPECT_EQ(drawing().real(parts[0], cad::Property::kTextHeight), 5);
+  EXPECT_EQ(drawing().real(parts[0], cad::Property::kRotation), 90);
+  const cad::Geometry shape = drawing().geometry(parts[0]);
+  const auto& moved = std::get<cad::TextGeometry>(shape.shape);
+  EXPECT_NEAR(moved.at.x, 10, 1e-9);
+  EXPECT_NEAR(moved.at.y, 16, 1e-9);
+
+  resbuf off{nullptr, RTSHORT, {}};
+  ASSERT_EQ(acedSetVar(L"ATTREQ", &off), RTNORM);
+  EXPECT_EQ(insert(L"TAG"), RTNORM);
+  const auto silent = drawing().subRecordsOf(drawing().lastEntity());
+  ASSERT_EQ(silent.size(), 2u);
+  EXPECT_EQ(drawing().text(silent[0], cad::Property::kTextString), L"NONE");
 }
 
 TEST_F(Insert, RefusesWhatIsNoDrawing) {
@@ -62,8 +110,9 @@ TEST_F(Insert, RefusesWhatIsNoDrawing) {
   EXPECT_EQ(insert(text(bad)), RTERROR);
   EXPECT_TRUE(printedHas(L"bad.dxf"));
   EXPECT_EQ(insert(L"NO_SUCH_BLOCK"), RTERROR);
-  EXPECT_EQ(acedCommandS(RTSTR, L"-INSERT", RTSTR, L"DOOR", RTSTR, L"S", RTREAL, 0.0, RTNONE), RTERROR);
-  EXPECT_EQ(acedCommandS(RTSTR, L"-INSERT", RTSTR, L"DOOR", RTSTR, L"somewhere", RTNONE), RTERROR);
+  EXPECT_FALSE(host().execute(L"-INSERT DOOR S 0").ok());
+  EXPECT_FALSE(host().execute(L"-INSERT DOOR somewhere").ok());
+  EXPECT_EQ(insert(L"A|B=" + text(folder_ / "plan.dxf")), RTERROR);
   EXPECT_FALSE(drawing().isModified());
 }
 

@@ -1,9 +1,12 @@
+#include "acdocman.h"
 #include "acedCmdNF.h"
 #include "tests/embedded/editor/host_fixture.h"
+#include "tests/support/in_command.h"
 
 namespace {
 
 using cad_test::HostTest;
+using test_support::inCommand;
 
 class Save : public HostTest {
  protected:
@@ -18,9 +21,12 @@ class Save : public HostTest {
     resbuf* last = tokens;
     while (last->rbnext) last = last->rbnext;
     if (overwrite) last->rbnext = acutBuildList(RTSTR, L"Y", RTNONE);
-    const int result = acedCmdS(tokens);
+    int result = RTERROR;
+    inCommand([&] {
+      result = acedCmdS(tokens);
+      acedCommandS();
+    });
     acutRelRb(tokens);
-    acedCommandS();
     return result;
   }
   void modify() {
@@ -57,9 +63,11 @@ TEST_F(Save, AnAnswerThatIsNotAskedForDoesNoHarm) {
 
 TEST_F(Save, DwgAndDwtRefuseAndWriteNothing) {
   const std::wstring dwg = text(folder_ / "a.DWG"), dwt = text(folder_ / "a.DWT");
-  EXPECT_EQ(acedCommandS(RTSTR, L"SAVEAS", RTSTR, L"", RTSTR, dwg.c_str(), RTNONE), RTERROR);
+  inCommand([&] {
+    EXPECT_EQ(acedCommandS(RTSTR, L"SAVEAS", RTSTR, L"", RTSTR, dwg.c_str(), RTNONE), RTERROR);
+    EXPECT_EQ(acedCommandS(RTSTR, L"SAVEAS", RTSTR, L"T", RTSTR, dwt.c_str(), RTSTR, L"Y", RTNONE), RTERROR);
+  });
   EXPECT_TRUE(printedHas(L"a.DWG: saving as DWG is not supported yet"));
-  EXPECT_EQ(acedCommandS(RTSTR, L"SAVEAS", RTSTR, L"T", RTSTR, dwt.c_str(), RTSTR, L"Y", RTNONE), RTERROR);
   EXPECT_FALSE(exists("a.DWG"));
   EXPECT_FALSE(exists("a.DWT"));
   ASSERT_TRUE(host().lastSave());
@@ -87,15 +95,20 @@ TEST_F(Save, QuickSaveKeepsTheFile) {
   EXPECT_FALSE(host().execute(L"QSAVE").ok());  // the start document has no file
 }
 
-TEST_F(Save, CloseAsksForAWordAboutChanges) {
+TEST_F(Save, CloseAsksForAWordAboutChangesAndWaitsForTheCommand) {
   modify();
-  EXPECT_EQ(acedCommandS(RTSTR, L"CLOSE", RTNONE), RTERROR);
-  EXPECT_EQ(drawing().path(), folder_ / "plan.dxf");
-  EXPECT_EQ(acedCommandS(RTSTR, L"CLOSE", RTSTR, L"Y", RTNONE), RTNORM);
-  EXPECT_NE(drawing().path(), folder_ / "plan.dxf");
+  inCommand([&] {
+    EXPECT_EQ(acedCommandS(RTSTR, L"CLOSE", RTNONE), RTERROR);
+    EXPECT_EQ(acedCommandS(RTSTR, L"CLOSE", RTSTR, L"Y", RTNONE), RTNORM);
+    EXPECT_EQ(acedCommandS(RTSTR, L"CLOSE", RTSTR, L"Y", RTNONE), RTNORM);
+    EXPECT_EQ(drawing().path(), folder_ / "plan.dxf");  // the command goes on in its document
+    EXPECT_EQ(acDocManager->closeDocument(acDocManager->curDocument()), Acad::eOk);
+    EXPECT_EQ(host().documentCount(), 2u);
+  });
+  EXPECT_EQ(host().documentCount(), 1u);
   EXPECT_EQ(content(folder_ / "plan.dxf"), cad_test::drawingText());
   open("second.dxf");
-  EXPECT_EQ(acedCommandS(RTSTR, L"CLOSE", RTNONE), RTNORM);
+  EXPECT_TRUE(host().execute(L"CLOSE").ok());
   EXPECT_EQ(host().documentCount(), 1u);
 }
 

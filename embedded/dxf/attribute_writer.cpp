@@ -1,0 +1,147 @@
+#include "embedded/dxf/attribute_writer.h"
+
+#include <cmath>
+
+#include "embedded/dxf/geometry_groups.h"
+#include "embedded/dxf/record_builder.h"
+#include "embedded/dxf/record_tools.h"
+
+namespace cad::dxf {
+namespace {
+
+constexpr double kRadians = 3.14159265358979323846 / 180;
+
+class AttributeWriter {
+ public:
+  AttributeWriter(Drawing& drawing, DxfStorage& storage, const NewReference& reference)
+      : drawing_(drawing),
+        storage_(storage),
+        reference_(reference),
+        owner_(drawing.handle(reference.record)) {
+    block_ = drawing.find(Table::kBlock, drawing.name(reference.record, Property::kBlockName));
+    base_ = GeometryGroups(storage, drawing.record(block_)).point(10);
+  }
+
+  RecordId block() const { return block_; }
+
+  void add(RecordId definition, const std::wstring* value) {
+    RecordBuilder builder(storage_);
+    begin(builder, "ATTRIB");
+    const Record& record = drawing_.record(definition);
+    const RecordGroups groups(storage_, record);
+    const GeometryGroups geometry(storage_, record);
+    at_ = moved(geometry.point(10));
+    second_ = moved(geometry.point(11));
+    bool isApplicationData = false;
+    for (std::size_t i = 1; i < groups.plainCount(); ++i) {
+      const Group& group = groups.all()[i];
+      if (group.code == kEmbeddedObject) break;
+      const bool isMark = group.code == kApplicationMark;
+      if (isMark) isApplicationData = group.value.starts_with("{");
+      if (!isMark && !isApplicationData) copy(builder, groups, group, geometry, value);
+    }
+    keep(builder);
+  }
+
+  void end() {
+    RecordBuilder builder(storage_);
+    begin(builder, "SEQEND");
+    builder.subclass("AcDbEntity");
+    addSpace(builder);
+    builder.text(8, reference_.layer);
+    keep(builder);
+  }
+
+ private:
+  static constexpr int kEmbeddedObject = 101, kApplicationMark = 102;
+
+  void begin(RecordBuilder& builder, std::string_view type) {
+    builder.stored(0, type);
+    if (const std::optional<Handle> handle = drawing_.takeHandle()) builder.handle(5, *handle);
+    if (owner_ && writesOwners(drawing_, storage_)) builder.handle(330, *owner_);
+  }
+
+  void addSpace(RecordBuilder& builder) {
+    if (drawing_.blockOf(reference_.record) == drawing_.paperSpace()) builder.integer(67, 1);
+  }
+
+  void copy(RecordBuilder& builder, const RecordGroups& groups, const Group& group,
+            const GeometryGroups& geometry, const std::wstring* value) {
+    const auto unchanged = [&] { builder.raw(groups.bytes().substr(group.begin, group.end - group.begin)); };
+    switch (group.code) {
+      case 3:  // the prompt
+      case 5:
+      case 50:
+      case 67:
+      case 330:
+      case 360:
+        return;
+      case 1:
+        if (value == nullptr) return unchanged();
+        builder.text(1, *value);
+        return;
+      case 8:
+        addSpace(builder);
+        return unchanged();
+      case 10:
+        builder.point(10, at_);
+        return;
+      case 11:
+        builder.point(11, second_);
+        return;
+      case 20:
+      case 21:
+      case 30:
+      case 31:
+        return;  // came with 10 and 11
+      case 40:
+        builder.real(40, geometry.real(40) * std::fabs(reference_.scale));
+        if (const double angle = geometry.real(50) + turn(); angle != 0) builder.real(50, angle);
+        return;
+      case 100:
+        if (group.value != "AcDbAttributeDefinition") return unchanged();
+        builder.stored(100, "AcDbAttribute");
+        return;
+      default:
+        unchanged();
+    }
+  }
+
+  // A negative scale in both directions turns the block by half a circle.
+  double turn() const { return reference_.rotation + (reference_.scale < 0 ? 180 : 0); }
+
+  Point moved(const Point& point) const {
+    const double x = (point.x - base_.x) * reference_.scale, y = (point.y - base_.y) * reference_.scale;
+    const double cosine = std::cos(reference_.rotation * kRadians);
+    const double sine = std::sin(reference_.rotation * kRadians);
+    return {reference_.at.x + x * cosine - y * sine, reference_.at.y + x * sine + y * cosine,
+            reference_.at.z + (point.z - base_.z) * reference_.scale};
+  }
+
+  void keep(RecordBuilder& builder) {
+    drawing_.insertRecord(
+        {RecordKind::kSubEntity, Table::kNone, reference_.before, reference_.record, builder.take()});
+  }
+
+  Drawing& drawing_;
+  DxfStorage& storage_;
+  const NewReference& reference_;
+  std::optional<Handle> owner_;
+  RecordId block_ = kNoRecord;
+  Point base_, at_, second_;
+};
+
+}  // namespace
+
+void addAttributes(Drawing& drawing, DxfStorage& storage, const NewReference& reference,
+                   std::span<const std::wstring> values) {
+  AttributeWriter writer(drawing, storage, reference);
+  std::size_t next = 0;
+  for (const RecordId definition : drawing.attributeDefinitionsOf(writer.block())) {
+    writer.add(definition, next < values.size() ? &values[next] : nullptr);
+    ++next;
+  }
+  writer.end();
+}
+
+}  // namespace cad::dxf
