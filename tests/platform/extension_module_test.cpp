@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/screen_scale.h"
-
 namespace kiv {
 namespace {
 
@@ -42,13 +40,6 @@ TEST(ExtensionModule, ResourcesFirstForAWhile) {
   }
   EXPECT_EQ(resourceChain().size(), 2U);
   for (ExtensionModule& module : modules) detachExtensionModule(module);
-}
-
-TEST(ScreenScale, HeadlessIsTheReference) {
-  initScreenScale(nullptr);
-  EXPECT_EQ(screenDpi(), 96);
-  EXPECT_EQ(scaled(250), 250);
-  EXPECT_EQ(scaled(-3), -3);
 }
 
 }  // namespace

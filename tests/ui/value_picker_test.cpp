@@ -155,29 +155,6 @@ TEST_F(ValuePicker, TypedValuesAreCompletedCheckedOrRefused) {
   EXPECT_EQ(confirmed(kLayerKind, L"A-*"), L"A-*");
 }
 
-TEST_F(ValuePicker, AValueIsTakenFromTheDrawing) {
-  DialogWindow& picker = open(kColorKind, {L"3:緑"});
-  user_.click(picker, IDC_PICK);
-  EXPECT_EQ(pick_.request, kColorKind);
-  EXPECT_FALSE(picker.isShown());
-  EXPECT_FALSE(owner_.window().isShown());
-  pick_.values = {L"1:赤"};
-  owner_.picker->pickCompleted();
-  EXPECT_EQ(picker.combo(IDC_VALUE_COMBO).selected(), 2);
-  EXPECT_EQ(pick_.request, 0);
-  EXPECT_TRUE(pick_.values.empty());
-  EXPECT_TRUE(picker.isShown());
-  EXPECT_TRUE(owner_.window().isShown());
-  EXPECT_FALSE(owner_.window().isWindowEnabled());
-
-  // Nothing was picked: the value stays.
-  user_.click(picker, IDC_PICK);
-  owner_.picker->pickCompleted();
-  user_.click(picker, IDOK);
-  EXPECT_EQ(owner_.given, std::vector<std::wstring>{L"3/1: 1:赤"});
-  EXPECT_TRUE(owner_.window().isWindowEnabled());
-}
-
 TEST_F(ValuePicker, WhatNoEntityHasIsNotPicked) {
   for (int kind = kLayerKind; kind <= kPlotKind; ++kind) {
     const bool isInDrawings = kind != kTextListKind && kind != kVariableKind;
