@@ -14,15 +14,15 @@
 #include "engine/scope_exit.h"
 #include "engine/selection_set.h"
 #include "platform/host_output.h"
+#include "platform/progress_meter.h"
 #include "platform/settings.h"
-#include "rxmfcapi.h"
 #include "spec/cvt_run_reader.h"
 
 namespace kiv {
 namespace {
 
 void convertDrawing(RunState& run) {
-  const ScopeExit restoreStatusBar([] { acedRestoreStatusBar(); });
+  const ScopeExit restoreStatusBar([] { endMeter(); });
   acedCommandS(RTSTR, L"UNDO", RTSTR, L"BE", RTNONE);
   const ScopeExit closeUndoGroup([] {
     acedCommandS(RTSTR, L".REGEN", RTNONE);

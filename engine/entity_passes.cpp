@@ -12,7 +12,7 @@
 #include "engine/selection_filter.h"
 #include "engine/selection_set.h"
 #include "engine/setting_tests.h"
-#include "rxmfcapi.h"
+#include "platform/progress_meter.h"
 #include "spec/text_search_list.h"
 
 namespace kiv {
@@ -33,9 +33,9 @@ class EntityPasses {
     locked_ = failed_ = 0;
     const std::wstring label = kPassLabels[index];
     const int count = static_cast<int>(settings.size());
-    acedSetStatusBarProgressMeter((label + L"を変換中").c_str(), 0, count);
+    startMeter(label + L"を変換中", count);
     for (int i = 0; i < count; ++i) {
-      acedSetStatusBarProgressMeterPos(i);
+      moveMeter(i);
       runSetting(pass, settings[static_cast<std::size_t>(i)]);
     }
     if (locked_ > 0) run_.problems.addProblem(lockedProblem(label, locked_));
@@ -89,7 +89,7 @@ class EntityPasses {
 
   void apply(const Kept& kept, Pass pass, EntityResults& results) {
     const bool maybeReference = pass == Pass::kOther && kept.record == kFromSelection;
-    const AcDbEntityPointer entity(kept.id, AcDb::kForWrite);
+    AcDbEntityPointer entity(kept.id, AcDb::kForWrite);
     const Acad::ErrorStatus status = entity.openStatus();
     if (status == Acad::eOnLockedLayer) {
       if (!maybeReference || !isReference(kept.id)) ++locked_;

@@ -4,6 +4,7 @@
 #include "dbobjptr.h"
 #include "engine/entity_properties.h"
 #include "engine/table_lookup.h"
+#include "platform/host_releases.h"
 #include "spec/color_text.h"
 #include "spec/item_kinds.h"
 #include "spec/leading_number.h"
@@ -23,18 +24,23 @@ std::wstring nameOf(AcDbObjectId id) {
   return record.openStatus() == Acad::eOk ? nameOf(*record.object()) : std::wstring();
 }
 
+// Some of a layer's setters tell nothing: whether the host took the value shows in the layer.
+Status taken(bool shows) { return shows ? Acad::eOk : Acad::eInvalidInput; }
+
 Status setColor(AcDbLayerTableRecord& layer, const std::wstring& value) {
   const int index = colorNumberOfFileText(value);
   // A layer has nothing to take a colour from, and the host would pass over the call without a word.
   if (index <= kColorByBlock || index >= kColorByLayer) return Acad::eInvalidInput;
   AcCmColor color;
   const Status status = color.setColorIndex(static_cast<Adesk::UInt16>(index));
-  return status == Acad::eOk ? layer.setColor(color) : status;
+  if (status != Acad::eOk) return status;
+  layer.setColor(color);
+  return taken(layer.color().colorIndex() == index);
 }
 
 Status setLinetype(AcDbLayerTableRecord& layer, const std::wstring& value, AcDbDatabase& database) {
   const AcDbObjectId id = findInTable(database.linetypeTableId(), value);
-  return id.isNull() ? Acad::eKeyNotFound : layer.setLinetypeObjectId(id);
+  return id.isNull() ? Acad::eKeyNotFound : setLayerLinetype(layer, id);
 }
 
 Status setSwitch(AcDbLayerTableRecord& layer, int kind, const std::wstring& value) {
@@ -42,9 +48,11 @@ Status setSwitch(AcDbLayerTableRecord& layer, int kind, const std::wstring& valu
   if (!on) return Acad::eInvalidInput;
   switch (kind) {
     case kVisibilityKind:
-      return layer.setIsOff(!*on);
+      layer.setIsOff(!*on);
+      return taken(layer.isOff() != *on);
     case kLockKind:
-      return layer.setIsLocked(*on);
+      layer.setIsLocked(*on);
+      return taken(layer.isLocked() == *on);
     case kFreezeKind:
       return layer.setIsFrozen(*on);
     default:

@@ -6,6 +6,7 @@
 #include "engine/refusal.h"
 #include "engine/resource_stages.h"
 #include "engine/table_lookup.h"
+#include "platform/host_releases.h"
 #include "spec/cvt_lines.h"
 #include "spec/item_kinds.h"
 
@@ -14,16 +15,13 @@ namespace {
 
 using Status = Acad::ErrorStatus;
 
-constexpr int kDefaultCharset = 1;
-
 bool isShapeFile(const std::wstring& font) {
   return font.size() >= 4 && base::equalFolded(std::wstring_view(font).substr(font.size() - 4), L".SHX");
 }
 
 Status setFont(AcDbTextStyleTableRecord& style, const std::wstring& font, const std::wstring& bigFont) {
   const bool isShape = isShapeFile(font);
-  const Status status = isShape ? style.setFileName(font.c_str())
-                                : style.setFont(font.c_str(), false, false, kDefaultCharset, 0);
+  const Status status = isShape ? style.setFileName(font.c_str()) : setTypeface(style, font.c_str());
   if (status != Acad::eOk) return status;
   if (isShape && !bigFont.empty()) return style.setBigFontFileName(bigFont.c_str());
   // Big fonts go with shape fonts only. A style that has none stays untouched.

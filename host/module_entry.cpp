@@ -9,12 +9,12 @@
 #include "host/conversion_context.h"
 #include "host/module_state.h"
 #include "platform/guard.h"
+#include "platform/host_messages.h"
 #include "platform/release.h"
 #include "platform/screen_scale.h"
 #include "rxdefs.h"
 #include "rxdict.h"
 #include "rxdlinkr.h"
-#include "rxmfcapi.h"
 #include "rxregsvc.h"
 #include "ui/main_dialog.h"
 
@@ -40,7 +40,7 @@ void initialise(void* packet) {
     moduleState().commandsRegistered = true;
     registerCommands();
   }
-  initScreenScale(adsw_acadMainWnd());
+  initScreenScale(hostMainWindow());
   captureStartupFolder();
 }
 

@@ -10,6 +10,9 @@ namespace kiv {
 // The main frame, owner of the module's dialogs; null in a host without a window.
 NativeWindow hostFrame();
 
+// The host's main window without the framework's frame around it; null in a host without a window.
+NativeWindow hostMainWindow();
+
 // The keyboard goes to the main frame. Nothing in a host without a window.
 void focusHost();
 

@@ -71,12 +71,9 @@ Texts transparencyChoices(bool withholds) {
 template <class Table, class Iterator>
 Texts recordNames() {
   AcDbDatabase* drawing = acdbHostApplicationServices()->workingDatabase();
-  Table* opened = nullptr;
-  if (!drawing || drawing->getSymbolTable(opened, AcDb::kForRead) != Acad::eOk) return {};
+  AcDbSymbolTablePointer<Table> table(drawing, AcDb::kForRead);
   Iterator* started = nullptr;
-  const Acad::ErrorStatus status = opened->newIterator(started);
-  opened->close();
-  if (status != Acad::eOk) return {};
+  if (table.openStatus() != Acad::eOk || table->newIterator(started) != Acad::eOk) return {};
   Texts names;
   for (const std::unique_ptr<Iterator> iterator(started); !iterator->done(); iterator->step()) {
     AcDbObjectId id;

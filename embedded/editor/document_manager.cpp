@@ -60,6 +60,19 @@ class DocumentManager : public AcApDocManager {
       documents.close(found);
     return Acad::eOk;
   }
+  Acad::ErrorStatus lockDocument(AcApDocument* document, AcAp::DocLockMode mode, const ACHAR*, const ACHAR*,
+                                 bool) override {
+    Document* found = hostState().documents.find(document);
+    if (found == nullptr || mode == AcAp::kNotLocked) return Acad::eInvalidInput;
+    found->locks.push_back(mode);
+    return Acad::eOk;
+  }
+  Acad::ErrorStatus unlockDocument(AcApDocument* document) override {
+    Document* found = hostState().documents.find(document);
+    if (found == nullptr || found->locks.empty()) return Acad::eInvalidInput;
+    found->locks.pop_back();
+    return Acad::eOk;
+  }
   Acad::ErrorStatus sendStringToExecute(AcApDocument* document, const ACHAR* text, bool activate, bool,
                                         bool echo) override {
     Document* found = hostState().documents.find(document);

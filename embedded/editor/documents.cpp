@@ -20,7 +20,9 @@ bool isWriteProtected(const std::filesystem::path& path) {
 }
 
 Document::Document(std::unique_ptr<Drawing> drawing, std::wstring name)
-    : drawing_(std::move(drawing)), database_(makeDatabase(*drawing_)), name_(std::move(name)) {}
+    : drawing_(std::move(drawing)), database_(makeDatabase(*drawing_)), name_(std::move(name)) {
+  requireLock(*database_, [this] { return !isHeldForWriting(); });
+}
 
 Document::~Document() = default;
 
@@ -41,6 +43,11 @@ const ACHAR* Document::docTitle() const {
 bool Document::isQuiescent() const {
   const HostState& state = hostState();
   return state.documents.current() != this || !state.commandLine.isBusy();
+}
+
+bool Document::isHeldForWriting() const {
+  const auto writes = [](AcAp::DocLockMode mode) { return mode != AcAp::kNone && mode != AcAp::kRead; };
+  return !isQuiescent() || std::ranges::any_of(locks, writes);
 }
 
 void Documents::addStartDocument() {

@@ -22,13 +22,15 @@ class Document : public AcApDocument {
   Drawing& drawing() { return *drawing_; }
   std::wstring name() const;  // the file's name without its folder
   void setReadOnly(bool readOnly) { readOnly_ = readOnly; }
-  bool undoGroupOpen = false;  // by UNDO Begin, until UNDO End
+  bool undoGroupOpen = false;            // by UNDO Begin, until UNDO End
+  std::vector<AcAp::DocLockMode> locks;  // by lockDocument(), the newest last
 
   const ACHAR* fileName() const override;
   const ACHAR* docTitle() const override;
   AcDbDatabase* database() const override { return database_.get(); }
   bool isReadOnly() const override { return readOnly_; }
   bool isQuiescent() const override;
+  bool isHeldForWriting() const;  // by a command or a lock
 
  private:
   std::unique_ptr<Drawing> drawing_;

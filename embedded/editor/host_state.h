@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "afxwin.h"
 #include "base/result.h"
 #include "embedded/drawing/storage.h"
 #include "embedded/editor/command_line.h"

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "afxwin.h"
 #include "embedded/editor/host_state.h"
 #include "rxmfcapi.h"
 

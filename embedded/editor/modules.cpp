@@ -7,12 +7,25 @@
 #include "embedded/editor/file_search.h"
 #include "embedded/editor/host_state.h"
 #include "embedded/editor/output.h"
+#include "embedded/module/api_version.h"
 #include "rxdlinkr.h"
 #include "rxregsvc.h"
 
 ACRX_DEFINE_MEMBERS(AcRxDynamicLinker, AcRxObject, nullptr)
 
 namespace cad {
+
+namespace {
+
+// Why a library is no module for this host; empty when it is one.
+std::wstring whyNoModule(const base::DynamicLibrary& library) {
+  if (library.function<void*>("acrxEntryPoint") == nullptr) return L"It has no acrxEntryPoint.";
+  const auto version = library.function<int (*)()>(kApiVersionFunction);
+  if (version == nullptr) return L"It has no acrxGetApiVersion.";
+  return version() == kApiVersion ? L"" : L"It was built for another release of the host.";
+}
+
+}  // namespace
 
 Modules::Module* Modules::find(std::wstring_view name) const {
   const std::wstring file = base::pathText(base::pathFromText(name).filename());
@@ -35,7 +48,8 @@ base::Status Modules::load(const std::filesystem::path& path) {
   module->path = path;
   module->entry = library.value()->function<EntryPoint>("acrxEntryPoint");
   module->library = std::move(library.value());
-  if (module->entry == nullptr) return base::Failure{base::pathText(path), L"It has no acrxEntryPoint."};
+  if (std::wstring reason = whyNoModule(*module->library); !reason.empty())
+    return base::Failure{base::pathText(path), std::move(reason)};
   modules_.push_back(std::move(module));
   Module* loaded = modules_.back().get();
   if (loaded->entry(AcRx::kInitAppMsg, loaded) == AcRx::kRetOK) return {};

@@ -78,6 +78,8 @@ int acutPrintf(const ACHAR* format, ...) {
   va_start(arguments, format);
   const std::wstring text = cad::formatText(format, arguments);
   va_end(arguments);
+  constexpr std::size_t kLongestPrinted = 132;
+  if (text.size() > kLongestPrinted) return RTERROR;
   cad::printText(text);
   return RTNORM;
 }

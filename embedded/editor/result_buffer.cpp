@@ -129,7 +129,10 @@ int acutRelRb(resbuf* list) {
   return RTNORM;
 }
 
-ACHAR* acutNewString(const ACHAR* text) { return text == nullptr ? nullptr : cad::newText(text); }
+Acad::ErrorStatus acutNewString(const ACHAR* text, ACHAR*& copy) {
+  copy = text == nullptr ? nullptr : cad::newText(text);
+  return copy == nullptr ? Acad::eInvalidInput : Acad::eOk;
+}
 
 void acutDelString(ACHAR*& text) {
   delete[] text;

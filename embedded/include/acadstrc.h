@@ -13,7 +13,7 @@ enum ErrorStatus {
   eAmbiguousOutput = 5,
   eOutOfMemory = 6,
   eBufferTooSmall = 7,
-  eInvalidOpenState = 8,
+  eInvalidOpenState = 8,  // what an iterator walks cannot be closed
   eEntityInInactiveLayout = 9,
   eHandleExists = 10,
   eNullHandle = 11,
@@ -73,7 +73,8 @@ enum ErrorStatus {
   eWasNotOpenForWrite = 100,
   eCloseWasNotifying = 101,
   eCannotBeErasedByCaller = 105,
-  eInvalidLayer = 168  // the current layer cannot be frozen
+  eLockViolation = 135,  // the document is not locked for writing
+  eInvalidLayer = 168    // the current layer cannot be frozen
 };
 
 }  // namespace Acad

@@ -8,6 +8,21 @@
 
 class AcDbDatabase;
 
+namespace AcAp {
+
+// How a document is held. Reading needs no lock; writing needs one of the writing kinds.
+enum DocLockMode {
+  kNone = 0x00,
+  kAutoWrite = 0x01,
+  kNotLocked = 0x02,
+  kWrite = 0x04,
+  kProtectedAutoWrite = 0x14,
+  kRead = 0x20,
+  kXWrite = 0x40
+};
+
+}  // namespace AcAp
+
 class AcApDocument : public AcRxObject {
  public:
   ACRX_DECLARE_MEMBERS(AcApDocument);
@@ -39,6 +54,12 @@ class AcApDocManager : public AcRxObject {
   virtual Acad::ErrorStatus appContextOpenDocument(const ACHAR* path) = 0;
   // Discards unsaved changes. The active document closes when the running commands have ended.
   virtual Acad::ErrorStatus closeDocument(AcApDocument* document) = 0;
+  // Holds a document for code that no command of it runs; each lock needs its own unlockDocument(). A running
+  // command holds the current document by itself. eInvalidInput: no such document, or nothing to unlock.
+  virtual Acad::ErrorStatus lockDocument(AcApDocument* document, AcAp::DocLockMode mode = AcAp::kWrite,
+                                         const ACHAR* globalCommand = nullptr,
+                                         const ACHAR* localCommand = nullptr, bool prompt = true) = 0;
+  virtual Acad::ErrorStatus unlockDocument(AcApDocument* document) = 0;
   // Queues typed text for a document; it runs, in the order sent, when no command is running. A host may
   // suspend the command that asks for `activate` until its document is active again: whatever must be done is
   // done before the call.

@@ -2,6 +2,7 @@
 // Utility functions: result buffers, text output, wildcard match.
 
 #include "AdAChar.h"
+#include "acutmem.h"
 #include "adsdef.h"
 
 // A zeroed buffer of the type `restype`; release it with acutRelRb.
@@ -22,11 +23,7 @@ resbuf* acutBuildList(int restype, ...);
 // Releases a buffer, everything after it, and the texts they hold. RTNORM.
 int acutRelRb(resbuf* list);
 
-// Heap text that resval.rstring may own; NULL gives NULL.
-ACHAR* acutNewString(const ACHAR* text);
-void acutDelString(ACHAR*& text);
-
-// printf on the host's command line. RTNORM.
+// printf on the host's command line. RTERROR, and nothing is printed, for a text of more than 132 characters.
 int acutPrintf(const ACHAR* format, ...);
 
 // Matches the whole of `text` against a pattern: # a digit, @ a letter, . neither letter nor digit,

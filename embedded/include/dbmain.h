@@ -2,7 +2,7 @@
 // Databases, the objects in them, and the entity, the base of everything that is drawn.
 //
 // An object is opened by its id, used, and closed with close(); it belongs to its database and is never
-// deleted by the caller. It may be open for reading several times at once (each open gives the same
+// deleted by the caller. It may be open for reading up to 256 times at once (each open gives the same
 // object and needs its own close()), for writing once. A change takes effect at once, not at close().
 // A function that writes returns eNotOpenForWrite when the object is open for reading only.
 
@@ -111,7 +111,9 @@ class AcDbObject : public AcRxObject {
   void getAcDbHandle(AcDbHandle& handle) const;
   AcDbObjectId ownerId() const;  // entity: its block; attribute or vertex: its main entity
 
-  Acad::ErrorStatus close();  // the pointer is dead afterwards
+  // The pointer is dead afterwards. eInvalidOpenState, and the object stays open: iterators that it made have
+  // not been deleted.
+  Acad::ErrorStatus close();
   // eHadMultipleReaders, and everything that opening for write may refuse.
   Acad::ErrorStatus upgradeOpen();
   Acad::ErrorStatus downgradeOpen();
@@ -133,6 +135,7 @@ class AcDbObject : public AcRxObject {
   cad::ObjectPool* pool_ = nullptr;  // where the object goes when closed
   Adesk::UInt32 record_ = 0;
   Adesk::UInt16 readers_ = 0;
+  int iterators_ = 0;  // that walk it
   bool writing_ = false;
   std::unique_ptr<cad::DetachedValues> detached_;
   mutable std::wstring buffer_;  // behind functions that return const ACHAR*
@@ -189,7 +192,8 @@ class AcDbEntity : public AcDbObject {
   AcDbEntity() = default;
 };
 
-// eNullObjectId, eInvalidKey (no such object), eWasErased, eWasOpenForRead, eWasOpenForWrite,
+// eNullObjectId, eInvalidKey (no such object), eWasErased, eWasOpenForRead, eWasOpenForWrite, eAtMaxReaders
+// (256 of them), eLockViolation (for write, in a document that neither a command nor lockDocument() holds),
 // eOnLockedLayer (an entity, for write), eNotThatKindOfClass. `object` is null unless eOk.
 Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
                                      bool openErased = false);

@@ -50,9 +50,13 @@ class AcDbObjectPointer {
   }
 
   Acad::ErrorStatus openStatus() const { return status_; }
-  ObjectClass* object() const { return object_; }
-  ObjectClass* operator->() const { return object_; }
-  operator ObjectClass*() const { return object_; }  // NOLINT
+  ObjectClass* object() { return object_; }
+  ObjectClass* operator->() { return object_; }
+  operator ObjectClass*() { return object_; }  // NOLINT
+  // A constant pointer is one to read by.
+  const ObjectClass* object() const { return object_; }
+  const ObjectClass* operator->() const { return object_; }
+  operator const ObjectClass*() const { return object_; }  // NOLINT
 
  protected:
   Acad::ErrorStatus fail(Acad::ErrorStatus status) { return status_ = status; }

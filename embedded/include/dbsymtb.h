@@ -2,7 +2,8 @@
 // Symbol tables: layers, linetypes, text styles, dimension styles, blocks, application names.
 //
 // Names are compared without regard to case. getAt() and getIdAt() return eKeyNotFound for a name that the
-// table does not have. An iterator is the caller's to delete; records added meanwhile come at its end.
+// table does not have. An iterator is the caller's to delete, before the table or block that made it is
+// closed; records added meanwhile come at its end.
 // Some records are implied: a layer that an entity names, the layer "0", the linetypes ByLayer, ByBlock
 // and Continuous, the style Standard. They are records like others, and enter the file when changed.
 
@@ -41,7 +42,9 @@ class AcDbSymbolTable : public AcDbObject {
 
 class AcDbSymbolTableIterator {
  public:
-  virtual ~AcDbSymbolTableIterator() = default;
+  virtual ~AcDbSymbolTableIterator();
+  AcDbSymbolTableIterator(const AcDbSymbolTableIterator&) = delete;
+  AcDbSymbolTableIterator& operator=(const AcDbSymbolTableIterator&) = delete;
   void start(bool atBeginning = true, bool skipDeleted = true);
   bool done() const;
   void step(bool forward = true, bool skipDeleted = true);
@@ -89,16 +92,16 @@ class AcDbLayerTableRecord : public AcDbSymbolTableRecord {
   AcDbLayerTableRecord() = default;
 
   bool isOff() const;
-  Acad::ErrorStatus setIsOff(bool off);
+  void setIsOff(bool off);
   bool isFrozen() const;
   Acad::ErrorStatus setIsFrozen(bool frozen);  // eInvalidLayer: the current layer cannot be frozen
   bool isLocked() const;
-  Acad::ErrorStatus setIsLocked(bool locked);
+  void setIsLocked(bool locked);
   bool isPlottable() const;
   Acad::ErrorStatus setIsPlottable(bool plottable);  // eNotApplicable in drawings older than AC1015
 
   AcCmColor color() const;
-  Acad::ErrorStatus setColor(const AcCmColor& color);  // an index 1..255; eInvalidInput for others
+  void setColor(const AcCmColor& color);  // an index 1..255; others change nothing
   AcDbObjectId linetypeObjectId() const;
   // eWrongObjectType; eInvalidInput for ByLayer and ByBlock.
   Acad::ErrorStatus setLinetypeObjectId(AcDbObjectId linetype);
@@ -176,6 +179,9 @@ class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
 
 class AcDbBlockTableRecordIterator {
  public:
+  ~AcDbBlockTableRecordIterator();
+  AcDbBlockTableRecordIterator(const AcDbBlockTableRecordIterator&) = delete;
+  AcDbBlockTableRecordIterator& operator=(const AcDbBlockTableRecordIterator&) = delete;
   void start(bool atBeginning = true, bool skipDeleted = true);
   bool done() const;
   void step(bool forward = true, bool skipDeleted = true);
@@ -184,6 +190,7 @@ class AcDbBlockTableRecordIterator {
 
  private:
   friend class AcDbBlockTableRecord;
+  AcDbBlockTableRecordIterator() = default;
   AcDbObjectId block_;
   std::ptrdiff_t position_ = 0;
 };

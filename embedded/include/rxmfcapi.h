@@ -1,20 +1,11 @@
 #pragma once
-// The host's window and status bar.
+// The host's window and status bar. The framework's header comes first.
 
 #include "AdAChar.h"
 
-struct HWND__;
-typedef HWND__* HWND;
-struct tagMSG;
-typedef tagMSG MSG;
-typedef int BOOL;
-
-// The host's main frame; only its window handle is offered.
-class CMDIFrameWnd {
- public:
-  HWND m_hWnd = nullptr;
-  HWND GetSafeHwnd() const { return m_hWnd; }
-};
+#if !defined(__AFXWIN_H__)
+#error "rxmfcapi.h needs the framework: include afxwin.h before it"
+#endif
 
 CMDIFrameWnd* acedGetAcadFrame();  // NULL in a host without a window
 extern "C" HWND adsw_acadMainWnd();

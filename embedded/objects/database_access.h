@@ -1,6 +1,7 @@
 #pragma once
 // Between the host's own code and the classes that modules see: databases and drawings, ids and records.
 
+#include <functional>
 #include <memory>
 
 #include "dbmain.h"
@@ -11,6 +12,10 @@ namespace cad {
 // A database over a drawing, which must outlive it. Objects that are still open when the database goes
 // belong to no database from then on; their close() is still allowed.
 std::unique_ptr<AcDbDatabase> makeDatabase(Drawing& drawing);
+
+// Nothing of the database opens for writing while `isUnlocked` says so. A database without a document needs
+// no lock.
+void requireLock(AcDbDatabase& database, std::function<bool()> isUnlocked);
 
 Drawing& drawingOf(const AcDbDatabase& database);
 AcDbDatabase* databaseOf(const Drawing& drawing);  // null when none was made

@@ -82,6 +82,10 @@ std::unique_ptr<AcDbDatabase> DatabaseAccess::make(Drawing& drawing) {
 
 std::unique_ptr<AcDbDatabase> makeDatabase(Drawing& drawing) { return DatabaseAccess::make(drawing); }
 
+void requireLock(AcDbDatabase& database, std::function<bool()> isUnlocked) {
+  DatabaseAccess::state(database).isUnlocked = std::move(isUnlocked);
+}
+
 Drawing& drawingOf(const AcDbDatabase& database) { return DatabaseAccess::state(database).drawing; }
 
 AcDbDatabase* databaseOf(const Drawing& drawing) {

@@ -2,6 +2,7 @@
 // What a database keeps beside its drawing: which objects are open, and which class each type opens as.
 
 #include <array>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -44,6 +45,7 @@ struct DatabaseState {
   std::vector<AcDbObject*> openRecords;
   std::array<AcDbObject*, kTables> openTables{};
   std::size_t openCount = 0;
+  std::function<bool()> isUnlocked;      // of a drawing in a document: nothing there holds it for writing
   std::vector<ObjectPool*> poolsByType;  // by NameId of the entity type
   struct FoundName {
     std::wstring name;

@@ -19,6 +19,8 @@ ObjectPool& poolFor(DatabaseState& state, RecordId number) {
   return *pool;
 }
 
+constexpr Adesk::UInt16 kMostReaders = 256;
+
 bool isOnLockedLayer(const Drawing& drawing, RecordId number) {
   if (DatabaseState::isTable(number)) return false;
   const Record& record = drawing.record(number);
@@ -46,7 +48,7 @@ AcDbObject* ObjectAccess::open(DatabaseState& state, RecordId number, bool writi
 Acad::ErrorStatus ObjectAccess::openAgain(AcDbObject& object, bool writing) {
   if (object.writing_) return Acad::eWasOpenForWrite;
   if (writing) return Acad::eWasOpenForRead;
-  if (object.readers_ == 0xFFFF) return Acad::eAtMaxReaders;
+  if (object.readers_ == kMostReaders) return Acad::eAtMaxReaders;
   ++object.readers_;
   return Acad::eOk;
 }
@@ -69,11 +71,19 @@ void ObjectAccess::release(AcDbObject& object) {
   object.state_ = nullptr;
   object.writing_ = false;
   object.readers_ = 0;
+  object.iterators_ = 0;
   if (object.pool_) {
     object.pool_->closed.push_back(&object);
   } else {
     delete &object;
   }
+}
+
+void ObjectAccess::countIterator(AcDbObjectId walked, int change) {
+  RecordId number = kNoRecord;
+  DatabaseState* state = stateOf(walked, number);
+  AcDbObject* object = state ? state->slot(number) : nullptr;
+  if (object) object->iterators_ += change;
 }
 
 DetachedValues& ObjectAccess::detach(AcDbObject& object) {
@@ -96,6 +106,7 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb:
   DatabaseState* state = cad::stateOf(id, number);
   if (!state || (!state->isRecord(number) && !DatabaseState::isTable(number))) return Acad::eInvalidKey;
   const bool writing = mode == AcDb::kForWrite;
+  if (writing && state->isUnlocked && state->isUnlocked()) return Acad::eLockViolation;
   if (!openErased && state->isRecord(number) && state->drawing.record(number).erased())
     return Acad::eWasErased;
   if (AcDbObject* open = state->slot(number)) {
@@ -134,9 +145,10 @@ AcDbObjectId AcDbObject::ownerId() const {
 Acad::ErrorStatus AcDbObject::close() {
   if (!writing_ && readers_ > 1) {
     --readers_;
-  } else {
-    ObjectAccess::release(*this);
+    return Acad::eOk;
   }
+  if (state_ && iterators_ > 0) return Acad::eInvalidOpenState;
+  ObjectAccess::release(*this);
   return Acad::eOk;
 }
 
@@ -144,6 +156,7 @@ Acad::ErrorStatus AcDbObject::upgradeOpen() {
   if (!state_) return Acad::eNotInDatabase;
   if (writing_) return Acad::eWasOpenForWrite;
   if (readers_ > 1) return Acad::eHadMultipleReaders;
+  if (state_->isUnlocked && state_->isUnlocked()) return Acad::eLockViolation;
   if (cad::isOnLockedLayer(state_->drawing, record_)) return Acad::eOnLockedLayer;
   writing_ = true;
   readers_ = 0;

@@ -37,7 +37,12 @@ struct ObjectAccess {
   static void orphan(AcDbObject& object) { object.state_ = nullptr; }
   static void release(AcDbObject& object);
 
-  static void bind(AcDbSymbolTableIterator& iterator, AcDbObjectId table) { iterator.table_ = table; }
+  static void bind(AcDbSymbolTableIterator& iterator, AcDbObjectId table) {
+    iterator.table_ = table;
+    countIterator(table, 1);
+  }
+  // A table or a block that an iterator walks stays open until the iterator has been deleted.
+  static void countIterator(AcDbObjectId walked, int change);
 };
 
 }  // namespace cad

@@ -36,6 +36,7 @@ const wchar_t* acadErrorStatusText(Acad::ErrorStatus status) {
     STATUS_NAME(eDuplicateRecordName)
     STATUS_NAME(eWasNotOpenForWrite)
     STATUS_NAME(eCannotBeErasedByCaller)
+    STATUS_NAME(eLockViolation)
     STATUS_NAME(eInvalidLayer)
 #undef STATUS_NAME
     default:

@@ -130,6 +130,8 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
   return Acad::eOk;
 }
 
+AcDbSymbolTableIterator::~AcDbSymbolTableIterator() { ObjectAccess::countIterator(table_, -1); }
+
 void AcDbSymbolTableIterator::start(bool atBeginning, bool) {
   const auto* records = recordsBehind(table_);
   position_ = atBeginning || !records ? 0 : static_cast<std::ptrdiff_t>(records->size()) - 1;

@@ -46,9 +46,9 @@ Acad::ErrorStatus give(AcString& to, const AcDbObject& object, Property property
 
 bool AcDbLayerTableRecord::isOff() const { return storedColor(*this) < 0; }
 
-Acad::ErrorStatus AcDbLayerTableRecord::setIsOff(bool off) {
+void AcDbLayerTableRecord::setIsOff(bool off) {
   const std::int64_t index = std::abs(storedColor(*this));
-  return cad::writeInteger(*this, Property::kLayerColor, off ? -index : index);
+  (void)cad::writeInteger(*this, Property::kLayerColor, off ? -index : index);
 }
 
 bool AcDbLayerTableRecord::isFrozen() const { return hasFlag(*this, kFrozen); }
@@ -59,7 +59,7 @@ Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen) {
 }
 
 bool AcDbLayerTableRecord::isLocked() const { return hasFlag(*this, kLocked); }
-Acad::ErrorStatus AcDbLayerTableRecord::setIsLocked(bool locked) { return setFlag(*this, kLocked, locked); }
+void AcDbLayerTableRecord::setIsLocked(bool locked) { (void)setFlag(*this, kLocked, locked); }
 
 bool AcDbLayerTableRecord::isPlottable() const {
   return cad::readInteger(*this, Property::kLayerPlottable) != 0;
@@ -74,10 +74,10 @@ AcCmColor AcDbLayerTableRecord::color() const {
   return color;
 }
 
-Acad::ErrorStatus AcDbLayerTableRecord::setColor(const AcCmColor& color) {
-  if (!color.isByACI()) return Acad::eInvalidInput;
+void AcDbLayerTableRecord::setColor(const AcCmColor& color) {
+  if (!color.isByACI()) return;
   const std::int64_t index = color.colorIndex();
-  return cad::writeInteger(*this, Property::kLayerColor, isOff() ? -index : index);
+  (void)cad::writeInteger(*this, Property::kLayerColor, isOff() ? -index : index);
 }
 
 AcDbObjectId AcDbLayerTableRecord::linetypeObjectId() const {
@@ -210,6 +210,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::newIterator(AcDbBlockTableRecordIterator
   if (isNewObject()) return Acad::eNotInDatabase;
   iterator = new AcDbBlockTableRecordIterator;
   iterator->block_ = objectId();
+  ObjectAccess::countIterator(iterator->block_, 1);
   iterator->start(atBeginning, skipDeleted);
   return Acad::eOk;
 }
@@ -237,6 +238,8 @@ struct BlockContent {
 };
 
 }  // namespace
+
+AcDbBlockTableRecordIterator::~AcDbBlockTableRecordIterator() { ObjectAccess::countIterator(block_, -1); }
 
 void AcDbBlockTableRecordIterator::start(bool atBeginning, bool skipDeleted) {
   const BlockContent content(block_);

@@ -153,7 +153,11 @@ Acad::ErrorStatus checkedRecord(const AcDbObject& object, AcDbObjectId id, Table
 
 NameId recordName(const Drawing& drawing, RecordId record) { return drawing.name(record, Property::kName); }
 
-ACHAR* newText(const std::wstring& text) { return acutNewString(text.c_str()); }
+ACHAR* newText(const std::wstring& text) {
+  ACHAR* copy = nullptr;
+  acutNewString(text.c_str(), copy);
+  return copy;
+}
 
 double degreesFromRadians(double radians) { return std::round(radians / kRadiansPerDegree * 1e12) / 1e12; }
 

@@ -2,10 +2,8 @@
 
 #include "platform/guard.h"
 #include "platform/win32/combo_box.h"
+#include "platform/win32/host_messages.h"
 #include "platform/win32/window.h"
-
-// After the system's header, whose types the host's headers share.
-#include "rxmfcapi.h"
 
 namespace kiv::win32 {
 namespace {
@@ -27,9 +25,9 @@ bool passToDialog(MSG& message) {
 
 void listenToHostMessages(bool on) {
   if (on) {
-    acedRegisterFilterWinMsg(filterHostMessage);
+    addMessageFilter(filterHostMessage);
   } else {
-    acedRemoveFilterWinMsg(filterHostMessage);
+    removeMessageFilter(filterHostMessage);
   }
 }
 

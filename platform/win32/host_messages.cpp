@@ -1,11 +1,17 @@
+// The one file that sees the framework, in which the host hands out its windows. The framework's header comes
+// before the system's.
+
+#include "afxwin.h"
+#include "rxmfcapi.h"
+
 #include "platform/host_messages.h"
 
 #include <windows.h>
 
 #include <string>
 
-// After the system's header, whose handle types the host's headers share.
-#include "rxmfcapi.h"
+#include "platform/progress_meter.h"
+#include "platform/win32/host_messages.h"
 
 namespace kiv {
 namespace {
@@ -20,6 +26,8 @@ HWND frameWindow() {
 }  // namespace
 
 NativeWindow hostFrame() { return frameWindow(); }
+
+NativeWindow hostMainWindow() { return adsw_acadMainWnd(); }
 
 void focusHost() {
   if (HWND frame = frameWindow()) SetFocus(frame);
@@ -36,4 +44,19 @@ void typeIntoHost(std::wstring_view text) {
   SendMessageW(main, WM_COPYDATA, reinterpret_cast<WPARAM>(main), reinterpret_cast<LPARAM>(&copied));
 }
 
+void startMeter(const std::wstring& label, int steps) {
+  acedSetStatusBarProgressMeter(label.c_str(), 0, steps);
+}
+
+void moveMeter(int step) { acedSetStatusBarProgressMeterPos(step); }
+
+void endMeter() { acedRestoreStatusBar(); }
+
+namespace win32 {
+
+void addMessageFilter(MessageFilter filter) { acedRegisterFilterWinMsg(filter); }
+
+void removeMessageFilter(MessageFilter filter) { acedRemoveFilterWinMsg(filter); }
+
+}  // namespace win32
 }  // namespace kiv

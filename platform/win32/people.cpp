@@ -1,7 +1,6 @@
 #include "platform/win32/people.h"
 
-// After the system's header, whose types the host's headers share.
-#include "rxmfcapi.h"
+#include "platform/host_messages.h"
 
 namespace kiv::win32 {
 namespace {
@@ -14,6 +13,6 @@ void setAttendant(Attendant* attendant) { theAttendant = attendant; }
 
 Attendant* attendant() { return theAttendant; }
 
-bool somebodyAnswers() { return theAttendant || adsw_acadMainWnd(); }
+bool somebodyAnswers() { return theAttendant || hostMainWindow(); }
 
 }  // namespace kiv::win32

@@ -1,6 +1,7 @@
 #include "accmd.h"
 #include "acdocman.h"
 #include "dbapserv.h"
+#include "dbobjptr.h"
 #include "embedded/objects/database_access.h"
 #include "rxregsvc.h"
 #include "tests/embedded/editor/host_fixture.h"
@@ -43,6 +44,31 @@ TEST_F(DocumentsTest, AStartDocumentIsAlwaysThere) {
   EXPECT_EQ(titles(), std::vector<std::wstring>{L"Drawing1.dwg"});
   ASSERT_TRUE(host().closeDocument().ok());
   EXPECT_EQ(titles(), std::vector<std::wstring>{L"Drawing2.dwg"});
+}
+
+Acad::ErrorStatus writing;
+
+void writeLayers() {
+  AcDbLayerTablePointer table(acDocManager->curDocument()->database(), AcDb::kForWrite);
+  writing = table.openStatus();
+}
+
+TEST_F(DocumentsTest, ADocumentIsWrittenUnderACommandOrALock) {
+  AcApDocument* document = acDocManager->curDocument();
+  acedRegCmds->addCommand(L"TEST_GROUP", L"WRITE", L"WR", ACRX_CMD_MODAL, writeLayers);
+  const auto outside = [] { return writeLayers(), writing; };
+  EXPECT_EQ(outside(), Acad::eLockViolation);
+  EXPECT_EQ(AcDbLayerTablePointer(document->database()).openStatus(), Acad::eOk) << "reading needs no lock";
+  EXPECT_TRUE(host().execute(L"WRITE").ok());
+  EXPECT_EQ(writing, Acad::eOk);
+  EXPECT_EQ(acDocManager->lockDocument(document, AcAp::kRead), Acad::eOk);
+  EXPECT_EQ(outside(), Acad::eLockViolation);
+  EXPECT_EQ(acDocManager->lockDocument(document), Acad::eOk);
+  EXPECT_EQ(outside(), Acad::eOk);
+  EXPECT_EQ(acDocManager->unlockDocument(document), Acad::eOk);
+  EXPECT_EQ(acDocManager->unlockDocument(document), Acad::eOk);
+  EXPECT_EQ(acDocManager->unlockDocument(document), Acad::eInvalidInput);
+  EXPECT_EQ(outside(), Acad::eLockViolation);
 }
 
 TEST_F(DocumentsTest, TheWorkingDatabaseFollowsTheCurrentDocument) {

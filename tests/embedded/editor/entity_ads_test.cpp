@@ -1,5 +1,6 @@
 #include "acdb.h"
 #include "acdocman.h"
+#include "afxwin.h"
 #include "rxmfcapi.h"
 #include "tests/embedded/editor/host_fixture.h"
 

@@ -40,6 +40,10 @@ TEST_F(HostTest, WhatIsNoModuleIsRefusedWithItsName) {
   ASSERT_FALSE(missing.ok());
   EXPECT_NE(missing.failure().text().find(L"missing.arx"), std::wstring::npos);
   EXPECT_FALSE(host().loadModule(make("text.arx", "no library")).ok());
+  const base::Status old = host().loadModule(TEST_MODULE_WITHOUT_VERSION);
+  ASSERT_FALSE(old.ok());
+  EXPECT_NE(old.failure().text().find(L"acrxGetApiVersion"), std::wstring::npos);
+  EXPECT_FALSE(printedHas(L"<message 1>"));
   EXPECT_FALSE(acrxLoadModule(L"missing.arx", true));
   EXPECT_TRUE(printedHas(L"missing.arx"));
 }

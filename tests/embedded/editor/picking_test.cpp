@@ -2,6 +2,7 @@
 
 #include "acdb.h"
 #include "acdocman.h"
+#include "afxwin.h"
 #include "embedded/drawing/drawing.h"
 #include "embedded/graphics/scene.h"
 #include "rxmfcapi.h"

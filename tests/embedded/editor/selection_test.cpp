@@ -87,11 +87,11 @@ TEST_F(Selection, MalformedFiltersAreRejected) {
   EXPECT_EQ(select(acutBuildList(-4, L"<", RTNONE), RTREJ), "");
   for (const int code : {RTDXF0, RTSTR}) {  // group 0 is 0 in a chain, and type codes are no groups
     resbuf* filter = acutNewRb(code);
-    filter->resval.rstring = acutNewString(L"TEXT");
+    acutNewString(L"TEXT", filter->resval.rstring);
     EXPECT_EQ(select(filter, RTREJ), "") << code;
   }
   resbuf* type = acutNewRb(0);
-  type->resval.rstring = acutNewString(L"TEXT");
+  acutNewString(L"TEXT", type->resval.rstring);
   EXPECT_EQ(select(type), "TEXT:WALL-B TEXT:WALL-A ");
 }
 

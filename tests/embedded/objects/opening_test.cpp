@@ -71,6 +71,31 @@ TEST_F(OpeningTest, ManyReadersOrOneWriter) {
   EXPECT_EQ(openObjectCount(*database_), 0u);
 }
 
+TEST_F(OpeningTest, ATableStaysOpenUntilItsIteratorsAreDeleted) {
+  AcDbLayerTable* table = nullptr;
+  AcDbLayerTableIterator* iterator = nullptr;
+  ASSERT_EQ(database_->getSymbolTable(table, AcDb::kForRead), Acad::eOk);
+  ASSERT_EQ(table->newIterator(iterator), Acad::eOk);
+  EXPECT_EQ(table->close(), Acad::eInvalidOpenState);
+  delete iterator;
+  EXPECT_EQ(table->close(), Acad::eOk);
+
+  AcDbBlockTableRecordPointer space(ACDB_MODEL_SPACE, database_.get());
+  AcDbBlockTableRecordIterator* entities = nullptr;
+  ASSERT_EQ(space->newIterator(entities), Acad::eOk);
+  EXPECT_EQ(space->close(), Acad::eInvalidOpenState);
+  delete entities;
+  EXPECT_EQ(space.close(), Acad::eOk);
+  EXPECT_EQ(openObjectCount(*database_), 0u);
+}
+
+TEST_F(OpeningTest, ReadersAreCounted) {
+  std::vector<AcDbText*> readers(256);
+  for (AcDbText*& reader : readers) ASSERT_EQ(acdbOpenObject(reader, id(0x50)), Acad::eOk);
+  EXPECT_EQ(AcDbEntityPointer(id(0x50)).openStatus(), Acad::eAtMaxReaders);
+  for (AcDbText* reader : readers) reader->close();
+}
+
 TEST_F(OpeningTest, LockedLayersRefuseWriters) {
   EXPECT_EQ(AcDbEntityPointer(id(0x5D), AcDb::kForWrite).openStatus(), Acad::eOnLockedLayer);
   EXPECT_EQ(static_cast<int>(Acad::eOnLockedLayer), 87);
