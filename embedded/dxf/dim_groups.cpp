@@ -158,7 +158,7 @@ struct Change {
 
 void apply(Drawing& drawing, DxfStorage& storage, RecordId id, const Change& change) {
   const Record& record = drawing.record(id);
-  drawing.setEdits(id, storage.splice(record, {change.begin, change.end - change.begin, change.bytes}));
+  drawing.setEdits(id, storage.withGroupsFor(record, change.begin, change.end, change.bytes));
 }
 
 base::Result<Change> styleChange(Drawing& drawing, DxfStorage& storage, RecordId id,

@@ -49,6 +49,13 @@ EditId DxfStorage::withoutGroup(const Record& record, const Group& group) {
   return splice(record, {group.begin, group.end - group.begin, {}});
 }
 
+EditId DxfStorage::withGroupsFor(const Record& record, std::uint32_t begin, std::uint32_t end,
+                                 std::string groups) {
+  std::string scratch;
+  groups += commentsIn(bytes(record, scratch).substr(begin, end - begin), dialect_);
+  return splice(record, {begin, end - begin, groups});
+}
+
 std::string DxfStorage::encode(std::wstring_view text) const { return encodeStored(text, facts_.codePage); }
 std::wstring DxfStorage::decode(std::string_view stored) const {
   return decodeStored(stored, facts_.codePage);
@@ -130,8 +137,7 @@ EditId DxfStorage::raiseHandleSeed(const Record& header, Handle seed) {
   GroupWriter digits(dialect_);
   digits.handle(5, seed);
   Group written;
-  const bool ok = dialect_.binary ? readBinaryGroup(digits.bytes(), 0, dialect_.wideCodes, written)
-                                  : readTextGroup(digits.bytes(), 0, written);
+  const bool ok = readGroup(digits.bytes(), 0, dialect_, written);
   GroupCursor cursor(bytes(header, scratch), dialect_);
   bool wanted = false;
   while (ok && cursor.next()) {

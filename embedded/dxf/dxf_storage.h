@@ -75,6 +75,8 @@ class DxfStorage final : public RecordStorage {
   EditId withValue(const Record& record, const Group& group, std::string_view value);
   EditId withGroups(const Record& record, std::uint32_t at, std::string_view groups);
   EditId withoutGroup(const Record& record, const Group& group);
+  // The state with other groups instead of those between two places; comments among them are kept.
+  EditId withGroupsFor(const Record& record, std::uint32_t begin, std::uint32_t end, std::string groups);
 
  private:
   std::string_view original(const Record& record) const;

@@ -123,9 +123,24 @@ bool readBinaryGroup(std::string_view bytes, std::size_t position, bool wideCode
   return true;
 }
 
+bool readGroup(std::string_view bytes, std::size_t position, const Dialect& dialect, Group& group) {
+  return dialect.binary ? readBinaryGroup(bytes, position, dialect.wideCodes, group)
+                        : readTextGroup(bytes, position, group);
+}
+
+std::string commentsIn(std::string_view bytes, const Dialect& dialect) {
+  std::string comments;
+  Group group;
+  while (readGroup(bytes, group.end, dialect, group))
+    if (group.code == kComment) comments += bytes.substr(group.begin, group.end - group.begin);
+  return comments;
+}
+
 bool GroupCursor::next() {
-  return dialect_.binary ? readBinaryGroup(bytes_, group_.end, dialect_.wideCodes, group_)
-                         : readTextGroup(bytes_, group_.end, group_);
+  do {
+    if (!readGroup(bytes_, group_.end, dialect_, group_)) return false;
+  } while (group_.code == kComment);
+  return true;
 }
 
 std::optional<std::int64_t> integerValue(const Group& group, const Dialect& dialect) {

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "embedded/drawing/record.h"
@@ -22,6 +23,9 @@ struct Group {
   std::uint32_t valueBegin = 0;      // where `value` begins, likewise
 };
 
+inline constexpr int kComment = 999;
+
+// Passes over comments, which may stand between any two groups and are no part of what is written.
 class GroupCursor {
  public:
   // `bytes` and `dialect` must outlive the cursor. The bytes may be any: a broken group ends the walk.
@@ -38,6 +42,9 @@ class GroupCursor {
 // One group, read at `position` of `bytes`; false when there is no whole group of a valid code.
 bool readTextGroup(std::string_view bytes, std::size_t position, Group& group);
 bool readBinaryGroup(std::string_view bytes, std::size_t position, bool wideCodes, Group& group);
+bool readGroup(std::string_view bytes, std::size_t position, const Dialect& dialect, Group& group);
+// The comments among the groups of `bytes`, which are whole groups.
+std::string commentsIn(std::string_view bytes, const Dialect& dialect);
 
 // The value by its type; absent when it is not one.
 std::string_view trimmed(std::string_view value);

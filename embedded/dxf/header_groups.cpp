@@ -146,9 +146,8 @@ base::Status DxfStorage::setHeaderVariable(Drawing& drawing, std::string_view na
   RecordBuilder builder(*this);
   EditId edits = kNoEdit;
   if (const HeaderEntry* entry = findEntry(entries, name)) {
-    const std::uint32_t begin = entry->values->begin;
     writeValue(builder, entry->values->code, *wanted);
-    edits = splice(record, {begin, entry->values[entry->count - 1].end - begin, builder.bytes()});
+    edits = withGroupsFor(record, entry->values->begin, entry->values[entry->count - 1].end, builder.take());
   } else {
     builder.stored(9, "$" + std::string(name));
     writeValue(builder, info.code, *wanted);

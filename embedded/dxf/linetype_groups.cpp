@@ -83,7 +83,7 @@ base::Result<EditId> DxfStorage::setDashes(const Drawing& drawing, const Record&
   }
   const std::uint32_t end = groups.plainEnd();
   if (groups.bytes().substr(flags->end, end - flags->end) == builder.bytes()) return linetype.edits;
-  return splice(linetype, {flags->end, end - flags->end, builder.bytes()});
+  return withGroupsFor(linetype, flags->end, end, builder.take());
 }
 
 std::vector<Dash> readDashes(const Drawing& drawing, const DxfStorage& storage, RecordId linetype) {

@@ -220,7 +220,7 @@ EditId writeTypeface(DxfStorage& storage, Record record, const std::string& face
     const std::uint32_t last = hasFlags && flags.begin == name.end ? flags.end : name.end;
     const bool alone = last == data.end;
     const std::uint32_t begin = alone ? first : name.begin;
-    return storage.splice(record, {begin, last - begin, {}});
+    return storage.withGroupsFor(record, begin, last, {});
   }
   if (face.empty()) return record.edits;
   GroupWriter writer(dialect);
