@@ -4,7 +4,8 @@
     check_samples.py KIVCVT FOLDER        all in it and below; exit status: 0 all is well, 1 not
 
 The comparison of records finds only the groups that the rules name, and python3-ezdxf finds exactly the new
-colours and heights, on exactly the entities that the rules select.
+colours and heights, on exactly the entities that the rules select. Before and after, conditions see of every
+object the layer, linetype, colour, lineweight, text style, height and angle that python3-ezdxf reads.
 """
 
 import pathlib
@@ -16,6 +17,7 @@ import ezdxf.recover
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "cases"))
 import compare_drawings  # noqa: E402
+import conditions  # noqa: E402
 
 RULES = """[文字]
 [***]
@@ -60,7 +62,7 @@ TEXTS = {"TEXT": "height", "MTEXT": "char_height", "ATTDEF": "height"}
 class Check:
     def __init__(self, program, folder):
         self.program, self.work, self.failures = program, folder, []
-        self.records_changed = 0
+        self.records_changed = self.objects_marked = 0
 
     def fail(self, drawing, text):
         self.failures.append(f"{drawing}: {text}")
@@ -115,16 +117,40 @@ class Check:
 
     # --- The independent library -------------------------------------------------------------------
 
-    def check_properties(self, drawing, target):
-        before, after = read_document(drawing), read_document(target)
+    def pairs(self, drawing, before, after):
+        """Each entity of a layout with its twin, and whether they stand in the current space."""
         in_model = before.header.get("$TILEMODE", 1) == 1
         for layout in before.layouts:
             twin = after.layouts.get(layout.name)
             if len(layout) != len(twin):
                 self.fail(drawing, f"{layout.name} has {len(twin)} instead of {len(layout)} entities")
             current = (layout.name == "Model") == in_model
-            for entity, converted in zip(layout, twin):
-                self.check_entity(drawing, entity, converted, current)
+            yield from ((entity, converted, current) for entity, converted in zip(layout, twin))
+
+    def check_properties(self, drawing, target):
+        for entity, converted, current in self.pairs(drawing, read_document(drawing), read_document(target)):
+            self.check_entity(drawing, entity, converted, current)
+
+    def marked(self, drawing):
+        """Each object gets the layer that stands for what the independent library reads of it."""
+        before = read_document(drawing)
+        marks = conditions.Marks(before)
+        target, said = self.convert(marks.rules(), drawing)
+        if target is None:
+            self.fail(drawing, f"refused: {said}")
+            return
+        for entity, converted, current in self.pairs(drawing, before, read_document(target)):
+            wanted = marks.expected(entity, current)
+            if wanted is None:
+                continue
+            found = converted.dxf.get("layer", "0")
+            self.objects_marked += found.startswith(conditions.MARK)
+            if found.upper() != wanted.upper():
+                self.fail(drawing, f"{entity}: {conditions.seen(entity)}: layer {found} instead of {wanted}")
+
+    def marked_when_changed(self, drawing):
+        target, _ = self.convert(RULES, drawing)
+        self.marked(target.rename(self.work / drawing.name))
 
     def check_entity(self, drawing, entity, converted, in_current_space):
         wanted = dict(entity.dxfattribs())
@@ -181,9 +207,11 @@ def main(program, folder):
         readable = [drawing for drawing in drawings if check.changed(drawing)]
         for drawing in readable:
             check.loaded(drawing)
+            check.marked(drawing)
+            check.marked_when_changed(drawing)
         if len(readable) * 2 < len(drawings):
             check.failures.append(f"only {len(readable)} of {len(drawings)} drawings can be read")
-        if check.records_changed < len(readable):
+        if min(check.records_changed, check.objects_marked) < len(readable):
             check.failures.append("the rules changed next to nothing")
     for failure in check.failures[:40]:
         print(failure)
