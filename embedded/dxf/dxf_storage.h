@@ -83,6 +83,7 @@ class DxfStorage final : public RecordStorage {
   EditId setGeneric(const Record& record, const PropertyPlace& place, const StoredValue& value);
   EditId changeValue(const Record& record, const PropertyPlace& place, const Located& located,
                      const StoredValue& value);
+  EditId withoutProperty(const Record& record, const PropertyPlace& place);
 
   std::unique_ptr<SourceBytes> source_;
   std::string_view file_;  // its bytes

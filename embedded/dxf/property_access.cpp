@@ -1,6 +1,5 @@
 // Reading and writing of typed properties in DXF records.
 
-#include <algorithm>
 #include <string>
 
 #include "base/fold.h"
@@ -40,6 +39,11 @@ bool isDefault(RecordKind kind, Property property, const StoredValue& value) {
     return equalNoCase(*text, "Standard");
   if (property == Property::kLayer) return *text == "0";
   return text->empty();
+}
+
+// Whether no group is the only way to say this: a transparency of 0 is read elsewhere as fully transparent.
+bool hasNoGroup(Property property, const StoredValue& value) {
+  return property == Property::kTransparency && value == StoredValue(std::int64_t{0});
 }
 
 StoredValue readValue(const Group& group, PropertyType type, const Dialect& dialect) {
@@ -131,34 +135,34 @@ EditId DxfStorage::changeValue(const Record& record, const PropertyPlace& place,
     return withGroups(record, located.insertAt, groupBytes(dialect_, place.code, value));
   }
   if (readValue(located.group, propertyInfo(place.property).type, dialect_) == value) return record.edits;
+  if (hasNoGroup(place.property, value)) return withoutProperty(record, place);
   return withValue(record, located.group, valueBytes(dialect_, place.code, value, located.group.value));
+}
+
+EditId DxfStorage::withoutProperty(const Record& record, const PropertyPlace& place) {
+  std::string scratch;
+  Record state = record;
+  for (;;) {
+    const Located located = locate(bytes(state, scratch), dialect_, place);
+    if (!located.found) return state.edits;
+    state.edits = withoutGroup(state, located.group);
+  }
 }
 
 EditId DxfStorage::setGeneric(const Record& record, const PropertyPlace& place, const StoredValue& value) {
   std::string scratch;
-  const Located located = locate(bytes(record, scratch), dialect_, place);
-  if (!located.hasTrueColor && !located.hasColorName) return changeValue(record, place, located, value);
+  Record state = record;
+  Located located = locate(bytes(state, scratch), dialect_, place);
   // A layer's colour number with the other sign turns the layer on or off and leaves its colour.
   const auto old = located.found ? integerValue(located.group, dialect_) : std::nullopt;
   const auto* number = std::get_if<std::int64_t>(&value);
   const bool sameColor =
       place.property == Property::kLayerColor && old && number != nullptr && *old == -*number;
-  if (sameColor) return changeValue(record, place, located, value);
-  Record state = record;
-  // From the last group to the first, so that places before stay where they are.
-  const Group* dropped[] = {located.hasTrueColor ? &located.trueColor : nullptr,
-                            located.hasColorName ? &located.colorName : nullptr};
-  std::ranges::sort(dropped, [](const Group* a, const Group* b) {
-    return (a == nullptr ? 0 : a->begin) > (b == nullptr ? 0 : b->begin);
-  });
-  const std::uint32_t at = located.found ? located.group.begin : located.insertAt;
-  for (const bool behind : {true, false}) {
-    for (const Group* group : dropped) {
-      if (group != nullptr && (group->begin >= at) == behind) state.edits = withoutGroup(state, *group);
-    }
-    if (behind) state.edits = changeValue(state, place, located, value);
+  while (!sameColor && (located.hasTrueColor || located.hasColorName)) {
+    state.edits = withoutGroup(state, located.hasTrueColor ? located.trueColor : located.colorName);
+    located = locate(bytes(state, scratch), dialect_, place);
   }
-  return state.edits;
+  return changeValue(state, place, located, value);
 }
 
 }  // namespace cad::dxf

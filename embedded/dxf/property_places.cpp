@@ -6,20 +6,19 @@ namespace {
 using P = Property;
 using V = Version;
 
-constexpr std::string_view kEntity = "AcDbEntity";
 constexpr std::string_view kText = "AcDbText";
 constexpr std::string_view kMText = "AcDbMText";
 constexpr std::string_view kDimension = "AcDbDimension";
 constexpr std::string_view kReference = "AcDbBlockReference|AcDbMInsertBlock";
 
 constexpr PropertyPlace kCommonPlaces[] = {
-    {P::kLayer, 8, kEntity, V::kR12},
-    {P::kLinetype, 6, kEntity, V::kR12},
-    {P::kColorIndex, 62, kEntity, V::kR12},
-    {P::kLineWeight, 370, kEntity, V::kR2000},
-    {P::kTransparency, 440, kEntity, V::kR2010},
-    {P::kLinetypeScale, 48, kEntity, V::kR13},
-    {P::kInvisible, 60, kEntity, V::kR13},
+    {P::kLayer, 8, kEntityMarker, V::kR12},
+    {P::kLinetype, 6, kEntityMarker, V::kR12},
+    {P::kColorIndex, 62, kEntityMarker, V::kR12},
+    {P::kLineWeight, 370, kEntityMarker, V::kR2000},
+    {P::kTransparency, 440, kEntityMarker, V::kR2010},
+    {P::kLinetypeScale, 48, kEntityMarker, V::kR13},
+    {P::kInvisible, 60, kEntityMarker, V::kR13},
 };
 
 struct TypedPlace {
@@ -101,21 +100,86 @@ bool counts(const PropertyPlace& place, Region region, std::string_view subclass
   return place.subclass.empty() || place.subclass == subclass || inList(place.subclass, '|', subclass);
 }
 
-constexpr int kColorNumber = 62;
+constexpr int kColorNumber = 62, kTrueColor = 420, kColorName = 430, kLayerCode = 8, kMarker = 100;
 
 void noteTrueColor(const Group& group, Located& result) {
-  if (group.code == 420) {
+  if (group.code == kTrueColor) {
     result.hasTrueColor = true;
     result.trueColor = group;
-  } else if (group.code == 430) {
+  } else if (group.code == kColorName) {
     result.hasColorName = true;
     result.colorName = group;
   }
 }
 
+// The group that counts for a code: of those in the right place the last, else of those that strayed.
+class CommonGroup {
+ public:
+  explicit CommonGroup(int code) : code_(code) {}
+  void look(const RegionCursor& cursor) {
+    if (cursor.group().code != code_) return;
+    const bool atHome = cursor.inCommon();
+    if (!atHome && (atHome_ || !cursor.maybeCommon(code_))) return;
+    found_ = true;
+    atHome_ = atHome;
+    group_ = cursor.group();
+  }
+  bool found() const { return found_; }
+  bool atHome() const { return atHome_; }
+  const Group& group() const { return group_; }
+
+ private:
+  int code_;
+  bool found_ = false, atHome_ = false;
+  Group group_;
+};
+
+// Where a new group is read back: behind the layer or AcDbEntity; without these behind the first class's
+// marker when it may stray there, else in the record's head.
+class CommonPlace {
+ public:
+  explicit CommonPlace(int code) : code_(code) {}
+  void look(const RegionCursor& cursor) {
+    const int code = cursor.group().code;
+    if (code != 0 && code != 5 && code != kLayerCode && code != kMarker) return;
+    const bool atHome = cursor.inCommon();
+    if (!atHome && !cursor.maybeCommon(code_)) return;
+    int rank = 0;
+    if (code == kLayerCode) rank = atHome ? 4 : 2;
+    if (code == kMarker) rank = atHome ? 3 : 1;
+    if (rank < rank_ || (rank == rank_ && code == kMarker)) return;
+    rank_ = rank;
+    end_ = cursor.group().end;
+  }
+  std::uint32_t end() const { return end_; }
+
+ private:
+  int code_, rank_ = 0;
+  std::uint32_t end_ = 0;
+};
+
+Located locateCommon(std::string_view bytes, const Dialect& dialect, int code) {
+  CommonGroup wanted(code), trueColor(kTrueColor), colorName(kColorName);
+  CommonPlace place(code);
+  RegionCursor cursor(bytes, dialect);
+  while (cursor.next() && cursor.region() < Region::kEmbedded) {
+    wanted.look(cursor);
+    place.look(cursor);
+    if (code != kColorNumber) {
+      // What belongs there comes once.
+      if (wanted.atHome() && !cursor.inCommon() && cursor.region() == Region::kSubclass) break;
+      continue;
+    }
+    trueColor.look(cursor);
+    colorName.look(cursor);
+  }
+  return {wanted.found(),    wanted.group(),    place.end(),      trueColor.found(),
+          colorName.found(), trueColor.group(), colorName.group()};
+}
+
 }  // namespace
 
-bool isCommon(const PropertyPlace& place) { return place.subclass == kEntity; }
+bool isCommon(const PropertyPlace& place) { return place.subclass == kEntityMarker; }
 bool isMText(std::string_view type) { return type == "MTEXT"; }
 
 const PropertyPlace* findCommonPlace(RecordKind kind, Property property) {
@@ -142,15 +206,14 @@ const PropertyPlace* findPlace(RecordKind kind, std::string_view type, Property 
 }
 
 Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPlace& place) {
+  if (isCommon(place)) return locateCommon(bytes, dialect, place.code);
   Located result;
-  const bool common = isCommon(place), mtext = place.subclass == kMText;
-  bool sawLayer = false, sawSubclass = false, leftSubclass = false;
+  const bool mtext = place.subclass == kMText;
+  bool sawSubclass = false, leftSubclass = false;
   RegionCursor cursor(bytes, dialect);
   while (cursor.next()) {
     const Group& group = cursor.group();
-    const bool here = counts(place, cursor.region(), cursor.subclass());
-    if (!here) {
-      if (common && sawSubclass) break;  // the common part comes once
+    if (!counts(place, cursor.region(), cursor.subclass())) {
       leftSubclass = leftSubclass || sawSubclass;
       if (!sawSubclass && cursor.region() != Region::kExtendedData) result.insertAt = group.end;
       continue;
@@ -164,14 +227,7 @@ Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPla
       result.group = group;
     }
     if (place.code == kColorNumber) noteTrueColor(group, result);
-    if (common) {
-      sawLayer = sawLayer || group.code == 8;
-      if (group.code == 8 || (!sawLayer && (group.code == 0 || group.code == 5 || group.code == 100))) {
-        result.insertAt = group.end;
-      }
-    } else if (!leftSubclass) {
-      result.insertAt = group.end;
-    }
+    if (!leftSubclass) result.insertAt = group.end;
   }
   return result;
 }

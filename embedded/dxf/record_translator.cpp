@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/fold.h"
+#include "embedded/dxf/common_groups.h"
 #include "embedded/dxf/dim_overrides.h"
 #include "embedded/dxf/subclasses.h"
 
@@ -73,8 +74,8 @@ std::optional<Version> firstVersionOf(std::string_view type) {
 // The plain groups of a record without its head, application groups and what follows an embedded object.
 struct RecordTranslator::Walk {
   std::string_view type;
-  bool markers = false;          // the source has subclass markers
-  bool inCommon = true;          // in the subclass AcDbEntity, or before any marker
+  bool markers = false;  // the source has subclass markers
+  CommonGroups common;
   bool looseAnnotation = false;  // a leader whose annotation is not copied
   std::vector<const Group*> groups;
   std::size_t at = 0;
@@ -88,9 +89,9 @@ struct RecordTranslator::Walk {
       if (group.code == 101 && to.facts().version < Version::kR2018) break;
       if (group.code == 102) inApp = trimmed(group.value).starts_with("{");
       if (inApp || group.code == 102) continue;
-      const bool head =
-          group.code == 5 || group.code == 330 || (group.code == 100 && trimmed(group.value) == "AcDbEntity");
-      if (!marked && group.code == 100) marked = trimmed(group.value) != "AcDbEntity";
+      const bool head = group.code == 5 || group.code == 330 ||
+                        (group.code == 100 && trimmed(group.value) == kEntityMarker);
+      if (!marked && group.code == 100) marked = trimmed(group.value) != kEntityMarker;
       if (!marked && head) continue;
       groups.push_back(&group);
     }
@@ -98,7 +99,8 @@ struct RecordTranslator::Walk {
 };
 
 bool RecordTranslator::keeps(const Walk& walk, const Group& group) const {
-  const bool common = walk.markers ? walk.inCommon : isCommonCode(group.code);
+  const bool common =
+      walk.markers ? walk.common.atHome() || walk.common.strayed(group.code) : isCommonCode(group.code);
   if (common && isDropped(group.code)) return false;
   for (const GroupVersion& row : kGroups) {
     if (group.code < row.first || group.code > row.last || to_.facts().version >= row.since) continue;
@@ -133,7 +135,7 @@ bool RecordTranslator::copyGroup(const Walk& walk, const Group& group, RecordBui
     return true;
   }
   // Copied hatches do not follow the boundary objects of their old drawing.
-  if (walk.type == "HATCH" && !walk.inCommon) {
+  if (walk.type == "HATCH" && !walk.common.atHome()) {
     const bool sources =
         group.code == 97 && walk.at + 1 < walk.groups.size() && walk.groups[walk.at + 1]->code == 330;
     if (group.code == 71 || sources) {
@@ -150,7 +152,7 @@ bool RecordTranslator::copyOwn(Walk& walk, RecordBuilder& builder) const {
   for (walk.at = 0; walk.at < walk.groups.size(); ++walk.at) {
     const Group& group = *walk.groups[walk.at];
     if (group.code == 100) {
-      walk.inCommon = trimmed(group.value) == "AcDbEntity";
+      walk.common.marker(trimmed(group.value));
       builder.subclass(trimmed(group.value));
     } else if (keeps(walk, group) && !copyGroup(walk, group, builder)) {
       return false;

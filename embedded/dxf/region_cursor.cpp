@@ -18,6 +18,7 @@ Region RegionTracker::enter(int code, std::string_view value) {
   if (code == 100 && outer_ != Region::kEmbedded) {
     subclass_ = trimmed(value);
     outer_ = Region::kSubclass;
+    common_.marker(subclass_);
   }
   return outer_;
 }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "embedded/dxf/common_groups.h"
 #include "embedded/dxf/group_cursor.h"
 
 namespace cad::dxf {
@@ -22,10 +23,12 @@ class RegionTracker {
   // The region of a group; call for every group in order.
   Region enter(int code, std::string_view value);
   std::string_view subclass() const { return subclass_; }  // the last marker's text
+  const CommonGroups& common() const { return common_; }
 
  private:
   Region outer_ = Region::kHead;
   bool application_ = false;
+  CommonGroups common_;
   std::string_view subclass_;
 };
 
@@ -40,8 +43,14 @@ class RegionCursor {
   const Group& group() const { return cursor_.group(); }
   Region region() const { return region_; }
   std::string_view subclass() const { return tracker_.subclass(); }
+  // Whether the groups here are those that every entity has, and whether one of another code may be, though
+  // it has strayed.
+  bool inCommon() const { return isPlain() && tracker_.common().atHome(); }
+  bool maybeCommon(int code) const { return isPlain() && tracker_.common().strayed(code); }
 
  private:
+  bool isPlain() const { return region_ == Region::kHead || region_ == Region::kSubclass; }
+
   GroupCursor cursor_;
   RegionTracker tracker_;
   Region region_ = Region::kHead;

@@ -25,39 +25,47 @@ void SignatureReader::begin(std::string_view type) {
   fields_ = {};
   fields_.type = type;
   hasStyle_ = hasTextStyle(type);
-  common_ = text_ = regular_ = true;
+  common_ = {};
+  atHome_ = 0;
+  text_ = regular_ = true;
   application_ = namesLayers_ = false;
 }
 
 void SignatureReader::marker(std::string_view value) {
   if (!regular_) return;
   value = trimmed(value);
-  common_ = value == "AcDbEntity";
+  common_.marker(value);
   text_ = value == "AcDbText" || value == "AcDbMText";
+}
+
+void SignatureReader::common(int code, std::string_view value, std::string_view& field, unsigned bit) {
+  if (!regular_) return;
+  if (common_.atHome()) {
+    atHome_ |= bit;
+  } else if ((atHome_ & bit) != 0 || !common_.strayed(code)) {
+    return;
+  }
+  field = value;
 }
 
 void SignatureReader::take(int code, std::string_view value) {
   if (application_ && code != 102 && code < 1000) return;
   switch (code) {
     case 6:
-      if (common_) fields_.linetype = value;
-      return;
+      return common(code, value, fields_.linetype, 1);
     case 7:
       if (text_ && hasStyle_) fields_.style = value;
       return;
     case 8:
-      if (common_) fields_.layer = value;
-      return;
+      return common(code, value, fields_.layer, 2);
     case 62:
-      if (common_) fields_.color = value;
-      return;
+      return common(code, value, fields_.color, 4);
     case 67:
-      if (common_) fields_.paper = value;
-      return;
+      return common(code, value, fields_.paper, 8);
     case 100:
       return marker(value);
     case 101:
-      common_ = text_ = regular_ = false;
+      text_ = regular_ = false;
       return;
     case 102:
       value = trimmed(value);
@@ -67,7 +75,7 @@ void SignatureReader::take(int code, std::string_view value) {
       break;
   }
   if (code >= 1000) {
-    common_ = text_ = regular_ = application_ = false;
+    text_ = regular_ = application_ = false;
     if (code == 1003) namesLayers_ = true;
   }
 }

@@ -5,6 +5,7 @@
 
 #include "embedded/drawing/names.h"
 #include "embedded/drawing/record.h"
+#include "embedded/dxf/common_groups.h"
 #include "embedded/dxf/dialect.h"
 #include "embedded/dxf/group_cursor.h"
 
@@ -30,6 +31,7 @@ class SignatureReader {
  private:
   void take(int code, std::string_view value);
   void marker(std::string_view value);
+  void common(int code, std::string_view value, std::string_view& field, unsigned bit);
   NameId intern(NamePool& names, std::string_view value, std::size_t slot);
 
   struct Fields {
@@ -38,7 +40,9 @@ class SignatureReader {
   };
   Fields fields_, before_;
   bool hasStyle_ = false;
-  bool common_ = true, text_ = true, application_ = false, regular_ = true, namesLayers_ = false;
+  CommonGroups common_;
+  unsigned atHome_ = 0;  // bits of what was read where it belongs
+  bool text_ = true, application_ = false, regular_ = true, namesLayers_ = false;
   // Neighbouring entities mostly have the same names.
   struct Recent {
     std::string_view value;

@@ -1,7 +1,5 @@
 #include "embedded/dxf/subclasses.h"
 
-#include <algorithm>
-
 namespace cad::dxf {
 namespace {
 
@@ -66,11 +64,6 @@ std::vector<SubclassPart> subclassParts(std::string_view type, std::int64_t flag
   if (type == "VERTEX") return vertexParts(flags);
   if (type == "DIMENSION") return dimensionParts(flags);
   return {};
-}
-
-bool isCommonCode(int code) {
-  constexpr int kCodes[] = {6, 8, 48, 60, 62, 67, 92, 160, 284, 310, 347, 348, 370, 390, 410, 420, 430, 440};
-  return std::find(std::begin(kCodes), std::end(kCodes), code) != std::end(kCodes);
 }
 
 }  // namespace cad::dxf

@@ -16,7 +16,4 @@ struct SubclassPart {
 // `flags` is the value of group 70. Empty for SEQEND and for types that have no parts of their own.
 std::vector<SubclassPart> subclassParts(std::string_view type, std::int64_t flags);
 
-// Groups that every entity may have.
-bool isCommonCode(int code);
-
 }  // namespace cad::dxf

@@ -13,8 +13,8 @@ struct Case {
 TEST(EditPlace, GroupsOfOtherPartsAreLeftAlone) {
   const Case cases[] = {
       // application groups before the layer
-      {"AC1015", "0 LINE|5 A|102 {X|8 no|62 9|102 }|100 AcDbEntity|8 OLD|100 AcDbLine|62 9",
-       "0 LINE|5 A|102 {X|8 no|62 9|102 }|100 AcDbEntity|8 NEW|62 4|100 AcDbLine|62 9"},
+      {"AC1015", "0 LINE|5 A|102 {X|8 no|62 9|102 }|100 AcDbEntity|8 OLD|100 AcDbLine|10 0.0",
+       "0 LINE|5 A|102 {X|8 no|62 9|102 }|100 AcDbEntity|8 NEW|62 4|100 AcDbLine|10 0.0"},
       // a subclass that uses the codes again
       {"AC1015", "0 HATCH|100 AcDbEntity|8 OLD|62 1|100 AcDbHatch|8 no|62 9|6 no",
        "0 HATCH|100 AcDbEntity|8 NEW|62 4|100 AcDbHatch|8 no|62 9|6 no"},
@@ -25,6 +25,25 @@ TEST(EditPlace, GroupsOfOtherPartsAreLeftAlone) {
       {"AC1032",
        "0 MTEXT|100 AcDbEntity|8 OLD|100 AcDbMText|1 t|101 Embedded Object|100 AcDbEntity|8 no|62 9",
        "0 MTEXT|100 AcDbEntity|8 NEW|62 4|100 AcDbMText|1 t|101 Embedded Object|100 AcDbEntity|8 no|62 9"},
+      // behind the marker of the entity's own class, where they count as long as AcDbEntity has none
+      {"AC1018", "0 LINE|5 A|100 AcDbEntity|100 AcDbLine|8 OLD|62 1|420 255|10 0.0",
+       "0 LINE|5 A|100 AcDbEntity|100 AcDbLine|8 NEW|62 4|10 0.0"},
+      {"AC1018", "0 LINE|100 AcDbEntity|62 1|100 AcDbLine|8 OLD|62 9|430 RAL",
+       "0 LINE|100 AcDbEntity|62 4|100 AcDbLine|8 NEW|62 9"},
+      {"AC1015", "0 LINE|100 AcDbEntity|100 AcDbLine|8 OLD|10 0.0",
+       "0 LINE|100 AcDbEntity|62 4|100 AcDbLine|8 NEW|10 0.0"},
+      {"AC1015", "0 ARC|100 AcDbEntity|8 OLD|100 AcDbCircle|40 1.0|100 AcDbArc|62 1|50 0.0",
+       "0 ARC|100 AcDbEntity|8 NEW|100 AcDbCircle|40 1.0|100 AcDbArc|62 4|50 0.0"},
+      // a class of which nobody here knows what it means by them; no second AcDbEntity
+      {"AC1015", "0 LINE|100 AcDbEntity|8 OLD|100 AcDbOther|8 no|62 9|100 AcDbEntity|62 9",
+       "0 LINE|100 AcDbEntity|8 NEW|62 4|100 AcDbOther|8 no|62 9|100 AcDbEntity|62 9"},
+      // no AcDbEntity
+      {"AC1015", "0 LINE|5 A|100 AcDbLine|8 OLD|10 0.0", "0 LINE|5 A|100 AcDbLine|8 NEW|62 4|10 0.0"},
+      {"AC1015", "0 ARC|5 A|330 1F|100 AcDbCircle|40 1.0|100 AcDbArc|50 0.0",
+       "0 ARC|5 A|330 1F|100 AcDbCircle|8 NEW|62 4|40 1.0|100 AcDbArc|50 0.0"},
+      {"AC1015", "0 LINE|8 OLD|100 AcDbLine|62 1|10 0.0", "0 LINE|8 NEW|100 AcDbLine|62 4|10 0.0"},
+      {"AC1015", "0 THING|5 A|100 AcDbThing|62 9|70 1", "0 THING|5 A|8 NEW|62 4|100 AcDbThing|62 9|70 1"},
+      {"AC1032", "0 LINE|5 A|8 OLD|10 0.0", "0 LINE|5 A|8 NEW|62 4|10 0.0"},
       // no layer group at all
       {"AC1015", "0 LINE|5 A|330 1F|100 AcDbEntity|100 AcDbLine|10 0.0",
        "0 LINE|5 A|330 1F|100 AcDbEntity|8 NEW|62 4|100 AcDbLine|10 0.0"},
@@ -44,6 +63,11 @@ TEST(EditPlace, GroupsOfOtherPartsAreLeftAlone) {
     const std::string got = saved(*drawing);
     // The name is written as it was asked for; the padding of a new number is the file's own.
     EXPECT_EQ(replaced(got, "  8\nnew\n", "  8\nNEW\n"), expected) << row.before;
+    // What the scan of the file finds is what was written.
+    const auto again = read(got);
+    const RecordId twin = again->entitiesOf(again->modelSpace()).at(0);
+    EXPECT_EQ(again->integer(twin, Property::kColorIndex), 4) << row.before;
+    EXPECT_EQ(again->text(twin, Property::kLayer), L"new") << row.before;
     ASSERT_TRUE(drawing->undo());
     ASSERT_TRUE(drawing->undo());
     EXPECT_EQ(saved(*drawing), before) << row.before;

@@ -83,6 +83,14 @@ const Change kChanges[] = {
      LINE_HEAD "|440 33554559" LINE_TAIL},
     {LINE_HEAD LINE_TAIL, Property::kLinetypeScale, 0.5, LINE_HEAD "|48 0.5" LINE_TAIL},
     {LINE_HEAD LINE_TAIL, Property::kInvisible, std::int64_t{1}, LINE_HEAD "|60 1" LINE_TAIL},
+    {LINE_HEAD LINE_TAIL "|370 13|48 2.0", Property::kLineWeight, std::int64_t{25},
+     LINE_HEAD LINE_TAIL "|370 25|48 2.0"},
+    {LINE_HEAD LINE_TAIL "|370 13|48 2.0", Property::kLinetypeScale, 0.5,
+     LINE_HEAD LINE_TAIL "|370 13|48 0.5"},
+    {"0 MTEXT|100 AcDbMText|8 WALL|440 33554559|75 1|48 9.0", Property::kLinetypeScale, 0.5,
+     "0 MTEXT|48 0.5|100 AcDbMText|8 WALL|440 33554559|75 1|48 9.0"},
+    {"0 MTEXT|100 AcDbMText|8 WALL|440 33554559|75 1|48 9.0", Property::kTransparency,
+     std::int64_t{0x01000000}, "0 MTEXT|100 AcDbMText|8 WALL|440 16777216|75 1|48 9.0"},
     {TEXT_HEAD TEXT_TAIL, Property::kTextStyle, L"ROMANS", TEXT_HEAD "|7 ROMANS" TEXT_TAIL},
     {TEXT_HEAD TEXT_TAIL, Property::kRotation, 45.5, TEXT_HEAD "|50 45.5" TEXT_TAIL},
     {TEXT_HEAD "|41 1.0" TEXT_TAIL, Property::kWidthFactor, 0.8, TEXT_HEAD "|41 0.8" TEXT_TAIL},
@@ -107,6 +115,22 @@ const Change kChanges[] = {
      "0 LEADER|8 WALL|100 AcDbLeader|3 ISO-25|71 1"},
 };
 INSTANTIATE_TEST_SUITE_P(All, EntityProperty, testing::ValuesIn(kChanges));
+
+// Other readers take a group of 0 as fully transparent.
+TEST(Transparency, ByLayerHasNoGroup) {
+  for (const char* tail :
+       {LINE_TAIL, "|440 33554559" LINE_TAIL, "|440 0" LINE_TAIL, LINE_TAIL "|440 33554559",
+        "|440 33554559|440 16777216" LINE_TAIL "|440 33554559"}) {
+    const std::string before = drawingText("AC1024", std::string(LINE_HEAD) + tail, kTables);
+    const auto drawing = read(before);
+    ASSERT_TRUE(drawing->setInteger(entity(*drawing, "LINE"), Property::kTransparency, 0).ok()) << tail;
+    const bool kept = std::string_view(tail).find("440 0") != std::string_view::npos;
+    EXPECT_EQ(saved(*drawing), kept ? before : drawingText("AC1024", LINE_HEAD LINE_TAIL, kTables)) << tail;
+    while (drawing->undo()) {
+    }
+    EXPECT_EQ(saved(*drawing), before) << tail;
+  }
+}
 
 struct TableChange {
   Table table;
