@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/value_forms.h"
+#include "spec/value_forms.h"
 
 namespace kiv {
 

@@ -1,9 +1,9 @@
 #include "engine/dimension_value.h"
 
 #include "engine/host_arrows.h"
-#include "engine/value_forms.h"
 #include "spec/color_text.h"
 #include "spec/leading_number.h"
+#include "spec/value_forms.h"
 
 namespace kiv {
 

@@ -9,8 +9,8 @@
 #include "dblead.h"
 #include "engine/numeric_compare.h"
 #include "engine/table_lookup.h"
-#include "engine/value_forms.h"
 #include "spec/color_text.h"
+#include "spec/value_forms.h"
 
 namespace kiv {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "engine/entity_class.h"
-#include "engine/value_forms.h"
+#include "spec/value_forms.h"
 
 namespace kiv {
 

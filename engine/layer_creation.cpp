@@ -1,7 +1,5 @@
 // Creation of layers.
 
-#include <array>
-
 #include "dbobjptr.h"
 #include "engine/layer_properties.h"
 #include "engine/layer_stages.h"
@@ -13,10 +11,6 @@
 
 namespace kiv {
 namespace {
-
-// The fields of an entry after the name. An empty one leaves what a new layer has.
-constexpr std::array kFieldKinds = {kColorKind,  kLinetypeKind, kVisibilityKind, kLockKind,
-                                    kFreezeKind, kPlotKind,     kLineweightKind, kTransparencyKind};
 
 bool addNamed(AcDbDatabase& database, const std::wstring& name,
               AcDbObjectPointer<AcDbLayerTableRecord>& layer) {
@@ -33,12 +27,13 @@ void createLayer(RunState& run, const std::vector<std::wstring>& fields) {
     run.problems.addProblem(layerNotCreatedProblem(name));
     return;
   }
-  for (std::size_t i = 0; i < kFieldKinds.size() && i + 1 < fields.size(); ++i) {
+  for (std::size_t i = 0; i < kLayerFieldKinds.size() && i + 1 < fields.size(); ++i) {
     const std::wstring& value = fields[i + 1];
-    if (value.empty()) continue;
-    const Acad::ErrorStatus status = setLayerProperty(*layer.object(), kFieldKinds[i], value, run.database);
+    if (value.empty()) continue;  // what a new layer has stays
+    const Acad::ErrorStatus status =
+        setLayerProperty(*layer.object(), kLayerFieldKinds[i], value, run.database);
     if (status == Acad::eOk) continue;
-    const wchar_t* key = itemKind(kFieldKinds[i])->key;
+    const wchar_t* key = itemKind(kLayerFieldKinds[i])->key;
     run.problems.addProblem(layerCreationProblem(name, key, value));
     run.problems.addNote(key, value, refusalOf(status), 1);
   }

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "dbsymtb.h"
-#include "engine/value_forms.h"
+#include "spec/value_forms.h"
 
 namespace kiv {
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdlib>
 
 #include "base/fold.h"
 
@@ -38,6 +39,13 @@ int leadingInteger(std::wstring_view text) {
     value = std::min<long long>(value * 10 + (text[at] - L'0'), INT_MAX + 1LL);
   }
   return static_cast<int>(std::clamp<long long>(negative ? -value : value, INT_MIN, INT_MAX));
+}
+
+bool isInteger(std::wstring_view text) {
+  std::wstring_view digits = base::trim(text);
+  if (!digits.empty() && (digits.front() == L'-' || digits.front() == L'+')) digits.remove_prefix(1);
+  while (digits.size() > 1 && digits.front() == L'0') digits.remove_prefix(1);
+  return digits == std::to_wstring(std::abs(static_cast<long long>(leadingInteger(text))));
 }
 
 }  // namespace kiv

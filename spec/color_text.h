@@ -19,5 +19,7 @@ int colorNumberOfFileText(std::wstring_view text);
 
 // The integer that a text begins with, as the C library reads it; 0 when there is none. Saturates.
 int leadingInteger(std::wstring_view text);
+// True when the text, but for blanks around it, is the integer that leadingInteger() finds.
+bool isInteger(std::wstring_view text);
 
 }  // namespace kiv

@@ -5,6 +5,26 @@
 namespace kiv {
 namespace {
 
+// What holds settings together.
+std::wstring structure(CvtProblem problem, const std::wstring& quoted) {
+  switch (problem) {
+    case CvtProblem::kBraceInLine:
+      return L"a brace that does not stand on a line of its own opens and closes nothing";
+    case CvtProblem::kStrayBrace:
+      return L"this brace has no counterpart; conditions come first, then results between { and }";
+    case CvtProblem::kBraceNotClosed:
+      return L"no } ends these results; all lines up to the next } or the end of the section count as "
+             L"results of the same setting";
+    case CvtProblem::kNoResults:
+      return L"the setting has no results, so it changes nothing";
+    case CvtProblem::kMixedWildcard:
+      return L"a setting with conditions applies to what meets them; " + quoted +
+             L" stands where there are none";
+    default:
+      return {};
+  }
+}
+
 // Lines that are understood.
 std::wstring doubt(CvtProblem problem, const std::wstring& quoted) {
   switch (problem) {
@@ -16,8 +36,14 @@ std::wstring doubt(CvtProblem problem, const std::wstring& quoted) {
       return quoted + L" is no colour of a layer; a layer has a number from 1 to 255";
     case CvtProblem::kCaseLost:
       return L"lines are read in upper case; drawings get " + quoted;
-    case CvtProblem::kReadAsNumber:
-      return L"read as the number " + quoted;
+    case CvtProblem::kReadAsOther:
+      return L"the value is read as " + quoted;
+    case CvtProblem::kImpossibleValue:
+      return L"nothing can have the value " + quoted + L"; a condition matches nothing, a result is refused";
+    case CvtProblem::kNoName:
+      return L"the value is empty; nothing has an empty name";
+    case CvtProblem::kOtherSign:
+      return quoted + L" is read as " + (quoted.ends_with(L"<>\"") ? L"<>" : L"=");
     case CvtProblem::kReadAsInverted:
       return L"the <> in the value makes this an inverted condition";
     case CvtProblem::kInvertedResult:
@@ -31,7 +57,7 @@ std::wstring doubt(CvtProblem problem, const std::wstring& quoted) {
       return L"the text search list " + quoted + L" is too long; only its first " +
              std::to_wstring(kTextSearchListCapacity) + L" texts are used";
     default:
-      return {};
+      return structure(problem, quoted);
   }
 }
 
@@ -97,6 +123,7 @@ bool dropsText(CvtProblem problem) {
     case CvtProblem::kUnknownSection:
     case CvtProblem::kNotText:
     case CvtProblem::kNotAResult:
+    case CvtProblem::kStrayBrace:
       return true;
     default:
       return false;

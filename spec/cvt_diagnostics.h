@@ -36,7 +36,15 @@ enum class CvtProblem {
   kTextListMissing = 25,       // a text search list is not beside the file, or cannot be opened
   kTextListUnusable = 26,      // a file of that name is no text search list
   kTextListCut = 27,           // a text search list of more texts than a conversion keeps
-  kReadAsNumber = 28,          // a dimension variable of numbers makes another number of the text
+  kReadAsOther = 28,           // the value is read as another than is written
+  kImpossibleValue = 29,       // nothing has such a value
+  kNoName = 30,                // an empty name
+  kOtherSign = 31,             // more than the sign stands between key and value
+  kBraceInLine = 32,           // a brace in a line of a setting is part of it
+  kStrayBrace = 33,            // a brace that neither ends results nor begins those of a setting
+  kBraceNotClosed = 34,        // the results go on up to the next brace or the end of the section
+  kNoResults = 35,             // a setting that changes nothing
+  kMixedWildcard = 36,         // [***] in a setting that has conditions
 };
 
 struct CvtDiagnostic {

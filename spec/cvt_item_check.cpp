@@ -4,22 +4,25 @@
 
 #include "base/fold.h"
 #include "spec/color_text.h"
-#include "spec/dimension_catalogue.h"
-#include "spec/leading_number.h"
+#include "spec/cvt_value_check.h"
 #include "spec/name_pattern.h"
 
 namespace kiv {
 namespace {
 
-// Behind the key, which may hold anything.
-bool equalsComesFirst(std::wstring_view line) {
-  const std::wstring_view rest = line.substr(std::min(line.find(L']'), line.size()));
-  return rest.find(L'=') < rest.find(L"<>");
+// From behind the key, which may hold anything, up to the sign that decides.
+std::wstring signOf(std::wstring_view line) {
+  std::wstring_view rest = base::trim(line.substr(std::min(line.find(L']') + 1, line.size())));
+  const size_t equals = rest.find(L'='), differs = rest.find(L"<>");
+  return std::wstring(rest.substr(0, equals < differs ? equals + 1 : differs + 2));
 }
 
-bool isWholeNumber(std::wstring_view text) {
-  if (!text.empty() && (text.front() == L'-' || text.front() == L'+')) text.remove_prefix(1);
-  return !text.empty() && text.find_first_not_of(L"0123456789") == text.npos;
+// One that opens or closes nothing, because it does not stand on a line of its own. In names braces stand in
+// pairs.
+bool endsInBrace(std::wstring_view value) {
+  const auto opening = std::count(value.begin(), value.end(), L'{');
+  const auto closing = std::count(value.begin(), value.end(), L'}');
+  return opening != closing || value.find(L" {") != value.npos || value.starts_with(L"{ ");
 }
 
 // Kinds of which a selection takes only objects that meet every condition.
@@ -31,36 +34,17 @@ bool isSelectedBy(int kind, int section) {
 
 }  // namespace
 
-bool isLayerColor(int number) { return number > kColorByBlock && number < kColorByLayer; }
-
-std::optional<VariableDoubt> doubtOfVariable(std::wstring_view variable, const std::wstring& text,
-                                             bool asCondition) {
-  const int row = findDimensionVariable(variable);
-  if (row < 0) return std::nullopt;
-  using Type = DimensionVariable::Type;
-  const Type type = dimensionCatalogue()[static_cast<size_t>(row)].type;
-  if (type == Type::kInteger && !isWholeNumber(text)) {
-    return VariableDoubt{CvtProblem::kReadAsNumber, std::to_wstring(leadingInteger(text))};
-  }
-  if (type == Type::kReal && !startsWithNumber(text)) {
-    return VariableDoubt{CvtProblem::kReadAsNumber, L"0"};
-  }
-  const std::wstring folded = base::upper(text);
-  if (asCondition || !isShownVariable(variable) || folded == text) return std::nullopt;
-  return VariableDoubt{CvtProblem::kCaseLost, folded};
-}
-
 CvtItemCheck::CvtItemCheck(int section, const Item& item, const CvtLine& line, CvtDiagnostics& diagnostics)
     : section_(section),
       item_(item),
       line_(line),
       diagnostics_(diagnostics),
       given_(splitRuleLine(line.folded).value),
-      hasEquals_(equalsComesFirst(line.folded)) {}
+      sign_(signOf(line.folded)) {}
 
 void CvtItemCheck::checkCondition(const std::vector<Item>& earlier) {
   checkItem(false);
-  if (item_.inverted && hasEquals_) report(CvtProblem::kReadAsInverted, {});
+  if (item_.inverted && !sign_.ends_with(L"<>")) report(CvtProblem::kReadAsInverted, {});
   if (std::any_of(earlier.begin(), earlier.end(), [this](const Item& other) { return excludes(other); })) {
     report(CvtProblem::kNothingInCommon, item_.key());
   }
@@ -68,18 +52,20 @@ void CvtItemCheck::checkCondition(const std::vector<Item>& earlier) {
 
 void CvtItemCheck::checkResult() {
   checkItem(true);
-  if (!hasEquals_) report(CvtProblem::kInvertedResult, given_);
+  if (sign_.ends_with(L"<>")) report(CvtProblem::kInvertedResult, given_);
 }
 
 void CvtItemCheck::checkItem(bool asResult) {
   const bool nameless = item_.kind == kVariableKind && item_.variable.empty();
   if (nameless || !hasEffect(item_.kind, section_, asResult)) report(CvtProblem::kNoEffect, item_.key());
   if (given_.find_first_of(L"<>,") != given_.npos) report(CvtProblem::kAmbiguousValue, given_);
-  if (const auto doubt = doubtOfVariable(item_.variable, splitRuleLine(line_.text).value, !asResult)) {
-    report(doubt->problem, doubt->readAs);
+  if (sign_ != L"=" && sign_ != L"<>") report(CvtProblem::kOtherSign, sign_);
+  if (endsInBrace(given_)) report(CvtProblem::kBraceInLine, {});
+  if (!hasEffect(item_.kind, section_, asResult)) return;
+  const std::wstring text = splitRuleLine(line_.text).value;
+  if (const auto doubt = doubtOfValue({section_, item_.kind, item_.variable, text, !asResult})) {
+    report(doubt->problem, doubt->detail);
   }
-  const bool isOfLayer = item_.kind == kColorKind && section_ == kLayerSettingSection;
-  if (isOfLayer && !isLayerColor(colorNumber(item_.value))) report(CvtProblem::kNotALayerColor, given_);
 }
 
 bool CvtItemCheck::excludes(const Item& earlier) const {

@@ -1,9 +1,7 @@
 #pragma once
 // Warnings of rule lines that are understood, but probably do not do what their author meant.
 
-#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "spec/cvt_diagnostics.h"
@@ -30,20 +28,8 @@ class CvtItemCheck {
   const Item& item_;
   const CvtLine& line_;
   CvtDiagnostics& diagnostics_;
-  std::wstring given_;     // the value as it is read
-  bool hasEquals_ = true;  // false: "<>" comes first
+  std::wstring given_;  // the value as it is read
+  std::wstring sign_;   // between the key and the value: what decides and all that stands in front of it
 };
-
-// A colour that layers have: their index number, nothing that refers to a layer or block.
-bool isLayerColor(int number);
-
-// What a dimension variable makes of a value text (in the file's own case), as the detail of a diagnostic.
-struct VariableDoubt {
-  CvtProblem problem;
-  std::wstring readAs;
-};
-// Nothing: what is written. A condition does not mind the case of texts.
-std::optional<VariableDoubt> doubtOfVariable(std::wstring_view variable, const std::wstring& text,
-                                             bool asCondition);
 
 }  // namespace kiv

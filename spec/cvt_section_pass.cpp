@@ -5,6 +5,7 @@
 #include "base/fold.h"
 #include "spec/color_text.h"
 #include "spec/cvt_item_check.h"
+#include "spec/cvt_value_check.h"
 #include "spec/cvt_words.h"
 #include "spec/dimension_catalogue.h"
 
@@ -62,18 +63,29 @@ CvtSectionPass::Next CvtSectionPass::takeLine(const CvtLine& line) {
 
 void CvtSectionPass::takeRuleLine(const CvtLine& line) {
   if (line.folded == L"{") {
-    inBraces_ = true;
+    openResults(line);
   } else if (line.folded == L"}") {
-    endSetting();
-    inBraces_ = false;
+    closeResults(line);
   } else {
     takeItem(line);
   }
 }
 
+void CvtSectionPass::openResults(const CvtLine& line) {
+  if (brace_) report(CvtProblem::kBraceNotClosed, *brace_);
+  if (brace_ || !hasCurrent_) report(CvtProblem::kStrayBrace, line);
+  brace_ = &line;
+}
+
+void CvtSectionPass::closeResults(const CvtLine& line) {
+  if (!brace_) report(CvtProblem::kStrayBrace, line);
+  brace_ = nullptr;
+  endSetting();
+}
+
 // An unrecognised line leaves an empty setting behind, except before the pass's first item.
 void CvtSectionPass::takeItem(const CvtLine& line) {
-  const bool wildcard = inBraces_ ? (takeResult(line), false) : takeCondition(line);
+  const bool wildcard = brace_ ? (takeResult(line), false) : takeCondition(line);
   if (anyItem_ || wildcard || !hasCurrent_) return;
   section_.settings.pop_back();
   hasCurrent_ = false;
@@ -118,6 +130,7 @@ bool CvtSectionPass::readItem(const CvtLine& line, bool asResult, Item& item) {
   const auto meaning = lookUpKey(parts.key);
   if (!meaning) {
     report(parts.key.empty() ? CvtProblem::kNoKey : CvtProblem::kUnknownKey, line, parts.key);
+    if (line.folded.find_first_of(L"{}") != std::wstring::npos) report(CvtProblem::kBraceInLine, line);
     return false;
   }
   item.kind = meaning->kind;
@@ -134,16 +147,21 @@ bool CvtSectionPass::readItem(const CvtLine& line, bool asResult, Item& item) {
 }
 
 void CvtSectionPass::endSetting() {
-  if (hasCurrent_) {
-    const Setting& setting = section_.settings.back();
-    const bool counts =
-        std::any_of(setting.conditions.begin(), setting.conditions.end(),
-                    [this](const Item& condition) { return hasEffect(condition.kind, info_.number, false); });
-    if (!wildcard_ && !counts && !setting.results.empty()) {
-      report(CvtProblem::kMatchesEverything, *opened_, setting.name);
-    }
-  }
+  if (brace_) report(CvtProblem::kBraceNotClosed, *brace_);
+  if (hasCurrent_) checkSetting(section_.settings.back());
   hasCurrent_ = false;
+}
+
+void CvtSectionPass::checkSetting(const Setting& setting) {
+  if (wildcard_ && !setting.conditions.empty()) report(CvtProblem::kMixedWildcard, *opened_, kNoConditions);
+  if (setting.results.empty()) {
+    report(CvtProblem::kNoResults, *opened_, setting.name);
+    return;
+  }
+  const bool counts =
+      std::any_of(setting.conditions.begin(), setting.conditions.end(),
+                  [this](const Item& condition) { return hasEffect(condition.kind, info_.number, false); });
+  if (!wildcard_ && !counts) report(CvtProblem::kMatchesEverything, *opened_, setting.name);
 }
 
 void CvtSectionPass::takeListLine(const CvtLine& line) {
@@ -162,10 +180,7 @@ void CvtSectionPass::takeListLine(const CvtLine& line) {
   const size_t most = info_.number == kFontSection ? 3 : 2;
   const bool complete = given >= 2 && given <= most && !fields[0].empty() && !fields[1].empty();
   if (!complete && !assigned) report(CvtProblem::kExtraOrMissingFields, line, std::to_wstring(given));
-  if (info_.number == kDimensionSettingSection) {
-    const std::wstring name(base::trim(assigned ? fields[0].substr(0, fields[0].find(L'=')) : fields[0]));
-    checkVariable(line, name);
-  }
+  if (info_.number == kDimensionSettingSection) checkVariable(line);
   if (given > most) fields.resize(most);
   if (given == 1 && !assignment) fields.emplace_back();
   if (fields.size() == 3 && (fields[2].empty() || fields[2].find(L"----") != std::wstring::npos))
@@ -173,12 +188,25 @@ void CvtSectionPass::takeListLine(const CvtLine& line) {
   section_.entries.push_back(std::move(fields));
 }
 
-void CvtSectionPass::checkVariable(const CvtLine& line, const std::wstring& name) {
-  if (findDimensionVariable(name) < 0) report(CvtProblem::kUnknownVariable, line, name);
-  const size_t sign = line.text.find_first_of(L",=");
-  if (sign == line.text.npos) return;
-  const std::wstring value(base::trim(std::wstring_view(line.text).substr(sign + 1)));
-  if (const auto doubt = doubtOfVariable(name, value, false)) report(doubt->problem, line, doubt->readAs);
+// Of the comma and the sign, the later one separates.
+void CvtSectionPass::checkVariable(const CvtLine& line) {
+  const std::wstring_view text = line.text;
+  const size_t comma = text.find(L','), equals = text.find(L'=');
+  const bool hasBoth = comma != text.npos && equals != text.npos;
+  const size_t separator = hasBoth ? std::max(comma, equals) : std::min(comma, equals);
+  const std::wstring name = base::upper(base::trim(text.substr(0, separator)));
+  if (findDimensionVariable(name) < 0) {
+    report(CvtProblem::kUnknownVariable, line, name);
+  } else if (separator != text.npos) {
+    checkValue(line, kVariableKind, name, std::wstring(base::trim(text.substr(separator + 1))));
+  }
+}
+
+void CvtSectionPass::checkValue(const CvtLine& line, int kind, const std::wstring& variable,
+                                const std::wstring& value) {
+  if (const auto doubt = doubtOfValue({info_.number, kind, variable, value, false})) {
+    report(doubt->problem, line, doubt->detail);
+  }
 }
 
 void CvtSectionPass::takeLayer(const CvtLine& line) {
@@ -187,9 +215,12 @@ void CvtSectionPass::takeLayer(const CvtLine& line) {
     report(CvtProblem::kWrongFieldCount, line, std::to_wstring(fields.size()));
     return;
   }
-  const int color = colorNumberOfFileText(fields[1]);
-  if (!fields[1].empty() && !isLayerColor(color)) report(CvtProblem::kNotALayerColor, line, fields[1]);
-  fields[1] = colorText(color);
+  checkValue(line, kLayerKind, {}, fields[0]);
+  checkValue(line, kColorKind, {}, fields[1]);
+  for (size_t index = 2; index < fields.size(); ++index) {
+    if (!fields[index].empty()) checkValue(line, kLayerFieldKinds[index - 1], {}, fields[index]);
+  }
+  fields[1] = colorText(colorNumberOfFileText(fields[1]));
   section_.entries.push_back(std::move(fields));
 }
 

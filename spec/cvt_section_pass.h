@@ -23,14 +23,18 @@ class CvtSectionPass {
   size_t findHeader();
   Next takeLine(const CvtLine& line);
   void takeRuleLine(const CvtLine& line);
+  void openResults(const CvtLine& line);
+  void closeResults(const CvtLine& line);
   void takeItem(const CvtLine& line);
   bool takeCondition(const CvtLine& line);
   bool takeResult(const CvtLine& line);
   bool readItem(const CvtLine& line, bool asResult, Item& item);
   void endSetting();
+  void checkSetting(const Setting& setting);
   void takeListLine(const CvtLine& line);
   void takeLayer(const CvtLine& line);
-  void checkVariable(const CvtLine& line, const std::wstring& name);
+  void checkVariable(const CvtLine& line);
+  void checkValue(const CvtLine& line, int kind, const std::wstring& variable, const std::wstring& value);
   void reportLostEntries(size_t from);
   void report(CvtProblem problem, const CvtLine& line, std::wstring detail = {});
 
@@ -39,11 +43,11 @@ class CvtSectionPass {
   std::wstring& remark_;
   CvtDiagnostics& diagnostics_;
   CvtSection section_;
-  bool inBraces_ = false;
   bool hasCurrent_ = false;          // the last of section_.settings is being read
   bool anyItem_ = false;             // in the whole pass
   bool wildcard_ = false;            // the current setting says itself that it applies to everything
   const CvtLine* opened_ = nullptr;  // the line that opened the current setting
+  const CvtLine* brace_ = nullptr;   // the { whose } has not come yet
 };
 
 }  // namespace kiv

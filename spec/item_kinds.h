@@ -2,6 +2,7 @@
 // Everything that is said once about a section and once about an item kind. Reader, writer, pickers and
 // documentation take it from here; the captions of the menus stand in the resource script.
 
+#include <array>
 #include <optional>
 #include <span>
 #include <string>
@@ -51,6 +52,11 @@ inline constexpr int kVisibilityKind = 13;
 inline constexpr int kLockKind = 14;
 inline constexpr int kFreezeKind = 15;
 inline constexpr int kPlotKind = 16;
+
+// The fields of a layer to create behind its name.
+inline constexpr std::array kLayerFieldKinds = {kColorKind,      kLinetypeKind,    kVisibilityKind,
+                                                kLockKind,       kFreezeKind,      kPlotKind,
+                                                kLineweightKind, kTransparencyKind};
 
 struct ItemKind {
   int kind;                    // 1 to 16

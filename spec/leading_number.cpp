@@ -1,7 +1,9 @@
 #include "spec/leading_number.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
 #include <string>
 
 namespace kiv {
@@ -10,9 +12,8 @@ namespace {
 bool isBlank(wchar_t c) { return c == L' ' || (c >= L'\t' && c <= L'\r'); }
 
 // The characters that can belong to a number, without blanks and without a plus sign; the digits of a
-// number are ASCII, so anything else ends it.
-std::string numberPart(std::wstring_view text) {
-  std::size_t i = 0;
+// number are ASCII, so anything else ends it. `i` is left behind them.
+std::string numberPart(std::wstring_view text, std::size_t& i) {
   while (i < text.size() && isBlank(text[i])) ++i;
   std::string part;
   if (i < text.size() && (text[i] == L'+' || text[i] == L'-')) {
@@ -32,16 +33,20 @@ std::string numberPart(std::wstring_view text) {
 }  // namespace
 
 double leadingReal(std::wstring_view text) {
-  const std::string part = numberPart(text);
+  std::size_t behind = 0;
+  const std::string part = numberPart(text, behind);
   double value = 0;
   const auto [end, error] = std::from_chars(part.data(), part.data() + part.size(), value);
   return error == std::errc() && std::isfinite(value) ? value : 0.0;
 }
 
-bool startsWithNumber(std::wstring_view text) {
-  const std::string part = numberPart(text);
+bool isReal(std::wstring_view text) {
+  std::size_t behind = 0;
+  const std::string part = numberPart(text, behind);
   double value = 0;
-  return std::from_chars(part.data(), part.data() + part.size(), value).ec == std::errc();
+  const auto [end, error] = std::from_chars(part.data(), part.data() + part.size(), value);
+  return error == std::errc() && std::isfinite(value) && end == part.data() + part.size() &&
+         std::all_of(text.begin() + static_cast<std::ptrdiff_t>(behind), text.end(), isBlank);
 }
 
 }  // namespace kiv

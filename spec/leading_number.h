@@ -8,7 +8,7 @@ namespace kiv {
 
 double leadingReal(std::wstring_view text);  // "1.5E2" is 150; never infinite, never NaN
 
-// True when leadingReal() finds at least one digit.
-bool startsWithNumber(std::wstring_view text);
+// True when the text, but for blanks around it, is the number that leadingReal() finds.
+bool isReal(std::wstring_view text);
 
 }  // namespace kiv

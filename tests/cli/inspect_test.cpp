@@ -42,7 +42,7 @@ TEST_F(CheckTest, TextSearchListsAreLookedUpBesideTheFile) {
   write("set/good.list", header + "A*\r\n");
   writeSpecification("set/lists.cvt",
                      "[文字]\n[文字一致のリスト] = GOOD.LIST\n[文字一致のリスト] <> NONE.LIST\n"
-                     "[文字一致のリスト] = plain.list\n[文字一致のリスト] = LONG.LIST\n---End---\n"
+                     "[文字一致のリスト] = plain.list\n[文字一致のリスト] = LONG.LIST\n{\n[色] = 3\n}\n---End---\n"
                      "[画層の色･線種]\n[文字一致のリスト] = NONE.LIST\n---End---\n[EOF]\n");
   const ProgramRun run = kivcvt({"check", "set/lists.cvt"});
   EXPECT_EQ(run.status, 0);
@@ -53,7 +53,7 @@ TEST_F(CheckTest, TextSearchListsAreLookedUpBesideTheFile) {
         "lists.cvt:5: warning: the text search list \"LONG.LIST\" is too long; only its first 200"}) {
     EXPECT_TRUE(contains(run.err, line)) << line << " in\n" << run.err;
   }
-  EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 4) << run.err;
+  EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 5) << run.err;
 }
 
 TEST_F(CheckTest, TheWorstFileDecides) {

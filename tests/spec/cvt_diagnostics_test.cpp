@@ -8,11 +8,12 @@
 namespace kiv {
 namespace {
 
-// "number:line number:line ..." in the order reported.
+// "number:line number:line ..." in the order reported. Most settings here have no results.
 std::string numbered(std::string_view bytes) {
   std::string text;
   for (const CvtDiagnostic& diagnostic : parseCvt(bytes).diagnostics) {
     EXPECT_FALSE(diagnosticReason(diagnostic).empty());
+    if (diagnostic.problem == CvtProblem::kNoResults) continue;
     if (!text.empty()) text += ' ';
     text += std::to_string(static_cast<int>(diagnostic.problem)) + ":" + std::to_string(diagnostic.line);
   }
@@ -22,7 +23,7 @@ std::string numbered(std::wstring_view text) { return numbered(base::encode(text
 
 TEST(CvtDiagnostics, EachFaultWithItsLine) {
   EXPECT_EQ(numbered(L"[文字]\n[X]=1\n[画層]=a\n{\nfoo\n[Y]=1\n}\n---End---\n[EOF]\n"), "1:2 2:5 1:6");
-  EXPECT_EQ(numbered(L"[文字]\n{\n[色]=1\n}\n---End---\n[EOF]\n"), "13:3");
+  EXPECT_EQ(numbered(L"[文字]\n{\n[色]=1\n}\n---End---\n[EOF]\n"), "33:2 13:3");
   EXPECT_EQ(numbered(L"[画層の作成]\nA,1\nB,1,X\n---End---\n[EOF]\n"), "3:2");
   EXPECT_EQ(numbered(L"[線種のﾛｰﾄﾞ]\nA.LIN\nA.LIN,B,C\n---End---\n[EOF]\n"), "18:2 18:3");
   EXPECT_EQ(numbered(L"[線種のﾛｰﾄﾞ]\nA.LIN,A\n\nB.LIN,B\n\nC.LIN,C\n---End---\n[EOF]\n"), "9:4 9:6");
@@ -78,7 +79,7 @@ TEST(CvtDiagnostics, ValuesThatDrawingsGetOtherwiseThanTheyAreWritten) {
             "21:4 21:5");
   EXPECT_EQ(
       numbered(L"[画層の作成]\nA,bylayer,CONTINUOUS\nB,7,CONTINUOUS\nC,,CONTINUOUS\n---End---\n[EOF]\n"),
-      "21:2");
+      "21:2 21:4");
   EXPECT_EQ(numbered(L"[文字]\n[色]=BYLAYER\n{\n[色]=BYBLOCK\n}\n---End---\n[EOF]\n"), "");
   EXPECT_EQ(numbered(L"[寸法]\n[dimapost]=Abc\n{\n[DIMPOST]=<>mm\n[DIMAPOST]=\" "
                      L"ABC\n[dimtxsty]=kanji\n}\n---End---\n[EOF]\n"),
@@ -93,11 +94,106 @@ TEST(CvtDiagnostics, ValuesThatDrawingsGetOtherwiseThanTheyAreWritten) {
       numbered(
           L"[寸法]\n[DIMTAD] = +1\n[DIMCLRD] = BYLAYER\n[DIMASZ] = 2.5mm\n{\n[DIMALTF] = 2.54\n[DIMASZ] = x\n"
           L"[DIMTXSTY] = 1a\n}\n---End---\n[寸法設定]\nDIMLWD, ByLayer\nDIMTAD, 1\n---End---\n[EOF]\n"),
-      "28:3 28:6 28:7 28:12");
+      "28:3 28:4 28:6 28:7 28:12");
+}
+
+// What a value counts as, "-" for nothing at all; nothing when it is what is written. `line` stands in front
+// of the results of a setting of its section, unless it says itself where it stands.
+std::string countsAs(const std::wstring& section, const std::wstring& line, bool asResult) {
+  const std::wstring text = L"[" + section + L"]\n" + (asResult ? L"[***]\n{\n" + line : line + L"\n{") +
+                            L"\n}\n---End---\n[EOF]\n";
+  for (const CvtDiagnostic& found : parseCvt(base::encode(text, base::kJapanese).bytes).diagnostics) {
+    if (found.problem == CvtProblem::kReadAsOther) return base::toUtf8(found.detail);
+    const bool isNothing =
+        found.problem == CvtProblem::kImpossibleValue || found.problem == CvtProblem::kNoName;
+    if (isNothing || found.problem == CvtProblem::kNotALayerColor) return "-";
+  }
+  return {};
+}
+
+TEST(CvtDiagnostics, ValuesThatAreNoneOfTheirKind) {
+  const struct {
+    const wchar_t* line;
+    std::string condition, result;
+  } ofEntities[] = {
+      {L"[色] = 赤", "BYBLOCK", "BYBLOCK"},
+      {L"[色] =", "BYBLOCK", "BYBLOCK"},
+      {L"[色] == 3", "BYBLOCK", "BYBLOCK"},
+      {L"[色] = 3 ; 緑", "3", "3"},
+      {L"[色] = 300", "-", "-"},
+      {L"[色] = -1", "-", "-"},
+      {L"[色] = bylayer", "", ""},
+      {L"[色] = 1:赤", "", ""},
+      {L"[画層] =", "-", "-"},
+      {L"[線種] == CENTER", "= CENTER", "= CENTER"},
+      {L"[文字高さ] = 1.5X", "1.5", ""},
+      {L"[文字高さ] = 大X", "0", "0x"},
+      {L"[文字高さ] = 2,5", "2", "2"},
+      {L"[文字角度] = 右", "0", "0"},
+      {L"[文字幅高比] = 1e999", "0", "0"},
+      {L"[線種尺度] = +.5", "", ""},
+      {L"[線幅値] = 0.5 mm", "0.05 mm", "0.05 mm"},
+      {L"[線幅値] = 0.33 mm", "-", "Default"},
+      {L"[線幅値] = 25", "0.25 mm", "0.25 mm"},
+      {L"[線幅値] = -1", "ByLayer", "Default"},
+      {L"[線幅値] = 太い", "0.00 mm", "0.00 mm"},
+      {L"[線幅値] = 0.50MM", "", ""},
+      {L"[線幅値] = BYBLOCK", "", ""},
+      {L"[透過性] = 半分", "0", "0"},
+      {L"[透過性] = 12.5", "12", "12"},
+      {L"[透過性] = 101", "-", "-"},
+      {L"[透過性] = 30%", "", ""},
+      {L"[透過性] = ByLayer", "", ""},
+      {L"[DIMBLK] = _DOT", "-", "-"},
+      {L"[DIMBLK] = 黒丸 (_DOT)", "", ""},
+      {L"[DIMTXSTY] =", "-", "-"},
+      {L"[DIMTAD] = 99999999999", "2147483647", "2147483647"},
+  };
+  for (const auto& [line, condition, result] : ofEntities) {
+    EXPECT_EQ(countsAs(L"寸法", line, false), condition) << base::toUtf8(line);
+    EXPECT_EQ(countsAs(L"寸法", line, true), result) << base::toUtf8(line);
+  }
+  const std::wstring layers = L"画層の色･線種";
+  for (const wchar_t* line : {L"[表示] = 開", L"[ロック] = 1", L"[フリーズ] =", L"[印刷] = 0", L"[色] = 300",
+                              L"[線幅値] = ByLayer"}) {
+    EXPECT_EQ(countsAs(layers, line, false) + countsAs(layers, line, true), "--") << base::toUtf8(line);
+  }
+  EXPECT_EQ(countsAs(layers, L"[透過性] = ByBlock", true), "0");
+  EXPECT_EQ(countsAs(layers, L"[印刷] = off", true), "");
+  // A kind without effect is told of as such.
+  EXPECT_EQ(countsAs(L"文字", L"[表示] = 開", true), "");
+  EXPECT_EQ(numbered(L"[画層の作成]\nA,1,\n,2,C\nB,3,C,ON,YES,,,0.5 mm,ByLayer\n---End---\n[EOF]\n"),
+            "30:3 29:4 28:4 28:4");
+  EXPECT_EQ(numbered(L"[寸法設定]\nDIMASZ, abc\nDIMBLK, _DOT\nDIMTXT, 2=3\nDIMTXT=\n---End---\n[EOF]\n"),
+            "28:2 29:3 17:4 28:5");
+  EXPECT_EQ(numbered(L"[文字]\n[色] != 3\n[文字高さ] >= 3\n[色] ≠<> 3\n---End---\n[EOF]\n"),
+            "31:2 31:3 31:4");
+}
+
+TEST(CvtDiagnostics, BracesAndSettingsWithoutResults) {
+  const auto structureOf = [](const std::wstring& lines) {
+    std::string text;
+    const std::wstring file = L"[文字]\n" + lines + L"---End---\n[EOF]\n";
+    for (const CvtDiagnostic& found : parseCvt(base::encode(file, base::kJapanese).bytes).diagnostics) {
+      if (found.problem < CvtProblem::kBraceInLine) continue;
+      text += std::to_string(static_cast<int>(found.problem)) + ":" + std::to_string(found.line) + " ";
+    }
+    return text;
+  };
+  EXPECT_EQ(structureOf(L"[画層]={A}\n{\n[色]=1\n}\n[***]\n{\n[色]=2\n}\n"), "");
+  EXPECT_EQ(structureOf(L"[画層]=A\n{\n[色]=1\n[画層]=B\n{\n[色]=2\n}\n"), "34:3 33:6 ");
+  EXPECT_EQ(structureOf(L"[画層]=A\n{\n[色]=1\n"), "34:3 ");
+  EXPECT_EQ(structureOf(L"[画層]=A\n[色]=1\n}\n"), "35:2 33:4 ");
+  EXPECT_EQ(structureOf(L"}\n[画層]=A\n{\n}\n{\n}\n"), "33:2 35:3 33:6 ");
+  EXPECT_EQ(structureOf(L"[画層]=A {\n[色]=1\n}\n"), "32:2 35:2 33:4 ");
+  EXPECT_EQ(structureOf(L"[画層]=A\n{ [色]=1 }\n"), "35:2 32:3 ");
+  EXPECT_EQ(structureOf(L"[画層]=A\n{\n[色]=1 }\n"), "34:3 32:4 ");
+  EXPECT_EQ(structureOf(L"[画層]=A\n[***]\n{\n[色]=1\n}\n"), "36:2 ");
 }
 
 TEST(CvtDiagnostics, BytesAndFilesOfOtherEncodings) {
-  EXPECT_EQ(numbered(std::string_view("[\x95\xb6\x8e\x9a]\n[\x90\x46]=\xff\n---End---\n[EOF]\n")), "8:2");
+  EXPECT_EQ(numbered(std::string_view("[\x95\xb6\x8e\x9a]\n[\x90\x46]=\xff\n---End---\n[EOF]\n")),
+            "8:2 28:2");
   const ParsedCvt utf8 = parseCvt(base::toUtf8(L"[文字]\n[画層]=a\n---End---\n[EOF]\n"));
   EXPECT_NE(utf8.unusableReason().find(L"UTF-8"), std::wstring::npos);
   EXPECT_EQ(utf8.diagnostics.size(), 1U);

@@ -11,8 +11,10 @@ TEST(LeadingNumber, RealsAreReadWithoutALocale) {
   EXPECT_DOUBLE_EQ(leadingReal(L"1E2x"), 100);
   for (const wchar_t* text : {L"", L"abc", L"inf", L"nan", L"-", L"+-5", L"-+5", L"２"}) {
     EXPECT_DOUBLE_EQ(leadingReal(text), 0) << testing::PrintToString(text);
-    EXPECT_FALSE(startsWithNumber(text));
+    EXPECT_FALSE(isReal(text));
   }
+  for (const wchar_t* text : {L" +2.50 ", L"-.5", L"1E2"}) EXPECT_TRUE(isReal(text));
+  for (const wchar_t* text : {L"2.5mm", L"1.2.3", L"1-2", L"1e999"}) EXPECT_FALSE(isReal(text));
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "engine/value_forms.h"
+#include "spec/value_forms.h"
 
 #include <algorithm>
 #include <string>
