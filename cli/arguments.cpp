@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <set>
 
 namespace kivcli {
 namespace {
@@ -64,8 +65,10 @@ constexpr CallName kCallNames[] = {
     {L"version", Call::kVersion}, {L"--version", Call::kVersion},
 };
 
-// Takes the option at words[at], and its value when it has one; `at` is left on the last word taken.
-Status takeOption(Arguments& arguments, const std::vector<std::wstring>& words, std::size_t& at) {
+// Takes the option at words[at], and its value when it has one; `at` is left on the last word taken. `given`:
+// the options in front of it.
+Status takeOption(Arguments& arguments, const std::vector<std::wstring>& words, std::size_t& at,
+                  std::set<std::wstring>& given) {
   const std::wstring& word = words[at];
   const std::size_t equals = word.find(L'=');
   const std::wstring name = word.substr(0, equals);
@@ -74,6 +77,7 @@ Status takeOption(Arguments& arguments, const std::vector<std::wstring>& words, 
   if (arguments.call != Call::kConvert || option == kConvertOptions.end()) {
     return Failure{name, L"there is no such option here; `kivcvt help` lists them"};
   }
+  if (!given.insert(name).second) return Failure{name, L"this option is given twice"};
   if (!option->takesValue) {
     if (equals != std::wstring::npos) return Failure{name, L"this option takes no value"};
     return option->apply(arguments, L"");
@@ -101,6 +105,9 @@ Status requireComplete(const Arguments& arguments) {
     return Failure{L"", arguments.call == Call::kCheck ? L"please name the CVT files to check"
                                                        : L"please name the drawings"};
   }
+  if (std::find(arguments.files.begin(), arguments.files.end(), L"") != arguments.files.end()) {
+    return Failure{L"", L"the name of a file is empty"};
+  }
   return {};
 }
 
@@ -118,6 +125,7 @@ Result<Arguments> parseArguments(const std::vector<std::wstring>& words) {
   if (arguments.call == Call::kHelp || arguments.call == Call::kVersion) return arguments;
 
   bool optionsEnded = false;
+  std::set<std::wstring> given;
   for (std::size_t at = 1; at < words.size(); ++at) {
     const std::wstring& word = words[at];
     if (optionsEnded || !word.starts_with(L"-") || word == L"-") {
@@ -127,7 +135,7 @@ Result<Arguments> parseArguments(const std::vector<std::wstring>& words) {
     } else if (word == L"--help" || word == L"-h") {
       arguments.call = Call::kHelp;
       return arguments;
-    } else if (Status taken = takeOption(arguments, words, at); !taken) {
+    } else if (Status taken = takeOption(arguments, words, at, given); !taken) {
       return taken.failure();
     }
   }

@@ -27,7 +27,8 @@ struct Arguments {
 
 // `words` is the command line without the program's name. Options may stand among the files, as
 // "--spec FILE" or "--spec=FILE"; "--" ends them. Refused: an unknown call or option, an option that the
-// call does not take, a missing or bad value, no files; the reason says what to do.
+// call does not take or that is given twice, a missing or bad value, no files or one without a name; the
+// reason says what to do.
 base::Result<Arguments> parseArguments(const std::vector<std::wstring>& words);
 
 }  // namespace kivcli

@@ -8,17 +8,13 @@
 namespace kivcli {
 namespace {
 
-std::wstring counted(int count, const wchar_t* one, const wchar_t* many) {
-  return std::to_wstring(count) + L" " + (count == 1 ? one : many);
-}
-
 int checkFile(Session& session, const std::wstring& file) {
   const KivSpecificationReport report = session.checkSpecification(fullPath(file));
   if (!reportSpecification(file, report)) return kUnusable;
   const int count = droppedLines(report);
   const std::wstring dropped = report.diagnosticCount == 0 ? L"every line is understood"
                                : count == 0                ? L"no line is dropped"
-                                            : counted(count, L"line is dropped", L"lines are dropped");
+                                                           : droppedText(count);
   printLine(file + L": " + counted(report.settings, L"setting", L"settings") + L", " +
             counted(report.entries, L"list entry", L"list entries") + L"; " + dropped);
   return count == 0 ? kAllDone : kSomeFailed;

@@ -9,8 +9,15 @@
 
 namespace kivcli {
 
+// Control characters, which names of files and layers may hold, are shown as "\x1b": they could move the
+// cursor, hide what stands before them or have a line read as two.
 void printLine(std::wstring_view text);
 void complain(std::wstring_view text);
+
+void printText(std::wstring_view text);  // of several lines, all the program's own
+
+// The first failure of writing to standard output, which ends the printing; complaints go on.
+const base::Status& printingStatus();
 
 // A failure with a file, under the name that the user typed even when the failure tells another one.
 void complainAbout(const std::wstring& file, const base::Failure& failure);

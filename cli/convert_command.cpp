@@ -18,24 +18,41 @@ namespace {
 namespace fs = std::filesystem;
 
 base::Status makeFolder(const std::wstring& option, const std::wstring& folder) {
-  std::error_code error;
+  const std::wstring place = option + L" " + folder;
+  std::error_code error, unknown;
   const fs::path path = base::pathFromText(folder);
+  if (fs::exists(path, unknown) && !fs::is_directory(path, unknown)) {
+    return base::Failure{place, L"this is a file; please name a folder"};
+  }
   fs::create_directories(path, error);
-  std::error_code unknown;
   if (fs::is_directory(path, unknown)) return {};
-  return base::Failure{
-      option + L" " + folder,
-      L"this folder cannot be made: " + base::fromUtf8(error ? error.message() : "a file is there")};
+  return base::Failure{place, L"this folder cannot be made: " + base::fromUtf8(error.message())};
 }
 
+// What of a CVT file a conversion leaves undone for every drawing.
+struct Undone {
+  int droppedLines = 0;
+  bool isEverything = false;
+
+  void tell(const std::wstring& specification) const {
+    if (droppedLines > 0)
+      complain(specification + L": " + droppedText(droppedLines) + L"; what it says was not done");
+    if (isEverything) {
+      complain(specification + L": nothing in this file changes a drawing; drawings are saved as they are");
+    }
+  }
+  int exitStatus() const { return droppedLines > 0 || isEverything ? kSomeFailed : kAllDone; }
+};
+
 // Everything that is wrong for all drawings is found before the first one is opened.
-base::Status prepare(Session& session, const Arguments& arguments) {
+base::Status prepare(Session& session, const Arguments& arguments, Undone& undone) {
   const std::wstring specification = fullPath(arguments.specification);
   session.lookBeside(specification);
   const KivSpecificationReport report = session.checkSpecification(specification);
   if (!reportSpecification(arguments.specification, report)) {
     return base::Failure{L"", L"nothing was converted; `kivcvt check` tells more about the CVT file"};
   }
+  undone = {droppedLines(report), report.changes == 0};
   if (base::Status made = makeFolder(L"--out", arguments.outputFolder); !made) return made;
   if (!arguments.logFolder.empty()) return makeFolder(L"--log", arguments.logFolder);
   return {};
@@ -68,7 +85,8 @@ int runConvert(const Arguments& arguments) {
     complain(L"kivcvt: " + session.failure().text());
     return kUnusable;
   }
-  if (base::Status prepared = prepare(*session.value(), arguments); !prepared) {
+  Undone undone;
+  if (base::Status prepared = prepare(*session.value(), arguments, undone); !prepared) {
     complain(L"kivcvt: " + prepared.failure().text());
     return kUnusable;
   }
@@ -79,8 +97,10 @@ int runConvert(const Arguments& arguments) {
   for (const PlannedDrawing& drawing : planOutputs(arguments.files, outputFolder, arguments.format)) {
     tally.count(conversion.run(drawing));
   }
+  undone.tell(arguments.specification);
   printLine(tally.text());
-  return tally.exitStatus();
+  return std::max(
+      {tally.exitStatus(), undone.exitStatus(), conversion.isLogComplete() ? kAllDone : kSomeFailed});
 }
 
 }  // namespace kivcli

@@ -35,7 +35,10 @@ const wchar_t* reasonText(int reason) {
 }
 
 std::wstring noteText(const KivNote& note) {
-  return std::wstring(note.kind) + L" = " + note.value + L" was refused by " + std::to_wstring(note.count) +
+  const std::wstring item = std::wstring(note.kind) + L" = " + note.value;
+  if (note.reason == kKivNoSuchFile)
+    return item + L": there is no such file, and the host has nothing of this name";
+  return item + L" was refused by " + std::to_wstring(note.count) +
          (note.count == 1 ? L" object: " : L" objects: ") + reasonText(note.reason);
 }
 
@@ -62,7 +65,9 @@ Outcome DrawingConversion::run(const PlannedDrawing& drawing) {
   const int runsBefore = session_.lastRunReport().runs;
   const Status converted = convertOpen(drawing, runsBefore);
   const KivRunReport report = session_.lastRunReport();
-  const bool clean = report.runs == runsBefore || reportProblems(drawing, report);
+  const bool hasRun = report.runs != runsBefore;
+  const bool clean = !hasRun || reportProblems(drawing, report);
+  if (hasRun) reportLog(report);
   // The run closes the drawing that it saved; one that it gave up is still open.
   Status closed;
   while (closed && host.documentCount() > documentsBefore) closed = host.closeDocument();
@@ -111,7 +116,10 @@ Status DrawingConversion::checkEnd(const PlannedDrawing& drawing, const KivRunRe
   }
   const std::optional<cad::SaveReport>& save = session_.host().lastSave();
   if (!save) return Failure{L"", L"not saved: the host was not asked to"};
-  if (!save->status) return save->status;
+  if (!save->status) {
+    return Failure{L"",
+                   L"not saved: " + base::pathText(drawing.target) + L": " + save->status.failure().reason};
+  }
   std::error_code error;
   if (!std::filesystem::exists(drawing.target, error)) {
     return Failure{L"", L"not saved: " + base::pathText(drawing.target) + L" is not there after saving"};
@@ -119,11 +127,19 @@ Status DrawingConversion::checkEnd(const PlannedDrawing& drawing, const KivRunRe
   return {};
 }
 
-bool DrawingConversion::reportProblems(const PlannedDrawing& drawing, const KivRunReport& report) {
-  for (int i = 0; i < report.problemCount; ++i) complain(drawing.given + L": " + report.problems[i]);
+bool DrawingConversion::reportProblems(const PlannedDrawing& drawing, const KivRunReport& report) const {
+  // The last problem of a drawing that was not saved says so without the host's reason.
+  const bool isSaved = report.end != kKivConverted || report.savedPath[0] != L'\0';
+  const int told = isSaved ? report.problemCount : report.problemCount - 1;
+  for (int i = 0; i < told; ++i) complain(drawing.given + L": " + report.problems[i]);
   for (int i = 0; i < report.noteCount; ++i) complain(drawing.given + L": " + noteText(report.notes[i]));
-  for (const Failure& remark : session_.host().takeRemarks()) complain(drawing.given + L": " + remark.text());
   return report.problemCount + report.noteCount == 0;
+}
+
+void DrawingConversion::reportLog(const KivRunReport& report) {
+  if (report.logFailure[0] == L'\0' || !isLogComplete_) return;
+  isLogComplete_ = false;
+  complain(L"kivcvt: the log cannot be written: " + std::wstring(report.logFailure));
 }
 
 }  // namespace kivcli

@@ -20,14 +20,19 @@ class DrawingConversion {
   // standard output the saved file.
   Outcome run(const PlannedDrawing& drawing);
 
+  // False when some drawing is not in the log that was asked for, which was told once.
+  bool isLogComplete() const { return isLogComplete_; }
+
  private:
   base::Status convertOpen(const PlannedDrawing& drawing, int runsBefore);
   base::Status checkEnd(const PlannedDrawing& drawing, const KivRunReport& report, int runsBefore);
-  bool reportProblems(const PlannedDrawing& drawing, const KivRunReport& report);
+  bool reportProblems(const PlannedDrawing& drawing, const KivRunReport& report) const;
+  void reportLog(const KivRunReport& report);
 
   Session& session_;
   const Arguments& arguments_;
   std::wstring logFile_, specification_, outputFolder_;
+  bool isLogComplete_ = true;
 };
 
 }  // namespace kivcli

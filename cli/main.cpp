@@ -1,11 +1,13 @@
 // kivcvt: converts drawings by a specification, from the command line.
 
+#include <algorithm>
 #include <exception>
 #include <string>
 #include <vector>
 
 #include "base/codepage.h"
 #include "base/files.h"
+#include "base/terminal.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/console.h"
@@ -29,10 +31,10 @@ int run(const std::vector<std::wstring>& words) {
     case Call::kInfo:
       return runInfo(arguments.value());
     case Call::kVersion:
-      printLine(versionText());
+      printText(versionText());
       return kAllDone;
     case Call::kHelp:
-      printLine(usageText());
+      printText(usageText());
       return kAllDone;
   }
   return kUnusable;
@@ -48,15 +50,23 @@ int runGuarded(const std::vector<std::wstring>& words) {
   }
 }
 
+int runToEnd(const std::vector<std::wstring>& words) {
+  base::prepareStandardStreams();
+  const int status = runGuarded(words);
+  if (printingStatus()) return status;
+  complain(L"kivcvt: standard output cannot be written: " + printingStatus().failure().reason);
+  return std::max(status, kSomeFailed);
+}
+
 }  // namespace
 
 #ifdef _WIN32
-int wmain(int count, wchar_t** words) { return runGuarded({words + 1, words + count}); }
+int wmain(int count, wchar_t** words) { return runToEnd({words + 1, words + count}); }
 #else
 int main(int count, char** words) {
   // Most words are file names, which a system may hold in another encoding than UTF-8.
   std::vector<std::wstring> wide;
   for (int i = 1; i < count; ++i) wide.push_back(base::pathText(words[i]));
-  return runGuarded(wide);
+  return runToEnd(wide);
 }
 #endif

@@ -1,8 +1,9 @@
 #include "cli/session.h"
 
-#include <utility>
+#include <algorithm>
 
 #include "base/files.h"
+#include "base/fold.h"
 #include "embedded/editor/file_search.h"
 
 namespace kivcli {
@@ -65,6 +66,11 @@ KivSpecificationReport Session::checkSpecification(const std::wstring& path) {
   return report;
 }
 
-std::wstring Session::takeOutput() { return std::exchange(output_, {}); }
+std::wstring Session::takeOutput() {
+  std::replace(output_.begin(), output_.end(), L'\n', L' ');
+  const std::wstring taken(base::trim(output_));
+  output_.clear();
+  return taken;
+}
 
 }  // namespace kivcli

@@ -28,7 +28,7 @@ class Session {
   KivRunReport lastRunReport();
   KivSpecificationReport checkSpecification(const std::wstring& path);
 
-  // What the host and the module have printed since the last call.
+  // What the host and the module have printed since the last call, as one line.
   std::wstring takeOutput();
 
  private:

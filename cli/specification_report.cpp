@@ -46,4 +46,10 @@ int droppedLines(const KivSpecificationReport& report) {
   return count;
 }
 
+std::wstring droppedText(int lines) { return counted(lines, L"line is dropped", L"lines are dropped"); }
+
+std::wstring counted(int count, const wchar_t* one, const wchar_t* many) {
+  return std::to_wstring(count) + L" " + (count == 1 ? one : many);
+}
+
 }  // namespace kivcli

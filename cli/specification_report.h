@@ -18,5 +18,8 @@ std::wstring diagnosticLine(const std::wstring& file, const KivDiagnostic& diagn
 bool reportSpecification(const std::wstring& file, const KivSpecificationReport& report);
 
 int droppedLines(const KivSpecificationReport& report);
+std::wstring droppedText(int lines);  // "1 line is dropped"
+
+std::wstring counted(int count, const wchar_t* one, const wchar_t* many);
 
 }  // namespace kivcli

@@ -12,7 +12,7 @@ std::wstring usageText() {
                              1 convert what their definitions hold, 2 both
       --ignore-locks         convert objects on locked layers too; the layers are locked again afterwards
       --log DIR              write the conversion log, a CSV file in code page 932, into DIR
-      Text search lists are looked up beside the CVT file.
+      Text search lists and drawings of arrows are looked up beside the CVT file.
 
   kivcvt check FILE.cvt...
       says what the reader makes of a CVT file, and every line it drops, with line number and reason
@@ -22,9 +22,9 @@ std::wstring usageText() {
 
   kivcvt help, kivcvt --version
 
-Exit status: 0 all done; 1 some drawing failed or had a problem, or check found dropped lines, each named
-on standard error; 2 the command line or the CVT file is unusable. Drawings are read and written as DXF;
-DWG and DWT are refused for now.)";
+Exit status: 0 all done; 1 some drawing failed or had a problem, lines of the CVT file are dropped, or
+the log or standard output cannot be written, each named on standard error; 2 the command line or the
+CVT file is unusable. Drawings are read and written as DXF; DWG and DWT are refused for now.)";
 }
 
 std::wstring versionText() { return L"kivcvt " KIV_VERSION; }

@@ -1,6 +1,8 @@
 // Loading of arrow blocks.
 
-#include <system_error>
+#include <filesystem>
+#include <sstream>
+#include <vector>
 
 #include "acdbads.h"
 #include "acedCmdNF.h"
@@ -11,8 +13,10 @@
 #include "engine/host_variables.h"
 #include "engine/messages.h"
 #include "engine/resource_stages.h"
+#include "platform/paths.h"
 #include "platform/text.h"
 #include "spec/arrow_catalogue.h"
+#include "spec/item_kinds.h"
 
 namespace kiv {
 namespace {
@@ -39,16 +43,34 @@ bool insertAtOrigin(const std::wstring& insertName) {
   return result == RTNORM;
 }
 
-void loadFile(const std::wstring& path, ProblemSink& problems) {
-  std::error_code error;
-  const std::filesystem::path file = base::pathFromText(path);
-  if (!std::filesystem::exists(file, error)) return;
-  const std::wstring block = base::pathText(file.stem());
+// A path that is not absolute starts beside the specification, then in a folder of the support path, then
+// wherever else the host looks. Empty: nowhere.
+std::wstring findArrowFile(const std::wstring& entry, const std::filesystem::path& besideSpecification) {
+  const std::filesystem::path file = base::pathFromText(entry);
+  std::vector<std::wstring> places = {base::pathText(besideSpecification / file)};
+  std::wistringstream supportPath(textVariable(L"ACADPREFIX").value_or(L""));
+  for (std::wstring folder; std::getline(supportPath, folder, L';');) {
+    places.push_back(base::pathText(base::pathFromText(folder) / file));
+  }
+  places.push_back(entry);
+  for (const std::wstring& place : places) {
+    if (const auto found = findHostFile(place)) return *found;
+  }
+  return {};
+}
+
+void loadFile(const std::wstring& entry, RunState& run) {
+  const std::wstring path = findArrowFile(entry, run.listFolder);
+  if (path.empty()) {
+    run.problems.addNote(section(kArrowSection).name, entry, RefusalReason::kNoSuchFile, 1);
+    return;
+  }
+  const std::wstring block = base::pathText(base::pathFromText(path).stem());
   const std::wstring insertName = hasBlock(block) ? block + L"=" + path : path;
   ads_name before;
   const bool hadEntities = acdbEntLast(before) == RTNORM;
   if (!insertAtOrigin(insertName)) {
-    problems.addProblem(arrowProblem(block));
+    run.problems.addProblem(arrowProblem(block));
     return;
   }
   // Only the definition is wanted.
@@ -64,7 +86,7 @@ void loadArrows(RunState& run) {
     if (isBuiltInArrow(entry)) {
       makeBuiltIn(entry, run.problems);
     } else {
-      loadFile(entry, run.problems);
+      loadFile(entry, run);
     }
   }
 }

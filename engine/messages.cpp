@@ -13,6 +13,8 @@ const wchar_t* reasonText(RefusalReason reason) {
       return L"値が範囲外か、形式が違います";
     case RefusalReason::kNotForObject:
       return L"寸法図形にはない変数です";
+    case RefusalReason::kNoSuchFile:
+      return L"その名前のファイルがありません";
     case RefusalReason::kOther:
       break;
   }

@@ -6,8 +6,8 @@
 
 namespace kiv {
 
-enum class RefusalReason { kOther, kNoSuchName, kNotInThisVersion, kBadValue, kNotForObject };
-inline constexpr int kRefusalCount = 5;
+enum class RefusalReason { kOther, kNoSuchName, kNotInThisVersion, kBadValue, kNotForObject, kNoSuchFile };
+inline constexpr int kRefusalCount = 6;
 
 class ProblemSink {
  public:
@@ -15,7 +15,7 @@ class ProblemSink {
   // A line for the log. The sink drops repeated ones.
   virtual void addProblem(const std::wstring& text) = 0;
   // `count` objects or layers refused a result: not a problem of the log. The sink adds up equal notes.
-  // `kind` is the item's key or a dimension variable's name.
+  // `kind` is the item's key, a dimension variable's name, or the name of the section of a list's entry.
   virtual void addNote(const std::wstring& kind, const std::wstring& value, RefusalReason reason,
                        int count) = 0;
 };

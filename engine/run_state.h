@@ -18,7 +18,7 @@ struct RunState {
   AcDbDatabase& database;
   ProblemSink& problems;
   const WorkLists& work;
-  std::filesystem::path listFolder;  // where text search lists are looked up
+  std::filesystem::path listFolder;  // of the specification
   SymbolNames names{};               // filled only after the stages that rename layers
 
   // A problem that is read on the command line as well as in the log.

@@ -47,6 +47,8 @@ KivNoteReason reasonOf(RefusalReason refusal) {
       return kKivBadValue;
     case RefusalReason::kNotForObject:
       return kKivNotForObject;
+    case RefusalReason::kNoSuchFile:
+      return kKivNoSuchFile;
     case RefusalReason::kOther:
       break;
   }
@@ -55,7 +57,7 @@ KivNoteReason reasonOf(RefusalReason refusal) {
 
 // What the pointers of a handed-out report point to.
 struct ReportTexts {
-  std::wstring drawing, savedPath;
+  std::wstring drawing, savedPath, logFailure;
   std::vector<std::wstring> problems;
   std::vector<ReportedNote> notes;
   std::vector<const wchar_t*> problemPointers;
@@ -76,6 +78,7 @@ void fill(KivRunReport& out, ReportTexts& texts) {
   }
   out.drawing = texts.drawing.c_str();
   out.savedPath = texts.savedPath.c_str();
+  out.logFailure = texts.logFailure.c_str();
   out.problemCount = static_cast<int>(texts.problemPointers.size());
   out.problems = texts.problemPointers.data();
   out.noteCount = static_cast<int>(texts.noteRecords.size());
@@ -87,6 +90,7 @@ void countContent(const ParsedCvt& parsed, KivSpecificationReport& out) {
     out.settings += static_cast<int>(section.settings.size());
     out.entries += static_cast<int>(section.entries.size());
   }
+  out.changes = parsed.changes();
 }
 
 void fill(KivSpecificationReport& out, SpecificationTexts& texts) {
@@ -133,6 +137,7 @@ int lastRunReport(KivRunReport* report) {
   if (last != nullptr) {
     texts.drawing = last->drawing();
     texts.savedPath = last->outcome().savedPath;
+    texts.logFailure = last->logFailure();
     texts.problems = last->problems();
     texts.notes = last->notes();
   }

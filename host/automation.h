@@ -44,6 +44,7 @@ enum KivNoteReason {
   kKivNotInThisVersion = 2,  // the property cannot be held by a drawing of this version
   kKivBadValue = 3,          // a value out of limits or not of the property's form
   kKivNotForObject = 4,      // objects of this sort have no such property (a variable of the drawing alone)
+  kKivNoSuchFile = 5,        // an entry of a list that names no file, and nothing that the host has itself
 };
 
 // A result that the host refused: not a problem of the log, but worth telling.
@@ -55,10 +56,13 @@ struct KivNote {
 };
 
 struct KivRunReport {
-  int runs;                  // conversion runs since the module was loaded
-  int end;                   // KivRunEnd of the last one
-  const wchar_t* drawing;    // full name of the drawing that it worked on
-  const wchar_t* savedPath;  // the file written; empty: none
+  int runs;                // conversion runs since the module was loaded
+  int end;                 // KivRunEnd of the last one
+  const wchar_t* drawing;  // full name of the drawing that it worked on
+  // The file written; empty: none. A save that was asked for has failed then, the last of the problems says
+  // so, and the host knows why.
+  const wchar_t* savedPath;
+  const wchar_t* logFailure;  // why the log could not be written; empty: it was, or none is wanted
   int problemCount;
   const wchar_t* const* problems;  // in the order met, without duplicates; as in the log, logged or not
   int noteCount;
@@ -82,6 +86,7 @@ struct KivSpecificationReport {
   const wchar_t* failure;  // empty when usable
   int settings;            // of the five rule sections
   int entries;             // of the five list sections
+  int changes;             // settings and entries that can change a drawing at all
   int diagnosticCount;
   const KivDiagnostic* diagnostics;  // by line
 };

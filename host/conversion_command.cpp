@@ -36,10 +36,12 @@ void convertCurrentDrawing() {
                                    --context.batchRemaining;
                                  }};
   const RunOutcome outcome = runConversion(parameters, report);
-  report.finish(outcome, drawing);
-  keepAsLastRun(std::move(report));
-  if (outcome.end != RunEnd::kEmptyDrawing) log.writeEntry();
+  base::Status logged;
+  if (outcome.end != RunEnd::kEmptyDrawing) logged = log.writeEntry();
   log.clearEntry();
+  // No word of it to the user: the log never stops or disturbs a conversion.
+  report.finish(outcome, drawing, logged.ok() ? std::wstring() : logged.failure().text());
+  keepAsLastRun(std::move(report));
   // The host may suspend the command that activates another document: nothing is left to do after it.
   if (isClosed) returnFromBatch();
 }

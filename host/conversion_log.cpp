@@ -1,8 +1,10 @@
 #include "host/conversion_log.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <fstream>
 
+#include "base/file_errors.h"
 #include "base/files.h"
 #include "base/fold.h"
 #include "dbapserv.h"
@@ -53,14 +55,17 @@ void ConversionLog::addMessage(const std::wstring& text) {
   if (isWanted() && !containsFolded(messages_, text)) messages_.push_back(text);
 }
 
-void ConversionLog::writeEntry() const {
-  if (!isWanted()) return;
+base::Status ConversionLog::writeEntry() const {
+  if (!isWanted()) return {};
   const bool existed = fileExists(logFile_);
-  std::ofstream file(base::pathFromText(logFile_), std::ios::binary | std::ios::app);
-  if (!file) return;
+  const std::filesystem::path path = base::pathFromText(logFile_);
   const std::wstring text = (existed ? L"" : kHeader) + entryText(time_, drawing_, messages_);
   const std::string bytes = encodeText(text).bytes;
+  errno = 0;
+  std::ofstream file(path, std::ios::binary | std::ios::app);
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  file.close();
+  return file ? base::Status() : base::fileFailure(path, errno != 0 ? errno : EIO);
 }
 
 void ConversionLog::clearEntry() {

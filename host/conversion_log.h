@@ -1,9 +1,11 @@
 #pragma once
 // The log that conversion runs append to when the user asked for one: comma-separated text, one entry per
-// drawing. Every failure of the log is silent; a conversion never stops for it.
+// drawing. The user is told of no failure of the log; a conversion never stops for it.
 
 #include <string>
 #include <vector>
+
+#include "base/result.h"
 
 namespace kiv {
 
@@ -13,8 +15,8 @@ class ConversionLog {
   void startEntry();
   // Kept only when a log is wanted, and once whatever its case.
   void addMessage(const std::wstring& text);
-  // Appends the entry; a new file begins with the header line.
-  void writeEntry() const;
+  // Appends the entry; a new file begins with the header line. A failure is for programs that drive the host.
+  base::Status writeEntry() const;
   void clearEntry();
 
  private:

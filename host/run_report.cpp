@@ -43,9 +43,10 @@ void RunReport::printNotes() const {
   }
 }
 
-void RunReport::finish(const RunOutcome& outcome, std::wstring drawing) {
+void RunReport::finish(const RunOutcome& outcome, std::wstring drawing, std::wstring logFailure) {
   outcome_ = outcome;
   drawing_ = std::move(drawing);
+  logFailure_ = std::move(logFailure);
   log_ = nullptr;
 }
 

@@ -26,17 +26,18 @@ class RunReport : public ProblemSink {
   // One line of the host's command line for each note.
   void printNotes() const;
 
-  void finish(const RunOutcome& outcome, std::wstring drawing);
+  void finish(const RunOutcome& outcome, std::wstring drawing, std::wstring logFailure);
 
   const RunOutcome& outcome() const { return outcome_; }
   const std::wstring& drawing() const { return drawing_; }
+  const std::wstring& logFailure() const { return logFailure_; }  // empty: none
   const std::vector<std::wstring>& problems() const { return problems_; }
   const std::vector<ReportedNote>& notes() const { return notes_; }
 
  private:
   ConversionLog* log_;  // null after finish()
   RunOutcome outcome_;
-  std::wstring drawing_;
+  std::wstring drawing_, logFailure_;
   std::vector<std::wstring> problems_;
   std::vector<ReportedNote> notes_;
 };

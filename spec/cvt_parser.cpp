@@ -90,6 +90,21 @@ int ParsedCvt::linesExamined() const {
   return count;
 }
 
+int ParsedCvt::changes() const {
+  std::ptrdiff_t count = -std::count_if(
+      diagnostics.begin(), diagnostics.end(),
+      [](const CvtDiagnostic& found) { return found.problem == CvtProblem::kUnknownVariable; });
+  for (const SectionInfo& info : kiv::sections()) {
+    const CvtSection& section = sections[static_cast<size_t>(info.number - 1)];
+    count += static_cast<std::ptrdiff_t>(section.entries.size());
+    count += std::count_if(section.settings.begin(), section.settings.end(), [&](const Setting& setting) {
+      return std::any_of(setting.results.begin(), setting.results.end(),
+                         [&](const Item& result) { return hasEffect(result.kind, info.number, true); });
+    });
+  }
+  return static_cast<int>(count);
+}
+
 bool ParsedCvt::hasKnownSection() const {
   return std::any_of(sections.begin(), sections.end(),
                      [](const CvtSection& section) { return section.found; });

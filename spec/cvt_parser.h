@@ -43,6 +43,8 @@ struct ParsedCvt {
   CvtDiagnostics diagnostics;  // by line
 
   int linesExamined() const;
+  // Settings with a result that their section heeds, and list entries, unless they set no known variable.
+  int changes() const;
   bool hasKnownSection() const;
   // Empty when something of the file can be used; otherwise why not.
   std::wstring unusableReason() const;

@@ -63,6 +63,11 @@ TEST(Arguments, ARefusalNamesWhatIsWrong) {
       {{L"convert", L"--ignore-locks=no", L"a.dxf"}, L"takes no value"},
       {{L"check", L"--spec", L"r.cvt"}, L"--spec: there is no such option"},
       {{L"check"}, L"name the CVT files"},
+      {{L"check", L""}, L"the name of a file is empty"},
+      {{L"convert", L"--spec", L"r.cvt", L"--spec=s.cvt", L"--out", L"o", L"a.dxf"},
+       L"--spec: this option is given"},
+      {{L"convert", L"--ignore-locks", L"--ignore-locks", L"a.dxf"},
+       L"--ignore-locks: this option is given twice"},
   };
   for (const auto& [words, says] : cases) {
     const auto parsed = parseArguments(words);

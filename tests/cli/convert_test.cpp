@@ -71,8 +71,44 @@ TEST_F(ConvertTest, AnUnreadableDrawingAndAnOutputThatCannotBeWrittenAreNamed) {
   const ProgramRun run = convert({"secret.dxf", "good.dxf"});
   EXPECT_EQ(run.status, 1);
   EXPECT_TRUE(std::regex_search(run.err, std::regex("secret\\.dxf: .*symbolic links"))) << run.err;
-  EXPECT_TRUE(std::regex_search(run.err, std::regex("good\\.dxf: .*folder"))) << run.err;
+  EXPECT_TRUE(run.err.ends_with("\ngood.dxf: not saved: out/good.DXF: this is a folder, not a file\n"))
+      << run.err;
+  EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 2) << run.err;
   EXPECT_EQ(filesIn("out"), std::vector<std::string>{"good.DXF"});
+}
+
+// Nobody may make a file in /proc, and everybody may try.
+TEST_F(ConvertTest, ALogThatCannotBeWrittenIsToldOnce) {
+  write("second.dxf", good_);
+  const ProgramRun run = convert({"--log", "/proc", "good.dxf", "second.dxf"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(std::regex_match(run.err, std::regex("kivcvt: the log cannot be written: /proc/.*: .+\n")))
+      << run.err;
+  EXPECT_TRUE(contains(run.out, "2 drawings converted\n")) << run.out;
+}
+
+TEST_F(ConvertTest, ControlCharactersOfNamesAreShownAndNotObeyed) {
+  const std::string name = "a\x1b[2J\n\xc2\x9b\xe2\x80\xae";
+  write(name + ".dxf", good_);
+  const std::string shown = "a\\x1b[2J\\x0a\\x9b\\u202e";
+  const ProgramRun run = convert({name + ".dxf", name});
+  EXPECT_EQ(run.out, shown + ".dxf -> out/" + shown + ".DXF\n1 of 2 drawings converted\n");
+  EXPECT_TRUE(run.err.starts_with(shown + ": ")) << run.err;
+  EXPECT_EQ(filesIn("out"), std::vector<std::string>{name + ".DXF"});
+}
+
+// A full disk, a closed stream, and a reader that has gone.
+TEST_F(ConvertTest, AStandardOutputThatCannotBeWrittenIsToldAndTheDrawingsAreSaved) {
+  const std::string call = KIVCVT_PROGRAM " convert --spec rules.cvt --out out good.dxf ";
+  for (const std::string& line :
+       {call + ">/dev/full", call + ">&-",
+        "(sleep 0.2; " + call + "; echo $? >status) | true; exit $(sleep 2; cat status)"}) {
+    const ProgramRun run = test_support::runProgram("/bin/sh", {"-c", line}, folder());
+    EXPECT_EQ(run.status, 1) << line;
+    EXPECT_TRUE(std::regex_match(run.err, std::regex("kivcvt: standard output cannot be written: .+\n")))
+        << line << run.err;
+    EXPECT_TRUE(std::filesystem::remove(folder() / "out" / "good.DXF")) << line;
+  }
 }
 
 TEST_F(ConvertTest, NamesInCodePage932ComeBackByteForByte) {
@@ -101,8 +137,9 @@ TEST_F(ConvertTest, AnUnusableCallConvertsNothing) {
       {{"convert", "--spec", "plain.cvt", "--out", "out", "good.dxf"}, "plain.cvt: "},
       {{"convert", "--spec", "utf8.cvt", "--out", "out", "good.dxf"}, "UTF-8"},
       {{"convert", "--spec", ".", "--out", "out", "good.dxf"}, ".: "},
-      {{"convert", "--spec", "rules.cvt", "--out", "file", "good.dxf"},
-       "--out file: this folder cannot be made"},
+      {{"convert", "--spec", "rules.cvt", "--out", "file", "good.dxf"}, "--out file: this is a file"},
+      {{"convert", "--spec", "rules.cvt", "--out", "file/out", "good.dxf"},
+       "--out file/out: this folder cannot be made: "},
       {{"convert", "--spec", "rules.cvt", "--out", "out", "--log", "file/log", "good.dxf"},
        "--log file/log: "},
       {{"convert", "--spec", "rules.cvt", "--out", std::string(300, 'x'), "good.dxf"},
@@ -121,12 +158,36 @@ TEST_F(ConvertTest, AnUnusableCallConvertsNothing) {
   }
 }
 
-TEST_F(ConvertTest, ADroppedLineIsAWarning) {
+TEST_F(ConvertTest, LinesThatAreDroppedAreNotForgottenAtTheEnd) {
   writeSpecification("rules.cvt", "[文字]\n[画層] = 0\n{\n[色] = 3\n[重さ] = 5\n}\n---End---\n[EOF]\n");
   const ProgramRun run = convert({"good.dxf"});
-  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.status, 1);
   EXPECT_TRUE(contains(run.err, "rules.cvt:5: dropped: ")) << run.err;
   EXPECT_TRUE(contains(run.err, "重さ")) << run.err;
+  EXPECT_TRUE(contains(run.err, "\nrules.cvt: 1 line is dropped")) << run.err;
+  EXPECT_EQ(run.out, "good.dxf -> out/good.DXF\n1 drawing converted\n");
+}
+
+TEST_F(ConvertTest, ASpecificationThatChangesNothingSaysSo) {
+  writeSpecification("rules.cvt",
+                     "[文字]\n[画層] = 0\n{\n[表示] = ON\n}\n[色] = 3\n---End---\n"
+                     "[寸法設定]\nDIMNONE, 1\n---End---\n[EOF]\n");
+  const ProgramRun run = convert({"good.dxf"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(contains(run.err, "\nrules.cvt: nothing in this file changes a drawing")) << run.err;
+  EXPECT_EQ(read("out/good.DXF"), good_);
+}
+
+TEST_F(ConvertTest, ArrowFilesAreLookedUpBesideTheSpecificationAndAMissingOneIsNamed) {
+  write("set/arrows/BAR.dxf", drawing(kLine));
+  writeSpecification("set/arrows.cvt", "[矢印のﾛｰﾄﾞ]\narrows/BAR.dxf\n_NOSUCH\n---End---\n[EOF]\n");
+  const ProgramRun run =
+      kivcvt({"convert", "--spec", "set/arrows.cvt", "--out", "out", "--log", "logs", "good.dxf"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err,
+            "good.dxf: 矢印のﾛｰﾄﾞ = _NOSUCH: there is no such file, and the host has nothing of this name\n");
+  EXPECT_TRUE(contains(read("out/good.DXF"), "BAR\r\n"));
+  EXPECT_TRUE(contains(read("logs/" + filesIn("logs")[0]), ", OK\r\n"));
 }
 
 TEST_F(ConvertTest, TheSourceIsNeverOverwritten) {

@@ -40,10 +40,11 @@ TEST_F(CheckTest, TextSearchListsAreLookedUpBesideTheFile) {
   write("set/long.list", rows);
   write("set/plain.list", "A*\r\n");
   write("set/good.list", header + "A*\r\n");
-  writeSpecification("set/lists.cvt",
-                     "[文字]\n[文字一致のリスト] = GOOD.LIST\n[文字一致のリスト] <> NONE.LIST\n"
-                     "[文字一致のリスト] = plain.list\n[文字一致のリスト] = LONG.LIST\n{\n[色] = 3\n}\n---End---\n"
-                     "[画層の色･線種]\n[文字一致のリスト] = NONE.LIST\n---End---\n[EOF]\n");
+  writeSpecification(
+      "set/lists.cvt",
+      "[文字]\n[文字一致のリスト] = GOOD.LIST\n[文字一致のリスト] <> NONE.LIST\n"
+      "[文字一致のリスト] = plain.list\n[文字一致のリスト] = LONG.LIST\n{\n[色] = 3\n}\n---End---\n"
+      "[画層の色･線種]\n[文字一致のリスト] = NONE.LIST\n---End---\n[EOF]\n");
   const ProgramRun run = kivcvt({"check", "set/lists.cvt"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.out, "set/lists.cvt: 2 settings, 0 list entries; no line is dropped\n");

@@ -38,8 +38,11 @@ TEST_F(ListSections, ArrowFilesLeaveADefinitionAndNoReference) {
                         "0 LINE\n5 A1\n100 AcDbEntity\n8 0\n100 AcDbLine\n10 0.0\n20 0.0\n11 1.0\n21 0.0\n"));
   const cad::RecordId last = drawing().lastEntity();
   const std::wstring path = base::pathText(folder_ / "ARROW.dxf");
-  run({{L"矢印のﾛｰﾄﾞ", path + L"\n" + base::pathText(folder_ / "MISSING.dxf")}});
+  run({{L"矢印のﾛｰﾄﾞ", path + L"\nMISSING.dxf"}});
   EXPECT_TRUE(sink_.problems.empty());
+  EXPECT_EQ(
+      sink_.notes,
+      (std::vector<engine_test::Note>{{L"矢印のﾛｰﾄﾞ", L"MISSING.dxf", kiv::RefusalReason::kNoSuchFile, 1}}));
   const cad::RecordId block = drawing().find(Table::kBlock, L"ARROW");
   ASSERT_NE(block, cad::kNoRecord);
   EXPECT_EQ(drawing().entitiesOf(block).size(), 1U);

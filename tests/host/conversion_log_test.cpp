@@ -26,11 +26,13 @@ class ConversionLog : public test_support::TempFolder {
     kiv::overrideCommonSetting(L"MorluxCreateLog", std::to_wstring(create).c_str());
     kiv::overrideCommonSetting(L"MorluxLogOutFile", file.c_str());
   }
-  void writeEntry(const std::vector<std::wstring>& messages) {
+  // False when the entry could not be written.
+  bool writeEntry(const std::vector<std::wstring>& messages) {
     log_.startEntry();
     for (const std::wstring& message : messages) log_.addMessage(message);
-    log_.writeEntry();
+    const bool isWritten = log_.writeEntry().ok();
     log_.clearEntry();
+    return isWritten;
   }
   std::string content() { return TempFolder::content(file_); }
 
@@ -77,7 +79,7 @@ TEST_F(ConversionLog, NothingIsWrittenUnlessWanted) {
   want(1, L"");
   writeEntry({L"a"});
   want(1, L"/no/such/folder/run.log");
-  writeEntry({L"a"});
+  EXPECT_FALSE(writeEntry({L"a"}));
   EXPECT_FALSE(std::filesystem::exists(file_));
 }
 
