@@ -1,0 +1,107 @@
+#!/usr/bin/python3
+"""Drawings in the manner of other programs: the cases' own, the same objects written otherwise. Conditions see
+of them what an independent reader sees.
+
+    manners.py KIVCVT CASES        exit status: 0 all is well, 1 not
+"""
+
+import pathlib
+import sys
+import tempfile
+
+import check_samples
+
+COMMON_CODES = {b"8", b"6", b"62", b"370", b"48"}
+
+
+def read(path):
+    lines = path.read_bytes().replace(b"\r\n", b"\n").removesuffix(b"\n").split(b"\n")
+    return [(code.strip(), value) for code, value in zip(lines[::2], lines[1::2])]
+
+
+def write(path, groups, code_format=b"%3s"):
+    path.write_bytes(b"".join(code_format % code + b"\r\n" + value + b"\r\n" for code, value in groups))
+
+
+def section(groups, name):
+    """Where it stands: its first group and the one behind its last."""
+    begin = groups.index((b"2", name)) - 1
+    return begin, groups.index((b"0", b"ENDSEC"), begin) + 1
+
+
+def without_section(groups, name):
+    begin, end = section(groups, name)
+    return groups[:begin] + groups[end:]
+
+
+def without_handles(groups):
+    begin = section(groups, b"TABLES")[0]
+    return groups[:begin] + [group for group in groups[begin:] if group[0] not in (b"5", b"105")]
+
+
+def commented(groups):
+    return [part for group in groups for part in ((b"999", b"0"), group)]
+
+
+def second_marker(groups):
+    """Layer, colour and the like behind the marker of the object's own class."""
+    result, held = [], None
+    for code, value in groups:
+        if held is not None and code in (b"0", b"100"):
+            result += [(code, value), *held] if code == b"100" else [*held, (code, value)]
+            held = None
+        elif held is not None and code in COMMON_CODES:
+            held.append((code, value))
+        else:
+            result.append((code, value))
+        if (code, value) == (b"100", b"AcDbEntity"):
+            held = []
+    return result
+
+
+def other_case(groups):
+    """References are in another case than what they name."""
+    return [(code, value.swapcase() if code in (b"6", b"7", b"5") else value) for code, value in groups]
+
+
+# By name: how it is made of the groups, and whether only a drawing of R12 can be written so.
+MANNERS = {
+    "comments": (commented, False),
+    "second-marker": (second_marker, False),
+    "other-case": (other_case, False),
+    "no-handles": (without_handles, True),
+    "no-tables": (lambda groups: without_section(groups, b"TABLES"), True),
+    "no-header": (lambda groups: without_section(groups, b"HEADER"), True),
+}
+
+
+def make(drawing, folder):
+    """The paths of the drawing in each manner that its version allows."""
+    groups = read(drawing)
+    old = (b"1", b"AC1009") in groups
+    for name, (manner, only_old) in MANNERS.items():
+        if old or not only_old:
+            path = folder / f"{drawing.parent.name}-{name}.dxf"
+            write(path, manner(groups), b"%9s" if name == "comments" else b"%s")
+            yield path
+
+
+def main(program, cases):
+    with tempfile.TemporaryDirectory() as work, tempfile.TemporaryDirectory() as drawings:
+        check = check_samples.Check(program, pathlib.Path(work))
+        for case in ("conditions-on-texts", "conditions-on-others", "format-r12", "format-r14", "format-2007"):
+            for path in make(pathlib.Path(cases) / case / "drawing.dxf", pathlib.Path(drawings)):
+                marked = check.objects_marked
+                check.marked(path)
+                if check.objects_marked == marked:
+                    check.fail(path, "no object is met")
+    for failure in check.failures[:40]:
+        print(failure)
+    print(f"{check.objects_marked} objects, {len(check.failures)} faults")
+    return 1 if check.failures else 0
+
+
+if __name__ == "__main__":
+    if len(sys.argv) != 3:
+        sys.exit(__doc__)
+    sys.exit(main(*sys.argv[1:]))
