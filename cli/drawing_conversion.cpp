@@ -133,6 +133,7 @@ bool DrawingConversion::reportProblems(const PlannedDrawing& drawing, const KivR
   const int told = isSaved ? report.problemCount : report.problemCount - 1;
   for (int i = 0; i < told; ++i) complain(drawing.given + L": " + report.problems[i]);
   for (int i = 0; i < report.noteCount; ++i) complain(drawing.given + L": " + noteText(report.notes[i]));
+  for (const Failure& remark : session_.host().takeRemarks()) complain(drawing.given + L": " + remark.text());
   return report.problemCount + report.noteCount == 0;
 }
 

@@ -19,11 +19,11 @@ for name in "$@"; do
   options=(convert --spec rules.cvt --out out)
   if [[ -e $folder/options ]]; then options+=($(<"$folder/options")); fi
   if [[ -e $folder/log ]]; then options+=(--log logs); fi
-  (cd "$copy" && "$program" "${options[@]}" drawing.dxf >said 2>problems) || true
+  (cd "$copy" && "$program" "${options[@]}" drawing.dxf >said 2>messages) && kind=warnings || kind=problems
 
   if [[ ! -e $copy/out/drawing.DXF ]]; then
     echo "${name%/}: no drawing was written" >&2
-    cat "$copy/problems" >&2
+    cat "$copy/messages" >&2
     continue
   fi
   if ! cmp -s "$copy/out/drawing.DXF" "$folder/expected.dxf"; then
@@ -31,12 +31,9 @@ for name in "$@"; do
     "$here/compare_drawings.py" "$folder/drawing.dxf" "$copy/out/drawing.DXF" || true
     cp "$copy/out/drawing.DXF" "$folder/expected.dxf"
   fi
-  if [[ -s $copy/problems ]]; then
-    if ! cmp -s "$copy/problems" "$folder/problems"; then sed "s/^/${name%/}: says /" "$copy/problems"; fi
-    cp "$copy/problems" "$folder/problems"
-  else
-    rm -f "$folder/problems"
-  fi
+  if ! cmp -s "$copy/messages" "$folder/$kind"; then sed "s/^/${name%/}: says /" "$copy/messages"; fi
+  rm -f "$folder/problems" "$folder/warnings"
+  if [[ -s $copy/messages ]]; then cp "$copy/messages" "$folder/$kind"; fi
   if [[ -e $folder/log ]]; then
     LC_ALL=C sed -E '1!s|^[^,]+,[^,]*/([^/,]*),|TIME,\1,|' "$copy"/logs/* >"$folder/log"
   fi
