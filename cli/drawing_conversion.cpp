@@ -38,8 +38,9 @@ std::wstring noteText(const KivNote& note) {
   const std::wstring item = std::wstring(note.kind) + L" = " + note.value;
   if (note.reason == kKivNoSuchFile)
     return item + L": there is no such file, and the host has nothing of this name";
-  return item + L" was refused by " + std::to_wstring(note.count) +
-         (note.count == 1 ? L" object: " : L" objects: ") + reasonText(note.reason);
+  const std::wstring count = std::to_wstring(note.count) + (note.count == 1 ? L" object" : L" objects");
+  return item + L" was refused by " + (note.count == 0 ? L"the drawing" : count) + L": " +
+         reasonText(note.reason);
 }
 
 }  // namespace

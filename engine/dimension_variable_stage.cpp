@@ -1,12 +1,10 @@
 // Setting of the drawing's dimension variables.
 
-#include <algorithm>
-
 #include "adscodes.h"
-#include "base/fold.h"
 #include "engine/dimension_value.h"
 #include "engine/host_variables.h"
 #include "engine/resource_stages.h"
+#include "spec/cvt_lines.h"
 
 namespace kiv {
 namespace {
@@ -29,27 +27,24 @@ bool setVariable(const DimensionVariable& variable, const std::wstring& text) {
   return setNumber(variable.name, isInteger ? RTSHORT : RTREAL, std::get<double>(*value));
 }
 
-// The later one of "," and "=" separates.
-std::size_t separatorOf(const std::wstring& entry) {
-  const std::size_t comma = entry.find(L',');
-  const std::size_t equal = entry.find(L'=');
-  if (comma == std::wstring::npos || equal == std::wstring::npos) return std::min(comma, equal);
-  return std::max(comma, equal);
+// The host itself does not say why.
+RefusalReason reasonOf(const DimensionVariable& variable, const std::wstring& text) {
+  if (variableType(variable.name) == RTNONE) return RefusalReason::kNotInThisVersion;
+  const bool isName = namesRecord(variable.name) && dimensionValue(variable, text);
+  return isName ? RefusalReason::kNoSuchName : RefusalReason::kBadValue;
 }
 
 }  // namespace
 
 void setDimensionVariables(RunState& run) {
   for (const std::wstring& entry : run.list(kDimensionVariableList)) {
-    const std::size_t separator = separatorOf(entry);
-    if (separator == std::wstring::npos || separator == 0) continue;
-    const std::wstring name(base::trim(std::wstring_view(entry).substr(0, separator)));
-    const std::wstring value(base::trim(std::wstring_view(entry).substr(separator + 1)));
-    const int row = findDimensionVariable(name);
+    const auto assignment = splitAssignment(entry);
+    const int row = assignment ? findDimensionVariable(assignment->key) : -1;
     if (row < 0) continue;
-    if (!setVariable(dimensionCatalogue()[static_cast<std::size_t>(row)], value)) {
-      run.problems.addNote(name, value, RefusalReason::kOther, 1);
-    }
+    const DimensionVariable& variable = dimensionCatalogue()[static_cast<std::size_t>(row)];
+    if (setVariable(variable, assignment->value)) continue;
+    const RefusalReason reason = reasonOf(variable, assignment->value);
+    run.problems.addNote(assignment->key, assignment->value, reason, kOfTheDrawing);
   }
 }
 

@@ -87,8 +87,9 @@ std::wstring currentLayerFreezeProblem(const std::wstring& layer) {
 
 std::wstring refusalLine(const std::wstring& kind, const std::wstring& value, RefusalReason reason,
                          int count) {
-  return kind + L"[" + value + L"] " + std::to_wstring(count) + L"件変換できませんでした: " +
-         reasonText(reason);
+  const std::wstring what = kind + L"[" + value + L"] ";
+  if (count == kOfTheDrawing) return what + L"図面に設定できませんでした: " + reasonText(reason);
+  return what + std::to_wstring(count) + L"件変換できませんでした: " + reasonText(reason);
 }
 
 }  // namespace kiv

@@ -8,14 +8,16 @@ namespace kiv {
 
 enum class RefusalReason { kOther, kNoSuchName, kNotInThisVersion, kBadValue, kNotForObject, kNoSuchFile };
 inline constexpr int kRefusalCount = 6;
+inline constexpr int kOfTheDrawing = 0;  // in place of a count: a variable of the drawing itself
 
 class ProblemSink {
  public:
   virtual ~ProblemSink() = default;
   // A line for the log. The sink drops repeated ones.
   virtual void addProblem(const std::wstring& text) = 0;
-  // `count` objects or layers refused a result: not a problem of the log. The sink adds up equal notes.
-  // `kind` is the item's key, a dimension variable's name, or the name of the section of a list's entry.
+  // `count` objects or layers, or the drawing, refused a result: not a problem of the log. The sink adds up
+  // equal notes. `kind` is the item's key, a dimension variable's name, or the name of the section of a
+  // list's entry.
   virtual void addNote(const std::wstring& kind, const std::wstring& value, RefusalReason reason,
                        int count) = 0;
 };

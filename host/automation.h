@@ -52,7 +52,7 @@ struct KivNote {
   const wchar_t* kind;   // the item's key as it stands in a CVT file, or a dimension variable's name
   const wchar_t* value;  // the value that was refused
   int reason;            // KivNoteReason
-  int count;             // how many objects refused it
+  int count;             // how many objects refused it; 0: the drawing, whose variable it is
 };
 
 struct KivRunReport {

@@ -29,7 +29,8 @@ void RunReport::addProblem(const std::wstring& text) {
 void RunReport::addNote(const std::wstring& kind, const std::wstring& value, RefusalReason reason,
                         int count) {
   for (ReportedNote& note : notes_) {
-    if (note.reason == reason && note.kind == kind && note.value == value) {
+    const bool isAlike = (note.count == kOfTheDrawing) == (count == kOfTheDrawing);
+    if (isAlike && note.reason == reason && note.kind == kind && note.value == value) {
       note.count += count;
       return;
     }

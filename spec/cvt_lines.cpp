@@ -46,6 +46,22 @@ bool isInvertedLine(std::wstring_view line) {
   return at != line.npos && at > 0;
 }
 
+std::optional<KeyAndValue> splitAssignment(std::wstring_view entry) {
+  const size_t comma = entry.find(L',');
+  const size_t equals = entry.find(L'=');
+  const bool hasBoth = comma != entry.npos && equals != entry.npos;
+  const size_t separator = hasBoth ? std::max(comma, equals) : std::min(comma, equals);
+  if (separator == entry.npos) return std::nullopt;
+  return KeyAndValue{std::wstring(base::trim(entry.substr(0, separator))),
+                     std::wstring(base::trim(entry.substr(separator + 1)))};
+}
+
+std::wstring joinFields(const std::vector<std::wstring>& fields) {
+  std::wstring line;
+  for (size_t index = 0; index < fields.size(); ++index) line += (index == 0 ? L"" : L",") + fields[index];
+  return line;
+}
+
 std::vector<std::wstring> splitFields(std::wstring_view line) {
   std::vector<std::wstring> fields;
   for (;;) {

@@ -1,6 +1,7 @@
 #pragma once
 // The lines of a specification file as a reader of 255-character lines sees them, and the parts of a line.
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,8 +28,12 @@ KeyAndValue splitRuleLine(std::wstring_view line);
 // True when "<>" stands somewhere behind the line's first character.
 bool isInvertedLine(std::wstring_view line);
 
+// "NAME,value" or "NAME=value": the later one of the first "," and the first "=" separates. Nothing: neither.
+std::optional<KeyAndValue> splitAssignment(std::wstring_view entry);
+
 // The trimmed fields between commas; at least one.
 std::vector<std::wstring> splitFields(std::wstring_view line);
+std::wstring joinFields(const std::vector<std::wstring>& fields);
 
 // What the bytes look like when they are not in the code page: "UTF-8", "UTF-16"; else empty.
 std::wstring otherEncoding(std::string_view bytes);

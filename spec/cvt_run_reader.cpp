@@ -31,9 +31,7 @@ std::wstring joined(std::vector<std::wstring> fields, int section) {
     fields.resize(9);
   }
   if (section == kArrowSection) fields = {splitFields(fields[0]).front()};
-  std::wstring line;
-  for (size_t index = 0; index < fields.size(); ++index) line += (index == 0 ? L"" : L",") + fields[index];
-  return line;
+  return joinFields(fields);
 }
 
 }  // namespace

@@ -180,25 +180,24 @@ void CvtSectionPass::takeListLine(const CvtLine& line) {
   const size_t most = info_.number == kFontSection ? 3 : 2;
   const bool complete = given >= 2 && given <= most && !fields[0].empty() && !fields[1].empty();
   if (!complete && !assigned) report(CvtProblem::kExtraOrMissingFields, line, std::to_wstring(given));
-  if (info_.number == kDimensionSettingSection) checkVariable(line);
   if (given > most) fields.resize(most);
+  if (info_.number == kDimensionSettingSection) checkVariable(line, fields.size());
   if (given == 1 && !assignment) fields.emplace_back();
   if (fields.size() == 3 && (fields[2].empty() || fields[2].find(L"----") != std::wstring::npos))
     fields.pop_back();
   section_.entries.push_back(std::move(fields));
 }
 
-// Of the comma and the sign, the later one separates.
-void CvtSectionPass::checkVariable(const CvtLine& line) {
-  const std::wstring_view text = line.text;
-  const size_t comma = text.find(L','), equals = text.find(L'=');
-  const bool hasBoth = comma != text.npos && equals != text.npos;
-  const size_t separator = hasBoth ? std::max(comma, equals) : std::min(comma, equals);
-  const std::wstring name = base::upper(base::trim(text.substr(0, separator)));
+// Split as a conversion does it, in the file's own case.
+void CvtSectionPass::checkVariable(const CvtLine& line, size_t fieldsKept) {
+  std::vector<std::wstring> fields = splitFields(line.text);
+  fields.resize(fieldsKept);
+  const auto assignment = splitAssignment(joinFields(fields));
+  const std::wstring name = base::upper(assignment ? assignment->key : fields[0]);
   if (findDimensionVariable(name) < 0) {
     report(CvtProblem::kUnknownVariable, line, name);
-  } else if (separator != text.npos) {
-    checkValue(line, kVariableKind, name, std::wstring(base::trim(text.substr(separator + 1))));
+  } else if (assignment) {
+    checkValue(line, kVariableKind, name, assignment->value);
   }
 }
 

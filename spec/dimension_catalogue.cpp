@@ -98,6 +98,10 @@ bool isArrowVariable(std::wstring_view name) {
   return base::startsWithFolded(name, L"DIMBLK") || base::equalFolded(name, L"DIMLDRBLK");
 }
 
+bool namesRecord(std::wstring_view name) {
+  return isArrowVariable(name) || base::equalFolded(name, L"DIMTXSTY");
+}
+
 bool isShownVariable(std::wstring_view name) {
   return base::equalFolded(name, L"DIMPOST") || base::equalFolded(name, L"DIMAPOST") ||
          base::equalFolded(name, L"DIMDSEP");

@@ -23,6 +23,9 @@ int findDimensionVariable(std::wstring_view name);
 // Variables whose value is an arrow block: names beginning with "DIMBLK", and "DIMLDRBLK"; ignoring case.
 bool isArrowVariable(std::wstring_view name);
 
+// Variables whose value is the name of a record of the drawing: arrow blocks, and the text style.
+bool namesRecord(std::wstring_view name);
+
 // Variables whose value is a text that dimensions show, and not a name or a number; ignoring case.
 bool isShownVariable(std::wstring_view name);
 

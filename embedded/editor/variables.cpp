@@ -110,6 +110,7 @@ int acedGetVar(const ACHAR* name, resbuf* result) {
   if (name == nullptr || result == nullptr || state.documents.current() == nullptr) return RTERROR;
   const cad::SystemVariable* variable = cad::findSystemVariable(name);
   if (variable == nullptr) return RTERROR;
+  if (!variable->existsIn(state.documents.current()->drawing().facts().version)) return RTERROR;
   const cad::Variable value = cad::readVariable(*variable, state);
   result->rbnext = nullptr;
   if (const std::wstring* text = std::get_if<std::wstring>(&value)) {

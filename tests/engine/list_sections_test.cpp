@@ -8,6 +8,7 @@ namespace {
 using namespace engine_test;
 using cad::Property;
 using cad::Table;
+using kiv::RefusalReason;
 
 class ListSections : public UndoneRunTest {
  protected:
@@ -67,7 +68,7 @@ TEST_F(ListSections, DimensionVariablesWhoseTypesDiffer) {
                                     {"DIMBLK1", L"_ArchTick"},
                                     {"DIMLWD", L"0"}})
     EXPECT_EQ(variable(name), value) << name;
-  EXPECT_EQ(sink_.notes, (std::vector<Note>{{L"DIMTXT", L"X", kiv::RefusalReason::kOther, 1}}));
+  EXPECT_EQ(sink_.notes, (std::vector<Note>{{L"DIMTXT", L"X", RefusalReason::kBadValue, 0}}));
   for (const char* version : {"AC1009", "AC1014", "AC1015", "AC1032"}) {
     std::string bytes = sampleDrawing();
     bytes.replace(bytes.find("AC1024"), 6, version);
@@ -90,19 +91,24 @@ TEST_F(ListSections, DimensionVariablesInOrderAndByTheirSeparators) {
 }
 
 TEST_F(ListSections, RefusedDimensionVariableIsANote) {
-  run({{L"寸法設定", L"DIMBLK, _DOT\nDIMSCALE, -5\nDIMTAD, 65537\nDIMTAD, 99\nDIMSHO, 0.5"}});
+  run({{L"寸法設定",
+        L"DIMBLK, _DOT\nDIMSCALE, -5\nDIMTAD, 65537\nDIMTAD, 99\nDIMSHO, 0.5\nDIMDSEP, ab\nDIMTXSTY, NONE\n"
+        L"DIMBLK, ﾕｰｻﾞ指定 (_NOARROW)"}});
   EXPECT_EQ(variable("DIMSCALE"), L"1.000000");
   EXPECT_EQ(variable("DIMTAD"), L"0");
   EXPECT_EQ(variable("DIMSHO"), L"absent");
-  EXPECT_EQ(sink_.notes.size(), 5U);
+  ASSERT_EQ(sink_.notes.size(), 8U);
+  for (std::size_t i = 0; i < 8; ++i)
+    EXPECT_EQ(sink_.notes[i].reason, i < 6 ? RefusalReason::kBadValue : RefusalReason::kNoSuchName) << i;
 }
 
+// A file without a folder is found beside the drawing.
 TEST_F(ListSections, LinetypesAreLoadedOnceAndFailuresAreProblems) {
   make("OFFICE.LIN",
        "*CHAIN,Chain ____ . ____\r\nA,10,-2,0,-2\r\n*DASHED,Other dashes\r\nA,1,-1\r\n*BAD,x\r\nA,x\r\n");
   const std::wstring file = base::pathText(folder_ / "OFFICE.LIN");
-  run({{L"線種のﾛｰﾄﾞ",
-        file + L", CHAIN\n" + file + L", DASHED\n" + file + L", NONE\n" + file + L", BAD\nMISSING.LIN, X1"},
+  run({{L"線種のﾛｰﾄﾞ", L"OFFICE.LIN, CHAIN\n" + file + L", DASHED\n" + file + L", NONE\n" + file +
+                           L", BAD\nMISSING.LIN, X1"},
        {L"文字", L"[***]\n{\n[線種] = CHAIN\n}"}});
   EXPECT_EQ(name(kText, Property::kLinetype), L"CHAIN");
   EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"線種[NONE]のロードができませんでした",

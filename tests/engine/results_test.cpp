@@ -43,8 +43,8 @@ TEST_F(Results, WhatTheVersionCannotHoldIsToldAlikeForEveryKind) {
     const char* version;
     const wchar_t* refused;
   } cases[] = {{"AC1021", L"透過性*1 透過性*4 "},
-               {"AC1014", L"印刷*1 線幅値*1 透過性*1 線幅値*4 透過性*4 "},
-               {"AC1009", L"印刷*1 線幅値*1 透過性*1 線幅値*4 透過性*4 線種尺度*4 "}};
+               {"AC1014", L"DIMLWD*0 印刷*1 線幅値*1 透過性*1 線幅値*4 透過性*4 DIMLWD*1 "},
+               {"AC1009", L"DIMLWD*0 印刷*1 線幅値*1 透過性*1 線幅値*4 透過性*4 線種尺度*4 DIMLWD*1 "}};
   for (const auto& c : cases) {
     std::string bytes = sampleDrawing();
     bytes.replace(bytes.find("AC1024"), 6, c.version);
@@ -52,7 +52,9 @@ TEST_F(Results, WhatTheVersionCannotHoldIsToldAlikeForEveryKind) {
     open(bytes);
     before_ = savedBytes();
     sink_.notes.clear();
-    run({{L"画層の色･線種", L"[画層] = NEW\n{\n[印刷] = OFF\n[線幅値] = 0.50 mm\n[透過性] = 60\n}"},
+    run({{L"寸法設定", L"DIMLWD, 25"},
+         {L"寸法", L"[***]\n{\n[DIMLWD] = 25\n}"},
+         {L"画層の色･線種", L"[画層] = NEW\n{\n[印刷] = OFF\n[線幅値] = 0.50 mm\n[透過性] = 60\n}"},
          {L"文字", L"[***]\n{\n[線幅値] = 0.50 mm\n[透過性] = 60\n[線種尺度] = 3\n}"}});
     std::wstring refused;
     for (const Note& note : sink_.notes) {

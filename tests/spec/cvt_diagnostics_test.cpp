@@ -84,10 +84,9 @@ TEST(CvtDiagnostics, ValuesThatDrawingsGetOtherwiseThanTheyAreWritten) {
   EXPECT_EQ(numbered(L"[寸法]\n[dimapost]=Abc\n{\n[DIMPOST]=<>mm\n[DIMAPOST]=\" "
                      L"ABC\n[dimtxsty]=kanji\n}\n---End---\n[EOF]\n"),
             "12:4 22:4");
-  EXPECT_EQ(
-      numbered(
-          L"[寸法設定]\nDIMPOST, <>mm\nDIMAPOST=ｍ\ndimpost, <>MM\ndimblk, 黒丸 (_Dot)\n---End---\n[EOF]\n"),
-      "22:2 22:3");
+  EXPECT_EQ(numbered(L"[寸法設定]\nDIMPOST, <>mm\nDIMAPOST=ｍ\ndimpost, <>MM\ndimblk, 黒丸 (_Dot)\n"
+                     L"DIMPOST,A=b\nDIMPOST=A,b\n---End---\n[EOF]\n"),
+            "22:2 22:3 17:6 17:7");
   EXPECT_EQ(numbered(L"[寸法]\n[DIMPOST] = <>MM\n[DIMPOST] <> <>MM\n{\n[色] <> 3\n}\n---End---\n[EOF]\n"),
             "12:2 23:2 12:3 24:5");
   EXPECT_EQ(
