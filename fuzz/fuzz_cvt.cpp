@@ -4,13 +4,14 @@
 #include <unistd.h>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <string_view>
 
 #include "base/codepage.h"
 #include "base/files.h"
+#include "fuzz/require.h"
+#include "fuzz/share.h"
 #include "spec/cvt_run_reader.h"
 #include "spec/cvt_tree_reader.h"
 #include "spec/cvt_writer.h"
@@ -18,10 +19,7 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using fuzz::require;
 
 const fs::path& folder() {
   static const fs::path path = [] {
@@ -52,6 +50,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   kiv::WorkLists lists;
   const bool usable = kiv::readWorkLists(folder() / "a.cvt", lists);
   const kiv::TreeLoad first = kiv::loadSpecification(folder(), L"a.cvt");
+  static fuzz::Share share("specifications");
+  share.add(usable);
   require(usable == first.isSpecification);
   require(usable || first.linesExamined == 0);
 

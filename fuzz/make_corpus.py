@@ -18,6 +18,42 @@ ENTITIES = [
      (1000, "DSTYLE"), (1002, "{"), (1070, 41), (1040, 3.0), (1002, "}")],
 ]
 
+# What the host's classes read besides: each with its subclass markers.
+SUBCLASSES = [
+    [(0, "MTEXT"), (100, "AcDbEntity"), (8, "壁"), (420, 0x102030), (100, "AcDbMText"), (10, 0.0), (20, 0.0),
+     (40, 2.5), (3, "{\\fArial;a"), (1, "b}\\Pc"), (7, "Standard"), (11, 0.0), (21, 1.0), (50, 1.5)],
+    [(0, "HATCH"), (100, "AcDbEntity"), (8, "0"), (440, 0x0200007F), (100, "AcDbHatch"), (2, "SOLID"), (70, 1),
+     (91, 1), (92, 7), (72, 0), (73, 1), (93, 2), (10, 0.0), (20, 0.0), (10, 1.0), (20, 1.0), (97, 0), (98, 0)],
+    [(0, "LEADER"), (100, "AcDbEntity"), (8, "0"), (100, "AcDbLeader"), (3, "STANDARD"), (76, 1), (10, 0.0),
+     (20, 0.0)],
+    [(0, "ATTDEF"), (100, "AcDbEntity"), (8, "0"), (100, "AcDbText"), (40, 2.5), (1, "v"), (50, 90.0),
+     (100, "AcDbAttributeDefinition"), (2, "T"), (70, 0), (280, 0), (101, "Embedded Object"), (40, 9.0)],
+    # As some programs write it: common groups behind the second marker, or no marker of the common part.
+    [(0, "LINE"), (100, "AcDbEntity"), (100, "AcDbLine"), (8, "壁"), (62, 1), (6, "CENTER"), (370, 25), (10, 0.0)],
+    [(0, "LINE"), (10, 0.0), (20, 1.0), (8, "壁"), (62, 2)],
+    [(0, "POLYLINE"), (8, "0"), (66, 1), (70, 0)], [(0, "VERTEX"), (8, "0"), (10, 0.0)], [(0, "SEQEND")],
+]
+TABLES = [
+    ("LTYPE", [(2, "CENTER"), (70, 0), (3, "__ _"), (72, 65), (73, 2), (40, 2.0), (49, 1.0), (49, -1.0)]),
+    ("STYLE", [(2, "Standard"), (70, 0), (40, 0.0), (41, 1.0), (50, 0.0), (3, "txt"), (4, ""), (1001, "ACAD"),
+               (1000, "Arial"), (1071, 34)]),
+    ("APPID", [(2, "ACAD"), (70, 0)]),
+    ("DIMSTYLE", [(2, "STANDARD"), (70, 0), (41, 2.5), (140, 2.5), (371, 25), (342, "1")]),
+]
+
+
+def rich_drawing():
+    groups = [(0, "SECTION"), (2, "HEADER"), (999, "by hand"), (9, "$ACADVER"), (1, "AC1024"), (9, "$CLAYER"),
+              (999, "comment"), (8, "壁"), (9, "$HANDSEED"), (5, "FF"), (0, "ENDSEC"), (0, "SECTION"), (2, "TABLES")]
+    for name, record in TABLES:
+        groups += [(0, "TABLE"), (2, name), (70, 1), (0, name), (100, "AcDbSymbolTableRecord"), *record, (0, "ENDTAB")]
+    groups += [(0, "TABLE"), (2, "LAYER"), (70, 1), (0, "LAYER"), (2, "壁"), (70, 0), (62, -3), (420, 255),
+               (6, "CENTER"), (290, 1), (370, 25), (1001, "AcCmTransparency"), (1071, 0x0200007F), (0, "ENDTAB")]
+    groups += [(0, "ENDSEC"), (0, "SECTION"), (2, "ENTITIES")]
+    for number, entity in enumerate(SUBCLASSES):
+        groups += [entity[0], (5, f"{0x40 + number:X}"), *entity[1:]]
+    return groups + [(0, "ENDSEC"), (0, "EOF")]
+
 
 def drawing(version):
     modern = version != "AC1009"
@@ -42,6 +78,19 @@ def as_text(groups, end="\r\n", encoding="cp932"):
     return "".join(f"{code:3d}{end}{value}{end}" for code, value in groups).encode(encoding)
 
 
+def in_another_manner(groups, end="\n"):
+    """Odd blanks before codes, lower case, comments everywhere."""
+    lines = [f"{' ' * (code % 7)}{code}{end}{value.lower() if isinstance(value, str) else value}{end}"
+             for code, value in groups]
+    return f"999{end} comment{end}".join(["", *lines]).encode("utf-8")
+
+
+def integer_format(code):
+    if 290 <= code < 300:
+        return "<b"
+    return "<i" if 90 <= code < 100 or 420 <= code < 430 or 440 <= code < 460 or code == 1071 else "<h"
+
+
 def as_binary(groups, wide):
     out = [b"AutoCAD Binary DXF\r\n\x1a\x00"]
     for code, value in groups:
@@ -49,7 +98,7 @@ def as_binary(groups, wide):
         if isinstance(value, float):
             out.append(struct.pack("<d", value))
         elif isinstance(value, int):
-            out.append(struct.pack("<h", value))
+            out.append(struct.pack(integer_format(code), value))
         else:
             out.append(value.encode("cp932") + b"\0")
     return b"".join(out)
@@ -115,14 +164,20 @@ def save(target, name, data):
 
 
 def main():
-    for target in ("dxf", "dxf_edit"):
-        for version in ("AC1009", "AC1015", "AC1032"):
-            groups = drawing(version)
-            encoding = "utf-8" if version == "AC1032" else "cp932"
-            save(target, f"{version}.dxf", as_text(groups, encoding=encoding))
-            save(target, f"{version}-binary.dxf", as_binary(groups, version != "AC1009"))
-        save(target, "line-feeds.dxf", as_text(drawing("AC1018"), end="\n"))
-        save(target, "truncated.dxf", as_text(drawing("AC1018"))[:-40])
+    for version in ("AC1009", "AC1015", "AC1032"):
+        groups = drawing(version)
+        encoding = "utf-8" if version == "AC1032" else "cp932"
+        save("dxf", f"{version}.dxf", as_text(groups, encoding=encoding))
+        save("dxf", f"{version}-binary.dxf", as_binary(groups, version != "AC1009"))
+    save("dxf", "line-feeds.dxf", as_text(drawing("AC1018"), end="\n"))
+    save("dxf", "truncated.dxf", as_text(drawing("AC1018"))[:-40])
+    save("dxf", "rich.dxf", as_text(rich_drawing(), encoding="utf-8"))
+    save("dxf", "rich-binary.dxf", as_binary(rich_drawing(), True))
+    save("dxf", "another-manner.dxf", in_another_manner(rich_drawing()))
+    save("dxf", "carriage-returns.dxf", as_text(drawing("AC1018"), end="\r"))
+    save("dxf", "no-end.dxf", as_text(rich_drawing()[:-1], encoding="utf-8"))
+    entities = [(0, "SECTION"), (2, "ENTITIES"), *sum(ENTITIES, []), (0, "ENDSEC"), (0, "EOF")]
+    save("dxf", "entities-only.dxf", as_text(entities))
     save("cvt", "whole.cvt", SPECIFICATION.replace("\n", "\r\n").encode("cp932"))
     save("cvt", "open-end.cvt", "[文字]\n[画層] = 0\n{\n[画層] = 1\n[寸法]\n[***]\n{\n".encode("cp932"))
     for number, pattern in enumerate(WILDCARDS):
