@@ -137,10 +137,12 @@ std::string commentsIn(std::string_view bytes, const Dialect& dialect) {
 }
 
 bool GroupCursor::next() {
+  bool found = false;
   do {
-    if (!readGroup(bytes_, group_.end, dialect_, group_)) return false;
-  } while (group_.code == kComment);
-  return true;
+    found = dialect_.binary ? readBinaryGroup(bytes_, group_.end, dialect_.wideCodes, group_)
+                            : readTextGroup(bytes_, group_.end, group_);
+  } while (found && group_.code == kComment);
+  return found;
 }
 
 std::optional<std::int64_t> integerValue(const Group& group, const Dialect& dialect) {

@@ -143,11 +143,11 @@ class CommonPlace {
     const int code = cursor.group().code;
     if (code != 0 && code != 5 && code != kLayerCode && code != kMarker) return;
     const bool atHome = cursor.inCommon();
-    if (!atHome && !cursor.maybeCommon(code_)) return;
     int rank = 0;
     if (code == kLayerCode) rank = atHome ? 4 : 2;
     if (code == kMarker) rank = atHome ? 3 : 1;
     if (rank < rank_ || (rank == rank_ && code == kMarker)) return;
+    if (!atHome && !cursor.maybeCommon(code_)) return;
     rank_ = rank;
     end_ = cursor.group().end;
   }
@@ -165,13 +165,11 @@ Located locateCommon(std::string_view bytes, const Dialect& dialect, int code) {
   while (cursor.next() && cursor.region() < Region::kEmbedded) {
     wanted.look(cursor);
     place.look(cursor);
-    if (code != kColorNumber) {
-      // What belongs there comes once.
-      if (wanted.atHome() && !cursor.inCommon() && cursor.region() == Region::kSubclass) break;
-      continue;
+    if (code == kColorNumber) {
+      trueColor.look(cursor);
+      colorName.look(cursor);
     }
-    trueColor.look(cursor);
-    colorName.look(cursor);
+    if (wanted.atHome() && cursor.region() == Region::kSubclass && !cursor.inCommon()) break;
   }
   return {wanted.found(),    wanted.group(),    place.end(),      trueColor.found(),
           colorName.found(), trueColor.group(), colorName.group()};

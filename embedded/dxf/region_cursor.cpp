@@ -2,7 +2,7 @@
 
 namespace cad::dxf {
 
-Region RegionTracker::enter(int code, std::string_view value) {
+Region RegionTracker::turn(int code, std::string_view value) {
   if (code >= 1000) {
     application_ = false;
     return outer_ = Region::kExtendedData;

@@ -21,11 +21,16 @@ enum class Region : std::uint8_t {
 class RegionTracker {
  public:
   // The region of a group; call for every group in order.
-  Region enter(int code, std::string_view value);
+  Region enter(int code, std::string_view value) {
+    if (code < 100) return application_ ? Region::kApplication : outer_;
+    return turn(code, value);
+  }
   std::string_view subclass() const { return subclass_; }  // the last marker's text
   const CommonGroups& common() const { return common_; }
 
  private:
+  Region turn(int code, std::string_view value);
+
   Region outer_ = Region::kHead;
   bool application_ = false;
   CommonGroups common_;

@@ -28,7 +28,7 @@ TEST(EditPlace, GroupsOfOtherPartsAreLeftAlone) {
       // behind the marker of the entity's own class, where they count as long as AcDbEntity has none
       {"AC1018", "0 LINE|5 A|100 AcDbEntity|100 AcDbLine|8 OLD|62 1|420 255|10 0.0",
        "0 LINE|5 A|100 AcDbEntity|100 AcDbLine|8 NEW|62 4|10 0.0"},
-      {"AC1018", "0 LINE|100 AcDbEntity|62 1|100 AcDbLine|8 OLD|62 9|430 RAL",
+      {"AC1018", "0 LINE|100 AcDbEntity|62 1|430 RAL|100 AcDbLine|8 OLD|62 9",
        "0 LINE|100 AcDbEntity|62 4|100 AcDbLine|8 NEW|62 9"},
       {"AC1015", "0 LINE|100 AcDbEntity|100 AcDbLine|8 OLD|10 0.0",
        "0 LINE|100 AcDbEntity|62 4|100 AcDbLine|8 NEW|10 0.0"},
