@@ -74,6 +74,18 @@ def drawing(version):
     return groups + [(0, "ENDSEC"), (0, "EOF")]
 
 
+def foreign():
+    """As other programs write: comments everywhere, common groups behind the class's own marker, no AcDbEntity."""
+    groups = drawing("AC1024")
+    start = groups.index((2, "ENTITIES")) + 1
+    groups[start:-2] = [
+        (0, "LINE"), (100, "AcDbEntity"), (100, "AcDbLine"), (8, "0"), (62, 3), (370, 25), (440, 33554559), (10, 0.0),
+        (0, "CIRCLE"), (100, "AcDbCircle"), (10, 0.0), (40, 1.0),
+        (0, "THING"), (100, "AcDbThing"), (8, "no"), (62, 9), (100, "AcDbEntity"), (8, "0"),
+        (0, "MTEXT"), (8, "0"), (100, "AcDbMText"), (1, "x"), (75, 1), (48, 9.0), (420, 255)]
+    return [each for group in groups for each in ((999, "comment"), group)]
+
+
 def as_text(groups, end="\r\n", encoding="cp932"):
     return "".join(f"{code:3d}{end}{value}{end}" for code, value in groups).encode(encoding)
 
@@ -178,6 +190,7 @@ def main():
     save("dxf", "no-end.dxf", as_text(rich_drawing()[:-1], encoding="utf-8"))
     entities = [(0, "SECTION"), (2, "ENTITIES"), *sum(ENTITIES, []), (0, "ENDSEC"), (0, "EOF")]
     save("dxf", "entities-only.dxf", as_text(entities))
+    save("dxf", "foreign.dxf", as_text(foreign()))
     save("cvt", "whole.cvt", SPECIFICATION.replace("\n", "\r\n").encode("cp932"))
     save("cvt", "open-end.cvt", "[文字]\n[画層] = 0\n{\n[画層] = 1\n[寸法]\n[***]\n{\n".encode("cp932"))
     for number, pattern in enumerate(WILDCARDS):
