@@ -121,7 +121,7 @@ Outcome CommandLine::runNamed(TokenReader& input, std::wstring_view typed) {
 }
 
 int CommandLine::run(std::vector<Token> tokens) {
-  if (!isBusy() || isInSession_) {
+  if (!runsInDocument()) {
     report({L"", L"A program can run commands only while a command of the document is running."});
     return RTERROR;
   }

@@ -60,6 +60,8 @@ class CommandLine {
   void drop(const Document* document);                                // its queued texts
   void clear();
   bool isBusy() const { return depth_ > 0; }
+  // A command that belongs to the application and to no document does not count.
+  bool runsInDocument() const { return isBusy() && !isInSession_; }
   // A typed command wants more input: the next text goes to it, unless its prompt is cancelled.
   bool hasOpenPrompt() const { return !openText_.empty(); }
   void cancelPrompt() { openText_.clear(); }

@@ -42,7 +42,7 @@ const ACHAR* Document::docTitle() const {
 
 bool Document::isQuiescent() const {
   const HostState& state = hostState();
-  return state.documents.current() != this || !state.commandLine.isBusy();
+  return state.documents.current() != this || !state.commandLine.runsInDocument();
 }
 
 bool Document::isHeldForWriting() const {

@@ -1,5 +1,6 @@
 // Settings of layers.
 
+#include "acdocman.h"
 #include "dbapserv.h"
 #include "dbobjptr.h"
 #include "tests/engine/run_fixture.h"
@@ -95,10 +96,12 @@ TEST_F(LayerSettings, NameInAnotherCaseIsNoRename) {
 }
 
 TEST_F(LayerSettings, UnobtainableRecordIsNamed) {
+  ASSERT_EQ(acDocManager->lockDocument(acDocManager->curDocument()), Acad::eOk);
   AcDbLayerTableRecordPointer held(L"NEW", acdbHostApplicationServices()->workingDatabase(), AcDb::kForWrite);
   ASSERT_EQ(held.openStatus(), Acad::eOk);
   convert(L"[画層] = *\n{\n[色] = 42\n}");
   held.close();
+  EXPECT_EQ(acDocManager->unlockDocument(acDocManager->curDocument()), Acad::eOk);
   EXPECT_EQ(sink_.problems,
             (std::vector<std::wstring>{L"画層変換で、画層[NEW]の情報が取得できませんでした"}));
   EXPECT_EQ(layerInteger(L"NEW", Property::kLayerColor), 3);

@@ -1,6 +1,5 @@
 #include "tests/engine/run_fixture.h"
 
-#include "acdocman.h"
 #include "adsdef.h"
 #include "engine/conversion_run.h"
 #include "platform/settings.h"
@@ -56,8 +55,6 @@ void RunTest::TearDown() {
 void RunTest::open(const std::string& bytes) {
   const base::Status opened = cad::Host::instance().openDocument(make("plan.dxf", bytes));
   ASSERT_TRUE(opened.ok()) << base::toUtf8(opened.failure().text());
-  // No command of the host holds the drawing here.
-  acDocManager->lockDocument(acDocManager->curDocument());
 }
 
 kiv::RunOutcome RunTest::run(const std::map<std::wstring, std::wstring>& sections) {

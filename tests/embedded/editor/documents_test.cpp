@@ -5,6 +5,7 @@
 #include "embedded/objects/database_access.h"
 #include "rxregsvc.h"
 #include "tests/embedded/editor/host_fixture.h"
+#include "tests/support/in_command.h"
 
 namespace {
 
@@ -61,6 +62,8 @@ TEST_F(DocumentsTest, ADocumentIsWrittenUnderACommandOrALock) {
   EXPECT_EQ(AcDbLayerTablePointer(document->database()).openStatus(), Acad::eOk) << "reading needs no lock";
   EXPECT_TRUE(host().execute(L"WRITE").ok());
   EXPECT_EQ(writing, Acad::eOk);
+  test_support::inCommand(writeLayers, ACRX_CMD_SESSION);
+  EXPECT_EQ(writing, Acad::eLockViolation) << "a command of the application locks for itself";
   EXPECT_EQ(acDocManager->lockDocument(document, AcAp::kRead), Acad::eOk);
   EXPECT_EQ(outside(), Acad::eLockViolation);
   EXPECT_EQ(acDocManager->lockDocument(document), Acad::eOk);
