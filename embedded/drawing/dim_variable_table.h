@@ -3,13 +3,13 @@
 // default, the drawing versions that have it and its group numbers stand. Header, dimension style, override
 // of a dimension and system variable all take them from here.
 
-#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <span>
 #include <string_view>
 
 #include "embedded/drawing/line_weights.h"
+#include "embedded/drawing/number_limits.h"
 #include "embedded/drawing/storage.h"
 
 namespace cad {
@@ -25,10 +25,6 @@ enum class DimType : std::uint8_t {
   kLinetype,   // a linetype's name
 };
 
-struct DimLimits {
-  double least, most;
-};
-
 // What the file format adds to a variable.
 struct DimGroups {
   int number = 0;  // in a dimension style and in overrides; 0: the variable lives in the header only
@@ -39,7 +35,7 @@ struct DimGroups {
 struct DimVariableInfo {
   std::string_view name;
   DimType type;
-  DimLimits limits;     // of numbers
+  NumberLimits limits;  // of numbers and characters
   double defaultValue;  // of a drawing in inches with no template; names default to "" unless a style
   DimGroups groups;
   Version first = Version::kR12, last = Version::kUnknown;
@@ -47,11 +43,6 @@ struct DimVariableInfo {
   bool isName() const { return type >= DimType::kTextStyle; }
   bool isInteger() const { return type <= DimType::kCharacter; }
   bool existsIn(Version version) const { return version >= first && version <= last; }
-  // Is a number one that the variable can have? Not for texts and names.
-  bool allows(double value) const {
-    if (!std::isfinite(value) || value < limits.least || value > limits.most) return false;
-    return type != DimType::kLineWeight || isLineWeight(static_cast<std::int64_t>(value));
-  }
 };
 
 namespace dim_table {
@@ -62,12 +53,13 @@ using enum Version;
 // The limits are those that the host's reference states for the variable or for the property of dimensions
 // that overrides it. Where it states none, any number of the type goes.
 inline constexpr double kMost = std::numeric_limits<double>::max();
-inline constexpr DimLimits kAny{-kMost, kMost}, kFromZero{0, kMost};
-inline constexpr DimLimits kAboveZero{std::numeric_limits<double>::denorm_min(), kMost};  // heights of texts
-inline constexpr DimLimits kOnOff{0, 1}, kPlaces{0, 8}, kColors{0, 256}, kWeights{-3, 211};
-inline constexpr DimLimits kZeros{0, 15};             // 0 to 3, with 4 and 8 added to it
-inline constexpr DimLimits kOneCharacter{1, 0x7FFF};  // a group of sixteen bits keeps it
-inline constexpr DimLimits kJogAngles{0.08726646259971647, 1.5707963267948966};  // 5 to 90 degrees
+inline constexpr NumberLimits kAny, kFromZero{0, kMost};
+inline constexpr NumberLimits kAboveZero{std::numeric_limits<double>::denorm_min(),
+                                         kMost};  // heights of texts
+inline constexpr NumberLimits kOnOff{0, 1}, kPlaces{0, 8}, kColors{0, 256}, kWeights{-3, 211, isLineWeight};
+inline constexpr NumberLimits kZeros{0, 15};             // 0 to 3, with 4 and 8 added to it
+inline constexpr NumberLimits kOneCharacter{1, 0x7FFF};  // a group of sixteen bits keeps it
+inline constexpr NumberLimits kJogAngles{0.08726646259971647, 1.5707963267948966};  // 5 to 90 degrees
 
 // name, type, limits, default, group numbers, first and last version
 inline constexpr DimVariableInfo kRows[] = {

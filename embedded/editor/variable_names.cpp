@@ -69,8 +69,7 @@ base::Result<Variable> headerForm(const SystemVariable& variable, const std::wst
     case VariableMeaning::kArrow:
       return arrowForm(variable, text, drawing);
     case VariableMeaning::kCharacter:
-      if (text.size() != 1 || text.front() < variable.least || text.front() > variable.most)
-        return refusal(variable, text);
+      if (text.size() != 1 || !variable.limits.hold(text.front())) return refusal(variable, text);
       return Variable(std::int64_t{text.front()});
     default:
       return Variable(text);

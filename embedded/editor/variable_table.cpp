@@ -14,24 +14,20 @@ using Home = VariableHome;
 using Type = VariableType;
 using Meaning = VariableMeaning;
 
-SystemVariable integer(std::string_view name, Home home, double value, double least, double most,
+SystemVariable integer(std::string_view name, Home home, double value, NumberLimits limits = {},
                        Version first = Version::kR12) {
-  return {name, Type::kShort, home, Meaning::kPlain, false, value, L"", least, most, nullptr, first};
+  return {name, Type::kShort, home, Meaning::kPlain, false, value, L"", limits, nullptr, first};
 }
-SystemVariable real(std::string_view name, Home home, double value, double least = 0, double most = 0,
+SystemVariable real(std::string_view name, Home home, double value, NumberLimits limits = {},
                     Version first = Version::kR12) {
-  return {name, Type::kReal, home, Meaning::kPlain, false, value, L"", least, most, nullptr, first};
+  return {name, Type::kReal, home, Meaning::kPlain, false, value, L"", limits, nullptr, first};
 }
 SystemVariable text(std::string_view name, Home home, const wchar_t* value, Meaning meaning = Meaning::kPlain,
                     Version first = Version::kR12) {
-  return {name, Type::kText, home, meaning, false, 0, value, 0, 0, nullptr, first};
-}
-SystemVariable weight(std::string_view name, double value) {
-  return {name, Type::kShort, Home::kDrawing, Meaning::kLineWeight, false, value, L"", 0,
-          0,    nullptr,      Version::kR2000};
+  return {name, Type::kText, home, meaning, false, 0, value, {}, nullptr, first};
 }
 SystemVariable computed(std::string_view name, Type type, Variable (*compute)(HostState&)) {
-  return {name, type, Home::kComputed, Meaning::kPlain, true, 0, L"", 0, 0, compute};
+  return {name, type, Home::kComputed, Meaning::kPlain, true, 0, L"", {}, compute};
 }
 
 constexpr double kLargest = 1e99;
@@ -40,49 +36,49 @@ constexpr double kSmallest = 1e-99;  // of what must be above 0
 const std::vector<SystemVariable>& drawingRows() {
   static const std::vector<SystemVariable> rows = {
       real("ANGBASE", Home::kDrawing, 0),
-      integer("ANGDIR", Home::kDrawing, 0, 0, 1),
-      integer("ATTMODE", Home::kDrawing, 1, 0, 2),
-      integer("AUNITS", Home::kDrawing, 0, 0, 4),
-      integer("AUPREC", Home::kDrawing, 0, 0, 8),
+      integer("ANGDIR", Home::kDrawing, 0, {0, 1}),
+      integer("ATTMODE", Home::kDrawing, 1, {0, 2}),
+      integer("AUNITS", Home::kDrawing, 0, {0, 4}),
+      integer("AUPREC", Home::kDrawing, 0, {0, 8}),
       text("CECOLOR", Home::kDrawing, L"BYLAYER", Meaning::kColor),
-      real("CELTSCALE", Home::kDrawing, 1, kSmallest, kLargest, Version::kR13),
+      real("CELTSCALE", Home::kDrawing, 1, {kSmallest, kLargest}, Version::kR13),
       text("CELTYPE", Home::kDrawing, L"ByLayer", Meaning::kLinetype),
-      weight("CELWEIGHT", -1),
+      integer("CELWEIGHT", Home::kDrawing, -1, dim_table::kWeights, Version::kR2000),
       text("CLAYER", Home::kDrawing, L"0", Meaning::kLayer),
       real("ELEVATION", Home::kDrawing, 0),
-      real("FILLETRAD", Home::kDrawing, 0, 0, kLargest),
-      integer("FILLMODE", Home::kDrawing, 1, 0, 1),
-      integer("INSUNITS", Home::kDrawing, 0, 0, 24, Version::kR2000),
-      integer("LIMCHECK", Home::kDrawing, 0, 0, 1),
-      real("LTSCALE", Home::kDrawing, 1, kSmallest, kLargest),
-      integer("LUNITS", Home::kDrawing, 2, 1, 5),
-      integer("LUPREC", Home::kDrawing, 4, 0, 8),
-      integer("LWDISPLAY", Home::kDrawing, 0, 0, 1, Version::kR2000),
-      integer("MEASUREMENT", Home::kDrawing, 0, 0, 1, Version::kR14),
-      integer("MIRRTEXT", Home::kDrawing, 0, 0, 1),
-      integer("ORTHOMODE", Home::kDrawing, 0, 0, 1),
-      integer("PDMODE", Home::kDrawing, 0, 0, 100),
+      real("FILLETRAD", Home::kDrawing, 0, {0, kLargest}),
+      integer("FILLMODE", Home::kDrawing, 1, {0, 1}),
+      integer("INSUNITS", Home::kDrawing, 0, {0, 24}, Version::kR2000),
+      integer("LIMCHECK", Home::kDrawing, 0, {0, 1}),
+      real("LTSCALE", Home::kDrawing, 1, {kSmallest, kLargest}),
+      integer("LUNITS", Home::kDrawing, 2, {1, 5}),
+      integer("LUPREC", Home::kDrawing, 4, {0, 8}),
+      integer("LWDISPLAY", Home::kDrawing, 0, {0, 1}, Version::kR2000),
+      integer("MEASUREMENT", Home::kDrawing, 0, {0, 1}, Version::kR14),
+      integer("MIRRTEXT", Home::kDrawing, 0, {0, 1}),
+      integer("ORTHOMODE", Home::kDrawing, 0, {0, 1}),
+      integer("PDMODE", Home::kDrawing, 0, {0, 100}),
       real("PDSIZE", Home::kDrawing, 0),
-      real("PLINEWID", Home::kDrawing, 0, 0, kLargest),
-      integer("PSLTSCALE", Home::kDrawing, 1, 0, 1),
-      integer("QTEXTMODE", Home::kDrawing, 0, 0, 1),
-      integer("REGENMODE", Home::kDrawing, 1, 0, 1),
-      real("TEXTSIZE", Home::kDrawing, 0.2, kSmallest, kLargest),
+      real("PLINEWID", Home::kDrawing, 0, {0, kLargest}),
+      integer("PSLTSCALE", Home::kDrawing, 1, {0, 1}),
+      integer("QTEXTMODE", Home::kDrawing, 0, {0, 1}),
+      integer("REGENMODE", Home::kDrawing, 1, {0, 1}),
+      real("TEXTSIZE", Home::kDrawing, 0.2, {kSmallest, kLargest}),
       text("TEXTSTYLE", Home::kDrawing, L"Standard", Meaning::kTextStyle),
       real("THICKNESS", Home::kDrawing, 0),
-      integer("TILEMODE", Home::kDrawing, 1, 0, 1),
-      real("TRACEWID", Home::kDrawing, 0.05, 0, kLargest),
-      integer("USERI1", Home::kDrawing, 0, 0, 0),
-      integer("USERI2", Home::kDrawing, 0, 0, 0),
-      integer("USERI3", Home::kDrawing, 0, 0, 0),
-      integer("USERI4", Home::kDrawing, 0, 0, 0),
-      integer("USERI5", Home::kDrawing, 0, 0, 0),
+      integer("TILEMODE", Home::kDrawing, 1, {0, 1}),
+      real("TRACEWID", Home::kDrawing, 0.05, {0, kLargest}),
+      integer("USERI1", Home::kDrawing, 0),
+      integer("USERI2", Home::kDrawing, 0),
+      integer("USERI3", Home::kDrawing, 0),
+      integer("USERI4", Home::kDrawing, 0),
+      integer("USERI5", Home::kDrawing, 0),
       real("USERR1", Home::kDrawing, 0),
       real("USERR2", Home::kDrawing, 0),
       real("USERR3", Home::kDrawing, 0),
       real("USERR4", Home::kDrawing, 0),
       real("USERR5", Home::kDrawing, 0),
-      integer("VISRETAIN", Home::kDrawing, 1, 0, 1),
+      integer("VISRETAIN", Home::kDrawing, 1, {0, 1}),
   };
   return rows;
 }
@@ -100,18 +96,18 @@ const std::vector<SystemVariable>& sessionRows() {
       computed("DWGTITLED", Type::kShort, drawingHasFile),
       computed("TEMPPREFIX", Type::kText, temporaryFolder),
       computed("WRITESTAT", Type::kShort, drawingWritable),
-      integer("ATTDIA", Home::kSession, 0, 0, 1),
-      integer("ATTREQ", Home::kSession, 1, 0, 1),
-      integer("CMDDIA", Home::kSession, 0, 0, 1),
-      integer("CMDECHO", Home::kSession, 1, 0, 1),
-      integer("ERRNO", Home::kSession, 0, 0, 0),
-      integer("EXPERT", Home::kSession, 0, 0, 5),
-      integer("FILEDIA", Home::kSession, 0, 0, 1),
-      integer("HIGHLIGHT", Home::kSession, 1, 0, 1),
-      integer("NOMUTT", Home::kSession, 0, 0, 1),
-      integer("OSMODE", Home::kSession, 0, 0, 32767),
-      integer("PICKFIRST", Home::kSession, 0, 0, 1),
-      integer("SDI", Home::kSession, 0, 0, 3),
+      integer("ATTDIA", Home::kSession, 0, {0, 1}),
+      integer("ATTREQ", Home::kSession, 1, {0, 1}),
+      integer("CMDDIA", Home::kSession, 0, {0, 1}),
+      integer("CMDECHO", Home::kSession, 1, {0, 1}),
+      integer("ERRNO", Home::kSession, 0),
+      integer("EXPERT", Home::kSession, 0, {0, 5}),
+      integer("FILEDIA", Home::kSession, 0, {0, 1}),
+      integer("HIGHLIGHT", Home::kSession, 1, {0, 1}),
+      integer("NOMUTT", Home::kSession, 0, {0, 1}),
+      integer("OSMODE", Home::kSession, 0, {0, 32767}),
+      integer("PICKFIRST", Home::kSession, 0, {0, 1}),
+      integer("SDI", Home::kSession, 0, {0, 3}),
       text("USERS1", Home::kSession, L""),
       text("USERS2", Home::kSession, L""),
       text("USERS3", Home::kSession, L""),
@@ -126,15 +122,11 @@ SystemVariable dimensionRow(const DimVariableInfo& info) {
   row.first = info.first;
   row.last = info.last;
   row.defaultNumber = info.defaultValue;
-  row.least = info.limits.least;
-  row.most = info.limits.most;
+  row.limits = info.limits;
   switch (info.type) {
     case DimType::kInteger:
-      row.type = Type::kShort;
-      break;
     case DimType::kLineWeight:
       row.type = Type::kShort;
-      row.meaning = Meaning::kLineWeight;
       break;
     case DimType::kReal:
       row.type = Type::kReal;

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "embedded/drawing/number_limits.h"
 #include "embedded/drawing/storage.h"
 
 namespace cad {
@@ -25,10 +26,9 @@ enum class VariableMeaning : unsigned char {
   kLinetype,
   kTextStyle,
   kDimStyle,
-  kArrow,       // an arrow block; "." and "" are the closed filled arrow
-  kColor,       // the header keeps a number, the host shows "BYLAYER", "BYBLOCK" or the number
-  kCharacter,   // the header keeps a character's number, within the limits
-  kLineWeight,  // one of the steps
+  kArrow,      // an arrow block; "." and "" are the closed filled arrow
+  kColor,      // the header keeps a number, the host shows "BYLAYER", "BYBLOCK" or the number
+  kCharacter,  // the header keeps a character's number, within the limits
 };
 
 struct SystemVariable {
@@ -39,7 +39,7 @@ struct SystemVariable {
   bool readOnly = false;
   double defaultNumber = 0;
   const wchar_t* defaultText = L"";
-  double least = 0, most = 0;  // limits of a number; equal: none but those of the type
+  NumberLimits limits = {};  // of a number or a character
   Variable (*compute)(HostState& state) = nullptr;
   Version first = Version::kR12, last = Version::kUnknown;  // drawing versions that can keep it
 

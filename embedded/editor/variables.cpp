@@ -1,10 +1,7 @@
 #include "embedded/editor/variables.h"
 
-#include <cmath>
-
 #include "acedads.h"
 #include "base/codepage.h"
-#include "embedded/drawing/line_weights.h"
 #include "embedded/editor/host_state.h"
 #include "embedded/editor/integer_part.h"
 #include "embedded/editor/result_buffer.h"
@@ -38,24 +35,15 @@ Variable typed(const SystemVariable& variable, const Variable& stored) {
   return whole ? Variable(*whole) : defaultOf(variable);
 }
 
-base::Status checkNumber(const SystemVariable& variable, double value) {
-  if (!std::isfinite(value)) return refusal(variable, L"The value is not a number.");
-  const bool isStep =
-      variable.meaning != VariableMeaning::kLineWeight || isLineWeight(static_cast<std::int64_t>(value));
-  const bool isBounded = variable.least != variable.most;
-  if (!isStep || (isBounded && (value < variable.least || value > variable.most)))
-    return refusal(variable, L"The value is outside its limits.");
-  return {};
-}
-
 base::Status check(const SystemVariable& variable, const Variable& value) {
   const bool isText = std::holds_alternative<std::wstring>(value);
   const bool isReal = std::holds_alternative<double>(value);
   if (isText != (variable.type == VariableType::kText) || isReal != (variable.type == VariableType::kReal))
     return refusal(variable, L"The value is of another type.");
   if (isText) return {};
-  return checkNumber(variable,
-                     isReal ? std::get<double>(value) : static_cast<double>(std::get<std::int64_t>(value)));
+  const double number = isReal ? std::get<double>(value) : static_cast<double>(std::get<std::int64_t>(value));
+  if (!variable.limits.hold(number)) return refusal(variable, L"The value is outside its limits.");
+  return {};
 }
 
 // What the header has. An arrow whose block the drawing does not have is drawn as the default one.

@@ -105,11 +105,11 @@ AcCmColor dimColor(const AcDbObject& object, const DimVariableInfo& info) {
 }
 
 Acad::ErrorStatus setDimInteger(AcDbObject& object, const DimVariableInfo& info, std::int64_t value) {
-  return info.allows(static_cast<double>(value)) ? write(object, info, value) : Acad::eInvalidInput;
+  return info.limits.hold(static_cast<double>(value)) ? write(object, info, value) : Acad::eInvalidInput;
 }
 
 Acad::ErrorStatus setDimReal(AcDbObject& object, const DimVariableInfo& info, double value) {
-  return info.allows(value) ? write(object, info, value) : Acad::eInvalidInput;
+  return info.limits.hold(value) ? write(object, info, value) : Acad::eInvalidInput;
 }
 
 Acad::ErrorStatus setDimText(AcDbObject& object, const DimVariableInfo& info, const ACHAR* value) {
