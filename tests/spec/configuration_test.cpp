@@ -26,7 +26,7 @@ TEST_F(Configuration, FolderBesideTheModule) {
 }
 
 TEST_F(Configuration, TheSamplesOfTheProductAreUnderstood) {
-  std::filesystem::copy(KIV_SAMPLES, folder_ / "samples");
+  std::filesystem::copy(KIV_SHIPPED_SAMPLES, folder_ / "samples");
   const std::filesystem::path made = folder_ / "CFG";
   ASSERT_TRUE(makeConfigurationFolder(base::pathText(made / "")).ok());
   size_t specifications = 0;

@@ -9,7 +9,7 @@ import pathlib
 import sys
 import tempfile
 
-import check_samples
+import check_drawings
 
 COMMON_CODES = {b"8", b"6", b"62", b"370", b"48"}
 
@@ -88,7 +88,7 @@ def make(drawing, folder):
 
 def main(program, cases):
     with tempfile.TemporaryDirectory() as work, tempfile.TemporaryDirectory() as drawings:
-        check = check_samples.Check(program, pathlib.Path(work))
+        check = check_drawings.Check(program, pathlib.Path(work))
         for case in ("conditions-on-texts", "conditions-on-others", "format-r12", "format-r14", "format-2007"):
             for path in make(pathlib.Path(cases) / case / "drawing.dxf", pathlib.Path(drawings)):
                 marked = check.objects_marked

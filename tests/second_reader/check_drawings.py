@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Converts real drawings and looks at the results with two readers that are not the product's.
 
-    check_samples.py KIVCVT FOLDER        all in it and below; exit status: 0 all is well, 1 not
+    check_drawings.py KIVCVT FOLDER        all in it and below; exit status: 0 all is well, 1 not
 
 The comparison of records finds only the groups that the rules name, and python3-ezdxf finds exactly the new
 colours and heights, on exactly the entities that the rules select. Before and after, conditions see of every
