@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "embedded/drawing/dim_variable_table.h"
+#include "embedded/drawing/record_names.h"
 #include "embedded/dxf/group_writer.h"
 #include "embedded/dxf/record_builder.h"
 #include "embedded/dxf/record_tools.h"
@@ -36,10 +37,7 @@ base::Status checkName(const Drawing& drawing, Table table, std::wstring_view na
   if (table == Table::kAppId || drawing.find(table, name) != kNoRecord) return {};
   std::wstring_view rest = name;
   if (table == Table::kBlockRecord && rest.front() == L'*') rest.remove_prefix(1);
-  for (const wchar_t c : rest) {
-    if (c < 0x20 || std::wstring_view(L"<>/\\\":;?*,=`").find(c) != std::wstring_view::npos)
-      return failure(name, L"The name holds a character that names cannot have");
-  }
+  if (hasForbiddenCharacter(rest)) return failure(name, L"The name holds a character that names cannot have");
   return {};
 }
 

@@ -3,6 +3,7 @@
 
 #include "acdbads.h"
 #include "base/fold.h"
+#include "embedded/drawing/record_names.h"
 #include "embedded/editor/host_state.h"
 #include "embedded/editor/result_buffer.h"
 
@@ -100,12 +101,5 @@ resbuf* acdbTblNext(const ACHAR* table, int rewind) {
 }
 
 int acdbSNValid(const ACHAR* name, int pipeTest) {
-  const std::wstring_view text = name == nullptr ? L"" : name;
-  constexpr std::wstring_view kForbidden = L"<>/\\\":;?*,=`";
-  if (text.empty() || text.size() > 255 || text.find_first_of(kForbidden) != text.npos) return RTERROR;
-  if (std::any_of(text.begin(), text.end(), [](wchar_t c) { return c < L' '; })) return RTERROR;
-  if (text.front() == L' ' || text.back() == L' ') return RTERROR;
-  const std::size_t pipe = text.find(L'|');
-  if (pipe == text.npos) return RTNORM;
-  return pipeTest != 0 && pipe != 0 && text.back() != L'|' ? RTNORM : RTERROR;
+  return name != nullptr && cad::isRecordName(name, pipeTest != 0) ? RTNORM : RTERROR;
 }

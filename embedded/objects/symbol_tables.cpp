@@ -2,8 +2,7 @@
 
 #include "dbsymtb.h"
 
-#include <algorithm>
-
+#include "embedded/drawing/record_names.h"
 #include "embedded/objects/object_access.h"
 #include "embedded/objects/values.h"
 
@@ -28,15 +27,6 @@ Table kindOf(const AcDbSymbolTableRecord& record) {
   if (AcDbDimStyleTableRecord::cast(&record)) return Table::kDimStyle;
   if (AcDbRegAppTableRecord::cast(&record)) return Table::kAppId;
   return AcDbBlockTableRecord::cast(&record) ? Table::kBlock : Table::kNone;
-}
-
-// Names may hold anything but control characters and these.
-bool isValidName(std::wstring_view name) {
-  constexpr std::size_t kLongestName = 255;
-  if (name.empty() || name.size() > kLongestName) return false;
-  return std::none_of(name.begin(), name.end(), [](wchar_t c) {
-    return c < L' ' || std::wstring_view(L"<>/\\\":;?*|,=`").find(c) != std::wstring_view::npos;
-  });
 }
 
 Acad::ErrorStatus writeDetached(AcDbSymbolTableRecord& record, Property property,
@@ -126,7 +116,8 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
   ObjectAccess::adopt(*record, state, added.value());
   id = record->objectId();
   // A property that this drawing cannot hold is left out, as if it had never been set.
-  for (const auto& [property, value] : values.values) (void)writeDetached(*record, property, value);
+  for (const auto& [property, value] : values.values)
+    static_cast<void>(writeDetached(*record, property, value));
   return Acad::eOk;
 }
 
@@ -187,7 +178,7 @@ ACHAR* AcDbSymbolTableRecord::getName() const {
 }
 
 Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
-  if (!name || !isValidName(name)) return Acad::eInvalidInput;
+  if (!name || !cad::isRecordName(name)) return Acad::eInvalidInput;
   if (isNewObject()) {
     ObjectAccess::detach(*this).name = name;
     return Acad::eOk;

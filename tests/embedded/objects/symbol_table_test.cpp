@@ -82,8 +82,8 @@ TEST_F(SymbolTableTest, RefusedRecordsStayTheCallers) {
 TEST_F(SymbolTableTest, ALayerIsRenamedWithItsReferences) {
   AcDbLayerTableRecordPointer walls(L"Walls", database_.get(), AcDb::kForWrite);
   EXPECT_EQ(walls->setName(L"furniture"), Acad::eDuplicateRecordName);
-  EXPECT_EQ(walls->setName(L"<bad>"), Acad::eInvalidInput);
-  EXPECT_EQ(walls->setName(L"SITE|WALLS"), Acad::eInvalidInput);
+  for (const wchar_t* bad : {L"<bad>", L"SITE|WALLS", L" A", L"A ", L"A\tB", L""})
+    EXPECT_EQ(walls->setName(bad), Acad::eInvalidInput) << bad;
   EXPECT_EQ(walls->setName(L"A-WALL"), Acad::eOk);
   EXPECT_EQ(layerOf(0x50), L"A-WALL");
   EXPECT_EQ(layerOf(0x57), L"A-WALL");
