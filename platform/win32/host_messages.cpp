@@ -1,5 +1,5 @@
-// The one file that sees the framework, in which the host hands out its windows. The framework's header comes
-// before the system's.
+// The one file of platform/win32 that sees the framework, in which the host hands out its windows. The
+// framework's header comes before the system's.
 
 #include "afxwin.h"
 #include "rxmfcapi.h"
