@@ -91,8 +91,7 @@ Status DrawingConversion::convertOpen(const PlannedDrawing& drawing, int runsBef
   conversion.logFile = logFile_.c_str();
   if (!session_.setConversion(conversion)) return Failure{L"", L"the module refused the options"};
 
-  session_.host().clearLastSave();
-  static_cast<void>(session_.host().takeRemarks());
+  session_.host().beginRun();
   session_.takeOutput();
   const Status executed = session_.host().execute(kConversionCommand);
   const KivRunReport report = session_.lastRunReport();

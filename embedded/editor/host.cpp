@@ -100,8 +100,12 @@ void* Host::moduleSymbol(std::wstring_view module, const char* symbol) {
   return state_->modules.symbol(module, symbol);
 }
 
+void Host::beginRun() {
+  state_->lastSave.reset();
+  state_->remarks.clear();
+}
+
 const std::optional<SaveReport>& Host::lastSave() const { return state_->lastSave; }
 std::vector<base::Failure> Host::takeRemarks() { return std::exchange(state_->remarks, {}); }
-void Host::clearLastSave() { state_->lastSave.reset(); }
 
 }  // namespace cad

@@ -87,11 +87,11 @@ class Host {
   // An exported function of a loaded module; null when the module or the function is missing.
   void* moduleSymbol(std::wstring_view module, const char* symbol);
 
-  // Empty when nothing was saved since the last clearLastSave().
+  void beginRun();  // forgets the last save and the remarks that nobody took
+  // Empty when nothing was saved since the last beginRun().
   const std::optional<SaveReport>& lastSave() const;
   // What functions of the interface have said since the last call, beyond the status that they return.
   std::vector<base::Failure> takeRemarks();
-  void clearLastSave();
 
   HostState& state() { return *state_; }
 
