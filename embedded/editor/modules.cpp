@@ -7,7 +7,7 @@
 #include "embedded/editor/file_search.h"
 #include "embedded/editor/host_state.h"
 #include "embedded/editor/output.h"
-#include "embedded/module/api_version.h"
+#include "embedded/objects/api_version.h"
 #include "rxdlinkr.h"
 #include "rxregsvc.h"
 

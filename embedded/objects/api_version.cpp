@@ -1,4 +1,4 @@
-#include "embedded/module/api_version.h"
+#include "embedded/objects/api_version.h"
 
 #if defined(_WIN32)
 #define MODULE_EXPORT __declspec(dllexport)
