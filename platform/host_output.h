@@ -1,12 +1,11 @@
 #pragma once
-// Printing on the host's command line.
+// Telling a person what went wrong, on the host's command line.
 
 #include <string_view>
 
-namespace kiv {
+#include "siblings/common/host_output.h"
 
-// As it stands: "%" has no meaning. A text begins with its own line break.
-void printOnCommandLine(std::wstring_view text);
+namespace kiv {
 
 // "\nKivｴﾗｰ:" and the text.
 void printError(std::wstring_view text);

@@ -3,6 +3,7 @@
 #include "dbdim.h"
 #include "dbents.h"
 #include "dbmtext.h"
+#include "siblings/common/insert_class.h"
 
 namespace kiv {
 namespace {
@@ -15,7 +16,7 @@ bool dimensionsCarry(PickItem item) {
 }
 
 std::uint32_t kindOf(const AcDbEntity& entity, PickItem item) {
-  if (entity.isKindOf(AcDbBlockReference::desc())) return kPickBlockReferences;
+  if (isInsertClass(*entity.isA())) return kPickBlockReferences;
   if (entity.isKindOf(AcDbText::desc()) || entity.isKindOf(AcDbMText::desc())) return kPickTexts;
   const bool carriesText = dimensionsCarry(item) && entity.isKindOf(AcDbDimension::desc());
   return carriesText ? kPickOthers | kPickTexts : kPickOthers;

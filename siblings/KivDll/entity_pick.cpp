@@ -6,13 +6,12 @@
 #include "siblings/KivDll/entity_kind.h"
 #include "siblings/KivDll/exports.h"
 #include "siblings/KivDll/picked_values.h"
+#include "siblings/common/host_output.h"
 
 namespace kiv {
 namespace {
 
 constexpr int kFirstItem = static_cast<int>(PickItem::kLayer), kLastItem = static_cast<int>(PickItem::kPlot);
-
-void say(const std::wstring& text) { acutPrintf(L"%ls", text.c_str()); }
 
 // The host's own word for why a pick gave nothing.
 bool wasEmptyPick() {
@@ -30,7 +29,7 @@ AcDbObjectId letPick(const wchar_t* prompt) {
   if (outcome == RTNORM) {
     acdbGetObjectId(id, picked);
   } else if (outcome == RTERROR && wasEmptyPick()) {
-    say(L"\n図形が見つかりません。");
+    printOnCommandLine(L"\n図形が見つかりません。");
   }
   return id;
 }
@@ -40,15 +39,15 @@ std::vector<std::wstring> pick(const wchar_t* prompt, PickItem item, std::uint32
   if (id.isNull()) return {};
   const AcDbEntityPointer entity(id, AcDb::kForRead);
   if (entity.openStatus() != Acad::eOk) {
-    say(L"\n図形を読み取れません。");
+    printOnCommandLine(L"\n図形を読み取れません。");
     return {};
   }
   if (!isAdmitted(*entity.object(), item, mask)) {
-    say(wrongKindMessage(item, mask));
+    printOnCommandLine(wrongKindMessage(item, mask));
     return {};
   }
   std::vector<std::wstring> values = pickedValues(*entity.object(), item);
-  if (values.empty()) say(L"\nこの図形には該当する値がありません。");
+  if (values.empty()) printOnCommandLine(L"\nこの図形には該当する値がありません。");
   return values;
 }
 

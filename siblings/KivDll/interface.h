@@ -17,7 +17,7 @@ using SetCommonSetting = int(const wchar_t* key, const wchar_t* text);
 
 // --- Picking an entity for the value of one item -----------------------------------------------------------
 
-// The kinds of entities that a pick admits: bits of its mask.
+// The kinds of entities that a pick admits: bits of its mask. A table is no block reference.
 inline constexpr std::uint32_t kPickBlockReferences = 0x0020;
 // TEXT, MTEXT, attribute definitions, attributes; for the style, the height and the angle of texts dimensions
 // too, whose text has these (DIMTXSTY, DIMTXT, its rotation), but no width factor.

@@ -9,6 +9,7 @@
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "siblings/KivDll/value_texts.h"
+#include "siblings/common/insert_class.h"
 
 namespace kiv {
 namespace {
@@ -56,8 +57,8 @@ Value widthFactor(const AcDbEntity& entity) {
 }
 
 Value block(const AcDbEntity& entity) {
-  const auto* reference = AcDbBlockReference::cast(&entity);
-  return reference == nullptr ? std::nullopt : nameOf(reference->blockTableRecord());
+  if (!isInsertClass(*entity.isA())) return std::nullopt;
+  return nameOf(static_cast<const AcDbBlockReference&>(entity).blockTableRecord());
 }
 
 Value dimStyle(const AcDbEntity& entity) {

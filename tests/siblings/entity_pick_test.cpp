@@ -13,7 +13,7 @@ using Values = std::vector<std::wstring>;
 
 // How high the entities of pick.dxf lie, each alone. The drawing is of 2010, where layers and entities have
 // lineweights and transparency.
-constexpr double kLine = 0, kText = 10.5, kMText = 21, kInsert = 30, kDimension = 40, kNothing = 90;
+constexpr double kLine = 0, kText = 10.5, kMText = 21, kInsert = 30, kDimension = 40, kTable = 50, kNothing = 90;
 
 class EntityPickTest : public cad_test::HostTest {
  protected:
@@ -88,6 +88,7 @@ TEST_F(EntityPickTest, PropertiesOfTexts) {
     }
   }
   EXPECT_EQ(single(PickItem::kBlock, kInsert), L"DOOR");
+  EXPECT_EQ(single(PickItem::kBlock, kTable), L"(none)") << "its block is the host's own drawing of it";
   EXPECT_EQ(single(PickItem::kDimStyle, kDimension), L"ARCH");
 }
 
@@ -103,6 +104,7 @@ TEST_F(EntityPickTest, WhatTheMaskLeavesOutIsRefusedAloud) {
   EXPECT_TRUE(pick(PickItem::kTextHeight, kMText, kPickTexts));
   EXPECT_TRUE(pick(PickItem::kBlock, kInsert, kPickBlockReferences));
   EXPECT_TRUE(pick(PickItem::kColor, kDimension, kPickAllButBlockReferences));
+  EXPECT_TRUE(pick(PickItem::kColor, kTable, kPickAllButBlockReferences));
 }
 
 TEST_F(EntityPickTest, PicksWithoutAValueFail) {
