@@ -19,7 +19,7 @@ std::wstring withTrailingSeparator(const std::wstring& folder) {
   return base::pathText(base::pathFromText(folder) / "");
 }
 
-const wchar_t* reasonText(int reason) {
+const wchar_t* noteReason(int reason) {
   switch (reason) {
     case kKivNoSuchName:
       return L"the drawing has nothing of this name";
@@ -34,13 +34,17 @@ const wchar_t* reasonText(int reason) {
   }
 }
 
+std::wstring refuserText(const KivNote& note) {
+  if (note.refuser == kKivDrawing) return L"the drawing";
+  return std::to_wstring(note.count) + (note.refuser == kKivLayers ? L" layer" : L" object") +
+         (note.count == 1 ? L"" : L"s");
+}
+
 std::wstring noteText(const KivNote& note) {
   const std::wstring item = std::wstring(note.kind) + L" = " + note.value;
   if (note.reason == kKivNoSuchFile)
     return item + L": there is no such file, and the host has nothing of this name";
-  const std::wstring count = std::to_wstring(note.count) + (note.count == 1 ? L" object" : L" objects");
-  return item + L" was refused by " + (note.count == 0 ? L"the drawing" : count) + L": " +
-         reasonText(note.reason);
+  return item + L" was refused by " + refuserText(note) + L": " + noteReason(note.reason);
 }
 
 }  // namespace

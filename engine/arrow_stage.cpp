@@ -9,7 +9,7 @@
 #include "acutads.h"
 #include "adscodes.h"
 #include "base/files.h"
-#include "engine/host_arrows.h"
+#include "engine/dimension_value.h"
 #include "engine/host_variables.h"
 #include "engine/messages.h"
 #include "engine/resource_stages.h"
@@ -62,7 +62,8 @@ std::wstring findArrowFile(const std::wstring& entry, const std::filesystem::pat
 void loadFile(const std::wstring& entry, RunState& run) {
   const std::wstring path = findArrowFile(entry, run.listFolder);
   if (path.empty()) {
-    run.problems.addNote(section(kArrowSection).name, entry, RefusalReason::kNoSuchFile, 1);
+    run.problems.addNote(
+        {section(kArrowSection).name, entry, RefusalReason::kNoSuchFile, 1, Refuser::kDrawing});
     return;
   }
   const std::wstring block = base::pathText(base::pathFromText(path).stem());

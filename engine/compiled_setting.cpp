@@ -25,7 +25,7 @@ class Compiler {
     if (!meaning) return;
     if (meaning->kind == kVariableKind) {
       const int row = findDimensionVariable(meaning->variable);
-      if (row >= 0) to.variables.push_back({row, item.value, item.equal});
+      if (row >= 0) to.variables.push_back({row, dimensionValue(row, item.value), item.equal});
     } else if (!addFilterable(to, meaning->kind, item)) {
       addTested(to, meaning->kind, item);
     }

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/dimension_value.h"
 #include "spec/value_forms.h"
 
 namespace kiv {
@@ -29,8 +30,8 @@ struct FilterItem {
 };
 
 struct VariableCondition {
-  int variable;  // row of the dimension variable catalogue
-  std::wstring value;
+  int variable;                         // row of the dimension variable catalogue
+  std::optional<DimensionValue> value;  // nothing: equal to no value
   bool equal;
 };
 

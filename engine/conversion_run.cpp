@@ -48,7 +48,7 @@ RunOutcome refuse(ProblemSink& problems, RunEnd end, const std::wstring& printed
                   const std::wstring& problem) {
   printError(printed);
   problems.addProblem(problem);
-  return {end, {}};
+  return {end};
 }
 
 }  // namespace
@@ -64,12 +64,12 @@ RunOutcome runConversion(const RunParameters& parameters, ProblemSink& problems)
     return refuse(problems, RunEnd::kSpecificationUnreadable, problem + L".", problem);
   }
   AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-  if (database == nullptr || isDrawingEmpty()) return {RunEnd::kEmptyDrawing, {}};
+  if (database == nullptr || isDrawingEmpty()) return {RunEnd::kEmptyDrawing};
   RunState run{*database, problems, work, file.parent_path()};
   convertDrawing(run);
   if (parameters.converted) parameters.converted();
-  if (parameters.outputFolder.empty()) return {RunEnd::kConverted, {}};
-  return {RunEnd::kConverted, saveAndClose(parameters, problems)};
+  if (parameters.outputFolder.empty()) return {RunEnd::kConverted};
+  return saveAndClose(parameters, problems);
 }
 
 }  // namespace kiv

@@ -1,13 +1,18 @@
 #include "engine/dimension_value.h"
 
-#include "engine/host_arrows.h"
+#include "base/fold.h"
 #include "spec/color_text.h"
 #include "spec/leading_number.h"
 #include "spec/value_forms.h"
 
 namespace kiv {
 
-std::optional<DimensionValue> dimensionValue(const DimensionVariable& variable, std::wstring_view text) {
+std::wstring hostArrowName(std::wstring_view name) {
+  return std::wstring(base::equalFolded(name, L"_ARCHTIC") ? L"_ARCHTICK" : name);
+}
+
+std::optional<DimensionValue> dimensionValue(int row, std::wstring_view text) {
+  const DimensionVariable& variable = dimensionCatalogue()[static_cast<std::size_t>(row)];
   if (variable.type == DimensionVariable::Type::kInteger) return static_cast<double>(leadingInteger(text));
   if (variable.type == DimensionVariable::Type::kReal) return leadingReal(text);
   if (!isArrowVariable(variable.name)) return std::wstring(text);

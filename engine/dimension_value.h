@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 
 #include "spec/dimension_catalogue.h"
@@ -14,8 +15,13 @@ namespace kiv {
 // separator, names of styles and, in the host's spelling, of arrow blocks; "." the default arrow).
 using DimensionValue = std::variant<double, std::wstring>;
 
-// By the catalogue's type: of an integer the digits that the text begins with, of a real the number, 0 when
-// there is none. Nothing: the text of an arrow variable names no block.
-std::optional<DimensionValue> dimensionValue(const DimensionVariable& variable, std::wstring_view text);
+// The host's name of an arrow block. Specifications and dialogs spell one of the built-in arrows otherwise;
+// every name that comes from them passes here before it meets the host.
+std::wstring hostArrowName(std::wstring_view name);
+
+// `row`: the variable in the catalogue. By the catalogue's type: of an integer the digits that the text
+// begins with, of a real the number, 0 when there is none. Nothing: the text of an arrow variable names no
+// block.
+std::optional<DimensionValue> dimensionValue(int row, std::wstring_view text);
 
 }  // namespace kiv

@@ -18,9 +18,10 @@ bool setNumber(const wchar_t* name, short catalogueType, double value) {
   return hostType != catalogueType && setNumberVariable(name, hostType, value);
 }
 
-bool setVariable(const DimensionVariable& variable, const std::wstring& text) {
-  const auto value = dimensionValue(variable, text);
+bool setVariable(int row, const std::wstring& text) {
+  const auto value = dimensionValue(row, text);
   if (!value) return false;
+  const DimensionVariable& variable = dimensionCatalogue()[static_cast<std::size_t>(row)];
   if (const auto* name = std::get_if<std::wstring>(&*value))
     return setTextVariable(variable.name, name->substr(0, kLongestText));
   const bool isInteger = variable.type == DimensionVariable::Type::kInteger;
@@ -28,9 +29,10 @@ bool setVariable(const DimensionVariable& variable, const std::wstring& text) {
 }
 
 // The host itself does not say why.
-RefusalReason reasonOf(const DimensionVariable& variable, const std::wstring& text) {
+RefusalReason reasonOf(int row, const std::wstring& text) {
+  const DimensionVariable& variable = dimensionCatalogue()[static_cast<std::size_t>(row)];
   if (variableType(variable.name) == RTNONE) return RefusalReason::kNotInThisVersion;
-  const bool isName = namesRecord(variable.name) && dimensionValue(variable, text);
+  const bool isName = namesRecord(variable.name) && dimensionValue(row, text);
   return isName ? RefusalReason::kNoSuchName : RefusalReason::kBadValue;
 }
 
@@ -40,11 +42,9 @@ void setDimensionVariables(RunState& run) {
   for (const std::wstring& entry : run.list(kDimensionVariableList)) {
     const auto assignment = splitAssignment(entry);
     const int row = assignment ? findDimensionVariable(assignment->key) : -1;
-    if (row < 0) continue;
-    const DimensionVariable& variable = dimensionCatalogue()[static_cast<std::size_t>(row)];
-    if (setVariable(variable, assignment->value)) continue;
-    const RefusalReason reason = reasonOf(variable, assignment->value);
-    run.problems.addNote(assignment->key, assignment->value, reason, kOfTheDrawing);
+    if (row < 0 || setVariable(row, assignment->value)) continue;
+    const RefusalReason reason = reasonOf(row, assignment->value);
+    run.problems.addNote({assignment->key, assignment->value, reason, 1, Refuser::kDrawing});
   }
 }
 

@@ -124,10 +124,11 @@ struct Access {
     NAME, read<AcDbDimension, static_cast<Getter<const ACHAR*>>(&AcDbDimension::GET)>, nullptr, \
         writeText<&AcDbDimension::SET>                                                          \
   }
-#define KIV_DIM_ARROW(NAME, GET, SET)                        \
-  Access {                                                   \
-    NAME, read<AcDbDimension, &AcDbDimension::GET>, nullptr, \
-        writeArrow<&AcDbDimension::SET, &AcDbDimension::SET> \
+// The setter has a form for the block's name and one for its id.
+#define KIV_DIM_ARROW(NAME, GET, READ_LEADER, SET)               \
+  Access {                                                       \
+    NAME, read<AcDbDimension, &AcDbDimension::GET>, READ_LEADER, \
+        writeArrow<&AcDbDimension::SET, &AcDbDimension::SET>     \
   }
 
 // DIMASO and DIMSHO belong to the drawing and not to a dimension.
@@ -146,9 +147,9 @@ constexpr std::array kAccesses = {
     KIV_DIM(L"DIMATFIT", Integer, dimatfit, setDimatfit),
     KIV_DIM(L"DIMAUNIT", Integer, dimaunit, setDimaunit),
     KIV_DIM(L"DIMAZIN", Integer, dimazin, setDimazin),
-    KIV_DIM_ARROW(L"DIMBLK", dimblk, setDimblk),
-    KIV_DIM_ARROW(L"DIMBLK1", dimblk1, setDimblk1),
-    KIV_DIM_ARROW(L"DIMBLK2", dimblk2, setDimblk2),
+    KIV_DIM_ARROW(L"DIMBLK", dimblk, nullptr, setDimblk),
+    KIV_DIM_ARROW(L"DIMBLK1", dimblk1, nullptr, setDimblk1),
+    KIV_DIM_ARROW(L"DIMBLK2", dimblk2, nullptr, setDimblk2),
     KIV_DIM(L"DIMCEN", Real, dimcen, setDimcen),
     KIV_LEADER_DIM(L"DIMCLRD", Color, dimclrd, setDimclrd),
     KIV_DIM(L"DIMCLRE", Color, dimclre, setDimclre),
@@ -162,9 +163,7 @@ constexpr std::array kAccesses = {
     KIV_DIM(L"DIMFRAC", Integer, dimfrac, setDimfrac),
     KIV_LEADER_DIM(L"DIMGAP", Real, dimgap, setDimgap),
     KIV_DIM(L"DIMJUST", Integer, dimjust, setDimjust),
-    Access{L"DIMLDRBLK", read<AcDbDimension, &AcDbDimension::dimldrblk>,
-           read<AcDbLeader, &AcDbLeader::dimldrblk>,
-           writeArrow<&AcDbDimension::setDimldrblk, &AcDbDimension::setDimldrblk>},
+    KIV_DIM_ARROW(L"DIMLDRBLK", dimldrblk, (read<AcDbLeader, &AcDbLeader::dimldrblk>), setDimldrblk),
     KIV_DIM(L"DIMLFAC", Real, dimlfac, setDimlfac),
     KIV_DIM(L"DIMLIM", Bool, dimlim, setDimlim),
     KIV_DIM(L"DIMLUNIT", Integer, dimlunit, setDimlunit),
@@ -220,10 +219,6 @@ const Access* accessOf(int row) {
   return byRow[static_cast<std::size_t>(row)];
 }
 
-std::optional<DimensionValue> valueOf(int row, const std::wstring& text) {
-  return dimensionValue(dimensionCatalogue()[static_cast<std::size_t>(row)], text);
-}
-
 }  // namespace
 
 std::optional<DimensionValue> dimensionVariable(const AcDbEntity& entity, bool isLeader, int row,
@@ -235,17 +230,16 @@ std::optional<DimensionValue> dimensionVariable(const AcDbEntity& entity, bool i
   return reader(entity, names);
 }
 
-bool equalsDimensionValue(const DimensionValue& value, int row, const std::wstring& text) {
-  const auto wanted = valueOf(row, text);
-  if (!wanted || wanted->index() != value.index()) return false;
-  if (std::holds_alternative<double>(value)) return equalNumbers(numberOf(value), numberOf(*wanted));
-  return base::equalFolded(textOf(value), textOf(*wanted));
+bool equalDimensionValues(const DimensionValue& a, const DimensionValue& b) {
+  if (a.index() != b.index()) return false;
+  return std::holds_alternative<double>(a) ? equalNumbers(numberOf(a), numberOf(b))
+                                           : base::equalFolded(textOf(a), textOf(b));
 }
 
-Acad::ErrorStatus setDimensionVariable(AcDbEntity& dimension, int row, const std::wstring& text) {
+Acad::ErrorStatus setDimensionVariable(AcDbEntity& dimension, int row,
+                                       const std::optional<DimensionValue>& value) {
   const Access* access = accessOf(row);
   if (access == nullptr) return Acad::eNotThatKindOfClass;
-  const auto value = valueOf(row, text);
   return value ? access->write(static_cast<AcDbDimension&>(dimension), *value) : Acad::eInvalidInput;
 }
 

@@ -39,7 +39,7 @@ class EntityPasses {
       runSetting(pass, settings[static_cast<std::size_t>(i)]);
     }
     if (locked_ > 0) run_.problems.addProblem(lockedProblem(label, locked_));
-    if (failed_ > 0) run_.problems.addProblem(failedProblem(label, failed_));
+    if (failed_ > 0) run_.problems.addToLog(failedProblem(label, failed_));
   }
 
  private:
@@ -60,6 +60,7 @@ class EntityPasses {
     keepSelected(pass, setting, tests);
     for (const Kept& kept : kept_) apply(kept, pass, results);
     results.reportRefusals(run_.problems);
+    failed_ += results.refusedTransparencies();
   }
 
   void keepBlockRecords(SettingTests& tests) {
@@ -99,7 +100,7 @@ class EntityPasses {
     const EntityClass entityClass = classes_.of(*entity);
     // Block references come in by the block scope and not by selection.
     if (maybeReference && entityClass == EntityClass::kBlockReference) return;
-    failed_ += results.apply(*entity, entityClass);
+    results.apply(*entity, entityClass);
     if (kept.record != kFromSelection) (*blockRecords_)[kept.record].summary = summaryOf(*entity);
   }
 

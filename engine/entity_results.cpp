@@ -1,5 +1,7 @@
 #include "engine/entity_results.h"
 
+#include <numeric>
+
 #include "dbdim.h"
 #include "dbents.h"
 #include "dbmtext.h"
@@ -74,7 +76,7 @@ Status writeWidthFactor(AcDbEntity& entity, EntityClass entityClass, const Prepa
 
 Status writeVariable(AcDbEntity& entity, EntityClass entityClass, const PreparedResult& result) {
   if (entityClass != EntityClass::kDimension) return Acad::eOk;
-  const Status status = setDimensionVariable(entity, result.item->variable, result.item->value);
+  const Status status = setDimensionVariable(entity, result.item->variable, result.variable);
   if (status == Acad::eOk) asDimension(entity).recomputeDimBlock(true);
   return status;
 }
@@ -104,7 +106,7 @@ void countRefusal(RefusalCounts& counts, Status status) {
 void reportCounts(ProblemSink& sink, const std::wstring& kind, const std::wstring& value,
                   const RefusalCounts& counts) {
   for (std::size_t i = 0; i < counts.size(); ++i) {
-    if (counts[i] > 0) sink.addNote(kind, value, static_cast<RefusalReason>(i), counts[i]);
+    if (counts[i] > 0) sink.addNote({kind, value, static_cast<RefusalReason>(i), counts[i]});
   }
 }
 
@@ -141,25 +143,33 @@ PreparedResult EntityResults::prepare(const ResultItem& item) const {
     case kTransparencyKind:
       result.transparency = hostTransparency(transparencyValue(item.value));
       break;
+    case kVariableKind:
+      result.variable = dimensionValue(item.variable, item.value);
+      break;
     default:
       result.number = leadingReal(item.value);
   }
   return result;
 }
 
-int EntityResults::apply(AcDbEntity& entity, EntityClass entityClass) {
-  int refusedTransparencies = 0;
+void EntityResults::apply(AcDbEntity& entity, EntityClass entityClass) {
   for (PreparedResult& result : results_) {
     if (result.item->kind == kLayerKind) {
       setLayer(entity, result);
       continue;
     }
     const Status status = kWriters[static_cast<std::size_t>(result.item->kind)](entity, entityClass, result);
-    if (status == Acad::eOk) continue;
-    countRefusal(result.refused, status);
-    if (result.item->kind == kTransparencyKind) ++refusedTransparencies;
+    if (status != Acad::eOk) countRefusal(result.refused, status);
   }
-  return refusedTransparencies;
+}
+
+int EntityResults::refusedTransparencies() const {
+  int count = 0;
+  for (const PreparedResult& result : results_) {
+    if (result.item->kind != kTransparencyKind) continue;
+    count = std::accumulate(result.refused.begin(), result.refused.end(), count);
+  }
+  return count;
 }
 
 void EntityResults::setLayer(AcDbEntity& entity, PreparedResult& result) const {

@@ -2,6 +2,7 @@
 // A setting's results, prepared once and then written to every entity that the setting keeps.
 
 #include <array>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -29,6 +30,7 @@ struct PreparedResult {
   int integer = 0;  // colour index, lineweight
   AcDbObjectId id;  // linetype, text style; null: the drawing has none of that name
   AcCmTransparency transparency;
+  std::optional<DimensionValue> variable;  // nothing: the text is no value of the dimension variable
   std::unordered_map<Adesk::Int64, TargetLayer> layers;  // by the id of the entity's layer
   RefusalCounts refused{};
 };
@@ -41,11 +43,12 @@ class EntityResults {
   bool empty() const { return results_.empty(); }
 
   // Writes every result to an entity that is open for write. A refused result leaves the others applied.
-  // Returns how many times the host refused the transparency, which the log counts.
-  int apply(AcDbEntity& entity, EntityClass entityClass);
+  void apply(AcDbEntity& entity, EntityClass entityClass);
 
   // Tells the sink of every refusal.
   void reportRefusals(ProblemSink& sink) const;
+  // The log counts these.
+  int refusedTransparencies() const;
 
  private:
   PreparedResult prepare(const ResultItem& item) const;

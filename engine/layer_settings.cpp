@@ -123,8 +123,8 @@ bool writeResult(RunState& run, AcDbLayerTableRecord& record, const LayerFacts& 
     run.problems.addProblem(currentLayerFreezeProblem(layer.name));
     return false;
   }
-  run.problems.addProblem(layerSettingProblem(layer.name, result.key, result.value));
-  run.problems.addNote(result.key, result.value, refusalOf(status), 1);
+  run.problems.addToLog(layerSettingProblem(layer.name, result.key, result.value));
+  run.problems.addNote({result.key, result.value, refusalOf(status), 1, Refuser::kLayer});
   return false;
 }
 

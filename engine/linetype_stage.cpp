@@ -5,31 +5,8 @@
 #include "engine/messages.h"
 #include "engine/resource_stages.h"
 #include "engine/table_lookup.h"
-#include "platform/host_output.h"
 
 namespace kiv {
-namespace {
-
-// What follows the linetype file's name.
-const wchar_t* reasonText(Acad::ErrorStatus status) {
-  switch (status) {
-    case Acad::eFileNotFound:
-      return L"が見つかりません";
-    case Acad::eUndefinedLineType:
-      return L"にこの線種の定義がありません";
-    case Acad::eInvalidInput:
-      return L"の定義に誤りがあります";
-    case Acad::eKeyNotFound:
-      return L"の定義が使う文字スタイルが図面にありません";
-    case Acad::eNotApplicable:
-      return L"の定義はこの図面のバージョンでは使えません";
-    default:
-      return L"の定義が受け付けられませんでした";
-  }
-}
-
-}  // namespace
-
 void loadLinetypes(RunState& run) {
   for (const std::wstring& entry : run.list(kLinetypeList)) {
     const std::size_t comma = entry.find(L',');
@@ -40,9 +17,7 @@ void loadLinetypes(RunState& run) {
     if (!findInTable(run.database.linetypeTableId(), linetype).isNull()) continue;
     const Acad::ErrorStatus status = acdbLoadLineTypeFile(linetype.c_str(), file.c_str(), &run.database);
     if (status == Acad::eOk) continue;
-    const std::wstring problem = linetypeProblem(linetype);
-    run.problems.addProblem(problem);
-    printOnCommandLine(L"\n" + problem + L": [" + file + L"]" + reasonText(status));
+    run.tell(linetypeProblem(linetype), linetypeReason(file, status));
   }
 }
 

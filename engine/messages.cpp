@@ -3,7 +3,7 @@
 namespace kiv {
 namespace {
 
-const wchar_t* reasonText(RefusalReason reason) {
+const wchar_t* refusalReason(RefusalReason reason) {
   switch (reason) {
     case RefusalReason::kNoSuchName:
       return L"その名前のものが図面にありません";
@@ -19,6 +19,30 @@ const wchar_t* reasonText(RefusalReason reason) {
       break;
   }
   return L"設定を受け付けませんでした";
+}
+
+// What follows the linetype file's name.
+const wchar_t* loadingReason(Acad::ErrorStatus status) {
+  switch (status) {
+    case Acad::eFileNotFound:
+      return L"が見つかりません";
+    case Acad::eUndefinedLineType:
+      return L"にこの線種の定義がありません";
+    case Acad::eInvalidInput:
+      return L"の定義に誤りがあります";
+    case Acad::eKeyNotFound:
+      return L"の定義が使う文字スタイルが図面にありません";
+    case Acad::eNotApplicable:
+      return L"の定義はこの図面のバージョンでは使えません";
+    default:
+      return L"の定義が受け付けられませんでした";
+  }
+}
+
+std::wstring refuserText(const RefusalNote& refusal) {
+  if (refusal.by == Refuser::kDrawing) return L"図面に設定できませんでした";
+  return (refusal.by == Refuser::kLayer ? L"画層" : L"") + std::to_wstring(refusal.count) +
+         L"件変換できませんでした";
 }
 
 }  // namespace
@@ -43,6 +67,10 @@ std::wstring arrowProblem(const std::wstring& block) {
 
 std::wstring linetypeProblem(const std::wstring& linetype) {
   return L"線種[" + linetype + L"]のロードができませんでした";
+}
+
+std::wstring linetypeReason(const std::wstring& file, Acad::ErrorStatus status) {
+  return L"[" + file + L"]" + loadingReason(status);
 }
 
 std::wstring layerRecordProblem(const std::wstring& layer) {
@@ -85,11 +113,9 @@ std::wstring currentLayerFreezeProblem(const std::wstring& layer) {
   return L"画層変換で、現在の画層[" + layer + L"]はフリーズできませんでした";
 }
 
-std::wstring refusalLine(const std::wstring& kind, const std::wstring& value, RefusalReason reason,
-                         int count) {
-  const std::wstring what = kind + L"[" + value + L"] ";
-  if (count == kOfTheDrawing) return what + L"図面に設定できませんでした: " + reasonText(reason);
-  return what + std::to_wstring(count) + L"件変換できませんでした: " + reasonText(reason);
+std::wstring refusalLine(const RefusalNote& refusal) {
+  return refusal.kind + L"[" + refusal.value + L"] " + refuserText(refusal) + L": " +
+         refusalReason(refusal.reason);
 }
 
 }  // namespace kiv

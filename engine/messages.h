@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 
+#include "acadstrc.h"
 #include "engine/run_interfaces.h"
 
 namespace kiv {
@@ -17,6 +18,8 @@ std::wstring textListProblem(const std::wstring& path, const std::wstring& reaso
 std::wstring cutTextListProblem(const std::wstring& path, std::size_t kept);
 std::wstring arrowProblem(const std::wstring& block);
 std::wstring linetypeProblem(const std::wstring& linetype);
+// Why a load from `file` failed.
+std::wstring linetypeReason(const std::wstring& file, Acad::ErrorStatus status);
 std::wstring layerRecordProblem(const std::wstring& layer);
 std::wstring lockedProblem(const std::wstring& passLabel, int count);
 std::wstring failedProblem(const std::wstring& passLabel, int count);
@@ -32,8 +35,7 @@ std::wstring layerRenameProblem(const std::wstring& layer, const std::wstring& n
 std::wstring referenceLayerRenameProblem(const std::wstring& layer);
 std::wstring currentLayerFreezeProblem(const std::wstring& layer);
 
-// For the command line: `count` objects refused a result. `kind` and `value` as in ProblemSink::addNote().
-std::wstring refusalLine(const std::wstring& kind, const std::wstring& value, RefusalReason reason,
-                         int count);
+// For the command line.
+std::wstring refusalLine(const RefusalNote& refusal);
 
 }  // namespace kiv

@@ -21,10 +21,10 @@ struct RunState {
   std::filesystem::path listFolder;  // of the specification
   SymbolNames names{};               // filled only after the stages that rename layers
 
-  // A problem that is read on the command line as well as in the log.
-  void tell(const std::wstring& problem) const {
-    printError(problem + L".");
-    problems.addProblem(problem);
+  // A problem that is read on the command line as well as in the log. The log has no reasons.
+  void tell(const std::wstring& problem, const std::wstring& reason = {}) const {
+    printError(problem + (reason.empty() ? L"" : L": " + reason) + L".");
+    problems.addProblem(problem, reason);
   }
   const std::vector<std::wstring>& list(std::size_t index) const { return work.lists[index]; }
 };

@@ -63,14 +63,13 @@ std::wstring savedPathFor(const std::wstring& outputFolder, const std::wstring& 
   return outputFolder + base + L"." + kExtensions[format];
 }
 
-std::wstring saveAndClose(const RunParameters& parameters, ProblemSink& problems) {
+RunOutcome saveAndClose(const RunParameters& parameters, ProblemSink& problems) {
   const std::wstring target =
       savedPathFor(parameters.outputFolder, textVariable(L"DWGNAME").value_or(L""), parameters.saveFormat);
   const bool saved = save(parameters.saveFormat, target);
   if (!saved) problems.addProblem(saveProblem(target));
   closeDrawing();
-  if (parameters.drawingClosed) parameters.drawingClosed();
-  return saved ? target : std::wstring();
+  return {RunEnd::kConverted, saved ? target : std::wstring(), true};
 }
 
 }  // namespace kiv

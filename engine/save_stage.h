@@ -10,7 +10,7 @@ namespace kiv {
 // The drawing's name without its extension, under the output folder, with the extension of the format.
 std::wstring savedPathFor(const std::wstring& outputFolder, const std::wstring& drawingName, int saveFormat);
 
-// A failed save is a problem; the drawing is closed all the same. Returns the file written, empty when none.
-std::wstring saveAndClose(const RunParameters& parameters, ProblemSink& problems);
+// A failed save is a problem; the drawing is closed all the same.
+RunOutcome saveAndClose(const RunParameters& parameters, ProblemSink& problems);
 
 }  // namespace kiv

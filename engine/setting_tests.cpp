@@ -111,7 +111,7 @@ bool SettingTests::passesVariables(const AcDbEntity& entity, EntityClass entityC
     bool matches = false;
     if (hasVariables) {
       const auto value = dimensionVariable(entity, isLeader, condition.variable, names_);
-      matches = value && equalsDimensionValue(*value, condition.variable, condition.value);
+      matches = value && condition.value && equalDimensionValues(*value, *condition.value);
     }
     if (matches != condition.equal) return false;
   }

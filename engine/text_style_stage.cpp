@@ -54,7 +54,7 @@ void setUpTextStyles(RunState& run) {
       status = setFont(*style.object(), fields[1], hasBigFont ? fields[2] : std::wstring());
     }
     if (status != Acad::eOk) {
-      run.problems.addNote(itemKind(kFontKind)->key, fields[0], refusalOf(status), 1);
+      run.problems.addNote({itemKind(kFontKind)->key, fields[0], refusalOf(status), 1, Refuser::kDrawing});
     }
   }
 }

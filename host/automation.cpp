@@ -55,11 +55,23 @@ KivNoteReason reasonOf(RefusalReason refusal) {
   return kKivRefused;
 }
 
+KivRefuser refuserOf(Refuser refuser) {
+  switch (refuser) {
+    case Refuser::kObject:
+      return kKivObjects;
+    case Refuser::kLayer:
+      return kKivLayers;
+    case Refuser::kDrawing:
+      break;
+  }
+  return kKivDrawing;
+}
+
 // What the pointers of a handed-out report point to.
 struct ReportTexts {
   std::wstring drawing, savedPath, logFailure;
   std::vector<std::wstring> problems;
-  std::vector<ReportedNote> notes;
+  std::vector<RefusalNote> notes;
   std::vector<const wchar_t*> problemPointers;
   std::vector<KivNote> noteRecords;
 };
@@ -73,8 +85,9 @@ struct SpecificationTexts {
 
 void fill(KivRunReport& out, ReportTexts& texts) {
   for (const std::wstring& problem : texts.problems) texts.problemPointers.push_back(problem.c_str());
-  for (const ReportedNote& note : texts.notes) {
-    texts.noteRecords.push_back({note.kind.c_str(), note.value.c_str(), reasonOf(note.reason), note.count});
+  for (const RefusalNote& note : texts.notes) {
+    texts.noteRecords.push_back(
+        {note.kind.c_str(), note.value.c_str(), reasonOf(note.reason), note.count, refuserOf(note.by)});
   }
   out.drawing = texts.drawing.c_str();
   out.savedPath = texts.savedPath.c_str();

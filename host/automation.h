@@ -47,12 +47,19 @@ enum KivNoteReason {
   kKivNoSuchFile = 5,        // an entry of a list that names no file, and nothing that the host has itself
 };
 
-// A result that the host refused: not a problem of the log, but worth telling.
+enum KivRefuser {
+  kKivObjects = 0,
+  kKivLayers = 1,
+  kKivDrawing = 2,  // a dimension variable or a text style of the drawing itself
+};
+
+// A result that the host refused, with its reason, which the log does not have.
 struct KivNote {
   const wchar_t* kind;   // the item's key as it stands in a CVT file, or a dimension variable's name
   const wchar_t* value;  // the value that was refused
   int reason;            // KivNoteReason
-  int count;             // how many objects refused it; 0: the drawing, whose variable it is
+  int count;             // how many objects or layers refused it
+  int refuser;           // KivRefuser
 };
 
 struct KivRunReport {
@@ -64,7 +71,9 @@ struct KivRunReport {
   const wchar_t* savedPath;
   const wchar_t* logFailure;  // why the log could not be written; empty: it was, or none is wanted
   int problemCount;
-  const wchar_t* const* problems;  // in the order met, without duplicates; as in the log, logged or not
+  // In the order met, without duplicates: the lines of the log, logged or not, with the reason where one is
+  // known; not those that a note tells.
+  const wchar_t* const* problems;
   int noteCount;
   const KivNote* notes;
 };

@@ -27,15 +27,11 @@ void convertCurrentDrawing() {
   // Asked before the run, which may close the drawing.
   const std::wstring drawing = workingDrawing();
   RunReport report(&log);
-  bool isClosed = false;
   const RunParameters parameters{context.contextPaths[kSpecificationPath],
                                  context.contextPaths[kOutputFolder], context.saveFormat,
-                                 [&] { report.printNotes(); },
-                                 [&] {
-                                   isClosed = true;
-                                   --context.batchRemaining;
-                                 }};
+                                 [&] { report.printNotes(); }};
   const RunOutcome outcome = runConversion(parameters, report);
+  if (outcome.isClosed) --context.batchRemaining;
   base::Status logged;
   if (outcome.end != RunEnd::kEmptyDrawing) logged = log.writeEntry();
   log.clearEntry();
@@ -43,7 +39,7 @@ void convertCurrentDrawing() {
   report.finish(outcome, drawing, logged.ok() ? std::wstring() : logged.failure().text());
   keepAsLastRun(std::move(report));
   // The host may suspend the command that activates another document: nothing is left to do after it.
-  if (isClosed) returnFromBatch();
+  if (outcome.isClosed) returnFromBatch();
 }
 
 }  // namespace

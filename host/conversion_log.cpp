@@ -1,12 +1,10 @@
 #include "host/conversion_log.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <fstream>
 
 #include "base/file_errors.h"
 #include "base/files.h"
-#include "base/fold.h"
 #include "dbapserv.h"
 #include "dbmain.h"
 #include "platform/clock.h"
@@ -31,11 +29,6 @@ std::wstring entryText(const std::wstring& time, const std::wstring& drawing,
 
 }  // namespace
 
-bool containsFolded(const std::vector<std::wstring>& texts, const std::wstring& text) {
-  return std::any_of(texts.begin(), texts.end(),
-                     [&](const std::wstring& held) { return base::equalFolded(held, text); });
-}
-
 std::wstring workingDrawing() {
   const AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
   const ACHAR* name = nullptr;
@@ -52,14 +45,14 @@ void ConversionLog::startEntry() {
 }
 
 void ConversionLog::addMessage(const std::wstring& text) {
-  if (isWanted() && !containsFolded(messages_, text)) messages_.push_back(text);
+  if (isWanted()) messages_.add(text);
 }
 
 base::Status ConversionLog::writeEntry() const {
   if (!isWanted()) return {};
   const bool existed = fileExists(logFile_);
   const std::filesystem::path path = base::pathFromText(logFile_);
-  const std::wstring text = (existed ? L"" : kHeader) + entryText(time_, drawing_, messages_);
+  const std::wstring text = (existed ? L"" : kHeader) + entryText(time_, drawing_, messages_.texts());
   const std::string bytes = encodeText(text).bytes;
   errno = 0;
   std::ofstream file(path, std::ios::binary | std::ios::app);
@@ -69,7 +62,7 @@ base::Status ConversionLog::writeEntry() const {
 }
 
 void ConversionLog::clearEntry() {
-  messages_.clear();
+  messages_ = {};
   logFile_.clear();
   drawing_.clear();
   time_.clear();

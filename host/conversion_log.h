@@ -3,7 +3,8 @@
 // drawing. The user is told of no failure of the log; a conversion never stops for it.
 
 #include <string>
-#include <vector>
+
+#include "host/distinct_texts.h"
 
 #include "base/result.h"
 
@@ -24,11 +25,8 @@ class ConversionLog {
 
   bool enabled_ = false;
   std::wstring logFile_, drawing_, time_;
-  std::vector<std::wstring> messages_;
+  DistinctTexts messages_;
 };
-
-// True when an equal text is in the list, ignoring case.
-bool containsFolded(const std::vector<std::wstring>& texts, const std::wstring& text);
 
 // Full name of the working database's drawing; empty when it was never saved.
 std::wstring workingDrawing();

@@ -21,27 +21,23 @@ LastRun& storage() {
 
 }  // namespace
 
-void RunReport::addProblem(const std::wstring& text) {
-  if (!containsFolded(problems_, text)) problems_.push_back(text);
+void RunReport::addToLog(const std::wstring& text) {
   if (log_ != nullptr) log_->addMessage(text);
 }
 
-void RunReport::addNote(const std::wstring& kind, const std::wstring& value, RefusalReason reason,
-                        int count) {
-  for (ReportedNote& note : notes_) {
-    const bool isAlike = (note.count == kOfTheDrawing) == (count == kOfTheDrawing);
-    if (isAlike && note.reason == reason && note.kind == kind && note.value == value) {
-      note.count += count;
-      return;
-    }
+void RunReport::addNote(const RefusalNote& refusal) {
+  for (RefusalNote& note : notes_) {
+    RefusalNote same = refusal;
+    same.count = note.count;
+    if (note != same) continue;
+    note.count += refusal.count;
+    return;
   }
-  notes_.push_back({kind, value, reason, count});
+  notes_.push_back(refusal);
 }
 
 void RunReport::printNotes() const {
-  for (const ReportedNote& note : notes_) {
-    printOnCommandLine(L"\n" + refusalLine(note.kind, note.value, note.reason, note.count));
-  }
+  for (const RefusalNote& note : notes_) printOnCommandLine(L"\n" + refusalLine(note));
 }
 
 void RunReport::finish(const RunOutcome& outcome, std::wstring drawing, std::wstring logFailure) {

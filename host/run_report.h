@@ -9,19 +9,14 @@
 
 namespace kiv {
 
-struct ReportedNote {
-  std::wstring kind, value;
-  RefusalReason reason;
-  int count;
-};
-
-// Takes the run's problems and hands each to the log too.
+// Keeps what the run tells, and hands the log its lines.
 class RunReport : public ProblemSink {
  public:
   explicit RunReport(ConversionLog* log) : log_(log) {}
 
-  void addProblem(const std::wstring& text) override;
-  void addNote(const std::wstring& kind, const std::wstring& value, RefusalReason reason, int count) override;
+  void addToLog(const std::wstring& text) override;
+  void addToReport(const std::wstring& text) override { problems_.add(text); }
+  void addNote(const RefusalNote& refusal) override;
 
   // One line of the host's command line for each note.
   void printNotes() const;
@@ -31,15 +26,15 @@ class RunReport : public ProblemSink {
   const RunOutcome& outcome() const { return outcome_; }
   const std::wstring& drawing() const { return drawing_; }
   const std::wstring& logFailure() const { return logFailure_; }  // empty: none
-  const std::vector<std::wstring>& problems() const { return problems_; }
-  const std::vector<ReportedNote>& notes() const { return notes_; }
+  const std::vector<std::wstring>& problems() const { return problems_.texts(); }
+  const std::vector<RefusalNote>& notes() const { return notes_; }
 
  private:
   ConversionLog* log_;  // null after finish()
   RunOutcome outcome_;
   std::wstring drawing_, logFailure_;
-  std::vector<std::wstring> problems_;
-  std::vector<ReportedNote> notes_;
+  DistinctTexts problems_;
+  std::vector<RefusalNote> notes_;
 };
 
 // Of the last run; null before the first. `runs` counts them.

@@ -112,7 +112,7 @@ Doubt doubtOfVariable(const GivenValue& given) {
   const DimensionVariable& variable = dimensionCatalogue()[static_cast<size_t>(row)];
   if (variable.type == DimensionVariable::Type::kInteger) return doubtOfInteger(given);
   if (variable.type == DimensionVariable::Type::kReal) return doubtOfReal(given);
-  if (isShownVariable(variable.name)) return doubtOfShownText(given);
+  if (isDrawnTextVariable(variable.name)) return doubtOfShownText(given);
   if (!isArrowVariable(variable.name)) return doubtOfName(given);
   return blockNameOfDisplayForm(given.text) ? std::nullopt : impossible(given);
 }

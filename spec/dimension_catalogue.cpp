@@ -102,7 +102,7 @@ bool namesRecord(std::wstring_view name) {
   return isArrowVariable(name) || base::equalFolded(name, L"DIMTXSTY");
 }
 
-bool isShownVariable(std::wstring_view name) {
+bool isDrawnTextVariable(std::wstring_view name) {
   return base::equalFolded(name, L"DIMPOST") || base::equalFolded(name, L"DIMAPOST") ||
          base::equalFolded(name, L"DIMDSEP");
 }

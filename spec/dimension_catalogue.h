@@ -27,7 +27,7 @@ bool isArrowVariable(std::wstring_view name);
 bool namesRecord(std::wstring_view name);
 
 // Variables whose value is a text that dimensions show, and not a name or a number; ignoring case.
-bool isShownVariable(std::wstring_view name);
+bool isDrawnTextVariable(std::wstring_view name);
 
 // The type as the editor's list shows it: 整数, 実数 or 文字.
 const wchar_t* typeText(DimensionVariable::Type type);

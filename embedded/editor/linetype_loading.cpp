@@ -29,6 +29,11 @@ Acad::ErrorStatus statusOf(LinetypeLoading result) {
   return Acad::eInvalidInput;
 }
 
+// The caller tells what the status says; it does not say where a definition is wrong or which style it lacks.
+bool isToldInPart(LinetypeLoading result) {
+  return result == LinetypeLoading::kBadDefinition || result == LinetypeLoading::kNoTextStyle;
+}
+
 // A shape file that is not where its path says is looked for by its name.
 std::filesystem::path findShapeFile(std::wstring_view name) {
   const std::filesystem::path found = cad::findFile(name);
@@ -41,12 +46,9 @@ Acad::ErrorStatus acdbLoadLineTypeFile(const ACHAR* name, const ACHAR* file, AcD
   if (name == nullptr || file == nullptr || *name == 0) return Acad::eInvalidInput;
   if (database == nullptr) return Acad::eNoDatabase;
   const std::filesystem::path found = cad::findFile(file);
-  if (found.empty()) {
-    cad::remark({file, L"The linetype file is not found"});
-    return Acad::eFileNotFound;
-  }
+  if (found.empty()) return Acad::eFileNotFound;
   const auto loaded = cad::support::loadLinetypes(cad::drawingOf(*database), name, found, findShapeFile);
-  if (loaded.result != LinetypeLoading::kLoaded) cad::remark(loaded.failure);
+  if (isToldInPart(loaded.result)) cad::remark(loaded.failure);
   for (const base::Failure& each : loaded.remarks) cad::remark(each);
   return statusOf(loaded.result);
 }

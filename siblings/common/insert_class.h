@@ -7,8 +7,8 @@
 
 namespace kiv {
 
-// What a selection of INSERT finds. A table is derived from the block reference and is none: the block that it
-// refers to is the host's own drawing of it.
+// What a selection of INSERT finds. A table is derived from the block reference and is none: the block that
+// it refers to is the host's own drawing of it.
 inline bool isInsertClass(const AcRxClass& type) {
   const ACHAR* name = type.dxfName();
   return type.isDerivedFrom(AcDbBlockReference::desc()) && name != nullptr &&

@@ -16,9 +16,7 @@ class ConversionRun : public RunTest {
   void saveTo(int format) {
     parameters_.outputFolder = base::pathText(folder_ / "out" / "");
     parameters_.saveFormat = format;
-    parameters_.drawingClosed = [this] { ++closed_; };
   }
-  int closed_ = 0;
 };
 
 const std::map<std::wstring, std::wstring> kRules = {{L"文字", L"[***]\n{\n[色] = 3\n}"}};
@@ -40,7 +38,6 @@ TEST_F(ConversionRun, UnreadableSpecificationIsNamed) {
   EXPECT_EQ(outcome.end, RunEnd::kSpecificationUnreadable);
   EXPECT_NE(printed_.find(L"\nKivｴﾗｰ:[/no/such/rules.cvt]の読み込みに失敗しました."), std::wstring::npos);
   EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"[/no/such/rules.cvt]の読み込みに失敗しました"}));
-  EXPECT_EQ(closed_, 0);
   EXPECT_FALSE(drawing().isModified());
 }
 
@@ -50,7 +47,6 @@ TEST_F(ConversionRun, EmptyDrawingIsNeitherConvertedNorSavedNorClosed) {
   const std::size_t documents = cad::Host::instance().documentCount();
   EXPECT_EQ(run(kRules).end, RunEnd::kEmptyDrawing);
   EXPECT_TRUE(std::filesystem::is_empty(folder_ / "out"));
-  EXPECT_EQ(closed_, 0);
   EXPECT_EQ(cad::Host::instance().documentCount(), documents);
   EXPECT_FALSE(drawing().isModified());
 }
@@ -63,7 +59,7 @@ TEST_F(ConversionRun, SavedAndClosedUnderItsNameInTheOutputFolder) {
   const kiv::RunOutcome outcome = run(kRules);
   EXPECT_EQ(outcome.end, RunEnd::kConverted);
   EXPECT_EQ(outcome.savedPath, base::pathText(folder_ / "out" / "plan.DXF"));
-  EXPECT_EQ(closed_, 1);
+  EXPECT_TRUE(outcome.isClosed);
   EXPECT_EQ(cad::Host::instance().documentCount(), documents - 1);
   EXPECT_EQ(content(folder_ / "plan.dxf"), source);
   EXPECT_NE(content(folder_ / "out" / "plan.DXF"), source);
@@ -72,10 +68,11 @@ TEST_F(ConversionRun, SavedAndClosedUnderItsNameInTheOutputFolder) {
 TEST_F(ConversionRun, FailedSaveIsAProblem) {
   open(sampleDrawing());
   saveTo(0);  // a format that this host does not write
-  EXPECT_TRUE(run(kRules).savedPath.empty());
+  const kiv::RunOutcome outcome = run(kRules);
+  EXPECT_TRUE(outcome.savedPath.empty());
   EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"[" + base::pathText(folder_ / "out" / "plan.DWG") +
                                                        L"]の保存に失敗しました"}));
-  EXPECT_EQ(closed_, 1);
+  EXPECT_TRUE(outcome.isClosed);
   EXPECT_TRUE(std::filesystem::is_empty(folder_ / "out"));
 }
 

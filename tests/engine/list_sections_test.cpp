@@ -68,7 +68,8 @@ TEST_F(ListSections, DimensionVariablesWhoseTypesDiffer) {
                                     {"DIMBLK1", L"_ArchTick"},
                                     {"DIMLWD", L"0"}})
     EXPECT_EQ(variable(name), value) << name;
-  EXPECT_EQ(sink_.notes, (std::vector<Note>{{L"DIMTXT", L"X", RefusalReason::kBadValue, 0}}));
+  EXPECT_EQ(sink_.notes,
+            (std::vector<Note>{{L"DIMTXT", L"X", RefusalReason::kBadValue, 1, kiv::Refuser::kDrawing}}));
   for (const char* version : {"AC1009", "AC1014", "AC1015", "AC1032"}) {
     std::string bytes = sampleDrawing();
     bytes.replace(bytes.find("AC1024"), 6, version);

@@ -21,21 +21,14 @@ std::string dxf(std::string_view groups);
 // The sample drawing with other entities, and with `blocks` besides its own; both in the form of dxf().
 std::string drawing(std::string_view entities, std::string_view blocks = "");
 
-struct Note {
-  std::wstring kind, value;
-  kiv::RefusalReason reason;
-  int count;
-  bool operator==(const Note&) const = default;
-};
+using Note = kiv::RefusalNote;
 
 class Problems : public kiv::ProblemSink {
  public:
-  void addProblem(const std::wstring& text) override { problems.push_back(text); }
-  void addNote(const std::wstring& kind, const std::wstring& value, kiv::RefusalReason reason,
-               int count) override {
-    notes.push_back({kind, value, reason, count});
-  }
-  std::vector<std::wstring> problems;
+  void addToLog(const std::wstring& text) override { problems.push_back(text); }
+  void addToReport(const std::wstring& text) override { reported.push_back(text); }
+  void addNote(const Note& note) override { notes.push_back(note); }
+  std::vector<std::wstring> problems, reported;
   std::vector<Note> notes;
 };
 

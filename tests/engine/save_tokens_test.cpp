@@ -46,7 +46,7 @@ class SaveTokens : public RunTest {
     open(sampleDrawing());
     std::vector<std::wstring> tokens;
     recorded = &tokens;
-    kiv::saveAndClose({L"", base::pathText(folder_ / "out" / ""), format, {}, {}}, sink_);
+    kiv::saveAndClose({L"", base::pathText(folder_ / "out" / ""), format, {}}, sink_);
     recorded = nullptr;
     tokens.resize(2);
     return tokens;

@@ -13,7 +13,8 @@ using Values = std::vector<std::wstring>;
 
 // How high the entities of pick.dxf lie, each alone. The drawing is of 2010, where layers and entities have
 // lineweights and transparency.
-constexpr double kLine = 0, kText = 10.5, kMText = 21, kInsert = 30, kDimension = 40, kTable = 50, kNothing = 90;
+constexpr double kLine = 0, kText = 10.5, kMText = 21, kInsert = 30, kDimension = 40, kTable = 50,
+                 kNothing = 90;
 
 class EntityPickTest : public cad_test::HostTest {
  protected:
