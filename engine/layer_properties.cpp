@@ -29,7 +29,7 @@ Status taken(bool shows) { return shows ? Acad::eOk : Acad::eInvalidInput; }
 
 Status setColor(AcDbLayerTableRecord& layer, const std::wstring& value) {
   const int index = colorNumberOfFileText(value);
-  // A layer has nothing to take a colour from, and the host would pass over the call without a word.
+  // The host would pass over the call without a word.
   if (!isLayerColor(index)) return Acad::eInvalidInput;
   AcCmColor color;
   const Status status = color.setColorIndex(static_cast<Adesk::UInt16>(index));

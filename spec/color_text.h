@@ -17,6 +17,9 @@ int colorNumber(std::wstring_view text);
 std::wstring colorFileText(int number);
 int colorNumberOfFileText(std::wstring_view text);
 
+// A layer has nothing to take a colour from: an index only.
+inline bool isLayerColor(int number) { return number > kColorByBlock && number < kColorByLayer; }
+
 // The integer that a text begins with, as the C library reads it; 0 when there is none. Saturates.
 int leadingInteger(std::wstring_view text);
 // True when the text, but for blanks around it, is the integer that leadingInteger() finds.

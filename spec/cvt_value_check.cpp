@@ -32,8 +32,6 @@ bool isOfLayer(const GivenValue& given) {
   return given.section == kLayerSettingSection || given.section == kLayerCreationSection;
 }
 
-bool isLayerColor(int number) { return number > kColorByBlock && number < kColorByLayer; }
-
 Doubt doubtOfName(const GivenValue& given) {
   if (given.text.empty()) return ValueDoubt{CvtProblem::kNoName, {}};
   return given.text.front() == L'=' ? readAs(given.text) : std::nullopt;
