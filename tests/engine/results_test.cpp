@@ -43,8 +43,8 @@ TEST_F(Results, WhatTheVersionCannotHoldIsToldAlikeForEveryKind) {
     const char* version;
     const wchar_t* refused;
   } cases[] = {{"AC1021", L"透過性*1 透過性*4 "},
-               {"AC1014", L"DIMLWD*0 印刷*1 線幅値*1 透過性*1 線幅値*4 透過性*4 DIMLWD*1 "},
-               {"AC1009", L"DIMLWD*0 印刷*1 線幅値*1 透過性*1 線幅値*4 透過性*4 線種尺度*4 DIMLWD*1 "}};
+               {"AC1014", L"DIMLWD*1 印刷*1 線幅値*1 透過性*1 線幅値*4 透過性*4 DIMLWD*1 "},
+               {"AC1009", L"DIMLWD*1 印刷*1 線幅値*1 透過性*1 線幅値*4 透過性*4 線種尺度*4 DIMLWD*1 "}};
   for (const auto& c : cases) {
     std::string bytes = sampleDrawing();
     bytes.replace(bytes.find("AC1024"), 6, c.version);
