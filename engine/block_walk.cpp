@@ -31,7 +31,7 @@ class BlockWalk {
     // The host finds the references faster than a walk over every entity of the space would.
     BufferChain filter;
     filter.text(RTDXF0, L"INSERT");
-    const SelectionSet references(filter.get());
+    const SelectionSet references(filter);
     for (int i = 0; i < references.size(); ++i) takeReference(references.at(i));
     // Not by recursion: a drawing decides how deep its blocks are nested.
     while (!pending_.empty()) {

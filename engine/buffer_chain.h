@@ -22,12 +22,15 @@ class BufferChain {
   BufferChain& integer(int type, int value);  // 16 bits, as groups 60 to 79 and RTSHORT are
 
   const resbuf* get() const { return head_; }  // null when nothing was added
+  // False: the host refused a piece, so the chain says something else than was meant.
+  bool isWhole() const { return isWhole_; }
 
  private:
   BufferChain& append(resbuf* piece);
 
   resbuf* head_ = nullptr;
   resbuf* tail_ = nullptr;
+  bool isWhole_ = true;
 };
 
 }  // namespace kiv

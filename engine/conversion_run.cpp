@@ -42,7 +42,7 @@ void convertDrawing(RunState& run) {
   runEntityPasses(run, static_cast<BlockScope>(scope));
 }
 
-bool isDrawingEmpty() { return SelectionSet(nullptr).size() < 1; }
+bool isDrawingEmpty() { return SelectionSet(BufferChain()).size() < 1; }
 
 RunOutcome refuse(ProblemSink& problems, RunEnd end, const std::wstring& printed,
                   const std::wstring& problem) {

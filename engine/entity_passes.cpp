@@ -75,7 +75,8 @@ class EntityPasses {
   void keepSelected(Pass pass, const CompiledSetting& setting, SettingTests& tests) {
     BufferChain filter;
     buildSelectionFilter(pass, setting.conditions.filter, filter);
-    const SelectionSet selected(filter.get());
+    const SelectionSet selected(filter);
+    if (selected.isRefused()) run_.tell(selectionProblem(kPassLabels[static_cast<std::size_t>(pass)]));
     for (int i = 0; i < selected.size(); ++i) {
       const AcDbObjectId id = selected.at(i);
       // The filter has tested all that a summary holds.
@@ -92,11 +93,11 @@ class EntityPasses {
     const bool maybeReference = pass == Pass::kOther && kept.record == kFromSelection;
     AcDbEntityPointer entity(kept.id, AcDb::kForWrite);
     const Acad::ErrorStatus status = entity.openStatus();
-    if (status == Acad::eOnLockedLayer) {
-      if (!maybeReference || !isReference(kept.id)) ++locked_;
+    if (status != Acad::eOk) {
+      const bool counts = !maybeReference || !isReference(kept.id);
+      if (counts) ++(status == Acad::eOnLockedLayer ? locked_ : failed_);
       return;
     }
-    if (status != Acad::eOk) return;
     const EntityClass entityClass = classes_.of(*entity);
     // Block references come in by the block scope and not by selection.
     if (maybeReference && entityClass == EntityClass::kBlockReference) return;

@@ -77,6 +77,10 @@ std::wstring layerRecordProblem(const std::wstring& layer) {
   return L"画層変換で、画層[" + layer + L"]の情報が取得できませんでした";
 }
 
+std::wstring selectionProblem(const std::wstring& passLabel) {
+  return passLabel + L" 条件による図形の選択ができなかった設定があります";
+}
+
 std::wstring lockedProblem(const std::wstring& passLabel, int count) {
   return passLabel + L" ロックされた画層上にあるため " + std::to_wstring(count) + L"件変換できませんでした";
 }

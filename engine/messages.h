@@ -21,6 +21,7 @@ std::wstring linetypeProblem(const std::wstring& linetype);
 // Why a load from `file` failed.
 std::wstring linetypeReason(const std::wstring& file, Acad::ErrorStatus status);
 std::wstring layerRecordProblem(const std::wstring& layer);
+std::wstring selectionProblem(const std::wstring& passLabel);  // the host refused a setting's filter
 std::wstring lockedProblem(const std::wstring& passLabel, int count);
 std::wstring failedProblem(const std::wstring& passLabel, int count);
 std::wstring saveProblem(const std::wstring& path);

@@ -41,6 +41,7 @@ bool save(int saveFormat, const std::wstring& target) {
   BufferChain tokens;
   addTokens(saveFormat, target, tokens);
   if (exists(target)) tokens.text(RTSTR, L"Y");
+  if (!tokens.isWhole()) return false;
   const int result = acedCmdS(tokens.get());
   acedCommandS(RTNONE);
   return result == RTNORM && exists(target);

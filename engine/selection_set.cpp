@@ -5,8 +5,10 @@
 
 namespace kiv {
 
-SelectionSet::SelectionSet(const resbuf* filter) {
-  if (acedSSGet(L"X", nullptr, nullptr, filter, set_) != RTNORM) return;
+SelectionSet::SelectionSet(const BufferChain& filter) {
+  const int answer = filter.isWhole() ? acedSSGet(L"X", nullptr, nullptr, filter.get(), set_) : RTREJ;
+  isRefused_ = answer == RTREJ;
+  if (answer != RTNORM) return;
   open_ = true;
   Adesk::Int32 length = 0;
   if (acedSSLength(set_, &length) == RTNORM) size_ = static_cast<int>(length);

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "adscodes.h"
+#include "engine/selection_set.h"
+
 namespace {
 
 using kiv::Pass;
@@ -32,6 +35,13 @@ TEST(SelectionFilter, WithoutConditionsOnlyTheEntityTypes) {
   EXPECT_EQ(filterOf(Pass::kOther, L",***"), kOthers);
   // A condition that a selection cannot express adds nothing to the filter.
   EXPECT_EQ(filterOf(Pass::kText, L",文字高さ=2.5,透過性=30,DIMTAD=1,{,色=1"), kTexts);
+}
+
+TEST(SelectionFilter, AChainWithARefusedPieceSelectsNothing) {
+  kiv::BufferChain chain;
+  chain.text(RTDXF0, L"LINE").text(-12345, L"x");
+  EXPECT_NE(chain.get(), nullptr);
+  EXPECT_TRUE(kiv::SelectionSet(chain).isRefused());
 }
 
 TEST(SelectionFilter, ItemsInOrderAndInvertedOnesWrapped) {
