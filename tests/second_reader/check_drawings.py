@@ -177,7 +177,8 @@ def read_document(path):
 
 def expected_color(entity, in_current_space):
     """What the rules give; references in the current space take part in every pass, others in none."""
-    kind, on_zero = entity.dxftype(), entity.dxf.get("layer", "0") == "0"
+    kind = entity.dxftype()
+    on_zero = entity.dxf.is_supported("layer") and entity.dxf.get("layer", "0") == "0"
     if kind in TEXTS:
         return 3
     if kind == "DIMENSION":
