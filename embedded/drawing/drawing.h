@@ -111,8 +111,9 @@ class Drawing {
   // layer that an entity names, linetypes ByLayer, ByBlock and Continuous, style Standard; such a record
   // enters the file only when it is changed.
   RecordId find(Table table, std::wstring_view name) const;
-  RecordId find(Table table, NameId name) const;                 // cached per name
-  const std::vector<RecordId>& tableRecords(Table table) const;  // in table order, without erased ones
+  RecordId find(Table table, NameId name) const;                  // cached per name
+  RecordId findStored(Table table, std::string_view name) const;  // by its bytes in the file; cached as well
+  const std::vector<RecordId>& tableRecords(Table table) const;   // in table order, without erased ones
   base::Result<RecordId> addTableRecord(Table table, std::wstring_view name);
   // The pattern of a linetype record: at most 12 dashes, with texts and shapes from R13 on.
   base::Status setDashes(RecordId linetype, std::span<const Dash> dashes);

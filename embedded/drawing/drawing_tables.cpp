@@ -113,6 +113,10 @@ RecordId Drawing::find(Table wanted, NameId name) const {
   return found;
 }
 
+RecordId Drawing::findStored(Table wanted, std::string_view name) const {
+  return find(wanted, names_.intern(name));
+}
+
 bool Drawing::isLayerLocked(NameId layer) const {
   if (layer == kNoName) return false;
   if (layer >= locked_.size()) locked_.resize(layer + std::size_t{1}, -1);

@@ -32,11 +32,22 @@ int numberIn(const DimVariableInfo& info, Version version) {
   return info.groups.old != 0 && version < Version::kR2000 ? info.groups.old : info.groups.number;
 }
 
-std::wstring nameBehind(const Drawing& drawing, Handle handle) {
-  const RecordId id = handle == 0 ? kNoRecord : drawing.findHandle(handle);
-  if (id == kNoRecord) return {};
-  const NameId name = drawing.name(id, Property::kName);
+std::wstring nameOf(const Drawing& drawing, RecordId id) {
+  const NameId name = id == kNoRecord ? kNoName : drawing.name(id, Property::kName);
   return name == kNoName ? std::wstring() : drawing.names().text(name);
+}
+
+std::wstring nameBehind(const Drawing& drawing, Handle handle) {
+  return nameOf(drawing, handle == 0 ? kNoRecord : drawing.findHandle(handle));
+}
+
+// The arrow's block in its own spelling; what names no block stays as it is.
+std::wstring arrowName(const Drawing& drawing, const DxfStorage& storage, std::string_view stored) {
+  RecordId block = drawing.findStored(Table::kBlock, stored);
+  if (block != kNoRecord) return nameOf(drawing, block);
+  std::wstring text = storage.decode(stored);
+  block = support::arrowBlockOfFile(drawing, text);
+  return block != kNoRecord ? nameOf(drawing, block) : text;
 }
 
 std::optional<Variable> readValue(const Drawing& drawing, const DxfStorage& storage,
@@ -50,10 +61,8 @@ std::optional<Variable> readValue(const Drawing& drawing, const DxfStorage& stor
   // A name group of an old dimension style has the code of a handle (5) elsewhere.
   if (info.isName() || info.type == DimType::kText) {
     if (type != ValueType::kText && type != ValueType::kHandle) return std::nullopt;
-    std::wstring text = storage.decode(group.value);
-    const bool isArrow = info.type == DimType::kArrow;
-    const RecordId arrow = isArrow ? support::arrowBlockOfFile(drawing, text) : kNoRecord;
-    return arrow != kNoRecord ? drawing.text(arrow, Property::kName).value_or(text) : text;
+    if (info.type == DimType::kArrow) return arrowName(drawing, storage, group.value);
+    return storage.decode(group.value);
   }
   if (info.type == DimType::kReal) {
     const std::optional<double> value = realValue(group, storage.dialect());
