@@ -21,6 +21,9 @@ struct DashSymbol {
   double x = 0, y = 0;  // from the end of the dash, along and across the line; drawing units
 };
 
+inline constexpr wchar_t kNoSymbolsHere[] =
+    L"A drawing of this version cannot hold texts and shapes in linetypes";
+
 struct Dash {
   double length = 0;  // drawing units: > 0 a dash, < 0 a gap, 0 a dot
   std::optional<DashSymbol> symbol{};

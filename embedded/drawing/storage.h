@@ -42,6 +42,9 @@ struct DrawingFacts {
   std::string codePageName;   // as declared, "ANSI_932"; empty: none declared
   bool codePageKnown = true;  // false: the declared name is not one that we know; 1252 is used
   bool binary = false;
+
+  // Texts and shapes stand in the patterns of linetypes.
+  bool linetypesHoldSymbols() const { return version >= Version::kR13; }
 };
 
 // A variable's value by the host's own type.

@@ -69,15 +69,15 @@ base::Result<EditId> DxfStorage::setDashes(const Drawing& drawing, const Record&
   for (const Dash& dash : dashes) length += std::fabs(dash.length);
   if (length < 1e6) length = std::round(length * 1e9) / 1e9;  // the sum's last digits are noise
   builder.integer(72, 65).integer(73, static_cast<std::int64_t>(dashes.size())).real(40, length);
+  const bool holdsSymbols = facts_.linetypesHoldSymbols();
   for (const Dash& dash : dashes) {
     builder.real(49, dash.length);
     if (!dash.symbol) {
-      if (facts_.version >= Version::kR13) builder.integer(74, 0);
+      if (holdsSymbols) builder.integer(74, 0);
       continue;
     }
     const std::optional<Handle> style = drawing.handle(dash.symbol->style);
-    if (facts_.version < Version::kR13)
-      return failure({}, L"A drawing of this version cannot hold texts and shapes in linetypes");
+    if (!holdsSymbols) return failure({}, kNoSymbolsHere);
     if (!style) return failure({}, L"The text style has no handle");
     addSymbol(builder, *dash.symbol, *style);
   }

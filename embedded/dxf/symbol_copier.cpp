@@ -61,7 +61,7 @@ void SymbolCopier::copyLinetype(RecordId from, RecordId to) {
 }
 
 bool SymbolCopier::copySymbol(DashSymbol& symbol) {
-  if (target_.facts().version < Version::kR13) return false;
+  if (!target_.facts().linetypesHoldSymbols()) return false;
   if (source_.isShapeFile(symbol.style)) {
     const auto file = target_.shapeFile(source_.text(symbol.style, Property::kFontFile).value_or(L""));
     if (file.ok()) symbol.style = file.value();

@@ -13,22 +13,18 @@ class Loader {
   Loader(Drawing& drawing, const std::filesystem::path& file, const FileFinder& findFile)
       : drawing_(drawing), file_(base::pathText(file.filename())), findFile_(findFile) {}
 
-  // False when the definition was refused.
-  bool add(const LinetypeDefinition& definition);
-  void refuse(LinetypeLoading why, base::Failure failure) {
-    if (!refused_) outcome_.failure = std::move(failure), outcome_.result = why;
-    refused_ = true;
-  }
-  LoadedLinetypes finish(bool any) {
-    if (any) outcome_.result = LinetypeLoading::kLoaded;
-    return std::move(outcome_);
-  }
+  // One definition, whole or not at all.
+  LoadedLinetypes load(const LinetypeDefinition& definition);
 
  private:
   base::Failure at(const LinetypeDefinition& definition, const std::wstring& reason) const {
     return {file_ + L", line " + std::to_wstring(definition.line), definition.name + L": " + reason};
   }
-  bool findStyle(const LinetypeDefinition& definition, const DashDefinition& dash, DashSymbol& symbol);
+  LoadedLinetypes refusal(const LinetypeDefinition& definition, LinetypeLoading why,
+                          const std::wstring& reason) const {
+    return {why, at(definition, reason), {}};
+  }
+  LoadedLinetypes add(const LinetypeDefinition& definition);
   bool findShape(const LinetypeDefinition& definition, const DashDefinition& dash, DashSymbol& symbol,
                  std::vector<base::Failure>& remarks);
   std::wstring currentStyle() const;
@@ -36,23 +32,12 @@ class Loader {
   Drawing& drawing_;
   std::wstring file_;
   const FileFinder& findFile_;
-  LoadedLinetypes outcome_;
-  bool refused_ = false;
 };
 
 std::wstring Loader::currentStyle() const {
   const auto value = drawing_.headerVariable("TEXTSTYLE");
   const auto* name = value ? std::get_if<std::wstring>(&*value) : nullptr;
   return name ? *name : L"Standard";
-}
-
-bool Loader::findStyle(const LinetypeDefinition& definition, const DashDefinition& dash, DashSymbol& symbol) {
-  const std::wstring name = dash.source.empty() ? currentStyle() : dash.source;
-  symbol.style = drawing_.find(Table::kTextStyle, std::wstring_view(name));
-  if (symbol.style != kNoRecord) return true;
-  refuse(LinetypeLoading::kNoTextStyle,
-         at(definition, L"The drawing has no text style \"" + name + L"\" for its text"));
-  return false;
 }
 
 // False when the symbol is to be left out: so does a host that cannot find the file or the shape.
@@ -71,33 +56,48 @@ bool Loader::findShape(const LinetypeDefinition& definition, const DashDefinitio
   return false;
 }
 
-bool Loader::add(const LinetypeDefinition& definition) {
-  const auto refused = [&](LinetypeLoading why, const std::wstring& reason) {
-    refuse(why, at(definition, reason));
-    return false;
-  };
-  if (!definition.refusal.empty()) return refused(LinetypeLoading::kBadDefinition, definition.refusal);
+LoadedLinetypes Loader::add(const LinetypeDefinition& definition) {
+  using enum LinetypeLoading;
+  if (!definition.refusal.empty()) return refusal(definition, kBadDefinition, definition.refusal);
   if (drawing_.find(Table::kLinetype, std::wstring_view(definition.name)) != kNoRecord)
-    return refused(LinetypeLoading::kInDrawing, L"The drawing has a linetype of this name");
+    return refusal(definition, kInDrawing, L"The drawing has a linetype of this name");
   std::vector<Dash> dashes;
-  std::vector<base::Failure> remarks;
+  LoadedLinetypes loaded;
   for (const DashDefinition& each : definition.dashes) {
     Dash dash = each.dash;
-    if (dash.symbol && drawing_.facts().version < Version::kR13)
-      return refused(LinetypeLoading::kNotInThisVersion,
-                     L"A drawing of this version cannot hold texts and shapes in linetypes");
-    if (dash.symbol && each.shape.empty() && !findStyle(definition, each, *dash.symbol)) return false;
-    if (dash.symbol && !each.shape.empty() && !findShape(definition, each, *dash.symbol, remarks))
+    if (dash.symbol && !drawing_.facts().linetypesHoldSymbols())
+      return refusal(definition, kNotInThisVersion, kNoSymbolsHere);
+    if (dash.symbol && each.shape.empty()) {
+      const std::wstring style = each.source.empty() ? currentStyle() : each.source;
+      dash.symbol->style = drawing_.find(Table::kTextStyle, std::wstring_view(style));
+      if (dash.symbol->style == kNoRecord)
+        return refusal(definition, kNoTextStyle,
+                       L"The drawing has no text style \"" + style + L"\" for its text");
+    } else if (dash.symbol && !findShape(definition, each, *dash.symbol, loaded.remarks)) {
       dash.symbol.reset();
+    }
     dashes.push_back(std::move(dash));
   }
   const base::Result<RecordId> record = drawing_.addTableRecord(Table::kLinetype, definition.name);
   base::Status status = record ? base::Status() : base::Status(record.failure());
   if (status) status = drawing_.setText(record.value(), Property::kDescription, definition.description);
   if (status) status = drawing_.setDashes(record.value(), dashes);
-  if (!status) return refused(LinetypeLoading::kBadDefinition, status.failure().text());
-  outcome_.remarks.insert(outcome_.remarks.end(), remarks.begin(), remarks.end());
-  return true;
+  return status ? loaded : refusal(definition, kBadDefinition, status.failure().text());
+}
+
+LoadedLinetypes Loader::load(const LinetypeDefinition& definition) {
+  Drawing::ChangeScope one(drawing_);
+  LoadedLinetypes loaded = add(definition);
+  if (loaded.result != LinetypeLoading::kLoaded) one.rollBack();
+  return loaded;
+}
+
+// Loaded, once one was; the first refusal until then. All begin as not being in the file.
+void addTo(LoadedLinetypes& all, LoadedLinetypes one) {
+  all.remarks.insert(all.remarks.end(), one.remarks.begin(), one.remarks.end());
+  if (one.result != LinetypeLoading::kLoaded && all.result != LinetypeLoading::kNotInFile) return;
+  all.result = one.result;
+  all.failure = std::move(one.failure);
 }
 
 }  // namespace
@@ -108,23 +108,17 @@ LoadedLinetypes loadLinetypes(Drawing& drawing, std::wstring_view wildcardName,
   if (!bytes) return {LinetypeLoading::kNoFile, bytes.failure(), {}};
   const std::vector<LinetypeDefinition> definitions = parseLinetypes(bytes.value());
   Loader loader(drawing, file, findFile);
-  Drawing::ChangeScope scope(drawing);
-  const auto addWhole = [&](const LinetypeDefinition& definition) {
-    Drawing::ChangeScope one(drawing);
-    const bool added = loader.add(definition);
-    if (!added) one.rollBack();
-    return added;
-  };
   for (const LinetypeDefinition& definition : definitions)
-    if (base::equalFolded(definition.name, wildcardName)) return loader.finish(addWhole(definition));
-  const Wildcard pattern(wildcardName, true);
-  bool any = false;
-  for (const LinetypeDefinition& definition : definitions)
-    if (pattern.matches(definition.name)) any |= addWhole(definition);
-  loader.refuse(
+    if (base::equalFolded(definition.name, wildcardName)) return loader.load(definition);
+  LoadedLinetypes all = {
       LinetypeLoading::kNotInFile,
-      {base::pathText(file.filename()), L"The file has no linetype \"" + std::wstring(wildcardName) + L"\""});
-  return loader.finish(any);
+      {base::pathText(file.filename()), L"The file has no linetype \"" + std::wstring(wildcardName) + L"\""},
+      {}};
+  const Drawing::ChangeScope together(drawing);  // all that one call loads is one step of undo
+  const Wildcard pattern(wildcardName, true);
+  for (const LinetypeDefinition& definition : definitions)
+    if (pattern.matches(definition.name)) addTo(all, loader.load(definition));
+  return all;
 }
 
 }  // namespace cad::support
