@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <numbers>
 #include <string>
 #include <variant>
 #include <vector>
@@ -13,6 +14,8 @@
 #include "embedded/drawing/shapes.h"
 
 namespace cad {
+
+inline constexpr double kRadiansPerDegree = std::numbers::pi / 180;
 
 struct LineGeometry {
   Point from, to;

@@ -9,8 +9,6 @@
 namespace cad::dxf {
 namespace {
 
-constexpr double kRadians = 3.14159265358979323846 / 180;
-
 class AttributeWriter {
  public:
   AttributeWriter(Drawing& drawing, DxfStorage& storage, const NewReference& reference)
@@ -112,8 +110,8 @@ class AttributeWriter {
 
   Point moved(const Point& point) const {
     const double x = (point.x - base_.x) * reference_.scale, y = (point.y - base_.y) * reference_.scale;
-    const double cosine = std::cos(reference_.rotation * kRadians);
-    const double sine = std::sin(reference_.rotation * kRadians);
+    const double cosine = std::cos(reference_.rotation * kRadiansPerDegree);
+    const double sine = std::sin(reference_.rotation * kRadiansPerDegree);
     return {reference_.at.x + x * cosine - y * sine, reference_.at.y + x * sine + y * cosine,
             reference_.at.z + (point.z - base_.z) * reference_.scale};
   }

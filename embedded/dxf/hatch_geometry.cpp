@@ -9,8 +9,6 @@
 namespace cad::dxf {
 namespace {
 
-constexpr double kRadiansPerDegree = std::numbers::pi / 180;
-
 class PathReader {
  public:
   explicit PathReader(const GeometryGroups& groups) : groups_(groups) {

@@ -108,8 +108,8 @@ std::vector<ScenePoint> through(const std::vector<Point>& fit, bool closed) {
 }  // namespace
 
 CurvePoints curveOf(const ArcGeometry& arc) {
-  constexpr double kDegree = std::numbers::pi / 180;
-  const double start = arc.start * kDegree, sweep = sweepOf(start, arc.end * kDegree);
+  const double start = arc.start * kRadiansPerDegree;
+  const double sweep = sweepOf(start, arc.end * kRadiansPerDegree);
   const auto at = [&](double angle) {
     return ScenePoint{arc.centre.x + arc.radius * std::cos(angle),
                       arc.centre.y + arc.radius * std::sin(angle)};

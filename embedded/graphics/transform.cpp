@@ -50,7 +50,7 @@ Transform planView(const Point& normal, double elevation) {
 
 Transform placement(const InsertGeometry& insert, const Point& normal, const Point& base, int column,
                     int row) {
-  const double angle = insert.rotation * std::numbers::pi / 180;
+  const double angle = insert.rotation * kRadiansPerDegree;
   const double cosine = std::cos(angle), sine = std::sin(angle);
   const double dx = column * insert.columnSpacing, dy = row * insert.rowSpacing;
   const Transform turned{cosine,

@@ -39,7 +39,6 @@ ACHAR* newText(const std::wstring& text);  // for acutDelString
 std::int64_t storedTransparency(const AcCmTransparency& transparency);
 AcCmTransparency transparencyFromStored(std::int64_t value);
 
-inline constexpr double kRadiansPerDegree = 3.14159265358979323846 / 180.0;
 // Rounded to 12 decimals, so that whole degrees that passed through radians are whole again.
 double degreesFromRadians(double radians);
 
