@@ -41,9 +41,9 @@ TEST_F(ListSections, ArrowFilesLeaveADefinitionAndNoReference) {
   const std::wstring path = base::pathText(folder_ / "ARROW.dxf");
   run({{L"矢印のﾛｰﾄﾞ", path + L"\nMISSING.dxf"}});
   EXPECT_TRUE(sink_.problems.empty());
-  EXPECT_EQ(
-      sink_.notes,
-      (std::vector<engine_test::Note>{{L"矢印のﾛｰﾄﾞ", L"MISSING.dxf", kiv::RefusalReason::kNoSuchFile, 1}}));
+  EXPECT_EQ(sink_.notes,
+            (std::vector<engine_test::Note>{{L"矢印のﾛｰﾄﾞ", L"MISSING.dxf", kiv::RefusalReason::kNoSuchFile,
+                                             1, kiv::Refuser::kDrawing}}));
   const cad::RecordId block = drawing().find(Table::kBlock, L"ARROW");
   ASSERT_NE(block, cad::kNoRecord);
   EXPECT_EQ(drawing().entitiesOf(block).size(), 1U);
