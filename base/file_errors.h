@@ -16,6 +16,7 @@ inline constexpr const wchar_t* kIsAFolder = L"this is a folder, not a file";
 inline constexpr const wchar_t* kNotAFolder = L"a part of the path is not a folder";
 inline constexpr const wchar_t* kFileInTheWay = L"a file of that name is in the way of the folder";
 inline constexpr const wchar_t* kOpenElsewhere = L"another program has the file open";
+inline constexpr const wchar_t* kChangedWhileRead = L"another program changed the file while it was read";
 inline constexpr const wchar_t* kNameTooLong = L"the name is too long";
 inline constexpr const wchar_t* kUnusableName = L"the name has characters that file names cannot have";
 

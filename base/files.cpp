@@ -27,7 +27,7 @@ std::wstring reasonOf(int error) {
     case ENOSPC:
       return kNoSpaceLeft;
     case EFBIG:
-      return L"the file is too large for the file system";
+      return L"the file becomes larger than the file system or the limit of this account allows";
     case EIO:
       return L"input/output error";
     case ENAMETOOLONG:
@@ -60,12 +60,6 @@ std::filesystem::path pathFromText(std::wstring_view text) {
   } else {
     return std::filesystem::path(text);
   }
-}
-
-Result<std::string> readFile(const std::filesystem::path& path) {
-  auto mapped = MappedFile::open(path);
-  if (!mapped.ok()) return mapped.failure();
-  return std::string(mapped.value()->bytes());
 }
 
 Status writeFileAtomically(const std::filesystem::path& target, std::string_view bytes) {

@@ -19,12 +19,16 @@ std::filesystem::path pathFromText(std::wstring_view text);
 Result<std::string> readFile(const std::filesystem::path& path);
 
 // A file's bytes, read-only, valid as long as the object lives. The bytes stay those of the moment of
-// opening even when the file is replaced by a rename.
+// opening even when the file is replaced by a rename. When it is written to in place instead, they may
+// become others, and zeros where it was cut off: who has used them must ask checkUnchanged() before
+// anything is made of it. (On Windows the bytes are a copy, taken at once.)
 class MappedFile {
  public:
   static Result<std::unique_ptr<MappedFile>> open(const std::filesystem::path& path);
   virtual ~MappedFile() = default;
   virtual std::string_view bytes() const = 0;
+  // A failure once the file has been written to since it was opened.
+  virtual Status checkUnchanged() const { return {}; }
 };
 
 // Writes a temporary file beside the target and renames it over the target on commit(). Without commit

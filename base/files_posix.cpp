@@ -1,15 +1,17 @@
 #include <fcntl.h>
-#include <sys/mman.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
 #include <string>
+#include <utility>
 
 #include "base/file_changes.h"
 #include "base/file_errors.h"
 #include "base/files.h"
+#include "base/guarded_mapping.h"
+#include "base/temporary_files.h"
 
 namespace base {
 namespace {
@@ -19,6 +21,7 @@ namespace fs = std::filesystem;
 class Descriptor {
  public:
   explicit Descriptor(int number) : number_(number) {}
+  Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;
   ~Descriptor() {
@@ -37,17 +40,40 @@ class Descriptor {
   int number_;
 };
 
+struct OpenedFile {
+  Descriptor file;
+  struct stat status;
+};
+
+Result<OpenedFile> openForReading(const fs::path& path) {
+  OpenedFile opened{Descriptor(::open(path.c_str(), O_RDONLY | O_CLOEXEC)), {}};
+  if (!opened.file.valid() || ::fstat(opened.file.number(), &opened.status) != 0) {
+    return fileFailure(path, errno);
+  }
+  if (S_ISDIR(opened.status.st_mode)) return fileFailure(path, EISDIR);
+  return opened;
+}
+
 class Mapping : public MappedFile {
  public:
-  Mapping(void* address, size_t size) : address_(address), size_(size) {}
-  Mapping(const Mapping&) = delete;
-  Mapping& operator=(const Mapping&) = delete;
-  ~Mapping() override { ::munmap(address_, size_); }
-  std::string_view bytes() const override { return {static_cast<const char*>(address_), size_}; }
+  Mapping(OpenedFile opened, std::unique_ptr<GuardedMapping> mapping, fs::path path)
+      : opened_(std::move(opened)), mapping_(std::move(mapping)), path_(std::move(path)) {}
+  std::string_view bytes() const override { return {mapping_->data(), mapping_->size()}; }
+
+  Status checkUnchanged() const override {
+    struct stat now {};
+    if (::fstat(opened_.file.number(), &now) != 0) return fileFailure(path_, errno);
+    const struct stat& then = opened_.status;
+    const bool same = now.st_size == then.st_size && now.st_mtim.tv_sec == then.st_mtim.tv_sec &&
+                      now.st_mtim.tv_nsec == then.st_mtim.tv_nsec;
+    if (!same) return Failure{pathText(path_), kChangedWhileRead};
+    return mapping_->lost() ? Status(fileFailure(path_, EIO)) : Status();
+  }
 
  private:
-  void* address_;
-  size_t size_;
+  OpenedFile opened_;  // a rename over its name leaves it as it is
+  std::unique_ptr<GuardedMapping> mapping_;
+  fs::path path_;
 };
 
 // For what cannot be mapped: pipes, empty files, some network file systems.
@@ -60,7 +86,7 @@ class Copy : public MappedFile {
   std::string content_;
 };
 
-Result<std::unique_ptr<MappedFile>> readAll(int number, const fs::path& path) {
+Result<std::string> readAll(int number, const fs::path& path) {
   std::string content;
   char buffer[1 << 16];
   for (;;) {
@@ -70,15 +96,15 @@ Result<std::unique_ptr<MappedFile>> readAll(int number, const fs::path& path) {
     if (count == 0) break;
     content.append(buffer, static_cast<size_t>(count));
   }
-  return std::unique_ptr<MappedFile>(std::make_unique<Copy>(std::move(content)));
+  return content;
 }
 
 constexpr size_t kBufferSize = size_t{1} << 20;
 
 class ReplacingFile : public AtomicFile {
  public:
-  ReplacingFile(int number, fs::path temporary, fs::path target)
-      : file_(number), temporary_(std::move(temporary)), target_(std::move(target)) {}
+  ReplacingFile(int number, fs::path temporary, fs::path target, std::unique_ptr<TemporaryFileMark> mark)
+      : mark_(std::move(mark)), file_(number), temporary_(std::move(temporary)), target_(std::move(target)) {}
   ReplacingFile(const ReplacingFile&) = delete;
   ReplacingFile& operator=(const ReplacingFile&) = delete;
   ~ReplacingFile() override {
@@ -128,6 +154,7 @@ class ReplacingFile : public AtomicFile {
     }
   }
 
+  std::unique_ptr<TemporaryFileMark> mark_;
   Descriptor file_;
   fs::path temporary_;
   fs::path target_;
@@ -147,17 +174,24 @@ fs::path behindLinks(const fs::path& target) {
 }  // namespace
 
 Result<std::unique_ptr<MappedFile>> MappedFile::open(const fs::path& path) {
-  const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-  if (!file.valid()) return fileFailure(path, errno);
-  struct stat status {};
-  if (::fstat(file.number(), &status) != 0) return fileFailure(path, errno);
-  if (S_ISDIR(status.st_mode)) return fileFailure(path, EISDIR);
+  Result<OpenedFile> opened = openForReading(path);
+  if (!opened) return opened.failure();
+  const auto& [file, status] = opened.value();
   if (S_ISREG(status.st_mode) && status.st_size > 0) {
-    const size_t size = static_cast<size_t>(status.st_size);
-    void* address = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.number(), 0);
-    if (address != MAP_FAILED) return std::unique_ptr<MappedFile>(std::make_unique<Mapping>(address, size));
+    if (auto mapping = GuardedMapping::map(file.number(), static_cast<size_t>(status.st_size))) {
+      return std::unique_ptr<MappedFile>(
+          std::make_unique<Mapping>(std::move(opened.value()), std::move(mapping), path));
+    }
   }
-  return readAll(file.number(), path);
+  Result<std::string> content = readAll(file.number(), path);
+  if (!content) return content.failure();
+  return std::unique_ptr<MappedFile>(std::make_unique<Copy>(std::move(content.value())));
+}
+
+Result<std::string> readFile(const fs::path& path) {
+  const Result<OpenedFile> opened = openForReading(path);
+  if (!opened) return opened.failure();
+  return readAll(opened.value().file.number(), path);
 }
 
 Result<std::unique_ptr<AtomicFile>> AtomicFile::create(const fs::path& requested) {
@@ -169,17 +203,19 @@ Result<std::unique_ptr<AtomicFile>> AtomicFile::create(const fs::path& requested
   // A rename succeeds over a write-protected file; the protection is meant all the same.
   if (exists && ::access(target.c_str(), W_OK) != 0) return fileFailure(requested, errno);
 
-  static std::atomic<unsigned> serial{0};
   for (;;) {
-    const std::string name = ".tmp-" + std::to_string(::getpid()) + "-" + std::to_string(serial++);
-    const fs::path temporary = target.parent_path() / name;
+    const fs::path temporary = temporaryName(target.parent_path());
+    auto mark = std::make_unique<TemporaryFileMark>(temporary);
     const int number = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (number < 0 && errno == EEXIST) continue;
     if (number < 0 && errno == ENOENT) return Failure{pathText(requested), kFolderDoesNotExist};
     if (number < 0) return fileFailure(requested, errno);
-    // Best effort: some file systems have no permissions to keep.
+    // Best effort: some file systems have no locks, which tell others that the file is still being written,
+    // or no permissions to keep.
+    static_cast<void>(::flock(number, LOCK_EX | LOCK_NB));
     if (exists) static_cast<void>(::fchmod(number, old.st_mode & 07777));
-    return std::unique_ptr<AtomicFile>(std::make_unique<ReplacingFile>(number, temporary, target));
+    return std::unique_ptr<AtomicFile>(
+        std::make_unique<ReplacingFile>(number, temporary, target, std::move(mark)));
   }
 }
 

@@ -3,13 +3,13 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cerrno>
 #include <limits>
 #include <string>
 
 #include "base/file_changes.h"
 #include "base/file_errors.h"
+#include "base/temporary_files.h"
 #include "base/win32/error_win32.h"
 
 namespace base {
@@ -126,6 +126,13 @@ DWORD replaceFile(const fs::path& temporary, const fs::path& target) {
   }
 }
 
+// So nothing is left of a process that is ended in between. Best effort: not every file system can do it.
+void setRemovedWhenClosed(HANDLE file, bool removed) {
+  FILE_DISPOSITION_INFO disposition{};
+  disposition.DeleteFile = removed ? TRUE : FALSE;
+  SetFileInformationByHandle(file, FileDispositionInfo, &disposition, sizeof disposition);
+}
+
 constexpr std::size_t kBufferSize = std::size_t{1} << 20;
 
 class ReplacingFile : public AtomicFile {
@@ -154,6 +161,7 @@ class ReplacingFile : public AtomicFile {
 
   Status commit() override {
     flush();
+    setRemovedWhenClosed(file_.get(), false);
     file_.close();
     if (error_ == 0) error_ = replaceFile(temporary_, target_);
     if (error_ != 0) return systemFailure(target_, error_);
@@ -231,18 +239,22 @@ Result<std::unique_ptr<MappedFile>> MappedFile::open(const fs::path& path) {
   return filled(std::make_unique<Copy>(static_cast<std::size_t>(size.QuadPart)), file.get(), path);
 }
 
+Result<std::string> readFile(const fs::path& path) {
+  const auto copied = MappedFile::open(path);
+  if (!copied.ok()) return copied.failure();
+  return std::string(copied.value()->bytes());
+}
+
 Result<std::unique_ptr<AtomicFile>> AtomicFile::create(const fs::path& requested) {
   Result<fs::path> target = replaceableTarget(requested);
   if (!target.ok()) return target.failure();
 
-  static std::atomic<unsigned> serial{0};
   for (;;) {
-    const std::wstring name =
-        L".tmp-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(serial++);
-    const fs::path temporary = target.value().parent_path() / name;
-    const HANDLE file = CreateFileW(temporary.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE,
-                                    nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const fs::path temporary = temporaryName(target.value().parent_path());
+    const HANDLE file = CreateFileW(temporary.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr,
+                                    CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file != INVALID_HANDLE_VALUE) {
+      setRemovedWhenClosed(file, true);
       return std::unique_ptr<AtomicFile>(std::make_unique<ReplacingFile>(file, temporary, target.value()));
     }
     const DWORD error = GetLastError();

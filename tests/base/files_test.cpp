@@ -1,11 +1,18 @@
 #include "base/files.h"
 
+#include <algorithm>
+#include <chrono>
 #if !defined(_WIN32)
+#include <sys/resource.h>
 #include <unistd.h>
+
+#include <csignal>
 #endif
 
 #include "base/file_changes.h"
 #include "base/file_errors.h"
+#include "base/process_facts.h"
+#include "base/temporary_files.h"
 #include "tests/support/temp_folder.h"
 
 namespace {
@@ -41,6 +48,32 @@ TEST_F(Files, MappedBytesSurviveReplacement) {
   ASSERT_TRUE(base::writeFileAtomically(path, "new content").ok());
   EXPECT_EQ(mapped.value()->bytes(), "old");
   EXPECT_EQ(base::readFile(path).value(), "new content");
+}
+
+TEST_F(Files, WhatNobodyWillFinishIsRemovedAndNothingElse) {
+  constexpr unsigned long kNobody = 2000000000;
+  const auto left = [&](const std::string& machine, unsigned long process, std::chrono::hours age) {
+    const fs::path path = make(".tmp-kiv-" + machine + "-" + std::to_string(process) + "-3", "half");
+    fs::last_write_time(path, fs::file_time_type::clock::now() - age);
+    return path;
+  };
+  const std::string here = base::machineName(), elsewhere = here + "-2";
+  using std::chrono::hours;
+  const fs::path gone[] = {left(here, kNobody, hours(0)), left(here, base::ownProcess(), hours(0)),
+                           left(elsewhere, kNobody, hours(25))};
+  make(".tmp-kiv-", ""), make(".tmp-kiv-x-y", ""), make(".tmp-5-0", ""),
+      left(elsewhere, kNobody + 1, hours(23));
+  const auto written = base::AtomicFile::create(folder_ / "a");  // of this process, but open
+#if !defined(_WIN32)
+  left(here, static_cast<unsigned long>(getppid()), hours(0));
+#else
+  make("instead", "");
+#endif
+  base::removeAbandonedTemporaryFiles(folder_);
+  for (const fs::path& path : gone) EXPECT_FALSE(fs::exists(path)) << path;
+  EXPECT_EQ(count(), 6U);
+  EXPECT_TRUE(written.value()->commit().ok());
+  EXPECT_EQ(count(), 6U);
 }
 
 TEST_F(Files, WritesSmallAndLargePiecesInOrder) {
@@ -110,6 +143,57 @@ TEST_F(Files, KeepsPermissionsAndLinks) {
   EXPECT_TRUE(fs::is_symlink(folder_ / "link"));
   EXPECT_EQ(base::readFile(path).value(), "new");
   EXPECT_EQ(fs::status(path).permissions(), fs::perms(0640));
+}
+
+TEST_F(Files, AFileThatIsCutOffWhileItIsReadTellsIt) {
+  const std::string content(1 << 20, 'x');
+  for (const std::size_t left : {std::size_t{0}, content.size() - 100}) {  // the second loses no whole page
+    const fs::path path = make("a", content);
+    const auto mapped = base::MappedFile::open(path);
+    ASSERT_TRUE(mapped.ok());
+    EXPECT_TRUE(mapped.value()->checkUnchanged().ok());
+    fs::resize_file(path, left);
+    const std::string_view bytes = mapped.value()->bytes();
+    EXPECT_EQ(static_cast<std::size_t>(std::ranges::count(bytes, 'x')), left);
+    EXPECT_EQ(mapped.value()->checkUnchanged().failure().reason, base::kChangedWhileRead);
+  }
+}
+
+class FilesDeathTest : public Files {};
+
+TEST_F(FilesDeathTest, ASignalRemovesWhatIsBeingWritten) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    const auto writeUntilSignal = [&] {
+      base::removeTemporaryFilesOnSignals();
+      EXPECT_TRUE(base::writeFileAtomically(folder_ / "whole", "whole").ok());
+      const auto half = base::AtomicFile::create(folder_ / "half");
+      raise(count() == 2 ? signal : SIGKILL);
+    };
+    EXPECT_EXIT(writeUntilSignal(), ::testing::KilledBySignal(signal), "");
+    EXPECT_EQ(count(), 1U);
+    EXPECT_EQ(content("whole"), "whole");
+  }
+  EXPECT_EXIT(
+      {
+        std::signal(SIGHUP, SIG_IGN);  // as under nohup
+        base::removeTemporaryFilesOnSignals();
+        raise(SIGHUP);
+        _exit(0);
+      },
+      ::testing::ExitedWithCode(0), "");
+}
+
+TEST_F(FilesDeathTest, AFileBeyondTheLimitIsAMessage) {
+  const auto writeTooMuch = [&] {
+    base::removeTemporaryFilesOnSignals();
+    const rlimit limit{4096, 4096};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const base::Status status = base::writeFileAtomically(folder_ / "a", std::string(1 << 20, 'x'));
+    std::fputs(base::toUtf8(status.failure().text()).c_str(), stderr);
+    _exit(0);
+  };
+  EXPECT_EXIT(writeTooMuch(), ::testing::ExitedWithCode(0), "/a: the file becomes larger than .* limit");
+  EXPECT_EQ(count(), 0U);
 }
 
 TEST_F(Files, AnExactMatchWins) {
