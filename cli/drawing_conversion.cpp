@@ -6,6 +6,7 @@
 #include "base/files.h"
 #include "cli/console.h"
 #include "cli/specification_report.h"
+#include "embedded/drawing/drawing.h"
 
 namespace kivcli {
 namespace {
@@ -67,6 +68,8 @@ Outcome DrawingConversion::run(const PlannedDrawing& drawing) {
     complainAbout(drawing.given, opened.failure());
     return Outcome::kNotConverted;
   }
+  const std::wstring warning = host.currentDrawing().facts().warning;
+  if (!warning.empty()) complain(drawing.given + L": " + warning);
   const int runsBefore = session_.lastRunReport().runs;
   const Status converted = convertOpen(drawing, runsBefore);
   const KivRunReport report = session_.lastRunReport();
@@ -82,7 +85,7 @@ Outcome DrawingConversion::run(const PlannedDrawing& drawing) {
     return Outcome::kNotConverted;
   }
   printLine(drawing.given + L" -> " + base::pathText(drawing.target));
-  return clean ? Outcome::kConverted : Outcome::kWithProblems;
+  return clean && warning.empty() ? Outcome::kConverted : Outcome::kWithProblems;
 }
 
 Status DrawingConversion::convertOpen(const PlannedDrawing& drawing, int runsBefore) {

@@ -2,6 +2,7 @@
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/drawing_summary.h"
+#include "embedded/drawing/drawing.h"
 #include "embedded/editor/host.h"
 
 namespace kivcli {
@@ -15,6 +16,10 @@ int runInfo(const Arguments& arguments) {
       complainAbout(file, opened.failure());
       status = kSomeFailed;
       continue;
+    }
+    if (const std::wstring& warning = host.currentDrawing().facts().warning; !warning.empty()) {
+      complain(file + L": " + warning);
+      status = kSomeFailed;
     }
     printLine(file);
     for (const std::wstring& line : summaryLines(summarize(host.currentDrawing()))) printLine(line);

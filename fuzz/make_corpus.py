@@ -188,6 +188,9 @@ def main():
     save("dxf", "another-manner.dxf", in_another_manner(rich_drawing()))
     save("dxf", "carriage-returns.dxf", as_text(drawing("AC1018"), end="\r"))
     save("dxf", "no-end.dxf", as_text(rich_drawing()[:-1], encoding="utf-8"))
+    save("dxf", "no-end-binary.dxf", as_binary(drawing("AC1018")[:-1], True))
+    save("dxf", "utf-16.dxf", as_text(drawing("AC1009"), encoding="utf-16-le"))
+    save("dxf", "gzip.dxf", b"\x1f\x8b\x08" + bytes(40))
     entities = [(0, "SECTION"), (2, "ENTITIES"), *sum(ENTITIES, []), (0, "ENDSEC"), (0, "EOF")]
     save("dxf", "entities-only.dxf", as_text(entities))
     save("dxf", "foreign.dxf", as_text(foreign()))

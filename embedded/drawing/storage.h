@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "base/codepage.h"
 #include "base/result.h"
@@ -42,6 +43,7 @@ struct DrawingFacts {
   std::string codePageName;   // as declared, "ANSI_932"; empty: none declared
   bool codePageKnown = true;  // false: the declared name is not one that we know; 1252 is used
   bool binary = false;
+  std::wstring warning;  // what is wrong with the file although it could be read; mostly empty
 
   // Texts and shapes stand in the patterns of linetypes.
   bool linetypesHoldSymbols() const { return version >= Version::kR13; }
@@ -90,6 +92,8 @@ class RecordStorage {
   // The record's state with every reference by name to the layer replaced in its extended data.
   virtual EditId renameLayerInExtendedData(const Record& record, const NamePool& names, NameId from,
                                            std::string_view to) = 0;
+  // The layers that the record's extended data names, folded, each once.
+  virtual std::vector<std::wstring> layersInExtendedData(const Record& record) const = 0;
   // Sets the signature's fields from the record's present state.
   virtual Signature readSignature(const Record& record, NamePool& names) const = 0;
 

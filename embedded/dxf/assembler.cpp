@@ -59,6 +59,7 @@ bool Assembler::begin(std::string_view value, std::uint64_t offset) {
   }
   classify(type);
   sawEnd_ = type == "EOF";
+  sectionEnded_ = type == "ENDSEC";
   return !sawEnd_;
 }
 
@@ -86,6 +87,17 @@ bool Assembler::close(std::uint64_t end) {
 void Assembler::finish(std::uint64_t size) {
   if (open_) close(size);
   open_ = false;
+  if (sawEnd_) return;
+  // Where EOF would stand, new sections are placed before a record of no bytes.
+  record_ = Record{};
+  record_.offset = size;
+  record_.kind = RecordKind::kSection;
+  loaded_.frame.endOfFile = static_cast<RecordId>(loaded_.records.size());
+  loaded_.records.push_back(record_);
+}
+
+bool Assembler::isWholeWithoutEnd() const {
+  return sectionEnded_ && loaded_.frame.sectionEnd[static_cast<std::size_t>(Section::kEntities)] != kNoRecord;
 }
 
 void Assembler::classify(std::string_view type) {

@@ -31,6 +31,8 @@ class Assembler {
   // Bytes before the first record are a record of their own. `size`: the length of the file.
   void finish(std::uint64_t size);
   bool sawEnd() const { return sawEnd_; }
+  // The last record so far ends a section, and the entities have been there.
+  bool isWholeWithoutEnd() const;
   const wchar_t* failure() const { return failure_; }  // null: none
   LoadedRecords take() { return std::move(loaded_); }
 
@@ -52,6 +54,7 @@ class Assembler {
   SignatureReader reader_;
   Record record_;
   bool open_ = false, entity_ = false, named_ = true, layerNames_ = false, sawEnd_ = false;
+  bool sectionEnded_ = false;
   Place place_ = Place::kOutside;
   RecordId block_ = kNoRecord, main_ = kNoRecord;
   bool mainIsInsert_ = false;

@@ -2,15 +2,18 @@
 // How one DXF file writes its groups.
 
 #include <cstdint>
+#include <string_view>
 
 namespace cad::dxf {
 
+enum class LineEnd : std::uint8_t { kLf, kCrLf, kCr };
+
 struct Dialect {
   bool binary = false;
-  bool wideCodes = true;        // binary: group codes of two bytes (R13 and newer)
-  bool crlf = true;             // text: line ends of new groups
-  std::uint8_t codeWidth = 3;   // text: group codes are padded to this width with blanks on the left
-  std::uint8_t int16Width = 6;  // text: likewise the values of 16-bit integers; 0: not padded
+  bool wideCodes = true;             // binary: group codes of two bytes (R13 and newer)
+  LineEnd lineEnd = LineEnd::kCrLf;  // text: of new groups; CR in files that have no other
+  std::uint8_t codeWidth = 3;        // text: group codes are padded to this width with blanks on the left
+  std::uint8_t int16Width = 6;       // text: likewise the values of 16-bit integers; 0: not padded
   std::uint8_t int32Width = 9;
 };
 
@@ -28,5 +31,10 @@ enum class ValueType : std::uint8_t {
 
 // The type of a group's value by its code, text and binary alike.
 ValueType valueType(int code);
+
+// What ends a line of a new group.
+constexpr std::string_view lineEndBytes(LineEnd end) {
+  return end == LineEnd::kCrLf ? "\r\n" : end == LineEnd::kCr ? "\r" : "\n";
+}
 
 }  // namespace cad::dxf

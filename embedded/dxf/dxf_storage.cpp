@@ -1,5 +1,6 @@
 #include "embedded/dxf/dxf_storage.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -94,6 +95,18 @@ void DxfStorage::keep(Record& record, std::string bytes) {
   record.offset = edits_.keepRecord(std::move(bytes));
   record.edits = kNoEdit;
   record.flags |= Record::kAdded;
+}
+
+std::vector<std::wstring> DxfStorage::layersInExtendedData(const Record& record) const {
+  std::string scratch;
+  std::vector<std::wstring> layers;
+  GroupCursor cursor(bytes(record, scratch), dialect_);
+  while (cursor.next()) {
+    if (cursor.group().code == 1003) layers.push_back(base::upper(decode(trimmed(cursor.group().value))));
+  }
+  std::ranges::sort(layers);
+  layers.erase(std::ranges::unique(layers).begin(), layers.end());
+  return layers;
 }
 
 EditId DxfStorage::renameLayerInExtendedData(const Record& record, const NamePool& names, NameId from,

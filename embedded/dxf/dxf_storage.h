@@ -45,6 +45,7 @@ class DxfStorage final : public RecordStorage {
                                    const StoredValue& value) override;
   EditId renameLayerInExtendedData(const Record& record, const NamePool& names, NameId from,
                                    std::string_view to) override;
+  std::vector<std::wstring> layersInExtendedData(const Record& record) const override;
   Signature readSignature(const Record& record, NamePool& names) const override;
   void keep(Record& record, std::string bytes) override;
   std::string sectionBytes(Section section, bool end) const override;

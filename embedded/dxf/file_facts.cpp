@@ -17,6 +17,14 @@ std::uint8_t paddedWidth(std::string_view value) {
              : 0;
 }
 
+// A transfer may have put several CR before each LF.
+LineEnd firstLineEnd(std::string_view bytes) {
+  const std::size_t first = bytes.find_first_of("\r\n");
+  if (first == std::string_view::npos || bytes[first] == '\n') return LineEnd::kLf;
+  const std::size_t next = bytes.find_first_not_of('\r', first);
+  return next != std::string_view::npos && bytes[next] == '\n' ? LineEnd::kCrLf : LineEnd::kCr;
+}
+
 }  // namespace
 
 Version versionByCode(std::string_view code) {
@@ -58,12 +66,11 @@ DrawingFacts readFacts(std::string_view header, const Dialect& dialect, bool byt
 
 Dialect textDialect(std::string_view bytes) {
   Dialect dialect;
-  const std::size_t lineEnd = bytes.find('\n');
-  dialect.crlf = lineEnd != std::string_view::npos && lineEnd > 0 && bytes[lineEnd - 1] == '\r';
+  dialect.lineEnd = firstLineEnd(bytes);
   bool haveCode = false, have16 = false, have32 = false;
   Group group;
   std::size_t at = 0;
-  for (int i = 0; i < kSampledGroups && readTextGroup(bytes, at, group); ++i) {
+  for (int i = 0; i < kSampledGroups && readTextGroup(bytes, at, dialect.lineEnd, group); ++i) {
     at = group.end;
     const ValueType type = valueType(group.code);
     if (group.code == 0 && !haveCode) {

@@ -76,6 +76,20 @@ std::optional<double> parseReal(std::string_view text) {
   return value;
 }
 
+template <char kEnd>
+bool readLines(std::string_view bytes, std::size_t position, Group& group) {
+  if (position >= bytes.size()) return false;
+  const char* const base = bytes.data();
+  const char* const end = base + bytes.size();
+  const char* at = base + position;
+  if (!takeCode<kEnd>(at, end, group.code)) return false;
+  const char* const lineEnd = takeValue<kEnd>(at, end, group.value);
+  group.begin = static_cast<std::uint32_t>(position);
+  group.valueBegin = static_cast<std::uint32_t>(at - base);
+  group.end = static_cast<std::uint32_t>((lineEnd == end ? end : lineEnd + 1) - base);
+  return true;
+}
+
 }  // namespace
 
 std::string_view trimmed(std::string_view value) {
@@ -85,19 +99,9 @@ std::string_view trimmed(std::string_view value) {
   return value;
 }
 
-bool readTextGroup(std::string_view bytes, std::size_t position, Group& group) {
-  if (position >= bytes.size()) return false;
-  const char* const base = bytes.data();
-  const char* const end = base + bytes.size();
-  const char* at = base + position;
-  if (!takeCode(at, end, group.code)) return false;
-  const char* const lineEnd = findLineEnd(at, end);
-  const char* const valueEnd = lineEnd > at && lineEnd[-1] == '\r' ? lineEnd - 1 : lineEnd;
-  group.begin = static_cast<std::uint32_t>(position);
-  group.valueBegin = static_cast<std::uint32_t>(at - base);
-  group.end = static_cast<std::uint32_t>((lineEnd == end ? end : lineEnd + 1) - base);
-  group.value = std::string_view(at, static_cast<std::size_t>(valueEnd - at));
-  return true;
+bool readTextGroup(std::string_view bytes, std::size_t position, LineEnd lineEnd, Group& group) {
+  return lineEnd == LineEnd::kCr ? readLines<'\r'>(bytes, position, group)
+                                 : readLines<'\n'>(bytes, position, group);
 }
 
 bool readBinaryGroup(std::string_view bytes, std::size_t position, bool wideCodes, Group& group) {
@@ -125,7 +129,7 @@ bool readBinaryGroup(std::string_view bytes, std::size_t position, bool wideCode
 
 bool readGroup(std::string_view bytes, std::size_t position, const Dialect& dialect, Group& group) {
   return dialect.binary ? readBinaryGroup(bytes, position, dialect.wideCodes, group)
-                        : readTextGroup(bytes, position, group);
+                        : readTextGroup(bytes, position, dialect.lineEnd, group);
 }
 
 std::string commentsIn(std::string_view bytes, const Dialect& dialect) {
@@ -140,7 +144,7 @@ bool GroupCursor::next() {
   bool found = false;
   do {
     found = dialect_.binary ? readBinaryGroup(bytes_, group_.end, dialect_.wideCodes, group_)
-                            : readTextGroup(bytes_, group_.end, group_);
+                            : readTextGroup(bytes_, group_.end, dialect_.lineEnd, group_);
   } while (found && group_.code == kComment);
   return found;
 }

@@ -40,7 +40,7 @@ class GroupCursor {
 };
 
 // One group, read at `position` of `bytes`; false when there is no whole group of a valid code.
-bool readTextGroup(std::string_view bytes, std::size_t position, Group& group);
+bool readTextGroup(std::string_view bytes, std::size_t position, LineEnd lineEnd, Group& group);
 bool readBinaryGroup(std::string_view bytes, std::size_t position, bool wideCodes, Group& group);
 bool readGroup(std::string_view bytes, std::size_t position, const Dialect& dialect, Group& group);
 // The comments among the groups of `bytes`, which are whole groups.

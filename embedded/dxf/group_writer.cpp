@@ -88,7 +88,7 @@ void GroupWriter::code(int code) {
 
 void GroupWriter::line(std::string_view value) {
   bytes_ += value;
-  bytes_ += dialect_.crlf ? "\r\n" : "\n";
+  bytes_ += lineEndBytes(dialect_.lineEnd);
 }
 
 void GroupWriter::text(int groupCode, std::string_view stored) {

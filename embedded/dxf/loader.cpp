@@ -7,6 +7,7 @@
 #include "embedded/dxf/assembler.h"
 #include "embedded/dxf/dxf_storage.h"
 #include "embedded/dxf/file_facts.h"
+#include "embedded/dxf/foreign_formats.h"
 #include "embedded/dxf/text_lines.h"
 
 namespace cad::dxf {
@@ -15,8 +16,10 @@ namespace {
 struct Broken {
   const wchar_t* reason = nullptr;
   std::size_t at = 0;
+  bool betweenGroups = false;  // nothing is wrong but that the file ends
 };
 
+template <char kEnd>
 Broken scanText(std::string_view bytes, std::size_t start, Assembler& assembler) {
   const char* const base = bytes.data();
   const char* at = base + start;
@@ -25,19 +28,18 @@ Broken scanText(std::string_view bytes, std::size_t start, Assembler& assembler)
     const char* const group = at;
     const auto offset = static_cast<std::size_t>(group - base);
     int code = 0;
-    if (!takeCode(at, end, code)) {
-      const bool whole = std::find(group, end, '\n') != end;
+    if (!takeCode<kEnd>(at, end, code)) {
+      const bool whole = std::find(group, end, kEnd) != end;
       return {whole ? L"This line should be a group code" : L"The file ends in the middle of a group",
               offset};
     }
-    const char* const lineEnd = findLineEnd(at, end);
-    const char* const valueEnd = lineEnd > at && lineEnd[-1] == '\r' ? lineEnd - 1 : lineEnd;
-    const std::string_view value(at, static_cast<std::size_t>(valueEnd - at));
+    std::string_view value;
+    const char* const lineEnd = takeValue<kEnd>(at, end, value);
     if (lineEnd == end && value.empty()) return {L"The file ends in the middle of a group", bytes.size()};
     if (!assembler.group(code, value, offset)) return {assembler.failure(), offset};
     at = lineEnd == end ? end : lineEnd + 1;
   }
-  return {L"The file is cut off: it has no EOF", bytes.size()};
+  return {L"The file is cut off: it has no EOF", bytes.size(), true};
 }
 
 Broken scanBinary(std::string_view bytes, const Dialect& dialect, Assembler& assembler) {
@@ -51,31 +53,40 @@ Broken scanBinary(std::string_view bytes, const Dialect& dialect, Assembler& ass
     if (!assembler.group(group.code, group.value, at)) return {assembler.failure(), at};
     at += group.end;
   }
-  return {L"The file is cut off: it has no EOF", bytes.size()};
+  return {L"The file is cut off: it has no EOF", bytes.size(), true};
 }
 
-std::wstring placeText(std::string_view bytes, std::size_t at, bool binary) {
-  if (binary) return L"byte " + std::to_wstring(at);
-  const auto lines = std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(at), '\n');
+Broken scan(std::string_view bytes, std::size_t start, const Dialect& dialect, Assembler& assembler) {
+  if (dialect.binary) return scanBinary(bytes, dialect, assembler);
+  return dialect.lineEnd == LineEnd::kCr ? scanText<'\r'>(bytes, start, assembler)
+                                         : scanText<'\n'>(bytes, start, assembler);
+}
+
+std::wstring placeText(std::string_view bytes, std::size_t at, const Dialect& dialect) {
+  if (dialect.binary) return L"byte " + std::to_wstring(at);
+  const char mark = lineEndBytes(dialect.lineEnd).back();
+  const auto lines = std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(at), mark);
   return L"line " + std::to_wstring(lines + 1);
 }
 
 using Loaded = base::Result<std::unique_ptr<Drawing>>;
 
-Loaded assemble(std::unique_ptr<SourceBytes> source) {
+// The drawing takes the source over; a refusal leaves it.
+Loaded assemble(std::unique_ptr<SourceBytes>& source) {
   const std::string_view bytes = source->view();
   if (bytes.empty()) return base::Failure{{}, L"The file is empty"};
-  if (bytes.starts_with("AC1")) return base::Failure{{}, L"This is a DWG drawing; only DXF can be read yet"};
+  if (const wchar_t* foreign = foreignFormat(bytes)) return base::Failure{{}, foreign};
   const bool mark = bytes.starts_with(kByteOrderMark);
   const std::size_t start = mark ? kByteOrderMark.size() : 0;
   const bool binary = bytes.starts_with(kBinarySentinel);
   const Dialect dialect = binary ? binaryDialect(bytes.substr(kBinarySentinel.size()))
                                  : textDialect(bytes.substr(start, std::size_t{1} << 20));
   Assembler assembler(dialect);
-  const Broken broken = binary ? scanBinary(bytes, dialect, assembler) : scanText(bytes, start, assembler);
-  if (!assembler.sawEnd()) {
+  const Broken broken = scan(bytes, start, dialect, assembler);
+  const bool lacksEnd = !assembler.sawEnd() && broken.betweenGroups && assembler.isWholeWithoutEnd();
+  if (!assembler.sawEnd() && !lacksEnd) {
     const bool first = broken.at == start && !binary;
-    return base::Failure{placeText(bytes, broken.at, binary),
+    return base::Failure{placeText(bytes, broken.at, dialect),
                          first ? L"This is not a DXF drawing" : broken.reason};
   }
   assembler.finish(bytes.size());
@@ -85,7 +96,10 @@ Loaded assemble(std::unique_ptr<SourceBytes> source) {
   std::string_view headerBytes;
   if (header != kNoRecord)
     headerBytes = bytes.substr(loaded.records[header].offset, loaded.records[header].length);
-  const DrawingFacts facts = readFacts(headerBytes, dialect, mark);
+  DrawingFacts facts = readFacts(headerBytes, dialect, mark);
+  if (lacksEnd) {
+    facts.warning = L"The file has no EOF; its last section is whole, so it was read as it stands";
+  }
   loaded.names.setCodePage(facts.codePage);
   auto storage = std::make_unique<DxfStorage>(std::move(source), dialect, facts);
   return std::make_unique<Drawing>(std::move(storage), std::move(loaded));
@@ -96,7 +110,10 @@ Loaded assemble(std::unique_ptr<SourceBytes> source) {
 Loaded load(const std::filesystem::path& path) {
   auto file = base::MappedFile::open(path);
   if (!file) return file.failure();
-  Loaded result = assemble(std::make_unique<SourceBytes>(std::move(file.value())));
+  auto source = std::make_unique<SourceBytes>(std::move(file.value()));
+  const SourceBytes& bytes = *source;
+  Loaded result = assemble(source);
+  if (base::Status unchanged = bytes.checkUnchanged(); !unchanged) return unchanged.failure();
   const std::wstring name = base::pathText(path);
   if (!result) {
     const base::Failure& failure = result.failure();
@@ -106,6 +123,9 @@ Loaded load(const std::filesystem::path& path) {
   return result;
 }
 
-Loaded loadBytes(std::string bytes) { return assemble(std::make_unique<SourceBytes>(std::move(bytes))); }
+Loaded loadBytes(std::string bytes) {
+  auto source = std::make_unique<SourceBytes>(std::move(bytes));
+  return assemble(source);
+}
 
 }  // namespace cad::dxf

@@ -70,10 +70,13 @@ base::Status DxfStorage::save(const std::filesystem::path& target, std::span<con
   const auto writeChanged = [&](const Record& record) {
     edits_.apply(record.edits, original(record), output.changed());
   };
+  // A file without EOF may lack the end of its last line too.
+  const bool unended = !dialect_.binary && !file_.empty() && file_.back() != '\n' && file_.back() != '\r';
   // Added records may stand before records that were added too.
   const auto writeAdded = [&](const auto& self, RecordId before) -> void {
     const auto found = children.find(before);
     if (found == children.end()) return;
+    if (unended && records[before].length == 0) output.changed() += lineEndBytes(dialect_.lineEnd);
     for (const RecordId id : found->second) {
       self(self, id);
       if (!records[id].erased()) writeChanged(records[id]);
@@ -92,6 +95,7 @@ base::Status DxfStorage::save(const std::filesystem::path& target, std::span<con
     }
   }
   output.finish();
+  if (base::Status unchanged = source_->checkUnchanged(); !unchanged) return unchanged;
   return file.value()->commit();
 }
 

@@ -7,6 +7,7 @@
 #include "dbapserv.h"
 #include "embedded/dxf/loader.h"
 #include "embedded/editor/host_state.h"
+#include "embedded/editor/output.h"
 #include "embedded/objects/database_access.h"
 
 ACRX_DEFINE_MEMBERS(AcApDocument, AcRxObject, nullptr)
@@ -66,6 +67,8 @@ base::Status Documents::open(const std::filesystem::path& path) {
   base::Result<std::unique_ptr<Drawing>> loaded = dxf::load(whole);
   if (!loaded) return loaded.failure();
   loaded.value()->setPath(whole);
+  const std::wstring& warning = loaded.value()->facts().warning;
+  if (!warning.empty()) printText(L"\n" + base::Failure{base::pathText(whole), warning}.text());
   documents_.push_back(std::make_unique<Document>(std::move(loaded.value()), L""));
   documents_.back()->setReadOnly(isWriteProtected(whole));
   activate(documents_.back().get());

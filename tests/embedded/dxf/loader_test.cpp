@@ -17,12 +17,12 @@ TEST(Loader, RefusalsNamePlaceAndReason) {
   const BadFile cases[] = {
       {"", L"", L"empty"},
       {"hello\nworld\n", L"line 1", L"not a DXF"},
-      {std::string("PK\x03\x04\0\0", 6), L"line 1", L"not a DXF"},
       {groups("0 LINE|8 A|0 EOF"), L"line 1", L"not a DXF"},
       {"  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n xx\nA\n", L"line 7", L"group code"},
       {"  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n 9999\nA\n", L"line 7", L"group code"},
       {groups("0 SECTION|2 ENTITIES|0 LINE|8 A"), L"line 9", L"no EOF"},
-      {groups("0 SECTION|2 ENTITIES|0 ENDSEC"), L"line 7", L"no EOF"},
+      {groups("0 SECTION|2 TABLES|0 ENDSEC"), L"line 7", L"no EOF"},
+      {groups("0 SECTION|2 ENTITIES|0 LINE|8 A", "\r") + " 10\r", L"line 10", L"middle of a group"},
       {good.substr(0, line + 8), L"line 29", L"middle of a group"},
       {std::string("AutoCAD Binary DXF\r\n\x1a\0\0SECTION\0\2ENTITIES\0\0LINE\0\x0a\1\2", 50), L"byte 47",
        L"no whole group"},
@@ -36,11 +36,50 @@ TEST(Loader, RefusalsNamePlaceAndReason) {
   }
 }
 
-TEST(Loader, EveryTruncationIsRefused) {
-  const std::string good = drawingText("AC1015", "0 LINE|8 A|10 1.0");
-  for (std::size_t length = 0; length + 2 < good.size(); ++length) {
-    EXPECT_FALSE(loadBytes(good.substr(0, length)).ok()) << length;
+TEST(Loader, FilesOfOtherKindsAreNamedAsWhatTheyAre) {
+  using namespace std::string_literals;
+  std::string wide;
+  for (const char c : groups("0 SECTION|2 ENTITIES|0 ENDSEC|0 EOF")) wide.append(1, c).append(1, '\0');
+  const std::pair<std::string, const wchar_t*> cases[] = {
+      {"AC1032\0\0"s, L"DWG"},
+      {"\xFF\xFE" + wide, L"UTF-16"},
+      {"\xFE\xFF\0 "s, L"UTF-16"},
+      {wide, L"UTF-16"},
+      {wide.substr(1), L"UTF-16"},
+      {"\xFF\xFE\0\0 \0\0\0"s, L"UTF-32"},
+      {"\x1F\x8B\x08\0"s, L"gzip"},
+      {"PK\3\4\x14\0"s, L"zip"},
+      {"7z\xBC\xAF\x27\x1C\0\4"s, L"7z"},
+      {"BZh91AY"s, L"bzip2"},
+      {"\xFD\x37zXZ\0"s, L"xz"},
+      {"\x28\xB5\x2F\xFD"s, L"zstd"},
+      {"\x24\x72-lh5-"s, L"LHA"},
+      {std::string(257, '\0') + "ustar", L"tar"},
+  };
+  for (const auto& [bytes, kind] : cases) {
+    const auto result = loadBytes(bytes);
+    ASSERT_FALSE(result.ok()) << bytes;
+    EXPECT_NE(result.failure().reason.find(kind), std::wstring::npos)
+        << base::toUtf8(result.failure().text());
   }
+}
+
+TEST(Loader, EveryTruncationIsRefusedButTheLossOfTheEnd) {
+  const std::string good = drawingText("AC1015", "0 LINE|8 A|10 1.0");
+  const std::size_t end = good.rfind("  0\nEOF");
+  for (std::size_t length = 0; length + 2 < good.size(); ++length) {
+    const auto loaded = loadBytes(good.substr(0, length));
+    const bool isWhole = length == end || length == end - 1;  // without the last line end
+    EXPECT_EQ(loaded.ok(), isWhole) << length;
+    if (!loaded.ok()) continue;
+    Drawing& drawing = *loaded.value();
+    EXPECT_NE(drawing.facts().warning.find(L"no EOF"), std::wstring::npos);
+    EXPECT_EQ(saved(drawing), good.substr(0, length)) << "the end is not made up";
+    // What a change adds stands on lines of its own, before the end that is not there.
+    ASSERT_TRUE(drawing.endOfSection(Section::kObjects).ok());
+    EXPECT_EQ(saved(drawing), good.substr(0, end) + groups("0 SECTION|2 OBJECTS|0 ENDSEC"));
+  }
+  EXPECT_TRUE(read(good)->facts().warning.empty());
 }
 
 TEST(Loader, VersionAndCodePageComeFromTheHeader) {

@@ -23,8 +23,8 @@ TEST(RecordBuilder, WritesTextInTheWidthsOfTheFile) {
   EXPECT_EQ(a.bytes(),
             "  0\r\nLINE\r\n  5\r\n1AF\r\n100\r\nAcDbEntity\r\n 62\r\n     7\r\n 40\r\n2.5\r\n 90\r\n        "
             "3\r\n");
-  const auto narrow =
-      storageOf({.crlf = false, .codeWidth = 1, .int16Width = 0, .int32Width = 0}, Version::kR12, 932);
+  const auto narrow = storageOf({.lineEnd = LineEnd::kLf, .codeWidth = 1, .int16Width = 0, .int32Width = 0},
+                                Version::kR12, 932);
   RecordBuilder b(*narrow);
   b.stored(0, "LINE").subclass("AcDbEntity").integer(62, 7).real(40, 2);
   EXPECT_EQ(b.bytes(), "0\nLINE\n62\n7\n40\n2.0\n");
