@@ -1,6 +1,7 @@
 // Generates the drawings that the benchmark converts, the same bytes for the same arguments:
 //   make_drawing plan ENTITIES OUT.dxf          a floor plan of that many entities
 //   make_drawing references COUNT SIZE OUT.dxf  COUNT references to one block of SIZE entities
+//   make_drawing layers COUNT OUT.dxf           COUNT layers L-1, L-2, ... with a line on each
 // AC1015, code page 932, CR LF. Exit status 2: wrong arguments or the file cannot be written.
 
 #include <cstdint>
@@ -249,8 +250,9 @@ class Plan {
     else
       hatch(owner);
   }
-  void line(std::uint64_t owner) {
-    entityHead(out_, "LINE", owner, plainLayer(), color());
+  void line(std::uint64_t owner) { line(owner, plainLayer()); }
+  void line(std::uint64_t owner, const std::string& layer) {
+    entityHead(out_, "LINE", owner, layer, color());
     out_.text(100, "AcDbLine");
     out_.point(10, x(), y());
     out_.point(11, x(), y());
@@ -419,10 +421,9 @@ void writeObjects(Writer& out) {
 
 // `entities` is called to fill model space.
 template <class Entities>
-Writer drawing(int entitiesPerBlock, Entities entities) {
+Writer drawing(int entitiesPerBlock, const Names& names, Entities entities) {
   Writer out;
   Random random;
-  const Names names = layerNames();
   Plan plan(out, random, names);
   writeHeader(out);
   writeTables(out, names);
@@ -440,16 +441,25 @@ int main(int argc, char** argv) {
   const std::string_view mode = argc > 1 ? argv[1] : "";
   bool saved = false;
   const int count = argc > 2 ? std::atoi(argv[2]) : 0;
+  Names names = layerNames();
   if (mode == "plan" && argc == 4) {
     const auto fill = [count](Plan& plan) {
       for (int i = 0; i < count; ++i) plan.entity(kModelSpace);
     };
-    saved = drawing(10, fill).save(argv[3]);
+    saved = drawing(10, names, fill).save(argv[3]);
   } else if (mode == "references" && argc == 5) {
     const auto fill = [count](Plan& plan) {
       for (int i = 0; i < count; ++i) plan.reference(kModelSpace, "0", 0);
     };
-    saved = drawing(std::atoi(argv[3]), fill).save(argv[4]);
+    saved = drawing(std::atoi(argv[3]), names, fill).save(argv[4]);
+  } else if (mode == "layers" && argc == 4) {
+    std::vector<std::string> layers;
+    for (int i = 1; i <= count; ++i) layers.push_back("L-" + std::to_string(i));
+    names.others.insert(names.others.end(), layers.begin(), layers.end());
+    const auto fill = [&layers](Plan& plan) {
+      for (const std::string& layer : layers) plan.line(kModelSpace, layer);
+    };
+    saved = drawing(10, names, fill).save(argv[3]);
   }
   if (!saved) std::fprintf(stderr, "make_drawing: wrong arguments, or the file cannot be written\n");
   return saved ? 0 : 2;

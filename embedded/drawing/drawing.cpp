@@ -76,6 +76,7 @@ void Drawing::setState(RecordId id, EditId edits, SignatureId signature, std::ui
   const bool wasErased = record.erased();
   const bool named = member && !wasErased && tables_[static_cast<std::size_t>(record.table)].fresh();
   const NameId before = named ? tableName(id) : kNoName;
+  if (!renaming_ && (record.signature != 0 || (record.flags & Record::kLayerNames) != 0)) layerUses_.reset();
   if (counted) count(record, -1);
   record.edits = edits;
   record.signature = signature;

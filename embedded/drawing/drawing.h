@@ -217,6 +217,7 @@ class Drawing {
   void memberChanged(RecordId id, NameId before, bool wasErased);
   void eraseOne(RecordId id, bool erased);
   base::Status renameReferences(NameId from, std::wstring_view to);
+  std::vector<RecordId> takeLayerUses(const std::wstring& folded);
   base::Result<RecordId> makeTable(Table table);
   void undoOne();
 
@@ -241,6 +242,9 @@ class Drawing {
   std::unordered_map<RecordId, NameId> impliedNames_;
   std::vector<std::uint32_t> spaceCounts_;  // by signature: live entities of the layout spaces
   mutable std::array<TableIndex, kTables> tables_;
+  // By folded layer name: the records that name it. Valid until something else than a renaming changes one.
+  std::unique_ptr<std::unordered_map<std::wstring, std::vector<RecordId>>> layerUses_;
+  bool renaming_ = false;
   mutable std::vector<signed char> locked_;  // by layer name; -1: not asked
   mutable std::unique_ptr<BlockLists> blockLists_;
   mutable std::unique_ptr<std::vector<RecordId>> subRecords_;

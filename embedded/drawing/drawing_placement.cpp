@@ -32,6 +32,7 @@ RecordId Drawing::insertRecord(NewRecord fresh) {
   const bool drawn = record.kind == RecordKind::kEntity || record.kind == RecordKind::kSubEntity ||
                      record.kind == RecordKind::kBlockBegin || record.kind == RecordKind::kBlockEnd;
   if (drawn) record.signature = signatures_.intern(storage_->readSignature(record, names_));
+  if (drawn) layerUses_.reset();
   const RecordId id = append(record);
   added_.push_back({id, fresh.before});
   journal_.add({id, kNoEdit, 0, JournalEntry::Kind::kAdded, 0});

@@ -147,24 +147,46 @@ base::Status Drawing::renameLayer(RecordId layer, std::wstring_view newName) {
   return status;
 }
 
+// The records that name the layer, which the caller renames. All layers are looked up at once, because those
+// who rename one mostly rename more.
+std::vector<RecordId> Drawing::takeLayerUses(const std::wstring& folded) {
+  if (!layerUses_) {
+    layerUses_ = std::make_unique<std::unordered_map<std::wstring, std::vector<RecordId>>>();
+    for (RecordId id = 0; id < records_.size(); ++id) {
+      const Record& record = records_[id];
+      const NameId layer = record.signature == 0 ? kNoName : signatures_[record.signature].layer;
+      if (layer != kNoName) (*layerUses_)[names_.folded(layer)].push_back(id);
+      if ((record.flags & Record::kLayerNames) == 0) continue;
+      for (const std::wstring& name : storage_->layersInExtendedData(record))
+        (*layerUses_)[name].push_back(id);
+    }
+  }
+  const auto found = layerUses_->extract(folded);
+  return found.empty() ? std::vector<RecordId>() : std::move(found.mapped());
+}
+
 base::Status Drawing::renameReferences(NameId from, std::wstring_view to) {
   const std::string stored = encodeStored(to, facts().codePage);
   const std::wstring old = names_.folded(from);
-  const std::size_t known = signatures_.all().size();
-  std::vector<bool> affected(known);
-  for (std::size_t i = 0; i < known; ++i) {
-    const NameId layer = signatures_.all()[i].layer;
-    affected[i] = layer != kNoName && names_.folded(layer) == old;
-  }
-  for (RecordId id = 0; id < records_.size(); ++id) {
+  const std::vector<RecordId> uses = takeLayerUses(old);
+  renaming_ = true;
+  base::Status status;
+  for (const RecordId id : uses) {
     const Record& record = records_[id];
-    if (record.signature < known && affected[record.signature]) {
-      if (base::Status status = setStored(id, Property::kLayer, stored); !status) return status;
-    }
+    const NameId layer = record.signature == 0 ? kNoName : signatures_[record.signature].layer;
+    if (layer != kNoName && names_.folded(layer) == old) status = setStored(id, Property::kLayer, stored);
+    if (!status) break;
     if ((record.flags & Record::kLayerNames) != 0) {
       setEdits(id, storage_->renameLayerInExtendedData(records_[id], names_, from, stored));
     }
   }
+  renaming_ = false;
+  if (!status) {
+    layerUses_.reset();
+    return status;
+  }
+  std::vector<RecordId>& moved = (*layerUses_)[base::upper(to)];
+  moved.insert(moved.end(), uses.begin(), uses.end());
   const auto current = headerVariable("CLAYER");
   const auto* currentName = current ? std::get_if<std::wstring>(&*current) : nullptr;
   if (currentName == nullptr || base::upper(*currentName) != old) return {};

@@ -1,6 +1,5 @@
 #include "embedded/drawing/table_index.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace cad {
@@ -9,6 +8,7 @@ void TableIndex::beginRefresh() {
   live_.clear();
   byName_.clear();
   byId_.clear();
+  askedAs_.clear();
   absent_.clear();
   equalNames_ = false;
 }
@@ -40,7 +40,9 @@ bool TableIndex::takeName(RecordId id, const std::wstring& folded) {
   const auto found = byName_.find(folded);
   if (equalNames_ || found == byName_.end() || found->second != id) return false;
   byName_.erase(found);
-  std::ranges::replace(byId_, id, kNotAsked);
+  if (const auto names = askedAs_.extract(id)) {
+    for (const NameId name : names.mapped()) byId_[name] = kNotAsked;
+  }
   return true;
 }
 
@@ -59,7 +61,7 @@ RecordId TableIndex::known(NameId name) const { return name < byId_.size() ? byI
 void TableIndex::remember(NameId name, RecordId answer) {
   if (name >= byId_.size()) byId_.resize(name + std::size_t{1}, kNotAsked);
   byId_[name] = answer;
-  if (answer == kNoRecord) absent_.push_back(name);
+  (answer == kNoRecord ? absent_ : askedAs_[answer]).push_back(name);
 }
 
 }  // namespace cad

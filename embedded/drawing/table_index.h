@@ -44,7 +44,8 @@ class TableIndex {
   std::vector<RecordId> members_, live_;
   std::unordered_map<std::wstring, RecordId> byName_;
   std::vector<RecordId> byId_;
-  std::vector<NameId> absent_;  // remembered as kNoRecord
+  std::unordered_map<RecordId, std::vector<NameId>> askedAs_;  // the names that byId_ answers with a record
+  std::vector<NameId> absent_;                                 // remembered as kNoRecord
   bool fresh_ = false;
   bool equalNames_ = false;
 };

@@ -102,6 +102,34 @@ TEST(Layers, RenamingReplacesAllNamesInTheExtendedDataAtOnce) {
   EXPECT_EQ(saved(*drawing), before);
 }
 
+// What names a layer is looked up once for many renamings; every change in between counts.
+TEST(Layers, RenamingAgainReachesWhatHasJoinedTheLayer) {
+  const std::string before = drawingText(
+      "AC1009", "0 LINE|8 wall|1001 APP|1003 PIPES|0 ARC|8 PIPES|1001 APP|1003 WALL|0 TEXT|8 0", kLayers);
+  const auto drawing = read(before);
+  const RecordId wall = drawing->find(Table::kLayer, L"WALL");
+  const auto layersAre = [&](const wchar_t* line, const wchar_t* arc, const wchar_t* text) {
+    const std::pair<const char*, const wchar_t*> expected[] = {{"LINE", line}, {"ARC", arc}, {"TEXT", text}};
+    for (const auto& [type, layer] : expected) {
+      EXPECT_EQ(drawing->text(entity(*drawing, type), Property::kLayer), layer) << type;
+    }
+  };
+  ASSERT_TRUE(drawing->renameLayer(wall, L"A").ok());
+  ASSERT_TRUE(drawing->renameLayer(drawing->find(Table::kLayer, L"PIPES"), L"P").ok());
+  layersAre(L"A", L"P", L"0");
+  ASSERT_TRUE(drawing->setText(entity(*drawing, "TEXT"), Property::kLayer, L"A").ok());
+  ASSERT_TRUE(drawing->renameLayer(wall, L"B").ok());
+  layersAre(L"B", L"P", L"B");
+  ASSERT_TRUE(drawing->undo());
+  ASSERT_TRUE(drawing->renameLayer(wall, L"C").ok());
+  layersAre(L"C", L"P", L"C");
+  const std::string written = saved(*drawing);
+  EXPECT_NE(written.find("1003\nP\n"), std::string::npos);
+  EXPECT_NE(written.find("1003\nC\n"), std::string::npos);
+  while (drawing->undo()) continue;
+  EXPECT_EQ(saved(*drawing), before);
+}
+
 TEST(Layers, AreFoundByTheNamesThatTheyHave) {
   const auto drawing = read(drawingText("AC1009", "0 LINE|8 WALL|0 ARC|8 PIPES", kLayers));
   const RecordId wall = drawing->find(Table::kLayer, L"WALL"), pipes = drawing->find(Table::kLayer, L"PIPES");
