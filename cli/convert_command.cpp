@@ -4,6 +4,7 @@
 
 #include "base/codepage.h"
 #include "base/files.h"
+#include "base/temporary_files.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/drawing_conversion.h"
@@ -54,6 +55,7 @@ base::Status prepare(Session& session, const Arguments& arguments, Undone& undon
   }
   undone = {droppedLines(report), report.changes == 0};
   if (base::Status made = makeFolder(L"--out", arguments.outputFolder); !made) return made;
+  base::removeAbandonedTemporaryFiles(base::pathFromText(arguments.outputFolder));
   if (!arguments.logFolder.empty()) return makeFolder(L"--log", arguments.logFolder);
   return {};
 }
@@ -91,6 +93,7 @@ int runConvert(const Arguments& arguments) {
     return kUnusable;
   }
 
+  session.value()->host().removeTemporaryFilesOnSignals();
   const fs::path outputFolder = base::pathFromText(arguments.outputFolder);
   DrawingConversion conversion(*session.value(), arguments, logFilePath(arguments.logFolder));
   Tally tally;

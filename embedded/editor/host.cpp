@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/files.h"
+#include "base/temporary_files.h"
 #include "embedded/editor/file_search.h"
 #include "embedded/editor/host_state.h"
 
@@ -107,5 +108,6 @@ void Host::beginRun() {
 
 const std::optional<SaveReport>& Host::lastSave() const { return state_->lastSave; }
 std::vector<base::Failure> Host::takeRemarks() { return std::exchange(state_->remarks, {}); }
+void Host::removeTemporaryFilesOnSignals() { base::removeTemporaryFilesOnSignals(); }
 
 }  // namespace cad

@@ -87,6 +87,9 @@ class Host {
   // An exported function of a loaded module; null when the module or the function is missing.
   void* moduleSymbol(std::wstring_view module, const char* symbol);
 
+  // For programs without a window; see base/temporary_files.h. The host writes the files, so it removes them.
+  void removeTemporaryFilesOnSignals();
+
   void beginRun();  // forgets the last save and the remarks that nobody took
   // Empty when nothing was saved since the last beginRun().
   const std::optional<SaveReport>& lastSave() const;

@@ -5,6 +5,7 @@
 #include <regex>
 
 #include "base/codepage.h"
+#include "base/process_facts.h"
 #include "tests/cli/program_runner.h"
 
 namespace kivcli::testing {
@@ -60,6 +61,30 @@ TEST_F(ConvertTest, BadDrawingsAreNamedAndTheBatchGoesOn) {
   }
   EXPECT_TRUE(contains(run.err, "the drawing has no entities")) << run.err;
   EXPECT_EQ(filesIn("out"), std::vector<std::string>{"good.DXF"});
+}
+
+TEST_F(ConvertTest, ADrawingThatOnlyLacksItsEndIsConvertedWithAWarning) {
+  const std::string cut = good_.substr(0, good_.rfind("  0\r\nEOF"));
+  write("cut.dxf", cut);
+  const ProgramRun run = convert({"cut.dxf"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "cut.dxf -> out/cut.DXF\n1 drawing converted, 1 with problems\n");
+  EXPECT_TRUE(run.err.starts_with("cut.dxf: The file has no EOF")) << run.err;
+  EXPECT_EQ(read("out/cut.DXF"), replaced(cut, " 62\r\n     1\r\n", " 62\r\n     3\r\n"));
+  const ProgramRun info = kivcvt({"info", "cut.dxf"});
+  EXPECT_EQ(info.status, 1);
+  EXPECT_TRUE(contains(info.out, "entities        2")) << info.out;
+  EXPECT_TRUE(info.err.starts_with("cut.dxf: The file has no EOF")) << info.err;
+}
+
+TEST_F(ConvertTest, ANameThatIsOnlyAnExtensionIsAName) {
+  write(".dxf", good_);
+  const std::string left = "out/.tmp-kiv-" + base::machineName() + "-2000000000-0";
+  write(left, "what a killed run left");
+  const ProgramRun run = convert({".dxf", "good.dxf"});
+  EXPECT_EQ(run.out, ".dxf -> out/.DXF\ngood.dxf -> out/good.DXF\n2 drawings converted\n") << run.err;
+  EXPECT_EQ(filesIn("out"), (std::vector<std::string>{".DXF", "good.DXF"}));
+  EXPECT_EQ(read("out/.DXF"), read("out/good.DXF"));
 }
 
 #if !defined(_WIN32)  // links that anybody can make and names in any encoding are these systems' own

@@ -39,12 +39,19 @@ std::optional<Token> readDxfPath(TokenReader& input) {
   }
 }
 
+// The last dot and what follows; a file may have nothing else as its name.
+std::wstring extensionOf(const std::filesystem::path& path) {
+  const std::wstring name = base::pathText(path.filename());
+  const std::size_t dot = name.rfind(L'.');
+  return dot == std::wstring::npos ? std::wstring() : name.substr(dot);
+}
+
 Format formatByName(const std::filesystem::path& path) {
-  return base::equalFolded(base::pathText(path.extension()), L".DXF") ? Format::kDxf : Format::kDwg;
+  return base::equalFolded(extensionOf(path), L".DXF") ? Format::kDxf : Format::kDwg;
 }
 
 Outcome save(TokenReader& input, HostState& state, Format format, std::filesystem::path path) {
-  if (path.extension().empty()) path += base::pathFromText(L"." + std::wstring(formatName(format)));
+  if (extensionOf(path).empty()) path += base::pathFromText(L"." + std::wstring(formatName(format)));
   Document* document = state.documents.current();
   if (format != Format::kDxf) {
     input.takeIf(L"Y", L"YES");
