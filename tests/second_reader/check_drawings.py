@@ -13,6 +13,7 @@ import subprocess
 import sys
 import tempfile
 
+import ezdxf.audit
 import ezdxf.recover
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "cases"))
@@ -133,6 +134,8 @@ class Check:
 
     def marked(self, drawing):
         """Each object gets the layer that stands for what the independent library reads of it."""
+        if has_mended_styles(drawing):
+            return
         before = read_document(drawing)
         marks = conditions.Marks(before)
         target, said = self.convert(marks.rules(), drawing)
@@ -173,6 +176,16 @@ def read_document(path):
         return ezdxf.readfile(path)
     except ezdxf.DXFError:
         return ezdxf.recover.readfile(path)[0]
+
+
+def has_mended_styles(path):
+    """True when the library reads texts in another style than the one they name, which the file lacks."""
+    try:
+        ezdxf.readfile(path)
+        return False
+    except ezdxf.DXFError:
+        fixes = ezdxf.recover.readfile(path)[1].fixes
+        return any(fix.code == ezdxf.audit.AuditError.UNDEFINED_TEXT_STYLE for fix in fixes)
 
 
 def expected_color(entity, in_current_space):
