@@ -57,15 +57,19 @@ Status createFolderWith(const std::filesystem::path& named, const std::vector<st
   if (fs::exists(folder, error)) return Failure{pathText(folder), kFileInTheWay};
   TemporaryFolder made(folder);
   if (made.error()) return failureOf(folder, made.error());
+  Status outcome;
   for (const fs::path& file : files) {
     const auto content = readFile(file);
-    if (!content.ok()) return content.failure();
+    if (!content.ok()) {
+      outcome = content.failure();
+      continue;
+    }
     const Status copied = writeFileAtomically(made.path() / file.filename(), content.value());
     if (!copied.ok()) return Failure{pathText(folder / file.filename()), copied.failure().reason};
   }
   const std::error_code refused = made.become(folder);
   const bool isThere = !refused || fs::is_directory(folder, error);  // another program may have been faster
-  return isThere ? Status() : Status(failureOf(folder, refused));
+  return isThere ? outcome : Status(failureOf(folder, refused));
 }
 
 }  // namespace base

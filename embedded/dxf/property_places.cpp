@@ -227,6 +227,11 @@ Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPla
     if (place.code == kColorNumber) noteTrueColor(group, result);
     if (!leftSubclass) result.insertAt = group.end;
   }
+  // A record that has markers, but not this one: what its other subclasses have of the code counts.
+  const bool lacksMarker = !sawSubclass && !cursor.subclass().empty() && !place.subclass.empty();
+  if (!result.found && lacksMarker) {
+    return locate(bytes, dialect, {place.property, place.code, {}, place.since});
+  }
   return result;
 }
 

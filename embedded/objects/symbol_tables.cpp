@@ -196,7 +196,9 @@ Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
 }
 
 bool AcDbSymbolTableRecord::isDependent() const {
+  constexpr std::int64_t kDependentFlag = 16;
   const ACHAR* name = nullptr;
   getName(name);
-  return std::wstring_view(name).find(L'|') != std::wstring_view::npos;
+  return std::wstring_view(name).find(L'|') != std::wstring_view::npos ||
+         (cad::readInteger(*this, Property::kStandardFlags) & kDependentFlag) != 0;
 }

@@ -74,6 +74,16 @@ TEST(EditPlace, GroupsOfOtherPartsAreLeftAlone) {
   }
 }
 
+TEST(EditPlace, AnObjectWithoutTheMarkerOfItsClassKeepsWhatItIsGiven) {
+  for (const char* text : {"0 TEXT|100 AcDbEntity|8 A|10 0.0|1 x",
+                           "0 TEXT|100 AcDbEntity|8 A|100 AcDbOther|40 1.0", "0 TEXT|8 A|40 1.0|1 x"}) {
+    const auto drawing = read(drawingText("AC1015", text));
+    ASSERT_TRUE(drawing->setReal(entity(*drawing, "TEXT"), Property::kTextHeight, 2.5).ok()) << text;
+    const auto again = read(saved(*drawing));
+    EXPECT_EQ(again->real(entity(*again, "TEXT"), Property::kTextHeight), 2.5) << text;
+  }
+}
+
 TEST(EditPlace, NewGroupsAreWrittenAsTheFileWritesThem) {
   const std::string padded =
       groups("0 SECTION|2 ENTITIES|0 LINE|8 0|0 POINT|62      9|8 0|0 ENDSEC|0 EOF", "\r\n");
