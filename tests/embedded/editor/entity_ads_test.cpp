@@ -44,7 +44,7 @@ TEST_F(HostTest, LinetypesAreLoadedOnce) {
   open();
   make("types.lin",
        "*DASHES,Dashes __ __\r\nA,.5,-.25\r\n*DOTS,Dots . .\r\nA,0,-.25\r\n"
-       "*GAS,Gas\r\nA,1,-1,[\"GAS\",STANDARD],-1\r\n");
+       "*GAS,Gas\r\nA,1,-1,[\"GAS\",STANDARD],-1\r\n*BAD,Bad\r\nA,1,no\r\n");
   AcDbDatabase* database = acDocManager->curDocument()->database();
   EXPECT_EQ(acdbLoadLineTypeFile(L"dashes", L"types.lin", database), Acad::eOk);
   EXPECT_NE(drawing().find(cad::Table::kLinetype, L"DASHES"), cad::kNoRecord);
@@ -54,9 +54,10 @@ TEST_F(HostTest, LinetypesAreLoadedOnce) {
   EXPECT_EQ(acdbLoadLineTypeFile(L"DOTS", L"types.lin", nullptr), Acad::eNoDatabase);
   cad::Host::instance().beginRun();
   EXPECT_EQ(acdbLoadLineTypeFile(L"GAS", L"types.lin", database), Acad::eNotApplicable);
+  EXPECT_EQ(acdbLoadLineTypeFile(L"BAD", L"types.lin", database), Acad::eInvalidInput);
   const std::vector<base::Failure> remarks = cad::Host::instance().takeRemarks();
   ASSERT_EQ(remarks.size(), 1U);
-  EXPECT_EQ(remarks[0].place, L"types.lin, line 6");
+  EXPECT_EQ(remarks[0].place, L"types.lin, line 8");
 }
 
 TEST_F(HostTest, NamesOfTableRecords) {
