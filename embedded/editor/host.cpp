@@ -81,10 +81,10 @@ bool Host::isPicking() const { return state_->picking.isWaiting(); }
 
 bool Host::filterMessage(void* message) {
   // A filter may remove itself, or another one, while it is asked.
-  const std::vector<AcedFilterWinMsgFn> filters = state_->messageFilters;
+  const std::vector<MessageFilter> filters = state_->messageFilters;
   for (auto each = filters.rbegin(); each != filters.rend(); ++each) {
     const bool registered = std::ranges::find(state_->messageFilters, *each) != state_->messageFilters.end();
-    if (registered && (*each)(static_cast<MSG*>(message)) != 0) return true;
+    if (registered && (*each)(static_cast<tagMSG*>(message)) != 0) return true;
   }
   return false;
 }

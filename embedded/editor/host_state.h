@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "afxwin.h"
 #include "base/result.h"
 #include "embedded/drawing/storage.h"
 #include "embedded/editor/command_line.h"
@@ -18,9 +17,13 @@
 #include "embedded/editor/modules.h"
 #include "embedded/editor/picking.h"
 #include "embedded/editor/selection_sets.h"
-#include "rxmfcapi.h"
+
+struct tagMSG;
 
 namespace cad {
+
+// As the host's interface has it; told here in plain types, because its header must come before the system's.
+using MessageFilter = int (*)(tagMSG* message);
 
 struct HostState {
   bool running = false;
@@ -39,7 +42,7 @@ struct HostState {
   std::function<std::optional<InputEvent>()> inputSource;
   void* mainWindow = nullptr;
   Picking picking;
-  std::vector<AcedFilterWinMsgFn> messageFilters;  // the one registered last is the last
+  std::vector<MessageFilter> messageFilters;  // the one registered last is the last
 
   Documents documents;
   CommandStack commands;

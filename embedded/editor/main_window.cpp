@@ -38,7 +38,7 @@ CMDIFrameWnd* acedGetAcadFrame() {
 }
 
 BOOL acedRegisterFilterWinMsg(const AcedFilterWinMsgFn function) {
-  std::vector<AcedFilterWinMsgFn>& filters = cad::hostState().messageFilters;
+  std::vector<cad::MessageFilter>& filters = cad::hostState().messageFilters;
   if (function == nullptr || std::ranges::find(filters, function) != filters.end()) return 0;
   filters.push_back(function);
   return 1;
