@@ -1,5 +1,5 @@
 #pragma once
-// The choices of a mutator, all from the seed that libFuzzer gives, so that a run can be repeated.
+// The choices of a mutator, all from the number that libFuzzer gives, so that a run can be repeated.
 
 #include <cstddef>
 #include <initializer_list>
