@@ -34,8 +34,9 @@ void createLayer(RunState& run, const std::vector<std::wstring>& fields) {
         setLayerProperty(*layer.object(), kLayerFieldKinds[i], value, run.database);
     if (status == Acad::eOk) continue;
     const wchar_t* key = itemKind(kLayerFieldKinds[i])->key;
-    run.problems.addToLog(layerCreationProblem(name, key, value));
-    run.problems.addNote({key, value, refusalOf(status), 1, Refuser::kLayer});
+    const std::wstring written = asWritten(kLayerFieldKinds[i], value);
+    run.problems.addToLog(layerCreationProblem(name, key, written));
+    run.problems.addNote({key, written, refusalOf(status), 1, Refuser::kLayer});
   }
   switchOffAndOn(*layer.object());
 }

@@ -128,6 +128,10 @@ Acad::ErrorStatus setLayerProperty(AcDbLayerTableRecord& layer, int kind, const 
   }
 }
 
+std::wstring asWritten(int kind, const std::wstring& value) {
+  return kind == kColorKind ? colorFileText(colorNumberOfFileText(value)) : value;
+}
+
 void switchOffAndOn(AcDbLayerTableRecord& layer) {
   if (layer.isOff()) return;
   layer.setIsOff(true);

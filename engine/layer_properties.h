@@ -28,6 +28,9 @@ bool layerMatches(const LayerFacts& layer, int kind, const std::wstring& value);
 Acad::ErrorStatus setLayerProperty(AcDbLayerTableRecord& layer, int kind, const std::wstring& value,
                                    AcDbDatabase& database);
 
+// The value as the specification has it, for messages: the run's lists have colours as numbers.
+std::wstring asWritten(int kind, const std::wstring& value);
+
 // Views keep showing a changed layer as it was until it is switched. Does nothing to one that is off.
 void switchOffAndOn(AcDbLayerTableRecord& layer);
 

@@ -123,8 +123,9 @@ bool writeResult(RunState& run, AcDbLayerTableRecord& record, const LayerFacts& 
     run.problems.addProblem(currentLayerFreezeProblem(layer.name));
     return false;
   }
-  run.problems.addToLog(layerSettingProblem(layer.name, result.key, result.value));
-  run.problems.addNote({result.key, result.value, refusalOf(status), 1, Refuser::kLayer});
+  const std::wstring written = asWritten(result.kind, result.value);
+  run.problems.addToLog(layerSettingProblem(layer.name, result.key, written));
+  run.problems.addNote({result.key, written, refusalOf(status), 1, Refuser::kLayer});
   return false;
 }
 

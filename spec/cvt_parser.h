@@ -31,7 +31,8 @@ struct CvtSection {
   int linesExamined = 0;          // between the header and the end
   std::vector<Setting> settings;  // of a rule section; names and colours as the editor has them
   // Of a list section; the fields in the order of the line, trimmed. 5: one field when the line has no
-  // comma, else two. 7: three or nine, the colour as the editor has it. 8: file, linetype. 9: style, font
+  // comma, else two. 7: three or nine, the colour as the editor has it
+  // or empty. 8: file, linetype. 9: style, font
   // and, when there is one, big font. 10: one field.
   std::vector<std::vector<std::wstring>> entries;
   std::vector<CvtTextList> textLists;  // that a conversion looks for beside the file

@@ -27,7 +27,7 @@ std::wstring flatten(const Setting& setting) {
 
 std::wstring joined(std::vector<std::wstring> fields, int section) {
   if (section == kLayerCreationSection) {
-    fields[1] = std::to_wstring(colorNumber(fields[1]));
+    if (!fields[1].empty()) fields[1] = std::to_wstring(colorNumber(fields[1]));
     fields.resize(9);
   }
   if (section == kArrowSection) fields = {splitFields(fields[0]).front()};

@@ -20,8 +20,8 @@ namespace kiv {
 //
 // The lines of the other lists are fields joined by commas, each trimmed: 4 "variable,value"
 // ("variable=value" when the line has no comma); 6 nine fields, the last six empty in a short entry, the
-// colour a number; 7 "linetype file,linetype"; 8 "style,font,big font" or "style,font"; 9 the arrow's name or
-// path up to the first comma of its line.
+// colour a number or empty; 7 "linetype file,linetype"; 8 "style,font,big font" or "style,font"; 9 the
+// arrow's name or path up to the first comma of its line.
 struct WorkLists {
   std::array<std::vector<std::wstring>, 10> lists;
 };

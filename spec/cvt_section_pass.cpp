@@ -215,11 +215,10 @@ void CvtSectionPass::takeLayer(const CvtLine& line) {
     return;
   }
   checkValue(line, kLayerKind, {}, fields[0]);
-  checkValue(line, kColorKind, {}, fields[1]);
-  for (size_t index = 2; index < fields.size(); ++index) {
+  for (size_t index = 1; index < fields.size(); ++index) {
     if (!fields[index].empty()) checkValue(line, kLayerFieldKinds[index - 1], {}, fields[index]);
   }
-  fields[1] = colorText(colorNumberOfFileText(fields[1]));
+  if (!fields[1].empty()) fields[1] = colorText(colorNumberOfFileText(fields[1]));
   section_.entries.push_back(std::move(fields));
 }
 

@@ -49,7 +49,8 @@ std::wstring entryLine(const Entry& entry, int section) {
   if (section == kDimensionSettingSection && fields[1].empty() && fields[0].find(L'=') != std::wstring::npos)
     fields.pop_back();
   if (section == kLinetypeSection) std::swap(fields[0], fields[1]);
-  if (section == kLayerCreationSection) fields[1] = colorFileText(colorNumber(fields[1]));
+  if (section == kLayerCreationSection && !fields[1].empty())
+    fields[1] = colorFileText(colorNumber(fields[1]));
   if (section == kFontSection && (fields.size() < 3 || fields[2].empty())) {
     fields.resize(2);
     fields.push_back(kNoBigFont);

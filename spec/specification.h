@@ -32,9 +32,9 @@ struct Setting {
   std::vector<Item> results;
 };
 
-// An entry of a list section. The fields by section: 5 variable, value; 7 layer, colour as a person sees it,
-// linetype and, all or none, visibility, lock, freeze, plot, lineweight, transparency; 8 linetype, file;
-// 9 style, font and, when there is one, big font; 10 arrow block.
+// An entry of a list section. The fields by section: 5 variable, value; 7 layer, colour as a person sees it
+// or empty, linetype and, all or none, visibility, lock, freeze, plot, lineweight, transparency; 8 linetype,
+// file; 9 style, font and, when there is one, big font; 10 arrow block.
 struct Entry {
   std::vector<std::wstring> fields;
   Wording wording = Wording::kFile;

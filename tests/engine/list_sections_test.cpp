@@ -152,13 +152,14 @@ TEST_F(ListSections, StylesWithoutABigFontLoseTheOneTheyHad) {
 
 TEST_F(ListSections, LayersAreMadeAndExistingOnesLeftAlone) {
   run({{L"画層の作成",
-        L"A-ROOM, 6, DASHED\nALL, 200, CONTINUOUS\n"
+        L"A-ROOM, 6, DASHED\nA-PLAIN, , CONTINUOUS\nALL, 200, CONTINUOUS\n"
         L"A-FULL, 30, CONTINUOUS,OFF,ON,ON,OFF,0.50 mm,50"},
        {L"文字", L"[***]\n{\n[画層] = A-ROOM\n}"}});
   EXPECT_TRUE(sink_.problems.empty());
   EXPECT_EQ(layerInteger(L"A-ROOM", Property::kLayerColor), 6);
   EXPECT_EQ(drawing().names().text(drawing().name(layer(L"A-ROOM"), Property::kLayerLinetype)), L"DASHED");
   EXPECT_EQ(name(kText, Property::kLayer), L"A-ROOM");
+  EXPECT_EQ(layerInteger(L"A-PLAIN", Property::kLayerColor), 7);
   EXPECT_EQ(layerInteger(L"ALL", Property::kLayerColor), 1);
   EXPECT_EQ(layerInteger(L"A-FULL", Property::kLayerColor), -30);
   EXPECT_EQ(layerInteger(L"A-FULL", Property::kStandardFlags) & 5, 5);
@@ -170,7 +171,7 @@ TEST_F(ListSections, LayerAttributesThatCannotBeSetAreProblems) {
   run({{L"画層の作成", L"A-BAD, BYLAYER, NONE,1,OFF,OFF,ON,ByLayer,0"}});
   EXPECT_NE(layer(L"A-BAD"), cad::kNoRecord);
   EXPECT_EQ(sink_.problems,
-            (std::vector<std::wstring>{L"画層の作成で、画層[A-BAD]の色[256]を設定できませんでした",
+            (std::vector<std::wstring>{L"画層の作成で、画層[A-BAD]の色[BYLAYER]を設定できませんでした",
                                        L"画層の作成で、画層[A-BAD]の線種[NONE]を設定できませんでした",
                                        L"画層の作成で、画層[A-BAD]の表示[1]を設定できませんでした",
                                        L"画層の作成で、画層[A-BAD]の線幅値[BYLAYER]を設定できませんでした"}));

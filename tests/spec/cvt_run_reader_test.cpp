@@ -33,11 +33,11 @@ TEST_F(CvtRunReader, CommasOfValuesAreDoubled) {
 TEST_F(CvtRunReader, ListFieldsAreJoinedByCommas) {
   const WorkLists work = read(
       L"[寸法設定]\ndimasz, 2.5, x\nDIMTXT = 3\nDIMPOST,\n---End---\n"
-      L"[画層の作成]\nA, byblock, X\nB, 1, Y,ON,OFF,OFF,ON,0.25 mm,30\n---End---\n"
+      L"[画層の作成]\nA, byblock, X\nC,,Z\nB, 1, Y,ON,OFF,OFF,ON,0.25 mm,30\n---End---\n"
       L"[字体のﾛｰﾄﾞ]\nS, F.SHX, B.SHX\nT, F, "
       L"----------\n---End---\n[矢印のﾛｰﾄﾞ]\n/Arrows/My.dwg , old\n---End---\n[EOF]\n");
   EXPECT_EQ(work.lists[4], (Lines{L"DIMASZ,2.5", L"DIMTXT = 3", L"DIMPOST,"}));
-  EXPECT_EQ(work.lists[6], (Lines{L"A,0,X,,,,,,", L"B,1,Y,ON,OFF,OFF,ON,0.25 MM,30"}));
+  EXPECT_EQ(work.lists[6], (Lines{L"A,0,X,,,,,,", L"C,,Z,,,,,,", L"B,1,Y,ON,OFF,OFF,ON,0.25 MM,30"}));
   EXPECT_EQ(work.lists[8], (Lines{L"S,F.SHX,B.SHX", L"T,F"}));
   EXPECT_EQ(work.lists[9], (Lines{L"/Arrows/My.dwg"}));
 }

@@ -34,6 +34,7 @@ TEST_F(CvtWriter, ListEntriesEachInTheirForm) {
   for (const auto& [section, fields] : std::vector<std::pair<int, std::vector<std::wstring>>>{
            {5, {L"DIMASZ", L"2.5"}},
            {7, {L"WALL", L"1:赤", L"CONTINUOUS"}},
+           {7, {L"PLAIN", L"", L"CONTINUOUS"}},
            {7, {L"AXIS", L"256:BYLAYER", L"CENTER", L"ON", L"OFF", L"OFF", L"ON", L"0.25 mm", L"30"}},
            {9, {L"STD", L"TXT.SHX", L"BIGFONT.SHX"}},
            {9, {L"GOTHIC", L"ＭＳ ゴシック"}},
@@ -42,7 +43,7 @@ TEST_F(CvtWriter, ListEntriesEachInTheirForm) {
   }
   EXPECT_EQ(sectionLines(specification, L"[寸法設定]"), L"DIMASZ, 2.5\n");
   EXPECT_EQ(sectionLines(specification, L"[画層の作成]"),
-            L"WALL, 1, CONTINUOUS\nAXIS, BYLAYER, CENTER,ON,OFF,OFF,ON,0.25 mm,30\n");
+            L"WALL, 1, CONTINUOUS\nPLAIN, , CONTINUOUS\nAXIS, BYLAYER, CENTER,ON,OFF,OFF,ON,0.25 mm,30\n");
   EXPECT_EQ(sectionLines(specification, L"[字体のﾛｰﾄﾞ]"),
             L"STD, TXT.SHX, BIGFONT.SHX\nGOTHIC, ＭＳ ゴシック, ----------\n");
   EXPECT_EQ(sectionLines(specification, L"[矢印のﾛｰﾄﾞ]"), L"_Dot\n");
