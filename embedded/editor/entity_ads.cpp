@@ -34,7 +34,7 @@ int acdbEntDel(const ads_name entity) {
   AcDbObjectId id;
   cad::Document* document = cad::hostState().documents.current();
   if (document == nullptr || acdbGetObjectId(id, entity) != Acad::eOk ||
-      id.database() != document->database())
+      id.database() != document->database() || cad::needsLock(*document->database()))
     return RTERROR;
   cad::Drawing& drawing = document->drawing();
   const cad::RecordId record = cad::recordOf(id);

@@ -45,6 +45,7 @@ std::filesystem::path findShapeFile(std::wstring_view name) {
 Acad::ErrorStatus acdbLoadLineTypeFile(const ACHAR* name, const ACHAR* file, AcDbDatabase* database) {
   if (name == nullptr || file == nullptr || *name == 0) return Acad::eInvalidInput;
   if (database == nullptr) return Acad::eNoDatabase;
+  if (cad::needsLock(*database)) return Acad::eLockViolation;
   const std::filesystem::path found = cad::findFile(file);
   if (found.empty()) return Acad::eFileNotFound;
   const auto loaded = cad::support::loadLinetypes(cad::drawingOf(*database), name, found, findShapeFile);

@@ -16,6 +16,7 @@ std::unique_ptr<AcDbDatabase> makeDatabase(Drawing& drawing);
 // Nothing of the database opens for writing while `isUnlocked` says so. A database without a document needs
 // no lock.
 void requireLock(AcDbDatabase& database, std::function<bool()> isUnlocked);
+bool needsLock(const AcDbDatabase& database);  // it is not to be written now
 
 Drawing& drawingOf(const AcDbDatabase& database);
 AcDbDatabase* databaseOf(const Drawing& drawing);  // null when none was made

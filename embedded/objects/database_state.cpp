@@ -86,6 +86,8 @@ void requireLock(AcDbDatabase& database, std::function<bool()> isUnlocked) {
   DatabaseAccess::state(database).isUnlocked = std::move(isUnlocked);
 }
 
+bool needsLock(const AcDbDatabase& database) { return DatabaseAccess::state(database).needsLock(); }
+
 Drawing& drawingOf(const AcDbDatabase& database) { return DatabaseAccess::state(database).drawing; }
 
 AcDbDatabase* databaseOf(const Drawing& drawing) {

@@ -26,6 +26,7 @@ struct DatabaseState {
   static RecordId tableNumber(Table table) { return kFirstTable + static_cast<RecordId>(table); }
   static bool isTable(RecordId number) { return number >= kFirstTable && number < kFirstTable + kTables; }
 
+  bool needsLock() const { return isUnlocked && isUnlocked(); }  // it is not to be written now
   bool isRecord(RecordId number) const { return number < drawing.recordCount(); }
   AcDbObjectId id(RecordId number) const;
   // The open object of this number, null while it is closed.

@@ -106,7 +106,7 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb:
   DatabaseState* state = cad::stateOf(id, number);
   if (!state || (!state->isRecord(number) && !DatabaseState::isTable(number))) return Acad::eInvalidKey;
   const bool writing = mode == AcDb::kForWrite;
-  if (writing && state->isUnlocked && state->isUnlocked()) return Acad::eLockViolation;
+  if (writing && state->needsLock()) return Acad::eLockViolation;
   if (!openErased && state->isRecord(number) && state->drawing.record(number).erased())
     return Acad::eWasErased;
   if (AcDbObject* open = state->slot(number)) {
@@ -156,7 +156,7 @@ Acad::ErrorStatus AcDbObject::upgradeOpen() {
   if (!state_) return Acad::eNotInDatabase;
   if (writing_) return Acad::eWasOpenForWrite;
   if (readers_ > 1) return Acad::eHadMultipleReaders;
-  if (state_->isUnlocked && state_->isUnlocked()) return Acad::eLockViolation;
+  if (state_->needsLock()) return Acad::eLockViolation;
   if (cad::isOnLockedLayer(state_->drawing, record_)) return Acad::eOnLockedLayer;
   writing_ = true;
   readers_ = 0;

@@ -1,4 +1,6 @@
 #include "accmd.h"
+#include "acdb.h"
+#include "acdbads.h"
 #include "acdocman.h"
 #include "dbapserv.h"
 #include "dbobjptr.h"
@@ -10,6 +12,7 @@
 namespace {
 
 using cad_test::HostTest;
+using test_support::inCommand;
 
 std::vector<std::wstring> ran;
 
@@ -52,9 +55,13 @@ Acad::ErrorStatus writing;
 void writeLayers() {
   AcDbLayerTablePointer table(acDocManager->curDocument()->database(), AcDb::kForWrite);
   writing = table.openStatus();
+  ads_name last;
+  ASSERT_EQ(acdbEntLast(last), RTNORM);
+  EXPECT_EQ(acdbEntDel(last), writing == Acad::eOk ? RTNORM : RTERROR);
 }
 
 TEST_F(DocumentsTest, ADocumentIsWrittenUnderACommandOrALock) {
+  open();
   AcApDocument* document = acDocManager->curDocument();
   acedRegCmds->addCommand(L"TEST_GROUP", L"WRITE", L"WR", ACRX_CMD_MODAL, writeLayers);
   const auto outside = [] { return writeLayers(), writing; };
@@ -62,7 +69,7 @@ TEST_F(DocumentsTest, ADocumentIsWrittenUnderACommandOrALock) {
   EXPECT_EQ(AcDbLayerTablePointer(document->database()).openStatus(), Acad::eOk) << "reading needs no lock";
   EXPECT_TRUE(host().execute(L"WRITE").ok());
   EXPECT_EQ(writing, Acad::eOk);
-  test_support::inCommand(writeLayers, ACRX_CMD_SESSION);
+  inCommand(writeLayers, ACRX_CMD_SESSION);
   EXPECT_EQ(writing, Acad::eLockViolation) << "a command of the application locks for itself";
   EXPECT_EQ(acDocManager->lockDocument(document, AcAp::kRead), Acad::eOk);
   EXPECT_EQ(outside(), Acad::eLockViolation);

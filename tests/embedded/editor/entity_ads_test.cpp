@@ -3,10 +3,12 @@
 #include "afxwin.h"
 #include "rxmfcapi.h"
 #include "tests/embedded/editor/host_fixture.h"
+#include "tests/support/in_command.h"
 
 namespace {
 
 using cad_test::HostTest;
+using test_support::inCommand;
 
 TEST_F(HostTest, TablesAreSearchedByName) {
   open();
@@ -34,9 +36,11 @@ TEST_F(HostTest, EntitiesOnLockedLayersAndStrangeNamesAreNotErased) {
   acutRelRb(filter);
   ASSERT_EQ(acedSSName(set, 0, entity), RTNORM);
   acedSSFree(set);
-  EXPECT_EQ(acdbEntDel(entity), RTERROR);
   const ads_name strange = {12345678, 0};
-  EXPECT_EQ(acdbEntDel(strange), RTERROR);
+  inCommand([&] {
+    EXPECT_EQ(acdbEntDel(entity), RTERROR);
+    EXPECT_EQ(acdbEntDel(strange), RTERROR);
+  });
   EXPECT_FALSE(drawing().isModified());
 }
 
@@ -45,7 +49,10 @@ TEST_F(HostTest, LinetypesAreLoadedOnce) {
   make("types.lin",
        "*DASHES,Dashes __ __\r\nA,.5,-.25\r\n*DOTS,Dots . .\r\nA,0,-.25\r\n"
        "*GAS,Gas\r\nA,1,-1,[\"GAS\",STANDARD],-1\r\n*BAD,Bad\r\nA,1,no\r\n");
-  AcDbDatabase* database = acDocManager->curDocument()->database();
+  AcApDocument* document = acDocManager->curDocument();
+  AcDbDatabase* database = document->database();
+  EXPECT_EQ(acdbLoadLineTypeFile(L"dashes", L"types.lin", database), Acad::eLockViolation);
+  ASSERT_EQ(acDocManager->lockDocument(document), Acad::eOk);
   EXPECT_EQ(acdbLoadLineTypeFile(L"dashes", L"types.lin", database), Acad::eOk);
   EXPECT_NE(drawing().find(cad::Table::kLinetype, L"DASHES"), cad::kNoRecord);
   EXPECT_EQ(acdbLoadLineTypeFile(L"DASHES", L"types.lin", database), Acad::eDuplicateRecordName);

@@ -54,7 +54,7 @@ TEST_F(Insert, AFileBecomesABlockOfItsName) {
   EXPECT_EQ(blockSize(L"ARROW1"), 5u);
   ASSERT_EQ(acdbEntLast(after), RTNORM);
   EXPECT_FALSE(ads_name_equal(before, after));
-  EXPECT_EQ(acdbEntDel(after), RTNORM);
+  inCommand([&] { EXPECT_EQ(acdbEntDel(after), RTNORM); });
   ASSERT_EQ(acdbEntLast(after), RTNORM);
   EXPECT_TRUE(ads_name_equal(before, after));
   EXPECT_EQ(blockSize(L"ARROW1"), 5u);

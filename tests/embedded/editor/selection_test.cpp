@@ -5,10 +5,12 @@
 #include "embedded/editor/selection_sets.h"
 #include "embedded/objects/database_access.h"
 #include "tests/embedded/editor/host_fixture.h"
+#include "tests/support/in_command.h"
 
 namespace {
 
 using cad_test::HostTest;
+using test_support::inCommand;
 
 class Selection : public HostTest {
  protected:
@@ -137,9 +139,9 @@ TEST_F(Selection, AtMost128SetsAndNoneOfAClosedDrawing) {
 TEST_F(Selection, ErasedEntitiesAreNotSelected) {
   ads_name last;
   ASSERT_EQ(acdbEntLast(last), RTNORM);
-  ASSERT_EQ(acdbEntDel(last), RTNORM);
+  inCommand([&] { ASSERT_EQ(acdbEntDel(last), RTNORM); });
   EXPECT_EQ(select(acutBuildList(RTDXF0, L"CIRCLE", RTNONE), RTERROR), "");
-  ASSERT_EQ(acdbEntDel(last), RTNORM);
+  inCommand([&] { ASSERT_EQ(acdbEntDel(last), RTNORM); });
   EXPECT_EQ(select(acutBuildList(RTDXF0, L"CIRCLE", RTNONE)), "CIRCLE:0 ");
 }
 
