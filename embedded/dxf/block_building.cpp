@@ -29,6 +29,8 @@ base::Result<RecordId> DxfStorage::defineBlock(Drawing& drawing, std::wstring_vi
   Drawing::ChangeScope scope(drawing);
   BlockCopier copier(drawing, *this, source, *from);
   base::Result<RecordId> block = copier.copyModelSpace(name);
+  if (const base::Status unchanged = from->source_->checkUnchanged(); block.ok() && !unchanged)
+    block = unchanged.failure();
   if (!block.ok()) scope.rollBack();
   return block;
 }

@@ -96,6 +96,7 @@ Outcome CommandLine::runRegistered(const AcEdCommand& command) {
 
 Outcome CommandLine::runOne(TokenReader& input, std::wstring_view typed) {
   const Outcome outcome = runNamed(input, typed);
+  if (outcome != Outcome::kNeedInput) readDrawing_ = {};
   if (depth_ == 0) hostState().documents.closeWaiting();
   return outcome;
 }
@@ -128,8 +129,10 @@ int CommandLine::run(std::vector<Token> tokens) {
   ListReader reader(std::move(tokens));
   while (const std::optional<Token> name = reader.nextName()) {
     const Outcome outcome = runOne(reader, name->text);
-    if (outcome == Outcome::kNeedInput)
+    if (outcome == Outcome::kNeedInput) {
+      readDrawing_ = {};
       report({readCommandName(name->text).name, L"The command was cancelled: it needs more input."});
+    }
     if (outcome != Outcome::kDone) return RTERROR;
   }
   return RTNORM;
@@ -188,7 +191,7 @@ bool CommandLine::runQueue() {
 
 base::Status CommandLine::type(std::wstring text) {
   hostState().newestFailure.reset();
-  if (text.find(kCancel) != std::wstring::npos) openText_.clear();
+  if (text.find(kCancel) != std::wstring::npos) cancelPrompt();
   if (text.empty() || text.back() != L'\n') text += L'\n';
   std::wstring whole = std::move(openText_) + text;
   openText_.clear();
@@ -208,8 +211,13 @@ std::wstring CommandLine::runningNames() const {
   return out;
 }
 
-void CommandLine::clear() {
+void CommandLine::cancelPrompt() {
   openText_.clear();
+  readDrawing_ = {};
+}
+
+void CommandLine::clear() {
+  cancelPrompt();
   queue_.clear();
   script_.reset();
 }

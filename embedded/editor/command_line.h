@@ -3,6 +3,8 @@
 // when no command is running.
 
 #include <deque>
+#include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,6 +18,7 @@ class AcEdCommand;
 namespace cad {
 
 class Document;
+class Drawing;
 struct HostState;
 
 enum class Outcome {
@@ -47,6 +50,11 @@ struct QueuedText {
   bool echo = true;
 };
 
+struct ReadDrawing {
+  std::filesystem::path file;
+  std::shared_ptr<const Drawing> drawing;
+};
+
 class CommandLine {
  public:
   // From a program: RTNORM or RTERROR. Refused unless a document's command is running. A command that still
@@ -64,7 +72,9 @@ class CommandLine {
   bool runsInDocument() const { return isBusy() && !isInSession_; }
   // A typed command wants more input: the next text goes to it, unless its prompt is cancelled.
   bool hasOpenPrompt() const { return !openText_.empty(); }
-  void cancelPrompt() { openText_.clear(); }
+  void cancelPrompt();
+  // What the command at the open prompt has read, for when it gets more input; empty when it has ended.
+  ReadDrawing& readForOpenPrompt() { return readDrawing_; }
   std::wstring runningNames() const;  // outermost first, joined by apostrophes
 
  private:
@@ -76,6 +86,7 @@ class CommandLine {
   bool runQueue();
 
   std::wstring openText_;  // typed text of an unfinished command
+  ReadDrawing readDrawing_;
   std::deque<QueuedText> queue_;
   std::optional<std::wstring> script_;
   std::vector<std::wstring> running_;

@@ -52,17 +52,26 @@ std::int64_t sessionInteger(std::wstring_view name, HostState& state) {
   return std::get<std::int64_t>(readVariable(*findSystemVariable(name), state));
 }
 
-// "Redefine it?", which a program may leave unanswered: going on with the insertion means yes.
-void askToRedefine(TokenReader& input, HostState& state, const Drawing& drawing, InsertedBlock& block) {
+bool isScale(const Token& token) { return token.is(L"S") || token.is(L"SCALE"); }
+
+// "Redefine it?", to which Enter says no. A program may go on with the scale instead, which means yes.
+Outcome askToRedefine(TokenReader& input, HostState& state, const Drawing& drawing, InsertedBlock& block) {
   constexpr std::int64_t kAsksNoMore = 2;
-  if (block.file.empty() || !isDefined(drawing, block.name)) return;
-  if (sessionInteger(L"EXPERT", state) >= kAsksNoMore || input.takeIf(L"Y", L"YES")) return;
-  if (input.takeIf(L"N", L"NO")) block.file.clear();
+  if (block.file.empty() || !isDefined(drawing, block.name)) return Outcome::kDone;
+  if (sessionInteger(L"EXPERT", state) >= kAsksNoMore) return Outcome::kDone;
+  const std::optional<Token> answer = input.peek();
+  if (!answer) return Outcome::kNeedInput;
+  if (input.isComplete() && isScale(*answer)) return Outcome::kDone;
+  if (input.takeIf(L"Y", L"YES")) return Outcome::kDone;
+  if (!input.takeIf(L"N", L"NO") && !input.takeIf(L"", L""))
+    return refuse(L"\"" + answer->text + L"\" does not say whether to redefine the block: Yes or No.");
+  block.file.clear();
+  return Outcome::kDone;
 }
 
 // One answer at the insertion point's prompt: an option with its value, or the point.
 Outcome readOption(TokenReader& input, const Token& token, InsertAnswers& answers) {
-  const bool scales = token.is(L"S") || token.is(L"SCALE");
+  const bool scales = isScale(token);
   if (scales || token.is(L"R") || token.is(L"ROTATE")) {
     const std::optional<Token> value = input.next();
     if (!value) return Outcome::kNeedInput;
@@ -117,6 +126,17 @@ Outcome readAttributes(TokenReader& input, HostState& state, const Drawing& from
   return Outcome::kDone;
 }
 
+// A typed command is run again for each new piece of its text, and finds what it has read before.
+base::Result<std::shared_ptr<const Drawing>> readOnce(CommandLine& commandLine,
+                                                      const std::filesystem::path& file) {
+  ReadDrawing& known = commandLine.readForOpenPrompt();
+  if (known.drawing && known.file == file) return known.drawing;
+  base::Result<std::unique_ptr<Drawing>> loaded = dxf::load(file);
+  if (!loaded) return loaded.failure();
+  known = {file, std::move(loaded.value())};
+  return known.drawing;
+}
+
 base::Status define(Drawing& drawing, InsertedBlock& block, const Drawing& source) {
   const base::Result<RecordId> defined = drawing.defineBlock(block.name, source);
   block.file.clear();
@@ -150,13 +170,14 @@ Outcome runInsert(TokenReader& input, HostState& state) {
   base::Result<InsertedBlock> found = findBlock(drawing, name->text);
   if (!found) return refuse(found.failure());
   InsertedBlock& block = found.value();
-  askToRedefine(input, state, drawing, block);
+  if (const Outcome outcome = askToRedefine(input, state, drawing, block); outcome != Outcome::kDone)
+    return outcome;
 
-  std::unique_ptr<Drawing> source;
+  std::shared_ptr<const Drawing> source;
   if (!block.file.empty()) {
-    base::Result<std::unique_ptr<Drawing>> loaded = dxf::load(block.file);
+    const auto loaded = readOnce(state.commandLine, block.file);
     if (!loaded) return refuse(loaded.failure());
-    source = std::move(loaded.value());
+    source = loaded.value();
   }
   // A program's block stays defined when the rest of its sequence comes to nothing.
   if (source && input.isComplete()) {

@@ -63,17 +63,33 @@ TEST_F(Insert, AFileBecomesABlockOfItsName) {
 TEST_F(Insert, EqualsRedefinesAnExistingBlock) {
   EXPECT_EQ(blockSize(L"DOOR"), 1u);
   const std::wstring name = L"DOOR=" + text(make("plain.dxf", blockFile(false)));
-  EXPECT_TRUE(host().execute(L"-INSERT \"" + name + L"\" N S 1 R 0 0,0").ok());
+  const std::wstring typed = L"-INSERT \"" + name + L"\" ";
+  EXPECT_TRUE(host().execute(typed + L"N S 1 R 0 0,0").ok());
+  EXPECT_TRUE(host().execute(typed + L" S 1 R 0 0,0").ok()) << "Enter is No";
+  for (const wchar_t* neither : {L"S 1 R 0 0,0", L"0,0", L"Q"})
+    EXPECT_FALSE(host().execute(typed + neither).ok()) << testing::PrintToString(std::wstring(neither));
+  inCommand([&] {
+    EXPECT_EQ(acedCommandS(RTSTR, L".-INSERT", RTSTR, name.c_str(), RTSTR, L"0,0", RTNONE), RTERROR);
+  });
   EXPECT_EQ(blockSize(L"DOOR"), 1u);
   EXPECT_EQ(insert(name), RTNORM);  // the question may stay without its answer
   EXPECT_EQ(blockSize(L"DOOR"), 2u);
   EXPECT_NE(drawing().find(cad::Table::kLayer, L"NEWLAYER"), cad::kNoRecord);
-  EXPECT_TRUE(host().execute(L"-INSERT \"" + name + L"\" Y S 1 R 0 0,0").ok());
+  EXPECT_TRUE(host().execute(typed + L"Y S 1 R 0 0,0").ok());
   ASSERT_TRUE(host().execute(L"REGEN").ok());
   resbuf expert{nullptr, RTSHORT, {}};
   expert.resval.rint = 2;
   ASSERT_EQ(acedSetVar(L"EXPERT", &expert), RTNORM);  // asks no more, so there is nothing to answer
-  EXPECT_FALSE(host().execute(L"-INSERT \"" + name + L"\" Y S 1 R 0 0,0").ok());
+  EXPECT_FALSE(host().execute(typed + L"Y S 1 R 0 0,0").ok());
+}
+
+TEST_F(Insert, ATypedFileIsReadOnce) {
+  const std::filesystem::path file = make("TYPED.dxf", blockFile(false));
+  EXPECT_TRUE(host().execute(L"-INSERT \"" + text(file) + L"\"").ok());
+  ASSERT_TRUE(base::writeFileAtomically(file, "no drawing any more").ok());
+  for (const wchar_t* each : {L"S", L"1", L"R", L"0", L"0,0"}) EXPECT_TRUE(host().execute(each).ok());
+  EXPECT_EQ(blockSize(L"TYPED"), 2u);
+  EXPECT_FALSE(host().execute(L"-INSERT \"NEW=" + text(file) + L"\"").ok()) << "another command reads anew";
 }
 
 TEST_F(Insert, AttributesAreAskedForAfterThePoint) {
