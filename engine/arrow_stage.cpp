@@ -1,6 +1,7 @@
 // Loading of arrow blocks.
 
 #include <filesystem>
+#include <memory>
 #include <sstream>
 #include <vector>
 
@@ -9,6 +10,8 @@
 #include "acutads.h"
 #include "adscodes.h"
 #include "base/files.h"
+#include "dbobjptr.h"
+#include "dbsymtb.h"
 #include "engine/dimension_value.h"
 #include "engine/host_variables.h"
 #include "engine/messages.h"
@@ -34,6 +37,22 @@ bool hasBlock(const std::wstring& name) {
   if (record == nullptr) return false;
   acutRelRb(record);
   return true;
+}
+
+// Another one once the block has been defined anew. Null: no block, or an empty one.
+AcDbObjectId firstEntityOf(AcDbDatabase& database, const std::wstring& name) {
+  AcDbBlockTablePointer table(&database, AcDb::kForRead);
+  AcDbObjectId id;
+  if (table.openStatus() != Acad::eOk || table->getAt(name.c_str(), id) != Acad::eOk) return {};
+  AcDbObjectPointer<AcDbBlockTableRecord> block(id, AcDb::kForRead);
+  AcDbBlockTableRecordIterator* made = nullptr;
+  if (block.openStatus() != Acad::eOk || block->newIterator(made) != Acad::eOk) return {};
+  const std::unique_ptr<AcDbBlockTableRecordIterator> entities(made);
+  AcDbEntity* first = nullptr;
+  if (entities->done() || entities->getEntity(first, AcDb::kForRead) != Acad::eOk) return {};
+  const AcDbObjectId found = first->objectId();
+  first->close();
+  return found;
 }
 
 bool insertAtOrigin(const std::wstring& insertName) {
@@ -70,8 +89,11 @@ void loadFile(const std::wstring& entry, RunState& run) {
   const std::wstring insertName = hasBlock(block) ? block + L"=" + path : path;
   ads_name before;
   const bool hadEntities = acdbEntLast(before) == RTNORM;
+  const AcDbObjectId replaced = firstEntityOf(run.database, block);
   if (!insertAtOrigin(insertName)) {
-    run.problems.addProblem(arrowProblem(block));
+    // An attribute's question ends the command after it has defined the block.
+    const AcDbObjectId first = firstEntityOf(run.database, block);
+    if (first.isNull() || first == replaced) run.problems.addProblem(arrowProblem(block));
     return;
   }
   // Only the definition is wanted.

@@ -50,10 +50,20 @@ TEST_F(ListSections, ArrowFilesLeaveADefinitionAndNoReference) {
   EXPECT_EQ(drawing().lastEntity(), last);
 }
 
-TEST_F(ListSections, ArrowFileThatTheHostRefusesIsAProblem) {
+TEST_F(ListSections, ArrowFilesAreProblemsUnlessTheirBlockIsDefined) {
   make("BROKEN.dxf", "no drawing");
-  run({{L"矢印のﾛｰﾄﾞ", base::pathText(folder_ / "BROKEN.dxf")}});
+  make("TAGGED.dxf",
+       engine_test::drawing("0 ATTDEF\n5 A1\n100 AcDbEntity\n8 0\n100 AcDbText\n10 0.0\n20 0.0\n"
+                            "40 1.0\n1 X\n100 AcDbAttributeDefinition\n3 No.\n2 NUMBER\n70 0\n"));
+  const std::wstring tagged = base::pathText(folder_ / "TAGGED.dxf");
+  run({{L"矢印のﾛｰﾄﾞ", base::pathText(folder_ / "BROKEN.dxf") + L"\n" + tagged + L"\n" + tagged}});
+  EXPECT_TRUE(has(Table::kBlock, L"TAGGED"));
   EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"矢印[BROKEN]のロードができませんでした"}));
+  sink_.problems.clear();
+  make("TAGGED.dxf", "no drawing");
+  run({{L"矢印のﾛｰﾄﾞ", tagged}});
+  EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"矢印[TAGGED]のロードができませんでした"}))
+      << "the old one stays";
 }
 
 // The catalogue's type decides what a text means, and the host gets the value in its own type.
