@@ -51,30 +51,35 @@ using enum DimType;
 using enum Version;
 
 // The limits are those that the host's reference states for the variable or for the property of dimensions
-// that overrides it. Where it states none, any number of the type goes.
-inline constexpr double kMost = std::numeric_limits<double>::max();
-inline constexpr NumberLimits kAny, kFromZero{0, kMost};
+// that overrides it.
+inline constexpr double kMost = std::numeric_limits<double>::max(), kLeast = -kMost;
+inline constexpr NumberLimits kNone;       // names and texts
+inline constexpr NumberLimits kAny;        // the reference gives the sign or the zero a meaning
+inline constexpr NumberLimits kNotStated;  // it states none, and refuses no number
+inline constexpr NumberLimits kFromZero{0, kMost};
+inline constexpr NumberLimits kNotZero{kLeast, kMost, false};  // below 0: in paper space only
 inline constexpr NumberLimits kAboveZero{std::numeric_limits<double>::denorm_min(),
                                          kMost};  // heights of texts
-inline constexpr NumberLimits kOnOff{0, 1}, kPlaces{0, 8}, kColors{0, 256}, kWeights{-3, 211, isLineWeight};
+inline constexpr NumberLimits kOnOff{0, 1}, kPlaces{0, 8}, kColors{0, 256},
+    kWeights{-3, 211, true, isLineWeight};
 inline constexpr NumberLimits kZeros{0, 15};             // 0 to 3, with 4 and 8 added to it
 inline constexpr NumberLimits kOneCharacter{1, 0x7FFF};  // a group of sixteen bits keeps it
 inline constexpr NumberLimits kJogAngles{0.08726646259971647, 1.5707963267948966};  // 5 to 90 degrees
 
 // name, type, limits, default, group numbers, first and last version
 inline constexpr DimVariableInfo kRows[] = {
-    {"DIMPOST", kText, kAny, 0, {3}},
-    {"DIMAPOST", kText, kAny, 0, {4}},
+    {"DIMPOST", kText, kNone, 0, {3}},
+    {"DIMAPOST", kText, kNone, 0, {4}},
     {"DIMSCALE", kReal, kFromZero, 1, {40}},
     {"DIMASZ", kReal, kFromZero, 0.18, {41}},
     {"DIMEXO", kReal, kFromZero, 0.0625, {42}},
-    {"DIMDLI", kReal, kAny, 0.38, {43}},
+    {"DIMDLI", kReal, kNotStated, 0.38, {43}},
     {"DIMEXE", kReal, kFromZero, 0.18, {44}},
     {"DIMRND", kReal, kFromZero, 0, {45}},
     {"DIMDLE", kReal, kFromZero, 0, {46}},
     {"DIMTP", kReal, kAny, 0, {47}},
     {"DIMTM", kReal, kAny, 0, {48}},
-    {"DIMFXL", kReal, kAny, 1, {49}, kR2007},
+    {"DIMFXL", kReal, kNotStated, 1, {49}, kR2007},
     {"DIMJOGANG", kReal, kJogAngles, 0.7853981633974483, {50}, kR2007},
     {"DIMTFILL", kInteger, {0, 2}, 0, {69}, kR2007},
     {"DIMTFILLCLR", kInteger, kColors, 0, {70}, kR2007},
@@ -91,8 +96,8 @@ inline constexpr DimVariableInfo kRows[] = {
     {"DIMTXT", kReal, kAboveZero, 0.18, {140}},
     {"DIMCEN", kReal, kAny, 0.09, {141}},
     {"DIMTSZ", kReal, kFromZero, 0, {142}},
-    {"DIMALTF", kReal, kAny, 25.4, {143}},
-    {"DIMLFAC", kReal, kAny, 1, {144}},
+    {"DIMALTF", kReal, kNotStated, 25.4, {143}},
+    {"DIMLFAC", kReal, kNotZero, 1, {144}},
     {"DIMTVP", kReal, kAny, 0, {145}},
     {"DIMTFAC", kReal, kAboveZero, 1, {146}},
     {"DIMGAP", kReal, kAny, 0.09, {147}},
@@ -129,14 +134,14 @@ inline constexpr DimVariableInfo kRows[] = {
     {"DIMATFIT", kInteger, {0, 3}, 3, {289}, kR2000},
     {"DIMFXLON", kInteger, kOnOff, 0, {290}, kR2007},
     {"DIMTXTDIRECTION", kInteger, kOnOff, 0, {294}, kR2010},
-    {"DIMTXSTY", kTextStyle, kAny, 0, {340}, kR13},
-    {"DIMLDRBLK", kArrow, kAny, 0, {341}, kR2000},
-    {"DIMBLK", kArrow, kAny, 0, {342, 5}},
-    {"DIMBLK1", kArrow, kAny, 0, {343, 6}},
-    {"DIMBLK2", kArrow, kAny, 0, {344, 7}},
-    {"DIMLTYPE", kLinetype, kAny, 0, {345}, kR2007},
-    {"DIMLTEX1", kLinetype, kAny, 0, {346}, kR2007},
-    {"DIMLTEX2", kLinetype, kAny, 0, {347}, kR2007},
+    {"DIMTXSTY", kTextStyle, kNone, 0, {340}, kR13},
+    {"DIMLDRBLK", kArrow, kNone, 0, {341}, kR2000},
+    {"DIMBLK", kArrow, kNone, 0, {342, 5}},
+    {"DIMBLK1", kArrow, kNone, 0, {343, 6}},
+    {"DIMBLK2", kArrow, kNone, 0, {344, 7}},
+    {"DIMLTYPE", kLinetype, kNone, 0, {345}, kR2007},
+    {"DIMLTEX1", kLinetype, kNone, 0, {346}, kR2007},
+    {"DIMLTEX2", kLinetype, kNone, 0, {347}, kR2007},
     {"DIMLWD", kLineWeight, kWeights, -2, {371}, kR2000},
     {"DIMLWE", kLineWeight, kWeights, -2, {372}, kR2000},
     {"DIMASO", kInteger, kOnOff, 1, {}},

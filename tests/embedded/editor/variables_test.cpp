@@ -122,7 +122,9 @@ TEST_F(Variables, OfDimensionsHaveTypesAndLimits) {
   EXPECT_EQ(setShort(L"CELWEIGHT", 7), RTERROR);
   for (const wchar_t* name : {L"DIMTFAC", L"DIMSCALE", L"DIMASZ", L"DIMTXT", L"DIMJOGANG"})
     EXPECT_EQ(setReal(name, -3), RTERROR);
-  EXPECT_EQ(setReal(L"DIMGAP", -3), RTNORM);  // the reference gives no limits
+  EXPECT_EQ(setReal(L"DIMLFAC", 0), RTERROR);
+  for (const wchar_t* name : {L"DIMGAP", L"DIMLFAC", L"DIMALTF", L"DIMDLI"})
+    EXPECT_EQ(setReal(name, -0.5), RTNORM);
   EXPECT_EQ(setShort(L"DIMALTF", 2), RTERROR);
   EXPECT_EQ(setText(L"DIMDSEP", L""), RTERROR);
   EXPECT_EQ(setText(L"DIMDSEP", L","), RTNORM);
