@@ -111,19 +111,12 @@ std::string_view bytesOf(const Drawing& drawing, std::string_view file, RecordId
   return file.substr(drawing.record(id).offset, drawing.record(id).length);
 }
 
-cad::dxf::Dialect dialectOf(std::string_view file) {
-  if (file.starts_with(cad::dxf::kBinarySentinel))
-    return cad::dxf::binaryDialect(file.substr(cad::dxf::kBinarySentinel.size()));
-  return {};
-}
-
-// The record without the groups of these codes.
+// The record without the groups of these codes; comments are groups here.
 std::string without(std::string_view record, const cad::dxf::Dialect& dialect,
                     const std::vector<int>& codes) {
   std::string result;
-  cad::dxf::GroupCursor cursor(record, dialect);
-  while (cursor.next()) {
-    const cad::dxf::Group& group = cursor.group();
+  cad::dxf::Group group;
+  while (cad::dxf::readGroup(record, group.end, dialect, group)) {
     if (std::find(codes.begin(), codes.end(), group.code) == codes.end())
       result += record.substr(group.begin, group.end - group.begin);
   }
@@ -147,7 +140,7 @@ class Edit {
 
   // `saved`: the drawing's file, read again.
   void compare(const Drawing& again, std::string_view saved) const {
-    const cad::dxf::Dialect dialect = dialectOf(original_);
+    const cad::dxf::Dialect dialect = cad::dxf::fileDialect(original_);
     RecordId twin = 0;
     for (RecordId id = 0; id < mayChange_.size(); ++id) {
       if (!inFile(drawing_.record(id))) continue;

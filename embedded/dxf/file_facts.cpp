@@ -102,4 +102,15 @@ Dialect binaryDialect(std::string_view bytes) {
   return dialect;
 }
 
+std::size_t prefixLength(std::string_view file) {
+  for (const std::string_view prefix : {kBinarySentinel, kByteOrderMark})
+    if (file.starts_with(prefix)) return prefix.size();
+  return 0;
+}
+
+Dialect fileDialect(std::string_view file) {
+  const std::string_view groups = file.substr(prefixLength(file));
+  return file.starts_with(kBinarySentinel) ? binaryDialect(groups) : textDialect(groups);
+}
+
 }  // namespace cad::dxf

@@ -1,6 +1,7 @@
 #pragma once
 // What a file says of itself: its version and code page, and the way it writes groups.
 
+#include <cstddef>
 #include <string_view>
 
 #include "embedded/drawing/storage.h"
@@ -18,5 +19,9 @@ DrawingFacts readFacts(std::string_view header, const Dialect& dialect, bool byt
 Dialect textDialect(std::string_view bytes);
 // `bytes` follow the sentinel.
 Dialect binaryDialect(std::string_view bytes);
+// How much of a file's beginning stands before its first group.
+std::size_t prefixLength(std::string_view file);
+// Of a whole file.
+Dialect fileDialect(std::string_view file);
 
 }  // namespace cad::dxf

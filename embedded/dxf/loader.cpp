@@ -42,10 +42,10 @@ Broken scanText(std::string_view bytes, std::size_t start, Assembler& assembler)
   return {L"The file is cut off: it has no EOF", bytes.size(), true};
 }
 
-Broken scanBinary(std::string_view bytes, const Dialect& dialect, Assembler& assembler) {
+Broken scanBinary(std::string_view bytes, std::size_t start, const Dialect& dialect, Assembler& assembler) {
   constexpr std::size_t kWindow = std::size_t{1} << 31;  // positions within a group are 32 bits
   Group group;
-  std::size_t at = kBinarySentinel.size();
+  std::size_t at = start;
   while (at < bytes.size()) {
     if (!readBinaryGroup(bytes.substr(at, kWindow), 0, dialect.wideCodes, group)) {
       return {L"Here is no whole group of a known code", at};
@@ -57,7 +57,7 @@ Broken scanBinary(std::string_view bytes, const Dialect& dialect, Assembler& ass
 }
 
 Broken scan(std::string_view bytes, std::size_t start, const Dialect& dialect, Assembler& assembler) {
-  if (dialect.binary) return scanBinary(bytes, dialect, assembler);
+  if (dialect.binary) return scanBinary(bytes, start, dialect, assembler);
   return dialect.lineEnd == LineEnd::kCr ? scanText<'\r'>(bytes, start, assembler)
                                          : scanText<'\n'>(bytes, start, assembler);
 }
@@ -77,15 +77,13 @@ Loaded assemble(std::unique_ptr<SourceBytes>& source) {
   if (bytes.empty()) return base::Failure{{}, L"The file is empty"};
   if (const wchar_t* foreign = foreignFormat(bytes)) return base::Failure{{}, foreign};
   const bool mark = bytes.starts_with(kByteOrderMark);
-  const std::size_t start = mark ? kByteOrderMark.size() : 0;
-  const bool binary = bytes.starts_with(kBinarySentinel);
-  const Dialect dialect = binary ? binaryDialect(bytes.substr(kBinarySentinel.size()))
-                                 : textDialect(bytes.substr(start, std::size_t{1} << 20));
+  const std::size_t start = prefixLength(bytes);
+  const Dialect dialect = fileDialect(bytes.substr(0, std::size_t{1} << 20));
   Assembler assembler(dialect);
   const Broken broken = scan(bytes, start, dialect, assembler);
   const bool lacksEnd = !assembler.sawEnd() && broken.betweenGroups && assembler.isWholeWithoutEnd();
   if (!assembler.sawEnd() && !lacksEnd) {
-    const bool first = broken.at == start && !binary;
+    const bool first = broken.at == start && !dialect.binary;
     return base::Failure{placeText(bytes, broken.at, dialect),
                          first ? L"This is not a DXF drawing" : broken.reason};
   }
