@@ -30,7 +30,7 @@ enum class CvtProblem {
   kNotAResult = 19,            // a kind that is a condition only: the line adds nothing
   kNothingInCommon = 20,       // two conditions that no selected object meets together
   kNotALayerColor = 21,        // a colour that layers cannot have
-  kCaseLost = 22,              // a text that a drawing shows is read in upper case
+  kCaseLost = 22,              // drawings get a text or a new name in upper case
   kReadAsInverted = 23,        // "=", but "<>" in the value inverts the condition
   kInvertedResult = 24,        // "<>" in a result: read as "="
   kTextListMissing = 25,       // a text search list is not beside the file, or cannot be opened

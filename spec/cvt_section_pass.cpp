@@ -180,6 +180,8 @@ void CvtSectionPass::takeListLine(const CvtLine& line) {
   const size_t most = info_.number == kFontSection ? 3 : 2;
   const bool complete = given >= 2 && given <= most && !fields[0].empty() && !fields[1].empty();
   if (!complete && !assigned) report(CvtProblem::kExtraOrMissingFields, line, std::to_wstring(given));
+  if (complete && info_.number == kFontSection)
+    checkValue(line, kFontKind, {}, splitFields(line.text).front());
   if (given > most) fields.resize(most);
   if (info_.number == kDimensionSettingSection) checkVariable(line, fields.size());
   if (given == 1 && !assignment) fields.emplace_back();
@@ -214,9 +216,10 @@ void CvtSectionPass::takeLayer(const CvtLine& line) {
     report(CvtProblem::kWrongFieldCount, line, std::to_wstring(fields.size()));
     return;
   }
-  checkValue(line, kLayerKind, {}, fields[0]);
-  for (size_t index = 1; index < fields.size(); ++index) {
-    if (!fields[index].empty()) checkValue(line, kLayerFieldKinds[index - 1], {}, fields[index]);
+  const std::vector<std::wstring> given = splitFields(line.text);
+  checkValue(line, kLayerKind, {}, given[0]);
+  for (size_t index = 1; index < given.size(); ++index) {
+    if (!given[index].empty()) checkValue(line, kLayerFieldKinds[index - 1], {}, given[index]);
   }
   if (!fields[1].empty()) fields[1] = colorText(colorNumberOfFileText(fields[1]));
   section_.entries.push_back(std::move(fields));

@@ -97,11 +97,18 @@ Doubt doubtOfTransparency(const GivenValue& given) {
   return isInteger(withoutUnit(given.text, L"%")) ? std::nullopt : readAs(std::to_wstring(value.percent));
 }
 
-Doubt doubtOfShownText(const GivenValue& given) {
+// Of a text that drawings get as it stands.
+Doubt doubtOfCase(const GivenValue& given) {
   const std::wstring folded = base::upper(given.text);
   // A condition does not mind the case.
   if (given.asCondition || folded == given.text) return std::nullopt;
   return ValueDoubt{CvtProblem::kCaseLost, folded};
+}
+
+// A name that is found keeps the drawing's own case; one that is given anew does not.
+Doubt doubtOfNewName(const GivenValue& given) {
+  const Doubt doubt = doubtOfName(given);
+  return doubt ? doubt : doubtOfCase(given);
 }
 
 Doubt doubtOfVariable(const GivenValue& given) {
@@ -110,7 +117,7 @@ Doubt doubtOfVariable(const GivenValue& given) {
   const DimensionVariable& variable = dimensionCatalogue()[static_cast<size_t>(row)];
   if (variable.type == DimensionVariable::Type::kInteger) return doubtOfInteger(given);
   if (variable.type == DimensionVariable::Type::kReal) return doubtOfReal(given);
-  if (isDrawnTextVariable(variable.name)) return doubtOfShownText(given);
+  if (isDrawnTextVariable(variable.name)) return doubtOfCase(given);
   if (!isArrowVariable(variable.name)) return doubtOfName(given);
   return blockNameOfDisplayForm(given.text) ? std::nullopt : impossible(given);
 }
@@ -120,9 +127,11 @@ Doubt doubtOfVariable(const GivenValue& given) {
 std::optional<ValueDoubt> doubtOfValue(const GivenValue& given) {
   switch (given.kind) {
     case kLayerKind:
+      return isOfLayer(given) ? doubtOfNewName(given) : doubtOfName(given);
     case kLinetypeKind:
-    case kFontKind:
       return doubtOfName(given);
+    case kFontKind:
+      return given.section == kFontSection ? doubtOfNewName(given) : doubtOfName(given);
     case kColorKind:
       return doubtOfColor(given);
     case kTextHeightKind:

@@ -39,7 +39,7 @@ TEST(CvtDiagnostics, LinesThatProbablyDoNotDoWhatIsMeant) {
   EXPECT_EQ(numbered(L"[文字]\n[画層]=a\n{\n[ロック]=ON\n[文字一致のリスト]=A.LIST\n}\n---End---\n[EOF]\n"),
             "11:4 19:5");
   EXPECT_EQ(numbered(L"[画層の色･線種]\n[画層]=a\n[文字高さ]=1\n---End---\n[EOF]\n"), "11:3");
-  EXPECT_EQ(numbered(L"[画層の色･線種]\n[文字高さ]=1\n{\n[画層]=a\n}\n---End---\n[EOF]\n"), "11:2 14:2");
+  EXPECT_EQ(numbered(L"[画層の色･線種]\n[文字高さ]=1\n{\n[画層]=A\n}\n---End---\n[EOF]\n"), "11:2 14:2");
   EXPECT_EQ(numbered(L"[文字]\n[画層]=a,b\n---End---\n[EOF]\n"), "12:2");
   EXPECT_EQ(numbered(L"[文字]\n[画層]=a\n{\n[色]=1\n}\n[X]=1\n{\n[色]=1\n}\n---End---\n[EOF]\n"), "1:6 14:6");
   EXPECT_EQ(numbered(L"[文字]\n[画層]=" + std::wstring(300, L'x') + L"\n---End---\n[EOF]\n"), "4:2 2:2");
@@ -77,6 +77,11 @@ TEST(CvtDiagnostics, ConditionsThatNoSelectedObjectMeetsTogether) {
 TEST(CvtDiagnostics, ValuesThatDrawingsGetOtherwiseThanTheyAreWritten) {
   EXPECT_EQ(numbered(L"[画層の色･線種]\n[画層]=a\n{\n[色]=BYLAYER\n[色]=0\n[色]=255\n}\n---End---\n[EOF]\n"),
             "21:4 21:5");
+  EXPECT_EQ(
+      numbered(L"[画層の色･線種]\n[画層]=a-*\n{\n[画層]=B-*\n[画層]=b-*\n[線種]=dashed\n}\n---End---\n"
+               L"[文字]\n[***]\n{\n[画層]=b-1\n[字体]=kanji\n}\n---End---\n[画層の作成]\nWall,1,dashed\n"
+               L"DOOR,1,dashed\n---End---\n[字体のﾛｰﾄﾞ]\nNote,Arial\nNOTE,Arial\n,Arial\n---End---\n[EOF]\n"),
+      "22:5 22:17 22:21 18:23");
   EXPECT_EQ(
       numbered(L"[画層の作成]\nA,bylayer,CONTINUOUS\nB,7,CONTINUOUS\nC,,CONTINUOUS\n---End---\n[EOF]\n"),
       "21:2");
