@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
-#include <cstring>
 #include <iterator>
 #include <string>
 #include <string_view>
@@ -13,6 +12,7 @@
 
 #include "fuzz/choice.h"
 #include "fuzz/drawing_pieces.h"
+#include "fuzz/input.h"
 
 namespace fuzz {
 namespace {
@@ -460,12 +460,7 @@ std::size_t write(DrawingPieces& drawing, Choice& choice, std::uint8_t* out, std
     bytes = drawing.bytes();
   }
   if (bytes.size() > most) return 0;
-  std::memcpy(out, bytes.data(), bytes.size());
-  return bytes.size();
-}
-
-std::string_view view(const std::uint8_t* data, std::size_t size) {
-  return {reinterpret_cast<const char*>(data), size};
+  return store(bytes, out);
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -11,6 +10,7 @@
 
 #include "base/codepage.h"
 #include "fuzz/choice.h"
+#include "fuzz/input.h"
 #include "spec/cvt_words.h"
 #include "spec/dimension_catalogue.h"
 #include "spec/item_kinds.h"
@@ -242,12 +242,7 @@ std::size_t write(Specification& specification, std::uint8_t* out, std::size_t m
     specification.shorten();
     bytes = specification.bytes();
   }
-  std::memcpy(out, bytes.data(), bytes.size());
-  return bytes.size();
-}
-
-std::string_view view(const std::uint8_t* data, std::size_t size) {
-  return {reinterpret_cast<const char*>(data), size};
+  return store(bytes, out);
 }
 
 }  // namespace
