@@ -68,6 +68,13 @@ class Check:
     def fail(self, drawing, text):
         self.failures.append(f"{drawing}: {text}")
 
+    def report(self, done):
+        """Prints the failures and what was done; the exit status."""
+        for failure in self.failures[:40]:
+            print(failure)
+        print(f"{done}, {len(self.failures)} faults")
+        return 1 if self.failures else 0
+
     def convert(self, rules, drawing):
         """The converted file, or None with what the program said when the drawing is refused."""
         specification, out = self.work / "rules.cvt", self.work / "out"
@@ -227,10 +234,7 @@ def main(program, folder):
             check.failures.append(f"only {len(readable)} of {len(drawings)} drawings can be read")
         if min(check.records_changed, check.objects_marked) < len(readable):
             check.failures.append("the rules changed next to nothing")
-    for failure in check.failures[:40]:
-        print(failure)
-    print(f"{len(readable)} of {len(drawings)} drawings, {len(check.failures)} faults")
-    return 1 if check.failures else 0
+    return check.report(f"{len(readable)} of {len(drawings)} drawings")
 
 
 if __name__ == "__main__":
