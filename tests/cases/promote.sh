@@ -15,7 +15,7 @@ trap 'rm -rf "$work"' EXIT
 for name in "$@"; do
   folder=$here/${name%/}
   copy=$work/${name%/}
-  cp -r "$folder" "$copy"
+  cp -rL "$folder" "$copy"
   options=(convert --spec rules.cvt --out out)
   if [[ -e $folder/options ]]; then options+=($(<"$folder/options")); fi
   if [[ -e $folder/log ]]; then options+=(--log logs); fi
