@@ -22,8 +22,8 @@ template <class Visit>
 void forEachMTextGroup(std::string_view bytes, const Dialect& dialect, Visit visit) {
   RegionCursor cursor(bytes, dialect);
   while (cursor.next()) {
-    const bool here = cursor.region() == Region::kHead ||
-                      (cursor.region() == Region::kSubclass && cursor.subclass() == kContent.subclass);
+    const bool here = cursor.region() == Region::kHead || (cursor.region() == Region::kSubclass &&
+                                                           equalNoCase(cursor.subclass(), kContent.subclass));
     if (!here) continue;
     if (cursor.group().code == kMTextColumns) return;
     visit(cursor.group());
