@@ -46,6 +46,7 @@ enum class CvtProblem {
   kNoResults = 35,             // a setting that changes nothing
   kMixedWildcard = 36,         // [***] in a setting that has conditions
 };
+inline constexpr CvtProblem kLastCvtProblem = CvtProblem::kMixedWildcard;
 
 struct CvtDiagnostic {
   CvtProblem problem;

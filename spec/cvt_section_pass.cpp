@@ -126,7 +126,7 @@ bool CvtSectionPass::takeResult(const CvtLine& line) {
 }
 
 bool CvtSectionPass::readItem(const CvtLine& line, bool asResult, Item& item) {
-  const KeyAndValue parts = splitRuleLine(line.folded);
+  const RuleLine parts = splitRuleLine(line.folded);
   const auto meaning = lookUpKey(parts.key);
   if (!meaning) {
     report(parts.key.empty() ? CvtProblem::kNoKey : CvtProblem::kUnknownKey, line, parts.key);
