@@ -7,7 +7,6 @@
 #include <string>
 #include <utility>
 
-#include "base/file_changes.h"
 #include "base/file_errors.h"
 #include "base/files.h"
 #include "base/guarded_mapping.h"

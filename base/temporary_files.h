@@ -1,5 +1,6 @@
 #pragma once
-// Names of files that are being written. What a killed process left can be told from what somebody writes.
+// Names of files and folders that are being written. What a killed process left can be told from what
+// somebody writes.
 
 #include <filesystem>
 
@@ -10,7 +11,8 @@ std::filesystem::path temporaryName(const std::filesystem::path& folder);
 
 // Removes the temporary files that nobody will finish. Nobody may have the file open, and the process that
 // made it is gone (one of this machine), or the file is a day old (of another machine, which may share the
-// folder: its processes cannot be asked). What cannot be removed stays.
+// folder: its processes cannot be asked). So with a folder of such a name, unless it holds a folder: none
+// that is made here does. What cannot be removed stays.
 void removeAbandonedTemporaryFiles(const std::filesystem::path& folder);
 
 // As long as it lives, a signal that ends this process removes the file; see removeTemporaryFilesOnSignals.

@@ -1,8 +1,8 @@
 #include "spec/configuration.h"
 
-#include "base/file_changes.h"
 #include "base/files.h"
 #include "base/fold.h"
+#include "base/folder_creation.h"
 #include "platform/paths.h"
 #include "platform/text.h"
 

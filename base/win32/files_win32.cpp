@@ -7,7 +7,6 @@
 #include <limits>
 #include <string>
 
-#include "base/file_changes.h"
 #include "base/file_errors.h"
 #include "base/temporary_files.h"
 #include "base/win32/error_win32.h"

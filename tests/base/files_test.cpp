@@ -9,8 +9,8 @@
 #include <csignal>
 #endif
 
-#include "base/file_changes.h"
 #include "base/file_errors.h"
+#include "base/folder_creation.h"
 #include "base/process_facts.h"
 #include "base/temporary_files.h"
 #include "tests/support/temp_folder.h"
@@ -59,8 +59,15 @@ TEST_F(Files, WhatNobodyWillFinishIsRemovedAndNothingElse) {
   };
   const std::string here = base::machineName(), elsewhere = here + "-2";
   using std::chrono::hours;
-  const fs::path gone[] = {left(here, kNobody, hours(0)), left(here, base::ownProcess(), hours(0)),
-                           left(elsewhere, kNobody, hours(25))};
+  const auto leftFolder = [&](const std::string& number, const fs::path& inside) {
+    const fs::path path = folder_ / (".tmp-kiv-" + here + "-" + std::to_string(kNobody) + "-" + number);
+    fs::create_directories(path / inside);
+    std::ofstream(path / "a.cvt") << "half";
+    return path;
+  };
+  leftFolder("4", "a folder, so somebody else's");
+  const fs::path gone[] = {leftFolder("5", ""), left(here, kNobody, hours(0)),
+                           left(here, base::ownProcess(), hours(0)), left(elsewhere, kNobody, hours(25))};
   make(".tmp-kiv-", ""), make(".tmp-kiv-x-y", ""), make(".tmp-5-0", ""),
       left(elsewhere, kNobody + 1, hours(23));
   const auto written = base::AtomicFile::create(folder_ / "a");  // of this process, but open
@@ -71,9 +78,9 @@ TEST_F(Files, WhatNobodyWillFinishIsRemovedAndNothingElse) {
 #endif
   base::removeAbandonedTemporaryFiles(folder_);
   for (const fs::path& path : gone) EXPECT_FALSE(fs::exists(path)) << path;
-  EXPECT_EQ(count(), 6U);
+  EXPECT_EQ(count(), 7U);
   EXPECT_TRUE(written.value()->commit().ok());
-  EXPECT_EQ(count(), 6U);
+  EXPECT_EQ(count(), 7U);
 }
 
 TEST_F(Files, WritesSmallAndLargePiecesInOrder) {
@@ -114,6 +121,8 @@ TEST_F(Files, RefusalsLeaveNothingBehind) {
 
 TEST_F(Files, AFolderIsMadeWithTheFilesThatCanBeRead) {
   const fs::path a = make("a", "1"), folder = folder_ / "made";
+  fs::create_directory(folder_ /
+                       (".tmp-kiv-" + base::machineName() + "-2000000000-0"));  // of a killed process
   EXPECT_FALSE(base::createFolderWith(folder / "", {folder_ / "none", a}).ok());
   EXPECT_EQ(base::readFile(folder / "a").value(), "1");
   ASSERT_TRUE(base::createFolderWith(folder, {make("b", "2")}).ok());

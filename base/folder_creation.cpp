@@ -1,12 +1,11 @@
-#include "base/file_changes.h"
+#include "base/folder_creation.h"
 
-#include <atomic>
-#include <string>
 #include <system_error>
 
 #include "base/codepage.h"
 #include "base/file_errors.h"
 #include "base/files.h"
+#include "base/temporary_files.h"
 
 namespace base {
 namespace {
@@ -21,9 +20,9 @@ Failure failureOf(const std::filesystem::path& path, const std::error_code& erro
 class TemporaryFolder {
  public:
   explicit TemporaryFolder(const std::filesystem::path& target) {
-    static std::atomic<unsigned> serial{0};
+    removeAbandonedTemporaryFiles(target.parent_path());
     do {
-      path_ = target.parent_path() / (".tmp-" + std::to_string(serial++));
+      path_ = temporaryName(target.parent_path());
     } while (!std::filesystem::create_directory(path_, error_) && !error_);
   }
   TemporaryFolder(const TemporaryFolder&) = delete;
