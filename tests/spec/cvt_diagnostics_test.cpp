@@ -97,8 +97,9 @@ TEST(CvtDiagnostics, ValuesThatDrawingsGetOtherwiseThanTheyAreWritten) {
   EXPECT_EQ(
       numbered(
           L"[寸法]\n[DIMTAD] = +1\n[DIMCLRD] = BYLAYER\n[DIMASZ] = 2.5mm\n{\n[DIMALTF] = 2.54\n[DIMASZ] = x\n"
-          L"[DIMTXSTY] = 1a\n}\n---End---\n[寸法設定]\nDIMLWD, ByLayer\nDIMTAD, 1\n---End---\n[EOF]\n"),
-      "28:3 28:4 28:6 28:7 28:12");
+          L"[DIMTXSTY] = 1a\n}\n---End---\n[寸法設定]\nDIMLWD, ByLayer\nDIMTAD, 1\nDIMTAD, "
+          L"65537\n---End---\n[EOF]\n"),
+      "28:3 28:4 28:6 28:7 28:12 28:14");
 }
 
 // What a value counts as, "-" for nothing at all; nothing when it is what is written. `line` stands in front
