@@ -1,7 +1,9 @@
 #pragma once
 // The records of a DXF file: the mapped bytes, the edits over them and the records that were added.
 
+#include <functional>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -91,6 +93,7 @@ class DxfStorage final : public RecordStorage {
   Dialect dialect_;
   DrawingFacts facts_;
   EditStore edits_;
+  mutable std::set<std::string, std::less<>> upperTypes_;  // of types that the file has in lower case
 };
 
 }  // namespace cad::dxf

@@ -125,6 +125,23 @@ TEST(Loader, SectionAndGroup67TellTheSpace) {
   EXPECT_EQ(drawing->typeName(drawing->lastEntity()), "TEXT");
 }
 
+TEST(Loader, TypesSectionsAndTablesAreNamedInEitherCase) {
+  const auto drawing =
+      read(groups("0 Section|2 Tables|0 table|2 layer|70 1|0 layer|2 Wall|70 0|62 3|0 endtab|0 endsec|0 "
+                  "section|2 entities|"
+                  "0 insert|8 Wall|66 1|2 B|0 attrib|8 0|40 2.5|1 x|0 seqend|0 text|8 Wall|40 2.5|7 Romans|0 "
+                  "endsec|0 eof"));
+  ASSERT_TRUE(drawing);
+  const RecordId layer = drawing->find(Table::kLayer, L"WALL"), text = entity(*drawing, "TEXT");
+  EXPECT_EQ(drawing->integer(layer, Property::kLayerColor), 3);
+  EXPECT_EQ(drawing->typeName(layer), "LAYER");
+  EXPECT_EQ(drawing->subRecordsOf(entity(*drawing, "INSERT")).size(), 2u);
+  EXPECT_EQ(drawing->real(text, Property::kTextHeight), 2.5);
+  ASSERT_TRUE(drawing->setInteger(text, Property::kColorIndex, 3).ok());
+  ASSERT_TRUE(drawing->undo());
+  EXPECT_EQ(drawing->text(text, Property::kTextStyle), L"Romans");
+}
+
 TEST(Loader, SubRecordsBelongToTheirEntity) {
   const auto drawing = read(drawingText(
       "AC1009",
