@@ -92,7 +92,7 @@ StoredValue DxfStorage::property(const Record& record, Property property) const 
   if (place == nullptr) return {};
   std::string scratch;
   const std::string_view present = bytes(record, scratch);
-  if (isSpecial(type, property)) return readSpecial(present, dialect_, type, property);
+  if (isSpecial(type, *place)) return readSpecial(present, dialect_, type, property);
   const Located located = locate(present, dialect_, *place);
   if (!located.group) return {};
   return readValue(*located.group, propertyInfo(property).type, dialect_);
@@ -115,7 +115,7 @@ base::Result<EditId> DxfStorage::setProperty(const Record& record, Property prop
     return refused(L"A drawing of this version cannot hold the property ");
   }
   if (hasLineBreak(value)) return refused(L"There is a line break in the ");
-  if (isSpecial(type, property)) return writeSpecial(*this, record, type, property, value);
+  if (isSpecial(type, *place)) return writeSpecial(*this, record, type, property, value);
   return setGeneric(record, *place, value);
 }
 

@@ -264,13 +264,13 @@ ApplicationData findApplicationData(std::string_view bytes, const Dialect& diale
   return result;
 }
 
-bool isSpecial(std::string_view type, Property property) {
-  switch (property) {
+bool isSpecial(std::string_view type, const PropertyPlace& place) {
+  switch (place.property) {
     case Property::kTextString:
     case Property::kRotation:
       return isMText(type);
     case Property::kTransparency:
-      return type == "LAYER";
+      return !isCommon(place);
     case Property::kTypeface:
     case Property::kFontFlags:
       return true;
