@@ -75,7 +75,7 @@ using Loaded = base::Result<std::unique_ptr<Drawing>>;
 Loaded assemble(std::unique_ptr<SourceBytes>& source) {
   const std::string_view bytes = source->view();
   if (bytes.empty()) return base::Failure{{}, L"The file is empty"};
-  if (const wchar_t* foreign = foreignFormat(bytes)) return base::Failure{{}, foreign};
+  if (const std::wstring foreign = foreignFormat(bytes); !foreign.empty()) return base::Failure{{}, foreign};
   const bool mark = bytes.starts_with(kByteOrderMark);
   const std::size_t start = prefixLength(bytes);
   const Dialect dialect = fileDialect(bytes.substr(0, std::size_t{1} << 20));

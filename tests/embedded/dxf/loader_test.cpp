@@ -82,6 +82,17 @@ TEST(Loader, EveryTruncationIsRefusedButTheLossOfTheEnd) {
   EXPECT_TRUE(read(good)->facts().warning.empty());
 }
 
+TEST(Loader, SectionsAndTablesAreNamedInAnyCase) {
+  const auto drawing =
+      read(groups("0 section|2 tables|0 table|2 layer|0 layer|2 Wall|0 endtab|0 endsec|"
+                  "0 Section|2 Entities|0 Line|8 Wall|100 acdbentity|8 Beam|0 EndSec|0 eof"));
+  ASSERT_TRUE(drawing);
+  EXPECT_NE(drawing->find(Table::kLayer, L"WALL"), kNoRecord);
+  const auto entities = drawing->entitiesOf(drawing->modelSpace());
+  ASSERT_EQ(entities.size(), 1u);
+  EXPECT_EQ(drawing->text(entities.front(), Property::kLayer), L"Beam");
+}
+
 TEST(Loader, VersionAndCodePageComeFromTheHeader) {
   struct {
     const char *version, *codePage;
