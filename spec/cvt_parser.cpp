@@ -78,8 +78,8 @@ void orderByLine(CvtDiagnostics& diagnostics) {
 std::optional<CvtProblem> problemOf(const std::filesystem::path& folder, const std::wstring& textList) {
   const auto loaded = loadTextSearchList(folder, textList);
   if (loaded.ok()) return loaded.value().isCut ? std::optional(CvtProblem::kTextListCut) : std::nullopt;
-  return loaded.failure().reason == kTextListNotUsable ? CvtProblem::kTextListUnusable
-                                                       : CvtProblem::kTextListMissing;
+  return loaded.failure().kind == base::FailureKind::kForeignContent ? CvtProblem::kTextListUnusable
+                                                                     : CvtProblem::kTextListMissing;
 }
 
 }  // namespace

@@ -9,7 +9,6 @@
 #include <csignal>
 #endif
 
-#include "base/file_errors.h"
 #include "base/folder_creation.h"
 #include "base/process_facts.h"
 #include "base/temporary_files.h"
@@ -127,7 +126,7 @@ TEST_F(Files, AFolderIsMadeWithTheFilesThatCanBeRead) {
   EXPECT_EQ(base::readFile(folder / "a").value(), "1");
   ASSERT_TRUE(base::createFolderWith(folder, {make("b", "2")}).ok());
   EXPECT_FALSE(fs::exists(folder / "b"));
-  EXPECT_EQ(base::createFolderWith(a, {}).failure().reason, base::kFileInTheWay);
+  EXPECT_EQ(base::createFolderWith(a, {}).failure().kind, base::FailureKind::kFileInTheWay);
   EXPECT_FALSE(base::createFolderWith(folder_ / "no" / "made", {}).ok());
   EXPECT_EQ(count(), 3U);
 }
@@ -137,7 +136,7 @@ TEST_F(Files, OnlyFilesAreRemoved) {
   EXPECT_TRUE(base::removeFile(path).ok());
   EXPECT_TRUE(base::removeFile(path).ok());
   EXPECT_EQ(count(), 0U);
-  EXPECT_EQ(base::removeFile(folder_).failure().reason, base::kIsAFolder);
+  EXPECT_EQ(base::removeFile(folder_).failure().kind, base::FailureKind::kIsAFolder);
 }
 
 #if !defined(_WIN32)  // permissions by mode, links that anybody can make, names in any encoding and any case
@@ -162,7 +161,7 @@ TEST_F(Files, AFileThatIsCutOffWhileItIsReadTellsIt) {
     fs::resize_file(path, left);
     const std::string_view bytes = mapped.value()->bytes();
     EXPECT_EQ(static_cast<std::size_t>(std::ranges::count(bytes, 'x')), left);
-    EXPECT_EQ(mapped.value()->checkUnchanged().failure().reason, base::kChangedWhileRead);
+    EXPECT_EQ(mapped.value()->checkUnchanged().failure().kind, base::FailureKind::kChangedWhileRead);
   }
 }
 
@@ -222,7 +221,7 @@ TEST_F(Files, AFileHeldByAnotherProgramIsNamedAndFreedAgain) {
   {
     std::ifstream holder(path);  // opened without leave to delete it
     EXPECT_EQ(base::writeFileAtomically(path, "new").failure().reason, L"another program has the file open");
-    EXPECT_EQ(base::removeFile(path).failure().reason, base::kOpenElsewhere);
+    EXPECT_EQ(base::removeFile(path).failure().kind, base::FailureKind::kOpenElsewhere);
   }
   EXPECT_TRUE(base::writeFileAtomically(path, "new").ok());
   EXPECT_EQ(count(), 1U);

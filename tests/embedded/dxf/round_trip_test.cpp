@@ -3,7 +3,6 @@
 #include <bit>
 #include <filesystem>
 
-#include "base/file_errors.h"
 #include "base/fold.h"
 #include "tests/embedded/dxf/dxf_text.h"
 
@@ -131,7 +130,8 @@ TEST(RoundTrip, NothingIsSavedOfADrawingWhoseFileIsCutOff) {
     std::filesystem::resize_file(source, left);
     if (left == bytes.size()) std::filesystem::last_write_time(source, {});  // written anew
     const base::Status status = drawing.value()->save(target);
-    EXPECT_EQ(status.failure().text(), base::pathText(source) + L": " + base::kChangedWhileRead) << left;
+    EXPECT_EQ(status.failure().kind, base::FailureKind::kChangedWhileRead) << left;
+    EXPECT_EQ(status.failure().place, base::pathText(source));
     EXPECT_FALSE(std::filesystem::exists(target));
   }
   std::filesystem::remove(source);
