@@ -39,7 +39,7 @@ constexpr Row kRows[] = {
     {CvtProblem::kUnknownSection, Effect::kDrops, L"unknown section \"%\" is ignored"},
     {CvtProblem::kNotText, Effect::kDrops, L"this is not a conversion specification in code page 932"},
     {CvtProblem::kUnknownVariable, Effect::kWarns, L"unknown dimension variable \"%\"; it sets nothing"},
-    {CvtProblem::kExtraOrMissingFields, Effect::kWarns, L"extra or missing fields (% in all)"},
+    {CvtProblem::kExtraFields, Effect::kWarns, L"extra fields; only the first % are read"},
     {CvtProblem::kNotAResult, Effect::kDrops, L"key \"%\" cannot be a result; the line is dropped"},
     {CvtProblem::kNothingInCommon, Effect::kWarns,
      L"no object has both this and an earlier value of \"%\", so the setting selects nothing; block "
@@ -70,6 +70,9 @@ constexpr Row kRows[] = {
     {CvtProblem::kNoResults, Effect::kWarns, L"the setting has no results, so it changes nothing"},
     {CvtProblem::kMixedWildcard, Effect::kWarns,
      L"a setting with conditions applies to what meets them; \"%\" stands where there are none"},
+    {CvtProblem::kMissingFields, Effect::kWarns, L"a field is missing or empty; the line does nothing"},
+    {CvtProblem::kTextListEmpty, Effect::kWarns,
+     L"the text search list \"%\" holds no text; nothing is found by it"},
 };
 
 constexpr std::size_t placeOf(CvtProblem problem) { return static_cast<std::size_t>(problem) - 1; }

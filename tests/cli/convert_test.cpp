@@ -198,8 +198,9 @@ TEST_F(ConvertTest, LinesThatAreDroppedAreNotForgottenAtTheEnd) {
 
 TEST_F(ConvertTest, ASpecificationThatChangesNothingSaysSo) {
   writeSpecification("rules.cvt",
-                     "[文字]\n[画層] = 0\n{\n[表示] = ON\n}\n[色] = 3\n---End---\n"
-                     "[寸法設定]\nDIMNONE, 1\n---End---\n[EOF]\n");
+                     "[文字]\n[画層] = 0\n{\n[表示] = ON\n}\n[色] = 3\n"
+                     "[文字一致のリスト] = NONE.LIST\n{\n[色] = 3\n}\n---End---\n"
+                     "[寸法設定]\nDIMNONE, 1\nDIMASZ\n---End---\n[線種のﾛｰﾄﾞ]\nA.LIN\n---End---\n[EOF]\n");
   const ProgramRun run = convert({"good.dxf"});
   EXPECT_EQ(run.status, 1);
   EXPECT_TRUE(contains(run.err, "\nrules.cvt: nothing in this file changes a drawing")) << run.err;
@@ -208,13 +209,16 @@ TEST_F(ConvertTest, ASpecificationThatChangesNothingSaysSo) {
 
 TEST_F(ConvertTest, ArrowFilesAreLookedUpBesideTheSpecificationAndAMissingOneIsNamed) {
   write("set/arrows/BAR.dxf", drawing(kLine));
-  writeSpecification("set/arrows.cvt", "[矢印のﾛｰﾄﾞ]\narrows/BAR.dxf\n_NOSUCH\n---End---\n[EOF]\n");
+  write("set/arrows/BOX.dxf", drawing(kLine));
+  writeSpecification("set/arrows.cvt",
+                     "[矢印のﾛｰﾄﾞ]\narrows/BAR.dxf\narrows\\BOX.dxf\n_NOSUCH\n---End---\n[EOF]\n");
   const ProgramRun run =
       kivcvt({"convert", "--spec", "set/arrows.cvt", "--out", "out", "--log", "logs", "good.dxf"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.err,
             "good.dxf: 矢印のﾛｰﾄﾞ = _NOSUCH: there is no such file, and the host has nothing of this name\n");
   EXPECT_TRUE(contains(read("out/good.DXF"), "BAR\r\n"));
+  EXPECT_TRUE(contains(read("out/good.DXF"), "BOX\r\n"));
   EXPECT_TRUE(contains(read("logs/" + filesIn("logs")[0]), ", OK\r\n"));
 }
 
