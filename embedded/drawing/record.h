@@ -51,6 +51,7 @@ struct Record {
   static constexpr std::uint8_t kErased = 1, kAdded = 2, kImplied = 4;
   static constexpr std::uint8_t kLayoutSpace = 8;  // block: model space or a paper space
   static constexpr std::uint8_t kLayerNames = 16;  // its extended data names layers
+  static constexpr std::uint8_t kStraying = 32;  // what every entity has may stand among its type's own data
   bool erased() const { return (flags & kErased) != 0; }
   bool implied() const { return (flags & (kImplied | kAdded)) == kImplied; }  // has no bytes of its own
 };

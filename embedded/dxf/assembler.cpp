@@ -75,6 +75,7 @@ bool Assembler::close(std::uint64_t end) {
     }
     record_.signature = lastSignature_;
     layerNames_ = reader_.namesLayers();
+    if (reader_.straying()) record_.flags |= Record::kStraying;
     const bool ownedByModelSpace =
         record_.kind == RecordKind::kEntity && record_.owner == LoadedRecords::kInModelSpace;
     if (ownedByModelSpace && reader_.inPaperSpace(dialect_)) record_.owner = LoadedRecords::kInPaperSpace;

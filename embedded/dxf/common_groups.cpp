@@ -10,10 +10,12 @@ namespace cad::dxf {
 namespace {
 
 // In none of these classes has a group that may stray a meaning of its own, but for the exceptions below.
+// Some are no class's name, but what programs write for AcDbFace, AcDbTrace and AcDbPolyline.
 constexpr std::string_view kClasses[] = {
     "AcDb2dPolyline",
     "AcDb2dVertex",
     "AcDb2LineAngularDimension",
+    "AcDb3dFace",
     "AcDb3dPolyline",
     "AcDb3dPolylineVertex",
     "AcDb3dSolid",
@@ -30,17 +32,25 @@ constexpr std::string_view kClasses[] = {
     "AcDbDiametricDimension",
     "AcDbDimension",
     "AcDbEllipse",
+    "AcDbExtrudedSurface",
     "AcDbFace",
     "AcDbFaceRecord",
     "AcDbFcf",
     "AcDbHatch",
+    "AcDbHelix",
     "AcDbLeader",
+    "AcDbLight",
     "AcDbLine",
+    "AcDbLoftedSurface",
+    "AcDbLwPolyline",
     "AcDbMInsertBlock",
     "AcDbMline",
     "AcDbModelerGeometry",
+    "AcDbMPolygon",
     "AcDbMText",
+    "AcDbOle2Frame",
     "AcDbOrdinateDimension",
+    "AcDbPlaneSurface",
     "AcDbPoint",
     "AcDbPolyFaceMesh",
     "AcDbPolyFaceMeshVertex",
@@ -52,12 +62,19 @@ constexpr std::string_view kClasses[] = {
     "AcDbRasterImage",
     "AcDbRay",
     "AcDbRegion",
+    "AcDbRevolvedSurface",
     "AcDbRotatedDimension",
     "AcDbShape",
+    "AcDbSolid",
     "AcDbSpline",
+    "AcDbSubDMesh",
+    "AcDbSurface",
+    "AcDbSweptSurface",
     "AcDbText",
     "AcDbTrace",
+    "AcDbUnderlayReference",
     "AcDbVertex",
+    "AcDbViewport",
     "AcDbWipeout",
     "AcDbXline",
 };
@@ -67,8 +84,20 @@ constexpr bool lessNoCase(std::string_view a, std::string_view b) {
 }
 static_assert(std::ranges::is_sorted(kClasses, lessNoCase));
 
-// Column widths, and the colour of the background.
-constexpr int kOwnOfMText[] = {48, 420, 430};
+struct OwnGroup {
+  std::string_view subclass;
+  int code;
+};
+constexpr OwnGroup kOwnGroups[] = {
+    {"AcDbMText", 48},            // width of columns
+    {"AcDbMText", 420},           // the background's colour
+    {"AcDbMText", 430},           // and its name
+    {"AcDbExtrudedSurface", 48},  // scale along the path
+    {"AcDbSweptSurface", 48},
+};
+
+// These mean the same in every class of entities; the other codes that may stray are some class's own.
+constexpr int kSameEverywhere[] = {6, 8, 370, 440};
 
 bool holds(const auto& codes, int code) {
   return std::find(std::begin(codes), std::end(codes), code) != std::end(codes);
@@ -103,7 +132,7 @@ class CommonPlace {
     if (code == kLayer) rank = atHome ? Rank::kLayer : Rank::kStrayedLayer;
     if (code == kMarker) rank = atHome ? Rank::kEntityMarker : Rank::kFirstMarker;
     if (rank < rank_ || (rank == rank_ && code == kMarker)) return;
-    if (!atHome && !cursor.maybeCommon(code_)) return;
+    if (!atHome && !(cursor.maybeCommon(code_) && isKnownClass(cursor.subclass()))) return;
     rank_ = rank;
     end_ = cursor.group().end;
   }
@@ -122,8 +151,11 @@ class CommonPlace {
 
 bool CommonGroups::strayed(int code) const {
   if (atHome_ || !mayStray(code)) return false;
-  if (equalNoCase(marker_, "AcDbMText") && holds(kOwnOfMText, code)) return false;
-  return std::ranges::binary_search(kClasses, marker_, lessNoCase);
+  if (holds(kSameEverywhere, code)) return true;
+  const auto own = [&](const OwnGroup& row) {
+    return row.code == code && equalNoCase(row.subclass, marker_);
+  };
+  return std::ranges::none_of(kOwnGroups, own) && std::ranges::binary_search(kClasses, marker_, lessNoCase);
 }
 
 bool isCommonCode(int code) {
@@ -135,20 +167,18 @@ bool isKnownClass(std::string_view subclass) {
   return equalNoCase(subclass, kEntityMarker) || std::ranges::binary_search(kClasses, subclass, lessNoCase);
 }
 
-Located locateCommon(std::string_view bytes, const Dialect& dialect, int code) {
+Located locateCommon(std::string_view bytes, const Dialect& dialect, int code, bool straying) {
   CommonGroup wanted(code), trueColor(kTrueColor), colorName(kColorName);
   CommonPlace place(code);
   RegionCursor cursor(bytes, dialect);
   const bool isColor = code == kColorNumber;
   while (cursor.next() && cursor.region() < Region::kEmbedded) {
+    if (cursor.leftHome() && (!straying || (wanted.atHome() && !isColor))) break;
     wanted.look(cursor);
     place.look(cursor);
-    if (isColor) {
-      trueColor.look(cursor);
-      colorName.look(cursor);
-    } else if (wanted.atHome() && cursor.leftHome()) {
-      break;  // what strayed does not count any more
-    }
+    if (!isColor) continue;
+    trueColor.look(cursor);
+    colorName.look(cursor);
   }
   return {.group = wanted.group(),
           .insertAt = place.end(),

@@ -3,7 +3,8 @@
 //
 // They belong before the first subclass marker or behind AcDbEntity. Several programs write them behind the
 // marker of the entity's own class: there they have strayed, and count for a code that no group in the right
-// place has, unless that class, or a class that nobody here knows, may mean something of its own by it.
+// place has. Layer, linetype, lineweight and transparency do so in every class; the others not where that
+// class, or a class that nobody here knows, may mean something of its own by them.
 
 #include <algorithm>
 #include <iterator>
@@ -31,6 +32,7 @@ class CommonGroups {
   bool atHome() const { return atHome_; }
   bool strayed(int code) const;  // a group of this code, here
   bool inKnownClass() const { return isKnownClass(marker_); }
+  bool sawHome() const { return sawEntity_; }
   bool leftHome() const { return sawEntity_ && !atHome_; }  // and does not come back
 
  private:
@@ -59,7 +61,8 @@ constexpr bool mayStray(int code) {
 }
 // Groups that every entity may have.
 bool isCommonCode(int code);
-// The group of a property that every entity has, in a record's bytes.
-Located locateCommon(std::string_view bytes, const Dialect& dialect, int code);
+// The group of a property that every entity has, in a record's bytes. `straying`: those behind AcDbEntity are
+// looked through too.
+Located locateCommon(std::string_view bytes, const Dialect& dialect, int code, bool straying);
 
 }  // namespace cad::dxf

@@ -77,6 +77,9 @@ bool hasLineBreak(const StoredValue& value) {
   return text != nullptr && text->find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos;
 }
 
+// Records that were added have not been looked through.
+bool isStraying(const Record& record) { return (record.flags & (Record::kAdded | Record::kStraying)) != 0; }
+
 std::wstring ascii(std::string_view text) { return std::wstring(text.begin(), text.end()); }
 
 }  // namespace
@@ -93,7 +96,7 @@ StoredValue DxfStorage::property(const Record& record, Property property) const 
   std::string scratch;
   const std::string_view present = bytes(record, scratch);
   if (isSpecial(type, *place)) return readSpecial(present, dialect_, type, property);
-  const Located located = locate(present, dialect_, *place);
+  const Located located = locate(present, dialect_, *place, isStraying(record));
   if (!located.group) return {};
   return readValue(*located.group, propertyInfo(property).type, dialect_);
 }
@@ -134,7 +137,7 @@ EditId DxfStorage::withoutProperty(const Record& record, const PropertyPlace& pl
   std::string scratch;
   Record state = record;
   for (;;) {
-    const Located located = locate(bytes(state, scratch), dialect_, place);
+    const Located located = locate(bytes(state, scratch), dialect_, place, isStraying(record));
     if (!located.group) return state.edits;
     state.edits = withoutGroup(state, *located.group);
   }
@@ -143,7 +146,7 @@ EditId DxfStorage::withoutProperty(const Record& record, const PropertyPlace& pl
 EditId DxfStorage::setGeneric(const Record& record, const PropertyPlace& place, const StoredValue& value) {
   std::string scratch;
   Record state = record;
-  Located located = locate(bytes(state, scratch), dialect_, place);
+  Located located = locate(bytes(state, scratch), dialect_, place, isStraying(record));
   // A layer's colour number with the other sign turns the layer on or off and leaves its colour.
   const auto old = located.group ? integerValue(*located.group, dialect_) : std::nullopt;
   const auto* number = std::get_if<std::int64_t>(&value);
@@ -151,7 +154,7 @@ EditId DxfStorage::setGeneric(const Record& record, const PropertyPlace& place, 
       place.property == Property::kLayerColor && old && number != nullptr && *old == -*number;
   while (!sameColor && (located.trueColor || located.colorName)) {
     state.edits = withoutGroup(state, located.trueColor ? *located.trueColor : *located.colorName);
-    located = locate(bytes(state, scratch), dialect_, place);
+    located = locate(bytes(state, scratch), dialect_, place, isStraying(record));
   }
   return changeValue(state, place, located, value);
 }

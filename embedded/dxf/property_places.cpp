@@ -140,8 +140,8 @@ const PropertyPlace* findPlace(RecordKind kind, std::string_view type, Property 
   }
 }
 
-Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPlace& place) {
-  if (isCommon(place)) return locateCommon(bytes, dialect, place.code);
+Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPlace& place, bool straying) {
+  if (isCommon(place)) return locateCommon(bytes, dialect, place.code, straying);
   Located result;
   const bool mtext = place.subclass == kMText;
   bool sawSubclass = false, leftSubclass = false;
@@ -163,7 +163,7 @@ Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPla
   // A record that has markers, but not this one: what other classes have of the code counts.
   const bool lacksMarker = !sawSubclass && !cursor.subclass().empty() && place.subclass != kKnownClasses;
   if (!result.group && lacksMarker && !place.subclass.empty()) {
-    return locate(bytes, dialect, {place.property, place.code, kKnownClasses, place.since});
+    return locate(bytes, dialect, {place.property, place.code, kKnownClasses, place.since}, straying);
   }
   return result;
 }

@@ -23,8 +23,9 @@ const PropertyPlace* findPlace(RecordKind kind, std::string_view type, Property 
 // The same for properties that entities of every type have; null for others.
 const PropertyPlace* findCommonPlace(RecordKind kind, Property property);
 
-// Of several groups the last, which is what readers take.
-Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPlace& place);
+// Of several groups the last, which is what readers take. `straying`: what every entity has may stand behind
+// AcDbEntity too.
+Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPlace& place, bool straying);
 
 bool isCommon(const PropertyPlace& place);  // a property of every entity
 bool isMText(std::string_view type);

@@ -29,13 +29,14 @@ void SignatureReader::begin(std::string_view type) {
   common_ = {};
   picks_ = {};
   inText_ = regular_ = true;
-  sawText_ = styleInText_ = application_ = namesLayers_ = false;
+  sawText_ = styleInText_ = application_ = namesLayers_ = straying_ = false;
 }
 
 void SignatureReader::marker(std::string_view value) {
   if (!regular_) return;
   value = trimmed(value);
   common_.marker(value);
+  straying_ = straying_ || !common_.sawHome();
   inText_ = equalNoCase(value, textClass_);
   sawText_ = sawText_ || inText_;
   if (inText_ && !styleInText_) fields_.style = {};
@@ -49,7 +50,12 @@ void SignatureReader::style(std::string_view value) {
 }
 
 void SignatureReader::common(int code, std::string_view value, std::string_view& field, CommonPick& pick) {
+  noteStray(code);
   if (regular_ && pick.offer(common_, code)) field = value;
+}
+
+void SignatureReader::noteStray(int code) {
+  straying_ = straying_ || (regular_ && !common_.atHome() && common_.strayed(code));
 }
 
 void SignatureReader::take(int code, std::string_view value) {
@@ -75,6 +81,13 @@ void SignatureReader::take(int code, std::string_view value) {
       value = trimmed(value);
       application_ = !value.empty() && value.front() == '{';
       return;
+    case 48:
+    case 60:
+    case 370:
+    case 420:
+    case 430:
+    case 440:
+      return noteStray(code);
     default:
       break;
   }

@@ -17,7 +17,7 @@ class SignatureReader {
   // Every group of the record after the first, in order.
   void group(int code, std::string_view value) {
     // Coordinates are most of a drawing and none of them matters here.
-    if (code >= 9 && code < 62) return;
+    if (code >= 9 && code < 48) return;
     take(code, value);
   }
   Signature finish(NamePool& names, const Dialect& dialect);
@@ -27,11 +27,14 @@ class SignatureReader {
 
   bool inPaperSpace(const Dialect& dialect) const;
   bool namesLayers() const { return namesLayers_; }  // its extended data does
+  // Whether common groups have strayed, or new ones may: AcDbEntity is not the first marker.
+  bool straying() const { return straying_; }
 
  private:
   void take(int code, std::string_view value);
   void marker(std::string_view value);
   void common(int code, std::string_view value, std::string_view& field, CommonPick& pick);
+  void noteStray(int code);
   void style(std::string_view value);
   NameId intern(NamePool& names, std::string_view value, std::size_t slot);
 
@@ -48,7 +51,7 @@ class SignatureReader {
   std::string_view textClass_;  // where a text has its style; empty: the record is no text
   // Whether this is the place of a text's style, was one behind a marker, and had a style.
   bool inText_ = true, sawText_ = false, styleInText_ = false;
-  bool application_ = false, regular_ = true, namesLayers_ = false;
+  bool application_ = false, regular_ = true, namesLayers_ = false, straying_ = false;
   // Neighbouring entities mostly have the same names.
   struct Recent {
     std::string_view value;

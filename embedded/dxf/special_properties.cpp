@@ -18,16 +18,32 @@ constexpr PropertyPlace kContent{Property::kTextString, 1, "AcDbMText", Version:
 constexpr std::string_view kLayerApplication = "AcCmTransparency";
 constexpr std::string_view kStyleApplication = "ACAD";
 
+// False: the columns end the search.
+template <class Counts, class Visit>
+bool forEachGroup(RegionCursor& cursor, Counts counts, Visit& visit) {
+  while (cursor.next()) {
+    if (!counts()) continue;
+    if (cursor.group().code == kMTextColumns) return false;
+    visit(cursor.group());
+  }
+  return true;
+}
+
+// In a record that has markers, but not its own, what other classes have counts too.
 template <class Visit>
 void forEachMTextGroup(std::string_view bytes, const Dialect& dialect, Visit visit) {
   RegionCursor cursor(bytes, dialect);
-  while (cursor.next()) {
-    const bool here = cursor.region() == Region::kHead || (cursor.region() == Region::kSubclass &&
-                                                           equalNoCase(cursor.subclass(), kContent.subclass));
-    if (!here) continue;
-    if (cursor.group().code == kMTextColumns) return;
-    visit(cursor.group());
-  }
+  bool marked = false;
+  const auto own = [&] {
+    if (cursor.region() != Region::kSubclass) return cursor.region() == Region::kHead;
+    const bool here = equalNoCase(cursor.subclass(), kContent.subclass);
+    marked = marked || here;
+    return here;
+  };
+  if (!forEachGroup(cursor, own, visit) || marked || cursor.subclass().empty()) return;
+  RegionCursor others(bytes, dialect);
+  const auto known = [&] { return others.region() == Region::kSubclass && isKnownClass(others.subclass()); };
+  forEachGroup(others, known, visit);
 }
 
 std::string readContent(std::string_view bytes, const Dialect& dialect) {
@@ -64,7 +80,7 @@ EditId writeContent(DxfStorage& storage, Record record, const std::string& conte
   });
   const std::string groups = contentGroups(storage.dialect(), storage.facts().codePage, content);
   if (pieces.empty()) {
-    return storage.withGroups(record, locate(bytes, storage.dialect(), kContent).insertAt, groups);
+    return storage.withGroups(record, locate(bytes, storage.dialect(), kContent, false).insertAt, groups);
   }
   // From the last to the first, so that places before stay where they are.
   while (pieces.size() > 1) {
@@ -159,7 +175,7 @@ EditId writeDirection(DxfStorage& storage, Record record, double degrees) {
   if (found.x || found.angle) return record.edits;
   GroupWriter writer(dialect);
   writer.real(50, degrees);
-  return storage.withGroups(record, locate(bytes, dialect, kContent).insertAt, writer.bytes());
+  return storage.withGroups(record, locate(bytes, dialect, kContent, false).insertAt, writer.bytes());
 }
 
 // The first group of a code in an application's extended data.

@@ -34,6 +34,10 @@ constexpr Case kCases[] = {
      "0 LINE|100 AcDbEntity|8 NEW|62 4|100 AcDbLine|10 0.0"},
     {"AC1015", "0 LINE|8 no|62 9|100 AcDbLine|62 9|100 AcDbEntity|8 OLD|62 1|10 0.0",
      "0 LINE|8 no|62 9|100 AcDbLine|62 9|100 AcDbEntity|8 NEW|62 4|10 0.0"},
+    {"AC1018", "0 LINE|100 AcDbEntity|8 OLD|100 AcDbLine|420 255|10 0.0",
+     "0 LINE|100 AcDbEntity|8 NEW|62 4|100 AcDbLine|10 0.0"},
+    {"AC1018", "0 LINE|100 AcDbLine|10 0.0|100 AcDbEntity|8 OLD|62 1",
+     "0 LINE|100 AcDbLine|10 0.0|100 AcDbEntity|8 NEW|62 4"},
     {"AC1015", "0 LINE|100 acdbentity|8 OLD|100 ACDBLINE|62 1|10 0.0",
      "0 LINE|100 acdbentity|8 NEW|100 ACDBLINE|62 4|10 0.0"},
     {"AC1015", "0 LINE|100 AcDbEntity|100 AcDbLine|8 OLD|10 0.0",
@@ -43,6 +47,13 @@ constexpr Case kCases[] = {
     // a class of which nobody here knows what it means by them; no second AcDbEntity
     {"AC1015", "0 LINE|100 AcDbEntity|8 OLD|100 AcDbOther|8 no|62 9|100 AcDbEntity|62 9",
      "0 LINE|100 AcDbEntity|8 NEW|62 4|100 AcDbOther|8 no|62 9|100 AcDbEntity|62 9"},
+    {"AC1018", "0 THING|100 AcDbEntity|370 13|100 AcDbThing|8 OLD|62 9",
+     "0 THING|100 AcDbEntity|62 4|370 13|100 AcDbThing|8 NEW|62 9"},
+    // classes in the words of several programs, and one behind another
+    {"AC1018", "0 3DFACE|100 AcDbEntity|100 AcDb3dFace|8 OLD|62 1|420 255",
+     "0 3DFACE|100 AcDbEntity|100 AcDb3dFace|8 NEW|62 4"},
+    {"AC1024", "0 SURFACE|100 AcDbEntity|100 AcDbModelerGeometry|70 1|100 AcDbSurface|8 OLD|62 1|71 6",
+     "0 SURFACE|100 AcDbEntity|100 AcDbModelerGeometry|70 1|100 AcDbSurface|8 NEW|62 4|71 6"},
     // no AcDbEntity
     {"AC1015", "0 LINE|5 A|100 AcDbLine|8 OLD|10 0.0", "0 LINE|5 A|100 AcDbLine|8 NEW|62 4|10 0.0"},
     {"AC1015", "0 ARC|5 A|330 1F|100 AcDbCircle|40 1.0|100 AcDbArc|50 0.0",
@@ -83,7 +94,10 @@ TEST(EditPlace, GroupsOfOtherPartsAreLeftAlone) {
 }
 
 TEST(EditPlace, AnObjectWithoutTheMarkerOfItsClassKeepsWhatItIsGiven) {
-  constexpr std::pair<std::string_view, std::string_view> kRows[] = {
+  constexpr struct {
+    std::string_view before, after;
+    Property property = Property::kTextHeight;
+  } kRows[] = {
       {"0 TEXT|100 AcDbEntity|8 A|10 0.0|1 x", "0 TEXT|100 AcDbEntity|8 A|10 0.0|1 x|40 2.5"},
       {"0 TEXT|100 AcDbEntity|8 A|40 1.0|1 x", "0 TEXT|100 AcDbEntity|8 A|40 2.5|1 x"},
       // what is another class's, and what may be
@@ -93,13 +107,18 @@ TEST(EditPlace, AnObjectWithoutTheMarkerOfItsClassKeepsWhatItIsGiven) {
       {"0 TEXT|100 AcDbEntity|40 1.0|100 AcDbText|1 x",
        "0 TEXT|100 AcDbEntity|40 1.0|100 AcDbText|1 x|40 2.5"},
       {"0 TEXT|8 A|40 1.0|1 x", "0 TEXT|8 A|40 2.5|1 x"},
+      {"0 MTEXT|100 AcDbEntity|8 A|100 AcDbOther|50 1.0",
+       "0 MTEXT|100 AcDbEntity|8 A|50 2.5|100 AcDbOther|50 1.0", Property::kRotation},
+      {"0 MTEXT|5 A|100 AcDbEntity|8 A|50 1.0|75 1|50 9.0",
+       "0 MTEXT|5 A|100 AcDbEntity|8 A|50 2.5|75 1|50 9.0", Property::kRotation},
   };
-  for (const auto& [before, after] : kRows) {
+  for (const auto& [before, after, property] : kRows) {
     const std::string file = drawingText("AC1015", before);
     const auto drawing = read(file);
-    ASSERT_TRUE(drawing->setReal(entity(*drawing, "TEXT"), Property::kTextHeight, 2.5).ok()) << before;
+    const RecordId id = drawing->entitiesOf(drawing->modelSpace()).at(0);
+    ASSERT_TRUE(drawing->setReal(id, property, 2.5).ok()) << before;
     EXPECT_EQ(saved(*drawing), replaced(file, groups(before), groups(after))) << before;
-    EXPECT_EQ(drawing->real(entity(*drawing, "TEXT"), Property::kTextHeight), 2.5) << before;
+    EXPECT_EQ(drawing->real(id, property), 2.5) << before;
   }
 }
 
