@@ -85,13 +85,14 @@ bool Assembler::close(std::uint64_t end) {
   return true;
 }
 
-void Assembler::finish(std::uint64_t size) {
-  if (open_) close(size);
+void Assembler::finish(std::uint64_t end, std::uint64_t size) {
+  if (open_) close(sawEnd_ ? size : end);
   open_ = false;
   if (sawEnd_) return;
-  // Where EOF would stand, new sections are placed before a record of no bytes.
+  // Where EOF would stand, new sections are placed before what is there instead, if only no bytes.
   record_ = Record{};
-  record_.offset = size;
+  record_.offset = end;
+  record_.length = static_cast<std::uint32_t>(std::min(size - end, kLongestRecord));
   record_.kind = RecordKind::kSection;
   loaded_.frame.endOfFile = static_cast<RecordId>(loaded_.records.size());
   loaded_.records.push_back(record_);

@@ -28,8 +28,9 @@ class Assembler {
     }
     return true;
   }
-  // Bytes before the first record are a record of their own. `size`: the length of the file.
-  void finish(std::uint64_t size);
+  // Bytes before the first record are a record of their own, and so are those behind the last group of a file
+  // without EOF. `end`: where these begin; `size`: the length of the file.
+  void finish(std::uint64_t end, std::uint64_t size);
   bool sawEnd() const { return sawEnd_; }
   // The last record so far ends a section, and the entities have been there.
   bool isWholeWithoutEnd() const;

@@ -19,27 +19,46 @@ struct Broken {
   bool betweenGroups = false;  // nothing is wrong but that the file ends
 };
 
+constexpr char kCtrlZ = 0x1A;  // old programs end a text with it
+constexpr wchar_t kNoEnd[] = L"The file is cut off: it has no EOF";
+
+// Nothing, or the beginning of EOF.
+bool isStartOfEnd(std::string_view rest) {
+  constexpr std::string_view kBlanks = " \t\r\n\x1A", kEnd = "EOF";
+  rest = rest.substr(std::min(rest.find_first_not_of(kBlanks), rest.size()));
+  rest = rest.substr(0, rest.find_last_not_of(kBlanks) + 1);
+  if (rest.size() < 2) return rest.empty() || rest == "0";
+  if (rest.front() != '0') return false;
+  const std::size_t value = std::min(rest.find_first_not_of(kBlanks, 1), rest.size());
+  const bool nextLine = rest.substr(1, value - 1).find_first_of("\r\n") != std::string_view::npos;
+  rest = rest.substr(value);
+  return nextLine && rest.size() < kEnd.size() && equalNoCase(rest, kEnd.substr(0, rest.size()));
+}
+
 template <char kEnd>
 Broken scanText(std::string_view bytes, std::size_t start, Assembler& assembler) {
   const char* const base = bytes.data();
   const char* at = base + start;
-  const char* const end = base + bytes.size();
+  const char* end = base + bytes.size();
+  while (end > at && end[-1] == kCtrlZ) --end;
   while (at < end) {
     const char* const group = at;
     const auto offset = static_cast<std::size_t>(group - base);
     int code = 0;
     if (!takeCode<kEnd>(at, end, code)) {
+      if (isStartOfEnd(bytes.substr(offset))) return {kNoEnd, offset, true};
       const bool whole = std::find(group, end, kEnd) != end;
       return {whole ? L"This line should be a group code" : L"The file ends in the middle of a group",
               offset};
     }
     std::string_view value;
     const char* const lineEnd = takeValue<kEnd>(at, end, value);
+    if (code == 0 && value.size() < 3 && isStartOfEnd(bytes.substr(offset))) return {kNoEnd, offset, true};
     if (lineEnd == end && value.empty()) return {L"The file ends in the middle of a group", bytes.size()};
     if (!assembler.group(code, value, offset)) return {assembler.failure(), offset};
     at = lineEnd == end ? end : lineEnd + 1;
   }
-  return {L"The file is cut off: it has no EOF", bytes.size(), true};
+  return {kNoEnd, static_cast<std::size_t>(end - base), true};
 }
 
 Broken scanBinary(std::string_view bytes, std::size_t start, const Dialect& dialect, Assembler& assembler) {
@@ -53,7 +72,7 @@ Broken scanBinary(std::string_view bytes, std::size_t start, const Dialect& dial
     if (!assembler.group(group.code, group.value, at)) return {assembler.failure(), at};
     at += group.end;
   }
-  return {L"The file is cut off: it has no EOF", bytes.size(), true};
+  return {kNoEnd, bytes.size(), true};
 }
 
 Broken scan(std::string_view bytes, std::size_t start, const Dialect& dialect, Assembler& assembler) {
@@ -87,7 +106,7 @@ Loaded assemble(std::unique_ptr<SourceBytes>& source) {
     return base::Failure{placeText(bytes, broken.at, dialect),
                          first ? L"This is not a DXF drawing" : broken.reason};
   }
-  assembler.finish(bytes.size());
+  assembler.finish(broken.at, bytes.size());
   if (assembler.failure() != nullptr) return base::Failure{{}, assembler.failure()};
   LoadedRecords loaded = assembler.take();
   const RecordId header = loaded.frame.sectionBegin[static_cast<std::size_t>(Section::kHeader)];

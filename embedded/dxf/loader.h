@@ -11,8 +11,8 @@
 namespace cad::dxf {
 
 // Refused, with the path and the line (text) or byte offset (binary) as the place: a file that cannot be
-// opened, is not DXF, has a bad group code, or ends before EOF. One that only lacks EOF behind its last whole
-// section, that of the entities being there, is read; DrawingFacts::warning says so.
+// opened, is not DXF, has a bad group code, or ends before EOF. One that only lacks EOF or a part of it
+// behind its last whole section, that of the entities being there, is read; DrawingFacts::warning says so.
 base::Result<std::unique_ptr<Drawing>> load(const std::filesystem::path& path);
 // The same from memory; the drawing has no path.
 base::Result<std::unique_ptr<Drawing>> loadBytes(std::string bytes);

@@ -5,9 +5,12 @@
 #include <vector>
 
 #include "embedded/dxf/dxf_storage.h"
+#include "embedded/dxf/file_facts.h"
 
 namespace cad::dxf {
 namespace {
+
+using std::string_view_literals::operator""sv;
 
 constexpr std::size_t kBuffer = std::size_t{1} << 20;
 
@@ -73,15 +76,15 @@ base::Status DxfStorage::save(const std::filesystem::path& target, std::span<con
   constexpr std::uint8_t kNotInFile = Record::kAdded | Record::kImplied;
   // A file without EOF may lack the end of its last line too: what is added where EOF would be begins with
   // it.
-  const bool unended = !dialect_.binary && !file_.empty() && file_.back() != '\n' && file_.back() != '\r';
-  const auto isMissingEnd = [&](const Record& record) {
-    return (record.flags & kNotInFile) == 0 && record.offset == file_.size();
+  const auto beginsLine = [&](const Record& record) {
+    const bool first = (record.flags & kNotInFile) != 0 || record.offset <= prefixLength(file_);
+    return dialect_.binary || first || "\r\n"sv.find(file_[record.offset - 1]) != std::string_view::npos;
   };
   // Added records may stand before records that were added too.
   const auto writeAdded = [&](const auto& self, RecordId before) -> void {
     const auto found = children.find(before);
     if (found == children.end()) return;
-    if (unended && isMissingEnd(records[before])) output.changed() += lineEndBytes(dialect_.lineEnd);
+    if (!beginsLine(records[before])) output.changed() += lineEndBytes(dialect_.lineEnd);
     for (const RecordId id : found->second) {
       self(self, id);
       if (!records[id].erased()) writeChanged(records[id]);

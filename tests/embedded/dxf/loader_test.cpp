@@ -67,18 +67,30 @@ TEST(Loader, FilesOfOtherKindsAreNamedAsWhatTheyAre) {
 TEST(Loader, EveryTruncationIsRefusedButTheLossOfTheEnd) {
   const std::string good = drawingText("AC1015", "0 LINE|8 A|10 1.0");
   const std::size_t end = good.rfind("  0\nEOF");
-  for (std::size_t length = 0; length + 2 < good.size(); ++length) {
-    const auto loaded = loadBytes(good.substr(0, length));
-    const bool isWhole = length == end || length == end - 1;  // without the last line end
-    EXPECT_EQ(loaded.ok(), isWhole) << length;
-    if (!loaded.ok()) continue;
+  for (std::size_t length = 0; length + 1 < end; ++length) {
+    EXPECT_FALSE(loadBytes(good.substr(0, length)).ok()) << length;
+  }
+  const std::string whole = good.substr(0, end), unended = good.substr(0, end - 1);
+  const std::pair<std::string, const char*> cases[] = {{unended, ""},      {whole, ""},
+                                                       {unended, "\x1A"},  {whole, "\n \r\n\x1A\x1A"},
+                                                       {whole, " "},       {whole, "  0"},
+                                                       {whole, "0\n"},     {whole, "0\n\n\n"},
+                                                       {whole, "  0\nE"},  {whole, "  0\neo\r\n"},
+                                                       {whole, "\n0\nEO"}, {whole, "  0\nEO\x1A"}};
+  for (const auto& [text, tail] : cases) {
+    const auto loaded = loadBytes(text + tail);
+    ASSERT_TRUE(loaded.ok()) << tail;
     Drawing& drawing = *loaded.value();
     EXPECT_NE(drawing.facts().warning.find(L"no EOF"), std::wstring::npos);
-    EXPECT_EQ(saved(drawing), good.substr(0, length)) << "the end is not made up";
+    EXPECT_EQ(saved(drawing), text + tail) << "the end is not made up";
     // What a change adds stands on lines of its own, before the end that is not there.
     ASSERT_TRUE(drawing.endOfSection(Section::kObjects).ok());
-    EXPECT_EQ(saved(drawing), good.substr(0, end) + groups("0 SECTION|2 OBJECTS|0 ENDSEC"));
+    EXPECT_EQ(saved(drawing), whole + groups("0 SECTION|2 OBJECTS|0 ENDSEC") + tail);
   }
+  for (const char* tail : {"E", "0E", "0\nO", "0\nE\nO", "0\nEO\n8\nA\n", "0\nEOX", "\n8\nA\n"}) {
+    EXPECT_FALSE(loadBytes(whole + tail).ok()) << tail;
+  }
+  EXPECT_TRUE(read(good + "\n\x1A")->facts().warning.empty());
   EXPECT_TRUE(read(good)->facts().warning.empty());
 }
 
