@@ -100,12 +100,29 @@ bool hasCommonProperties(RecordKind kind) {
   return kind == RecordKind::kEntity || kind == RecordKind::kSubEntity;
 }
 
-bool counts(const PropertyPlace& place, Region region, std::string_view subclass) {
-  if (region == Region::kHead) return true;
-  if (region != Region::kSubclass) return false;
-  if (place.subclass == kKnownClasses) return isKnownClass(subclass);
-  return place.subclass.empty() || inList(place.subclass, '|', subclass);
-}
+// Whether a group is one of the place's classes; asks once for each marker.
+class OwnGroups {
+ public:
+  explicit OwnGroups(std::string_view classes) : classes_(classes) {}
+  bool holds(const RegionCursor& cursor) {
+    if (cursor.region() != Region::kSubclass) return cursor.region() == Region::kHead;
+    if (cursor.subclass().data() != marker_) {
+      marker_ = cursor.subclass().data();
+      inside_ = isOwn(cursor.subclass());
+    }
+    return inside_;
+  }
+
+ private:
+  bool isOwn(std::string_view subclass) const {
+    if (classes_ == kKnownClasses) return isKnownClass(subclass);
+    return classes_.empty() || inList(classes_, '|', subclass);
+  }
+
+  std::string_view classes_;
+  const char* marker_ = nullptr;
+  bool inside_ = false;
+};
 
 void noteTrueColor(const Group& group, Located& result) {
   if (group.code == kTrueColor) result.trueColor = group;
@@ -145,10 +162,11 @@ Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPla
   Located result;
   const bool mtext = place.subclass == kMText;
   bool sawSubclass = false, leftSubclass = false;
+  OwnGroups own(place.subclass);
   RegionCursor cursor(bytes, dialect);
   while (cursor.next()) {
     const Group& group = cursor.group();
-    if (!counts(place, cursor.region(), cursor.subclass())) {
+    if (!own.holds(cursor)) {
       leftSubclass = leftSubclass || sawSubclass;
       continue;
     }
