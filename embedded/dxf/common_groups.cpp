@@ -119,7 +119,7 @@ class CommonGroup {
   std::optional<Group> group_;
 };
 
-// Where a new group is read back: behind the layer or AcDbEntity; without these behind the first class's
+// Where a new group is read back: behind the layer or AcDbEntity; without these behind the first known class's
 // marker when it may stray there, else in the record's head.
 class CommonPlace {
  public:

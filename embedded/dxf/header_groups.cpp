@@ -94,11 +94,8 @@ std::uint32_t placeOfNew(const RecordGroups& groups, const std::vector<HeaderEnt
     if (entry.name.starts_with("$DIM")) lastDim = end;
   }
   if (name.starts_with("DIM") && lastDim != 0) return lastDim;
-  if (end != 0) return end;
-  // A header without variables: behind "SECTION" and "HEADER".
-  for (const Group& group : groups.all())
-    if (group.code == 0 || group.code == 2) end = group.end;
-  return end;
+  // A header without variables: behind its name, and what no variable has.
+  return end != 0 ? end : groups.all().back().end;
 }
 
 std::wstring shown(std::string_view name) { return {name.begin(), name.end()}; }
