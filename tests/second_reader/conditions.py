@@ -6,7 +6,8 @@ What texts have besides keeps them apart from others; what others have is the sa
 
 from ezdxf.lldxf.encoding import decode_dxf_unicode
 
-COMMON = {"layer": "画層", "linetype": "線種", "color": "色", "lineweight": "線幅値"}
+COMMON = {"layer": "画層", "linetype": "線種", "color": "色", "lineweight": "線幅値", "ltscale": "線種尺度",
+          "transparency": "透過性"}
 OF_TEXTS = {"style": "字体", "height": "文字高さ", "rotation": "文字角度"}
 TEXTS = ("TEXT", "MTEXT", "ATTDEF")
 SECTIONS = ("文字", "寸法", "ﾊｯﾁﾝｸﾞ", "その他の図形")
@@ -26,6 +27,8 @@ def seen(entity):
         "linetype": name(dxf.get("linetype", "BYLAYER")),
         "color": str(dxf.get("color", 256)),
         "lineweight": WEIGHTS.get(weight, f"{weight / 100:.2f} mm"),
+        "ltscale": f"{dxf.get('ltscale', 1):.6f}",
+        "transparency": transparency(dxf.get("transparency", 0)),
     }
     if entity.dxftype() in TEXTS:
         mtext = entity.dxftype() == "MTEXT"
@@ -34,6 +37,12 @@ def seen(entity):
         angle = entity.get_rotation() if mtext else dxf.get("rotation", 0)
         values["rotation"] = f"{angle % 360:.6f}"
     return tuple(sorted((COMMON | OF_TEXTS)[key] + "\t" + value for key, value in values.items()))
+
+
+def transparency(raw):
+    if raw < 0x01000000:
+        return "ByLayer"
+    return "ByBlock" if raw < 0x02000000 else str(round(100 - (raw & 255) / 2.55))
 
 
 def name(text):

@@ -11,7 +11,7 @@ import tempfile
 
 import check_drawings
 
-COMMON_CODES = {b"8", b"6", b"62", b"370", b"48"}
+COMMON_CODES = {b"8", b"6", b"62", b"370", b"48", b"440"}
 
 
 def read(path):
