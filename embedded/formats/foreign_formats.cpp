@@ -1,8 +1,8 @@
-#include "embedded/dxf/foreign_formats.h"
+#include "embedded/formats/foreign_formats.h"
 
 #include <algorithm>
 
-namespace cad::dxf {
+namespace cad::formats {
 namespace {
 
 using namespace std::string_view_literals;
@@ -73,4 +73,4 @@ const wchar_t* foreignFormat(std::string_view bytes) {
   return isUnmarkedUtf16(bytes) ? kUtf16 : nullptr;
 }
 
-}  // namespace cad::dxf
+}  // namespace cad::formats
