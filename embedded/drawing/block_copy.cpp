@@ -15,10 +15,11 @@ constexpr std::size_t kDeepestNesting = 200;
 base::Failure failure(std::wstring_view what, const wchar_t* reason) { return {std::wstring(what), reason}; }
 
 // What is left out of a copy hangs on objects of the source: dictionaries, groups, fields.
-constexpr Property kCopied[] = {Property::kLayer,        Property::kLinetype,     Property::kColorIndex,
-                                Property::kLineWeight,   Property::kTransparency, Property::kLinetypeScale,
-                                Property::kInvisible,    Property::kTextStyle,    Property::kTextString,
-                                Property::kStandardFlags};
+constexpr Property kCopied[] = {Property::kLayer,      Property::kLinetype,     Property::kColorIndex,
+                                Property::kLineWeight, Property::kTransparency, Property::kLinetypeScale,
+                                Property::kInvisible,  Property::kTextStyle,    Property::kTextHeight,
+                                Property::kRotation,   Property::kWidthFactor,  Property::kTextString,
+                                Property::kName,       Property::kStandardFlags};
 
 }  // namespace
 

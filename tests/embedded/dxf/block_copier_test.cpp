@@ -177,7 +177,7 @@ TEST(BlockBuilding, InsertsGoToLayerZeroWhenTheCurrentLayerIsNoText) {
       read(groups("0 SECTION|2 HEADER|9 $ACADVER|1 AC1009|9 $CLAYER|70 3|0 ENDSEC|0 SECTION|2 BLOCKS|"
                   "0 BLOCK|8 0|2 B|70 0|10 0.0|20 0.0|30 0.0|3 B|1 |0 ENDBLK|8 0|0 ENDSEC|"
                   "0 SECTION|2 ENTITIES|0 ENDSEC|0 EOF"));
-  const auto made = drawing->addInsert(drawing->modelSpace(), {block(*drawing, L"B")});
+  const auto made = drawing->addInsert(drawing->modelSpace(), {block(*drawing, L"B"), {}});
   ASSERT_TRUE(made.ok());
   EXPECT_EQ(drawing->text(made.value(), Property::kLayer), L"0");
 }

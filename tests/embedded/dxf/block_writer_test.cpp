@@ -71,7 +71,7 @@ TEST(BlockWriter, ExternalReferencesAreNotRedefined) {
 
 TEST(Insert, StandsInItsSpaceOnTheCurrentLayer) {
   auto drawing = modern("0 LINE|5 20|330 1F|100 AcDbEntity|8 0|100 AcDbLine");
-  EXPECT_FALSE(drawing->addInsert(drawing->modelSpace(), {block(*drawing, L"B")}).ok());
+  EXPECT_FALSE(drawing->addInsert(drawing->modelSpace(), {block(*drawing, L"B"), {}}).ok());
   ASSERT_TRUE(drawing->defineBlock(L"B", shapes()).ok());
   const std::string original = saved(*drawing);
   const RecordId defined = block(*drawing, L"B");
@@ -82,7 +82,7 @@ TEST(Insert, StandsInItsSpaceOnTheCurrentLayer) {
                 groups("8 WALL|100 AcDbBlockReference|2 B|10 1.0|20 2.0|30 0.0|41 2.0|42 2.0|43 2.0|"
                        "50 90.0|0 ENDSEC")),
             std::string::npos);
-  const auto paper = drawing->addInsert(drawing->paperSpace(), {defined});
+  const auto paper = drawing->addInsert(drawing->paperSpace(), {defined, {}});
   ASSERT_TRUE(paper.ok());
   auto again = read(saved(*drawing));
   EXPECT_EQ(typesIn(*again, again->paperSpace()), "INSERT");

@@ -172,6 +172,7 @@ base::Status MemoryStorage::save(const std::filesystem::path& target, std::span<
   for (const Record& record : records) {
     if (record.erased() || record.implied()) continue;
     const Object& holder = object(record);
+    if (record.kind == RecordKind::kOther && holder.variables.empty()) continue;
     out += holder.type + ' ' + std::to_string(holder.handle) + " in " + std::to_string(record.owner);
     for (const auto& [property, value] : holder.values)
       out.append(", ").append(propertyInfo(property).name).append(" = ").append(shown(value));
