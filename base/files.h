@@ -1,5 +1,5 @@
 #pragma once
-// Whole files: reading, mapping, and writing so that a reader sees the old file or the new one.
+// Whole files: reading, mapping, removing, and writing so that a reader sees the old file or the new one.
 
 #include <filesystem>
 #include <memory>
@@ -43,6 +43,9 @@ class AtomicFile {
 };
 
 Status writeFileAtomically(const std::filesystem::path& target, std::string_view bytes);
+
+// A file that is not there any more counts as removed; a write-protected one and a folder are refused.
+Status removeFile(const std::filesystem::path& path);
 
 // Finds `name` in `folder` ignoring case, as Windows does; an exact match wins. Empty when absent.
 std::filesystem::path findIgnoringCase(const std::filesystem::path& folder, std::wstring_view name);

@@ -7,7 +7,6 @@
 #include <string>
 #include <utility>
 
-#include "base/file_changes.h"
 #include "base/file_errors.h"
 #include "base/files.h"
 #include "base/guarded_mapping.h"
@@ -66,7 +65,7 @@ class Mapping : public MappedFile {
     const struct stat& then = opened_.status;
     const bool same = now.st_size == then.st_size && now.st_mtim.tv_sec == then.st_mtim.tv_sec &&
                       now.st_mtim.tv_nsec == then.st_mtim.tv_nsec;
-    if (!same) return Failure{pathText(path_), kChangedWhileRead};
+    if (!same) return fileFailure(path_, FailureKind::kChangedWhileRead);
     return mapping_->lost() ? Status(fileFailure(path_, EIO)) : Status();
   }
 
@@ -199,7 +198,7 @@ Result<std::unique_ptr<AtomicFile>> AtomicFile::create(const fs::path& requested
   struct stat old {};
   const bool exists = ::stat(target.c_str(), &old) == 0;
   if (exists && S_ISDIR(old.st_mode)) return fileFailure(requested, EISDIR);
-  if (exists && !S_ISREG(old.st_mode)) return Failure{pathText(requested), L"this is not an ordinary file"};
+  if (exists && !S_ISREG(old.st_mode)) return fileFailure(requested, FailureKind::kNotAnOrdinaryFile);
   // A rename succeeds over a write-protected file; the protection is meant all the same.
   if (exists && ::access(target.c_str(), W_OK) != 0) return fileFailure(requested, errno);
 
@@ -208,7 +207,7 @@ Result<std::unique_ptr<AtomicFile>> AtomicFile::create(const fs::path& requested
     auto mark = std::make_unique<TemporaryFileMark>(temporary);
     const int number = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (number < 0 && errno == EEXIST) continue;
-    if (number < 0 && errno == ENOENT) return Failure{pathText(requested), kFolderDoesNotExist};
+    if (number < 0 && errno == ENOENT) return fileFailure(requested, FailureKind::kNoSuchFolder);
     if (number < 0) return fileFailure(requested, errno);
     // Best effort: some file systems have no locks, which tell others that the file is still being written,
     // or no permissions to keep.

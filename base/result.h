@@ -7,11 +7,36 @@
 
 namespace base {
 
+// For whoever tells a failure in words of their own.
+enum class FailureKind {
+  kOther,  // nothing but the reason says it
+  kNoSuchFile,
+  kNoSuchFolder,  // in which something is to be written
+  kIsAFolder,
+  kNotAFolder,  // a part of the path
+  kNotAnOrdinaryFile,
+  kFileInTheWay,  // of a folder
+  kPermissionDenied,
+  kReadOnlyFileSystem,
+  kNoSpaceLeft,
+  kFileTooLarge,
+  kInputOutput,
+  kTooManyOpenFiles,
+  kNameTooLong,
+  kUnusableName,
+  kOpenElsewhere,
+  kChangedWhileRead,
+  kNotInCodePage,  // the detail: the characters
+  kForeignContent,
+};
+
 // What went wrong, for a person: where (a file, a line, a byte offset) and why.
 // Both texts are complete sentences or names without a line end; `place` may be empty.
 struct Failure {
   std::wstring place;
   std::wstring reason;
+  FailureKind kind = FailureKind::kOther;
+  std::wstring detail = {};  // what the reason, which has it too, tells besides its kind; mostly empty
 
   // "place: reason", or the reason alone.
   std::wstring text() const { return place.empty() ? reason : place + L": " + reason; }

@@ -54,6 +54,15 @@ bool isAbandoned(const fs::path& path, const Maker& maker) {
   return !error && fs::file_time_type::clock::now() - written > kAbandonedAfter;
 }
 
+bool holdsFilesOnly(const fs::path& folder) {
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    std::error_code unknown;
+    if (!entry->is_regular_file(unknown) || entry->is_symlink(unknown)) return false;
+  }
+  return !error;
+}
+
 }  // namespace
 
 fs::path temporaryName(const fs::path& folder) {
@@ -67,8 +76,9 @@ void removeAbandonedTemporaryFiles(const fs::path& folder) {
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
     const auto maker = makerOf(entry->path());
     std::error_code unknown;
-    if (!maker || !entry->is_regular_file(unknown) || entry->is_symlink(unknown)) continue;
-    if (isAbandoned(entry->path(), *maker)) removeUnlessOpen(entry->path());
+    if (!maker || entry->is_symlink(unknown) || !isAbandoned(entry->path(), *maker)) continue;
+    if (entry->is_regular_file(unknown)) removeUnlessOpen(entry->path());
+    if (entry->is_directory(unknown) && holdsFilesOnly(entry->path())) fs::remove_all(entry->path(), unknown);
   }
 }
 

@@ -36,7 +36,7 @@ void CommandRunner::runLines() {
       if (hands_.quit(!rest.empty())) return;
       continue;
     }
-    (void)run(*line);  // the host has printed what went wrong
+    static_cast<void>(run(*line));  // the host has printed what went wrong
   }
 }
 

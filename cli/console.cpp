@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "base/terminal.h"
+#include "cli/specification_report.h"
 
 namespace kivcli {
 namespace {
@@ -50,7 +51,11 @@ void complain(std::wstring_view text) {
 }
 
 void complainAbout(const std::wstring& file, const base::Failure& failure) {
-  complain(failure.place.starts_with(file) ? failure.text() : file + L": " + failure.text());
+  for (const std::wstring& name : {fullPath(file), file}) {
+    if (!failure.place.starts_with(name)) continue;
+    return complain(file + failure.place.substr(name.size()) + L": " + failure.reason);
+  }
+  complain(file + L": " + failure.text());
 }
 
 }  // namespace kivcli

@@ -79,7 +79,8 @@ std::wstring findArrowFile(const std::wstring& entry, const std::filesystem::pat
 }
 
 void loadFile(const std::wstring& entry, RunState& run) {
-  const std::wstring path = findArrowFile(entry, run.listFolder);
+  std::wstring path = findArrowFile(entry, run.specificationFolder);
+  if (path.empty()) path = findArrowFile(withSystemSeparators(entry), run.specificationFolder);
   if (path.empty()) {
     run.problems.addNote(
         {section(kArrowSection).name, entry, RefusalReason::kNoSuchFile, 1, Refuser::kDrawing});

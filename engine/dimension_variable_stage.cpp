@@ -13,7 +13,9 @@ constexpr std::size_t kLongestText = 255;
 
 // The host takes a variable's own type only, and the catalogue's is another one for a few.
 bool setNumber(const wchar_t* name, short catalogueType, double value) {
-  if (setNumberVariable(name, catalogueType, value)) return true;
+  // An integer is sent as sixteen bits, whatever it says; `check` tells what becomes of it.
+  const double sent = catalogueType == RTSHORT ? static_cast<short>(static_cast<int>(value)) : value;
+  if (setNumberVariable(name, catalogueType, sent)) return true;
   const short hostType = variableType(name);
   return hostType != catalogueType && setNumberVariable(name, hostType, value);
 }

@@ -117,8 +117,8 @@ class EntityPasses {
   }
 
   std::optional<std::vector<std::wstring>> loadTextList(const std::wstring& name) {
-    const std::wstring path = base::pathText(run_.listFolder / base::pathFromText(name));
-    auto loaded = loadTextSearchList(run_.listFolder, name);
+    const std::wstring path = base::pathText(run_.specificationFolder / base::pathFromText(name));
+    auto loaded = loadTextSearchList(run_.specificationFolder, name);
     if (!loaded.ok()) {
       run_.tell(textListProblem(path, loaded.failure().reason));
       return std::nullopt;

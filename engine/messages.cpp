@@ -1,7 +1,24 @@
 #include "engine/messages.h"
 
+#include <utility>
+
 namespace kiv {
 namespace {
+
+// Behind the name of the linetype file.
+constexpr std::pair<Acad::ErrorStatus, const wchar_t*> kLoadingReasons[] = {
+    {Acad::eFileNotFound, L"が見つかりません"},
+    {Acad::eUndefinedLineType, L"にこの線種の定義がありません"},
+    {Acad::eInvalidInput, L"の定義に誤りがあります"},
+    {Acad::eKeyNotFound, L"の定義が使う文字スタイルが図面にありません"},
+    {Acad::eNotApplicable, L"の定義はこの図面のバージョンでは使えません"},
+};
+
+std::wstring loadingReason(Acad::ErrorStatus status) {
+  for (const auto& [known, reason] : kLoadingReasons)
+    if (known == status) return reason;
+  return L"の定義が受け付けられませんでした";
+}
 
 const wchar_t* refusalReason(RefusalReason reason) {
   switch (reason) {
@@ -19,24 +36,6 @@ const wchar_t* refusalReason(RefusalReason reason) {
       break;
   }
   return L"設定を受け付けませんでした";
-}
-
-// What follows the linetype file's name.
-const wchar_t* loadingReason(Acad::ErrorStatus status) {
-  switch (status) {
-    case Acad::eFileNotFound:
-      return L"が見つかりません";
-    case Acad::eUndefinedLineType:
-      return L"にこの線種の定義がありません";
-    case Acad::eInvalidInput:
-      return L"の定義に誤りがあります";
-    case Acad::eKeyNotFound:
-      return L"の定義が使う文字スタイルが図面にありません";
-    case Acad::eNotApplicable:
-      return L"の定義はこの図面のバージョンでは使えません";
-    default:
-      return L"の定義が受け付けられませんでした";
-  }
 }
 
 std::wstring refuserText(const RefusalNote& refusal) {

@@ -18,8 +18,8 @@ struct RunState {
   AcDbDatabase& database;
   ProblemSink& problems;
   const WorkLists& work;
-  std::filesystem::path listFolder;  // of the specification
-  SymbolNames names{};               // filled only after the stages that rename layers
+  std::filesystem::path specificationFolder;
+  SymbolNames names{};  // filled only after the stages that rename layers
 
   // A problem that is read on the command line as well as in the log. The log has no reasons.
   void tell(const std::wstring& problem, const std::wstring& reason = {}) const {

@@ -66,7 +66,7 @@ std::string binaryValue(int code, std::string_view text) {
 
 std::string upper(std::string_view text) {
   std::string result(cad::dxf::trimmed(text));
-  for (char& c : result) c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+  for (char& c : result) c = cad::dxf::asciiUpper(c);
   return result;
 }
 

@@ -130,7 +130,7 @@ class Edit {
 
   void change(fuzz::Choice& choice) {
     drawing_.beginUndoGroup();
-    (void)drawing_.addTableRecord(cad::Table::kLayer, L"壁").ok();
+    static_cast<void>(drawing_.addTableRecord(cad::Table::kLayer, L"壁").ok());
     const auto count = static_cast<RecordId>(drawing_.recordCount());
     mayChange_.resize(count);
     for (RecordId id = 0; id < count; ++id) {

@@ -55,7 +55,8 @@ enum KivRefuser {
 
 // A result that the host refused, with its reason, which the log does not have.
 struct KivNote {
-  const wchar_t* kind;   // the item's key as it stands in a CVT file, or a dimension variable's name
+  const wchar_t*
+      kind;  // the item's key in a CVT file, a dimension variable's name, or the section of a list's entry
   const wchar_t* value;  // the value that was refused
   int reason;            // KivNoteReason
   int count;             // how many objects or layers refused it

@@ -26,14 +26,12 @@ void RunReport::addToLog(const std::wstring& text) {
 }
 
 void RunReport::addNote(const RefusalNote& refusal) {
-  for (RefusalNote& note : notes_) {
-    RefusalNote same = refusal;
-    same.count = note.count;
-    if (note != same) continue;
-    note.count += refusal.count;
-    return;
-  }
-  notes_.push_back(refusal);
+  const auto [known, isNew] =
+      noteOf_.try_emplace({refusal.kind, refusal.value, refusal.reason, refusal.by}, notes_.size());
+  if (isNew)
+    notes_.push_back(refusal);
+  else
+    notes_[known->second].count += refusal.count;
 }
 
 void RunReport::printNotes() const {

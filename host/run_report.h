@@ -1,7 +1,10 @@
 #pragma once
 // What the last conversion run came to, for a program that drives the host.
 
+#include <cstddef>
+#include <map>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "engine/run_interfaces.h"
@@ -35,6 +38,8 @@ class RunReport : public ProblemSink {
   std::wstring drawing_, logFailure_;
   DistinctTexts problems_;
   std::vector<RefusalNote> notes_;
+  // A rule may be refused for another name by each of thousands of layers.
+  std::map<std::tuple<std::wstring, std::wstring, RefusalReason, Refuser>, std::size_t> noteOf_;
 };
 
 // Of the last run; null before the first. `runs` counts them.

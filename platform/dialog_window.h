@@ -126,7 +126,6 @@ class DialogWindow {
   virtual void enable(int id, bool enabled) = 0;
   virtual bool isVisible(int id) const = 0;
   virtual void showControl(int id, bool visible) = 0;
-  virtual wchar_t accessKey(int id) const = 0;   // with Alt presses the button or focuses; 0: none
   virtual void focus(int id) = 0;                // an edit's text becomes selected
   virtual int focused() const = 0;               // 0: no control of this dialog
   virtual bool isChecked(int id) const = 0;      // check boxes and radio buttons

@@ -1,5 +1,6 @@
 #include "platform/paths.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
@@ -37,6 +38,11 @@ PathParts splitPath(std::wstring_view path) {
   parts.name = path.substr(0, dot);
   if (dot != path.npos) parts.extension = path.substr(dot);
   return parts;
+}
+
+std::wstring withSystemSeparators(std::wstring path) {
+  std::ranges::replace(path, L'\\', kSeparator);
+  return path;
 }
 
 std::wstring folderInSystemCase(std::wstring_view folder) {

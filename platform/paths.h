@@ -32,6 +32,9 @@ struct PathParts {
 };
 PathParts splitPath(std::wstring_view path);
 
+// Of a path that was written on any system: "\" becomes the system's own separator.
+std::wstring withSystemSeparators(std::wstring path);
+
 // Upper case where names do not heed case; as it is elsewhere.
 std::wstring folderInSystemCase(std::wstring_view folder);
 

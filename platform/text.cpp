@@ -1,5 +1,7 @@
 #include "platform/text.h"
 
+#include "base/file_errors.h"
+
 namespace kiv {
 namespace {
 
@@ -41,6 +43,10 @@ std::wstring unwritableCharacters(std::wstring_view text) {
     if (!known && result.find(character) == result.npos) result += character;
   }
   return result;
+}
+
+base::Failure notInCodePage(const std::filesystem::path& file, std::wstring_view text) {
+  return base::fileFailure(file, base::FailureKind::kNotInCodePage, unwritableCharacters(text));
 }
 
 }  // namespace kiv

@@ -2,11 +2,13 @@
 // The module's narrow text files: specification files, the initial file, text search lists and the log.
 // This is the one place that says what they are written in, on every machine: code page 932, CR LF.
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/codepage.h"
+#include "base/result.h"
 
 namespace kiv {
 
@@ -27,10 +29,9 @@ std::wstring decodeText(std::string_view bytes);
 // Each "\n" becomes a line end of the file. Not clean: some characters do not exist in the code page.
 base::Encoded encodeText(std::wstring_view text);
 
-// How a failure begins that names the characters which such files cannot hold.
-inline constexpr const wchar_t* kNotInCodePage = L"code page 932 does not have: ";
-
 // The characters of `text` that such files cannot hold, each once, in the order met.
 std::wstring unwritableCharacters(std::wstring_view text);
+// That they keep `text` from being written to the file.
+base::Failure notInCodePage(const std::filesystem::path& file, std::wstring_view text);
 
 }  // namespace kiv

@@ -3,10 +3,22 @@
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
+#include <optional>
 
 #include "base/fold.h"
 
 namespace kiv {
+namespace {
+
+// Japanese files have full-width digits too, which the C library of Windows reads in integers.
+std::optional<int> digit(wchar_t c) {
+  if (c >= L'0' && c <= L'9') return c - L'0';
+  if (c >= L'０' && c <= L'９') return c - L'０';
+  return std::nullopt;
+}
+
+}  // namespace
+
 int colorNumber(std::wstring_view given) {
   const std::wstring_view text = base::trim(given);
   const size_t colon = text.find(L':');
@@ -35,17 +47,23 @@ int leadingInteger(std::wstring_view text) {
   const bool negative = at < text.size() && text[at] == L'-';
   if (at < text.size() && (text[at] == L'-' || text[at] == L'+')) ++at;
   long long value = 0;
-  for (; at < text.size() && text[at] >= L'0' && text[at] <= L'9'; ++at) {
-    value = std::min<long long>(value * 10 + (text[at] - L'0'), INT_MAX + 1LL);
+  for (std::optional<int> next; at < text.size() && (next = digit(text[at])); ++at) {
+    value = std::min<long long>(value * 10 + *next, INT_MAX + 1LL);
   }
   return static_cast<int>(std::clamp<long long>(negative ? -value : value, INT_MIN, INT_MAX));
 }
 
 bool isInteger(std::wstring_view text) {
-  std::wstring_view digits = base::trim(text);
-  if (!digits.empty() && (digits.front() == L'-' || digits.front() == L'+')) digits.remove_prefix(1);
-  while (digits.size() > 1 && digits.front() == L'0') digits.remove_prefix(1);
-  return digits == std::to_wstring(std::abs(static_cast<long long>(leadingInteger(text))));
+  std::wstring_view rest = base::trim(text);
+  if (!rest.empty() && (rest.front() == L'-' || rest.front() == L'+')) rest.remove_prefix(1);
+  if (rest.empty()) return false;
+  long long value = 0;
+  for (const wchar_t c : rest) {
+    const std::optional<int> next = digit(c);
+    if (!next || value > INT_MAX) return false;
+    value = value * 10 + *next;
+  }
+  return value == std::abs(static_cast<long long>(leadingInteger(text)));
 }
 
 }  // namespace kiv

@@ -1,9 +1,8 @@
 #include "spec/configuration.h"
 
-#include "base/file_changes.h"
 #include "base/files.h"
 #include "base/fold.h"
-#include "platform/host_output.h"
+#include "base/folder_creation.h"
 #include "platform/paths.h"
 #include "platform/text.h"
 
@@ -26,7 +25,7 @@ std::wstring configurationFolder(const HostFileLookup& lookup) {
   return ensureTrailingSeparator(folderInSystemCase(found->substr(0, at)) + L"CFG");
 }
 
-base::Status makeConfigurationFolder(const std::wstring& folder) {
+FolderMade makeConfigurationFolder(const std::wstring& folder) {
   if (folder.empty() || folderExists(folder)) return {};
   const fs::path made = base::pathFromText(folder).parent_path();
   std::vector<fs::path> samples;
@@ -36,8 +35,9 @@ base::Status makeConfigurationFolder(const std::wstring& folder) {
     std::error_code ignored;
     if (entry->is_regular_file(ignored)) samples.push_back(entry->path());
   }
-  if (samples.empty()) printError(L"見本の変換指定ﾌｧｲﾙがありません. " + base::pathText(shipped));
-  return base::createFolderWith(made, samples);
+  FolderMade outcome{base::createFolderWith(made, samples)};
+  if (samples.empty()) outcome.notice = L"見本の変換指定ﾌｧｲﾙがありません. " + base::pathText(shipped);
+  return outcome;
 }
 
 std::optional<std::wstring> defaultSpecificationName(const std::wstring& folder,

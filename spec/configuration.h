@@ -25,9 +25,13 @@ inline constexpr const wchar_t* kWorkFileRemark = L"この作業ﾌｧｲﾙは�
 // case. Empty when the host does not find the module, or not below a folder.
 std::wstring configurationFolder(const HostFileLookup& lookup);
 
+struct FolderMade {
+  base::Status status;
+  std::wstring notice = {};  // for the command line: what the folder lacks; mostly empty
+};
 // Makes the folder when it is missing, with the samples that stand beside the module; one that exists is left
 // alone. An empty `folder`: nothing to do.
-base::Status makeConfigurationFolder(const std::wstring& folder);
+FolderMade makeConfigurationFolder(const std::wstring& folder);
 
 // The first line of the initial file, trimmed at its end. Empty: the host does not find the file.
 std::optional<std::wstring> defaultSpecificationName(const std::wstring& folder,

@@ -26,26 +26,29 @@ enum class CvtProblem {
   kUnknownSection = 15,     // a section of another name is ignored with its lines
   kNotText = 16,            // the file looks like UTF-8 or UTF-16, or is not a specification at all
   kUnknownVariable = 17,    // a list line that names no known dimension variable: kept, but it sets nothing
-  kExtraOrMissingFields = 18,  // a list line of another number of fields: an entry all the same
-  kNotAResult = 19,            // a kind that is a condition only: the line adds nothing
-  kNothingInCommon = 20,       // two conditions that no selected object meets together
-  kNotALayerColor = 21,        // a colour that layers cannot have
-  kCaseLost = 22,              // drawings get a text or a new name in upper case
-  kReadAsInverted = 23,        // "=", but "<>" in the value inverts the condition
-  kInvertedResult = 24,        // "<>" in a result: read as "="
-  kTextListMissing = 25,       // a text search list is not beside the file, or cannot be opened
-  kTextListUnusable = 26,      // a file of that name is no text search list
-  kTextListCut = 27,           // a text search list of more texts than a conversion keeps
-  kReadAsOther = 28,           // the value is read as another than is written
-  kImpossibleValue = 29,       // nothing has such a value
-  kNoName = 30,                // an empty name
-  kOtherSign = 31,             // more than the sign stands between key and value
-  kBraceInLine = 32,           // a brace in a line of a setting is part of it
-  kStrayBrace = 33,            // a brace that neither ends results nor begins those of a setting
-  kBraceNotClosed = 34,        // the results go on up to the next brace or the end of the section
-  kNoResults = 35,             // a setting that changes nothing
-  kMixedWildcard = 36,         // [***] in a setting that has conditions
+  kExtraFields = 18,        // a list line of more fields than are read
+  kNotAResult = 19,         // a kind that is a condition only: the line adds nothing
+  kNothingInCommon = 20,    // two conditions that no selected object meets together
+  kNotALayerColor = 21,     // a colour that layers cannot have
+  kCaseLost = 22,           // drawings get a text or a new name in upper case
+  kReadAsInverted = 23,     // "=", but "<>" in the value inverts the condition
+  kInvertedResult = 24,     // "<>" in a result: read as "="
+  kTextListMissing = 25,    // a text search list is not beside the file, or cannot be opened
+  kTextListUnusable = 26,   // a file of that name is no text search list
+  kTextListCut = 27,        // a text search list of more texts than a conversion keeps
+  kReadAsOther = 28,        // the value is read as another than is written
+  kImpossibleValue = 29,    // nothing has such a value
+  kNoName = 30,             // an empty name
+  kOtherSign = 31,          // more than the sign stands between key and value
+  kBraceInLine = 32,        // a brace in a line of a setting is part of it
+  kStrayBrace = 33,         // a brace that neither ends results nor begins those of a setting
+  kBraceNotClosed = 34,     // the results go on up to the next brace or the end of the section
+  kNoResults = 35,          // a setting that changes nothing
+  kMixedWildcard = 36,      // [***] in a setting that has conditions
+  kMissingFields = 37,      // a list line of too few fields, or with an empty one: kept, but it does nothing
+  kTextListEmpty = 38,      // a text search list without a text
 };
+inline constexpr CvtProblem kLastCvtProblem = CvtProblem::kTextListEmpty;
 
 struct CvtDiagnostic {
   CvtProblem problem;

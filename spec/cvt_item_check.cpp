@@ -10,13 +10,6 @@
 namespace kiv {
 namespace {
 
-// From behind the key, which may hold anything, up to the sign that decides.
-std::wstring signOf(std::wstring_view line) {
-  std::wstring_view rest = base::trim(line.substr(std::min(line.find(L']') + 1, line.size())));
-  const size_t equals = rest.find(L'='), differs = rest.find(L"<>");
-  return std::wstring(rest.substr(0, equals < differs ? equals + 1 : differs + 2));
-}
-
 // One that opens or closes nothing, because it does not stand on a line of its own. In names braces stand in
 // pairs.
 bool endsInBrace(std::wstring_view value) {
@@ -39,12 +32,12 @@ CvtItemCheck::CvtItemCheck(int section, const Item& item, const CvtLine& line, C
       item_(item),
       line_(line),
       diagnostics_(diagnostics),
-      given_(splitRuleLine(line.folded).value),
-      sign_(signOf(line.folded)) {}
+      parts_(splitRuleLine(line.text)),
+      given_(base::upper(parts_.value)) {}
 
 void CvtItemCheck::checkCondition(const std::vector<Item>& earlier) {
   checkItem(false);
-  if (item_.inverted && !sign_.ends_with(L"<>")) report(CvtProblem::kReadAsInverted, {});
+  if (item_.inverted && !parts_.sign.ends_with(L"<>")) report(CvtProblem::kReadAsInverted, {});
   if (std::any_of(earlier.begin(), earlier.end(), [this](const Item& other) { return excludes(other); })) {
     report(CvtProblem::kNothingInCommon, item_.key());
   }
@@ -52,18 +45,17 @@ void CvtItemCheck::checkCondition(const std::vector<Item>& earlier) {
 
 void CvtItemCheck::checkResult() {
   checkItem(true);
-  if (sign_.ends_with(L"<>")) report(CvtProblem::kInvertedResult, given_);
+  if (parts_.sign.ends_with(L"<>")) report(CvtProblem::kInvertedResult, given_);
 }
 
 void CvtItemCheck::checkItem(bool asResult) {
   const bool nameless = item_.kind == kVariableKind && item_.variable.empty();
   if (nameless || !hasEffect(item_.kind, section_, asResult)) report(CvtProblem::kNoEffect, item_.key());
   if (given_.find_first_of(L"<>,") != given_.npos) report(CvtProblem::kAmbiguousValue, given_);
-  if (sign_ != L"=" && sign_ != L"<>") report(CvtProblem::kOtherSign, sign_);
+  if (parts_.sign != L"=" && parts_.sign != L"<>") report(CvtProblem::kOtherSign, parts_.sign);
   if (endsInBrace(given_)) report(CvtProblem::kBraceInLine, {});
   if (!hasEffect(item_.kind, section_, asResult)) return;
-  const std::wstring text = splitRuleLine(line_.text).value;
-  if (const auto doubt = doubtOfValue({section_, item_.kind, item_.variable, text, !asResult})) {
+  if (const auto doubt = doubtOfValue({section_, item_.kind, item_.variable, parts_.value, !asResult})) {
     report(doubt->problem, doubt->detail);
   }
 }

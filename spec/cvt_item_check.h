@@ -28,8 +28,8 @@ class CvtItemCheck {
   const Item& item_;
   const CvtLine& line_;
   CvtDiagnostics& diagnostics_;
+  RuleLine parts_;      // in the file's own case
   std::wstring given_;  // the value as it is read
-  std::wstring sign_;   // between the key and the value: what decides and all that stands in front of it
 };
 
 }  // namespace kiv

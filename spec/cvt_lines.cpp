@@ -28,7 +28,7 @@ std::vector<CvtLine> cvtLines(std::string_view bytes, CvtDiagnostics& diagnostic
   return lines;
 }
 
-KeyAndValue splitRuleLine(std::wstring_view line) {
+RuleLine splitRuleLine(std::wstring_view line) {
   const size_t bracket = line.find(L']');
   if (bracket == line.npos) return {};
   std::wstring_view key = base::trim(line.substr(0, bracket));
@@ -38,7 +38,8 @@ KeyAndValue splitRuleLine(std::wstring_view line) {
   const size_t differs = rest.find(L"<>");
   if (equals == rest.npos && differs == rest.npos) return {};
   const size_t value = equals < differs ? equals + 1 : differs + 2;
-  return {std::wstring(base::trim(key)), std::wstring(base::trim(rest.substr(value)))};
+  return {std::wstring(base::trim(key)), std::wstring(rest.substr(0, value)),
+          std::wstring(base::trim(rest.substr(value)))};
 }
 
 bool isInvertedLine(std::wstring_view line) {

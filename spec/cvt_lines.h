@@ -18,16 +18,21 @@ struct CvtLine {
 
 std::vector<CvtLine> cvtLines(std::string_view bytes, CvtDiagnostics& diagnostics);
 
-// "[key] = value" or "[key] <> value". Without a "]", or without a sign behind it, the key is empty.
-struct KeyAndValue {
+// "[key] = value" or "[key] <> value". Without a "]", or without a sign behind it, all parts are empty.
+struct RuleLine {
   std::wstring key;
+  std::wstring sign;  // what decides, and all that stands between it and the key
   std::wstring value;
 };
-KeyAndValue splitRuleLine(std::wstring_view line);
+RuleLine splitRuleLine(std::wstring_view line);
 
 // True when "<>" stands somewhere behind the line's first character.
 bool isInvertedLine(std::wstring_view line);
 
+struct KeyAndValue {
+  std::wstring key;
+  std::wstring value;
+};
 // "NAME,value" or "NAME=value": the later one of the first "," and the first "=" separates. Nothing: neither.
 std::optional<KeyAndValue> splitAssignment(std::wstring_view entry);
 

@@ -77,9 +77,10 @@ void orderByLine(CvtDiagnostics& diagnostics) {
 
 std::optional<CvtProblem> problemOf(const std::filesystem::path& folder, const std::wstring& textList) {
   const auto loaded = loadTextSearchList(folder, textList);
+  if (loaded.ok() && loaded.value().texts.empty()) return CvtProblem::kTextListEmpty;
   if (loaded.ok()) return loaded.value().isCut ? std::optional(CvtProblem::kTextListCut) : std::nullopt;
-  return loaded.failure().reason == kTextListNotUsable ? CvtProblem::kTextListUnusable
-                                                       : CvtProblem::kTextListMissing;
+  return loaded.failure().kind == base::FailureKind::kForeignContent ? CvtProblem::kTextListUnusable
+                                                                     : CvtProblem::kTextListMissing;
 }
 
 }  // namespace
@@ -91,18 +92,23 @@ int ParsedCvt::linesExamined() const {
 }
 
 int ParsedCvt::changes() const {
-  std::ptrdiff_t count = -std::count_if(
-      diagnostics.begin(), diagnostics.end(),
-      [](const CvtDiagnostic& found) { return found.problem == CvtProblem::kUnknownVariable; });
+  int count = 0;
   for (const SectionInfo& info : kiv::sections()) {
     const CvtSection& section = sections[static_cast<size_t>(info.number - 1)];
-    count += static_cast<std::ptrdiff_t>(section.entries.size());
-    count += std::count_if(section.settings.begin(), section.settings.end(), [&](const Setting& setting) {
-      return std::any_of(setting.results.begin(), setting.results.end(),
-                         [&](const Item& result) { return hasEffect(result.kind, info.number, true); });
-    });
+    const auto hasEffectHere = [&](const Item& result) { return hasEffect(result.kind, info.number, true); };
+    const auto appliesToNothing = [&](const Item& condition) {
+      return condition.kind == kTextListKind && hasEffect(condition.kind, info.number, false) &&
+             unreadableTextLists.contains(condition.value);
+    };
+    count += section.changingEntries;
+    for (const Setting& setting : section.settings) {
+      count += std::ranges::any_of(setting.results, hasEffectHere) &&
+                       std::ranges::none_of(setting.conditions, appliesToNothing)
+                   ? 1
+                   : 0;
+    }
   }
-  return static_cast<int>(count);
+  return count;
 }
 
 bool ParsedCvt::hasKnownSection() const {
@@ -147,9 +153,11 @@ base::Result<ParsedCvt> checkCvtFile(const std::filesystem::path& file) {
   CvtDiagnostics& diagnostics = parsed.value().diagnostics;
   for (const CvtSection& section : parsed.value().sections) {
     for (const CvtTextList& list : section.textLists) {
-      if (const auto problem = problemOf(file.parent_path(), list.name)) {
-        diagnostics.push_back({*problem, list.line, list.text, list.name});
-      }
+      const auto problem = problemOf(file.parent_path(), list.name);
+      if (!problem) continue;
+      diagnostics.push_back({*problem, list.line, list.text, list.name});
+      if (*problem == CvtProblem::kTextListMissing || *problem == CvtProblem::kTextListUnusable)
+        parsed.value().unreadableTextLists.insert(list.name);
     }
   }
   orderByLine(diagnostics);

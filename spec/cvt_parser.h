@@ -7,6 +7,7 @@
 
 #include <array>
 #include <filesystem>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,16 +36,19 @@ struct CvtSection {
   // or empty. 8: file, linetype. 9: style, font
   // and, when there is one, big font. 10: one field.
   std::vector<std::vector<std::wstring>> entries;
+  int changingEntries = 0;             // those that have what they need to do something
   std::vector<CvtTextList> textLists;  // that a conversion looks for beside the file
 };
 
 struct ParsedCvt {
   std::wstring remark;
   std::array<CvtSection, kSectionCount> sections;
-  CvtDiagnostics diagnostics;  // by line
+  CvtDiagnostics diagnostics;                  // by line
+  std::set<std::wstring> unreadableTextLists;  // known after checkCvtFile()
 
   int linesExamined() const;
-  // Settings with a result that their section heeds, and list entries, unless they set no known variable.
+  // Settings with a result that their section heeds, but for those that look for texts of a list that cannot
+  // be read, and the entries that do something.
   int changes() const;
   bool hasKnownSection() const;
   // Empty when something of the file can be used; otherwise why not.

@@ -126,7 +126,7 @@ bool CvtSectionPass::takeResult(const CvtLine& line) {
 }
 
 bool CvtSectionPass::readItem(const CvtLine& line, bool asResult, Item& item) {
-  const KeyAndValue parts = splitRuleLine(line.folded);
+  const RuleLine parts = splitRuleLine(line.folded);
   const auto meaning = lookUpKey(parts.key);
   if (!meaning) {
     report(parts.key.empty() ? CvtProblem::kNoKey : CvtProblem::kUnknownKey, line, parts.key);
@@ -167,6 +167,7 @@ void CvtSectionPass::checkSetting(const Setting& setting) {
 void CvtSectionPass::takeListLine(const CvtLine& line) {
   if (info_.number == kArrowSection) {
     section_.entries.push_back({line.text});
+    section_.changingEntries += splitFields(line.text).front().empty() ? 0 : 1;
     return;
   }
   if (info_.number == kLayerCreationSection) {
@@ -178,29 +179,33 @@ void CvtSectionPass::takeListLine(const CvtLine& line) {
   const bool assignment = info_.number == kDimensionSettingSection && given == 1;
   const bool assigned = assignment && fields[0].find(L'=') != std::wstring::npos;
   const size_t most = info_.number == kFontSection ? 3 : 2;
-  const bool complete = given >= 2 && given <= most && !fields[0].empty() && !fields[1].empty();
-  if (!complete && !assigned) report(CvtProblem::kExtraOrMissingFields, line, std::to_wstring(given));
+  const bool complete = assigned || (given >= 2 && !fields[0].empty() && !fields[1].empty());
+  if (!complete) report(CvtProblem::kMissingFields, line);
+  if (given > most) report(CvtProblem::kExtraFields, line, std::to_wstring(most));
   if (complete && info_.number == kFontSection)
     checkValue(line, kFontKind, {}, splitFields(line.text).front());
   if (given > most) fields.resize(most);
-  if (info_.number == kDimensionSettingSection) checkVariable(line, fields.size());
+  bool changes = complete;
+  if (info_.number == kDimensionSettingSection) changes = checkVariable(line, fields.size()) && complete;
+  section_.changingEntries += changes ? 1 : 0;
   if (given == 1 && !assignment) fields.emplace_back();
   if (fields.size() == 3 && (fields[2].empty() || fields[2].find(L"----") != std::wstring::npos))
     fields.pop_back();
   section_.entries.push_back(std::move(fields));
 }
 
-// Split as a conversion does it, in the file's own case.
-void CvtSectionPass::checkVariable(const CvtLine& line, size_t fieldsKept) {
+// Split as a conversion does it, in the file's own case. False: there is no such variable.
+bool CvtSectionPass::checkVariable(const CvtLine& line, size_t fieldsKept) {
   std::vector<std::wstring> fields = splitFields(line.text);
   fields.resize(fieldsKept);
   const auto assignment = splitAssignment(joinFields(fields));
   const std::wstring name = base::upper(assignment ? assignment->key : fields[0]);
   if (findDimensionVariable(name) < 0) {
     report(CvtProblem::kUnknownVariable, line, name);
-  } else if (assignment) {
-    checkValue(line, kVariableKind, name, assignment->value);
+    return false;
   }
+  if (assignment) checkValue(line, kVariableKind, name, assignment->value);
+  return true;
 }
 
 void CvtSectionPass::checkValue(const CvtLine& line, int kind, const std::wstring& variable,
@@ -221,6 +226,7 @@ void CvtSectionPass::takeLayer(const CvtLine& line) {
   for (size_t index = 1; index < given.size(); ++index) {
     if (!given[index].empty()) checkValue(line, kLayerFieldKinds[index - 1], {}, given[index]);
   }
+  section_.changingEntries += fields[0].empty() ? 0 : 1;
   if (!fields[1].empty()) fields[1] = colorText(colorNumberOfFileText(fields[1]));
   section_.entries.push_back(std::move(fields));
 }

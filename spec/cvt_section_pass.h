@@ -33,7 +33,7 @@ class CvtSectionPass {
   void checkSetting(const Setting& setting);
   void takeListLine(const CvtLine& line);
   void takeLayer(const CvtLine& line);
-  void checkVariable(const CvtLine& line, size_t fieldsKept);
+  bool checkVariable(const CvtLine& line, size_t fieldsKept);
   void checkValue(const CvtLine& line, int kind, const std::wstring& variable, const std::wstring& value);
   void reportLostEntries(size_t from);
   void report(CvtProblem problem, const CvtLine& line, std::wstring detail = {});

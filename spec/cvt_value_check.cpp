@@ -53,6 +53,13 @@ Doubt doubtOfInteger(const GivenValue& given) {
   return isInteger(given.text) ? std::nullopt : readAs(std::to_wstring(leadingInteger(given.text)));
 }
 
+// The drawing's variables are set as 16-bit integers, of which the low bits stay.
+Doubt doubtOfVariableInteger(const GivenValue& given) {
+  const int number = leadingInteger(given.text);
+  const int set = given.section == kDimensionSettingSection ? static_cast<short>(number) : number;
+  return set == number ? doubtOfInteger(given) : readAs(std::to_wstring(set));
+}
+
 Doubt doubtOfReal(const GivenValue& given) {
   return isReal(given.text) ? std::nullopt : readAs(numberText(leadingReal(given.text)));
 }
@@ -115,7 +122,7 @@ Doubt doubtOfVariable(const GivenValue& given) {
   const int row = findDimensionVariable(given.variable);
   if (row < 0) return std::nullopt;
   const DimensionVariable& variable = dimensionCatalogue()[static_cast<size_t>(row)];
-  if (variable.type == DimensionVariable::Type::kInteger) return doubtOfInteger(given);
+  if (variable.type == DimensionVariable::Type::kInteger) return doubtOfVariableInteger(given);
   if (variable.type == DimensionVariable::Type::kReal) return doubtOfReal(given);
   if (isDrawnTextVariable(variable.name)) return doubtOfCase(given);
   if (!isArrowVariable(variable.name)) return doubtOfName(given);

@@ -91,8 +91,7 @@ CvtWriteResult writeSpecification(const Specification& specification, const std:
   const std::wstring text = cvtText(specification);
   const base::Encoded encoded = encodeText(text);
   if (!encoded.clean) {
-    return notCreated(file, CvtWriteOutcome::kUnwritable,
-                      {base::pathText(file), kNotInCodePage + unwritableCharacters(text)});
+    return notCreated(file, CvtWriteOutcome::kUnwritable, notInCodePage(file, text));
   }
   const base::Status status = base::writeFileAtomically(file, encoded.bytes);
   if (!status.ok()) return notCreated(file, CvtWriteOutcome::kNotCreated, status.failure());

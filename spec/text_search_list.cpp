@@ -24,7 +24,7 @@ base::Result<std::vector<std::wstring>> readTextSearchList(const std::filesystem
   if (!content.ok()) return cannotOpen(file);
   const std::vector<TextLine> lines = textLines(content.value());
   if (lines.empty() || !base::equalFolded(lines[0].text, kHeader)) {
-    return base::Failure{base::pathText(file), kTextListNotUsable};
+    return base::Failure{base::pathText(file), kTextListNotUsable, base::FailureKind::kForeignContent};
   }
   std::vector<std::wstring> rows;
   for (size_t index = 1; index < lines.size(); ++index) rows.push_back(lines[index].text);
@@ -49,7 +49,7 @@ base::Status writeTextSearchList(const std::filesystem::path& file, const std::v
   }
   const base::Encoded encoded = encodeText(text);
   if (!encoded.clean) {
-    return base::Failure{base::pathText(file), kNotInCodePage + unwritableCharacters(text)};
+    return notInCodePage(file, text);
   }
   return base::writeFileAtomically(file, encoded.bytes);
 }

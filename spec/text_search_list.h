@@ -13,7 +13,8 @@ namespace kiv {
 // A conversion keeps at most so many texts of one list; the rest is not used.
 inline constexpr size_t kTextSearchListCapacity = 200;
 
-// For a message box; the reasons of failed reading are exactly these texts.
+// For a message box; the reasons of failed reading are exactly these texts, the second one of the
+// kind kForeignContent.
 inline constexpr const wchar_t* kTextListCannotOpen = L"ファイルを開くことができませんでした";
 inline constexpr const wchar_t* kTextListNotUsable = L"選択されたファイルは使用できません";
 

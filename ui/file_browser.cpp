@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "base/file_changes.h"
 #include "base/files.h"
 #include "platform/questions.h"
 #include "platform/screen_scale.h"

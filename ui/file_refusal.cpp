@@ -1,40 +1,57 @@
 #include "ui/file_refusal.h"
 
-#include <string_view>
-#include <utility>
-
-#include "base/file_errors.h"
-#include "platform/text.h"
-
 namespace kiv {
 namespace {
 
-// How a reason begins, and how it begins in the dialogs.
-constexpr std::pair<std::wstring_view, const wchar_t*> kReasons[] = {
-    {base::kPermissionDenied, L"書き込みが許可されていません"},
-    {base::kReadOnlyFileSystem, L"ディスクが書き込み禁止です"},
-    {base::kNoSpaceLeft, L"ディスクの空き容量が不足しています"},
-    {base::kFolderDoesNotExist, L"フォルダがありません"},
-    {base::kNotAFolder, L"パスの途中にフォルダでないものがあります"},
-    {base::kIsAFolder, L"ファイルではなくフォルダです"},
-    {base::kFileInTheWay, L"同じ名前のファイルがあります"},
-    {base::kOpenElsewhere, L"他のプログラムが使用しています"},
-    {base::kNameTooLong, L"名前が長すぎます"},
-    {base::kUnusableName, L"ファイル名に使用できない文字があります"},
-    {kNotInCodePage, L"保存できない文字があります: "},
-};
-
-std::wstring inTheDialogs(const std::wstring& reason) {
-  for (const auto& [given, shown] : kReasons) {
-    if (reason.starts_with(given)) return shown + reason.substr(given.size());
+std::wstring inTheDialogs(const base::Failure& failure) {
+  using base::FailureKind;
+  switch (failure.kind) {
+    case FailureKind::kOther:
+      return L"システムからの応答: " + failure.reason;
+    case FailureKind::kNoSuchFile:
+      return L"ファイルがありません";
+    case FailureKind::kNoSuchFolder:
+      return L"フォルダがありません";
+    case FailureKind::kIsAFolder:
+      return L"ファイルではなくフォルダです";
+    case FailureKind::kNotAFolder:
+      return L"パスの途中にフォルダでないものがあります";
+    case FailureKind::kNotAnOrdinaryFile:
+      return L"通常のファイルではありません";
+    case FailureKind::kFileInTheWay:
+      return L"同じ名前のファイルがあります";
+    case FailureKind::kPermissionDenied:
+      return L"書き込みが許可されていません";
+    case FailureKind::kReadOnlyFileSystem:
+      return L"ディスクが書き込み禁止です";
+    case FailureKind::kNoSpaceLeft:
+      return L"ディスクの空き容量が不足しています";
+    case FailureKind::kFileTooLarge:
+      return L"ファイルが大きすぎます";
+    case FailureKind::kInputOutput:
+      return L"ディスクの読み書きでエラーが発生しました";
+    case FailureKind::kTooManyOpenFiles:
+      return L"開いているファイルが多すぎます";
+    case FailureKind::kNameTooLong:
+      return L"名前が長すぎます";
+    case FailureKind::kUnusableName:
+      return L"ファイル名に使用できない文字があります";
+    case FailureKind::kOpenElsewhere:
+      return L"他のプログラムが使用しています";
+    case FailureKind::kChangedWhileRead:
+      return L"読み込み中に他のプログラムが変更しました";
+    case FailureKind::kNotInCodePage:
+      return L"保存できない文字があります: " + failure.detail;
+    case FailureKind::kForeignContent:
+      return L"ファイルの内容が違います";
   }
-  return reason;
+  return failure.reason;
 }
 
 }  // namespace
 
 std::wstring refusalText(const std::wstring& what, const base::Failure& failure) {
-  return what + L"\n\n" + failure.place + L"\n" + inTheDialogs(failure.reason);
+  return what + L"\n\n" + failure.place + L"\n" + inTheDialogs(failure);
 }
 
 }  // namespace kiv

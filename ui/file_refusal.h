@@ -7,8 +7,8 @@
 
 namespace kiv {
 
-// `what` has failed; under it stand the path and the reason, in the person's language where it is one of the
-// usual reasons.
+// `what` has failed; under it stand the path and the reason in the person's language, for an unusual one the
+// system's own words.
 std::wstring refusalText(const std::wstring& what, const base::Failure& failure);
 
 }  // namespace kiv

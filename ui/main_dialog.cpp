@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/host_messages.h"
+#include "platform/host_output.h"
 #include "platform/questions.h"
 #include "ui/context_menus.h"
 #include "ui/file_refusal.h"
@@ -27,12 +28,13 @@ CCnvDlg::~CCnvDlg() = default;
 
 void CCnvDlg::onInit() {
   folder_ = configurationFolder(findFile_);
-  const base::Status made = makeConfigurationFolder(folder_);
+  const FolderMade made = makeConfigurationFolder(folder_);
+  if (!made.notice.empty()) printError(made.notice);
   load(defaultSpecificationName(folder_, findFile_).value_or(L""), true);
   initOptions();
   if (!place_.isEmpty()) window().setPlace(place_);
   window().show(true);
-  if (!made.ok()) tell(refusalText(L"フォルダの作成に失敗しました", made.failure()));
+  if (!made.status.ok()) tell(refusalText(L"フォルダの作成に失敗しました", made.status.failure()));
 }
 
 void CCnvDlg::onCommand(int command) {

@@ -59,13 +59,13 @@ std::wstring systemWords(DWORD error) {
 
 Failure systemFailure(const std::filesystem::path& path, unsigned long error) {
   if (error == ERROR_INVALID_NAME || error == ERROR_BAD_PATHNAME) {
-    return {pathText(path), kUnusableName};
+    return fileFailure(path, FailureKind::kUnusableName);
   }
   if (error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION || error == ERROR_USER_MAPPED_FILE) {
-    return {pathText(path), kOpenElsewhere};
+    return fileFailure(path, FailureKind::kOpenElsewhere);
   }
   if (const int common = commonError(error); common != 0) return fileFailure(path, common);
-  return {pathText(path), systemWords(error)};
+  return fileFailure(path, FailureKind::kOther, systemWords(error));
 }
 
 }  // namespace base

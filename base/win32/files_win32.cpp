@@ -7,7 +7,6 @@
 #include <limits>
 #include <string>
 
-#include "base/file_changes.h"
 #include "base/file_errors.h"
 #include "base/temporary_files.h"
 #include "base/win32/error_win32.h"
@@ -214,7 +213,7 @@ Result<fs::path> replaceableTarget(const fs::path& requested) {
   if (!old.valid()) return requested;  // there is none yet; the temporary file tells what else is wrong
   if (isFolder(requested)) return fileFailure(requested, EISDIR);
   if (GetFileType(old.get()) != FILE_TYPE_DISK) {
-    return Failure{pathText(requested), L"this is not an ordinary file"};
+    return fileFailure(requested, FailureKind::kNotAnOrdinaryFile);
   }
   fs::path target = behindLinks(requested, old.get());
   if ((GetFileAttributesW(target.c_str()) & FILE_ATTRIBUTE_READONLY) != 0) {
@@ -259,7 +258,7 @@ Result<std::unique_ptr<AtomicFile>> AtomicFile::create(const fs::path& requested
     }
     const DWORD error = GetLastError();
     if (error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS) continue;
-    if (error == ERROR_PATH_NOT_FOUND) return Failure{pathText(requested), kFolderDoesNotExist};
+    if (error == ERROR_PATH_NOT_FOUND) return fileFailure(requested, FailureKind::kNoSuchFolder);
     return systemFailure(requested, error);
   }
 }

@@ -5,10 +5,10 @@
 
 #include "base/fold.h"
 #include "embedded/drawing/drawing.h"
+#include "embedded/drawing/references.h"
 #include "embedded/drawing/stored_text.h"
 
 namespace cad {
-namespace {
 
 Table tableNamedBy(Property property) {
   switch (property) {
@@ -28,6 +28,8 @@ Table tableNamedBy(Property property) {
       return Table::kNone;
   }
 }
+
+namespace {
 
 std::wstring wide(std::string_view text) { return std::wstring(text.begin(), text.end()); }
 

@@ -16,7 +16,7 @@ Table tableOf(std::string_view type) {
       {"DIMSTYLE", Table::kDimStyle}, {"APPID", Table::kAppId},    {"VIEW", Table::kView},
       {"UCS", Table::kUcs},           {"VPORT", Table::kViewport}, {"BLOCK_RECORD", Table::kBlockRecord}};
   for (const auto& [name, table] : kTypes) {
-    if (name == type) return table;
+    if (equalNoCase(name, type)) return table;
   }
   return Table::kNone;
 }
@@ -29,9 +29,9 @@ void setOnce(RecordId& slot, RecordId id) {
 
 bool Assembler::begin(std::string_view value, std::uint64_t offset) {
   std::string_view type = trimmed(value);
-  if (std::ranges::any_of(type, [](char c) { return c >= 'a' && c <= 'z'; })) {
+  if (std::ranges::any_of(type, [](char c) { return c != asciiUpper(c); })) {
     upperType_.assign(type);
-    for (char& c : upperType_) c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    for (char& c : upperType_) c = asciiUpper(c);
     type = upperType_;
   }
   if (!open_ && loaded_.records.empty() && type != "SECTION" && type != "EOF") {
@@ -153,7 +153,7 @@ void Assembler::name(std::string_view value) {
   }
   place_ = Place::kUnknown;
   for (std::size_t i = 0; i < std::size(kNames); ++i) {
-    if (kNames[i].first != value) continue;
+    if (!equalNoCase(kNames[i].first, value)) continue;
     place_ = kNames[i].second;
     setOnce(frame_.sectionBegin[i], id);
   }

@@ -97,7 +97,7 @@ class AttributeWriter {
         if (const double angle = geometry.real(50) + turn(); angle != 0) builder.real(50, angle);
         return;
       case 100:
-        if (group.value != "AcDbAttributeDefinition") return unchanged();
+        if (!equalNoCase(trimmed(group.value), "AcDbAttributeDefinition")) return unchanged();
         builder.stored(100, "AcDbAttribute");
         return;
       default:

@@ -2,21 +2,22 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
+
+#include "embedded/dxf/region_cursor.h"
 
 namespace cad::dxf {
 namespace {
 
-constexpr int kStraying[] = {6, 8, 48, 60, 62, 67, 370, 420, 430, 440};
-
-// In none of these classes has a group of the codes above a meaning of its own, but for the exceptions below.
+// In none of these classes has a group that may stray a meaning of its own, but for the exceptions below.
 constexpr std::string_view kClasses[] = {
-    "AcDb2LineAngularDimension",
     "AcDb2dPolyline",
     "AcDb2dVertex",
-    "AcDb3PointAngularDimension",
+    "AcDb2LineAngularDimension",
     "AcDb3dPolyline",
     "AcDb3dPolylineVertex",
     "AcDb3dSolid",
+    "AcDb3PointAngularDimension",
     "AcDbAlignedDimension",
     "AcDbArc",
     "AcDbArcDimension",
@@ -36,9 +37,9 @@ constexpr std::string_view kClasses[] = {
     "AcDbLeader",
     "AcDbLine",
     "AcDbMInsertBlock",
-    "AcDbMText",
     "AcDbMline",
     "AcDbModelerGeometry",
+    "AcDbMText",
     "AcDbOrdinateDimension",
     "AcDbPoint",
     "AcDbPolyFaceMesh",
@@ -60,7 +61,11 @@ constexpr std::string_view kClasses[] = {
     "AcDbWipeout",
     "AcDbXline",
 };
-static_assert(std::ranges::is_sorted(kClasses));
+
+constexpr bool lessNoCase(std::string_view a, std::string_view b) {
+  return std::ranges::lexicographical_compare(a, b, {}, asciiUpper, asciiUpper);
+}
+static_assert(std::ranges::is_sorted(kClasses, lessNoCase));
 
 // Column widths, and the colour of the background.
 constexpr int kOwnOfMText[] = {48, 420, 430};
@@ -69,17 +74,86 @@ bool holds(const auto& codes, int code) {
   return std::find(std::begin(codes), std::end(codes), code) != std::end(codes);
 }
 
+// The group that counts for a code.
+class CommonGroup {
+ public:
+  explicit CommonGroup(int code) : code_(code) {}
+  void look(const RegionCursor& cursor) {
+    if (cursor.group().code == code_ && cursor.offer(pick_, code_)) group_ = cursor.group();
+  }
+  bool atHome() const { return pick_.atHome(); }
+  const std::optional<Group>& group() const { return group_; }
+
+ private:
+  int code_;
+  CommonPick pick_;
+  std::optional<Group> group_;
+};
+
+// Where a new group is read back: behind the layer or AcDbEntity; without these behind the first class's
+// marker when it may stray there, else in the record's head.
+class CommonPlace {
+ public:
+  explicit CommonPlace(int code) : code_(code) {}
+  void look(const RegionCursor& cursor) {
+    const int code = cursor.group().code;
+    if (code != kType && code != kHandle && code != kLayer && code != kMarker) return;
+    const bool atHome = cursor.inCommon();
+    Rank rank = Rank::kHead;
+    if (code == kLayer) rank = atHome ? Rank::kLayer : Rank::kStrayedLayer;
+    if (code == kMarker) rank = atHome ? Rank::kEntityMarker : Rank::kFirstMarker;
+    if (rank < rank_ || (rank == rank_ && code == kMarker)) return;
+    if (!atHome && !cursor.maybeCommon(code_)) return;
+    rank_ = rank;
+    end_ = cursor.group().end;
+  }
+  std::uint32_t end() const { return end_; }
+
+ private:
+  enum class Rank : std::uint8_t { kHead, kFirstMarker, kStrayedLayer, kEntityMarker, kLayer };
+  static constexpr int kType = 0, kHandle = 5, kLayer = 8, kMarker = 100;
+
+  int code_;
+  Rank rank_ = Rank::kHead;
+  std::uint32_t end_ = 0;
+};
+
 }  // namespace
 
 bool CommonGroups::strayed(int code) const {
-  if (atHome_ || !holds(kStraying, code)) return false;
-  if (marker_ == "AcDbMText" && holds(kOwnOfMText, code)) return false;
-  return std::ranges::binary_search(kClasses, marker_);
+  if (atHome_ || !mayStray(code)) return false;
+  if (equalNoCase(marker_, "AcDbMText") && holds(kOwnOfMText, code)) return false;
+  return std::ranges::binary_search(kClasses, marker_, lessNoCase);
 }
 
 bool isCommonCode(int code) {
   constexpr int kOthers[] = {92, 160, 284, 310, 347, 348, 390, 410};
-  return holds(kStraying, code) || holds(kOthers, code);
+  return mayStray(code) || holds(kOthers, code);
+}
+
+bool isKnownClass(std::string_view subclass) {
+  return equalNoCase(subclass, kEntityMarker) || std::ranges::binary_search(kClasses, subclass, lessNoCase);
+}
+
+Located locateCommon(std::string_view bytes, const Dialect& dialect, int code) {
+  CommonGroup wanted(code), trueColor(kTrueColor), colorName(kColorName);
+  CommonPlace place(code);
+  RegionCursor cursor(bytes, dialect);
+  const bool isColor = code == kColorNumber;
+  while (cursor.next() && cursor.region() < Region::kEmbedded) {
+    wanted.look(cursor);
+    place.look(cursor);
+    if (isColor) {
+      trueColor.look(cursor);
+      colorName.look(cursor);
+    } else if (wanted.atHome() && cursor.leftHome()) {
+      break;  // what strayed does not count any more
+    }
+  }
+  return {.group = wanted.group(),
+          .insertAt = place.end(),
+          .trueColor = trueColor.group(),
+          .colorName = colorName.group()};
 }
 
 }  // namespace cad::dxf

@@ -6,12 +6,13 @@
 
 namespace cad::dxf {
 
-enum class LineEnd : std::uint8_t { kLf, kCrLf, kCr };
+enum class LineEnd : std::uint8_t { kLf, kCrLf, kCrCrLf, kCr };
 
 struct Dialect {
   bool binary = false;
   bool wideCodes = true;             // binary: group codes of two bytes (R13 and newer)
-  LineEnd lineEnd = LineEnd::kCrLf;  // text: of new groups; CR in files that have no other
+  LineEnd lineEnd = LineEnd::kCrLf;  // text: of new groups; CR in files that have no other, and
+                                     // CR CR LF in those that a transfer gave a second CR
   std::uint8_t codeWidth = 3;        // text: group codes are padded to this width with blanks on the left
   std::uint8_t int16Width = 6;       // text: likewise the values of 16-bit integers; 0: not padded
   std::uint8_t int32Width = 9;
@@ -34,7 +35,16 @@ ValueType valueType(int code);
 
 // What ends a line of a new group.
 constexpr std::string_view lineEndBytes(LineEnd end) {
-  return end == LineEnd::kCrLf ? "\r\n" : end == LineEnd::kCr ? "\r" : "\n";
+  switch (end) {
+    case LineEnd::kCrLf:
+      return "\r\n";
+    case LineEnd::kCrCrLf:
+      return "\r\r\n";
+    case LineEnd::kCr:
+      return "\r";
+    default:
+      return "\n";
+  }
 }
 
 }  // namespace cad::dxf

@@ -197,7 +197,7 @@ base::Result<Change> overrideChange(Drawing& drawing, DxfStorage& storage, Recor
   if (!overrides.hasApp) list.stored(1001, "ACAD");
   list.stored(1000, "DSTYLE").stored(1002, "{").raw(pair.bytes()).stored(1002, "}");
   const auto end = static_cast<std::uint32_t>(groups.bytes().size());
-  const std::uint32_t place = overrides.hasApp ? overrides.appEnd : end;
+  const std::uint32_t place = overrides.hasApp ? overrides.newList : end;
   return Change{place, place, list.take()};
 }
 

@@ -17,6 +17,7 @@ void readList(const std::vector<Group>& groups, std::size_t first, std::size_t l
                            isText(groups[start + 1], 1002, L"{", storage)))
     ++start;
   if (start == last) return;
+  result.newList = groups[start].begin;
   std::vector<DimOverride> pairs;
   std::size_t at = start + 2;
   while (at + 1 < last && groups[at].code == 1070) {
@@ -46,7 +47,7 @@ DimOverrides readDimOverrides(const RecordGroups& groups, const DxfStorage& stor
   while (end < all.size() && all[end].code != 1001) ++end;
   result.hasApp = true;
   result.appBegin = all[app].begin;
-  result.appEnd = all[end - 1].end;
+  result.appEnd = result.newList = all[end - 1].end;
   readList(all, app + 1, end, storage, result);
   return result;
 }

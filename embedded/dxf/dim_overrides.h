@@ -22,6 +22,7 @@ struct DimOverrides {
   std::uint32_t appBegin = 0, appEnd = 0;    // from 1001 ACAD to the next application's 1001
   std::uint32_t listBegin = 0, listEnd = 0;  // from 1000 DSTYLE behind 1002 }
   std::uint32_t listClose = 0;               // 1002 }
+  std::uint32_t newList = 0;                 // where a list is read back: before one that is not closed
   std::vector<DimOverride> pairs;
 };
 

@@ -1,5 +1,6 @@
 #include "embedded/dxf/dxf_storage.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "embedded/drawing/drawing.h"
@@ -67,7 +68,12 @@ std::wstring DxfStorage::decode(std::string_view stored) const {
 
 std::string_view DxfStorage::typeName(const Record& record) const {
   GroupCursor cursor(original(record), dialect_);
-  return cursor.next() && cursor.group().code == 0 ? trimmed(cursor.group().value) : std::string_view();
+  if (!cursor.next() || cursor.group().code != 0) return {};
+  const std::string_view type = trimmed(cursor.group().value);
+  if (std::ranges::none_of(type, [](char c) { return c != asciiUpper(c); })) return type;
+  std::string upper(type);
+  for (char& c : upper) c = asciiUpper(c);
+  return *upperTypes_.insert(std::move(upper)).first;
 }
 
 std::optional<Handle> DxfStorage::handle(const Record& record) const {
@@ -88,7 +94,7 @@ Signature DxfStorage::readSignature(Drawing& drawing, const Record& record) cons
   GroupCursor cursor(bytes(record, scratch), dialect_);
   if (!cursor.next()) return {};
   SignatureReader reader;
-  reader.begin(trimmed(cursor.group().value));
+  reader.begin(typeName(record));
   while (cursor.next()) reader.group(cursor.group().code, cursor.group().value);
   return reader.finish(drawing.names(), dialect_);
 }

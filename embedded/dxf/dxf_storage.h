@@ -1,8 +1,10 @@
 #pragma once
 // The records of a DXF file: the mapped bytes, the edits over them and the records that were added.
 
+#include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -138,6 +140,7 @@ class DxfStorage final : public RecordStorage {
   std::optional<std::uint64_t> layerUsesAt_;
   Handle nextHandle_ = 0;                          // 0: not yet known
   std::optional<std::pair<EditId, Handle>> seed_;  // the header's next free handle in one of its states
+  mutable std::set<std::string, std::less<>> upperTypes_;  // of types that the file has in lower case
 };
 
 }  // namespace cad::dxf

@@ -16,12 +16,12 @@ std::uint8_t paddedWidth(std::string_view value) {
              : 0;
 }
 
-// A transfer may have put several CR before each LF.
 LineEnd firstLineEnd(std::string_view bytes) {
   const std::size_t first = bytes.find_first_of("\r\n");
   if (first == std::string_view::npos || bytes[first] == '\n') return LineEnd::kLf;
   const std::size_t next = bytes.find_first_not_of('\r', first);
-  return next != std::string_view::npos && bytes[next] == '\n' ? LineEnd::kCrLf : LineEnd::kCr;
+  if (next == std::string_view::npos || bytes[next] != '\n') return LineEnd::kCr;
+  return next == first + 1 ? LineEnd::kCrLf : LineEnd::kCrCrLf;
 }
 
 }  // namespace

@@ -17,16 +17,14 @@ GeometryGroups::GeometryGroups(const DxfStorage& storage, const Record& record) 
   constexpr std::size_t kUsual = 24;
   groups_.reserve(kUsual);
   RegionCursor cursor(storage.bytes(record, scratch_), storage.dialect());
-  bool told = false;
+  CommonPick told;
   while (cursor.next()) {
     const Region region = cursor.region();
     if (region == Region::kExtendedData || region == Region::kEmbedded) break;
-    const bool own = region == Region::kSubclass && cursor.subclass() != kEntityMarker;
+    const bool own = region == Region::kSubclass && !equalNoCase(cursor.subclass(), kEntityMarker);
     if (own || region == Region::kHead) groups_.push_back(cursor.group());
-    if (cursor.group().code != kInvisible) continue;
-    const bool atHome = cursor.inCommon();
-    if (atHome || (!told && cursor.maybeCommon(kInvisible))) invisible_ = whole(cursor.group()) == 1;
-    told = told || atHome;
+    if (cursor.group().code == kInvisible && cursor.offer(told, kInvisible))
+      invisible_ = whole(cursor.group()) == 1;
   }
 }
 

@@ -46,8 +46,16 @@ bool readGroup(std::string_view bytes, std::size_t position, const Dialect& dial
 // The comments among the groups of `bytes`, which are whole groups.
 std::string commentsIn(std::string_view bytes, const Dialect& dialect);
 
-// The value by its type; absent when it is not one.
 std::string_view trimmed(std::string_view value);
+// ASCII letters in either case: files write the format's own words in any.
+constexpr char asciiUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
+constexpr bool equalNoCase(std::string_view a, std::string_view b) {
+  if (a.size() != b.size() || a == b) return a.size() == b.size();
+  std::size_t at = 0;
+  while (at < a.size() && asciiUpper(a[at]) == asciiUpper(b[at])) ++at;
+  return at == a.size();
+}
+// The value by its type; absent when it is not one.
 std::optional<std::int64_t> integerValue(const Group& group, const Dialect& dialect);  // reals are truncated
 std::optional<double> realValue(const Group& group, const Dialect& dialect);           // integers too
 std::optional<Handle> handleValue(const Group& group);

@@ -17,10 +17,14 @@ struct HeaderEntry {
   std::size_t count = 0;
 };
 
+// They begin behind the section's name.
 std::vector<HeaderEntry> readEntries(const RecordGroups& groups) {
   std::vector<HeaderEntry> entries;
+  bool named = false;
   for (const Group& group : groups.all()) {
-    if (group.code == 9) {
+    if (!named) {
+      named = group.code == 2;
+    } else if (group.code == 9) {
       entries.push_back({trimmed(group.value), nullptr, 0});
     } else if (!entries.empty() && group.code != 0) {
       if (entries.back().count++ == 0) entries.back().values = &group;
@@ -146,7 +150,8 @@ base::Status DxfStorage::setHeaderVariable(Drawing& drawing, std::string_view na
   RecordBuilder builder(*this);
   EditId edits = kNoEdit;
   if (const HeaderEntry* entry = findEntry(entries, name)) {
-    writeValue(builder, entry->values->code, *wanted);
+    const int code = entry->values->code;  // another one only when the value could not be read back
+    writeValue(builder, valueType(code) == valueType(info.code) ? code : info.code, *wanted);
     edits = withGroupsFor(record, entry->values->begin, entry->values[entry->count - 1].end, builder.take());
   } else {
     builder.stored(9, "$" + std::string(name));

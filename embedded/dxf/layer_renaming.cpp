@@ -19,7 +19,7 @@ std::vector<std::wstring> DxfStorage::layersInExtendedData(const Record& record)
     if (cursor.group().code == 1003) layers.push_back(base::upper(decode(trimmed(cursor.group().value))));
   }
   std::ranges::sort(layers);
-  layers.erase(std::ranges::unique(layers).begin(), layers.end());
+  layers.erase(std::unique(layers.begin(), layers.end()), layers.end());
   return layers;
 }
 

@@ -11,15 +11,6 @@
 namespace cad::dxf {
 namespace {
 
-bool equalNoCase(std::string_view a, std::string_view b) {
-  const auto upper = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; };
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    if (upper(a[i]) != upper(b[i])) return false;
-  }
-  return true;
-}
-
 constexpr double kDefaultWeight = -3;  // of layers: the host's default weight; entities follow their layer
 
 // Whether a record without the group already has this value.
@@ -102,10 +93,10 @@ StoredValue DxfStorage::property(const Record& record, Property property) const 
   if (place == nullptr) return {};
   std::string scratch;
   const std::string_view present = bytes(record, scratch);
-  if (isSpecial(type, property)) return readSpecial(present, dialect_, type, property);
+  if (isSpecial(type, *place)) return readSpecial(present, dialect_, type, property);
   const Located located = locate(present, dialect_, *place);
-  if (!located.found) return {};
-  return readValue(located.group, propertyInfo(property).type, dialect_);
+  if (!located.group) return {};
+  return readValue(*located.group, propertyInfo(property).type, dialect_);
 }
 
 base::Result<EditId> DxfStorage::setProperty(Drawing& drawing, const Record& record, Property property,
@@ -137,19 +128,19 @@ base::Result<EditId> DxfStorage::changed(const Record& record, Property property
     return refused(L"A drawing of this version cannot hold the property ");
   }
   if (hasLineBreak(value)) return refused(L"There is a line break in the ");
-  if (isSpecial(type, property)) return writeSpecial(*this, record, type, property, value);
+  if (isSpecial(type, *place)) return writeSpecial(*this, record, type, property, value);
   return setGeneric(record, *place, value);
 }
 
 EditId DxfStorage::changeValue(const Record& record, const PropertyPlace& place, const Located& located,
                                const StoredValue& value) {
-  if (!located.found) {
+  if (!located.group) {
     if (isDefault(record.kind, place.property, value)) return record.edits;
     return withGroups(record, located.insertAt, groupBytes(dialect_, place.code, value));
   }
-  if (readValue(located.group, propertyInfo(place.property).type, dialect_) == value) return record.edits;
+  if (readValue(*located.group, propertyInfo(place.property).type, dialect_) == value) return record.edits;
   if (hasNoGroup(place.property, value)) return withoutProperty(record, place);
-  return withValue(record, located.group, valueBytes(dialect_, place.code, value, located.group.value));
+  return withValue(record, *located.group, valueBytes(dialect_, place.code, value, located.group->value));
 }
 
 EditId DxfStorage::withoutProperty(const Record& record, const PropertyPlace& place) {
@@ -157,8 +148,8 @@ EditId DxfStorage::withoutProperty(const Record& record, const PropertyPlace& pl
   Record state = record;
   for (;;) {
     const Located located = locate(bytes(state, scratch), dialect_, place);
-    if (!located.found) return state.edits;
-    state.edits = withoutGroup(state, located.group);
+    if (!located.group) return state.edits;
+    state.edits = withoutGroup(state, *located.group);
   }
 }
 
@@ -167,12 +158,12 @@ EditId DxfStorage::setGeneric(const Record& record, const PropertyPlace& place, 
   Record state = record;
   Located located = locate(bytes(state, scratch), dialect_, place);
   // A layer's colour number with the other sign turns the layer on or off and leaves its colour.
-  const auto old = located.found ? integerValue(located.group, dialect_) : std::nullopt;
+  const auto old = located.group ? integerValue(*located.group, dialect_) : std::nullopt;
   const auto* number = std::get_if<std::int64_t>(&value);
   const bool sameColor =
       place.property == Property::kLayerColor && old && number != nullptr && *old == -*number;
-  while (!sameColor && (located.hasTrueColor || located.hasColorName)) {
-    state.edits = withoutGroup(state, located.hasTrueColor ? located.trueColor : located.colorName);
+  while (!sameColor && (located.trueColor || located.colorName)) {
+    state.edits = withoutGroup(state, located.trueColor ? *located.trueColor : *located.colorName);
     located = locate(bytes(state, scratch), dialect_, place);
   }
   return changeValue(state, place, located, value);

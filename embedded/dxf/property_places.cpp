@@ -1,5 +1,7 @@
 #include "embedded/dxf/property_places.h"
 
+#include <algorithm>
+
 namespace cad::dxf {
 namespace {
 
@@ -11,6 +13,8 @@ constexpr std::string_view kMText = "AcDbMText";
 constexpr std::string_view kDimension = "AcDbDimension";
 constexpr std::string_view kReference = "AcDbBlockReference|AcDbMInsertBlock";
 
+constexpr std::string_view kKnownClasses = "*";
+
 constexpr PropertyPlace kCommonPlaces[] = {
     {P::kLayer, 8, kEntityMarker, V::kR12},
     {P::kLinetype, 6, kEntityMarker, V::kR12},
@@ -20,6 +24,8 @@ constexpr PropertyPlace kCommonPlaces[] = {
     {P::kLinetypeScale, 48, kEntityMarker, V::kR13},
     {P::kInvisible, 60, kEntityMarker, V::kR13},
 };
+
+static_assert(std::ranges::all_of(kCommonPlaces, mayStray, &PropertyPlace::code));
 
 struct TypedPlace {
   std::string_view types;  // separated by blanks
@@ -75,7 +81,7 @@ constexpr TypedPlace kTablePlaces[] = {
 bool inList(std::string_view list, char separator, std::string_view word) {
   while (!list.empty()) {
     const std::size_t end = list.find(separator);
-    if (list.substr(0, end) == word) return true;
+    if (equalNoCase(list.substr(0, end), word)) return true;
     if (end == std::string_view::npos) return false;
     list.remove_prefix(end + 1);
   }
@@ -97,82 +103,13 @@ bool hasCommonProperties(RecordKind kind) {
 bool counts(const PropertyPlace& place, Region region, std::string_view subclass) {
   if (region == Region::kHead) return true;
   if (region != Region::kSubclass) return false;
-  return place.subclass.empty() || place.subclass == subclass || inList(place.subclass, '|', subclass);
+  if (place.subclass == kKnownClasses) return isKnownClass(subclass);
+  return place.subclass.empty() || inList(place.subclass, '|', subclass);
 }
-
-constexpr int kColorNumber = 62, kTrueColor = 420, kColorName = 430, kLayerCode = 8, kMarker = 100;
 
 void noteTrueColor(const Group& group, Located& result) {
-  if (group.code == kTrueColor) {
-    result.hasTrueColor = true;
-    result.trueColor = group;
-  } else if (group.code == kColorName) {
-    result.hasColorName = true;
-    result.colorName = group;
-  }
-}
-
-// The group that counts for a code: of those in the right place the last, else of those that strayed.
-class CommonGroup {
- public:
-  explicit CommonGroup(int code) : code_(code) {}
-  void look(const RegionCursor& cursor) {
-    if (cursor.group().code != code_) return;
-    const bool atHome = cursor.inCommon();
-    if (!atHome && (atHome_ || !cursor.maybeCommon(code_))) return;
-    found_ = true;
-    atHome_ = atHome;
-    group_ = cursor.group();
-  }
-  bool found() const { return found_; }
-  bool atHome() const { return atHome_; }
-  const Group& group() const { return group_; }
-
- private:
-  int code_;
-  bool found_ = false, atHome_ = false;
-  Group group_;
-};
-
-// Where a new group is read back: behind the layer or AcDbEntity; without these behind the first class's
-// marker when it may stray there, else in the record's head.
-class CommonPlace {
- public:
-  explicit CommonPlace(int code) : code_(code) {}
-  void look(const RegionCursor& cursor) {
-    const int code = cursor.group().code;
-    if (code != 0 && code != 5 && code != kLayerCode && code != kMarker) return;
-    const bool atHome = cursor.inCommon();
-    int rank = 0;
-    if (code == kLayerCode) rank = atHome ? 4 : 2;
-    if (code == kMarker) rank = atHome ? 3 : 1;
-    if (rank < rank_ || (rank == rank_ && code == kMarker)) return;
-    if (!atHome && !cursor.maybeCommon(code_)) return;
-    rank_ = rank;
-    end_ = cursor.group().end;
-  }
-  std::uint32_t end() const { return end_; }
-
- private:
-  int code_, rank_ = 0;
-  std::uint32_t end_ = 0;
-};
-
-Located locateCommon(std::string_view bytes, const Dialect& dialect, int code) {
-  CommonGroup wanted(code), trueColor(kTrueColor), colorName(kColorName);
-  CommonPlace place(code);
-  RegionCursor cursor(bytes, dialect);
-  while (cursor.next() && cursor.region() < Region::kEmbedded) {
-    wanted.look(cursor);
-    place.look(cursor);
-    if (code == kColorNumber) {
-      trueColor.look(cursor);
-      colorName.look(cursor);
-    }
-    if (wanted.atHome() && cursor.region() == Region::kSubclass && !cursor.inCommon()) break;
-  }
-  return {wanted.found(),    wanted.group(),    place.end(),      trueColor.found(),
-          colorName.found(), trueColor.group(), colorName.group()};
+  if (group.code == kTrueColor) result.trueColor = group;
+  if (group.code == kColorName) result.colorName = group;
 }
 
 }  // namespace
@@ -213,24 +150,20 @@ Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPla
     const Group& group = cursor.group();
     if (!counts(place, cursor.region(), cursor.subclass())) {
       leftSubclass = leftSubclass || sawSubclass;
-      if (!sawSubclass && cursor.region() != Region::kExtendedData) result.insertAt = group.end;
       continue;
     }
     if (mtext && group.code == kMTextColumns) break;
     // A text has its subclass twice; new groups belong into the first.
     leftSubclass = leftSubclass || (sawSubclass && group.code == 100 && !place.subclass.empty());
     sawSubclass = sawSubclass || cursor.region() == Region::kSubclass;
-    if (group.code == place.code) {
-      result.found = true;
-      result.group = group;
-    }
+    if (group.code == place.code) result.group = group;
     if (place.code == kColorNumber) noteTrueColor(group, result);
     if (!leftSubclass) result.insertAt = group.end;
   }
-  // A record that has markers, but not this one: what its other subclasses have of the code counts.
-  const bool lacksMarker = !sawSubclass && !cursor.subclass().empty() && !place.subclass.empty();
-  if (!result.found && lacksMarker) {
-    return locate(bytes, dialect, {place.property, place.code, {}, place.since});
+  // A record that has markers, but not this one: what other classes have of the code counts.
+  const bool lacksMarker = !sawSubclass && !cursor.subclass().empty() && place.subclass != kKnownClasses;
+  if (!result.group && lacksMarker && !place.subclass.empty()) {
+    return locate(bytes, dialect, {place.property, place.code, kKnownClasses, place.since});
   }
   return result;
 }

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "embedded/drawing/storage.h"
+#include "embedded/dxf/located.h"
 #include "embedded/dxf/region_cursor.h"
 
 namespace cad::dxf {
@@ -22,15 +23,7 @@ const PropertyPlace* findPlace(RecordKind kind, std::string_view type, Property 
 // The same for properties that entities of every type have; null for others.
 const PropertyPlace* findCommonPlace(RecordKind kind, Property property);
 
-// A property's group in a record's bytes.
-struct Located {
-  bool found = false;
-  Group group;                 // of several the last, which is what readers take
-  std::uint32_t insertAt = 0;  // where a new group belongs
-  // With a colour number: the true colour and its name, whose place the number takes.
-  bool hasTrueColor = false, hasColorName = false;
-  Group trueColor, colorName;
-};
+// Of several groups the last, which is what readers take.
 Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPlace& place);
 
 bool isCommon(const PropertyPlace& place);  // a property of every entity

@@ -90,8 +90,8 @@ struct RecordTranslator::Walk {
       if (group.code == 102) inApp = trimmed(group.value).starts_with("{");
       if (inApp || group.code == 102) continue;
       const bool head = group.code == 5 || group.code == 330 ||
-                        (group.code == 100 && trimmed(group.value) == kEntityMarker);
-      if (!marked && group.code == 100) marked = trimmed(group.value) != kEntityMarker;
+                        (group.code == 100 && equalNoCase(trimmed(group.value), kEntityMarker));
+      if (!marked && group.code == 100) marked = !equalNoCase(trimmed(group.value), kEntityMarker);
       if (!marked && head) continue;
       groups.push_back(&group);
     }

@@ -50,6 +50,8 @@ class RegionCursor {
   std::string_view subclass() const { return tracker_.subclass(); }
   // Whether the groups here are those that every entity has, and whether one of another code may be, though
   // it has strayed.
+  bool leftHome() const { return tracker_.common().leftHome(); }
+  bool offer(CommonPick& pick, int code) const { return isPlain() && pick.offer(tracker_.common(), code); }
   bool inCommon() const { return isPlain() && tracker_.common().atHome(); }
   bool maybeCommon(int code) const { return isPlain() && tracker_.common().strayed(code); }
 

@@ -69,19 +69,23 @@ base::Status DxfStorage::save(const std::filesystem::path& target, std::span<con
   const auto writeChanged = [&](const Record& record) {
     edits_.apply(record.edits, original(record), output.changed());
   };
-  // A file without EOF may lack the end of its last line too.
+  constexpr std::uint8_t kNotInFile = Record::kAdded | Record::kImplied;
+  // A file without EOF may lack the end of its last line too: what is added where EOF would be begins with
+  // it.
   const bool unended = !dialect_.binary && !file_.empty() && file_.back() != '\n' && file_.back() != '\r';
+  const auto isMissingEnd = [&](const Record& record) {
+    return (record.flags & kNotInFile) == 0 && record.offset == file_.size();
+  };
   // Added records may stand before records that were added too.
   const auto writeAdded = [&](const auto& self, RecordId before) -> void {
     const auto found = children.find(before);
     if (found == children.end()) return;
-    if (unended && records[before].length == 0) output.changed() += lineEndBytes(dialect_.lineEnd);
+    if (unended && isMissingEnd(records[before])) output.changed() += lineEndBytes(dialect_.lineEnd);
     for (const RecordId id : found->second) {
       self(self, id);
       if (!records[id].erased()) writeChanged(records[id]);
     }
   };
-  constexpr std::uint8_t kNotInFile = Record::kAdded | Record::kImplied;
   for (std::size_t i = 0; i < records.size(); ++i) {
     const Record& record = records[i];
     if ((record.flags & kNotInFile) != 0) continue;

@@ -14,8 +14,9 @@ std::optional<std::int64_t> number(int code, std::string_view value, const Diale
   return integerValue(group, dialect);
 }
 
-bool hasTextStyle(std::string_view type) {
-  return type == "TEXT" || type == "MTEXT" || type == "ATTDEF" || type == "ATTRIB";
+std::string_view textClass(std::string_view type) {
+  if (type == "TEXT" || type == "ATTDEF" || type == "ATTRIB") return "AcDbText";
+  return type == "MTEXT" ? "AcDbMText" : std::string_view();
 }
 
 }  // namespace
@@ -24,48 +25,51 @@ void SignatureReader::begin(std::string_view type) {
   before_ = fields_;
   fields_ = {};
   fields_.type = type;
-  hasStyle_ = hasTextStyle(type);
+  textClass_ = textClass(type);
   common_ = {};
-  atHome_ = 0;
-  text_ = regular_ = true;
-  application_ = namesLayers_ = false;
+  picks_ = {};
+  inText_ = regular_ = true;
+  sawText_ = styleInText_ = application_ = namesLayers_ = false;
 }
 
 void SignatureReader::marker(std::string_view value) {
   if (!regular_) return;
   value = trimmed(value);
   common_.marker(value);
-  text_ = value == "AcDbText" || value == "AcDbMText";
+  inText_ = equalNoCase(value, textClass_);
+  sawText_ = sawText_ || inText_;
+  if (inText_ && !styleInText_) fields_.style = {};
 }
 
-void SignatureReader::common(int code, std::string_view value, std::string_view& field, unsigned bit) {
-  if (!regular_) return;
-  if (common_.atHome()) {
-    atHome_ |= bit;
-  } else if ((atHome_ & bit) != 0 || !common_.strayed(code)) {
-    return;
-  }
-  field = value;
+// Without a marker of its own class a text has the style that its other classes name.
+void SignatureReader::style(std::string_view value) {
+  if (!inText_ && (!regular_ || sawText_ || styleInText_ || !common_.inKnownClass())) return;
+  styleInText_ = inText_;
+  fields_.style = value;
+}
+
+void SignatureReader::common(int code, std::string_view value, std::string_view& field, CommonPick& pick) {
+  if (regular_ && pick.offer(common_, code)) field = value;
 }
 
 void SignatureReader::take(int code, std::string_view value) {
   if (application_ && code != 102 && code < 1000) return;
   switch (code) {
     case 6:
-      return common(code, value, fields_.linetype, 1);
+      return common(code, value, fields_.linetype, picks_.linetype);
     case 7:
-      if (text_ && hasStyle_) fields_.style = value;
+      if (!textClass_.empty()) style(value);
       return;
     case 8:
-      return common(code, value, fields_.layer, 2);
+      return common(code, value, fields_.layer, picks_.layer);
     case 62:
-      return common(code, value, fields_.color, 4);
+      return common(code, value, fields_.color, picks_.color);
     case 67:
-      return common(code, value, fields_.paper, 8);
+      return common(code, value, fields_.paper, picks_.paper);
     case 100:
       return marker(value);
     case 101:
-      text_ = regular_ = false;
+      inText_ = regular_ = false;
       return;
     case 102:
       value = trimmed(value);
@@ -75,7 +79,7 @@ void SignatureReader::take(int code, std::string_view value) {
       break;
   }
   if (code >= 1000) {
-    text_ = regular_ = application_ = false;
+    inText_ = regular_ = application_ = false;
     if (code == 1003) namesLayers_ = true;
   }
 }
@@ -102,7 +106,7 @@ Signature SignatureReader::finish(NamePool& names, const Dialect& dialect) {
   result.type = intern(names, fields_.type, 0);
   result.layer = intern(names, named(fields_.layer, "0"), 1);
   result.linetype = intern(names, named(fields_.linetype, "ByLayer"), 2);
-  if (hasStyle_) result.style = intern(names, named(fields_.style, "Standard"), 3);
+  if (!textClass_.empty()) result.style = intern(names, named(fields_.style, "Standard"), 3);
   const auto color = number(62, fields_.color, dialect);
   if (color && *color >= std::numeric_limits<std::int16_t>::min() &&
       *color <= std::numeric_limits<std::int16_t>::max()) {

@@ -31,7 +31,8 @@ class SignatureReader {
  private:
   void take(int code, std::string_view value);
   void marker(std::string_view value);
-  void common(int code, std::string_view value, std::string_view& field, unsigned bit);
+  void common(int code, std::string_view value, std::string_view& field, CommonPick& pick);
+  void style(std::string_view value);
   NameId intern(NamePool& names, std::string_view value, std::size_t slot);
 
   struct Fields {
@@ -39,10 +40,15 @@ class SignatureReader {
     bool operator==(const Fields&) const = default;
   };
   Fields fields_, before_;
-  bool hasStyle_ = false;
   CommonGroups common_;
-  unsigned atHome_ = 0;  // bits of what was read where it belongs
-  bool text_ = true, application_ = false, regular_ = true, namesLayers_ = false;
+  struct Picks {
+    CommonPick layer, linetype, color, paper;
+  };
+  Picks picks_;
+  std::string_view textClass_;  // where a text has its style; empty: the record is no text
+  // Whether this is the place of a text's style, was one behind a marker, and had a style.
+  bool inText_ = true, sawText_ = false, styleInText_ = false;
+  bool application_ = false, regular_ = true, namesLayers_ = false;
   // Neighbouring entities mostly have the same names.
   struct Recent {
     std::string_view value;

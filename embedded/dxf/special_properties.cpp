@@ -22,8 +22,8 @@ template <class Visit>
 void forEachMTextGroup(std::string_view bytes, const Dialect& dialect, Visit visit) {
   RegionCursor cursor(bytes, dialect);
   while (cursor.next()) {
-    const bool here = cursor.region() == Region::kHead ||
-                      (cursor.region() == Region::kSubclass && cursor.subclass() == kContent.subclass);
+    const bool here = cursor.region() == Region::kHead || (cursor.region() == Region::kSubclass &&
+                                                           equalNoCase(cursor.subclass(), kContent.subclass));
     if (!here) continue;
     if (cursor.group().code == kMTextColumns) return;
     visit(cursor.group());
@@ -264,13 +264,13 @@ ApplicationData findApplicationData(std::string_view bytes, const Dialect& diale
   return result;
 }
 
-bool isSpecial(std::string_view type, Property property) {
-  switch (property) {
+bool isSpecial(std::string_view type, const PropertyPlace& place) {
+  switch (place.property) {
     case Property::kTextString:
     case Property::kRotation:
       return isMText(type);
     case Property::kTransparency:
-      return type == "LAYER";
+      return !isCommon(place);
     case Property::kTypeface:
     case Property::kFontFlags:
       return true;

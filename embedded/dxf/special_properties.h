@@ -8,7 +8,7 @@
 
 namespace cad::dxf {
 
-bool isSpecial(std::string_view type, Property property);
+bool isSpecial(std::string_view type, const PropertyPlace& place);
 StoredValue readSpecial(std::string_view bytes, const Dialect& dialect, std::string_view type,
                         Property property);
 base::Result<EditId> writeSpecial(DxfStorage& storage, const Record& record, std::string_view type,

@@ -8,7 +8,8 @@
 
 namespace cad::dxf {
 
-// kEnd is the byte that ends a line: LF, before which a CR may stand, or CR in files that have no other.
+// kEnd is the byte that ends a line: LF, before which one CR or several may stand, or CR in files that have
+// no other.
 
 // The first line end at or after `at`; `end` when there is none. Eight bytes a step: values are short.
 template <char kEnd>
@@ -49,8 +50,9 @@ inline bool takeCode(const char*& at, const char* end, int& code) {
 template <char kEnd>
 inline const char* takeValue(const char* at, const char* end, std::string_view& value) {
   const char* const lineEnd = findLineEnd<kEnd>(at, end);
-  const bool carriageReturn = kEnd != '\r' && lineEnd > at && lineEnd[-1] == '\r';
-  value = {at, static_cast<std::size_t>(lineEnd - at) - (carriageReturn ? 1 : 0)};
+  const char* last = lineEnd;
+  while (kEnd != '\r' && last > at && last[-1] == '\r') --last;
+  value = {at, static_cast<std::size_t>(last - at)};
   return lineEnd;
 }
 

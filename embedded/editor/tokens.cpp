@@ -107,7 +107,7 @@ std::optional<Token> TextReader::nextPath() {
 
 // A line of a script that begins with a semicolon is a remark.
 std::optional<Token> TextReader::nextName() {
-  while (!atEnd() && text_[at_] == L';') (void)nextPath();
+  while (!atEnd() && text_[at_] == L';') static_cast<void>(nextPath());
   return next();
 }
 

@@ -21,7 +21,7 @@ std::vector<Format>& knownFormats() {
 Opened read(std::unique_ptr<SourceBytes>& source) {
   const std::string_view bytes = source->view();
   if (bytes.empty()) return base::Failure{{}, L"The file is empty"};
-  if (const wchar_t* foreign = foreignFormat(bytes)) return base::Failure{{}, foreign};
+  if (const std::wstring foreign = foreignFormat(bytes); !foreign.empty()) return base::Failure{{}, foreign};
   const auto& formats = knownFormats();
   const auto format = std::find_if(formats.rbegin(), formats.rend(),
                                    [&](const Format& each) { return each.recognises(bytes); });

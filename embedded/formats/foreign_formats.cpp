@@ -10,42 +10,41 @@ using namespace std::string_view_literals;
 struct Format {
   std::size_t at;
   std::string_view bytes;
-  const wchar_t* refusal;
+  const wchar_t* name;
+  const wchar_t* advice;
 };
 
-constexpr const wchar_t* kUtf16 = L"This is UTF-16 text; please save the drawing as DXF in UTF-8 or ANSI";
-constexpr const wchar_t* kUtf32 = L"This is UTF-32 text; please save the drawing as DXF in UTF-8 or ANSI";
-constexpr const wchar_t* kZip = L"This is a zip archive; please unpack the drawing first";
-constexpr const wchar_t* kLha = L"This is an LHA archive; please unpack the drawing first";
+constexpr const wchar_t* kText = L"; please save the drawing as DXF in UTF-8 or ANSI";
+constexpr const wchar_t* kPacked = L"; please unpack the drawing first";
+constexpr Format kUtf16{0, "\xFF\xFE"sv, L"UTF-16 text", kText};
 
 // UTF-32 stands before UTF-16, whose mark it begins with.
 constexpr Format kFormats[] = {
-    {0, "AC1"sv, L"This is a DWG drawing; only DXF can be read yet"},
-    {0, "\xFF\xFE\0\0"sv, kUtf32},
-    {0, "\0\0\xFE\xFF"sv, kUtf32},
-    {0, "\xFF\xFE"sv, kUtf16},
-    {0, "\xFE\xFF"sv, kUtf16},
-    {0, "\x1F\x8B"sv, L"This file is compressed with gzip; please unpack the drawing first"},
-    {0, "\x1F\x9D"sv, L"This file is compressed with compress; please unpack the drawing first"},
-    {0, "BZh"sv, L"This file is compressed with bzip2; please unpack the drawing first"},
-    {0,
-     "\xFD"
-     "7zXZ\0"sv,
-     L"This file is compressed with xz; please unpack the drawing first"},
-    {0, "\x28\xB5\x2F\xFD"sv, L"This file is compressed with zstd; please unpack the drawing first"},
-    {0, "\x04\x22\x4D\x18"sv, L"This file is compressed with lz4; please unpack the drawing first"},
-    {0, "LZIP"sv, L"This file is compressed with lzip; please unpack the drawing first"},
-    {0, "PK\3\4"sv, kZip},
-    {0, "PK\5\6"sv, kZip},
-    {0, "PK\7\x08"sv, kZip},
-    {0, "7z\xBC\xAF\x27\x1C"sv, L"This is a 7z archive; please unpack the drawing first"},
-    {0, "Rar!\x1A\7"sv, L"This is a RAR archive; please unpack the drawing first"},
-    {0, "MSCF"sv, L"This is a cabinet archive; please unpack the drawing first"},
-    {2, "-lh"sv, kLha},
-    {2, "-lz"sv, kLha},
-    {257, "ustar"sv, L"This is a tar archive; please unpack the drawing first"},
-    {0, "%PDF"sv, L"This is a PDF document"},
+    {0, "AC1"sv, L"a DWG drawing", L"; only DXF can be read yet"},
+    {0, "\xFF\xFE\0\0"sv, L"UTF-32 text", kText},
+    {0, "\0\0\xFE\xFF"sv, L"UTF-32 text", kText},
+    kUtf16,
+    {0, "\xFE\xFF"sv, kUtf16.name, kText},
+    {0, "\x1F\x8B"sv, L"a file compressed with gzip", kPacked},
+    {0, "\x1F\x9D"sv, L"a file compressed with compress", kPacked},
+    {0, "BZh"sv, L"a file compressed with bzip2", kPacked},
+    {0, "\xFD\x37zXZ\0"sv, L"a file compressed with xz", kPacked},
+    {0, "\x28\xB5\x2F\xFD"sv, L"a file compressed with zstd", kPacked},
+    {0, "\x04\x22\x4D\x18"sv, L"a file compressed with lz4", kPacked},
+    {0, "LZIP"sv, L"a file compressed with lzip", kPacked},
+    {0, "PK\3\4"sv, L"a zip archive", kPacked},
+    {0, "PK\5\6"sv, L"a zip archive", kPacked},
+    {0, "PK\7\x08"sv, L"a zip archive", kPacked},
+    {0, "7z\xBC\xAF\x27\x1C"sv, L"a 7z archive", kPacked},
+    {0, "Rar!\x1A\7"sv, L"a RAR archive", kPacked},
+    {0, "MSCF"sv, L"a cabinet archive", kPacked},
+    {2, "-lh"sv, L"an LHA archive", kPacked},
+    {2, "-lz"sv, L"an LHA archive", kPacked},
+    {257, "ustar"sv, L"a tar archive", kPacked},
+    {0, "%PDF"sv, L"a PDF document", L""},
 };
+
+std::wstring refusal(const Format& format) { return std::wstring(L"This is ") + format.name + format.advice; }
 
 // Without a mark the text shows itself: every other byte of digits, blanks and line ends is zero.
 bool isUnmarkedUtf16(std::string_view bytes) {
@@ -65,12 +64,12 @@ bool isUnmarkedUtf16(std::string_view bytes) {
 
 }  // namespace
 
-const wchar_t* foreignFormat(std::string_view bytes) {
+std::wstring foreignFormat(std::string_view bytes) {
   const auto found = std::ranges::find_if(kFormats, [&](const Format& format) {
     return bytes.size() > format.at && bytes.substr(format.at).starts_with(format.bytes);
   });
-  if (found != std::end(kFormats)) return found->refusal;
-  return isUnmarkedUtf16(bytes) ? kUtf16 : nullptr;
+  if (found != std::end(kFormats)) return refusal(*found);
+  return isUnmarkedUtf16(bytes) ? refusal(kUtf16) : std::wstring();
 }
 
 }  // namespace cad::formats

@@ -29,7 +29,7 @@ Acad::ErrorStatus writeWithSubents(AcDbEntity& entity, Property property, bool d
   if (written != Acad::eOk) return written;
   for (const RecordId subent : subents) {
     // A vertex that cannot hold the property goes without it.
-    if (drawing.typeName(subent) != "ATTRIB") (void)set(drawing, subent).ok();
+    if (drawing.typeName(subent) != "ATTRIB") static_cast<void>(set(drawing, subent).ok());
   }
   return Acad::eOk;
 }

@@ -48,7 +48,7 @@ bool AcDbLayerTableRecord::isOff() const { return storedColor(*this) < 0; }
 
 void AcDbLayerTableRecord::setIsOff(bool off) {
   const std::int64_t index = std::abs(storedColor(*this));
-  (void)cad::writeInteger(*this, Property::kLayerColor, off ? -index : index);
+  static_cast<void>(cad::writeInteger(*this, Property::kLayerColor, off ? -index : index));
 }
 
 bool AcDbLayerTableRecord::isFrozen() const { return hasFlag(*this, kFrozen); }
@@ -59,7 +59,7 @@ Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen) {
 }
 
 bool AcDbLayerTableRecord::isLocked() const { return hasFlag(*this, kLocked); }
-void AcDbLayerTableRecord::setIsLocked(bool locked) { (void)setFlag(*this, kLocked, locked); }
+void AcDbLayerTableRecord::setIsLocked(bool locked) { static_cast<void>(setFlag(*this, kLocked, locked)); }
 
 bool AcDbLayerTableRecord::isPlottable() const {
   return cad::readInteger(*this, Property::kLayerPlottable) != 0;
@@ -77,7 +77,7 @@ AcCmColor AcDbLayerTableRecord::color() const {
 void AcDbLayerTableRecord::setColor(const AcCmColor& color) {
   if (!color.isByACI()) return;
   const std::int64_t index = color.colorIndex();
-  (void)cad::writeInteger(*this, Property::kLayerColor, isOff() ? -index : index);
+  static_cast<void>(cad::writeInteger(*this, Property::kLayerColor, isOff() ? -index : index));
 }
 
 AcDbObjectId AcDbLayerTableRecord::linetypeObjectId() const {

@@ -151,7 +151,7 @@ void ResourceParser::accelerators(int id) {
   if (!takeBegin()) return;
   while (!failed() && !takeEnd()) {
     if (failed()) return;
-    AccessKey key{id, 0, 0, token().line};
+    AccessKey key{id};
     const std::wstring letter = text();
     if (letter.size() != 1 || letter[0] < L'A' || letter[0] > L'Z')
       return fail(L"an access key is one of A to Z");

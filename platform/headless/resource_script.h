@@ -62,7 +62,6 @@ struct AccessKey {
   int dialog = 0;
   wchar_t letter = 0;  // A to Z
   int control = 0;
-  int line = 0;
 };
 
 struct IconResource {

@@ -153,18 +153,11 @@ void MemoryWindow::showControl(int id, bool visible) {
   if (!visible && focus_ == id) focus_ = 0;
 }
 
-wchar_t MemoryWindow::accessKey(int id) const {
-  for (const AccessKey& key : resourceScript().accessKeys) {
-    if (key.dialog == resource() && key.control == id) return key.letter;
-  }
-  return 0;
-}
-
 MemoryControl* MemoryWindow::findByAccessKey(wchar_t letter) {
-  const auto found = std::find_if(controls_.begin(), controls_.end(), [&](const MemoryControl& each) {
-    return each.id != -1 && accessKey(each.id) == letter;
-  });
-  return found == controls_.end() ? nullptr : &*found;
+  for (const AccessKey& key : resourceScript().accessKeys) {
+    if (key.dialog == resource() && key.letter == letter) return find(key.control);
+  }
+  return nullptr;
 }
 
 void MemoryWindow::focus(int id) {

@@ -56,7 +56,6 @@ class MemoryWindow : public DialogWindow {
   void enable(int id, bool enabled) override;
   bool isVisible(int id) const override;
   void showControl(int id, bool visible) override;
-  wchar_t accessKey(int id) const override;
   void focus(int id) override;
   int focused() const override;
   bool isChecked(int id) const override;

@@ -54,12 +54,6 @@ AccessKeys::~AccessKeys() {
   if (table_) DestroyAcceleratorTable(table_);
 }
 
-wchar_t AccessKeys::of(int control) const {
-  for (const ACCEL& each : keys_)
-    if (each.cmd == control) return static_cast<wchar_t>(each.key);
-  return 0;
-}
-
 bool AccessKeys::take(HWND dialog, MSG& message) {
   if (isAltDown(message)) {
     showHints(dialog);

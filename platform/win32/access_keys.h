@@ -16,8 +16,6 @@ class AccessKeys {
   AccessKeys(const AccessKeys&) = delete;
   AccessKeys& operator=(const AccessKeys&) = delete;
 
-  wchar_t of(int control) const;  // 0: none
-
   // A key message for the dialog or a control of it. True: it was an access key, and done with; the dialog
   // got a WM_COMMAND with this code, and may have gone.
   bool take(HWND dialog, MSG& message);

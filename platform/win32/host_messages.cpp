@@ -10,7 +10,6 @@
 
 #include <string>
 
-#include "platform/progress_meter.h"
 #include "platform/win32/host_messages.h"
 
 namespace kiv {
@@ -43,14 +42,6 @@ void typeIntoHost(std::wstring_view text) {
   copied.lpData = terminated.data();
   SendMessageW(main, WM_COPYDATA, reinterpret_cast<WPARAM>(main), reinterpret_cast<LPARAM>(&copied));
 }
-
-void startMeter(const std::wstring& label, int steps) {
-  acedSetStatusBarProgressMeter(label.c_str(), 0, steps);
-}
-
-void moveMeter(int step) { acedSetStatusBarProgressMeterPos(step); }
-
-void endMeter() { acedRestoreStatusBar(); }
 
 namespace win32 {
 

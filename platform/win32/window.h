@@ -47,7 +47,6 @@ class Window final : public DialogWindow {
   void enable(int id, bool enabled) override;
   bool isVisible(int id) const override;
   void showControl(int id, bool visible) override;
-  wchar_t accessKey(int id) const override { return accessKeys_.of(id); }
   void focus(int id) override;
   int focused() const override;
   bool isChecked(int id) const override;

@@ -9,8 +9,7 @@
 #include <csignal>
 #endif
 
-#include "base/file_changes.h"
-#include "base/file_errors.h"
+#include "base/folder_creation.h"
 #include "base/process_facts.h"
 #include "base/temporary_files.h"
 #include "tests/support/temp_folder.h"
@@ -59,8 +58,15 @@ TEST_F(Files, WhatNobodyWillFinishIsRemovedAndNothingElse) {
   };
   const std::string here = base::machineName(), elsewhere = here + "-2";
   using std::chrono::hours;
-  const fs::path gone[] = {left(here, kNobody, hours(0)), left(here, base::ownProcess(), hours(0)),
-                           left(elsewhere, kNobody, hours(25))};
+  const auto leftFolder = [&](const std::string& number, const fs::path& inside) {
+    const fs::path path = folder_ / (".tmp-kiv-" + here + "-" + std::to_string(kNobody) + "-" + number);
+    fs::create_directories(path / inside);
+    std::ofstream(path / "a.cvt") << "half";
+    return path;
+  };
+  leftFolder("4", "a folder, so somebody else's");
+  const fs::path gone[] = {leftFolder("5", ""), left(here, kNobody, hours(0)),
+                           left(here, base::ownProcess(), hours(0)), left(elsewhere, kNobody, hours(25))};
   make(".tmp-kiv-", ""), make(".tmp-kiv-x-y", ""), make(".tmp-5-0", ""),
       left(elsewhere, kNobody + 1, hours(23));
   const auto written = base::AtomicFile::create(folder_ / "a");  // of this process, but open
@@ -71,9 +77,9 @@ TEST_F(Files, WhatNobodyWillFinishIsRemovedAndNothingElse) {
 #endif
   base::removeAbandonedTemporaryFiles(folder_);
   for (const fs::path& path : gone) EXPECT_FALSE(fs::exists(path)) << path;
-  EXPECT_EQ(count(), 6U);
+  EXPECT_EQ(count(), 7U);
   EXPECT_TRUE(written.value()->commit().ok());
-  EXPECT_EQ(count(), 6U);
+  EXPECT_EQ(count(), 7U);
 }
 
 TEST_F(Files, WritesSmallAndLargePiecesInOrder) {
@@ -114,11 +120,13 @@ TEST_F(Files, RefusalsLeaveNothingBehind) {
 
 TEST_F(Files, AFolderIsMadeWithTheFilesThatCanBeRead) {
   const fs::path a = make("a", "1"), folder = folder_ / "made";
+  fs::create_directory(folder_ /
+                       (".tmp-kiv-" + base::machineName() + "-2000000000-0"));  // of a killed process
   EXPECT_FALSE(base::createFolderWith(folder / "", {folder_ / "none", a}).ok());
   EXPECT_EQ(base::readFile(folder / "a").value(), "1");
   ASSERT_TRUE(base::createFolderWith(folder, {make("b", "2")}).ok());
   EXPECT_FALSE(fs::exists(folder / "b"));
-  EXPECT_EQ(base::createFolderWith(a, {}).failure().reason, base::kFileInTheWay);
+  EXPECT_EQ(base::createFolderWith(a, {}).failure().kind, base::FailureKind::kFileInTheWay);
   EXPECT_FALSE(base::createFolderWith(folder_ / "no" / "made", {}).ok());
   EXPECT_EQ(count(), 3U);
 }
@@ -128,7 +136,7 @@ TEST_F(Files, OnlyFilesAreRemoved) {
   EXPECT_TRUE(base::removeFile(path).ok());
   EXPECT_TRUE(base::removeFile(path).ok());
   EXPECT_EQ(count(), 0U);
-  EXPECT_EQ(base::removeFile(folder_).failure().reason, base::kIsAFolder);
+  EXPECT_EQ(base::removeFile(folder_).failure().kind, base::FailureKind::kIsAFolder);
 }
 
 #if !defined(_WIN32)  // permissions by mode, links that anybody can make, names in any encoding and any case
@@ -153,7 +161,7 @@ TEST_F(Files, AFileThatIsCutOffWhileItIsReadTellsIt) {
     fs::resize_file(path, left);
     const std::string_view bytes = mapped.value()->bytes();
     EXPECT_EQ(static_cast<std::size_t>(std::ranges::count(bytes, 'x')), left);
-    EXPECT_EQ(mapped.value()->checkUnchanged().failure().reason, base::kChangedWhileRead);
+    EXPECT_EQ(mapped.value()->checkUnchanged().failure().kind, base::FailureKind::kChangedWhileRead);
   }
 }
 
@@ -213,7 +221,7 @@ TEST_F(Files, AFileHeldByAnotherProgramIsNamedAndFreedAgain) {
   {
     std::ifstream holder(path);  // opened without leave to delete it
     EXPECT_EQ(base::writeFileAtomically(path, "new").failure().reason, L"another program has the file open");
-    EXPECT_EQ(base::removeFile(path).failure().reason, base::kOpenElsewhere);
+    EXPECT_EQ(base::removeFile(path).failure().kind, base::FailureKind::kOpenElsewhere);
   }
   EXPECT_TRUE(base::writeFileAtomically(path, "new").ok());
   EXPECT_EQ(count(), 1U);

@@ -55,11 +55,13 @@ TEST_F(ConvertTest, BadDrawingsAreNamedAndTheBatchGoesOn) {
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, "good.dxf -> out/good.DXF\n1 of 8 drawings converted\n");
   for (const char* name : {"missing", "empty", "truncated", "picture", "group", "folder", "entityless"}) {
-    EXPECT_TRUE(std::regex_search(run.err, std::regex("(^|\n)" + std::string(name) + "\\.dxf:.{12}")))
+    EXPECT_TRUE(
+        std::regex_search(run.err, std::regex("(^|\n)" + std::string(name) + "\\.dxf(, line \\d+)?: .{12}")))
         << name << " in\n"
         << run.err;
   }
   EXPECT_TRUE(contains(run.err, "the drawing has no entities")) << run.err;
+  EXPECT_FALSE(contains(run.err, folder().string())) << "as the user typed the names:\n" << run.err;
   EXPECT_EQ(filesIn("out"), std::vector<std::string>{"good.DXF"});
 }
 
@@ -125,9 +127,10 @@ TEST_F(ConvertTest, ControlCharactersOfNamesAreShownAndNotObeyed) {
 // A full disk, a closed stream, and a reader that has gone.
 TEST_F(ConvertTest, AStandardOutputThatCannotBeWrittenIsToldAndTheDrawingsAreSaved) {
   const std::string call = KIVCVT_PROGRAM " convert --spec rules.cvt --out out good.dxf ";
-  for (const std::string& line :
-       {call + ">/dev/full", call + ">&-",
-        "(sleep 0.2; " + call + "; echo $? >status) | true; exit $(sleep 2; cat status)"}) {
+  for (const std::string& line : {call + ">/dev/full", call + ">&-",
+                                  "(until [ -e gone ]; do sleep 0.1; done; " + call +
+                                      "; echo $? >status.new; mv status.new status) | { exec <&-; >gone; }; "
+                                      "until [ -e status ]; do sleep 0.1; done; exit $(cat status)"}) {
     const ProgramRun run = test_support::runProgram("/bin/sh", {"-c", line}, folder());
     EXPECT_EQ(run.status, 1) << line;
     EXPECT_TRUE(std::regex_match(run.err, std::regex("kivcvt: standard output cannot be written: .+\n")))
@@ -195,8 +198,9 @@ TEST_F(ConvertTest, LinesThatAreDroppedAreNotForgottenAtTheEnd) {
 
 TEST_F(ConvertTest, ASpecificationThatChangesNothingSaysSo) {
   writeSpecification("rules.cvt",
-                     "[文字]\n[画層] = 0\n{\n[表示] = ON\n}\n[色] = 3\n---End---\n"
-                     "[寸法設定]\nDIMNONE, 1\n---End---\n[EOF]\n");
+                     "[文字]\n[画層] = 0\n{\n[表示] = ON\n}\n[色] = 3\n"
+                     "[文字一致のリスト] = NONE.LIST\n{\n[色] = 3\n}\n---End---\n"
+                     "[寸法設定]\nDIMNONE, 1\nDIMASZ\n---End---\n[線種のﾛｰﾄﾞ]\nA.LIN\n---End---\n[EOF]\n");
   const ProgramRun run = convert({"good.dxf"});
   EXPECT_EQ(run.status, 1);
   EXPECT_TRUE(contains(run.err, "\nrules.cvt: nothing in this file changes a drawing")) << run.err;
@@ -205,13 +209,16 @@ TEST_F(ConvertTest, ASpecificationThatChangesNothingSaysSo) {
 
 TEST_F(ConvertTest, ArrowFilesAreLookedUpBesideTheSpecificationAndAMissingOneIsNamed) {
   write("set/arrows/BAR.dxf", drawing(kLine));
-  writeSpecification("set/arrows.cvt", "[矢印のﾛｰﾄﾞ]\narrows/BAR.dxf\n_NOSUCH\n---End---\n[EOF]\n");
+  write("set/arrows/BOX.dxf", drawing(kLine));
+  writeSpecification("set/arrows.cvt",
+                     "[矢印のﾛｰﾄﾞ]\narrows/BAR.dxf\narrows\\BOX.dxf\n_NOSUCH\n---End---\n[EOF]\n");
   const ProgramRun run =
       kivcvt({"convert", "--spec", "set/arrows.cvt", "--out", "out", "--log", "logs", "good.dxf"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.err,
             "good.dxf: 矢印のﾛｰﾄﾞ = _NOSUCH: there is no such file, and the host has nothing of this name\n");
   EXPECT_TRUE(contains(read("out/good.DXF"), "BAR\r\n"));
+  EXPECT_TRUE(contains(read("out/good.DXF"), "BOX\r\n"));
   EXPECT_TRUE(contains(read("logs/" + filesIn("logs")[0]), ", OK\r\n"));
 }
 

@@ -90,7 +90,7 @@ TEST_F(InfoTest, ABadDrawingIsNamedAndTheNextOneIsRead) {
   write("good.dxf", drawing(kLine));
   const ProgramRun run = kivcvt({"info", "bad.dxf", "good.dxf"});
   EXPECT_EQ(run.status, 1);
-  EXPECT_TRUE(run.err.starts_with("bad.dxf:")) << run.err;
+  EXPECT_TRUE(run.err.starts_with("bad.dxf, line 1: ")) << run.err;
   EXPECT_TRUE(run.out.starts_with("good.dxf\n")) << run.out;
 }
 

@@ -150,6 +150,8 @@ TEST_F(LayerSettings, ColoursOfLayersAreIndexes) {
   }
   convert(settings);
   EXPECT_EQ(sink_.problems.size(), 6U);
+  EXPECT_TRUE(sink_.reported.empty());  // a person reads the notes
+  EXPECT_EQ(sink_.notes.size(), 6U);
   EXPECT_EQ(layerInteger(L"NEW", Property::kLayerColor), 3);
 }
 

@@ -69,7 +69,8 @@ TEST_F(ListSections, ArrowFilesAreProblemsUnlessTheirBlockIsDefined) {
 // The catalogue's type decides what a text means, and the host gets the value in its own type.
 TEST_F(ListSections, DimensionVariablesWhoseTypesDiffer) {
   run({{L"寸法設定",
-        L"DIMALTF, 2.54\nDIMALTRND, 70000.5\nDIMSHO, 0.0\nDIMTAD, 3.9\nDIMCLRD, BYLAYER\nDIMLWD, ByLayer\n"
+        L"DIMALTF, 2.54\nDIMALTRND, 70000.5\nDIMSHO, 0.0\nDIMTAD, 65539.9\nDIMCLRD, BYLAYER\nDIMLWD, "
+        L"ByLayer\n"
         L"DIMTXT, x\nDIMBLK1, ﾃｨｯｸ(太) (_ARCHTIC)"}});
   for (const auto& [name, value] : {std::pair("DIMALTF", L"2.000000"),
                                     {"DIMALTRND", L"70000.000000"},
@@ -103,14 +104,14 @@ TEST_F(ListSections, DimensionVariablesInOrderAndByTheirSeparators) {
 
 TEST_F(ListSections, RefusedDimensionVariableIsANote) {
   run({{L"寸法設定",
-        L"DIMBLK, _DOT\nDIMSCALE, -5\nDIMTAD, 65537\nDIMTAD, 99\nDIMSHO, 0.5\nDIMDSEP, ab\nDIMTXSTY, NONE\n"
+        L"DIMBLK, _DOT\nDIMSCALE, -5\nDIMTAD, 99\nDIMSHO, 0.5\nDIMDSEP, ab\nDIMTXSTY, NONE\n"
         L"DIMBLK, ﾕｰｻﾞ指定 (_NOARROW)"}});
   EXPECT_EQ(variable("DIMSCALE"), L"1.000000");
   EXPECT_EQ(variable("DIMTAD"), L"0");
   EXPECT_EQ(variable("DIMSHO"), L"absent");
-  ASSERT_EQ(sink_.notes.size(), 8U);
-  for (std::size_t i = 0; i < 8; ++i)
-    EXPECT_EQ(sink_.notes[i].reason, i < 6 ? RefusalReason::kBadValue : RefusalReason::kNoSuchName) << i;
+  ASSERT_EQ(sink_.notes.size(), 7U);
+  for (std::size_t i = 0; i < 7; ++i)
+    EXPECT_EQ(sink_.notes[i].reason, i < 5 ? RefusalReason::kBadValue : RefusalReason::kNoSuchName) << i;
 }
 
 // A file without a folder is found beside the drawing.
@@ -125,6 +126,8 @@ TEST_F(ListSections, LinetypesAreLoadedOnceAndFailuresAreProblems) {
   EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"線種[NONE]のロードができませんでした",
                                                        L"線種[BAD]のロードができませんでした",
                                                        L"線種[X1]のロードができませんでした"}));
+  ASSERT_EQ(sink_.reported.size(), 3U);
+  EXPECT_TRUE(sink_.reported[0].starts_with(sink_.problems[0] + L": ["));  // the log has no reasons
   for (const wchar_t* reason :
        {L"線種[NONE]のロードができませんでした: [", L"OFFICE.LIN]にこの線種の定義がありません",
         L"OFFICE.LIN]の定義に誤りがあります", L"OFFICE.LIN, line 6: BAD: ",

@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 """Drawings in the manner of other programs: the cases' own, the same objects written otherwise. Conditions see
-of them what an independent reader sees.
+of them what an independent reader sees, before and after changes that it finds too.
 
     manners.py KIVCVT CASES        exit status: 0 all is well, 1 not
 """
@@ -60,8 +60,8 @@ def second_marker(groups):
 
 
 def other_case(groups):
-    """References are in another case than what they name."""
-    return [(code, value.swapcase() if code in (b"6", b"7", b"5") else value) for code, value in groups]
+    """References are in another case than what they name, and so are the markers of classes."""
+    return [(code, value.swapcase() if code in (b"5", b"6", b"7", b"100") else value) for code, value in groups]
 
 
 # By name: how it is made of the groups, and whether only a drawing of R12 can be written so.
@@ -91,11 +91,12 @@ def main(program, cases):
         check = check_drawings.Check(program, pathlib.Path(work))
         for case in ("conditions-on-texts", "conditions-on-others", "format-r12", "format-r14", "format-2007"):
             for path in make(pathlib.Path(cases) / case / "drawing.dxf", pathlib.Path(drawings)):
-                marked = check.objects_marked
-                check.marked(path)
-                if check.objects_marked == marked:
-                    check.fail(path, "no object is met")
-    return check.report(f"{check.objects_marked} objects")
+                for look in (check.changed, check.marked, check.marked_when_changed):
+                    before = check.records_changed + check.objects_marked
+                    look(path)
+                    if check.records_changed + check.objects_marked == before:
+                        check.fail(path, f"{look.__name__}: no object is met")
+    return check.report(f"{check.records_changed} records changed, {check.objects_marked} objects marked")
 
 
 if __name__ == "__main__":

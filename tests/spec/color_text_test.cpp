@@ -33,6 +33,9 @@ TEST(ColorText, LeadingIntegers) {
   EXPECT_EQ(leadingInteger(L" +12x"), 12);
   EXPECT_EQ(leadingInteger(L"-3.7"), -3);
   EXPECT_EQ(leadingInteger(L"- 3"), 0);
+  EXPECT_EQ(leadingInteger(L"-３1"), -31);
+  EXPECT_TRUE(isInteger(L"３") && isInteger(L" +003 "));
+  EXPECT_FALSE(isInteger(L"-") || isInteger(L"３色") || isInteger(L"99999999999999999999999"));
   EXPECT_EQ(leadingInteger(L"99999999999999999999999"), INT_MAX);
 }
 

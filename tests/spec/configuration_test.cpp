@@ -28,7 +28,9 @@ TEST_F(Configuration, FolderBesideTheModule) {
 TEST_F(Configuration, TheSamplesOfTheProductAreUnderstood) {
   std::filesystem::copy(KIV_SHIPPED_SAMPLES, folder_ / "samples");
   const std::filesystem::path made = folder_ / "CFG";
-  ASSERT_TRUE(makeConfigurationFolder(base::pathText(made / "")).ok());
+  const FolderMade outcome = makeConfigurationFolder(base::pathText(made / ""));
+  ASSERT_TRUE(outcome.status.ok());
+  EXPECT_EQ(outcome.notice, L"");
   size_t specifications = 0;
   for (const auto& file : std::filesystem::directory_iterator(made)) {
     if (file.path().extension() != ".cvt") continue;
@@ -39,6 +41,12 @@ TEST_F(Configuration, TheSamplesOfTheProductAreUnderstood) {
   }
   EXPECT_GE(specifications, 3U);
   EXPECT_FALSE(readTextSearchList(made / "ROOMS.LIST").value().empty());
+
+  std::filesystem::remove_all(made);
+  std::filesystem::remove_all(folder_ / "samples");
+  const FolderMade bare = makeConfigurationFolder(base::pathText(made / ""));
+  EXPECT_TRUE(bare.status.ok());
+  EXPECT_NE(bare.notice.find(base::pathText(folder_ / "samples")), std::wstring::npos);
 }
 
 TEST_F(Configuration, DefaultSpecificationWrittenAndReadBack) {

@@ -25,7 +25,7 @@ TEST(CvtDiagnostics, EachFaultWithItsLine) {
   EXPECT_EQ(numbered(L"[文字]\n[X]=1\n[画層]=a\n{\nfoo\n[Y]=1\n}\n---End---\n[EOF]\n"), "1:2 2:5 1:6");
   EXPECT_EQ(numbered(L"[文字]\n{\n[色]=1\n}\n---End---\n[EOF]\n"), "33:2 13:3");
   EXPECT_EQ(numbered(L"[画層の作成]\nA,1\nB,1,X\n---End---\n[EOF]\n"), "3:2");
-  EXPECT_EQ(numbered(L"[線種のﾛｰﾄﾞ]\nA.LIN\nA.LIN,B,C\n---End---\n[EOF]\n"), "18:2 18:3");
+  EXPECT_EQ(numbered(L"[線種のﾛｰﾄﾞ]\nA.LIN\nA.LIN,B,C\n---End---\n[EOF]\n"), "37:2 18:3");
   EXPECT_EQ(numbered(L"[線種のﾛｰﾄﾞ]\nA.LIN,A\n\nB.LIN,B\n\nC.LIN,C\n---End---\n[EOF]\n"), "9:4 9:6");
   EXPECT_EQ(numbered(L"hello\n[文字]\n---End---\nbye\n[EOF]\nafter\n"), "5:1 5:4 5:6");
   EXPECT_EQ(numbered(L"[文字]\n---End---\n[文字]\n[画層]=a\n---End---\n[EOF]\n"), "7:3");
@@ -81,7 +81,7 @@ TEST(CvtDiagnostics, ValuesThatDrawingsGetOtherwiseThanTheyAreWritten) {
       numbered(L"[画層の色･線種]\n[画層]=a-*\n{\n[画層]=B-*\n[画層]=b-*\n[線種]=dashed\n}\n---End---\n"
                L"[文字]\n[***]\n{\n[画層]=b-1\n[字体]=kanji\n}\n---End---\n[画層の作成]\nWall,1,dashed\n"
                L"DOOR,1,dashed\n---End---\n[字体のﾛｰﾄﾞ]\nNote,Arial\nNOTE,Arial\n,Arial\n---End---\n[EOF]\n"),
-      "22:5 22:17 22:21 18:23");
+      "22:5 22:17 22:21 37:23");
   EXPECT_EQ(
       numbered(L"[画層の作成]\nA,bylayer,CONTINUOUS\nB,7,CONTINUOUS\nC,,CONTINUOUS\n---End---\n[EOF]\n"),
       "21:2");
@@ -97,8 +97,9 @@ TEST(CvtDiagnostics, ValuesThatDrawingsGetOtherwiseThanTheyAreWritten) {
   EXPECT_EQ(
       numbered(
           L"[寸法]\n[DIMTAD] = +1\n[DIMCLRD] = BYLAYER\n[DIMASZ] = 2.5mm\n{\n[DIMALTF] = 2.54\n[DIMASZ] = x\n"
-          L"[DIMTXSTY] = 1a\n}\n---End---\n[寸法設定]\nDIMLWD, ByLayer\nDIMTAD, 1\n---End---\n[EOF]\n"),
-      "28:3 28:4 28:6 28:7 28:12");
+          L"[DIMTXSTY] = 1a\n}\n---End---\n[寸法設定]\nDIMLWD, ByLayer\nDIMTAD, 1\nDIMTAD, "
+          L"65537\n---End---\n[EOF]\n"),
+      "28:3 28:4 28:6 28:7 28:12 28:14");
 }
 
 // What a value counts as, "-" for nothing at all; nothing when it is what is written. `line` stands in front

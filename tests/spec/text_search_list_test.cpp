@@ -1,6 +1,5 @@
 #include "spec/text_search_list.h"
 
-#include "base/file_errors.h"
 #include "tests/support/temp_folder.h"
 
 namespace kiv {
@@ -22,7 +21,7 @@ TEST_F(TextSearchList, RefusalsInTheirWords) {
   EXPECT_EQ(readTextSearchList(make("A", "")).failure().reason, L"選択されたファイルは使用できません");
   EXPECT_EQ(readTextSearchList(make("B", "x\n*** MOJILIST ***\n")).failure().reason,
             L"選択されたファイルは使用できません");
-  EXPECT_EQ(writeTextSearchList(folder_ / "none" / "A", {}).failure().reason, base::kFolderDoesNotExist);
+  EXPECT_EQ(writeTextSearchList(folder_ / "none" / "A", {}).failure().kind, base::FailureKind::kNoSuchFolder);
   EXPECT_FALSE(writeTextSearchList(folder_ / "C", {L"한"}).ok());
   EXPECT_EQ(count(), 2U);
 }

@@ -59,7 +59,10 @@ TEST(DimOverrides, OtherExtendedDataStaysByteForByte) {
 
 TEST(DimOverrides, AListThatIsNotClosedIsNoList) {
   auto drawing = modern(std::string(kDimension) + "|1001 ACAD|1000 DSTYLE|1002 {|1070 140|1040 2.0");
-  EXPECT_FALSE(drawing->dimVariable(entity(*drawing, "DIMENSION"), kTextHeight).has_value());
+  const RecordId dimension = entity(*drawing, "DIMENSION");
+  EXPECT_FALSE(drawing->dimVariable(dimension, kTextHeight).has_value());
+  ASSERT_TRUE(drawing->setDimVariable(dimension, kTextHeight, 3.5).ok());
+  EXPECT_EQ(real(drawing->dimVariable(dimension, kTextHeight)), 3.5);
 }
 
 TEST(DimOverrides, NamesAreHandlesFrom2000AndTextsBefore) {

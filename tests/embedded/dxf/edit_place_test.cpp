@@ -1,6 +1,8 @@
 // Which groups of a record are the entity's own: the same codes stand elsewhere too.
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "tests/embedded/dxf/dxf_text.h"
 
 namespace cad::dxf {
@@ -10,49 +12,55 @@ struct Case {
   const char *version, *before, *after;  // after: colour 4 and layer NEW
 };
 
+constexpr Case kCases[] = {
+    // application groups before the layer
+    {"AC1015", "0 LINE|5 A|102 {X|8 no|62 9|102 }|100 AcDbEntity|8 OLD|100 AcDbLine|10 0.0",
+     "0 LINE|5 A|102 {X|8 no|62 9|102 }|100 AcDbEntity|8 NEW|62 4|100 AcDbLine|10 0.0"},
+    // a subclass that uses the codes again
+    {"AC1015", "0 HATCH|100 AcDbEntity|8 OLD|62 1|100 AcDbHatch|8 no|62 9|6 no",
+     "0 HATCH|100 AcDbEntity|8 NEW|62 4|100 AcDbHatch|8 no|62 9|6 no"},
+    // extended data in a file without subclasses
+    {"AC1009", "0 POINT|8 OLD|10 0.0|1001 APP|1000 x|1003 no|1070 62",
+     "0 POINT|8 NEW|62 4|10 0.0|1001 APP|1000 x|1003 no|1070 62"},
+    // an embedded object with entity groups of its own
+    {"AC1032", "0 MTEXT|100 AcDbEntity|8 OLD|100 AcDbMText|1 t|101 Embedded Object|100 AcDbEntity|8 no|62 9",
+     "0 MTEXT|100 AcDbEntity|8 NEW|62 4|100 AcDbMText|1 t|101 Embedded Object|100 AcDbEntity|8 no|62 9"},
+    // behind the marker of the entity's own class, where they count as long as AcDbEntity has none
+    {"AC1018", "0 LINE|5 A|100 AcDbEntity|100 AcDbLine|8 OLD|62 1|420 255|10 0.0",
+     "0 LINE|5 A|100 AcDbEntity|100 AcDbLine|8 NEW|62 4|10 0.0"},
+    {"AC1018", "0 LINE|100 AcDbEntity|62 1|430 RAL|100 AcDbLine|8 OLD|62 9",
+     "0 LINE|100 AcDbEntity|62 4|100 AcDbLine|8 NEW|62 9"},
+    {"AC1018", "0 LINE|100 AcDbEntity|8 OLD|62 1|100 AcDbLine|420 255|10 0.0|430 RAL",
+     "0 LINE|100 AcDbEntity|8 NEW|62 4|100 AcDbLine|10 0.0"},
+    {"AC1015", "0 LINE|8 no|62 9|100 AcDbLine|62 9|100 AcDbEntity|8 OLD|62 1|10 0.0",
+     "0 LINE|8 no|62 9|100 AcDbLine|62 9|100 AcDbEntity|8 NEW|62 4|10 0.0"},
+    {"AC1015", "0 LINE|100 acdbentity|8 OLD|100 ACDBLINE|62 1|10 0.0",
+     "0 LINE|100 acdbentity|8 NEW|100 ACDBLINE|62 4|10 0.0"},
+    {"AC1015", "0 LINE|100 AcDbEntity|100 AcDbLine|8 OLD|10 0.0",
+     "0 LINE|100 AcDbEntity|62 4|100 AcDbLine|8 NEW|10 0.0"},
+    {"AC1015", "0 ARC|100 AcDbEntity|8 OLD|100 AcDbCircle|40 1.0|100 AcDbArc|62 1|50 0.0",
+     "0 ARC|100 AcDbEntity|8 NEW|100 AcDbCircle|40 1.0|100 AcDbArc|62 4|50 0.0"},
+    // a class of which nobody here knows what it means by them; no second AcDbEntity
+    {"AC1015", "0 LINE|100 AcDbEntity|8 OLD|100 AcDbOther|8 no|62 9|100 AcDbEntity|62 9",
+     "0 LINE|100 AcDbEntity|8 NEW|62 4|100 AcDbOther|8 no|62 9|100 AcDbEntity|62 9"},
+    // no AcDbEntity
+    {"AC1015", "0 LINE|5 A|100 AcDbLine|8 OLD|10 0.0", "0 LINE|5 A|100 AcDbLine|8 NEW|62 4|10 0.0"},
+    {"AC1015", "0 ARC|5 A|330 1F|100 AcDbCircle|40 1.0|100 AcDbArc|50 0.0",
+     "0 ARC|5 A|330 1F|100 AcDbCircle|8 NEW|62 4|40 1.0|100 AcDbArc|50 0.0"},
+    {"AC1015", "0 LINE|8 OLD|100 AcDbLine|62 1|10 0.0", "0 LINE|8 NEW|100 AcDbLine|62 4|10 0.0"},
+    {"AC1015", "0 THING|5 A|100 AcDbThing|62 9|70 1", "0 THING|5 A|8 NEW|62 4|100 AcDbThing|62 9|70 1"},
+    {"AC1032", "0 LINE|5 A|8 OLD|10 0.0", "0 LINE|5 A|8 NEW|62 4|10 0.0"},
+    // no layer group at all
+    {"AC1015", "0 LINE|5 A|330 1F|100 AcDbEntity|100 AcDbLine|10 0.0",
+     "0 LINE|5 A|330 1F|100 AcDbEntity|8 NEW|62 4|100 AcDbLine|10 0.0"},
+    {"AC1009", "0 POINT|5 A|10 0.0", "0 POINT|5 A|8 NEW|62 4|10 0.0"},
+    // given twice: readers take the last
+    {"AC1009", "0 POINT|8 no|8 OLD|62 1|62 2", "0 POINT|8 no|8 NEW|62 1|62 4"},
+};
+
 TEST(EditPlace, GroupsOfOtherPartsAreLeftAlone) {
-  const Case cases[] = {
-      // application groups before the layer
-      {"AC1015", "0 LINE|5 A|102 {X|8 no|62 9|102 }|100 AcDbEntity|8 OLD|100 AcDbLine|10 0.0",
-       "0 LINE|5 A|102 {X|8 no|62 9|102 }|100 AcDbEntity|8 NEW|62 4|100 AcDbLine|10 0.0"},
-      // a subclass that uses the codes again
-      {"AC1015", "0 HATCH|100 AcDbEntity|8 OLD|62 1|100 AcDbHatch|8 no|62 9|6 no",
-       "0 HATCH|100 AcDbEntity|8 NEW|62 4|100 AcDbHatch|8 no|62 9|6 no"},
-      // extended data in a file without subclasses
-      {"AC1009", "0 POINT|8 OLD|10 0.0|1001 APP|1000 x|1003 no|1070 62",
-       "0 POINT|8 NEW|62 4|10 0.0|1001 APP|1000 x|1003 no|1070 62"},
-      // an embedded object with entity groups of its own
-      {"AC1032",
-       "0 MTEXT|100 AcDbEntity|8 OLD|100 AcDbMText|1 t|101 Embedded Object|100 AcDbEntity|8 no|62 9",
-       "0 MTEXT|100 AcDbEntity|8 NEW|62 4|100 AcDbMText|1 t|101 Embedded Object|100 AcDbEntity|8 no|62 9"},
-      // behind the marker of the entity's own class, where they count as long as AcDbEntity has none
-      {"AC1018", "0 LINE|5 A|100 AcDbEntity|100 AcDbLine|8 OLD|62 1|420 255|10 0.0",
-       "0 LINE|5 A|100 AcDbEntity|100 AcDbLine|8 NEW|62 4|10 0.0"},
-      {"AC1018", "0 LINE|100 AcDbEntity|62 1|430 RAL|100 AcDbLine|8 OLD|62 9",
-       "0 LINE|100 AcDbEntity|62 4|100 AcDbLine|8 NEW|62 9"},
-      {"AC1015", "0 LINE|100 AcDbEntity|100 AcDbLine|8 OLD|10 0.0",
-       "0 LINE|100 AcDbEntity|62 4|100 AcDbLine|8 NEW|10 0.0"},
-      {"AC1015", "0 ARC|100 AcDbEntity|8 OLD|100 AcDbCircle|40 1.0|100 AcDbArc|62 1|50 0.0",
-       "0 ARC|100 AcDbEntity|8 NEW|100 AcDbCircle|40 1.0|100 AcDbArc|62 4|50 0.0"},
-      // a class of which nobody here knows what it means by them; no second AcDbEntity
-      {"AC1015", "0 LINE|100 AcDbEntity|8 OLD|100 AcDbOther|8 no|62 9|100 AcDbEntity|62 9",
-       "0 LINE|100 AcDbEntity|8 NEW|62 4|100 AcDbOther|8 no|62 9|100 AcDbEntity|62 9"},
-      // no AcDbEntity
-      {"AC1015", "0 LINE|5 A|100 AcDbLine|8 OLD|10 0.0", "0 LINE|5 A|100 AcDbLine|8 NEW|62 4|10 0.0"},
-      {"AC1015", "0 ARC|5 A|330 1F|100 AcDbCircle|40 1.0|100 AcDbArc|50 0.0",
-       "0 ARC|5 A|330 1F|100 AcDbCircle|8 NEW|62 4|40 1.0|100 AcDbArc|50 0.0"},
-      {"AC1015", "0 LINE|8 OLD|100 AcDbLine|62 1|10 0.0", "0 LINE|8 NEW|100 AcDbLine|62 4|10 0.0"},
-      {"AC1015", "0 THING|5 A|100 AcDbThing|62 9|70 1", "0 THING|5 A|8 NEW|62 4|100 AcDbThing|62 9|70 1"},
-      {"AC1032", "0 LINE|5 A|8 OLD|10 0.0", "0 LINE|5 A|8 NEW|62 4|10 0.0"},
-      // no layer group at all
-      {"AC1015", "0 LINE|5 A|330 1F|100 AcDbEntity|100 AcDbLine|10 0.0",
-       "0 LINE|5 A|330 1F|100 AcDbEntity|8 NEW|62 4|100 AcDbLine|10 0.0"},
-      {"AC1009", "0 POINT|5 A|10 0.0", "0 POINT|5 A|8 NEW|62 4|10 0.0"},
-      // given twice: readers take the last
-      {"AC1009", "0 POINT|8 no|8 OLD|62 1|62 2", "0 POINT|8 no|8 NEW|62 1|62 4"},
-  };
   constexpr std::string_view kTables = "0 TABLE|2 LAYER|70 1|0 LAYER|2 NEW|70 0|62 7|6 CONTINUOUS|0 ENDTAB";
-  for (const Case& row : cases) {
+  for (const Case& row : kCases) {
     const std::string before = drawingText(row.version, row.before, kTables);
     const auto drawing = read(before);
     ASSERT_TRUE(drawing) << row.before;
@@ -75,12 +83,23 @@ TEST(EditPlace, GroupsOfOtherPartsAreLeftAlone) {
 }
 
 TEST(EditPlace, AnObjectWithoutTheMarkerOfItsClassKeepsWhatItIsGiven) {
-  for (const char* text : {"0 TEXT|100 AcDbEntity|8 A|10 0.0|1 x",
-                           "0 TEXT|100 AcDbEntity|8 A|100 AcDbOther|40 1.0", "0 TEXT|8 A|40 1.0|1 x"}) {
-    const auto drawing = read(drawingText("AC1015", text));
-    ASSERT_TRUE(drawing->setReal(entity(*drawing, "TEXT"), Property::kTextHeight, 2.5).ok()) << text;
-    const auto again = read(saved(*drawing));
-    EXPECT_EQ(again->real(entity(*again, "TEXT"), Property::kTextHeight), 2.5) << text;
+  constexpr std::pair<std::string_view, std::string_view> kRows[] = {
+      {"0 TEXT|100 AcDbEntity|8 A|10 0.0|1 x", "0 TEXT|100 AcDbEntity|8 A|10 0.0|1 x|40 2.5"},
+      {"0 TEXT|100 AcDbEntity|8 A|40 1.0|1 x", "0 TEXT|100 AcDbEntity|8 A|40 2.5|1 x"},
+      // what is another class's, and what may be
+      {"0 TEXT|5 A|100 AcDbOther|40 1.0", "0 TEXT|5 A|40 2.5|100 AcDbOther|40 1.0"},
+      {"0 TEXT|100 AcDbEntity|8 A|100 AcDbOther|40 1.0",
+       "0 TEXT|100 AcDbEntity|8 A|40 2.5|100 AcDbOther|40 1.0"},
+      {"0 TEXT|100 AcDbEntity|40 1.0|100 AcDbText|1 x",
+       "0 TEXT|100 AcDbEntity|40 1.0|100 AcDbText|1 x|40 2.5"},
+      {"0 TEXT|8 A|40 1.0|1 x", "0 TEXT|8 A|40 2.5|1 x"},
+  };
+  for (const auto& [before, after] : kRows) {
+    const std::string file = drawingText("AC1015", before);
+    const auto drawing = read(file);
+    ASSERT_TRUE(drawing->setReal(entity(*drawing, "TEXT"), Property::kTextHeight, 2.5).ok()) << before;
+    EXPECT_EQ(saved(*drawing), replaced(file, groups(before), groups(after))) << before;
+    EXPECT_EQ(drawing->real(entity(*drawing, "TEXT"), Property::kTextHeight), 2.5) << before;
   }
 }
 

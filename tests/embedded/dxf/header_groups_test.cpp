@@ -28,6 +28,16 @@ TEST(HeaderVariables, NewOnesStandInTheHeaderWithTheirOwnCode) {
   expectUndone(*drawing, original);
 }
 
+TEST(HeaderVariables, AreReadBackWhateverStoodThere) {
+  for (const char* header :
+       {"2 HEADER|9 $DIMASZ", "2 HEADER|9 $DIMASZ|9 $LTSCALE|40 1.0", "2 HEADER|9 $DIMASZ|70 1",
+        "2 HEADER|9 $DIMASZ|310 00", "2 HEADER|9 $DIMASZ|10 1.0|20 2.0", "9 $DIMASZ|2 HEADER"}) {
+    auto drawing = read(groups("0 SECTION|" + std::string(header) + "|0 ENDSEC|0 SECTION|2 ENTITIES|0 EOF"));
+    ASSERT_TRUE(drawing->setHeaderVariable("DIMASZ", 7.5).ok()) << header;
+    EXPECT_EQ(read(saved(*drawing))->headerVariable("DIMASZ"), Variable(7.5)) << saved(*drawing);
+  }
+}
+
 TEST(HeaderVariables, RefusesWhatTheVersionOrTheTypeDoesNotAllow) {
   auto drawing = old("0 LINE|8 0");
   const std::string original = saved(*drawing);

@@ -132,6 +132,14 @@ TEST(Transparency, ByLayerHasNoGroup) {
   }
 }
 
+// A table's record may have got among them.
+TEST(Transparency, IsKeptByEntitiesOfAnyType) {
+  const auto drawing = read(drawingText("AC1024", "0 LAYER|8 WALL", kTables));
+  const RecordId id = entity(*drawing, "LAYER");
+  ASSERT_TRUE(drawing->setInteger(id, Property::kTransparency, 0x0200007F).ok());
+  EXPECT_EQ(drawing->integer(id, Property::kTransparency), 0x0200007F);
+}
+
 struct TableChange {
   Table table;
   const wchar_t* name;

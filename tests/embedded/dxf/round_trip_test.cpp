@@ -3,7 +3,6 @@
 #include <bit>
 #include <filesystem>
 
-#include "base/file_errors.h"
 #include "base/fold.h"
 #include "embedded/formats/drawing_files.h"
 #include "tests/embedded/dxf/dxf_text.h"
@@ -58,7 +57,9 @@ TEST(RoundTrip, UntouchedTextDrawingsAreWrittenByteForByte) {
   const std::string comments = groups("999 made by hand|999 twice") + lf + "\n\nbehind the end";
   const std::string noLastLineEnd = lf.substr(0, lf.size() - 1);
   const std::string cr = groups("999 a|0 SECTION|2 ENTITIES|0 LINE|8 A|0 ENDSEC|0 EOF", "\r");
-  for (const std::string& text : {lf, crlf, mixed, comments, "\xEF\xBB\xBF" + lf, noLastLineEnd, cr}) {
+  const std::string crcrlf = groups("0 SECTION|2 ENTITIES|0 LINE|8 A|0 ENDSEC|0 EOF", "\r\r\n");
+  for (const std::string& text :
+       {lf, crlf, crcrlf, mixed, comments, "\xEF\xBB\xBF" + lf, noLastLineEnd, cr}) {
     const auto drawing = read(text);
     ASSERT_TRUE(drawing) << text;
     EXPECT_EQ(saved(*drawing), text);
@@ -66,15 +67,17 @@ TEST(RoundTrip, UntouchedTextDrawingsAreWrittenByteForByte) {
 }
 
 TEST(RoundTrip, ChangesOfAnyFileKeepItsLineEnds) {
-  for (const char* lineEnd : {"\n", "\r\n", "\r"}) {
+  for (const char* lineEnd : {"\n", "\r\n", "\r\r\n", "\r"}) {
     const auto drawing = read(groups("0 SECTION|2 ENTITIES|0 TEXT|8 A|40 2.5|1 x|0 ENDSEC|0 EOF", lineEnd));
     ASSERT_TRUE(drawing);
     const RecordId text = entity(*drawing, "TEXT");
     EXPECT_EQ(drawing->text(text, Property::kTextString), L"x");
     ASSERT_TRUE(drawing->setReal(text, Property::kTextHeight, 3.5).ok());
+    ASSERT_TRUE(drawing->setText(text, Property::kTextString, L"yz").ok());
+    ASSERT_TRUE(drawing->setInteger(text, Property::kColorIndex, 4).ok());
     ASSERT_TRUE(drawing->setInteger(text, Property::kColorIndex, 5).ok());
     EXPECT_EQ(saved(*drawing),
-              groups("0 SECTION|2 ENTITIES|0 TEXT|8 A|62      5|40 3.5|1 x|0 ENDSEC|0 EOF", lineEnd));
+              groups("0 SECTION|2 ENTITIES|0 TEXT|8 A|62      5|40 3.5|1 yz|0 ENDSEC|0 EOF", lineEnd));
   }
 }
 
@@ -128,7 +131,8 @@ TEST(RoundTrip, NothingIsSavedOfADrawingWhoseFileIsCutOff) {
     std::filesystem::resize_file(source, left);
     if (left == bytes.size()) std::filesystem::last_write_time(source, {});  // written anew
     const base::Status status = drawing.value()->save(target);
-    EXPECT_EQ(status.failure().text(), base::pathText(source) + L": " + base::kChangedWhileRead) << left;
+    EXPECT_EQ(status.failure().kind, base::FailureKind::kChangedWhileRead) << left;
+    EXPECT_EQ(status.failure().place, base::pathText(source));
     EXPECT_FALSE(std::filesystem::exists(target));
   }
   std::filesystem::remove(source);

@@ -16,12 +16,6 @@ using P = Property;
 
 base::Failure failure(std::wstring_view what, const wchar_t* why) { return {std::wstring(what), why}; }
 
-std::string_view typeOf(Table table) {
-  constexpr std::string_view kTypes[] = {"",      "LAYER", "LTYPE", "STYLE", "DIMSTYLE",    "BLOCK",
-                                         "APPID", "VIEW",  "UCS",   "VPORT", "BLOCK_RECORD"};
-  return kTypes[static_cast<std::size_t>(table)];
-}
-
 struct ShapeObject {
   Object object;
   void operator()(const LineShape& line) { take("LINE", LineGeometry{line.from, line.to}); }
@@ -80,7 +74,7 @@ Variable told(const Drawing& drawing, const DimValue& value) {
   return record == kNoRecord ? std::wstring() : drawing.names().text(drawing.recordName(record));
 }
 
-PropertyType typeOf(const DimVariableInfo& variable) {
+PropertyType valueTypeOf(const DimVariableInfo& variable) {
   if (variable.type == DimType::kReal) return PropertyType::kReal;
   return variable.isInteger() ? PropertyType::kInteger : PropertyType::kText;
 }
@@ -104,7 +98,7 @@ std::span<const HeaderRow> headerRows() {
       all.push_back({name, T::kInteger});
     for (const char* name : {"LTSCALE", "TEXTSIZE", "ELEVATION", "USERR1"}) all.push_back({name, T::kReal});
     for (const DimVariableInfo& each : kDimVariables)
-      all.push_back({each.name, typeOf(each), tableOf(each), each.first});
+      all.push_back({each.name, valueTypeOf(each), tableOf(each), each.first});
     return all;
   }();
   return rows;
@@ -246,7 +240,7 @@ base::Status MemoryStorage::setDimVariable(Drawing& drawing, RecordId id, const 
   const std::string_view type = typeName(drawing.record(id));
   if (type != "DIMSTYLE" && type != "DIMENSION" && type != "LEADER" && type != "TOLERANCE")
     return failure(shown, L"This object has no dimension variables");
-  const auto wanted = kept(drawing, typeOf(variable), tableOf(variable), value, shown);
+  const auto wanted = kept(drawing, valueTypeOf(variable), tableOf(variable), value, shown);
   if (!wanted) return wanted.failure();
   Object next = object(drawing.record(id));
   const auto [present, isNew] = next.dimValues.try_emplace(&variable, wanted.value());

@@ -55,12 +55,10 @@ class Copy {
   }
 
   void addRecord(RecordId id) {
-    constexpr std::string_view kTypes[] = {"",      "LAYER", "LTYPE", "STYLE", "DIMSTYLE",    "BLOCK",
-                                           "APPID", "VIEW",  "UCS",   "VPORT", "BLOCK_RECORD"};
     Record record = source_.record(id);
     Object object;
     const bool implied = record.implied();
-    object.type = implied ? kTypes[static_cast<std::size_t>(record.table)] : source_.typeName(id);
+    object.type = implied ? typeOf(record.table) : source_.typeName(id);
     object.handle = source_.handle(id).value_or(0);
     for (std::size_t i = 0; i < static_cast<std::size_t>(Property::kCount); ++i) {
       const auto property = static_cast<Property>(i);

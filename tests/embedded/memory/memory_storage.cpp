@@ -86,23 +86,10 @@ std::string shown(const DimValue& value) {
 
 }  // namespace
 
-Table tableNamedBy(Property property) {
-  switch (property) {
-    case P::kLayer:
-      return Table::kLayer;
-    case P::kLinetype:
-    case P::kLayerLinetype:
-      return Table::kLinetype;
-    case P::kTextStyle:
-      return Table::kTextStyle;
-    case P::kDimStyle:
-      return Table::kDimStyle;
-    case P::kDimBlock:
-    case P::kBlockName:
-      return Table::kBlock;
-    default:
-      return Table::kNone;
-  }
+std::string_view typeOf(Table table) {
+  constexpr std::string_view kTypes[] = {"",      "LAYER", "LTYPE", "STYLE", "DIMSTYLE",    "BLOCK",
+                                         "APPID", "VIEW",  "UCS",   "VPORT", "BLOCK_RECORD"};
+  return kTypes[static_cast<std::size_t>(table)];
 }
 
 std::uint32_t MemoryStorage::keep(Object object) {

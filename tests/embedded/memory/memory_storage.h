@@ -9,6 +9,7 @@
 
 #include "embedded/drawing/dim_variable_table.h"
 #include "embedded/drawing/drawing.h"
+#include "embedded/drawing/references.h"
 
 namespace cad::memory {
 
@@ -92,8 +93,7 @@ struct HeaderRow {
 };
 std::span<const HeaderRow> headerRows();
 Table tableOf(const DimVariableInfo& variable);  // kNone for what is no name
-// Which table a reference is to; kNone for a property that is none.
-Table tableNamedBy(Property property);
+std::string_view typeOf(Table table);            // of its records
 
 // The signature that an object has, when `nameOf` gives the names of others.
 template <class NameOf>

@@ -1,5 +1,5 @@
 #pragma once
-// What changes a folder: a folder made, a file removed.
+// Folders that appear with their files in them.
 
 #include <filesystem>
 #include <vector>
@@ -12,8 +12,5 @@ namespace base {
 // read is left out and is the failure, the folder is made all the same. A folder that is there already stays
 // as it is, which is no failure. The parent must exist.
 Status createFolderWith(const std::filesystem::path& folder, const std::vector<std::filesystem::path>& files);
-
-// A file that is not there any more counts as removed; a write-protected one and a folder are refused.
-Status removeFile(const std::filesystem::path& path);
 
 }  // namespace base

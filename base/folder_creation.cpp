@@ -1,12 +1,11 @@
-#include "base/file_changes.h"
+#include "base/folder_creation.h"
 
-#include <atomic>
-#include <string>
 #include <system_error>
 
 #include "base/codepage.h"
 #include "base/file_errors.h"
 #include "base/files.h"
+#include "base/temporary_files.h"
 
 namespace base {
 namespace {
@@ -14,16 +13,16 @@ namespace {
 Failure failureOf(const std::filesystem::path& path, const std::error_code& error) {
   const std::error_condition common = error.default_error_condition();
   if (common.category() == std::generic_category()) return fileFailure(path, common.value());
-  return {pathText(path), fromUtf8(error.message())};
+  return fileFailure(path, FailureKind::kOther, fromUtf8(error.message()));
 }
 
 // Beside the folder that it becomes; gone at the end unless it has become that.
 class TemporaryFolder {
  public:
   explicit TemporaryFolder(const std::filesystem::path& target) {
-    static std::atomic<unsigned> serial{0};
+    removeAbandonedTemporaryFiles(target.parent_path());
     do {
-      path_ = target.parent_path() / (".tmp-" + std::to_string(serial++));
+      path_ = temporaryName(target.parent_path());
     } while (!std::filesystem::create_directory(path_, error_) && !error_);
   }
   TemporaryFolder(const TemporaryFolder&) = delete;
@@ -54,7 +53,7 @@ Status createFolderWith(const std::filesystem::path& named, const std::vector<st
   const fs::path folder = named.has_filename() ? named : named.parent_path();
   std::error_code error;
   if (fs::is_directory(folder, error)) return {};
-  if (fs::exists(folder, error)) return Failure{pathText(folder), kFileInTheWay};
+  if (fs::exists(folder, error)) return fileFailure(folder, FailureKind::kFileInTheWay);
   TemporaryFolder made(folder);
   if (made.error()) return failureOf(folder, made.error());
   Status outcome;
@@ -65,7 +64,10 @@ Status createFolderWith(const std::filesystem::path& named, const std::vector<st
       continue;
     }
     const Status copied = writeFileAtomically(made.path() / file.filename(), content.value());
-    if (!copied.ok()) return Failure{pathText(folder / file.filename()), copied.failure().reason};
+    if (copied.ok()) continue;
+    Failure refused = copied.failure();
+    refused.place = pathText(folder / file.filename());  // not the folder that is about to go
+    return refused;
   }
   const std::error_code refused = made.become(folder);
   const bool isThere = !refused || fs::is_directory(folder, error);  // another program may have been faster
