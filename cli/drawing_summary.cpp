@@ -76,7 +76,7 @@ std::vector<std::wstring> summaryLines(const DrawingSummary& summary) {
   const cad::DrawingFacts& facts = summary.facts;
   std::vector<std::wstring> lines;
   lines.push_back(row(L"version", base::fromUtf8(facts.versionCode) + L" (" + releaseName(facts.version) +
-                                      (facts.binary ? L", binary)" : L", text)")));
+                                      (facts.form.empty() ? L")" : L", " + facts.form + L")")));
   lines.push_back(row(L"code page",
                       std::to_wstring(facts.codePage) +
                           (facts.codePageName.empty() ? std::wstring(L" (none declared)")

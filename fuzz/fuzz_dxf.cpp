@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "embedded/drawing/dim_variable_table.h"
 #include "embedded/dxf/loader.h"
 #include "fuzz/saved_bytes.h"
 #include "fuzz/share.h"
@@ -19,7 +20,7 @@ void readAll(cad::Drawing& drawing) {
     drawing.real(id, cad::Property::kTextHeight);
     drawing.text(id, cad::Property::kTextString);
     drawing.name(id, cad::Property::kLayer);
-    drawing.dimVariable(id, 41);
+    drawing.dimVariable(id, cad::dimRow("DIMASZ"));
   }
 }
 

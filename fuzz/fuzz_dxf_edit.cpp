@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "base/fold.h"
+#include "embedded/drawing/dim_variable_table.h"
 #include "embedded/dxf/file_facts.h"
 #include "embedded/dxf/group_cursor.h"
 #include "embedded/dxf/loader.h"
@@ -154,7 +155,7 @@ class Edit {
       require(twin < again.recordCount());
       const cad::RecordKind kind = drawing_.record(id).kind;
       if (mayChange_[id].empty()) {  // the next free handle, the number of a table's records
-        require(!changed || kind == cad::RecordKind::kSection || kind == cad::RecordKind::kTableHead);
+        require(!changed || kind == cad::RecordKind::kFrame || kind == cad::RecordKind::kTable);
       } else {
         require(without(before, dialect, mayChange_[id]) ==
                 without(bytesOf(again, saved, twin), dialect, mayChange_[id]));
@@ -196,7 +197,9 @@ void changeVariables(Drawing& drawing) {
   for (RecordId id = 0; id < drawing.recordCount(); ++id) {
     const cad::RecordKind kind = drawing.record(id).kind;
     if (kind != cad::RecordKind::kEntity && drawing.record(id).table != cad::Table::kDimStyle) continue;
-    if (drawing.setDimVariable(id, 41, 3.0).ok()) require(drawing.dimVariable(id, 41) == cad::Variable(3.0));
+    constexpr const cad::DimVariableInfo& kArrowSize = cad::dimRow("DIMASZ");
+    if (drawing.setDimVariable(id, kArrowSize, 3.0).ok())
+      require(drawing.dimVariable(id, kArrowSize) == cad::Variable(3.0));
   }
   if (drawing.setHeaderVariable("DIMASZ", 7.5).ok())
     require(drawing.headerVariable("DIMASZ") == cad::Variable(7.5));

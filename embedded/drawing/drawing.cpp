@@ -16,9 +16,7 @@ Drawing::Drawing(std::unique_ptr<RecordStorage> storage, LoadedRecords loaded)
     : storage_(std::move(storage)),
       records_(std::move(loaded.records)),
       signatures_(std::move(loaded.signatures)),
-      names_(std::move(loaded.names)),
-      frame_(loaded.frame),
-      header_(loaded.frame.sectionBegin[static_cast<std::size_t>(Section::kHeader)]) {
+      names_(std::move(loaded.names)) {
   buildTables();
   for (Record& record : records_) {
     if (record.owner == LoadedRecords::kInModelSpace) record.owner = modelSpace_;
@@ -31,7 +29,7 @@ Drawing::Drawing(std::unique_ptr<RecordStorage> storage, LoadedRecords loaded)
 Drawing::~Drawing() = default;
 
 base::Status Drawing::save(const std::filesystem::path& target) {
-  base::Status status = storage_->save(target, records_, added_);
+  base::Status status = storage_->save(target, records_);
   if (!status) return status;
   path_ = target;
   modified_ = false;
@@ -75,8 +73,8 @@ void Drawing::setState(RecordId id, EditId edits, SignatureId signature, std::ui
   const bool member = record.kind == RecordKind::kTableRecord || record.kind == RecordKind::kBlockBegin;
   const bool wasErased = record.erased();
   const bool named = member && !wasErased && tables_[static_cast<std::size_t>(record.table)].fresh();
-  const NameId before = named ? tableName(id) : kNoName;
-  if (!renaming_ && (record.signature != 0 || (record.flags & Record::kLayerNames) != 0)) layerUses_.reset();
+  const NameId before = named ? recordName(id) : kNoName;
+  if (record.signature != 0 || (record.flags & Record::kMarked) != 0) ++entityRevision_;
   if (counted) count(record, -1);
   record.edits = edits;
   record.signature = signature;
@@ -84,7 +82,9 @@ void Drawing::setState(RecordId id, EditId edits, SignatureId signature, std::ui
   if (counted) count(record, 1);
   modified_ = true;
   ++revision_;
-  if (member) memberChanged(id, before, wasErased);
+  if (!member) return;
+  recordNames_.erase(id);
+  memberChanged(id, before, wasErased);
 }
 
 // Brings the index of a table up to date with one of its records; `before` is the name it had there.
@@ -96,7 +96,7 @@ void Drawing::memberChanged(RecordId id, NameId before, bool wasErased) {
   const auto folded = [&](NameId name) { return name == kNoName ? std::wstring() : names_.folded(name); };
   if (wasErased) return members.invalidate();
   if (record.erased()) return members.remove(id, folded(before));
-  const NameId after = tableName(id);
+  const NameId after = recordName(id);
   if (after == before) return;
   const std::wstring from = folded(before), to = folded(after);
   if (from != to) members.rename(id, from, to);
@@ -109,7 +109,7 @@ void Drawing::setEdits(RecordId id, EditId edits) {
   Record state = record;
   state.edits = edits;
   const SignatureId signature =
-      record.signature == 0 ? 0 : signatures_.intern(storage_->readSignature(state, names_));
+      record.signature == 0 ? 0 : signatures_.intern(storage_->readSignature(*this, state));
   setState(id, edits, signature, record.flags);
 }
 
@@ -154,22 +154,13 @@ void Drawing::undoOne() {
       return setState(entry.record, entry.edits, entry.signature, entry.flags);
     case JournalEntry::Kind::kMaterialised:
       records_[entry.record].length = 0;
-      added_.pop_back();
-      return setState(entry.record, entry.edits, entry.signature, entry.flags);
-    case JournalEntry::Kind::kAdded: {
+      setState(entry.record, entry.edits, entry.signature, entry.flags);
+      return storage_->takeBack(entry.record);
+    case JournalEntry::Kind::kAdded:
       // The record's number stays taken; nobody finds it any more.
       setState(entry.record, kNoEdit, records_[entry.record].signature,
                records_[entry.record].flags | Record::kErased);
-      added_.pop_back();
-      if (entry.record == header_) header_ = kNoRecord;
-      for (auto* slots : {&frame_.sectionBegin, &frame_.sectionEnd}) {
-        std::ranges::replace(*slots, entry.record, kNoRecord);
-      }
-      for (auto* slots : {&frame_.tableHead, &frame_.tableEnd}) {
-        std::ranges::replace(*slots, entry.record, kNoRecord);
-      }
-      return;
-    }
+      return storage_->takeBack(entry.record);
     default:
       return;
   }

@@ -1,5 +1,5 @@
 #pragma once
-// A drawing in memory: its records in file order, the few properties that selection needs held ready,
+// A drawing in memory: its records, the few properties that selection needs held ready,
 // everything else read from a record when somebody asks. Every change goes through a setter here, is
 // journalled, and changes that property in the record and nothing else.
 
@@ -30,26 +30,12 @@
 
 namespace cad {
 
-// Where the sections and tables of the file stand; kNoRecord for those that it does not have.
-struct FileFrame {
-  static constexpr std::size_t kSections = static_cast<std::size_t>(Section::kObjects) + 1;
-  static constexpr std::size_t kTables = static_cast<std::size_t>(Table::kBlockRecord) + 1;
-  FileFrame() {
-    sectionBegin.fill(kNoRecord), sectionEnd.fill(kNoRecord);
-    tableHead.fill(kNoRecord), tableEnd.fill(kNoRecord);
-  }
-  std::array<RecordId, kSections> sectionBegin, sectionEnd;
-  std::array<RecordId, kTables> tableHead, tableEnd;
-  RecordId endOfFile = kNoRecord;
-};
-
 // What a file format found in its one pass over the file.
 struct LoadedRecords {
-  std::vector<Record> records;  // in file order; the owner of the entities of model space and the active
+  std::vector<Record> records;  // as they were found; the owner of the entities of model space and the active
                                 // paper space is one of the two below
   SignatureTable signatures;
   NamePool names;
-  FileFrame frame;
   static constexpr RecordId kInModelSpace = 0xFFFFFFFD, kInPaperSpace = 0xFFFFFFFC;
 };
 
@@ -62,7 +48,8 @@ class Drawing {
 
   // --- The file -------------------------------------------------------------------------------
   const DrawingFacts& facts() const { return storage_->facts(); }
-  const std::filesystem::path& path() const { return path_; }  // empty: never saved
+  std::wstring_view format() const { return storage_->format(); }  // of the file: three letters
+  const std::filesystem::path& path() const { return path_; }      // empty: never saved
   void setPath(std::filesystem::path path) { path_ = std::move(path); }
   // Atomic. An unchanged drawing is written byte for byte as it was read. Clears the modified state and
   // makes `target` the drawing's path; on failure neither changes and no file is left.
@@ -85,20 +72,23 @@ class Drawing {
   // Layer, linetype, style, block or dimension-style name. Entities always have a layer ("0") and a
   // linetype ("ByLayer"), texts always a style ("Standard"); kNoName where the property does not apply.
   NameId name(RecordId id, Property property) const;
+  // The record of that name; kNoRecord when the drawing has none.
+  RecordId reference(RecordId id, Property property) const;
   Geometry geometry(RecordId entity) const;  // nothing for types that are not drawn
 
   // Refused: a value outside the property's limits, a property that this type of record or this drawing
   // version cannot hold. Setting the value that is already there changes nothing and is no modification.
   base::Status setReal(RecordId id, Property property, double value);
   base::Status setInteger(RecordId id, Property property, std::int64_t value);
+  // A text may also be the name of the record that is referred to; it is refused when there is none.
   base::Status setText(RecordId id, Property property, std::wstring_view value);
-  base::Status setName(RecordId id, Property property, NameId value);
+  base::Status setReference(RecordId id, Property property, RecordId value);
 
   // --- Dimension variables: overrides of a dimension or leader, values of a dimension style -------
-  // `code` is the variable's group number in the host's reference (40 DIMSCALE, 41 DIMASZ, ...).
-  std::optional<Variable> dimVariable(RecordId id, int code) const;
-  base::Status setDimVariable(RecordId id, int code, const Variable& value);
-  base::Status removeDimOverride(RecordId id, int code);
+  // `variable` is its row in the table of dimension variables.
+  std::optional<Variable> dimVariable(RecordId id, const DimVariableInfo& variable) const;
+  base::Status setDimVariable(RecordId id, const DimVariableInfo& variable, const Variable& value);
+  base::Status removeDimOverride(RecordId id, const DimVariableInfo& variable);
 
   // --- Drawing variables (kept in the drawing's header): name without the dollar sign, upper-case ---
   std::optional<Variable> headerVariable(std::string_view name) const;
@@ -114,13 +104,16 @@ class Drawing {
   RecordId find(Table table, NameId name) const;                  // cached per name
   RecordId findStored(Table table, std::string_view name) const;  // by its bytes in the file; cached as well
   const std::vector<RecordId>& tableRecords(Table table) const;   // in table order, without erased ones
+  // What a table's record is called; the blocks of the spaces go by one name, however the file spells it.
+  NameId recordName(RecordId id) const;
   base::Result<RecordId> addTableRecord(Table table, std::wstring_view name);
   // The pattern of a linetype record: at most 12 dashes, with texts and shapes from R13 on.
   base::Status setDashes(RecordId linetype, std::span<const Dash> dashes);
+  std::vector<Dash> dashes(RecordId linetype) const;
   // The text style record, without a name, that stands for a file of shapes; made when there is none.
   base::Result<RecordId> shapeFile(std::wstring_view file);
   bool isShapeFile(RecordId style) const;
-  // Renames a layer record and every reference to it by name (entities, extended data, current layer).
+  // What refers to the layer follows it: entities, extended data, the current layer.
   base::Status renameLayer(RecordId layer, std::wstring_view newName);
   bool isLayerLocked(NameId layer) const;  // cached until a layer record changes
 
@@ -135,15 +128,15 @@ class Drawing {
   RecordId blockOf(RecordId entity) const;
   // Sub-records of an INSERT with attributes or of an old-style POLYLINE, the sequence end included.
   std::span<const RecordId> subRecordsOf(RecordId entity) const;
+  Point basePoint(RecordId block) const;  // of model space: that of a reference to the whole drawing
   base::Result<RecordId> defineBlock(std::wstring_view name, std::span<const Shape> shapes);
   // Copies the model space of `source` as the block `name`, with the layers, linetypes, styles and nested
-  // blocks it needs; an existing block of that name gets the new content (references stay).
+  // blocks it needs; an existing block of that name gets the new content (references stay). From a drawing
+  // of another format: what both know of it (see TypedBlockCopy).
   base::Result<RecordId> defineBlock(std::wstring_view name, const Drawing& source);
   // The block's definitions of attributes that vary from reference to reference, in their order.
   std::vector<RecordId> attributeDefinitionsOf(RecordId block) const;
-  // `attributes`: a value for each of these definitions; without any the reference has no attributes.
-  base::Result<RecordId> addInsert(RecordId space, std::wstring_view blockName, Point at, double scale,
-                                   double rotationDegrees, std::span<const std::wstring> attributes = {});
+  base::Result<RecordId> addInsert(RecordId space, const NewInsert& insert);
   base::Status setErased(RecordId id, bool erased);
   RecordId lastEntity() const;  // the newest entity of model or paper space that is not erased
 
@@ -168,18 +161,18 @@ class Drawing {
   bool canHold(RecordId id, Property property) const;
   // Puts the record into another state; journalled, and everything derived from the record follows.
   void setEdits(RecordId id, EditId edits);
-  RecordId insertRecord(NewRecord record);  // journalled
-  // Gives an implied record its own bytes in the file; journalled. Others are left as they are.
+  // A property's value as it is, without the checks of the setters above.
+  base::Status setStored(RecordId id, Property property, const StoredValue& value);
+  // Where entities hold no names: what is known of those of the layer `from` is brought to its new name.
+  void layerRenamed(NameId from, NameId to);
+  // Grows with every change of an entity, and of a record that the storage has marked.
+  std::uint64_t entityRevision() const { return entityRevision_; }
+  // A record that the storage has made, its offset and length set: a new one, or what the implied record
+  // `implied` of the list gets. Journalled.
+  RecordId enter(Record record, RecordId implied = kNoRecord);
+  // Gives an implied record its own place in the file; journalled. Others are left as they are.
   base::Status materialise(RecordId id);
-  // A free handle; the header's next free handle follows. Files without handles: absent.
-  std::optional<Handle> takeHandle();
-  // Records that new ones are placed before; the table or section is made when the file has none.
-  base::Result<RecordId> endOfTable(Table table);        // ENDTAB
-  base::Result<RecordId> endOfSection(Section section);  // ENDSEC
-  RecordId endOfBlock(
-      RecordId block) const;  // ENDBLK; model space and the active paper space: see endOfSection
-  RecordId headerRecord() const { return header_; }  // the HEADER section; kNoRecord when there is none
-  RecordId tableHead(Table table) const;             // TABLE; kNoRecord when the file has none
+  RecordId endOfBlock(RecordId block) const;  // of the kind kBlockEnd; kNoRecord when the file has none
 
   // Changes made while it lives are one step of undo (part of the open group when there is one).
   class ChangeScope {
@@ -205,20 +198,17 @@ class Drawing {
   void addImpliedRecords();
   void addImplied(Table table, std::wstring_view name);
   RecordId addImpliedBlock(std::wstring_view name);
-  NameId tableName(RecordId id) const;
   RecordId append(Record record);
+  RecordId enterNew(Record record);
+  RecordId enterImplied(const Record& made, RecordId id);
   base::Status checkValue(RecordId id, Property property, double value) const;
-  base::Status checkKnown(Property property, NameId value) const;
-  base::Status requireAppId(RecordId id, Property property);
-  base::Status setStored(RecordId id, Property property, const StoredValue& value);
+  NameId nameInFile(RecordId id) const;
+  NameId nameOf(const StoredValue& value) const;  // of a name or a reference
   SignatureId signatureWith(const Record& record, Property property, const StoredValue& value);
   void setState(RecordId id, EditId edits, SignatureId signature, std::uint8_t flags);
   void count(const Record& record, int difference);
   void memberChanged(RecordId id, NameId before, bool wasErased);
   void eraseOne(RecordId id, bool erased);
-  base::Status renameReferences(NameId from, std::wstring_view to);
-  std::vector<RecordId> takeLayerUses(const std::wstring& folded);
-  base::Result<RecordId> makeTable(Table table);
   void undoOne();
 
   std::unique_ptr<RecordStorage> storage_;
@@ -227,30 +217,23 @@ class Drawing {
   SignatureTable signatures_;
   struct SignatureStep {  // where a change of one property led from a signature
     Property property = Property::kCount;
-    StoredValue value;
+    std::int64_t value = 0;  // a NameId, or the colour
     SignatureId to = 0;
   };
   std::vector<SignatureStep> lastSteps_;  // by signature: the latest
   mutable NamePool names_;
-  FileFrame frame_;
-  RecordId header_ = kNoRecord;
   RecordId modelSpace_ = kNoRecord, paperSpace_ = kNoRecord;
   UndoJournal journal_;
   bool modified_ = false;
-  std::uint64_t revision_ = 0;
-  std::vector<Placement> added_;
+  std::uint64_t revision_ = 0, entityRevision_ = 0;
   std::unordered_map<RecordId, NameId> impliedNames_;
   std::vector<std::uint32_t> spaceCounts_;  // by signature: live entities of the layout spaces
   mutable std::array<TableIndex, kTables> tables_;
-  // By folded layer name: the records that name it. Valid until something else than a renaming changes one.
-  std::unique_ptr<std::unordered_map<std::wstring, std::vector<RecordId>>> layerUses_;
-  bool renaming_ = false;
-  mutable std::vector<signed char> locked_;  // by layer name; -1: not asked
+  mutable std::unordered_map<RecordId, NameId> recordNames_;  // as far as they have been asked for
+  mutable std::vector<signed char> locked_;                   // by layer name; -1: not asked
   mutable std::unique_ptr<BlockLists> blockLists_;
   mutable std::unique_ptr<std::vector<RecordId>> subRecords_;
   mutable std::unique_ptr<std::unordered_map<Handle, RecordId>> handles_;
-  Handle nextHandle_ = 0;                          // 0: not yet known
-  std::optional<std::pair<EditId, Handle>> seed_;  // the header's next free handle in one of its states
 };
 
 }  // namespace cad

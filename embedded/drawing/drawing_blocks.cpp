@@ -62,6 +62,14 @@ std::span<const RecordId> Drawing::subRecordsOf(RecordId entity) const {
   return {begin, end};
 }
 
+RecordId Drawing::endOfBlock(RecordId block) const {
+  for (std::size_t i = block + std::size_t{1}; i < records_.size(); ++i) {
+    if (records_[i].kind == RecordKind::kBlockEnd && records_[i].owner == block)
+      return static_cast<RecordId>(i);
+  }
+  return kNoRecord;
+}
+
 void Drawing::eraseOne(RecordId id, bool erased) {
   const Record& record = records_[id];
   if (record.erased() == erased) return;

@@ -5,10 +5,10 @@
 
 #include "base/fold.h"
 #include "embedded/drawing/drawing.h"
+#include "embedded/drawing/references.h"
 #include "embedded/drawing/stored_text.h"
 
 namespace cad {
-namespace {
 
 Table tableNamedBy(Property property) {
   switch (property) {
@@ -28,6 +28,8 @@ Table tableNamedBy(Property property) {
       return Table::kNone;
   }
 }
+
+namespace {
 
 std::wstring wide(std::string_view text) { return std::wstring(text.begin(), text.end()); }
 
@@ -76,9 +78,19 @@ NameId Drawing::name(RecordId id, Property property) const {
     if (property == Property::kLinetype) return entity ? signature.linetype : kNoName;
     if (property == Property::kTextStyle) return signature.style;
   }
-  const StoredValue value = storage_->property(record, property);
+  return nameOf(storage_->property(record, property));
+}
+
+NameId Drawing::nameOf(const StoredValue& value) const {
+  if (const auto* reference = std::get_if<Reference>(&value))
+    return reference->record == kNoRecord ? kNoName : recordName(reference->record);
   const auto* stored = std::get_if<std::string>(&value);
   return stored == nullptr ? kNoName : names_.intern(std::string_view(*stored));
+}
+
+RecordId Drawing::reference(RecordId id, Property property) const {
+  const Table table = tableNamedBy(property);
+  return table == Table::kNone ? kNoRecord : find(table, name(id, property));
 }
 
 bool Drawing::canHold(RecordId id, Property property) const {
@@ -98,12 +110,6 @@ base::Status Drawing::checkValue(RecordId, Property property, double value) cons
   return base::Failure{{}, L"The " + wide(info.name) + L" is out of its limits"};
 }
 
-base::Status Drawing::checkKnown(Property property, NameId value) const {
-  const Table table = tableNamedBy(property);
-  if (table == Table::kNone || find(table, value) != kNoRecord) return {};
-  return base::Failure{names_.text(value), L"The drawing has no such " + wide(propertyInfo(property).name)};
-}
-
 base::Status Drawing::setReal(RecordId id, Property property, double value) {
   if (const base::Status status = checkValue(id, property, value); !status) return status;
   if (real(id, property) == value) return {};
@@ -117,28 +123,26 @@ base::Status Drawing::setInteger(RecordId id, Property property, std::int64_t va
 }
 
 base::Status Drawing::setText(RecordId id, Property property, std::wstring_view value) {
-  if (propertyInfo(property).type == PropertyType::kName) return setName(id, property, names_.intern(value));
+  if (const Table table = tableNamedBy(property); table != Table::kNone) {
+    const RecordId named = find(table, value);
+    if (named != kNoRecord) return setReference(id, property, named);
+    return base::Failure{std::wstring(value),
+                         L"The drawing has no such " + wide(propertyInfo(property).name)};
+  }
   if (const auto present = text(id, property); present && *present == value) return {};
   return setStored(id, property, encodeStored(value, facts().codePage));
 }
 
-base::Status Drawing::setName(RecordId id, Property property, NameId value) {
-  const NameId present = name(id, property);
-  if (present == value) return {};
-  const bool same = present != kNoName && names_.folded(present) == names_.folded(value);
-  if (same && property != Property::kName) return {};
-  if (const base::Status status = checkKnown(property, value); !status) return status;
-  return setStored(id, property, std::string(names_.stored(value)));
-}
-
-base::Status Drawing::requireAppId(RecordId id, Property property) {
-  const bool transparency =
-      property == Property::kTransparency && records_[id].kind == RecordKind::kTableRecord;
-  if (!transparency && property != Property::kTypeface) return {};
-  const std::wstring_view application = transparency ? L"AcCmTransparency" : L"ACAD";
-  if (find(Table::kAppId, application) != kNoRecord) return {};
-  const auto made = addTableRecord(Table::kAppId, application);
-  return made ? base::Status() : base::Status(made.failure());
+base::Status Drawing::setReference(RecordId id, Property property, RecordId value) {
+  const Table table = tableNamedBy(property);
+  if (table == Table::kNone || value >= records_.size() || records_[value].table != table ||
+      records_[value].erased()) {
+    return base::Failure{{}, L"This is no record for the " + wide(propertyInfo(property).name)};
+  }
+  const NameId present = name(id, property), wanted = recordName(value);
+  if (present == wanted) return {};
+  if (present != kNoName && names_.folded(present) == names_.folded(wanted)) return {};
+  return setStored(id, property, Reference{value});
 }
 
 base::Status Drawing::setStored(RecordId id, Property property, const StoredValue& value) {
@@ -151,12 +155,9 @@ base::Status Drawing::setStored(RecordId id, Property property, const StoredValu
     return status;
   }
   const Record record = records_[id];
-  const auto state = storage_->setProperty(record, property, value);
+  const auto state = storage_->setProperty(*this, record, property, value);
   if (!state) return state.failure();
   if (state.value() == record.edits) return {};
-  if (property == Property::kTransparency || property == Property::kTypeface) {
-    if (const base::Status status = requireAppId(id, property); !status) return status;
-  }
   journal_.add({id, record.edits, record.signature, JournalEntry::Kind::kState, record.flags});
   setState(id, state.value(), signatureWith(record, property, value), record.flags);
   return {};
@@ -170,17 +171,18 @@ SignatureId Drawing::signatureWith(const Record& record, Property property, cons
   // Entities that are alike mostly get the same change one after another.
   if (from >= lastSteps_.size()) lastSteps_.resize(signatures_.all().size());
   SignatureStep& step = lastSteps_[from];
-  if (step.to != 0 && step.property == property && step.value == value) return step.to;
+  const std::int64_t next = named ? nameOf(value) : std::get<std::int64_t>(value);
+  if (step.to != 0 && step.property == property && step.value == next) return step.to;
   Signature signature = signatures_[from];
   if (named) {
-    const NameId name = names_.intern(std::string_view(std::get<std::string>(value)));
+    const auto name = static_cast<NameId>(next);
     (property == Property::kLayer      ? signature.layer
      : property == Property::kLinetype ? signature.linetype
                                        : signature.style) = name;
   } else {
-    signature.color = static_cast<std::int16_t>(std::get<std::int64_t>(value));
+    signature.color = static_cast<std::int16_t>(next);
   }
-  step = {property, value, signatures_.intern(signature)};
+  step = {property, next, signatures_.intern(signature)};
   return step.to;
 }
 

@@ -2,7 +2,6 @@
 
 #include "base/fold.h"
 #include "embedded/drawing/drawing.h"
-#include "embedded/drawing/stored_text.h"
 
 namespace cad {
 namespace {
@@ -23,7 +22,7 @@ void Drawing::buildTables() {
     if (record.kind == RecordKind::kTableRecord) tables_[index(record.table)].add(id);
     if (record.kind != RecordKind::kBlockBegin) continue;
     tables_[index(Table::kBlock)].add(id);
-    const NameId name = tableName(id);
+    const NameId name = nameInFile(id);
     if (name == kNoName) continue;
     const std::wstring& folded = names_.folded(name);
     const bool model = isSpaceName(folded, L"MODEL_SPACE"), paper = isSpaceName(folded, L"PAPER_SPACE");
@@ -75,7 +74,13 @@ RecordId Drawing::append(Record record) {
   return static_cast<RecordId>(records_.size() - 1);
 }
 
-NameId Drawing::tableName(RecordId id) const {
+NameId Drawing::recordName(RecordId id) const {
+  const auto [known, isNew] = recordNames_.try_emplace(id, kNoName);
+  if (isNew) known->second = nameInFile(id);
+  return known->second;
+}
+
+NameId Drawing::nameInFile(RecordId id) const {
   const auto implied = impliedNames_.find(id);
   const std::uint8_t flags = records_[id].flags;
   if (implied != impliedNames_.end() && (flags & Record::kAdded) == 0) return implied->second;
@@ -91,7 +96,7 @@ const TableIndex& Drawing::table(Table table) const {
   index.beginRefresh();
   for (const RecordId id : index.members()) {
     if (records_[id].erased()) continue;
-    const NameId name = tableName(id);
+    const NameId name = recordName(id);
     index.put(id, name == kNoName ? std::wstring() : names_.folded(name));
   }
   index.endRefresh();
@@ -130,7 +135,7 @@ bool Drawing::isLayerLocked(NameId layer) const {
 
 base::Status Drawing::renameLayer(RecordId layer, std::wstring_view newName) {
   const RecordId other = find(Table::kLayer, newName);
-  const NameId from = tableName(layer);
+  const NameId from = recordName(layer);
   if (newName.empty() || records_[layer].table != Table::kLayer || from == kNoName) {
     return base::Failure{std::wstring(newName), L"This is no name for a layer"};
   }
@@ -141,56 +146,25 @@ base::Status Drawing::renameLayer(RecordId layer, std::wstring_view newName) {
   if (names_.text(from) == newName) return {};
   ChangeScope scope(*this);
   base::Status status = materialise(layer);
-  if (status) status = setName(layer, Property::kName, names_.intern(newName));
-  if (status) status = renameReferences(from, newName);
+  if (status) status = storage_->renameLayer(*this, layer, newName);
   if (!status) scope.rollBack();
   return status;
 }
 
-// The records that name the layer, which the caller renames. All layers are looked up at once, because those
-// who rename one mostly rename more.
-std::vector<RecordId> Drawing::takeLayerUses(const std::wstring& folded) {
-  if (!layerUses_) {
-    layerUses_ = std::make_unique<std::unordered_map<std::wstring, std::vector<RecordId>>>();
-    for (RecordId id = 0; id < records_.size(); ++id) {
-      const Record& record = records_[id];
-      const NameId layer = record.signature == 0 ? kNoName : signatures_[record.signature].layer;
-      if (layer != kNoName) (*layerUses_)[names_.folded(layer)].push_back(id);
-      if ((record.flags & Record::kLayerNames) == 0) continue;
-      for (const std::wstring& name : storage_->layersInExtendedData(record))
-        (*layerUses_)[name].push_back(id);
-    }
-  }
-  const auto found = layerUses_->extract(folded);
-  return found.empty() ? std::vector<RecordId>() : std::move(found.mapped());
-}
-
-base::Status Drawing::renameReferences(NameId from, std::wstring_view to) {
-  const std::string stored = encodeStored(to, facts().codePage);
+void Drawing::layerRenamed(NameId from, NameId to) {
   const std::wstring old = names_.folded(from);
-  const std::vector<RecordId> uses = takeLayerUses(old);
-  renaming_ = true;
-  base::Status status;
-  for (const RecordId id : uses) {
+  std::unordered_map<SignatureId, SignatureId> renamed;
+  for (RecordId id = 0; id < records_.size(); ++id) {
     const Record& record = records_[id];
-    const NameId layer = record.signature == 0 ? kNoName : signatures_[record.signature].layer;
-    if (layer != kNoName && names_.folded(layer) == old) status = setStored(id, Property::kLayer, stored);
-    if (!status) break;
-    if ((record.flags & Record::kLayerNames) != 0) {
-      setEdits(id, storage_->renameLayerInExtendedData(records_[id], names_, from, stored));
-    }
+    if (record.signature == 0) continue;
+    Signature signature = signatures_[record.signature];
+    if (signature.layer == kNoName || names_.folded(signature.layer) != old) continue;
+    signature.layer = to;
+    const auto [known, isNew] = renamed.try_emplace(record.signature);
+    if (isNew) known->second = signatures_.intern(signature);
+    journal_.add({id, record.edits, record.signature, JournalEntry::Kind::kState, record.flags});
+    setState(id, record.edits, known->second, record.flags);
   }
-  renaming_ = false;
-  if (!status) {
-    layerUses_.reset();
-    return status;
-  }
-  std::vector<RecordId>& moved = (*layerUses_)[base::upper(to)];
-  moved.insert(moved.end(), uses.begin(), uses.end());
-  const auto current = headerVariable("CLAYER");
-  const auto* currentName = current ? std::get_if<std::wstring>(&*current) : nullptr;
-  if (currentName == nullptr || base::upper(*currentName) != old) return {};
-  return setHeaderVariable("CLAYER", std::wstring(to));
 }
 
 }  // namespace cad

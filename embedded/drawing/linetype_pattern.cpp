@@ -25,6 +25,11 @@ base::Status Drawing::setDashes(RecordId linetype, std::span<const Dash> dashes)
   return {};
 }
 
+std::vector<Dash> Drawing::dashes(RecordId linetype) const {
+  if (records_[linetype].implied()) return {};
+  return storage_->dashes(*this, linetype);
+}
+
 bool Drawing::isShapeFile(RecordId style) const {
   constexpr std::int64_t kShapes = 1;
   return (integer(style, Property::kStandardFlags).value_or(0) & kShapes) != 0;
@@ -36,12 +41,13 @@ base::Result<RecordId> Drawing::shapeFile(std::wstring_view file) {
     if (named && isShapeFile(style)) return style;
   }
   ChangeScope scope(*this);
-  base::Result<NewRecord> built = storage_->buildTableRecord(*this, Table::kTextStyle, L"");
-  if (!built.ok()) {
+  const base::Result<RecordId> made =
+      storage_->add(*this, {RecordKind::kTableRecord, Table::kTextStyle, kNoRecord, L""});
+  if (!made.ok()) {
     scope.rollBack();
-    return built.failure();
+    return made.failure();
   }
-  const RecordId style = insertRecord(std::move(built.value()));
+  const RecordId style = made.value();
   base::Status status = setInteger(style, Property::kStandardFlags, 1);
   if (status) status = setText(style, Property::kFontFile, file);
   if (status) return style;

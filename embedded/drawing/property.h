@@ -1,7 +1,7 @@
 #pragma once
 // The typed properties of drawing objects: what the host interface sees of a record, whatever the file
 // format. Each is declared once, in the table behind propertyInfo(); a file format adds its own place
-// for each (see embedded/dxf).
+// for each.
 
 #include <cstdint>
 #include <string_view>

@@ -1,5 +1,5 @@
 #pragma once
-// A record: one object of the drawing as it stands in the file.
+// A record: one object of the drawing as its file holds it.
 
 #include <cstdint>
 
@@ -13,15 +13,15 @@ using SignatureId = std::uint32_t;
 using Handle = std::uint64_t;
 
 enum class RecordKind : std::uint8_t {
-  kOther,      // kept as it came
-  kSection,    // SECTION, ENDSEC, EOF, the header
-  kTableHead,  // TABLE, ENDTAB
+  kOther,  // kept as it came
+  kFrame,  // what the file consists of besides its objects: the storage's own
+  kTable,  // a table itself, without its records
   kTableRecord,
   kBlockBegin,
   kBlockEnd,
   kEntity,     // a main entity
   kSubEntity,  // VERTEX, ATTRIB, SEQEND
-  kObject,     // OBJECTS section
+  kObject,     // neither drawn nor in a table
 };
 
 enum class Table : std::uint8_t {
@@ -36,11 +36,11 @@ enum class Table : std::uint8_t {
   kUcs,
   kViewport,
   kBlockRecord
-};  // kBlock: BLOCK records; kBlockRecord: their table entries (R13 and newer)
+};  // kBlock: the definitions; kBlockRecord: their table entries, in files that have both
 
 struct Record {
-  std::uint64_t offset = 0;    // where its stored bytes begin (see RecordStorage)
-  std::uint32_t length = 0;    // bytes
+  std::uint64_t offset = 0;    // where the storage has what was read or added
+  std::uint32_t length = 0;    // of it, where it is bytes
   std::uint32_t edits = 0;     // newest edit, 0 = untouched
   SignatureId signature = 0;   // entities
   RecordId owner = kNoRecord;  // entity: its block; sub-entity: its main entity
@@ -50,7 +50,7 @@ struct Record {
 
   static constexpr std::uint8_t kErased = 1, kAdded = 2, kImplied = 4;
   static constexpr std::uint8_t kLayoutSpace = 8;  // block: model space or a paper space
-  static constexpr std::uint8_t kLayerNames = 16;  // its extended data names layers
+  static constexpr std::uint8_t kMarked = 16;      // by the storage, for its own use
   static constexpr std::uint8_t kStraying = 32;  // what every entity has may stand among its type's own data
   bool erased() const { return (flags & kErased) != 0; }
   bool implied() const { return (flags & (kImplied | kAdded)) == kImplied; }  // has no bytes of its own

@@ -1,6 +1,6 @@
 #pragma once
-// What a file format does for the drawing: it holds the records' bytes and knows where each typed
-// property stands in them.
+// What a file format does for the drawing: it holds what the records consist of and knows where each typed
+// property stands in it.
 
 #include <cstdint>
 #include <filesystem>
@@ -18,23 +18,12 @@
 #include "embedded/drawing/property.h"
 #include "embedded/drawing/record.h"
 #include "embedded/drawing/shapes.h"
+#include "embedded/drawing/version.h"
 
 namespace cad {
 
 class Drawing;
-
-enum class Version : std::uint8_t {
-  kR12,
-  kR13,
-  kR14,
-  kR2000,
-  kR2004,
-  kR2007,
-  kR2010,
-  kR2013,
-  kR2018,
-  kUnknown
-};
+struct DimVariableInfo;
 
 struct DrawingFacts {
   Version version = Version::kR12;
@@ -42,8 +31,8 @@ struct DrawingFacts {
   base::CodePage codePage = 1252;
   std::string codePageName;   // as declared, "ANSI_932"; empty: none declared
   bool codePageKnown = true;  // false: the declared name is not one that we know; 1252 is used
-  bool binary = false;
-  std::wstring warning;  // what is wrong with the file although it could be read; mostly empty
+  std::wstring form;          // of a format with several: "text", "binary"
+  std::wstring warning;       // what is wrong with the file although it could be read; mostly empty
 
   // Texts and shapes stand in the patterns of linetypes.
   bool linetypesHoldSymbols() const { return version >= Version::kR13; }
@@ -56,28 +45,45 @@ using Variable = std::variant<std::int64_t, double, std::wstring>;
 using EditId = std::uint32_t;
 inline constexpr EditId kNoEdit = 0;  // the record as it was read or added
 
-// A property's value in a record; names and texts as their stored bytes. monostate: the record has none.
-using StoredValue = std::variant<std::monostate, std::int64_t, double, std::string>;
+// A record that another refers to.
+struct Reference {
+  RecordId record = kNoRecord;
+  bool operator==(const Reference&) const = default;
+};
 
-// A record to be added; it will stand directly before the record `before`, after others added there.
+// A property's value in a record; names and texts as their stored bytes. A reference to a record of a table
+// is set as such; a storage whose records hold the name instead gives it as bytes. monostate: none.
+using StoredValue = std::variant<std::monostate, std::int64_t, double, std::string, Reference>;
+
+// What a new block begins with.
+struct BlockHead {
+  Point base;
+  bool hasAttributes = false;  // it holds attribute definitions
+};
+
+// A reference to be made. `attributes`: a value for each of the block's definitions that vary; without any
+// the reference has no attributes.
+struct NewInsert {
+  RecordId block = kNoRecord;
+  Point at;
+  double scale = 1, rotation = 0;  // degrees
+  std::span<const std::wstring> attributes{};
+};
+
+// A record to be made.
 struct NewRecord {
   RecordKind kind = RecordKind::kOther;
   Table table = Table::kNone;
-  RecordId before = kNoRecord;
-  RecordId owner = kNoRecord;  // entity: its block; sub-entity: its main entity
-  std::string bytes;           // in the format of the drawing's file
+  RecordId owner = kNoRecord;    // entity: its block; sub-entity: its main entity
+  std::wstring_view name;        // only the text style of a shape file has none
+  RecordId implied = kNoRecord;  // the drawing's list has it already, without anything in the file
 };
-
-struct Placement {
-  RecordId record = kNoRecord;
-  RecordId before = kNoRecord;
-};
-
-enum class Section : std::uint8_t { kHeader, kTables, kBlocks, kEntities, kObjects };
 
 class RecordStorage {
  public:
   virtual ~RecordStorage() = default;
+  // What people call the format, three letters: it is also the extension of its files.
+  virtual std::wstring_view format() const = 0;
   virtual const DrawingFacts& facts() const = 0;
 
   virtual std::string_view typeName(const Record& record) const = 0;
@@ -86,48 +92,44 @@ class RecordStorage {
   // Whether records of this type have the property and the file's version can hold it.
   virtual bool canHold(const Record& record, Property property) const = 0;
   virtual Geometry readGeometry(const Drawing& drawing, RecordId entity) const = 0;
-  // The record's state with the property changed; Record::edits itself when nothing is different.
-  virtual base::Result<EditId> setProperty(const Record& record, Property property,
+  // The record's state with the property changed; Record::edits itself when nothing is different. What the
+  // property needs elsewhere in the drawing is made.
+  virtual base::Result<EditId> setProperty(Drawing& drawing, const Record& record, Property property,
                                            const StoredValue& value) = 0;
-  // The record's state with every reference by name to the layer replaced in its extended data.
-  virtual EditId renameLayerInExtendedData(const Record& record, const NamePool& names, NameId from,
-                                           std::string_view to) = 0;
-  // The layers that the record's extended data names, folded, each once.
-  virtual std::vector<std::wstring> layersInExtendedData(const Record& record) const = 0;
-  // Sets the signature's fields from the record's present state.
-  virtual Signature readSignature(const Record& record, NamePool& names) const = 0;
+  // Names the layer anew, in its record and wherever the file refers to it by name.
+  virtual base::Status renameLayer(Drawing& drawing, RecordId layer, std::wstring_view newName) = 0;
+  // From the state that `record` gives; its names are interned in the drawing.
+  virtual Signature readSignature(Drawing& drawing, const Record& record) const = 0;
 
-  // Keeps the bytes of an added record: fills in offset and length, clears edits, marks it kAdded.
-  virtual void keep(Record& record, std::string bytes) = 0;
-  // Bytes of the records that frame a section (SECTION, ENDSEC) or a table (TABLE, ENDTAB).
-  virtual std::string sectionBytes(Section section, bool end) const = 0;
-  virtual std::string tableBytes(Table table, std::optional<Handle> handle, bool end) const = 0;
-  // The header record's state with the next free handle raised to `seed`.
-  virtual EditId raiseHandleSeed(const Record& header, Handle seed) = 0;
-  virtual Handle handleSeed(const Record& header) const = 0;  // 0 when the header has none
-
-  // Writes the drawing: `records` in file order (erased ones left out, those added at the end of the list
-  // where `added` places them, in that order). Atomic.
-  virtual base::Status save(const std::filesystem::path& target, std::span<const Record> records,
-                            std::span<const Placement> added) const = 0;
+  // Writes the drawing: `records` without the erased ones. Atomic.
+  virtual base::Status save(const std::filesystem::path& target, std::span<const Record> records) const = 0;
 
   // --- New records and variables (the drawing's methods of the same names describe them) -------------
-  // The bytes and the place of a new table record. Makes the table when the file has none. Only the text
-  // style of a shape file has an empty name.
-  virtual base::Result<NewRecord> buildTableRecord(Drawing& drawing, Table table, std::wstring_view name) = 0;
+  // Makes a table record where the format wants it, with a handle where records have one, and gives it to
+  // Drawing::enter(), as it does with everything else that it has to add.
+  virtual base::Result<RecordId> add(Drawing& drawing, const NewRecord& record) = 0;
+  // The newest record that entered the drawing is taken back: it has no place and nothing to hold any more.
+  virtual void takeBack(RecordId record) = 0;
   // The linetype's state with this pattern in place of its own.
   virtual base::Result<EditId> setDashes(const Drawing& drawing, const Record& linetype,
                                          std::span<const Dash> dashes) = 0;
-  virtual base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name,
+  virtual std::vector<Dash> dashes(const Drawing& drawing, RecordId linetype) const = 0;
+  virtual base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name, const BlockHead& head,
                                              std::span<const Shape> shapes) = 0;
-  virtual base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name,
-                                             const Drawing& source) = 0;
-  virtual base::Result<RecordId> addInsert(Drawing& drawing, RecordId space, std::wstring_view blockName,
-                                           Point at, double scale, double rotationDegrees,
-                                           std::span<const std::wstring> attributes) = 0;
-  virtual std::optional<Variable> dimVariable(const Drawing& drawing, RecordId id, int code) const = 0;
-  virtual base::Status setDimVariable(Drawing& drawing, RecordId id, int code, const Variable& value) = 0;
-  virtual base::Status removeDimOverride(Drawing& drawing, RecordId id, int code) = 0;
+  // Model space of `source` as a block, exact in everything. Absent when `source` is of another format: the
+  // drawing then copies what it knows of it.
+  virtual std::optional<base::Result<RecordId>> copyBlock(Drawing& drawing, std::wstring_view name,
+                                                          const Drawing& source) = 0;
+  virtual Point basePoint(const Drawing& drawing, RecordId block) const = 0;
+  // An entity at the end of a block that is no space, on layer 0, everything else by its layer.
+  virtual base::Result<RecordId> addEntity(Drawing& drawing, RecordId block, std::string_view type,
+                                           const Geometry& geometry) = 0;
+  virtual base::Result<RecordId> addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) = 0;
+  virtual std::optional<Variable> dimVariable(const Drawing& drawing, RecordId id,
+                                              const DimVariableInfo& variable) const = 0;
+  virtual base::Status setDimVariable(Drawing& drawing, RecordId id, const DimVariableInfo& variable,
+                                      const Variable& value) = 0;
+  virtual base::Status removeDimOverride(Drawing& drawing, RecordId id, const DimVariableInfo& variable) = 0;
   virtual std::optional<Variable> headerVariable(const Drawing& drawing, std::string_view name) const = 0;
   virtual base::Status setHeaderVariable(Drawing& drawing, std::string_view name, const Variable& value) = 0;
 };

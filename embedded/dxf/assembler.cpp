@@ -21,8 +21,6 @@ Table tableOf(std::string_view type) {
   return Table::kNone;
 }
 
-std::size_t index(Table table) { return static_cast<std::size_t>(table); }
-
 void setOnce(RecordId& slot, RecordId id) {
   if (slot == kNoRecord) slot = id;
 }
@@ -80,7 +78,7 @@ bool Assembler::close(std::uint64_t end) {
         record_.kind == RecordKind::kEntity && record_.owner == LoadedRecords::kInModelSpace;
     if (ownedByModelSpace && reader_.inPaperSpace(dialect_)) record_.owner = LoadedRecords::kInPaperSpace;
   }
-  if (layerNames_) record_.flags |= Record::kLayerNames;
+  if (layerNames_) record_.flags |= Record::kMarked;
   loaded_.records.push_back(record_);
   return true;
 }
@@ -93,13 +91,13 @@ void Assembler::finish(std::uint64_t end, std::uint64_t size) {
   record_ = Record{};
   record_.offset = end;
   record_.length = static_cast<std::uint32_t>(std::min(size - end, kLongestRecord));
-  record_.kind = RecordKind::kSection;
-  loaded_.frame.endOfFile = static_cast<RecordId>(loaded_.records.size());
+  record_.kind = RecordKind::kFrame;
+  frame_.endOfFile = static_cast<RecordId>(loaded_.records.size());
   loaded_.records.push_back(record_);
 }
 
 bool Assembler::isWholeWithoutEnd() const {
-  return sectionEnded_ && loaded_.frame.sectionEnd[static_cast<std::size_t>(Section::kEntities)] != kNoRecord;
+  return sectionEnded_ && frame_.sectionEnd[index(Section::kEntities)] != kNoRecord;
 }
 
 void Assembler::classify(std::string_view type) {
@@ -127,15 +125,15 @@ void Assembler::classifyFrame(std::string_view type) {
                                                             {Place::kEntities, Section::kEntities},
                                                             {Place::kObjects, Section::kObjects}};
   const auto id = static_cast<RecordId>(loaded_.records.size());
-  record_.kind = RecordKind::kSection;
+  record_.kind = RecordKind::kFrame;
   main_ = block_ = kNoRecord;
   if (type == "SECTION") {
     named_ = false;
   } else if (type == "EOF") {
-    loaded_.frame.endOfFile = id;
+    frame_.endOfFile = id;
   } else {
     for (const auto& [place, section] : kSections) {
-      if (place == place_) setOnce(loaded_.frame.sectionEnd[static_cast<std::size_t>(section)], id);
+      if (place == place_) setOnce(frame_.sectionEnd[index(section)], id);
     }
   }
   place_ = Place::kOutside;
@@ -149,33 +147,29 @@ void Assembler::name(std::string_view value) {
                                                                   {"OBJECTS", Place::kObjects}};
   value = trimmed(value);
   const auto id = static_cast<RecordId>(loaded_.records.size());
-  if (record_.kind == RecordKind::kTableHead) {
+  if (record_.kind == RecordKind::kTable) {
     const Table table = tableOf(value);
-    record_.table = table;
-    if (table != Table::kNone) setOnce(loaded_.frame.tableHead[index(table)], id);
+    record_.table = table_ = table;
+    if (table != Table::kNone) setOnce(frame_.tableHead[index(table)], id);
     return;
   }
   place_ = Place::kUnknown;
   for (std::size_t i = 0; i < std::size(kNames); ++i) {
     if (!equalNoCase(kNames[i].first, value)) continue;
     place_ = kNames[i].second;
-    setOnce(loaded_.frame.sectionBegin[i], id);
+    setOnce(frame_.sectionBegin[i], id);
   }
 }
 
 void Assembler::classifyTable(std::string_view type) {
   if (type == "TABLE" || type == "ENDTAB") {
-    record_.kind = RecordKind::kTableHead;
-    named_ = type == "ENDTAB";
-    if (type == "TABLE") return;
-    // The table that ends is the one whose head came last.
-    for (auto at = loaded_.records.rbegin(); at != loaded_.records.rend(); ++at) {
-      if (at->kind != RecordKind::kTableHead) continue;
-      if (at->table != Table::kNone) {
-        setOnce(loaded_.frame.tableEnd[index(at->table)], static_cast<RecordId>(loaded_.records.size()));
-      }
-      return;
+    const bool begins = type == "TABLE";
+    record_.kind = begins ? RecordKind::kTable : RecordKind::kFrame;
+    named_ = !begins;
+    if (!begins && table_ != Table::kNone) {
+      setOnce(frame_.tableEnd[index(table_)], static_cast<RecordId>(loaded_.records.size()));
     }
+    table_ = Table::kNone;
     return;
   }
   record_.table = tableOf(type);

@@ -7,6 +7,7 @@
 
 #include "embedded/drawing/drawing.h"
 #include "embedded/dxf/dialect.h"
+#include "embedded/dxf/file_frame.h"
 #include "embedded/dxf/signature_reader.h"
 
 namespace cad::dxf {
@@ -36,6 +37,7 @@ class Assembler {
   bool isWholeWithoutEnd() const;
   const wchar_t* failure() const { return failure_; }  // null: none
   LoadedRecords take() { return std::move(loaded_); }
+  const FileFrame& frame() const { return frame_; }
 
  private:
   enum class Place : std::uint8_t { kOutside, kHeader, kTables, kBlocks, kEntities, kObjects, kUnknown };
@@ -52,11 +54,13 @@ class Assembler {
 
   const Dialect& dialect_;
   LoadedRecords loaded_;
+  FileFrame frame_;
   SignatureReader reader_;
   Record record_;
   bool open_ = false, entity_ = false, named_ = true, layerNames_ = false, sawEnd_ = false;
   bool sectionEnded_ = false;
   Place place_ = Place::kOutside;
+  Table table_ = Table::kNone;  // whose head came last, until it ends
   RecordId block_ = kNoRecord, main_ = kNoRecord;
   bool mainIsInsert_ = false;
   std::string upperType_;

@@ -55,7 +55,7 @@ class AttributeWriter {
 
   void begin(RecordBuilder& builder, std::string_view type) {
     builder.stored(0, type);
-    if (const std::optional<Handle> handle = drawing_.takeHandle()) builder.handle(5, *handle);
+    if (const std::optional<Handle> handle = storage_.takeHandle(drawing_)) builder.handle(5, *handle);
     if (owner_ && writesOwners(drawing_, storage_)) builder.handle(330, *owner_);
   }
 
@@ -117,8 +117,8 @@ class AttributeWriter {
   }
 
   void keep(RecordBuilder& builder) {
-    drawing_.insertRecord(
-        {RecordKind::kSubEntity, Table::kNone, reference_.before, reference_.record, builder.take()});
+    storage_.insert(drawing_, {RecordKind::kSubEntity, Table::kNone, reference_.before, reference_.record,
+                               builder.take()});
   }
 
   Drawing& drawing_;

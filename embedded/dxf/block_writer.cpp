@@ -24,11 +24,11 @@ RecordBuilder BlockWriter::beginSub(std::string_view type, std::optional<Handle>
 }
 
 RecordId BlockWriter::addEntity(RecordBuilder& builder) {
-  return drawing_.insertRecord({RecordKind::kEntity, Table::kNone, before_, block_, builder.take()});
+  return storage_.insert(drawing_, {RecordKind::kEntity, Table::kNone, before_, block_, builder.take()});
 }
 
 RecordId BlockWriter::addSub(RecordId main, RecordBuilder& builder) {
-  return drawing_.insertRecord({RecordKind::kSubEntity, Table::kNone, before_, main, builder.take()});
+  return storage_.insert(drawing_, {RecordKind::kSubEntity, Table::kNone, before_, main, builder.take()});
 }
 
 base::Status BlockWriter::open(std::wstring_view name, const BlockHead& head) {
@@ -36,6 +36,12 @@ base::Status BlockWriter::open(std::wstring_view name, const BlockHead& head) {
   if (block_ == kNoRecord) return openNew(name, head);
   if (drawing_.isLayoutSpace(block_)) return failure(name, L"A layout cannot be redefined");
   return empty(head);
+}
+
+void BlockWriter::resume(RecordId block) {
+  block_ = block;
+  owner_ = ownerHandleOf(drawing_, block);
+  before_ = drawing_.endOfBlock(block);
 }
 
 base::Status BlockWriter::openNew(std::wstring_view name, const BlockHead& head) {
@@ -47,18 +53,18 @@ base::Status BlockWriter::openNew(std::wstring_view name, const BlockHead& head)
     if (!entry.ok()) return entry.failure();
     owner_ = drawing_.handle(entry.value());
   }
-  const base::Result<RecordId> end = drawing_.endOfSection(Section::kBlocks);
+  const base::Result<RecordId> end = storage_.endOfSection(drawing_, Section::kBlocks);
   if (!end.ok()) return end.failure();
   before_ = end.value();
   std::optional<Handle> handle;
-  if (storage_.facts().version >= Version::kR13) handle = drawing_.takeHandle();
+  if (storage_.facts().version >= Version::kR13) handle = takeHandle();
   RecordBuilder builder = begin("BLOCK", handle);
   const bool anonymous = name.front() == L'*';
   builder.stored(8, "0").subclass("AcDbBlockBegin").text(2, name);
   builder.integer(70, (anonymous ? kAnonymous : 0) | (head.hasAttributes ? kHasAttributes : 0));
   builder.point(10, head.base).text(3, name).stored(1, {});
   block_ =
-      drawing_.insertRecord({RecordKind::kBlockBegin, Table::kBlock, before_, kNoRecord, builder.take()});
+      storage_.insert(drawing_, {RecordKind::kBlockBegin, Table::kBlock, before_, kNoRecord, builder.take()});
   return {};
 }
 
@@ -105,10 +111,10 @@ void BlockWriter::setInteger(int code, std::int64_t value) {
 base::Result<RecordId> BlockWriter::close() {
   if (!isNew_) return block_;
   std::optional<Handle> handle;
-  if (storage_.facts().version >= Version::kR13) handle = drawing_.takeHandle();
+  if (storage_.facts().version >= Version::kR13) handle = takeHandle();
   RecordBuilder builder = begin("ENDBLK", handle);
   builder.stored(8, "0").subclass("AcDbBlockEnd");
-  drawing_.insertRecord({RecordKind::kBlockEnd, Table::kNone, before_, block_, builder.take()});
+  storage_.insert(drawing_, {RecordKind::kBlockEnd, Table::kNone, before_, block_, builder.take()});
   return block_;
 }
 

@@ -10,11 +10,6 @@
 
 namespace cad::dxf {
 
-struct BlockHead {
-  Point base;
-  bool hasAttributes = false;  // it holds attribute definitions
-};
-
 class BlockWriter {
  public:
   BlockWriter(Drawing& drawing, DxfStorage& storage) : drawing_(drawing), storage_(storage) {}
@@ -22,10 +17,13 @@ class BlockWriter {
   // Refused: a layout space, an external reference. What was done before a failure is for the caller's
   // change scope to take back.
   base::Status open(std::wstring_view name, const BlockHead& head);
+  // Goes on behind what a block has.
+  void resume(RecordId block);
   // Groups 0, 5, 330 and the first subclass of an entity of the block.
   RecordBuilder begin(std::string_view type, std::optional<Handle> handle) const;
   RecordBuilder beginSub(std::string_view type, std::optional<Handle> handle,
                          std::optional<Handle> main) const;
+  std::optional<Handle> takeHandle() { return storage_.takeHandle(drawing_); }
   RecordId addEntity(RecordBuilder& builder);
   RecordId addSub(RecordId main, RecordBuilder& builder);
   base::Result<RecordId> close();  // the block

@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "base/fold.h"
-#include "embedded/drawing/dim_variable_table.h"
 #include "embedded/dxf/dim_overrides.h"
+#include "embedded/dxf/dim_variable_groups.h"
 #include "embedded/dxf/record_builder.h"
 #include "embedded/dxf/record_tools.h"
 #include "embedded/support/arrow_blocks.h"
@@ -25,11 +25,12 @@ bool takesOverrides(std::string_view type) {
 // could be named at all.
 bool namedByHandle(const DimVariableInfo& info, Version version) {
   if (!info.isName()) return false;
-  return info.groups.old == 0 || version >= Version::kR2000;
+  return groupsOf(info).old == 0 || version >= Version::kR2000;
 }
 
 int numberIn(const DimVariableInfo& info, Version version) {
-  return info.groups.old != 0 && version < Version::kR2000 ? info.groups.old : info.groups.number;
+  const DimGroups& groups = groupsOf(info);
+  return groups.old != 0 && version < Version::kR2000 ? groups.old : groups.number;
 }
 
 std::wstring nameOf(const Drawing& drawing, RecordId id) {
@@ -147,16 +148,16 @@ const Group* findInStyle(const RecordGroups& groups, const DimVariableInfo& info
   std::size_t first = 0;
   for (std::size_t i = 0; i < groups.plainCount(); ++i)
     if (groups.all()[i].code == 100) first = i;
-  int awaited = info.groups.number == 70 ? 2 : 1;
+  int awaited = groupsOf(info).number == 70 ? 2 : 1;
   for (std::size_t i = first; i < groups.plainCount(); ++i)
     if (groups.all()[i].code == code && --awaited == 0) return &groups.all()[i];
   return nullptr;
 }
 
 const DimOverride* findPair(const DimOverrides& overrides, const DimVariableInfo& info) {
+  const DimGroups& groups = groupsOf(info);
   for (const DimOverride& pair : overrides.pairs)
-    if (pair.number == info.groups.number || (info.groups.old != 0 && pair.number == info.groups.old))
-      return &pair;
+    if (pair.number == groups.number || (groups.old != 0 && pair.number == groups.old)) return &pair;
   return nullptr;
 }
 
@@ -200,13 +201,6 @@ base::Result<Change> overrideChange(Drawing& drawing, DxfStorage& storage, Recor
   return Change{place, place, list.take()};
 }
 
-base::Status requireAcadApp(Drawing& drawing) {
-  const RecordId app = drawing.find(Table::kAppId, std::wstring_view(L"ACAD"));
-  if (app != kNoRecord) return drawing.materialise(app);
-  const base::Result<RecordId> added = drawing.addTableRecord(Table::kAppId, L"ACAD");
-  return added.ok() ? base::Status() : base::Status(added.failure());
-}
-
 bool sameValue(const DimVariableInfo& info, const std::optional<Variable>& present, const Variable& value) {
   if (!present) return false;
   const auto* a = std::get_if<std::wstring>(&*present);
@@ -219,38 +213,38 @@ std::wstring variableName(const DimVariableInfo& info) { return {info.name.begin
 
 }  // namespace
 
-std::optional<Variable> DxfStorage::dimVariable(const Drawing& drawing, RecordId id, int code) const {
-  const DimVariableInfo* info = findDimVariable(code);
-  if (info == nullptr) return std::nullopt;
+std::optional<Variable> DxfStorage::dimVariable(const Drawing& drawing, RecordId id,
+                                                const DimVariableInfo& info) const {
+  if (groupsOf(info).number == 0) return std::nullopt;
   const Record& record = drawing.record(id);
   if (!isStyle(record) && !takesOverrides(typeName(record))) return std::nullopt;
   const RecordGroups groups(*this, record);
   if (isStyle(record)) {
-    const Group* group = findInStyle(groups, *info, facts_.version);
-    return group != nullptr ? readValue(drawing, *this, *info, *group) : std::nullopt;
+    const Group* group = findInStyle(groups, info, facts_.version);
+    return group != nullptr ? readValue(drawing, *this, info, *group) : std::nullopt;
   }
   const DimOverrides overrides = readDimOverrides(groups, *this);
-  const DimOverride* pair = findPair(overrides, *info);
-  return pair != nullptr ? readValue(drawing, *this, *info, *pair->value) : std::nullopt;
+  const DimOverride* pair = findPair(overrides, info);
+  return pair != nullptr ? readValue(drawing, *this, info, *pair->value) : std::nullopt;
 }
 
-base::Status DxfStorage::setDimVariable(Drawing& drawing, RecordId id, int code, const Variable& value) {
-  const DimVariableInfo* info = findDimVariable(code);
-  if (info == nullptr)
-    return failure(std::to_wstring(code), L"There is no dimension variable of this number");
-  if (!info->existsIn(facts_.version))
-    return failure(variableName(*info), L"The drawing's version does not have this variable");
+base::Status DxfStorage::setDimVariable(Drawing& drawing, RecordId id, const DimVariableInfo& info,
+                                        const Variable& value) {
+  if (groupsOf(info).number == 0)
+    return failure(variableName(info), L"This variable belongs to the drawing as a whole");
+  if (!info.existsIn(facts_.version))
+    return failure(variableName(info), L"The drawing's version does not have this variable");
   const bool style = isStyle(drawing.record(id));
   if (!style && !takesOverrides(typeName(drawing.record(id))))
-    return failure(variableName(*info), L"This object has no dimension variables");
-  if (sameValue(*info, dimVariable(drawing, id, code), value)) return {};
+    return failure(variableName(info), L"This object has no dimension variables");
+  if (sameValue(info, dimVariable(drawing, id, info), value)) return {};
 
   Drawing::ChangeScope scope(drawing);
   base::Status status = drawing.materialise(id);
-  if (status.ok() && !style) status = requireAcadApp(drawing);
+  if (status.ok() && !style) status = requireApplication(drawing, L"ACAD");
   if (status.ok()) {
-    const base::Result<Change> change = style ? styleChange(drawing, *this, id, *info, value)
-                                              : overrideChange(drawing, *this, id, *info, value);
+    const base::Result<Change> change = style ? styleChange(drawing, *this, id, info, value)
+                                              : overrideChange(drawing, *this, id, info, value);
     if (change.ok()) {
       apply(drawing, *this, id, change.value());
       return {};
@@ -261,14 +255,13 @@ base::Status DxfStorage::setDimVariable(Drawing& drawing, RecordId id, int code,
   return status;
 }
 
-base::Status DxfStorage::removeDimOverride(Drawing& drawing, RecordId id, int code) {
-  const DimVariableInfo* info = findDimVariable(code);
-  if (info == nullptr || isStyle(drawing.record(id))) return failure({}, L"This is no override");
+base::Status DxfStorage::removeDimOverride(Drawing& drawing, RecordId id, const DimVariableInfo& info) {
+  if (groupsOf(info).number == 0 || isStyle(drawing.record(id))) return failure({}, L"This is no override");
   Change change;
   {
     const RecordGroups groups(*this, drawing.record(id));
     const DimOverrides overrides = readDimOverrides(groups, *this);
-    const DimOverride* pair = findPair(overrides, *info);
+    const DimOverride* pair = findPair(overrides, info);
     if (pair == nullptr) return {};
     change = {pair->begin, pair->end, {}};
     if (overrides.pairs.size() == 1) {

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 #include <utility>
-#include <vector>
 
-#include "base/fold.h"
+#include "embedded/drawing/drawing.h"
 #include "embedded/drawing/stored_text.h"
 #include "embedded/dxf/group_cursor.h"
 #include "embedded/dxf/group_writer.h"
@@ -12,8 +11,13 @@
 
 namespace cad::dxf {
 
-DxfStorage::DxfStorage(std::unique_ptr<SourceBytes> source, const Dialect& dialect, DrawingFacts facts)
-    : source_(std::move(source)), file_(source_->view()), dialect_(dialect), facts_(std::move(facts)) {}
+DxfStorage::DxfStorage(std::unique_ptr<SourceBytes> source, const Dialect& dialect, DrawingFacts facts,
+                       const FileFrame& frame)
+    : source_(std::move(source)),
+      file_(source_->view()),
+      dialect_(dialect),
+      facts_(std::move(facts)),
+      frame_(frame) {}
 
 std::string_view DxfStorage::original(const Record& record) const {
   if ((record.flags & Record::kAdded) != 0) return edits_.text(static_cast<TextId>(record.offset));
@@ -73,7 +77,7 @@ std::string_view DxfStorage::typeName(const Record& record) const {
 }
 
 std::optional<Handle> DxfStorage::handle(const Record& record) const {
-  if (record.kind == RecordKind::kSection || record.kind == RecordKind::kOther) return std::nullopt;
+  if (record.kind == RecordKind::kFrame || record.kind == RecordKind::kOther) return std::nullopt;
   // In a dimension style group 5 is an arrow block's name.
   const int code = record.table == Table::kDimStyle && record.kind == RecordKind::kTableRecord ? 105 : 5;
   RegionCursor cursor(original(record), dialect_);
@@ -85,57 +89,14 @@ std::optional<Handle> DxfStorage::handle(const Record& record) const {
   return std::nullopt;
 }
 
-Signature DxfStorage::readSignature(const Record& record, NamePool& names) const {
+Signature DxfStorage::readSignature(Drawing& drawing, const Record& record) const {
   std::string scratch;
   GroupCursor cursor(bytes(record, scratch), dialect_);
   if (!cursor.next()) return {};
   SignatureReader reader;
   reader.begin(typeName(record));
   while (cursor.next()) reader.group(cursor.group().code, cursor.group().value);
-  return reader.finish(names, dialect_);
-}
-
-void DxfStorage::keep(Record& record, std::string bytes) {
-  record.length = static_cast<std::uint32_t>(bytes.size());
-  record.offset = edits_.keepRecord(std::move(bytes));
-  record.edits = kNoEdit;
-  record.flags |= Record::kAdded;
-}
-
-std::vector<std::wstring> DxfStorage::layersInExtendedData(const Record& record) const {
-  std::string scratch;
-  std::vector<std::wstring> layers;
-  GroupCursor cursor(bytes(record, scratch), dialect_);
-  while (cursor.next()) {
-    if (cursor.group().code == 1003) layers.push_back(base::upper(decode(trimmed(cursor.group().value))));
-  }
-  std::ranges::sort(layers);
-  layers.erase(std::unique(layers.begin(), layers.end()), layers.end());
-  return layers;
-}
-
-EditId DxfStorage::renameLayerInExtendedData(const Record& record, const NamePool& names, NameId from,
-                                             std::string_view to) {
-  std::string scratch;
-  const std::string_view stored = bytes(record, scratch);
-  const std::wstring& old = names.folded(from);
-  std::vector<Group> found;
-  GroupCursor cursor(stored, dialect_);
-  while (cursor.next()) {
-    const Group& group = cursor.group();
-    if (group.code != 1003 || group.value == to) continue;
-    if (base::upper(decode(trimmed(group.value))) == old) found.push_back(group);
-  }
-  if (found.empty()) return record.edits;
-  if (found.size() == 1) return withValue(record, found.front(), to);
-  std::string renamed;
-  std::size_t done = 0;
-  for (const Group& group : found) {
-    renamed.append(stored.substr(done, group.valueBegin - done)).append(to);
-    done = group.valueBegin + group.value.size();
-  }
-  renamed.append(stored.substr(done));
-  return edits_.addWhole(record.edits, std::move(renamed));
+  return reader.finish(drawing.names(), dialect_);
 }
 
 Handle DxfStorage::handleSeed(const Record& header) const {

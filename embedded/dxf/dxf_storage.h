@@ -3,15 +3,19 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
+#include "embedded/drawing/source_bytes.h"
 #include "embedded/drawing/storage.h"
 #include "embedded/dxf/dialect.h"
 #include "embedded/dxf/edit_store.h"
+#include "embedded/dxf/file_frame.h"
 #include "embedded/dxf/property_places.h"
-#include "embedded/dxf/source_bytes.h"
 
 namespace cad::dxf {
 
@@ -22,9 +26,20 @@ struct Splice {
   std::string_view bytes;
 };
 
+// A new record; it will stand directly before the record `before`, after others added there.
+struct PlacedRecord {
+  RecordKind kind = RecordKind::kOther;
+  Table table = Table::kNone;
+  RecordId before = kNoRecord;
+  RecordId owner = kNoRecord;
+  std::string bytes{};
+  RecordId implied = kNoRecord;  // see NewRecord
+};
+
 class DxfStorage final : public RecordStorage {
  public:
-  DxfStorage(std::unique_ptr<SourceBytes> source, const Dialect& dialect, DrawingFacts facts);
+  DxfStorage(std::unique_ptr<SourceBytes> source, const Dialect& dialect, DrawingFacts facts,
+             const FileFrame& frame);
 
   // --- Bytes ------------------------------------------------------------------------------------------
   const Dialect& dialect() const { return dialect_; }
@@ -37,44 +52,56 @@ class DxfStorage final : public RecordStorage {
   std::wstring decode(std::string_view stored) const;
 
   // --- RecordStorage ------------------------------------------------------------------------------------
+  std::wstring_view format() const override { return L"DXF"; }
   const DrawingFacts& facts() const override { return facts_; }
   std::string_view typeName(const Record& record) const override;
   std::optional<Handle> handle(const Record& record) const override;
   StoredValue property(const Record& record, Property property) const override;
   bool canHold(const Record& record, Property property) const override;
   Geometry readGeometry(const Drawing& drawing, RecordId entity) const override;  // in geometry_reader.cpp
-  base::Result<EditId> setProperty(const Record& record, Property property,
+  base::Result<EditId> setProperty(Drawing& drawing, const Record& record, Property property,
                                    const StoredValue& value) override;
-  EditId renameLayerInExtendedData(const Record& record, const NamePool& names, NameId from,
-                                   std::string_view to) override;
-  std::vector<std::wstring> layersInExtendedData(const Record& record) const override;
-  Signature readSignature(const Record& record, NamePool& names) const override;
-  void keep(Record& record, std::string bytes) override;
-  std::string sectionBytes(Section section, bool end) const override;
-  std::string tableBytes(Table table, std::optional<Handle> handle, bool end) const override;
-  EditId raiseHandleSeed(const Record& header, Handle seed) override;
-  Handle handleSeed(const Record& header) const override;
-  base::Status save(const std::filesystem::path& target, std::span<const Record> records,
-                    std::span<const Placement> added) const override;
+  base::Status renameLayer(Drawing& drawing, RecordId layer,
+                           std::wstring_view newName) override;  // in layer_renaming.cpp
+  Signature readSignature(Drawing& drawing, const Record& record) const override;
+  base::Status save(const std::filesystem::path& target, std::span<const Record> records) const override;
 
-  // In new_records.cpp, linetype_groups.cpp, block_building.cpp, dim_groups.cpp and header_groups.cpp.
-  base::Result<NewRecord> buildTableRecord(Drawing& drawing, Table table, std::wstring_view name) override;
+  // In new_records.cpp, linetype_groups.cpp, block_building.cpp, geometry_writer.cpp, dim_groups.cpp and
+  // header_groups.cpp.
+  base::Result<RecordId> add(Drawing& drawing, const NewRecord& record) override;
+  void takeBack(RecordId record) override;
   base::Result<EditId> setDashes(const Drawing& drawing, const Record& linetype,
                                  std::span<const Dash> dashes) override;
-  base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name,
+  std::vector<Dash> dashes(const Drawing& drawing, RecordId linetype) const override;
+  base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name, const BlockHead& head,
                                      std::span<const Shape> shapes) override;
-  base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name,
-                                     const Drawing& source) override;
-  base::Result<RecordId> addInsert(Drawing& drawing, RecordId space, std::wstring_view blockName, Point at,
-                                   double scale, double rotationDegrees,
-                                   std::span<const std::wstring> attributes) override;
-  std::optional<Variable> dimVariable(const Drawing& drawing, RecordId id, int code) const override;
-  base::Status setDimVariable(Drawing& drawing, RecordId id, int code, const Variable& value) override;
-  base::Status removeDimOverride(Drawing& drawing, RecordId id, int code) override;
+  std::optional<base::Result<RecordId>> copyBlock(Drawing& drawing, std::wstring_view name,
+                                                  const Drawing& source) override;
+  Point basePoint(const Drawing& drawing, RecordId block) const override;
+  base::Result<RecordId> addEntity(Drawing& drawing, RecordId block, std::string_view type,
+                                   const Geometry& geometry) override;
+  base::Result<RecordId> addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) override;
+  std::optional<Variable> dimVariable(const Drawing& drawing, RecordId id,
+                                      const DimVariableInfo& variable) const override;
+  base::Status setDimVariable(Drawing& drawing, RecordId id, const DimVariableInfo& variable,
+                              const Variable& value) override;
+  base::Status removeDimOverride(Drawing& drawing, RecordId id, const DimVariableInfo& variable) override;
   std::optional<Variable> headerVariable(const Drawing& drawing, std::string_view name) const override;
   base::Status setHeaderVariable(Drawing& drawing, std::string_view name, const Variable& value) override;
 
-  // The state with a group's value replaced or, with `at`, a new group's bytes put in. For storages' own use.
+  // --- Places of new records (placement.cpp) ------------------------------------------------------------
+  RecordId insert(Drawing& drawing, PlacedRecord placed);
+  // A free handle; the header's next free handle follows. Files without handles: absent.
+  std::optional<Handle> takeHandle(Drawing& drawing);
+  // ENDTAB or ENDSEC, which new records are placed before; the table or section is made when the file has
+  // none.
+  base::Result<RecordId> endOfTable(Drawing& drawing, Table table);
+  base::Result<RecordId> endOfSection(Drawing& drawing, Section section);
+  RecordId tableHead(Table table) const { return frame_.tableHead[index(table)]; }
+  RecordId headerRecord() const { return frame_.sectionBegin[index(Section::kHeader)]; }
+
+  // --- States of records ----------------------------------------------------------------------------------
+  // The state with a group's value replaced or, with `at`, a new group's bytes put in.
   EditId withValue(const Record& record, const Group& group, std::string_view value);
   EditId withGroups(const Record& record, std::uint32_t at, std::string_view groups);
   EditId withoutGroup(const Record& record, const Group& group);
@@ -87,12 +114,32 @@ class DxfStorage final : public RecordStorage {
   EditId changeValue(const Record& record, const PropertyPlace& place, const Located& located,
                      const StoredValue& value);
   EditId withoutProperty(const Record& record, const PropertyPlace& place);
+  base::Result<EditId> changed(const Record& record, Property property, const StoredValue& value);
+  std::vector<std::wstring> layersInExtendedData(const Record& record) const;  // folded, each once
+  EditId renamedInExtendedData(const Record& record, const std::wstring& from, std::string_view to);
+  std::vector<RecordId> takeLayerUses(const Drawing& drawing, const std::wstring& folded);
+  // The header's state with the next free handle raised to `seed`; and that handle, 0 without one.
+  EditId raiseHandleSeed(const Record& header, Handle seed);
+  Handle handleSeed(const Record& header) const;
+  // What frames a section (SECTION, ENDSEC) or a table (TABLE, ENDTAB).
+  std::string sectionBytes(Section section, bool end) const;
+  std::string tableBytes(Table table, std::optional<Handle> handle, bool end) const;
 
   std::unique_ptr<SourceBytes> source_;
   std::string_view file_;  // its bytes
   Dialect dialect_;
   DrawingFacts facts_;
   EditStore edits_;
+  FileFrame frame_;
+  struct Placement {
+    RecordId record, before;
+  };
+  std::vector<Placement> added_;  // in the order in which they entered the drawing
+  // By folded layer name: the records that name it, as the drawing's entities were at a revision.
+  std::unordered_map<std::wstring, std::vector<RecordId>> layerUses_;
+  std::optional<std::uint64_t> layerUsesAt_;
+  Handle nextHandle_ = 0;                          // 0: not yet known
+  std::optional<std::pair<EditId, Handle>> seed_;  // the header's next free handle in one of its states
   mutable std::set<std::string, std::less<>> upperTypes_;  // of types that the file has in lower case
 };
 

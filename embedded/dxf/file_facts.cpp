@@ -1,7 +1,6 @@
 #include "embedded/dxf/file_facts.h"
 
 #include <string>
-#include <utility>
 
 #include "embedded/dxf/code_page_names.h"
 #include "embedded/dxf/group_cursor.h"
@@ -27,24 +26,9 @@ LineEnd firstLineEnd(std::string_view bytes) {
 
 }  // namespace
 
-Version versionByCode(std::string_view code) {
-  static constexpr std::pair<std::string_view, Version> kCodes[] = {
-      {"AC1012", Version::kR13},   {"AC1014", Version::kR14},   {"AC1015", Version::kR2000},
-      {"AC1018", Version::kR2004}, {"AC1021", Version::kR2007}, {"AC1024", Version::kR2010},
-      {"AC1027", Version::kR2013}, {"AC1032", Version::kR2018}};
-  for (const auto& [known, version] : kCodes) {
-    if (code == known) return version;
-  }
-  if (code.empty() || code < "AC1012" || !code.starts_with("AC1")) return Version::kR12;
-  for (std::size_t i = std::size(kCodes); i-- > 0;) {  // a code between two: the older one's rules
-    if (code < "AC1033" && code > kCodes[i].first) return kCodes[i].second;
-  }
-  return Version::kUnknown;
-}
-
 DrawingFacts readFacts(std::string_view header, const Dialect& dialect, bool byteOrderMark) {
   DrawingFacts facts;
-  facts.binary = dialect.binary;
+  facts.form = dialect.binary ? L"binary" : L"text";
   std::string_view variable;
   GroupCursor cursor(header, dialect);
   while (cursor.next()) {

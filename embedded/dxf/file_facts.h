@@ -12,7 +12,6 @@ namespace cad::dxf {
 inline constexpr std::string_view kBinarySentinel{"AutoCAD Binary DXF\r\n\x1a\0", 22};
 inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-Version versionByCode(std::string_view code);
 // `header` is the HEADER section's record; empty when the file has none.
 DrawingFacts readFacts(std::string_view header, const Dialect& dialect, bool byteOrderMark);
 // By the first groups of a text file; `bytes` begin with its first group.

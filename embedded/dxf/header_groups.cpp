@@ -103,8 +103,8 @@ std::wstring shown(std::string_view name) { return {name.begin(), name.end()}; }
 }  // namespace
 
 std::optional<Point> headerPoint(const Drawing& drawing, const DxfStorage& storage, std::string_view name) {
-  if (drawing.headerRecord() == kNoRecord) return std::nullopt;
-  const RecordGroups groups(storage, drawing.record(drawing.headerRecord()));
+  if (storage.headerRecord() == kNoRecord) return std::nullopt;
+  const RecordGroups groups(storage, drawing.record(storage.headerRecord()));
   const std::vector<HeaderEntry> entries = readEntries(groups);
   const HeaderEntry* entry = findEntry(entries, name);
   if (entry == nullptr || entry->count < 2) return std::nullopt;
@@ -115,8 +115,8 @@ std::optional<Point> headerPoint(const Drawing& drawing, const DxfStorage& stora
 }
 
 std::optional<Variable> DxfStorage::headerVariable(const Drawing& drawing, std::string_view name) const {
-  if (drawing.headerRecord() == kNoRecord) return std::nullopt;
-  const RecordGroups groups(*this, drawing.record(drawing.headerRecord()));
+  if (headerRecord() == kNoRecord) return std::nullopt;
+  const RecordGroups groups(*this, drawing.record(headerRecord()));
   const std::vector<HeaderEntry> entries = readEntries(groups);
   const HeaderEntry* entry = findEntry(entries, name);
   return entry != nullptr ? readValue(*this, *entry) : std::nullopt;
@@ -133,14 +133,14 @@ base::Status DxfStorage::setHeaderVariable(Drawing& drawing, std::string_view na
   if (present && *present == *wanted) return {};
 
   Drawing::ChangeScope scope(drawing);
-  if (drawing.headerRecord() == kNoRecord) {
-    const base::Result<RecordId> end = drawing.endOfSection(Section::kHeader);
-    if (!end.ok() || drawing.headerRecord() == kNoRecord) {
+  if (headerRecord() == kNoRecord) {
+    const base::Result<RecordId> end = endOfSection(drawing, Section::kHeader);
+    if (!end.ok() || headerRecord() == kNoRecord) {
       scope.rollBack();
       return failure(shown(name), L"The drawing has no header and none could be made");
     }
   }
-  const RecordId id = drawing.headerRecord();
+  const RecordId id = headerRecord();
   const Record& record = drawing.record(id);
   const RecordGroups groups(*this, record);
   const std::vector<HeaderEntry> entries = readEntries(groups);

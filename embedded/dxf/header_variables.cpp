@@ -1,6 +1,6 @@
 #include "embedded/dxf/header_variables.h"
 
-#include "embedded/drawing/dim_variable_table.h"
+#include "embedded/dxf/dim_variable_groups.h"
 
 namespace cad::dxf {
 namespace {
@@ -101,7 +101,7 @@ constexpr HeaderVariableInfo kVariables[] = {
 };
 
 int headerCode(const DimVariableInfo& dim) {
-  if (dim.groups.header != 0) return dim.groups.header;
+  if (const int own = groupsOf(dim).header; own != 0) return own;
   switch (dim.type) {
     case DimType::kReal:
       return 40;

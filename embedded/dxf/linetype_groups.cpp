@@ -1,10 +1,10 @@
-#include "embedded/dxf/linetype_groups.h"
+// The pattern in a linetype's record.
 
-#include <algorithm>
 #include <cmath>
 
 #include "embedded/dxf/group_writer.h"
 #include "embedded/dxf/record_builder.h"
+#include "embedded/dxf/record_tools.h"
 
 namespace cad::dxf {
 namespace {
@@ -86,22 +86,23 @@ base::Result<EditId> DxfStorage::setDashes(const Drawing& drawing, const Record&
   return withGroupsFor(linetype, flags->end, end, builder.take());
 }
 
-std::vector<Dash> readDashes(const Drawing& drawing, const DxfStorage& storage, RecordId linetype) {
-  const RecordGroups groups(storage, drawing.record(linetype));
+// A text or shape whose style record cannot be found is left out.
+std::vector<Dash> DxfStorage::dashes(const Drawing& drawing, RecordId linetype) const {
+  const RecordGroups groups(*this, drawing.record(linetype));
   std::vector<Dash> dashes;
   for (const Group& group : groups.all()) {
     if (group.code >= 1000) break;
     if (group.code == 49) {
-      dashes.push_back({realValue(group, storage.dialect()).value_or(0)});
+      dashes.push_back({realValue(group, dialect_).value_or(0)});
     } else if (group.code == 74 && !dashes.empty()) {
-      const std::int64_t flags = integerValue(group, storage.dialect()).value_or(0);
+      const std::int64_t flags = integerValue(group, dialect_).value_or(0);
       if ((flags & (kText | kShape)) == 0) continue;
       const Turn turn = (flags & kAbsolute) != 0  ? Turn::kAbsolute
                         : (flags & kUpright) != 0 ? Turn::kUpright
                                                   : Turn::kWithLine;
       dashes.back().symbol.emplace().turn = turn;
     } else if (!dashes.empty() && dashes.back().symbol) {
-      readSymbolGroup(*dashes.back().symbol, group, drawing, storage);
+      readSymbolGroup(*dashes.back().symbol, group, drawing, *this);
     }
   }
   for (Dash& dash : dashes)

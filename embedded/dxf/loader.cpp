@@ -7,7 +7,6 @@
 #include "embedded/dxf/assembler.h"
 #include "embedded/dxf/dxf_storage.h"
 #include "embedded/dxf/file_facts.h"
-#include "embedded/dxf/foreign_formats.h"
 #include "embedded/dxf/text_lines.h"
 
 namespace cad::dxf {
@@ -88,13 +87,10 @@ std::wstring placeText(std::string_view bytes, std::size_t at, const Dialect& di
   return L"line " + std::to_wstring(lines + 1);
 }
 
-using Loaded = base::Result<std::unique_ptr<Drawing>>;
+}  // namespace
 
-// The drawing takes the source over; a refusal leaves it.
-Loaded assemble(std::unique_ptr<SourceBytes>& source) {
+base::Result<std::unique_ptr<Drawing>> read(std::unique_ptr<SourceBytes>& source) {
   const std::string_view bytes = source->view();
-  if (bytes.empty()) return base::Failure{{}, L"The file is empty"};
-  if (const std::wstring foreign = foreignFormat(bytes); !foreign.empty()) return base::Failure{{}, foreign};
   const bool mark = bytes.starts_with(kByteOrderMark);
   const std::size_t start = prefixLength(bytes);
   const Dialect dialect = fileDialect(bytes.substr(0, std::size_t{1} << 20));
@@ -109,7 +105,7 @@ Loaded assemble(std::unique_ptr<SourceBytes>& source) {
   assembler.finish(broken.at, bytes.size());
   if (assembler.failure() != nullptr) return base::Failure{{}, assembler.failure()};
   LoadedRecords loaded = assembler.take();
-  const RecordId header = loaded.frame.sectionBegin[static_cast<std::size_t>(Section::kHeader)];
+  const RecordId header = assembler.frame().sectionBegin[index(Section::kHeader)];
   std::string_view headerBytes;
   if (header != kNoRecord)
     headerBytes = bytes.substr(loaded.records[header].offset, loaded.records[header].length);
@@ -118,31 +114,13 @@ Loaded assemble(std::unique_ptr<SourceBytes>& source) {
     facts.warning = L"The file has no EOF; its last section is whole, so it was read as it stands";
   }
   loaded.names.setCodePage(facts.codePage);
-  auto storage = std::make_unique<DxfStorage>(std::move(source), dialect, facts);
+  auto storage = std::make_unique<DxfStorage>(std::move(source), dialect, facts, assembler.frame());
   return std::make_unique<Drawing>(std::move(storage), std::move(loaded));
 }
 
-}  // namespace
-
-Loaded load(const std::filesystem::path& path) {
-  auto file = base::MappedFile::open(path);
-  if (!file) return file.failure();
-  auto source = std::make_unique<SourceBytes>(std::move(file.value()));
-  const SourceBytes& bytes = *source;
-  Loaded result = assemble(source);
-  if (base::Status unchanged = bytes.checkUnchanged(); !unchanged) return unchanged.failure();
-  const std::wstring name = base::pathText(path);
-  if (!result) {
-    const base::Failure& failure = result.failure();
-    return base::Failure{failure.place.empty() ? name : name + L", " + failure.place, failure.reason};
-  }
-  result.value()->setPath(path);
-  return result;
-}
-
-Loaded loadBytes(std::string bytes) {
+base::Result<std::unique_ptr<Drawing>> loadBytes(std::string bytes) {
   auto source = std::make_unique<SourceBytes>(std::move(bytes));
-  return assemble(source);
+  return read(source);
 }
 
 }  // namespace cad::dxf

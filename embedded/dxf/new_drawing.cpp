@@ -1,4 +1,4 @@
-// An empty drawing of the 2004 format, in code page 932, with what every drawing has.
+// An empty drawing in code page 932, with what every drawing has.
 
 #include <cstdlib>
 #include <string>
@@ -19,6 +19,8 @@ constexpr Handle kRoot = 0xC, kGroups = 0xD, kModel = 0x1F, kPaper = 0x1B;
 
 class Template {
  public:
+  explicit Template(Version version) : version_(version) {}
+
   std::string build() {
     header();
     tables();
@@ -40,7 +42,7 @@ class Template {
   void header() {
     section("HEADER");
     out_.text(9, "$ACADVER");
-    out_.text(1, "AC1018");
+    out_.text(1, versionCode(version_));
     out_.text(9, "$DWGCODEPAGE");
     out_.text(3, "ANSI_932");
     out_.text(9, "$CLAYER");
@@ -174,14 +176,15 @@ class Template {
     end("ENDSEC");
   }
 
+  Version version_;
   Dialect dialect_;
   GroupWriter out_{dialect_};
 };
 
 }  // namespace
 
-std::unique_ptr<Drawing> newDrawing() {
-  auto made = loadBytes(Template().build());
+std::unique_ptr<Drawing> newDrawing(Version version) {
+  auto made = loadBytes(Template(version).build());
   if (!made) std::abort();  // the bytes above do not depend on anything
   return std::move(made.value());
 }

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "embedded/drawing/dim_variable_table.h"
 #include "embedded/drawing/record_names.h"
+#include "embedded/dxf/dim_variable_groups.h"
 #include "embedded/dxf/group_writer.h"
 #include "embedded/dxf/record_builder.h"
 #include "embedded/dxf/record_tools.h"
@@ -68,8 +68,9 @@ void addDimStyleGroups(const Drawing& drawing, RecordBuilder& builder) {
   // Since 2000 a style lists only what differs from the defaults; before, readers expected every variable.
   if (version < Version::kR2000) {
     for (const DimVariableInfo& info : kDimVariables) {
-      if (info.groups.number == 0 || !info.existsIn(version) || info.type == DimType::kTextStyle) continue;
-      const int code = info.groups.old != 0 ? info.groups.old : info.groups.number;
+      const DimGroups& groups = groupsOf(info);
+      if (groups.number == 0 || !info.existsIn(version) || info.type == DimType::kTextStyle) continue;
+      const int code = groups.old != 0 ? groups.old : groups.number;
       if (info.type == DimType::kReal)
         builder.real(code, info.defaultValue);
       else if (info.isInteger())
@@ -111,22 +112,23 @@ void addOwnGroups(const Drawing& drawing, Table table, RecordBuilder& builder) {
 
 }  // namespace
 
-base::Result<NewRecord> DxfStorage::buildTableRecord(Drawing& drawing, Table table, std::wstring_view name) {
+base::Result<RecordId> DxfStorage::add(Drawing& drawing, const NewRecord& record) {
+  const auto& [kind, table, owner, name, implied] = record;
   const TableForm* form = formOf(table);
   if (form == nullptr || (table == Table::kBlockRecord && facts_.version < Version::kR13))
     return failure(name, L"Records of this table are not made");
   if (const base::Status status = checkName(drawing, table, name); !status.ok()) return status.failure();
-  const base::Result<RecordId> before = drawing.endOfTable(table);
+  const base::Result<RecordId> before = endOfTable(drawing, table);
   if (!before.ok()) return before.failure();
 
   RecordBuilder builder(*this);
   builder.stored(0, form->type);
-  const RecordId head = drawing.tableHead(table);
+  const RecordId head = tableHead(table);
   if (facts_.version >= Version::kR13) {
-    if (const std::optional<Handle> handle = drawing.takeHandle())
+    if (const std::optional<Handle> handle = takeHandle(drawing))
       builder.handle(table == Table::kDimStyle ? 105 : 5, *handle);
-    const std::optional<Handle> owner = drawing.handle(head);
-    if (owner && writesOwners(drawing, *this)) builder.handle(330, *owner);
+    const std::optional<Handle> tableHandle = drawing.handle(head);
+    if (tableHandle && writesOwners(drawing, *this)) builder.handle(330, *tableHandle);
   }
   builder.subclass("AcDbSymbolTableRecord").subclass(form->subclass).text(2, name);
   addOwnGroups(drawing, table, builder);
@@ -138,7 +140,7 @@ base::Result<NewRecord> DxfStorage::buildTableRecord(Drawing& drawing, Table tab
     drawing.setEdits(
         head, replaceValue(*this, headRecord, *count, integerBytes(dialect_, 70, members + 1, count->value)));
   }
-  return NewRecord{RecordKind::kTableRecord, table, before.value(), kNoRecord, builder.take()};
+  return insert(drawing, {kind, table, before.value(), kNoRecord, builder.take(), implied});
 }
 
 }  // namespace cad::dxf

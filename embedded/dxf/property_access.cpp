@@ -5,6 +5,7 @@
 #include "base/fold.h"
 #include "embedded/dxf/dxf_storage.h"
 #include "embedded/dxf/group_writer.h"
+#include "embedded/dxf/record_tools.h"
 #include "embedded/dxf/special_properties.h"
 
 namespace cad::dxf {
@@ -101,8 +102,20 @@ StoredValue DxfStorage::property(const Record& record, Property property) const 
   return readValue(*located.group, propertyInfo(property).type, dialect_);
 }
 
-base::Result<EditId> DxfStorage::setProperty(const Record& record, Property property,
+base::Result<EditId> DxfStorage::setProperty(Drawing& drawing, const Record& record, Property property,
                                              const StoredValue& value) {
+  if (const auto* reference = std::get_if<Reference>(&value))
+    return changed(record, property,
+                   std::string(drawing.names().stored(drawing.recordName(reference->record))));
+  base::Result<EditId> state = changed(record, property, value);
+  if (!state || state.value() == record.edits) return state;
+  const bool transparent = property == Property::kTransparency && record.kind == RecordKind::kTableRecord;
+  if (!transparent && property != Property::kTypeface) return state;
+  const base::Status known = requireApplication(drawing, transparent ? L"AcCmTransparency" : L"ACAD");
+  return known ? state : known.failure();
+}
+
+base::Result<EditId> DxfStorage::changed(const Record& record, Property property, const StoredValue& value) {
   const PropertyPlace* place = findCommonPlace(record.kind, property);
   std::string_view type;
   if (place == nullptr) {

@@ -32,7 +32,7 @@ const DxfStorage* dxfStorage(const Drawing& drawing) {
 bool writesOwners(const Drawing& drawing, const DxfStorage& storage) {
   const Version version = storage.facts().version;
   if (version >= Version::kR2000) return true;
-  const RecordId head = drawing.tableHead(Table::kLayer);
+  const RecordId head = storage.tableHead(Table::kLayer);
   if (version == Version::kR12 || head == kNoRecord) return false;
   return RecordGroups(storage, drawing.record(head)).find(330) != nullptr;
 }
@@ -50,6 +50,12 @@ std::optional<Handle> ownerHandleOf(const Drawing& drawing, RecordId block) {
 
 EditId replaceValue(DxfStorage& storage, const Record& record, const Group& group, std::string_view value) {
   return storage.splice(record, {group.valueBegin, static_cast<std::uint32_t>(group.value.size()), value});
+}
+
+base::Status requireApplication(Drawing& drawing, std::wstring_view name) {
+  if (drawing.find(Table::kAppId, name) != kNoRecord) return {};
+  const base::Result<RecordId> added = drawing.addTableRecord(Table::kAppId, name);
+  return added.ok() ? base::Status() : base::Status(added.failure());
 }
 
 base::Failure failure(std::wstring_view what, std::wstring_view reason) {

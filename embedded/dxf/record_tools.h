@@ -48,6 +48,9 @@ std::wstring blockName(const Drawing& drawing, RecordId block);
 // Replaces the value of one group.
 EditId replaceValue(DxfStorage& storage, const Record& record, const Group& group, std::string_view value);
 
+// Extended data may stand in the file only under an application that it knows.
+base::Status requireApplication(Drawing& drawing, std::wstring_view name);
+
 base::Failure failure(std::wstring_view what, std::wstring_view reason);
 
 }  // namespace cad::dxf

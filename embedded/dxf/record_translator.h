@@ -17,8 +17,8 @@ std::optional<Version> firstVersionOf(std::string_view type);
 
 // What takes the place of the handles and names that a copied record holds.
 struct Replacements {
-  std::unordered_map<Handle, Handle> handles;                 // of copied entities and table records
-  std::unordered_map<std::wstring, std::wstring> blockNames;  // folded source name, name here
+  std::unordered_map<Handle, Handle> handles;                        // of copied entities and table records
+  const std::unordered_map<std::wstring, std::wstring>& blockNames;  // folded source name, name here
 };
 
 class RecordTranslator {

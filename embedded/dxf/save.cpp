@@ -63,12 +63,11 @@ using Children = std::unordered_map<RecordId, std::vector<RecordId>>;
 
 }  // namespace
 
-base::Status DxfStorage::save(const std::filesystem::path& target, std::span<const Record> records,
-                              std::span<const Placement> added) const {
+base::Status DxfStorage::save(const std::filesystem::path& target, std::span<const Record> records) const {
   auto file = base::AtomicFile::create(target);
   if (!file) return file.failure();
   Children children;
-  for (const Placement& placement : added) children[placement.before].push_back(placement.record);
+  for (const Placement& placement : added_) children[placement.before].push_back(placement.record);
   Output output(*file.value(), file_);
   const auto writeChanged = [&](const Record& record) {
     edits_.apply(record.edits, original(record), output.changed());

@@ -41,7 +41,7 @@ class ShapeWriter {
 
  private:
   RecordBuilder begin(std::string_view type) {
-    RecordBuilder builder = block_.begin(type, drawing_.takeHandle());
+    RecordBuilder builder = block_.begin(type, block_.takeHandle());
     addCommon(builder);
     return builder;
   }
@@ -63,21 +63,21 @@ class ShapeWriter {
   }
 
   void writeWithVertices(const PolylineShape& polyline) {
-    const std::optional<Handle> handle = drawing_.takeHandle();
+    const std::optional<Handle> handle = block_.takeHandle();
     RecordBuilder builder = block_.begin("POLYLINE", handle);
     addCommon(builder);
     builder.subclass("AcDb2dPolyline").integer(66, 1).point(10, {});
     builder.integer(70, polyline.closed ? 1 : 0).real(40, polyline.width).real(41, polyline.width);
     const RecordId main = block_.addEntity(builder);
     for (const PolylineShape::Vertex& vertex : polyline.vertices) {
-      RecordBuilder sub = block_.beginSub("VERTEX", drawing_.takeHandle(), handle);
+      RecordBuilder sub = block_.beginSub("VERTEX", block_.takeHandle(), handle);
       addCommon(sub);
       sub.subclass("AcDbVertex").subclass("AcDb2dVertex").point(10, {vertex.x, vertex.y, 0});
       sub.real(40, polyline.width).real(41, polyline.width);
       if (vertex.bulge != 0) sub.real(42, vertex.bulge);
       block_.addSub(main, sub);
     }
-    RecordBuilder end = block_.beginSub("SEQEND", drawing_.takeHandle(), handle);
+    RecordBuilder end = block_.beginSub("SEQEND", block_.takeHandle(), handle);
     end.stored(8, "0");
     block_.addSub(main, end);
   }

@@ -5,9 +5,9 @@
 
 #include "base/files.h"
 #include "dbapserv.h"
-#include "embedded/dxf/loader.h"
 #include "embedded/editor/host_state.h"
 #include "embedded/editor/output.h"
+#include "embedded/formats/drawing_files.h"
 #include "embedded/objects/database_access.h"
 
 ACRX_DEFINE_MEMBERS(AcApDocument, AcRxObject, nullptr)
@@ -53,7 +53,8 @@ bool Document::isHeldForWriting() const {
 
 void Documents::addStartDocument() {
   std::wstring name = L"Drawing" + std::to_wstring(++startCount_) + L".dwg";
-  documents_.push_back(std::make_unique<Document>(dxf::newDrawing(), std::move(name)));
+  documents_.push_back(
+      std::make_unique<Document>(std::move(formats::create(Version::kR2004).value()), std::move(name)));
   activate(documents_.back().get());
 }
 
@@ -64,7 +65,7 @@ base::Status Documents::open(const std::filesystem::path& path) {
     activate(already);
     return {};
   }
-  base::Result<std::unique_ptr<Drawing>> loaded = dxf::load(whole);
+  base::Result<std::unique_ptr<Drawing>> loaded = formats::open(whole);
   if (!loaded) return loaded.failure();
   loaded.value()->setPath(whole);
   const std::wstring& warning = loaded.value()->facts().warning;

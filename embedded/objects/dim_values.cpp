@@ -19,14 +19,14 @@ Variable inherited(const Drawing& drawing, RecordId record, const DimVariableInf
   const NameId styleName = drawing.name(record, Property::kDimStyle);
   const RecordId style = styleName == kNoName ? kNoRecord : drawing.find(Table::kDimStyle, styleName);
   if (style == kNoRecord) return defaultValue(info);
-  return drawing.dimVariable(style, info.groups.number).value_or(defaultValue(info));
+  return drawing.dimVariable(style, info).value_or(defaultValue(info));
 }
 
 Variable effective(const AcDbObject& object, const DimVariableInfo& info) {
   const Drawing* drawing = ObjectAccess::drawing(object);
   if (!drawing) return defaultValue(info);
   const RecordId record = ObjectAccess::record(object);
-  if (std::optional<Variable> own = drawing->dimVariable(record, info.groups.number)) return *std::move(own);
+  if (std::optional<Variable> own = drawing->dimVariable(record, info)) return *std::move(own);
   return inherited(*drawing, record, info);
 }
 
@@ -44,9 +44,9 @@ Acad::ErrorStatus write(AcDbObject& object, const DimVariableInfo& info, const V
   const RecordId record = ObjectAccess::record(object);
   const bool isStyle = drawing.record(record).table == Table::kDimStyle;
   if (!isStyle && sameValue(value, inherited(drawing, record, info), info)) {
-    return drawing.removeDimOverride(record, info.groups.number).ok() ? Acad::eOk : Acad::eNotApplicable;
+    return drawing.removeDimOverride(record, info).ok() ? Acad::eOk : Acad::eNotApplicable;
   }
-  return drawing.setDimVariable(record, info.groups.number, value).ok() ? Acad::eOk : Acad::eNotApplicable;
+  return drawing.setDimVariable(record, info, value).ok() ? Acad::eOk : Acad::eNotApplicable;
 }
 
 Table tableOf(DimType type) {

@@ -10,13 +10,6 @@
 
 namespace cad {
 
-// The row of a variable that is known to exist; a misspelt name does not compile.
-consteval const DimVariableInfo& dimRow(std::string_view name) {
-  for (const DimVariableInfo& info : kDimVariables)
-    if (info.name == name) return info;
-  throw "no such dimension variable";
-}
-
 std::int64_t dimInteger(const AcDbObject& object, const DimVariableInfo& info);
 double dimReal(const AcDbObject& object, const DimVariableInfo& info);
 std::wstring dimText(const AcDbObject& object, const DimVariableInfo& info);

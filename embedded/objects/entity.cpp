@@ -6,7 +6,6 @@
 #include "embedded/objects/values.h"
 
 using cad::Drawing;
-using cad::NameId;
 using cad::ObjectAccess;
 using cad::Property;
 using cad::RecordId;
@@ -35,9 +34,9 @@ Acad::ErrorStatus writeWithSubents(AcDbEntity& entity, Property property, bool d
   return Acad::eOk;
 }
 
-Acad::ErrorStatus setNameOf(AcDbEntity& entity, Property property, NameId name, bool doSubents) {
-  const auto set = [property, name](Drawing& drawing, RecordId record) {
-    return drawing.setName(record, property, name);
+Acad::ErrorStatus setReference(AcDbEntity& entity, Property property, RecordId named, bool doSubents) {
+  const auto set = [property, named](Drawing& drawing, RecordId record) {
+    return drawing.setReference(record, property, named);
   };
   return writeWithSubents(entity, property, doSubents, set);
 }
@@ -49,7 +48,7 @@ Acad::ErrorStatus setByName(AcDbEntity& entity, Property property, Table table, 
   if (status != Acad::eOk) return status;
   const auto named = ObjectAccess::state(entity)->find(table, name);
   if (named.record == cad::kNoRecord) return Acad::eKeyNotFound;
-  return setNameOf(entity, property, named.spelling, doSubents);
+  return setReference(entity, property, named.record, doSubents);
 }
 
 Acad::ErrorStatus setById(AcDbEntity& entity, Property property, Table table, AcDbObjectId id,
@@ -58,7 +57,7 @@ Acad::ErrorStatus setById(AcDbEntity& entity, Property property, Table table, Ac
   RecordId named = cad::kNoRecord;
   if (status == Acad::eOk) status = cad::checkedRecord(entity, id, table, named);
   if (status != Acad::eOk) return status;
-  return setNameOf(entity, property, cad::recordName(*ObjectAccess::drawing(entity), named), doSubents);
+  return setReference(entity, property, named, doSubents);
 }
 
 Acad::ErrorStatus setInteger(AcDbEntity& entity, Property property, std::int64_t value, bool doSubents) {

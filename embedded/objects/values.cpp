@@ -137,7 +137,7 @@ Acad::ErrorStatus writeId(AcDbObject& object, Property property, Table table, Ac
   if (status != Acad::eOk) return status;
   Drawing& drawing = *ObjectAccess::drawing(object);
   const RecordId record = ObjectAccess::record(object);
-  return outcome(drawing, record, property, drawing.setName(record, property, recordName(drawing, named)));
+  return outcome(drawing, record, property, drawing.setReference(record, property, named));
 }
 
 Acad::ErrorStatus checkedRecord(const AcDbObject& object, AcDbObjectId id, Table table, RecordId& record) {

@@ -146,7 +146,7 @@ TEST_F(BlockScope, AttributesAreNotConverted) {
     runOnAll(L"[***]\n{\n[色] = 42\n[画層] = NEW\n[文字高さ] = 5\n}");
     EXPECT_EQ(color(0xC6), scope == 1 ? 1 : 42);
     EXPECT_EQ(color(0xC7), 1);
-    EXPECT_EQ(name(0xC7, Property::kLayer), L"ALL");
+    EXPECT_EQ(drawing().reference(RunTest::entity(0xC7), Property::kLayer), layer(L"ALL"));
     EXPECT_DOUBLE_EQ(real(0xC7, Property::kTextHeight), 3);
     EXPECT_TRUE(cad::Host::instance().closeDocument().ok());
   }

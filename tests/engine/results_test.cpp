@@ -1,6 +1,7 @@
 // Results that are refused, and those of dimensions. What every kind of result changes on every sort of
 // entity is shown by the cases results-on-*.
 
+#include "embedded/drawing/dim_variable_table.h"
 #include "tests/engine/run_fixture.h"
 
 namespace {
@@ -16,8 +17,8 @@ class Results : public UndoneRunTest {
   void setAll(const wchar_t* key, const wchar_t* value) {
     runOnAll(L"[***]\n{\n[" + std::wstring(key) + L"] = " + value + L"\n}");
   }
-  double overrideOf(std::uint64_t handle, int code) {
-    const auto value = drawing().dimVariable(entity(handle), code);
+  double overrideOf(std::uint64_t handle, std::string_view variable) {
+    const auto value = drawing().dimVariable(entity(handle), *cad::findDimVariable(variable));
     if (!value) return kNoOverride;
     if (const double* real = std::get_if<double>(&*value)) return *real;
     const auto* whole = std::get_if<std::int64_t>(&*value);
@@ -85,18 +86,24 @@ TEST_F(Results, DimensionVariables) {
       L"[DIMTXSTY] = STANDARD\n[DIMBLK] = 塗り潰し矢印 (.)\n[DIMALTF] = 2.54\n[DIMPOST] = <>mm\n[DIMTAD] = "
       L"ABC\n}");
   EXPECT_TRUE(sink_.notes.empty()) << sink_.notes.size();
-  for (const auto& [code, value] : {std::pair(41, 4.5), {73, 0}, {178, 3}, {371, 0}, {143, 2}, {77, 0}})
-    EXPECT_DOUBLE_EQ(overrideOf(kDimension, code), value) << code;
+  for (const auto& [variable, value] : {std::pair("DIMASZ", 4.5),
+                                        {"DIMTIH", 0},
+                                        {"DIMCLRT", 3},
+                                        {"DIMLWD", 0},
+                                        {"DIMALTF", 2},
+                                        {"DIMTAD", 0}})
+    EXPECT_DOUBLE_EQ(overrideOf(kDimension, variable), value) << variable;
   // Leaders are not dimensions.
-  EXPECT_DOUBLE_EQ(overrideOf(kLeader, 41), kNoOverride);
+  EXPECT_DOUBLE_EQ(overrideOf(kLeader, "DIMASZ"), kNoOverride);
 }
 
 TEST_F(Results, ABuiltInArrowOfADimensionBecomesABlock) {
   run({{L"寸法", L"[***]\n{\n[DIMBLK1] = ﾃｨｯｸ(太) (_ARCHTIC)\n[DIMLDRBLK] = 黒丸 (_DOT)\n}"}});
   EXPECT_TRUE(sink_.notes.empty());
-  for (const auto& [code, arrow] : {std::pair(343, L"_ArchTick"), {341, L"_Dot"}}) {
+  for (const auto& [variable, arrow] :
+       {std::pair(&cad::dimRow("DIMBLK1"), L"_ArchTick"), {&cad::dimRow("DIMLDRBLK"), L"_Dot"}}) {
     EXPECT_NE(drawing().find(cad::Table::kBlock, std::wstring_view(arrow)), cad::kNoRecord);
-    EXPECT_EQ(drawing().dimVariable(entity(kDimension), code), cad::Variable(std::wstring(arrow)));
+    EXPECT_EQ(drawing().dimVariable(entity(kDimension), *variable), cad::Variable(std::wstring(arrow)));
   }
 }
 

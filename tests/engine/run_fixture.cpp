@@ -3,6 +3,7 @@
 #include "adsdef.h"
 #include "engine/conversion_run.h"
 #include "platform/settings.h"
+#include "tests/embedded/memory/memory_drawing.h"
 #include "tests/support/in_command.h"
 #include "tests/support/test_file.h"
 
@@ -53,7 +54,8 @@ void RunTest::TearDown() {
 }
 
 void RunTest::open(const std::string& bytes) {
-  const base::Status opened = cad::Host::instance().openDocument(make("plan.dxf", bytes));
+  const base::Status opened =
+      cad::Host::instance().openDocument(make("plan.dxf", cad::memory::testedFile(bytes)));
   ASSERT_TRUE(opened.ok()) << base::toUtf8(opened.failure().text());
 }
 

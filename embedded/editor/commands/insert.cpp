@@ -1,11 +1,11 @@
 #include "acdbads.h"
 #include "base/files.h"
-#include "embedded/dxf/loader.h"
 #include "embedded/editor/commands/builtin.h"
 #include "embedded/editor/file_search.h"
 #include "embedded/editor/host_state.h"
 #include "embedded/editor/output.h"
 #include "embedded/editor/variables.h"
+#include "embedded/formats/drawing_files.h"
 
 namespace cad {
 namespace {
@@ -131,7 +131,7 @@ base::Result<std::shared_ptr<const Drawing>> readOnce(CommandLine& commandLine,
                                                       const std::filesystem::path& file) {
   ReadDrawing& known = commandLine.readForOpenPrompt();
   if (known.drawing && known.file == file) return known.drawing;
-  base::Result<std::unique_ptr<Drawing>> loaded = dxf::load(file);
+  base::Result<std::unique_ptr<Drawing>> loaded = formats::open(file);
   if (!loaded) return loaded.failure();
   known = {file, std::move(loaded.value())};
   return known.drawing;
@@ -149,8 +149,10 @@ base::Status place(HostState& state, const InsertedBlock& block, const InsertAns
   const std::optional<Variable> tile = drawing.headerVariable("TILEMODE");
   const bool inPaper = tile && std::get_if<std::int64_t>(&*tile) && std::get<std::int64_t>(*tile) == 0;
   const RecordId space = inPaper ? drawing.paperSpace() : drawing.modelSpace();
+  const RecordId defined = drawing.find(Table::kBlock, block.name);
+  if (defined == kNoRecord) return base::Failure{block.name, L"The drawing has no block of this name"};
   const base::Result<RecordId> inserted =
-      drawing.addInsert(space, block.name, *answers.at, *answers.scale, *answers.rotation, attributes);
+      drawing.addInsert(space, {defined, *answers.at, *answers.scale, *answers.rotation, attributes});
   return inserted ? base::Status() : inserted.failure();
 }
 

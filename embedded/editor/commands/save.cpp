@@ -1,17 +1,13 @@
 #include "base/files.h"
-#include "base/fold.h"
 #include "embedded/editor/commands/builtin.h"
 #include "embedded/editor/host_state.h"
 #include "embedded/editor/output.h"
+#include "embedded/formats/file_kinds.h"
 
 namespace cad {
 namespace {
 
-enum class Format { kDwg, kDxf, kDwt };
-
-const wchar_t* formatName(Format format) {
-  return format == Format::kDwg ? L"DWG" : format == Format::kDxf ? L"DXF" : L"DWT";
-}
+using formats::FileKind;
 
 Outcome keep(HostState& state, const std::filesystem::path& path, const base::Status& status) {
   state.lastSave = SaveReport{path, status};
@@ -46,16 +42,13 @@ std::wstring extensionOf(const std::filesystem::path& path) {
   return dot == std::wstring::npos ? std::wstring() : name.substr(dot);
 }
 
-Format formatByName(const std::filesystem::path& path) {
-  return base::equalFolded(extensionOf(path), L".DXF") ? Format::kDxf : Format::kDwg;
-}
-
-Outcome save(TokenReader& input, HostState& state, Format format, std::filesystem::path path) {
-  if (extensionOf(path).empty()) path += base::pathFromText(L"." + std::wstring(formatName(format)));
+Outcome save(TokenReader& input, HostState& state, FileKind kind, std::filesystem::path path) {
+  const std::wstring kindName(formats::kindName(kind));
+  if (extensionOf(path).empty()) path += base::pathFromText(L"." + kindName);
   Document* document = state.documents.current();
-  if (format != Format::kDxf) {
+  if (!formats::canSave(document->drawing(), kind)) {
     input.takeIf(L"Y", L"YES");
-    return refuse(state, path, std::wstring(L"saving as ") + formatName(format) + L" is not supported yet");
+    return refuse(state, path, L"saving as " + kindName + L" is not supported yet");
   }
   const bool overwrite = input.takeIf(L"Y", L"YES");
   std::error_code error;
@@ -78,12 +71,12 @@ Outcome runSaveAs(TokenReader& input, HostState& state) {
   const std::optional<Token> first = input.nextPath();
   if (!first) return Outcome::kNeedInput;
   std::optional<Token> path;
-  std::optional<Format> format;
+  std::optional<FileKind> kind;
   if (first->is(L"DXF")) {
-    format = Format::kDxf;
+    kind = FileKind::kDxf;
     path = readDxfPath(input);
   } else if (first->is(L"T") || first->is(L"TEMPLATE")) {
-    format = Format::kDwt;
+    kind = FileKind::kDwt;
     path = input.nextPath();
   } else if (first->text.empty() || isNumber(*first)) {
     path = input.nextPath();
@@ -93,7 +86,7 @@ Outcome runSaveAs(TokenReader& input, HostState& state) {
   if (!path) return Outcome::kNeedInput;
   const std::filesystem::path target = base::pathFromText(path->text);
   if (target.empty()) return refuse(state, target, L"a file name is needed");
-  return save(input, state, format.value_or(formatByName(target)), target);
+  return save(input, state, kind.value_or(formats::kindOf(extensionOf(target))), target);
 }
 
 Outcome runQuickSave(TokenReader&, HostState& state) {

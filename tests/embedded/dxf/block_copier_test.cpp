@@ -108,7 +108,7 @@ TEST(BlockCopier, AnonymousBlocksGetFreeNames) {
   const RecordId copy = target->entitiesOf(made).front();
   EXPECT_EQ(target->names().text(target->name(copy, Property::kDimBlock)), L"*D2");
   EXPECT_EQ(typesIn(*target, block(*target, L"*D2")), "LINE");
-  EXPECT_EQ(target->dimVariable(copy, 140), Variable(7.0));
+  EXPECT_EQ(target->dimVariable(copy, dimRow("DIMTXT")), Variable(7.0));
 }
 
 TEST(BlockCopier, FailuresNameTheTypeAndLeaveNothingBehind) {
@@ -177,7 +177,7 @@ TEST(BlockBuilding, InsertsGoToLayerZeroWhenTheCurrentLayerIsNoText) {
       read(groups("0 SECTION|2 HEADER|9 $ACADVER|1 AC1009|9 $CLAYER|70 3|0 ENDSEC|0 SECTION|2 BLOCKS|"
                   "0 BLOCK|8 0|2 B|70 0|10 0.0|20 0.0|30 0.0|3 B|1 |0 ENDBLK|8 0|0 ENDSEC|"
                   "0 SECTION|2 ENTITIES|0 ENDSEC|0 EOF"));
-  const auto made = drawing->addInsert(drawing->modelSpace(), L"B", {}, 1, 0);
+  const auto made = drawing->addInsert(drawing->modelSpace(), {block(*drawing, L"B"), {}});
   ASSERT_TRUE(made.ok());
   EXPECT_EQ(drawing->text(made.value(), Property::kLayer), L"0");
 }

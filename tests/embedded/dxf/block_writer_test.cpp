@@ -71,21 +71,22 @@ TEST(BlockWriter, ExternalReferencesAreNotRedefined) {
 
 TEST(Insert, StandsInItsSpaceOnTheCurrentLayer) {
   auto drawing = modern("0 LINE|5 20|330 1F|100 AcDbEntity|8 0|100 AcDbLine");
-  EXPECT_FALSE(drawing->addInsert(drawing->modelSpace(), L"B", {}, 1, 0).ok());
+  EXPECT_FALSE(drawing->addInsert(drawing->modelSpace(), {block(*drawing, L"B"), {}}).ok());
   ASSERT_TRUE(drawing->defineBlock(L"B", shapes()).ok());
   const std::string original = saved(*drawing);
-  const auto model = drawing->addInsert(drawing->modelSpace(), L"B", {1, 2, 0}, 2, 90);
+  const RecordId defined = block(*drawing, L"B");
+  const auto model = drawing->addInsert(drawing->modelSpace(), {defined, {1, 2, 0}, 2, 90});
   ASSERT_TRUE(model.ok());
   EXPECT_EQ(drawing->lastEntity(), model.value());
   EXPECT_NE(saved(*drawing).find(
                 groups("8 WALL|100 AcDbBlockReference|2 B|10 1.0|20 2.0|30 0.0|41 2.0|42 2.0|43 2.0|"
                        "50 90.0|0 ENDSEC")),
             std::string::npos);
-  const auto paper = drawing->addInsert(drawing->paperSpace(), L"B", {}, 1, 0);
+  const auto paper = drawing->addInsert(drawing->paperSpace(), {defined, {}});
   ASSERT_TRUE(paper.ok());
   auto again = read(saved(*drawing));
   EXPECT_EQ(typesIn(*again, again->paperSpace()), "INSERT");
-  EXPECT_FALSE(drawing->addInsert(drawing->modelSpace(), L"B", {}, 0, 0).ok());
+  EXPECT_FALSE(drawing->addInsert(drawing->modelSpace(), {defined, {}, 0}).ok());
   EXPECT_TRUE(drawing->undo());
   EXPECT_TRUE(drawing->undo());
   EXPECT_EQ(saved(*drawing), original);

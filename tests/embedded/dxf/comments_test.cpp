@@ -42,9 +42,9 @@ void change(Drawing& drawing) {
   EXPECT_TRUE(drawing.setReal(text, Property::kTextHeight, 7).ok());
   EXPECT_TRUE(drawing.setText(mtext, Property::kTextString, L"three").ok());
   EXPECT_TRUE(drawing.setReal(mtext, Property::kRotation, 90).ok());
-  EXPECT_TRUE(drawing.setDimVariable(dimension, 77, std::int64_t{0}).ok());
-  EXPECT_TRUE(drawing.removeDimOverride(dimension, 140).ok());
-  EXPECT_TRUE(drawing.setDimVariable(leader, 140, 2.0).ok());
+  EXPECT_TRUE(drawing.setDimVariable(dimension, dimRow("DIMTAD"), std::int64_t{0}).ok());
+  EXPECT_TRUE(drawing.removeDimOverride(dimension, dimRow("DIMTXT")).ok());
+  EXPECT_TRUE(drawing.setDimVariable(leader, dimRow("DIMTXT"), 2.0).ok());
   const RecordId style = drawing.find(Table::kTextStyle, std::wstring_view(L"Standard"));
   EXPECT_TRUE(drawing.setText(style, Property::kTypeface, L"Arial").ok());
   EXPECT_TRUE(drawing.addTableRecord(Table::kLayer, L"NEW").ok());
@@ -60,7 +60,7 @@ TEST(Comments, ArePassedOverAndKeptWhereverTheyStand) {
   ASSERT_TRUE(drawing && twin);
   EXPECT_EQ(twin->headerVariable("CLAYER"), Variable(std::wstring(L"WALL")));
   EXPECT_EQ(twin->integer(entity(*twin, "TEXT"), Property::kColorIndex), 3);
-  EXPECT_EQ(twin->dimVariable(entity(*twin, "DIMENSION"), 140), Variable(3.5));
+  EXPECT_EQ(twin->dimVariable(entity(*twin, "DIMENSION"), dimRow("DIMTXT")), Variable(3.5));
   const Geometry area = twin->geometry(entity(*twin, "HATCH"));
   ASSERT_EQ(std::get<HatchGeometry>(area.shape).paths.size(), 1U);
   EXPECT_EQ(

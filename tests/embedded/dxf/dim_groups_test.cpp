@@ -3,7 +3,8 @@
 namespace cad::dxf {
 namespace {
 
-constexpr int kTextHeight = 140, kTextStyle = 340, kArrow = 342, kAbove = 77;
+constexpr const DimVariableInfo &kTextHeight = dimRow("DIMTXT"), &kTextStyle = dimRow("DIMTXSTY"),
+                                &kArrow = dimRow("DIMBLK"), &kAbove = dimRow("DIMTAD");
 constexpr std::string_view kDimension =
     "0 DIMENSION|5 20|330 1F|100 AcDbEntity|8 0|100 AcDbDimension|2 *D1|3 Standard|70 0";
 
@@ -97,7 +98,7 @@ TEST(DimOverrides, RefusalsLeaveNothingBehind) {
   EXPECT_FALSE(drawing->setDimVariable(dimension, kTextHeight, std::wstring(L"tall")).ok());
   EXPECT_FALSE(drawing->setDimVariable(dimension, kAbove, 1.5).ok());
   EXPECT_FALSE(drawing->setDimVariable(dimension, kAbove, std::int64_t{40000}).ok());
-  EXPECT_FALSE(drawing->setDimVariable(dimension, 49, 1.0).ok()) << "DIMFXL came in 2007";
+  EXPECT_FALSE(drawing->setDimVariable(dimension, dimRow("DIMFXL"), 1.0).ok()) << "DIMFXL came in 2007";
   EXPECT_FALSE(drawing->setDimVariable(entity(*drawing, "LINE"), kTextHeight, 1.0).ok());
   EXPECT_EQ(saved(*drawing), original);
 }
@@ -107,7 +108,7 @@ TEST(DimStyles, ValuesStandAsPlainGroups) {
   const RecordId style = drawing->addTableRecord(Table::kDimStyle, L"D").value();
   ASSERT_TRUE(drawing->setDimVariable(style, kTextHeight, 5.0).ok());
   ASSERT_TRUE(drawing->setDimVariable(style, kTextHeight, 6.0).ok());
-  ASSERT_TRUE(drawing->setDimVariable(style, 3, std::wstring(L"<>mm")).ok());
+  ASSERT_TRUE(drawing->setDimVariable(style, dimRow("DIMPOST"), std::wstring(L"<>mm")).ok());
   EXPECT_EQ(lastRecord(saved(*drawing), "DIMSTYLE"),
             groups("0 DIMSTYLE|105 400|330 A|100 AcDbSymbolTableRecord|100 AcDbDimStyleTableRecord|2 D|70 0|"
                    "340 11|140 6.0|3 <>mm"));

@@ -8,7 +8,9 @@
 #include <string_view>
 
 #include "base/files.h"
+#include "embedded/drawing/dim_variable_table.h"
 #include "embedded/drawing/drawing.h"
+#include "embedded/dxf/dxf_storage.h"
 #include "embedded/dxf/loader.h"
 #include "tests/support/temp_path.h"
 
@@ -50,6 +52,8 @@ inline std::unique_ptr<Drawing> read(std::string bytes) {
   auto result = loadBytes(std::move(bytes));
   return result ? std::move(result.value()) : nullptr;
 }
+
+inline DxfStorage& storageOf(Drawing& drawing) { return static_cast<DxfStorage&>(drawing.storage()); }
 
 // The bytes that saving gives.
 inline std::string saved(Drawing& drawing) {

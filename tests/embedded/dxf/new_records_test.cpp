@@ -26,7 +26,7 @@ TEST(NewRecords, NewFilesGetHandlesOwnersAndTheCount) {
                    "6 Continuous|370 -3|390 F"));
   EXPECT_NE(text.find(groups("2 LAYER|5 2|330 0|100 AcDbSymbolTable|70 2")), std::string::npos);
   auto again = read(text);
-  const auto next = again->takeHandle();
+  const auto next = storageOf(*again).takeHandle(*again);
   ASSERT_TRUE(next.has_value());
   EXPECT_GT(*next, Handle{0x400});
   expectUndone(*drawing, original);
@@ -78,11 +78,12 @@ TEST(NewRecords, HandlesStayDistinctWhenTheFilesNextOneIsTheLargest) {
   auto drawing =
       read(groups("0 SECTION|2 HEADER|9 $ACADVER|1 AC1015|9 $HANDSEED|5 FFFFFFFFFFFFFFFF|0 ENDSEC|"
                   "0 SECTION|2 ENTITIES|0 LINE|5 1FF|100 AcDbEntity|8 0|100 AcDbLine|0 ENDSEC|0 EOF"));
-  const Handle first = drawing->takeHandle().value();
+  const Handle first = storageOf(*drawing).takeHandle(*drawing).value();
   EXPECT_EQ(first, Handle{0x200});
-  EXPECT_EQ(drawing->takeHandle(), Handle{0x201});
+  EXPECT_EQ(storageOf(*drawing).takeHandle(*drawing), Handle{0x201});
   const auto again = read(saved(*drawing));
-  EXPECT_GT(again->takeHandle(), Handle{0x201}) << "the header has a number that can be counted on";
+  EXPECT_GT(storageOf(*again).takeHandle(*again), Handle{0x201})
+      << "the header has a number that can be counted on";
 }
 
 }  // namespace

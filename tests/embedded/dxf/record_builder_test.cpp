@@ -10,8 +10,8 @@ std::unique_ptr<DxfStorage> storageOf(Dialect dialect, Version version, base::Co
   DrawingFacts facts;
   facts.version = version;
   facts.codePage = page;
-  facts.binary = dialect.binary;
-  return std::make_unique<DxfStorage>(std::make_unique<SourceBytes>(std::string()), dialect, facts);
+  return std::make_unique<DxfStorage>(std::make_unique<SourceBytes>(std::string()), dialect, facts,
+                                      FileFrame());
 }
 
 using Bytes = std::string;

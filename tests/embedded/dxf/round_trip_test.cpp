@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "base/fold.h"
+#include "embedded/formats/drawing_files.h"
 #include "tests/embedded/dxf/dxf_text.h"
 
 namespace cad::dxf {
@@ -100,7 +101,7 @@ TEST(RoundTrip, BinaryDrawingsOfBothFlavours) {
     const std::string binary = toBinary(text, wide);
     const auto drawing = read(binary);
     ASSERT_TRUE(drawing);
-    EXPECT_TRUE(drawing->facts().binary);
+    EXPECT_TRUE(storageOf(*drawing).dialect().binary);
     EXPECT_EQ(drawing->facts().codePage, 932);
     EXPECT_EQ(saved(*drawing), binary);
     // A changed binary drawing is the binary form of the changed text drawing.
@@ -125,7 +126,7 @@ TEST(RoundTrip, NothingIsSavedOfADrawingWhoseFileIsCutOff) {
   const std::string bytes = drawingText("AC1015", "0 TEXT|8 A|40 2.5|1 x" + lines);
   for (const std::size_t left : {std::size_t{100}, bytes.size() - 100, bytes.size()}) {
     ASSERT_TRUE(base::writeFileAtomically(source, bytes).ok());
-    auto drawing = load(source);
+    auto drawing = formats::open(source);
     ASSERT_TRUE(drawing.ok());
     std::filesystem::resize_file(source, left);
     if (left == bytes.size()) std::filesystem::last_write_time(source, {});  // written anew
@@ -159,7 +160,7 @@ TEST(RoundTrip, RealDrawingsComeBackUntouchedAndAfterUndo) {
   for (const std::filesystem::path& file : realDrawings()) {
     SCOPED_TRACE(file);
     const std::string source = base::readFile(file).value();
-    auto loaded = load(file);
+    auto loaded = formats::open(file);
     ASSERT_TRUE(loaded.ok()) << base::toUtf8(loaded.failure().text());
     Drawing& drawing = *loaded.value();
     EXPECT_EQ(saved(drawing), source);

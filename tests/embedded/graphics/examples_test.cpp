@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "embedded/formats/drawing_files.h"
 #include "tests/embedded/graphics/scene_fixture.h"
 
 namespace cad {
@@ -19,7 +20,7 @@ std::map<std::string, int> shown(const Drawing& drawing, const Scene& scene) {
 
 TEST(Examples, EveryVisibleEntityIsShown) {
   for (const char* name : {"floor-plan.dxf", "machine-part.dxf", "site-plan.dxf"}) {
-    const auto loaded = dxf::load(std::filesystem::path(EXAMPLES) / name);
+    const auto loaded = formats::open(std::filesystem::path(EXAMPLES) / name);
     ASSERT_TRUE(loaded.ok()) << name;
     const Drawing& drawing = *loaded.value();
     const Scene scene = buildScene(drawing);
@@ -37,7 +38,7 @@ TEST(Examples, EveryVisibleEntityIsShown) {
 }
 
 TEST(Examples, TheHolesOfTheFlangeArePicked) {
-  const auto loaded = dxf::load(std::filesystem::path(EXAMPLES) / "machine-part.dxf");
+  const auto loaded = formats::open(std::filesystem::path(EXAMPLES) / "machine-part.dxf");
   ASSERT_TRUE(loaded.ok());
   const Drawing& drawing = *loaded.value();
   const Scene scene = buildScene(drawing);

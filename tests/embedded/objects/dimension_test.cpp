@@ -8,12 +8,11 @@ namespace cad::test {
 namespace {
 
 constexpr double kPi = 3.14159265358979323846;
-constexpr int kDimtxtNumber = 140;
 
 class DimensionTest : public ObjectTest {
  protected:
-  bool overrides(Handle handle, int number) const {
-    return drawing_->dimVariable(recordOf(id(handle)), number).has_value();
+  bool overrides(Handle handle, const DimVariableInfo& variable) const {
+    return drawing_->dimVariable(recordOf(id(handle)), variable).has_value();
   }
 };
 
@@ -45,7 +44,7 @@ TEST_F(DimensionTest, VariablesComeFromOverrideStyleAndDefault) {
 
   EXPECT_EQ(dimension->setDimtxt(5.0), Acad::eOk);
   EXPECT_DOUBLE_EQ(dimension->dimtxt(), 5.0);
-  EXPECT_TRUE(overrides(0x53, kDimtxtNumber));
+  EXPECT_TRUE(overrides(0x53, dimRow("DIMTXT")));
   AcDbDimStyleTableRecordPointer style(L"Office", database_.get());
   EXPECT_DOUBLE_EQ(style->dimtxt(), 3.5);
 }
@@ -55,10 +54,10 @@ TEST_F(DimensionTest, AnOverrideEqualToTheStyleGoes) {
   ASSERT_EQ(dimension->setDimtxt(5.0), Acad::eOk);
   ASSERT_EQ(dimension->setDimasz(1.0), Acad::eOk);
   EXPECT_EQ(dimension->setDimtxt(3.5), Acad::eOk);
-  EXPECT_FALSE(overrides(0x53, kDimtxtNumber));
+  EXPECT_FALSE(overrides(0x53, dimRow("DIMTXT")));
   EXPECT_DOUBLE_EQ(dimension->dimasz(), 1.0);  // the other one stays
   EXPECT_EQ(dimension->setDimasz(0.18), Acad::eOk);
-  EXPECT_FALSE(overrides(0x53, 41));
+  EXPECT_FALSE(overrides(0x53, dimRow("DIMASZ")));
 }
 
 TEST_F(DimensionTest, EachTypeOfVariableIsWritten) {

@@ -3,9 +3,9 @@
 
 #include <string_view>
 
-#include "embedded/dxf/record_tools.h"
+#include "embedded/drawing/drawing.h"
 
-namespace cad::dxf {
+namespace cad {
 
 class SymbolCopier {
  public:
@@ -14,16 +14,17 @@ class SymbolCopier {
   // A record of the name stays as it is; a new one has the source's values as far as the receiving version
   // can hold them.
   base::Status need(Table table, std::wstring_view name);
+  // A value that the receiving drawing cannot hold is left at its default.
+  void copyValue(RecordId from, RecordId to, Property property);
 
  private:
   base::Status copyLayer(RecordId from, RecordId to);
   void copyLinetype(RecordId from, RecordId to);
   bool copySymbol(DashSymbol& symbol);  // its style becomes the receiving drawing's; false: it has none
   void copyTextStyle(RecordId from, RecordId to);
-  void copyValue(RecordId from, RecordId to, Property property);
 
   Drawing& target_;
   const Drawing& source_;
 };
 
-}  // namespace cad::dxf
+}  // namespace cad

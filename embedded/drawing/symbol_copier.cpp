@@ -1,8 +1,6 @@
-#include "embedded/dxf/symbol_copier.h"
+#include "embedded/drawing/symbol_copier.h"
 
-#include "embedded/dxf/linetype_groups.h"
-
-namespace cad::dxf {
+namespace cad {
 namespace {
 
 constexpr std::int64_t kFrozenOrLocked = 1 | 4;
@@ -20,16 +18,10 @@ void SymbolCopier::copyValue(RecordId from, RecordId to, Property property) {
       if (const auto value = source_.real(from, property)) status = target_.setReal(to, property, *value);
       break;
     case PropertyType::kText:
+    case PropertyType::kName:
       if (const auto value = source_.text(from, property)) status = target_.setText(to, property, *value);
       break;
-    case PropertyType::kName: {
-      const NameId name = source_.name(from, property);
-      if (name != kNoName)
-        status = target_.setName(to, property, target_.names().intern(source_.names().text(name)));
-      break;
-    }
   }
-  // A value that this version cannot hold is left at its default.
   static_cast<void>(status);
 }
 
@@ -52,9 +44,7 @@ base::Status SymbolCopier::copyLayer(RecordId from, RecordId to) {
 
 void SymbolCopier::copyLinetype(RecordId from, RecordId to) {
   copyValue(from, to, Property::kDescription);
-  const DxfStorage* storage = dxfStorage(source_);
-  if (storage == nullptr) return;
-  std::vector<Dash> dashes = readDashes(source_, *storage, from);
+  std::vector<Dash> dashes = source_.dashes(from);
   for (Dash& dash : dashes)
     if (dash.symbol && !copySymbol(*dash.symbol)) dash.symbol.reset();
   static_cast<void>(target_.setDashes(to, dashes));
@@ -97,4 +87,4 @@ base::Status SymbolCopier::need(Table table, std::wstring_view name) {
   return {};
 }
 
-}  // namespace cad::dxf
+}  // namespace cad

@@ -8,7 +8,7 @@
 
 #include "base/files.h"
 
-namespace cad::dxf {
+namespace cad {
 
 class SourceBytes {
  public:
@@ -23,4 +23,4 @@ class SourceBytes {
   std::string bytes_;
 };
 
-}  // namespace cad::dxf
+}  // namespace cad

@@ -1,8 +1,8 @@
-#include "embedded/dxf/foreign_formats.h"
+#include "embedded/formats/foreign_formats.h"
 
 #include <algorithm>
 
-namespace cad::dxf {
+namespace cad::formats {
 namespace {
 
 using namespace std::string_view_literals;
@@ -72,4 +72,4 @@ std::wstring foreignFormat(std::string_view bytes) {
   return isUnmarkedUtf16(bytes) ? refusal(kUtf16) : std::wstring();
 }
 
-}  // namespace cad::dxf
+}  // namespace cad::formats

@@ -1,0 +1,176 @@
+#include "tests/embedded/memory/memory_storage.h"
+
+#include <algorithm>
+
+#include "base/files.h"
+#include "embedded/drawing/stored_text.h"
+
+namespace cad::memory {
+namespace {
+
+struct Holds {
+  Property property;
+  std::string_view types;  // separated by blanks; empty: every entity
+  Version since = Version::kR12;
+};
+
+using P = Property;
+constexpr std::string_view kTexts = " TEXT MTEXT ATTDEF ATTRIB ", kDimensions = " DIMENSION ";
+constexpr std::string_view kTables = " LAYER LTYPE STYLE DIMSTYLE APPID BLOCK BLOCK_RECORD ";
+
+constexpr Holds kHolds[] = {
+    {P::kLayer, ""},
+    {P::kLinetype, ""},
+    {P::kColorIndex, ""},
+    {P::kLineWeight, "", Version::kR2000},
+    {P::kTransparency, "", Version::kR2010},
+    {P::kLinetypeScale, "", Version::kR13},
+    {P::kInvisible, "", Version::kR13},
+    {P::kTextStyle, kTexts},
+    {P::kTextHeight, kTexts},
+    {P::kRotation, " TEXT MTEXT ATTDEF ATTRIB INSERT "},
+    {P::kWidthFactor, " TEXT ATTDEF ATTRIB "},
+    {P::kTextString, kTexts},
+    {P::kDimStyle, " DIMENSION LEADER TOLERANCE "},
+    {P::kTextRotation, kDimensions},
+    {P::kDimText, kDimensions},
+    {P::kDimBlock, kDimensions},
+    {P::kBlockName, " INSERT "},
+    {P::kName, " ATTDEF ATTRIB "},
+    {P::kStandardFlags, " ATTDEF "},
+    {P::kName, kTables},
+    {P::kStandardFlags, kTables},
+    {P::kLayerColor, " LAYER "},
+    {P::kLayerLinetype, " LAYER "},
+    {P::kLayerPlottable, " LAYER ", Version::kR2000},
+    {P::kLineWeight, " LAYER ", Version::kR2000},
+    {P::kTransparency, " LAYER ", Version::kR2010},
+    {P::kFontFile, " STYLE "},
+    {P::kBigFontFile, " STYLE "},
+    {P::kTypeface, " STYLE ", Version::kR2000},
+    {P::kFontFlags, " STYLE ", Version::kR2000},
+    {P::kFixedHeight, " STYLE "},
+    {P::kStyleWidthFactor, " STYLE "},
+    {P::kStyleOblique, " STYLE "},
+    {P::kDescription, " LTYPE "},
+    {P::kDescription, " BLOCK ", Version::kR2000},
+};
+
+bool isEntity(const Record& record) {
+  return record.kind == RecordKind::kEntity || record.kind == RecordKind::kSubEntity;
+}
+
+const Holds* holding(const Record& record, std::string_view type, Property property) {
+  const std::string word = " " + std::string(type) + " ";
+  const auto found = std::ranges::find_if(kHolds, [&](const Holds& row) {
+    if (row.property != property) return false;
+    return row.types.empty() ? isEntity(record) : row.types.find(word) != row.types.npos;
+  });
+  return found == std::end(kHolds) ? nullptr : found;
+}
+
+std::string shown(const StoredValue& value) {
+  if (const auto* integer = std::get_if<std::int64_t>(&value)) return std::to_string(*integer);
+  if (const auto* real = std::get_if<double>(&value)) return std::to_string(*real);
+  if (const auto* text = std::get_if<std::string>(&value)) return *text;
+  const auto* reference = std::get_if<Reference>(&value);
+  return reference == nullptr ? "" : "#" + std::to_string(reference->record);
+}
+
+std::string shown(const DimValue& value) {
+  if (const auto* text = std::get_if<std::wstring>(&value)) return base::toUtf8(*text);
+  if (const auto* reference = std::get_if<Reference>(&value)) return shown(StoredValue(*reference));
+  if (const auto* real = std::get_if<double>(&value)) return std::to_string(*real);
+  return std::to_string(std::get<std::int64_t>(value));
+}
+
+}  // namespace
+
+std::string_view typeOf(Table table) {
+  constexpr std::string_view kTypes[] = {"",      "LAYER", "LTYPE", "STYLE", "DIMSTYLE",    "BLOCK",
+                                         "APPID", "VIEW",  "UCS",   "VPORT", "BLOCK_RECORD"};
+  return kTypes[static_cast<std::size_t>(table)];
+}
+
+std::uint32_t MemoryStorage::keep(Object object) {
+  nextHandle_ = std::max(nextHandle_, object.handle + 1);
+  if (object.handle == 0) object.handle = nextHandle_++;
+  return changedTo(std::move(object));
+}
+
+EditId MemoryStorage::changedTo(Object object) {
+  states_.push_back(std::move(object));
+  return static_cast<EditId>(states_.size() - 1);
+}
+
+std::optional<Handle> MemoryStorage::handle(const Record& record) const {
+  const Handle own = object(record).handle;
+  return own == 0 || record.kind == RecordKind::kOther ? std::nullopt : std::optional(own);
+}
+
+StoredValue MemoryStorage::property(const Record& record, Property property) const {
+  const Object& holder = object(record);
+  const auto found = holder.values.find(property);
+  return found == holder.values.end() ? StoredValue() : found->second;
+}
+
+bool MemoryStorage::canHold(const Record& record, Property property) const {
+  const Holds* row = holding(record, object(record).type, property);
+  return row != nullptr && facts_.version >= row->since;
+}
+
+base::Result<EditId> MemoryStorage::setProperty(Drawing& drawing, const Record& record, Property property,
+                                                const StoredValue& value) {
+  Object next = object(record);
+  const auto present = next.values.find(property);
+  if (present != next.values.end() && present->second == value) return record.edits;
+  const PropertyInfo& info = propertyInfo(property);
+  const bool layerWeight = property == P::kLineWeight && record.table == Table::kLayer;
+  const double preset = layerWeight ? -3 : info.defaultValue;
+  const auto* integer = std::get_if<std::int64_t>(&value);
+  const auto* real = std::get_if<double>(&value);
+  const auto* text = std::get_if<std::string>(&value);
+  const bool isPreset = (integer != nullptr && static_cast<double>(*integer) == preset) ||
+                        (real != nullptr && *real == preset) || (text != nullptr && text->empty());
+  if (holding(record, next.type, property) == nullptr) return base::Failure{{}, L"No such property"};
+  if (present == next.values.end() && isPreset && property != P::kTextHeight) return record.edits;
+  if (!canHold(record, property)) return base::Failure{{}, L"Not in this version"};
+  if (const auto* reference = std::get_if<Reference>(&value)) {
+    if (const base::Status status = drawing.materialise(reference->record); !status) return status.failure();
+  }
+  next.values[property] = value;
+  return changedTo(std::move(next));
+}
+
+base::Status MemoryStorage::renameLayer(Drawing& drawing, RecordId layer, std::wstring_view newName) {
+  const NameId from = drawing.recordName(layer);
+  base::Status status = drawing.setStored(layer, P::kName, encodeStored(newName, facts_.codePage));
+  if (status) drawing.layerRenamed(from, drawing.recordName(layer));
+  return status;
+}
+
+Signature MemoryStorage::readSignature(Drawing& drawing, const Record& record) const {
+  return signatureOf(object(record), drawing.names(), [&](RecordId id) { return drawing.recordName(id); });
+}
+
+// A line for each record.
+base::Status MemoryStorage::save(const std::filesystem::path& target, std::span<const Record> records) const {
+  std::string out = "Drawing in memory\n";
+  for (const Record& record : records) {
+    if (record.erased() || record.implied()) continue;
+    const Object& holder = object(record);
+    if (record.kind == RecordKind::kOther && holder.variables.empty()) continue;
+    out += holder.type + ' ' + std::to_string(holder.handle) + " in " + std::to_string(record.owner);
+    for (const auto& [property, value] : holder.values)
+      out.append(", ").append(propertyInfo(property).name).append(" = ").append(shown(value));
+    for (const auto& [variable, value] : holder.dimValues)
+      out.append(", ").append(variable->name).append(" = ").append(shown(value));
+    for (const auto& [name, value] : holder.variables)
+      out.append(", ").append(name).append(" = ").append(shown(value));
+    for (const Dash& dash : holder.dashes) out += ", dash " + std::to_string(dash.length);
+    out += '\n';
+  }
+  return base::writeFileAtomically(target, out);
+}
+
+}  // namespace cad::memory
