@@ -44,13 +44,15 @@ def commented(groups):
 
 
 def second_marker(groups):
-    """Layer, colour and the like behind the marker of the object's own class."""
-    result, held = [], None
+    """Layer, colour and the like behind the marker of the object's own class, but for what this class has itself."""
+    result, held, own = [], None, ()
     for code, value in groups:
+        if code == b"0":
+            own = (b"48",) if value == b"MTEXT" else ()
         if held is not None and code in (b"0", b"100"):
             result += [(code, value), *held] if code == b"100" else [*held, (code, value)]
             held = None
-        elif held is not None and code in COMMON_CODES:
+        elif held is not None and code in COMMON_CODES and code not in own:
             held.append((code, value))
         else:
             result.append((code, value))
