@@ -1,11 +1,12 @@
 #pragma once
 // The dimension variables: one row for each, the only place where its name, its type, its limits, its
 // default and the drawing versions that have it stand. Header, dimension style, override of a dimension and
-// system variable all take them from here; a row's address is how a variable is named.
+// system variable all take them from here.
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <span>
 #include <string_view>
 
 #include "embedded/drawing/line_weights.h"
@@ -31,6 +32,8 @@ struct DimVariableInfo {
   NumberLimits limits;  // of numbers and characters
   double defaultValue;  // of a drawing in inches with no template; names default to "" unless a style
   Version first = Version::kR12, last = Version::kUnknown;
+  // In kDimVariables: how a variable is told from others. A program and a library each have a table.
+  std::uint8_t row = 0;
 
   bool isName() const { return type >= DimType::kTextStyle; }
   bool isInteger() const { return type <= DimType::kCharacter; }
@@ -143,7 +146,11 @@ inline constexpr DimVariableInfo kRows[] = {
 
 }  // namespace dim_table
 
-inline constexpr std::span<const DimVariableInfo> kDimVariables = dim_table::kRows;
+inline constexpr auto kDimVariables = [] {
+  auto rows = std::to_array(dim_table::kRows);
+  for (std::size_t row = 0; row < rows.size(); ++row) rows[row].row = static_cast<std::uint8_t>(row);
+  return rows;
+}();
 
 // By name (upper-case, no dollar sign); null when there is no such variable.
 constexpr const DimVariableInfo* findDimVariable(std::string_view name) {

@@ -28,6 +28,8 @@ std::optional<base::Result<RecordId>> DxfStorage::copyBlock(Drawing& drawing, st
   Drawing::ChangeScope scope(drawing);
   BlockCopier copier(drawing, *this, source, *from);
   base::Result<RecordId> block = copier.copyModelSpace(name);
+  if (const base::Status unchanged = from->source_->checkUnchanged(); block.ok() && !unchanged)
+    block = unchanged.failure();
   if (!block.ok()) scope.rollBack();
   return block;
 }

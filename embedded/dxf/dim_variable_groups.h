@@ -47,7 +47,7 @@ inline constexpr DimGroups kDimGroups[] = {
 static_assert(std::ranges::equal(kDimGroups, kDimVariables, {}, &DimGroups::name, &DimVariableInfo::name));
 
 constexpr const DimGroups& groupsOf(const DimVariableInfo& variable) {
-  return kDimGroups[&variable - kDimVariables.data()];
+  return kDimGroups[variable.row];
 }
 
 }  // namespace cad::dxf

@@ -228,7 +228,7 @@ base::Result<RecordId> MemoryStorage::addInsert(Drawing& drawing, RecordId space
 std::optional<Variable> MemoryStorage::dimVariable(const Drawing& drawing, RecordId id,
                                                    const DimVariableInfo& variable) const {
   const auto& values = object(drawing.record(id)).dimValues;
-  const auto found = values.find(&variable);
+  const auto found = values.find(variable.row);
   return found == values.end() ? std::nullopt : std::optional(told(drawing, found->second));
 }
 
@@ -243,7 +243,7 @@ base::Status MemoryStorage::setDimVariable(Drawing& drawing, RecordId id, const 
   const auto wanted = kept(drawing, valueTypeOf(variable), tableOf(variable), value, shown);
   if (!wanted) return wanted.failure();
   Object next = object(drawing.record(id));
-  const auto [present, isNew] = next.dimValues.try_emplace(&variable, wanted.value());
+  const auto [present, isNew] = next.dimValues.try_emplace(variable.row, wanted.value());
   if (!isNew && present->second == wanted.value()) return {};
   present->second = wanted.value();
   change(drawing, id, std::move(next));
@@ -254,7 +254,7 @@ base::Status MemoryStorage::removeDimOverride(Drawing& drawing, RecordId id,
                                               const DimVariableInfo& variable) {
   if (drawing.record(id).table == Table::kDimStyle) return failure({}, L"This is no override");
   Object next = object(drawing.record(id));
-  if (next.dimValues.erase(&variable) != 0) change(drawing, id, std::move(next));
+  if (next.dimValues.erase(variable.row) != 0) change(drawing, id, std::move(next));
   return {};
 }
 

@@ -19,7 +19,7 @@ struct Object {
   std::string type;
   Handle handle = 0;
   std::map<Property, StoredValue> values;
-  std::map<const DimVariableInfo*, DimValue> dimValues;
+  std::map<int, DimValue> dimValues;  // by row
   std::vector<Dash> dashes;
   Geometry geometry;                                       // of a block: its base point
   std::map<std::string, DimValue, std::less<>> variables;  // of the header
