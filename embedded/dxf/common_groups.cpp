@@ -119,8 +119,8 @@ class CommonGroup {
   std::optional<Group> group_;
 };
 
-// Where a new group is read back: behind the layer or AcDbEntity; without these behind the first known class's
-// marker when it may stray there, else in the record's head.
+// Where a new group is read back: behind the layer or AcDbEntity; without these behind the first known
+// class's marker when it may stray there, else in the record's head.
 class CommonPlace {
  public:
   explicit CommonPlace(int code) : code_(code) {}

@@ -46,8 +46,6 @@ inline constexpr DimGroups kDimGroups[] = {
 };
 static_assert(std::ranges::equal(kDimGroups, kDimVariables, {}, &DimGroups::name, &DimVariableInfo::name));
 
-constexpr const DimGroups& groupsOf(const DimVariableInfo& variable) {
-  return kDimGroups[variable.row];
-}
+constexpr const DimGroups& groupsOf(const DimVariableInfo& variable) { return kDimGroups[variable.row]; }
 
 }  // namespace cad::dxf

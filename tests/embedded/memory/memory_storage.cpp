@@ -164,7 +164,10 @@ base::Status MemoryStorage::save(const std::filesystem::path& target, std::span<
     for (const auto& [property, value] : holder.values)
       out.append(", ").append(propertyInfo(property).name).append(" = ").append(shown(value));
     for (const auto& [row, value] : holder.dimValues)
-      out.append(", ").append(kDimVariables[static_cast<std::size_t>(row)].name).append(" = ").append(shown(value));
+      out.append(", ")
+          .append(kDimVariables[static_cast<std::size_t>(row)].name)
+          .append(" = ")
+          .append(shown(value));
     for (const auto& [name, value] : holder.variables)
       out.append(", ").append(name).append(" = ").append(shown(value));
     for (const Dash& dash : holder.dashes) out += ", dash " + std::to_string(dash.length);
