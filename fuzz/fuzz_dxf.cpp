@@ -5,7 +5,7 @@
 #include <string>
 
 #include "embedded/drawing/dim_variable_table.h"
-#include "embedded/dxf/loader.h"
+#include "embedded/formats/drawing_files.h"
 #include "fuzz/saved_bytes.h"
 #include "fuzz/share.h"
 
@@ -28,7 +28,7 @@ void readAll(cad::Drawing& drawing) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string bytes(reinterpret_cast<const char*>(data), size);
-  auto loaded = cad::dxf::loadBytes(bytes);
+  auto loaded = cad::formats::openBytes(bytes);
   static fuzz::Share share("drawings");
   share.add(loaded.ok());
   if (!loaded) return 0;

@@ -100,7 +100,8 @@ base::Result<RecordId> Drawing::defineBlock(std::wstring_view name, const Drawin
 Point Drawing::basePoint(RecordId block) const { return storage_->basePoint(*this, block); }
 
 base::Result<RecordId> Drawing::addInsert(RecordId space, const NewInsert& insert) {
-  if (insert.block == kNoRecord || records_[insert.block].table != Table::kBlock)
+  if (insert.block >= records_.size() || records_[insert.block].table != Table::kBlock ||
+      records_[insert.block].erased())
     return base::Failure{{}, L"The drawing has no block of this name"};
   if (!std::isfinite(insert.scale) || insert.scale == 0 || !std::isfinite(insert.rotation))
     return base::Failure{names_.text(recordName(insert.block)), L"The scale must not be 0"};

@@ -124,6 +124,8 @@ base::Status Drawing::setInteger(RecordId id, Property property, std::int64_t va
 
 base::Status Drawing::setText(RecordId id, Property property, std::wstring_view value) {
   if (const Table table = tableNamedBy(property); table != Table::kNone) {
+    const NameId present = name(id, property);
+    if (present != kNoName && base::equalFolded(names_.text(present), value)) return {};
     const RecordId named = find(table, value);
     if (named != kNoRecord) return setReference(id, property, named);
     return base::Failure{std::wstring(value),

@@ -96,7 +96,7 @@ void BlockWriter::setReal(int code, double value) {
   const RecordGroups groups(storage_, record);
   const Group* group = groups.find(code);
   if (group == nullptr || realValue(*group, storage_.dialect()) == value) return;
-  drawing_.setEdits(block_, replaceValue(storage_, record, *group, realBytes(storage_.dialect(), value)));
+  drawing_.setEdits(block_, storage_.withValue(record, *group, realBytes(storage_.dialect(), value)));
 }
 
 void BlockWriter::setInteger(int code, std::int64_t value) {
@@ -104,8 +104,8 @@ void BlockWriter::setInteger(int code, std::int64_t value) {
   const RecordGroups groups(storage_, record);
   const Group* group = groups.find(code);
   if (group == nullptr || integerValue(*group, storage_.dialect()) == value) return;
-  drawing_.setEdits(block_, replaceValue(storage_, record, *group,
-                                         integerBytes(storage_.dialect(), code, value, group->value)));
+  drawing_.setEdits(block_, storage_.withValue(record, *group,
+                                               integerBytes(storage_.dialect(), code, value, group->value)));
 }
 
 base::Result<RecordId> BlockWriter::close() {

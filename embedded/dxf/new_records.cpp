@@ -137,8 +137,8 @@ base::Result<RecordId> DxfStorage::add(Drawing& drawing, const NewRecord& record
   const RecordGroups headGroups(*this, headRecord);
   if (const Group* count = headGroups.find(70)) {
     const std::int64_t members = integerValue(*count, dialect_).value_or(0);
-    drawing.setEdits(
-        head, replaceValue(*this, headRecord, *count, integerBytes(dialect_, 70, members + 1, count->value)));
+    drawing.setEdits(head,
+                     withValue(headRecord, *count, integerBytes(dialect_, 70, members + 1, count->value)));
   }
   return insert(drawing, {kind, table, before.value(), kNoRecord, builder.take(), implied});
 }

@@ -48,10 +48,6 @@ std::optional<Handle> ownerHandleOf(const Drawing& drawing, RecordId block) {
   return drawing.handle(entry);
 }
 
-EditId replaceValue(DxfStorage& storage, const Record& record, const Group& group, std::string_view value) {
-  return storage.splice(record, {group.valueBegin, static_cast<std::uint32_t>(group.value.size()), value});
-}
-
 base::Status requireApplication(Drawing& drawing, std::wstring_view name) {
   if (drawing.find(Table::kAppId, name) != kNoRecord) return {};
   const base::Result<RecordId> added = drawing.addTableRecord(Table::kAppId, name);

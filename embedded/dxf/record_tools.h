@@ -45,9 +45,6 @@ std::optional<Handle> ownerHandleOf(const Drawing& drawing, RecordId block);
 
 std::wstring blockName(const Drawing& drawing, RecordId block);
 
-// Replaces the value of one group.
-EditId replaceValue(DxfStorage& storage, const Record& record, const Group& group, std::string_view value);
-
 // Extended data may stand in the file only under an application that it knows.
 base::Status requireApplication(Drawing& drawing, std::wstring_view name);
 

@@ -12,25 +12,25 @@ namespace {
 
 using Opened = base::Result<std::unique_ptr<Drawing>>;
 
-// DXF comes first, so it is asked last: any text may be meant to be one.
-std::vector<Format>& knownFormats() {
-  static std::vector<Format> formats = {{[](std::string_view) { return true; }, dxf::read}};
+std::vector<Format>& addedFormats() {
+  static std::vector<Format> formats;
   return formats;
 }
 
 Opened read(std::unique_ptr<SourceBytes>& source) {
   const std::string_view bytes = source->view();
   if (bytes.empty()) return base::Failure{{}, L"The file is empty"};
-  if (const std::wstring foreign = foreignFormat(bytes); !foreign.empty()) return base::Failure{{}, foreign};
-  const auto& formats = knownFormats();
+  const auto& formats = addedFormats();
   const auto format = std::find_if(formats.rbegin(), formats.rend(),
                                    [&](const Format& each) { return each.recognises(bytes); });
-  return format->read(source);
+  if (format != formats.rend()) return format->read(source);
+  if (const std::wstring foreign = foreignFormat(bytes); !foreign.empty()) return base::Failure{{}, foreign};
+  return dxf::read(source);  // any other text may be meant to be one
 }
 
 }  // namespace
 
-void addFormat(const Format& format) { knownFormats().push_back(format); }
+void addFormat(const Format& format) { addedFormats().push_back(format); }
 
 Opened open(const std::filesystem::path& path) {
   auto file = base::MappedFile::open(path);

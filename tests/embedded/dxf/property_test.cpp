@@ -151,6 +151,14 @@ struct TableChange {
   const char *from, *to;  // groups
 };
 
+TEST(References, ANameWithoutARecordMayStayAndNoneMayBecomeOne) {
+  const auto drawing = read(drawingText("AC1024", "0 LINE|100 AcDbEntity|8 0|6 LOST|100 AcDbLine", kTables));
+  const RecordId line = entity(*drawing, "LINE");
+  EXPECT_TRUE(drawing->setText(line, Property::kLinetype, L"Lost").ok());
+  EXPECT_FALSE(drawing->setText(line, Property::kLinetype, L"NONE").ok());
+  EXPECT_FALSE(drawing->isModified());
+}
+
 TEST(TableProperty, ChangesItsGroupsAndNothingElse) {
   const TableChange changes[] = {
       {Table::kLayer, L"WALL", Property::kLayerColor, std::int64_t{-7}, "62 7|6 C", "62 -7|6 C"},

@@ -37,6 +37,14 @@ TEST(Formats, FilesOfOtherKindsAreNamedAsWhatTheyAre) {
   }
 }
 
+TEST(Formats, AnAddedFormatIsAskedBeforeItsFilesCountAsForeign) {
+  const std::string file = "AC1999";
+  EXPECT_NE(openBytes(file).failure().reason.find(L"DWG"), std::wstring::npos);
+  addFormat({[](std::string_view bytes) { return bytes.starts_with("AC1999"); },
+             [](std::unique_ptr<SourceBytes>&) { return create(Version::kR2004); }});
+  EXPECT_TRUE(openBytes(file).ok());
+}
+
 TEST(Formats, NewDrawingsAreOfTheVersionThatIsWanted) {
   for (const Version version : {Version::kR2000, Version::kR2004, Version::kR2018}) {
     const auto made = create(version);
