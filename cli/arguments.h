@@ -1,5 +1,5 @@
 #pragma once
-// What the command line asks for.
+// What the command line asks for, and what it can be asked for.
 
 #include <optional>
 #include <string>
@@ -30,5 +30,9 @@ struct Arguments {
 // call does not take or that is given twice, a missing or bad value, no files or one without a name; the
 // reason says what to do.
 base::Result<Arguments> parseArguments(const std::vector<std::wstring>& words);
+
+// What `kivcvt help` and `kivcvt --version` print, without the last line end.
+std::wstring usageText();
+std::wstring versionText();
 
 }  // namespace kivcli

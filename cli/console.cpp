@@ -4,7 +4,7 @@
 #include <iterator>
 
 #include "base/terminal.h"
-#include "cli/specification_report.h"
+#include "cli/specification_check.h"
 
 namespace kivcli {
 namespace {

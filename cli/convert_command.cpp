@@ -1,4 +1,8 @@
+// kivcvt convert: what holds for all drawings, and one conversion after another.
+
 #include <algorithm>
+#include <ctime>
+#include <cwchar>
 #include <filesystem>
 #include <system_error>
 
@@ -8,10 +12,9 @@
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/drawing_conversion.h"
-#include "cli/log_name.h"
 #include "cli/output_plan.h"
 #include "cli/session.h"
-#include "cli/specification_report.h"
+#include "cli/specification_check.h"
 
 namespace kivcli {
 namespace {
@@ -60,6 +63,17 @@ base::Status prepare(Session& session, const Arguments& arguments, Undone& undon
   return {};
 }
 
+// Named after the local time to the second, as the module's own logs are. Empty for an empty folder.
+std::wstring logFilePath(const std::wstring& folder) {
+  if (folder.empty()) return {};
+  const std::time_t now = std::time(nullptr);
+  wchar_t name[64];
+  const std::size_t length =
+      std::wcsftime(name, std::size(name), L"%Y%m%d_%Hh%Mm%SsMorlux.log", std::localtime(&now));
+  const std::filesystem::path path = base::pathFromText(fullPath(folder));
+  return base::pathText(path / base::pathFromText(std::wstring(name, length)));
+}
+
 struct Tally {
   std::size_t converted = 0, withProblems = 0, failed = 0;
 
@@ -97,7 +111,11 @@ int runConvert(const Arguments& arguments) {
   const fs::path outputFolder = base::pathFromText(arguments.outputFolder);
   DrawingConversion conversion(*session.value(), arguments, logFilePath(arguments.logFolder));
   Tally tally;
-  for (const PlannedDrawing& drawing : planOutputs(arguments.files, outputFolder, arguments.format)) {
+  const auto savedName = [&](const std::wstring& drawing, SaveFormat format) {
+    return session.value()->savedName(drawing, static_cast<int>(format));
+  };
+  for (const PlannedDrawing& drawing :
+       planOutputs(arguments.files, outputFolder, arguments.format, savedName)) {
     tally.count(conversion.run(drawing));
   }
   undone.tell(arguments.specification);

@@ -1,11 +1,10 @@
 #include "cli/drawing_conversion.h"
 
-#include <system_error>
 #include <utility>
 
 #include "base/files.h"
 #include "cli/console.h"
-#include "cli/specification_report.h"
+#include "cli/specification_check.h"
 #include "embedded/drawing/drawing.h"
 
 namespace kivcli {
@@ -15,10 +14,6 @@ using base::Failure;
 using base::Status;
 
 constexpr wchar_t kConversionCommand[] = L"KIV_TOACAD2";
-
-std::wstring withTrailingSeparator(const std::wstring& folder) {
-  return base::pathText(base::pathFromText(folder) / "");
-}
 
 const wchar_t* noteReason(int reason) {
   switch (reason) {
@@ -55,7 +50,8 @@ DrawingConversion::DrawingConversion(Session& session, const Arguments& argument
       arguments_(arguments),
       logFile_(std::move(logFile)),
       specification_(fullPath(arguments.specification)),
-      outputFolder_(withTrailingSeparator(fullPath(arguments.outputFolder))) {}
+      outputFolder_(fullPath(arguments.outputFolder)),
+      report_(session.lastRunReport()) {}
 
 Outcome DrawingConversion::run(const PlannedDrawing& drawing) {
   if (!drawing.refusal.empty()) {
@@ -70,12 +66,11 @@ Outcome DrawingConversion::run(const PlannedDrawing& drawing) {
   }
   const std::wstring warning = host.currentDrawing().facts().warning;
   if (!warning.empty()) complain(drawing.given + L": " + warning);
-  const int runsBefore = session_.lastRunReport().runs;
-  const Status converted = convertOpen(drawing, runsBefore);
-  const KivRunReport report = session_.lastRunReport();
-  const bool hasRun = report.runs != runsBefore;
-  const bool clean = !hasRun || reportProblems(drawing, report);
-  if (hasRun) reportLog(report);
+  const int runsBefore = report_.runs;
+  const Status converted = convertOpen(drawing);
+  const bool hasRun = report_.runs != runsBefore;
+  const bool clean = !hasRun || reportProblems(drawing);
+  if (hasRun) reportLog();
   // The run closes the drawing that it saved; one that it gave up is still open.
   Status closed;
   while (closed && host.documentCount() > documentsBefore) closed = host.closeDocument();
@@ -88,7 +83,7 @@ Outcome DrawingConversion::run(const PlannedDrawing& drawing) {
   return clean && warning.empty() ? Outcome::kConverted : Outcome::kWithProblems;
 }
 
-Status DrawingConversion::convertOpen(const PlannedDrawing& drawing, int runsBefore) {
+Status DrawingConversion::convertOpen(const PlannedDrawing& drawing) {
   KivConversion conversion{};
   conversion.specification = specification_.c_str();
   conversion.outputFolder = outputFolder_.c_str();
@@ -98,20 +93,20 @@ Status DrawingConversion::convertOpen(const PlannedDrawing& drawing, int runsBef
   conversion.logFile = logFile_.c_str();
   if (!session_.setConversion(conversion)) return Failure{L"", L"the module refused the options"};
 
+  const int runsBefore = report_.runs;
   session_.host().beginRun();
   session_.takeOutput();
   const Status executed = session_.host().execute(kConversionCommand);
-  const KivRunReport report = session_.lastRunReport();
-  if (Status ended = checkEnd(drawing, report, runsBefore); !ended) return ended;
+  report_ = session_.lastRunReport();
+  if (report_.runs == runsBefore) {
+    return Failure{L"", L"the conversion did not run: " + session_.takeOutput()};
+  }
+  if (Status ended = checkEnd(drawing); !ended) return ended;
   return executed;
 }
 
-Status DrawingConversion::checkEnd(const PlannedDrawing& drawing, const KivRunReport& report,
-                                   int runsBefore) {
-  if (report.runs == runsBefore) {
-    return Failure{L"", L"the conversion did not run: " + session_.takeOutput()};
-  }
-  switch (report.end) {
+Status DrawingConversion::checkEnd(const PlannedDrawing& drawing) {
+  switch (report_.end) {
     case kKivConverted:
       break;
     case kKivEmptyDrawing:
@@ -127,27 +122,26 @@ Status DrawingConversion::checkEnd(const PlannedDrawing& drawing, const KivRunRe
     return Failure{L"",
                    L"not saved: " + base::pathText(drawing.target) + L": " + save->status.failure().reason};
   }
-  std::error_code error;
-  if (!std::filesystem::exists(drawing.target, error)) {
+  if (report_.savedPath[0] == L'\0') {
     return Failure{L"", L"not saved: " + base::pathText(drawing.target) + L" is not there after saving"};
   }
   return {};
 }
 
-bool DrawingConversion::reportProblems(const PlannedDrawing& drawing, const KivRunReport& report) const {
+bool DrawingConversion::reportProblems(const PlannedDrawing& drawing) const {
   // The last problem of a drawing that was not saved says so without the host's reason.
-  const bool isSaved = report.end != kKivConverted || report.savedPath[0] != L'\0';
-  const int told = isSaved ? report.problemCount : report.problemCount - 1;
-  for (int i = 0; i < told; ++i) complain(drawing.given + L": " + report.problems[i]);
-  for (int i = 0; i < report.noteCount; ++i) complain(drawing.given + L": " + noteText(report.notes[i]));
+  const bool isSaved = report_.end != kKivConverted || report_.savedPath[0] != L'\0';
+  const int told = isSaved ? report_.problemCount : report_.problemCount - 1;
+  for (int i = 0; i < told; ++i) complain(drawing.given + L": " + report_.problems[i]);
+  for (int i = 0; i < report_.noteCount; ++i) complain(drawing.given + L": " + noteText(report_.notes[i]));
   for (const Failure& remark : session_.host().takeRemarks()) complain(drawing.given + L": " + remark.text());
-  return report.problemCount + report.noteCount == 0;
+  return report_.problemCount + report_.noteCount == 0;
 }
 
-void DrawingConversion::reportLog(const KivRunReport& report) {
-  if (report.logFailure[0] == L'\0' || !isLogComplete_) return;
+void DrawingConversion::reportLog() {
+  if (report_.logFailure[0] == L'\0' || !isLogComplete_) return;
   isLogComplete_ = false;
-  complain(L"kivcvt: the log cannot be written: " + std::wstring(report.logFailure));
+  complain(L"kivcvt: the log cannot be written: " + std::wstring(report_.logFailure));
 }
 
 }  // namespace kivcli

@@ -24,14 +24,15 @@ class DrawingConversion {
   bool isLogComplete() const { return isLogComplete_; }
 
  private:
-  base::Status convertOpen(const PlannedDrawing& drawing, int runsBefore);
-  base::Status checkEnd(const PlannedDrawing& drawing, const KivRunReport& report, int runsBefore);
-  bool reportProblems(const PlannedDrawing& drawing, const KivRunReport& report) const;
-  void reportLog(const KivRunReport& report);
+  base::Status convertOpen(const PlannedDrawing& drawing);
+  base::Status checkEnd(const PlannedDrawing& drawing);
+  bool reportProblems(const PlannedDrawing& drawing) const;
+  void reportLog();
 
   Session& session_;
   const Arguments& arguments_;
   std::wstring logFile_, specification_, outputFolder_;
+  KivRunReport report_;  // of the newest run
   bool isLogComplete_ = true;
 };
 

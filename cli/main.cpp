@@ -11,7 +11,6 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/console.h"
-#include "cli/usage.h"
 
 namespace {
 

@@ -12,29 +12,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kExtensionLength = 4;  // with its dot
-
-// The module cuts an extension of three characters from the drawing's name and no other.
-std::wstring baseName(const fs::path& drawing) {
-  std::wstring name = base::pathText(drawing.filename());
-  const bool hasExtension = name.size() >= kExtensionLength && name[name.size() - kExtensionLength] == L'.';
-  if (hasExtension) name.resize(name.size() - kExtensionLength);
-  return name;
-}
-
-const wchar_t* extensionOf(SaveFormat format) {
-  switch (format) {
-    case SaveFormat::kDwg:
-      return L".DWG";
-    case SaveFormat::kDwt:
-      return L".DWT";
-    default:
-      return L".DXF";
-  }
-}
-
-SaveFormat ownFormat(const fs::path& drawing) {
-  const std::wstring name = base::upper(base::pathText(drawing.filename()));
+SaveFormat ownFormat(const std::wstring& drawingName) {
+  const std::wstring name = base::upper(drawingName);
   if (name.ends_with(L".DWG")) return SaveFormat::kDwg;
   if (name.ends_with(L".DWT")) return SaveFormat::kDwt;
   return SaveFormat::kDxf;
@@ -52,7 +31,8 @@ std::wstring identity(const fs::path& path) {
 }  // namespace
 
 std::vector<PlannedDrawing> planOutputs(const std::vector<std::wstring>& drawings,
-                                        const fs::path& outputFolder, std::optional<SaveFormat> format) {
+                                        const fs::path& outputFolder, std::optional<SaveFormat> format,
+                                        const SavedName& savedName) {
   std::set<std::wstring> sources;
   for (const std::wstring& drawing : drawings) sources.insert(identity(base::pathFromText(drawing)));
 
@@ -61,11 +41,9 @@ std::vector<PlannedDrawing> planOutputs(const std::vector<std::wstring>& drawing
   for (const std::wstring& drawing : drawings) {
     PlannedDrawing planned;
     planned.given = drawing;
-    std::error_code error;
-    planned.source = fs::absolute(base::pathFromText(drawing), error);
-    planned.format = format.value_or(ownFormat(planned.source));
-    planned.target =
-        outputFolder / base::pathFromText(baseName(planned.source) + extensionOf(planned.format));
+    const std::wstring name = base::pathText(base::pathFromText(drawing).filename());
+    planned.format = format.value_or(ownFormat(name));
+    planned.target = outputFolder / base::pathFromText(savedName(name, planned.format));
 
     const std::wstring target = identity(planned.target);
     if (sources.contains(target)) {

@@ -26,6 +26,7 @@ class Session {
   // The module's automation entry; see host/automation.h for what the reports own.
   bool setConversion(const KivConversion& conversion) { return setConversion_(&conversion) != 0; }
   KivRunReport lastRunReport();
+  std::wstring savedName(const std::wstring& drawing, int saveFormat);
   KivSpecificationReport checkSpecification(const std::wstring& path);
 
   // What the host and the module have printed since the last call, as one line.
@@ -39,6 +40,7 @@ class Session {
   std::wstring output_;
   KivSetConversion setConversion_ = nullptr;
   KivLastRunReport lastRunReport_ = nullptr;
+  KivSavedName savedName_ = nullptr;
   KivCheckSpecification checkSpecification_ = nullptr;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
-// A setting's conditions and results, taken apart once for one pass over the drawing's entities.
+// A setting taken apart: into the items that its line holds, and into what they mean for one pass over the
+// drawing's entities.
 
 #include <functional>
 #include <optional>
@@ -11,6 +12,22 @@
 #include "spec/value_forms.h"
 
 namespace kiv {
+
+// A setting in the one-line form in which the run's reader hands it over:
+//   ,key=value,key<>value,***,{,key=value
+// Conditions stand before the "{" piece, results after it. A comma inside a value is doubled.
+struct FlatItem {
+  std::wstring key;
+  std::wstring value;
+  bool equal = true;  // false: an inverted condition
+};
+
+struct FlatSetting {
+  std::vector<FlatItem> conditions;
+  std::vector<FlatItem> results;
+};
+
+FlatSetting parseFlatSetting(std::wstring_view line);
 
 enum class Pass { kText = 0, kDimension = 1, kHatch = 2, kOther = 3 };
 

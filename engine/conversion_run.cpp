@@ -1,25 +1,44 @@
 #include "engine/conversion_run.h"
 
 #include <algorithm>
+#include <array>
+#include <filesystem>
+#include <system_error>
+#include <utility>
 
 #include "acedCmdNF.h"
 #include "adscodes.h"
 #include "base/files.h"
 #include "dbapserv.h"
-#include "engine/entity_passes.h"
-#include "engine/layer_stages.h"
-#include "engine/messages.h"
-#include "engine/resource_stages.h"
-#include "engine/save_stage.h"
-#include "engine/scope_exit.h"
-#include "engine/selection_set.h"
+#include "engine/host_access.h"
+#include "engine/layers.h"
+#include "engine/stages.h"
 #include "platform/host_output.h"
-#include "platform/progress_meter.h"
 #include "platform/settings.h"
 #include "spec/cvt_run_reader.h"
 
 namespace kiv {
 namespace {
+
+constexpr std::array<const wchar_t*, 3> kExtensions = {L"DWG", L"DXF", L"DWT"};  // by save format
+
+// Work that is done when a scope is left, in whatever way.
+template <class Work>
+class ScopeExit {
+ public:
+  explicit ScopeExit(Work work) : work_(std::move(work)) {}
+  ScopeExit(const ScopeExit&) = delete;
+  ScopeExit& operator=(const ScopeExit&) = delete;
+  ~ScopeExit() {
+    try {
+      work_();
+    } catch (...) {  // the error that leaves the scope is the one to tell
+    }
+  }
+
+ private:
+  Work work_;
+};
 
 void convertDrawing(RunState& run) {
   const ScopeExit restoreStatusBar([] { endMeter(); });
@@ -44,6 +63,54 @@ void convertDrawing(RunState& run) {
 
 bool isDrawingEmpty() { return SelectionSet(BufferChain()).size() < 1; }
 
+bool exists(const std::wstring& path) {
+  std::error_code error;
+  return std::filesystem::exists(base::pathFromText(path), error);
+}
+
+void addTokens(int saveFormat, const std::wstring& target, BufferChain& tokens) {
+  tokens.text(RTSTR, L"SAVEAS");
+  switch (saveFormat) {
+    case 0:
+      tokens.text(RTSTR, L"");
+      break;
+    case 1:
+      tokens.text(RTSTR, L"DXF").text(RTSTR, L"V").text(RTSTR, L"").text(RTSTR, L"").text(RTSTR, L"DXF");
+      break;
+    default:
+      tokens.text(RTSTR, L"T");
+  }
+  tokens.text(RTSTR, target);
+}
+
+bool save(int saveFormat, const std::wstring& target) {
+  BufferChain tokens;
+  addTokens(saveFormat, target, tokens);
+  if (exists(target)) tokens.text(RTSTR, L"Y");
+  if (!tokens.isWhole()) return false;
+  const int result = acedCmdS(tokens.get());
+  acedCommandS(RTNONE);
+  return result == RTNORM && exists(target);
+}
+
+void closeDrawing() {
+  if (integerVariable(L"DBMOD").value_or(0) > 0) {
+    acedCommandS(RTSTR, L"CLOSE", RTSTR, L"Y", RTNONE);
+  } else {
+    acedCommandS(RTSTR, L"CLOSE", RTNONE);
+  }
+}
+
+// A failed save is a problem; the drawing is closed all the same.
+RunOutcome saveAndClose(const RunParameters& parameters, ProblemSink& problems) {
+  const std::wstring name = textVariable(L"DWGNAME").value_or(L"");
+  const std::wstring target = parameters.outputFolder + savedName(name, parameters.saveFormat);
+  const bool saved = save(parameters.saveFormat, target);
+  if (!saved) problems.addProblem(saveProblem(target));
+  closeDrawing();
+  return {RunEnd::kConverted, saved ? target : std::wstring(), true};
+}
+
 RunOutcome refuse(ProblemSink& problems, RunEnd end, const std::wstring& printed,
                   const std::wstring& problem) {
   printError(printed);
@@ -67,9 +134,15 @@ RunOutcome runConversion(const RunParameters& parameters, ProblemSink& problems)
   if (database == nullptr || isDrawingEmpty()) return {RunEnd::kEmptyDrawing};
   RunState run{*database, problems, work, file.parent_path()};
   convertDrawing(run);
-  if (parameters.converted) parameters.converted();
+  problems.endOfConversion();
   if (parameters.outputFolder.empty()) return {RunEnd::kConverted};
   return saveAndClose(parameters, problems);
+}
+
+std::wstring savedName(const std::wstring& drawingName, int saveFormat) {
+  std::wstring base = drawingName;
+  if (base.size() >= 4 && base[base.size() - 4] == L'.') base.resize(base.size() - 4);
+  return base + L"." + kExtensions[static_cast<std::size_t>(std::clamp(saveFormat, 0, 2))];
 }
 
 }  // namespace kiv

@@ -2,8 +2,8 @@
 
 #include "adscodes.h"
 #include "engine/dimension_value.h"
-#include "engine/host_variables.h"
-#include "engine/resource_stages.h"
+#include "engine/host_access.h"
+#include "engine/stages.h"
 #include "spec/cvt_lines.h"
 
 namespace kiv {

@@ -4,11 +4,9 @@
 #include <string_view>
 #include <vector>
 
-#include "base/fold.h"
 #include "dbdim.h"
 #include "dblead.h"
-#include "engine/numeric_compare.h"
-#include "engine/table_lookup.h"
+#include "engine/host_access.h"
 #include "spec/color_text.h"
 #include "spec/value_forms.h"
 
@@ -228,12 +226,6 @@ std::optional<DimensionValue> dimensionVariable(const AcDbEntity& entity, bool i
   const ReadValue reader = isLeader ? access->readLeader : access->readDimension;
   if (reader == nullptr) return std::nullopt;
   return reader(entity, names);
-}
-
-bool equalDimensionValues(const DimensionValue& a, const DimensionValue& b) {
-  if (a.index() != b.index()) return false;
-  return std::holds_alternative<double>(a) ? equalNumbers(numberOf(a), numberOf(b))
-                                           : base::equalFolded(textOf(a), textOf(b));
 }
 
 Acad::ErrorStatus setDimensionVariable(AcDbEntity& dimension, int row,

@@ -5,16 +5,13 @@
 
 #include "dbmain.h"
 #include "engine/dimension_value.h"
-#include "engine/symbol_names.h"
+#include "engine/host_access.h"
 
 namespace kiv {
 
 // Overrides included. Nothing: no such variable on this entity.
 std::optional<DimensionValue> dimensionVariable(const AcDbEntity& entity, bool isLeader, int row,
                                                 SymbolNames& names);
-
-// Do two values of one variable count as the same in a condition?
-bool equalDimensionValues(const DimensionValue& a, const DimensionValue& b);
 
 // Makes an override of the dimension; a built-in arrow that the drawing does not have is
 // made by the host. eInvalidInput: there is no value; eNotThatKindOfClass: a variable that

@@ -1,14 +1,36 @@
 #pragma once
-// Properties of an entity that only some sorts of entities have. An entity without the property gives
-// nothing, and so matches no value of a condition.
+// What sort of entity an object is, and the properties that only some sorts have.
 
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
-#include "engine/entity_class.h"
+#include "dbmain.h"
 #include "spec/value_forms.h"
 
 namespace kiv {
+
+// As far as conditions and results differ by it.
+enum class EntityClass : unsigned char {
+  kPlain,
+  kText,  // single-line: texts, attribute definitions, attributes
+  kMText,
+  kDimension,
+  kLeader,
+  kBlockReference,
+};
+
+// Asked once per object, so the answer is kept per class of the host.
+class EntityClasses {
+ public:
+  EntityClass of(const AcDbEntity& entity);
+
+ private:
+  std::vector<std::pair<const AcRxClass*, EntityClass>> known_;
+};
+
+// --- An entity without the property gives nothing, and so matches no value of a condition.
 
 AcDbObjectId textStyleOf(const AcDbEntity& entity, EntityClass entityClass);  // null: none
 std::optional<double> textHeightOf(const AcDbEntity& entity, EntityClass entityClass);

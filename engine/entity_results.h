@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "engine/compiled_setting.h"
-#include "engine/entity_class.h"
-#include "engine/run_interfaces.h"
-#include "engine/symbol_names.h"
+#include "engine/entity_properties.h"
+#include "engine/host_access.h"
+#include "engine/problems.h"
 
 namespace kiv {
 

@@ -8,14 +8,10 @@
 #include "acutads.h"
 #include "base/fold.h"
 #include "dbobjptr.h"
-#include "engine/compiled_setting.h"
-#include "engine/flat_setting.h"
-#include "engine/layer_properties.h"
-#include "engine/layer_stages.h"
-#include "engine/messages.h"
+#include "engine/conditions.h"
+#include "engine/layers.h"
 #include "engine/pattern_rename.h"
-#include "engine/record_filter.h"
-#include "engine/refusal.h"
+#include "engine/stages.h"
 #include "spec/item_kinds.h"
 
 namespace kiv {
@@ -64,14 +60,16 @@ bool passes(const LayerSetting& setting, const LayerFacts& layer) {
 }
 
 // The host tells a record's name even while the record does not open.
-std::wstring nameInTable(const AcDbLayerTable& table, AcDbObjectId wanted) {
+std::wstring nameInTable(AcDbDatabase& database, AcDbObjectId wanted) {
+  AcDbLayerTablePointer table(&database, AcDb::kForRead);
+  if (table.openStatus() != Acad::eOk) return {};
   for (int rewind = 1;; rewind = 0) {
     const std::unique_ptr<resbuf, void (*)(resbuf*)> record(acdbTblNext(L"LAYER", rewind),
                                                             [](resbuf* chain) { acutRelRb(chain); });
     if (record == nullptr) return {};
     for (const resbuf* item = record.get(); item != nullptr; item = item->rbnext) {
       AcDbObjectId id;
-      if (item->restype != kNameGroup || table.getIdAt(item->resval.rstring, id) != Acad::eOk) continue;
+      if (item->restype != kNameGroup || table->getIdAt(item->resval.rstring, id) != Acad::eOk) continue;
       if (id == wanted) return item->resval.rstring;
     }
   }
@@ -79,18 +77,12 @@ std::wstring nameInTable(const AcDbLayerTable& table, AcDbObjectId wanted) {
 
 std::vector<LayerFacts> readLayers(RunState& run) {
   std::vector<LayerFacts> layers;
-  AcDbLayerTablePointer table(&run.database, AcDb::kForRead);
-  AcDbLayerTableIterator* made = nullptr;
-  if (table.openStatus() != Acad::eOk || table->newIterator(made) != Acad::eOk) return layers;
-  const std::unique_ptr<AcDbLayerTableIterator> records(made);
-  for (; !records->done(); records->step()) {
-    AcDbObjectId id;
-    records->getRecordId(id);
+  for (const AcDbObjectId id : layersOf(run.database)) {
     AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForRead);
     if (layer.openStatus() == Acad::eOk) {
       layers.push_back(readLayer(*layer.object()));
     } else {
-      run.problems.addProblem(layerRecordProblem(nameInTable(*table.object(), id)));
+      run.problems.addProblem(layerRecordProblem(nameInTable(run.database, id)));
     }
   }
   return layers;

@@ -8,7 +8,7 @@
 #include "base/files.h"
 #include "host/conversion_context.h"
 #include "host/run_report.h"
-#include "platform/guard.h"
+#include "platform/host_output.h"
 #include "platform/paths.h"
 #include "platform/settings.h"
 #include "spec/cvt_parser.h"
@@ -18,63 +18,11 @@ namespace {
 
 std::wstring textOf(const wchar_t* text) { return text != nullptr ? text : L""; }
 
+bool isSaveFormat(int number) { return number >= 0 && number <= 2; }
+
 void overrideInteger(const wchar_t* key, int value) {
   overrideCommonSetting(key, std::to_wstring(value).c_str());
 }
-
-KivRunEnd endOf(const RunReport* report) {
-  if (report == nullptr) return kKivNeverRun;
-  switch (report->outcome().end) {
-    case RunEnd::kConverted:
-      return kKivConverted;
-    case RunEnd::kNoSpecification:
-      return kKivNoSpecification;
-    case RunEnd::kSpecificationUnreadable:
-      return kKivSpecificationUnreadable;
-    case RunEnd::kEmptyDrawing:
-      return kKivEmptyDrawing;
-  }
-  return kKivNeverRun;
-}
-
-KivNoteReason reasonOf(RefusalReason refusal) {
-  switch (refusal) {
-    case RefusalReason::kNoSuchName:
-      return kKivNoSuchName;
-    case RefusalReason::kNotInThisVersion:
-      return kKivNotInThisVersion;
-    case RefusalReason::kBadValue:
-      return kKivBadValue;
-    case RefusalReason::kNotForObject:
-      return kKivNotForObject;
-    case RefusalReason::kNoSuchFile:
-      return kKivNoSuchFile;
-    case RefusalReason::kOther:
-      break;
-  }
-  return kKivRefused;
-}
-
-KivRefuser refuserOf(Refuser refuser) {
-  switch (refuser) {
-    case Refuser::kObject:
-      return kKivObjects;
-    case Refuser::kLayer:
-      return kKivLayers;
-    case Refuser::kDrawing:
-      break;
-  }
-  return kKivDrawing;
-}
-
-// What the pointers of a handed-out report point to.
-struct ReportTexts {
-  std::wstring drawing, savedPath, logFailure;
-  std::vector<std::wstring> problems;
-  std::vector<RefusalNote> notes;
-  std::vector<const wchar_t*> problemPointers;
-  std::vector<KivNote> noteRecords;
-};
 
 struct SpecificationTexts {
   std::wstring failure;
@@ -82,21 +30,6 @@ struct SpecificationTexts {
   std::vector<std::wstring> reasons;
   std::vector<KivDiagnostic> records;
 };
-
-void fill(KivRunReport& out, ReportTexts& texts) {
-  for (const std::wstring& problem : texts.problems) texts.problemPointers.push_back(problem.c_str());
-  for (const RefusalNote& note : texts.notes) {
-    texts.noteRecords.push_back(
-        {note.kind.c_str(), note.value.c_str(), reasonOf(note.reason), note.count, refuserOf(note.by)});
-  }
-  out.drawing = texts.drawing.c_str();
-  out.savedPath = texts.savedPath.c_str();
-  out.logFailure = texts.logFailure.c_str();
-  out.problemCount = static_cast<int>(texts.problemPointers.size());
-  out.problems = texts.problemPointers.data();
-  out.noteCount = static_cast<int>(texts.noteRecords.size());
-  out.notes = texts.noteRecords.data();
-}
 
 void countContent(const ParsedCvt& parsed, KivSpecificationReport& out) {
   for (const CvtSection& section : parsed.sections) {
@@ -128,7 +61,7 @@ int setConversion(const KivConversion* conversion) {
     context = {};
     return 1;
   }
-  if (conversion->saveFormat < 0 || conversion->saveFormat > 2) return 0;
+  if (!isSaveFormat(conversion->saveFormat)) return 0;
   context.contextPaths = {
       textOf(conversion->specification), {}, ensureTrailingSeparator(textOf(conversion->outputFolder))};
   context.batchStartDocument = nullptr;
@@ -144,21 +77,15 @@ int setConversion(const KivConversion* conversion) {
 
 int lastRunReport(KivRunReport* report) {
   if (report == nullptr) return 0;
-  static ReportTexts texts;
-  texts = {};
-  const RunReport* last = lastRun();
-  if (last != nullptr) {
-    texts.drawing = last->drawing();
-    texts.savedPath = last->outcome().savedPath;
-    texts.logFailure = last->logFailure();
-    texts.problems = last->problems();
-    texts.notes = last->notes();
-  }
-  *report = {};
-  report->runs = runCount();
-  report->end = endOf(last);
-  fill(*report, texts);
+  *report = lastRun();
   return 1;
+}
+
+const wchar_t* nameOfSaved(const wchar_t* drawing, int saveFormat) {
+  if (drawing == nullptr || !isSaveFormat(saveFormat)) return nullptr;
+  static std::wstring name;
+  name = savedName(drawing, saveFormat);
+  return name.c_str();
 }
 
 int checkSpecification(const wchar_t* path, KivSpecificationReport* report) {
@@ -183,6 +110,11 @@ int checkSpecification(const wchar_t* path, KivSpecificationReport* report) {
 
 int dll_kiv_setConversion(const KivConversion* conversion) {
   return kiv::guarded(0, [&] { return kiv::setConversion(conversion); });
+}
+
+const wchar_t* dll_kiv_savedName(const wchar_t* drawing, int saveFormat) {
+  return kiv::guarded(static_cast<const wchar_t*>(nullptr),
+                      [&] { return kiv::nameOfSaved(drawing, saveFormat); });
 }
 
 int dll_kiv_lastRunReport(KivRunReport* report) {

@@ -2,11 +2,10 @@
 
 #include <cerrno>
 #include <fstream>
+#include <utility>
 
 #include "base/file_errors.h"
 #include "base/files.h"
-#include "dbapserv.h"
-#include "dbmain.h"
 #include "platform/clock.h"
 #include "platform/paths.h"
 #include "platform/settings.h"
@@ -29,27 +28,17 @@ std::wstring entryText(const std::wstring& time, const std::wstring& drawing,
 
 }  // namespace
 
-std::wstring workingDrawing() {
-  const AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-  const ACHAR* name = nullptr;
-  if (database == nullptr || database->getFilename(name) != Acad::eOk || name == nullptr) return {};
-  return name;
-}
-
-void ConversionLog::startEntry() {
-  enabled_ = readCommonInteger(L"MorluxCreateLog", 0) != 0;
-  logFile_ = readCommonText(L"MorluxLogOutFile", L"");
-  if (!isWanted()) return;
-  time_ = localTimeText(L"%Y年%m月%d日 %H:%M:%S");
-  drawing_ = workingDrawing();
+ConversionLog::ConversionLog(std::wstring drawing) : drawing_(std::move(drawing)) {
+  if (readCommonInteger(L"MorluxCreateLog", 0) != 0) logFile_ = readCommonText(L"MorluxLogOutFile", L"");
+  if (!logFile_.empty()) time_ = localTimeText(L"%Y年%m月%d日 %H:%M:%S");
 }
 
 void ConversionLog::addMessage(const std::wstring& text) {
-  if (isWanted()) messages_.add(text);
+  if (!logFile_.empty()) messages_.add(text);
 }
 
 base::Status ConversionLog::writeEntry() const {
-  if (!isWanted()) return {};
+  if (logFile_.empty()) return {};
   const bool existed = fileExists(logFile_);
   const std::filesystem::path path = base::pathFromText(logFile_);
   const std::wstring text = (existed ? L"" : kHeader) + entryText(time_, drawing_, messages_.texts());
@@ -59,13 +48,6 @@ base::Status ConversionLog::writeEntry() const {
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
   file.close();
   return file ? base::Status() : base::fileFailure(path, errno != 0 ? errno : EIO);
-}
-
-void ConversionLog::clearEntry() {
-  messages_ = {};
-  logFile_.clear();
-  drawing_.clear();
-  time_.clear();
 }
 
 }  // namespace kiv

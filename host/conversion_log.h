@@ -3,32 +3,40 @@
 // drawing. The user is told of no failure of the log; a conversion never stops for it.
 
 #include <string>
+#include <unordered_set>
+#include <vector>
 
-#include "host/distinct_texts.h"
-
+#include "base/fold.h"
 #include "base/result.h"
 
 namespace kiv {
 
+// Texts in the order met, each once whatever its case.
+class DistinctTexts {
+ public:
+  void add(const std::wstring& text) {
+    if (folded_.insert(base::upper(text)).second) texts_.push_back(text);
+  }
+  const std::vector<std::wstring>& texts() const { return texts_; }
+
+ private:
+  std::vector<std::wstring> texts_;
+  std::unordered_set<std::wstring> folded_;
+};
+
+// The entry of one drawing.
 class ConversionLog {
  public:
-  // Reads the settings and, when a log is wanted, notes the time and the drawing.
-  void startEntry();
+  // Reads the settings and, when a log is wanted, notes the time.
+  explicit ConversionLog(std::wstring drawing);
   // Kept only when a log is wanted, and once whatever its case.
   void addMessage(const std::wstring& text);
   // Appends the entry; a new file begins with the header line. A failure is for programs that drive the host.
   base::Status writeEntry() const;
-  void clearEntry();
 
  private:
-  bool isWanted() const { return enabled_ && !logFile_.empty(); }
-
-  bool enabled_ = false;
-  std::wstring logFile_, drawing_, time_;
+  std::wstring logFile_, drawing_, time_;  // an empty file: no log is wanted
   DistinctTexts messages_;
 };
-
-// Full name of the working database's drawing; empty when it was never saved.
-std::wstring workingDrawing();
 
 }  // namespace kiv

@@ -7,7 +7,8 @@
 #include <tuple>
 #include <vector>
 
-#include "engine/run_interfaces.h"
+#include "engine/conversion_run.h"
+#include "host/automation.h"
 #include "host/conversion_log.h"
 
 namespace kiv {
@@ -15,36 +16,36 @@ namespace kiv {
 // Keeps what the run tells, and hands the log its lines.
 class RunReport : public ProblemSink {
  public:
-  explicit RunReport(ConversionLog* log) : log_(log) {}
+  // To be made before the run, which may close the drawing that it is about.
+  RunReport();
 
-  void addToLog(const std::wstring& text) override;
+  void addToLog(const std::wstring& text) override { log_.addMessage(text); }
   void addToReport(const std::wstring& text) override { problems_.add(text); }
   void addNote(const RefusalNote& refusal) override;
-
   // One line of the host's command line for each note.
-  void printNotes() const;
+  void endOfConversion() override;
 
-  void finish(const RunOutcome& outcome, std::wstring drawing, std::wstring logFailure);
+  // Writes the entry of the log, unless the drawing was empty.
+  void finish(const RunOutcome& outcome);
 
   const RunOutcome& outcome() const { return outcome_; }
-  const std::wstring& drawing() const { return drawing_; }
+  const std::wstring& drawing() const { return drawing_; }        // full name; empty: it was never saved
   const std::wstring& logFailure() const { return logFailure_; }  // empty: none
   const std::vector<std::wstring>& problems() const { return problems_.texts(); }
   const std::vector<RefusalNote>& notes() const { return notes_; }
 
  private:
-  ConversionLog* log_;  // null after finish()
-  RunOutcome outcome_;
   std::wstring drawing_, logFailure_;
+  ConversionLog log_;
+  RunOutcome outcome_;
   DistinctTexts problems_;
   std::vector<RefusalNote> notes_;
   // A rule may be refused for another name by each of thousands of layers.
   std::map<std::tuple<std::wstring, std::wstring, RefusalReason, Refuser>, std::size_t> noteOf_;
 };
 
-// Of the last run; null before the first. `runs` counts them.
-const RunReport* lastRun();
-int runCount();
 void keepAsLastRun(RunReport report);
+// As the automation entry hands it out; what it points to stays until the next run is kept.
+const KivRunReport& lastRun();
 
 }  // namespace kiv

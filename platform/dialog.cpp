@@ -74,4 +74,6 @@ bool canShowDialogs() { return DialogBackend::canShow(); }
 
 bool areDialogsScripted() { return DialogBackend::isScripted(); }
 
+void releaseDialogs() { DialogBackend::release(); }
+
 }  // namespace kiv

@@ -68,4 +68,8 @@ bool canShowDialogs();
 // A dialog script (platform/dialog_script.h) is set: no person is there.
 bool areDialogsScripted();
 
+// Gives back what the module holds of the system for its windows, before the host unloads its library:
+// afterwards its code is not there any more. No dialog may be open. What is used later is made anew.
+void releaseDialogs();
+
 }  // namespace kiv

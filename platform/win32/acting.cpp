@@ -4,7 +4,7 @@
 
 #include "platform/dialog_backend.h"
 #include "platform/dialog_script.h"
-#include "platform/guard.h"
+#include "platform/host_output.h"
 #include "platform/win32/question_hand.h"
 #include "platform/win32/window.h"
 

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <optional>
 
-#include "platform/guard.h"
+#include "platform/host_output.h"
 #include "platform/win32/grid.h"
 #include "platform/win32/window.h"
 

@@ -1,6 +1,6 @@
 #include "platform/win32/dialog_keys.h"
 
-#include "platform/guard.h"
+#include "platform/host_output.h"
 #include "platform/win32/combo_box.h"
 #include "platform/win32/host_messages.h"
 #include "platform/win32/window.h"

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "platform/guard.h"
+#include "platform/host_output.h"
 #include "platform/screen_scale.h"
 #include "platform/win32/grid.h"
 #include "platform/win32/grid_paint.h"

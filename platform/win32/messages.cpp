@@ -3,7 +3,7 @@
 // Needs what windows.h declares.
 #include <commctrl.h>
 
-#include "platform/guard.h"
+#include "platform/host_output.h"
 #include "platform/win32/combo_box.h"
 #include "platform/win32/grid.h"
 #include "platform/win32/window.h"

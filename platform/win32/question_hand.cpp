@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "platform/dialog_script.h"
-#include "platform/guard.h"
+#include "platform/host_output.h"
 
 namespace kiv::win32 {
 namespace {

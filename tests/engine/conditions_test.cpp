@@ -1,7 +1,10 @@
-// Every kind of condition, equal and inverted, on every sort of entity.
+// Every kind of condition, equal and inverted, on every sort of entity; and what they are made of.
+
+#include "engine/conditions.h"
 
 #include <set>
 
+#include "adscodes.h"
 #include "base/files.h"
 #include "spec/text_search_list.h"
 #include "tests/engine/run_fixture.h"
@@ -141,6 +144,94 @@ TEST_F(ConditionRules, LongTextListKeepsItsFirstTextsAndSaysSo) {
   ASSERT_EQ(sink_.problems.size(), 1U);
   EXPECT_NE(sink_.problems[0].find(L"200件を超えている"), std::wstring::npos);
   EXPECT_NE(printed_.find(sink_.problems[0]), std::wstring::npos);
+}
+
+struct Value {
+  int number;
+  bool equal;
+};
+
+bool passes(std::initializer_list<Value> values, int property) {
+  return kiv::passesValues(std::span<const Value>(values.begin(), values.size()),
+                           [&](const Value& value) { return value.number == property; });
+}
+
+TEST(RecordFilter, FirstMatchDecidesAndTheLastSenseDecidesTheRest) {
+  EXPECT_TRUE(passes({}, 1));
+  EXPECT_TRUE(passes({{1, true}, {2, true}}, 2));
+  EXPECT_FALSE(passes({{1, true}, {2, true}}, 3));
+  EXPECT_FALSE(passes({{1, false}, {2, false}}, 2));
+  EXPECT_TRUE(passes({{1, false}, {2, false}}, 3));
+  // The first match wins over a later one of the other sense.
+  EXPECT_TRUE(passes({{1, true}, {1, false}}, 1));
+  EXPECT_FALSE(passes({{1, false}, {1, true}}, 1));
+  // Mixed senses: what matches nothing goes by the last value alone.
+  EXPECT_FALSE(passes({{1, false}, {2, true}}, 3));
+  EXPECT_TRUE(passes({{2, true}, {1, false}}, 3));
+}
+
+TEST(NumericCompare, SixDecimalsDecide) {
+  EXPECT_TRUE(kiv::equalNumbers(2.5, 2.5000004));
+  EXPECT_FALSE(kiv::equalNumbers(2.5, 2.500002));
+  EXPECT_TRUE(kiv::equalNumbers(0.1 + 0.2, 0.3));
+  EXPECT_FALSE(kiv::equalNumbers(1e15, 1e15 + 2));
+}
+
+TEST(NumericCompare, AnglesPointTheSameWay) {
+  EXPECT_TRUE(kiv::equalAngles(360, 0));
+  EXPECT_TRUE(kiv::equalAngles(-90, 270));
+  EXPECT_TRUE(kiv::equalAngles(359.99999999, 0));
+  EXPECT_TRUE(kiv::equalAngles(-1e-9, 0));
+  EXPECT_FALSE(kiv::equalAngles(90, 270));
+  EXPECT_TRUE(kiv::equalAngles(725, 5));
+}
+
+using kiv::Pass;
+
+// The chain as "group=value" texts, as the host finds it.
+std::wstring filterOf(Pass pass, std::wstring_view setting) {
+  const auto noLists = [](const std::wstring&) { return std::nullopt; };
+  const kiv::CompiledSetting compiled = kiv::compileSetting(setting, pass, noLists);
+  kiv::BufferChain chain;
+  kiv::buildSelectionFilter(pass, compiled.conditions.filter, chain);
+  std::wstring text;
+  for (const resbuf* rb = chain.get(); rb != nullptr; rb = rb->rbnext) {
+    const int group = rb->restype;
+    const std::wstring value = group == 62 ? std::to_wstring(rb->resval.rint) : rb->resval.rstring;
+    text += (group == -4 ? value : std::to_wstring(group) + L"=" + value) + L" ";
+  }
+  return text;
+}
+
+constexpr wchar_t kTexts[] = L"<or 0=TEXT 0=MTEXT 0=ATTDEF or> ";
+constexpr wchar_t kDimensions[] = L"<or 0=DIMENSION 0=LEADER or> ";
+constexpr wchar_t kOthers[] = L"<not <or 0=TEXT 0=MTEXT 0=ATTDEF 0=DIMENSION 0=HATCH or> not> ";
+
+TEST(SelectionFilter, WithoutConditionsOnlyTheEntityTypes) {
+  EXPECT_EQ(filterOf(Pass::kText, L",***,{,色=1"), kTexts);
+  EXPECT_EQ(filterOf(Pass::kDimension, L",***"), kDimensions);
+  EXPECT_EQ(filterOf(Pass::kHatch, L",***"), L"0=HATCH ");
+  EXPECT_EQ(filterOf(Pass::kOther, L",***"), kOthers);
+  // A condition that a selection cannot express adds nothing to the filter.
+  EXPECT_EQ(filterOf(Pass::kText, L",文字高さ=2.5,透過性=30,DIMTAD=1,{,色=1"), kTexts);
+}
+
+TEST(SelectionFilter, AChainWithARefusedPieceSelectsNothing) {
+  kiv::BufferChain chain;
+  chain.text(RTDXF0, L"LINE").text(-12345, L"x");
+  EXPECT_NE(chain.get(), nullptr);
+  EXPECT_TRUE(kiv::SelectionSet(chain).isRefused());
+}
+
+TEST(SelectionFilter, ItemsInOrderAndInvertedOnesWrapped) {
+  EXPECT_EQ(filterOf(Pass::kText, L",画層=A-*,色<>256,線種=DASHED,字体<>KANJI"),
+            std::wstring(L"<and ") + kTexts + L"8=A-* <NOT 62=256 NOT> 6=DASHED <NOT 7=KANJI NOT> and> ");
+}
+
+TEST(SelectionFilter, TextStylesAreLeftToTheTestsOfDimensionsAndHatches) {
+  EXPECT_EQ(filterOf(Pass::kDimension, L",字体=KANJI"), kDimensions);
+  EXPECT_EQ(filterOf(Pass::kHatch, L",字体=KANJI,色=1"), L"<and 0=HATCH 62=1 and> ");
+  EXPECT_EQ(filterOf(Pass::kOther, L",字体=KANJI"), std::wstring(L"<and ") + kOthers + L"7=KANJI and> ");
 }
 
 }  // namespace

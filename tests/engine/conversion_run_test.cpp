@@ -1,26 +1,69 @@
-// The run as a whole: refusals, saving, closing, undo.
+// The run as a whole: refusals, saving, closing, undo. The command function of the host is replaced here by
+// one that notes its tokens and hands them on.
 
 #include "engine/conversion_run.h"
 
+#include <algorithm>
+
+#include "acedCmdNF.h"
+#include "adscodes.h"
 #include "base/files.h"
-#include "engine/save_stage.h"
 #include "tests/embedded/memory/memory_drawing.h"
 #include "tests/engine/run_fixture.h"
+#include "tests/support/program.h"
+
+namespace {
+
+std::vector<std::wstring>* recorded = nullptr;
+
+void note(const resbuf* tokens) {
+  if (recorded == nullptr) return;
+  std::wstring line;
+  for (; tokens != nullptr; tokens = tokens->rbnext) {
+    line += L"|" + (tokens->restype == RTSTR ? std::wstring(tokens->resval.rstring) : L"#");
+  }
+  recorded->push_back(line);
+}
+
+}  // namespace
+
+int acedCmdS(const resbuf* tokens, bool forFutureUse, AcApDocument* document) {
+  using Function = decltype(&acedCmdS);
+  static const auto host =
+      reinterpret_cast<Function>(test_support::hostFunction("_Z8acedCmdSPK6resbufbP12AcApDocument"));
+  note(tokens);
+  return host(tokens, forFutureUse, document);
+}
 
 namespace {
 
 using namespace engine_test;
 using kiv::RunEnd;
 
+const std::map<std::wstring, std::wstring> kRules = {{L"文字", L"[***]\n{\n[色] = 3\n}"}};
+
 class ConversionRun : public RunTest {
  protected:
+  void TearDown() override {
+    recorded = nullptr;
+    RunTest::TearDown();
+  }
   void saveTo(int format) {
     parameters_.outputFolder = base::pathText(folder_ / "out" / "");
     parameters_.saveFormat = format;
   }
+  // The tokens of the save, and those that end its prompts.
+  std::vector<std::wstring> typedToSave(int format) {
+    open(sampleDrawing());
+    saveTo(format);
+    std::vector<std::wstring> tokens;
+    recorded = &tokens;
+    run(kRules);
+    recorded = nullptr;
+    const auto save = std::ranges::find_if(tokens, [](auto& each) { return each.starts_with(L"|SAVEAS"); });
+    return {save, std::min(save + 2, tokens.end())};
+  }
 };
-
-const std::map<std::wstring, std::wstring> kRules = {{L"文字", L"[***]\n{\n[色] = 3\n}"}};
 
 TEST_F(ConversionRun, WithoutASpecificationItRefuses) {
   open(sampleDrawing());
@@ -78,6 +121,17 @@ TEST_F(ConversionRun, FailedSaveIsAProblem) {
   EXPECT_TRUE(std::filesystem::is_empty(folder_ / "out"));
 }
 
+TEST_F(ConversionRun, SavesByTheFormatAndOverATargetThatExists) {
+  const std::wstring starts[] = {L"|SAVEAS|", L"|SAVEAS|DXF|V|||DXF", L"|SAVEAS|T"};
+  const char* const names[] = {"plan.DWG", "plan.DXF", "plan.DWT"};
+  for (int format = 0; format < 3; ++format) {
+    const std::wstring target = L"|" + base::pathText(folder_ / "out" / names[format]);
+    EXPECT_EQ(typedToSave(format), (std::vector<std::wstring>{starts[format] + target, L""}));
+    make(std::string("out/") + names[format], "old");
+    EXPECT_EQ(typedToSave(format), (std::vector<std::wstring>{starts[format] + target + L"|Y", L""}));
+  }
+}
+
 TEST_F(ConversionRun, OneUndoTakesBackTheWholeConversion) {
   open(sampleDrawing());
   const std::string source = savedBytes();
@@ -112,11 +166,12 @@ TEST_F(ConversionRun, MeterRunsOverThePassesAndGoesAway) {
   EXPECT_TRUE(isCleared);
 }
 
-TEST(SavedPath, OnlyAFourCharacterExtensionIsCut) {
-  EXPECT_EQ(kiv::savedPathFor(L"/out/", L"a.dwg", 0), L"/out/a.DWG");
-  EXPECT_EQ(kiv::savedPathFor(L"/out/", L"plan.v2.dxf", 1), L"/out/plan.v2.DXF");
-  EXPECT_EQ(kiv::savedPathFor(L"/out/", L"plan", 2), L"/out/plan.DWT");
-  EXPECT_EQ(kiv::savedPathFor(L"/out/", L"plan.dxf2", 1), L"/out/plan.dxf2.DXF");
+TEST(SavedName, OnlyAnExtensionOfThreeCharactersIsCut) {
+  EXPECT_EQ(kiv::savedName(L"a.dwg", 0), L"a.DWG");
+  EXPECT_EQ(kiv::savedName(L"plan.v2.dxf", 1), L"plan.v2.DXF");
+  EXPECT_EQ(kiv::savedName(L"plan", 2), L"plan.DWT");
+  EXPECT_EQ(kiv::savedName(L"plan.dx", 1), L"plan.dx.DXF");
+  EXPECT_EQ(kiv::savedName(L".dxf", 1), L".DXF");
 }
 
 }  // namespace

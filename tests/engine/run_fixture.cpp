@@ -1,7 +1,6 @@
 #include "tests/engine/run_fixture.h"
 
 #include "adsdef.h"
-#include "engine/conversion_run.h"
 #include "platform/settings.h"
 #include "tests/embedded/memory/memory_drawing.h"
 #include "tests/support/in_command.h"

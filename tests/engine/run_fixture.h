@@ -10,7 +10,7 @@
 
 #include "embedded/drawing/drawing.h"
 #include "embedded/editor/host.h"
-#include "engine/run_interfaces.h"
+#include "engine/conversion_run.h"
 #include "tests/support/temp_folder.h"
 
 namespace engine_test {

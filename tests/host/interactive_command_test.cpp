@@ -6,8 +6,8 @@
 
 #include "base/codepage.h"
 #include "embedded/editor/host.h"
-#include "host/commands.h"
 #include "host/conversion_context.h"
+#include "host/module.h"
 #include "host/run_report.h"
 #include "platform/clock.h"
 #include "platform/settings.h"
@@ -134,7 +134,7 @@ TEST_F(InteractiveCommand, ConvertsTheDrawingAndStoresTheOptions) {
   setClock([] { return std::time_t{1'700'000'000}; });
   const std::wstring logName = localTimeText(L"%Y%m%d_%Hh%Mm%SsMorlux.log");
   const std::filesystem::path logs = folder_ / "logs";
-  const int runs = runCount();
+  const int runs = lastRun().runs;
   thenClicks(IDC_MAIN_IGNORE_LOCKS);
   thenClicks(IDC_MAIN_BLOCK_INSIDE);
   thenClicks(IDC_MAIN_CREATE_LOG);
@@ -150,10 +150,9 @@ TEST_F(InteractiveCommand, ConvertsTheDrawingAndStoresTheOptions) {
   EXPECT_EQ(setting(L"MorluxCreateLog"), L"1");
   EXPECT_EQ(setting(L"MorluxLogOutPath"), base::pathText(logs / ""));
   EXPECT_EQ(setting(L"MorluxLogOutFile"), L"");
-  EXPECT_EQ(runCount(), runs + 1);
-  ASSERT_NE(lastRun(), nullptr);
-  EXPECT_EQ(lastRun()->outcome().end, RunEnd::kConverted);
-  EXPECT_EQ(lastRun()->outcome().savedPath, L"");
+  EXPECT_EQ(lastRun().runs, runs + 1);
+  EXPECT_EQ(lastRun().end, kKivConverted);
+  EXPECT_EQ(lastRun().savedPath, std::wstring());
   EXPECT_TRUE(std::filesystem::exists(logs / base::pathFromText(logName)));
   const std::filesystem::path work = base::pathFromText(conversionContext().contextPaths[kSpecificationPath]);
   EXPECT_EQ(base::pathText(work.filename()), kWorkFileName);
@@ -164,13 +163,13 @@ TEST_F(InteractiveCommand, ConvertsTheDrawingAndStoresTheOptions) {
 
 TEST_F(InteractiveCommand, ALogThatCannotBeNamedStopsTheRun) {
   setClock([] { return std::numeric_limits<std::time_t>::max(); });
-  const int runs = runCount();
+  const int runs = lastRun().runs;
   thenClicks(IDC_MAIN_CREATE_LOG);
   then([this] { user_.type(window(), IDC_MAIN_LOG_FOLDER, base::pathText(folder_ / "logs")); });
   thenClicks(IDOK);
   run();
   EXPECT_TRUE(printed(L"処理を中断しました"));
-  EXPECT_EQ(runCount(), runs);
+  EXPECT_EQ(lastRun().runs, runs);
   conversionContext().dialog.reset();
 }
 

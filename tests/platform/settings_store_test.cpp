@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "platform/module_loader.h"
-#include "platform/release.h"
 #include "platform/settings.h"
 
 namespace kiv {
@@ -28,7 +27,7 @@ TEST(SettingsStore, ATextThatGrowsWhileItIsReadArrivesWhole) {
 TEST(SettingsStore, ReleasingLetsTheSiblingGoUntilItIsNeededAgain) {
   writeCommonText(L"Kept", L"for a while");
   EXPECT_EQ(readCommonText(L"Kept", L"none"), L"for a while");
-  releasePlatform();
+  closeSettingsStore();
   EXPECT_EQ(readCommonText(L"Kept", L"none"), L"none");
   writeCommonText(L"Kept", L"again");
   EXPECT_EQ(readCommonText(L"Kept", L"none"), L"again");

@@ -9,7 +9,6 @@
 #include <stdexcept>
 
 #include "embedded/editor/host.h"
-#include "platform/release.h"
 #include "platform/win32/grid.h"
 #include "tests/ui/test_dialog.h"
 #include "tests/ui/user.h"
@@ -96,7 +95,7 @@ TEST(RealWindow, ReleasingTakesTheControlClassAlongUntilTheNextDialog) {
     EXPECT_TRUE(GetClassInfoExW(win32::moduleInstance(), win32::kGridClass, &known));
     texts.destroy();
     values.destroy();
-    releasePlatform();
+    releaseDialogs();
     EXPECT_FALSE(GetClassInfoExW(win32::moduleInstance(), win32::kGridClass, &known));
   }
 }

@@ -1,0 +1,117 @@
+// The stages that bring entries of a specification's lists into the drawing: linetypes, text styles, layers.
+
+#include "acdb.h"
+#include "base/fold.h"
+#include "dbobjptr.h"
+#include "dbsymtb.h"
+#include "engine/layers.h"
+#include "engine/stages.h"
+#include "platform/host_releases.h"
+#include "spec/cvt_lines.h"
+#include "spec/item_kinds.h"
+
+namespace kiv {
+namespace {
+
+// --- Text styles
+
+using Status = Acad::ErrorStatus;
+
+bool isShapeFile(const std::wstring& font) {
+  return font.size() >= 4 && base::equalFolded(std::wstring_view(font).substr(font.size() - 4), L".SHX");
+}
+
+Status setFont(AcDbTextStyleTableRecord& style, const std::wstring& font, const std::wstring& bigFont) {
+  const bool isShape = isShapeFile(font);
+  const Status status = isShape ? style.setFileName(font.c_str()) : setTypeface(style, font.c_str());
+  if (status != Acad::eOk) return status;
+  if (isShape && !bigFont.empty()) return style.setBigFontFileName(bigFont.c_str());
+  // Big fonts go with shape fonts only. A style that has none stays untouched.
+  AcString present;
+  if (style.bigFontFileName(present) == Acad::eOk && present.isEmpty()) return status;
+  return style.setBigFontFileName(L"");
+}
+
+Status openOrMake(AcDbDatabase& database, const std::wstring& name,
+                  AcDbObjectPointer<AcDbTextStyleTableRecord>& style) {
+  const AcDbObjectId id = findInTable(database.textStyleTableId(), name);
+  if (!id.isNull()) return style.open(id, AcDb::kForWrite);
+  style.create();
+  const Status named = style->setName(name.c_str());
+  if (named != Acad::eOk) return named;
+  AcDbTextStyleTablePointer table(&database, AcDb::kForWrite);
+  return table.openStatus() == Acad::eOk ? table->add(style.object()) : table.openStatus();
+}
+
+// --- Layers
+
+bool addNamed(AcDbDatabase& database, const std::wstring& name,
+              AcDbObjectPointer<AcDbLayerTableRecord>& layer) {
+  layer.create();
+  AcDbLayerTablePointer table(&database, AcDb::kForWrite);
+  return layer->setName(name.c_str()) == Acad::eOk && table.openStatus() == Acad::eOk &&
+         table->add(layer.object()) == Acad::eOk;
+}
+
+void createLayer(RunState& run, const std::vector<std::wstring>& fields) {
+  const std::wstring& name = fields[0];
+  AcDbObjectPointer<AcDbLayerTableRecord> layer;
+  if (!addNamed(run.database, name, layer)) {
+    run.problems.addProblem(layerNotCreatedProblem(name));
+    return;
+  }
+  for (std::size_t i = 0; i < kLayerFieldKinds.size() && i + 1 < fields.size(); ++i) {
+    const std::wstring& value = fields[i + 1];
+    if (value.empty()) continue;  // what a new layer has stays
+    const Acad::ErrorStatus status =
+        setLayerProperty(*layer.object(), kLayerFieldKinds[i], value, run.database);
+    if (status == Acad::eOk) continue;
+    const wchar_t* key = itemKind(kLayerFieldKinds[i])->key;
+    const std::wstring written = asWritten(kLayerFieldKinds[i], value);
+    run.problems.addToLog(layerCreationProblem(name, key, written));
+    run.problems.addNote({key, written, refusalOf(status), 1, Refuser::kLayer});
+  }
+  switchOffAndOn(*layer.object());
+}
+
+}  // namespace
+
+void loadLinetypes(RunState& run) {
+  for (const std::wstring& entry : run.list(kLinetypeList)) {
+    const std::size_t comma = entry.find(L',');
+    if (comma == std::wstring::npos) continue;
+    const std::wstring file(base::trim(std::wstring_view(entry).substr(0, comma)));
+    const std::wstring linetype(base::trim(std::wstring_view(entry).substr(comma + 1)));
+    if (file.empty() || linetype.empty()) continue;
+    if (!findInTable(run.database.linetypeTableId(), linetype).isNull()) continue;
+    const Acad::ErrorStatus status = acdbLoadLineTypeFile(linetype.c_str(), file.c_str(), &run.database);
+    if (status == Acad::eOk) continue;
+    run.tell(linetypeProblem(linetype), linetypeReason(file, status));
+  }
+}
+
+void setUpTextStyles(RunState& run) {
+  for (const std::wstring& entry : run.list(kTextStyleList)) {
+    const std::vector<std::wstring> fields = splitFields(entry);
+    if (fields.size() < 2 || fields[0].empty()) continue;
+    const bool hasBigFont = fields.size() > 2 && fields[2].find(L"----") == std::wstring::npos;
+    AcDbObjectPointer<AcDbTextStyleTableRecord> style;
+    Status status = openOrMake(run.database, fields[0], style);
+    if (status == Acad::eOk) {
+      status = setFont(*style.object(), fields[1], hasBigFont ? fields[2] : std::wstring());
+    }
+    if (status != Acad::eOk) {
+      run.problems.addNote({itemKind(kFontKind)->key, fields[0], refusalOf(status), 1, Refuser::kDrawing});
+    }
+  }
+}
+
+void createLayers(RunState& run) {
+  for (const std::wstring& entry : run.list(kLayerCreationList)) {
+    const std::vector<std::wstring> fields = splitFields(entry);
+    if (fields[0].empty() || !findInTable(run.database.layerTableId(), fields[0]).isNull()) continue;
+    createLayer(run, fields);
+  }
+}
+
+}  // namespace kiv
