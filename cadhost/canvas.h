@@ -5,10 +5,12 @@
 #include <span>
 #include <vector>
 
-#include "cadhost/palette.h"
 #include "cadhost/view_transform.h"
+#include "embedded/graphics/palette.h"
 
 namespace cadhost {
+
+using cad::Rgb;
 
 struct PixelRect {
   int left = 0, top = 0, right = 0, bottom = 0;  // right and bottom are outside

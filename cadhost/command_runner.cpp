@@ -4,7 +4,6 @@
 
 #include "base/codepage.h"
 #include "base/fold.h"
-#include "embedded/editor/host_state.h"
 
 namespace cadhost {
 namespace {
@@ -17,20 +16,15 @@ std::wstring_view restOf(std::wstring_view line) {
 
 }  // namespace
 
-std::wstring commandName(std::wstring_view line) {
-  line = base::trim(line);
-  return cad::readCommandName(line.substr(0, line.find(L' '))).name;
-}
-
 void CommandRunner::runLines() {
   while (const std::optional<std::wstring> line = input_.takeLine()) {
     if (*line == kCancelLine) {
       cancelPrompt();
       continue;
     }
-    const bool isName = !host_.state().commandLine.hasOpenPrompt();
+    const bool isName = !host_.hasOpenPrompt();
     hands_.print((isName ? L"\nコマンド: " : L"\n: ") + *line);
-    const std::wstring name = isName ? commandName(*line) : std::wstring();
+    const std::wstring name = isName ? cad::commandName(*line) : std::wstring();
     const std::wstring rest = base::upper(restOf(*line));
     if ((name == L"QUIT" || name == L"EXIT") && (rest.empty() || rest == L"Y" || rest == L"YES")) {
       if (hands_.quit(!rest.empty())) return;
@@ -57,9 +51,8 @@ base::Status CommandRunner::run(const std::wstring& line) {
 }
 
 void CommandRunner::cancelPrompt() {
-  cad::CommandLine& commandLine = host_.state().commandLine;
-  if (input_.isRunning() || !commandLine.hasOpenPrompt()) return;
-  commandLine.cancelPrompt();
+  if (input_.isRunning() || !host_.hasOpenPrompt()) return;
+  host_.cancelPrompt();
   hands_.print(L"\n*キャンセル*");
   hands_.ended();
 }

@@ -36,7 +36,4 @@ class CommandRunner {
   Hands hands_;
 };
 
-// The command's name as it was meant: upper-case, without the marks before it. Empty for an empty line.
-std::wstring commandName(std::wstring_view line);
-
 }  // namespace cadhost

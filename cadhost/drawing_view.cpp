@@ -9,7 +9,6 @@
 #include "cadhost/paint.h"
 #include "cadhost/resource.h"
 #include "cadhost/window_support.h"
-#include "embedded/editor/host_state.h"
 
 namespace cadhost {
 namespace {
@@ -35,40 +34,32 @@ int DrawingView::aperture() const { return scaled(window_, kAperture); }
 // --- What is shown ------------------------------------------------------------------------------------
 
 void DrawingView::refresh() {
-  const cad::Document* document = host_.state().documents.current();
-  if (document == nullptr) return;
-  const bool other = document != document_ || document->name() != documentName_;
+  const cad::DocumentInfo document = host_.currentDocument();
+  if (document.number == 0) return;
+  const bool other = document.number != document_;
   if (other) {
     remember();
-    showDocument(*document);
+    showDocument(document.number);
   }
-  const std::uint64_t revision = host_.currentDrawing().revision();
-  const bool changed = other || revision != revision_;
+  const bool changed = other || document.revision != revision_;
   if (changed) stale_ = true;
   if (changed || isCrosshair() != crosshairShown_) InvalidateRect(window_, nullptr, FALSE);
-  revision_ = revision;
+  revision_ = document.revision;
 }
 
 void DrawingView::remember() {
-  const cad::Documents& documents = host_.state().documents;
+  const std::vector<cad::DocumentInfo> open = host_.documents();
   std::erase_if(remembered_, [&](const Remembered& each) {
     return each.document == document_ ||
-           std::none_of(documents.all().begin(), documents.all().end(), [&](const auto& open) {
-             return open.get() == each.document && open->name() == each.name;
-           });
+           std::ranges::find(open, each.document, &cad::DocumentInfo::number) == open.end();
   });
-  if (document_ != nullptr) remembered_.push_back({document_, documentName_, view_, lossSaid_});
+  if (document_ != 0) remembered_.push_back({document_, view_, lossSaid_});
 }
 
-void DrawingView::showDocument(const cad::Document& document) {
-  const bool renamed = document_ == &document && revision_ == host_.currentDrawing().revision();
-  document_ = &document;
-  documentName_ = document.name();
+void DrawingView::showDocument(int number) {
+  document_ = number;
   highlight_ = cad::kNoRecord;
-  if (renamed) return;  // saved under another name
-  const auto found = std::find_if(remembered_.begin(), remembered_.end(), [&](const Remembered& each) {
-    return each.document == document_ && each.name == documentName_;
-  });
+  const auto found = std::ranges::find(remembered_, number, &Remembered::document);
   lossSaid_ = found != remembered_.end() && found->lossSaid;
   if (found == remembered_.end()) {
     zoomExtents();
@@ -107,7 +98,7 @@ void DrawingView::resize(int width, int height) {
   if (width <= 0 || height <= 0) return;  // minimised
   const bool first = view_.width() <= 1;
   view_.setSize(width, height);
-  if (first && document_ != nullptr) view_.showAll(host_.scene().extents);
+  if (first && document_ != 0) view_.showAll(host_.scene().extents);
   viewChanged();
 }
 

@@ -46,10 +46,9 @@ class DrawingView {
   LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam);
 
  private:
-  // What a drawing was last seen at. A closed drawing's address may come again, under another name.
+  // What a drawing was last seen at.
   struct Remembered {
-    const cad::Document* document = nullptr;
-    std::wstring name;
+    int document = 0;
     ViewTransform view;
     bool lossSaid = false;
   };
@@ -62,7 +61,7 @@ class DrawingView {
   void panBy(int dx, int dy);
   void viewChanged();
   void resize(int width, int height);
-  void showDocument(const cad::Document& document);
+  void showDocument(int number);
   void remember();
   bool preparePicture();
   void render(PixelRect part);
@@ -76,8 +75,7 @@ class DrawingView {
   Hands hands_;
   HWND window_ = nullptr;
   ViewTransform view_;
-  const cad::Document* document_ = nullptr;
-  std::wstring documentName_;
+  int document_ = 0;  // the number of the one that is shown
   std::uint64_t revision_ = 0;
   bool lossSaid_ = false;  // that not all of document_ is shown
   std::vector<Remembered> remembered_;

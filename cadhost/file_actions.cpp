@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "base/files.h"
-#include "embedded/editor/host_state.h"
 
 namespace cadhost {
 namespace {
@@ -74,16 +73,17 @@ bool FileActions::saveInto(const std::wstring& path) {
 }
 
 bool FileActions::save() {
-  const cad::Document& document = *host_.state().documents.current();
-  if (host_.currentDrawing().path().empty() || document.isReadOnly()) return saveAs();
+  const cad::DocumentInfo document = host_.currentDocument();
+  if (document.path.empty() || document.isReadOnly) return saveAs();
   const base::Status saved = run_(L"_.QSAVE");
   if (!saved) complain(L"図面を保存できませんでした。\n\n" + saved.failure().text());
   return saved.ok();
 }
 
 bool FileActions::saveAs() {
-  std::filesystem::path proposed = host_.currentDrawing().path();
-  if (proposed.empty()) proposed = base::pathFromText(host_.state().documents.current()->name());
+  const cad::DocumentInfo document = host_.currentDocument();
+  std::filesystem::path proposed = document.path;
+  if (proposed.empty()) proposed = base::pathFromText(document.name);
   std::wstring name = base::pathText(proposed.replace_extension(".dxf"));
   std::vector<wchar_t> answer(kLongestChoice, L'\0');
   if (name.size() < answer.size()) std::copy(name.begin(), name.end(), answer.begin());
@@ -92,29 +92,23 @@ bool FileActions::saveAs() {
   return hasChosen(GetSaveFileNameW(&asked)) && saveInto(answer.data());
 }
 
-bool FileActions::mayClose(const cad::Document& document) {
-  cad::Documents& documents = host_.state().documents;
-  cad::Document* found = documents.find(&document);
-  if (found == nullptr || !found->drawing().isModified()) return true;
-  documents.activate(found);
-  const std::wstring question = L"「" + found->name() + L"」は変更されています。\n保存しますか？";
+bool FileActions::mayClose(const cad::DocumentInfo& document) {
+  if (!document.isModified || !host_.activateDocument(document.number)) return true;
+  const std::wstring question = L"「" + document.name + L"」は変更されています。\n保存しますか？";
   const int answer = MessageBoxW(owner_, question.c_str(), kProgram, MB_YESNOCANCEL | MB_ICONQUESTION);
   return answer == IDNO || (answer == IDYES && save());
 }
 
 bool FileActions::closeCurrent() {
-  if (!mayClose(*host_.state().documents.current())) return false;
+  if (!mayClose(host_.currentDocument())) return false;
   const base::Status closed = host_.closeDocument();
   if (!closed) complain(closed.failure().text());
   return closed.ok();
 }
 
 bool FileActions::mayCloseAll() {
-  // Activating a document changes the order of the list.
-  std::vector<const cad::Document*> open;
-  for (const auto& each : host_.state().documents.all()) open.push_back(each.get());
-  for (const cad::Document* each : open)
-    if (!mayClose(*each)) return false;
+  for (const cad::DocumentInfo& each : host_.documents())
+    if (!mayClose(each)) return false;
   return true;
 }
 

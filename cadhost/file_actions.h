@@ -10,10 +10,6 @@
 #include "base/result.h"
 #include "embedded/editor/host.h"
 
-namespace cad {
-class Document;
-}
-
 namespace cadhost {
 
 class FileActions {
@@ -36,7 +32,7 @@ class FileActions {
   // Of a chooser: false when it was left without a choice; says why when it has failed.
   bool hasChosen(BOOL answer) const;
   bool saveInto(const std::wstring& path);
-  bool mayClose(const cad::Document& document);
+  bool mayClose(const cad::DocumentInfo& document);
 
   cad::Host& host_;
   std::function<base::Status(const std::wstring&)> run_;

@@ -9,7 +9,6 @@
 #include "cadhost/copied_data.h"
 #include "cadhost/resource.h"
 #include "cadhost/window_support.h"
-#include "embedded/editor/host_state.h"
 
 namespace cadhost {
 namespace {
@@ -178,10 +177,10 @@ void FrameWindow::dpiChanged(const RECT& proposed) {
 }
 
 void FrameWindow::showTitle() {
-  const cad::Document* document = host_.state().documents.current();
-  if (document == nullptr) return;
-  std::wstring title = document->name() + (host_.currentDrawing().isModified() ? L"*" : L"");
-  if (document->isReadOnly()) title += L" (読み取り専用)";
+  const cad::DocumentInfo document = host_.currentDocument();
+  if (document.number == 0) return;
+  std::wstring title = document.name + (document.isModified ? L"*" : L"");
+  if (document.isReadOnly) title += L" (読み取り専用)";
   title += L" - ";
   title += kProgram;
   if (windowText(window_) != title) SetWindowTextW(window_, title.c_str());
@@ -195,7 +194,7 @@ void FrameWindow::sayIncomplete() {
 void FrameWindow::showState() {
   if (window_ == nullptr || ending_) return;
   commands_.flush();
-  commands_.setPrompt(host_.state().commandLine.hasOpenPrompt() ? L"入力:" : L"コマンド:");
+  commands_.setPrompt(host_.hasOpenPrompt() ? L"入力:" : L"コマンド:");
   showTitle();
   view_.refresh();
 }
@@ -212,14 +211,14 @@ void FrameWindow::prepareMenu(HMENU menu) {
 void FrameWindow::fillWindowMenu(HMENU menu) {
   while (DeleteMenu(menu, 0, MF_BYPOSITION)) {
   }
-  const cad::Documents& documents = host_.state().documents;
+  const int current = host_.currentDocument().number;
   UINT id = IDM_FIRST_DRAWING;
-  for (const auto& each : documents.all()) {
+  for (const cad::DocumentInfo& each : host_.documents()) {
     if (id > IDM_LAST_DRAWING) break;
     std::wstring name;
-    for (const wchar_t c : each->name()) name.append(c == L'&' ? 2 : 1, c);
-    const UINT state = (each.get() == documents.current() ? MF_CHECKED : MF_UNCHECKED) |
-                       (input_.isRunning() ? MF_GRAYED : MF_ENABLED);
+    for (const wchar_t c : each.name) name.append(c == L'&' ? 2 : 1, c);
+    const UINT state =
+        (each.number == current ? MF_CHECKED : MF_UNCHECKED) | (input_.isRunning() ? MF_GRAYED : MF_ENABLED);
     AppendMenuW(menu, MF_STRING | state, id++, name.c_str());
   }
 }
@@ -240,25 +239,24 @@ LRESULT FrameWindow::command(int id) {
 }
 
 void FrameWindow::fileCommand(int id) {
-  cad::Documents& documents = host_.state().documents;
   if (id == IDM_OPEN) files_.open();
   if (id == IDM_SAVE) files_.save();
   if (id == IDM_SAVE_AS) files_.saveAs();
   if (id == IDM_CLOSE) files_.closeCurrent();
   if (id == IDM_UNDO) type(L"_.U\n");
   if (id == IDM_EXIT) PostMessageW(window_, WM_CLOSE, 0, 0);
+  const std::vector<cad::DocumentInfo> documents = host_.documents();
   const auto index = static_cast<std::size_t>(id - IDM_FIRST_DRAWING);
-  if (id >= IDM_FIRST_DRAWING && index < documents.all().size())
-    documents.activate(documents.all()[index].get());
+  if (id >= IDM_FIRST_DRAWING && index < documents.size()) host_.activateDocument(documents[index].number);
 }
 
 // --- Command line -------------------------------------------------------------------------------------
 
 void FrameWindow::entered(std::wstring line) {
-  const bool idle = !input_.isRunning() && !input_.hasLine() && !host_.state().commandLine.hasOpenPrompt();
+  const bool idle = !input_.isRunning() && !input_.hasLine() && !host_.hasOpenPrompt();
   // A person chooses a file from a list rather than types its path.
   if (idle && base::trim(line).find(L' ') == std::wstring_view::npos) {
-    const std::wstring name = commandName(line);
+    const std::wstring name = cad::commandName(line);
     if (name == L"OPEN" || name == L"SAVEAS" || name == L"SAVE") {
       commands_.print(L"\nコマンド: " + line);
       command(name == L"OPEN" ? IDM_OPEN : name == L"SAVE" ? IDM_SAVE : IDM_SAVE_AS);
@@ -284,7 +282,7 @@ void FrameWindow::runLines() {
 }
 
 void FrameWindow::commandEnded() {
-  host_.state().picking.highlight(cad::kNoRecord);
+  host_.clearHighlight();
   showState();
   linesEntered();  // those that were typed meanwhile
 }

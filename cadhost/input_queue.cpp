@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "embedded/editor/tokens.h"
-
 namespace cadhost {
 namespace {
 
@@ -108,7 +106,7 @@ std::optional<cad::InputEvent> InputQueue::takeEvent(bool picking) {
   std::optional<cad::InputEvent> event;
   if (line.empty())
     event = keyEvent(kEnterKey);
-  else if (const auto point = cad::Token{line}.point())
+  else if (const auto point = cad::typedPoint(line))
     event = pointEvent(kPickEvent, point->x, point->y, pickRadius_);
   if (event) lines_.pop_front();
   return event;

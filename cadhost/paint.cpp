@@ -65,7 +65,7 @@ void ScenePainter::fillLoops(const cad::Scene& scene, const cad::SceneItem& item
 
 void ScenePainter::paintTexts(const cad::Scene& scene, const cad::SceneItem& item,
                               std::vector<VisibleText>& texts) {
-  const Rgb color = paletteColor(item.color);
+  const Rgb color = cad::paletteColor(item.color);
   for (const cad::SceneText& text : scene.textsOf(item)) {
     if (std::hypot(text.up.x, text.up.y) * view_.pixelsPerUnit() >= kLeastReadable) {
       texts.push_back({&text, color});
@@ -77,7 +77,7 @@ void ScenePainter::paintTexts(const cad::Scene& scene, const cad::SceneItem& ite
 }
 
 void ScenePainter::paintItem(const cad::Scene& scene, const cad::SceneItem& item) {
-  const Rgb color = paletteColor(item.color);
+  const Rgb color = cad::paletteColor(item.color);
   if (isDot(item.box)) {
     canvas_.dot(view_.toPixel(item.box.left, item.box.bottom), color);
     return;

@@ -5,11 +5,13 @@
 #include <vector>
 
 #include "cadhost/canvas.h"
-#include "cadhost/palette.h"
 #include "cadhost/view_transform.h"
 #include "embedded/graphics/scene.h"
 
 namespace cadhost {
+
+inline constexpr Rgb kBackground = 0x12161B;
+inline constexpr Rgb kHighlight = 0xFFB000;
 
 // A text that is large enough to be read, in the order of the scene.
 struct VisibleText {

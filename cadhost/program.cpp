@@ -13,7 +13,6 @@
 #include "cadhost/arguments.h"
 #include "cadhost/frame_window.h"
 #include "cadhost/script_file.h"
-#include "embedded/editor/file_search.h"
 #include "embedded/editor/host.h"
 
 namespace cadhost {

@@ -8,14 +8,6 @@ add_compile_options(-Wno-type-limits)
 
 add_compile_options(-Wno-stringop-overread)  # a false alarm on the library's strings
 
-# The compiler's runtime is one shared copy beside the programs, not a copy inside each of them: strings,
-# streams and exceptions cross from the host's library to the module and the programs, and error
-# categories are told apart by their addresses.
-foreach(name libstdc++-6 libgcc_s_seh-1 libwinpthread-1)
-  execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}.dll
-    OUTPUT_VARIABLE library OUTPUT_STRIP_TRAILING_WHITESPACE)
-  if(NOT IS_ABSOLUTE "${library}")
-    set(library /usr/x86_64-w64-mingw32/lib/${name}.dll)
-  endif()
-  file(COPY ${library} DESTINATION ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
-endforeach()
+# The compiler's runtime is inside each library and program, so that none needs a file of it beside it. Memory
+# is the system's and may cross from one to another; exceptions and error categories may not.
+add_link_options(-static)

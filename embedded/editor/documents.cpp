@@ -20,8 +20,11 @@ bool isWriteProtected(const std::filesystem::path& path) {
   return !std::ofstream(path, std::ios::in | std::ios::out | std::ios::binary).is_open();
 }
 
-Document::Document(std::unique_ptr<Drawing> drawing, std::wstring name)
-    : drawing_(std::move(drawing)), database_(makeDatabase(*drawing_)), name_(std::move(name)) {
+Document::Document(std::unique_ptr<Drawing> drawing, std::wstring name, int number)
+    : drawing_(std::move(drawing)),
+      database_(makeDatabase(*drawing_)),
+      name_(std::move(name)),
+      number_(number) {
   requireLock(*database_, [this] { return !isHeldForWriting(); });
 }
 
@@ -29,6 +32,10 @@ Document::~Document() = default;
 
 std::wstring Document::name() const {
   return drawing_->path().empty() ? name_ : base::pathText(drawing_->path().filename());
+}
+
+DocumentInfo Document::info() const {
+  return {number_, drawing_->path(), name(), drawing_->revision(), drawing_->isModified(), readOnly_};
 }
 
 const ACHAR* Document::fileName() const {
@@ -51,10 +58,13 @@ bool Document::isHeldForWriting() const {
   return !isQuiescent() || std::ranges::any_of(locks, writes);
 }
 
+void Documents::add(std::unique_ptr<Drawing> drawing, std::wstring name) {
+  documents_.push_back(std::make_unique<Document>(std::move(drawing), std::move(name), ++lastNumber_));
+}
+
 void Documents::addStartDocument() {
   std::wstring name = L"Drawing" + std::to_wstring(++startCount_) + L".dwg";
-  documents_.push_back(
-      std::make_unique<Document>(std::move(formats::create(Version::kR2004).value()), std::move(name)));
+  add(std::move(formats::create(Version::kR2004).value()), std::move(name));
   activate(documents_.back().get());
 }
 
@@ -70,7 +80,7 @@ base::Status Documents::open(const std::filesystem::path& path) {
   loaded.value()->setPath(whole);
   const std::wstring& warning = loaded.value()->facts().warning;
   if (!warning.empty()) printText(L"\n" + base::Failure{base::pathText(whole), warning}.text());
-  documents_.push_back(std::make_unique<Document>(std::move(loaded.value()), L""));
+  add(std::move(loaded.value()), L"");
   documents_.back()->setReadOnly(isWriteProtected(whole));
   activate(documents_.back().get());
   hostState().modules.sendToAll(AcRx::kLoadDwgMsg);

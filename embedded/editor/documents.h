@@ -11,16 +11,18 @@
 #include "base/result.h"
 #include "dbmain.h"
 #include "embedded/drawing/drawing.h"
+#include "embedded/editor/host.h"
 
 namespace cad {
 
 class Document : public AcApDocument {
  public:
-  Document(std::unique_ptr<Drawing> drawing, std::wstring name);
+  Document(std::unique_ptr<Drawing> drawing, std::wstring name, int number);
   ~Document() override;
 
   Drawing& drawing() { return *drawing_; }
   std::wstring name() const;  // the file's name without its folder
+  DocumentInfo info() const;
   void setReadOnly(bool readOnly) { readOnly_ = readOnly; }
   bool undoGroupOpen = false;            // by UNDO Begin, until UNDO End
   std::vector<AcAp::DocLockMode> locks;  // by lockDocument(), the newest last
@@ -37,6 +39,7 @@ class Document : public AcApDocument {
   std::unique_ptr<AcDbDatabase> database_;
   std::wstring name_;  // while the drawing has no path
   mutable std::wstring buffer_;
+  int number_;
   bool readOnly_ = false;
 };
 
@@ -61,10 +64,12 @@ class Documents {
   const std::vector<std::unique_ptr<Document>>& all() const { return documents_; }
 
  private:
+  void add(std::unique_ptr<Drawing> drawing, std::wstring name);
+
   std::vector<std::unique_ptr<Document>> documents_;  // the most recently current one last
   std::vector<Document*> closing_;
   Document* current_ = nullptr;
-  int startCount_ = 0;
+  int startCount_ = 0, lastNumber_ = 0;
 };
 
 // True when the file exists but this process may not change it.

@@ -10,6 +10,4 @@ namespace cad {
 // modules; a name with a folder only there. Case is ignored in the file's name. Empty when not found.
 std::filesystem::path findFile(std::wstring_view name);
 
-std::filesystem::path programFolder();
-
 }  // namespace cad

@@ -4,13 +4,14 @@
 #include <utility>
 
 #include "base/files.h"
+#include "base/fold.h"
 #include "base/temporary_files.h"
 #include "embedded/editor/file_search.h"
 #include "embedded/editor/host_state.h"
 
 namespace cad {
 
-HostState& hostState() { return Host::instance().state(); }
+HostState& hostState() { return *Host::instance().state_; }
 
 Host& Host::instance() {
   static Host host;
@@ -55,10 +56,32 @@ base::Status Host::closeDocument() {
 Drawing& Host::currentDrawing() { return state_->documents.current()->drawing(); }
 std::size_t Host::documentCount() const { return state_->documents.all().size(); }
 
+DocumentInfo Host::currentDocument() const {
+  Document* document = state_->documents.current();
+  return document != nullptr ? document->info() : DocumentInfo();
+}
+
+std::vector<DocumentInfo> Host::documents() const {
+  std::vector<DocumentInfo> out;
+  for (const auto& each : state_->documents.all()) out.push_back(each->info());
+  return out;
+}
+
+bool Host::activateDocument(int number) {
+  const auto found = std::ranges::find_if(
+      state_->documents.all(), [number](const auto& each) { return each->info().number == number; });
+  if (found == state_->documents.all().end()) return false;
+  state_->documents.activate(found->get());
+  return true;
+}
+
 base::Status Host::execute(std::wstring_view text) {
   if (!state_->running) return base::Failure{L"", L"The host has not been started."};
   return state_->commandLine.type(std::wstring(text));
 }
+
+bool Host::hasOpenPrompt() const { return state_->commandLine.hasOpenPrompt(); }
+void Host::cancelPrompt() { state_->commandLine.cancelPrompt(); }
 
 void Host::setOutput(std::function<void(std::wstring_view)> sink) { state_->output = std::move(sink); }
 void Host::setSupportPath(std::vector<std::filesystem::path> folders) {
@@ -77,6 +100,7 @@ const Scene& Host::scene() { return state_->picking.scene(currentDrawing()); }
 void Host::setHighlightObserver(std::function<void(RecordId)> observer) {
   state_->picking.setObserver(std::move(observer));
 }
+void Host::clearHighlight() { state_->picking.highlight(kNoRecord); }
 bool Host::isPicking() const { return state_->picking.isWaiting(); }
 
 bool Host::filterMessage(void* message) {
@@ -109,5 +133,12 @@ void Host::beginRun() {
 const std::optional<SaveReport>& Host::lastSave() const { return state_->lastSave; }
 std::vector<base::Failure> Host::takeRemarks() { return std::exchange(state_->remarks, {}); }
 void Host::removeTemporaryFilesOnSignals() { base::removeTemporaryFilesOnSignals(); }
+
+std::wstring commandName(std::wstring_view line) {
+  line = base::trim(line);
+  return readCommandName(line.substr(0, line.find(L' '))).name;
+}
+
+std::optional<Point> typedPoint(std::wstring_view text) { return Token{std::wstring(text)}.point(); }
 
 }  // namespace cad

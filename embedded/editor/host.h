@@ -1,7 +1,9 @@
 #pragma once
-// The embedded host as our own programs see it: start it, load modules, open drawings, run commands.
-// One per process; everything runs on the thread that started it.
+// The embedded host as our own programs see it, all of it: start it, load modules, open drawings, run
+// commands, and show what they do. What a drawing looks like is told in embedded/graphics/scene.h. One per
+// process; everything runs on the thread that started it.
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -12,6 +14,7 @@
 
 #include "base/result.h"
 #include "embedded/drawing/record.h"
+#include "embedded/drawing/shapes.h"
 
 namespace cad {
 
@@ -23,6 +26,16 @@ struct Scene;
 struct SaveReport {
   std::filesystem::path path;
   base::Status status;
+};
+
+// An open drawing's document, as it is when it is asked for.
+struct DocumentInfo {
+  int number = 0;              // above 0, its own as long as the host runs
+  std::filesystem::path path;  // empty when it was never saved
+  std::wstring name;           // the file's, without its folder
+  std::uint64_t revision = 0;  // another one after each change
+  bool isModified = false;
+  bool isReadOnly = false;
 };
 
 // What the status bar's meter shows. A cleared meter has an empty label and most == least.
@@ -54,10 +67,16 @@ class Host {
   base::Status closeDocument();
   Drawing& currentDrawing();
   std::size_t documentCount() const;
+  DocumentInfo currentDocument() const;         // number 0 before the start
+  std::vector<DocumentInfo> documents() const;  // the most recently current one last
+  bool activateDocument(int number);            // false: it is not open
 
   // Types a text at the command line (a line end is added unless it has one), then runs everything that
   // this has queued: scripts and strings sent to documents. Failure: a command refused or is unknown.
   base::Status execute(std::wstring_view text);
+  // A typed command wants more input, which the next text is; until the prompt is cancelled.
+  bool hasOpenPrompt() const;
+  void cancelPrompt();
 
   // Receives all text that the host and the modules print. Without one, texts are dropped.
   void setOutput(std::function<void(std::wstring_view)> sink);
@@ -77,6 +96,7 @@ class Host {
   // Told which entity of the current drawing to highlight: the one under the cursor and the one picked
   // while acedEntSel waits, and those of acedRedraw. kNoRecord: none.
   void setHighlightObserver(std::function<void(RecordId)> observer);
+  void clearHighlight();
   // True while acedEntSel waits for a point: a click is a pick then.
   bool isPicking() const;
   // To be called with each message (MSG*) before it is dispatched: true when a module has taken it.
@@ -96,12 +116,21 @@ class Host {
   // What functions of the interface have said since the last call, beyond the status that they return.
   std::vector<base::Failure> takeRemarks();
 
-  HostState& state() { return *state_; }
-
  private:
+  friend HostState& hostState();
   Host();
   ~Host();
   std::unique_ptr<HostState> state_;
 };
+
+// The folder of the running program.
+std::filesystem::path programFolder();
+
+// The command that a typed line begins with, upper-case and without the marks before it; empty for an empty
+// line.
+std::wstring commandName(std::wstring_view line);
+
+// "x,y" or "x,y,z", drawing units.
+std::optional<Point> typedPoint(std::wstring_view text);
 
 }  // namespace cad

@@ -78,10 +78,10 @@ bool readPairs(int firstType, va_list arguments, ResultChain& chain) {
         made->resval.rlong = va_arg(arguments, int);
         break;
       case ValueKind::kInt64:
-        made->resval.mnInt64 = va_arg(arguments, std::int64_t);
+        made->resval.mnInt64 = va_arg(arguments, Adesk::Int64);
         break;
       case ValueKind::kEntity: {
-        const std::int64_t* name = va_arg(arguments, const std::int64_t*);
+        const Adesk::IntPtr* name = va_arg(arguments, const Adesk::IntPtr*);
         if (name == nullptr) return false;
         std::copy(name, name + 2, made->resval.rlname);
         break;

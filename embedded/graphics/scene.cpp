@@ -5,8 +5,8 @@
 #include <memory>
 #include <unordered_map>
 
+#include "embedded/graphics/block_shapes.h"
 #include "embedded/graphics/bulge_arc.h"
-#include "embedded/graphics/picture.h"
 
 namespace cad {
 namespace {
@@ -23,7 +23,7 @@ struct Inherited {
 };
 
 struct Block {
-  Picture picture;
+  BlockShapes shapes;
   Point base;
   bool open = false;  // being expanded: a block inside itself ends here
 };
@@ -37,13 +37,13 @@ class SceneBuilder {
     const auto tilemode = drawing_.headerVariable("TILEMODE");
     const auto* model = tilemode ? std::get_if<std::int64_t>(&*tilemode) : nullptr;
     const RecordId space = model != nullptr && *model == 0 ? drawing_.paperSpace() : drawing_.modelSpace();
-    Picture picture;
+    BlockShapes shapes;
     for (const RecordId entity : drawing_.entitiesOf(space)) {
       if (drawing_.record(entity).erased()) continue;
-      picture.clear();
-      maker_.add(entity, false, picture);
-      if (picture.parts.empty()) continue;
-      expand(picture, Transform{}, fromLayer(entity));
+      shapes.clear();
+      maker_.add(entity, false, shapes);
+      if (shapes.parts.empty()) continue;
+      expand(shapes, Transform{}, fromLayer(entity));
     }
     for (const SceneItem& item : scene_.items) scene_.extents.add(item.box);
     return std::move(scene_);
@@ -71,13 +71,13 @@ class SceneBuilder {
     return color == Part::kOfLayer ? from.ofLayer : static_cast<std::uint8_t>(color);
   }
 
-  void expand(const Picture& picture, const Transform& place, const Inherited& from) {
+  void expand(const BlockShapes& shapes, const Transform& place, const Inherited& from) {
     const Placer placer(place);
-    for (const Part& part : picture.parts) {
+    for (const Part& part : shapes.parts) {
       if (part.reference) {
-        follow(picture.references[part.first], part, place, from);
+        follow(shapes.references[part.first], part, place, from);
       } else if (!part.onLayerZero || from.layerShown) {
-        emit(picture, part, placer, from);
+        emit(shapes, part, placer, from);
       }
     }
   }
@@ -97,7 +97,7 @@ class SceneBuilder {
     const Geometry base = drawing_.geometry(id);
     if (const auto* at = std::get_if<PointGeometry>(&base.shape)) known->base = at->at;
     for (const RecordId entity : drawing_.entitiesOf(id)) {
-      if (!drawing_.record(entity).erased()) maker_.add(entity, true, known->picture);
+      if (!drawing_.record(entity).erased()) maker_.add(entity, true, known->shapes);
     }
     return *known;
   }
@@ -111,7 +111,7 @@ class SceneBuilder {
       handed.layerShown = reference.layer.shown();
     }
     Block& target = block(reference.block);
-    if (target.open || target.picture.parts.empty()) return;
+    if (target.open || target.shapes.parts.empty()) return;
     target.open = true;
     const InsertGeometry& insert = reference.insert;
     for (int row = 0; row < insert.rows && !full(); ++row) {
@@ -120,7 +120,7 @@ class SceneBuilder {
         const Transform cell =
             reference.inPlace ? place
                               : place.after(placement(insert, reference.normal, target.base, column, row));
-        expand(target.picture, cell, handed);
+        expand(target.shapes, cell, handed);
       }
     }
     target.open = false;
@@ -133,7 +133,7 @@ class SceneBuilder {
     return true;
   }
 
-  void emit(const Picture& picture, const Part& part, const Placer& placer, const Inherited& from) {
+  void emit(const BlockShapes& shapes, const Part& part, const Placer& placer, const Inherited& from) {
     SceneItem item;
     item.entity = from.entity;
     item.kind = part.kind;
@@ -141,10 +141,10 @@ class SceneBuilder {
     item.count = part.count;
     if (part.kind == SceneItemKind::kText) {
       item.first = static_cast<std::uint32_t>(scene_.texts.size());
-      for (std::uint32_t i = 0; i < part.count; ++i) emitText(picture.texts[part.first + i], placer, item);
+      for (std::uint32_t i = 0; i < part.count; ++i) emitText(shapes.texts[part.first + i], placer, item);
     } else {
       item.first = static_cast<std::uint32_t>(scene_.loops.size());
-      for (std::uint32_t i = 0; i < part.count; ++i) emitLoop(picture, part.first + i, placer, item);
+      for (std::uint32_t i = 0; i < part.count; ++i) emitLoop(shapes, part.first + i, placer, item);
     }
     // Coordinates that are no numbers would spoil the extents of all.
     if (std::isfinite(item.box.right - item.box.left) && std::isfinite(item.box.top - item.box.bottom)) {
@@ -166,9 +166,9 @@ class SceneBuilder {
     scene_.texts.push_back(std::move(placed));
   }
 
-  void emitLoop(const Picture& picture, std::size_t number, const Placer& placer, SceneItem& item) {
-    SceneLoop loop = picture.loops[number];
-    const std::span<const ScenePoint> points(picture.points.data() + loop.first, loop.count);
+  void emitLoop(const BlockShapes& shapes, std::size_t number, const Placer& placer, SceneItem& item) {
+    SceneLoop loop = shapes.loops[number];
+    const std::span<const ScenePoint> points(shapes.points.data() + loop.first, loop.count);
     const std::size_t first = scene_.points.size();
     if (placer.keepsCircles) {
       for (const ScenePoint& point : points) {
@@ -193,7 +193,7 @@ class SceneBuilder {
 
   const Drawing& drawing_;
   LayerLooks layers_;
-  PictureMaker maker_;
+  ShapeReader maker_;
   std::unique_ptr<LayerLook> zero_;
   std::unordered_map<RecordId, std::unique_ptr<Block>> blocks_;
   std::vector<ScenePoint> pieces_;

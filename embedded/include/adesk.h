@@ -1,20 +1,18 @@
 #pragma once
 // The basic types of the host interface.
 
-#include <cstdint>
-
 #include "AdAChar.h"
 
 namespace Adesk {
-using Int8 = std::int8_t;
-using Int16 = std::int16_t;
-using Int32 = std::int32_t;
-using Int64 = std::int64_t;
-using UInt8 = std::uint8_t;
-using UInt16 = std::uint16_t;
-using UInt32 = std::uint32_t;
-using UInt64 = std::uint64_t;
-using IntPtr = std::intptr_t;
+using Int8 = signed char;
+using Int16 = short;
+using Int32 = int;
+using Int64 = long long;
+using UInt8 = unsigned char;
+using UInt16 = unsigned short;
+using UInt32 = unsigned int;
+using UInt64 = unsigned long long;
+using IntPtr = Int64;
 using Boolean = bool;
 inline constexpr Boolean kTrue = true;
 inline constexpr Boolean kFalse = false;

@@ -8,7 +8,7 @@ using ads_point = ads_real[3];
 
 // An entity: [0] is the value of its object id, [1] is 0. A selection set: [0] is the set's number, [1] is
 // -1.
-using ads_name = std::int64_t[2];
+using ads_name = Adesk::IntPtr[2];
 
 #define ads_name_clear(name) ((name)[0] = (name)[1] = 0)
 #define ads_name_nil(name) ((name)[0] == 0 && (name)[1] == 0)
@@ -25,9 +25,9 @@ union ads_u_val {
   ads_real rpoint[3];
   short rint;
   ACHAR* rstring;  // owned by the buffer that acutRelRb releases
-  std::int64_t rlname[2];
+  Adesk::IntPtr rlname[2];
   Adesk::Int32 rlong;
-  std::int64_t mnInt64;
+  Adesk::Int64 mnInt64;
   struct ads_binary rbinary;
 };
 

@@ -1,8 +1,6 @@
 #pragma once
 // Identifiers of database objects, and how an object is opened by one.
 
-#include <compare>
-
 #include "acadstrc.h"
 #include "adesk.h"
 
@@ -44,7 +42,11 @@ class AcDbObjectId {
     value_ = value;
     return *this;
   }
-  auto operator<=>(const AcDbObjectId&) const = default;
+  bool operator==(const AcDbObjectId&) const = default;
+  bool operator<(const AcDbObjectId& other) const { return value_ < other.value_; }
+  bool operator>(const AcDbObjectId& other) const { return other < *this; }
+  bool operator<=(const AcDbObjectId& other) const { return !(other < *this); }
+  bool operator>=(const AcDbObjectId& other) const { return !(*this < other); }
 
  private:
   // Bits 32..47: the database's number from 1; bits 0..31: the object's number from 1.

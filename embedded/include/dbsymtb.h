@@ -59,7 +59,7 @@ class AcDbSymbolTableIterator {
   friend class AcDbSymbolTable;
   friend struct cad::ObjectAccess;
   AcDbObjectId table_;
-  std::ptrdiff_t position_ = 0;
+  Adesk::IntPtr position_ = 0;
 };
 
 class AcDbSymbolTableRecord : public AcDbObject {
@@ -192,7 +192,7 @@ class AcDbBlockTableRecordIterator {
   friend class AcDbBlockTableRecord;
   AcDbBlockTableRecordIterator() = default;
   AcDbObjectId block_;
-  std::ptrdiff_t position_ = 0;
+  Adesk::IntPtr position_ = 0;
 };
 
 // A table's class and its iterator, whose records come as the table's own record class.

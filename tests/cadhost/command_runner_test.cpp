@@ -8,7 +8,6 @@
 #include "accmd.h"
 #include "acedads.h"
 #include "acutads.h"
-#include "embedded/editor/host_state.h"
 #include "rxregsvc.h"
 
 namespace cadhost {
@@ -54,10 +53,10 @@ class CommandRunnerTest : public testing::Test {
 };
 
 TEST_F(CommandRunnerTest, CommandNamesAreFreeOfMarks) {
-  EXPECT_EQ(commandName(L"  _.open \"a b.dxf\""), L"OPEN");
-  EXPECT_EQ(commandName(L"ut2"), L"UT2");
-  EXPECT_EQ(commandName(L" "), L"");
-  EXPECT_EQ(commandName(L"'_"), L"");
+  EXPECT_EQ(cad::commandName(L"  _.open \"a b.dxf\""), L"OPEN");
+  EXPECT_EQ(cad::commandName(L"ut2"), L"UT2");
+  EXPECT_EQ(cad::commandName(L" "), L"");
+  EXPECT_EQ(cad::commandName(L"'_"), L"");
 }
 
 TEST_F(CommandRunnerTest, ACommandTypedWhileAnotherWaitsRunsAfterIt) {
@@ -90,7 +89,7 @@ TEST_F(CommandRunnerTest, ACommandThatFailsLeavesTheNextOneItsTurn) {
 TEST_F(CommandRunnerTest, TheLinesOfOneCommandBelongTogether) {
   input.enter(L"-INSERT");
   runner.runLines();
-  EXPECT_TRUE(host.state().commandLine.hasOpenPrompt());
+  EXPECT_TRUE(host.hasOpenPrompt());
   input.enter(L"QUIT");  // a block's name now
   runner.runLines();
   EXPECT_TRUE(quits.empty());
@@ -103,10 +102,10 @@ TEST_F(CommandRunnerTest, ACancelClosesThePromptOfTheLinesBeforeIt) {
       L"");
   runner.runLines();
   EXPECT_TRUE(hasPrinted(L"*キャンセル*\nコマンド: DONE<done>"));
-  EXPECT_TRUE(host.state().commandLine.hasOpenPrompt()) << "of the line behind";
+  EXPECT_TRUE(host.hasOpenPrompt()) << "of the line behind";
   input.cancel();
   runner.runLines();
-  EXPECT_FALSE(host.state().commandLine.hasOpenPrompt());
+  EXPECT_FALSE(host.hasOpenPrompt());
 }
 
 TEST_F(CommandRunnerTest, QuitIsForTheWindow) {

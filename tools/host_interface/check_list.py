@@ -107,6 +107,7 @@ class Headers:
         self.by_symbol = {}  # by mangled name
         self.by_name = {}    # by the last part of the name: every declaration
         self.hidden = set()  # names that classes keep inside
+        self.foreign = []    # declarations with a type of the standard library
         self.walk(unit.cursor)
 
     def walk(self, cursor):
@@ -132,6 +133,8 @@ class Headers:
 
     def add(self, cursor, header):
         entry = (header, declaration(cursor))
+        if "std::" in entry[1] or "std::" in cursor.type.get_canonical().spelling:
+            self.foreign.append(entry)
         self.text[cursor.get_usr()] = entry
         self.names[entry] = qualified(cursor)
         self.by_place[plain_name(cursor), header, cursor.location.offset] = entry
@@ -337,6 +340,8 @@ def check(uses, rows):
             faults.append(f"the list has {entry[1]}, which {entry[0]} does not declare")
         elif not any(entry in uses.headers.by_name[name] for name in uses.maybe):
             faults.append(f"the list has {entry[1]} ({entry[0]}), which nothing uses")
+    faults += [f"{header} declares {text}: a type of the standard library is another one in each module"
+               for header, text in uses.headers.foreign]
     faults += [f"the list says nothing of {text}" for (_, text), contract in rows.items()
                if contract in ("", "As the name says.")]
     return faults

@@ -126,7 +126,7 @@ TEST_F(Selection, MembersAreAddedAndRemoved) {
 }
 
 TEST_F(Selection, AtMost128SetsAndNoneOfAClosedDrawing) {
-  std::vector<std::array<std::int64_t, 2>> sets(129);
+  std::vector<std::array<Adesk::IntPtr, 2>> sets(129);
   for (int i = 0; i < 128; ++i) ASSERT_EQ(acedSSGet(L"X", nullptr, nullptr, nullptr, sets[i].data()), RTNORM);
   EXPECT_EQ(acedSSGet(L"X", nullptr, nullptr, nullptr, sets[128].data()), RTERROR);
   EXPECT_EQ(acedSSFree(sets[5].data()), RTNORM);

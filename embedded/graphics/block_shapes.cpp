@@ -1,4 +1,4 @@
-#include "embedded/graphics/picture.h"
+#include "embedded/graphics/block_shapes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,11 +12,11 @@
 namespace cad {
 namespace {
 
-// Appends the shapes of one entity to a picture as its parts.
+// Appends the shapes of one entity to those of its block, as their parts.
 class ShapeAdder {
  public:
-  ShapeAdder(Picture& picture, const Part& look, const LayerLook& layer, const Point& normal)
-      : picture_(picture), look_(look), layer_(layer), normal_(normal) {}
+  ShapeAdder(BlockShapes& shapes, const Part& look, const LayerLook& layer, const Point& normal)
+      : shapes_(shapes), look_(look), layer_(layer), normal_(normal) {}
 
   void operator()(std::monostate) {}
 
@@ -59,15 +59,15 @@ class ShapeAdder {
   void operator()(const TextGeometry& text) {
     lift(text.at.z);
     look_.kind = SceneItemKind::kText;
-    look_.first = static_cast<std::uint32_t>(picture_.texts.size());
+    look_.first = static_cast<std::uint32_t>(shapes_.texts.size());
     for (SceneText& line : layOut(text)) {
       line.origin = view_.point(line.origin);
       line.along = view_.vector(line.along);
       line.up = view_.vector(line.up);
-      picture_.texts.push_back(std::move(line));
+      shapes_.texts.push_back(std::move(line));
     }
-    look_.count = static_cast<std::uint32_t>(picture_.texts.size()) - look_.first;
-    if (look_.count > 0) picture_.parts.push_back(look_);
+    look_.count = static_cast<std::uint32_t>(shapes_.texts.size()) - look_.first;
+    if (look_.count > 0) shapes_.parts.push_back(look_);
   }
   void operator()(const InsertGeometry& insert) { refer({insert.block, insert, normal_, false, layer_}); }
   void operator()(const DimensionGeometry& dimension) { refer({dimension.block, {}, {}, true, layer_}); }
@@ -85,10 +85,10 @@ class ShapeAdder {
     if (!plain) view_ = planView(normal_, elevation);
   }
 
-  void begin() { look_.first = static_cast<std::uint32_t>(picture_.loops.size()); }
+  void begin() { look_.first = static_cast<std::uint32_t>(shapes_.loops.size()); }
   void end() {
-    look_.count = static_cast<std::uint32_t>(picture_.loops.size()) - look_.first;
-    if (look_.count > 0) picture_.parts.push_back(look_);
+    look_.count = static_cast<std::uint32_t>(shapes_.loops.size()) - look_.first;
+    if (look_.count > 0) shapes_.parts.push_back(look_);
   }
   void outline(const CurvePoints& curve) {
     begin();
@@ -98,22 +98,22 @@ class ShapeAdder {
 
   void addLoop(const CurvePoints& curve) {
     if (curve.points.empty()) return;
-    const SceneLoop loop{static_cast<std::uint32_t>(picture_.points.size()),
+    const SceneLoop loop{static_cast<std::uint32_t>(shapes_.points.size()),
                          static_cast<std::uint32_t>(curve.points.size()), curve.closed};
-    picture_.loops.push_back(loop);
+    shapes_.loops.push_back(loop);
     if (view_.keepsCircles()) {
       for (const ScenePoint& point : curve.points) {
-        picture_.points.push_back(view_.point(point));
-        if (view_.mirrors()) picture_.points.back().bulge = -point.bulge;
+        shapes_.points.push_back(view_.point(point));
+        if (view_.mirrors()) shapes_.points.back().bulge = -point.bulge;
       }
       return;
     }
     // A circle seen from aside.
     std::vector<ScenePoint> pieces;
     flatten(curve.points, curve.closed, finenessOf(curve.points), pieces);
-    for (const ScenePoint& point : pieces) picture_.points.push_back(view_.point(point));
-    picture_.loops.back().count = static_cast<std::uint32_t>(pieces.size());
-    picture_.loops.back().closed = false;
+    for (const ScenePoint& point : pieces) shapes_.points.push_back(view_.point(point));
+    shapes_.loops.back().count = static_cast<std::uint32_t>(pieces.size());
+    shapes_.loops.back().closed = false;
   }
 
   // The edges of a path one behind the other, each turned so that it goes on where the last one ended.
@@ -174,12 +174,12 @@ class ShapeAdder {
   void refer(BlockReference reference) {
     if (reference.block == kNoRecord) return;
     look_.reference = true;
-    look_.first = static_cast<std::uint32_t>(picture_.references.size());
-    picture_.references.push_back(std::move(reference));
-    picture_.parts.push_back(look_);
+    look_.first = static_cast<std::uint32_t>(shapes_.references.size());
+    shapes_.references.push_back(std::move(reference));
+    shapes_.parts.push_back(look_);
   }
 
-  Picture& picture_;
+  BlockShapes& shapes_;
   Part look_;
   LayerLook layer_;
   Point normal_;
@@ -200,7 +200,7 @@ bool isHidden(const Geometry& geometry, bool inBlock) {
 
 }  // namespace
 
-void Picture::clear() {
+void BlockShapes::clear() {
   parts.clear();
   loops.clear();
   points.clear();
@@ -208,7 +208,7 @@ void Picture::clear() {
   references.clear();
 }
 
-void PictureMaker::addOne(RecordId entity, bool inBlock, Picture& to) {
+void ShapeReader::addOne(RecordId entity, bool inBlock, BlockShapes& to) {
   const LayerLook layer = layers_.of(entity);
   if (layer.frozen && !layer.zero) return;
   const Geometry geometry = drawing_.geometry(entity);
@@ -221,7 +221,7 @@ void PictureMaker::addOne(RecordId entity, bool inBlock, Picture& to) {
   std::visit(ShapeAdder(to, look, layer, geometry.normal), geometry.shape);
 }
 
-void PictureMaker::add(RecordId entity, bool inBlock, Picture& to) {
+void ShapeReader::add(RecordId entity, bool inBlock, BlockShapes& to) {
   addOne(entity, inBlock, to);
   const std::span<const RecordId> parts = drawing_.subRecordsOf(entity);
   if (parts.empty() || drawing_.typeName(entity) != "INSERT") return;

@@ -15,7 +15,7 @@ struct BlockReference {
   RecordId block = kNoRecord;
   InsertGeometry insert;
   Point normal{0, 0, 1};
-  bool inPlace = false;  // a dimension's picture: not moved, not scaled
+  bool inPlace = false;  // a dimension's block: not moved, not scaled
   LayerLook layer;
 };
 
@@ -28,7 +28,7 @@ struct Part {
   std::int16_t color = kByBlock;  // kOfLayer: of the reference's layer
 };
 
-struct Picture {
+struct BlockShapes {
   std::vector<Part> parts;
   std::vector<SceneLoop> loops;
   std::vector<ScenePoint> points;
@@ -37,15 +37,15 @@ struct Picture {
   void clear();
 };
 
-class PictureMaker {
+class ShapeReader {
  public:
-  PictureMaker(const Drawing& drawing, LayerLooks& layers) : drawing_(drawing), layers_(layers) {}
+  ShapeReader(const Drawing& drawing, LayerLooks& layers) : drawing_(drawing), layers_(layers) {}
   // Appends the shapes of a main entity and of its attributes, nothing when it is not shown. In a block an
   // attribute definition is shown only when it is constant.
-  void add(RecordId entity, bool inBlock, Picture& to);
+  void add(RecordId entity, bool inBlock, BlockShapes& to);
 
  private:
-  void addOne(RecordId entity, bool inBlock, Picture& to);
+  void addOne(RecordId entity, bool inBlock, BlockShapes& to);
 
   const Drawing& drawing_;
   LayerLooks& layers_;

@@ -1,9 +1,9 @@
-#include "cadhost/palette.h"
+#include "embedded/graphics/palette.h"
 
 #include <cmath>
 #include <initializer_list>
 
-namespace cadhost {
+namespace cad {
 namespace {
 
 constexpr Rgb kWhite = 0xFFFFFF;
@@ -42,4 +42,4 @@ Rgb paletteColor(std::uint8_t number) {
   return out;
 }
 
-}  // namespace cadhost
+}  // namespace cad

@@ -1,10 +1,10 @@
-#include "cadhost/palette.h"
+#include "embedded/graphics/palette.h"
 
 #include <gtest/gtest.h>
 
 #include <utility>
 
-namespace cadhost {
+namespace cad {
 namespace {
 
 // A few numbers of each kind as python3-ezdxf's table has them, and white on a dark background.
@@ -18,4 +18,4 @@ TEST(Palette, NumbersAreTheColoursThatOtherProgramsShow) {
 }
 
 }  // namespace
-}  // namespace cadhost
+}  // namespace cad
