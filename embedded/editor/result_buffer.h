@@ -1,5 +1,5 @@
 #pragma once
-// Building chains of result buffers inside the host.
+// Result buffers inside the host: which C type a value has, by its code, and building chains of them.
 
 #include <cstdarg>
 #include <string_view>
@@ -7,6 +7,14 @@
 #include "adsdef.h"
 
 namespace cad {
+
+enum class ValueKind { kNothing, kText, kReal, kPoint, kShort, kLong, kInt64, kEntity, kBinary, kUnknown };
+
+ValueKind valueKindOf(int code);
+
+// Whether a selection filter may hold the code: those of a drawing's groups, -3 and -4. Type codes as RTSTR
+// are none, nor is RTDXF0, which stands for group 0 in arguments only.
+bool isFilterCode(int code);
 
 // A copy for resval.rstring; acutRelRb or acutDelString releases it.
 ACHAR* newText(std::wstring_view text);

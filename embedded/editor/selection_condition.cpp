@@ -5,8 +5,8 @@
 
 #include "base/codepage.h"
 #include "embedded/drawing/wildcard.h"
-#include "embedded/editor/group_codes.h"
 #include "embedded/editor/integer_part.h"
+#include "embedded/editor/result_buffer.h"
 
 namespace cad {
 namespace {

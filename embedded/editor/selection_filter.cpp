@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/fold.h"
-#include "embedded/editor/group_codes.h"
+#include "embedded/editor/result_buffer.h"
 #include "embedded/editor/selection_condition.h"
 
 namespace cad {

@@ -4,7 +4,7 @@
 #include <cwchar>
 
 #include "base/fold.h"
-#include "embedded/editor/group_codes.h"
+#include "embedded/editor/result_buffer.h"
 
 namespace cad {
 namespace {

@@ -1,11 +1,60 @@
+// Entities, symbol tables and linetypes by names and result buffers.
+
 #include <algorithm>
 #include <iterator>
 
+#include "acdb.h"
 #include "acdbads.h"
+#include "base/files.h"
 #include "base/fold.h"
 #include "embedded/drawing/record_names.h"
+#include "embedded/editor/file_search.h"
 #include "embedded/editor/host_state.h"
+#include "embedded/editor/output.h"
 #include "embedded/editor/result_buffer.h"
+#include "embedded/objects/database_access.h"
+#include "embedded/support/linetype_file.h"
+
+Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& id, const ads_name name) {
+  id.setNull();
+  if (name == nullptr || ads_name_nil(name) || name[1] == -1) return Acad::eInvalidAdsName;
+  AcDbObjectId wanted;
+  wanted.setFromOldId(name[0]);
+  if (!wanted.isValid()) return Acad::eInvalidAdsName;
+  id = wanted;
+  return Acad::eOk;
+}
+
+Acad::ErrorStatus acdbGetAdsName(ads_name& name, AcDbObjectId id) {
+  ads_name_clear(name);
+  if (id.isNull()) return Acad::eNullObjectId;
+  name[0] = id.asOldId();
+  return Acad::eOk;
+}
+
+int acdbEntLast(ads_name result) {
+  const cad::Document* document = cad::hostState().documents.current();
+  if (document == nullptr || result == nullptr) return RTERROR;
+  ads_name_clear(result);
+  const cad::RecordId last = cad::drawingOf(*document->database()).lastEntity();
+  if (last == cad::kNoRecord) return RTERROR;
+  result[0] = cad::idOf(*document->database(), last).asOldId();
+  return RTNORM;
+}
+
+int acdbEntDel(const ads_name entity) {
+  AcDbObjectId id;
+  cad::Document* document = cad::hostState().documents.current();
+  if (document == nullptr || acdbGetObjectId(id, entity) != Acad::eOk ||
+      id.database() != document->database() || cad::needsLock(*document->database()))
+    return RTERROR;
+  cad::Drawing& drawing = document->drawing();
+  const cad::RecordId record = cad::recordOf(id);
+  if (record == cad::kNoRecord || drawing.record(record).kind != cad::RecordKind::kEntity) return RTERROR;
+  const cad::NameId layer = drawing.name(record, cad::Property::kLayer);
+  if (layer != cad::kNoName && drawing.isLayerLocked(layer)) return RTERROR;
+  return drawing.setErased(record, !drawing.record(record).erased()).ok() ? RTNORM : RTERROR;
+}
 
 namespace cad {
 namespace {
@@ -102,4 +151,53 @@ resbuf* acdbTblNext(const ACHAR* table, int rewind) {
 
 int acdbSNValid(const ACHAR* name, int pipeTest) {
   return name != nullptr && cad::isRecordName(name, pipeTest != 0) ? RTNORM : RTERROR;
+}
+
+namespace {
+
+using cad::support::LinetypeLoading;
+
+Acad::ErrorStatus statusOf(LinetypeLoading result) {
+  switch (result) {
+    case LinetypeLoading::kLoaded:
+      return Acad::eOk;
+    case LinetypeLoading::kNoFile:
+      return Acad::eFileNotFound;
+    case LinetypeLoading::kNotInFile:
+      return Acad::eUndefinedLineType;
+    case LinetypeLoading::kInDrawing:
+      return Acad::eDuplicateRecordName;
+    case LinetypeLoading::kNoTextStyle:
+      return Acad::eKeyNotFound;
+    case LinetypeLoading::kNotInThisVersion:
+      return Acad::eNotApplicable;
+    case LinetypeLoading::kBadDefinition:
+      break;
+  }
+  return Acad::eInvalidInput;
+}
+
+// The caller tells what the status says; it does not say where a definition is wrong or which style it lacks.
+bool isToldInPart(LinetypeLoading result) {
+  return result == LinetypeLoading::kBadDefinition || result == LinetypeLoading::kNoTextStyle;
+}
+
+// A shape file that is not where its path says is looked for by its name.
+std::filesystem::path findShapeFile(std::wstring_view name) {
+  const std::filesystem::path found = cad::findFile(name);
+  return found.empty() ? cad::findFile(base::pathText(base::pathFromText(name).filename())) : found;
+}
+
+}  // namespace
+
+Acad::ErrorStatus acdbLoadLineTypeFile(const ACHAR* name, const ACHAR* file, AcDbDatabase* database) {
+  if (name == nullptr || file == nullptr || *name == 0) return Acad::eInvalidInput;
+  if (database == nullptr) return Acad::eNoDatabase;
+  if (cad::needsLock(*database)) return Acad::eLockViolation;
+  const std::filesystem::path found = cad::findFile(file);
+  if (found.empty()) return Acad::eFileNotFound;
+  const auto loaded = cad::support::loadLinetypes(cad::drawingOf(*database), name, found, findShapeFile);
+  if (isToldInPart(loaded.result)) cad::remark(loaded.failure);
+  for (const base::Failure& each : loaded.remarks) cad::remark(each);
+  return statusOf(loaded.result);
 }
