@@ -33,32 +33,6 @@ std::size_t countStored(const cad::Drawing& drawing, cad::Table table) {
   }));
 }
 
-const wchar_t* releaseName(cad::Version version) {
-  switch (version) {
-    case cad::Version::kR12:
-      return L"R12";
-    case cad::Version::kR13:
-      return L"R13";
-    case cad::Version::kR14:
-      return L"R14";
-    case cad::Version::kR2000:
-      return L"2000";
-    case cad::Version::kR2004:
-      return L"2004";
-    case cad::Version::kR2007:
-      return L"2007";
-    case cad::Version::kR2010:
-      return L"2010";
-    case cad::Version::kR2013:
-      return L"2013";
-    case cad::Version::kR2018:
-      return L"2018";
-    case cad::Version::kUnknown:
-      break;
-  }
-  return L"unknown release";
-}
-
 std::wstring row(std::wstring label, const std::wstring& value) {
   constexpr std::size_t kLabelWidth = 16;
   label.resize(std::max(label.size() + 1, kLabelWidth), L' ');
@@ -93,7 +67,8 @@ DrawingSummary summarize(const cad::Drawing& drawing) {
 std::vector<std::wstring> summaryLines(const DrawingSummary& summary) {
   const cad::DrawingFacts& facts = summary.facts;
   std::vector<std::wstring> lines;
-  lines.push_back(row(L"version", base::fromUtf8(facts.versionCode) + L" (" + releaseName(facts.version) +
+  lines.push_back(row(L"version", base::fromUtf8(facts.versionCode) + L" (" +
+                                      base::releaseName(facts.version) +
                                       (facts.form.empty() ? L")" : L", " + facts.form + L")")));
   lines.push_back(row(L"code page",
                       std::to_wstring(facts.codePage) +

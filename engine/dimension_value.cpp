@@ -12,10 +12,10 @@ std::wstring hostArrowName(std::wstring_view name) {
 }
 
 std::optional<DimensionValue> dimensionValue(int row, std::wstring_view text) {
-  const DimensionVariable& variable = dimensionCatalogue()[static_cast<std::size_t>(row)];
-  if (variable.type == DimensionVariable::Type::kInteger) return static_cast<double>(leadingInteger(text));
-  if (variable.type == DimensionVariable::Type::kReal) return leadingReal(text);
-  if (!isArrowVariable(variable.name)) return std::wstring(text);
+  const DimensionVariable& variable = dimensionCatalogueRow(row);
+  if (variable.isInteger()) return static_cast<double>(leadingInteger(text));
+  if (variable.isReal()) return leadingReal(text);
+  if (!variable.isArrow()) return std::wstring(text);
   const auto block = blockNameOfDisplayForm(text);
   if (!block) return std::nullopt;
   return block->empty() ? L"." : hostArrowName(*block);

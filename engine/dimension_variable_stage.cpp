@@ -23,18 +23,17 @@ bool setNumber(const wchar_t* name, short catalogueType, double value) {
 bool setVariable(int row, const std::wstring& text) {
   const auto value = dimensionValue(row, text);
   if (!value) return false;
-  const DimensionVariable& variable = dimensionCatalogue()[static_cast<std::size_t>(row)];
+  const DimensionVariable& variable = dimensionCatalogueRow(row);
   if (const auto* name = std::get_if<std::wstring>(&*value))
     return setTextVariable(variable.name, name->substr(0, kLongestText));
-  const bool isInteger = variable.type == DimensionVariable::Type::kInteger;
-  return setNumber(variable.name, isInteger ? RTSHORT : RTREAL, std::get<double>(*value));
+  return setNumber(variable.name, variable.isInteger() ? RTSHORT : RTREAL, std::get<double>(*value));
 }
 
 // The host itself does not say why.
 RefusalReason reasonOf(int row, const std::wstring& text) {
-  const DimensionVariable& variable = dimensionCatalogue()[static_cast<std::size_t>(row)];
+  const DimensionVariable& variable = dimensionCatalogueRow(row);
   if (variableType(variable.name) == RTNONE) return RefusalReason::kNotInThisVersion;
-  const bool isName = namesRecord(variable.name) && dimensionValue(row, text);
+  const bool isName = variable.namesRecord() && dimensionValue(row, text);
   return isName ? RefusalReason::kNoSuchName : RefusalReason::kBadValue;
 }
 

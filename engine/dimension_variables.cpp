@@ -1,14 +1,13 @@
 #include "engine/dimension_variables.h"
 
+#include <algorithm>
 #include <array>
-#include <string_view>
-#include <vector>
 
+#include "base/dimension_variables.h"
 #include "dbdim.h"
 #include "dblead.h"
 #include "engine/host_access.h"
 #include "spec/color_text.h"
-#include "spec/value_forms.h"
 
 namespace kiv {
 namespace {
@@ -94,7 +93,8 @@ Status writeColor(AcDbDimension& dimension, const DimensionValue& value) {
 template <Status (AcDbDimension::*Set)(AcDb::LineWeight)>
 Status writeWeight(AcDbDimension& dimension, const DimensionValue& value) {
   const int weight = static_cast<int>(numberOf(value));
-  return isLineWeight(weight) ? (dimension.*Set)(static_cast<AcDb::LineWeight>(weight)) : Acad::eInvalidInput;
+  return base::isLineweight(weight) ? (dimension.*Set)(static_cast<AcDb::LineWeight>(weight))
+                                    : Acad::eInvalidInput;
 }
 Status writeTextStyle(AcDbDimension& dimension, const DimensionValue& value) {
   const AcDbObjectId style = findInTable(dimension.database()->textStyleTableId(), textOf(value));
@@ -104,98 +104,101 @@ Status writeTextStyle(AcDbDimension& dimension, const DimensionValue& value) {
 // --- The variables ------------------------------------------------------------------------------------
 
 struct Access {
-  const wchar_t* name;
+  std::uint8_t row;
   ReadValue readDimension;
   ReadValue readLeader;  // null: leaders do not have it
   WriteValue write;
 };
 
-#define KIV_DIM(NAME, TYPE, GET, SET) \
-  Access { NAME, read<AcDbDimension, &AcDbDimension::GET>, nullptr, write##TYPE<&AcDbDimension::SET> }
-#define KIV_LEADER_DIM(NAME, TYPE, GET, SET)                                            \
-  Access {                                                                              \
-    NAME, read<AcDbDimension, &AcDbDimension::GET>, read<AcDbLeader, &AcDbLeader::GET>, \
-        write##TYPE<&AcDbDimension::SET>                                                \
+#define KIV_DIM(NAME, TYPE, GET, SET)                                           \
+  Access {                                                                      \
+    base::dimRow(#NAME).row, read<AcDbDimension, &AcDbDimension::GET>, nullptr, \
+        write##TYPE<&AcDbDimension::SET>                                        \
   }
-#define KIV_DIM_TEXT(NAME, GET, SET)                                                            \
-  Access {                                                                                      \
-    NAME, read<AcDbDimension, static_cast<Getter<const ACHAR*>>(&AcDbDimension::GET)>, nullptr, \
-        writeText<&AcDbDimension::SET>                                                          \
+#define KIV_LEADER_DIM(NAME, TYPE, GET, SET)                                                               \
+  Access {                                                                                                 \
+    base::dimRow(#NAME).row, read<AcDbDimension, &AcDbDimension::GET>, read<AcDbLeader, &AcDbLeader::GET>, \
+        write##TYPE<&AcDbDimension::SET>                                                                   \
+  }
+#define KIV_DIM_TEXT(NAME, GET, SET)                                                                      \
+  Access {                                                                                                \
+    base::dimRow(#NAME).row, read<AcDbDimension, static_cast<Getter<const ACHAR*>>(&AcDbDimension::GET)>, \
+        nullptr, writeText<&AcDbDimension::SET>                                                           \
   }
 // The setter has a form for the block's name and one for its id.
-#define KIV_DIM_ARROW(NAME, GET, READ_LEADER, SET)               \
-  Access {                                                       \
-    NAME, read<AcDbDimension, &AcDbDimension::GET>, READ_LEADER, \
-        writeArrow<&AcDbDimension::SET, &AcDbDimension::SET>     \
+#define KIV_DIM_ARROW(NAME, GET, READ_LEADER, SET)                                  \
+  Access {                                                                          \
+    base::dimRow(#NAME).row, read<AcDbDimension, &AcDbDimension::GET>, READ_LEADER, \
+        writeArrow<&AcDbDimension::SET, &AcDbDimension::SET>                        \
   }
 
 // DIMASO and DIMSHO belong to the drawing and not to a dimension.
 constexpr std::array kAccesses = {
-    KIV_DIM(L"DIMADEC", Integer, dimadec, setDimadec),
-    KIV_DIM(L"DIMALT", Bool, dimalt, setDimalt),
-    KIV_DIM(L"DIMALTD", Integer, dimaltd, setDimaltd),
-    KIV_DIM(L"DIMALTF", Real, dimaltf, setDimaltf),
-    KIV_DIM(L"DIMALTRND", Real, dimaltrnd, setDimaltrnd),
-    KIV_DIM(L"DIMALTTD", Integer, dimalttd, setDimalttd),
-    KIV_DIM(L"DIMALTTZ", Integer, dimalttz, setDimalttz),
-    KIV_DIM(L"DIMALTU", Integer, dimaltu, setDimaltu),
-    KIV_DIM(L"DIMALTZ", Integer, dimaltz, setDimaltz),
-    KIV_DIM_TEXT(L"DIMAPOST", dimapost, setDimapost),
-    KIV_LEADER_DIM(L"DIMASZ", Real, dimasz, setDimasz),
-    KIV_DIM(L"DIMATFIT", Integer, dimatfit, setDimatfit),
-    KIV_DIM(L"DIMAUNIT", Integer, dimaunit, setDimaunit),
-    KIV_DIM(L"DIMAZIN", Integer, dimazin, setDimazin),
-    KIV_DIM_ARROW(L"DIMBLK", dimblk, nullptr, setDimblk),
-    KIV_DIM_ARROW(L"DIMBLK1", dimblk1, nullptr, setDimblk1),
-    KIV_DIM_ARROW(L"DIMBLK2", dimblk2, nullptr, setDimblk2),
-    KIV_DIM(L"DIMCEN", Real, dimcen, setDimcen),
-    KIV_LEADER_DIM(L"DIMCLRD", Color, dimclrd, setDimclrd),
-    KIV_DIM(L"DIMCLRE", Color, dimclre, setDimclre),
-    KIV_DIM(L"DIMCLRT", Color, dimclrt, setDimclrt),
-    KIV_DIM(L"DIMDEC", Integer, dimdec, setDimdec),
-    KIV_DIM(L"DIMDLE", Real, dimdle, setDimdle),
-    KIV_DIM(L"DIMDLI", Real, dimdli, setDimdli),
-    KIV_DIM(L"DIMDSEP", Character, dimdsep, setDimdsep),
-    KIV_DIM(L"DIMEXE", Real, dimexe, setDimexe),
-    KIV_DIM(L"DIMEXO", Real, dimexo, setDimexo),
-    KIV_DIM(L"DIMFRAC", Integer, dimfrac, setDimfrac),
-    KIV_LEADER_DIM(L"DIMGAP", Real, dimgap, setDimgap),
-    KIV_DIM(L"DIMJUST", Integer, dimjust, setDimjust),
-    KIV_DIM_ARROW(L"DIMLDRBLK", dimldrblk, (read<AcDbLeader, &AcDbLeader::dimldrblk>), setDimldrblk),
-    KIV_DIM(L"DIMLFAC", Real, dimlfac, setDimlfac),
-    KIV_DIM(L"DIMLIM", Bool, dimlim, setDimlim),
-    KIV_DIM(L"DIMLUNIT", Integer, dimlunit, setDimlunit),
-    KIV_LEADER_DIM(L"DIMLWD", Weight, dimlwd, setDimlwd),
-    KIV_DIM(L"DIMLWE", Weight, dimlwe, setDimlwe),
-    KIV_DIM_TEXT(L"DIMPOST", dimpost, setDimpost),
-    KIV_DIM(L"DIMRND", Real, dimrnd, setDimrnd),
-    KIV_LEADER_DIM(L"DIMSAH", Bool, dimsah, setDimsah),
-    KIV_LEADER_DIM(L"DIMSCALE", Real, dimscale, setDimscale),
-    KIV_DIM(L"DIMSD1", Bool, dimsd1, setDimsd1),
-    KIV_DIM(L"DIMSD2", Bool, dimsd2, setDimsd2),
-    KIV_DIM(L"DIMSE1", Bool, dimse1, setDimse1),
-    KIV_DIM(L"DIMSE2", Bool, dimse2, setDimse2),
-    KIV_DIM(L"DIMSOXD", Bool, dimsoxd, setDimsoxd),
-    KIV_LEADER_DIM(L"DIMTAD", Integer, dimtad, setDimtad),
-    KIV_DIM(L"DIMTDEC", Integer, dimtdec, setDimtdec),
-    KIV_DIM(L"DIMTFAC", Real, dimtfac, setDimtfac),
-    KIV_DIM(L"DIMTIH", Bool, dimtih, setDimtih),
-    KIV_DIM(L"DIMTIX", Bool, dimtix, setDimtix),
-    KIV_DIM(L"DIMTM", Real, dimtm, setDimtm),
-    KIV_DIM(L"DIMTMOVE", Integer, dimtmove, setDimtmove),
-    KIV_DIM(L"DIMTOFL", Bool, dimtofl, setDimtofl),
-    KIV_DIM(L"DIMTOH", Bool, dimtoh, setDimtoh),
-    KIV_DIM(L"DIMTOL", Bool, dimtol, setDimtol),
-    KIV_DIM(L"DIMTOLJ", Integer, dimtolj, setDimtolj),
-    KIV_DIM(L"DIMTP", Real, dimtp, setDimtp),
-    KIV_DIM(L"DIMTSZ", Real, dimtsz, setDimtsz),
-    KIV_DIM(L"DIMTVP", Real, dimtvp, setDimtvp),
-    Access{L"DIMTXSTY", read<AcDbDimension, &AcDbDimension::dimtxsty>,
+    KIV_DIM(DIMADEC, Integer, dimadec, setDimadec),
+    KIV_DIM(DIMALT, Bool, dimalt, setDimalt),
+    KIV_DIM(DIMALTD, Integer, dimaltd, setDimaltd),
+    KIV_DIM(DIMALTF, Real, dimaltf, setDimaltf),
+    KIV_DIM(DIMALTRND, Real, dimaltrnd, setDimaltrnd),
+    KIV_DIM(DIMALTTD, Integer, dimalttd, setDimalttd),
+    KIV_DIM(DIMALTTZ, Integer, dimalttz, setDimalttz),
+    KIV_DIM(DIMALTU, Integer, dimaltu, setDimaltu),
+    KIV_DIM(DIMALTZ, Integer, dimaltz, setDimaltz),
+    KIV_DIM_TEXT(DIMAPOST, dimapost, setDimapost),
+    KIV_LEADER_DIM(DIMASZ, Real, dimasz, setDimasz),
+    KIV_DIM(DIMATFIT, Integer, dimatfit, setDimatfit),
+    KIV_DIM(DIMAUNIT, Integer, dimaunit, setDimaunit),
+    KIV_DIM(DIMAZIN, Integer, dimazin, setDimazin),
+    KIV_DIM_ARROW(DIMBLK, dimblk, nullptr, setDimblk),
+    KIV_DIM_ARROW(DIMBLK1, dimblk1, nullptr, setDimblk1),
+    KIV_DIM_ARROW(DIMBLK2, dimblk2, nullptr, setDimblk2),
+    KIV_DIM(DIMCEN, Real, dimcen, setDimcen),
+    KIV_LEADER_DIM(DIMCLRD, Color, dimclrd, setDimclrd),
+    KIV_DIM(DIMCLRE, Color, dimclre, setDimclre),
+    KIV_DIM(DIMCLRT, Color, dimclrt, setDimclrt),
+    KIV_DIM(DIMDEC, Integer, dimdec, setDimdec),
+    KIV_DIM(DIMDLE, Real, dimdle, setDimdle),
+    KIV_DIM(DIMDLI, Real, dimdli, setDimdli),
+    KIV_DIM(DIMDSEP, Character, dimdsep, setDimdsep),
+    KIV_DIM(DIMEXE, Real, dimexe, setDimexe),
+    KIV_DIM(DIMEXO, Real, dimexo, setDimexo),
+    KIV_DIM(DIMFRAC, Integer, dimfrac, setDimfrac),
+    KIV_LEADER_DIM(DIMGAP, Real, dimgap, setDimgap),
+    KIV_DIM(DIMJUST, Integer, dimjust, setDimjust),
+    KIV_DIM_ARROW(DIMLDRBLK, dimldrblk, (read<AcDbLeader, &AcDbLeader::dimldrblk>), setDimldrblk),
+    KIV_DIM(DIMLFAC, Real, dimlfac, setDimlfac),
+    KIV_DIM(DIMLIM, Bool, dimlim, setDimlim),
+    KIV_DIM(DIMLUNIT, Integer, dimlunit, setDimlunit),
+    KIV_LEADER_DIM(DIMLWD, Weight, dimlwd, setDimlwd),
+    KIV_DIM(DIMLWE, Weight, dimlwe, setDimlwe),
+    KIV_DIM_TEXT(DIMPOST, dimpost, setDimpost),
+    KIV_DIM(DIMRND, Real, dimrnd, setDimrnd),
+    KIV_LEADER_DIM(DIMSAH, Bool, dimsah, setDimsah),
+    KIV_LEADER_DIM(DIMSCALE, Real, dimscale, setDimscale),
+    KIV_DIM(DIMSD1, Bool, dimsd1, setDimsd1),
+    KIV_DIM(DIMSD2, Bool, dimsd2, setDimsd2),
+    KIV_DIM(DIMSE1, Bool, dimse1, setDimse1),
+    KIV_DIM(DIMSE2, Bool, dimse2, setDimse2),
+    KIV_DIM(DIMSOXD, Bool, dimsoxd, setDimsoxd),
+    KIV_LEADER_DIM(DIMTAD, Integer, dimtad, setDimtad),
+    KIV_DIM(DIMTDEC, Integer, dimtdec, setDimtdec),
+    KIV_DIM(DIMTFAC, Real, dimtfac, setDimtfac),
+    KIV_DIM(DIMTIH, Bool, dimtih, setDimtih),
+    KIV_DIM(DIMTIX, Bool, dimtix, setDimtix),
+    KIV_DIM(DIMTM, Real, dimtm, setDimtm),
+    KIV_DIM(DIMTMOVE, Integer, dimtmove, setDimtmove),
+    KIV_DIM(DIMTOFL, Bool, dimtofl, setDimtofl),
+    KIV_DIM(DIMTOH, Bool, dimtoh, setDimtoh),
+    KIV_DIM(DIMTOL, Bool, dimtol, setDimtol),
+    KIV_DIM(DIMTOLJ, Integer, dimtolj, setDimtolj),
+    KIV_DIM(DIMTP, Real, dimtp, setDimtp),
+    KIV_DIM(DIMTSZ, Real, dimtsz, setDimtsz),
+    KIV_DIM(DIMTVP, Real, dimtvp, setDimtvp),
+    Access{base::dimRow("DIMTXSTY").row, read<AcDbDimension, &AcDbDimension::dimtxsty>,
            read<AcDbLeader, &AcDbLeader::dimtxsty>, writeTextStyle},
-    KIV_LEADER_DIM(L"DIMTXT", Real, dimtxt, setDimtxt),
-    KIV_DIM(L"DIMTZIN", Integer, dimtzin, setDimtzin),
-    KIV_DIM(L"DIMUPT", Bool, dimupt, setDimupt),
-    KIV_DIM(L"DIMZIN", Integer, dimzin, setDimzin),
+    KIV_LEADER_DIM(DIMTXT, Real, dimtxt, setDimtxt),
+    KIV_DIM(DIMTZIN, Integer, dimtzin, setDimtzin),
+    KIV_DIM(DIMUPT, Bool, dimupt, setDimupt),
+    KIV_DIM(DIMZIN, Integer, dimzin, setDimzin),
 };
 
 #undef KIV_DIM
@@ -203,18 +206,24 @@ constexpr std::array kAccesses = {
 #undef KIV_DIM_TEXT
 #undef KIV_DIM_ARROW
 
-std::vector<const Access*> accessesByRow() {
-  std::vector<const Access*> byRow(dimensionCatalogue().size(), nullptr);
-  for (const Access& access : kAccesses) {
-    byRow[static_cast<std::size_t>(findDimensionVariable(access.name))] = &access;
-  }
+constexpr auto kAccessByRow = [] {
+  std::array<Access, base::kDimVariables.size()> byRow{};
+  for (const Access& access : kAccesses) byRow[access.row] = access;
   return byRow;
+}();
+
+constexpr bool hasAccess(const base::DimVariableInfo& info) {
+  return kAccessByRow[info.row].write != nullptr;
 }
+static_assert(std::ranges::all_of(base::kDimVariables, [](const base::DimVariableInfo& info) {
+  const bool isOffered = info.offer.type != base::DimOffer::Type::kNotOffered;
+  return hasAccess(info) == (isOffered && !info.isOfHeaderOnly());
+}));
 
 // Asked for every entity that a condition looks at. Null: dimensions do not have the variable.
 const Access* accessOf(int row) {
-  static const std::vector<const Access*> byRow = accessesByRow();
-  return byRow[static_cast<std::size_t>(row)];
+  const base::DimVariableInfo& info = *dimensionCatalogueRow(row).info;
+  return info.isOfHeaderOnly() ? nullptr : &kAccessByRow[info.row];
 }
 
 }  // namespace

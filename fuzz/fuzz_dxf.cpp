@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "embedded/drawing/dim_variable_table.h"
+#include "embedded/drawing/dim_variables.h"
 #include "embedded/formats/drawing_files.h"
 #include "fuzz/saved_bytes.h"
 #include "fuzz/share.h"

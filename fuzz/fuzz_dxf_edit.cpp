@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "base/fold.h"
-#include "embedded/drawing/dim_variable_table.h"
+#include "embedded/drawing/dim_variables.h"
 #include "embedded/dxf/file_facts.h"
 #include "embedded/dxf/group_cursor.h"
 #include "embedded/dxf/loader.h"

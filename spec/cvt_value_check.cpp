@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "base/fold.h"
-#include "siblings/common/lineweights.h"
+#include "base/lineweights.h"
 #include "spec/color_text.h"
 #include "spec/dimension_catalogue.h"
 #include "spec/item_kinds.h"
@@ -77,7 +77,7 @@ std::wstring withoutUnit(std::wstring_view text, std::wstring_view unit) {
   return folded.ends_with(unit) ? folded.substr(0, folded.size() - unit.size()) : folded;
 }
 
-bool saysLineweight(const std::wstring& text, const Lineweight& weight) {
+bool saysLineweight(const std::wstring& text, const base::Lineweight& weight) {
   if (weight.hundredths < 0) return base::equalFolded(text, weight.text);
   const std::wstring millimetres = withoutUnit(text, L"MM");
   return isReal(millimetres) && std::abs(leadingReal(millimetres) * 100 - weight.hundredths) < 1e-6;
@@ -85,9 +85,9 @@ bool saysLineweight(const std::wstring& text, const Lineweight& weight) {
 
 Doubt doubtOfLineweight(const GivenValue& given) {
   const int number = given.asCondition ? lineWeightNumber(given.text) : lineWeightResult(given.text);
-  const auto all = lineweights();
-  const auto weight = std::find_if(all.begin(), all.end(),
-                                   [number](const Lineweight& row) { return row.hundredths == number; });
+  const auto all = base::lineweights();
+  const auto weight = std::find_if(
+      all.begin(), all.end(), [number](const base::Lineweight& row) { return row.hundredths == number; });
   // Layers have no other object to take it from.
   const bool ofOther = number == -1 || number == -2;
   if (weight == all.end() || (ofOther && isOfLayer(given))) return impossible(given);
@@ -121,11 +121,11 @@ Doubt doubtOfNewName(const GivenValue& given) {
 Doubt doubtOfVariable(const GivenValue& given) {
   const int row = findDimensionVariable(given.variable);
   if (row < 0) return std::nullopt;
-  const DimensionVariable& variable = dimensionCatalogue()[static_cast<size_t>(row)];
-  if (variable.type == DimensionVariable::Type::kInteger) return doubtOfVariableInteger(given);
-  if (variable.type == DimensionVariable::Type::kReal) return doubtOfReal(given);
-  if (isDrawnTextVariable(variable.name)) return doubtOfCase(given);
-  if (!isArrowVariable(variable.name)) return doubtOfName(given);
+  const DimensionVariable& variable = dimensionCatalogueRow(row);
+  if (variable.isInteger()) return doubtOfVariableInteger(given);
+  if (variable.isReal()) return doubtOfReal(given);
+  if (variable.isDrawnText()) return doubtOfCase(given);
+  if (!variable.isArrow()) return doubtOfName(given);
   return blockNameOfDisplayForm(given.text) ? std::nullopt : impossible(given);
 }
 

@@ -1,35 +1,36 @@
 #pragma once
 // The dimension variables that a specification can name, in the order in which they are offered. Editor,
-// reader and conversion run go by these value types, not by the host's own notion of the variable.
+// reader and conversion run go by the types that they have here, not by the host's own notion of the
+// variable.
 
 #include <span>
 #include <string_view>
 
+#include "base/dimension_variables.h"
+
 namespace kiv {
 
 struct DimensionVariable {
-  enum class Type { kInteger = 0, kReal = 1, kText = 2 };
-  Type type;
-  const wchar_t* name;         // upper case
-  const wchar_t* description;  // one Japanese sentence for the editor's list
+  const base::DimVariableInfo* info = nullptr;
+  wchar_t name[16] = {};  // upper case
+
+  const wchar_t* description() const { return info->offer.meaning; }  // for the editor's list
+  bool isInteger() const { return info->offer.type == base::DimOffer::Type::kAsInteger; }
+  bool isReal() const { return info->offer.type == base::DimOffer::Type::kAsReal; }
+  bool isArrow() const { return info->type == base::DimType::kArrow; }
+  // The value is the name of a record of the drawing: an arrow block or a text style.
+  bool namesRecord() const { return info->isName(); }
+  // The value is a text that dimensions show.
+  bool isDrawnText() const {
+    return info->type == base::DimType::kText || info->type == base::DimType::kCharacter;
+  }
 };
 
 // 66 rows, "DIMADEC" to "DIMZIN".
 std::span<const DimensionVariable> dimensionCatalogue();
+const DimensionVariable& dimensionCatalogueRow(int row);
 
 // The row with this name, ignoring case; -1: unknown.
 int findDimensionVariable(std::wstring_view name);
-
-// Variables whose value is an arrow block: names beginning with "DIMBLK", and "DIMLDRBLK"; ignoring case.
-bool isArrowVariable(std::wstring_view name);
-
-// Variables whose value is the name of a record of the drawing: arrow blocks, and the text style.
-bool namesRecord(std::wstring_view name);
-
-// Variables whose value is a text that dimensions show, and not a name or a number; ignoring case.
-bool isDrawnTextVariable(std::wstring_view name);
-
-// The type as the editor's list shows it: 整数, 実数 or 文字.
-const wchar_t* typeText(DimensionVariable::Type type);
 
 }  // namespace kiv

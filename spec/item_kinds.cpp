@@ -86,7 +86,7 @@ std::optional<KeyMeaning> lookUpKey(std::wstring_view key) {
   }
   const int variable = findDimensionVariable(key);
   if (variable < 0) return std::nullopt;
-  return KeyMeaning{kVariableKind, dimensionCatalogue()[static_cast<size_t>(variable)].name};
+  return KeyMeaning{kVariableKind, dimensionCatalogueRow(variable).name};
 }
 
 bool hasEffect(int kind, int sectionNumber, bool asResult) {

@@ -34,7 +34,7 @@ bool normalise(Item& item, Role role) {
   if (item.variable.empty()) return true;  // the kind's own key stands in the file
   const int variable = findDimensionVariable(item.variable);
   if (variable < 0) return false;
-  item.variable = dimensionCatalogue()[static_cast<size_t>(variable)].name;
+  item.variable = dimensionCatalogueRow(variable).name;
   return true;
 }
 

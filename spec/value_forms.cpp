@@ -1,10 +1,9 @@
 #include "spec/value_forms.h"
 
-#include <algorithm>
 #include <string>
 
 #include "base/fold.h"
-#include "siblings/common/lineweights.h"
+#include "base/lineweights.h"
 #include "spec/color_text.h"
 #include "spec/leading_number.h"
 
@@ -14,7 +13,7 @@ namespace {
 constexpr int kDefault = -3;
 
 std::optional<int> lineWeightOfWord(std::wstring_view text) {
-  for (const Lineweight& weight : lineweights()) {
+  for (const base::Lineweight& weight : base::lineweights()) {
     if (weight.hundredths < 0 && base::equalFolded(text, weight.text)) return weight.hundredths;
   }
   return std::nullopt;
@@ -30,16 +29,10 @@ int lineWeightNumber(std::wstring_view text) {
   return leadingInteger(digits);
 }
 
-bool isLineWeight(int number) {
-  const auto all = lineweights();
-  return std::any_of(all.begin(), all.end(),
-                     [number](const Lineweight& weight) { return weight.hundredths == number; });
-}
-
 int lineWeightResult(std::wstring_view text) {
   if (const auto word = lineWeightOfWord(text)) return *word;
   const int number = lineWeightNumber(text);
-  return number >= 0 && isLineWeight(number) ? number : kDefault;
+  return number >= 0 && base::isLineweight(number) ? number : kDefault;
 }
 
 Transparency transparencyValue(std::wstring_view text) {

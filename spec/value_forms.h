@@ -8,8 +8,6 @@ namespace kiv {
 
 // Hundredths of a millimetre, or -1 ByLayer, -2 ByBlock, -3 Default; any number as it is written.
 int lineWeightNumber(std::wstring_view text);
-// One of the host's 24 steps, or -1, -2, -3.
-bool isLineWeight(int number);
 // What a result writes: -1, -2 and -3 only for their words, -3 too for a number that is no step.
 int lineWeightResult(std::wstring_view text);
 

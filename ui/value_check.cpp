@@ -1,7 +1,7 @@
 #include "ui/value_check.h"
 
 #include "base/fold.h"
-#include "siblings/common/lineweights.h"
+#include "base/lineweights.h"
 #include "spec/item_kinds.h"
 #include "spec/leading_number.h"
 
@@ -28,7 +28,7 @@ Checked checkedLineweight(std::wstring_view typed) {
   if (typed.empty()) return L"Default";
   if (typed.size() == 1) return lineweightOfDigit(typed[0]);
   const bool isBeginning = (typed.size() == 4 || typed.size() == 5) && isDigit(typed[0]);
-  for (const Lineweight& weight : lineweights()) {
+  for (const base::Lineweight& weight : base::lineweights()) {
     const std::wstring_view text = weight.text;
     if (isBeginning ? text.starts_with(typed) : base::equalFolded(text, typed)) return std::wstring(text);
   }

@@ -6,11 +6,11 @@
 #include <memory>
 
 #include "base/fold.h"
+#include "base/lineweights.h"
 #include "dbapserv.h"
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "platform/settings.h"
-#include "siblings/common/lineweights.h"
 #include "spec/color_text.h"
 #include "spec/item_kinds.h"
 #include "spec/leading_number.h"
@@ -53,7 +53,7 @@ Texts textHeightChoices() {
 
 Texts lineweightChoices(bool withholds) {
   Texts texts;
-  for (const Lineweight& weight : lineweights()) {
+  for (const base::Lineweight& weight : base::lineweights()) {
     if (!withholds || !isByOther(weight.text)) texts.emplace_back(weight.text);
   }
   return texts;
@@ -63,7 +63,7 @@ Texts lineweightChoices(bool withholds) {
 Texts transparencyChoices(bool withholds) {
   Texts texts;
   for (size_t index = 0; index < std::size(kTransparencies); ++index) {
-    if (!withholds || !isByOther(lineweights()[index].text)) texts.emplace_back(kTransparencies[index]);
+    if (!withholds || !isByOther(base::lineweights()[index].text)) texts.emplace_back(kTransparencies[index]);
   }
   return texts;
 }

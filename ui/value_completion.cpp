@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "base/fold.h"
-#include "siblings/common/lineweights.h"
+#include "base/lineweights.h"
 #include "spec/color_text.h"
 #include "spec/item_kinds.h"
 
@@ -27,7 +27,7 @@ std::wstring shortened(std::wstring_view text, const Words& words) {
 
 std::wstring lineweightBeginning(std::wstring_view text) {
   std::vector<std::wstring_view> words;
-  for (const Lineweight& weight : lineweights()) words.emplace_back(weight.text);
+  for (const base::Lineweight& weight : base::lineweights()) words.emplace_back(weight.text);
   return shortened(text, words);
 }
 

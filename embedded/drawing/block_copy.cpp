@@ -4,7 +4,7 @@
 #include <iterator>
 
 #include "base/fold.h"
-#include "embedded/drawing/dim_variable_table.h"
+#include "embedded/drawing/dim_variables.h"
 
 namespace cad {
 namespace {
@@ -116,11 +116,9 @@ base::Status BlockCopy::needDimVariables(RecordId record) {
     const std::optional<Variable> value = source_.dimVariable(record, info);
     const auto* name = value ? std::get_if<std::wstring>(&*value) : nullptr;
     if (name == nullptr || name->empty()) continue;
-    base::Status status;
-    if (info.type == DimType::kTextStyle) status = symbols_.need(Table::kTextStyle, *name);
-    if (info.type == DimType::kLinetype) status = symbols_.need(Table::kLinetype, *name);
-    if (info.type == DimType::kArrow && source_.find(Table::kBlock, std::wstring_view(*name)) != kNoRecord)
-      status = needBlock(*name);
+    const Table table = tableOf(info.type);
+    if (table == Table::kBlock && source_.find(table, std::wstring_view(*name)) == kNoRecord) continue;
+    const base::Status status = table == Table::kBlock ? needBlock(*name) : symbols_.need(table, *name);
     if (!status.ok()) return status;
   }
   return {};

@@ -12,18 +12,24 @@
 #include <vector>
 
 #include "base/codepage.h"
+#include "base/drawing_version.h"
 #include "base/result.h"
 #include "embedded/drawing/geometry.h"
 #include "embedded/drawing/linetype_pattern.h"
 #include "embedded/drawing/property.h"
 #include "embedded/drawing/record.h"
 #include "embedded/drawing/shapes.h"
-#include "embedded/drawing/version.h"
+
+namespace base {
+struct DimVariableInfo;
+}
 
 namespace cad {
 
+using base::DimVariableInfo;
+using base::Version;
+
 class Drawing;
-struct DimVariableInfo;
 
 struct DrawingFacts {
   Version version = Version::kR12;

@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "base/fold.h"
+#include "embedded/drawing/dim_variables.h"
 #include "embedded/dxf/dim_overrides.h"
-#include "embedded/dxf/dim_variable_groups.h"
 #include "embedded/dxf/record_builder.h"
 #include "embedded/dxf/record_tools.h"
 #include "embedded/support/arrow_blocks.h"
@@ -25,12 +25,12 @@ bool takesOverrides(std::string_view type) {
 // could be named at all.
 bool namedByHandle(const DimVariableInfo& info, Version version) {
   if (!info.isName()) return false;
-  return groupsOf(info).old == 0 || version >= Version::kR2000;
+  return info.groups.old == 0 || version >= Version::kR2000;
 }
 
 int numberIn(const DimVariableInfo& info, Version version) {
-  const DimGroups& groups = groupsOf(info);
-  return groups.old != 0 && version < Version::kR2000 ? groups.old : groups.number;
+  const bool isOld = info.groups.old != 0 && version < Version::kR2000;
+  return isOld ? info.groups.old : info.groups.number;
 }
 
 std::wstring nameOf(const Drawing& drawing, RecordId id) {
@@ -71,11 +71,6 @@ std::optional<Variable> readValue(const Drawing& drawing, const DxfStorage& stor
   }
   const std::optional<std::int64_t> value = integerValue(group, storage.dialect());
   return value ? std::optional<Variable>(*value) : std::nullopt;
-}
-
-Table tableOf(DimType type) {
-  if (type == DimType::kTextStyle) return Table::kTextStyle;
-  return type == DimType::kArrow ? Table::kBlock : Table::kLinetype;
 }
 
 base::Failure badValue(const DimVariableInfo& info) {
@@ -148,14 +143,14 @@ const Group* findInStyle(const RecordGroups& groups, const DimVariableInfo& info
   std::size_t first = 0;
   for (std::size_t i = 0; i < groups.plainCount(); ++i)
     if (groups.all()[i].code == 100) first = i;
-  int awaited = groupsOf(info).number == 70 ? 2 : 1;
+  int awaited = info.groups.number == 70 ? 2 : 1;
   for (std::size_t i = first; i < groups.plainCount(); ++i)
     if (groups.all()[i].code == code && --awaited == 0) return &groups.all()[i];
   return nullptr;
 }
 
 const DimOverride* findPair(const DimOverrides& overrides, const DimVariableInfo& info) {
-  const DimGroups& groups = groupsOf(info);
+  const auto& groups = info.groups;
   for (const DimOverride& pair : overrides.pairs)
     if (pair.number == groups.number || (groups.old != 0 && pair.number == groups.old)) return &pair;
   return nullptr;
@@ -215,7 +210,7 @@ std::wstring variableName(const DimVariableInfo& info) { return {info.name.begin
 
 std::optional<Variable> DxfStorage::dimVariable(const Drawing& drawing, RecordId id,
                                                 const DimVariableInfo& info) const {
-  if (groupsOf(info).number == 0) return std::nullopt;
+  if (info.isOfHeaderOnly()) return std::nullopt;
   const Record& record = drawing.record(id);
   if (!isStyle(record) && !takesOverrides(typeName(record))) return std::nullopt;
   const RecordGroups groups(*this, record);
@@ -230,7 +225,7 @@ std::optional<Variable> DxfStorage::dimVariable(const Drawing& drawing, RecordId
 
 base::Status DxfStorage::setDimVariable(Drawing& drawing, RecordId id, const DimVariableInfo& info,
                                         const Variable& value) {
-  if (groupsOf(info).number == 0)
+  if (info.isOfHeaderOnly())
     return failure(variableName(info), L"This variable belongs to the drawing as a whole");
   if (!info.existsIn(facts_.version))
     return failure(variableName(info), L"The drawing's version does not have this variable");
@@ -256,7 +251,7 @@ base::Status DxfStorage::setDimVariable(Drawing& drawing, RecordId id, const Dim
 }
 
 base::Status DxfStorage::removeDimOverride(Drawing& drawing, RecordId id, const DimVariableInfo& info) {
-  if (groupsOf(info).number == 0 || isStyle(drawing.record(id))) return failure({}, L"This is no override");
+  if (info.isOfHeaderOnly() || isStyle(drawing.record(id))) return failure({}, L"This is no override");
   Change change;
   {
     const RecordGroups groups(*this, drawing.record(id));

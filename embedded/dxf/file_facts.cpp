@@ -37,7 +37,7 @@ DrawingFacts readFacts(std::string_view header, const Dialect& dialect, bool byt
     if (group.code == 1 && variable == "$ACADVER") facts.versionCode = trimmed(group.value);
     if (group.code == 3 && variable == "$DWGCODEPAGE") facts.codePageName = trimmed(group.value);
   }
-  facts.version = versionByCode(facts.versionCode);
+  facts.version = base::versionByCode(facts.versionCode);
   if (facts.version >= Version::kR2007 || byteOrderMark) {
     facts.codePage = base::kUtf8;
   } else if (!facts.codePageName.empty()) {

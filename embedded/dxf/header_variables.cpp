@@ -1,6 +1,6 @@
 #include "embedded/dxf/header_variables.h"
 
-#include "embedded/dxf/dim_variable_groups.h"
+#include "embedded/drawing/dim_variables.h"
 
 namespace cad::dxf {
 namespace {
@@ -101,7 +101,7 @@ constexpr HeaderVariableInfo kVariables[] = {
 };
 
 int headerCode(const DimVariableInfo& dim) {
-  if (const int own = groupsOf(dim).header; own != 0) return own;
+  if (dim.groups.header != 0) return dim.groups.header;
   switch (dim.type) {
     case DimType::kReal:
       return 40;
@@ -121,7 +121,7 @@ int headerCode(const DimVariableInfo& dim) {
 
 HeaderVariableInfo findHeaderVariable(std::string_view name) {
   if (const DimVariableInfo* dim = findDimVariable(name))
-    return {dim->name, headerCode(*dim), dim->first, dim->last};
+    return {dim->name, headerCode(*dim), dim->versions.first, dim->versions.last};
   for (const HeaderVariableInfo& info : kVariables)
     if (info.name == name) return info;
   return {};

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "embedded/drawing/dim_variables.h"
 #include "embedded/drawing/record_names.h"
-#include "embedded/dxf/dim_variable_groups.h"
 #include "embedded/dxf/group_writer.h"
 #include "embedded/dxf/record_builder.h"
 #include "embedded/dxf/record_tools.h"
@@ -68,9 +68,8 @@ void addDimStyleGroups(const Drawing& drawing, RecordBuilder& builder) {
   // Since 2000 a style lists only what differs from the defaults; before, readers expected every variable.
   if (version < Version::kR2000) {
     for (const DimVariableInfo& info : kDimVariables) {
-      const DimGroups& groups = groupsOf(info);
-      if (groups.number == 0 || !info.existsIn(version) || info.type == DimType::kTextStyle) continue;
-      const int code = groups.old != 0 ? groups.old : groups.number;
+      if (info.isOfHeaderOnly() || !info.existsIn(version) || info.type == DimType::kTextStyle) continue;
+      const int code = info.groups.old != 0 ? info.groups.old : info.groups.number;
       if (info.type == DimType::kReal)
         builder.real(code, info.defaultValue);
       else if (info.isInteger())

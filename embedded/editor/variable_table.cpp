@@ -4,7 +4,7 @@
 #include <string>
 
 #include "base/fold.h"
-#include "embedded/drawing/dim_variable_table.h"
+#include "embedded/drawing/dim_variables.h"
 #include "embedded/editor/computed_variables.h"
 
 namespace cad {
@@ -14,11 +14,11 @@ using Home = VariableHome;
 using Type = VariableType;
 using Meaning = VariableMeaning;
 
-SystemVariable integer(std::string_view name, Home home, double value, NumberLimits limits = {},
+SystemVariable integer(std::string_view name, Home home, double value, base::NumberLimits limits = {},
                        Version first = Version::kR12) {
   return {name, Type::kShort, home, Meaning::kPlain, false, value, L"", limits, nullptr, first};
 }
-SystemVariable real(std::string_view name, Home home, double value, NumberLimits limits = {},
+SystemVariable real(std::string_view name, Home home, double value, base::NumberLimits limits = {},
                     Version first = Version::kR12) {
   return {name, Type::kReal, home, Meaning::kPlain, false, value, L"", limits, nullptr, first};
 }
@@ -43,7 +43,7 @@ const std::vector<SystemVariable>& drawingRows() {
       text("CECOLOR", Home::kDrawing, L"BYLAYER", Meaning::kColor),
       real("CELTSCALE", Home::kDrawing, 1, {kSmallest, kLargest}, Version::kR13),
       text("CELTYPE", Home::kDrawing, L"ByLayer", Meaning::kLinetype),
-      integer("CELWEIGHT", Home::kDrawing, -1, dim_table::kWeights, Version::kR2000),
+      integer("CELWEIGHT", Home::kDrawing, -1, base::kLineweightLimits, Version::kR2000),
       text("CLAYER", Home::kDrawing, L"0", Meaning::kLayer),
       real("ELEVATION", Home::kDrawing, 0),
       real("FILLETRAD", Home::kDrawing, 0, {0, kLargest}),
@@ -119,8 +119,8 @@ const std::vector<SystemVariable>& sessionRows() {
 
 SystemVariable dimensionRow(const DimVariableInfo& info) {
   SystemVariable row{info.name, Type::kText, Home::kDrawing};
-  row.first = info.first;
-  row.last = info.last;
+  row.first = info.versions.first;
+  row.last = info.versions.last;
   row.defaultNumber = info.defaultValue;
   row.limits = info.limits;
   switch (info.type) {

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "embedded/drawing/number_limits.h"
+#include "base/number_limits.h"
 #include "embedded/drawing/storage.h"
 
 namespace cad {
@@ -39,7 +39,7 @@ struct SystemVariable {
   bool readOnly = false;
   double defaultNumber = 0;
   const wchar_t* defaultText = L"";
-  NumberLimits limits = {};  // of a number or a character
+  base::NumberLimits limits = {};  // of a number or a character
   Variable (*compute)(HostState& state) = nullptr;
   Version first = Version::kR12, last = Version::kUnknown;  // drawing versions that can keep it
 

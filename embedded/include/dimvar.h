@@ -1,6 +1,7 @@
 #pragma once
 // The dimension variables as functions: one row for each, from which every class that has them declares
-// its reader and its writer. Types, limits and defaults stand in the table of the drawing store.
+// its reader and its writer. Types, limits and defaults stand in the table of dimension variables, and a
+// row that the table does not have, or has with another type, does not compile.
 //
 // Readers give the object's own value (an override, on a dimension or leader), else its dimension style's,
 // else the default. Writers on a dimension or leader make an override, or remove it when the value is the

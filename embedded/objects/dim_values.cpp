@@ -49,11 +49,6 @@ Acad::ErrorStatus write(AcDbObject& object, const DimVariableInfo& info, const V
   return drawing.setDimVariable(record, info, value).ok() ? Acad::eOk : Acad::eNotApplicable;
 }
 
-Table tableOf(DimType type) {
-  if (type == DimType::kTextStyle) return Table::kTextStyle;
-  return type == DimType::kLinetype ? Table::kLinetype : Table::kBlock;
-}
-
 // Files may have a name for it where setters have none.
 bool isClosedFilledArrow(std::wstring_view name) {
   return name.empty() || base::equalFolded(name, L"_CLOSEDFILLED") ||

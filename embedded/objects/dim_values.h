@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "dbmain.h"
-#include "embedded/drawing/dim_variable_table.h"
+#include "embedded/drawing/dim_variables.h"
 
 namespace cad {
 

@@ -1,5 +1,7 @@
 // Dimensions, leaders, and the dimension variables of both and of dimension styles.
 
+#include <algorithm>
+
 #include "dbapserv.h"
 #include "dbdim.h"
 #include "dblead.h"
@@ -122,6 +124,55 @@ Acad::ErrorStatus AcDbLeader::setDimensionStyle(AcDbObjectId style) {
   }
 #define DIM_ROWS(ROWS) \
   ROWS(DIM_INTEGER, DIM_BOOL, DIM_REAL, DIM_TEXT, DIM_CHARACTER, DIM_ID, DIM_COLOR, DIM_WEIGHT)
+
+namespace {
+
+using cad::DimType;
+using cad::DimVariableInfo;
+
+struct DimFunctions {
+  const DimVariableInfo& variable;
+  bool (*fits)(const DimVariableInfo& variable);  // the functions' type to the variable
+};
+
+constexpr bool isCount(const DimVariableInfo& variable) { return variable.type == DimType::kInteger; }
+constexpr bool isSwitch(const DimVariableInfo& variable) {
+  return isCount(variable) && variable.limits.least == 0 && variable.limits.most == 1;
+}
+constexpr bool isColor(const DimVariableInfo& variable) {
+  return isCount(variable) && variable.limits.most == 256;
+}
+constexpr bool isName(const DimVariableInfo& variable) { return variable.isName(); }
+template <DimType kType>
+constexpr bool isOf(const DimVariableInfo& variable) {
+  return variable.type == kType;
+}
+
+#define DIM_INTEGER_ROW(get, set, variable) {cad::dimRow(#variable), isCount},
+#define DIM_BOOL_ROW(get, set, variable) {cad::dimRow(#variable), isSwitch},
+#define DIM_REAL_ROW(get, set, variable) {cad::dimRow(#variable), isOf<DimType::kReal>},
+#define DIM_TEXT_ROW(get, set, variable) {cad::dimRow(#variable), isOf<DimType::kText>},
+#define DIM_CHARACTER_ROW(get, set, variable) {cad::dimRow(#variable), isOf<DimType::kCharacter>},
+#define DIM_ID_ROW(get, set, variable) {cad::dimRow(#variable), isName},
+#define DIM_COLOR_ROW(get, set, variable) {cad::dimRow(#variable), isColor},
+#define DIM_WEIGHT_ROW(get, set, variable) {cad::dimRow(#variable), isOf<DimType::kLineWeight>},
+#define DIM_TABLE(ROWS)                                                                          \
+  ROWS(DIM_INTEGER_ROW, DIM_BOOL_ROW, DIM_REAL_ROW, DIM_TEXT_ROW, DIM_CHARACTER_ROW, DIM_ID_ROW, \
+       DIM_COLOR_ROW, DIM_WEIGHT_ROW)
+
+constexpr DimFunctions kDimFunctions[] = {DIM_TABLE(ACDB_LEADER_DIM_VARIABLES)
+                                              DIM_TABLE(ACDB_OTHER_DIM_VARIABLES)};
+constexpr bool fits(const DimFunctions& row) { return row.fits(row.variable); }
+static_assert(std::ranges::all_of(kDimFunctions, fits), "functions of another type than their variable");
+
+constexpr bool hasFunctionsOnce(const DimVariableInfo& variable) {
+  const bool isOfToday = variable.versions.last == cad::Version::kUnknown && !variable.isOfHeaderOnly();
+  const auto isThis = [&](const DimFunctions& row) { return row.variable.row == variable.row; };
+  return std::ranges::count_if(kDimFunctions, isThis) == (isOfToday ? 1 : 0);
+}
+static_assert(std::ranges::all_of(cad::kDimVariables, hasFunctionsOnce), "a variable lacks its functions");
+
+}  // namespace
 
 #define DIM_CLASS AcDbDimension
 DIM_ROWS(ACDB_LEADER_DIM_VARIABLES)

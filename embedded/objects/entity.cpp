@@ -1,7 +1,7 @@
 // The properties that every entity has.
 
+#include "base/lineweights.h"
 #include "dbents.h"
-#include "embedded/drawing/line_weights.h"
 #include "embedded/objects/object_access.h"
 #include "embedded/objects/values.h"
 
@@ -130,7 +130,7 @@ AcDb::LineWeight AcDbEntity::lineWeight() const {
 }
 
 Acad::ErrorStatus AcDbEntity::setLineWeight(AcDb::LineWeight weight, Adesk::Boolean doSubents) {
-  if (!cad::isLineWeight(weight)) return Acad::eInvalidInput;
+  if (!base::isLineweight(weight)) return Acad::eInvalidInput;
   return setInteger(*this, Property::kLineWeight, weight, doSubents);
 }
 

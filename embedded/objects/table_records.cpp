@@ -4,7 +4,7 @@
 
 #include <cstdlib>
 
-#include "embedded/drawing/line_weights.h"
+#include "base/lineweights.h"
 #include "embedded/objects/database_access.h"
 #include "embedded/objects/object_access.h"
 #include "embedded/objects/values.h"
@@ -102,7 +102,7 @@ AcDb::LineWeight AcDbLayerTableRecord::lineWeight() const {
 }
 
 Acad::ErrorStatus AcDbLayerTableRecord::setLineWeight(AcDb::LineWeight weight) {
-  if (!cad::isLineWeight(weight) || weight == AcDb::kLnWtByLayer || weight == AcDb::kLnWtByBlock)
+  if (!base::isLineweight(weight) || weight == AcDb::kLnWtByLayer || weight == AcDb::kLnWtByBlock)
     return Acad::eInvalidInput;
   return cad::writeInteger(*this, Property::kLineWeight, weight);
 }

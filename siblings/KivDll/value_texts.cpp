@@ -5,12 +5,12 @@
 #include <iterator>
 #include <numbers>
 
-#include "siblings/common/lineweights.h"
+#include "base/lineweights.h"
 
 namespace kiv {
 
 std::optional<std::wstring> lineWeightText(AcDb::LineWeight weight) {
-  for (const Lineweight& each : lineweights())
+  for (const base::Lineweight& each : base::lineweights())
     if (each.hundredths == static_cast<int>(weight)) return each.text;
   return std::nullopt;
 }

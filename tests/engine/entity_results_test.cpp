@@ -1,7 +1,7 @@
 // Results that are refused, and those of dimensions. What every kind of result changes on every sort of
 // entity is shown by the cases results-on-*.
 
-#include "embedded/drawing/dim_variable_table.h"
+#include "embedded/drawing/dim_variables.h"
 #include "tests/engine/run_fixture.h"
 
 namespace {

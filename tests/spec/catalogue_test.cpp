@@ -22,14 +22,12 @@ TEST(DimensionCatalogue, RowsStandInTheirOrderAndAreFoundByName) {
       EXPECT_LT(std::wstring(rows[i - 1].name), name);
     }
     EXPECT_EQ(findDimensionVariable(L"d" + name.substr(1)), static_cast<int>(i));
-    EXPECT_TRUE(descriptions.insert(rows[i].description).second) << "a description of two variables";
+    EXPECT_TRUE(descriptions.insert(rows[i].description()).second) << "a description of two variables";
     EXPECT_TRUE(descriptions.rbegin()->ends_with(L'。'));
-    if (isArrowVariable(L"d" + name.substr(1))) arrows.push_back(name);
+    if (rows[i].isArrow()) arrows.push_back(name);
   }
   EXPECT_EQ(arrows, (std::vector<std::wstring>{L"DIMBLK", L"DIMBLK1", L"DIMBLK2", L"DIMLDRBLK"}));
   EXPECT_EQ(findDimensionVariable(L"DIMBLKX"), -1);
-  EXPECT_TRUE(isArrowVariable(L"DIMBLKX"));
-  EXPECT_FALSE(isArrowVariable(L"DIMLDRBLK1"));
 }
 
 TEST(ArrowCatalogue, BuiltInArrowsAreFoundByNameAndThePromptIsNone) {

@@ -14,9 +14,6 @@ TEST(ValueForms, LineweightsByTheirSteps) {
   EXPECT_EQ(kiv::lineWeightNumber(L"bylayer"), -1);
   EXPECT_EQ(kiv::lineWeightNumber(L"ByBlock"), -2);
   EXPECT_EQ(kiv::lineWeightNumber(L"DEFAULT"), -3);
-  EXPECT_TRUE(kiv::isLineWeight(-1));
-  EXPECT_FALSE(kiv::isLineWeight(-4));
-  EXPECT_FALSE(kiv::isLineWeight(33));
 }
 
 TEST(ValueForms, LineweightResultsAreWordsOrSteps) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "siblings/common/lineweights.h"
+#include "base/lineweights.h"
 #include "spec/item_kinds.h"
 
 namespace kiv {
@@ -51,7 +51,7 @@ TEST(ValueCheck, LineweightsTakeTheSpellingOfTheirText) {
              {kLineweightKind, L"0.25 MM", L"0.25 mm"},
              {kLineweightKind, L"bylayer", L"ByLayer"},
              {kLineweightKind, L"ByLa", nullptr}});
-  for (const Lineweight& weight : lineweights()) {
+  for (const base::Lineweight& weight : base::lineweights()) {
     EXPECT_EQ(checkedValue(kLineweightKind, weight.text), weight.text);
   }
 }

@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "base/files.h"
-#include "embedded/drawing/dim_variable_table.h"
+#include "embedded/drawing/dim_variables.h"
 #include "embedded/drawing/drawing.h"
 #include "embedded/dxf/dxf_storage.h"
 #include "embedded/dxf/loader.h"

@@ -98,16 +98,10 @@ std::span<const HeaderRow> headerRows() {
       all.push_back({name, T::kInteger});
     for (const char* name : {"LTSCALE", "TEXTSIZE", "ELEVATION", "USERR1"}) all.push_back({name, T::kReal});
     for (const DimVariableInfo& each : kDimVariables)
-      all.push_back({each.name, valueTypeOf(each), tableOf(each), each.first});
+      all.push_back({each.name, valueTypeOf(each), tableOf(each.type), each.versions.first});
     return all;
   }();
   return rows;
-}
-
-Table tableOf(const DimVariableInfo& variable) {
-  if (!variable.isName()) return Table::kNone;
-  if (variable.type == DimType::kTextStyle) return Table::kTextStyle;
-  return variable.type == DimType::kArrow ? Table::kBlock : Table::kLinetype;
 }
 
 RecordId MemoryStorage::enter(Drawing& drawing, const NewRecord& fresh, Object object) {
@@ -240,7 +234,7 @@ base::Status MemoryStorage::setDimVariable(Drawing& drawing, RecordId id, const 
   const std::string_view type = typeName(drawing.record(id));
   if (type != "DIMSTYLE" && type != "DIMENSION" && type != "LEADER" && type != "TOLERANCE")
     return failure(shown, L"This object has no dimension variables");
-  const auto wanted = kept(drawing, valueTypeOf(variable), tableOf(variable), value, shown);
+  const auto wanted = kept(drawing, valueTypeOf(variable), tableOf(variable.type), value, shown);
   if (!wanted) return wanted.failure();
   Object next = object(drawing.record(id));
   const auto [present, isNew] = next.dimValues.try_emplace(variable.row, wanted.value());

@@ -69,7 +69,7 @@ class Copy {
     for (const DimVariableInfo& variable : kDimVariables) {
       if (implied) break;
       if (const auto value = source_.dimVariable(id, variable))
-        object.dimValues[variable.row] = kept(tableOf(variable), *value);
+        object.dimValues[variable.row] = kept(tableOf(variable.type), *value);
     }
     if (record.table == Table::kLinetype) object.dashes = source_.dashes(id);
     object.geometry = source_.geometry(id);

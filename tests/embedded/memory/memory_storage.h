@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "embedded/drawing/dim_variable_table.h"
+#include "embedded/drawing/dim_variables.h"
 #include "embedded/drawing/drawing.h"
 #include "embedded/drawing/references.h"
 
@@ -92,7 +92,6 @@ struct HeaderRow {
   Version first = Version::kR12;
 };
 std::span<const HeaderRow> headerRows();
-Table tableOf(const DimVariableInfo& variable);  // kNone for what is no name
 std::string_view typeOf(Table table);            // of its records
 
 // The signature that an object has, when `nameOf` gives the names of others.

@@ -2,10 +2,13 @@
 // The lineweights that there are, each once: as texts of conversion specifications, pickers and picked
 // values, and as the host's numbers.
 
+#include <cstdint>
 #include <iterator>
 #include <span>
 
-namespace kiv {
+#include "base/number_limits.h"
+
+namespace base {
 
 struct Lineweight {
   const wchar_t* text;
@@ -25,4 +28,12 @@ static_assert(std::size(kLineweights) == 27);
 // The three words first, then the 24 widths, ascending.
 inline std::span<const Lineweight> lineweights() { return kLineweights; }
 
-}  // namespace kiv
+constexpr bool isLineweight(std::int64_t hundredths) {
+  for (const Lineweight& weight : kLineweights)
+    if (weight.hundredths == hundredths) return true;
+  return false;
+}
+
+inline constexpr NumberLimits kLineweightLimits{-3, 211, true, isLineweight};
+
+}  // namespace base

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace cad {
+namespace base {
 
 enum class Version : std::uint8_t {
   kR12,
@@ -19,10 +19,19 @@ enum class Version : std::uint8_t {
   kUnknown
 };
 
+// The versions that have a thing which came and may have gone again.
+struct VersionRange {
+  Version first = Version::kR12, last = Version::kUnknown;
+
+  constexpr bool hold(Version version) const { return version >= first && version <= last; }
+};
+
 // By the code that a file begins with or names ("AC1018"). One between two known ones counts as the older,
 // one before R13 as R12; kUnknown: newer than all.
 Version versionByCode(std::string_view code);
 // Of R12 and newer; empty for kUnknown.
 std::string_view versionCode(Version version);
+// As the programs that write it call it: "R12", "2018".
+const wchar_t* releaseName(Version version);
 
-}  // namespace cad
+}  // namespace base

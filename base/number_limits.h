@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <limits>
 
-namespace cad {
+namespace base {
 
 struct NumberLimits {
   double least = std::numeric_limits<double>::lowest();
@@ -20,4 +20,4 @@ struct NumberLimits {
   }
 };
 
-}  // namespace cad
+}  // namespace base
