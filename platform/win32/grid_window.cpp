@@ -4,10 +4,8 @@
 
 #include <algorithm>
 
-#include "platform/host_output.h"
 #include "platform/screen_scale.h"
 #include "platform/win32/grid.h"
-#include "platform/win32/grid_paint.h"
 
 namespace kiv::win32 {
 namespace {
@@ -19,39 +17,64 @@ constexpr int kWheelRows = 3;
 // A font of this size with no font given: the one that the system draws its own texts in.
 HFONT standardFont() { return static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT)); }
 
-LRESULT takeMessage(HWND handle, UINT message, WPARAM first, LPARAM second) {
-  if (message == WM_CREATE) SetWindowLongPtrW(handle, 0, reinterpret_cast<LONG_PTR>(new GridWindow(handle)));
-  GridWindow* grid = GridWindow::of(handle);
-  if (!grid) return DefWindowProcW(handle, message, first, second);
-  if (message == WM_NCDESTROY) {
-    SetWindowLongPtrW(handle, 0, 0);
-    delete grid;
-    return DefWindowProcW(handle, message, first, second);
-  }
-  return grid->take(message, first, second);
+// --- Painting
+
+struct GridLook {
+  const GridLayout& layout;
+  const GridRows& rows;
+  const std::wstring& title;
+  HFONT font;
+  bool enabled;
+};
+
+void fill(HDC canvas, const Rect& area, int systemColor) {
+  const RECT rect = systemRect(area);
+  FillRect(canvas, &rect, GetSysColorBrush(systemColor));
 }
 
-LRESULT CALLBACK gridProcedure(HWND handle, UINT message, WPARAM first, LPARAM second) {
-  // No grid is made when its object cannot be.
-  const LRESULT failed = message == WM_CREATE ? -1 : 0;
-  return guarded(failed, [&] { return takeMessage(handle, message, first, second); });
+// The line at the right and the bottom of a cell.
+void drawLines(HDC canvas, const Rect& cell, int systemColor) {
+  fill(canvas, {cell.right - 1, cell.top, cell.right, cell.bottom}, systemColor);
+  fill(canvas, {cell.left, cell.bottom - 1, cell.right, cell.bottom}, systemColor);
+}
+
+void drawText(HDC canvas, const std::wstring& text, const Rect& cell, int padding, UINT alignment) {
+  RECT inside{cell.left + padding, cell.top, cell.right - padding, cell.bottom};
+  DrawTextW(canvas, text.c_str(), static_cast<int>(text.size()), &inside,
+            DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS | alignment);
+}
+
+void drawFixed(HDC canvas, const GridLook& look, const Rect& cell, const std::wstring& text, UINT alignment,
+               bool isCurrent) {
+  fill(canvas, cell, isCurrent ? COLOR_HIGHLIGHT : COLOR_BTNFACE);
+  drawLines(canvas, cell, COLOR_BTNSHADOW);
+  SetTextColor(canvas, GetSysColor(isCurrent ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT));
+  drawText(canvas, text, cell, look.layout.padding, alignment);
+}
+
+void drawRow(HDC canvas, const GridLook& look, int row) {
+  const bool isCurrent = row == look.rows.current();
+  drawFixed(canvas, look, look.layout.number(row), std::to_wstring(row + 1), DT_RIGHT, isCurrent);
+  const Rect cell = look.layout.cell(row);
+  drawLines(canvas, cell, COLOR_3DLIGHT);
+  SetTextColor(canvas, GetSysColor(look.enabled ? COLOR_WINDOWTEXT : COLOR_GRAYTEXT));
+  drawText(canvas, look.rows.text(row), cell, look.layout.padding, DT_LEFT);
+}
+
+// The whole inner area.
+void paintGrid(HDC canvas, const GridLook& look) {
+  const GridLayout& layout = look.layout;
+  const HGDIOBJ font = SelectObject(canvas, look.font);
+  SetBkMode(canvas, TRANSPARENT);
+  fill(canvas, {0, 0, layout.width, layout.height}, look.enabled ? COLOR_WINDOW : COLOR_BTNFACE);
+  drawFixed(canvas, look, layout.corner(), L"", DT_LEFT, false);
+  drawFixed(canvas, look, layout.header(), look.title, DT_LEFT, false);
+  for (int row = layout.topRow; row < look.rows.count() && layout.top(row) < layout.height; ++row)
+    drawRow(canvas, look, row);
+  SelectObject(canvas, font);
 }
 
 }  // namespace
-
-void registerGridClass() {
-  WNDCLASSEXW description{};
-  description.cbSize = sizeof description;
-  description.style = CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW;
-  description.lpfnWndProc = gridProcedure;
-  description.cbWndExtra = sizeof(GridWindow*);
-  description.hInstance = moduleInstance();
-  description.hCursor = LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
-  description.lpszClassName = kGridClass;
-  RegisterClassExW(&description);
-}
-
-void unregisterGridClass() { UnregisterClassW(kGridClass, moduleInstance()); }
 
 GridWindow::GridWindow(HWND handle) : handle_(handle), font_(standardFont()), editor_(handle) {
   SetWindowLongPtrW(handle, GWL_STYLE, GetWindowLongPtrW(handle, GWL_STYLE) | WS_VSCROLL | WS_CLIPCHILDREN);

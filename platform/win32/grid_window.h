@@ -3,8 +3,7 @@
 // whatever types text (keyboard, input methods for Japanese, the clipboard) finds an ordinary field.
 
 #include "platform/win32/grid_editor.h"
-#include "platform/win32/grid_layout.h"
-#include "platform/win32/grid_rows.h"
+#include "platform/win32/grid_model.h"
 #include "platform/win32/system.h"
 
 namespace kiv::win32 {

@@ -1,12 +1,48 @@
 #pragma once
-// Where the parts of a grid are: pixels of its inner area.
+// What a grid holds, and where its parts are.
 
 #include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "platform/dialog_window.h"
 
 namespace kiv::win32 {
 
+class GridRows {
+ public:
+  int count() const { return static_cast<int>(texts_.size()); }
+  bool has(int row) const { return row >= 0 && row < count(); }
+  // The current row is moved to the last one that is left; -1 when there is none, 0 when there is one again.
+  void resize(int count) {
+    texts_.resize(static_cast<std::size_t>(std::max(count, 0)));
+    moveTo(std::max(current_, 0));
+  }
+
+  std::wstring text(int row) const { return has(row) ? texts_[static_cast<std::size_t>(row)] : L""; }
+  // False when there is no such row or its text is the same already.
+  bool setText(int row, std::wstring_view text) {
+    if (!has(row) || texts_[static_cast<std::size_t>(row)] == text) return false;
+    texts_[static_cast<std::size_t>(row)] = text;
+    return true;
+  }
+
+  int current() const { return current_; }
+  // The nearest row that exists. False when it is the current one already.
+  bool moveTo(int row) {
+    const int target = std::clamp(row, std::min(0, count() - 1), count() - 1);
+    if (target == current_) return false;
+    current_ = target;
+    return true;
+  }
+
+ private:
+  std::vector<std::wstring> texts_;
+  int current_ = -1;
+};
+
+// In pixels of the inner area.
 struct GridLayout {
   int width = 0, height = 0;  // the inner area
   int rowHeight = 1;          // of the header too

@@ -1,4 +1,4 @@
-#include "platform/win32/grid_layout.h"
+#include "platform/win32/grid_model.h"
 
 #include <gtest/gtest.h>
 
