@@ -12,7 +12,7 @@
 #include "base/files.h"
 #include "dbobjptr.h"
 #include "dbsymtb.h"
-#include "engine/dimension_value.h"
+#include "engine/dimension_variables.h"
 #include "engine/host_access.h"
 #include "engine/stages.h"
 #include "platform/paths.h"

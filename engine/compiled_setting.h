@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "engine/dimension_value.h"
+#include "engine/dimension_variables.h"
 #include "spec/value_forms.h"
 
 namespace kiv {

@@ -4,10 +4,12 @@
 #include <array>
 
 #include "base/dimension_variables.h"
+#include "base/fold.h"
 #include "dbdim.h"
 #include "dblead.h"
-#include "engine/host_access.h"
 #include "spec/color_text.h"
+#include "spec/leading_number.h"
+#include "spec/value_forms.h"
 
 namespace kiv {
 namespace {
@@ -227,6 +229,20 @@ const Access* accessOf(int row) {
 }
 
 }  // namespace
+
+std::wstring hostArrowName(std::wstring_view name) {
+  return std::wstring(base::equalFolded(name, L"_ARCHTIC") ? L"_ARCHTICK" : name);
+}
+
+std::optional<DimensionValue> dimensionValue(int row, std::wstring_view text) {
+  const DimensionVariable& variable = dimensionCatalogueRow(row);
+  if (variable.isInteger()) return static_cast<double>(leadingInteger(text));
+  if (variable.isReal()) return leadingReal(text);
+  if (!variable.isArrow()) return std::wstring(text);
+  const auto block = blockNameOfDisplayForm(text);
+  if (!block) return std::nullopt;
+  return block->empty() ? L"." : hostArrowName(*block);
+}
 
 std::optional<DimensionValue> dimensionVariable(const AcDbEntity& entity, bool isLeader, int row,
                                                 SymbolNames& names) {
