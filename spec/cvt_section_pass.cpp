@@ -138,8 +138,8 @@ bool CvtSectionPass::readItem(const CvtLine& line, bool asResult, Item& item) {
   item.value = item.kind == kColorKind ? colorText(colorNumberOfFileText(parts.value)) : parts.value;
   item.inverted = !asResult && isInvertedLine(line.folded);
   anyItem_ = true;
-  // A text list cannot be written to an object. Its line alone is dropped; the setting stays.
-  if (asResult && item.kind == kTextListKind) {
+  // What cannot be written to an object. Its line alone is dropped; the setting stays.
+  if (asResult && itemKind(item.kind)->isConditionOnly()) {
     report(CvtProblem::kNotAResult, line, item.key());
     return false;
   }

@@ -1,6 +1,5 @@
 #include "spec/item_kinds.h"
 
-#include <algorithm>
 #include <iterator>
 
 #include "base/fold.h"
@@ -30,30 +29,16 @@ constexpr unsigned kLayers = in(kLayerSettingSection);
 constexpr unsigned kEverywhere = kEntities | kLayers;
 
 constexpr ItemKind kKinds[] = {
-    {1, L"画層", L"画層", 40021, 40031, kEverywhere, kEverywhere},
-    {2, L"線種", L"線種", 40022, 40032, kEverywhere, kEverywhere},
-    {3, L"色", L"色", 40023, 40033, kEverywhere, kEverywhere},
-    {4, L"字体", L"字体", 40024, 40034, kEntities, kEntities},
-    {5, L"文字高さ", L"文字高さ", 40025, 40035, kEntities, kEntities},
-    {6, L"文字角度", L"文字角度", 40026, 40036, kEntities, kEntities},
-    {7, L"文字幅高比", L"文字幅高比", 40027, 40037, kEntities, kEntities},
-    {8, L"ｼｽﾃﾑ変数", L"ｼｽﾃﾑ変数", 40028, 40038, kEntities, kEntities},
-    {9, L"文字一致のリスト", L"文字列の一致", 40029, 0, kEntities, 0},
-    {10, L"線幅値", L"線幅値", 40050, 40070, kEverywhere, kEverywhere},
-    {11, L"透過性", L"透過性", 40051, 40071, kEverywhere, kEverywhere},
-    {12, L"線種尺度", L"線種尺度", 40052, 40072, kEntities, kEntities},
-    {13, L"表示", L"表示", 40053, 40073, kLayers, kLayers},
-    {14, L"ロック", L"ロック", 40054, 40074, kLayers, kLayers},
-    {15, L"フリーズ", L"フリーズ", 40055, 40075, kLayers, kLayers},
-    {16, L"印刷", L"印刷", 40056, 40076, kLayers, kLayers},
+    {1, L"画層", kEverywhere, kEverywhere},    {2, L"線種", kEverywhere, kEverywhere},
+    {3, L"色", kEverywhere, kEverywhere},      {4, L"字体", kEntities, kEntities},
+    {5, L"文字高さ", kEntities, kEntities},    {6, L"文字角度", kEntities, kEntities},
+    {7, L"文字幅高比", kEntities, kEntities},  {8, L"ｼｽﾃﾑ変数", kEntities, kEntities},
+    {9, L"文字一致のリスト", kEntities, 0},    {10, L"線幅値", kEverywhere, kEverywhere},
+    {11, L"透過性", kEverywhere, kEverywhere}, {12, L"線種尺度", kEntities, kEntities},
+    {13, L"表示", kLayers, kLayers},           {14, L"ロック", kLayers, kLayers},
+    {15, L"フリーズ", kLayers, kLayers},       {16, L"印刷", kLayers, kLayers},
 };
 static_assert(std::size(kKinds) == 16);
-
-template <class Predicate>
-const ItemKind* findKind(Predicate predicate) {
-  const auto found = std::find_if(std::begin(kKinds), std::end(kKinds), predicate);
-  return found == std::end(kKinds) ? nullptr : found;
-}
 
 }  // namespace
 
@@ -71,18 +56,9 @@ const ItemKind* itemKind(int kind) {
   return kind >= 1 && kind <= static_cast<int>(std::size(kKinds)) ? &kKinds[kind - 1] : nullptr;
 }
 
-const ItemKind* itemKindOfConditionCommand(int command) {
-  return findKind([&](const ItemKind& row) { return row.conditionCommand == command; });
-}
-
-const ItemKind* itemKindOfResultCommand(int command) {
-  return findKind([&](const ItemKind& row) { return command != 0 && row.resultCommand == command; });
-}
-
 std::optional<KeyMeaning> lookUpKey(std::wstring_view key) {
-  if (const ItemKind* row =
-          findKind([&](const ItemKind& kind) { return base::equalFolded(kind.key, key); })) {
-    return KeyMeaning{row->kind, {}};
+  for (const ItemKind& row : kKinds) {
+    if (base::equalFolded(row.key, key)) return KeyMeaning{row.kind, {}};
   }
   const int variable = findDimensionVariable(key);
   if (variable < 0) return std::nullopt;

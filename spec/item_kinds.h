@@ -1,6 +1,7 @@
 #pragma once
-// Everything that is said once about a section and once about an item kind. Reader, writer, pickers and
-// documentation take it from here; the captions of the menus stand in the resource script.
+// Everything that is said once about a section and once about an item kind, as files and conversions know it:
+// reader, writer, dialogs and documentation take it from here. How a person gives an item's value says
+// `ui/item_inputs.h`.
 
 #include <array>
 #include <optional>
@@ -59,20 +60,17 @@ inline constexpr std::array kLayerFieldKinds = {kColorKind,      kLinetypeKind, 
                                                 kLineweightKind, kTransparencyKind};
 
 struct ItemKind {
-  int kind;                    // 1 to 16
-  const wchar_t* key;          // in a file, and in the display texts
-  const wchar_t* pickerLabel;  // in the pickers' captions and prompts
-  int conditionCommand;
-  int resultCommand;  // 0: condition only
+  int kind;            // 1 to 16
+  const wchar_t* key;  // in a file, and in the display texts
   // Rule sections in which a conversion heeds the kind, one bit each: bit n for section n.
   unsigned conditionSections;
   unsigned resultSections;
+
+  bool isConditionOnly() const { return resultSections == 0; }
 };
 
 std::span<const ItemKind> itemKinds();
 const ItemKind* itemKind(int kind);  // null unless 1 to 16
-const ItemKind* itemKindOfConditionCommand(int command);
-const ItemKind* itemKindOfResultCommand(int command);
 
 // What a key of a rule line means: one of the sixteen kinds or, after them, a dimension variable.
 struct KeyMeaning {

@@ -25,7 +25,7 @@ bool isItemRole(Role role) { return role == Role::kCondition || role == Role::kR
 // Brings the variable's name into the catalogue's spelling.
 bool normalise(Item& item, Role role) {
   const ItemKind* kind = itemKind(item.kind);
-  if (!kind || (role == Role::kResult && kind->resultCommand == 0)) return false;
+  if (!kind || (role == Role::kResult && kind->isConditionOnly())) return false;
   if (role == Role::kResult) item.inverted = false;
   if (item.kind != kVariableKind) {
     item.variable.clear();
@@ -213,24 +213,12 @@ const Entry* Specification::entry(const Node& node) const {
                                                   : nullptr;
 }
 
-ItemTag Specification::tag(const Node& node) const {
-  if (node.section == 0 || !exists(node)) return {};
-  if (node.index < 0) return ItemTag::pack(node.section, Level::kSection);
-  if (const Item* found = item(node)) {
-    const Sense sense = found->inverted ? Sense::kInverted : Sense::kEqual;
-    return ItemTag::pack(node.section, Level::kItem, node.role, sense, found->kind);
-  }
-  if (isRuleSection(node.section)) return ItemTag::pack(node.section, Level::kSetting);
-  return ItemTag::pack(node.section, Level::kSetting, Role::kEntry, Sense::kEqual,
-                       section(node.section).entryKind);
-}
-
 int Specification::childCount(const Node& node) const { return sizeOf(children(node)); }
 
 int Specification::childCount(const Node& node, Role role) const {
   const std::vector<Node> all = children(node);
   return static_cast<int>(
-      std::count_if(all.begin(), all.end(), [&](const Node& child) { return tag(child).role() == role; }));
+      std::count_if(all.begin(), all.end(), [&](const Node& child) { return child.role == role; }));
 }
 
 std::vector<Node> Specification::children(const Node& node) const {

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "spec/item_kinds.h"
-#include "spec/item_tag.h"
 
 namespace kiv {
 
@@ -39,6 +38,8 @@ struct Entry {
   std::vector<std::wstring> fields;
   Wording wording = Wording::kFile;
 };
+
+enum class Role { kNone = 0, kCondition = 1, kResult = 2, kEntry = 3 };  // in the setting or the list
 
 // A node of the editing tree. `index` counts the settings or entries of the section, `item` the items of the
 // role, both from 0.
@@ -105,7 +106,6 @@ class Specification {
   bool exists(const Node& node) const;
   const Item* item(const Node& node) const;    // null: not an existing item
   const Entry* entry(const Node& node) const;  // null: not an existing entry
-  ItemTag tag(const Node& node) const;         // tag 0 for the root and for a node that does not exist
   int childCount(const Node& node) const;
   int childCount(const Node& node, Role role) const;
   std::vector<Node> children(const Node& node) const;  // in tree order: conditions before results

@@ -3,15 +3,17 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/item_inputs.h"
 #include "ui/item_pickers.h"
 #include "ui/resource.h"
+#include "ui/tree_nodes.h"
 
 namespace kiv {
 namespace {
 
 // The resource with the menu of the node; 0: it has none.
 int menuResource(const Specification& specification, const Node& node) {
-  const ItemTag tag = specification.tag(node);
+  const ItemTag tag = tagOf(specification, node);
   const bool rules = isRuleSection(tag.section());
   switch (tag.level()) {
     case Level::kSection:
@@ -25,7 +27,7 @@ int menuResource(const Specification& specification, const Node& node) {
   }
 }
 
-bool canAdd(const ItemKind& kind, int section, bool asResult) {
+bool canAdd(const ItemInput& kind, int section, bool asResult) {
   return hasEffect(kind.kind, section, asResult) && hasPicker(kind.kind);
 }
 
@@ -58,11 +60,11 @@ Menu contextMenu(const Specification& specification, const Node& node) {
 }
 
 Menu siblingMenu(const Specification& specification, const Node& item) {
-  const bool condition = specification.tag(item).role() == Role::kCondition;
+  const bool condition = tagOf(specification, item).role() == Role::kCondition;
   for (const MenuItem& each : contextMenu(specification, Node::of(item.section, item.index))) {
     if (each.items.empty()) continue;
     const int first = each.items.front().id;
-    const ItemKind* kind = condition ? itemKindOfConditionCommand(first) : itemKindOfResultCommand(first);
+    const ItemInput* kind = condition ? itemInputOfConditionCommand(first) : itemInputOfResultCommand(first);
     if (kind != nullptr) return each.items;
   }
   return {};
@@ -70,8 +72,8 @@ Menu siblingMenu(const Specification& specification, const Node& item) {
 
 bool canApply(const Specification& specification, const Node& node, int command) {
   if (!specification.exists(node) || node.section == 0) return false;
-  if (const ItemKind* kind = itemKindOfConditionCommand(command)) return canAdd(*kind, node.section, false);
-  if (const ItemKind* kind = itemKindOfResultCommand(command)) return canAdd(*kind, node.section, true);
+  if (const ItemInput* kind = itemInputOfConditionCommand(command)) return canAdd(*kind, node.section, false);
+  if (const ItemInput* kind = itemInputOfResultCommand(command)) return canAdd(*kind, node.section, true);
   switch (command) {
     case IDC_CLEAR_SETTINGS:
     case IDC_CLEAR_ENTRIES:
@@ -84,7 +86,7 @@ bool canApply(const Specification& specification, const Node& node, int command)
       return !isRuleSection(node.section) && hasPicker(section(node.section).entryKind);
     case IDC_EDIT_CONDITION:
     case IDC_EDIT_RESULT:
-      return hasPicker(specification.tag(node).kind());
+      return hasPicker(tagOf(specification, node).kind());
     case IDC_COPY_TO_DIMENSION_SETTINGS:
       return assignsVariables(specification, node);
     default:
@@ -93,7 +95,7 @@ bool canApply(const Specification& specification, const Node& node, int command)
 }
 
 int deleteCommand(const Specification& specification, const Node& node) {
-  const ItemTag tag = specification.tag(node);
+  const ItemTag tag = tagOf(specification, node);
   const bool rules = isRuleSection(tag.section());
   switch (tag.level()) {
     case Level::kSection:
@@ -108,7 +110,7 @@ int deleteCommand(const Specification& specification, const Node& node) {
 }
 
 int editCommand(const Specification& specification, const Node& node) {
-  switch (specification.tag(node).role()) {
+  switch (tagOf(specification, node).role()) {
     case Role::kCondition:
       return IDC_EDIT_CONDITION;
     case Role::kResult:
@@ -120,7 +122,7 @@ int editCommand(const Specification& specification, const Node& node) {
 }
 
 int addCommand(const Specification& specification, const Node& node) {
-  const ItemTag tag = specification.tag(node);
+  const ItemTag tag = tagOf(specification, node);
   if (tag.level() != Level::kSection) return 0;
   return isRuleSection(tag.section()) ? IDC_ADD_SETTING : IDC_ADD_ENTRY;
 }

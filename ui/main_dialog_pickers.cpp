@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "platform/questions.h"
-#include "spec/item_kinds.h"
 #include "ui/context_menus.h"
+#include "ui/item_inputs.h"
 #include "ui/item_pickers.h"
 #include "ui/main_dialog.h"
 #include "ui/resource.h"
@@ -17,10 +17,10 @@ constexpr const wchar_t* kNothingSelected = L"ﾂﾘｰの中から追加した�
 }  // namespace
 
 bool CCnvDlg::onPickerCommand(int command) {
-  if (const ItemKind* kind = itemKindOfConditionCommand(command)) {
+  if (const ItemInput* kind = itemInputOfConditionCommand(command)) {
     return addItem(kind->kind, Role::kCondition), true;
   }
-  if (const ItemKind* kind = itemKindOfResultCommand(command)) {
+  if (const ItemInput* kind = itemInputOfResultCommand(command)) {
     return addItem(kind->kind, Role::kResult), true;
   }
   switch (command) {

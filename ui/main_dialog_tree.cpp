@@ -2,10 +2,10 @@
 
 #include "base/fold.h"
 #include "platform/questions.h"
-#include "spec/display_text.h"
 #include "ui/context_menus.h"
 #include "ui/main_dialog.h"
 #include "ui/resource.h"
+#include "ui/tree_nodes.h"
 
 namespace kiv {
 namespace {

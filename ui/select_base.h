@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "platform/dialog.h"
-#include "spec/item_tag.h"
+#include "ui/tree_nodes.h"
 
 namespace kiv {
 

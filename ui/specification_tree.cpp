@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "spec/display_text.h"
+#include "ui/tree_nodes.h"
 
 namespace kiv {
 namespace {
@@ -70,7 +70,7 @@ void SpecificationTree::changed(const Node& node) {
   const TreeItem item = itemOf(node);
   if (!item) return;
   view_.setText(item, nodeText(specification_, node));
-  view_.setData(item, specification_.tag(node).value());
+  view_.setData(item, tagOf(specification_, node).value());
 }
 
 void SpecificationTree::cleared(const Node& parent) {
@@ -128,7 +128,7 @@ int SpecificationTree::positionOf(const Node& node) const {
 
 TreeItem SpecificationTree::insert(TreeItem parent, int position, const Node& node) {
   const TreeItem item = view_.insert(parent, position, nodeText(specification_, node), nodeImage(node),
-                                     specification_.tag(node).value());
+                                     tagOf(specification_, node).value());
   for (const Node& child : specification_.children(node)) insert(item, -1, child);
   if (opensWithItsContent(node)) view_.expand(item);
   return item;

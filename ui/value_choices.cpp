@@ -12,7 +12,6 @@
 #include "dbsymtb.h"
 #include "platform/settings.h"
 #include "spec/color_text.h"
-#include "spec/item_kinds.h"
 #include "spec/leading_number.h"
 #include "ui/specification_files.h"
 
@@ -27,45 +26,6 @@ constexpr const wchar_t* kTransparencies[] = {L"ByLayer", L"ByBlock", L"0",  L"1
 
 bool isByOther(std::wstring_view text) {
   return base::equalFolded(text, L"ByLayer") || base::equalFolded(text, L"ByBlock");
-}
-
-bool withholdsByOther(int contextCode) { return contextCode == kLayerSettingSection; }
-
-Texts colorChoices(bool withholds) {
-  Texts texts;
-  if (!withholds) texts = {colorText(kColorByBlock), colorText(kColorByLayer)};
-  for (int number = 1; number <= 7; ++number) texts.push_back(colorText(number));
-  return texts;
-}
-
-// A setting says for each place in the list whether it is offered, not which height.
-Texts textHeightChoices() {
-  const int count = readCommonInteger(L"KivTextHeight/KivTextHeightLot", 0);
-  if (count <= 0) return {std::begin(kTextHeights), std::end(kTextHeights)};
-  Texts texts;
-  for (int index = 0; index < std::min(count, static_cast<int>(std::size(kTextHeights))); ++index) {
-    wchar_t key[32];
-    std::swprintf(key, std::size(key), L"KivTextHeight/Par%02d", index);
-    if (leadingReal(readCommonText(key, L"-1")) > 0) texts.emplace_back(kTextHeights[index]);
-  }
-  return texts;
-}
-
-Texts lineweightChoices(bool withholds) {
-  Texts texts;
-  for (const base::Lineweight& weight : base::lineweights()) {
-    if (!withholds || !isByOther(weight.text)) texts.emplace_back(weight.text);
-  }
-  return texts;
-}
-
-// What is withheld is decided by the lineweight of the same place: "ByLayer" stays, "ByBlock" and "0" go.
-Texts transparencyChoices(bool withholds) {
-  Texts texts;
-  for (size_t index = 0; index < std::size(kTransparencies); ++index) {
-    if (!withholds || !isByOther(base::lineweights()[index].text)) texts.emplace_back(kTransparencies[index]);
-  }
-  return texts;
 }
 
 template <class Table, class Iterator>
@@ -88,65 +48,60 @@ Texts recordNames() {
 
 }  // namespace
 
-std::vector<std::wstring> fixedChoices(int kind, int contextCode) {
-  const bool withholds = withholdsByOther(contextCode);
-  switch (kind) {
-    case kColorKind:
-      return colorChoices(withholds);
-    case kTextHeightKind:
-      return textHeightChoices();
-    case kLineweightKind:
-      return lineweightChoices(withholds);
-    case kTransparencyKind:
-      return transparencyChoices(withholds);
-    case kVisibilityKind:
-    case kLockKind:
-    case kFreezeKind:
-    case kPlotKind:
-      return {L"ON", L"OFF"};
-    default:
-      return {};
-  }
+Texts colorChoices(const ChoiceContext& context) {
+  Texts texts;
+  if (!context.withholdsByOther) texts = {colorText(kColorByBlock), colorText(kColorByLayer)};
+  for (int number = 1; number <= 7; ++number) texts.push_back(colorText(number));
+  return texts;
 }
 
-std::vector<std::wstring> drawingChoices(int kind, int contextCode) {
-  Texts names;
-  if (kind == kLayerKind) names = recordNames<AcDbLayerTable, AcDbLayerTableIterator>();
-  if (kind == kLinetypeKind) names = recordNames<AcDbLinetypeTable, AcDbLinetypeTableIterator>();
-  if (kind == kFontKind) names = recordNames<AcDbTextStyleTable, AcDbTextStyleTableIterator>();
-  if (kind == kLinetypeKind && withholdsByOther(contextCode)) std::erase_if(names, isByOther);
+// A setting says for each place in the list whether it is offered, not which height.
+Texts textHeightChoices(const ChoiceContext&) {
+  const int count = readCommonInteger(L"KivTextHeight/KivTextHeightLot", 0);
+  if (count <= 0) return {std::begin(kTextHeights), std::end(kTextHeights)};
+  Texts texts;
+  for (int index = 0; index < std::min(count, static_cast<int>(std::size(kTextHeights))); ++index) {
+    wchar_t key[32];
+    std::swprintf(key, std::size(key), L"KivTextHeight/Par%02d", index);
+    if (leadingReal(readCommonText(key, L"-1")) > 0) texts.emplace_back(kTextHeights[index]);
+  }
+  return texts;
+}
+
+Texts lineweightChoices(const ChoiceContext& context) {
+  Texts texts;
+  for (const base::Lineweight& weight : base::lineweights()) {
+    if (!context.withholdsByOther || !isByOther(weight.text)) texts.emplace_back(weight.text);
+  }
+  return texts;
+}
+
+// What is withheld is decided by the lineweight of the same place: "ByLayer" stays, "ByBlock" and "0" go.
+Texts transparencyChoices(const ChoiceContext& context) {
+  Texts texts;
+  for (size_t index = 0; index < std::size(kTransparencies); ++index) {
+    if (!context.withholdsByOther || !isByOther(base::lineweights()[index].text))
+      texts.emplace_back(kTransparencies[index]);
+  }
+  return texts;
+}
+
+Texts switchChoices(const ChoiceContext&) { return {L"ON", L"OFF"}; }
+
+Texts layerChoices(const ChoiceContext&) { return recordNames<AcDbLayerTable, AcDbLayerTableIterator>(); }
+
+Texts linetypeChoices(const ChoiceContext& context) {
+  Texts names = recordNames<AcDbLinetypeTable, AcDbLinetypeTableIterator>();
+  if (context.withholdsByOther) std::erase_if(names, isByOther);
   return names;
 }
 
-int sectionOfNames(int kind) {
-  switch (kind) {
-    case kLayerKind:
-      return kLayerCreationSection;
-    case kLinetypeKind:
-      return kLinetypeSection;
-    case kFontKind:
-      return kFontSection;
-    default:
-      return 0;
-  }
+Texts textStyleChoices(const ChoiceContext&) {
+  return recordNames<AcDbTextStyleTable, AcDbTextStyleTableIterator>();
 }
 
-void addMissing(std::vector<std::wstring>& list, const std::vector<std::wstring>& names) {
-  for (const std::wstring& name : names) {
-    const bool known = std::any_of(list.begin(), list.end(), [&name](const std::wstring& present) {
-      return base::equalFolded(present, name);
-    });
-    if (!known) list.push_back(name);
-  }
-}
-
-std::vector<std::wstring> offeredValues(int kind, int contextCode, const std::vector<std::wstring>& usedNames,
-                                        std::wstring_view listFolder) {
-  if (kind == kTextListKind) return filesWithExtension(listFolder, L".LIST");
-  if (sectionOfNames(kind) == 0) return fixedChoices(kind, contextCode);
-  Texts names = drawingChoices(kind, contextCode);
-  addMissing(names, usedNames);
-  return names;
+Texts textListChoices(const ChoiceContext& context) {
+  return filesWithExtension(context.listFolder, L".LIST");
 }
 
 }  // namespace kiv

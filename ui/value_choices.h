@@ -1,5 +1,5 @@
 #pragma once
-// The values that are offered for an item kind.
+// The values that are offered for an item, in the order of a picker's list.
 
 #include <string>
 #include <string_view>
@@ -7,24 +7,23 @@
 
 namespace kiv {
 
-// Those that neither the drawing nor a folder decides; empty for other kinds and for those that are only
-// typed. `contextCode` is the section under which the value will stand: that of the layer settings withholds
-// by layer and by block. Text heights are switched on and off by the common settings.
-std::vector<std::wstring> fixedChoices(int kind, int contextCode);
+struct ChoiceContext {
+  bool withholdsByOther = false;   // by layer and by block
+  std::wstring_view listFolder{};  // of the text search lists
+};
 
-// Names of the layers, linetypes or text styles of the current drawing, in the order of its table; empty for
-// other kinds and without a drawing.
-std::vector<std::wstring> drawingChoices(int kind, int contextCode);
+std::vector<std::wstring> colorChoices(const ChoiceContext& context);
+// Switched on and off by the common settings.
+std::vector<std::wstring> textHeightChoices(const ChoiceContext& context);
+std::vector<std::wstring> lineweightChoices(const ChoiceContext& context);
+std::vector<std::wstring> transparencyChoices(const ChoiceContext& context);
+std::vector<std::wstring> switchChoices(const ChoiceContext& context);
 
-// The list section whose entries name what the kind chooses from; 0: none.
-int sectionOfNames(int kind);
+// Names of the current drawing, in the order of its table; empty without a drawing.
+std::vector<std::wstring> layerChoices(const ChoiceContext& context);
+std::vector<std::wstring> linetypeChoices(const ChoiceContext& context);
+std::vector<std::wstring> textStyleChoices(const ChoiceContext& context);
 
-// Appends the names that are not in the list, ignoring case.
-void addMissing(std::vector<std::wstring>& list, const std::vector<std::wstring>& names);
-
-// All of the above in the order of a picker's list. `usedNames` are those of sectionOfNames(kind);
-// `listFolder` holds the text search lists.
-std::vector<std::wstring> offeredValues(int kind, int contextCode, const std::vector<std::wstring>& usedNames,
-                                        std::wstring_view listFolder);
+std::vector<std::wstring> textListChoices(const ChoiceContext& context);
 
 }  // namespace kiv

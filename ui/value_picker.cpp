@@ -4,10 +4,8 @@
 #include <utility>
 
 #include "spec/item_kinds.h"
+#include "ui/item_inputs.h"
 #include "ui/resource.h"
-#include "ui/value_check.h"
-#include "ui/value_choices.h"
-#include "ui/value_completion.h"
 
 namespace kiv {
 namespace {
@@ -20,8 +18,8 @@ CSelDlg::CSelDlg(PickerOwner& owner, PickHandOver& pick, PickerRequest request)
     : CSelBase(IDD_VALUE, owner, kValuePickerSlot, pick), request_(std::move(request)) {}
 
 void CSelDlg::onInit() {
-  const ItemKind* kind = itemKind(request_.kind);
-  const std::wstring label = kind ? kind->pickerLabel : L"";
+  const ItemInput* input = itemInput(request_.kind);
+  const std::wstring label = input ? input->label : L"";
   window().setText(IDC_VALUE_LABEL, label + L" :");
   const bool isCondition = request_.role == Role::kCondition;
   window().setTitle(label + (isCondition ? L"の指定(変換対象の設定)" : L"の指定(変換後の設定)"));

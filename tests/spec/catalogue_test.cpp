@@ -58,15 +58,13 @@ TEST(Sections, HeadersAreTheBracketedNamesButForOne) {
   EXPECT_FALSE(isRuleSection(0) || isRuleSection(number + 1));
 }
 
-TEST(ItemKinds, AreFoundByKeyAndByCommandAndVariablesAfterThem) {
+TEST(ItemKinds, AreFoundByKeyAndVariablesAfterThem) {
   int number = 0;
   for (const ItemKind& row : itemKinds()) {
     EXPECT_EQ(row.kind, ++number);
     EXPECT_EQ(itemKind(number), &row);
     EXPECT_EQ(lookUpKey(row.key)->kind, number);
     EXPECT_TRUE(lookUpKey(row.key)->variable.empty());
-    EXPECT_EQ(itemKindOfConditionCommand(row.conditionCommand), &row);
-    EXPECT_EQ(itemKindOfResultCommand(row.resultCommand), row.resultCommand == 0 ? nullptr : &row);
   }
   EXPECT_EQ(lookUpKey(L"dimasz")->kind, kVariableKind);
   EXPECT_EQ(lookUpKey(L"dimasz")->variable, L"DIMASZ");

@@ -1,10 +1,10 @@
 // Editing the tree by its buttons and context menus.
 
 #include "spec/cvt_writer.h"
-#include "spec/display_text.h"
 #include "tests/spec/sample_specification.h"
 #include "tests/ui/main_dialog_fixture.h"
 #include "ui/context_menus.h"
+#include "ui/tree_nodes.h"
 
 namespace kiv::testing {
 namespace {
@@ -13,7 +13,7 @@ namespace {
 void expectSameTree(const TreeView& view, TreeItem row, const Specification& specification,
                     const Node& node) {
   EXPECT_EQ(view.text(row), nodeText(specification, node));
-  EXPECT_EQ(view.data(row), specification.tag(node).value());
+  EXPECT_EQ(view.data(row), tagOf(specification, node).value());
   const std::vector<TreeItem> rows = view.children(row);
   const std::vector<Node> nodes = specification.children(node);
   ASSERT_EQ(rows.size(), nodes.size()) << base::pathFromText(view.text(row));

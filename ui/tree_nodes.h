@@ -1,12 +1,17 @@
 #pragma once
-// The 32-bit tag that identifies a node of the editing tree.
+// The nodes of the editing tree as the tree control has them: a 32-bit tag that tells what a node is, its
+// text and its picture.
 
 #include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "spec/specification.h"
 
 namespace kiv {
 
 enum class Level { kRoot = 0, kSection = 1, kSetting = 2, kItem = 3 };  // a list entry stands on kSetting
-enum class Role { kNone = 0, kCondition = 1, kResult = 2, kEntry = 3 };
 enum class Sense { kNone = 0, kEqual = 1, kInverted = 2 };
 
 class ItemTag {
@@ -54,5 +59,23 @@ class ItemTag {
 
   std::uint32_t value_ = 0;
 };
+
+// 0 for the root and for a node that does not exist.
+ItemTag tagOf(const Specification& specification, const Node& node);
+
+inline constexpr const wchar_t* kRootText = L"図面";
+
+std::wstring itemText(const Item& item, Role role);
+std::wstring entryText(const Entry& entry, int section);
+
+// Empty for a node that does not exist.
+std::wstring nodeText(const Specification& specification, const Node& node);
+
+// 0 root, 1 to 10 sections, 11 setting, 12 condition, 13 result, 14 list entry.
+int nodeImage(const Node& node);
+
+// What stands between "<" and ">" and between "（" and "）", in the order of the text, cut at commas and
+// trimmed.
+std::vector<std::wstring> valuesOfText(std::wstring_view text);
 
 }  // namespace kiv

@@ -1,4 +1,4 @@
-#include "spec/display_text.h"
+#include "ui/tree_nodes.h"
 
 #include <utility>
 
@@ -54,6 +54,18 @@ std::wstring arrowEntryText(const Entry& entry) {
 }
 
 }  // namespace
+
+ItemTag tagOf(const Specification& specification, const Node& node) {
+  if (node.section == 0 || !specification.exists(node)) return {};
+  if (node.index < 0) return ItemTag::pack(node.section, Level::kSection);
+  if (const Item* item = specification.item(node)) {
+    const Sense sense = item->inverted ? Sense::kInverted : Sense::kEqual;
+    return ItemTag::pack(node.section, Level::kItem, node.role, sense, item->kind);
+  }
+  if (isRuleSection(node.section)) return ItemTag::pack(node.section, Level::kSetting);
+  return ItemTag::pack(node.section, Level::kSetting, Role::kEntry, Sense::kEqual,
+                       section(node.section).entryKind);
+}
 
 std::wstring itemText(const Item& item, Role role) {
   const bool picker = item.wording == Wording::kPicker;

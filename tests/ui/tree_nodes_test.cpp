@@ -1,11 +1,39 @@
-#include "spec/display_text.h"
+#include "ui/tree_nodes.h"
 
 #include <gtest/gtest.h>
+
+#include "tests/spec/sample_specification.h"
 
 namespace kiv {
 namespace {
 
-TEST(DisplayText, Items) {
+TEST(TreeNodes, AFieldOfATagIsSetWithoutTouchingTheOthersOrLeftByAllOnes) {
+  ItemTag tag(0x06031210);
+  tag.set(ItemTag::kKeep, ItemTag::kKeep, 2, ItemTag::kKeep, -1);
+  EXPECT_EQ(tag, ItemTag::pack(6, Level::kItem, Role::kResult, Sense::kInverted, 16));
+  tag.set(10, 2, ItemTag::kKeep, 1, 55);
+  EXPECT_EQ(tag.value(), 0x0A022137U);
+  tag.set(0x101, 0, 0, 0, 0);
+  EXPECT_EQ(tag.value(), 0x01000000U);
+}
+
+TEST(TreeNodes, TagsTextsAndPicturesByTheirPlace) {
+  const Specification sample = testing::sampleSpecification();
+  const auto expectNode = [&](const Node& node, std::uint32_t tag, const wchar_t* text, int image) {
+    EXPECT_EQ(tagOf(sample, node).value(), tag);
+    EXPECT_EQ(nodeText(sample, node), text);
+    EXPECT_EQ(nodeImage(node), image);
+  };
+  expectNode(Node{}, 0, L"図面", 0);
+  expectNode(Node::ofSection(6), 0x06010000, L"画層の設定", 6);
+  expectNode(Node::of(1, 1), 0x01020000, L"設定2", 11);
+  expectNode(Node::of(1, 2), 0, L"", 11);
+  expectNode(Node::ofItem(1, 0, Role::kCondition, 1), 0x01031203, L"色 が <7:白> 以外のとき", 12);
+  expectNode(Node::ofItem(1, 0, Role::kResult, 0), 0x01032101, L"画層 を <TEXT> に変更", 13);
+  expectNode(Node::of(8, 0), 0x08023135, L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ", 14);
+}
+
+TEST(TreeNodes, TextsOfItems) {
   EXPECT_EQ(itemText({kLayerKind, false, {}, L"A"}, Role::kCondition), L"画層 が <A> のとき");
   EXPECT_EQ(itemText({kLayerKind, true, {}, L"A"}, Role::kCondition), L"画層 が <A> 以外のとき");
   EXPECT_EQ(itemText({kColorKind, false, {}, L"1:赤"}, Role::kResult), L"色 を <1:赤> に変更");
@@ -16,7 +44,7 @@ TEST(DisplayText, Items) {
             L"<色> を <8> に変更する");
 }
 
-TEST(DisplayText, Entries) {
+TEST(TreeNodes, TextsOfEntries) {
   const std::vector<std::wstring> nine = {L"W",   L"1:赤", L"X",       L"ON", L"OFF",
                                           L"OFF", L"ON",   L"0.25 mm", L"30"};
   EXPECT_EQ(entryText({{L"DIMASZ", L"2"}}, 5), L"<DIMASZ> を <2> に設定");
@@ -35,7 +63,7 @@ TEST(DisplayText, Entries) {
   EXPECT_EQ(entryText({{L"_DOT"}, kPicker}, 10), L"<_DOT>");
 }
 
-TEST(DisplayText, ValuesAreTakenApart) {
+TEST(TreeNodes, ValuesOfTextsAreTakenApart) {
   using Values = std::vector<std::wstring>;
   EXPECT_EQ(valuesOfText(L"<DIMASZ> を <2.5> に変更"), (Values{L"DIMASZ", L"2.5"}));
   EXPECT_EQ(valuesOfText(L"<W> 画層を <1:赤, X> で作成"), (Values{L"W", L"1:赤", L"X"}));

@@ -1,4 +1,4 @@
-#include "ui/value_check.h"
+#include "ui/item_inputs.h"
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ void expectAll(std::initializer_list<Case> cases) {
   }
 }
 
-TEST(ValueCheck, NumbersThatAreZeroBecomeZero) {
+TEST(CheckedValue, NumbersThatAreZeroBecomeZero) {
   expectAll({{kColorKind, L"red", L"0"},
              {kColorKind, L"12", L"12"},
              {kColorKind, L"", L"0"},
@@ -36,7 +36,7 @@ TEST(ValueCheck, NumbersThatAreZeroBecomeZero) {
              {kWidthFactorKind, L".8", L".8"}});
 }
 
-TEST(ValueCheck, LineweightsTakeTheSpellingOfTheirText) {
+TEST(CheckedValue, LineweightsTakeTheSpellingOfTheirText) {
   expectAll({{kLineweightKind, L"", L"Default"},
              {kLineweightKind, L"0", L"0.00 mm"},
              {kLineweightKind, L"1", L"1.00 mm"},
@@ -56,7 +56,7 @@ TEST(ValueCheck, LineweightsTakeTheSpellingOfTheirText) {
   }
 }
 
-TEST(ValueCheck, ALinetypeScaleIsAPlainNumberNotBelowZero) {
+TEST(CheckedValue, ALinetypeScaleIsAPlainNumberNotBelowZero) {
   expectAll({{kLinetypeScaleKind, L"", L"1"},
              {kLinetypeScaleKind, L"+2", L"+2"},
              {kLinetypeScaleKind, L" 0 ", L" 0 "},
@@ -71,7 +71,7 @@ TEST(ValueCheck, ALinetypeScaleIsAPlainNumberNotBelowZero) {
              {kLinetypeScaleKind, L" ", nullptr}});
 }
 
-TEST(ValueCheck, OtherKinds) {
+TEST(CheckedValue, OtherKinds) {
   expectAll({{kTransparencyKind, L"", L"ByLayer"},
              {kTransparencyKind, L"30", L"30"},
              {kVisibilityKind, L"on", L"ON"},
@@ -80,6 +80,47 @@ TEST(ValueCheck, OtherKinds) {
              {kFreezeKind, L"", nullptr},
              {kLayerKind, L" A* ", L" A* "},
              {kTextListKind, L"", L""}});
+}
+
+struct Completion {
+  int kind;
+  const wchar_t* typed;
+  const wchar_t* shown;
+};
+
+constexpr Completion kCompletions[] = {
+    {kVisibilityKind, L"o", L"o"},
+    {kLockKind, L"offx", L"off"},
+    {kFreezeKind, L"onf", L"on"},
+    {kPlotKind, L"x", L""},
+    {kLineweightKind, L"0.25 m", L"0.25 m"},
+    {kLineweightKind, L"0.26", L"0.2"},
+    {kLineweightKind, L"BYLAYER", L"BYLAYER"},
+    {kLineweightKind, L"byx", L"by"},
+    {kLineweightKind, L"9", L""},
+    {kTransparencyKind, L"byl", L"byl"},
+    {kTransparencyKind, L"B1", L"B"},
+    {kTransparencyKind, L"ByBlocks", L"ByBlock"},
+    {kTransparencyKind, L"250", L"25"},
+    {kTransparencyKind, L"095", L"90"},
+    {kTransparencyKind, L"0999", L"90"},
+    {kTransparencyKind, L"05", L"05"},
+    {kTransparencyKind, L"90", L"90"},
+    {kTransparencyKind, L"91", L"90"},
+    {kTransparencyKind, L"1a", L"1"},
+    {kTransparencyKind, L"-5", L"5"},
+    {kTransparencyKind, L"x", L""},
+    {kColorKind, L"red", L"red"},
+    {kLinetypeScaleKind, L"1.2.3", L"1.2.3"},
+    {kLayerKind, L"on9", L"on9"},
+};
+
+TEST(ValueCompletion, ShortensWhatNoValueBeginsWith) {
+  for (const Completion& one : kCompletions) {
+    const std::wstring shown = completedValue(one.kind, one.typed);
+    EXPECT_EQ(shown, one.shown) << one.kind << " " << ::testing::PrintToString(one.typed);
+    EXPECT_EQ(completedValue(one.kind, shown), shown);
+  }
 }
 
 }  // namespace
