@@ -5,7 +5,7 @@
 #include "base/files.h"
 #include "cli/console.h"
 #include "cli/specification_check.h"
-#include "embedded/drawing/drawing.h"
+#include "embedded/formats/drawing_files.h"
 
 namespace kivcli {
 namespace {
@@ -64,7 +64,7 @@ Outcome DrawingConversion::run(const PlannedDrawing& drawing) {
     complainAbout(drawing.given, opened.failure());
     return Outcome::kNotConverted;
   }
-  const std::wstring warning = host.currentDrawing().facts().warning;
+  const std::wstring warning = cad::formats::warningAbout(host.currentDrawing());
   if (!warning.empty()) complain(drawing.given + L": " + warning);
   const int runsBefore = report_.runs;
   const Status converted = convertOpen(drawing);

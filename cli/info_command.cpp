@@ -10,8 +10,8 @@
 #include "base/files.h"
 #include "cli/commands.h"
 #include "cli/console.h"
-#include "embedded/drawing/drawing.h"
 #include "embedded/editor/host.h"
+#include "embedded/formats/drawing_files.h"
 
 namespace kivcli {
 namespace {
@@ -98,7 +98,7 @@ int runInfo(const Arguments& arguments) {
       status = kSomeFailed;
       continue;
     }
-    if (const std::wstring& warning = host.currentDrawing().facts().warning; !warning.empty()) {
+    if (const std::wstring warning = cad::formats::warningAbout(host.currentDrawing()); !warning.empty()) {
       complain(file + L": " + warning);
       status = kSomeFailed;
     }

@@ -14,18 +14,101 @@ constexpr std::size_t kDeepestNesting = 200;
 
 base::Failure failure(std::wstring_view what, const wchar_t* reason) { return {std::wstring(what), reason}; }
 
-// What is left out of a copy hangs on objects of the source: dictionaries, groups, fields.
-constexpr Property kCopied[] = {Property::kLayer,      Property::kLinetype,     Property::kColorIndex,
-                                Property::kLineWeight, Property::kTransparency, Property::kLinetypeScale,
-                                Property::kInvisible,  Property::kTextStyle,    Property::kTextHeight,
-                                Property::kRotation,   Property::kWidthFactor,  Property::kTextString,
-                                Property::kName,       Property::kStandardFlags};
+// The bits that mean the same in every drawing; the others tell of where a record came from.
+std::int64_t portableFlags(Table table) {
+  switch (table) {
+    case Table::kNone:  // an entity
+      return ~std::int64_t{0};
+    case Table::kLayer:
+      return LayerFlag::kFrozen | LayerFlag::kLocked;
+    case Table::kTextStyle:
+      return TextStyleFlag::kVertical;
+    default:
+      return 0;
+  }
+}
 
 }  // namespace
 
 base::Failure refusedType(std::string_view type, const wchar_t* reason) {
   return failure(std::wstring(type.begin(), type.end()), reason);
 }
+
+// --- Table records ----------------------------------------------------------------------------------------
+
+base::Status SymbolCopier::need(Table table, std::wstring_view name) {
+  if (name.empty() || target_.find(table, name) != kNoRecord) return {};
+  const RecordId from = source_.find(table, name);
+  // The record's own spelling: references may differ from it in case.
+  const NameId spelled = from == kNoRecord ? kNoName : source_.name(from, Property::kName);
+  const base::Result<RecordId> added = target_.addTableRecord(
+      table, spelled == kNoName ? name : std::wstring_view(source_.names().text(spelled)));
+  if (!added.ok()) return added.failure();
+  if (from == kNoRecord) return {};
+  if (const base::Status status = needNamed(from); !status.ok()) return status;
+  copyValues(from, added.value());
+  if (table == Table::kLinetype) copyDashes(from, added.value());
+  return {};
+}
+
+base::Status SymbolCopier::needNamed(RecordId from) {
+  base::Status status;
+  for (const PropertyInfo& info : allProperties()) {
+    if (!status.ok()) break;
+    if (info.copied && info.names != Table::kNone)
+      status = need(info.names, source_.text(from, info.property).value_or(std::wstring()));
+  }
+  return status;
+}
+
+void SymbolCopier::copyValues(RecordId from, RecordId to) {
+  for (const PropertyInfo& info : allProperties())
+    if (info.copied) copyValue(from, to, info.property);
+}
+
+void SymbolCopier::copyValue(RecordId from, RecordId to, Property property) {
+  base::Status status;
+  switch (propertyInfo(property).type) {
+    case PropertyType::kInteger:
+      if (auto value = source_.integer(from, property)) {
+        if (property == Property::kStandardFlags) *value &= portableFlags(source_.record(from).table);
+        status = target_.setInteger(to, property, *value);
+      }
+      break;
+    case PropertyType::kReal:
+      if (const auto value = source_.real(from, property)) status = target_.setReal(to, property, *value);
+      break;
+    case PropertyType::kText:
+    case PropertyType::kName:
+      if (const auto value = source_.text(from, property)) status = target_.setText(to, property, *value);
+      break;
+  }
+  static_cast<void>(status);
+}
+
+void SymbolCopier::copyDashes(RecordId from, RecordId to) {
+  std::vector<Dash> dashes = source_.dashes(from);
+  for (Dash& dash : dashes)
+    if (dash.symbol && !copySymbol(*dash.symbol)) dash.symbol.reset();
+  static_cast<void>(target_.setDashes(to, dashes));
+}
+
+bool SymbolCopier::copySymbol(DashSymbol& symbol) {
+  if (!target_.facts().linetypesHoldSymbols()) return false;
+  if (source_.isShapeFile(symbol.style)) {
+    const auto file = target_.shapeFile(source_.text(symbol.style, Property::kFontFile).value_or(L""));
+    if (file.ok()) symbol.style = file.value();
+    return file.ok();
+  }
+  const NameId name = source_.name(symbol.style, Property::kName);
+  if (name == kNoName) return false;
+  const std::wstring& style = source_.names().text(name);
+  if (!need(Table::kTextStyle, style).ok()) return false;
+  symbol.style = target_.find(Table::kTextStyle, style);
+  return symbol.style != kNoRecord;
+}
+
+// --- Blocks ------------------------------------------------------------------------------------------------
 
 BlockCopy::BlockCopy(Drawing& target, const Drawing& source)
     : target_(target), source_(source), symbols_(target, source) {}
@@ -134,17 +217,13 @@ void BlockCopy::copyDimVariables(RecordId from, RecordId to) {
 }
 
 base::Status TypedBlockCopy::need(RecordId entity) {
-  const auto named = [&](Property property) {
-    return source_.text(entity, property).value_or(std::wstring());
-  };
   for (const RecordId sub : source_.subRecordsOf(entity)) {
     if (source_.typeName(sub) == "ATTRIB")
       return refusedType("ATTRIB", L"Entities of this type are not copied between drawings of these formats");
   }
-  base::Status status = symbols_.need(Table::kLayer, named(Property::kLayer));
-  if (status.ok()) status = symbols_.need(Table::kLinetype, named(Property::kLinetype));
-  if (status.ok()) status = symbols_.need(Table::kTextStyle, named(Property::kTextStyle));
-  if (status.ok() && source_.typeName(entity) == "INSERT") status = needBlock(named(Property::kBlockName));
+  base::Status status = symbols_.needNamed(entity);
+  if (status.ok() && source_.typeName(entity) == "INSERT")
+    status = needBlock(source_.text(entity, Property::kBlockName).value_or(std::wstring()));
   return status;
 }
 
@@ -160,13 +239,16 @@ base::Result<RecordId> TypedBlockCopy::copyEntities(const std::vector<RecordId>&
 
 base::Status TypedBlockCopy::copyEntity(RecordId block, RecordId entity) {
   Geometry geometry = source_.geometry(entity);
+  if (geometry.partial)
+    return refusedType(source_.typeName(entity),
+                       L"Its width or thickness is not copied between these formats");
   if (auto* insert = std::get_if<InsertGeometry>(&geometry.shape)) {
     const std::wstring name = base::upper(source_.text(entity, Property::kBlockName).value_or(L""));
     insert->block = target_.find(Table::kBlock, std::wstring_view(blockNames_[name]));
   }
   const auto made = target_.storage().addEntity(target_, block, source_.typeName(entity), geometry);
   if (!made.ok()) return made.failure();
-  for (const Property property : kCopied) symbols_.copyValue(entity, made.value(), property);
+  symbols_.copyValues(entity, made.value());
   return {};
 }
 

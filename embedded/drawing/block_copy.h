@@ -8,9 +8,31 @@
 #include <unordered_map>
 #include <vector>
 
-#include "embedded/drawing/symbol_copier.h"
+#include "embedded/drawing/drawing.h"
 
 namespace cad {
+
+// Table records that copied entities name: made in the receiving drawing when it does not have them.
+class SymbolCopier {
+ public:
+  SymbolCopier(Drawing& target, const Drawing& source) : target_(target), source_(source) {}
+
+  // A record of the name stays as it is; a new one has the source's values as far as the receiving version
+  // can hold them.
+  base::Status need(Table table, std::wstring_view name);
+  // What the copied properties of a record name.
+  base::Status needNamed(RecordId from);
+  // The copied properties of a record. What the receiving drawing cannot hold is left at its default.
+  void copyValues(RecordId from, RecordId to);
+
+ private:
+  void copyValue(RecordId from, RecordId to, Property property);
+  void copyDashes(RecordId from, RecordId to);
+  bool copySymbol(DashSymbol& symbol);  // its style becomes the receiving drawing's; false: it has none
+
+  Drawing& target_;
+  const Drawing& source_;
+};
 
 // What is copied in which order, and under which name; how an entity is copied is for those who derive.
 class BlockCopy {
@@ -51,7 +73,8 @@ class BlockCopy {
   std::map<std::wstring, int> freeNumbers_;
 };
 
-// Between drawings of different formats: the geometry and the properties that both know.
+// Between drawings of different formats: the geometry and the properties that both know. An entity of which
+// more is drawn than geometry.h tells is refused.
 class TypedBlockCopy final : public BlockCopy {
  public:
   using BlockCopy::BlockCopy;

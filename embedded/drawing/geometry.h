@@ -11,11 +11,14 @@
 #include <vector>
 
 #include "embedded/drawing/record.h"
-#include "embedded/drawing/shapes.h"
 
 namespace cad {
 
 inline constexpr double kRadiansPerDegree = std::numbers::pi / 180;
+
+struct Point {
+  double x = 0, y = 0, z = 0;
+};
 
 struct LineGeometry {
   Point from, to;
@@ -72,6 +75,7 @@ struct TextGeometry {
   double frameWidth = 0;    // multi-line: where lines are broken; 0: nowhere
   double lineSpacing = 1;   // multi-line: a factor
   std::wstring contents;
+  std::wstring prompt;  // of a definition: what a person is asked
 };
 
 struct InsertGeometry {
@@ -103,6 +107,34 @@ using GeometryShape = std::variant<std::monostate, LineGeometry, PointGeometry, 
 struct Geometry {
   GeometryShape shape;  // monostate: nothing that is drawn
   Point normal{0, 0, 1};
+  bool invisible = false;
+  bool partial = false;  // more is drawn than the shape tells: a thickness, widths
 };
+
+// --- Plain geometry for blocks that the host itself makes (arrowheads) -----------------------------------
+
+struct LineShape {
+  Point from, to;
+};
+struct CircleShape {
+  Point centre;
+  double radius = 0;
+};
+struct ArcShape {
+  Point centre;
+  double radius = 0, start = 0, end = 0;
+};  // counter-clockwise
+struct SolidShape {
+  Point a, b, c, d;
+};  // filled; corners in the order of a SOLID (c and d crossed)
+struct PolylineShape {
+  struct Vertex {
+    double x = 0, y = 0, bulge = 0;
+  };
+  std::vector<Vertex> vertices;
+  double width = 0;
+  bool closed = false;
+};
+using Shape = std::variant<LineShape, CircleShape, ArcShape, SolidShape, PolylineShape>;
 
 }  // namespace cad

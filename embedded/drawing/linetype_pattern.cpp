@@ -31,8 +31,7 @@ std::vector<Dash> Drawing::dashes(RecordId linetype) const {
 }
 
 bool Drawing::isShapeFile(RecordId style) const {
-  constexpr std::int64_t kShapes = 1;
-  return (integer(style, Property::kStandardFlags).value_or(0) & kShapes) != 0;
+  return (integer(style, Property::kStandardFlags).value_or(0) & TextStyleFlag::kShapeFile) != 0;
 }
 
 base::Result<RecordId> Drawing::shapeFile(std::wstring_view file) {
@@ -41,14 +40,13 @@ base::Result<RecordId> Drawing::shapeFile(std::wstring_view file) {
     if (named && isShapeFile(style)) return style;
   }
   ChangeScope scope(*this);
-  const base::Result<RecordId> made =
-      storage_->add(*this, {RecordKind::kTableRecord, Table::kTextStyle, kNoRecord, L""});
+  const base::Result<RecordId> made = storage_->add(*this, Table::kTextStyle, {}, kNoRecord);
   if (!made.ok()) {
     scope.rollBack();
     return made.failure();
   }
   const RecordId style = made.value();
-  base::Status status = setInteger(style, Property::kStandardFlags, 1);
+  base::Status status = setInteger(style, Property::kStandardFlags, TextStyleFlag::kShapeFile);
   if (status) status = setText(style, Property::kFontFile, file);
   if (status) return style;
   scope.rollBack();

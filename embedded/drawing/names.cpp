@@ -1,5 +1,7 @@
 #include "embedded/drawing/names.h"
 
+#include <algorithm>
+
 #include "base/fold.h"
 #include "embedded/drawing/stored_text.h"
 
@@ -31,6 +33,20 @@ const std::wstring& NamePool::text(NameId id) const {
 const std::wstring& NamePool::folded(NameId id) const {
   text(id);
   return entries_[id].folded;
+}
+
+bool hasForbiddenCharacter(std::wstring_view name) {
+  constexpr std::wstring_view kForbidden = L"<>/\\\":;?*,=`";
+  return std::ranges::any_of(name,
+                             [&](wchar_t c) { return c < L' ' || kForbidden.find(c) != kForbidden.npos; });
+}
+
+bool isRecordName(std::wstring_view name, bool withBar) {
+  constexpr std::size_t kLongest = 255;
+  if (name.empty() || name.size() > kLongest || hasForbiddenCharacter(name)) return false;
+  if (name.front() == L' ' || name.back() == L' ') return false;
+  const bool hasBar = name.find(L'|') != name.npos;
+  return !hasBar || (withBar && name.front() != L'|' && name.back() != L'|');
 }
 
 }  // namespace cad

@@ -1,6 +1,6 @@
 #pragma once
-// Interned names: every distinct spelling of a layer, linetype, style or block name in a drawing is held
-// once, so that a pattern is matched once per name and not once per entity.
+// Names of layers, linetypes, styles and blocks. Every distinct spelling in a drawing is held once, so that a
+// pattern is matched once per name and not once per entity.
 
 #include <cstdint>
 #include <deque>
@@ -46,5 +46,13 @@ class NamePool {
   std::unordered_map<std::string_view, NameId> byStored_;
   base::CodePage page_ = 1252;
 };
+
+// Control characters and those that the host keeps for wildcards, paths and lists.
+bool hasForbiddenCharacter(std::wstring_view name);
+
+// A name that a person or a program may give: 1 to 255 characters, none forbidden, no blank at either end. A
+// vertical bar, as in the names of an external reference's records (NAME|LAYER), stands inside only where
+// `withBar` allows one.
+bool isRecordName(std::wstring_view name, bool withBar = false);
 
 }  // namespace cad

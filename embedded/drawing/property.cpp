@@ -12,28 +12,29 @@ constexpr double kTiny = std::numeric_limits<double>::denorm_min();  // the leas
 using P = Property;
 using T = PropertyType;
 
+// What is not copied is made with the object it belongs to, or hangs on objects that are not copied.
 constexpr PropertyInfo kProperties[] = {
-    {P::kLayer, "layer", T::kName, 0, 0, 0},
-    {P::kLinetype, "linetype", T::kName, 0, 0, 0},
+    {P::kLayer, "layer", T::kName, 0, 0, 0, Table::kLayer},
+    {P::kLinetype, "linetype", T::kName, 0, 0, 0, Table::kLinetype},
     {P::kColorIndex, "colour", T::kInteger, 256, 0, 256},
     {P::kLineWeight, "lineweight", T::kInteger, -1, -3, 211},
     {P::kTransparency, "transparency", T::kInteger, 0, 0, 0x020000FF},
     {P::kLinetypeScale, "linetype scale", T::kReal, 1, kTiny, kHuge},
     {P::kInvisible, "invisible", T::kInteger, 0, 0, 1},
-    {P::kTextStyle, "text style", T::kName, 0, 0, 0},
+    {P::kTextStyle, "text style", T::kName, 0, 0, 0, Table::kTextStyle},
     {P::kTextHeight, "text height", T::kReal, 1, kTiny, kHuge},
     {P::kRotation, "rotation", T::kReal, 0, -kHuge, kHuge},
     {P::kWidthFactor, "width factor", T::kReal, 1, kTiny, kHuge},
     {P::kTextString, "text", T::kText, 0, 0, 0},
-    {P::kDimStyle, "dimension style", T::kName, 0, 0, 0},
-    {P::kTextRotation, "dimension text rotation", T::kReal, 0, -kHuge, kHuge},
-    {P::kDimText, "dimension text", T::kText, 0, 0, 0},
-    {P::kDimBlock, "dimension block", T::kName, 0, 0, 0},
-    {P::kBlockName, "block", T::kName, 0, 0, 0},
+    {P::kDimStyle, "dimension style", T::kName, 0, 0, 0, Table::kDimStyle, false},
+    {P::kTextRotation, "dimension text rotation", T::kReal, 0, -kHuge, kHuge, Table::kNone, false},
+    {P::kDimText, "dimension text", T::kText, 0, 0, 0, Table::kNone, false},
+    {P::kDimBlock, "dimension block", T::kName, 0, 0, 0, Table::kBlock, false},
+    {P::kBlockName, "block", T::kName, 0, 0, 0, Table::kBlock, false},
     {P::kName, "name", T::kName, 0, 0, 0},
     {P::kStandardFlags, "flags", T::kInteger, 0, 0, 0x7FFF},
     {P::kLayerColor, "layer colour", T::kInteger, 7, -255, 255},
-    {P::kLayerLinetype, "layer linetype", T::kName, 0, 0, 0},
+    {P::kLayerLinetype, "layer linetype", T::kName, 0, 0, 0, Table::kLinetype},
     {P::kLayerPlottable, "plottable", T::kInteger, 1, 0, 1},
     {P::kFontFile, "font file", T::kText, 0, 0, 0},
     {P::kBigFontFile, "big font file", T::kText, 0, 0, 0},
@@ -58,5 +59,7 @@ static_assert(inOrder());
 const PropertyInfo& propertyInfo(Property property) {
   return kProperties[static_cast<std::size_t>(property)];
 }
+
+std::span<const PropertyInfo> allProperties() { return kProperties; }
 
 }  // namespace cad

@@ -4,7 +4,9 @@
 // for each.
 
 #include <cstdint>
-#include <string_view>
+#include <span>
+
+#include "embedded/drawing/record.h"
 
 namespace cad {
 
@@ -32,7 +34,7 @@ enum class Property : std::uint8_t {
   kBlockName,  // name
   // Table records
   kName,
-  kStandardFlags,   // bit field; layers: 1 frozen, 4 locked
+  kStandardFlags,   // the bits below
   kLayerColor,      // 1..255; negative: the layer is off
   kLayerLinetype,   // name
   kLayerPlottable,  // 0 or 1
@@ -47,16 +49,33 @@ enum class Property : std::uint8_t {
   kCount
 };
 
+// The bits of kStandardFlags, by what has them. A format's other bits are kept as they are.
+struct RecordFlag {
+  static constexpr std::int64_t kDependent = 16;  // of an external reference; records of every table
+};
+struct LayerFlag {
+  static constexpr std::int64_t kFrozen = 1, kLocked = 4;
+};
+struct TextStyleFlag {
+  static constexpr std::int64_t kShapeFile = 1, kVertical = 4;
+};
+struct AttributeFlag {
+  static constexpr std::int64_t kConstant = 2, kPreset = 8;  // of a definition
+};
+
 enum class PropertyType : std::uint8_t { kName, kText, kInteger, kReal };
 
 struct PropertyInfo {
   Property property;
   const char* name;  // for messages and documentation
   PropertyType type;
-  double defaultValue;  // numbers; names and texts default to their documented meaning
-  double least, most;   // inclusive limits of a number; a setter refuses others
+  double defaultValue;         // numbers; names and texts default to their documented meaning
+  double least, most;          // inclusive limits of a number; a setter refuses others
+  Table names = Table::kNone;  // the table of what it refers to; kNone: it is no reference
+  bool copied = true;  // with an entity into a drawing of another format, with a table's record always
 };
 
 const PropertyInfo& propertyInfo(Property property);
+std::span<const PropertyInfo> allProperties();  // in their order
 
 }  // namespace cad

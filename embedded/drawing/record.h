@@ -1,5 +1,5 @@
 #pragma once
-// A record: one object of the drawing as its file holds it.
+// A record: one object of the drawing as its storage holds it.
 
 #include <cstdint>
 
@@ -20,7 +20,7 @@ enum class RecordKind : std::uint8_t {
   kBlockBegin,
   kBlockEnd,
   kEntity,     // a main entity
-  kSubEntity,  // VERTEX, ATTRIB, SEQEND
+  kSubEntity,  // a part of one: a vertex, an attribute, the end of their sequence
   kObject,     // neither drawn nor in a table
 };
 
@@ -38,10 +38,13 @@ enum class Table : std::uint8_t {
   kBlockRecord
 };  // kBlock: the definitions; kBlockRecord: their table entries, in files that have both
 
+// The blocks of the spaces in which people draw.
+inline constexpr wchar_t kModelSpaceName[] = L"*Model_Space", kPaperSpaceName[] = L"*Paper_Space";
+
 struct Record {
-  std::uint64_t offset = 0;    // where the storage has what was read or added
-  std::uint32_t length = 0;    // of it, where it is bytes
-  std::uint32_t edits = 0;     // newest edit, 0 = untouched
+  std::uint64_t offset = 0;    // the storage's own: where it has what was read or added
+  std::uint32_t length = 0;    // and how much, where that has a length
+  std::uint32_t edits = 0;     // the newest change, 0 = untouched
   SignatureId signature = 0;   // entities
   RecordId owner = kNoRecord;  // entity: its block; sub-entity: its main entity
   RecordKind kind = RecordKind::kOther;
@@ -50,10 +53,11 @@ struct Record {
 
   static constexpr std::uint8_t kErased = 1, kAdded = 2, kImplied = 4;
   static constexpr std::uint8_t kLayoutSpace = 8;  // block: model space or a paper space
-  static constexpr std::uint8_t kMarked = 16;      // by the storage, for its own use
-  static constexpr std::uint8_t kStraying = 32;  // what every entity has may stand among its type's own data
+  // The storage's own. A change of a marked record counts as one of an entity (Drawing::entityRevision()).
+  static constexpr std::uint8_t kMarked = 16, kOfStorage = 32;
   bool erased() const { return (flags & kErased) != 0; }
-  bool implied() const { return (flags & (kImplied | kAdded)) == kImplied; }  // has no bytes of its own
+  bool hasTableName() const { return kind == RecordKind::kTableRecord || kind == RecordKind::kBlockBegin; }
+  bool implied() const { return (flags & (kImplied | kAdded)) == kImplied; }  // is nowhere in the file
 };
 
 struct Signature {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -11,14 +12,11 @@
 #include <variant>
 #include <vector>
 
-#include "base/codepage.h"
-#include "base/drawing_version.h"
 #include "base/result.h"
+#include "embedded/drawing/drawing_file.h"
 #include "embedded/drawing/geometry.h"
 #include "embedded/drawing/linetype_pattern.h"
 #include "embedded/drawing/property.h"
-#include "embedded/drawing/record.h"
-#include "embedded/drawing/shapes.h"
 
 namespace base {
 struct DimVariableInfo;
@@ -27,27 +25,14 @@ struct DimVariableInfo;
 namespace cad {
 
 using base::DimVariableInfo;
-using base::Version;
 
+class BlockCopy;
 class Drawing;
-
-struct DrawingFacts {
-  Version version = Version::kR12;
-  std::string versionCode;  // "AC1009"
-  base::CodePage codePage = 1252;
-  std::string codePageName;   // as declared, "ANSI_932"; empty: none declared
-  bool codePageKnown = true;  // false: the declared name is not one that we know; 1252 is used
-  std::wstring form;          // of a format with several: "text", "binary"
-  std::wstring warning;       // what is wrong with the file although it could be read; mostly empty
-
-  // Texts and shapes stand in the patterns of linetypes.
-  bool linetypesHoldSymbols() const { return version >= Version::kR13; }
-};
 
 // A variable's value by the host's own type.
 using Variable = std::variant<std::int64_t, double, std::wstring>;
 
-// A state of a record's bytes: the newest of a chain of immutable edits (Record::edits).
+// A state of a record: the newest of a chain of changes, none of which is altered (Record::edits).
 using EditId = std::uint32_t;
 inline constexpr EditId kNoEdit = 0;  // the record as it was read or added
 
@@ -57,8 +42,8 @@ struct Reference {
   bool operator==(const Reference&) const = default;
 };
 
-// A property's value in a record; names and texts as their stored bytes. A reference to a record of a table
-// is set as such; a storage whose records hold the name instead gives it as bytes. monostate: none.
+// A property's value in a record; names and texts as encodeStored() makes them. A reference to a record of a
+// table is set as such; a storage whose records hold the name instead gives the name. monostate: none.
 using StoredValue = std::variant<std::monostate, std::int64_t, double, std::string, Reference>;
 
 // What a new block begins with.
@@ -74,15 +59,6 @@ struct NewInsert {
   Point at;
   double scale = 1, rotation = 0;  // degrees
   std::span<const std::wstring> attributes{};
-};
-
-// A record to be made.
-struct NewRecord {
-  RecordKind kind = RecordKind::kOther;
-  Table table = Table::kNone;
-  RecordId owner = kNoRecord;    // entity: its block; sub-entity: its main entity
-  std::wstring_view name;        // only the text style of a shape file has none
-  RecordId implied = kNoRecord;  // the drawing's list has it already, without anything in the file
 };
 
 class RecordStorage {
@@ -107,13 +83,17 @@ class RecordStorage {
   // From the state that `record` gives; its names are interned in the drawing.
   virtual Signature readSignature(Drawing& drawing, const Record& record) const = 0;
 
+  // A failure once what the drawing was read from has been written to by others: nothing is to be made of it.
+  virtual base::Status checkUnchanged() const { return {}; }
   // Writes the drawing: `records` without the erased ones. Atomic.
   virtual base::Status save(const std::filesystem::path& target, std::span<const Record> records) const = 0;
 
   // --- New records and variables (the drawing's methods of the same names describe them) -------------
-  // Makes a table record where the format wants it, with a handle where records have one, and gives it to
-  // Drawing::enter(), as it does with everything else that it has to add.
-  virtual base::Result<RecordId> add(Drawing& drawing, const NewRecord& record) = 0;
+  // Makes a table's record where the format wants it, with a handle where records have one, and gives it to
+  // Drawing::enter(), as it does with everything else that it has to add. Only the text style of a shape file
+  // has no name. `implied`: the drawing's list has the record already, without anything in the file.
+  virtual base::Result<RecordId> add(Drawing& drawing, Table table, std::wstring_view name,
+                                     RecordId implied) = 0;
   // The newest record that entered the drawing is taken back: it has no place and nothing to hold any more.
   virtual void takeBack(RecordId record) = 0;
   // The linetype's state with this pattern in place of its own.
@@ -122,10 +102,9 @@ class RecordStorage {
   virtual std::vector<Dash> dashes(const Drawing& drawing, RecordId linetype) const = 0;
   virtual base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name, const BlockHead& head,
                                              std::span<const Shape> shapes) = 0;
-  // Model space of `source` as a block, exact in everything. Absent when `source` is of another format: the
-  // drawing then copies what it knows of it.
-  virtual std::optional<base::Result<RecordId>> copyBlock(Drawing& drawing, std::wstring_view name,
-                                                          const Drawing& source) = 0;
+  // What copies blocks from `source` exact in everything; null when it is of another format. The drawing then
+  // copies what it knows of them.
+  virtual std::unique_ptr<BlockCopy> copierFrom(Drawing& drawing, const Drawing& source) = 0;
   virtual Point basePoint(const Drawing& drawing, RecordId block) const = 0;
   // An entity at the end of a block that is no space, on layer 0, everything else by its layer.
   virtual base::Result<RecordId> addEntity(Drawing& drawing, RecordId block, std::string_view type,

@@ -73,7 +73,7 @@ bool Assembler::close(std::uint64_t end) {
     }
     record_.signature = lastSignature_;
     layerNames_ = reader_.namesLayers();
-    if (reader_.straying()) record_.flags |= Record::kStraying;
+    if (reader_.straying()) record_.flags |= kStraying;
     const bool ownedByModelSpace =
         record_.kind == RecordKind::kEntity && record_.owner == LoadedRecords::kInModelSpace;
     if (ownedByModelSpace && reader_.inPaperSpace(dialect_)) record_.owner = LoadedRecords::kInPaperSpace;
@@ -180,6 +180,7 @@ void Assembler::classifyBlock(std::string_view type) {
   if (type == "BLOCK") {
     block_ = static_cast<RecordId>(loaded_.records.size());
     main_ = kNoRecord;
+    blocks_.push_back(block_);
     record_.kind = RecordKind::kBlockBegin;
     record_.table = Table::kBlock;
   } else if (type == "ENDBLK" && block_ != kNoRecord) {

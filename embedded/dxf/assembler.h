@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "embedded/drawing/drawing.h"
 #include "embedded/dxf/dialect.h"
@@ -24,7 +25,7 @@ class Assembler {
     } else if (code == 2 && !named_) {
       named_ = true;
       name(value);
-    } else if (code == 1003) {
+    } else if (code == kLayerName) {
       layerNames_ = true;
     }
     return true;
@@ -37,6 +38,7 @@ class Assembler {
   bool isWholeWithoutEnd() const;
   const wchar_t* failure() const { return failure_; }  // null: none
   LoadedRecords take() { return std::move(loaded_); }
+  const std::vector<RecordId>& blocks() const { return blocks_; }  // definitions
   const FileFrame& frame() const { return frame_; }
 
  private:
@@ -62,6 +64,7 @@ class Assembler {
   Place place_ = Place::kOutside;
   Table table_ = Table::kNone;  // whose head came last, until it ends
   RecordId block_ = kNoRecord, main_ = kNoRecord;
+  std::vector<RecordId> blocks_;
   bool mainIsInsert_ = false;
   std::string upperType_;
   std::string_view plainType_;  // of the last entity when such entities have no parts: most follow their like

@@ -1,4 +1,8 @@
-#include "embedded/dxf/block_copier.h"
+// Blocks copied from one DXF file into another, group by group.
+
+#include "embedded/drawing/block_copy.h"
+#include "embedded/dxf/block_writer.h"
+#include "embedded/dxf/record_translator.h"
 
 namespace cad::dxf {
 namespace {
@@ -13,7 +17,27 @@ bool hasDimStyle(std::string_view type) {
 
 bool namesBlock(std::string_view type) { return type == "INSERT" || type == "DIMENSION"; }
 
-}  // namespace
+class BlockCopier final : public BlockCopy {
+ public:
+  BlockCopier(Drawing& target, DxfStorage& to, const Drawing& source, const DxfStorage& from);
+
+ protected:
+  base::Status need(RecordId entity) override;
+  base::Result<RecordId> copyEntities(const std::vector<RecordId>& entities, std::wstring_view name,
+                                      const BlockHead& head) override;
+
+ private:
+  base::Status needNames(RecordId record);
+  base::Status checkType(RecordId record) const;
+  base::Status copyEntity(BlockWriter& writer, RecordId entity);
+  void mapHandle(RecordId record);
+  std::optional<Handle> newHandle(RecordId record);
+
+  DxfStorage& to_;
+  const DxfStorage& from_;
+  Replacements replacements_{{}, blockNames_};
+  RecordTranslator translator_;
+};
 
 BlockCopier::BlockCopier(Drawing& target, DxfStorage& to, const Drawing& source, const DxfStorage& from)
     : BlockCopy(target, source), to_(to), from_(from), translator_(from, to, replacements_) {}
@@ -105,6 +129,14 @@ base::Status BlockCopier::copyEntity(BlockWriter& writer, RecordId entity) {
   }
   if (hasDimStyle(source_.typeName(entity))) copyDimVariables(entity, copy);
   return {};
+}
+
+}  // namespace
+
+std::unique_ptr<BlockCopy> DxfStorage::copierFrom(Drawing& drawing, const Drawing& source) {
+  const auto* from = dynamic_cast<const DxfStorage*>(&source.storage());
+  if (from == nullptr) return nullptr;
+  return std::make_unique<BlockCopier>(drawing, *this, source, *from);
 }
 
 }  // namespace cad::dxf

@@ -38,10 +38,12 @@ base::Status BlockWriter::open(std::wstring_view name, const BlockHead& head) {
   return empty(head);
 }
 
-void BlockWriter::resume(RecordId block) {
+base::Status BlockWriter::resume(RecordId block) {
   block_ = block;
   owner_ = ownerHandleOf(drawing_, block);
   before_ = drawing_.endOfBlock(block);
+  if (before_ == kNoRecord) return failure(blockName(drawing_, block), L"The block has no end");
+  return {};
 }
 
 base::Status BlockWriter::openNew(std::wstring_view name, const BlockHead& head) {
@@ -69,8 +71,7 @@ base::Status BlockWriter::openNew(std::wstring_view name, const BlockHead& head)
 }
 
 base::Status BlockWriter::empty(const BlockHead& head) {
-  owner_ = ownerHandleOf(drawing_, block_);
-  before_ = drawing_.endOfBlock(block_);
+  if (const base::Status status = resume(block_); !status.ok()) return status;
   std::int64_t flags = 0;
   {
     const RecordGroups groups(storage_, drawing_.record(block_));
@@ -78,7 +79,6 @@ base::Status BlockWriter::empty(const BlockHead& head) {
   }
   if ((flags & kExternal) != 0)
     return failure(blockName(drawing_, block_), L"The block is an external reference");
-  if (before_ == kNoRecord) return failure(blockName(drawing_, block_), L"The block has no end");
   const std::vector<RecordId> content = drawing_.entitiesOf(block_);
   for (const RecordId id : content) {
     if (drawing_.record(id).erased()) continue;
@@ -116,6 +116,16 @@ base::Result<RecordId> BlockWriter::close() {
   builder.stored(8, "0").subclass("AcDbBlockEnd");
   storage_.insert(drawing_, {RecordKind::kBlockEnd, Table::kNone, before_, block_, builder.take()});
   return block_;
+}
+
+Point DxfStorage::basePoint(const Drawing& drawing, RecordId block) const {
+  if (block == drawing.modelSpace()) return headerPoint(drawing, "INSBASE").value_or(Point{});
+  const RecordGroups groups(*this, drawing.record(block));
+  const auto coordinate = [&](int code) {
+    const Group* group = groups.find(code);
+    return group == nullptr ? 0.0 : realValue(*group, dialect_).value_or(0);
+  };
+  return {coordinate(10), coordinate(20), coordinate(30)};
 }
 
 }  // namespace cad::dxf

@@ -17,8 +17,8 @@ class BlockWriter {
   // Refused: a layout space, an external reference. What was done before a failure is for the caller's
   // change scope to take back.
   base::Status open(std::wstring_view name, const BlockHead& head);
-  // Goes on behind what a block has.
-  void resume(RecordId block);
+  // Goes on behind what a block has. Refused: a block without end.
+  base::Status resume(RecordId block);
   // Groups 0, 5, 330 and the first subclass of an entity of the block.
   RecordBuilder begin(std::string_view type, std::optional<Handle> handle) const;
   RecordBuilder beginSub(std::string_view type, std::optional<Handle> handle,

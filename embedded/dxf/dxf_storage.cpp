@@ -11,7 +11,7 @@
 
 namespace cad::dxf {
 
-DxfStorage::DxfStorage(std::unique_ptr<SourceBytes> source, const Dialect& dialect, DrawingFacts facts,
+DxfStorage::DxfStorage(std::shared_ptr<const SourceBytes> source, const Dialect& dialect, DrawingFacts facts,
                        const FileFrame& frame)
     : source_(std::move(source)),
       file_(source_->view()),

@@ -10,7 +10,6 @@
 #include <utility>
 #include <vector>
 
-#include "embedded/drawing/source_bytes.h"
 #include "embedded/drawing/storage.h"
 #include "embedded/dxf/dialect.h"
 #include "embedded/dxf/edit_store.h"
@@ -33,12 +32,12 @@ struct PlacedRecord {
   RecordId before = kNoRecord;
   RecordId owner = kNoRecord;
   std::string bytes{};
-  RecordId implied = kNoRecord;  // see NewRecord
+  RecordId implied = kNoRecord;  // see RecordStorage::add()
 };
 
 class DxfStorage final : public RecordStorage {
  public:
-  DxfStorage(std::unique_ptr<SourceBytes> source, const Dialect& dialect, DrawingFacts facts,
+  DxfStorage(std::shared_ptr<const SourceBytes> source, const Dialect& dialect, DrawingFacts facts,
              const FileFrame& frame);
 
   // --- Bytes ------------------------------------------------------------------------------------------
@@ -64,19 +63,20 @@ class DxfStorage final : public RecordStorage {
   base::Status renameLayer(Drawing& drawing, RecordId layer,
                            std::wstring_view newName) override;  // in layer_renaming.cpp
   Signature readSignature(Drawing& drawing, const Record& record) const override;
+  base::Status checkUnchanged() const override { return source_->checkUnchanged(); }
   base::Status save(const std::filesystem::path& target, std::span<const Record> records) const override;
 
-  // In new_records.cpp, linetype_groups.cpp, block_building.cpp, geometry_writer.cpp, dim_groups.cpp and
-  // header_groups.cpp.
-  base::Result<RecordId> add(Drawing& drawing, const NewRecord& record) override;
+  // In new_records.cpp, linetype_groups.cpp, block_copier.cpp, geometry_writer.cpp, insert_writer.cpp,
+  // dim_groups.cpp and header_variables.cpp.
+  base::Result<RecordId> add(Drawing& drawing, Table table, std::wstring_view name,
+                             RecordId implied) override;
   void takeBack(RecordId record) override;
   base::Result<EditId> setDashes(const Drawing& drawing, const Record& linetype,
                                  std::span<const Dash> dashes) override;
   std::vector<Dash> dashes(const Drawing& drawing, RecordId linetype) const override;
   base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name, const BlockHead& head,
                                      std::span<const Shape> shapes) override;
-  std::optional<base::Result<RecordId>> copyBlock(Drawing& drawing, std::wstring_view name,
-                                                  const Drawing& source) override;
+  std::unique_ptr<BlockCopy> copierFrom(Drawing& drawing, const Drawing& source) override;
   Point basePoint(const Drawing& drawing, RecordId block) const override;
   base::Result<RecordId> addEntity(Drawing& drawing, RecordId block, std::string_view type,
                                    const Geometry& geometry) override;
@@ -110,6 +110,7 @@ class DxfStorage final : public RecordStorage {
 
  private:
   std::string_view original(const Record& record) const;
+  bool namesLayers(std::string_view bytes) const;  // in extended data
   EditId setGeneric(const Record& record, const PropertyPlace& place, const StoredValue& value);
   EditId changeValue(const Record& record, const PropertyPlace& place, const Located& located,
                      const StoredValue& value);
@@ -121,11 +122,13 @@ class DxfStorage final : public RecordStorage {
   // The header's state with the next free handle raised to `seed`; and that handle, 0 without one.
   EditId raiseHandleSeed(const Record& header, Handle seed);
   Handle handleSeed(const Record& header) const;
+  // A variable that is a point ("INSBASE"); absent when the header does not have it.
+  std::optional<Point> headerPoint(const Drawing& drawing, std::string_view name) const;
   // What frames a section (SECTION, ENDSEC) or a table (TABLE, ENDTAB).
   std::string sectionBytes(Section section, bool end) const;
   std::string tableBytes(Table table, std::optional<Handle> handle, bool end) const;
 
-  std::unique_ptr<SourceBytes> source_;
+  std::shared_ptr<const SourceBytes> source_;
   std::string_view file_;  // its bytes
   Dialect dialect_;
   DrawingFacts facts_;
@@ -139,6 +142,7 @@ class DxfStorage final : public RecordStorage {
   std::unordered_map<std::wstring, std::vector<RecordId>> layerUses_;
   std::optional<std::uint64_t> layerUsesAt_;
   Handle nextHandle_ = 0;                          // 0: not yet known
+  bool withoutHandles_ = false;                    // an old file that has none
   std::optional<std::pair<EditId, Handle>> seed_;  // the header's next free handle in one of its states
   mutable std::set<std::string, std::less<>> upperTypes_;  // of types that the file has in lower case
 };

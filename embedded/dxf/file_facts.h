@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "embedded/drawing/storage.h"
+#include "embedded/drawing/drawing_file.h"
 #include "embedded/dxf/dialect.h"
 
 namespace cad::dxf {

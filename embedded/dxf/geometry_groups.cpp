@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "embedded/dxf/region_cursor.h"
+#include "embedded/dxf/record_regions.h"
 
 namespace cad::dxf {
 namespace {

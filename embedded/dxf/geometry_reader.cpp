@@ -10,6 +10,8 @@
 namespace cad::dxf {
 namespace {
 
+constexpr int kThickness = 39;
+
 using Side = TextGeometry::Side;
 using Level = TextGeometry::Level;
 
@@ -122,6 +124,7 @@ Geometry readText(const Source& from) {
     shape.hidden = (flags & 1) != 0;
     shape.constant = (flags & 2) != 0;
     shape.definition = type == "ATTDEF";
+    if (shape.definition) shape.prompt = groups.text(3);
     if (shape.definition && !shape.constant) shape.contents = groups.text(2);
   }
   return {std::move(shape), groups.normal()};
@@ -143,7 +146,8 @@ Geometry readMText(const Source& from) {
   shape.level = kLevels[attachment / 3];
   shape.side = kSides[attachment % 3];
   // The point is a world point, the rotation is about the normal; only the mirrored plan view differs.
-  return {std::move(shape)};
+  const Point normal = groups.normal();
+  return {.shape = std::move(shape), .partial = normal.x != 0 || normal.y != 0 || normal.z <= 0};
 }
 
 RecordId blockOf(const Source& from) {
@@ -214,8 +218,10 @@ Geometry DxfStorage::readGeometry(const Drawing& drawing, RecordId entity) const
   const auto* reader = std::ranges::find(kReaders, type, &TypeReader::type);
   if (reader == std::end(kReaders)) return {};
   const GeometryGroups groups(*this, drawing.record(entity));
-  if (groups.invisible()) return {};
-  return reader->read({drawing, *this, entity, groups});
+  Geometry geometry = reader->read({drawing, *this, entity, groups});
+  geometry.invisible = groups.invisible();
+  geometry.partial = geometry.partial || groups.real(kThickness) != 0;
+  return geometry;
 }
 
 }  // namespace cad::dxf

@@ -1,4 +1,5 @@
-// Entities made from their geometry alone, as it comes from a drawing of another format.
+// Entities of blocks made from geometry: shapes of the host itself, and what comes from a drawing of another
+// format.
 
 #include "embedded/drawing/block_copy.h"
 #include "embedded/dxf/block_writer.h"
@@ -10,6 +11,91 @@ namespace {
 using Side = TextGeometry::Side;
 using Level = TextGeometry::Level;
 
+// Plain shapes. They take colour, linetype and lineweight from the reference.
+class ShapeWriter {
+ public:
+  ShapeWriter(Drawing& drawing, BlockWriter& block) : drawing_(drawing), block_(block) {}
+
+  void operator()(const LineShape& line) {
+    RecordBuilder builder = begin("LINE");
+    builder.subclass("AcDbLine").point(10, line.from).point(11, line.to);
+    block_.addEntity(builder);
+  }
+
+  void operator()(const CircleShape& circle) {
+    RecordBuilder builder = begin("CIRCLE");
+    builder.subclass("AcDbCircle").point(10, circle.centre).real(40, circle.radius);
+    block_.addEntity(builder);
+  }
+
+  void operator()(const ArcShape& arc) {
+    RecordBuilder builder = begin("ARC");
+    builder.subclass("AcDbCircle").point(10, arc.centre).real(40, arc.radius);
+    builder.subclass("AcDbArc").real(50, arc.start).real(51, arc.end);
+    block_.addEntity(builder);
+  }
+
+  void operator()(const SolidShape& solid) {
+    RecordBuilder builder = begin("SOLID");
+    builder.subclass("AcDbTrace").point(10, solid.a).point(11, solid.b).point(12, solid.c).point(13, solid.d);
+    block_.addEntity(builder);
+  }
+
+  void operator()(const PolylineShape& polyline) {
+    if (drawing_.facts().version >= Version::kR14)
+      writeLight(polyline);
+    else
+      writeWithVertices(polyline);
+  }
+
+ private:
+  RecordBuilder begin(std::string_view type) {
+    RecordBuilder builder = block_.begin(type, block_.takeHandle());
+    addCommon(builder);
+    return builder;
+  }
+
+  static void addCommon(RecordBuilder& builder) {
+    builder.stored(8, "0").stored(6, builder.since(Version::kR2000) ? "ByBlock" : "BYBLOCK").integer(62, 0);
+    if (builder.since(Version::kR2000)) builder.integer(370, -2);
+  }
+
+  void writeLight(const PolylineShape& polyline) {
+    RecordBuilder builder = begin("LWPOLYLINE");
+    builder.subclass("AcDbPolyline").integer(90, static_cast<std::int64_t>(polyline.vertices.size()));
+    builder.integer(70, polyline.closed ? 1 : 0).real(43, polyline.width);
+    for (const PolylineShape::Vertex& vertex : polyline.vertices) {
+      builder.real(10, vertex.x).real(20, vertex.y);
+      if (vertex.bulge != 0) builder.real(42, vertex.bulge);
+    }
+    block_.addEntity(builder);
+  }
+
+  void writeWithVertices(const PolylineShape& polyline) {
+    const std::optional<Handle> handle = block_.takeHandle();
+    RecordBuilder builder = block_.begin("POLYLINE", handle);
+    addCommon(builder);
+    builder.subclass("AcDb2dPolyline").integer(66, 1).point(10, {});
+    builder.integer(70, polyline.closed ? 1 : 0).real(40, polyline.width).real(41, polyline.width);
+    const RecordId main = block_.addEntity(builder);
+    for (const PolylineShape::Vertex& vertex : polyline.vertices) {
+      RecordBuilder sub = block_.beginSub("VERTEX", block_.takeHandle(), handle);
+      addCommon(sub);
+      sub.subclass("AcDbVertex").subclass("AcDb2dVertex").point(10, {vertex.x, vertex.y, 0});
+      sub.real(40, polyline.width).real(41, polyline.width);
+      if (vertex.bulge != 0) sub.real(42, vertex.bulge);
+      block_.addSub(main, sub);
+    }
+    RecordBuilder end = block_.beginSub("SEQEND", block_.takeHandle(), handle);
+    end.stored(8, "0");
+    block_.addSub(main, end);
+  }
+
+  Drawing& drawing_;
+  BlockWriter& block_;
+};
+
+// What is drawn of an entity; false: its type consists of something else.
 class GeometryWriter {
  public:
   GeometryWriter(Drawing& drawing, RecordBuilder& builder, std::string_view type, const Point& normal)
@@ -56,7 +142,9 @@ class GeometryWriter {
   bool operator()(const SplineGeometry& spline) {
     if (type_ != "SPLINE") return false;
     const auto count = [](const auto& list) { return static_cast<std::int64_t>(list.size()); };
-    builder_.subclass("AcDbSpline").integer(70, spline.closed ? 1 : 0).integer(71, spline.degree);
+    constexpr int kClosed = 1, kRational = 4;
+    const int flags = (spline.closed ? kClosed : 0) | (spline.weights.empty() ? 0 : kRational);
+    builder_.subclass("AcDbSpline").integer(70, flags).integer(71, spline.degree);
     builder_.integer(72, count(spline.knots))
         .integer(73, count(spline.control))
         .integer(74, count(spline.fit));
@@ -114,7 +202,7 @@ class GeometryWriter {
     if (aligned) builder_.point(11, between ? text.second : text.at);
     addNormal();
     if (type_ == "ATTDEF") {
-      builder_.subclass("AcDbAttributeDefinition").stored(3, {}).text(2, text.contents).integer(70, 0);
+      builder_.subclass("AcDbAttributeDefinition").text(3, text.prompt).text(2, text.contents).integer(70, 0);
       builder_.integer(74, static_cast<int>(text.level));
     } else {
       builder_.subclass("AcDbText").integer(73, static_cast<int>(text.level));
@@ -130,18 +218,32 @@ class GeometryWriter {
 
 }  // namespace
 
+base::Result<RecordId> DxfStorage::defineBlock(Drawing& drawing, std::wstring_view name,
+                                               const BlockHead& head, std::span<const Shape> shapes) {
+  Drawing::ChangeScope scope(drawing);
+  BlockWriter block(drawing, *this);
+  if (const base::Status status = block.open(name, head); !status.ok()) {
+    scope.rollBack();
+    return status.failure();
+  }
+  for (const Shape& shape : shapes) std::visit(ShapeWriter(drawing, block), shape);
+  return block.close();
+}
+
 base::Result<RecordId> DxfStorage::addEntity(Drawing& drawing, RecordId block, std::string_view type,
                                              const Geometry& geometry) {
   const std::optional<Version> first = firstVersionOf(type);
+  if (first && *first > facts_.version)
+    return refusedType(type, L"The drawing's version cannot hold entities of this type");
+  Drawing::ChangeScope scope(drawing);
   BlockWriter writer(drawing, *this);
-  writer.resume(block);
+  if (const base::Status status = writer.resume(block); !status.ok()) return status.failure();
   RecordBuilder builder = writer.begin(type, writer.takeHandle());
   builder.stored(8, "0");
-  if (!first || !std::visit(GeometryWriter(drawing, builder, type, geometry.normal), geometry.shape))
-    return refusedType(type, L"Entities of this type are not copied between drawings of these formats");
-  if (*first > facts_.version)
-    return refusedType(type, L"The drawing's version cannot hold entities of this type");
-  return writer.addEntity(builder);
+  if (first && std::visit(GeometryWriter(drawing, builder, type, geometry.normal), geometry.shape))
+    return writer.addEntity(builder);
+  scope.rollBack();
+  return refusedType(type, L"Entities of this type are not copied between drawings of these formats");
 }
 
 }  // namespace cad::dxf

@@ -24,6 +24,7 @@ struct Group {
 };
 
 inline constexpr int kComment = 999;
+inline constexpr int kLayerName = 1003;  // in extended data
 
 // Passes over comments, which may stand between any two groups and are no part of what is written.
 class GroupCursor {

@@ -16,7 +16,8 @@ std::vector<std::wstring> DxfStorage::layersInExtendedData(const Record& record)
   std::vector<std::wstring> layers;
   GroupCursor cursor(bytes(record, scratch), dialect_);
   while (cursor.next()) {
-    if (cursor.group().code == 1003) layers.push_back(base::upper(decode(trimmed(cursor.group().value))));
+    if (cursor.group().code == kLayerName)
+      layers.push_back(base::upper(decode(trimmed(cursor.group().value))));
   }
   std::ranges::sort(layers);
   layers.erase(std::unique(layers.begin(), layers.end()), layers.end());
@@ -31,7 +32,7 @@ EditId DxfStorage::renamedInExtendedData(const Record& record, const std::wstrin
   GroupCursor cursor(stored, dialect_);
   while (cursor.next()) {
     const Group& group = cursor.group();
-    if (group.code != 1003 || group.value == to) continue;
+    if (group.code != kLayerName || group.value == to) continue;
     if (base::upper(decode(trimmed(group.value))) == from) found.push_back(group);
   }
   if (found.empty()) return record.edits;

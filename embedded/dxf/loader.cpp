@@ -87,9 +87,29 @@ std::wstring placeText(std::string_view bytes, std::size_t at, const Dialect& di
   return L"line " + std::to_wstring(lines + 1);
 }
 
+// Older files spell the layouts' blocks "$MODEL_SPACE" and "$PAPER_SPACE".
+bool isSpaceName(const std::wstring& folded, std::wstring_view space) {
+  return !folded.empty() && (folded[0] == L'*' || folded[0] == L'$') &&
+         folded.compare(1, space.size(), space) == 0;
+}
+
+void noteSpace(const DxfStorage& storage, RecordId block, LoadedRecords& loaded) {
+  constexpr std::wstring_view kModel = L"MODEL_SPACE", kPaper = L"PAPER_SPACE";
+  Record& record = loaded.records[block];
+  const StoredValue name = storage.property(record, Property::kName);
+  if (!std::holds_alternative<std::string>(name)) return;
+  const std::wstring& folded = loaded.names.folded(loaded.names.intern(std::get<std::string>(name)));
+  const bool model = isSpaceName(folded, kModel), paper = isSpaceName(folded, kPaper);
+  if (model || paper) record.flags |= Record::kLayoutSpace;
+  if (model && loaded.modelSpace == kNoRecord) loaded.modelSpace = block;
+  // "*Paper_Space" is the active layout; others have a number behind.
+  if (paper && folded.size() == kPaper.size() + 1 && loaded.paperSpace == kNoRecord)
+    loaded.paperSpace = block;
+}
+
 }  // namespace
 
-base::Result<std::unique_ptr<Drawing>> read(std::unique_ptr<SourceBytes>& source) {
+base::Result<std::unique_ptr<Drawing>> read(std::shared_ptr<const SourceBytes> source) {
   const std::string_view bytes = source->view();
   const bool mark = bytes.starts_with(kByteOrderMark);
   const std::size_t start = prefixLength(bytes);
@@ -110,17 +130,15 @@ base::Result<std::unique_ptr<Drawing>> read(std::unique_ptr<SourceBytes>& source
   if (header != kNoRecord)
     headerBytes = bytes.substr(loaded.records[header].offset, loaded.records[header].length);
   DrawingFacts facts = readFacts(headerBytes, dialect, mark);
-  if (lacksEnd) {
-    facts.warning = L"The file has no EOF; its last section is whole, so it was read as it stands";
-  }
+  facts.lacksEnd = lacksEnd;
   loaded.names.setCodePage(facts.codePage);
   auto storage = std::make_unique<DxfStorage>(std::move(source), dialect, facts, assembler.frame());
+  for (const RecordId block : assembler.blocks()) noteSpace(*storage, block, loaded);
   return std::make_unique<Drawing>(std::move(storage), std::move(loaded));
 }
 
 base::Result<std::unique_ptr<Drawing>> loadBytes(std::string bytes) {
-  auto source = std::make_unique<SourceBytes>(std::move(bytes));
-  return read(source);
+  return read(std::make_shared<const SourceBytes>(std::move(bytes)));
 }
 
 }  // namespace cad::dxf

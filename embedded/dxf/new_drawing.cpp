@@ -78,12 +78,18 @@ class Template {
     layersAndStyles();
     namesAndDimensions();
     table("BLOCK_RECORD", kBlockRecords, 2);
-    entry("BLOCK_RECORD", kModel, kBlockRecords, "AcDbBlockTableRecord", "*Model_Space");
-    out_.handle(340, 0);
-    entry("BLOCK_RECORD", kPaper, kBlockRecords, "AcDbBlockTableRecord", "*Paper_Space");
-    out_.handle(340, 0);
+    blockRecord(kModel, "*Model_Space");
+    blockRecord(kPaper, "*Paper_Space");
     end("ENDTAB");
     end("ENDSEC");
+  }
+  void blockRecord(Handle handle, std::string_view name) {
+    entry("BLOCK_RECORD", handle, kBlockRecords, "AcDbBlockTableRecord", name);
+    out_.handle(340, 0);
+    if (version_ < Version::kR2007) return;
+    out_.integer(70, 0);   // units
+    out_.integer(280, 1);  // may be exploded
+    out_.integer(281, 0);  // may be scaled unevenly
   }
   void viewports() {
     table("VPORT", kViewports, 0);

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "embedded/drawing/dim_variables.h"
-#include "embedded/drawing/record_names.h"
+#include "embedded/drawing/names.h"
 #include "embedded/dxf/group_writer.h"
 #include "embedded/dxf/record_builder.h"
 #include "embedded/dxf/record_tools.h"
@@ -111,8 +111,8 @@ void addOwnGroups(const Drawing& drawing, Table table, RecordBuilder& builder) {
 
 }  // namespace
 
-base::Result<RecordId> DxfStorage::add(Drawing& drawing, const NewRecord& record) {
-  const auto& [kind, table, owner, name, implied] = record;
+base::Result<RecordId> DxfStorage::add(Drawing& drawing, Table table, std::wstring_view name,
+                                       RecordId implied) {
   const TableForm* form = formOf(table);
   if (form == nullptr || (table == Table::kBlockRecord && facts_.version < Version::kR13))
     return failure(name, L"Records of this table are not made");
@@ -139,7 +139,8 @@ base::Result<RecordId> DxfStorage::add(Drawing& drawing, const NewRecord& record
     drawing.setEdits(head,
                      withValue(headRecord, *count, integerBytes(dialect_, 70, members + 1, count->value)));
   }
-  return insert(drawing, {kind, table, before.value(), kNoRecord, builder.take(), implied});
+  return insert(drawing,
+                {RecordKind::kTableRecord, table, before.value(), kNoRecord, builder.take(), implied});
 }
 
 }  // namespace cad::dxf

@@ -1,10 +1,12 @@
-// Where new records go, and the handles they get.
+// Where new records go, the handles they get, and what frames them in files that lack it.
 
 #include <algorithm>
+#include <cassert>
 #include <utility>
 
 #include "embedded/drawing/drawing.h"
 #include "embedded/dxf/dxf_storage.h"
+#include "embedded/dxf/group_writer.h"
 
 namespace cad::dxf {
 namespace {
@@ -17,23 +19,39 @@ constexpr Handle kSeedStep = 64;
 // Nothing counts up to larger ones in earnest; behind them the numbers would begin anew.
 constexpr Handle kLargestHandle = Handle{1} << 62;
 
+bool isEntity(RecordKind kind) { return kind == RecordKind::kEntity || kind == RecordKind::kSubEntity; }
+
 Handle usable(Handle seed) { return seed > kLargestHandle ? 0 : seed; }
+
+constexpr std::string_view kSectionNames[] = {"HEADER", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS"};
+constexpr std::string_view kTableNames[] = {"",      "LAYER", "LTYPE", "STYLE", "DIMSTYLE",    "BLOCK",
+                                            "APPID", "VIEW",  "UCS",   "VPORT", "BLOCK_RECORD"};
 
 }  // namespace
 
 RecordId DxfStorage::insert(Drawing& drawing, PlacedRecord placed) {
+  assert(placed.before != kNoRecord);
   Record record;
   record.kind = placed.kind;
   record.table = placed.table;
   record.owner = placed.owner;
   record.length = static_cast<std::uint32_t>(placed.bytes.size());
+  if (isEntity(placed.kind) && namesLayers(placed.bytes)) record.flags |= Record::kMarked;
   record.offset = edits_.keepRecord(std::move(placed.bytes));
   const RecordId id = drawing.enter(record, placed.implied);
   added_.push_back({id, placed.before});
   return id;
 }
 
+bool DxfStorage::namesLayers(std::string_view bytes) const {
+  GroupCursor cursor(bytes, dialect_);
+  while (cursor.next())
+    if (cursor.group().code == kLayerName) return true;
+  return false;
+}
+
 void DxfStorage::takeBack(RecordId record) {
+  assert(added_.back().record == record);
   added_.pop_back();
   for (auto* slots : {&frame_.sectionBegin, &frame_.sectionEnd}) {
     std::ranges::replace(*slots, record, kNoRecord);
@@ -42,6 +60,7 @@ void DxfStorage::takeBack(RecordId record) {
 }
 
 std::optional<Handle> DxfStorage::takeHandle(Drawing& drawing) {
+  if (withoutHandles_) return std::nullopt;
   const RecordId header = headerRecord();
   if (nextHandle_ == 0) {
     nextHandle_ = header == kNoRecord ? 0 : handleSeed(drawing.record(header));
@@ -53,7 +72,8 @@ std::optional<Handle> DxfStorage::takeHandle(Drawing& drawing) {
       any = true;
       nextHandle_ = std::max(nextHandle_, *own + 1);
     }
-    if (!any && facts_.version == Version::kR12) return std::nullopt;
+    withoutHandles_ = !any && facts_.version == Version::kR12;
+    if (withoutHandles_) return std::nullopt;
     nextHandle_ = std::max<Handle>(nextHandle_, 0x100);
   }
   const Handle taken = nextHandle_++;
@@ -65,6 +85,26 @@ std::optional<Handle> DxfStorage::takeHandle(Drawing& drawing) {
     seed_.reset();
   }
   return taken;
+}
+
+std::string DxfStorage::sectionBytes(Section section, bool end) const {
+  GroupWriter writer(dialect_);
+  writer.text(0, end ? "ENDSEC" : "SECTION");
+  if (!end) writer.text(2, kSectionNames[static_cast<std::size_t>(section)]);
+  return writer.take();
+}
+
+std::string DxfStorage::tableBytes(Table table, std::optional<Handle> handle, bool end) const {
+  GroupWriter writer(dialect_);
+  writer.text(0, end ? "ENDTAB" : "TABLE");
+  if (end) return writer.take();
+  writer.text(2, kTableNames[static_cast<std::size_t>(table)]);
+  if (handle) writer.handle(5, *handle);
+  if (facts_.version >= Version::kR2000) writer.handle(330, 0);
+  if (facts_.version >= Version::kR13) writer.text(100, "AcDbSymbolTable");
+  writer.integer(70, 0);
+  if (table == Table::kDimStyle && facts_.version >= Version::kR2000) writer.text(100, "AcDbDimStyleTable");
+  return writer.take();
 }
 
 base::Result<RecordId> DxfStorage::endOfSection(Drawing& drawing, Section section) {

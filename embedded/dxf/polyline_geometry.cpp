@@ -101,13 +101,15 @@ Geometry readLightPolyline(const GeometryGroups& groups) {
   PolylineGeometry shape;
   shape.closed = (groups.integer(70) & kClosed) != 0;
   const double elevation = groups.real(38);
+  bool wide = false;
   for (const Group& group : groups.all()) {
+    if (group.code == 40 || group.code == 41 || group.code == 43) wide = wide || groups.value(group) != 0;
     if (group.code == 10) shape.vertices.push_back({{groups.value(group), 0, elevation}, 0});
     if (shape.vertices.empty()) continue;
     if (group.code == 20) shape.vertices.back().at.y = groups.value(group);
     if (group.code == 42) shape.vertices.back().bulge = groups.value(group);
   }
-  return {std::move(shape), groups.normal()};
+  return {.shape = std::move(shape), .normal = groups.normal(), .partial = wide};
 }
 
 Geometry readFace(const GeometryGroups& groups) {

@@ -79,7 +79,7 @@ bool hasLineBreak(const StoredValue& value) {
 }
 
 // Records that were added have not been looked through.
-bool isStraying(const Record& record) { return (record.flags & (Record::kAdded | Record::kStraying)) != 0; }
+bool isStraying(const Record& record) { return (record.flags & (Record::kAdded | kStraying)) != 0; }
 
 std::wstring ascii(std::string_view text) { return std::wstring(text.begin(), text.end()); }
 
@@ -106,7 +106,7 @@ base::Result<EditId> DxfStorage::setProperty(Drawing& drawing, const Record& rec
                                              const StoredValue& value) {
   if (const auto* reference = std::get_if<Reference>(&value))
     return changed(record, property,
-                   std::string(drawing.names().stored(drawing.recordName(reference->record))));
+                   std::string(drawing.names().stored(drawing.name(reference->record, Property::kName))));
   base::Result<EditId> state = changed(record, property, value);
   if (!state || state.value() == record.edits) return state;
   const bool transparent = property == Property::kTransparency && record.kind == RecordKind::kTableRecord;

@@ -4,8 +4,7 @@
 #include <string_view>
 
 #include "embedded/drawing/storage.h"
-#include "embedded/dxf/located.h"
-#include "embedded/dxf/region_cursor.h"
+#include "embedded/dxf/record_regions.h"
 
 namespace cad::dxf {
 

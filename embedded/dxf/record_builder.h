@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "embedded/drawing/geometry.h"
 #include "embedded/drawing/record.h"
-#include "embedded/drawing/shapes.h"
 #include "embedded/dxf/dxf_storage.h"
 #include "embedded/dxf/group_cursor.h"
 

@@ -25,10 +25,6 @@ std::uint32_t RecordGroups::plainEnd() const {
   return count == 0 ? 0 : groups_[count - 1].end;
 }
 
-const DxfStorage* dxfStorage(const Drawing& drawing) {
-  return dynamic_cast<const DxfStorage*>(&drawing.storage());
-}
-
 bool writesOwners(const Drawing& drawing, const DxfStorage& storage) {
   const Version version = storage.facts().version;
   if (version >= Version::kR2000) return true;

@@ -33,9 +33,6 @@ class RecordGroups {
   std::vector<Group> groups_;
 };
 
-// Null for a drawing of another format.
-const DxfStorage* dxfStorage(const Drawing& drawing);
-
 // Owners by handle (330) stand in files from 2000 on; older ones have them when they were written by newer
 // programs.
 bool writesOwners(const Drawing& drawing, const DxfStorage& storage);

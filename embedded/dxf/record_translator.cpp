@@ -3,9 +3,8 @@
 #include <algorithm>
 
 #include "base/fold.h"
-#include "embedded/dxf/common_groups.h"
 #include "embedded/dxf/dim_overrides.h"
-#include "embedded/dxf/subclasses.h"
+#include "embedded/dxf/record_regions.h"
 
 namespace cad::dxf {
 namespace {
@@ -61,6 +60,76 @@ constexpr GroupVersion kGroups[] = {
 bool isDropped(int code) {
   constexpr int kCodes[] = {67, 92, 160, 284, 310, 347, 348, 390, 410};
   return std::find(std::begin(kCodes), std::end(kCodes), code) != std::end(kCodes);
+}
+
+// --- Which subclass marker each group of a plain entity stands under, for records of files that have none
+// ---
+
+struct SubclassPart {
+  std::string_view marker;
+  std::vector<int> codes;  // of its groups; empty: all that no other part names
+};
+
+using Parts = std::vector<SubclassPart>;
+
+struct PlainType {
+  std::string_view type, marker;
+};
+
+constexpr PlainType kPlainTypes[] = {
+    {"LINE", "AcDbLine"},   {"POINT", "AcDbPoint"}, {"CIRCLE", "AcDbCircle"},        {"SOLID", "AcDbTrace"},
+    {"TRACE", "AcDbTrace"}, {"3DFACE", "AcDbFace"}, {"INSERT", "AcDbBlockReference"}};
+
+Parts polylineParts(std::int64_t flags) {
+  if ((flags & 8) != 0) return {{"AcDb3dPolyline", {}}};
+  if ((flags & 16) != 0) return {{"AcDbPolygonMesh", {}}};
+  if ((flags & 64) != 0) return {{"AcDbPolyFaceMesh", {}}};
+  return {{"AcDb2dPolyline", {}}};
+}
+
+Parts vertexParts(std::int64_t flags) {
+  if ((flags & 128) != 0 && (flags & 64) == 0) return {{"AcDbFaceRecord", {}}};
+  // The first part is empty on purpose: no group has the code 0 here.
+  if ((flags & 128) != 0) return {{"AcDbVertex", {0}}, {"AcDbPolyFaceMeshVertex", {}}};
+  if ((flags & 64) != 0) return {{"AcDbVertex", {0}}, {"AcDbPolygonMeshVertex", {}}};
+  if ((flags & 32) != 0) return {{"AcDbVertex", {0}}, {"AcDb3dPolylineVertex", {}}};
+  return {{"AcDbVertex", {0}}, {"AcDb2dVertex", {}}};
+}
+
+Parts dimensionParts(std::int64_t flags) {
+  const SubclassPart base{"AcDbDimension",
+                          {2, 10, 20, 30, 11, 21, 31, 12, 22, 32, 70, 1, 51, 53, 3, 210, 220, 230}};
+  switch (flags & 7) {
+    case 0:
+      return {
+          base, {"AcDbAlignedDimension", {13, 23, 33, 14, 24, 34, 40, 50, 52}}, {"AcDbRotatedDimension", {}}};
+    case 1:
+      return {base, {"AcDbAlignedDimension", {}}};
+    case 2:
+      return {base, {"AcDb2LineAngularDimension", {}}};
+    case 3:
+      return {base, {"AcDbDiametricDimension", {}}};
+    case 4:
+      return {base, {"AcDbRadialDimension", {}}};
+    case 5:
+      return {base, {"AcDb3PointAngularDimension", {}}};
+    default:
+      return {base, {"AcDbOrdinateDimension", {}}};
+  }
+}
+
+// `flags` is the value of group 70. Empty for SEQEND and for types that have no parts of their own.
+Parts subclassParts(std::string_view type, std::int64_t flags) {
+  for (const PlainType& plain : kPlainTypes)
+    if (plain.type == type) return {{plain.marker, {}}};
+  if (type == "ARC") return {{"AcDbCircle", {39, 10, 20, 30, 40, 210, 220, 230}}, {"AcDbArc", {}}};
+  if (type == "TEXT") return {{"AcDbText", {}}, {"AcDbText", {73}}};
+  if (type == "ATTRIB") return {{"AcDbText", {}}, {"AcDbAttribute", {2, 70, 73, 74}}};
+  if (type == "ATTDEF") return {{"AcDbText", {}}, {"AcDbAttributeDefinition", {3, 2, 70, 73, 74}}};
+  if (type == "POLYLINE") return polylineParts(flags);
+  if (type == "VERTEX") return vertexParts(flags);
+  if (type == "DIMENSION") return dimensionParts(flags);
+  return {};
 }
 
 }  // namespace
@@ -166,7 +235,7 @@ bool RecordTranslator::copyMarked(Walk& walk, RecordBuilder& builder) const {
   std::int64_t flags = 0;
   for (const Group* group : walk.groups)
     if (group->code == 70) flags = integerValue(*group, from_.dialect()).value_or(0);
-  const std::vector<SubclassPart> parts = subclassParts(walk.type, flags);
+  const Parts parts = subclassParts(walk.type, flags);
   const auto partOf = [&](int code) -> const SubclassPart* {
     if (isCommonCode(code)) return nullptr;
     const SubclassPart* rest = nullptr;

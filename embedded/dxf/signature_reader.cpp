@@ -93,7 +93,7 @@ void SignatureReader::take(int code, std::string_view value) {
   }
   if (code >= 1000) {
     inText_ = regular_ = application_ = false;
-    if (code == 1003) namesLayers_ = true;
+    if (code == kLayerName) namesLayers_ = true;
   }
 }
 

@@ -5,9 +5,9 @@
 
 #include "embedded/drawing/names.h"
 #include "embedded/drawing/record.h"
-#include "embedded/dxf/common_groups.h"
 #include "embedded/dxf/dialect.h"
 #include "embedded/dxf/group_cursor.h"
+#include "embedded/dxf/record_regions.h"
 
 namespace cad::dxf {
 

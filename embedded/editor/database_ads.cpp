@@ -7,7 +7,7 @@
 #include "acdbads.h"
 #include "base/files.h"
 #include "base/fold.h"
-#include "embedded/drawing/record_names.h"
+#include "embedded/drawing/names.h"
 #include "embedded/editor/file_search.h"
 #include "embedded/editor/host_state.h"
 #include "embedded/editor/output.h"

@@ -78,8 +78,8 @@ base::Status Documents::open(const std::filesystem::path& path) {
   base::Result<std::unique_ptr<Drawing>> loaded = formats::open(whole);
   if (!loaded) return loaded.failure();
   loaded.value()->setPath(whole);
-  const std::wstring& warning = loaded.value()->facts().warning;
-  if (!warning.empty()) printText(L"\n" + base::Failure{base::pathText(whole), warning}.text());
+  if (const std::wstring warning = formats::warningAbout(*loaded.value()); !warning.empty())
+    printText(L"\n" + base::Failure{base::pathText(whole), warning}.text());
   add(std::move(loaded.value()), L"");
   documents_.back()->setReadOnly(isWriteProtected(whole));
   activate(documents_.back().get());

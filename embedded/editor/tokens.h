@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "adsdef.h"
-#include "embedded/drawing/shapes.h"
+#include "embedded/drawing/geometry.h"
 
 namespace cad {
 

@@ -12,7 +12,6 @@ namespace cad {
 namespace {
 
 constexpr std::int64_t kByBlock = 0, kByLayer = 256;
-constexpr std::int64_t kFrozen = 1;
 
 base::Failure refusal(const SystemVariable& variable, std::wstring_view text) {
   return {base::fromUtf8(variable.name), L"\"" + std::wstring(text) + L"\" cannot be its value."};
@@ -32,7 +31,8 @@ base::Result<Variable> recordForm(const SystemVariable& variable, const std::wst
                                   const Drawing& drawing) {
   const RecordId record = drawing.find(table, text);
   if (record == kNoRecord) return refusal(variable, text);
-  if (table == Table::kLayer && (drawing.integer(record, Property::kStandardFlags).value_or(0) & kFrozen))
+  if (table == Table::kLayer &&
+      (drawing.integer(record, Property::kStandardFlags).value_or(0) & LayerFlag::kFrozen))
     return base::Failure{text, L"A frozen layer cannot be current."};
   return Variable(drawing.text(record, Property::kName).value_or(text));
 }

@@ -193,6 +193,7 @@ std::int16_t colorOf(const Drawing& drawing, RecordId entity, const LayerLook& l
 }
 
 bool isHidden(const Geometry& geometry, bool inBlock) {
+  if (geometry.invisible) return true;
   const auto* text = std::get_if<TextGeometry>(&geometry.shape);
   if (text == nullptr) return false;
   return text->hidden || (inBlock && text->definition && !text->constant);

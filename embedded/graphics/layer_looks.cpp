@@ -22,7 +22,7 @@ LayerLook LayerLooks::lookOf(const Drawing& drawing, RecordId layer) {
   LayerLook look;
   const std::int64_t color = drawing.integer(layer, Property::kLayerColor).value_or(7);
   look.off = color < 0;
-  look.frozen = (drawing.integer(layer, Property::kStandardFlags).value_or(0) & 1) != 0;
+  look.frozen = (drawing.integer(layer, Property::kStandardFlags).value_or(0) & LayerFlag::kFrozen) != 0;
   const std::int64_t index = std::llabs(color);
   if (index >= 1 && index <= 255) look.color = static_cast<std::uint8_t>(index);
   return look;

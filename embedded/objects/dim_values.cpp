@@ -120,7 +120,7 @@ Acad::ErrorStatus setDimId(AcDbObject& object, const DimVariableInfo& info, AcDb
   status = checkedRecord(object, value, tableOf(info.type), record);
   if (status != Acad::eOk) return status;
   const Drawing& drawing = *ObjectAccess::drawing(object);
-  return write(object, info, drawing.names().text(recordName(drawing, record)));
+  return write(object, info, drawing.names().text(drawing.name(record, Property::kName)));
 }
 
 Acad::ErrorStatus setDimName(AcDbObject& object, const DimVariableInfo& info, const ACHAR* name) {

@@ -2,7 +2,7 @@
 
 #include "dbsymtb.h"
 
-#include "embedded/drawing/record_names.h"
+#include "embedded/drawing/names.h"
 #include "embedded/objects/object_access.h"
 #include "embedded/objects/values.h"
 
@@ -158,7 +158,7 @@ Acad::ErrorStatus AcDbSymbolTableRecord::getName(const ACHAR*& name) const {
     if (const cad::DetachedValues* detached = ObjectAccess::detached(*this)) name = detached->name.c_str();
     return Acad::eOk;
   }
-  const NameId id = cad::recordName(*drawing, ObjectAccess::record(*this));
+  const NameId id = drawing->name(ObjectAccess::record(*this), cad::Property::kName);
   if (id == cad::kNoName) return Acad::eInvalidKey;
   name = drawing->names().text(id).c_str();
   return Acad::eOk;
@@ -196,9 +196,8 @@ Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
 }
 
 bool AcDbSymbolTableRecord::isDependent() const {
-  constexpr std::int64_t kDependentFlag = 16;
   const ACHAR* name = nullptr;
   getName(name);
   return std::wstring_view(name).find(L'|') != std::wstring_view::npos ||
-         (cad::readInteger(*this, Property::kStandardFlags) & kDependentFlag) != 0;
+         (cad::readInteger(*this, Property::kStandardFlags) & cad::RecordFlag::kDependent) != 0;
 }

@@ -11,6 +11,7 @@
 #include "embedded/support/font_files.h"
 
 using cad::Drawing;
+using cad::LayerFlag;
 using cad::ObjectAccess;
 using cad::Property;
 using cad::RecordId;
@@ -18,7 +19,6 @@ using cad::Table;
 
 namespace {
 
-constexpr std::int64_t kFrozen = 1, kLocked = 4;
 constexpr std::int64_t kWhite = 7;
 constexpr int kCharsetShift = 8, kItalic = 1 << 24, kBold = 1 << 25;
 
@@ -51,15 +51,17 @@ void AcDbLayerTableRecord::setIsOff(bool off) {
   static_cast<void>(cad::writeInteger(*this, Property::kLayerColor, off ? -index : index));
 }
 
-bool AcDbLayerTableRecord::isFrozen() const { return hasFlag(*this, kFrozen); }
+bool AcDbLayerTableRecord::isFrozen() const { return hasFlag(*this, LayerFlag::kFrozen); }
 
 Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen) {
   if (frozen && !isNewObject() && database()->clayer() == objectId()) return Acad::eInvalidLayer;
-  return setFlag(*this, kFrozen, frozen);
+  return setFlag(*this, LayerFlag::kFrozen, frozen);
 }
 
-bool AcDbLayerTableRecord::isLocked() const { return hasFlag(*this, kLocked); }
-void AcDbLayerTableRecord::setIsLocked(bool locked) { static_cast<void>(setFlag(*this, kLocked, locked)); }
+bool AcDbLayerTableRecord::isLocked() const { return hasFlag(*this, LayerFlag::kLocked); }
+void AcDbLayerTableRecord::setIsLocked(bool locked) {
+  static_cast<void>(setFlag(*this, LayerFlag::kLocked, locked));
+}
 
 bool AcDbLayerTableRecord::isPlottable() const {
   return cad::readInteger(*this, Property::kLayerPlottable) != 0;

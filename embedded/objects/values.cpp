@@ -151,8 +151,6 @@ Acad::ErrorStatus checkedRecord(const AcDbObject& object, AcDbObjectId id, Table
   return stored.erased() ? Acad::eWasErased : Acad::eOk;
 }
 
-NameId recordName(const Drawing& drawing, RecordId record) { return drawing.name(record, Property::kName); }
-
 ACHAR* newText(const std::wstring& text) {
   ACHAR* copy = nullptr;
   acutNewString(text.c_str(), copy);

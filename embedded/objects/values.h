@@ -32,8 +32,6 @@ Acad::ErrorStatus outcome(const Drawing& drawing, RecordId record, Property prop
 // The record that an id names in the object's own drawing: eNullObjectId, eInvalidKey, eWrongDatabase,
 // eWrongObjectType.
 Acad::ErrorStatus checkedRecord(const AcDbObject& object, AcDbObjectId id, Table table, RecordId& record);
-// The spelling that the record itself has.
-NameId recordName(const Drawing& drawing, RecordId record);
 
 ACHAR* newText(const std::wstring& text);  // for acutDelString
 std::int64_t storedTransparency(const AcCmTransparency& transparency);

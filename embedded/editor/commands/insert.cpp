@@ -38,7 +38,8 @@ base::Result<InsertedBlock> findBlock(const Drawing& drawing, const std::wstring
   std::wstring wanted = equals == std::wstring::npos ? typed : typed.substr(equals + 1);
   if (wanted.empty()) wanted = name;
   std::filesystem::path file = findFile(wanted);
-  if (file.empty()) file = findFile(wanted + L".dxf");
+  for (const std::wstring_view extension : formats::extensions())
+    if (file.empty()) file = findFile(wanted + std::wstring(extension));
   if (file.empty()) return base::Failure{wanted, L"There is no block and no file of this name."};
   if (equals == std::wstring::npos) {
     name = base::pathText(file.stem());
@@ -113,12 +114,11 @@ Outcome readAnswers(TokenReader& input, InsertAnswers& answers) {
 // One value for each definition of an attribute that varies; asked for while ATTREQ is on.
 Outcome readAttributes(TokenReader& input, HostState& state, const Drawing& from, RecordId block,
                        std::vector<std::wstring>& values) {
-  constexpr std::int64_t kPreset = 8;
   const bool asks = sessionInteger(L"ATTREQ", state) != 0;
   for (const RecordId definition : from.attributeDefinitionsOf(block)) {
     values.push_back(from.text(definition, Property::kTextString).value_or(std::wstring()));
     const std::int64_t flags = from.integer(definition, Property::kStandardFlags).value_or(0);
-    if (!asks || (flags & kPreset) != 0) continue;
+    if (!asks || (flags & AttributeFlag::kPreset) != 0) continue;
     const std::optional<Token> token = input.nextPath();
     if (!token) return Outcome::kNeedInput;
     if (!token->text.empty()) values.back() = token->text;

@@ -2,7 +2,7 @@
 #include "embedded/editor/commands/builtin.h"
 #include "embedded/editor/host_state.h"
 #include "embedded/editor/output.h"
-#include "embedded/formats/file_kinds.h"
+#include "embedded/formats/drawing_files.h"
 
 namespace cad {
 namespace {
@@ -22,14 +22,14 @@ Outcome refuse(HostState& state, const std::filesystem::path& path, std::wstring
 
 bool isNumber(const Token& token) { return token.number().has_value(); }
 
-// The options of the DXF format before the file's name: the version, the precision, the format once more.
-std::optional<Token> readDxfPath(TokenReader& input) {
+// The options of a format before the file's name: the version, the precision, the format once more.
+std::optional<Token> readPath(TokenReader& input, FileKind kind) {
   while (true) {
     const std::optional<Token> token = input.nextPath();
     if (!token) return std::nullopt;
     if (token->is(L"V") || token->is(L"VERSION")) {
       if (!input.next()) return std::nullopt;  // a drawing keeps its version
-    } else if (!token->text.empty() && !token->is(L"DXF") && !isNumber(*token)) {
+    } else if (!token->text.empty() && formats::kindByWord(token->text) != kind && !isNumber(*token)) {
       return token;
     }
   }
@@ -71,13 +71,11 @@ Outcome runSaveAs(TokenReader& input, HostState& state) {
   const std::optional<Token> first = input.nextPath();
   if (!first) return Outcome::kNeedInput;
   std::optional<Token> path;
-  std::optional<FileKind> kind;
-  if (first->is(L"DXF")) {
-    kind = FileKind::kDxf;
-    path = readDxfPath(input);
-  } else if (first->is(L"T") || first->is(L"TEMPLATE")) {
-    kind = FileKind::kDwt;
+  const std::optional<FileKind> kind = formats::kindByWord(first->text);
+  if (kind == FileKind::kDwt) {
     path = input.nextPath();
+  } else if (kind) {
+    path = readPath(input, *kind);
   } else if (first->text.empty() || isNumber(*first)) {
     path = input.nextPath();
   } else {

@@ -44,6 +44,19 @@ TEST(Drawing, NamesAreComparedIgnoringCase) {
   EXPECT_FALSE(drawing->isModified());
 }
 
+TEST(Drawing, OnlyWhatTheFileWillHoldIsReferredTo) {
+  const auto drawing = read(drawingText("AC1015", "0 LINE|100 AcDbEntity|8 A",
+                                        "0 TABLE|2 STYLE|70 1|0 STYLE|2 |70 1|3 ltypeshp.shx|0 ENDTAB|"
+                                        "0 ENDSEC|0 SECTION|2 BLOCKS|0 BLOCK|8 0|2 B|70 0|0 ENDBLK|8 0"));
+  const RecordId block = drawing->find(Table::kBlock, L"B"), line = entity(*drawing, "LINE");
+  ASSERT_TRUE(drawing->setErased(block, true).ok());
+  const auto made = drawing->addInsert(drawing->modelSpace(), {block, {}});
+  EXPECT_FALSE(made.ok()) << "an erased block";
+  EXPECT_FALSE(
+      drawing->setReference(line, Property::kTextStyle, drawing->shapeFile(L"ltypeshp.shx").value()).ok());
+  EXPECT_FALSE(drawing->setReference(line, Property::kLayer, line).ok());
+}
+
 TEST(Drawing, SavingMakesThePathAndAFailureLeavesIt) {
   const auto drawing = read(drawingText("AC1015", "0 LINE|100 AcDbEntity|8 A"));
   ASSERT_TRUE(drawing->setInteger(entity(*drawing, "LINE"), Property::kColorIndex, 2).ok());

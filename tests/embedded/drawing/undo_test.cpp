@@ -99,5 +99,21 @@ TEST(Undo, AddedRecordsGoAgainAndTheirPlaceWithThem) {
   }
 }
 
+// An application that the typeface needs, a layer that so far only an entity named.
+TEST(Undo, TakesBackWhatASetterMadeElsewhereWithIt) {
+  const auto drawing = read(drawingText("AC1015", "0 LINE|100 AcDbEntity|8 A|0 ARC|100 AcDbEntity|8 B",
+                                        "0 TABLE|2 STYLE|70 1|0 STYLE|2 ROMANS|70 0|3 txt|0 ENDTAB"));
+  const std::string before = saved(*drawing);
+  const RecordId style = drawing->find(Table::kTextStyle, L"ROMANS");
+  for (int i = 0; i < 2; ++i) {
+    ASSERT_TRUE(drawing->setText(style, Property::kTypeface, L"Arial").ok());
+    ASSERT_TRUE(drawing->setText(entity(*drawing, "LINE"), Property::kLayer, L"B").ok());
+    ASSERT_TRUE(drawing->undo());
+    ASSERT_TRUE(drawing->undo());
+    EXPECT_EQ(saved(*drawing), before);
+    EXPECT_FALSE(drawing->undo());
+  }
+}
+
 }  // namespace
 }  // namespace cad

@@ -52,7 +52,7 @@ TEST(Loader, EveryTruncationIsRefusedButTheLossOfTheEnd) {
     const auto loaded = loadBytes(text + tail);
     ASSERT_TRUE(loaded.ok()) << tail;
     Drawing& drawing = *loaded.value();
-    EXPECT_NE(drawing.facts().warning.find(L"no EOF"), std::wstring::npos);
+    EXPECT_TRUE(drawing.facts().lacksEnd);
     EXPECT_EQ(saved(drawing), text + tail) << "the end is not made up";
     // What a change adds stands on lines of its own, before the end that is not there.
     ASSERT_TRUE(storageOf(drawing).endOfSection(drawing, Section::kObjects).ok());
@@ -61,8 +61,8 @@ TEST(Loader, EveryTruncationIsRefusedButTheLossOfTheEnd) {
   for (const char* tail : {"E", "0E", "0\nO", "0\nE\nO", "0\nEO\n8\nA\n", "0\nEOX", "\n8\nA\n"}) {
     EXPECT_FALSE(loadBytes(whole + tail).ok()) << tail;
   }
-  EXPECT_TRUE(read(good + "\n\x1A")->facts().warning.empty());
-  EXPECT_TRUE(read(good)->facts().warning.empty());
+  EXPECT_FALSE(read(good + "\n\x1A")->facts().lacksEnd);
+  EXPECT_FALSE(read(good)->facts().lacksEnd);
 }
 
 TEST(Loader, SectionsAndTablesAreNamedInAnyCase) {
@@ -158,17 +158,6 @@ TEST(Loader, OfEqualHandlesTheFirstCounts) {
   EXPECT_EQ(drawing->findHandle(0xA1), entity(*drawing, "LINE"));
   EXPECT_EQ(drawing->findHandle(0xB), entity(*drawing, "TEXT"));
   EXPECT_EQ(drawing->findHandle(9), kNoRecord);
-}
-
-TEST(Loader, ANewDrawingIsWhole) {
-  const auto drawing = newDrawing(Version::kR2004);
-  EXPECT_EQ(drawing->facts().versionCode, "AC1018");
-  EXPECT_EQ(drawing->facts().codePage, 932);
-  EXPECT_TRUE(drawing->entitiesOf(drawing->modelSpace()).empty());
-  EXPECT_EQ(drawing->tableRecords(Table::kLayer).size(), 1u);
-  EXPECT_EQ(drawing->tableRecords(Table::kBlockRecord).size(), 2u);
-  auto again = loadBytes(saved(*drawing));
-  EXPECT_TRUE(again.ok());
 }
 
 }  // namespace

@@ -132,4 +132,18 @@ TEST_F(Insert, RefusesWhatIsNoDrawing) {
   EXPECT_FALSE(drawing().isModified());
 }
 
+#if !defined(_WIN32)  // where a file can be cut off that somebody reads
+
+TEST_F(Insert, ATypedFileThatIsCutOffMeanwhileIsRefused) {
+  const std::filesystem::path file = make("CUT.dxf", blockFile(false));
+  const std::size_t before = drawing().entitiesOf(drawing().modelSpace()).size();
+  EXPECT_TRUE(host().execute(L"-INSERT \"" + text(file) + L"\"").ok());
+  std::filesystem::resize_file(file, 100);
+  EXPECT_FALSE(host().execute(L"S 1 R 0 0,0").ok());
+  EXPECT_EQ(blockSize(L"CUT"), 0u);
+  EXPECT_EQ(drawing().entitiesOf(drawing().modelSpace()).size(), before);
+}
+
+#endif
+
 }  // namespace

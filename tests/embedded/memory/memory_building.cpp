@@ -2,10 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 #include "base/fold.h"
 #include "embedded/drawing/block_copy.h"
-#include "embedded/drawing/record_names.h"
+#include "embedded/drawing/names.h"
 #include "embedded/drawing/stored_text.h"
 #include "tests/embedded/memory/memory_storage.h"
 
@@ -104,22 +105,32 @@ std::span<const HeaderRow> headerRows() {
   return rows;
 }
 
-RecordId MemoryStorage::enter(Drawing& drawing, const NewRecord& fresh, Object object) {
+RecordId MemoryStorage::enter(Drawing& drawing, RecordKind kind, Table table, RecordId owner, Object object,
+                              RecordId implied) {
   Record record;
-  record.kind = fresh.kind;
-  record.table = fresh.table;
-  record.owner = fresh.owner;
+  record.kind = kind;
+  record.table = table;
+  record.owner = owner;
   record.offset = keep(std::move(object));
-  return drawing.enter(record, fresh.implied);
+  entered_.push_back(drawing.enter(record, implied));
+  return entered_.back();
 }
 
-base::Result<RecordId> MemoryStorage::add(Drawing& drawing, const NewRecord& record) {
-  if (record.table != Table::kAppId && hasForbiddenCharacter(record.name))
-    return failure(record.name, L"The name holds a character that names cannot have");
+void MemoryStorage::takeBack(RecordId record) {
+  if (entered_.empty() || entered_.back() != record) std::abort();
+  entered_.pop_back();
+}
+
+std::unique_ptr<BlockCopy> MemoryStorage::copierFrom(Drawing&, const Drawing&) { return nullptr; }
+
+base::Result<RecordId> MemoryStorage::add(Drawing& drawing, Table table, std::wstring_view name,
+                                          RecordId implied) {
+  if (table != Table::kAppId && hasForbiddenCharacter(name))
+    return failure(name, L"The name holds a character that names cannot have");
   Object object;
-  object.type = typeOf(record.table);
-  object.values[P::kName] = encodeStored(record.name, facts_.codePage);
-  return enter(drawing, record, std::move(object));
+  object.type = typeOf(table);
+  object.values[P::kName] = encodeStored(name, facts_.codePage);
+  return enter(drawing, RecordKind::kTableRecord, table, kNoRecord, std::move(object), implied);
 }
 
 base::Result<EditId> MemoryStorage::setDashes(const Drawing&, const Record& linetype,
@@ -146,7 +157,7 @@ base::Result<RecordId> MemoryStorage::defineBlock(Drawing& drawing, std::wstring
     Object object;
     object.type = "BLOCK";
     object.values[P::kName] = encodeStored(name, facts_.codePage);
-    block = enter(drawing, {RecordKind::kBlockBegin, Table::kBlock, kNoRecord, name}, std::move(object));
+    block = enter(drawing, RecordKind::kBlockBegin, Table::kBlock, kNoRecord, std::move(object));
   } else {
     const std::vector<RecordId> content = drawing.entitiesOf(block);
     for (const RecordId id : content) static_cast<void>(drawing.setErased(id, true));
@@ -160,13 +171,16 @@ base::Result<RecordId> MemoryStorage::defineBlock(Drawing& drawing, std::wstring
     std::visit(made, shape);
     made.object.values = {{P::kLinetype, Reference{byBlock}}, {P::kColorIndex, std::int64_t{0}}};
     if (facts_.version >= Version::kR2000) made.object.values[P::kLineWeight] = std::int64_t{-2};
-    enter(drawing, {RecordKind::kEntity, Table::kNone, block, L""}, std::move(made.object));
+    enter(drawing, RecordKind::kEntity, Table::kNone, block, std::move(made.object));
   }
   return block;
 }
 
 Geometry MemoryStorage::readGeometry(const Drawing& drawing, RecordId entity) const {
-  return object(drawing.record(entity)).geometry;
+  const Record& record = drawing.record(entity);
+  Geometry geometry = object(record).geometry;
+  geometry.invisible = property(record, P::kInvisible) == StoredValue(std::int64_t{1});
+  return geometry;
 }
 
 Point MemoryStorage::basePoint(const Drawing& drawing, RecordId block) const {
@@ -186,7 +200,7 @@ base::Result<RecordId> MemoryStorage::addEntity(Drawing& drawing, RecordId block
     object.values[P::kBlockName] = Reference{insert->block};
   if (const auto* text = std::get_if<TextGeometry>(&geometry.shape))
     object.values[P::kTextHeight] = text->height;
-  return enter(drawing, {RecordKind::kEntity, Table::kNone, block, L""}, std::move(object));
+  return enter(drawing, RecordKind::kEntity, Table::kNone, block, std::move(object));
 }
 
 base::Result<RecordId> MemoryStorage::addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) {
@@ -201,7 +215,7 @@ base::Result<RecordId> MemoryStorage::addInsert(Drawing& drawing, RecordId space
   object.values[P::kRotation] = insert.rotation;
   const Point scale{insert.scale, insert.scale, insert.scale};
   object.geometry.shape = InsertGeometry{insert.block, insert.at, scale, insert.rotation};
-  const RecordId made = enter(drawing, {RecordKind::kEntity, Table::kNone, space, L""}, std::move(object));
+  const RecordId made = enter(drawing, RecordKind::kEntity, Table::kNone, space, std::move(object));
   if (insert.attributes.empty()) return made;
   std::size_t next = 0;
   for (const RecordId definition : drawing.attributeDefinitionsOf(insert.block)) {
@@ -211,11 +225,11 @@ base::Result<RecordId> MemoryStorage::addInsert(Drawing& drawing, RecordId space
     if (next < insert.attributes.size())
       attribute.values[P::kTextString] = encodeStored(insert.attributes[next], facts_.codePage);
     ++next;
-    enter(drawing, {RecordKind::kSubEntity, Table::kNone, made, L""}, std::move(attribute));
+    enter(drawing, RecordKind::kSubEntity, Table::kNone, made, std::move(attribute));
   }
   Object end;
   end.type = "SEQEND";
-  enter(drawing, {RecordKind::kSubEntity, Table::kNone, made, L""}, std::move(end));
+  enter(drawing, RecordKind::kSubEntity, Table::kNone, made, std::move(end));
   return made;
 }
 

@@ -20,6 +20,8 @@ class Copy {
 
   std::unique_ptr<Drawing> make() {
     loaded_.names.setCodePage(source_.facts().codePage);
+    loaded_.modelSpace = source_.modelSpace();
+    loaded_.paperSpace = source_.paperSpace();
     for (RecordId id = 0; id < source_.recordCount(); ++id) names_.push_back(nameOf(id));
     for (RecordId id = 0; id < source_.recordCount(); ++id) addRecord(id);
     addHeader();
@@ -37,7 +39,7 @@ class Copy {
   }
 
   StoredValue valueOf(RecordId id, Property property) const {
-    if (tableNamedBy(property) != Table::kNone) {
+    if (propertyInfo(property).names != Table::kNone) {
       const RecordId named = source_.reference(id, property);
       return named == kNoRecord ? StoredValue() : Reference{named};
     }
@@ -60,10 +62,9 @@ class Copy {
     const bool implied = record.implied();
     object.type = implied ? typeOf(record.table) : source_.typeName(id);
     object.handle = source_.handle(id).value_or(0);
-    for (std::size_t i = 0; i < static_cast<std::size_t>(Property::kCount); ++i) {
-      const auto property = static_cast<Property>(i);
-      StoredValue value = valueOf(id, property);
-      if (!std::holds_alternative<std::monostate>(value)) object.values[property] = std::move(value);
+    for (const PropertyInfo& info : allProperties()) {
+      StoredValue value = valueOf(id, info.property);
+      if (!std::holds_alternative<std::monostate>(value)) object.values[info.property] = std::move(value);
     }
     if (!names_[id].empty()) object.values[Property::kName] = names_[id];
     for (const DimVariableInfo& variable : kDimVariables) {
@@ -108,7 +109,7 @@ class Copy {
 
   void keep(Record& record, Object object) {
     record.edits = kNoEdit;
-    record.flags = 0;
+    record.flags &= Record::kLayoutSpace;
     record.length = 0;
     record.offset = storage_->keep(std::move(object));
     loaded_.records.push_back(record);
@@ -120,7 +121,7 @@ class Copy {
   std::vector<std::string> names_;  // of tables' records, as stored
 };
 
-base::Result<std::unique_ptr<Drawing>> read(std::unique_ptr<SourceBytes>& source) {
+base::Result<std::unique_ptr<Drawing>> read(std::shared_ptr<const SourceBytes> source) {
   auto drawing = dxf::loadBytes(std::string(source->view().substr(kMark.size())));
   if (!drawing) return drawing.failure();
   return copyOf(*drawing.value());
@@ -141,11 +142,7 @@ std::unique_ptr<Drawing> tested(std::unique_ptr<Drawing> drawing) {
 
 std::string testedFile(const std::string& dxf) {
   if (!isTested()) return dxf;
-  static const bool known = [] {
-    formats::addFormat({[](std::string_view bytes) { return bytes.starts_with(kMark); }, read});
-    return true;
-  }();
-  static_cast<void>(known);
+  static const formats::FormatForTests known({kMark, read});
   return std::string(kMark) + dxf;
 }
 

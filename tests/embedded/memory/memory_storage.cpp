@@ -84,7 +84,55 @@ std::string shown(const DimValue& value) {
   return std::to_string(std::get<std::int64_t>(value));
 }
 
+struct ShapeText {
+  std::string out;
+  template <class... Numbers>
+  void add(const Numbers&... numbers) {
+    ((out += ' ' + std::to_string(numbers)), ...);
+  }
+  void add(const Point& at) { add(at.x, at.y, at.z); }
+  template <class List>
+  void addAll(const List& list) {
+    for (const auto& each : list) add(each);
+    out += ';';
+  }
+  void operator()(const LineGeometry& line) { add(line.from), add(line.to); }
+  void operator()(const PointGeometry& point) { add(point.at); }
+  void operator()(const ArcGeometry& arc) { add(arc.centre), add(arc.radius, arc.start, arc.end); }
+  void operator()(const EllipseGeometry& ellipse) {
+    add(ellipse.centre), add(ellipse.majorAxis), add(ellipse.ratio, ellipse.start, ellipse.end);
+  }
+  void operator()(const PolylineGeometry& polyline) {
+    for (const auto& vertex : polyline.vertices) add(vertex.at), add(vertex.bulge);
+    add(polyline.closed);
+  }
+  void operator()(const SolidGeometry& solid) { addAll(solid.corners); }
+  void operator()(const SplineGeometry& spline) {
+    add(spline.degree, spline.closed);
+    addAll(spline.knots), addAll(spline.weights), addAll(spline.control), addAll(spline.fit);
+  }
+  void operator()(const TextGeometry& text) {
+    add(text.at), add(text.second);
+    add(text.height, text.rotation, text.widthFactor, text.oblique, text.frameWidth, text.lineSpacing);
+    add(static_cast<int>(text.side), static_cast<int>(text.level), text.backwards, text.upsideDown);
+    out += base::toUtf8(text.prompt);
+  }
+  void operator()(const InsertGeometry& insert) {
+    add(insert.at), add(insert.scale), add(insert.rotation);
+    add(insert.columns, insert.rows, insert.columnSpacing, insert.rowSpacing);
+  }
+  template <class Other>
+  void operator()(const Other&) {}
+};
+
 }  // namespace
+
+std::string shown(const Geometry& geometry) {
+  ShapeText text;
+  std::visit(text, geometry.shape);
+  text.add(geometry.normal);
+  return text.out;
+}
 
 std::string_view typeOf(Table table) {
   constexpr std::string_view kTypes[] = {"",      "LAYER", "LTYPE", "STYLE", "DIMSTYLE",    "BLOCK",
@@ -170,7 +218,11 @@ base::Status MemoryStorage::save(const std::filesystem::path& target, std::span<
           .append(shown(value));
     for (const auto& [name, value] : holder.variables)
       out.append(", ").append(name).append(" = ").append(shown(value));
-    for (const Dash& dash : holder.dashes) out += ", dash " + std::to_string(dash.length);
+    for (const Dash& dash : holder.dashes) {
+      out += ", dash " + std::to_string(dash.length);
+      if (dash.symbol) out += base::toUtf8(dash.symbol->text) + " #" + std::to_string(dash.symbol->style);
+    }
+    out += shown(holder.geometry);
     out += '\n';
   }
   return base::writeFileAtomically(target, out);

@@ -9,7 +9,6 @@
 
 #include "embedded/drawing/dim_variables.h"
 #include "embedded/drawing/drawing.h"
-#include "embedded/drawing/references.h"
 
 namespace cad::memory {
 
@@ -49,16 +48,16 @@ class MemoryStorage final : public RecordStorage {
   Signature readSignature(Drawing& drawing, const Record& record) const override;
   base::Status save(const std::filesystem::path& target, std::span<const Record> records) const override;
 
-  base::Result<RecordId> add(Drawing& drawing, const NewRecord& record) override;
-  void takeBack(RecordId) override {}
+  base::Result<RecordId> add(Drawing& drawing, Table table, std::wstring_view name,
+                             RecordId implied) override;
+  // Ends the test program when it is not the newest record that goes.
+  void takeBack(RecordId record) override;
   base::Result<EditId> setDashes(const Drawing& drawing, const Record& linetype,
                                  std::span<const Dash> dashes) override;
   std::vector<Dash> dashes(const Drawing& drawing, RecordId linetype) const override;
   base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name, const BlockHead& head,
                                      std::span<const Shape> shapes) override;
-  std::optional<base::Result<RecordId>> copyBlock(Drawing&, std::wstring_view, const Drawing&) override {
-    return std::nullopt;
-  }
+  std::unique_ptr<BlockCopy> copierFrom(Drawing& drawing, const Drawing& source) override;
   Point basePoint(const Drawing& drawing, RecordId block) const override;
   base::Result<RecordId> addEntity(Drawing& drawing, RecordId block, std::string_view type,
                                    const Geometry& geometry) override;
@@ -76,10 +75,12 @@ class MemoryStorage final : public RecordStorage {
   void change(Drawing& drawing, RecordId id, Object object) {
     drawing.setEdits(id, changedTo(std::move(object)));
   }
-  RecordId enter(Drawing& drawing, const NewRecord& record, Object object);
+  RecordId enter(Drawing& drawing, RecordKind kind, Table table, RecordId owner, Object object,
+                 RecordId implied = kNoRecord);
 
   DrawingFacts facts_;
   std::deque<Object> states_;
+  std::vector<RecordId> entered_;
   Handle nextHandle_ = 1;
   RecordId header_ = kNoRecord;
 };
@@ -93,6 +94,8 @@ struct HeaderRow {
 };
 std::span<const HeaderRow> headerRows();
 std::string_view typeOf(Table table);            // of its records
+
+std::string shown(const Geometry& geometry);  // every number of it
 
 // The signature that an object has, when `nameOf` gives the names of others.
 template <class NameOf>

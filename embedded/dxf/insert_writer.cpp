@@ -1,4 +1,4 @@
-#include "embedded/dxf/attribute_writer.h"
+// Block references that the host makes, with their attributes.
 
 #include <cmath>
 
@@ -8,6 +8,13 @@
 
 namespace cad::dxf {
 namespace {
+
+struct NewReference {
+  RecordId record, before;  // its attributes follow it, in front of the record `before`
+  std::wstring layer;
+  Point at;
+  double scale, rotation;  // degrees
+};
 
 class AttributeWriter {
  public:
@@ -129,8 +136,8 @@ class AttributeWriter {
   Point base_, at_, second_;
 };
 
-}  // namespace
-
+// Adds an attribute for each of the block's varying definitions, moved with the reference, and the end of the
+// sequence. A definition without a value keeps its default.
 void addAttributes(Drawing& drawing, DxfStorage& storage, const NewReference& reference,
                    std::span<const std::wstring> values) {
   AttributeWriter writer(drawing, storage, reference);
@@ -140,6 +147,44 @@ void addAttributes(Drawing& drawing, DxfStorage& storage, const NewReference& re
     ++next;
   }
   writer.end();
+}
+
+}  // namespace
+
+base::Result<RecordId> DxfStorage::addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) {
+  const std::wstring name = blockName(drawing, insert.block);
+  Drawing::ChangeScope scope(drawing);
+  const bool active = space == drawing.modelSpace() || space == drawing.paperSpace();
+  base::Result<RecordId> before =
+      active ? endOfSection(drawing, Section::kEntities) : drawing.endOfBlock(space);
+  if (!before.ok() || before.value() == kNoRecord) {
+    scope.rollBack();
+    return before.ok() ? failure(name, L"The space has no end") : before.failure();
+  }
+  RecordBuilder builder(*this);
+  builder.stored(0, "INSERT");
+  if (const std::optional<Handle> handle = takeHandle(drawing)) builder.handle(5, *handle);
+  const std::optional<Handle> owner = ownerHandleOf(drawing, space);
+  if (owner && writesOwners(drawing, *this)) builder.handle(330, *owner);
+  builder.subclass("AcDbEntity");
+  if (space == drawing.paperSpace()) builder.integer(67, 1);
+  // A file may hold the variable under another type's code.
+  const std::optional<Variable> current = headerVariable(drawing, "CLAYER");
+  const auto* named = current ? std::get_if<std::wstring>(&*current) : nullptr;
+  const std::wstring layer = named != nullptr ? *named : L"0";
+  builder.text(8, layer).subclass("AcDbBlockReference");
+  if (!insert.attributes.empty()) builder.integer(66, 1);
+  builder.text(2, name).point(10, insert.at);
+  const double scale = insert.scale;
+  if (scale != 1) builder.real(41, scale).real(42, scale).real(43, scale);
+  if (insert.rotation != 0) builder.real(50, insert.rotation);
+  const RecordId made =
+      this->insert(drawing, {RecordKind::kEntity, Table::kNone, before.value(), space, builder.take()});
+  if (!insert.attributes.empty()) {
+    const NewReference reference{made, before.value(), layer, insert.at, scale, insert.rotation};
+    addAttributes(drawing, *this, reference, insert.attributes);
+  }
+  return made;
 }
 
 }  // namespace cad::dxf

@@ -1,10 +1,7 @@
-#include "embedded/dxf/common_groups.h"
+#include "embedded/dxf/record_regions.h"
 
 #include <algorithm>
 #include <iterator>
-#include <optional>
-
-#include "embedded/dxf/region_cursor.h"
 
 namespace cad::dxf {
 namespace {
@@ -148,6 +145,27 @@ class CommonPlace {
 };
 
 }  // namespace
+
+Region RegionTracker::turn(int code, std::string_view value) {
+  if (code >= 1000) {
+    application_ = false;
+    return outer_ = Region::kExtendedData;
+  }
+  if (outer_ == Region::kExtendedData) return outer_;
+  if (code == 102) {
+    const std::string_view text = trimmed(value);
+    application_ = !text.empty() && text.front() == '{';
+    return Region::kApplication;
+  }
+  if (application_) return Region::kApplication;
+  if (code == 101) return outer_ = Region::kEmbedded;
+  if (code == 100 && outer_ != Region::kEmbedded) {
+    subclass_ = trimmed(value);
+    outer_ = Region::kSubclass;
+    common_.marker(subclass_);
+  }
+  return outer_;
+}
 
 bool CommonGroups::strayed(int code) const {
   if (atHome_ || !mayStray(code)) return false;

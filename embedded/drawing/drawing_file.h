@@ -1,0 +1,44 @@
+#pragma once
+// The file of a drawing: its bytes, and what it says of itself.
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "base/codepage.h"
+#include "base/drawing_version.h"
+#include "base/files.h"
+
+namespace cad {
+
+using base::Version;
+
+struct DrawingFacts {
+  Version version = Version::kR12;
+  std::string versionCode;  // "AC1009"
+  base::CodePage codePage = 1252;
+  std::string codePageName;   // as declared, "ANSI_932"; empty: none declared
+  bool codePageKnown = true;  // false: the declared name is not one that we know; 1252 is used
+  std::wstring form;          // of a format with several: "text", "binary"
+  bool lacksEnd = false;      // the file's end is missing, but nothing else of it
+
+  // Texts and shapes stand in the patterns of linetypes.
+  bool linetypesHoldSymbols() const { return version >= Version::kR13; }
+};
+
+// The bytes that a drawing was read from.
+class SourceBytes {
+ public:
+  explicit SourceBytes(std::unique_ptr<base::MappedFile> file) : file_(std::move(file)) {}
+  explicit SourceBytes(std::string bytes) : bytes_(std::move(bytes)) {}
+  // A failure once another program has written to the file: what was read from it is not to be used.
+  base::Status checkUnchanged() const { return file_ ? file_->checkUnchanged() : base::Status(); }
+  std::string_view view() const { return file_ ? file_->bytes() : std::string_view(bytes_); }
+
+ private:
+  std::unique_ptr<base::MappedFile> file_;
+  std::string bytes_;
+};
+
+}  // namespace cad
