@@ -2,10 +2,13 @@
 
 #include <cmath>
 
+#include "base/fold.h"
 #include "embedded/drawing/block_copy.h"
 #include "embedded/drawing/drawing.h"
 
 namespace cad {
+
+// --- Records of tables -------------------------------------------------------------------------------------
 
 base::Result<RecordId> Drawing::addTableRecord(Table table, std::wstring_view name) {
   if (name.empty()) return base::Failure{{}, L"A name must not be empty"};
@@ -38,6 +41,58 @@ base::Status Drawing::renameLayer(RecordId layer, std::wstring_view newName) {
   if (!status) scope.rollBack();
   return status;
 }
+
+// --- Linetypes ---------------------------------------------------------------------------------------------
+
+base::Status Drawing::setDashes(RecordId linetype, std::span<const Dash> dashes) {
+  constexpr std::size_t kMostDashes = 12;
+  if (dashes.size() > kMostDashes) return base::Failure{{}, L"a linetype has at most 12 dashes"};
+  ChangeScope scope(*this);
+  base::Status status = materialise(linetype);
+  for (const Dash& dash : dashes)
+    if (status && dash.symbol) status = materialise(dash.symbol->style);
+  if (!status) {
+    scope.rollBack();
+    return status;
+  }
+  const base::Result<EditId> edits = storage_->setDashes(*this, records_[linetype], dashes);
+  if (!edits.ok()) {
+    scope.rollBack();
+    return edits.failure();
+  }
+  setEdits(linetype, edits.value());
+  return {};
+}
+
+std::vector<Dash> Drawing::dashes(RecordId linetype) const {
+  if (records_[linetype].implied()) return {};
+  return storage_->dashes(*this, linetype);
+}
+
+bool Drawing::isShapeFile(RecordId style) const {
+  return (integer(style, Property::kStandardFlags).value_or(0) & TextStyleFlag::kShapeFile) != 0;
+}
+
+base::Result<RecordId> Drawing::shapeFile(std::wstring_view file) {
+  for (const RecordId style : tableRecords(Table::kTextStyle)) {
+    const bool named = base::equalFolded(text(style, Property::kFontFile).value_or(std::wstring()), file);
+    if (named && isShapeFile(style)) return style;
+  }
+  ChangeScope scope(*this);
+  const base::Result<RecordId> made = storage_->add(*this, Table::kTextStyle, {}, kNoRecord);
+  if (!made.ok()) {
+    scope.rollBack();
+    return made.failure();
+  }
+  const RecordId style = made.value();
+  base::Status status = setInteger(style, Property::kStandardFlags, TextStyleFlag::kShapeFile);
+  if (status) status = setText(style, Property::kFontFile, file);
+  if (status) return style;
+  scope.rollBack();
+  return status.failure();
+}
+
+// --- Blocks ------------------------------------------------------------------------------------------------
 
 base::Result<RecordId> Drawing::defineBlock(std::wstring_view name, std::span<const Shape> shapes) {
   return storage_->defineBlock(*this, name, {}, shapes);

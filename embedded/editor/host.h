@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "base/result.h"
+#include "embedded/drawing/geometry.h"
 #include "embedded/drawing/record.h"
-#include "embedded/drawing/shapes.h"
 
 namespace cad {
 
