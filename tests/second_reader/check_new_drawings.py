@@ -20,8 +20,8 @@ def faults(path):
     document = ezdxf.readfile(path)
     if document.dxfversion != path.stem:
         yield f"the version is {document.dxfversion}"
-    if document.encoding != ("cp932" if document.dxfversion < "AC1021" else "utf8"):
-        yield f"the encoding is {document.encoding}"
+    if document.encoding != "cp932":
+        yield f"the code page is {document.encoding}"
     for table, names in TABLES.items():
         missing = names - {entry.dxf.name for entry in getattr(document, table)}
         if missing:
