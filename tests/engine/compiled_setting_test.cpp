@@ -12,27 +12,22 @@ std::wstring shown(const std::vector<kiv::FlatItem>& items) {
 }
 
 TEST(FlatSetting, ConditionsStandBeforeTheBraceAndResultsAfterIt) {
-  const auto setting = kiv::parseFlatSetting(L",画層=A-*,色<>7,{,画層=B-*,色=3");
-  EXPECT_EQ(shown(setting.conditions), L"画層=A-*;色<>7;");
-  EXPECT_EQ(shown(setting.results), L"画層=B-*;色=3;");
-}
-
-TEST(FlatSetting, WildcardSettingHasNoConditions) {
-  const auto setting = kiv::parseFlatSetting(L",***,{,文字高さ=2.5");
-  EXPECT_TRUE(setting.conditions.empty());
-  EXPECT_EQ(shown(setting.results), L"文字高さ=2.5;");
-}
-
-TEST(FlatSetting, PatternsKeepTheirCommas) {
-  const auto setting = kiv::parseFlatSetting(L",画層=A-*,,B-*,,~C,線種<>X,,***,{,DIMPOST=a,,b=c,,,色=1");
-  EXPECT_EQ(shown(setting.conditions), L"画層=A-*,B-*,~C;線種<>X,***;");
-  EXPECT_EQ(shown(setting.results), L"DIMPOST=a,b=c,;色=1;");
-}
-
-TEST(FlatSetting, FirstSignSeparatesAndResultsHaveNoSense) {
-  const auto setting = kiv::parseFlatSetting(L",画層=A<>B,色<>1=2,{,画層<>X");
-  EXPECT_EQ(shown(setting.conditions), L"画層=A<>B;色<>1=2;");
-  EXPECT_EQ(shown(setting.results), L"画層=X;");
+  const struct {
+    const wchar_t *line, *conditions, *results;
+  } cases[] = {
+      {L",画層=A-*,色<>7,{,画層=B-*,色=3", L"画層=A-*;色<>7;", L"画層=B-*;色=3;"},
+      {L",***,{,文字高さ=2.5", L"", L"文字高さ=2.5;"},
+      // Patterns keep their commas.
+      {L",画層=A-*,,B-*,,~C,線種<>X,,***,{,DIMPOST=a,,b=c,,,色=1", L"画層=A-*,B-*,~C;線種<>X,***;",
+       L"DIMPOST=a,b=c,;色=1;"},
+      // The first sign separates, and results have no sense.
+      {L",画層=A<>B,色<>1=2,{,画層<>X", L"画層=A<>B;色<>1=2;", L"画層=X;"},
+  };
+  for (const auto& c : cases) {
+    const kiv::FlatSetting setting = kiv::parseFlatSetting(c.line);
+    EXPECT_EQ(shown(setting.conditions), c.conditions);
+    EXPECT_EQ(shown(setting.results), c.results);
+  }
 }
 
 TEST(CompiledSetting, UnknownKeysAndKindsOfLayersAreLeftOut) {

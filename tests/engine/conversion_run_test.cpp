@@ -65,23 +65,17 @@ class ConversionRun : public RunTest {
   }
 };
 
-TEST_F(ConversionRun, WithoutASpecificationItRefuses) {
-  open(sampleDrawing());
-  const kiv::RunOutcome outcome = kiv::runConversion({}, sink_);
-  EXPECT_EQ(outcome.end, RunEnd::kNoSpecification);
-  EXPECT_NE(printed_.find(L"\nKivｴﾗｰ:このｺﾏﾝﾄﾞは単独では実行できません."), std::wstring::npos);
-  EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"このコマンドは単独では実行できません"}));
-  EXPECT_FALSE(drawing().isModified());
-}
-
-TEST_F(ConversionRun, UnreadableSpecificationIsNamed) {
+TEST_F(ConversionRun, WithoutAReadableSpecificationItRefuses) {
   open(sampleDrawing());
   saveTo(1);
+  EXPECT_EQ(kiv::runConversion(parameters_, sink_).end, RunEnd::kNoSpecification);
   parameters_.specification = L"/no/such/rules.cvt";
-  const kiv::RunOutcome outcome = kiv::runConversion(parameters_, sink_);
-  EXPECT_EQ(outcome.end, RunEnd::kSpecificationUnreadable);
-  EXPECT_NE(printed_.find(L"\nKivｴﾗｰ:[/no/such/rules.cvt]の読み込みに失敗しました."), std::wstring::npos);
-  EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"[/no/such/rules.cvt]の読み込みに失敗しました"}));
+  EXPECT_EQ(kiv::runConversion(parameters_, sink_).end, RunEnd::kSpecificationUnreadable);
+  EXPECT_EQ(
+      printed_,
+      L"\nKivｴﾗｰ:このｺﾏﾝﾄﾞは単独では実行できません.\nKivｴﾗｰ:[/no/such/rules.cvt]の読み込みに失敗しました.");
+  EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"このコマンドは単独では実行できません",
+                                                       L"[/no/such/rules.cvt]の読み込みに失敗しました"}));
   EXPECT_FALSE(drawing().isModified());
 }
 
