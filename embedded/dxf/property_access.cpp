@@ -104,9 +104,13 @@ StoredValue DxfStorage::property(const Record& record, Property property) const 
 
 base::Result<EditId> DxfStorage::setProperty(Drawing& drawing, const Record& record, Property property,
                                              const StoredValue& value) {
-  if (const auto* reference = std::get_if<Reference>(&value))
-    return changed(record, property,
-                   std::string(drawing.names().stored(drawing.name(reference->record, Property::kName))));
+  if (const auto* reference = std::get_if<Reference>(&value)) {
+    // The file may spell a space's name otherwise than the drawing does.
+    const bool space = drawing.isLayoutSpace(reference->record);
+    const NameId name =
+        space ? drawing.name(reference->record, Property::kName) : drawing.recordName(reference->record);
+    return changed(record, property, std::string(drawing.names().stored(name)));
+  }
   base::Result<EditId> state = changed(record, property, value);
   if (!state || state.value() == record.edits) return state;
   const bool transparent = property == Property::kTransparency && record.kind == RecordKind::kTableRecord;
