@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <memory>
-#include <sstream>
 #include <vector>
 
 #include "acdbads.h"
@@ -66,10 +65,8 @@ bool insertAtOrigin(const std::wstring& insertName) {
 std::wstring findArrowFile(const std::wstring& entry, const std::filesystem::path& besideSpecification) {
   const std::filesystem::path file = base::pathFromText(entry);
   std::vector<std::wstring> places = {base::pathText(besideSpecification / file)};
-  std::wistringstream supportPath(textVariable(L"ACADPREFIX").value_or(L""));
-  for (std::wstring folder; std::getline(supportPath, folder, L';');) {
+  for (const std::wstring& folder : supportFolders())
     places.push_back(base::pathText(base::pathFromText(folder) / file));
-  }
   places.push_back(entry);
   for (const std::wstring& place : places) {
     if (const auto found = findHostFile(place)) return *found;

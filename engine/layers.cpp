@@ -6,7 +6,7 @@
 #include "dbobjptr.h"
 #include "engine/entity_properties.h"
 #include "engine/host_access.h"
-#include "platform/host_releases.h"
+#include "siblings/common/host_releases.h"
 #include "spec/color_text.h"
 #include "spec/item_kinds.h"
 #include "spec/leading_number.h"

@@ -4,7 +4,7 @@
 
 #include "acdocman.h"
 #include "platform/host_output.h"
-#include "ui/module_title.h"
+#include "ui/messages.h"
 
 namespace kiv {
 namespace {

@@ -1,6 +1,8 @@
 // KIV_TOACAD: shows the main dialog, serves its picks while it is up, and does what it was closed for.
 
 #include <algorithm>
+#include <cstdint>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 
@@ -9,9 +11,9 @@
 #include "adscodes.h"
 #include "host/batch.h"
 #include "host/module.h"
-#include "host/pick_items.h"
 #include "platform/clock.h"
 #include "platform/dialog.h"
+#include "platform/entity_pick.h"
 #include "platform/host_messages.h"
 #include "platform/host_output.h"
 #include "platform/paths.h"
@@ -19,7 +21,7 @@
 #include "platform/screen_scale.h"
 #include "platform/settings.h"
 #include "ui/main_dialog.h"
-#include "ui/module_title.h"
+#include "ui/messages.h"
 
 namespace kiv {
 namespace {
@@ -50,13 +52,41 @@ void makeDialog() {
   if (!context.dialog->create(hostFrame())) context.dialog.reset();
 }
 
+struct PickTarget {
+  PickItem item;
+  const wchar_t* name;  // in the prompt
+  std::uint32_t mask;
+};
+
+// By the code of a pick request, from 1.
+constexpr PickTarget kTargets[] = {
+    {PickItem::kLayer, L"画層", kPickAll},
+    {PickItem::kLinetype, L"線種", kPickAllButBlockReferences},
+    {PickItem::kColor, L"色", kPickAllButBlockReferences},
+    {PickItem::kTextStyle, L"字体", kPickTexts},
+    {PickItem::kTextHeight, L"文字高さ", kPickTexts},
+    {PickItem::kTextAngle, L"文字角度", kPickTexts},
+    {PickItem::kWidthFactor, L"文字幅高比", kPickTexts},
+    {PickItem::kBlock, L"ﾌﾞﾛｯｸ図形", kPickBlockReferences},
+    {PickItem::kDimension, L"寸法設定", kPickAll},
+    {PickItem::kLineWeight, L"線幅値", kPickAll},
+    {PickItem::kTransparency, L"透過性", kPickAll},
+    {PickItem::kLinetypeScale, L"線種尺度", kPickAll},
+    {PickItem::kDisplay, L"表示", kPickAll},
+    {PickItem::kLock, L"ロック", kPickAll},
+    {PickItem::kFreeze, L"フリーズ", kPickAll},
+    {PickItem::kPlot, L"印刷", kPickAll},
+};
+
 // The dialog may have gone while the user was asked for an entity.
 void servePick() {
   ConversionContext& context = conversionContext();
-  if (const PickTarget* target = pickTarget(context.pick.request)) {
+  PickHandOver& pick = context.pick;
+  if (pick.request <= static_cast<int>(std::size(kTargets))) {
+    const PickTarget& target = kTargets[pick.request - 1];
     focusHost();
-    static_cast<void>(pickEntity(L"\n" + std::wstring(target->name) + L"を指示:", target->item, target->mask,
-                                 context.pick.values));
+    pick.values =
+        pickEntity(L"\n" + std::wstring(target.name) + L"を指示:", {target.item, target.mask, pick.variable});
   }
   if (context.dialog) return context.dialog->pickCompleted();
   context.pick.end();

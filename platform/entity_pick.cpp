@@ -14,22 +14,21 @@ void keepValue(const wchar_t* value, void* context) {
 
 }  // namespace
 
-bool pickEntity(const std::wstring& prompt, PickItem item, std::uint32_t mask,
-                std::vector<std::wstring>& values) {
-  values.clear();
+std::vector<std::wstring> pickEntity(const std::wstring& prompt, const EntityPick& wanted) {
   const std::unique_ptr<base::DynamicLibrary> module = loadSibling(kPickModule);
   if (!module) {
     printOnCommandLine(L"\n cannot found " + std::wstring(kPickModule) + L".");
-    return false;
+    return {};
   }
   const auto pick = module->function<PickEntity*>("dll_kiv_entsel");
   if (pick == nullptr) {
     printOnCommandLine(L"\n cannot found dll_kiv_entsel() in " + std::wstring(kPickModule) + L".");
-    return false;
+    return {};
   }
-  const bool picked = pick(prompt.c_str(), static_cast<int>(item), mask, keepValue, &values) == 1;
-  if (!picked) values.clear();
-  return picked;
+  std::vector<std::wstring> values;
+  const bool isPicked = pick(prompt.c_str(), static_cast<int>(wanted.item), wanted.variable.c_str(),
+                             wanted.mask, keepValue, &values) == 1;
+  return isPicked ? values : std::vector<std::wstring>();
 }
 
 }  // namespace kiv

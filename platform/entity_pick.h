@@ -8,9 +8,14 @@
 
 namespace kiv {
 
-// When the sibling module or its function is missing, the command line says so and the pick fails. `values`
-// is replaced on success and emptied on failure.
-bool pickEntity(const std::wstring& prompt, PickItem item, std::uint32_t mask,
-                std::vector<std::wstring>& values);
+struct EntityPick {
+  PickItem item;
+  std::uint32_t mask;
+  std::wstring variable;  // of PickItem::kDimension
+};
+
+// When the sibling module or its function is missing, the command line says so and the pick fails. Empty:
+// nothing was picked.
+std::vector<std::wstring> pickEntity(const std::wstring& prompt, const EntityPick& wanted);
 
 }  // namespace kiv

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <sstream>
 #include <system_error>
 
 #include "acedads.h"
@@ -69,6 +70,18 @@ bool createFolders(std::wstring_view path) {
 
 std::wstring findInFolder(std::wstring_view folder, std::wstring_view name) {
   return base::pathText(base::findIgnoringCase(base::pathFromText(folder), name));
+}
+
+std::vector<std::wstring> supportFolders() {
+  resbuf value{};
+  if (acedGetVar(L"ACADPREFIX", &value) != RTNORM || value.restype != RTSTR) return {};
+  std::wistringstream path(value.resval.rstring);
+  acutDelString(value.resval.rstring);
+  std::vector<std::wstring> folders;
+  for (std::wstring folder; std::getline(path, folder, L';');) {
+    if (!folder.empty()) folders.push_back(ensureTrailingSeparator(std::move(folder)));
+  }
+  return folders;
 }
 
 std::optional<std::wstring> findHostFile(const std::wstring& name) {

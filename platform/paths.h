@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kiv {
 
@@ -46,6 +47,9 @@ bool createFolders(std::wstring_view path);
 
 // The existing path of `name` in `folder`, the name's case ignored; empty when there is none.
 std::wstring findInFolder(std::wstring_view folder, std::wstring_view name);
+
+// The folders of the host's support path, in its order, each with its trailing separator.
+std::vector<std::wstring> supportFolders();
 
 // The host's file search over its support path.
 std::optional<std::wstring> findHostFile(const std::wstring& name);

@@ -3,10 +3,9 @@
 #include <utility>
 
 #include "base/files.h"
-#include "platform/questions.h"
+#include "platform/paths.h"
 #include "platform/screen_scale.h"
-#include "ui/file_refusal.h"
-#include "ui/module_title.h"
+#include "ui/messages.h"
 #include "ui/resource.h"
 
 namespace kiv {
@@ -66,7 +65,7 @@ bool FileBrowser::onKey(int id, Key key) {
 }
 
 void FileBrowser::deleteNamedFile() {
-  if (!isAgreed(L"削除してよろしいですか？")) return;
+  if (!isAgreed(window(), L"削除してよろしいですか？")) return;
   const base::Status deleted = base::removeFile(base::pathFromText(folder_ + nameField()));
   if (!deleted.ok()) return tellRefusal(L"ファイルの削除に失敗しました", deleted.failure());
   fill();
@@ -75,18 +74,62 @@ void FileBrowser::deleteNamedFile() {
   window().enable(IDOK, false);
 }
 
-bool FileBrowser::isAgreed(const std::wstring& question) {
-  return showMessage(window().native(), {question, kModuleTitle, Buttons::kYesNo, Icon::kQuestion, true}) ==
-         Answer::kYes;
-}
-
 void FileBrowser::tellRefusal(const std::wstring& what, const base::Failure& failure) {
-  showMessage(window().native(), {refusalText(what, failure), kModuleTitle, Buttons::kOk, Icon::kWarning});
+  tell(window(), refusalText(what, failure));
 }
 
 void FileBrowser::takeFields() {
   name_ = window().text(controls_.name);
   remark_ = window().text(controls_.remark);
+}
+
+// --- Loading
+
+CReadDlg::CReadDlg(std::wstring folder)
+    : FileBrowser(IDD_LOAD, {IDC_LOAD_NAME, IDC_LOAD_REMARK, IDC_LOAD_LIST}, std::move(folder)) {}
+
+void CReadDlg::onSelected(int id) {
+  FileBrowser::onSelected(id);
+  if (!nameField().empty()) window().enable(IDOK, true);
+}
+
+void CReadDlg::onDoubleClicked(int id) {
+  if (id == IDC_LOAD_LIST && window().list(id).selected() >= 0) onCommand(IDOK);
+}
+
+void CReadDlg::onCommand(int command) {
+  if (command == IDOK) {
+    if (!window().isEnabled(IDOK)) return;
+    takeFields();
+  }
+  FileBrowser::onCommand(command);
+}
+
+// --- Saving
+
+CSaveDlg::CSaveDlg(std::wstring folder)
+    : FileBrowser(IDD_SAVE, {IDC_SAVE_NAME, IDC_SAVE_REMARK, IDC_SAVE_LIST}, std::move(folder)) {}
+
+void CSaveDlg::onSelected(int id) {
+  FileBrowser::onSelected(id);
+  onEdited(IDC_SAVE_NAME);
+}
+
+void CSaveDlg::onEdited(int id) {
+  if (id == IDC_SAVE_NAME) window().enable(IDOK, !nameField().empty());
+}
+
+void CSaveDlg::onCommand(int command) {
+  if (command == IDOK) return save();
+  FileBrowser::onCommand(command);
+}
+
+void CSaveDlg::save() {
+  if (nameField().empty()) return;
+  window().setText(IDC_SAVE_NAME, withSpecificationExtension(nameField()));
+  if (findHostFile(folder() + nameField()) && !isAgreed(window(), L"上書きしてよろしいですか？")) return;
+  takeFields();
+  if (accepts()) end(IDOK);
 }
 
 }  // namespace kiv

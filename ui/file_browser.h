@@ -1,6 +1,5 @@
 #pragma once
-// What the dialogs that load and save specifications have in common: the list of the folder's
-// specifications, its order, and deleting one of them.
+// The dialogs in which specifications are chosen to be loaded, and get the name and remark to be saved under.
 
 #include <string>
 #include <vector>
@@ -11,6 +10,7 @@
 
 namespace kiv {
 
+// The list of the folder's specifications, its order, and deleting one of them.
 class FileBrowser : public Dialog {
  public:
   // What was confirmed; empty before.
@@ -33,8 +33,6 @@ class FileBrowser : public Dialog {
 
   std::wstring nameField() const { return window().text(controls_.name); }
   const std::wstring& folder() const { return folder_; }
-  // Asks, with "no" for the Enter key, and waits for the answer.
-  bool isAgreed(const std::wstring& question);
   void tellRefusal(const std::wstring& what, const base::Failure& failure);
   // Takes the fields as what was confirmed.
   void takeFields();
@@ -50,6 +48,36 @@ class FileBrowser : public Dialog {
   bool sortsDescending_ = true;
   std::wstring name_;
   std::wstring remark_;
+};
+
+// runModal() gives IDOK (1) when name() and remark() are those of the chosen file.
+class CReadDlg : public FileBrowser {
+ public:
+  // With its trailing separator.
+  explicit CReadDlg(std::wstring folder);
+
+ protected:
+  void onSelected(int id) override;
+  void onDoubleClicked(int id) override;
+  void onCommand(int command) override;
+};
+
+// runModal() gives IDOK (1) when name() and remark() are to be saved under; the person has agreed to
+// overwrite a file of that name. What writes it when it is accepted keeps the dialog open where it cannot.
+class CSaveDlg : public FileBrowser {
+ public:
+  // With its trailing separator.
+  explicit CSaveDlg(std::wstring folder);
+
+ protected:
+  void onSelected(int id) override;
+  void onEdited(int id) override;
+  void onCommand(int command) override;
+  // Called with name() and remark() as they are confirmed; false: the dialog stays open.
+  virtual bool accepts() { return true; }
+
+ private:
+  void save();
 };
 
 }  // namespace kiv

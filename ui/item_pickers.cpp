@@ -1,15 +1,61 @@
 #include "ui/item_pickers.h"
 
+#include <map>
+#include <span>
+
 #include "spec/item_kinds.h"
+#include "ui/linetype_loader.h"
 #include "ui/value_picker.h"
 
 namespace kiv {
+namespace {
 
-// Dimension variables and the entries of the list sections have none yet.
-bool hasPicker(int kind) { return itemKind(kind) != nullptr && kind != kVariableKind; }
+template <class Picker>
+std::unique_ptr<CSelBase> make(PickerOwner& owner, PickHandOver& pick, const PickerRequest& request) {
+  return std::make_unique<Picker>(owner, pick, request);
+}
+
+struct PickerOfKind {
+  int kind;
+  MakePicker make;
+};
+
+std::map<int, MakePicker>& overrides() {
+  static std::map<int, MakePicker> pickers;
+  return pickers;
+}
+
+// Kinds with a picker of their own, each a row. Other items are plain values.
+std::span<const PickerOfKind> ownPickers() {
+  static const PickerOfKind pickers[] = {
+      {section(kLinetypeSection).entryKind, &make<CSelLine>},
+      {kVariableKind, nullptr},  // not yet, nor have the entries of the other list sections
+  };
+  return pickers;
+}
+
+MakePicker pickerOf(int kind) {
+  if (const auto found = overrides().find(kind); found != overrides().end()) return found->second;
+  for (const PickerOfKind& own : ownPickers())
+    if (own.kind == kind) return own.make;
+  return itemKind(kind) != nullptr ? &make<CSelDlg> : nullptr;
+}
+
+}  // namespace
+
+bool hasPicker(int kind) { return pickerOf(kind) != nullptr; }
 
 std::unique_ptr<CSelBase> makePicker(PickerOwner& owner, PickHandOver& pick, const PickerRequest& request) {
-  return hasPicker(request.kind) ? std::make_unique<CSelDlg>(owner, pick, request) : nullptr;
+  const MakePicker maker = pickerOf(request.present.kind);
+  return maker == nullptr ? nullptr : maker(owner, pick, request);
+}
+
+void overridePicker(int kind, MakePicker make) {
+  if (make == nullptr) {
+    overrides().erase(kind);
+  } else {
+    overrides()[kind] = make;
+  }
 }
 
 }  // namespace kiv

@@ -1,5 +1,5 @@
 #pragma once
-// Which picker supplies the value of an item kind or the entries of a list section.
+// Which picker supplies the items of a kind or the entries of a list section.
 
 #include <memory>
 
@@ -11,7 +11,12 @@ namespace kiv {
 // item, 51 to 55 of a list entry.
 bool hasPicker(int kind);
 
-// Without a window yet; null when the kind has no picker.
+// For request.present.kind, without a window yet; null when the kind has no picker.
 std::unique_ptr<CSelBase> makePicker(PickerOwner& owner, PickHandOver& pick, const PickerRequest& request);
+
+// For tests: a picker for a kind, instead of the one that it has; null: what it has again.
+using MakePicker = std::unique_ptr<CSelBase> (*)(PickerOwner& owner, PickHandOver& pick,
+                                                 const PickerRequest& request);
+void overridePicker(int kind, MakePicker make);
 
 }  // namespace kiv

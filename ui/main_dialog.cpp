@@ -6,8 +6,7 @@
 #include "platform/host_output.h"
 #include "platform/questions.h"
 #include "ui/context_menus.h"
-#include "ui/file_refusal.h"
-#include "ui/module_title.h"
+#include "ui/messages.h"
 #include "ui/resource.h"
 
 namespace kiv {
@@ -88,13 +87,8 @@ void CCnvDlg::closeWith(Closing closing) {
   typeIntoHost(kCancelCharacter);
 }
 
-void CCnvDlg::tell(const std::wstring& text) {
-  static_cast<void>(showMessage(window().native(), {text, kModuleTitle, Buttons::kOk, Icon::kWarning}));
-}
+void CCnvDlg::tell(const std::wstring& text) { kiv::tell(window(), text); }
 
-bool CCnvDlg::agrees(const std::wstring& question) {
-  const MessageQuestion asked{question, kModuleTitle, Buttons::kYesNo, Icon::kQuestion, true};
-  return showMessage(window().native(), asked) == Answer::kYes && hasWindow();
-}
+bool CCnvDlg::agrees(const std::wstring& question) { return isAgreed(window(), question) && hasWindow(); }
 
 }  // namespace kiv

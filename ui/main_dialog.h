@@ -61,12 +61,6 @@ class CCnvDlg : public Dialog, private PickerOwner {
   void onDestroyed() override;
 
  private:
-  // What a picker's value is for.
-  struct PickerTarget {
-    Node node;  // the setting that gains an item, or the item that is changed
-    bool changes = false;
-  };
-
   // --- Options (main_dialog_options.cpp)
   void initOptions();
   bool onOptionCommand(int command);
@@ -106,12 +100,13 @@ class CCnvDlg : public Dialog, private PickerOwner {
   void addOrEdit();
   void addAtSelected();
   void addItem(int kind, Role role);
-  void editItem();
-  void openPicker(int kind, Role role, const PickerTarget& target, std::vector<std::wstring> present);
+  void addEntry();
+  void editSelected();
+  void openPicker(const Node& target, NodeContent present);
   DialogWindow& ownerWindow() override { return window(); }
-  void setValue(int kind, Role role, const std::wstring& value) override;
+  void take(const NodeContent& content) override;
   std::vector<std::wstring> namesInSection(int section) const override;
-  void releasePicker(int slot) override;
+  void releasePicker(PickerSlot slot) override;
 
   void closeWith(Closing closing);
   void tell(const std::wstring& text);
@@ -128,8 +123,8 @@ class CCnvDlg : public Dialog, private PickerOwner {
   bool isDefault_ = false;  // the specification is to be the one to start with
   ConversionOptions options_;
   Closing closing_ = Closing::kCancelled;
-  PickerTarget target_;
-  std::array<std::unique_ptr<CSelBase>, kPickerSlots> pickers_;
+  Node target_;                                                  // what the open picker's content is for
+  std::array<std::unique_ptr<CSelBase>, kPickerSlots> pickers_;  // by PickerSlot
 };
 
 }  // namespace kiv

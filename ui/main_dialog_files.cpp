@@ -5,11 +5,10 @@
 #include "base/files.h"
 #include "platform/host_output.h"
 #include "spec/cvt_tree_reader.h"
-#include "ui/file_refusal.h"
+#include "ui/file_browser.h"
 #include "ui/main_dialog.h"
-#include "ui/read_dialog.h"
+#include "ui/messages.h"
 #include "ui/resource.h"
-#include "ui/save_dialog.h"
 
 namespace kiv {
 namespace {

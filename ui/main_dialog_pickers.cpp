@@ -1,4 +1,4 @@
-// The main dialog's pickers: adding and editing items.
+// The main dialog's pickers: adding and editing items and entries.
 
 #include <utility>
 
@@ -26,9 +26,11 @@ bool CCnvDlg::onPickerCommand(int command) {
   switch (command) {
     case IDC_MAIN_EDIT:
       return addOrEdit(), true;
+    case IDC_ADD_ENTRY:
+      return addEntry(), true;
     case IDC_EDIT_CONDITION:
     case IDC_EDIT_RESULT:
-      return editItem(), true;
+      return editSelected(), true;
     default:
       return false;
   }
@@ -57,20 +59,23 @@ void CCnvDlg::addAtSelected() {
 void CCnvDlg::addItem(int kind, Role role) {
   const Node node = tree().selected();
   if (!isRuleSection(node.section) || node.index < 0) return tell(kNothingSelected);
-  openPicker(kind, role, {Node::of(node.section, node.index), false}, {});
+  openPicker(Node::of(node.section, node.index), {kind, role, {}, {}});
 }
 
-void CCnvDlg::editItem() {
+void CCnvDlg::addEntry() {
+  const Node section = Node::ofSection(tree().selected().section);
+  if (section.section < 1 || isRuleSection(section.section)) return tell(kNothingSelected);
+  openPicker(section, {kiv::section(section.section).entryKind, Role::kEntry, {}, {}});
+}
+
+void CCnvDlg::editSelected() {
   const Node node = tree().selected();
-  const Item* item = specification_.item(node);
-  if (item == nullptr) return;
-  std::vector<std::wstring> present{item->value};
-  if (!item->variable.empty()) present.insert(present.begin(), item->variable);
-  openPicker(item->kind, node.role, {node, true}, std::move(present));
+  NodeContent present = contentOf(specification_, node);
+  if (present.role != Role::kNone) openPicker(node, std::move(present));
 }
 
-void CCnvDlg::openPicker(int kind, Role role, const PickerTarget& target, std::vector<std::wstring> present) {
-  auto picker = makePicker(*this, pick_, {target.node.section, kind, role, std::move(present), folder_});
+void CCnvDlg::openPicker(const Node& target, NodeContent present) {
+  auto picker = makePicker(*this, pick_, {target.section, std::move(present), folder_});
   if (!picker) return;
   std::unique_ptr<CSelBase>& slot = pickers_[static_cast<size_t>(picker->slot())];
   if (slot) return;
@@ -81,16 +86,11 @@ void CCnvDlg::openPicker(int kind, Role role, const PickerTarget& target, std::v
   if (!made->create(hostFrame_) && slot.get() == made) slot.reset();
 }
 
-void CCnvDlg::setValue(int kind, Role role, const std::wstring& value) {
-  const Item item{kind, false, {}, value, Wording::kPicker};
-  const Node& node = target_.node;
-  if (target_.changes) {
-    if (specification_.replaceItem(node, item).ok()) tree().changed(node);
-    return;
-  }
-  const Edited edited = role == Role::kCondition ? specification_.addCondition(node.section, node.index, item)
-                                                 : specification_.addResult(node.section, node.index, item);
-  if (edited.ok()) tree().added(edited.node);
+void CCnvDlg::take(const NodeContent& content) {
+  const bool isNew = contentOf(specification_, target_).role == Role::kNone;
+  const Edited edited = putContent(specification_, target_, content);
+  if (!edited.ok()) return;
+  isNew ? tree().added(edited.node) : tree().changed(edited.node);
 }
 
 std::vector<std::wstring> CCnvDlg::namesInSection(int section) const {
@@ -99,7 +99,7 @@ std::vector<std::wstring> CCnvDlg::namesInSection(int section) const {
   return names;
 }
 
-void CCnvDlg::releasePicker(int slot) { pickers_[static_cast<size_t>(slot)].reset(); }
+void CCnvDlg::releasePicker(PickerSlot slot) { pickers_[static_cast<size_t>(slot)].reset(); }
 
 // One picker is open at a time as each keeps the dialog from input; the first slot is the common one.
 void CCnvDlg::pickCompleted() {

@@ -6,6 +6,7 @@
 #define IDD_VALUE 103
 #define IDD_LOAD 104
 #define IDD_SAVE 105
+#define IDD_LINETYPE 134
 #define IDD_TEXT_LIST 142
 
 // Context menus
@@ -52,6 +53,10 @@
 #define IDC_VALUE_LABEL 1031
 #define IDC_VALUE_COMBO 1013
 #define IDC_PICK 1020
+
+// Linetype loader
+#define IDC_LINETYPE_FILE 1013
+#define IDC_LINETYPE_LIST 1036
 
 // File browser
 #define IDC_LOAD_NAME 1301

@@ -1,16 +1,29 @@
 #include "ui/select_base.h"
 
+#include <algorithm>
+#include <array>
+
 #include "ui/resource.h"
 
 namespace kiv {
 
-Rect& lastPickerPlace() {
-  static Rect place;
-  return place;
+Rect& lastPickerPlace(PickerSlot slot) {
+  static std::array<Rect, kPickerSlots> places;
+  return places[static_cast<size_t>(slot)];
 }
 
-CSelBase::CSelBase(int resource, PickerOwner& owner, int slot, PickHandOver& pick, Rect& place)
-    : Dialog(resource), owner_(owner), slot_(slot), pick_(pick), place_(place) {}
+void chooseOrType(DialogWindow& window, int combo, const std::wstring& text) {
+  const std::vector<std::wstring> entries = window.combo(combo).entries();
+  const auto found = std::find(entries.begin(), entries.end(), text);
+  if (found != entries.end()) {
+    window.combo(combo).select(static_cast<int>(found - entries.begin()));
+  } else {
+    window.setText(combo, text);
+  }
+}
+
+CSelBase::CSelBase(int resource, PickerSlot slot, PickerOwner& owner, PickHandOver& pick)
+    : Dialog(resource), slot_(slot), owner_(owner), pick_(pick) {}
 
 CSelBase::~CSelBase() {
   // Nobody would be there to take the values.
@@ -18,9 +31,12 @@ CSelBase::~CSelBase() {
 }
 
 void CSelBase::onInit() {
-  if (!place_.isEmpty()) window().moveTo({place_.left, place_.top});
-  window().setPicture(IDC_PICK, IDI_PICK);
-  window().enable(IDC_PICK, pickItem() != 0);
+  const Rect& place = lastPickerPlace(slot_);
+  if (!place.isEmpty()) window().moveTo({place.left, place.top});
+  if (!window().placeOf(IDC_PICK).isEmpty()) {
+    window().setPicture(IDC_PICK, IDI_PICK);
+    window().enable(IDC_PICK, pickItem() != 0);
+  }
   initialising_ = false;
   owner_.ownerWindow().enableWindow(false);
   window().show(true);
@@ -35,15 +51,15 @@ void CSelBase::onCommand(int command) {
     case IDCANCEL:
       return close();
     case IDC_PICK:
-      return requestPick(pickItem());
+      return askForPick();
     default:
       return Dialog::onCommand(command);
   }
 }
 
-void CSelBase::requestPick(int item) {
+void CSelBase::requestPick(int item, std::wstring variable) {
   if (pick_.request != 0) return;
-  pick_.begin(item);
+  pick_.begin(item, std::move(variable));
   hasRequestedPick_ = true;
   owner_.ownerWindow().enableWindow(true);
   owner_.ownerWindow().show(false);
@@ -61,7 +77,7 @@ void CSelBase::pickCompleted() {
 }
 
 void CSelBase::close() {
-  place_ = window().place();
+  lastPickerPlace(slot_) = window().place();
   // Enabled before the picker goes, or the system would bring another window to the front.
   owner_.ownerWindow().enableWindow(true);
   owner_.ownerWindow().activate();

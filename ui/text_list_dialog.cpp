@@ -8,9 +8,8 @@
 #include "platform/questions.h"
 #include "platform/text.h"
 #include "spec/text_search_list.h"
-#include "ui/file_refusal.h"
+#include "ui/messages.h"
 #include "ui/resource.h"
-#include "ui/row_edit.h"
 
 namespace kiv {
 namespace {
@@ -21,11 +20,47 @@ constexpr int kFirstRows = 16;
 constexpr const wchar_t* kCaption = L"文字検索リスト";
 constexpr const wchar_t* kPattern = L"*.LIST";
 
+enum class RowCommand { kInsert, kDelete, kAppend, kUp, kDown };
+
 constexpr std::pair<int, RowCommand> kRowCommands[] = {{IDC_ROW_INSERT, RowCommand::kInsert},
                                                        {IDC_ROW_DELETE, RowCommand::kDelete},
                                                        {IDC_ROW_APPEND, RowCommand::kAppend},
                                                        {IDC_ROW_UP, RowCommand::kUp},
                                                        {IDC_ROW_DOWN, RowCommand::kDown}};
+
+// False where the command would do nothing. `current` is -1 without a current row; only appending needs none.
+bool canEditRows(RowCommand command, int rowCount, int current) {
+  if (command == RowCommand::kAppend) return true;
+  if (current < 0 || current >= rowCount) return false;
+  if (command == RowCommand::kUp) return current > 0;
+  return command != RowCommand::kDown || current + 1 < rowCount;
+}
+
+// The row that is current afterwards. Inserting puts an empty row before the current one; a column that has
+// lost its last row gets an empty one.
+int editRows(RowCommand command, std::vector<std::wstring>& rows, int current) {
+  if (!canEditRows(command, static_cast<int>(rows.size()), current)) return current;
+  const auto at = rows.begin() + std::max(current, 0);
+  switch (command) {
+    case RowCommand::kInsert:
+      rows.insert(at, std::wstring());
+      return current;
+    case RowCommand::kDelete:
+      rows.erase(at);
+      if (rows.empty()) rows.emplace_back();
+      return std::min(current, static_cast<int>(rows.size()) - 1);
+    case RowCommand::kAppend:
+      rows.emplace_back();
+      return static_cast<int>(rows.size()) - 1;
+    case RowCommand::kUp:
+      std::swap(*at, *(at - 1));
+      return current - 1;
+    case RowCommand::kDown:
+      std::swap(*at, *(at + 1));
+      return current + 1;
+  }
+  return current;
+}
 
 }  // namespace
 
@@ -76,7 +111,7 @@ std::optional<std::wstring> CMojiListDlg::askFile(bool saving, const std::wstrin
 bool CMojiListDlg::loadFile(const std::wstring& path) {
   const auto lines = readTextSearchList(base::pathFromText(path));
   if (!lines.ok()) {
-    tell(lines.failure().reason);
+    tell(window(), lines.failure().reason, kCaption);
     return false;
   }
   std::vector<std::wstring> shown = lines.value();
@@ -91,18 +126,13 @@ void CMojiListDlg::save() {
   const std::vector<std::wstring> written = rows();
   if (tellUnwritable(written)) return;
   auto path = askFile(true, folder_ + (name_.empty() ? kPattern : name_));
-  while (path && fileExists(*path) && !agreesToOverwrite()) path = askFile(true, *path);
+  while (path && fileExists(*path) && !isAgreed(window(), L"上書きしてよろしいですか？", kCaption))
+    path = askFile(true, *path);
   if (!path) return;
   const PathParts parts = splitPath(*path);
   setName(parts.name + parts.extension);
   const base::Status status = writeTextSearchList(base::pathFromText(*path), written);
-  if (!status.ok()) tell(refusalText(kTextListCannotOpen, status.failure()));
-}
-
-bool CMojiListDlg::agreesToOverwrite() {
-  const MessageQuestion asked{L"上書きしてよろしいですか？", kCaption, Buttons::kYesNo, Icon::kQuestion,
-                              true};
-  return showMessage(window().native(), asked) == Answer::kYes;
+  if (!status.ok()) tell(window(), refusalText(kTextListCannotOpen, status.failure()), kCaption);
 }
 
 // The row stays as it is, selected, so that the person can change it.
@@ -111,7 +141,7 @@ bool CMojiListDlg::tellUnwritable(const std::vector<std::wstring>& rows) {
     const std::wstring characters = unwritableCharacters(rows[index]);
     if (characters.empty() || isBlankRow(rows[index])) continue;
     window().grid(IDC_TEXT_LIST_GRID).setCurrentRow(static_cast<int>(index));
-    tell(std::to_wstring(index + 1) + L"行目に保存できない文字があります: " + characters);
+    tell(window(), std::to_wstring(index + 1) + L"行目に保存できない文字があります: " + characters, kCaption);
     return true;
   }
   return false;
@@ -167,10 +197,6 @@ void CMojiListDlg::showRows(const std::vector<std::wstring>& rows, int current) 
 void CMojiListDlg::setName(std::wstring name) {
   name_ = std::move(name);
   window().setText(IDC_TEXT_LIST_NAME, name_);
-}
-
-void CMojiListDlg::tell(const std::wstring& text) {
-  showMessage(window().native(), {text, kCaption, Buttons::kOk, Icon::kWarning});
 }
 
 }  // namespace kiv

@@ -26,13 +26,11 @@ class CMojiListDlg : public Dialog {
   void save();
   std::optional<std::wstring> askFile(bool saving, const std::wstring& initialName);
   bool loadFile(const std::wstring& path);
-  bool agreesToOverwrite();
   bool tellUnwritable(const std::vector<std::wstring>& rows);
 
   std::vector<std::wstring> rows();
   void showRows(const std::vector<std::wstring>& rows, int current);
   void setName(std::wstring name);
-  void tell(const std::wstring& text);
 
   std::wstring folder_;
   std::wstring name_;  // of the current list; empty: a new one

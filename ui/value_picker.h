@@ -10,7 +10,6 @@ namespace kiv {
 class CSelDlg : public CSelBase {
  public:
   // Of a kind from 1 to 16. The section of the layer settings withholds the by-layer and by-block choices.
-  // The present value stands after the name of a dimension variable.
   CSelDlg(PickerOwner& owner, PickHandOver& pick, PickerRequest request);
 
   void pickCompleted() override;
@@ -24,7 +23,6 @@ class CSelDlg : public CSelBase {
 
  private:
   void fillChoices();
-  void showValue(const std::wstring& value);
 
   PickerRequest request_;
 };

@@ -31,12 +31,14 @@ enum class PickItem : int {
                // "フリーズ OFF", "印刷 ON", "線幅値 Default", "透過性 0"
   kLinetype,
   kColor,        // "1:赤", "256:BYLAYER"
-  kTextStyle,    // of a dimension that of its text, as the two below
+  kTextStyle,    // name, font and, when there is one, big font: the file of a shape font, else the typeface;
+                 // of a dimension that of its text, as the two below
   kTextHeight,   // "2.5"
   kTextAngle,    // degrees
   kWidthFactor,  // of texts only
   kBlock,
-  kDimStyle,
+  kDimension,     // of a dimension or leader the value of a variable, as it is typed: "2.5"; of an arrow the
+                  // block's name; without a variable the name of the style
   kLineWeight,    // "0.25 mm", "ByLayer"
   kTransparency,  // percent: "30"; "ByLayer", "ByBlock"
   kLinetypeScale,
@@ -50,9 +52,10 @@ enum class PickItem : int {
 using TakePickedValue = void(const wchar_t* value, void* context);
 
 // dll_kiv_entsel: prompts, lets the user pick an entity that `mask` admits and hands over its values for
-// the item, 1 to 16, one by one. 1, or 0 when nothing was picked, the entity is of a wrong kind or has no
-// such value: `take` was not called then, and the command line has said why unless the user cancelled.
-using PickEntity = int(const wchar_t* prompt, int item, std::uint32_t mask, TakePickedValue* take,
-                       void* context);
+// the item, 1 to 16, one by one. `variable` is the dimension variable that kDimension asks for; null or
+// empty: none. 1, or 0 when nothing was picked, the entity is of a wrong kind or has no such value: `take`
+// was not called then, and the command line has said why unless the user cancelled.
+using PickEntity = int(const wchar_t* prompt, int item, const wchar_t* variable, std::uint32_t mask,
+                       TakePickedValue* take, void* context);
 
 }  // namespace kiv

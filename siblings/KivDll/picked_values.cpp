@@ -2,13 +2,14 @@
 
 #include <optional>
 
-#include "dbdim.h"
+#include "base/fold.h"
 #include "dbents.h"
-#include "dblead.h"
 #include "dbmtext.h"
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "siblings/KivDll/value_texts.h"
+#include "siblings/common/dimension_variables.h"
+#include "siblings/common/host_releases.h"
 #include "siblings/common/insert_class.h"
 
 namespace kiv {
@@ -23,11 +24,31 @@ Value nameOf(AcDbObjectId id) {
   return std::wstring(name.kwszPtr());
 }
 
-Value textStyle(const AcDbEntity& entity) {
-  if (const auto* text = AcDbText::cast(&entity)) return nameOf(text->textStyle());
-  if (const auto* text = AcDbMText::cast(&entity)) return nameOf(text->textStyle());
-  if (const auto* dimension = AcDbDimension::cast(&entity)) return nameOf(dimension->dimtxsty());
-  return std::nullopt;
+AcDbObjectId textStyleOf(const AcDbEntity& entity) {
+  if (const auto* text = AcDbText::cast(&entity)) return text->textStyle();
+  if (const auto* text = AcDbMText::cast(&entity)) return text->textStyle();
+  if (const auto* dimension = AcDbDimension::cast(&entity)) return dimension->dimtxsty();
+  return {};
+}
+
+// Big fonts go with shape fonts only.
+std::vector<std::wstring> fontsOf(const AcDbTextStyleTableRecord& style) {
+  const AcString typeface = typefaceOf(style);
+  if (!typeface.isEmpty()) return {typeface.kwszPtr()};
+  AcString file, bigFont;
+  if (style.fileName(file) != Acad::eOk) return {};
+  if (style.bigFontFileName(bigFont) != Acad::eOk || bigFont.isEmpty()) return {file.kwszPtr()};
+  return {file.kwszPtr(), bigFont.kwszPtr()};
+}
+
+std::vector<std::wstring> textStyleValues(const AcDbEntity& entity) {
+  const AcDbObjectId id = textStyleOf(entity);
+  const Value name = nameOf(id);
+  const AcDbTextStyleTableRecordPointer style(id, AcDb::kForRead);
+  if (!name || style.openStatus() != Acad::eOk) return {};
+  std::vector<std::wstring> values = fontsOf(*style.object());
+  values.insert(values.begin(), *name);
+  return values;
 }
 
 Value textHeight(const AcDbEntity& entity) {
@@ -65,6 +86,23 @@ Value dimStyle(const AcDbEntity& entity) {
   if (const auto* dimension = AcDbDimension::cast(&entity)) return nameOf(dimension->dimensionStyle());
   if (const auto* leader = AcDbLeader::cast(&entity)) return nameOf(leader->dimensionStyle());
   return std::nullopt;
+}
+
+Value dimensionVariable(const AcDbEntity& entity, std::wstring_view variable) {
+  if (variable.empty()) return dimStyle(entity);
+  const std::wstring name = base::upper(variable);
+  const base::DimVariableInfo* info = base::findDimVariable(std::string(name.begin(), name.end()));
+  if (info == nullptr) return std::nullopt;
+  const DimensionReader& reader = kDimensionReaders[info->row];
+  const auto read = entity.isKindOf(AcDbLeader::desc())      ? reader.ofLeader
+                    : entity.isKindOf(AcDbDimension::desc()) ? reader.ofDimension
+                                                             : nullptr;
+  if (read == nullptr) return std::nullopt;
+  const DimensionReading reading = read(entity);
+  if (const auto* number = std::get_if<double>(&reading)) return numberText(*number);
+  if (const auto* text = std::get_if<std::wstring>(&reading)) return *text;
+  const AcDbObjectId id = std::get<AcDbObjectId>(reading);
+  return id.isNull() ? std::wstring(L".") : nameOf(id);
 }
 
 Value linetype(const AcDbEntity& entity) {
@@ -116,14 +154,12 @@ std::vector<std::wstring> layerValues(const AcDbEntity& entity) {
           labelled(L"透過性", transparencyText(layer->transparency()))};
 }
 
-Value valueOf(const AcDbEntity& entity, PickItem item) {
+Value valueOf(const AcDbEntity& entity, PickItem item, std::wstring_view variable) {
   switch (item) {
     case PickItem::kLinetype:
       return linetype(entity);
     case PickItem::kColor:
       return colorText(entity.colorIndex());
-    case PickItem::kTextStyle:
-      return textStyle(entity);
     case PickItem::kTextHeight:
       return textHeight(entity);
     case PickItem::kTextAngle:
@@ -132,8 +168,8 @@ Value valueOf(const AcDbEntity& entity, PickItem item) {
       return widthFactor(entity);
     case PickItem::kBlock:
       return block(entity);
-    case PickItem::kDimStyle:
-      return dimStyle(entity);
+    case PickItem::kDimension:
+      return dimensionVariable(entity, variable);
     case PickItem::kLineWeight:
       return lineWeightText(entity.lineWeight());
     case PickItem::kTransparency:
@@ -152,9 +188,10 @@ Value valueOf(const AcDbEntity& entity, PickItem item) {
 
 }  // namespace
 
-std::vector<std::wstring> pickedValues(const AcDbEntity& entity, PickItem item) {
+std::vector<std::wstring> pickedValues(const AcDbEntity& entity, PickItem item, std::wstring_view variable) {
   if (item == PickItem::kLayer) return layerValues(entity);
-  const Value value = valueOf(entity, item);
+  if (item == PickItem::kTextStyle) return textStyleValues(entity);
+  const Value value = valueOf(entity, item, variable);
   return value ? std::vector<std::wstring>{*value} : std::vector<std::wstring>{};
 }
 

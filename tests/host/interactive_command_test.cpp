@@ -12,6 +12,7 @@
 #include "platform/clock.h"
 #include "platform/settings.h"
 #include "tests/support/temp_folder.h"
+#include "tests/ui/fields_picker.h"
 #include "tests/ui/user.h"
 #include "ui/main_dialog.h"
 #include "ui/resource.h"
@@ -19,10 +20,19 @@
 namespace kiv::testing {
 namespace {
 
+// A line, and a dimension whose arrows have a size of their own.
 constexpr char kDrawing[] =
+    "  0\r\nSECTION\r\n  2\r\nBLOCKS\r\n  0\r\nBLOCK\r\n  8\r\n0\r\n  2\r\n*D1\r\n 70\r\n     1\r\n "
+    "10\r\n0\r\n "
+    "20\r\n0\r\n  3\r\n*D1\r\n"
+    "  0\r\nLINE\r\n  8\r\n0\r\n 10\r\n0\r\n 20\r\n40\r\n 11\r\n10\r\n 21\r\n40\r\n  0\r\nENDBLK\r\n  "
+    "8\r\n0\r\n  0\r\nENDSEC\r\n"
     "  0\r\nSECTION\r\n  2\r\nENTITIES\r\n  0\r\nLINE\r\n  8\r\nWALL\r\n 10\r\n0.0\r\n 20\r\n0.0\r\n "
-    "11\r\n10.0"
-    "\r\n 21\r\n0.0\r\n  0\r\nENDSEC\r\n  0\r\nEOF\r\n";
+    "11\r\n10.0\r\n 21\r\n0.0\r\n"
+    "  0\r\nDIMENSION\r\n  8\r\n0\r\n  2\r\n*D1\r\n 10\r\n0\r\n 20\r\n40\r\n 70\r\n     0\r\n  "
+    "3\r\nSTANDARD\r\n"
+    "1001\r\nACAD\r\n1000\r\nDSTYLE\r\n1002\r\n{\r\n1070\r\n    41\r\n1040\r\n3.5\r\n1002\r\n}\r\n"
+    "  0\r\nENDSEC\r\n  0\r\nEOF\r\n";
 constexpr wchar_t kRules[] =
     L"[備考]\r\n\r\n\r\n[その他の図形]\r\n[画層] = WALL\r\n{\r\n[色] = 3\r\n}\r\n---End---\r\n[EOF]\r\n";
 
@@ -71,14 +81,16 @@ class InteractiveCommand : public test_support::TempFolder {
   void thenPicksAt(double x, double y) {
     acts_.push_back([x, y] { return cad::InputEvent{3, 0, x, y, 0.1}; });
   }
-  void thenOpensThePicker(int command = 40031) {
-    then([this, command] {
+  // And picks for what is typed into it.
+  void thenOpensThePicker(int command = 40031, const wchar_t* typed = L"") {
+    then([this, command, typed] {
       const TreeItem section = user_.item(window(), IDC_MAIN_TREE, {L"図面", L"文字"});
       user_.choosesMenu(IDC_ADD_SETTING);
       user_.rightClickItem(window(), IDC_MAIN_TREE, section);
       user_.choosesMenu(command);
       user_.rightClickItem(window(), IDC_MAIN_TREE,
                            user_.item(window(), IDC_MAIN_TREE, {L"図面", L"文字", L"設定1"}));
+      user_.type(*user_.shown(IDD_VALUE), IDC_VALUE_COMBO, typed);
       user_.click(*user_.shown(IDD_VALUE), IDC_PICK);
       EXPECT_TRUE(user::shownDialogs().empty());
     });
@@ -222,6 +234,21 @@ TEST_F(InteractiveCommand, WhatIsPickedOffAnEntityOfAnotherKindIsNoValue) {
   thenClicks(IDCANCEL);
   run();
   EXPECT_TRUE(printed(L"\n文字高さを指示:"));
+}
+
+TEST_F(InteractiveCommand, ADimensionGivesTheVariableThatIsAskedFor) {
+  const test::FieldsPickers standIns;
+  thenOpensThePicker(40038, L"DIMASZ");
+  thenPicksAt(5, 40);
+  then([this] {
+    user_.click(*user_.shown(IDD_VALUE), IDOK);
+    const Item& result = conversionContext().dialog->specification().settings(1)[0].results[0];
+    EXPECT_EQ(result.variable, L"DIMASZ");
+    EXPECT_EQ(result.value, L"3.5");
+  });
+  thenClicks(IDCANCEL);
+  run();
+  EXPECT_TRUE(printed(L"\n寸法設定を指示:"));
 }
 
 TEST_F(InteractiveCommand, ASessionThatEndsWithAnOpenPickerLeavesTheHostUsable) {

@@ -1,4 +1,4 @@
-#include "platform/host_releases.h"
+#include "siblings/common/host_releases.h"
 
 #include <gtest/gtest.h>
 
@@ -25,6 +25,10 @@ struct NewStyle {
     set = charset;
     return Acad::eOk;
   }
+  Acad::ErrorStatus font(AcString& name, bool&, bool&, Charset&, Pitch&, Family&) const {
+    name = typeface.c_str();
+    return Acad::eOk;
+  }
 };
 
 TEST(HostReleases, TheFormsOfOthersAreCalled) {
@@ -36,7 +40,7 @@ TEST(HostReleases, TheFormsOfOthersAreCalled) {
   EXPECT_EQ(kiv::setLayerLinetype(old, AcDbObjectId().setFromOldId(8)), Acad::eInvalidInput);
   NewStyle style;
   EXPECT_EQ(kiv::setTypeface(style, L"Arial"), Acad::eOk);
-  EXPECT_EQ(style.typeface, L"Arial");
+  EXPECT_STREQ(kiv::typefaceOf(style).kwszPtr(), L"Arial");
   EXPECT_EQ(style.set, Charset::kDefault);
 }
 

@@ -2,8 +2,6 @@
 
 #include "platform/entity_pick.h"
 
-#include <optional>
-
 #include "tests/embedded/editor/host_fixture.h"
 
 namespace kiv {
@@ -14,7 +12,7 @@ using Values = std::vector<std::wstring>;
 // How high the entities of pick.dxf lie, each alone. The drawing is of 2010, where layers and entities have
 // lineweights and transparency.
 constexpr double kLine = 0, kText = 10.5, kMText = 21, kInsert = 30, kDimension = 40, kTable = 50,
-                 kNothing = 90;
+                 kGothic = 60.5, kLeader = 70, kNothing = 90;
 
 class EntityPickTest : public cad_test::HostTest {
  protected:
@@ -27,20 +25,16 @@ class EntityPickTest : public cad_test::HostTest {
     HostTest::TearDown();
   }
   // Clicks at (0.3, y).
-  std::optional<Values> pick(PickItem item, double y, std::uint32_t mask = kPickAll) {
+  Values pick(PickItem item, double y, std::uint32_t mask = kPickAll, const wchar_t* variable = L"") {
     host().setInputSource([y, clicked = false]() mutable -> std::optional<cad::InputEvent> {
       if (std::exchange(clicked, true)) return std::nullopt;
       return cad::InputEvent{3, 0, 0.3, y, 0.1};
     });
-    Values values{L"left over"};
-    if (pickEntity(L"\n値を指示:", item, mask, values)) return values;
-    EXPECT_TRUE(values.empty());
-    return std::nullopt;
+    return pickEntity(L"\n値を指示:", {item, mask, variable});
   }
-  std::wstring single(PickItem item, double y, std::uint32_t mask = kPickAll) {
-    const std::optional<Values> values = pick(item, y, mask);
-    if (!values || values->size() != 1) return L"(none)";
-    return values->front();
+  std::wstring single(PickItem item, double y, std::uint32_t mask = kPickAll, const wchar_t* variable = L"") {
+    const Values values = pick(item, y, mask, variable);
+    return values.size() == 1 ? values.front() : L"(none)";
   }
 };
 
@@ -49,11 +43,11 @@ TEST_F(EntityPickTest, TheLayerGivesNineValues) {
             (Values{L"WALL", L"1:赤", L"CENTER", L"表示 ON", L"ロック ON", L"フリーズ OFF", L"印刷 OFF",
                     L"線幅値 0.25 mm", L"透過性 30"}));
   EXPECT_TRUE(printedHas(L"\n値を指示:"));
-  const std::optional<Values> plain = pick(PickItem::kLayer, kInsert);
-  ASSERT_TRUE(plain);
-  EXPECT_EQ((*plain)[0], L"0");
-  EXPECT_EQ((*plain)[7], L"線幅値 Default");
-  EXPECT_EQ((*plain)[8], L"透過性 0");
+  const Values plain = pick(PickItem::kLayer, kInsert);
+  ASSERT_EQ(plain.size(), 9U);
+  EXPECT_EQ(plain[0], L"0");
+  EXPECT_EQ(plain[7], L"線幅値 Default");
+  EXPECT_EQ(plain[8], L"透過性 0");
 }
 
 TEST_F(EntityPickTest, PropertiesOfEveryEntity) {
@@ -82,7 +76,7 @@ TEST_F(EntityPickTest, PropertiesOfTexts) {
        {Row{kText, L"NARROW", L"2.5", L"30", L"0.75"}, Row{kMText, L"NARROW", L"5", L"0", L"0.8"},
         Row{kDimension, L"NARROW", L"3.5", L"45", L"(none)"}}) {
     for (const std::uint32_t mask : {kPickAll, kPickTexts}) {
-      EXPECT_EQ(single(PickItem::kTextStyle, row.place, mask), row.style) << row.place;
+      EXPECT_EQ(pick(PickItem::kTextStyle, row.place, mask).at(0), row.style) << row.place;
       EXPECT_EQ(single(PickItem::kTextHeight, row.place, mask), row.height) << row.place;
       EXPECT_EQ(single(PickItem::kTextAngle, row.place, mask), row.angle) << row.place;
       EXPECT_EQ(single(PickItem::kWidthFactor, row.place, mask), row.factor) << row.place;
@@ -90,36 +84,60 @@ TEST_F(EntityPickTest, PropertiesOfTexts) {
   }
   EXPECT_EQ(single(PickItem::kBlock, kInsert), L"DOOR");
   EXPECT_EQ(single(PickItem::kBlock, kTable), L"(none)") << "its block is the host's own drawing of it";
-  EXPECT_EQ(single(PickItem::kDimStyle, kDimension), L"ARCH");
+  EXPECT_EQ(single(PickItem::kDimension, kDimension), L"ARCH");
+}
+
+TEST_F(EntityPickTest, AStyleGivesItsFonts) {
+  EXPECT_EQ(pick(PickItem::kTextStyle, kText), (Values{L"NARROW", L"txt.shx", L"extfont2.shx"}));
+  EXPECT_EQ(pick(PickItem::kTextStyle, kDimension), pick(PickItem::kTextStyle, kText));
+  EXPECT_EQ(pick(PickItem::kTextStyle, kGothic), (Values{L"GOTHIC", L"MS Gothic"}));
+}
+
+TEST_F(EntityPickTest, ADimensionAndALeaderGiveTheVariableThatIsAskedFor) {
+  struct Row {
+    const wchar_t *variable, *ofDimension, *ofLeader;
+  };
+  for (const Row& row :
+       {Row{L"DIMTXT", L"3.5", L"3.5"}, Row{L"dimclrd", L"1", L"1"}, Row{L"DIMLWD", L"25", L"25"},
+        Row{L"DIMALTF", L"25.4", L"(none)"}, Row{L"DIMTOL", L"0", L"(none)"},
+        Row{L"DIMPOST", L"<> mm", L"(none)"}, Row{L"DIMDSEP", L".", L"(none)"},
+        Row{L"DIMTXSTY", L"NARROW", L"NARROW"}, Row{L"DIMBLK", L"DOOR", L"(none)"},
+        Row{L"DIMLDRBLK", L".", L"."}, Row{L"DIMASO", L"(none)", L"(none)"}}) {
+    EXPECT_EQ(single(PickItem::kDimension, kDimension, kPickAll, row.variable), row.ofDimension)
+        << base::pathFromText(row.variable);
+    EXPECT_EQ(single(PickItem::kDimension, kLeader, kPickAll, row.variable), row.ofLeader)
+        << base::pathFromText(row.variable);
+  }
+  EXPECT_EQ(single(PickItem::kDimension, kLine, kPickAll, L"DIMTXT"), L"(none)");
+  EXPECT_EQ(single(PickItem::kDimension, kLeader), L"ARCH");
 }
 
 TEST_F(EntityPickTest, WhatTheMaskLeavesOutIsRefusedAloud) {
-  EXPECT_EQ(pick(PickItem::kTextHeight, kLine, kPickTexts), std::nullopt);
+  EXPECT_EQ(pick(PickItem::kTextHeight, kLine, kPickTexts), Values());
   EXPECT_TRUE(printedHas(L"\n文字または寸法を指示してください。"));
-  EXPECT_EQ(pick(PickItem::kWidthFactor, kDimension, kPickTexts), std::nullopt);
+  EXPECT_EQ(pick(PickItem::kWidthFactor, kDimension, kPickTexts), Values());
   EXPECT_TRUE(printedHas(L"\n文字を指示してください。"));
-  EXPECT_EQ(pick(PickItem::kBlock, kText, kPickBlockReferences), std::nullopt);
+  EXPECT_EQ(pick(PickItem::kBlock, kText, kPickBlockReferences), Values());
   EXPECT_TRUE(printedHas(L"\nﾌﾞﾛｯｸ図形を指示してください。"));
-  EXPECT_EQ(pick(PickItem::kColor, kInsert, kPickAllButBlockReferences), std::nullopt);
+  EXPECT_EQ(pick(PickItem::kColor, kInsert, kPickAllButBlockReferences), Values());
   EXPECT_TRUE(printedHas(L"\nﾌﾞﾛｯｸ図形以外の図形を指示してください。"));
-  EXPECT_TRUE(pick(PickItem::kTextHeight, kMText, kPickTexts));
-  EXPECT_TRUE(pick(PickItem::kBlock, kInsert, kPickBlockReferences));
-  EXPECT_TRUE(pick(PickItem::kColor, kDimension, kPickAllButBlockReferences));
-  EXPECT_TRUE(pick(PickItem::kColor, kTable, kPickAllButBlockReferences));
+  EXPECT_EQ(pick(PickItem::kTextHeight, kMText, kPickTexts).size(), 1U);
+  EXPECT_EQ(pick(PickItem::kBlock, kInsert, kPickBlockReferences).size(), 1U);
+  EXPECT_EQ(pick(PickItem::kColor, kDimension, kPickAllButBlockReferences).size(), 1U);
+  EXPECT_EQ(pick(PickItem::kColor, kTable, kPickAllButBlockReferences).size(), 1U);
 }
 
 TEST_F(EntityPickTest, PicksWithoutAValueFail) {
-  EXPECT_EQ(pick(PickItem::kDimStyle, kLine), std::nullopt);
+  EXPECT_EQ(pick(PickItem::kDimension, kLine), Values());
   EXPECT_TRUE(printedHas(L"\nこの図形には該当する値がありません。"));
-  EXPECT_EQ(pick(PickItem::kColor, kNothing), std::nullopt);
+  EXPECT_EQ(pick(PickItem::kColor, kNothing), Values());
   EXPECT_TRUE(printedHas(L"\n図形が見つかりません。"));
   printed_.clear();
   host().setInputSource([] { return std::optional<cad::InputEvent>({2, 27}); });
-  Values values;
-  EXPECT_FALSE(pickEntity(L"\n色を指示:", PickItem::kColor, kPickAll, values));
+  EXPECT_EQ(pickEntity(L"\n色を指示:", {PickItem::kColor, kPickAll, {}}), Values());
   EXPECT_EQ(printed_, L"\n色を指示:") << "whoever cancels needs no message";
-  EXPECT_EQ(pick(static_cast<PickItem>(17), kLine), std::nullopt);
-  EXPECT_EQ(pick(static_cast<PickItem>(0), kLine), std::nullopt);
+  EXPECT_EQ(pick(static_cast<PickItem>(17), kLine), Values());
+  EXPECT_EQ(pick(static_cast<PickItem>(0), kLine), Values());
 }
 
 }  // namespace

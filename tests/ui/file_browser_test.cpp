@@ -4,9 +4,7 @@
 #include "platform/paths.h"
 #include "tests/support/temp_folder.h"
 #include "tests/ui/user.h"
-#include "ui/read_dialog.h"
 #include "ui/resource.h"
-#include "ui/save_dialog.h"
 
 namespace kiv {
 namespace {

@@ -26,7 +26,10 @@ class MainDialogTree : public MainDialog {
  protected:
   void SetUp() override {
     MainDialog::SetUp();
-    makeConfig(L"SAMPLE.CVT", kSampleText);
+    // Arrows have no picker.
+    const std::wstring arrows = L"[矢印のﾛｰﾄﾞ]\r\n";
+    std::wstring text = kSampleText;
+    makeConfig(L"SAMPLE.CVT", text.insert(text.find(arrows) + arrows.size(), L"_DOT\r\n"));
     makeConfig(L"KivCvtInit.dat", L"SAMPLE.CVT\r\n");
     open();
   }
@@ -71,7 +74,7 @@ TEST_F(MainDialogTree, DeleteAsksByWhatIsSelected) {
   asks({L"線種のﾛｰﾄﾞ", L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ"},
        asked(L"[<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ] を削除します."));
   asks({L"寸法"}, told(L"削除するﾃﾞｰﾀがありません"));
-  asks({L"矢印のﾛｰﾄﾞ"}, told(L"削除するﾃﾞｰﾀがありません"));
+  asks({L"字体のﾛｰﾄﾞ"}, told(L"削除するﾃﾞｰﾀがありません"));
   EXPECT_EQ(cvtText(dialog().specification()), before);
   select({});
   click(IDC_MAIN_DELETE);
@@ -92,7 +95,7 @@ TEST_F(MainDialogTree, EnterAndADoubleClickEdit) {
   user_.doubleClickItem(window(), IDC_MAIN_TREE, item(condition));
   showsPicker();
   // What has no picker shows what there is instead.
-  const Texts entry{L"線種のﾛｰﾄﾞ", L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ"};
+  const Texts entry{L"矢印のﾛｰﾄﾞ", L"<_DOT> をﾛｰﾄﾞ"};
   user_.leavesMenu();
   user_.doubleClickItem(window(), IDC_MAIN_TREE, item(entry));
   user_.leavesMenu();
@@ -141,9 +144,8 @@ TEST_F(MainDialogTree, InsertAddsWhereTheSelectionIs) {
   user_.type(*picker(), IDC_VALUE_COMBO, L"2.5");
   user_.click(*picker(), IDOK);
   EXPECT_EQ(rows({L"文字", L"設定1"}).back(), L"<文字高さ> を <2.5> に変更する");
-  EXPECT_EQ(inserts({L"線種のﾛｰﾄﾞ"}, 0), std::vector<int>{IDC_CLEAR_ENTRIES});
-  EXPECT_EQ(inserts({L"線種のﾛｰﾄﾞ", L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ"}, 0),
-            std::vector<int>{IDC_CLEAR_ENTRIES});
+  EXPECT_EQ(inserts({L"矢印のﾛｰﾄﾞ"}, 0), std::vector<int>{IDC_CLEAR_ENTRIES});
+  EXPECT_EQ(inserts({L"矢印のﾛｰﾄﾞ", L"<_DOT> をﾛｰﾄﾞ"}, 0), std::vector<int>{IDC_CLEAR_ENTRIES});
   user_.answersMessage(told(L"ﾂﾘｰの中から追加したい項目を選択してください"), Answer::kOk);
   select({});
   user_.press(window(), Key::kInsert);
@@ -262,9 +264,11 @@ TEST_F(MainDialogTree, MenusGreyWhatCannotApply) {
             (std::vector<int>{IDC_EDIT_CONDITION, IDC_INVERT_CONDITION, IDC_DELETE_CONDITION}));
   EXPECT_EQ(offered({L"文字", L"設定1", L"画層 を <TEXT> に変更"}),
             (std::vector<int>{IDC_EDIT_RESULT, IDC_DELETE_RESULT}));
-  EXPECT_EQ(offered({L"線種のﾛｰﾄﾞ"}), (std::vector<int>{IDC_CLEAR_ENTRIES}));
+  EXPECT_EQ(offered({L"線種のﾛｰﾄﾞ"}), (std::vector<int>{IDC_ADD_ENTRY, IDC_CLEAR_ENTRIES}));
   EXPECT_EQ(offered({L"線種のﾛｰﾄﾞ", L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ"}),
-            (std::vector<int>{IDC_DELETE_RESULT}));
+            (std::vector<int>{IDC_EDIT_RESULT, IDC_DELETE_RESULT}));
+  EXPECT_EQ(offered({L"矢印のﾛｰﾄﾞ"}), std::vector<int>{IDC_CLEAR_ENTRIES});
+  EXPECT_EQ(offered({L"矢印のﾛｰﾄﾞ", L"<_DOT> をﾛｰﾄﾞ"}), std::vector<int>{IDC_DELETE_RESULT});
   user_.rightClickItem(window(), IDC_MAIN_TREE, item({}));  // the root has no menu
 }
 

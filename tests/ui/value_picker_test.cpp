@@ -19,14 +19,16 @@ class Owner : public Dialog, public PickerOwner {
   void onInit() override { window().show(true); }
 
   DialogWindow& ownerWindow() override { return window(); }
-  void setValue(int kind, Role role, const std::wstring& value) override {
-    given.push_back(std::to_wstring(kind) + L"/" + std::to_wstring(static_cast<int>(role)) + L": " + value);
+  void take(const NodeContent& content) override {
+    ASSERT_EQ(content.fields.size(), 1U);
+    given.push_back(std::to_wstring(content.kind) + L"/" + std::to_wstring(static_cast<int>(content.role)) +
+                    L": " + content.fields[0]);
   }
   std::vector<std::wstring> namesInSection(int section) const override {
     return {L"名" + std::to_wstring(section)};
   }
-  void releasePicker(int slot) override {
-    EXPECT_EQ(slot, kValuePickerSlot);
+  void releasePicker(PickerSlot slot) override {
+    EXPECT_EQ(slot, PickerSlot::kValue);
     picker.reset();
   }
 
@@ -38,7 +40,7 @@ class ValuePicker : public test_support::TempFolder {
  protected:
   void SetUp() override {
     cad::Host::instance().start();
-    lastPickerPlace() = {};
+    lastPickerPlace(PickerSlot::kValue) = {};
     ASSERT_TRUE(owner_.create(nullptr));
   }
   void TearDown() override {
@@ -48,8 +50,8 @@ class ValuePicker : public test_support::TempFolder {
 
   DialogWindow& open(int kind, const std::vector<std::wstring>& present = {}, Role role = Role::kCondition) {
     const std::wstring lists = ensureTrailingSeparator(base::pathText(folder_));
-    owner_.picker =
-        std::make_unique<CSelDlg>(owner_, pick_, PickerRequest{kTextSection, kind, role, present, lists});
+    owner_.picker = std::make_unique<CSelDlg>(owner_, pick_,
+                                              PickerRequest{kTextSection, {kind, role, {}, present}, lists});
     EXPECT_TRUE(owner_.picker->create(nullptr));
     return owner_.picker->window();
   }
@@ -91,13 +93,6 @@ TEST_F(ValuePicker, SaysWhatItIsForAndShowsThePresentValue) {
       {kColorKind, {L"256:BYLAYER"}, kCondition, L"色の指定(変換対象の設定)", L"色 :", L"256:BYLAYER", 1},
       {kColorKind, {L"12"}, kResult, L"色の指定(変換後の設定)", L"色 :", L"12", -1},
       {kPlotKind, {L"off"}, kEntry, L"印刷の指定(変換後の設定)", L"印刷 :", L"off", -1},
-      {kVariableKind,
-       {L"DIMASZ", L"2.5"},
-       kResult,
-       L"ｼｽﾃﾑ変数の指定(変換後の設定)",
-       L"ｼｽﾃﾑ変数 :",
-       L"2.5",
-       -1},
       {kLayerKind, {L"A-*,B-*"}, kCondition, L"画層の指定(変換対象の設定)", L"画層 :", L"A-*,B-*", -1},
       {kTextListKind, {}, kCondition, L"文字列の一致の指定(変換対象の設定)", L"文字列の一致 :", L"", -1},
   };
@@ -184,7 +179,7 @@ TEST_F(ValuePicker, OpensWhereTheLastOneStood) {
   place = {place.left + 40, place.top + 30, place.right + 40, place.bottom + 30};
   first.setPlace(place);
   user_.click(first, IDCANCEL);
-  EXPECT_EQ(lastPickerPlace(), place);
+  EXPECT_EQ(lastPickerPlace(PickerSlot::kValue), place);
   EXPECT_EQ(open(kColorKind).place(), place);
 }
 

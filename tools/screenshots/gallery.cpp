@@ -2,8 +2,8 @@
 //
 //   dialog_gallery PICTURES FOLDER
 //
-// PICTURES gets them; below FOLDER are CFG, with the specifications and lists of the examples, and LOG. Its
-// name is seen in the pictures.
+// PICTURES gets them; below FOLDER are CFG, with the specifications and lists of the examples, LOG, and
+// support, with linetype files. Its name is seen in the pictures.
 #include <windows.h>
 
 #include <cstdio>
@@ -180,14 +180,22 @@ class Gallery {
     takePicker(5, 40053, "value-visibility", [](DialogWindow& picker) {
       SendDlgItemMessageW(handleOf(picker), IDC_VALUE_COMBO, CB_SHOWDROPDOWN, TRUE, 0);
     });
+    takePickerOf(section(7), IDC_ADD_ENTRY, "linetype", [](DialogWindow& picker) {
+      kiv::user::chooseEntry(picker, IDC_LINETYPE_FILE, 0);
+      kiv::user::clickRow(picker, IDC_LINETYPE_LIST, 3);
+    });
   }
 
   // The picker that the menu of a section's first setting opens.
   void takePicker(std::size_t place, int command, const char* name,
                   const std::function<void(DialogWindow&)>& use) {
+    takePickerOf(firstSetting(place), command, name, use);
+  }
+  void takePickerOf(TreeItem row, int command, const char* name,
+                    const std::function<void(DialogWindow&)>& use) {
     {
       const Chooser menu(command);
-      kiv::user::rightClickItem(window(), IDC_MAIN_TREE, firstSetting(place));
+      kiv::user::rightClickItem(window(), IDC_MAIN_TREE, row);
     }
     DialogWindow& picker = newestDialog();
     use(picker);
@@ -222,6 +230,7 @@ int main(int count, char** arguments) {
   SetCursorPos(0, 0);  // over none of the windows
   cad::Host::instance().start();
   cad::Host::instance().setMainWindow(frame);
+  cad::Host::instance().setSupportPath({std::filesystem::path(folder) / "support"});
   kiv::initScreenScale(frame);
   {
     kiv::PickHandOver pick;

@@ -2,8 +2,10 @@
 // Calls that the host's releases declare differently, one function for each: the sources that use them are
 // the same for every release.
 
+#include <tuple>
 #include <type_traits>
 
+#include "AcString.h"
 #include "dbsymtb.h"
 
 namespace kiv {
@@ -44,6 +46,27 @@ Acad::ErrorStatus setTypeface(Style& style, const ACHAR* typeface,
 template <class Style>
 Acad::ErrorStatus setTypeface(Style& style, const ACHAR* typeface) {
   return detail::setTypeface(style, typeface, &Style::setFont);
+}
+
+namespace detail {
+
+// The numbers, by their types in this release, are of no interest.
+template <class Style, class... Numbers>
+AcString typefaceOf(const Style& style,
+                    Acad::ErrorStatus (Style::*font)(AcString&, bool&, bool&, Numbers&...) const) {
+  AcString typeface;
+  bool bold = false, italic = false;
+  std::tuple<Numbers...> numbers;
+  const auto read = [&](Numbers&... each) { return (style.*font)(typeface, bold, italic, each...); };
+  return std::apply(read, numbers) == Acad::eOk ? typeface : AcString();
+}
+
+}  // namespace detail
+
+// The TrueType typeface; empty: the style has a font file only.
+template <class Style>
+AcString typefaceOf(const Style& style) {
+  return detail::typefaceOf(style, &Style::font);
 }
 
 }  // namespace kiv

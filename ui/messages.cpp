@@ -1,4 +1,6 @@
-#include "ui/file_refusal.h"
+#include "ui/messages.h"
+
+#include "platform/questions.h"
 
 namespace kiv {
 namespace {
@@ -49,6 +51,15 @@ std::wstring inTheDialogs(const base::Failure& failure) {
 }
 
 }  // namespace
+
+void tell(DialogWindow& window, const std::wstring& text, const wchar_t* caption) {
+  static_cast<void>(showMessage(window.native(), {text, caption, Buttons::kOk, Icon::kWarning}));
+}
+
+bool isAgreed(DialogWindow& window, const std::wstring& question, const wchar_t* caption) {
+  const MessageQuestion asked{question, caption, Buttons::kYesNo, Icon::kQuestion, true};
+  return showMessage(window.native(), asked) == Answer::kYes;
+}
 
 std::wstring refusalText(const std::wstring& what, const base::Failure& failure) {
   return what + L"\n\n" + failure.place + L"\n" + inTheDialogs(failure);

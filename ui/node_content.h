@@ -1,0 +1,27 @@
+#pragma once
+// What stands in a node of the editing tree, as pickers are given it and give it: an item of a rule section
+// or an entry of a list section, in one form.
+
+#include <string>
+#include <vector>
+
+#include "spec/specification.h"
+
+namespace kiv {
+
+struct NodeContent {
+  int kind = 0;  // 1 to 16 of an item, 51 to 55 of an entry
+  Role role = Role::kNone;
+  std::wstring variable;  // the name of a dimension variable, of an item and of an entry; else empty
+  std::vector<std::wstring>
+      fields;  // an item's value; what an entry has (behind its variable); none: still new
+};
+
+// Empty, of Role::kNone, for a node that is neither item nor entry.
+NodeContent contentOf(const Specification& specification, const Node& node);
+
+// In the wording of the pickers. `target` is the item or entry that gets the content, or the setting or
+// section that gains it. Refused like the specification's own operations.
+Edited putContent(Specification& specification, const Node& target, const NodeContent& content);
+
+}  // namespace kiv
