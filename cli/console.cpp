@@ -3,6 +3,7 @@
 #include <cwchar>
 #include <iterator>
 
+#include "base/paths.h"
 #include "base/terminal.h"
 #include "cli/specification_check.h"
 
@@ -51,7 +52,7 @@ void complain(std::wstring_view text) {
 }
 
 void complainAbout(const std::wstring& file, const base::Failure& failure) {
-  for (const std::wstring& name : {fullPath(file), file}) {
+  for (const std::wstring& name : {base::fullPath(file), file}) {
     if (!failure.place.starts_with(name)) continue;
     return complain(file + failure.place.substr(name.size()) + L": " + failure.reason);
   }

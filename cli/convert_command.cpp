@@ -8,6 +8,7 @@
 
 #include "base/codepage.h"
 #include "base/files.h"
+#include "base/paths.h"
 #include "base/temporary_files.h"
 #include "cli/commands.h"
 #include "cli/console.h"
@@ -50,7 +51,7 @@ struct Undone {
 
 // Everything that is wrong for all drawings is found before the first one is opened.
 base::Status prepare(Session& session, const Arguments& arguments, Undone& undone) {
-  const std::wstring specification = fullPath(arguments.specification);
+  const std::wstring specification = base::fullPath(arguments.specification);
   session.lookBeside(specification);
   const KivSpecificationReport report = session.checkSpecification(specification);
   if (!reportSpecification(arguments.specification, report)) {
@@ -70,7 +71,7 @@ std::wstring logFilePath(const std::wstring& folder) {
   wchar_t name[64];
   const std::size_t length =
       std::wcsftime(name, std::size(name), L"%Y%m%d_%Hh%Mm%SsMorlux.log", std::localtime(&now));
-  const std::filesystem::path path = base::pathFromText(fullPath(folder));
+  const std::filesystem::path path = base::pathFromText(base::fullPath(folder));
   return base::pathText(path / base::pathFromText(std::wstring(name, length)));
 }
 

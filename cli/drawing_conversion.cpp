@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/files.h"
+#include "base/paths.h"
 #include "cli/console.h"
 #include "cli/specification_check.h"
 #include "embedded/formats/drawing_files.h"
@@ -49,8 +50,8 @@ DrawingConversion::DrawingConversion(Session& session, const Arguments& argument
     : session_(session),
       arguments_(arguments),
       logFile_(std::move(logFile)),
-      specification_(fullPath(arguments.specification)),
-      outputFolder_(fullPath(arguments.outputFolder)),
+      specification_(base::fullPath(arguments.specification)),
+      outputFolder_(base::fullPath(arguments.outputFolder)),
       report_(session.lastRunReport()) {}
 
 Outcome DrawingConversion::run(const PlannedDrawing& drawing) {

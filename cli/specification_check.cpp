@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "base/files.h"
+#include "base/paths.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 
@@ -27,7 +28,7 @@ std::wstring counted(int count, const wchar_t* one, const wchar_t* many) {
 }
 
 int checkFile(Session& session, const std::wstring& file) {
-  const KivSpecificationReport report = session.checkSpecification(fullPath(file));
+  const KivSpecificationReport report = session.checkSpecification(base::fullPath(file));
   if (!reportSpecification(file, report)) return kUnusable;
   const int count = droppedLines(report);
   const std::wstring dropped = report.diagnosticCount == 0 ? L"every line is understood"
@@ -39,12 +40,6 @@ int checkFile(Session& session, const std::wstring& file) {
 }
 
 }  // namespace
-
-std::wstring fullPath(const std::wstring& given) {
-  std::error_code error;
-  const std::filesystem::path absolute = std::filesystem::absolute(base::pathFromText(given), error);
-  return error ? given : base::pathText(absolute);
-}
 
 bool reportSpecification(const std::wstring& file, const KivSpecificationReport& report) {
   if (report.usable == 0) {

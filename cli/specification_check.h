@@ -8,9 +8,6 @@
 
 namespace kivcli {
 
-// The path as the module's "full path": absolute.
-std::wstring fullPath(const std::wstring& given);
-
 // Says on standard error why the file cannot be used, or tells of each line that the reader drops or warns
 // of. Returns whether the file can be used.
 bool reportSpecification(const std::wstring& file, const KivSpecificationReport& report);

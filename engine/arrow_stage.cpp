@@ -9,13 +9,14 @@
 #include "acutads.h"
 #include "adscodes.h"
 #include "base/files.h"
+#include "base/paths.h"
+#include "base/text_files.h"
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "engine/dimension_variables.h"
 #include "engine/host_access.h"
 #include "engine/stages.h"
 #include "platform/paths.h"
-#include "platform/text.h"
 #include "spec/arrow_catalogue.h"
 #include "spec/item_kinds.h"
 
@@ -76,7 +77,7 @@ std::wstring findArrowFile(const std::wstring& entry, const std::filesystem::pat
 
 void loadFile(const std::wstring& entry, RunState& run) {
   std::wstring path = findArrowFile(entry, run.specificationFolder);
-  if (path.empty()) path = findArrowFile(withSystemSeparators(entry), run.specificationFolder);
+  if (path.empty()) path = findArrowFile(base::withSystemSeparators(entry), run.specificationFolder);
   if (path.empty()) {
     run.problems.addNote(
         {section(kArrowSection).name, entry, RefusalReason::kNoSuchFile, 1, Refuser::kDrawing});

@@ -1,10 +1,10 @@
 #include "engine/compiled_setting.h"
 
 #include "base/fold.h"
-#include "spec/color_text.h"
+#include "base/numbers.h"
 #include "spec/dimension_catalogue.h"
 #include "spec/item_kinds.h"
-#include "spec/leading_number.h"
+#include "spec/value_forms.h"
 
 namespace kiv {
 namespace {
@@ -93,11 +93,11 @@ class Compiler {
     const std::wstring& value = item.value;
     switch (kind) {
       case kTextHeightKind:
-        return to.heights.push_back({leadingReal(value), item.equal});
+        return to.heights.push_back({base::leadingReal(value), item.equal});
       case kTextAngleKind:
-        return to.angles.push_back({leadingReal(value), item.equal});
+        return to.angles.push_back({base::leadingReal(value), item.equal});
       case kWidthFactorKind:
-        return to.widthFactors.push_back({leadingReal(value), item.equal});
+        return to.widthFactors.push_back({base::leadingReal(value), item.equal});
       case kTextListKind:
         return addTextList(to, item);
       case kLineweightKind:
@@ -105,7 +105,7 @@ class Compiler {
       case kTransparencyKind:
         return to.transparencies.push_back({transparencyValue(value), item.equal});
       case kLinetypeScaleKind:
-        return to.linetypeScales.push_back({leadingReal(value), item.equal});
+        return to.linetypeScales.push_back({base::leadingReal(value), item.equal});
       default:
         return;  // the kinds of layers
     }
@@ -121,10 +121,7 @@ class Compiler {
   const TextListLoader& loadTextList_;
 };
 
-bool actsOnEntities(int kind) {
-  return kind != kTextListKind && kind != kVisibilityKind && kind != kLockKind && kind != kFreezeKind &&
-         kind != kPlotKind;
-}
+int sectionOf(Pass pass) { return kTextSection + static_cast<int>(pass); }
 
 }  // namespace
 
@@ -153,7 +150,7 @@ CompiledSetting compileSetting(std::wstring_view flatSetting, Pass pass, const T
   for (const FlatItem& item : flat.conditions) compiler.addCondition(setting.conditions, item);
   for (const FlatItem& item : flat.results) {
     const auto meaning = lookUpKey(item.key);
-    if (!meaning || !actsOnEntities(meaning->kind)) continue;
+    if (!meaning || !hasEffect(meaning->kind, sectionOf(pass), true)) continue;
     const int row = findDimensionVariable(meaning->variable);
     if (meaning->kind == kVariableKind && row < 0) continue;
     setting.results.push_back({meaning->kind, row, item.key, item.value});

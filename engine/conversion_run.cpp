@@ -15,7 +15,7 @@
 #include "engine/stages.h"
 #include "platform/host_output.h"
 #include "platform/settings.h"
-#include "spec/cvt_run_reader.h"
+#include "spec/cvt_reader.h"
 
 namespace kiv {
 namespace {

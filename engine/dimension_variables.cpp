@@ -7,8 +7,6 @@
 #include "base/fold.h"
 #include "engine/host_access.h"
 #include "siblings/common/dimension_variables.h"
-#include "spec/color_text.h"
-#include "spec/leading_number.h"
 #include "spec/value_forms.h"
 
 namespace kiv {
@@ -103,8 +101,8 @@ std::wstring hostArrowName(std::wstring_view name) {
 
 std::optional<DimensionValue> dimensionValue(int row, std::wstring_view text) {
   const DimensionVariable& variable = dimensionCatalogueRow(row);
-  if (variable.isInteger()) return static_cast<double>(leadingInteger(text));
-  if (variable.isReal()) return leadingReal(text);
+  if (variable.isInteger()) return static_cast<double>(base::leadingInteger(text));
+  if (variable.isReal()) return base::leadingReal(text);
   if (!variable.isArrow()) return std::wstring(text);
   const auto block = blockNameOfDisplayForm(text);
   if (!block) return std::nullopt;

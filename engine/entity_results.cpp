@@ -2,6 +2,7 @@
 
 #include <numeric>
 
+#include "base/numbers.h"
 #include "dbdim.h"
 #include "dbents.h"
 #include "dbmtext.h"
@@ -10,9 +11,8 @@
 #include "engine/host_access.h"
 #include "engine/pattern_rename.h"
 #include "engine/problems.h"
-#include "spec/color_text.h"
 #include "spec/item_kinds.h"
-#include "spec/leading_number.h"
+#include "spec/value_forms.h"
 
 namespace kiv {
 namespace {
@@ -135,7 +135,7 @@ PreparedResult EntityResults::prepare(const ResultItem& item) const {
       result.height = heightValue(item.value);
       break;
     case kTextAngleKind:
-      result.number = radians(leadingReal(item.value));
+      result.number = radians(base::leadingReal(item.value));
       break;
     case kLineweightKind:
       result.integer = lineWeightResult(item.value);
@@ -147,7 +147,7 @@ PreparedResult EntityResults::prepare(const ResultItem& item) const {
       result.variable = dimensionValue(item.variable, item.value);
       break;
     default:
-      result.number = leadingReal(item.value);
+      result.number = base::leadingReal(item.value);
   }
   return result;
 }

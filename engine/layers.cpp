@@ -7,9 +7,8 @@
 #include "engine/entity_properties.h"
 #include "engine/host_access.h"
 #include "siblings/common/host_releases.h"
-#include "spec/color_text.h"
 #include "spec/item_kinds.h"
-#include "spec/leading_number.h"
+#include "spec/value_forms.h"
 
 namespace kiv {
 namespace {

@@ -9,7 +9,7 @@
 #include "engine/host_access.h"
 #include "engine/problems.h"
 #include "platform/host_output.h"
-#include "spec/cvt_run_reader.h"
+#include "spec/cvt_reader.h"
 
 namespace kiv {
 

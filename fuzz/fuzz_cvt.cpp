@@ -12,8 +12,7 @@
 #include "base/files.h"
 #include "fuzz/require.h"
 #include "fuzz/share.h"
-#include "spec/cvt_run_reader.h"
-#include "spec/cvt_tree_reader.h"
+#include "spec/cvt_reader.h"
 #include "spec/cvt_writer.h"
 
 namespace {

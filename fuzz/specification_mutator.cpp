@@ -11,7 +11,7 @@
 #include "base/codepage.h"
 #include "fuzz/choice.h"
 #include "fuzz/input.h"
-#include "spec/cvt_words.h"
+#include "spec/cvt_lines.h"
 #include "spec/dimension_catalogue.h"
 #include "spec/item_kinds.h"
 

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "base/files.h"
+#include "base/paths.h"
 #include "host/conversion_context.h"
 #include "host/run_report.h"
 #include "platform/host_output.h"
-#include "platform/paths.h"
 #include "platform/settings.h"
 #include "spec/cvt_parser.h"
 
@@ -63,7 +63,7 @@ int setConversion(const KivConversion* conversion) {
   }
   if (!isSaveFormat(conversion->saveFormat)) return 0;
   context.contextPaths = {
-      textOf(conversion->specification), {}, ensureTrailingSeparator(textOf(conversion->outputFolder))};
+      textOf(conversion->specification), {}, base::ensureTrailingSeparator(textOf(conversion->outputFolder))};
   context.batchStartDocument = nullptr;
   context.batchRemaining = 0;
   context.saveFormat = conversion->saveFormat;

@@ -6,10 +6,10 @@
 
 #include "base/file_errors.h"
 #include "base/files.h"
+#include "base/paths.h"
+#include "base/text_files.h"
 #include "platform/clock.h"
-#include "platform/paths.h"
 #include "platform/settings.h"
-#include "platform/text.h"
 
 namespace kiv {
 namespace {
@@ -39,10 +39,10 @@ void ConversionLog::addMessage(const std::wstring& text) {
 
 base::Status ConversionLog::writeEntry() const {
   if (logFile_.empty()) return {};
-  const bool existed = fileExists(logFile_);
+  const bool existed = base::fileExists(logFile_);
   const std::filesystem::path path = base::pathFromText(logFile_);
   const std::wstring text = (existed ? L"" : kHeader) + entryText(time_, drawing_, messages_.texts());
-  const std::string bytes = encodeText(text).bytes;
+  const std::string bytes = base::encodeText(text).bytes;
   errno = 0;
   std::ofstream file(path, std::ios::binary | std::ios::app);
   file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));

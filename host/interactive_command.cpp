@@ -9,6 +9,7 @@
 #include "acedads.h"
 #include "acutads.h"
 #include "adscodes.h"
+#include "base/paths.h"
 #include "host/batch.h"
 #include "host/module.h"
 #include "platform/clock.h"
@@ -121,7 +122,7 @@ std::wstring logFile() {
   const std::wstring name = localTimeText(L"%Y%m%d_%Hh%Mm%SsMorlux.log");
   // A run without the log that was asked for would say nothing of what it could not convert.
   if (name.empty()) throw std::invalid_argument("the clock shows no local time");
-  return joinPath(folder, name);
+  return base::joinPath(folder, name);
 }
 
 void storeOptions() {

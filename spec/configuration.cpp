@@ -3,8 +3,8 @@
 #include "base/files.h"
 #include "base/fold.h"
 #include "base/folder_creation.h"
-#include "platform/paths.h"
-#include "platform/text.h"
+#include "base/paths.h"
+#include "base/text_files.h"
 
 namespace kiv {
 namespace {
@@ -22,11 +22,11 @@ std::wstring configurationFolder(const HostFileLookup& lookup) {
   if (!found || found->size() > kLongestModulePath) return {};
   const size_t at = base::upper(*found).find(kModuleFileName);
   if (at == std::wstring::npos || at < kShortestFolder) return {};
-  return ensureTrailingSeparator(folderInSystemCase(found->substr(0, at)) + L"CFG");
+  return base::ensureTrailingSeparator(base::folderInSystemCase(found->substr(0, at)) + L"CFG");
 }
 
 FolderMade makeConfigurationFolder(const std::wstring& folder) {
-  if (folder.empty() || folderExists(folder)) return {};
+  if (folder.empty() || base::folderExists(folder)) return {};
   const fs::path made = base::pathFromText(folder).parent_path();
   std::vector<fs::path> samples;
   std::error_code error;
@@ -46,7 +46,7 @@ std::optional<std::wstring> defaultSpecificationName(const std::wstring& folder,
   if (!found) return std::nullopt;
   const auto content = base::readFile(base::pathFromText(*found));
   if (!content.ok()) return std::nullopt;
-  const std::vector<TextLine> lines = textLines(content.value());
+  const std::vector<base::TextLine> lines = base::textLines(content.value());
   if (lines.empty()) return std::wstring();
   std::wstring_view line = std::wstring_view(lines[0].text).substr(0, kLongestLine);
   while (!line.empty() && base::trim(line.substr(line.size() - 1)).empty()) line.remove_suffix(1);
@@ -54,11 +54,11 @@ std::optional<std::wstring> defaultSpecificationName(const std::wstring& folder,
 }
 
 base::Status writeDefaultSpecificationName(const std::wstring& folder, std::wstring_view path) {
-  const PathParts parts = splitPath(path);
+  const base::PathParts parts = base::splitPath(path);
   const std::wstring name = path.empty() ? std::wstring() : parts.name + parts.extension;
   const fs::path file = base::pathFromText(folder + kInitialFileName);
-  base::Encoded encoded = encodeText(name + L"\n");
-  if (name.empty() || !encoded.clean) encoded = encodeText(std::wstring(kUnnamedSpecification) + L"\n");
+  base::Encoded encoded = base::encodeText(name + L"\n");
+  if (name.empty() || !encoded.clean) encoded = base::encodeText(std::wstring(kUnnamedSpecification) + L"\n");
   return base::writeFileAtomically(file, encoded.bytes);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
-// Warnings of rule lines that are understood, but probably do not do what their author meant.
+// Warnings of lines that are understood, but probably do not do what their author meant.
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,24 @@
 #include "spec/specification.h"
 
 namespace kiv {
+
+// What a conversion makes of a value text that is no value of its kind: numbers are read as far as they go,
+// and what is no number counts as 0.
+struct GivenValue {
+  int section;
+  int kind;               // of items; a variable's in the list of dimension variables, too
+  std::wstring variable;  // of kVariableKind
+  std::wstring text;      // in the file's own case
+  bool asCondition;
+};
+
+struct ValueDoubt {
+  CvtProblem problem;
+  std::wstring detail;
+};
+
+// Nothing: the value is what is written. Whether the section heeds the kind is not looked at.
+std::optional<ValueDoubt> doubtOfValue(const GivenValue& given);
 
 // One line of one section of rules.
 class CvtItemCheck {

@@ -4,7 +4,7 @@
 
 #include "base/codepage.h"
 #include "base/fold.h"
-#include "platform/text.h"
+#include "base/text_files.h"
 #include "spec/cvt_parser.h"
 
 namespace kiv {
@@ -12,7 +12,7 @@ namespace kiv {
 std::vector<CvtLine> cvtLines(std::string_view bytes, CvtDiagnostics& diagnostics) {
   std::vector<CvtLine> lines;
   int number = 0;
-  for (const TextLine& line : textLines(bytes)) {
+  for (const base::TextLine& line : base::textLines(bytes)) {
     ++number;
     const std::wstring_view whole = line.text;
     const std::wstring shown(base::trim(whole));

@@ -10,6 +10,13 @@
 
 namespace kiv {
 
+// The marks of a file that are no section's header.
+inline constexpr wchar_t kRemarkHeader[] = L"[備考]";
+inline constexpr wchar_t kEndOfFile[] = L"[EOF]";
+inline constexpr wchar_t kEndOfSection[] = L"---End---";        // as it is written
+inline constexpr wchar_t kFoldedEndOfSection[] = L"---END---";  // as readers compare it
+inline constexpr wchar_t kNoConditions[] = L"[***]";            // stands where a setting has no conditions
+
 struct CvtLine {
   int number;           // of the line in the file; the pieces of a long line share it
   std::wstring text;    // trimmed

@@ -6,7 +6,6 @@
 #include "base/files.h"
 #include "spec/cvt_lines.h"
 #include "spec/cvt_section_pass.h"
-#include "spec/cvt_words.h"
 #include "spec/text_search_list.h"
 
 namespace kiv {

@@ -3,11 +3,10 @@
 #include <algorithm>
 
 #include "base/fold.h"
-#include "spec/color_text.h"
 #include "spec/cvt_item_check.h"
-#include "spec/cvt_value_check.h"
-#include "spec/cvt_words.h"
+#include "spec/cvt_lines.h"
 #include "spec/dimension_catalogue.h"
+#include "spec/value_forms.h"
 
 namespace kiv {
 CvtSectionPass::CvtSectionPass(int section, const std::vector<CvtLine>& lines, std::wstring& remark,

@@ -1,17 +1,14 @@
-#include "spec/cvt_value_check.h"
+#include "spec/cvt_item_check.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
-#include <iterator>
 #include <string_view>
 
 #include "base/fold.h"
 #include "base/lineweights.h"
-#include "spec/color_text.h"
+#include "base/numbers.h"
 #include "spec/dimension_catalogue.h"
 #include "spec/item_kinds.h"
-#include "spec/leading_number.h"
 #include "spec/value_forms.h"
 
 namespace kiv {
@@ -21,12 +18,6 @@ using Doubt = std::optional<ValueDoubt>;
 
 Doubt readAs(std::wstring text) { return ValueDoubt{CvtProblem::kReadAsOther, std::move(text)}; }
 Doubt impossible(const GivenValue& given) { return ValueDoubt{CvtProblem::kImpossibleValue, given.text}; }
-
-std::wstring numberText(double number) {
-  char digits[64];
-  const auto end = std::to_chars(std::begin(digits), std::end(digits), number);
-  return {std::begin(digits), end.ptr};
-}
 
 bool isOfLayer(const GivenValue& given) {
   return given.section == kLayerSettingSection || given.section == kLayerCreationSection;
@@ -44,31 +35,32 @@ Doubt doubtOfColor(const GivenValue& given) {
   }
   if (number < kColorByBlock || number > kColorByLayer) return impossible(given);
   const std::wstring inFile = colorFileText(number);
-  const bool saysSo = isInteger(given.text) || base::equalFolded(given.text, inFile) ||
+  const bool saysSo = base::isInteger(given.text) || base::equalFolded(given.text, inFile) ||
                       base::equalFolded(given.text, colorText(number));
   return saysSo ? std::nullopt : readAs(inFile);
 }
 
 Doubt doubtOfInteger(const GivenValue& given) {
-  return isInteger(given.text) ? std::nullopt : readAs(std::to_wstring(leadingInteger(given.text)));
+  return base::isInteger(given.text) ? std::nullopt
+                                     : readAs(std::to_wstring(base::leadingInteger(given.text)));
 }
 
 // The drawing's variables are set as 16-bit integers, of which the low bits stay.
 Doubt doubtOfVariableInteger(const GivenValue& given) {
-  const int number = leadingInteger(given.text);
+  const int number = base::leadingInteger(given.text);
   const int set = given.section == kDimensionSettingSection ? static_cast<short>(number) : number;
   return set == number ? doubtOfInteger(given) : readAs(std::to_wstring(set));
 }
 
 Doubt doubtOfReal(const GivenValue& given) {
-  return isReal(given.text) ? std::nullopt : readAs(numberText(leadingReal(given.text)));
+  return base::isReal(given.text) ? std::nullopt : readAs(base::numberText(base::leadingReal(given.text)));
 }
 
 Doubt doubtOfHeight(const GivenValue& given) {
   const HeightValue height = heightValue(given.text);
   if (given.asCondition || !height.isFactor) return doubtOfReal(given);
   const std::wstring_view factor = std::wstring_view(given.text).substr(0, given.text.size() - 1);
-  return isReal(factor) ? std::nullopt : readAs(numberText(height.number) + L"x");
+  return base::isReal(factor) ? std::nullopt : readAs(base::numberText(height.number) + L"x");
 }
 
 // A text that is cut at the end but for the characters that the kind lets stand there.
@@ -80,7 +72,8 @@ std::wstring withoutUnit(std::wstring_view text, std::wstring_view unit) {
 bool saysLineweight(const std::wstring& text, const base::Lineweight& weight) {
   if (weight.hundredths < 0) return base::equalFolded(text, weight.text);
   const std::wstring millimetres = withoutUnit(text, L"MM");
-  return isReal(millimetres) && std::abs(leadingReal(millimetres) * 100 - weight.hundredths) < 1e-6;
+  return base::isReal(millimetres) &&
+         std::abs(base::leadingReal(millimetres) * 100 - weight.hundredths) < 1e-6;
 }
 
 Doubt doubtOfLineweight(const GivenValue& given) {
@@ -101,7 +94,8 @@ Doubt doubtOfTransparency(const GivenValue& given) {
     return given.asCondition ? impossible(given) : readAs(L"0");
   }
   if (value.percent < 0 || value.percent > 100) return impossible(given);
-  return isInteger(withoutUnit(given.text, L"%")) ? std::nullopt : readAs(std::to_wstring(value.percent));
+  return base::isInteger(withoutUnit(given.text, L"%")) ? std::nullopt
+                                                        : readAs(std::to_wstring(value.percent));
 }
 
 // Of a text that drawings get as it stands.

@@ -5,9 +5,9 @@
 
 #include "base/files.h"
 #include "base/fold.h"
-#include "platform/text.h"
-#include "spec/color_text.h"
-#include "spec/cvt_words.h"
+#include "base/text_files.h"
+#include "spec/cvt_lines.h"
+#include "spec/value_forms.h"
 
 namespace kiv {
 namespace {
@@ -89,9 +89,9 @@ CvtWriteResult writeSpecification(const Specification& specification, const std:
   const int setting = specification.settingWithoutLayer();
   if (setting >= 0) return {CvtWriteOutcome::kLayerMissing, setting, kLayerMissingMessage, {}};
   const std::wstring text = cvtText(specification);
-  const base::Encoded encoded = encodeText(text);
+  const base::Encoded encoded = base::encodeText(text);
   if (!encoded.clean) {
-    return notCreated(file, CvtWriteOutcome::kUnwritable, notInCodePage(file, text));
+    return notCreated(file, CvtWriteOutcome::kUnwritable, base::notInCodePage(file, text));
   }
   const base::Status status = base::writeFileAtomically(file, encoded.bytes);
   if (!status.ok()) return notCreated(file, CvtWriteOutcome::kNotCreated, status.failure());

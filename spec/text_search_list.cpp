@@ -4,7 +4,7 @@
 
 #include "base/files.h"
 #include "base/fold.h"
-#include "platform/text.h"
+#include "base/text_files.h"
 
 namespace kiv {
 namespace {
@@ -22,7 +22,7 @@ base::Failure cannotOpen(const std::filesystem::path& file) {
 base::Result<std::vector<std::wstring>> readTextSearchList(const std::filesystem::path& file) {
   const auto content = base::readFile(file);
   if (!content.ok()) return cannotOpen(file);
-  const std::vector<TextLine> lines = textLines(content.value());
+  const std::vector<base::TextLine> lines = base::textLines(content.value());
   if (lines.empty() || !base::equalFolded(lines[0].text, kHeader)) {
     return base::Failure{base::pathText(file), kTextListNotUsable, base::FailureKind::kForeignContent};
   }
@@ -47,9 +47,9 @@ base::Status writeTextSearchList(const std::filesystem::path& file, const std::v
   for (const std::wstring& row : rows) {
     if (!isBlankRow(row)) text += row + L"\n";
   }
-  const base::Encoded encoded = encodeText(text);
+  const base::Encoded encoded = base::encodeText(text);
   if (!encoded.clean) {
-    return notInCodePage(file, text);
+    return base::notInCodePage(file, text);
   }
   return base::writeFileAtomically(file, encoded.bytes);
 }

@@ -2,9 +2,26 @@
 // Value texts of a conversion specification as the numbers that the host works with.
 
 #include <optional>
+#include <string>
 #include <string_view>
 
+#include "siblings/common/color_name.h"
+
 namespace kiv {
+
+// Colours. A colour number is 0 by block, 1 to 255 an index, 256 by layer; other numbers occur in files and
+// are carried along.
+
+// Of a text as a person sees or types it. A text with a ":" or a blank is cut there and the larger number of
+// the two halves counts.
+int colorNumber(std::wstring_view text);
+
+// As a file has it: "BYBLOCK", "BYLAYER" or the number.
+std::wstring colorFileText(int number);
+int colorNumberOfFileText(std::wstring_view text);
+
+// A layer has nothing to take a colour from: an index only.
+inline bool isLayerColor(int number) { return number > kColorByBlock && number < kColorByLayer; }
 
 // Hundredths of a millimetre, or -1 ByLayer, -2 ByBlock, -3 Default; any number as it is written.
 int lineWeightNumber(std::wstring_view text);

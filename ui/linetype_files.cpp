@@ -3,8 +3,8 @@
 #include <fstream>
 
 #include "base/files.h"
+#include "base/text_files.h"
 #include "platform/paths.h"
-#include "platform/text.h"
 #include "ui/specification_files.h"
 
 namespace kiv {
@@ -47,7 +47,7 @@ std::vector<std::wstring> linetypeFiles() {
 }
 
 std::vector<LinetypeHeader> linetypeHeaders(std::string_view bytes) {
-  const std::wstring text = decodeText(bytes.substr(0, kReadBytes));
+  const std::wstring text = base::decodeText(bytes.substr(0, kReadBytes));
   std::vector<LinetypeHeader> headers;
   for (size_t at = text.find(L"\n*"); at != text.npos; at = text.find(L"\n*", at)) {
     const size_t end = text.find(L'\n', at + 1);

@@ -4,7 +4,7 @@
 
 #include "base/files.h"
 #include "platform/host_output.h"
-#include "spec/cvt_tree_reader.h"
+#include "spec/cvt_reader.h"
 #include "ui/file_browser.h"
 #include "ui/main_dialog.h"
 #include "ui/messages.h"

@@ -5,7 +5,7 @@
 #include "acedads.h"
 #include "acutads.h"
 #include "adscodes.h"
-#include "platform/paths.h"
+#include "base/paths.h"
 #include "platform/questions.h"
 #include "platform/settings.h"
 #include "ui/main_dialog.h"
@@ -86,7 +86,7 @@ void CCnvDlg::editTextLists() {
 bool CCnvDlg::takeLogFolder() {
   if (!window().isChecked(IDC_MAIN_CREATE_LOG)) return true;
   options_.logFolder = window().text(IDC_MAIN_LOG_FOLDER);
-  if (createFolders(options_.logFolder)) return true;
+  if (base::createFolders(options_.logFolder)) return true;
   tell(L"ログの書き出し先が間違っています");
   if (hasWindow()) window().focus(IDC_MAIN_LOG_FOLDER);
   return false;

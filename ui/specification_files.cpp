@@ -5,7 +5,7 @@
 
 #include "base/files.h"
 #include "base/fold.h"
-#include "platform/text.h"
+#include "base/text_files.h"
 
 namespace kiv {
 namespace {
@@ -22,7 +22,7 @@ std::wstring remarkOf(std::wstring_view folder, const std::wstring& name) {
   const auto content = base::readFile(base::pathFromText(std::wstring(folder) + name));
   if (!content.ok()) return {};
   // The first line is the remark's header.
-  const std::vector<TextLine> lines = textLines(content.value());
+  const std::vector<base::TextLine> lines = base::textLines(content.value());
   return lines.size() > 1 ? std::wstring(base::trim(lines[1].text)) : std::wstring();
 }
 

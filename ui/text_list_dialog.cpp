@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "base/files.h"
-#include "platform/paths.h"
+#include "base/paths.h"
+#include "base/text_files.h"
 #include "platform/questions.h"
-#include "platform/text.h"
 #include "spec/text_search_list.h"
 #include "ui/messages.h"
 #include "ui/resource.h"
@@ -117,7 +117,7 @@ bool CMojiListDlg::loadFile(const std::wstring& path) {
   std::vector<std::wstring> shown = lines.value();
   shown.emplace_back();  // to type into
   showRows(shown, 0);
-  const PathParts parts = splitPath(path);
+  const base::PathParts parts = base::splitPath(path);
   setName(parts.name + parts.extension);
   return true;
 }
@@ -126,10 +126,10 @@ void CMojiListDlg::save() {
   const std::vector<std::wstring> written = rows();
   if (tellUnwritable(written)) return;
   auto path = askFile(true, folder_ + (name_.empty() ? kPattern : name_));
-  while (path && fileExists(*path) && !isAgreed(window(), L"上書きしてよろしいですか？", kCaption))
+  while (path && base::fileExists(*path) && !isAgreed(window(), L"上書きしてよろしいですか？", kCaption))
     path = askFile(true, *path);
   if (!path) return;
-  const PathParts parts = splitPath(*path);
+  const base::PathParts parts = base::splitPath(*path);
   setName(parts.name + parts.extension);
   const base::Status status = writeTextSearchList(base::pathFromText(*path), written);
   if (!status.ok()) tell(window(), refusalText(kTextListCannotOpen, status.failure()), kCaption);
@@ -138,7 +138,7 @@ void CMojiListDlg::save() {
 // The row stays as it is, selected, so that the person can change it.
 bool CMojiListDlg::tellUnwritable(const std::vector<std::wstring>& rows) {
   for (size_t index = 0; index < rows.size(); ++index) {
-    const std::wstring characters = unwritableCharacters(rows[index]);
+    const std::wstring characters = base::unwritableCharacters(rows[index]);
     if (characters.empty() || isBlankRow(rows[index])) continue;
     window().grid(IDC_TEXT_LIST_GRID).setCurrentRow(static_cast<int>(index));
     tell(window(), std::to_wstring(index + 1) + L"行目に保存できない文字があります: " + characters, kCaption);

@@ -7,12 +7,12 @@
 
 #include "base/fold.h"
 #include "base/lineweights.h"
+#include "base/numbers.h"
 #include "dbapserv.h"
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "platform/settings.h"
-#include "spec/color_text.h"
-#include "spec/leading_number.h"
+#include "spec/value_forms.h"
 #include "ui/specification_files.h"
 
 namespace kiv {
@@ -63,7 +63,7 @@ Texts textHeightChoices(const ChoiceContext&) {
   for (int index = 0; index < std::min(count, static_cast<int>(std::size(kTextHeights))); ++index) {
     wchar_t key[32];
     std::swprintf(key, std::size(key), L"KivTextHeight/Par%02d", index);
-    if (leadingReal(readCommonText(key, L"-1")) > 0) texts.emplace_back(kTextHeights[index]);
+    if (base::leadingReal(readCommonText(key, L"-1")) > 0) texts.emplace_back(kTextHeights[index]);
   }
   return texts;
 }

@@ -5,8 +5,8 @@
 
 #include "base/fold.h"
 #include "base/lineweights.h"
-#include "spec/color_text.h"
-#include "spec/leading_number.h"
+#include "base/numbers.h"
+#include "spec/value_forms.h"
 
 namespace kiv {
 namespace {
@@ -69,7 +69,7 @@ std::wstring transparencyBeginning(std::wstring_view typed) {
   std::wstring text(typed);
   if (text.size() >= 3) text = text[0] == L'0' ? text.substr(1) : text.substr(0, 2);
   std::erase_if(text, [](wchar_t c) { return c < L'0' || c > L'9'; });
-  if (!text.empty() && leadingInteger(text) > kGreatestTransparency) {
+  if (!text.empty() && base::leadingInteger(text) > kGreatestTransparency) {
     return std::to_wstring(kGreatestTransparency);
   }
   return text;
@@ -80,7 +80,7 @@ std::wstring switchBeginning(std::wstring_view typed) {
 }
 
 Checked checkedNumber(std::wstring_view typed) {
-  return std::wstring(leadingReal(typed) == 0 ? L"0" : typed);
+  return std::wstring(base::leadingReal(typed) == 0 ? L"0" : typed);
 }
 
 Checked checkedLineweight(std::wstring_view typed) {
@@ -101,7 +101,7 @@ Checked checkedTransparency(std::wstring_view typed) {
 Checked checkedScale(std::wstring_view typed) {
   if (typed.empty()) return L"1";
   const std::wstring_view text = base::trim(typed);
-  if (!isPlainNumber(text) || leadingReal(text) <= -kHalfOfSixthDecimal) return std::nullopt;
+  if (!isPlainNumber(text) || base::leadingReal(text) <= -kHalfOfSixthDecimal) return std::nullopt;
   return std::wstring(typed);
 }
 

@@ -1,11 +1,10 @@
 #include "embedded/support/linetype_file.h"
 
-#include <charconv>
-
 #include <numbers>
 
 #include "base/codepage.h"
 #include "base/fold.h"
+#include "base/numbers.h"
 
 namespace cad::support {
 namespace {
@@ -38,13 +37,8 @@ LinetypeDefinition parseHeader(std::wstring_view line) {
 std::wstring citation(std::wstring_view text) { return L"\"" + std::wstring(text) + L"\""; }
 
 bool parseNumber(std::wstring_view text, double& value) {
-  text = base::trim(text);
-  if (!text.empty() && text.front() == L'+') text.remove_prefix(1);
-  std::string narrow;
-  for (wchar_t c : text) narrow += c < 0x80 ? static_cast<char>(c) : '?';
-  const char* end = narrow.data() + narrow.size();
-  const auto result = std::from_chars(narrow.data(), end, value);
-  return !narrow.empty() && result.ec == std::errc() && result.ptr == end && value > -1e15 && value < 1e15;
+  value = base::leadingReal(text);
+  return base::isReal(text) && value > -1e15 && value < 1e15;
 }
 
 // The pieces between the commas that stand outside quotes and brackets, up to a comment. False when a quote

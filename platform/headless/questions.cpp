@@ -1,30 +1,30 @@
 // Questions without windows of the system: the dialog script answers, or nobody does.
 
 #include "platform/questions.h"
+#include "base/paths.h"
 
 #include "platform/dialog_script.h"
 #include "platform/headless/desktop.h"
 #include "platform/headless/resource_script.h"
-#include "platform/paths.h"
 
 namespace kiv {
 namespace {
 
 bool isAbsolute(std::wstring_view path) {
-  return !splitPath(path).drive.empty() || (!path.empty() && isSeparator(path.front()));
+  return !base::splitPath(path).drive.empty() || (!path.empty() && base::isSeparator(path.front()));
 }
 
 // What a chooser makes of the name that was typed into it.
 std::optional<std::wstring> chosenPath(const FileQuestion& question, std::wstring path) {
   if (path.empty()) return std::nullopt;
   if (!isAbsolute(path)) {
-    const PathParts initial = splitPath(question.initialName);
-    path = joinPath(initial.drive + initial.folder, path);
+    const base::PathParts initial = base::splitPath(question.initialName);
+    path = base::joinPath(initial.drive + initial.folder, path);
   }
-  if (!question.defaultExtension.empty() && splitPath(path).extension.empty()) {
+  if (!question.defaultExtension.empty() && base::splitPath(path).extension.empty()) {
     path += L"." + question.defaultExtension;
   }
-  if (!question.saving && question.mustExist && !fileExists(path)) return std::nullopt;
+  if (!question.saving && question.mustExist && !base::fileExists(path)) return std::nullopt;
   return path;
 }
 

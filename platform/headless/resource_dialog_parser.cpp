@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/fold.h"
 #include "platform/headless/resource_parser.h"
 #include "platform/headless/resource_styles.h"
 
@@ -21,13 +22,6 @@ constexpr ClassKind kClasses[] = {
     {L"SYSTREEVIEW32", ControlKind::kTree}, {L"SYSLISTVIEW32", ControlKind::kList},
     {L"KIVGRID", ControlKind::kGrid},
 };
-
-std::wstring upper(std::wstring text) {
-  for (wchar_t& c : text) {
-    if (c >= L'a' && c <= L'z') c = static_cast<wchar_t>(c - L'a' + L'A');
-  }
-  return text;
-}
 
 ControlKind buttonKind(std::uint32_t styles) {
   switch (styles & style::kButtonType) {
@@ -133,7 +127,7 @@ void ResourceParser::generalControl(ResourceControl& control) {
   expectComma();
   control.id = number();
   expectComma();
-  const std::wstring windowClass = upper(text());
+  const std::wstring windowClass = base::upper(text());
   expectComma();
   if (failed()) return;
   control.style = styles(kAlways);

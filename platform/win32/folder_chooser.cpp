@@ -4,7 +4,7 @@
 #include <objbase.h>
 #include <shlobj.h>
 
-#include "platform/paths.h"
+#include "base/paths.h"
 #include "platform/questions.h"
 #include "platform/win32/people.h"
 
@@ -29,8 +29,8 @@ std::optional<std::wstring> pathOf(PIDLIST_ABSOLUTE chosen) {
 }
 
 std::optional<std::wstring> ask(HWND owner, const FolderQuestion& question) {
-  std::wstring start = folderExists(question.start) ? question.start : std::wstring();
-  while (start.size() > 3 && isSeparator(start.back())) start.pop_back();
+  std::wstring start = base::folderExists(question.start) ? question.start : std::wstring();
+  while (start.size() > 3 && base::isSeparator(start.back())) start.pop_back();
   BROWSEINFOW browser{};
   browser.hwndOwner = owner;
   browser.lpszTitle = question.title.c_str();

@@ -2,7 +2,7 @@
 
 #include "base/codepage.h"
 #include "spec/cvt_parser.h"
-#include "spec/cvt_tree_reader.h"
+#include "spec/cvt_reader.h"
 #include "tests/spec/sample_specification.h"
 #include "tests/support/temp_folder.h"
 

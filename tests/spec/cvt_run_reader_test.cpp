@@ -1,4 +1,4 @@
-#include "spec/cvt_run_reader.h"
+#include "spec/cvt_reader.h"
 
 #include "tests/spec/sample_specification.h"
 #include "tests/support/temp_folder.h"

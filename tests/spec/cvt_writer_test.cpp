@@ -1,6 +1,6 @@
 #include "spec/cvt_writer.h"
 
-#include "spec/cvt_tree_reader.h"
+#include "spec/cvt_reader.h"
 #include "tests/spec/sample_specification.h"
 #include "tests/support/temp_folder.h"
 

@@ -46,4 +46,26 @@ TEST(ValueForms, BlockNameStandsInTheLastParentheses) {
   EXPECT_FALSE(kiv::blockNameOfDisplayForm(L"a) (b"));
 }
 
+TEST(ValueForms, ColorsByTheLargerHalf) {
+  EXPECT_EQ(kiv::colorNumber(L"7:白"), 7);
+  EXPECT_EQ(kiv::colorNumber(L"256:BYLAYER"), 256);
+  EXPECT_EQ(kiv::colorNumber(L" 12 34 "), 34);
+  EXPECT_EQ(kiv::colorNumber(L"34 12"), 34);
+  EXPECT_EQ(kiv::colorNumber(L"1 2:300"), 300);  // the colon stands after the blank: cut there
+  EXPECT_EQ(kiv::colorNumber(L"1:2 300"), 300);  // the blank stands after the colon: cut at the blank
+  EXPECT_EQ(kiv::colorNumber(L"red"), 0);
+}
+
+TEST(ValueForms, ColorFormsOfFilesAndPeople) {
+  for (const int number : {0, 1, 7, 8, 255, 256, 257}) {
+    EXPECT_EQ(kiv::colorNumber(kiv::colorText(number)), number);
+    EXPECT_EQ(kiv::colorNumberOfFileText(kiv::colorFileText(number)), number);
+  }
+  EXPECT_EQ(kiv::colorText(0), L"0:BYBLOCK");
+  EXPECT_EQ(kiv::colorText(4), L"4:水色");
+  EXPECT_EQ(kiv::colorText(8), L"8");
+  EXPECT_EQ(kiv::colorFileText(256), L"BYLAYER");
+  EXPECT_EQ(kiv::colorNumberOfFileText(L"x bylayer"), 256);
+}
+
 }  // namespace

@@ -1,7 +1,7 @@
 #include "ui/file_browser.h"
 
+#include "base/paths.h"
 #include "embedded/editor/host.h"
-#include "platform/paths.h"
 #include "tests/support/temp_folder.h"
 #include "tests/ui/user.h"
 #include "ui/resource.h"
@@ -25,7 +25,7 @@ class FileBrowserDialogs : public test_support::TempFolder {
   }
   void TearDown() override { cad::Host::instance().stop(); }
 
-  std::wstring folderText() const { return ensureTrailingSeparator(base::pathText(folder_)); }
+  std::wstring folderText() const { return base::ensureTrailingSeparator(base::pathText(folder_)); }
   static Names names(DialogWindow& browser, int list) {
     Names names;
     for (int row = 0; row < browser.list(list).rowCount(); ++row) {

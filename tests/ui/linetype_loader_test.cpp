@@ -1,7 +1,6 @@
 // Linetypes to load, chosen from the linetype files of the support folders.
 
 #include "embedded/editor/host.h"
-#include "platform/paths.h"
 #include "tests/ui/main_dialog_fixture.h"
 #include "ui/linetype_files.h"
 

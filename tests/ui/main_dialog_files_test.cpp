@@ -2,8 +2,8 @@
 
 #include <functional>
 
+#include "base/paths.h"
 #include "embedded/editor/host.h"
-#include "platform/paths.h"
 #include "platform/settings.h"
 #include "spec/cvt_writer.h"
 #include "tests/spec/sample_specification.h"
@@ -172,7 +172,7 @@ TEST_F(MainDialog, AConfigurationFolderThatCannotBeMadeIsTold) {
   std::filesystem::remove(folder_ / "CFG");
   make("CFG", "a file");
   user_.answersMessage(
-      told(L"フォルダの作成に失敗しました\n\n" + folderInSystemCase(base::pathText(folder_ / "CFG")) +
+      told(L"フォルダの作成に失敗しました\n\n" + base::folderInSystemCase(base::pathText(folder_ / "CFG")) +
            L"\n同じ名前のファイルがあります"),
       Answer::kOk);
   open();

@@ -1,7 +1,7 @@
 #include "tests/ui/main_dialog_fixture.h"
 
+#include "base/paths.h"
 #include "embedded/editor/host.h"
-#include "platform/paths.h"
 #include "platform/settings.h"
 
 namespace kiv::testing {
@@ -28,7 +28,7 @@ void MainDialog::open() {
   const HostFileLookup lookUp = [this](const std::wstring& name) -> std::optional<std::wstring> {
     const std::wstring path =
         name == kModuleFileName ? base::pathText(folder_ / base::pathFromText(name)) : name;
-    return fileExists(path) ? std::optional(path) : std::nullopt;
+    return base::fileExists(path) ? std::optional(path) : std::nullopt;
   };
   dialog_ = std::make_unique<CCnvDlg>(CCnvDlg::Shared{pick_, place_}, lookUp, nullptr);
   ASSERT_TRUE(dialog_->create(nullptr));

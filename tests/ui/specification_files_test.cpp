@@ -1,6 +1,6 @@
 #include "ui/specification_files.h"
 
-#include "platform/paths.h"
+#include "base/paths.h"
 #include "tests/support/temp_folder.h"
 
 namespace kiv {
@@ -8,7 +8,7 @@ namespace {
 
 class SpecificationFiles : public test_support::TempFolder {
  protected:
-  std::wstring folderText() const { return ensureTrailingSeparator(base::pathText(folder_)); }
+  std::wstring folderText() const { return base::ensureTrailingSeparator(base::pathText(folder_)); }
 };
 
 TEST_F(SpecificationFiles, AreListedWithTheirSecondLineWhateverTheirNamesCase) {

@@ -1,6 +1,6 @@
 #include "ui/text_list_dialog.h"
 
-#include "platform/paths.h"
+#include "base/paths.h"
 #include "tests/support/temp_folder.h"
 #include "tests/ui/user.h"
 #include "ui/resource.h"
@@ -25,7 +25,7 @@ class TextListDialog : public test_support::TempFolder {
     });
     return dialog.runModal(nullptr);
   }
-  std::wstring folderText() const { return ensureTrailingSeparator(base::pathText(folder_)); }
+  std::wstring folderText() const { return base::ensureTrailingSeparator(base::pathText(folder_)); }
   std::wstring path(const std::wstring& name) const { return folderText() + name; }
   FileQuestion toLoad() const { return listFile(false, L"*.LIST"); }
   FileQuestion toSave(const std::wstring& name = L"*.LIST") const { return listFile(true, name); }
@@ -169,7 +169,7 @@ TEST_F(TextListDialog, AFileThatExistsIsReplacedOnlyWhenAgreed) {
 }
 
 TEST_F(TextListDialog, AFileThatCannotBeWrittenIsToldWithItsReason) {
-  const std::wstring file = path(L"none") + kSeparator + L"A.LIST";
+  const std::wstring file = path(L"none") + base::kSeparator + L"A.LIST";
   use([&, this](DialogWindow& editor) {
     typeRow(editor, 0, L"a");
     user_.choosesFile(toSave(), file);

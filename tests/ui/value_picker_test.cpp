@@ -2,8 +2,8 @@
 
 #include <memory>
 
+#include "base/paths.h"
 #include "embedded/editor/host.h"
-#include "platform/paths.h"
 #include "spec/item_kinds.h"
 #include "tests/support/temp_folder.h"
 #include "tests/ui/user.h"
@@ -49,7 +49,7 @@ class ValuePicker : public test_support::TempFolder {
   }
 
   DialogWindow& open(int kind, const std::vector<std::wstring>& present = {}, Role role = Role::kCondition) {
-    const std::wstring lists = ensureTrailingSeparator(base::pathText(folder_));
+    const std::wstring lists = base::ensureTrailingSeparator(base::pathText(folder_));
     owner_.picker = std::make_unique<CSelDlg>(owner_, pick_,
                                               PickerRequest{kTextSection, {kind, role, {}, present}, lists});
     EXPECT_TRUE(owner_.picker->create(nullptr));

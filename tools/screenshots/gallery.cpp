@@ -14,7 +14,6 @@
 
 #include "embedded/editor/host.h"
 #include "platform/dialog_script.h"
-#include "platform/paths.h"
 #include "platform/screen_scale.h"
 #include "platform/user_input.h"
 #include "tools/screenshots/camera.h"

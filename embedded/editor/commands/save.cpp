@@ -1,4 +1,5 @@
 #include "base/files.h"
+#include "base/paths.h"
 #include "embedded/editor/commands/builtin.h"
 #include "embedded/editor/host_state.h"
 #include "embedded/editor/output.h"
@@ -35,11 +36,9 @@ std::optional<Token> readPath(TokenReader& input, FileKind kind) {
   }
 }
 
-// The last dot and what follows; a file may have nothing else as its name.
+// A file may have nothing else as its name.
 std::wstring extensionOf(const std::filesystem::path& path) {
-  const std::wstring name = base::pathText(path.filename());
-  const std::size_t dot = name.rfind(L'.');
-  return dot == std::wstring::npos ? std::wstring() : name.substr(dot);
+  return base::splitPath(base::pathText(path.filename())).extension;
 }
 
 Outcome save(TokenReader& input, HostState& state, FileKind kind, std::filesystem::path path) {

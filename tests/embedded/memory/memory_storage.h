@@ -93,7 +93,7 @@ struct HeaderRow {
   Version first = Version::kR12;
 };
 std::span<const HeaderRow> headerRows();
-std::string_view typeOf(Table table);            // of its records
+std::string_view typeOf(Table table);  // of its records
 
 std::string shown(const Geometry& geometry);  // every number of it
 

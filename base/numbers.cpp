@@ -1,12 +1,17 @@
-#include "spec/leading_number.h"
+#include "base/numbers.h"
 
 #include <algorithm>
 #include <charconv>
+#include <climits>
 #include <cmath>
 #include <cstddef>
-#include <string>
+#include <cstdlib>
+#include <iterator>
+#include <optional>
 
-namespace kiv {
+#include "base/fold.h"
+
+namespace base {
 namespace {
 
 bool isBlank(wchar_t c) { return c == L' ' || (c >= L'\t' && c <= L'\r'); }
@@ -30,7 +35,39 @@ std::string numberPart(std::wstring_view text, std::size_t& i) {
   return part;
 }
 
+// Japanese files have full-width digits too, which the C library of Windows reads in integers.
+std::optional<int> digit(wchar_t c) {
+  if (c >= L'0' && c <= L'9') return c - L'0';
+  if (c >= L'０' && c <= L'９') return c - L'０';
+  return std::nullopt;
+}
+
 }  // namespace
+
+int leadingInteger(std::wstring_view text) {
+  size_t at = 0;
+  while (at < text.size() && isBlank(text[at])) ++at;
+  const bool negative = at < text.size() && text[at] == L'-';
+  if (at < text.size() && (text[at] == L'-' || text[at] == L'+')) ++at;
+  long long value = 0;
+  for (std::optional<int> next; at < text.size() && (next = digit(text[at])); ++at) {
+    value = std::min<long long>(value * 10 + *next, INT_MAX + 1LL);
+  }
+  return static_cast<int>(std::clamp<long long>(negative ? -value : value, INT_MIN, INT_MAX));
+}
+
+bool isInteger(std::wstring_view text) {
+  std::wstring_view rest = base::trim(text);
+  if (!rest.empty() && (rest.front() == L'-' || rest.front() == L'+')) rest.remove_prefix(1);
+  if (rest.empty()) return false;
+  long long value = 0;
+  for (const wchar_t c : rest) {
+    const std::optional<int> next = digit(c);
+    if (!next || value > INT_MAX) return false;
+    value = value * 10 + *next;
+  }
+  return value == std::abs(static_cast<long long>(leadingInteger(text)));
+}
 
 double leadingReal(std::wstring_view text) {
   std::size_t behind = 0;
@@ -49,4 +86,10 @@ bool isReal(std::wstring_view text) {
          std::all_of(text.begin() + static_cast<std::ptrdiff_t>(behind), text.end(), isBlank);
 }
 
-}  // namespace kiv
+std::wstring numberText(double number) {
+  char digits[64];
+  const auto end = std::to_chars(std::begin(digits), std::end(digits), number);
+  return {std::begin(digits), end.ptr};
+}
+
+}  // namespace base

@@ -1,8 +1,8 @@
-#include "platform/text.h"
+#include "base/text_files.h"
 
 #include "base/file_errors.h"
 
-namespace kiv {
+namespace base {
 namespace {
 
 constexpr char kEndOfFile = 26;
@@ -18,35 +18,35 @@ std::vector<TextLine> textLines(std::string_view bytes) {
     std::string_view line = bytes.substr(0, end);
     bytes.remove_prefix(end == bytes.npos ? bytes.size() : end + 1);
     if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-    base::Decoded decoded = base::decode(line, kTextCodePage);
+    Decoded decoded = decode(line, kTextCodePage);
     lines.push_back({std::move(decoded.text), decoded.clean});
   }
   return lines;
 }
 
-std::wstring decodeText(std::string_view bytes) { return base::decode(bytes, kTextCodePage).text; }
+std::wstring decodeText(std::string_view bytes) { return decode(bytes, kTextCodePage).text; }
 
-base::Encoded encodeText(std::wstring_view text) {
+Encoded encodeText(std::wstring_view text) {
   std::wstring ended;
   ended.reserve(text.size());
   for (const wchar_t character : text) {
     if (character == L'\n') ended += L'\r';
     ended += character;
   }
-  return base::encode(ended, kTextCodePage);
+  return encode(ended, kTextCodePage);
 }
 
 std::wstring unwritableCharacters(std::wstring_view text) {
   std::wstring result;
   for (const wchar_t character : text) {
-    const bool known = !base::encodeCharacter(character, kTextCodePage).empty();
+    const bool known = !encodeCharacter(character, kTextCodePage).empty();
     if (!known && result.find(character) == result.npos) result += character;
   }
   return result;
 }
 
-base::Failure notInCodePage(const std::filesystem::path& file, std::wstring_view text) {
-  return base::fileFailure(file, base::FailureKind::kNotInCodePage, unwritableCharacters(text));
+Failure notInCodePage(const std::filesystem::path& file, std::wstring_view text) {
+  return fileFailure(file, FailureKind::kNotInCodePage, unwritableCharacters(text));
 }
 
-}  // namespace kiv
+}  // namespace base

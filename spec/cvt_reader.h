@@ -1,12 +1,27 @@
 #pragma once
-// A specification as the conversion run works on it: ten lists of text lines.
+// A specification as it is loaded: for editing as a tree, for the conversion run as ten lists of text lines.
 
 #include <array>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "spec/cvt_diagnostics.h"
+#include "spec/specification.h"
+
 namespace kiv {
+
+struct TreeLoad {
+  Specification
+      specification;    // ten empty sections when the file cannot be read; the file name is set all the same
+  bool isRead = false;  // the file is there and can be read
+  bool isSpecification = false;  // it has at least one of the ten sections, though all may be empty
+  int linesExamined = 0;         // inside sections, their end markers not counted
+  CvtDiagnostics diagnostics;
+};
+
+TreeLoad loadSpecification(const std::filesystem::path& folder, std::wstring_view fileName);
 
 // The index is the section's number minus one: 0 texts, 1 dimensions, 2 hatches, 3 other entities,
 // 4 dimension variables to set, 5 layer settings, 6 layers to create, 7 linetypes to load, 8 text styles,

@@ -1,11 +1,11 @@
-#include "platform/text.h"
+#include "base/text_files.h"
 
 #include <gtest/gtest.h>
 
-namespace kiv {
+namespace base {
 namespace {
 
-TEST(Text, LinesOfAnyEnding) {
+TEST(TextFiles, LinesOfAnyEnding) {
   const auto lines = textLines(
       "a\r\n\r\n\x89\xe6\nlast\x1a"
       "behind\n\x1a");
@@ -19,11 +19,11 @@ TEST(Text, LinesOfAnyEnding) {
   EXPECT_FALSE(textLines("ok\n\xff\n")[1].clean);
 }
 
-TEST(Text, WrittenWithCarriageReturns) {
+TEST(TextFiles, WrittenWithCarriageReturns) {
   EXPECT_EQ(encodeText(L"画\n\n").bytes, "\x89\xe6\r\n\r\n");
   EXPECT_FALSE(encodeText(L"한\n").clean);
   EXPECT_EQ(unwritableCharacters(L"a한b€한"), L"한€");
 }
 
 }  // namespace
-}  // namespace kiv
+}  // namespace base

@@ -10,9 +10,9 @@
 #include "base/codepage.h"
 #include "base/result.h"
 
-namespace kiv {
+namespace base {
 
-inline constexpr base::CodePage kTextCodePage = base::kJapanese;
+inline constexpr CodePage kTextCodePage = kJapanese;
 inline constexpr const char* kLineEnd = "\r\n";
 
 struct TextLine {
@@ -27,11 +27,11 @@ std::vector<TextLine> textLines(std::string_view bytes);
 std::wstring decodeText(std::string_view bytes);
 
 // Each "\n" becomes a line end of the file. Not clean: some characters do not exist in the code page.
-base::Encoded encodeText(std::wstring_view text);
+Encoded encodeText(std::wstring_view text);
 
 // The characters of `text` that such files cannot hold, each once, in the order met.
 std::wstring unwritableCharacters(std::wstring_view text);
 // That they keep `text` from being written to the file.
-base::Failure notInCodePage(const std::filesystem::path& file, std::wstring_view text);
+Failure notInCodePage(const std::filesystem::path& file, std::wstring_view text);
 
-}  // namespace kiv
+}  // namespace base

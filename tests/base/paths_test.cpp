@@ -1,4 +1,4 @@
-#include "platform/paths.h"
+#include "base/paths.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include "base/files.h"
 #include "tests/support/temp_path.h"
 
-namespace kiv {
+namespace base {
 namespace {
 
 TEST(Paths, JoinedAndTakenApart) {
@@ -25,19 +25,19 @@ TEST(Paths, JoinedAndTakenApart) {
 TEST(Paths, FoldersAndFiles) {
   namespace fs = std::filesystem;
   const fs::path root = test_support::tempPath("kiv_paths");
-  const std::wstring deep = base::pathText(root / "new" / "deep");
+  const std::wstring deep = pathText(root / "new" / "deep");
   EXPECT_FALSE(folderExists(deep));
   EXPECT_TRUE(createFolders(deep + L"/"));
   EXPECT_TRUE(folderExists(deep));
-  ASSERT_TRUE(base::writeFileAtomically(root / "Plan.CVT", "x").ok());
-  EXPECT_TRUE(fileExists(base::pathText(root / "Plan.CVT")));
+  ASSERT_TRUE(writeFileAtomically(root / "Plan.CVT", "x").ok());
+  EXPECT_TRUE(fileExists(pathText(root / "Plan.CVT")));
   EXPECT_FALSE(fileExists(deep));
-  EXPECT_FALSE(createFolders(base::pathText(root / "Plan.CVT")));
+  EXPECT_FALSE(createFolders(pathText(root / "Plan.CVT")));
   EXPECT_FALSE(createFolders(L""));
-  EXPECT_TRUE(fs::equivalent(findInFolder(base::pathText(root), L"plan.cvt"), root / "Plan.CVT"));
-  EXPECT_EQ(findInFolder(base::pathText(root), L"none"), L"");
+  EXPECT_TRUE(fs::equivalent(findInFolder(pathText(root), L"plan.cvt"), root / "Plan.CVT"));
+  EXPECT_EQ(findInFolder(pathText(root), L"none"), L"");
   fs::remove_all(root);
 }
 
 }  // namespace
-}  // namespace kiv
+}  // namespace base
