@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/fold.h"
+#include "base/numbers.h"
 #include "engine/host_access.h"
 #include "siblings/common/dimension_variables.h"
 #include "spec/value_forms.h"
