@@ -42,6 +42,8 @@ constexpr short kLinetypeGroup = 6;
 constexpr short kColorGroup = 62;
 constexpr short kStyleGroup = 7;
 
+bool isInSummary(int kind) { return kind == kLayerKind || kind == kLinetypeKind || kind == kColorKind; }
+
 class Compiler {
  public:
   Compiler(Pass pass, const TextListLoader& loadTextList) : pass_(pass), loadTextList_(loadTextList) {}
@@ -49,6 +51,7 @@ class Compiler {
   void addCondition(CompiledConditions& to, const FlatItem& item) const {
     const auto meaning = lookUpKey(item.key);
     if (!meaning) return;
+    to.needsEntity = to.needsEntity || !isInSummary(meaning->kind);
     if (meaning->kind == kVariableKind) {
       const int row = findDimensionVariable(meaning->variable);
       if (row >= 0) to.variables.push_back({row, dimensionValue(row, item.value), item.equal});

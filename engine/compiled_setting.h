@@ -61,7 +61,8 @@ struct CompiledConditions {
   ConditionValues<Transparency> transparencies;
   ConditionValues<std::vector<std::wstring>> textLists;  // the patterns of each list
   std::vector<VariableCondition> variables;
-  bool canBeTested = true;  // false: a text search list is missing, and nothing meets the setting
+  bool needsEntity = false;  // something is asked that layer, linetype and colour do not tell
+  bool canBeTested = true;   // false: a text search list is missing, and nothing meets the setting
 };
 
 struct ResultItem {

@@ -134,12 +134,7 @@ SettingTests::SettingTests(const CompiledConditions& conditions, SymbolNames& na
       names_(names),
       layers_(conditions.layers, names),
       linetypes_(conditions.linetypes, names),
-      textStyles_(conditions.textStyles, names),
-      needsEntity_(!conditions.textStyles.empty() || !conditions.heights.empty() ||
-                   !conditions.angles.empty() || !conditions.widthFactors.empty() ||
-                   !conditions.linetypeScales.empty() || !conditions.lineWeights.empty() ||
-                   !conditions.transparencies.empty() || !conditions.textLists.empty() ||
-                   !conditions.variables.empty()) {}
+      textStyles_(conditions.textStyles, names) {}
 
 bool SettingTests::passesSummary(const RecordSummary& summary) {
   return layers_.passes(summary.layer) && linetypes_.passes(summary.linetype) &&

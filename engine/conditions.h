@@ -49,7 +49,7 @@ class SettingTests {
   // Layer, linetype and colour.
   bool passesSummary(const RecordSummary& summary);
   // False: the summary decides alone.
-  bool needsEntity() const { return needsEntity_; }
+  bool needsEntity() const { return conditions_.needsEntity; }
   // Everything else; the text search lists last.
   bool passesEntity(const AcDbEntity& entity, EntityClass entityClass);
 
@@ -79,7 +79,6 @@ class SettingTests {
   const CompiledConditions& conditions_;
   SymbolNames& names_;
   NameVerdicts layers_, linetypes_, textStyles_;
-  bool needsEntity_;
 };
 
 }  // namespace kiv

@@ -93,11 +93,30 @@ Status writeLinetypeScale(AcDbEntity& entity, EntityClass, const PreparedResult&
   return entity.setLinetypeScale(result.number);
 }
 
-// By item kind; null: written elsewhere, or no result of entities.
-constexpr std::array<Writer, kLinetypeScaleKind + 1> kWriters = {
-    nullptr,         nullptr,           writeLinetype,     writeColor,    writeTextStyle,
-    writeTextHeight, writeTextAngle,    writeWidthFactor,  writeVariable, nullptr,
-    writeLineweight, writeTransparency, writeLinetypeScale};
+// Of a layer setLayer() takes care. A kind that has no row here is refused, and the run says so.
+struct WriterOfKind {
+  int kind;
+  Writer write;
+};
+constexpr WriterOfKind kWriters[] = {
+    {kLinetypeKind, writeLinetype},
+    {kColorKind, writeColor},
+    {kFontKind, writeTextStyle},
+    {kTextHeightKind, writeTextHeight},
+    {kTextAngleKind, writeTextAngle},
+    {kWidthFactorKind, writeWidthFactor},
+    {kVariableKind, writeVariable},
+    {kLineweightKind, writeLineweight},
+    {kTransparencyKind, writeTransparency},
+    {kLinetypeScaleKind, writeLinetypeScale},
+};
+
+Status write(AcDbEntity& entity, EntityClass entityClass, const PreparedResult& result) {
+  for (const WriterOfKind& row : kWriters) {
+    if (row.kind == result.item->kind) return row.write(entity, entityClass, result);
+  }
+  return Acad::eNotThatKindOfClass;
+}
 
 void countRefusal(RefusalCounts& counts, Status status) {
   ++counts[static_cast<std::size_t>(refusalOf(status))];
@@ -158,7 +177,7 @@ void EntityResults::apply(AcDbEntity& entity, EntityClass entityClass) {
       setLayer(entity, result);
       continue;
     }
-    const Status status = kWriters[static_cast<std::size_t>(result.item->kind)](entity, entityClass, result);
+    const Status status = write(entity, entityClass, result);
     if (status != Acad::eOk) countRefusal(result.refused, status);
   }
 }

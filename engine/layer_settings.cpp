@@ -1,8 +1,8 @@
 // Settings whose conditions and results are properties of layers.
 
-#include <array>
 #include <memory>
 #include <span>
+#include <vector>
 
 #include "acdbads.h"
 #include "acutads.h"
@@ -25,7 +25,8 @@ struct LayerResult {
 };
 
 struct LayerSetting {
-  std::array<ConditionValues<std::wstring>, kPlotKind + 1> conditions;  // by item kind
+  using ByKind = std::vector<ConditionValues<std::wstring>>;
+  ByKind conditions = ByKind(itemKinds().size() + 1);  // by number
   std::vector<LayerResult> results;
 };
 

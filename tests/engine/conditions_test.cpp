@@ -6,6 +6,7 @@
 
 #include "adscodes.h"
 #include "base/files.h"
+#include "spec/item_kinds.h"
 #include "spec/text_search_list.h"
 #include "tests/engine/run_fixture.h"
 
@@ -82,6 +83,16 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"scale", L"線種尺度", L"2.0000001", L"1", kEverything}));
 
 class ConditionRules : public RunTest {};
+
+// A kind that the engine does not test would let its setting reach everything.
+TEST_F(ConditionRules, NoKindIsPassedOver) {
+  open(sampleDrawing());
+  for (const kiv::ItemKind& kind : kiv::itemKinds()) {
+    if (kind.kind == kiv::kVariableKind || !kiv::hasEffect(kind.kind, kiv::kTextSection, false)) continue;
+    runOnAll(L"[" + std::wstring(kind.key) + L"] = 99\n{\n[色] = 42\n}");
+    EXPECT_EQ(color(kText), 2) << kind.kind;
+  }
+}
 
 // A condition reads a dimension variable's value as a result does, and an arrow's name in either spelling.
 TEST_F(ConditionRules, DimensionVariablesInTheFormsOfResults) {
