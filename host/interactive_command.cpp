@@ -1,6 +1,7 @@
 // KIV_TOACAD: shows the main dialog, serves its picks while it is up, and does what it was closed for.
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <iterator>
 #include <stdexcept>
@@ -78,6 +79,14 @@ constexpr PickTarget kTargets[] = {
     {PickItem::kFreeze, L"フリーズ", kPickAll},
     {PickItem::kPlot, L"印刷", kPickAll},
 };
+
+constexpr bool inOrder() {
+  for (std::size_t i = 0; i < std::size(kTargets); ++i) {
+    if (static_cast<std::size_t>(kTargets[i].item) != i + 1) return false;
+  }
+  return std::size(kTargets) + 1 == static_cast<std::size_t>(PickItem::kEnd);
+}
+static_assert(inOrder());
 
 // The dialog may have gone while the user was asked for an entity.
 void servePick() {

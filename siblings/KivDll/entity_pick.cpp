@@ -16,7 +16,7 @@
 namespace kiv {
 namespace {
 
-constexpr int kFirstItem = static_cast<int>(PickItem::kLayer), kLastItem = static_cast<int>(PickItem::kPlot);
+constexpr int kFirstItem = static_cast<int>(PickItem::kLayer), kEndItem = static_cast<int>(PickItem::kEnd);
 
 // --- Which entities a pick admits
 
@@ -94,7 +94,7 @@ std::vector<std::wstring> pick(const wchar_t* prompt, PickItem item, std::wstrin
 
 int dll_kiv_entsel(const wchar_t* prompt, int item, const wchar_t* variable, std::uint32_t mask,
                    kiv::TakePickedValue* take, void* context) {
-  if (take == nullptr || item < kiv::kFirstItem || item > kiv::kLastItem) return 0;
+  if (take == nullptr || item < kiv::kFirstItem || item >= kiv::kEndItem) return 0;
   try {
     const std::vector<std::wstring> values =
         kiv::pick(prompt, static_cast<kiv::PickItem>(item), variable == nullptr ? L"" : variable, mask);

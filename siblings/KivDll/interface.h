@@ -45,14 +45,15 @@ enum class PickItem : int {
   kDisplay,  // "ON" or "OFF": these four are the states of the entity's layer
   kLock,
   kFreeze,
-  kPlot
+  kPlot,
+  kEnd  // behind the last
 };
 
 // Takes one picked value; `context` is the caller's own.
 using TakePickedValue = void(const wchar_t* value, void* context);
 
 // dll_kiv_entsel: prompts, lets the user pick an entity that `mask` admits and hands over its values for
-// the item, 1 to 16, one by one. `variable` is the dimension variable that kDimension asks for; null or
+// the item, a PickItem, one by one. `variable` is the dimension variable that kDimension asks for; null or
 // empty: none. 1, or 0 when nothing was picked, the entity is of a wrong kind or has no such value: `take`
 // was not called then, and the command line has said why unless the user cancelled.
 using PickEntity = int(const wchar_t* prompt, int item, const wchar_t* variable, std::uint32_t mask,

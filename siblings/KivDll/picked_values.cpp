@@ -181,9 +181,12 @@ Value valueOf(const AcDbEntity& entity, PickItem item, std::wstring_view variabl
     case PickItem::kFreeze:
     case PickItem::kPlot:
       return layerState(entity, item);
-    default:
-      return std::nullopt;
+    case PickItem::kLayer:
+    case PickItem::kTextStyle:
+    case PickItem::kEnd:
+      break;  // more values than one, or none
   }
+  return std::nullopt;
 }
 
 }  // namespace
