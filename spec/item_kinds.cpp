@@ -1,5 +1,6 @@
 #include "spec/item_kinds.h"
 
+#include <cstddef>
 #include <iterator>
 
 #include "base/fold.h"
@@ -38,7 +39,13 @@ constexpr ItemKind kKinds[] = {
     {13, L"表示", kLayers, kLayers},           {14, L"ロック", kLayers, kLayers},
     {15, L"フリーズ", kLayers, kLayers},       {16, L"印刷", kLayers, kLayers},
 };
-static_assert(std::size(kKinds) == 16);
+constexpr bool inOrder() {
+  for (std::size_t i = 0; i < std::size(kKinds); ++i) {
+    if (kKinds[i].kind != static_cast<int>(i) + 1) return false;
+  }
+  return true;
+}
+static_assert(inOrder());
 
 }  // namespace
 

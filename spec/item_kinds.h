@@ -60,7 +60,7 @@ inline constexpr std::array kLayerFieldKinds = {kColorKind,      kLinetypeKind, 
                                                 kLineweightKind, kTransparencyKind};
 
 struct ItemKind {
-  int kind;            // 1 to 16
+  int kind;            // from 1, without gaps
   const wchar_t* key;  // in a file, and in the display texts
   // Rule sections in which a conversion heeds the kind, one bit each: bit n for section n.
   unsigned conditionSections;
@@ -70,9 +70,9 @@ struct ItemKind {
 };
 
 std::span<const ItemKind> itemKinds();
-const ItemKind* itemKind(int kind);  // null unless 1 to 16
+const ItemKind* itemKind(int kind);  // null: no kind of items
 
-// What a key of a rule line means: one of the sixteen kinds or, after them, a dimension variable.
+// What a key of a rule line means: one of these kinds or, after them, a dimension variable.
 struct KeyMeaning {
   int kind;
   std::wstring variable;  // catalogue spelling; empty unless the key names a variable

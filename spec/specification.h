@@ -15,7 +15,7 @@ namespace kiv {
 enum class Wording { kFile, kPicker };
 
 struct Item {
-  int kind = 0;           // 1 to 16
+  int kind = 0;           // of the item kinds
   bool inverted = false;  // conditions only
   std::wstring variable;  // name of the dimension variable; empty unless the kind is 8
   std::wstring value;     // a colour as a person sees it, "1:赤"

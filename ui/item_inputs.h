@@ -32,7 +32,7 @@ struct ItemInput {
   Typing typing;
 };
 
-const ItemInput* itemInput(int kind);  // null unless 1 to 16
+const ItemInput* itemInput(int kind);  // null: no kind of items
 const ItemInput* itemInputOfConditionCommand(int command);
 const ItemInput* itemInputOfResultCommand(int command);
 

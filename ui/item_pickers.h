@@ -7,7 +7,7 @@
 
 namespace kiv {
 
-// False: what has no picker cannot be added or edited, and is greyed in the menus. `kind` is 1 to 16 of an
+// False: what has no picker cannot be added or edited, and is greyed in the menus. `kind` is that of an
 // item, 51 to 55 of a list entry.
 bool hasPicker(int kind);
 

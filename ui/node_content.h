@@ -10,7 +10,7 @@
 namespace kiv {
 
 struct NodeContent {
-  int kind = 0;  // 1 to 16 of an item, 51 to 55 of an entry
+  int kind = 0;  // of the item kinds, 51 to 55 of an entry
   Role role = Role::kNone;
   std::wstring variable;  // the name of a dimension variable, of an item and of an entry; else empty
   std::vector<std::wstring>

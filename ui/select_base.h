@@ -41,7 +41,7 @@ struct PickerRequest {
 
 // The pick from the drawing under way, shared by the pickers and the interactive command.
 struct PickHandOver {
-  int request = 0;                   // 0 none; else what is picked, 1 to 16
+  int request = 0;                   // 0 none; else what is picked, a PickItem
   std::wstring variable;             // the dimension variable whose value is picked, where it is one
   std::vector<std::wstring> values;  // what was picked, in the forms that PickItem tells
 
@@ -81,7 +81,8 @@ class CSelBase : public Dialog {
 
   // OK: hands the content over and calls close(), or stays open.
   virtual void confirm() = 0;
-  // What the pick button picks, 1 to 16; 0: no entity has such a value, and the button is grey or not there.
+  // What the pick button picks, a PickItem; 0: no entity has such a value, and the button is grey or not
+  // there.
   virtual int pickItem() const = 0;
   // The pick button: requestPick() of pickItem(), unless something has to be chosen first.
   virtual void askForPick() { requestPick(pickItem()); }

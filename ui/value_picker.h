@@ -9,7 +9,7 @@ namespace kiv {
 
 class CSelDlg : public CSelBase {
  public:
-  // Of a kind from 1 to 16. The section of the layer settings withholds the by-layer and by-block choices.
+  // Of a kind of items. The section of the layer settings withholds the by-layer and by-block choices.
   CSelDlg(PickerOwner& owner, PickHandOver& pick, PickerRequest request);
 
   void pickCompleted() override;

@@ -54,7 +54,7 @@ TEST_F(OfferedValues, WhatTheLayerSettingsWithhold) {
 }
 
 TEST_F(OfferedValues, NothingIsOfferedForWhatIsOnlyTyped) {
-  for (const int kind : {0, 17, kTextAngleKind, kWidthFactorKind, kVariableKind, kLinetypeScaleKind}) {
+  for (const int kind : {0, -1, 50, kTextAngleKind, kWidthFactorKind, kVariableKind, kLinetypeScaleKind}) {
     EXPECT_TRUE(offeredValues(kind, 1, {}, L"").empty()) << kind;
   }
 }

@@ -151,7 +151,8 @@ TEST_F(ValuePicker, TypedValuesAreCompletedCheckedOrRefused) {
 }
 
 TEST_F(ValuePicker, WhatNoEntityHasIsNotPicked) {
-  for (int kind = kLayerKind; kind <= kPlotKind; ++kind) {
+  for (const ItemKind& row : itemKinds()) {
+    const int kind = row.kind;
     const bool isInDrawings = kind != kTextListKind && kind != kVariableKind;
     DialogWindow& picker = open(kind);
     EXPECT_EQ(picker.isEnabled(IDC_PICK), isInDrawings) << kind;
