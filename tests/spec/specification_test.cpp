@@ -40,7 +40,7 @@ TEST(Specification, ConditionsStayAheadOfResults) {
 TEST(Specification, InvariantsOfItemsAndEntries) {
   Specification sample = testing::sampleSpecification();
   EXPECT_EQ(sample.addResult(1, 0, {kTextListKind, false, {}, L"A.LIST"}).refusal, Refusal::kWrongKind);
-  EXPECT_EQ(sample.addResult(1, 0, {17, false, {}, L"A"}).refusal, Refusal::kWrongKind);
+  EXPECT_EQ(sample.addResult(1, 0, {50, false, {}, L"A"}).refusal, Refusal::kWrongKind);
   EXPECT_EQ(sample.addResult(1, 0, {kVariableKind, false, L"DIMFOO", L"1"}).refusal, Refusal::kWrongKind);
   const Edited added = sample.addResult(1, 0, {kVariableKind, true, L"dimasz", L"1"});
   EXPECT_FALSE(sample.item(added.node)->inverted);
