@@ -1,7 +1,8 @@
 #pragma once
-// The dimension variables: one row for each, the only place where its name, its type, its limits, its
-// default, its group numbers, the drawing versions that have it and what specifications say of it stand.
-// Header, dimension style, override of a dimension, system variable and catalogue all take them from here.
+// The dimension variables: one row for each, with its name, its type, its limits, its default, its group
+// numbers, the drawing versions that have it and what specifications say of it. The declarations of the
+// host's interface, which repeat name and type, are checked against it when they are compiled. Header,
+// dimension style, override of a dimension, system variable and catalogue all take them from here.
 
 #include <array>
 #include <cstddef>

@@ -5,7 +5,6 @@
 
 #include "base/paths.h"
 #include "base/terminal.h"
-#include "cli/specification_check.h"
 
 namespace kivcli {
 namespace {

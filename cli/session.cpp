@@ -4,7 +4,6 @@
 
 #include "base/files.h"
 #include "base/fold.h"
-#include "embedded/editor/file_search.h"
 
 namespace kivcli {
 namespace {

@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <system_error>
 
-#include "base/files.h"
 #include "base/paths.h"
 #include "cli/commands.h"
 #include "cli/console.h"

@@ -21,9 +21,8 @@ using DimensionValue = std::variant<double, std::wstring>;
 // every name that comes from them passes here before it meets the host.
 std::wstring hostArrowName(std::wstring_view name);
 
-// By the catalogue's type: of an integer the digits that the text
-// begins with, of a real the number, 0 when there is none. Nothing: the text of an arrow variable names no
-// block.
+// By the catalogue's type: of an integer the digits that the text begins with, of a real the number, 0 when
+// there is none. Nothing: the text of an arrow variable names no block.
 std::optional<DimensionValue> dimensionValue(int row, std::wstring_view text);
 
 // Overrides included. Nothing: no such variable on this entity.

@@ -101,7 +101,7 @@ class BlockWalk {
   std::vector<AcDbObjectId> pending_;
 };
 
-constexpr std::array<const wchar_t*, 4> kPassLabels = {L"文字", L"寸法", L"ﾊｯﾁﾝｸﾞ", L"その他の図形"};
+const wchar_t* labelOf(Pass pass) { return section(kTextSection + static_cast<int>(pass)).name; }
 
 constexpr std::size_t kFromSelection = static_cast<std::size_t>(-1);
 
@@ -114,7 +114,7 @@ class EntityPasses {
     const std::vector<std::wstring>& settings = run_.list(index);
     if (settings.empty()) return;
     locked_ = failed_ = 0;
-    const std::wstring label = kPassLabels[index];
+    const std::wstring label = labelOf(pass);
     const int count = static_cast<int>(settings.size());
     startMeter(label + L"を変換中", count);
     for (int i = 0; i < count; ++i) {
@@ -159,7 +159,7 @@ class EntityPasses {
     BufferChain filter;
     buildSelectionFilter(pass, setting.conditions.filter, filter);
     const SelectionSet selected(filter);
-    if (selected.isRefused()) run_.tell(selectionProblem(kPassLabels[static_cast<std::size_t>(pass)]));
+    if (selected.isRefused()) run_.tell(selectionProblem(labelOf(pass)));
     for (int i = 0; i < selected.size(); ++i) {
       const AcDbObjectId id = selected.at(i);
       // The filter has tested all that a summary holds.

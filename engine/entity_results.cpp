@@ -1,5 +1,6 @@
 #include "engine/entity_results.h"
 
+#include <map>
 #include <numeric>
 
 #include "base/numbers.h"
@@ -213,8 +214,11 @@ std::wstring EntityResults::renamedLayer(const std::wstring& from, const std::ws
 void EntityResults::reportRefusals(ProblemSink& sink) const {
   for (const PreparedResult& result : results_) {
     reportCounts(sink, result.item->key, result.item->value, result.refused);
-    for (const auto& [from, target] : result.layers) {
-      reportCounts(sink, result.item->key, target.name, target.refused);
+    // By name: the order of ids is another one after other drawings.
+    std::multimap<std::wstring_view, const TargetLayer*> byName;
+    for (const auto& [from, target] : result.layers) byName.emplace(target.name, &target);
+    for (const auto& [name, target] : byName) {
+      reportCounts(sink, result.item->key, target->name, target->refused);
     }
   }
 }

@@ -5,7 +5,6 @@
 #include "base/codepage.h"
 #include "base/fold.h"
 #include "base/text_files.h"
-#include "spec/cvt_parser.h"
 
 namespace kiv {
 

@@ -10,6 +10,8 @@
 
 namespace kiv {
 
+inline constexpr size_t kCvtLineLimit = 255;  // characters of a line; a longer one is several lines
+
 // The marks of a file that are no section's header.
 inline constexpr wchar_t kRemarkHeader[] = L"[備考]";
 inline constexpr wchar_t kEndOfFile[] = L"[EOF]";

@@ -18,8 +18,6 @@
 
 namespace kiv {
 
-inline constexpr size_t kCvtLineLimit = 255;  // characters of a line; a longer one is several lines
-
 // A condition that names a text search list.
 struct CvtTextList {
   std::wstring name;

@@ -40,9 +40,8 @@ const ItemInput* itemInputOfResultCommand(int command);
 int sectionOfNames(int kind);
 
 // The list of a picker. `section` is the one under which the value will stand: that of the layer settings
-// withholds by layer and by block. `usedNames` are those of
-// sectionOfNames(kind); `listFolder` holds the
-// text search lists.
+// withholds by layer and by block. `usedNames` are those of sectionOfNames(kind); `listFolder` holds the text
+// search lists.
 std::vector<std::wstring> offeredValues(int kind, int section, const std::vector<std::wstring>& usedNames,
                                         std::wstring_view listFolder);
 

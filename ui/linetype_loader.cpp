@@ -76,14 +76,14 @@ void CSelLine::findLinetype(const std::wstring& name) {
 }
 
 void CSelLine::confirm() {
+  listLinetypes();  // a list that was left without a choice may have put an older path back
   const std::wstring path = window().text(IDC_LINETYPE_FILE);
   if (path.empty()) return window().focus(IDC_LINETYPE_FILE);
   const ListView& list = window().list(IDC_LINETYPE_LIST);
   const int row = list.selected();
   if (row < 0) return window().focus(IDC_LINETYPE_LIST);
   content_.fields = {list.cell(row, 0), path};
-  owner().take(content_);
-  close();
+  if (owner().take(content_)) close();
 }
 
 void CSelLine::pickCompleted() {

@@ -104,7 +104,7 @@ class CCnvDlg : public Dialog, private PickerOwner {
   void editSelected();
   void openPicker(const Node& target, NodeContent present);
   DialogWindow& ownerWindow() override { return window(); }
-  void take(const NodeContent& content) override;
+  bool take(const NodeContent& content) override;
   std::vector<std::wstring> namesInSection(int section) const override;
   void releasePicker(PickerSlot slot) override;
 

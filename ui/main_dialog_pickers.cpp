@@ -13,6 +13,9 @@ namespace kiv {
 namespace {
 
 constexpr const wchar_t* kNothingSelected = L"ﾂﾘｰの中から追加したい項目を選択してください";
+constexpr const wchar_t* kCannotBeKept =
+    L"指定した内容は変換指定ﾌｧｲﾙに保存できません.\n空の項目、「,」「<」「>"
+    L"」を含む文字列、長すぎる文字列は使用できません.";
 
 }  // namespace
 
@@ -86,11 +89,12 @@ void CCnvDlg::openPicker(const Node& target, NodeContent present) {
   if (!made->create(hostFrame_) && slot.get() == made) slot.reset();
 }
 
-void CCnvDlg::take(const NodeContent& content) {
+bool CCnvDlg::take(const NodeContent& content) {
   const bool isNew = contentOf(specification_, target_).role == Role::kNone;
   const Edited edited = putContent(specification_, target_, content);
-  if (!edited.ok()) return;
+  if (!edited.ok()) return tell(kCannotBeKept), false;
   isNew ? tree().added(edited.node) : tree().changed(edited.node);
+  return true;
 }
 
 std::vector<std::wstring> CCnvDlg::namesInSection(int section) const {

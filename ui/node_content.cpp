@@ -1,5 +1,9 @@
 #include "ui/node_content.h"
 
+#include <algorithm>
+
+#include "spec/cvt_lines.h"
+
 namespace kiv {
 namespace {
 
@@ -12,6 +16,26 @@ Entry entryOf(const NodeContent& content) {
   Entry entry{content.fields, Wording::kPicker};
   if (!content.variable.empty()) entry.fields.insert(entry.fields.begin(), content.variable);
   return entry;
+}
+
+// An entry is a line of the file, its fields between commas. The last fields of a font may be empty.
+bool canBeKept(const Entry& entry) {
+  const std::size_t needed = std::min<std::size_t>(entry.fields.size(), 2);
+  std::size_t length = 0;
+  for (std::size_t i = 0; i < entry.fields.size(); ++i) {
+    const std::wstring& field = entry.fields[i];
+    if (field.empty() && i < needed) return false;
+    if (field.find_first_of(L",<>\r\n") != std::wstring::npos) return false;
+    length += field.size() + 2;
+  }
+  return length <= kCvtLineLimit;
+}
+
+Edited putEntry(Specification& specification, const Node& target, const NodeContent& content) {
+  const Entry entry = entryOf(content);
+  if (!canBeKept(entry)) return {Refusal::kWrongFields, target};
+  return specification.entry(target) ? specification.replaceEntry(target, entry)
+                                     : specification.addEntry(target.section, entry);
 }
 
 }  // namespace
@@ -31,14 +55,13 @@ NodeContent contentOf(const Specification& specification, const Node& node) {
 
 Edited putContent(Specification& specification, const Node& target, const NodeContent& content) {
   if (specification.item(target)) return specification.replaceItem(target, itemOf(content));
-  if (specification.entry(target)) return specification.replaceEntry(target, entryOf(content));
   switch (content.role) {
     case Role::kCondition:
       return specification.addCondition(target.section, target.index, itemOf(content));
     case Role::kResult:
       return specification.addResult(target.section, target.index, itemOf(content));
     default:
-      return specification.addEntry(target.section, entryOf(content));
+      return putEntry(specification, target, content);
   }
 }
 

@@ -24,8 +24,9 @@ class PickerOwner {
  public:
   virtual ~PickerOwner() = default;
   virtual DialogWindow& ownerWindow() = 0;
-  // What was confirmed: of the kind and role that the picker was opened for, with all its fields.
-  virtual void take(const NodeContent& content) = 0;
+  // What was confirmed: of the kind and role that the picker was opened for, with all its fields. False: the
+  // specification cannot hold it, the person has been told why, and the picker stays open.
+  virtual bool take(const NodeContent& content) = 0;
   // Names that the specification already uses: the first value of each entry of a list section, in order.
   virtual std::vector<std::wstring> namesInSection(int section) const = 0;
   // The slot is empty from now on, and the picker deleted. Called by the picker as the last thing it does.

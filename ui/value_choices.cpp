@@ -76,13 +76,11 @@ Texts lineweightChoices(const ChoiceContext& context) {
   return texts;
 }
 
-// What is withheld is decided by the lineweight of the same place: "ByLayer" stays, "ByBlock" and "0" go.
+// Of a layer "ByLayer" is offered all the same; "ByBlock" and "0" are not.
 Texts transparencyChoices(const ChoiceContext& context) {
-  Texts texts;
-  for (size_t index = 0; index < std::size(kTransparencies); ++index) {
-    if (!context.withholdsByOther || !isByOther(base::lineweights()[index].text))
-      texts.emplace_back(kTransparencies[index]);
-  }
+  Texts texts(std::begin(kTransparencies), std::end(kTransparencies));
+  if (context.withholdsByOther)
+    std::erase_if(texts, [](const std::wstring& text) { return text == L"ByBlock" || text == L"0"; });
   return texts;
 }
 

@@ -69,8 +69,7 @@ void CSelDlg::confirm() {
   const auto value = isChosen ? typed : checkedValue(request_.present.kind, typed);
   if (!value || value->empty()) return window().focus(IDC_VALUE_COMBO);
   request_.present.fields = {*value};
-  owner().take(request_.present);
-  close();
+  if (owner().take(request_.present)) close();
 }
 
 void CSelDlg::pickCompleted() {

@@ -33,7 +33,6 @@ base::Status Drawing::save(const std::filesystem::path& target) {
 }
 
 // --- Properties and variables
-// --------------------------------------------------------------------------------
 
 base::Status Drawing::checkValue(Property property, double value) const {
   const PropertyInfo& info = propertyInfo(property);

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "base/fold.h"
 #include "embedded/dxf/dxf_storage.h"
 #include "embedded/dxf/group_writer.h"
 #include "embedded/dxf/record_tools.h"

@@ -77,7 +77,6 @@ base::Status Documents::open(const std::filesystem::path& path) {
   }
   base::Result<std::unique_ptr<Drawing>> loaded = formats::open(whole);
   if (!loaded) return loaded.failure();
-  loaded.value()->setPath(whole);
   if (const std::wstring warning = formats::warningAbout(*loaded.value()); !warning.empty())
     printText(L"\n" + base::Failure{base::pathText(whole), warning}.text());
   add(std::move(loaded.value()), L"");

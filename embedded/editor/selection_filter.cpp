@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/fold.h"
-#include "embedded/editor/result_buffer.h"
 #include "embedded/editor/selection_condition.h"
 
 namespace cad {

@@ -1,14 +1,81 @@
 #include "embedded/editor/variable_table.h"
 
+#include <ctime>
 #include <map>
 #include <string>
 
+#include "base/codepage.h"
+#include "base/files.h"
 #include "base/fold.h"
 #include "embedded/drawing/dim_variables.h"
-#include "embedded/editor/computed_variables.h"
+#include "embedded/editor/host_state.h"
 
 namespace cad {
 namespace {
+
+// --- Values that the host makes up when somebody asks for them
+
+std::wstring withSeparator(const std::filesystem::path& folder) {
+  return folder.empty() ? L"" : base::pathText(folder / "");
+}
+
+std::int64_t flag(bool value) { return value ? 1 : 0; }
+
+// DWGNAME: "plan.dxf"
+Variable drawingName(HostState& state) { return state.documents.current()->name(); }
+
+// DWGPREFIX, with its last separator
+Variable drawingFolder(HostState& state) {
+  const std::filesystem::path& path = state.documents.current()->drawing().path();
+  std::error_code error;
+  return withSeparator(path.empty() ? std::filesystem::current_path(error) : path.parent_path());
+}
+
+// DWGTITLED
+Variable drawingHasFile(HostState& state) {
+  return flag(!state.documents.current()->drawing().path().empty());
+}
+
+// DBMOD: 0 or 1
+Variable drawingModified(HostState& state) { return flag(state.documents.current()->drawing().isModified()); }
+
+// DWGCODEPAGE, as the drawing declares it
+Variable drawingCodePage(HostState& state) {
+  return base::fromUtf8(state.documents.current()->drawing().facts().codePageName);
+}
+
+// WRITESTAT
+Variable drawingWritable(HostState& state) { return flag(!state.documents.current()->isReadOnly()); }
+
+// ACADPREFIX, each with a semicolon
+Variable supportFolders(HostState& state) {
+  std::wstring out;
+  for (const std::filesystem::path& folder : state.supportPath) out += withSeparator(folder) + L";";
+  return out;
+}
+
+// TEMPPREFIX, with its last separator
+Variable temporaryFolder(HostState&) {
+  std::error_code error;
+  return withSeparator(std::filesystem::temp_directory_path(error));
+}
+
+// CDATE: YYYYMMDD.HHMMSS
+Variable dateAndTime(HostState&) {
+  const std::time_t now = std::time(nullptr);
+  const std::tm* local = std::localtime(&now);
+  if (local == nullptr) return 0.0;
+  const double date = (local->tm_year + 1900) * 10000.0 + (local->tm_mon + 1) * 100.0 + local->tm_mday;
+  return date + (local->tm_hour * 10000.0 + local->tm_min * 100.0 + local->tm_sec) / 1e6;
+}
+
+// CMDNAMES: the running commands, outermost first
+Variable commandNames(HostState& state) { return state.commandLine.runningNames(); }
+
+// CMDACTIVE: bit 1 while a command runs
+Variable commandsActive(HostState& state) { return flag(state.commandLine.isBusy()); }
+
+// --- The rows
 
 using Home = VariableHome;
 using Type = VariableType;

@@ -12,8 +12,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-// --- What a file is that is no drawing which can be read, so that the refusal can say what to do about it
-// ---
+// --- Files that are no drawing which can be read, so that the refusal can say what to do about them
 
 struct ForeignFormat {
   std::size_t at;

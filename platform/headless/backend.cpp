@@ -1,10 +1,12 @@
-// Dialogs without windows of the system.
+// Dialogs without windows of the system, beside a host without one.
 
 #include <cstdio>
 
 #include "platform/dialog_backend.h"
 #include "platform/dialog_script.h"
 #include "platform/headless/desktop.h"
+#include "platform/host_messages.h"
+#include "platform/screen_scale.h"
 
 namespace kiv {
 
@@ -53,5 +55,15 @@ void DialogBackend::destroyWindow(std::unique_ptr<DialogWindow> window) {
 }
 
 void DialogBackend::release() { headless::releaseIdleDesktop(); }
+
+NativeWindow hostFrame() { return nullptr; }
+
+NativeWindow hostMainWindow() { return nullptr; }
+
+void focusHost() {}
+
+void typeIntoHost(std::wstring_view) {}
+
+int monitorDpi(void*) { return kReferenceDpi; }
 
 }  // namespace kiv

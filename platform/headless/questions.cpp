@@ -1,14 +1,16 @@
 // Questions without windows of the system: the dialog script answers, or nobody does.
 
 #include "platform/questions.h"
-#include "base/paths.h"
 
+#include "base/paths.h"
 #include "platform/dialog_script.h"
 #include "platform/headless/desktop.h"
 #include "platform/headless/resource_script.h"
 
 namespace kiv {
 namespace {
+
+DialogScript* theScript = nullptr;
 
 bool isAbsolute(std::wstring_view path) {
   return !base::splitPath(path).drive.empty() || (!path.empty() && base::isSeparator(path.front()));
@@ -37,6 +39,10 @@ bool canChoose(const Menu& menu, int id) {
 }
 
 }  // namespace
+
+void setDialogScript(DialogScript* script) { theScript = script; }
+
+DialogScript* dialogScript() { return theScript; }
 
 Answer showMessage(NativeWindow owner, const MessageQuestion& question) {
   const Answer unanswered = question.buttons == Buttons::kOk ? Answer::kOk : Answer::kNo;

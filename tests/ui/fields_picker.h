@@ -1,6 +1,7 @@
 #pragma once
-// Stands in for the pickers of dimension variables and entries: the field of the value picker's dialog shows what it was
-// given and takes what it gives, the variable first and a "|" between. "参照" picks the variable's value.
+// Stands in for the pickers of dimension variables and entries: the field of the value picker's dialog shows
+// what it was given and takes what it gives, the variable first and a "|" between. "参照" picks the
+// variable's value.
 
 #include "ui/item_pickers.h"
 #include "ui/resource.h"
@@ -35,8 +36,7 @@ class FieldsPicker : public CSelBase {
   }
   void confirm() override {
     takeFields();
-    owner().take(content_);
-    close();
+    if (owner().take(content_)) close();
   }
 
  private:

@@ -19,10 +19,11 @@ class Owner : public Dialog, public PickerOwner {
   void onInit() override { window().show(true); }
 
   DialogWindow& ownerWindow() override { return window(); }
-  void take(const NodeContent& content) override {
-    ASSERT_EQ(content.fields.size(), 1U);
+  bool take(const NodeContent& content) override {
+    EXPECT_EQ(content.fields.size(), 1U);
     given.push_back(std::to_wstring(content.kind) + L"/" + std::to_wstring(static_cast<int>(content.role)) +
-                    L": " + content.fields[0]);
+                    L": " + content.fields.at(0));
+    return true;
   }
   std::vector<std::wstring> namesInSection(int section) const override {
     return {L"名" + std::to_wstring(section)};
