@@ -40,6 +40,14 @@ namespace {
 using namespace engine_test;
 using kiv::RunEnd;
 
+std::vector<std::wstring> commands(const std::wstring& save) {
+#ifdef _WIN32
+  return {save};
+#else
+  return {save, L""};
+#endif
+}
+
 const std::map<std::wstring, std::wstring> kRules = {{L"文字", L"[***]\n{\n[色] = 3\n}"}};
 
 class ConversionRun : public RunTest {
@@ -52,7 +60,8 @@ class ConversionRun : public RunTest {
     parameters_.outputFolder = base::pathText(folder_ / "out" / "");
     parameters_.saveFormat = format;
   }
-  // The tokens of the save, and those that end its prompts.
+  // The tokens of the save, and those that end its prompts where these are seen: Windows does not replace a
+  // function inside the library that has it.
   std::vector<std::wstring> typedToSave(int format) {
     open(sampleDrawing());
     saveTo(format);
@@ -120,9 +129,9 @@ TEST_F(ConversionRun, SavesByTheFormatAndOverATargetThatExists) {
   const char* const names[] = {"plan.DWG", "plan.DXF", "plan.DWT"};
   for (int format = 0; format < 3; ++format) {
     const std::wstring target = L"|" + base::pathText(folder_ / "out" / names[format]);
-    EXPECT_EQ(typedToSave(format), (std::vector<std::wstring>{starts[format] + target, L""}));
+    EXPECT_EQ(typedToSave(format), commands(starts[format] + target));
     make(std::string("out/") + names[format], "old");
-    EXPECT_EQ(typedToSave(format), (std::vector<std::wstring>{starts[format] + target + L"|Y", L""}));
+    EXPECT_EQ(typedToSave(format), commands(starts[format] + target + L"|Y"));
   }
 }
 
