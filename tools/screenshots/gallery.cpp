@@ -12,6 +12,7 @@
 #include <string>
 #include <utility>
 
+#include "base/paths.h"
 #include "embedded/editor/host.h"
 #include "platform/dialog_script.h"
 #include "platform/screen_scale.h"
@@ -236,7 +237,7 @@ int main(int count, char** arguments) {
     kiv::Rect place;
     // The dialog looks for the module and takes the folder CFG beside it.
     const kiv::HostFileLookup findFile = [&](const std::wstring& name) -> std::optional<std::wstring> {
-      return kiv::joinPath(folder, name);
+      return base::joinPath(folder, name);
     };
     kiv::CCnvDlg dialog({pick, place}, findFile, frame);
     if (!dialog.create(frame)) return 1;
