@@ -13,16 +13,11 @@ using base::Result;
 using base::Status;
 
 Status setFormat(Arguments& arguments, const std::wstring& value) {
-  if (value == L"dwg") {
-    arguments.format = SaveFormat::kDwg;
-  } else if (value == L"dxf") {
-    arguments.format = SaveFormat::kDxf;
-  } else if (value == L"dwt") {
-    arguments.format = SaveFormat::kDwt;
-  } else {
-    return Failure{L"--format " + value, L"the format is dxf, dwg or dwt"};
+  if (value == L"dwg" || value == L"dxf" || value == L"dwt") {
+    arguments.format = base::saveFormatOf(L"." + value);
+    return {};
   }
-  return {};
+  return Failure{L"--format " + value, L"the format is dxf, dwg or dwt"};
 }
 
 Status setBlockScope(Arguments& arguments, const std::wstring& value) {

@@ -6,13 +6,13 @@
 #include <vector>
 
 #include "base/result.h"
+#include "base/save_format.h"
 
 namespace kivcli {
 
 enum class Call { kHelp, kVersion, kConvert, kCheck, kInfo };
 
-// The numbers are those that the module takes.
-enum class SaveFormat { kDwg = 0, kDxf = 1, kDwt = 2 };
+using base::SaveFormat;
 
 struct Arguments {
   Call call = Call::kHelp;

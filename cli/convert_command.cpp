@@ -112,11 +112,7 @@ int runConvert(const Arguments& arguments) {
   const fs::path outputFolder = base::pathFromText(arguments.outputFolder);
   DrawingConversion conversion(*session.value(), arguments, logFilePath(arguments.logFolder));
   Tally tally;
-  const auto savedName = [&](const std::wstring& drawing, SaveFormat format) {
-    return session.value()->savedName(drawing, static_cast<int>(format));
-  };
-  for (const PlannedDrawing& drawing :
-       planOutputs(arguments.files, outputFolder, arguments.format, savedName)) {
+  for (const PlannedDrawing& drawing : planOutputs(arguments.files, outputFolder, arguments.format)) {
     tally.count(conversion.run(drawing));
   }
   undone.tell(arguments.specification);

@@ -12,13 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-SaveFormat ownFormat(const std::wstring& drawingName) {
-  const std::wstring name = base::upper(drawingName);
-  if (name.ends_with(L".DWG")) return SaveFormat::kDwg;
-  if (name.ends_with(L".DWT")) return SaveFormat::kDwt;
-  return SaveFormat::kDxf;
-}
-
 // One text for all the ways in which a file may be named. A path that cannot be looked up stays as it is:
 // opening the drawing will tell why.
 std::wstring identity(const fs::path& path) {
@@ -31,8 +24,7 @@ std::wstring identity(const fs::path& path) {
 }  // namespace
 
 std::vector<PlannedDrawing> planOutputs(const std::vector<std::wstring>& drawings,
-                                        const fs::path& outputFolder, std::optional<SaveFormat> format,
-                                        const SavedName& savedName) {
+                                        const fs::path& outputFolder, std::optional<SaveFormat> format) {
   std::set<std::wstring> sources;
   for (const std::wstring& drawing : drawings) sources.insert(identity(base::pathFromText(drawing)));
 
@@ -42,8 +34,8 @@ std::vector<PlannedDrawing> planOutputs(const std::vector<std::wstring>& drawing
     PlannedDrawing planned;
     planned.given = drawing;
     const std::wstring name = base::pathText(base::pathFromText(drawing).filename());
-    planned.format = format.value_or(ownFormat(name));
-    planned.target = outputFolder / base::pathFromText(savedName(name, planned.format));
+    planned.format = format.value_or(base::saveFormatOf(name).value_or(SaveFormat::kDxf));
+    planned.target = outputFolder / base::pathFromText(base::savedName(name, planned.format));
 
     const std::wstring target = identity(planned.target);
     if (sources.contains(target)) {

@@ -2,7 +2,6 @@
 // Which file each drawing becomes, and which drawings must not be converted because of that.
 
 #include <filesystem>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,13 +17,10 @@ struct PlannedDrawing {
   std::wstring refusal;  // empty, or why the drawing is left alone
 };
 
-// The name that a drawing is saved under in a format; both without their folders.
-using SavedName = std::function<std::wstring(const std::wstring& drawing, SaveFormat format)>;
-
 // Names are compared ignoring case on every system, because the output folder may later stand on one that
 // does. Refused: a target that is one of the drawings given, and the second drawing that has the same target.
 std::vector<PlannedDrawing> planOutputs(const std::vector<std::wstring>& drawings,
                                         const std::filesystem::path& outputFolder,
-                                        std::optional<SaveFormat> format, const SavedName& savedName);
+                                        std::optional<SaveFormat> format);
 
 }  // namespace kivcli

@@ -45,7 +45,6 @@ base::Status Session::loadModule() {
   if (base::Status loaded = host_.loadModule(module); !loaded) return loaded;
   const bool complete = findFunction(host_, "dll_kiv_setConversion", setConversion_) &&
                         findFunction(host_, "dll_kiv_lastRunReport", lastRunReport_) &&
-                        findFunction(host_, "dll_kiv_savedName", savedName_) &&
                         findFunction(host_, "dll_kiv_checkSpecification", checkSpecification_);
   if (!complete) {
     return base::Failure{base::pathText(module),
@@ -58,11 +57,6 @@ KivRunReport Session::lastRunReport() {
   KivRunReport report{};
   lastRunReport_(&report);
   return report;
-}
-
-std::wstring Session::savedName(const std::wstring& drawing, int saveFormat) {
-  const wchar_t* name = savedName_(drawing.c_str(), saveFormat);
-  return name != nullptr ? name : L"";
 }
 
 KivSpecificationReport Session::checkSpecification(const std::wstring& path) {

@@ -23,10 +23,9 @@ class Session {
   // Linetype files that the specification (a full path) names are found beside it, then among the host's own.
   void lookBeside(const std::wstring& specification);
 
-  // The module's automation entry; see host/automation.h for what the reports own.
+  // The module's automation entry; what a report points to is the module's, until the next call of its kind.
   bool setConversion(const KivConversion& conversion) { return setConversion_(&conversion) != 0; }
   KivRunReport lastRunReport();
-  std::wstring savedName(const std::wstring& drawing, int saveFormat);
   KivSpecificationReport checkSpecification(const std::wstring& path);
 
   // What the host and the module have printed since the last call, as one line.
@@ -40,7 +39,6 @@ class Session {
   std::wstring output_;
   KivSetConversion setConversion_ = nullptr;
   KivLastRunReport lastRunReport_ = nullptr;
-  KivSavedName savedName_ = nullptr;
   KivCheckSpecification checkSpecification_ = nullptr;
 };
 

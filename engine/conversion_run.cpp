@@ -1,7 +1,6 @@
 #include "engine/conversion_run.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -19,8 +18,6 @@
 
 namespace kiv {
 namespace {
-
-constexpr std::array<const wchar_t*, 3> kExtensions = {L"DWG", L"DXF", L"DWT"};  // by save format
 
 // Work that is done when a scope is left, in whatever way.
 template <class Work>
@@ -68,24 +65,24 @@ bool exists(const std::wstring& path) {
   return std::filesystem::exists(base::pathFromText(path), error);
 }
 
-void addTokens(int saveFormat, const std::wstring& target, BufferChain& tokens) {
+void addTokens(base::SaveFormat format, const std::wstring& target, BufferChain& tokens) {
   tokens.text(RTSTR, L"SAVEAS");
-  switch (saveFormat) {
-    case 0:
+  switch (format) {
+    case base::SaveFormat::kDwg:
       tokens.text(RTSTR, L"");
       break;
-    case 1:
+    case base::SaveFormat::kDxf:
       tokens.text(RTSTR, L"DXF").text(RTSTR, L"V").text(RTSTR, L"").text(RTSTR, L"").text(RTSTR, L"DXF");
       break;
-    default:
+    case base::SaveFormat::kDwt:
       tokens.text(RTSTR, L"T");
   }
   tokens.text(RTSTR, target);
 }
 
-bool save(int saveFormat, const std::wstring& target) {
+bool save(base::SaveFormat format, const std::wstring& target) {
   BufferChain tokens;
-  addTokens(saveFormat, target, tokens);
+  addTokens(format, target, tokens);
   if (exists(target)) tokens.text(RTSTR, L"Y");
   if (!tokens.isWhole()) return false;
   const int result = acedCmdS(tokens.get());
@@ -104,7 +101,7 @@ void closeDrawing() {
 // A failed save is a problem; the drawing is closed all the same.
 RunOutcome saveAndClose(const RunParameters& parameters, ProblemSink& problems) {
   const std::wstring name = textVariable(L"DWGNAME").value_or(L"");
-  const std::wstring target = parameters.outputFolder + savedName(name, parameters.saveFormat);
+  const std::wstring target = parameters.outputFolder + base::savedName(name, parameters.saveFormat);
   const bool saved = save(parameters.saveFormat, target);
   if (!saved) problems.addProblem(saveProblem(target));
   closeDrawing();
@@ -137,12 +134,6 @@ RunOutcome runConversion(const RunParameters& parameters, ProblemSink& problems)
   problems.endOfConversion();
   if (parameters.outputFolder.empty()) return {RunEnd::kConverted};
   return saveAndClose(parameters, problems);
-}
-
-std::wstring savedName(const std::wstring& drawingName, int saveFormat) {
-  std::wstring base = drawingName;
-  if (base.size() >= 4 && base[base.size() - 4] == L'.') base.resize(base.size() - 4);
-  return base + L"." + kExtensions[static_cast<std::size_t>(std::clamp(saveFormat, 0, 2))];
 }
 
 }  // namespace kiv

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "base/save_format.h"
 #include "engine/problems.h"
 
 namespace kiv {
@@ -10,7 +11,7 @@ namespace kiv {
 struct RunParameters {
   std::wstring specification;  // full path; empty: the run refuses
   std::wstring outputFolder;   // with its trailing separator; empty: neither saved nor closed
-  int saveFormat = 0;          // 0 DWG, 1 DXF, 2 DWT
+  base::SaveFormat saveFormat = base::SaveFormat::kDwg;
 };
 
 enum class RunEnd { kConverted, kNoSpecification, kSpecificationUnreadable, kEmptyDrawing };
@@ -25,9 +26,5 @@ struct RunOutcome {
 // printed on the command line and are problems, as is a failed save; a drawing without entities is left alone
 // without a word.
 RunOutcome runConversion(const RunParameters& parameters, ProblemSink& problems);
-
-// The name of the file that a drawing of this name (without its folder) is saved as: with the extension of
-// the format in place of one of three characters.
-std::wstring savedName(const std::wstring& drawingName, int saveFormat);
 
 }  // namespace kiv

@@ -1,6 +1,7 @@
 #include "host/automation.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -17,8 +18,6 @@ namespace kiv {
 namespace {
 
 std::wstring textOf(const wchar_t* text) { return text != nullptr ? text : L""; }
-
-bool isSaveFormat(int number) { return number >= 0 && number <= 2; }
 
 void overrideInteger(const wchar_t* key, int value) {
   overrideCommonSetting(key, std::to_wstring(value).c_str());
@@ -61,12 +60,13 @@ int setConversion(const KivConversion* conversion) {
     context = {};
     return 1;
   }
-  if (!isSaveFormat(conversion->saveFormat)) return 0;
+  const std::optional<base::SaveFormat> format = base::saveFormat(conversion->saveFormat);
+  if (!format) return 0;
   context.contextPaths = {
       textOf(conversion->specification), {}, base::ensureTrailingSeparator(textOf(conversion->outputFolder))};
   context.batchStartDocument = nullptr;
   context.batchRemaining = 0;
-  context.saveFormat = conversion->saveFormat;
+  context.saveFormat = *format;
   const std::wstring logFile = textOf(conversion->logFile);
   overrideInteger(L"KivBlock", std::clamp(conversion->blockScope, 0, 2));
   overrideInteger(L"MorluxIgnoreLocks", conversion->ignoreLocks == 1 ? 1 : 0);
@@ -79,13 +79,6 @@ int lastRunReport(KivRunReport* report) {
   if (report == nullptr) return 0;
   *report = lastRun();
   return 1;
-}
-
-const wchar_t* nameOfSaved(const wchar_t* drawing, int saveFormat) {
-  if (drawing == nullptr || !isSaveFormat(saveFormat)) return nullptr;
-  static std::wstring name;
-  name = savedName(drawing, saveFormat);
-  return name.c_str();
 }
 
 int checkSpecification(const wchar_t* path, KivSpecificationReport* report) {
@@ -110,11 +103,6 @@ int checkSpecification(const wchar_t* path, KivSpecificationReport* report) {
 
 int dll_kiv_setConversion(const KivConversion* conversion) {
   return kiv::guarded(0, [&] { return kiv::setConversion(conversion); });
-}
-
-const wchar_t* dll_kiv_savedName(const wchar_t* drawing, int saveFormat) {
-  return kiv::guarded(static_cast<const wchar_t*>(nullptr),
-                      [&] { return kiv::nameOfSaved(drawing, saveFormat); });
 }
 
 int dll_kiv_lastRunReport(KivRunReport* report) {

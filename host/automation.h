@@ -30,11 +30,6 @@ struct KivConversion {
 KIV_EXPORT int dll_kiv_setConversion(const KivConversion* conversion);
 using KivSetConversion = int (*)(const KivConversion*);
 
-// The name under which a run saves a drawing of this name, both without their folders: a.dxf as DWG is a.DWG.
-// Null for a null name and for a save format out of range.
-KIV_EXPORT const wchar_t* dll_kiv_savedName(const wchar_t* drawing, int saveFormat);
-using KivSavedName = const wchar_t* (*)(const wchar_t*, int);
-
 enum KivRunEnd {
   kKivNeverRun = 0,
   kKivConverted = 1,        // every stage was run; problems may stand in the report all the same

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "base/save_format.h"
 #include "ui/select_base.h"
 
 class AcApDocument;
@@ -34,7 +35,7 @@ struct ConversionContext {
   ConversionContext& operator=(ConversionContext&&) noexcept;
 
   std::array<std::wstring, 3> contextPaths;
-  int saveFormat = 0;  // 0 DWG, 1 DXF, 2 DWT
+  base::SaveFormat saveFormat = base::SaveFormat::kDwg;
 
   std::optional<std::vector<BatchFile>> batchFiles;  // nothing: no batch has been prepared
   AcApDocument* batchStartDocument = nullptr;

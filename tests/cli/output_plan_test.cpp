@@ -2,19 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "base/files.h"
-
 namespace kivcli {
 namespace {
 
-// As the module names what it saves; its own rule is tested with it.
 std::vector<PlannedDrawing> plan(const std::vector<std::wstring>& drawings,
                                  std::optional<SaveFormat> format = std::nullopt,
                                  const char* folder = "out") {
-  return planOutputs(drawings, folder, format, [](const std::wstring& name, SaveFormat saved) {
-    const char* const extensions[] = {".DWG", ".DXF", ".DWT"};
-    return base::pathText(base::pathFromText(name).replace_extension(extensions[static_cast<int>(saved)]));
-  });
+  return planOutputs(drawings, folder, format);
 }
 
 TEST(OutputPlan, EachDrawingKeepsItsFormatUnlessOneIsNamed) {

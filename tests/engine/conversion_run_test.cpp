@@ -58,7 +58,7 @@ class ConversionRun : public RunTest {
   }
   void saveTo(int format) {
     parameters_.outputFolder = base::pathText(folder_ / "out" / "");
-    parameters_.saveFormat = format;
+    parameters_.saveFormat = base::saveFormat(format).value();
   }
   // The tokens of the save, and those that end its prompts where these are seen: Windows does not replace a
   // function inside the library that has it.
@@ -167,14 +167,6 @@ TEST_F(ConversionRun, MeterRunsOverThePassesAndGoesAway) {
   EXPECT_EQ(labels, (std::vector<std::wstring>{L"文字を変換中", L"ﾊｯﾁﾝｸﾞを変換中"}));
   EXPECT_EQ(most, 1);
   EXPECT_TRUE(isCleared);
-}
-
-TEST(SavedName, OnlyAnExtensionOfThreeCharactersIsCut) {
-  EXPECT_EQ(kiv::savedName(L"a.dwg", 0), L"a.DWG");
-  EXPECT_EQ(kiv::savedName(L"plan.v2.dxf", 1), L"plan.v2.DXF");
-  EXPECT_EQ(kiv::savedName(L"plan", 2), L"plan.DWT");
-  EXPECT_EQ(kiv::savedName(L"plan.dx", 1), L"plan.dx.DXF");
-  EXPECT_EQ(kiv::savedName(L".dxf", 1), L".DXF");
 }
 
 }  // namespace

@@ -56,7 +56,7 @@ class BatchStep : public test_support::TempFolder {
     kiv::registerCommands();
     kiv::ConversionContext& context = kiv::conversionContext();
     context.contextPaths = {base::pathText(folder_ / "rules.cvt"), {}, base::pathText(folder_ / "out" / "")};
-    context.saveFormat = 1;
+    context.saveFormat = base::SaveFormat::kDxf;
     context.batchStartDocument = acDocManagerPtr()->curDocument();
     context.batchRemaining = 3;
   }
