@@ -20,7 +20,7 @@ function(gtest_discover_tests target)
   cmake_parse_arguments(arg "" "DISCOVERY_MODE;WORKING_DIRECTORY" "PROPERTIES;EXTRA_ARGS" ${ARGN})
   add_test(NAME ${target} COMMAND ${target} --gtest_brief=1 ${arg_EXTRA_ARGS})
   # A program in a folder of its own finds the compiler's libraries, too.
-  set_tests_properties(${target} PROPERTIES LABELS wine TIMEOUT 300
+  set_tests_properties(${target} PROPERTIES LABELS wine TIMEOUT 600
     ENVIRONMENT "WINEPATH=${KIV_MACHINE_ROOT}${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
   if(arg_PROPERTIES)
     set_tests_properties(${target} PROPERTIES ${arg_PROPERTIES})
