@@ -65,10 +65,6 @@ bool createFolders(std::wstring_view path) {
   return folderExists(path);
 }
 
-std::wstring findInFolder(std::wstring_view folder, std::wstring_view name) {
-  return pathText(findIgnoringCase(pathFromText(folder), name));
-}
-
 std::wstring fullPath(const std::wstring& given) {
   std::error_code error;
   const std::filesystem::path absolute = std::filesystem::absolute(pathFromText(given), error);

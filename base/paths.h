@@ -43,9 +43,6 @@ bool folderExists(std::wstring_view path);
 // With its missing parents. False when there is no such folder afterwards.
 bool createFolders(std::wstring_view path);
 
-// The existing path of `name` in `folder`, the name's case ignored; empty when there is none.
-std::wstring findInFolder(std::wstring_view folder, std::wstring_view name);
-
 // Absolute; as it is given when the system cannot tell.
 std::wstring fullPath(const std::wstring& given);
 

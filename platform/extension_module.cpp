@@ -36,12 +36,6 @@ void detachExtensionModule(ExtensionModule& module) {
   module = {};
 }
 
-std::vector<const ExtensionModule*> resourceChain() {
-  std::vector<const ExtensionModule*> chain;
-  for (const ExtensionModule* module = first; module; module = module->next) chain.push_back(module);
-  return chain;
-}
-
 ResourcesFirst::ResourcesFirst(ExtensionModule& module) : module_(&module) {
   ExtensionModule** link = linkTo(module_);
   if (!*link || link == &first) return;

@@ -1,8 +1,6 @@
 #pragma once
 // The record by which the user-interface framework finds the resources of a module that extends the host.
 
-#include <vector>
-
 namespace kiv {
 
 struct ExtensionModule {
@@ -19,9 +17,6 @@ bool attachExtensionModule(ExtensionModule& module, void* instance);
 
 // Takes an initialised record out of the chain and clears it; otherwise nothing.
 void detachExtensionModule(ExtensionModule& module);
-
-// In search order: the module attached last comes first.
-std::vector<const ExtensionModule*> resourceChain();
 
 // While it lives, the module's resources are the first to be found; then the order is what it was. Modules
 // may come and go meanwhile. No effect for a module that is not in the chain.

@@ -16,13 +16,6 @@ TEST(Arguments, OptionsAndDrawingsMayBeMixed) {
   EXPECT_EQ(parsed.value().height, 800);
 }
 
-TEST(Arguments, NoWordsAreAnEmptyWindow) {
-  const auto parsed = parseArguments({});
-  ASSERT_TRUE(parsed.ok());
-  EXPECT_TRUE(parsed.value().drawings.empty());
-  EXPECT_EQ(parsed.value().width, 0);
-}
-
 TEST(Arguments, TheRefusalNamesTheOption) {
   for (const std::vector<std::wstring>& words : std::vector<std::vector<std::wstring>>{
            {L"--wide"}, {L"--script"}, {L"--script", L"--size"}, {L"a.dxf", L"--module"}}) {

@@ -52,13 +52,6 @@ class CommandRunnerTest : public testing::Test {
   int begun = 0, ended = 0;
 };
 
-TEST_F(CommandRunnerTest, CommandNamesAreFreeOfMarks) {
-  EXPECT_EQ(cad::commandName(L"  _.open \"a b.dxf\""), L"OPEN");
-  EXPECT_EQ(cad::commandName(L"ut2"), L"UT2");
-  EXPECT_EQ(cad::commandName(L" "), L"");
-  EXPECT_EQ(cad::commandName(L"'_"), L"");
-}
-
 TEST_F(CommandRunnerTest, ACommandTypedWhileAnotherWaitsRunsAfterIt) {
   host.setInputSource([this] {
     const InputQueue::Waiting waiting(input);

@@ -94,14 +94,6 @@ TEST_F(PaintTest, ClosedLoopsReturnAndArcsBulge) {
   EXPECT_TRUE(at(50.5, 60.5) == kGreen || at(50.5, 59.9) == kGreen);
 }
 
-TEST_F(PaintTest, FilledAreas) {
-  add(Kind::kFill, {{20, 20}, {80, 20}, {80, 80}, {20, 80}}, true);
-  paint();
-  EXPECT_EQ(at(50, 50), kRed);
-  EXPECT_EQ(at(90, 50), 0u);
-  EXPECT_EQ(painted(), 60 * 60);
-}
-
 TEST_F(PaintTest, SmallerThanAPixelIsADotAndOutOfSightIsNothing) {
   add(Kind::kOutline, {{30.2, 30.2}, {30.4, 30.2}, {30.4, 30.4}}, true);
   add(Kind::kFill, {{40.2, 40.2}, {40.4, 40.2}, {40.4, 40.4}}, true);
@@ -143,7 +135,6 @@ TEST_F(PaintTest, OneEntityIsHighlighted) {
   }
   EXPECT_GT(highlighted, 30);
   EXPECT_LT(highlighted, 60);
-  ScenePainter(canvas_, view_).highlight(scene_, cad::kNoRecord);
 }
 
 }  // namespace

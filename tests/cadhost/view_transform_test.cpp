@@ -20,15 +20,6 @@ ViewTransform window(int width, int height) {
   return view;
 }
 
-TEST(ViewTransform, PixelsAndUnitsAreInverse) {
-  ViewTransform view = window(801, 600);
-  view.showAll(box(1000, -50, 1400, 900));
-  const Pixel pixel = view.toPixel(1234.5, 678.9);
-  const DrawingPoint back = view.toDrawing(pixel);
-  EXPECT_NEAR(back.x, 1234.5, 1e-9);
-  EXPECT_NEAR(back.y, 678.9, 1e-9);
-}
-
 TEST(ViewTransform, TheWholeBoxIsSeenWithAMarginWhateverItsShape) {
   for (const cad::SceneBox& all : {box(0, 0, 4000, 10), box(-5, -5000, 5, 5000), box(7, 0, 7, 100)}) {
     ViewTransform view = window(800, 600);

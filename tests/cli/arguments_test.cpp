@@ -21,27 +21,10 @@ TEST(Arguments, OptionsMayStandAnywhereAndInBothForms) {
   EXPECT_EQ(arguments.files, (std::vector<std::wstring>{L"a.dxf", L"b.dxf"}));
 }
 
-TEST(Arguments, DefaultsAreTheModulesOwn) {
-  const auto parsed = parseArguments({L"convert", L"--spec", L"r.cvt", L"--out", L"o", L"a.dxf"});
-  ASSERT_TRUE(parsed);
-  EXPECT_FALSE(parsed.value().format);
-  EXPECT_EQ(parsed.value().blockScope, 0);
-  EXPECT_FALSE(parsed.value().ignoreLocks);
-  EXPECT_EQ(parsed.value().logFolder, L"");
-}
-
 TEST(Arguments, AfterTwoHyphensEverythingIsAFile) {
   const auto parsed = parseArguments({L"info", L"--", L"--out"});
   ASSERT_TRUE(parsed);
   EXPECT_EQ(parsed.value().files, std::vector<std::wstring>{L"--out"});
-}
-
-TEST(Arguments, HelpNeedsNothingElse) {
-  for (const auto& words : {std::vector<std::wstring>{L"--help"}, {L"convert", L"--help"}, {L"help"}}) {
-    const auto parsed = parseArguments(words);
-    ASSERT_TRUE(parsed);
-    EXPECT_EQ(parsed.value().call, Call::kHelp);
-  }
 }
 
 TEST(Arguments, ARefusalNamesWhatIsWrong) {

@@ -265,15 +265,6 @@ TEST_F(ConvertTest, OneLogTellsOfAllDrawings) {
       << text;
 }
 
-TEST_F(ConvertTest, FormatsThatTheHostCannotWriteAreRefused) {
-  const ProgramRun run = convert({"--format", "dwg", "good.dxf"});
-  EXPECT_EQ(run.status, 1);
-  EXPECT_TRUE(contains(run.err, "good.dxf: ")) << run.err;
-  EXPECT_TRUE(contains(run.err, "DWG")) << run.err;
-  EXPECT_EQ(run.out, "0 of 1 drawing converted\n");
-  EXPECT_EQ(filesIn("out"), std::vector<std::string>{});
-}
-
 TEST_F(ConvertTest, NamesOutsideAsciiComeBackAsTheyWereTyped) {
   write("図面/平面図.dxf", good_);
   const ProgramRun run = convert({"図面/平面図.dxf"});

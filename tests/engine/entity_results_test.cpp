@@ -66,17 +66,14 @@ TEST_F(Results, WhatTheVersionCannotHoldIsToldAlikeForEveryKind) {
   }
 }
 
-TEST_F(Results, UnknownTextStyleIsRefusedByTextsOnly) {
-  setAll(L"字体", L"NONE");
-  ASSERT_EQ(sink_.notes.size(), 1U);
-  EXPECT_EQ(sink_.notes[0], (Note{L"字体", L"NONE", RefusalReason::kNoSuchName, 3}));
-}
-
-TEST_F(Results, BadTextHeightIsRefused) {
-  run({{L"文字", L"[***]\n{\n[文字高さ] = -1\n[文字幅高比] = 0\n}"}});
-  EXPECT_DOUBLE_EQ(real(kText, Property::kTextHeight), 3.5);
-  EXPECT_EQ(sink_.notes, (std::vector<Note>{{L"文字高さ", L"-1", RefusalReason::kBadValue, 3},
-                                            {L"文字幅高比", L"0", RefusalReason::kBadValue, 2}}));
+// The block reference, a record of the pass too, has no text.
+TEST_F(Results, ValuesThatNoTextCanHaveAreRefused) {
+  run({{L"文字", L"[***]\n{\n[字体] = NONE\n[文字高さ] = -1\n[文字幅高比] = 0\n[色] = 65538\n}"}});
+  EXPECT_EQ(savedBytes(), before_);
+  EXPECT_EQ(sink_.notes, (std::vector<Note>{{L"字体", L"NONE", RefusalReason::kNoSuchName, 3},
+                                            {L"文字高さ", L"-1", RefusalReason::kBadValue, 3},
+                                            {L"文字幅高比", L"0", RefusalReason::kBadValue, 2},
+                                            {L"色", L"65538", RefusalReason::kBadValue, 4}}));
 }
 
 // The catalogue's type decides what a text means: DIMALTF is an integer there, and texts count as 0.
@@ -130,12 +127,6 @@ TEST_F(Results, DimensionVariablesOfTheWrongFormAreNotes) {
   expected += L"DIMSHO" + std::to_wstring(static_cast<int>(RefusalReason::kNotForObject)) + L" ";
   EXPECT_EQ(told, expected);
   EXPECT_EQ(savedBytes(), before_);
-}
-
-TEST_F(Results, ColourOutOfRangeIsRefused) {
-  run({{L"文字", L"[***]\n{\n[色] = 65538\n}"}});
-  EXPECT_EQ(color(kText), 2);
-  EXPECT_EQ(sink_.notes, (std::vector<Note>{{L"色", L"65538", RefusalReason::kBadValue, 4}}));
 }
 
 }  // namespace

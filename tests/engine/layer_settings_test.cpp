@@ -55,21 +55,13 @@ TEST_F(LayerSettings, EveryKindAsConditionEqualAndInverted) {
   }
 }
 
-TEST_F(LayerSettings, EveryKindAsResult) {
-  convert(
-      L"[画層] = NEW\n{\n[色] = 30\n[線種] = DASHED\n[線幅値] = 1.00 mm\n[透過性] = 60\n[表示] = OFF\n"
-      L"[ロック] = ON\n[フリーズ] = ON\n[印刷] = OFF\n}\n"
-      L"[画層] = B-ALL\n{\n[表示] = ON\n[フリーズ] = OFF\n[印刷] = ON\n[透過性] = 0\n}");
+// Beside what the case layer-settings changes.
+TEST_F(LayerSettings, TransparencyAndPlottingAsResults) {
+  convert(L"[画層] = NEW\n{\n[透過性] = 60\n}\n[画層] = B-ALL\n{\n[印刷] = ON\n[透過性] = 0\n}");
   EXPECT_TRUE(sink_.problems.empty());
-  EXPECT_EQ(layerInteger(L"NEW", Property::kLayerColor), -30);
-  EXPECT_EQ(layerInteger(L"NEW", Property::kStandardFlags) & 5, 5);
-  EXPECT_EQ(layerInteger(L"NEW", Property::kLayerPlottable), 0);
-  EXPECT_EQ(layerInteger(L"NEW", Property::kLineWeight), 100);
-  EXPECT_EQ(drawing().names().text(drawing().name(layer(L"NEW"), Property::kLayerLinetype)), L"DASHED");
   EXPECT_EQ(layerInteger(L"NEW", Property::kTransparency), 0x02000000 | 102);
   EXPECT_EQ(layerInteger(L"B-ALL", Property::kTransparency), 0x020000FF);
-  EXPECT_EQ(layerInteger(L"B-ALL", Property::kLayerColor), 5);
-  EXPECT_EQ(layerInteger(L"B-ALL", Property::kStandardFlags) & 1, 0);
+  EXPECT_EQ(layerInteger(L"B-ALL", Property::kLayerPlottable), 1);
 }
 
 TEST_F(LayerSettings, ConditionsSeeTheLayersAsTheyWere) {

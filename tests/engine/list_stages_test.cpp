@@ -136,21 +136,6 @@ TEST_F(ListSections, LinetypesAreLoadedOnceAndFailuresAreProblems) {
   EXPECT_EQ(drawing().text(drawing().find(Table::kLinetype, L"DASHED"), Property::kDescription), L"Dashed");
 }
 
-TEST_F(ListSections, TextStylesAreMadeOrGivenAnotherFont) {
-  run({{L"字体のﾛｰﾄﾞ",
-        L"KANJI, romans.shx, extfont2.shx\nPLAIN, isocp.Shx, ----------\nTITLE, ＭＳ ゴシック, -----\nNOTE, "
-        L"Arial"}});
-  EXPECT_EQ(styleText(L"KANJI", Property::kFontFile), L"ROMANS.SHX");
-  EXPECT_EQ(styleText(L"KANJI", Property::kBigFontFile), L"EXTFONT2.SHX");
-  EXPECT_EQ(styleText(L"PLAIN", Property::kFontFile), L"ISOCP.SHX");
-  EXPECT_EQ(styleText(L"PLAIN", Property::kBigFontFile), L"");
-  EXPECT_EQ(styleText(L"TITLE", Property::kTypeface), L"ＭＳ ゴシック");
-  EXPECT_EQ(styleText(L"TITLE", Property::kFontFile), L"msgothic.ttc");
-  EXPECT_EQ(styleText(L"NOTE", Property::kTypeface), L"ARIAL");
-  EXPECT_EQ(styleText(L"NOTE", Property::kFontFile), L"arial.ttf");
-  EXPECT_TRUE(sink_.notes.empty());
-}
-
 TEST_F(ListSections, StylesWithoutABigFontLoseTheOneTheyHad) {
   for (const wchar_t* entry : {L"KANJI, romans.shx, -----", L"KANJI, romans.shx",
                                L"KANJI, ＭＳ ゴシック, ----", L"KANJI, ＭＳ ゴシック, extfont.shx"}) {
@@ -163,21 +148,13 @@ TEST_F(ListSections, StylesWithoutABigFontLoseTheOneTheyHad) {
   }
 }
 
-TEST_F(ListSections, LayersAreMadeAndExistingOnesLeftAlone) {
+TEST_F(ListSections, LayersAreMadeBeforeTheTextsThatGoToThem) {
   run({{L"画層の作成",
-        L"A-ROOM, 6, DASHED\nA-PLAIN, , CONTINUOUS\nALL, 200, CONTINUOUS\n"
-        L"A-FULL, 30, CONTINUOUS,OFF,ON,ON,OFF,0.50 mm,50"},
+        L"A-ROOM, 6, DASHED\nA-PLAIN, , CONTINUOUS\nA-OFF, 30, CONTINUOUS,OFF,OFF,OFF,ON,ByLayer,0"},
        {L"文字", L"[***]\n{\n[画層] = A-ROOM\n}"}});
-  EXPECT_TRUE(sink_.problems.empty());
-  EXPECT_EQ(layerInteger(L"A-ROOM", Property::kLayerColor), 6);
-  EXPECT_EQ(drawing().names().text(drawing().name(layer(L"A-ROOM"), Property::kLayerLinetype)), L"DASHED");
   EXPECT_EQ(name(kText, Property::kLayer), L"A-ROOM");
   EXPECT_EQ(layerInteger(L"A-PLAIN", Property::kLayerColor), 7);
-  EXPECT_EQ(layerInteger(L"ALL", Property::kLayerColor), 1);
-  EXPECT_EQ(layerInteger(L"A-FULL", Property::kLayerColor), -30);
-  EXPECT_EQ(layerInteger(L"A-FULL", Property::kStandardFlags) & 5, 5);
-  EXPECT_EQ(layerInteger(L"A-FULL", Property::kLayerPlottable), 0);
-  EXPECT_EQ(layerInteger(L"A-FULL", Property::kLineWeight), 50);
+  EXPECT_EQ(layerInteger(L"A-OFF", Property::kLayerColor), -30);
 }
 
 TEST_F(ListSections, LayerAttributesThatCannotBeSetAreProblems) {

@@ -289,15 +289,5 @@ TEST_F(InteractiveCommand, AfterABatchTheReportIsPrintedAndTheHiddenDialogShown)
   EXPECT_TRUE(printed(L"photo.jpg"));
 }
 
-TEST_F(InteractiveCommand, AfterABatchWhoseDialogHasGoneAnotherIsMade) {
-  leaveBatch()->cancel();
-  then([this] {
-    EXPECT_TRUE(printed(L"photo.jpg"));
-    EXPECT_EQ(window().text(IDC_MAIN_FILE_NAME), L"RULES.CVT");
-  });
-  thenClicks(IDCANCEL);
-  run();
-}
-
 }  // namespace
 }  // namespace kiv::testing

@@ -128,25 +128,6 @@ class ModuleEntry : public testing::Test {
   const AcEdCommand* command(const wchar_t* name) { return acedRegCmds->lookupCmd(name, true); }
 };
 
-TEST_F(ModuleEntry, CommandsOfTheGroup) {
-  send(AcRx::kInitAppMsg);
-  const struct {
-    const wchar_t *global, *local;
-    AcRxFunctionPtr handler;
-  } wanted[] = {{L"KIV_TOACAD", L"UT", kiv::interactiveCommand},
-                {L"KIV_TOACAD2", L"UT2", kiv::conversionCommand}};
-  for (const auto& each : wanted) {
-    const AcEdCommand* found = command(each.global);
-    ASSERT_NE(found, nullptr);
-    EXPECT_EQ(found->localName(), std::wstring(each.local));
-    EXPECT_EQ(found->commandFlags(), ACRX_CMD_MODAL);
-    EXPECT_EQ(found->functionAddr(), each.handler);
-  }
-  EXPECT_EQ(acedRegCmds->removeGroup(L"KIV_UTIL2"), Acad::eOk);
-  EXPECT_EQ(command(L"KIV_TOACAD"), nullptr);
-  EXPECT_EQ(command(L"KIV_TOACAD2"), nullptr);
-}
-
 TEST_F(ModuleEntry, ACommandThatIsTakenAlreadyIsNamed) {
   std::wstring printed;
   cad::Host::instance().setOutput([&](std::wstring_view text) { printed += text; });
@@ -169,16 +150,6 @@ TEST_F(ModuleEntry, RepeatedMessagesDoNothingAgain) {
   send(AcRx::kQuitMsg);
   EXPECT_NE(command(L"KIV_TOACAD"), nullptr);
   kiv::removeCommands();
-}
-
-TEST_F(ModuleEntry, StartupFolderIsTheOneAtInitialisation) {
-  const fs::path before = fs::current_path();
-  fs::current_path(fs::temp_directory_path());
-  const std::wstring expected = base::pathText(fs::current_path());
-  send(AcRx::kInitAppMsg);
-  fs::current_path(before);
-  send(AcRx::kLoadDwgMsg);
-  EXPECT_EQ(kiv::moduleState().startupFolder, expected);
 }
 
 }  // namespace

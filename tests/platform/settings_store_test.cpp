@@ -36,8 +36,11 @@ TEST(SettingsStore, ReleasingLetsTheSiblingGoUntilItIsNeededAgain) {
 TEST(SettingsStore, OverridesAreNotStored) {
   writeCommonInteger(L"KivFileMode", 1);
   overrideCommonSetting(L"KivFileMode", L"5");
+  EXPECT_EQ(readCommonInteger(L"kivfilemode", 0), 5);
   writeCommonInteger(L"KivFileMode", 7);
   EXPECT_EQ(readCommonInteger(L"KivFileMode", 0), 7);
+  overrideCommonSetting(L"KivFileMode", L"x");
+  EXPECT_EQ(readCommonInteger(L"KivFileMode", 3), 3);
   clearSettingOverrides();
   EXPECT_EQ(readCommonInteger(L"KivFileMode", 0), 1);
 }

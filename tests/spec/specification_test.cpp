@@ -7,16 +7,8 @@
 namespace kiv {
 namespace {
 
-const Node kFirstCondition = Node::ofItem(1, 0, Role::kCondition, 0);
 const Node kLastCondition = Node::ofItem(1, 0, Role::kCondition, 1);
 const Node kFirstResult = Node::ofItem(1, 0, Role::kResult, 0);
-
-TEST(Specification, CountsOfTheTree) {
-  const Specification sample = testing::sampleSpecification();
-  EXPECT_EQ(sample.childCount(Node{}), 10);
-  EXPECT_EQ(sample.childCount(Node::of(1, 0)), 4);
-  EXPECT_EQ(sample.childCount(Node::of(1, 0), Role::kResult), 2);
-}
 
 TEST(Specification, NumbersOfNewSettingsCountWhatIsThere) {
   Specification sample = testing::sampleSpecification();
@@ -57,47 +49,6 @@ TEST(Specification, ReplacingKeepsTheSense) {
   ASSERT_TRUE(sample.replaceEntry(Node::of(8, 0), {{L"DOT", L"B.LIN"}}).ok());
   EXPECT_EQ(sample.entries(8)[0].fields[0], L"DOT");
   EXPECT_EQ(sample.replaceEntry(Node::of(8, 1), {{L"DOT", L"B.LIN"}}).refusal, Refusal::kNoSuchNode);
-}
-
-TEST(Specification, InvertingTwiceRestores) {
-  Specification sample = testing::sampleSpecification();
-  for (const bool inverted : {true, false}) {
-    ASSERT_TRUE(sample.invert(kFirstCondition).ok());
-    EXPECT_EQ(sample.item(kFirstCondition)->inverted, inverted);
-  }
-  for (const Node& node : {kFirstResult, Node::of(1, 0), Node::ofSection(1)}) {
-    EXPECT_EQ(sample.invert(node).refusal, Refusal::kNotACondition);
-  }
-}
-
-TEST(Specification, MovesAndTheirRefusals) {
-  Specification sample = testing::sampleSpecification();
-  EXPECT_EQ(sample.moveUp(kFirstCondition).refusal, Refusal::kNoNeighbour);
-  EXPECT_EQ(sample.moveDown(kLastCondition).refusal, Refusal::kOtherRole);
-  EXPECT_EQ(sample.moveUp(kFirstResult).refusal, Refusal::kOtherRole);
-  EXPECT_EQ(sample.moveUp(Node::of(8, 0)).refusal, Refusal::kNotMovable);
-  EXPECT_EQ(sample.moveUp(Node::ofSection(2)).refusal, Refusal::kNotMovable);
-  EXPECT_EQ(sample.moveDown(kFirstCondition).node, kLastCondition);
-  EXPECT_EQ(sample.item(kFirstCondition)->kind, kColorKind);
-  EXPECT_EQ(sample.moveDown(Node::of(1, 0)).node, Node::of(1, 1));
-  EXPECT_EQ(sample.settings(1)[0].name, L"設定2");
-  EXPECT_EQ(sample.settings(1)[1].conditions.size(), 2U);
-  EXPECT_EQ(sample.moveDown(Node::of(1, 1)).refusal, Refusal::kNoNeighbour);
-}
-
-TEST(Specification, RemovingAndClearing) {
-  Specification sample = testing::sampleSpecification();
-  ASSERT_TRUE(sample.remove(kFirstCondition).ok());
-  EXPECT_EQ(sample.settings(1)[0].conditions[0].kind, kColorKind);
-  ASSERT_TRUE(sample.clearItems(1, 0, Role::kResult).ok());
-  EXPECT_TRUE(sample.settings(1)[0].results.empty());
-  EXPECT_EQ(sample.settings(1)[0].conditions.size(), 1U);
-  ASSERT_TRUE(sample.clearSection(1).ok());
-  EXPECT_EQ(sample.childCount(Node::ofSection(1)), 0);
-  ASSERT_TRUE(sample.remove(Node::of(8, 0)).ok());
-  EXPECT_EQ(sample.remove(Node::of(8, 0)).refusal, Refusal::kNoSuchNode);
-  EXPECT_EQ(sample.remove(Node::ofSection(6)).refusal, Refusal::kNoSuchNode);
-  EXPECT_EQ(sample.settings(6).size(), 1U);
 }
 
 }  // namespace

@@ -26,11 +26,5 @@ TEST_F(TextSearchList, RefusalsInTheirWords) {
   EXPECT_EQ(count(), 2U);
 }
 
-TEST_F(TextSearchList, BlankRowsAreNotWritten) {
-  ASSERT_TRUE(writeTextSearchList(folder_ / "A.LIST", {L"一", L"", L"三", L" \t\u3000", L" 五"}).ok());
-  EXPECT_EQ(content("A.LIST"),
-            base::encode(L"*** MOJILIST ***\r\n一\r\n三\r\n 五\r\n", base::kJapanese).bytes);
-}
-
 }  // namespace
 }  // namespace kiv

@@ -66,18 +66,6 @@ TEST(Dialog, GoesInItsOwnHandlerAndItsObjectToo) {
   EXPECT_TRUE(user::shownDialogs().empty());
 }
 
-TEST(Dialog, DeletedWithoutNotice) {
-  User person;
-  bool destroyed = false;
-  {
-    TestDialog dialog(IDD_VALUE);
-    dialog.destroyed = [&] { destroyed = true; };
-    ASSERT_TRUE(dialog.create(nullptr));
-  }
-  EXPECT_FALSE(destroyed);
-  EXPECT_FALSE(person.isShown(IDD_VALUE));
-}
-
 TEST(Dialog, OwnerTakesItsDialogsAlong) {
   User person;
   TestDialog owner(IDD_MAIN);
@@ -88,27 +76,6 @@ TEST(Dialog, OwnerTakesItsDialogsAlong) {
   owner.destroy();
   EXPECT_FALSE(owned.hasWindow());
   EXPECT_EQ(owned.calls, Calls{L"destroyed"});
-}
-
-TEST(Dialog, ModalDisablesItsOwnerUntilItEnds) {
-  User person;
-  TestDialog owner(IDD_MAIN);
-  ASSERT_TRUE(owner.create(nullptr));
-  TestDialog modal(IDD_TEXT_LIST);
-  modal.init = [] {};
-  person.inDialog(IDD_TEXT_LIST, [&](DialogWindow& window) {
-    EXPECT_TRUE(window.isShown());
-    EXPECT_FALSE(owner.window().isWindowEnabled());
-    person.cannotClick(owner.window(), IDC_MAIN_DEFAULT);
-    EXPECT_FALSE(user::press(owner.window(), Key::kEscape));
-    person.click(window, IDC_TEXT_LIST_NEW);  // unhandled: stays open
-  });
-  person.inDialog(IDD_TEXT_LIST, [&](DialogWindow& window) { person.click(window, IDOK); });
-  EXPECT_EQ(modal.runModal(owner.window().native()), IDOK);
-  EXPECT_EQ(modal.calls, (Calls{L"command 1023", L"command 1"}));
-  EXPECT_FALSE(modal.hasWindow());
-  EXPECT_TRUE(owner.window().isWindowEnabled());
-  person.click(owner.window(), IDC_MAIN_DEFAULT);
 }
 
 TEST(Dialog, ModalEndsWithTheGivenResult) {
@@ -126,28 +93,6 @@ TEST(Dialog, ModalEndsWithTheGivenResult) {
 
   modal.init = [&] { modal.end(7); };  // before it is shown: nobody sees it
   EXPECT_EQ(modal.runModal(nullptr), 7);
-}
-
-TEST(Dialog, ModalInModal) {
-  User person;
-  TestDialog outer(IDD_SAVE);
-  TestDialog inner(IDD_TEXT_LIST);
-  outer.init = [&] { outer.window().enable(IDOK, true); };
-  inner.init = [] {};
-  outer.command = [&](int id) {
-    if (id != IDOK) return false;
-    EXPECT_EQ(inner.runModal(outer.window().native()), IDOK);
-    outer.end(5);
-    return true;
-  };
-  person.inDialog(IDD_SAVE, [&](DialogWindow& window) {
-    person.inDialog(IDD_TEXT_LIST, [&](DialogWindow& second) {
-      person.cannotClick(window, IDOK);
-      person.click(second, IDOK);
-    });
-    person.click(window, IDOK);
-  });
-  EXPECT_EQ(outer.runModal(nullptr), 5);
 }
 
 TEST(Dialog, PostedCommandsRunAfterTheHandler) {
@@ -168,37 +113,6 @@ TEST(Dialog, PostedCommandsRunAfterTheHandler) {
   };
   person.click(dialog.window(), IDC_MAIN_DELETE);
   EXPECT_EQ(dialog.calls, (Calls{L"command 1022", L"command 40002", L"command 40004", L"command 40003"}));
-}
-
-TEST(Dialog, HiddenOrDisabledTakesNoInput) {
-  User person;
-  TestDialog dialog(IDD_MAIN);
-  ASSERT_TRUE(dialog.create(nullptr));
-  DialogWindow& window = dialog.window();
-  window.enableWindow(false);
-  person.cannotClick(window, IDC_MAIN_DEFAULT);
-  EXPECT_FALSE(user::close(window));
-  window.enableWindow(true);
-  window.show(false);
-  person.cannotClick(window, IDC_MAIN_DEFAULT);
-  EXPECT_FALSE(person.isShown(IDD_MAIN));
-  window.show(true);
-  person.click(window, IDC_MAIN_DEFAULT);
-}
-
-TEST(Dialog, StandsWhereItIsPut) {
-  User person;
-  TestDialog dialog(IDD_VALUE);
-  ASSERT_TRUE(dialog.create(nullptr));
-  DialogWindow& window = dialog.window();
-  const Rect made = window.place();
-  // Not smaller than its controls: 226 by 62 dialog units.
-  EXPECT_GE(made.right - made.left, 226 * 3 / 2);
-  EXPECT_GE(made.bottom - made.top, 62 * 3 / 2);
-  window.moveTo({40, 50});
-  EXPECT_EQ(window.place(), (Rect{40, 50, 40 + made.right - made.left, 50 + made.bottom - made.top}));
-  window.setPlace({10, 20, 600, 300});
-  EXPECT_EQ(window.place(), (Rect{10, 20, 600, 300}));
 }
 
 }  // namespace

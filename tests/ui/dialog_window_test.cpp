@@ -26,52 +26,6 @@ class DialogControls : public ::testing::Test {
   std::unique_ptr<TestDialog> dialog_;
 };
 
-TEST_F(DialogControls, CheckBoxesAndRadioButtons) {
-  DialogWindow& window = open(IDD_MAIN);
-  person_.click(window, IDC_MAIN_CREATE_LOG);
-  EXPECT_TRUE(window.isChecked(IDC_MAIN_CREATE_LOG));
-  person_.click(window, IDC_MAIN_CREATE_LOG);
-  EXPECT_FALSE(window.isChecked(IDC_MAIN_CREATE_LOG));
-
-  window.check(IDC_MAIN_BLOCK_SURFACE, true);
-  window.check(IDC_MAIN_IGNORE_LOCKS, true);
-  person_.click(window, IDC_MAIN_BLOCK_BOTH);
-  EXPECT_TRUE(window.isChecked(IDC_MAIN_BLOCK_BOTH));
-  EXPECT_FALSE(window.isChecked(IDC_MAIN_BLOCK_SURFACE));
-  EXPECT_TRUE(window.isChecked(IDC_MAIN_IGNORE_LOCKS));  // of another group
-  window.check(IDC_MAIN_BLOCK_INSIDE, true);
-  EXPECT_FALSE(window.isChecked(IDC_MAIN_BLOCK_BOTH));
-  EXPECT_EQ(dialog_->calls, (Calls{L"command 1213", L"command 1213", L"command 1223"}));
-}
-
-TEST_F(DialogControls, DisabledAndHiddenOnes) {
-  DialogWindow& window = open(IDD_MAIN);
-  window.enable(IDC_MAIN_EDIT, false);
-  EXPECT_FALSE(window.isEnabled(IDC_MAIN_EDIT));
-  person_.cannotClick(window, IDC_MAIN_EDIT);
-  window.enable(IDC_MAIN_EDIT, true);
-  window.showControl(IDC_MAIN_EDIT, false);
-  EXPECT_FALSE(window.isVisible(IDC_MAIN_EDIT));
-  person_.cannotClick(window, IDC_MAIN_EDIT);
-  window.enable(IDC_MAIN_LOG_FOLDER, false);
-  EXPECT_FALSE(user::type(window, IDC_MAIN_LOG_FOLDER, L"x"));
-  person_.cannotClick(window, IDC_MAIN_REMARK);  // a label
-  EXPECT_TRUE(dialog_->calls.empty());
-}
-
-TEST_F(DialogControls, ControlsThatAreNotThere) {
-  DialogWindow& window = open(IDD_MAIN);
-  window.setText(777, L"x");
-  EXPECT_EQ(window.text(777), L"");
-  EXPECT_FALSE(window.isEnabled(777));
-  window.check(777, true);
-  EXPECT_FALSE(window.isChecked(777));
-  window.combo(IDC_MAIN_TREE).add(L"x");
-  EXPECT_TRUE(window.combo(IDC_MAIN_TREE).entries().empty());
-  window.list(777).addRow({L"x"});
-  EXPECT_EQ(window.list(777).rowCount(), 0);
-}
-
 TEST_F(DialogControls, TypingReplacesTheTextCharacterByCharacter) {
   DialogWindow& window = open(IDD_MAIN);
   window.setText(IDC_MAIN_LOG_FOLDER, L"before");
@@ -170,53 +124,6 @@ TEST_F(DialogControls, TreeUnderTheHand) {
   EXPECT_EQ(tree.text(tree.caret()), L"second");
 }
 
-TEST_F(DialogControls, ListUnderTheHand) {
-  DialogWindow& window = open(IDD_LOAD);
-  ListView& list = window.list(IDC_LOAD_LIST);
-  list.setColumns({{L"ﾌｧｲﾙ名", 100}, {L"備考", 250}});
-  list.addRow({L"a.cvt", L"first"});
-  list.addRow({L"b.cvt"});
-  EXPECT_EQ(list.selected(), -1);
-  EXPECT_EQ(list.cell(0, 1), L"first");
-  EXPECT_EQ(list.cell(1, 1), L"");
-  person_.clickRow(window, IDC_LOAD_LIST, 1);
-  EXPECT_EQ(list.selected(), 1);
-  EXPECT_EQ(dialog_->takeCalls(), Calls{L"selected 1303"});
-  EXPECT_FALSE(user::clickRow(window, IDC_LOAD_LIST, 2));
-  person_.doubleClickRow(window, IDC_LOAD_LIST, 0);
-  EXPECT_EQ(dialog_->takeCalls(), (Calls{L"selected 1303", L"double-click 1303"}));
-  person_.clickHeader(window, IDC_LOAD_LIST, 1);
-  EXPECT_FALSE(user::clickHeader(window, IDC_LOAD_LIST, 2));
-  EXPECT_EQ(dialog_->takeCalls(), Calls{L"header 1303 1"});
-  window.focus(IDC_LOAD_LIST);
-  person_.press(window, Key::kDelete);
-  EXPECT_EQ(dialog_->takeCalls(), Calls{L"key 1303"});
-  list.clear();
-  EXPECT_EQ(list.rowCount(), 0);
-  EXPECT_EQ(list.selected(), -1);
-}
-
-TEST_F(DialogControls, GridUnderTheHand) {
-  DialogWindow& window = open(IDD_TEXT_LIST);
-  TextGrid& grid = window.grid(IDC_TEXT_LIST_GRID);
-  grid.setTitle(L"検索登録文字");
-  grid.setRowCount(3);
-  grid.setText(0, L"one");
-  person_.typeCell(window, IDC_TEXT_LIST_GRID, 2, L"三番");
-  EXPECT_EQ(grid.text(2), L"三番");
-  EXPECT_EQ(grid.text(1), L"");
-  EXPECT_EQ(grid.currentRow(), 2);
-  dialog_->takeCalls();
-  person_.rightClickRow(window, IDC_TEXT_LIST_GRID, 0);
-  EXPECT_EQ(grid.currentRow(), 0);
-  EXPECT_EQ(dialog_->takeCalls().back(), L"menu 1307");
-  EXPECT_FALSE(user::typeCell(window, IDC_TEXT_LIST_GRID, 3, L"x"));
-  grid.setRowCount(1);
-  EXPECT_EQ(grid.rowCount(), 1);
-  EXPECT_EQ(grid.text(0), L"one");
-  EXPECT_EQ(grid.text(2), L"");
-}
-
 TEST_F(DialogControls, TabKeyFollowsTheScript) {
   DialogWindow& window = open(IDD_MAIN);
   window.check(IDC_MAIN_BLOCK_INSIDE, true);
@@ -247,26 +154,6 @@ TEST_F(DialogControls, TabKeyFollowsTheScript) {
   EXPECT_EQ(window.focused(), IDCANCEL);
   window.enable(IDCANCEL, false);
   EXPECT_NE(window.focused(), IDCANCEL);
-}
-
-TEST_F(DialogControls, TabKeyFollowsTheScriptInTheSmallerDialogs) {
-  const std::pair<int, std::vector<int>> orders[] = {
-      {IDD_VALUE, {IDC_VALUE_COMBO, IDC_PICK, IDOK, IDCANCEL}},
-      {IDD_LOAD, {IDC_LOAD_LIST, IDOK, IDCANCEL}},
-      {IDD_SAVE, {IDC_SAVE_NAME, IDC_SAVE_REMARK, IDC_SAVE_LIST, IDOK, IDCANCEL}},
-      {IDD_TEXT_LIST, {IDC_TEXT_LIST_GRID, IDC_TEXT_LIST_NEW, IDC_TEXT_LIST_LOAD, IDC_TEXT_LIST_SAVE, IDOK}}};
-  for (const auto& [resource, order] : orders) {
-    DialogWindow& window = open(resource);
-    window.enable(IDOK, true);
-    std::vector<int> reached;
-    for (std::size_t press = 0; press <= order.size(); ++press) {
-      reached.push_back(window.focused());
-      person_.press(window, Key::kTab);
-    }
-    std::vector<int> wanted = order;
-    wanted.push_back(order.front());  // and around
-    EXPECT_EQ(reached, wanted) << "dialog " << resource;
-  }
 }
 
 // That every control has a letter of its own is seen in the script itself.

@@ -11,16 +11,6 @@ namespace {
 
 using Texts = std::vector<std::wstring>;
 
-TEST(ItemInputs, EveryKindHasOneAndItsCommands) {
-  for (const ItemKind& kind : itemKinds()) {
-    const ItemInput* input = itemInput(kind.kind);
-    ASSERT_NE(input, nullptr) << kind.kind;
-    EXPECT_EQ(itemInputOfConditionCommand(input->conditionCommand), input);
-    EXPECT_EQ(input->resultCommand == 0, kind.isConditionOnly()) << kind.kind;
-    EXPECT_EQ(itemInputOfResultCommand(input->resultCommand), kind.isConditionOnly() ? nullptr : input);
-  }
-}
-
 class OfferedValues : public test_support::TempFolder {
  protected:
   void SetUp() override { cad::Host::instance().start(); }

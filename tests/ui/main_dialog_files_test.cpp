@@ -4,7 +4,6 @@
 
 #include "base/paths.h"
 #include "embedded/editor/host.h"
-#include "platform/settings.h"
 #include "spec/cvt_writer.h"
 #include "tests/spec/sample_specification.h"
 #include "tests/ui/main_dialog_fixture.h"
@@ -200,7 +199,7 @@ TEST_F(MainDialog, ASpecificationWithoutRulesIsWhatItIs) {
   }
 }
 
-TEST_F(MainDialog, CancelLeavesFilesAndSettingsAsTheyWere) {
+TEST_F(MainDialog, CancelLeavesFilesAsTheyWere) {
   makeConfig(L"SAMPLE.CVT", kSampleText);
   makeConfig(kInitial, L"SAMPLE.CVT\r\n");
   const auto before = files();
@@ -213,9 +212,7 @@ TEST_F(MainDialog, CancelLeavesFilesAndSettingsAsTheyWere) {
     user_.answersMessage(asked(L"[設定1] に含まれる項目をすべて削除します."), Answer::kYes);
     select({L"文字", L"設定1"});
     click(IDC_MAIN_DELETE);
-    for (const int id : {IDC_MAIN_DEFAULT, IDC_MAIN_IGNORE_LOCKS, IDC_MAIN_BLOCK_BOTH, IDC_MAIN_CREATE_LOG}) {
-      click(id);
-    }
+    for (const int id : {IDC_MAIN_DEFAULT, IDC_MAIN_CREATE_LOG}) click(id);
     user_.type(window(), IDC_MAIN_LOG_FOLDER, base::pathText(folder_ / "logs"));
     leave();
     EXPECT_FALSE(dialog().hasWindow());
@@ -223,10 +220,6 @@ TEST_F(MainDialog, CancelLeavesFilesAndSettingsAsTheyWere) {
     EXPECT_FALSE(place_.isEmpty());
     EXPECT_EQ(files(), before);
     EXPECT_FALSE(std::filesystem::exists(folder_ / "logs"));
-    EXPECT_EQ(readCommonText(L"KivBlock", L"-"), L"0");  // as opening wrote it
-    for (const wchar_t* key : {L"MorluxIgnoreLocks", L"MorluxCreateLog", L"MorluxLogOutPath"}) {
-      EXPECT_EQ(readCommonText(key, L"-"), L"");
-    }
   }
 }
 

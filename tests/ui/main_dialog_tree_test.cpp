@@ -59,27 +59,6 @@ TEST_F(MainDialogTree, ShowsTheLoadedSpecification) {
   EXPECT_TRUE(isOpen({L"線種のﾛｰﾄﾞ"}));
 }
 
-TEST_F(MainDialogTree, DeleteAsksByWhatIsSelected) {
-  const auto asks = [this](const Texts& path, const MessageQuestion& question) {
-    user_.answersMessage(question, question.buttons == Buttons::kOk ? Answer::kOk : Answer::kNo);
-    select(path);
-    click(IDC_MAIN_DELETE);
-  };
-  const std::wstring before = cvtText(dialog().specification());
-  asks({L"文字"}, asked(L"[文字] の設定をすべてｸﾘｱします."));
-  asks({L"文字", L"設定1"}, asked(L"[設定1] に含まれる項目をすべて削除します."));
-  asks({L"文字", L"設定1", L"色 が <7:白> 以外のとき"}, asked(L"[色 が <7:白> 以外のとき] を削除します."));
-  asks({L"文字", L"設定1", L"色 を <3:緑> に変更"}, asked(L"[色 を <3:緑> に変更] を削除します."));
-  asks({L"線種のﾛｰﾄﾞ"}, asked(L"[線種のﾛｰﾄﾞ] の変換結果をすべてｸﾘｱします."));
-  asks({L"線種のﾛｰﾄﾞ", L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ"},
-       asked(L"[<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ] を削除します."));
-  asks({L"寸法"}, told(L"削除するﾃﾞｰﾀがありません"));
-  asks({L"字体のﾛｰﾄﾞ"}, told(L"削除するﾃﾞｰﾀがありません"));
-  EXPECT_EQ(cvtText(dialog().specification()), before);
-  select({});
-  click(IDC_MAIN_DELETE);
-}
-
 TEST_F(MainDialogTree, EnterAndADoubleClickEdit) {
   const Texts condition{L"文字", L"設定1", L"画層 が <A-TEXT> のとき"};
   const auto showsPicker = [this] {
@@ -116,16 +95,6 @@ TEST_F(MainDialogTree, EnterAndADoubleClickEdit) {
   EXPECT_EQ(dialog().closing(), Closing::kConvert);
 }
 
-TEST_F(MainDialogTree, DeleteKeyAsksAsTheButton) {
-  user_.answersMessage(asked(L"[設定1] に含まれる項目をすべて削除します."), Answer::kNo);
-  select({L"文字", L"設定1"});
-  user_.press(window(), Key::kDelete);
-  user_.answersMessage(asked(L"[色 を <3:緑> に変更] を削除します."), Answer::kYes);
-  select({L"文字", L"設定1", L"色 を <3:緑> に変更"});
-  user_.press(window(), Key::kDelete);
-  EXPECT_EQ(rows({L"文字", L"設定1"}).back(), L"画層 を <TEXT> に変更");
-}
-
 TEST_F(MainDialogTree, InsertAddsWhereTheSelectionIs) {
   const auto inserts = [this](const Texts& path, int chosen) {
     user_.choosesMenu(chosen);
@@ -151,19 +120,33 @@ TEST_F(MainDialogTree, InsertAddsWhereTheSelectionIs) {
   user_.press(window(), Key::kInsert);
 }
 
-TEST_F(MainDialogTree, DeletesAfterYes) {
+TEST_F(MainDialogTree, DeletesWhatIsSelectedAfterYes) {
   const auto deletes = [this](const Texts& path, const wchar_t* question) {
-    user_.answersMessage(asked(question), Answer::kYes);
+    const std::wstring before = cvtText(dialog().specification());
+    user_.answersMessage(asked(question), Answer::kNo);
     select(path);
     click(IDC_MAIN_DELETE);
+    EXPECT_EQ(cvtText(dialog().specification()), before);
+    user_.answersMessage(asked(question), Answer::kYes);
+    select(path);
+    user_.press(window(), Key::kDelete);
     user_.sawEverything();
   };
+  for (const wchar_t* section : {L"寸法", L"字体のﾛｰﾄﾞ"}) {
+    user_.answersMessage(told(L"削除するﾃﾞｰﾀがありません"), Answer::kOk);
+    select({section});
+    click(IDC_MAIN_DELETE);
+  }
+  select({});
+  click(IDC_MAIN_DELETE);
   deletes({L"文字", L"設定1", L"画層 が <A-TEXT> のとき"}, L"[画層 が <A-TEXT> のとき] を削除します.");
   deletes({L"文字", L"設定1", L"画層 を <TEXT> に変更"}, L"[画層 を <TEXT> に変更] を削除します.");
   EXPECT_EQ(rows({L"文字", L"設定1"}), (Texts{L"色 が <7:白> 以外のとき", L"色 を <3:緑> に変更"}));
   deletes({L"線種のﾛｰﾄﾞ", L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ"},
           L"[<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ] を削除します.");
   EXPECT_EQ(rows({L"線種のﾛｰﾄﾞ"}), Texts());
+  deletes({L"矢印のﾛｰﾄﾞ"}, L"[矢印のﾛｰﾄﾞ] の変換結果をすべてｸﾘｱします.");
+  EXPECT_EQ(rows({L"矢印のﾛｰﾄﾞ"}), Texts());
   deletes({L"文字", L"設定1"}, L"[設定1] に含まれる項目をすべて削除します.");
   EXPECT_EQ(rows({L"文字"}), (Texts{L"設定2"}));
   deletes({L"文字"}, L"[文字] の設定をすべてｸﾘｱします.");
@@ -205,8 +188,10 @@ TEST_F(MainDialogTree, MovesKeepConditionsBeforeResults) {
   click(IDC_MAIN_DOWN);
   click(IDC_MAIN_DOWN);
   EXPECT_EQ(rows({L"文字", L"設定1"})[3], L"画層 を <TEXT> に変更");
-  select({L"線種のﾛｰﾄﾞ", L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ"});
-  isRefused(IDC_MAIN_UP);
+  for (const Texts& path : {Texts{L"線種のﾛｰﾄﾞ", L"<DASHED> を <SAMPLE.LIN> からﾛｰﾄﾞ"}, Texts{L"寸法"}}) {
+    select(path);
+    isRefused(IDC_MAIN_UP);
+  }
 }
 
 TEST_F(MainDialogTree, ASettingMovesWithItsItems) {

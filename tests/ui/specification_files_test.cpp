@@ -28,14 +28,6 @@ TEST_F(SpecificationFiles, AreListedWithTheirSecondLineWhateverTheirNamesCase) {
   EXPECT_TRUE(specificationFiles(folderText() + L"none").empty());
 }
 
-TEST_F(SpecificationFiles, SortIgnoringCaseAndKeepTheirRemarks) {
-  std::vector<SpecificationFile> files = {{L"A.cvt", L"1"}, {L"c.cvt", L"3"}, {L"b.CVT", L"2"}};
-  sortByName(files, true);
-  EXPECT_EQ(files[0].remark + files[1].remark + files[2].remark, L"321");
-  sortByName(files, false);
-  EXPECT_EQ(files[0].remark + files[1].remark + files[2].remark, L"123");
-}
-
 TEST_F(SpecificationFiles, TwoSpellingsOfTheExtensionSuffice) {
   EXPECT_EQ(withSpecificationExtension(L"plan"), L"plan.cvt");
   EXPECT_EQ(withSpecificationExtension(L"plan.CVT"), L"plan.CVT");

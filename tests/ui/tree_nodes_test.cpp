@@ -7,16 +7,6 @@
 namespace kiv {
 namespace {
 
-TEST(TreeNodes, AFieldOfATagIsSetWithoutTouchingTheOthersOrLeftByAllOnes) {
-  ItemTag tag(0x06031210);
-  tag.set(ItemTag::kKeep, ItemTag::kKeep, 2, ItemTag::kKeep, -1);
-  EXPECT_EQ(tag, ItemTag::pack(6, Level::kItem, Role::kResult, Sense::kInverted, 16));
-  tag.set(10, 2, ItemTag::kKeep, 1, 55);
-  EXPECT_EQ(tag.value(), 0x0A022137U);
-  tag.set(0x101, 0, 0, 0, 0);
-  EXPECT_EQ(tag.value(), 0x01000000U);
-}
-
 TEST(TreeNodes, TagsTextsAndPicturesByTheirPlace) {
   const Specification sample = testing::sampleSpecification();
   const auto expectNode = [&](const Node& node, std::uint32_t tag, const wchar_t* text, int image) {
@@ -61,14 +51,6 @@ TEST(TreeNodes, TextsOfEntries) {
   EXPECT_EQ(entryText({{L"DASHED", L"A.LIN"}, kPicker}, 8), L"<DASHED> をﾛｰﾄﾞ（A.LIN）");
   EXPECT_EQ(entryText({{L"S", L"F", L"B"}, kPicker}, 9), L"<S> を作成 （F,B）");
   EXPECT_EQ(entryText({{L"_DOT"}, kPicker}, 10), L"<_DOT>");
-}
-
-TEST(TreeNodes, ValuesOfTextsAreTakenApart) {
-  using Values = std::vector<std::wstring>;
-  EXPECT_EQ(valuesOfText(L"<DIMASZ> を <2.5> に変更"), (Values{L"DIMASZ", L"2.5"}));
-  EXPECT_EQ(valuesOfText(L"<W> 画層を <1:赤, X> で作成"), (Values{L"W", L"1:赤", L"X"}));
-  EXPECT_EQ(valuesOfText(L"<S> を作成 （F,B）"), (Values{L"S", L"F", L"B"}));
-  EXPECT_TRUE(valuesOfText(L"設定1 <").empty());
 }
 
 }  // namespace

@@ -25,16 +25,6 @@ TEST(Curves, ArcsAreFlattenedWithinTheTolerance) {
   }
 }
 
-TEST(Curves, ArcsOverTheZeroAngle) {
-  const CurvePoints arc = curveOf(ArcGeometry{{0, 0, 0}, 2, 270, 90});
-  ASSERT_EQ(arc.points.size(), 2u);
-  const auto between = arcBetween(arc.points[0], arc.points[1]);
-  ASSERT_TRUE(between);
-  EXPECT_TRUE(between->covers(0));
-  EXPECT_FALSE(between->covers(3.14159));
-  EXPECT_NEAR(between->radius, 2, 1e-12);
-}
-
 TEST(Curves, RationalSplinesAreTheConicsThatTheyStandFor) {
   SplineGeometry quarter;
   quarter.degree = 2;

@@ -16,39 +16,6 @@ class DimensionTest : public ObjectTest {
   }
 };
 
-TEST_F(DimensionTest, TextAndGeometry) {
-  Writing<AcDbDimension> dimension(id(0x53), AcDb::kForWrite);
-  AcString text;
-  dimension->dimensionText(text);
-  EXPECT_STREQ(text, L"");
-  EXPECT_EQ(dimension->setDimensionText(L"<> typ"), Acad::eOk);
-  dimension->dimensionText(text);
-  EXPECT_STREQ(text, L"<> typ");
-  EXPECT_EQ(dimension->setTextRotation(kPi / 4), Acad::eOk);
-  EXPECT_DOUBLE_EQ(dimension->textRotation(), kPi / 4);
-  EXPECT_EQ(dimension->dimensionStyle(), recordId<AcDbDimStyleTable>(L"Office"));
-  EXPECT_EQ(dimension->dimBlockId(), recordId<AcDbBlockTable>(L"*D1"));
-  EXPECT_EQ(dimension->recomputeDimBlock(), Acad::eOk);
-  EXPECT_EQ(dimension->dimBlockId(), recordId<AcDbBlockTable>(L"*D1"));
-}
-
-TEST_F(DimensionTest, VariablesComeFromOverrideStyleAndDefault) {
-  Writing<AcDbDimension> dimension(id(0x53), AcDb::kForWrite);
-  EXPECT_DOUBLE_EQ(dimension->dimtxt(), 3.5);   // style
-  EXPECT_DOUBLE_EQ(dimension->dimasz(), 0.18);  // default
-  EXPECT_EQ(dimension->dimclrd().colorIndex(), 2);
-  EXPECT_EQ(dimension->dimtxsty(), recordId<AcDbTextStyleTable>(L"Notes"));
-  EXPECT_STREQ(dimension->dimpost(), L"<>mm");
-  EXPECT_EQ(dimension->dimdsep(), L'.');
-  EXPECT_TRUE(dimension->dimtih());
-
-  EXPECT_EQ(dimension->setDimtxt(5.0), Acad::eOk);
-  EXPECT_DOUBLE_EQ(dimension->dimtxt(), 5.0);
-  EXPECT_TRUE(overrides(0x53, dimRow("DIMTXT")));
-  AcDbDimStyleTableRecordPointer style(L"Office", database_.get());
-  EXPECT_DOUBLE_EQ(style->dimtxt(), 3.5);
-}
-
 TEST_F(DimensionTest, AnOverrideEqualToTheStyleGoes) {
   Writing<AcDbDimension> dimension(id(0x53), AcDb::kForWrite);
   ASSERT_EQ(dimension->setDimtxt(5.0), Acad::eOk);
@@ -58,32 +25,6 @@ TEST_F(DimensionTest, AnOverrideEqualToTheStyleGoes) {
   EXPECT_DOUBLE_EQ(dimension->dimasz(), 1.0);  // the other one stays
   EXPECT_EQ(dimension->setDimasz(0.18), Acad::eOk);
   EXPECT_FALSE(overrides(0x53, dimRow("DIMASZ")));
-}
-
-TEST_F(DimensionTest, EachTypeOfVariableIsWritten) {
-  Writing<AcDbDimension> dimension(id(0x53), AcDb::kForWrite);
-  AcCmColor green;
-  green.setColorIndex(3);
-  EXPECT_EQ(dimension->setDimdec(2), Acad::eOk);
-  EXPECT_EQ(dimension->setDimtofl(true), Acad::eOk);
-  EXPECT_EQ(dimension->setDimgap(-0.5), Acad::eOk);
-  EXPECT_EQ(dimension->setDimapost(L" [\x33A1]"), Acad::eOk);
-  EXPECT_EQ(dimension->setDimdsep(L','), Acad::eOk);
-  EXPECT_EQ(dimension->setDimclrt(green), Acad::eOk);
-  EXPECT_EQ(dimension->setDimlwd(AcDb::kLnWt050), Acad::eOk);
-  EXPECT_EQ(dimension->setDimblk(L"_dot"), Acad::eOk);
-  EXPECT_EQ(dimension->setDimtxsty(L"standard"), Acad::eOk);
-  EXPECT_EQ(dimension->dimdec(), 2);
-  EXPECT_TRUE(dimension->dimtofl());
-  EXPECT_DOUBLE_EQ(dimension->dimgap(), -0.5);
-  EXPECT_STREQ(dimension->dimapost(), L" [\x33A1]");
-  EXPECT_EQ(dimension->dimdsep(), L',');
-  EXPECT_EQ(dimension->dimclrt().colorIndex(), 3);
-  EXPECT_EQ(dimension->dimlwd(), AcDb::kLnWt050);
-  EXPECT_EQ(dimension->dimblk(), recordId<AcDbBlockTable>(L"_DOT"));
-  EXPECT_EQ(dimension->dimtxsty(), recordId<AcDbTextStyleTable>(L"Standard"));
-  EXPECT_EQ(dimension->setDimblk(L"."), Acad::eOk);
-  EXPECT_TRUE(dimension->dimblk().isNull());
 }
 
 TEST_F(DimensionTest, BadValuesAreRefused) {

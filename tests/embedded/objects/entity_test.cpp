@@ -6,53 +6,7 @@
 namespace cad::test {
 namespace {
 
-constexpr Handle kMainEntities[] = {0x50, 0x51, 0x52, 0x53, 0x54, 0x55, 0x56, 0x59, 0x5E};
-
 class EntityTest : public ObjectTest {};
-
-TEST_F(EntityTest, EveryKindOfEntityTakesTheCommonProperties) {
-  AcCmTransparency glass;
-  glass.setAlphaPercent(0.7);
-  for (const Handle handle : kMainEntities) {
-    SCOPED_TRACE(handle);
-    {
-      Writing<AcDbEntity> entity(id(handle), AcDb::kForWrite);
-      ASSERT_EQ(entity.openStatus(), Acad::eOk);
-      EXPECT_EQ(entity->setLayer(L"furniture"), Acad::eOk);
-      EXPECT_EQ(entity->setLinetype(L"Dashed"), Acad::eOk);
-      EXPECT_EQ(entity->setColorIndex(6), Acad::eOk);
-      EXPECT_EQ(entity->setLineWeight(AcDb::kLnWt025), Acad::eOk);
-      EXPECT_EQ(entity->setLinetypeScale(2.5), Acad::eOk);
-      EXPECT_EQ(entity->setTransparency(glass), Acad::eOk);
-      EXPECT_EQ(entity->setVisibility(AcDb::kInvisible), Acad::eOk);
-    }
-    AcDbEntityPointer entity(id(handle));
-    AcString name;
-    entity->layer(name);
-    EXPECT_STREQ(name, L"Furniture");  // the record's spelling, not the caller's
-    EXPECT_EQ(entity->layerId(), layerId(L"Furniture"));
-    entity->linetype(name);
-    EXPECT_STREQ(name, L"DASHED");
-    EXPECT_EQ(entity->linetypeId(), recordId<AcDbLinetypeTable>(L"DASHED"));
-    EXPECT_EQ(entity->colorIndex(), 6);
-    EXPECT_EQ(entity->lineWeight(), AcDb::kLnWt025);
-    EXPECT_DOUBLE_EQ(entity->linetypeScale(), 2.5);
-    EXPECT_EQ(entity->transparency().alpha(), 178);
-    EXPECT_EQ(entity->visibility(), AcDb::kInvisible);
-  }
-}
-
-TEST_F(EntityTest, UnsetPropertiesHaveTheirMeanings) {
-  AcDbEntityPointer text(id(0x50));
-  AcString linetype;
-  text->linetype(linetype);
-  EXPECT_EQ(linetype.compareNoCase(L"ByLayer"), 0);
-  EXPECT_TRUE(text->color().isByLayer());
-  EXPECT_EQ(text->lineWeight(), AcDb::kLnWtByLayer);
-  EXPECT_DOUBLE_EQ(text->linetypeScale(), 1.0);
-  EXPECT_TRUE(text->transparency().isByLayer());
-  EXPECT_EQ(text->visibility(), AcDb::kVisible);
-}
 
 TEST_F(EntityTest, BadValuesAreRefusedAndChangeNothing) {
   Writing<AcDbEntity> text(id(0x50), AcDb::kForWrite);
@@ -88,7 +42,8 @@ TEST_F(EntityTest, PropertiesThatTheVersionCannotHold) {
 }
 
 TEST_F(EntityTest, VerticesFollowAndAttributesDoNot) {
-  Writing<AcDbEntity>(id(0x59), AcDb::kForWrite)->setLayer(L"Furniture");
+  // In the spelling of its record, not of the caller.
+  Writing<AcDbEntity>(id(0x59), AcDb::kForWrite)->setLayer(L"furniture");
   for (const Handle handle : {0x59, 0x5A, 0x5B, 0x5C}) EXPECT_EQ(layerOf(handle), L"Furniture");
   Writing<AcDbEntity>(id(0x59), AcDb::kForWrite)->setLayer(L"0", false);
   EXPECT_EQ(layerOf(0x59), L"0");

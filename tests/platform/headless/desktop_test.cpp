@@ -1,4 +1,4 @@
-// What only windows in memory do: give up, go without an answer, and stay apart from each other's handlers.
+// What only windows in memory do: give up, and go without an answer.
 
 #include "platform/headless/desktop.h"
 
@@ -11,8 +11,6 @@ namespace kiv::headless {
 namespace {
 
 constexpr int kMainDialog = 102;
-constexpr int kValueDialog = 103;
-constexpr int kEditButton = 1021;
 
 class Silent : public DialogScript {
  public:
@@ -22,28 +20,12 @@ class Silent : public DialogScript {
   std::optional<std::wstring> answer(const FileQuestion&) override { return file; }
   std::optional<std::wstring> answer(const FolderQuestion&) override { return {}; }
   int answer(const Menu&) override { return menu; }
-  void act(DialogWindow& modal) override {
-    ++acts;
-    if (hands) hands(modal);
-  }
+  void act(DialogWindow&) override { ++acts; }
 
   Answer messageAnswer = Answer::kYes;
   std::optional<std::wstring> file;
   int menu = 0;
   int acts = 0;
-  std::function<void(DialogWindow&)> hands;
-};
-
-class Shown : public Dialog {
- public:
-  explicit Shown(int resource) : Dialog(resource) {}
-  void onInit() override { window().show(true); }
-  void onCommand(int id) override {
-    commands.push_back(id);
-    if (command) command(id);
-  }
-  std::vector<int> commands;
-  std::function<void(int)> command;
 };
 
 TEST(Headless, ModalDialogThatNobodyEndsIsGivenUp) {
@@ -73,7 +55,7 @@ TEST(Headless, AnswersThatWereNotOffered) {
   question.mustExist = false;
   EXPECT_EQ(chooseFile(nullptr, question), script.file);
 
-  Shown dialog(kMainDialog);
+  Dialog dialog(kMainDialog);
   ASSERT_TRUE(dialog.create(nullptr));
   Menu menu = loadMenu(123);
   script.menu = 40021;
@@ -82,54 +64,6 @@ TEST(Headless, AnswersThatWereNotOffered) {
   EXPECT_EQ(showMenu(dialog.window(), menu, {}), 0);
   script.menu = 77;
   EXPECT_EQ(showMenu(dialog.window(), menu, {}), 0);
-}
-
-// A command that a handler posts waits for this handler, whatever modal dialog it opens meanwhile.
-TEST(Headless, PostedCommandsWaitForTheHandlerThatPosted) {
-  Silent script;
-  Shown dialog(kMainDialog);
-  ASSERT_TRUE(dialog.create(nullptr));
-  bool working = false;
-  dialog.command = [&](int id) {
-    EXPECT_FALSE(working);
-    if (id != kEditButton) return;
-    working = true;
-    dialog.window().post(7);
-    Dialog modal(kValueDialog);
-    EXPECT_EQ(modal.runModal(nullptr), 2);
-    working = false;
-  };
-  script.hands = [](DialogWindow& modal) { user::close(modal); };
-  EXPECT_TRUE(user::click(dialog.window(), kEditButton));
-  EXPECT_EQ(dialog.commands, (std::vector<int>{kEditButton, 7}));
-}
-
-TEST(Headless, PostedCommandsAreLostWithTheirWindow) {
-  Silent script;
-  Shown first(kMainDialog);
-  ASSERT_TRUE(first.create(nullptr));
-  first.window().post(7);
-  first.destroy();
-  Shown second(kMainDialog);
-  ASSERT_TRUE(second.create(nullptr));
-  second.window().post(8);
-  user::settle();
-  EXPECT_TRUE(first.commands.empty());
-  EXPECT_EQ(second.commands, std::vector<int>{8});
-}
-
-TEST(Headless, TheKeyboardBelongsToOneWindow) {
-  Silent script;
-  Shown below(kMainDialog);
-  ASSERT_TRUE(below.create(nullptr));
-  const int focused = below.window().focused();
-  EXPECT_NE(focused, 0);
-  Shown above(kValueDialog);
-  ASSERT_TRUE(above.create(below.window().native()));
-  EXPECT_EQ(below.window().focused(), 0);
-  EXPECT_NE(above.window().focused(), 0);
-  above.destroy();
-  EXPECT_EQ(below.window().focused(), focused);
 }
 
 }  // namespace
