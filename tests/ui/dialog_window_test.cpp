@@ -105,25 +105,6 @@ TEST_F(DialogControls, TreeKeepsItsCaretAmongNeighbours) {
   EXPECT_TRUE(tree.children(0).empty());
 }
 
-TEST_F(DialogControls, TreeUnderTheHand) {
-  DialogWindow& window = open(IDD_MAIN);
-  TreeView& tree = window.tree(IDC_MAIN_TREE);
-  const TreeItem root = tree.insert(0, -1, L"root", 0, 0);
-  const TreeItem child = tree.insert(root, -1, L"child", 0, 0);
-  tree.insert(0, -1, L"second", 0, 0);
-  person_.clickItem(window, IDC_MAIN_TREE, root);
-  dialog_->takeCalls();
-  person_.rightClickItem(window, IDC_MAIN_TREE, person_.item(window, IDC_MAIN_TREE, {L"root", L"child"}));
-  EXPECT_EQ(tree.caret(), child);
-  EXPECT_EQ(dialog_->takeCalls(), (Calls{L"selected 1218", L"menu 1218"}));
-  person_.press(window, Key::kDown);
-  EXPECT_EQ(tree.text(tree.caret()), L"second");
-  EXPECT_EQ(dialog_->takeCalls(), (Calls{L"key 1218", L"selected 1218"}));
-  dialog_->key = [](int, Key) { return true; };
-  person_.press(window, Key::kUp);
-  EXPECT_EQ(tree.text(tree.caret()), L"second");
-}
-
 TEST_F(DialogControls, TabKeyFollowsTheScript) {
   DialogWindow& window = open(IDD_MAIN);
   window.check(IDC_MAIN_BLOCK_INSIDE, true);

@@ -7,6 +7,24 @@
 
 namespace {
 
+// Those of filters are seen in selection_test.
+TEST(ResultBuffer, CodesThatNoFilterHoldsDecideTheTypesOfTheirValues) {
+  const ads_point point = {1, 2, 3};
+  const ads_name entity = {42, 0};
+  resbuf* const list = acutBuildList(10, point, RTLB, RTSHORT, -7, RTLE, 1071, 70000, -1, entity, RTNONE);
+  ASSERT_NE(list, nullptr);
+  const resbuf* at = list;
+  const auto next = [&] { return at = at->rbnext; };
+  EXPECT_EQ(at->resval.rpoint[2], 3);
+  EXPECT_EQ(next()->restype, RTLB);
+  EXPECT_EQ(next()->resval.rint, -7);
+  EXPECT_EQ(next()->restype, RTLE);
+  EXPECT_EQ(next()->resval.rlong, 70000);
+  EXPECT_EQ(next()->resval.rlname[0], 42);
+  EXPECT_EQ(at->rbnext, nullptr);
+  acutRelRb(list);
+}
+
 TEST(ResultBuffer, AnUnknownCodeGivesNoList) { EXPECT_EQ(acutBuildList(8, L"A", 4711, 1, RTNONE), nullptr); }
 
 TEST(ResultBuffer, PrintsWideTextsByThePlainConversion) {

@@ -1,12 +1,34 @@
 // The properties that every entity has, written and refused.
 
+#include "dbdim.h"
 #include "dbents.h"
+#include "dbmtext.h"
 #include "tests/embedded/objects/fixture.h"
 
 namespace cad::test {
 namespace {
 
 class EntityTest : public ObjectTest {};
+
+// What conversions write is shown by the cases.
+TEST_F(EntityTest, WhatNoConversionWritesIsReadBack) {
+  AcString content;
+  Writing<AcDbText> text(id(0x50), AcDb::kForWrite);
+  EXPECT_EQ(text->visibility(), AcDb::kVisible);
+  EXPECT_EQ(text->setVisibility(AcDb::kInvisible), Acad::eOk);
+  EXPECT_EQ(text->visibility(), AcDb::kInvisible);
+  EXPECT_EQ(text->setTextString(L"\x5BF8\x6CD5 A"), Acad::eOk);
+  text->textString(content);
+  EXPECT_STREQ(content, L"\x5BF8\x6CD5 A");
+  Writing<AcDbMText> paragraphs(id(0x51), AcDb::kForWrite);
+  EXPECT_EQ(paragraphs->setContents(L"A\\PB"), Acad::eOk);
+  paragraphs->contents(content);
+  EXPECT_STREQ(content, L"A\\PB");
+  Writing<AcDbDimension> dimension(id(0x53), AcDb::kForWrite);
+  EXPECT_EQ(dimension->setDimensionText(L"<> typ"), Acad::eOk);
+  dimension->dimensionText(content);
+  EXPECT_STREQ(content, L"<> typ");
+}
 
 TEST_F(EntityTest, BadValuesAreRefusedAndChangeNothing) {
   Writing<AcDbEntity> text(id(0x50), AcDb::kForWrite);
