@@ -13,9 +13,6 @@
 namespace kiv::test {
 namespace {
 
-const MessageQuestion kOverwrite{L"上書きしてよろしいですか？", L"ﾌｧｲﾙ変換", Buttons::kYesNo, Icon::kQuestion,
-                                 true};
-
 class FileQuestions : public test_support::TempFolder {};
 
 TEST_F(FileQuestions, NamesAreCompleted) {

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <utility>
-#include <vector>
 
 #include "tests/ui/test_dialog.h"
 #include "tests/ui/user.h"

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/headless/resource_styles.h"
-
 namespace kiv::headless {
 namespace {
 
