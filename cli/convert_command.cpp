@@ -1,11 +1,10 @@
 // kivcvt convert: what holds for all drawings, and one conversion after another.
 
 #include <algorithm>
-#include <ctime>
-#include <cwchar>
 #include <filesystem>
 #include <system_error>
 
+#include "base/clock.h"
 #include "base/codepage.h"
 #include "base/files.h"
 #include "base/paths.h"
@@ -64,15 +63,11 @@ base::Status prepare(Session& session, const Arguments& arguments, Undone& undon
   return {};
 }
 
-// Named after the local time to the second, as the module's own logs are. Empty for an empty folder.
+// Empty for an empty folder.
 std::wstring logFilePath(const std::wstring& folder) {
   if (folder.empty()) return {};
-  const std::time_t now = std::time(nullptr);
-  wchar_t name[64];
-  const std::size_t length =
-      std::wcsftime(name, std::size(name), L"%Y%m%d_%Hh%Mm%SsMorlux.log", std::localtime(&now));
   const std::filesystem::path path = base::pathFromText(base::fullPath(folder));
-  return base::pathText(path / base::pathFromText(std::wstring(name, length)));
+  return base::pathText(path / base::pathFromText(base::localTimeText(base::kLogNameFormat)));
 }
 
 struct Tally {

@@ -51,10 +51,10 @@ void convertDrawing(RunState& run) {
   setUpTextStyles(run);
   createLayers(run);
   applyLayerSettings(run);
-  const int scope = std::clamp(readCommonInteger(L"KivBlock", 0), 0, 2);
+  const int scope = std::clamp(readCommonInteger(kBlockScopeKey, 0), 0, 2);
   LockedLayers lockedLayers;
   const ScopeExit lockAgain([&] { lockedLayers.lockAgain(); });
-  if (readCommonInteger(L"MorluxIgnoreLocks", 0) == 1) lockedLayers.unlockAll(run.database);
+  if (readCommonInteger(kIgnoreLocksKey, 0) == 1) lockedLayers.unlockAll(run.database);
   runEntityPasses(run, static_cast<BlockScope>(scope));
 }
 

@@ -68,10 +68,10 @@ int setConversion(const KivConversion* conversion) {
   context.batchRemaining = 0;
   context.saveFormat = *format;
   const std::wstring logFile = textOf(conversion->logFile);
-  overrideInteger(L"KivBlock", std::clamp(conversion->blockScope, 0, 2));
-  overrideInteger(L"MorluxIgnoreLocks", conversion->ignoreLocks == 1 ? 1 : 0);
-  overrideInteger(L"MorluxCreateLog", logFile.empty() ? 0 : 1);
-  overrideCommonSetting(L"MorluxLogOutFile", logFile.c_str());
+  overrideInteger(kBlockScopeKey, std::clamp(conversion->blockScope, 0, 2));
+  overrideInteger(kIgnoreLocksKey, conversion->ignoreLocks == 1 ? 1 : 0);
+  overrideInteger(kCreateLogKey, logFile.empty() ? 0 : 1);
+  overrideCommonSetting(kLogFileKey, logFile.c_str());
   return 1;
 }
 

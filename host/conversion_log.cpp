@@ -4,11 +4,11 @@
 #include <fstream>
 #include <utility>
 
+#include "base/clock.h"
 #include "base/file_errors.h"
 #include "base/files.h"
 #include "base/paths.h"
 #include "base/text_files.h"
-#include "platform/clock.h"
 #include "platform/settings.h"
 
 namespace kiv {
@@ -29,8 +29,8 @@ std::wstring entryText(const std::wstring& time, const std::wstring& drawing,
 }  // namespace
 
 ConversionLog::ConversionLog(std::wstring drawing) : drawing_(std::move(drawing)) {
-  if (readCommonInteger(L"MorluxCreateLog", 0) != 0) logFile_ = readCommonText(L"MorluxLogOutFile", L"");
-  if (!logFile_.empty()) time_ = localTimeText(L"%Y年%m月%d日 %H:%M:%S");
+  if (readCommonInteger(kCreateLogKey, 0) != 0) logFile_ = readCommonText(kLogFileKey, L"");
+  if (!logFile_.empty()) time_ = base::localTimeText(L"%Y年%m月%d日 %H:%M:%S");
 }
 
 void ConversionLog::addMessage(const std::wstring& text) {

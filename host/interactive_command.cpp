@@ -10,10 +10,10 @@
 #include "acedads.h"
 #include "acutads.h"
 #include "adscodes.h"
+#include "base/clock.h"
 #include "base/paths.h"
 #include "host/batch.h"
 #include "host/module.h"
-#include "platform/clock.h"
 #include "platform/dialog.h"
 #include "platform/entity_pick.h"
 #include "platform/host_messages.h"
@@ -29,7 +29,6 @@ namespace kiv {
 namespace {
 
 constexpr int kAllTracking = 15;
-constexpr const wchar_t* kLogFileKey = L"MorluxLogOutFile";
 
 void beginAnew() {
   ConversionContext& context = conversionContext();
@@ -125,10 +124,10 @@ void waitForDialog() {
 }
 
 std::wstring logFile() {
-  if (readCommonInteger(L"MorluxCreateLog", 0) != 1) return {};
-  const std::wstring folder = readCommonText(L"MorluxLogOutPath", L"");
+  if (readCommonInteger(kCreateLogKey, 0) != 1) return {};
+  const std::wstring folder = readCommonText(kLogFolderKey, L"");
   if (folder.empty()) return {};
-  const std::wstring name = localTimeText(L"%Y%m%d_%Hh%Mm%SsMorlux.log");
+  const std::wstring name = base::localTimeText(base::kLogNameFormat);
   // A run without the log that was asked for would say nothing of what it could not convert.
   if (name.empty()) throw std::invalid_argument("the clock shows no local time");
   return base::joinPath(folder, name);
@@ -137,10 +136,10 @@ std::wstring logFile() {
 void storeOptions() {
   const CCnvDlg& dialog = *conversionContext().dialog;
   const ConversionOptions& options = dialog.options();
-  writeCommonInteger(L"KivBlock", std::clamp(options.blockScope, 0, 2));
-  writeCommonInteger(L"MorluxIgnoreLocks", options.ignoreLocks ? 1 : 0);
-  writeCommonInteger(L"MorluxCreateLog", options.createLog ? 1 : 0);
-  writeCommonText(L"MorluxLogOutPath", options.logFolder.c_str());
+  writeCommonInteger(kBlockScopeKey, std::clamp(options.blockScope, 0, 2));
+  writeCommonInteger(kIgnoreLocksKey, options.ignoreLocks ? 1 : 0);
+  writeCommonInteger(kCreateLogKey, options.createLog ? 1 : 0);
+  writeCommonText(kLogFolderKey, options.logFolder.c_str());
   conversionContext().contextPaths[kSpecificationPath] = dialog.specificationFolder() + kWorkFileName;
   writeCommonText(kLogFileKey, logFile().c_str());
 }

@@ -17,49 +17,14 @@ std::wstring workingDrawing() {
   return name;
 }
 
-KivRunEnd endOf(RunEnd end) {
-  switch (end) {
-    case RunEnd::kConverted:
-      return kKivConverted;
-    case RunEnd::kNoSpecification:
-      return kKivNoSpecification;
-    case RunEnd::kSpecificationUnreadable:
-      return kKivSpecificationUnreadable;
-    case RunEnd::kEmptyDrawing:
-      return kKivEmptyDrawing;
-  }
-  return kKivNeverRun;
-}
-
-KivNoteReason reasonOf(RefusalReason refusal) {
-  switch (refusal) {
-    case RefusalReason::kNoSuchName:
-      return kKivNoSuchName;
-    case RefusalReason::kNotInThisVersion:
-      return kKivNotInThisVersion;
-    case RefusalReason::kBadValue:
-      return kKivBadValue;
-    case RefusalReason::kNotForObject:
-      return kKivNotForObject;
-    case RefusalReason::kNoSuchFile:
-      return kKivNoSuchFile;
-    case RefusalReason::kOther:
-      break;
-  }
-  return kKivRefused;
-}
-
-KivRefuser refuserOf(Refuser refuser) {
-  switch (refuser) {
-    case Refuser::kObject:
-      return kKivObjects;
-    case Refuser::kLayer:
-      return kKivLayers;
-    case Refuser::kDrawing:
-      break;
-  }
-  return kKivDrawing;
-}
+// The automation entry's numbers are the engine's, in its order.
+static_assert(static_cast<int>(RunEnd::kConverted) + 1 == kKivConverted &&
+              static_cast<int>(RunEnd::kEmptyDrawing) + 1 == kKivEmptyDrawing);
+static_assert(static_cast<int>(RefusalReason::kOther) == kKivRefused &&
+              static_cast<int>(RefusalReason::kNoSuchFile) == kKivNoSuchFile &&
+              kRefusalCount == kKivNoSuchFile + 1);
+static_assert(static_cast<int>(Refuser::kObject) == kKivObjects &&
+              static_cast<int>(Refuser::kDrawing) == kKivDrawing);
 
 struct LastRun {
   std::optional<RunReport> report;
@@ -94,7 +59,8 @@ void RunReport::endOfConversion() {
 void RunReport::finish(const RunOutcome& outcome) {
   outcome_ = outcome;
   if (outcome.end == RunEnd::kEmptyDrawing) return;
-  // No word of a failure to the user: the log never stops or disturbs a conversion.
+  // The command line says nothing of a failure: the log never stops or disturbs a conversion. The report has
+  // it.
   if (base::Status logged = log_.writeEntry(); !logged) logFailure_ = logged.failure().text();
 }
 
@@ -106,11 +72,11 @@ void keepAsLastRun(RunReport report) {
   last.notes.clear();
   for (const std::wstring& problem : last.report->problems()) last.problems.push_back(problem.c_str());
   for (const RefusalNote& note : last.report->notes()) {
-    last.notes.push_back(
-        {note.kind.c_str(), note.value.c_str(), reasonOf(note.reason), note.count, refuserOf(note.by)});
+    last.notes.push_back({note.kind.c_str(), note.value.c_str(), static_cast<int>(note.reason), note.count,
+                          static_cast<int>(note.by)});
   }
   last.record = {runs,
-                 endOf(last.report->outcome().end),
+                 static_cast<int>(last.report->outcome().end) + 1,
                  last.report->drawing().c_str(),
                  last.report->outcome().savedPath.c_str(),
                  last.report->logFailure().c_str(),

@@ -2,11 +2,19 @@
 // The suite's common settings: texts by key, kept by a sibling module for all modules of the suite.
 //
 // A value set in this process by overrideCommonSetting wins; then what the sibling keeps; then the
-// fallback. When the sibling or its function is missing, the host's command line says so once per process.
+// fallback. When the sibling or its function is missing, the host's command line says so, once until the
+// store is closed.
 
 #include <string>
 
 namespace kiv {
+
+// The keys of the conversion's options. Switches are on at 1, the scope is a BlockScope's number.
+inline constexpr const wchar_t* kBlockScopeKey = L"KivBlock";
+inline constexpr const wchar_t* kIgnoreLocksKey = L"MorluxIgnoreLocks";
+inline constexpr const wchar_t* kCreateLogKey = L"MorluxCreateLog";
+inline constexpr const wchar_t* kLogFolderKey = L"MorluxLogOutPath";
+inline constexpr const wchar_t* kLogFileKey = L"MorluxLogOutFile";
 
 // Decimal text read by its leading integer; a key that is not kept gives the fallback.
 int readCommonInteger(const wchar_t* key, int fallback);

@@ -28,12 +28,12 @@ bool holdsOneDocument() {
 
 void CCnvDlg::initOptions() {
   if (holdsOneDocument()) window().enable(IDC_MAIN_BATCH, false);
-  options_.blockScope = std::clamp(readCommonInteger(L"KivBlock", 0), 0, kLastScope);
-  writeCommonInteger(L"KivBlock", options_.blockScope);
+  options_.blockScope = std::clamp(readCommonInteger(kBlockScopeKey, 0), 0, kLastScope);
+  writeCommonInteger(kBlockScopeKey, options_.blockScope);
   window().check(kScopeButtons[options_.blockScope], true);
-  options_.ignoreLocks = readCommonInteger(L"MorluxIgnoreLocks", 0) != 0;
-  options_.createLog = readCommonInteger(L"MorluxCreateLog", 0) != 0;
-  options_.logFolder = readCommonText(L"MorluxLogOutPath", L"");
+  options_.ignoreLocks = readCommonInteger(kIgnoreLocksKey, 0) != 0;
+  options_.createLog = readCommonInteger(kCreateLogKey, 0) != 0;
+  options_.logFolder = readCommonText(kLogFolderKey, L"");
   window().check(IDC_MAIN_IGNORE_LOCKS, options_.ignoreLocks);
   window().check(IDC_MAIN_CREATE_LOG, options_.createLog);
   window().setText(IDC_MAIN_LOG_FOLDER, options_.logFolder);

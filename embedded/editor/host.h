@@ -1,5 +1,5 @@
 #pragma once
-// The embedded host as our own programs see it, all of it: start it, load modules, open drawings, run
+// The embedded host as our own programs see it: start it, load modules, open drawings, run
 // commands, and show what they do. What a drawing looks like is told in embedded/graphics/scene.h. One per
 // process; everything runs on the thread that started it.
 

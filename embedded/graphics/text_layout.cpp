@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "embedded/objects/mtext_plain_text.h"
+#include "embedded/drawing/plain_text.h"
 
 namespace cad {
 namespace {
@@ -83,7 +83,7 @@ class Layout {
                               : 0;
     const std::vector<std::wstring> lines = text_.multiline
                                                 ? linesOf(plainText(text_.contents), widest)
-                                                : std::vector<std::wstring>{withoutCodes(text_.contents)};
+                                                : std::vector<std::wstring>{plainLine(text_.contents)};
     if (text_.side == Side::kAligned || text_.side == Side::kFit) stretch(estimatedWidth(lines.front()));
     const double rows = static_cast<double>(lines.size() - 1);
     std::vector<SceneText> out;
@@ -134,36 +134,6 @@ double estimatedWidth(std::wstring_view line) {
   double width = 0;
   for (const wchar_t c : line) width += widthOf(c);
   return width;
-}
-
-std::wstring withoutCodes(std::wstring_view contents) {
-  std::wstring out;
-  for (std::size_t i = 0; i < contents.size(); ++i) {
-    if (contents.substr(i, 2) != L"%%" || i + 2 >= contents.size()) {
-      out += contents[i];
-      continue;
-    }
-    const wchar_t code = contents[i + 2];
-    i += 2;
-    if (std::wstring_view(L"uUoOkK").find(code) != std::wstring_view::npos) continue;
-    if (code == L'd' || code == L'D')
-      out += wchar_t{0x00B0};
-    else if (code == L'p' || code == L'P')
-      out += wchar_t{0x00B1};
-    else if (code == L'c' || code == L'C')
-      out += wchar_t{0x2205};
-    else if (code == L'%')
-      out += L'%';
-    else if (code >= L'0' && code <= L'9') {
-      int number = 0, digits = 0;
-      for (; digits < 3 && i < contents.size() && contents[i] >= L'0' && contents[i] <= L'9'; ++digits, ++i)
-        number = number * 10 + (contents[i] - L'0');
-      --i;
-      if (number >= 32) out += static_cast<wchar_t>(number);
-    } else
-      out.append(L"%%").append(1, code);
-  }
-  return out;
 }
 
 std::vector<SceneText> layOut(const TextGeometry& text) {

@@ -12,10 +12,6 @@ namespace cad {
 
 std::vector<SceneText> layOut(const TextGeometry& text);
 
-// The text of a single line without its codes: %%d, %%p, %%c, %%nnn become their characters, %%u, %%o and
-// %%k (lines over, under and through the text) nothing.
-std::wstring withoutCodes(std::wstring_view contents);
-
 // Of one line of height 1 and width factor 1.
 double estimatedWidth(std::wstring_view line);
 

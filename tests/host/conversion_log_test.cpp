@@ -2,7 +2,7 @@
 
 #include <ctime>
 
-#include "platform/clock.h"
+#include "base/clock.h"
 #include "platform/settings.h"
 #include "tests/support/temp_folder.h"
 
@@ -12,11 +12,11 @@ class ConversionLog : public test_support::TempFolder {
  protected:
   void SetUp() override {
     test_support::setTimeZone("UTC");
-    kiv::setClock([] { return std::time_t{1794692250}; });  // 14 November 2026, 21:37:30
+    base::setClock([] { return std::time_t{1794692250}; });  // 14 November 2026, 21:37:30
     want(1, base::pathText(file_));
   }
   void TearDown() override {
-    kiv::setClock({});
+    base::setClock({});
     kiv::clearSettingOverrides();
   }
   void want(int create, const std::wstring& file) {

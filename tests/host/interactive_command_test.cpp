@@ -4,12 +4,12 @@
 #include <deque>
 #include <functional>
 
+#include "base/clock.h"
 #include "base/codepage.h"
 #include "embedded/editor/host.h"
 #include "host/conversion_context.h"
 #include "host/module.h"
 #include "host/run_report.h"
-#include "platform/clock.h"
 #include "platform/settings.h"
 #include "tests/support/temp_folder.h"
 #include "tests/ui/fields_picker.h"
@@ -64,7 +64,7 @@ class InteractiveCommand : public test_support::TempFolder {
     host().setInputSource({});
     host().setSupportPath({});
     host().setOutput({});
-    setClock({});
+    base::setClock({});
   }
   static cad::Host& host() { return cad::Host::instance(); }
   void run() { EXPECT_TRUE(host().execute(L"KIV_TOACAD").ok()); }
@@ -143,8 +143,8 @@ TEST_F(InteractiveCommand, CancelStoresNothing) {
 }
 
 TEST_F(InteractiveCommand, ConvertsTheDrawingAndStoresTheOptions) {
-  setClock([] { return std::time_t{1'700'000'000}; });
-  const std::wstring logName = localTimeText(L"%Y%m%d_%Hh%Mm%SsMorlux.log");
+  base::setClock([] { return std::time_t{1'700'000'000}; });
+  const std::wstring logName = base::localTimeText(L"%Y%m%d_%Hh%Mm%SsMorlux.log");
   const std::filesystem::path logs = folder_ / "logs";
   const int runs = lastRun().runs;
   thenClicks(IDC_MAIN_IGNORE_LOCKS);
@@ -174,7 +174,7 @@ TEST_F(InteractiveCommand, ConvertsTheDrawingAndStoresTheOptions) {
 }
 
 TEST_F(InteractiveCommand, ALogThatCannotBeNamedStopsTheRun) {
-  setClock([] { return std::numeric_limits<std::time_t>::max(); });
+  base::setClock([] { return std::numeric_limits<std::time_t>::max(); });
   const int runs = lastRun().runs;
   thenClicks(IDC_MAIN_CREATE_LOG);
   then([this] { user_.type(window(), IDC_MAIN_LOG_FOLDER, base::pathText(folder_ / "logs")); });

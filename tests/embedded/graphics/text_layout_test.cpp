@@ -64,10 +64,5 @@ TEST(TextLayout, LinesOfMultilineTexts) {
   EXPECT_NEAR(wrapped[1].origin.y, 20, 1e-9);
 }
 
-TEST(TextLayout, CodesOfSingleLines) {
-  EXPECT_EQ(withoutCodes(L"%%u見出し%%u %%c50%%p0.1 45%%d %%065 100%%%"), L"見出し ∅50±0.1 45° A 100%");
-  EXPECT_EQ(withoutCodes(L"50%% %%x %%"), L"50%% %%x %%");
-}
-
 }  // namespace
 }  // namespace cad

@@ -1,10 +1,10 @@
-#include "platform/clock.h"
+#include "base/clock.h"
 
 #include <gtest/gtest.h>
 
 #include "tests/support/temp_path.h"
 
-namespace kiv {
+namespace base {
 namespace {
 
 TEST(Clock, FormatsLocalTimeAndLimitsTheText) {
@@ -19,4 +19,4 @@ TEST(Clock, FormatsLocalTimeAndLimitsTheText) {
 }
 
 }  // namespace
-}  // namespace kiv
+}  // namespace base

@@ -1,4 +1,4 @@
-#include "embedded/objects/mtext_plain_text.h"
+#include "embedded/drawing/plain_text.h"
 
 #include <optional>
 
@@ -13,6 +13,40 @@ std::optional<int> digitValue(wchar_t c, int base) {
   if (c >= L'A' && c <= L'F') value = c - L'A' + 10;
   if (c >= L'a' && c <= L'f') value = c - L'a' + 10;
   return value >= 0 && value < base ? std::optional<int>(value) : std::nullopt;
+}
+
+struct NamedCharacter {
+  wchar_t character = 0;
+  std::size_t length = 0;  // of the code, behind its %%; 0: it names no character
+};
+
+NamedCharacter characterOf(std::wstring_view code) {
+  if (code.empty()) return {};
+  switch (code[0]) {
+    case L'd':
+    case L'D':
+      return {kDegree, 1};
+    case L'p':
+    case L'P':
+      return {kPlusMinus, 1};
+    case L'c':
+    case L'C':
+      return {kDiameter, 1};
+    case L'%':
+      return {L'%', 1};
+    default:
+      break;
+  }
+  constexpr std::size_t kDigits = 3;
+  if (code.size() < kDigits) return {};
+  int number = 0;
+  for (const wchar_t c : code.substr(0, kDigits)) {
+    const std::optional<int> digit = digitValue(c, 10);
+    if (!digit) return {};
+    number = number * 10 + *digit;
+  }
+  if (number < 32 || number > 255) return {};
+  return {static_cast<wchar_t>(number), kDigits};
 }
 
 class Reader {
@@ -132,34 +166,9 @@ class Reader {
   }
 
   void percent() {
-    const wchar_t code = rest_[1];
-    wchar_t character = 0;
-    std::size_t length = 2;
-    if (code == L'd' || code == L'D') character = kDegree;
-    if (code == L'p' || code == L'P') character = kPlusMinus;
-    if (code == L'c' || code == L'C') character = kDiameter;
-    if (code == L'%') character = L'%';
-    if (const int number = decimalCode(); number > 0) {
-      character = static_cast<wchar_t>(number);
-      length = 4;
-    }
-    if (character == 0) {
-      text_ += L'%';
-      return;
-    }
-    rest_.remove_prefix(length);
-    text_ += character;
-  }
-
-  int decimalCode() const {  // of %%nnn; 0: it is none
-    if (rest_.size() < 4) return 0;
-    int number = 0;
-    for (std::size_t i = 1; i < 4; ++i) {
-      const std::optional<int> digit = digitValue(rest_[i], 10);
-      if (!digit) return 0;
-      number = number * 10 + *digit;
-    }
-    return number < 256 ? number : 0;
+    const NamedCharacter named = characterOf(rest_.substr(1));
+    rest_.remove_prefix(named.length == 0 ? 0 : named.length + 1);
+    text_ += named.length == 0 ? L'%' : named.character;
   }
 
   wchar_t take() {
@@ -173,6 +182,29 @@ class Reader {
 };
 
 }  // namespace
+
+std::wstring plainLine(std::wstring_view contents) {
+  constexpr std::wstring_view kLineCodes = L"uUoOkK";
+  std::wstring plain;
+  while (!contents.empty()) {
+    std::size_t taken = 1;
+    if (contents.size() > 2 && contents.starts_with(L"%%")) {
+      const NamedCharacter named = characterOf(contents.substr(2));
+      if (named.length > 0) {
+        plain += named.character;
+        taken = named.length + 2;
+      } else if (kLineCodes.find(contents[2]) != std::wstring_view::npos) {
+        taken = 3;
+      } else {
+        plain.append(contents.substr(0, taken = 3));
+      }
+    } else {
+      plain += contents[0];
+    }
+    contents.remove_prefix(taken);
+  }
+  return plain;
+}
 
 std::wstring plainText(std::wstring_view contents) { return Reader(contents).read(); }
 

@@ -1,8 +1,8 @@
-#include "platform/clock.h"
+#include "base/clock.h"
 
 #include <cwchar>
 
-namespace kiv {
+namespace base {
 namespace {
 
 constexpr size_t kTextSize = 128;
@@ -41,4 +41,4 @@ std::wstring localTimeText(const wchar_t* format) {
 
 void setClock(std::function<std::time_t()> clock) { clockFunction() = std::move(clock); }
 
-}  // namespace kiv
+}  // namespace base
