@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 #include "base/fold.h"
@@ -88,8 +89,7 @@ constexpr auto kWriters = [] {
 #undef KIV_WRITER
 
 static_assert(std::ranges::all_of(base::kDimVariables, [](const base::DimVariableInfo& info) {
-  const bool isOffered = info.offer.type != base::DimOffer::Type::kNotOffered;
-  return (kWriters[info.row] != nullptr) == (isOffered && !info.isOfHeaderOnly());
+  return (kWriters[info.row] != nullptr) == (info.isOffered() && !info.isOfHeaderOnly());
 }));
 
 std::uint8_t hostRow(int row) { return dimensionCatalogueRow(row).info->row; }
@@ -116,7 +116,8 @@ std::optional<DimensionValue> dimensionVariable(const AcDbEntity& entity, bool i
   const auto read = isLeader ? reader.ofLeader : reader.ofDimension;
   if (read == nullptr) return std::nullopt;
   DimensionReading reading = read(entity);
-  if (const auto* number = std::get_if<double>(&reading)) return *number;
+  if (const auto* number = std::get_if<double>(&reading))
+    return dimensionCatalogueRow(row).isInteger() ? std::trunc(*number) : *number;
   if (auto* text = std::get_if<std::wstring>(&reading)) return std::move(*text);
   const AcDbObjectId id = std::get<AcDbObjectId>(reading);
   return id.isNull() ? std::wstring(L".") : names.of(id).name;

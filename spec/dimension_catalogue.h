@@ -12,11 +12,11 @@ namespace kiv {
 
 struct DimensionVariable {
   const base::DimVariableInfo* info = nullptr;
-  wchar_t name[16] = {};  // upper case
+  wchar_t name[16] = {};                 // upper case
+  const wchar_t* description = nullptr;  // one Japanese sentence: what the variable controls
 
-  const wchar_t* description() const { return info->offer.meaning; }  // for the editor's list
-  bool isInteger() const { return info->offer.type == base::DimOffer::Type::kAsInteger; }
-  bool isReal() const { return info->offer.type == base::DimOffer::Type::kAsReal; }
+  bool isInteger() const { return info->offer == base::DimOffer::kAsInteger; }
+  bool isReal() const { return info->offer == base::DimOffer::kAsReal; }
   bool isArrow() const { return info->type == base::DimType::kArrow; }
   // The value is the name of a record of the drawing: an arrow block or a text style.
   bool namesRecord() const { return info->isName(); }

@@ -37,9 +37,10 @@ enum class PickItem : int {
   kTextAngle,    // degrees
   kWidthFactor,  // of texts only
   kBlock,
-  kDimension,     // of a dimension or leader the value of a variable, as it is typed: "2.5"; of an arrow the
-                  // block's name; without a variable the name of the style
-  kLineWeight,    // "0.25 mm", "ByLayer"
+  kDimension,   // of a dimension or leader the value of a variable, as it is typed: "2.5", a whole number
+                // where specifications have one; of an arrow the block's name; without a variable the name of
+                // the style
+  kLineWeight,  // "0.25 mm", "ByLayer"
   kTransparency,  // percent: "30"; "ByLayer", "ByBlock"
   kLinetypeScale,
   kDisplay,  // "ON" or "OFF": these four are the states of the entity's layer

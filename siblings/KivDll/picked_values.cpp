@@ -1,5 +1,6 @@
 #include "siblings/KivDll/picked_values.h"
 
+#include <cmath>
 #include <optional>
 
 #include "base/fold.h"
@@ -99,7 +100,8 @@ Value dimensionVariable(const AcDbEntity& entity, std::wstring_view variable) {
                                                              : nullptr;
   if (read == nullptr) return std::nullopt;
   const DimensionReading reading = read(entity);
-  if (const auto* number = std::get_if<double>(&reading)) return numberText(*number);
+  if (const auto* number = std::get_if<double>(&reading))
+    return numberText(info->offer == base::DimOffer::kAsInteger ? std::trunc(*number) : *number);
   if (const auto* text = std::get_if<std::wstring>(&reading)) return *text;
   const AcDbObjectId id = std::get<AcDbObjectId>(reading);
   return id.isNull() ? std::wstring(L".") : nameOf(id);

@@ -39,7 +39,7 @@ TEST_F(ConditionRules, NoKindIsPassedOver) {
 TEST_F(ConditionRules, DimensionVariablesInTheFormsOfResults) {
   open(sampleDrawing());
   run({{L"寸法",
-        L"[***]\n{\n[DIMCLRD] = 256\n[DIMLWD] = 25 mm\n[DIMLWE] = -1\n[DIMASZ] = 2.5\n[DIMALTF] = 2.54\n"
+        L"[***]\n{\n[DIMCLRD] = 256\n[DIMLWD] = 25 mm\n[DIMLWE] = -1\n[DIMASZ] = 2.5\n"
         L"[DIMBLK] = ﾃｨｯｸ(太) (_ARCHTIC)\n[DIMPOST] = mm\n[DIMDSEP] = ;\n[DIMTOFL] = 1\n}"}});
   ASSERT_TRUE(sink_.notes.empty());
   run({{L"寸法",
@@ -48,7 +48,7 @@ TEST_F(ConditionRules, DimensionVariablesInTheFormsOfResults) {
         L"[DIMBLK] = 黒丸 (_DOT)\n{\n[色] = 5\n}"}});
   EXPECT_EQ(color(kDimension), 2);
   run({{L"寸法",
-        L"[DIMCLRD] = 256\n[DIMLWD] = 25\n[DIMLWE] = -1\n[DIMASZ] = 2.50\n[DIMALTF] = 2.54\n[DIMTAD] = 1\n"
+        L"[DIMCLRD] = 256\n[DIMLWD] = 25\n[DIMLWE] = -1\n[DIMASZ] = 2.50\n[DIMALTF] = 25.4\n[DIMTAD] = 1\n"
         L"[DIMTIH] = 1\n[DIMTOFL] = 1\n[DIMPOST] = mm\n[DIMDSEP] = ;\n[DIMTXSTY] = KANJI\n[DIMTSZ] = "
         L"なし\n[DIMBLK] = ﾃｨｯｸ(太) (_archtic)\n[DIMBLK] = ﾕｰｻﾞ指定 (_ARCHTICK)\n"
         L"{\n[色] = 6\n}"}});

@@ -99,7 +99,7 @@ TEST_F(EntityPickTest, ADimensionAndALeaderGiveTheVariableThatIsAskedFor) {
   };
   for (const Row& row :
        {Row{L"DIMTXT", L"3.5", L"3.5"}, Row{L"dimclrd", L"1", L"1"}, Row{L"DIMLWD", L"25", L"25"},
-        Row{L"DIMALTF", L"25.4", L"(none)"}, Row{L"DIMTOL", L"0", L"(none)"},
+        Row{L"DIMALTF", L"25", L"(none)"}, Row{L"DIMTOL", L"0", L"(none)"},
         Row{L"DIMPOST", L"<> mm", L"(none)"}, Row{L"DIMDSEP", L".", L"(none)"},
         Row{L"DIMTXSTY", L"NARROW", L"NARROW"}, Row{L"DIMBLK", L"DOOR", L"(none)"},
         Row{L"DIMLDRBLK", L".", L"."}, Row{L"DIMASO", L"(none)", L"(none)"}}) {

@@ -22,7 +22,7 @@ TEST(DimensionCatalogue, RowsStandInTheirOrderAndAreFoundByName) {
       EXPECT_LT(std::wstring(rows[i - 1].name), name);
     }
     EXPECT_EQ(findDimensionVariable(L"d" + name.substr(1)), static_cast<int>(i));
-    EXPECT_TRUE(descriptions.insert(rows[i].description()).second) << "a description of two variables";
+    EXPECT_TRUE(descriptions.insert(rows[i].description).second) << "a description of two variables";
     EXPECT_TRUE(descriptions.rbegin()->ends_with(L'。'));
     if (rows[i].isArrow()) arrows.push_back(name);
   }
