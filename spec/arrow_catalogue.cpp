@@ -1,8 +1,10 @@
 #include "spec/arrow_catalogue.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include "base/fold.h"
+#include "spec/value_forms.h"
 
 namespace kiv {
 namespace {
@@ -37,6 +39,15 @@ bool isBuiltInArrow(std::wstring_view blockName) { return builtInArrow(blockName
 
 std::wstring arrowText(const ArrowName& arrow) {
   return std::wstring(arrow.displayName) + L" (" + arrow.blockName + L")";
+}
+
+ArrowChoice arrowChoice(std::wstring_view value) {
+  const std::wstring_view name = blockNameOfDisplayForm(value).value_or(value);
+  const auto row = std::ranges::find_if(kCatalogue, [&](const ArrowName& arrow) {
+    return base::equalFolded(arrow.blockName, name) || arrow.displayName == name;
+  });
+  if (row != std::end(kCatalogue)) return {static_cast<int>(row - kCatalogue), {}};
+  return {static_cast<int>(std::size(kCatalogue)) - 1, std::wstring(name)};
 }
 
 }  // namespace kiv

@@ -24,4 +24,13 @@ const wchar_t* builtInArrow(std::wstring_view blockName);
 // "display name (block name)", the form in which an arrow variable's value is kept.
 std::wstring arrowText(const ArrowName& arrow);
 
+// What an arrow variable's value means: a row of the catalogue, and with the last row the user's block, which
+// is empty where the value has the prompt.
+struct ArrowChoice {
+  int row = 0;
+  std::wstring block;
+};
+// By the block's name, or by a text without one that is a name itself.
+ArrowChoice arrowChoice(std::wstring_view value);
+
 }  // namespace kiv

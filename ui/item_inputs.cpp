@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "base/fold.h"
 #include "spec/item_kinds.h"
 #include "ui/value_typing.h"
 
@@ -48,14 +47,6 @@ constexpr ItemInput kInputs[] = {
 const ItemInput* find(auto matches) {
   const auto found = std::ranges::find_if(kInputs, matches);
   return found == std::end(kInputs) ? nullptr : found;
-}
-
-void addMissing(std::vector<std::wstring>& list, const std::vector<std::wstring>& names) {
-  for (const std::wstring& name : names) {
-    const bool known = std::ranges::any_of(
-        list, [&name](const std::wstring& present) { return base::equalFolded(present, name); });
-    if (!known) list.push_back(name);
-  }
 }
 
 }  // namespace

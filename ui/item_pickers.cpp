@@ -4,6 +4,8 @@
 #include <span>
 
 #include "spec/item_kinds.h"
+#include "ui/arrow_loader.h"
+#include "ui/dimension_editor.h"
 #include "ui/linetype_loader.h"
 #include "ui/value_picker.h"
 
@@ -28,8 +30,10 @@ std::map<int, MakePicker>& overrides() {
 // Kinds with a picker of their own, each a row. Other items are plain values.
 std::span<const PickerOfKind> ownPickers() {
   static const PickerOfKind pickers[] = {
+      {section(kDimensionSettingSection).entryKind, &make<CSelDim>},
       {section(kLinetypeSection).entryKind, &make<CSelLine>},
-      {kVariableKind, nullptr},  // not yet, nor have the entries of the other list sections
+      {section(kArrowSection).entryKind, &make<CSelArw>},
+      {kVariableKind, &make<CSelDim>},
   };
   return pickers;
 }

@@ -7,6 +7,8 @@
 #define IDD_LOAD 104
 #define IDD_SAVE 105
 #define IDD_LINETYPE 134
+#define IDD_DIMENSION 136
+#define IDD_ARROW 139
 #define IDD_TEXT_LIST 142
 
 // Context menus
@@ -18,8 +20,10 @@
 #define IDM_DUMMY 139
 #define IDM_GRID 143
 
-// Icons
+// Icons and bitmaps
 #define IDI_PICK 138
+#define IDI_FOLDER 140
+#define IDB_DIMENSION 5137
 
 #ifndef IDOK
 #define IDOK 1
@@ -57,6 +61,19 @@
 // Linetype loader
 #define IDC_LINETYPE_FILE 1013
 #define IDC_LINETYPE_LIST 1036
+
+// Dimension settings
+#define IDC_DIMENSION_LIST 1036
+#define IDC_DIMENSION_PICTURE 1309
+#define IDC_DIMENSION_VARIABLE 1013
+#define IDC_DIMENSION_VALUE 1041
+#define IDC_DIMENSION_ARROW 1014
+#define IDC_DIMENSION_BLOCK 1015
+
+// Arrow loader
+#define IDC_ARROW_FOLDER 1041
+#define IDC_ARROW_BROWSE 1021
+#define IDC_ARROW_LIST 1036
 
 // File browser
 #define IDC_LOAD_NAME 1301

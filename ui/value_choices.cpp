@@ -48,6 +48,14 @@ Texts recordNames() {
 
 }  // namespace
 
+void addMissing(Texts& list, const Texts& names) {
+  for (const std::wstring& name : names) {
+    const bool known = std::ranges::any_of(
+        list, [&name](const std::wstring& present) { return base::equalFolded(present, name); });
+    if (!known) list.push_back(name);
+  }
+}
+
 Texts colorChoices(const ChoiceContext& context) {
   Texts texts;
   if (!context.withholdsByOther) texts = {colorText(kColorByBlock), colorText(kColorByLayer)};
@@ -96,6 +104,12 @@ Texts linetypeChoices(const ChoiceContext& context) {
 
 Texts textStyleChoices(const ChoiceContext&) {
   return recordNames<AcDbTextStyleTable, AcDbTextStyleTableIterator>();
+}
+
+Texts blockChoices() {
+  Texts names = recordNames<AcDbBlockTable, AcDbBlockTableIterator>();
+  std::erase_if(names, [](const std::wstring& name) { return name.starts_with(L'*'); });
+  return names;
 }
 
 Texts textListChoices(const ChoiceContext& context) {

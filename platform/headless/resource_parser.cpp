@@ -141,6 +141,8 @@ void ResourceParser::resource() {
     accelerators(id);
   } else if (takeWord(L"ICON")) {
     script_.icons.push_back({id, text()});
+  } else if (takeWord(L"BITMAP")) {
+    text();  // the file
   } else {
     fail(L"unknown kind of resource " + token().text);
   }

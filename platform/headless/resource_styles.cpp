@@ -46,6 +46,7 @@ constexpr NamedStyle kStyles[] = {
     {L"SS_CENTER", 1},
     {L"SS_RIGHT", 2},
     {L"SS_ICON", 3},
+    {L"SS_BITMAP", 0x0E},
     {L"SS_NOPREFIX", style::kNoPrefix},
     {L"SS_CENTERIMAGE", 0x0200},
     {L"SS_SUNKEN", 0x1000},
@@ -78,6 +79,7 @@ constexpr NamedStyle kStyles[] = {
     {L"LVS_REPORT", 1},
     {L"LVS_SINGLESEL", 4},
     {L"LVS_SHOWSELALWAYS", 8},
+    {L"LVS_NOCOLUMNHEADER", 0x4000},
     {L"LVS_NOSORTHEADER", 0x8000},
 };
 

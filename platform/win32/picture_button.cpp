@@ -42,7 +42,9 @@ void PictureButton::draw(const DRAWITEMSTRUCT& item) const {
   RECT caption = item.rcItem;
   if (icon_) {
     const int size = scaled(kIconSize);
-    const int left = item.rcItem.left + scaled(kMargin) + shift;
+    const int room = (item.rcItem.right - item.rcItem.left - size) / 2;
+    const int before = GetWindowTextLengthW(handle()) == 0 ? room : scaled(kMargin);
+    const int left = item.rcItem.left + before + shift;
     const int top = (item.rcItem.top + item.rcItem.bottom - size) / 2 + shift;
     DrawStateW(item.hDC, nullptr, nullptr, reinterpret_cast<LPARAM>(icon_), 0, left, top, size, size,
                DST_ICON | (enabled ? DSS_NORMAL : DSS_DISABLED));

@@ -9,6 +9,7 @@
 #include "platform/win32/list_view.h"
 #include "platform/win32/messages.h"
 #include "platform/win32/picture_button.h"
+#include "platform/win32/picture_label.h"
 #include "platform/win32/tree_view.h"
 
 namespace kiv::win32 {
@@ -216,6 +217,12 @@ void Window::draw(const DRAWITEMSTRUCT& item) {
   adapter<PictureButton>(static_cast<int>(item.CtlID), WC_BUTTONW).draw(item);
 }
 
-void Window::setPicture(int id, int icon) { adapter<PictureButton>(id, WC_BUTTONW).setIcon(icon); }
+void Window::setPicture(int id, int resource) {
+  if (controlOfClass(id, WC_STATICW)) {
+    adapter<PictureLabel>(id, WC_STATICW).setBitmap(resource);
+  } else {
+    adapter<PictureButton>(id, WC_BUTTONW).setIcon(resource);
+  }
+}
 
 }  // namespace kiv::win32

@@ -51,7 +51,7 @@ class Window final : public DialogWindow {
   int focused() const override;
   bool isChecked(int id) const override;
   void check(int id, bool checked) override;
-  void setPicture(int id, int icon) override;
+  void setPicture(int id, int resource) override;
 
   ComboBox& combo(int id) override;
   TreeView& tree(int id) override;

@@ -186,27 +186,6 @@ TEST_F(MainDialog, EntriesAreAddedEditedAndSaved) {
   for (const ListEntry& entry : entries) EXPECT_EQ(rows({entry.section}), Texts{entry.reloaded});
 }
 
-TEST_F(MainDialog, AVariableIsPickedByItsName) {
-  const test::FieldsPickers standIns;
-  open();
-  chooseFromMenu({L"寸法"}, IDC_ADD_SETTING);
-  give({L"寸法", L"設定1"}, 40028, L"DIMASZ|2.5");
-  chooseFromMenu({L"寸法", L"設定1"}, 40038);
-  user_.type(*picker(), IDC_VALUE_COMBO, L"DIMTXT");
-  user_.click(*picker(), IDC_PICK);
-  EXPECT_EQ(pick_.request, 9);
-  EXPECT_EQ(pick_.variable, L"DIMTXT");
-  pick_.values = {L"3.5"};
-  dialog().pickCompleted();
-  EXPECT_EQ(pick_.variable, L"");
-  user_.click(*picker(), IDOK);
-  EXPECT_EQ(rows({L"寸法", L"設定1"}), (Texts{L"<DIMASZ> が <2.5> のとき", L"<DIMTXT> を <3.5> に変更する"}));
-  select({L"寸法", L"設定1", L"<DIMTXT> を <3.5> に変更する"});
-  click(IDC_MAIN_EDIT);
-  EXPECT_EQ(picker()->text(IDC_VALUE_COMBO), L"DIMTXT|3.5");
-  user_.click(*picker(), IDCANCEL);
-}
-
 TEST_F(MainDialog, ThePickerTakesTheDialogsInput) {
   open();
   chooseFromMenu({L"画層の設定"}, IDC_ADD_SETTING);

@@ -2,8 +2,8 @@
 //
 //   dialog_gallery PICTURES FOLDER
 //
-// PICTURES gets them; below FOLDER are CFG, with the specifications and lists of the examples, LOG, and
-// support, with linetype files. Its name is seen in the pictures.
+// PICTURES gets them; below FOLDER are CFG, with the specifications and lists of the examples, LOG, ARROWS,
+// with drawing files, and support, with linetype files. Its name is seen in the pictures.
 #include <windows.h>
 
 #include <cstdio>
@@ -41,20 +41,20 @@ std::function<bool()> isShown(int resource) {
 // Chooses where a picture of the menu or of the system's dialog is not what is wanted.
 class Chooser final : public kiv::DialogScript {
  public:
-  explicit Chooser(int menuItem, std::wstring file = {}) : item_(menuItem), file_(std::move(file)) {
+  explicit Chooser(int menuItem, std::wstring path = {}) : item_(menuItem), path_(std::move(path)) {
     kiv::setDialogScript(this);
   }
   ~Chooser() { kiv::setDialogScript(nullptr); }
 
   kiv::Answer answer(const kiv::MessageQuestion&) override { return kiv::Answer::kNo; }
-  std::optional<std::wstring> answer(const kiv::FileQuestion&) override { return file_; }
-  std::optional<std::wstring> answer(const kiv::FolderQuestion&) override { return std::nullopt; }
+  std::optional<std::wstring> answer(const kiv::FileQuestion&) override { return path_; }
+  std::optional<std::wstring> answer(const kiv::FolderQuestion&) override { return path_; }
   int answer(const kiv::Menu&) override { return item_; }
   void act(DialogWindow& modal) override { kiv::user::close(modal); }
 
  private:
   int item_;
-  std::wstring file_;
+  std::wstring path_;
 };
 
 class Gallery {
@@ -183,6 +183,20 @@ class Gallery {
     takePickerOf(section(7), IDC_ADD_ENTRY, "linetype", [](DialogWindow& picker) {
       kiv::user::chooseEntry(picker, IDC_LINETYPE_FILE, 0);
       kiv::user::clickRow(picker, IDC_LINETYPE_LIST, 3);
+    });
+    takePickerOf(section(4), IDC_ADD_ENTRY, "dimension", [](DialogWindow& picker) {
+      kiv::user::chooseEntry(picker, IDC_DIMENSION_VARIABLE, 11);
+      kiv::user::type(picker, IDC_DIMENSION_VALUE, L"2.5");
+    });
+    takePickerOf(section(4), IDC_ADD_ENTRY, "dimension-arrow", [](DialogWindow& picker) {
+      kiv::user::chooseEntry(picker, IDC_DIMENSION_VARIABLE, 15);
+      kiv::user::chooseEntry(picker, IDC_DIMENSION_ARROW, 20);
+      kiv::user::type(picker, IDC_DIMENSION_BLOCK, L"丸矢印");
+    });
+    takePickerOf(section(9), IDC_ADD_ENTRY, "arrow", [this](DialogWindow& picker) {
+      const Chooser folder(0, folder_ + L"\\ARROWS");
+      kiv::user::click(picker, IDC_ARROW_BROWSE);
+      kiv::user::clickRow(picker, IDC_ARROW_LIST, 0);
     });
   }
 
