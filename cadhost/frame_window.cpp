@@ -6,6 +6,7 @@
 
 #include "base/files.h"
 #include "base/fold.h"
+#include "cadhost/color_dialog.h"
 #include "cadhost/copied_data.h"
 #include "cadhost/resource.h"
 #include "cadhost/window_support.h"
@@ -14,8 +15,17 @@ namespace cadhost {
 namespace {
 
 constexpr wchar_t kClass[] = L"CadhostFrame", kProgram[] = L"CADHOST";
+constexpr wchar_t kColorFunction[] = L"acad_colordlg";
 constexpr UINT kRunLines = WM_APP + 1;
 constexpr int kLeastWidth = 480, kLeastHeight = 360;
+
+// Of a command that a person answers in a dialog; 0: of none.
+int commandWithDialog(std::wstring_view name) {
+  if (name == L"OPEN") return IDM_OPEN;
+  if (name == L"SAVE") return IDM_SAVE;
+  if (name == L"SAVEAS") return IDM_SAVE_AS;
+  return name == L"COLOR" ? IDM_COLOR : 0;
+}
 
 }  // namespace
 
@@ -33,6 +43,7 @@ FrameWindow::~FrameWindow() {
   host_.setBreakQuery({});
   host_.setMeterObserver({});
   host_.setHighlightObserver({});
+  host_.setFunction(kColorFunction, {});
   host_.setMainWindow(nullptr);
 }
 
@@ -71,6 +82,7 @@ void FrameWindow::connectHost() {
   host_.setBreakQuery([this] { return pump_.isBreakWanted(); });
   host_.setMeterObserver([this](const cad::Meter& meter) { status_.showMeter(meter); });
   host_.setHighlightObserver([this](cad::RecordId entity) { view_.setHighlight(entity); });
+  host_.setFunction(kColorFunction, [this] { answerColorCall(window_); });
   pump_.setBeforeWait([this] { showState(); });
   runner_.setHands({[this](std::wstring_view text) { commands_.print(text); },
                     [this] { SetCursor(LoadCursorW(nullptr, IDC_WAIT)); }, [this] { commandEnded(); },
@@ -203,7 +215,7 @@ void FrameWindow::showState() {
 
 void FrameWindow::prepareMenu(HMENU menu) {
   const UINT idle = input_.isRunning() ? MF_GRAYED : MF_ENABLED;
-  for (const int id : {IDM_OPEN, IDM_SAVE, IDM_SAVE_AS, IDM_CLOSE, IDM_EXIT, IDM_UNDO})
+  for (const int id : {IDM_OPEN, IDM_SAVE, IDM_SAVE_AS, IDM_CLOSE, IDM_EXIT, IDM_UNDO, IDM_COLOR})
     EnableMenuItem(menu, static_cast<UINT>(id), MF_BYCOMMAND | idle);
   if (menu == GetSubMenu(GetMenu(window_), GetMenuItemCount(GetMenu(window_)) - 1)) fillWindowMenu(menu);
 }
@@ -229,7 +241,7 @@ LRESULT FrameWindow::command(int id) {
     return 0;
   }
   if (input_.isRunning()) {
-    if ((id >= IDM_OPEN && id <= IDM_UNDO)) MessageBeep(MB_OK);
+    if ((id >= IDM_OPEN && id <= IDM_UNDO) || id == IDM_COLOR) MessageBeep(MB_OK);
     return 0;
   }
   runner_.cancelPrompt();
@@ -244,6 +256,7 @@ void FrameWindow::fileCommand(int id) {
   if (id == IDM_SAVE_AS) files_.saveAs();
   if (id == IDM_CLOSE) files_.closeCurrent();
   if (id == IDM_UNDO) type(L"_.U\n");
+  if (id == IDM_COLOR) askDrawingColor(window_);
   if (id == IDM_EXIT) PostMessageW(window_, WM_CLOSE, 0, 0);
   const std::vector<cad::DocumentInfo> documents = host_.documents();
   const auto index = static_cast<std::size_t>(id - IDM_FIRST_DRAWING);
@@ -254,12 +267,12 @@ void FrameWindow::fileCommand(int id) {
 
 void FrameWindow::entered(std::wstring line) {
   const bool idle = !input_.isRunning() && !input_.hasLine() && !host_.hasOpenPrompt();
-  // A person chooses a file from a list rather than types its path.
+  // A person chooses a file or a colour from a list rather than types it.
   if (idle && base::trim(line).find(L' ') == std::wstring_view::npos) {
     const std::wstring name = cad::commandName(line);
-    if (name == L"OPEN" || name == L"SAVEAS" || name == L"SAVE") {
+    if (const int id = commandWithDialog(name); id != 0) {
       commands_.print(L"\nコマンド: " + line);
-      command(name == L"OPEN" ? IDM_OPEN : name == L"SAVE" ? IDM_SAVE : IDM_SAVE_AS);
+      command(id);
       return;
     }
   }

@@ -6,6 +6,7 @@
 #include "spec/item_kinds.h"
 #include "ui/arrow_loader.h"
 #include "ui/dimension_editor.h"
+#include "ui/layer_picker.h"
 #include "ui/linetype_loader.h"
 #include "ui/value_picker.h"
 
@@ -31,6 +32,7 @@ std::map<int, MakePicker>& overrides() {
 std::span<const PickerOfKind> ownPickers() {
   static const PickerOfKind pickers[] = {
       {section(kDimensionSettingSection).entryKind, &make<CSelDim>},
+      {section(kLayerCreationSection).entryKind, &make<CSelLay>},
       {section(kLinetypeSection).entryKind, &make<CSelLine>},
       {section(kArrowSection).entryKind, &make<CSelArw>},
       {kVariableKind, &make<CSelDim>},

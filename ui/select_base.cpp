@@ -22,6 +22,12 @@ void chooseOrType(DialogWindow& window, int combo, const std::wstring& text) {
   }
 }
 
+void showCompleted(DialogWindow& window, int combo, const std::wstring& completed) {
+  if (completed == window.text(combo)) return;
+  window.setText(combo, completed);
+  window.combo(combo).putCaretAtEnd();
+}
+
 CSelBase::CSelBase(int resource, PickerSlot slot, PickerOwner& owner, PickHandOver& pick)
     : Dialog(resource), slot_(slot), owner_(owner), pick_(pick) {}
 

@@ -61,6 +61,10 @@ Rect& lastPickerPlace(PickerSlot slot);
 // Selects the entry of a combo box that equals the text exactly, else puts the text into its field.
 void chooseOrType(DialogWindow& window, int combo, const std::wstring& text);
 
+// Puts what the typed text has become into the field, the caret behind it; nothing when it is as it was
+// typed.
+void showCompleted(DialogWindow& window, int combo, const std::wstring& completed);
+
 class CSelBase : public Dialog {
  public:
   // Owner and hand-over must outlive the picker.

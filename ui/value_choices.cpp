@@ -92,6 +92,12 @@ Texts transparencyChoices(const ChoiceContext& context) {
   return texts;
 }
 
+Texts percentChoices() {
+  Texts texts(std::begin(kTransparencies), std::end(kTransparencies));
+  std::erase_if(texts, isByOther);
+  return texts;
+}
+
 Texts switchChoices(const ChoiceContext&) { return {L"ON", L"OFF"}; }
 
 Texts layerChoices(const ChoiceContext&) { return recordNames<AcDbLayerTable, AcDbLayerTableIterator>(); }

@@ -20,6 +20,7 @@ std::vector<std::wstring> colorChoices(const ChoiceContext& context);
 std::vector<std::wstring> textHeightChoices(const ChoiceContext& context);
 std::vector<std::wstring> lineweightChoices(const ChoiceContext& context);
 std::vector<std::wstring> transparencyChoices(const ChoiceContext& context);
+std::vector<std::wstring> percentChoices();  // the transparencies without the words
 std::vector<std::wstring> switchChoices(const ChoiceContext& context);
 
 // Names of the current drawing, in the order of its table; empty without a drawing.

@@ -48,11 +48,7 @@ void CSelDlg::fillChoices() {
 
 void CSelDlg::onEdited(int id) {
   if (id != IDC_VALUE_COMBO || initialising()) return;
-  const std::wstring typed = window().text(IDC_VALUE_COMBO);
-  const std::wstring completed = completedValue(request_.present.kind, typed);
-  if (completed == typed) return;
-  window().setText(IDC_VALUE_COMBO, completed);
-  window().combo(IDC_VALUE_COMBO).putCaretAtEnd();
+  showCompleted(window(), id, completedValue(request_.present.kind, window().text(id)));
 }
 
 void CSelDlg::onDoubleClicked(int id) {

@@ -66,9 +66,13 @@ std::wstring transparencyBeginning(std::wstring_view typed) {
   if (base::startsWithFolded(typed, L"B")) {
     return shortened(typed, std::array<std::wstring_view, 2>{L"BYLAYER", L"BYBLOCK"});
   }
+  return percentBeginning(typed);
+}
+
+std::wstring percentBeginning(std::wstring_view typed) {
   std::wstring text(typed);
   if (text.size() >= 3) text = text[0] == L'0' ? text.substr(1) : text.substr(0, 2);
-  std::erase_if(text, [](wchar_t c) { return c < L'0' || c > L'9'; });
+  std::erase_if(text, [](wchar_t c) { return !isDigit(c); });
   if (!text.empty() && base::leadingInteger(text) > kGreatestTransparency) {
     return std::to_wstring(kGreatestTransparency);
   }

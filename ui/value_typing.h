@@ -11,6 +11,7 @@ namespace kiv {
 // can begin with it.
 std::wstring lineweightBeginning(std::wstring_view typed);
 std::wstring transparencyBeginning(std::wstring_view typed);
+std::wstring percentBeginning(std::wstring_view typed);  // of a transparency without the words
 std::wstring switchBeginning(std::wstring_view typed);
 
 // The value as it will stand in the specification; nothing when the text is refused. An empty value is

@@ -94,6 +94,9 @@ void Host::setBreakQuery(std::function<bool()> query) { state_->breakQuery = std
 void Host::setInputSource(std::function<std::optional<InputEvent>()> source) {
   state_->inputSource = std::move(source);
 }
+void Host::setFunction(const std::wstring& name, std::function<void()> function) {
+  state_->functions.define(name, std::move(function));
+}
 void Host::setMainWindow(void* windowHandle) { state_->mainWindow = windowHandle; }
 
 const Scene& Host::scene() { return state_->picking.scene(currentDrawing()); }

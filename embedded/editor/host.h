@@ -86,6 +86,10 @@ class Host {
   void setBreakQuery(std::function<bool()> query);
   // Waits for the next input event; without one, or when it has none, acedGrRead returns RTERROR.
   void setInputSource(std::function<std::optional<InputEvent>()> source);
+  // A function that the program defines for modules that call it by its name (acedInvoke), the name written
+  // as they write it or with other capitals. It gets at its values by acedGetArgs and returns one by
+  // acedRetInt or acedRetNil. An empty one takes it away.
+  void setFunction(const std::wstring& name, std::function<void()> function);
   // The main frame's window handle, for modules that show dialogs over it.
   void setMainWindow(void* windowHandle);
 

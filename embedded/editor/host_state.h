@@ -13,6 +13,7 @@
 #include "embedded/editor/command_line.h"
 #include "embedded/editor/command_stack.h"
 #include "embedded/editor/documents.h"
+#include "embedded/editor/external_functions.h"
 #include "embedded/editor/host.h"
 #include "embedded/editor/modules.h"
 #include "embedded/editor/picking.h"
@@ -47,6 +48,7 @@ struct HostState {
   Documents documents;
   CommandStack commands;
   CommandLine commandLine;
+  ExternalFunctions functions;
   Modules modules;
   SelectionSets selectionSets;
 };

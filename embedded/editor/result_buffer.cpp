@@ -7,6 +7,7 @@
 
 #include "acutads.h"
 #include "adsdef.h"
+#include "embedded/editor/host_state.h"
 
 namespace cad {
 namespace {
@@ -103,12 +104,6 @@ void ResultChain::integer(int code, int value) {
     made->resval.rint = static_cast<short>(value);
 }
 
-resbuf* ResultChain::release() {
-  resbuf* taken = head_;
-  head_ = tail_ = nullptr;
-  return taken;
-}
-
 namespace {
 
 void readBinary(resbuf* made, const ads_binary& from) {
@@ -118,6 +113,24 @@ void readBinary(resbuf* made, const ads_binary& from) {
 }
 
 }  // namespace
+
+void ResultChain::copy(const resbuf& value) {
+  resbuf* made = append(value.restype);
+  const ValueKind kind = valueKindOf(value.restype);
+  if (kind == ValueKind::kBinary) {
+    readBinary(made, value.resval.rbinary);
+  } else if (kind != ValueKind::kText) {
+    made->resval = value.resval;
+  } else if (value.resval.rstring != nullptr) {
+    made->resval.rstring = newText(value.resval.rstring);
+  }
+}
+
+resbuf* ResultChain::release() {
+  resbuf* taken = head_;
+  head_ = tail_ = nullptr;
+  return taken;
+}
 
 bool readPairs(int firstType, va_list arguments, ResultChain& chain) {
   for (int type = firstType; type != RTNONE && type != 0; type = va_arg(arguments, int)) {
@@ -184,6 +197,7 @@ resbuf* acutBuildList(int restype, ...) {
 }
 
 int acutRelRb(resbuf* list) {
+  if (cad::hostState().functions.isArguments(list)) return RTNORM;  // the host's, which acedGetArgs gave
   while (list != nullptr) {
     resbuf* next = list->rbnext;
     const cad::ValueKind kind = cad::valueKindOf(list->restype);

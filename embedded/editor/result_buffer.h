@@ -31,6 +31,7 @@ class ResultChain {
   void real(int code, double value);
   void integer(int code, int value);
   resbuf* append(int code);
+  void copy(const resbuf& value);  // of that one, not of those behind it
   const resbuf* head() const { return head_; }
   resbuf* release();  // the caller owns the chain
 

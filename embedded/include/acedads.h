@@ -43,6 +43,18 @@ int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point);
 // RTERROR for what is no entity of the current drawing and for other modes.
 int acedRedraw(const ads_name entity, int mode);
 
+// --- Functions by name -----------------------------------------------------------------------------
+// Calls a function that another application has defined. The chain has the name, a text, and then what the
+// function is called with. RTNORM: it was called. `result` gets what it returned, to be released by the
+// caller, or NULL when it returned nothing. RTERROR: there is no such function.
+int acedInvoke(const resbuf* args, resbuf** result);
+// For such a function: what it was called with; NULL: nothing. The host's to release, after the call.
+resbuf* acedGetArgs();
+// What such a function returns; the last one counts. RTERROR when none runs, and for an integer that does not
+// fit into a result buffer.
+int acedRetInt(int value);
+int acedRetNil();
+
 // --- Files -----------------------------------------------------------------------------------------
 // Searches the current folder, the drawing's folder, the support path, and the folders of the program and
 // of the loaded modules. A name with a folder is looked for only there. Case is ignored.

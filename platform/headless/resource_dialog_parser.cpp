@@ -17,11 +17,19 @@ struct ClassKind {
 };
 
 constexpr ClassKind kClasses[] = {
+    {L"BUTTON", ControlKind::kPushButton},  // or what its style says
     {L"STATIC", ControlKind::kLabel},       {L"EDIT", ControlKind::kEdit},
     {L"COMBOBOX", ControlKind::kComboBox},  {L"LISTBOX", ControlKind::kListBox},
     {L"SYSTREEVIEW32", ControlKind::kTree}, {L"SYSLISTVIEW32", ControlKind::kList},
     {L"KIVGRID", ControlKind::kGrid},
 };
+
+const ClassKind* findClass(const std::wstring& windowClass) {
+  for (const ClassKind& each : kClasses) {
+    if (windowClass == each.windowClass) return &each;
+  }
+  return nullptr;
+}
 
 ControlKind buttonKind(std::uint32_t styles) {
   switch (styles & style::kButtonType) {
@@ -127,20 +135,16 @@ void ResourceParser::generalControl(ResourceControl& control) {
   expectComma();
   control.id = number();
   expectComma();
-  const std::wstring windowClass = base::upper(text());
+  const std::wstring windowClass = text();
+  const ClassKind* known = findClass(base::upper(windowClass));
+  if (!known) fail(L"unknown control class " + windowClass);
   expectComma();
   if (failed()) return;
   control.style = styles(kAlways);
   expectComma();
   place(control);
   if (takeMark(L',')) styles(0);
-  if (windowClass == L"BUTTON") {
-    control.kind = buttonKind(control.style);
-    return;
-  }
-  for (const ClassKind& each : kClasses) {
-    if (windowClass == each.windowClass) control.kind = each.kind;
-  }
+  control.kind = known->kind == ControlKind::kPushButton ? buttonKind(control.style) : known->kind;
 }
 
 // WORD [caption,] id, x, y, width, height [, style [, extended style]]

@@ -24,13 +24,12 @@ enum class ControlKind {
   kTree,
   kList,
   kGrid,
-  kIcon,
-  kOther
+  kIcon
 };
 
 // Places and sizes are dialog units, from the top left of the dialog's content.
 struct ResourceControl {
-  ControlKind kind = ControlKind::kOther;
+  ControlKind kind = ControlKind::kLabel;
   int id = -1;  // -1: nobody asks for this control
   std::wstring caption;
   std::uint32_t style = 0;
@@ -81,7 +80,7 @@ struct ResourceScript {
 
 // `header` holds the #define's of the ids; the script may have more of its own. A later one of the same
 // name counts. Failures name the line ("line 12", of the header "header, line 3") and the reason: a word,
-// style or id that is not known, a statement that does not end as it should.
+// class, style or id that is not known, a statement that does not end as it should.
 base::Result<ResourceScript> parseResourceScript(std::wstring_view script, std::wstring_view header);
 
 // That of this program, read when first asked for. Empty when its text cannot be read, which is then said on

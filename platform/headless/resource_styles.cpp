@@ -38,8 +38,10 @@ constexpr NamedStyle kStyles[] = {
     {L"BS_GROUPBOX", 7},
     {L"BS_AUTORADIOBUTTON", 9},
     {L"BS_OWNERDRAW", 0x0B},
+    {L"BS_ICON", style::kPicture},
     {L"BS_LEFT", 0x0100},
     {L"BS_CENTER", 0x0300},
+    {L"BS_PUSHLIKE", 0x1000},
     {L"BS_MULTILINE", 0x2000},
     // Labels
     {L"SS_LEFT", 0},
@@ -64,6 +66,7 @@ constexpr NamedStyle kStyles[] = {
     {L"CBS_SIMPLE", 1},
     {L"CBS_DROPDOWN", 2},
     {L"CBS_DROPDOWNLIST", style::kDropDownList},
+    {L"CBS_OWNERDRAWFIXED", 0x10},
     {L"CBS_AUTOHSCROLL", 0x40},
     {L"CBS_SORT", 0x0100},
     {L"CBS_HASSTRINGS", 0x0200},

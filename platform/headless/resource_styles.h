@@ -14,6 +14,7 @@ inline constexpr std::uint32_t kGroup = 0x00020000;
 inline constexpr std::uint32_t kTabStop = 0x00010000;
 inline constexpr std::uint32_t kReadOnly = 0x0800;  // of an edit
 inline constexpr std::uint32_t kNoPrefix = 0x0080;  // of a label: & is a character like any other
+inline constexpr std::uint32_t kPicture = 0x0040;   // of a button: in place of its caption
 inline constexpr std::uint32_t kButtonType = 0x000F;
 inline constexpr std::uint32_t kDefaultButton = 0x0001;  // a button's type; 0 of any other push button
 inline constexpr std::uint32_t kDropDownList = 0x0003;   // of a combo box: no text can be typed

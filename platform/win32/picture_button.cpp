@@ -5,7 +5,8 @@
 namespace kiv::win32 {
 namespace {
 
-constexpr int kIconSize = 32;
+constexpr int kIconSize = 32;   // beside a caption
+constexpr int kStateSize = 24;  // instead of a caption
 constexpr int kMargin = 4;      // around the icon
 constexpr int kFocusInset = 3;  // pixels of the monitor: the frame has the same width everywhere
 
@@ -24,12 +25,16 @@ PictureButton::~PictureButton() {
   if (icon_) DestroyIcon(icon_);
 }
 
+// A button that the system draws has the icon from now on, and may draw it before this returns.
 void PictureButton::setIcon(int resource) {
-  if (icon_) DestroyIcon(icon_);
-  const int size = scaled(kIconSize);
+  const HICON former = icon_;
+  const bool isDrawnHere = (GetWindowLongPtrW(handle(), GWL_STYLE) & BS_TYPEMASK) == BS_OWNERDRAW;
+  const int size = scaled(isDrawnHere ? kIconSize : kStateSize);
   icon_ = static_cast<HICON>(
       LoadImageW(moduleInstance(), MAKEINTRESOURCEW(resource), IMAGE_ICON, size, size, LR_DEFAULTCOLOR));
+  if (!isDrawnHere) send(BM_SETIMAGE, IMAGE_ICON, icon_);
   if (handle()) InvalidateRect(handle(), nullptr, TRUE);
+  if (former) DestroyIcon(former);
 }
 
 void PictureButton::draw(const DRAWITEMSTRUCT& item) const {

@@ -1,5 +1,6 @@
 #pragma once
-// A button with a picture before its caption.
+// A button with a picture: an owner-drawn one has it before its caption, one of the style BS_ICON instead of
+// it.
 
 #include "platform/win32/control.h"
 

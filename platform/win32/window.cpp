@@ -6,6 +6,7 @@
 #include "platform/win32/combo_box.h"
 #include "platform/win32/control_keys.h"
 #include "platform/win32/grid.h"
+#include "platform/win32/lineweight_list.h"
 #include "platform/win32/list_view.h"
 #include "platform/win32/messages.h"
 #include "platform/win32/picture_button.h"
@@ -214,6 +215,7 @@ ListView& Window::list(int id) { return adapter<SystemListView>(id, WC_LISTVIEWW
 TextGrid& Window::grid(int id) { return adapter<Grid>(id, kGridClass); }
 
 void Window::draw(const DRAWITEMSTRUCT& item) {
+  if (item.CtlType == ODT_COMBOBOX) return drawLineweightEntry(item);
   adapter<PictureButton>(static_cast<int>(item.CtlID), WC_BUTTONW).draw(item);
 }
 

@@ -80,7 +80,7 @@ class Window final : public DialogWindow {
 
   void rememberFocus();
   void giveKeyboard();
-  void draw(const DRAWITEMSTRUCT& item);  // an owner-drawn button
+  void draw(const DRAWITEMSTRUCT& item);  // an owner-drawn button, an entry of a list of lineweights
 
   // The system destroys the window without having been asked by goAway().
   void windowVanishes();

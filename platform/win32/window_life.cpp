@@ -11,6 +11,7 @@
 #include "platform/win32/dialog_keys.h"
 #include "platform/win32/dialog_template.h"
 #include "platform/win32/grid.h"
+#include "platform/win32/lineweight_list.h"
 #include "platform/win32/messages.h"
 
 namespace kiv::win32 {
@@ -29,9 +30,10 @@ void prepareControlClasses() {
   registerGridClass();
 }
 
-BOOL CALLBACK watchChild(HWND child, LPARAM) {
+BOOL CALLBACK prepareChild(HWND child, LPARAM) {
   for (const wchar_t* windowClass : {WC_TREEVIEWW, WC_LISTVIEWW, kGridClass})
     if (isOfClass(child, windowClass)) watchControl(child);
+  if (isLineweightList(child)) prepareLineweightList(child);
   return TRUE;
 }
 
@@ -70,7 +72,7 @@ std::unique_ptr<Window> Window::make(Dialog& dialog, HWND owner) {
   window->window_ = handle;
   if (windows().empty()) listenToHostMessages(true);
   windows().insert(windows().begin(), window.get());
-  EnumChildWindows(handle, watchChild, 0);
+  EnumChildWindows(handle, prepareChild, 0);
   putInMiddle(handle, top);
   return window;
 }

@@ -180,6 +180,17 @@ class Gallery {
     takePicker(5, 40053, "value-visibility", [](DialogWindow& picker) {
       SendDlgItemMessageW(handleOf(picker), IDC_VALUE_COMBO, CB_SHOWDROPDOWN, TRUE, 0);
     });
+    takePickerOf(section(6), IDC_ADD_ENTRY, "layer", [](DialogWindow& picker) {
+      kiv::user::type(picker, IDC_LAYER_NAME, L"A-WALL");
+      kiv::user::chooseEntry(picker, IDC_LAYER_COLOR, 2);
+      for (const int state : {IDC_LAYER_LOCK, IDC_LAYER_PLOT}) kiv::user::click(picker, state);
+      kiv::user::chooseEntry(picker, IDC_LAYER_LINEWEIGHT, 13);
+    });
+    takePickerOf(section(6), IDC_ADD_ENTRY, "layer-lineweight", [](DialogWindow& picker) {
+      for (const int state : {IDC_LAYER_DISPLAY, IDC_LAYER_FREEZE}) kiv::user::click(picker, state);
+      SendDlgItemMessageW(handleOf(picker), IDC_LAYER_LINEWEIGHT, CB_SETTOPINDEX, 12, 0);
+      SendDlgItemMessageW(handleOf(picker), IDC_LAYER_LINEWEIGHT, CB_SHOWDROPDOWN, TRUE, 0);
+    });
     takePickerOf(section(7), IDC_ADD_ENTRY, "linetype", [](DialogWindow& picker) {
       kiv::user::chooseEntry(picker, IDC_LINETYPE_FILE, 0);
       kiv::user::clickRow(picker, IDC_LINETYPE_LIST, 3);

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "acedads.h"
 #include "acutads.h"
 #include "embedded/editor/host.h"
 
@@ -26,6 +27,42 @@ TEST(ResultBuffer, CodesThatNoFilterHoldsDecideTheTypesOfTheirValues) {
 }
 
 TEST(ResultBuffer, AnUnknownCodeGivesNoList) { EXPECT_EQ(acutBuildList(8, L"A", 4711, 1, RTNONE), nullptr); }
+
+// A function's own list is the host's; an inner call does not touch that of the outer one.
+TEST(ResultBuffer, FunctionsAreCalledByTheirNames) {
+  cad::Host& host = cad::Host::instance();
+  const auto call = [](const wchar_t* name, int value) {
+    resbuf* const list = acutBuildList(RTSTR, name, RTSHORT, value, RTSTR, L"text", RTNONE);
+    resbuf* result = list;
+    const int outcome = acedInvoke(list, &result);
+    acutRelRb(list);
+    if (outcome != RTNORM) return result == nullptr ? outcome : 0;
+    const int answer = result == nullptr ? -1 : result->restype == RTSHORT ? result->resval.rint : -2;
+    acutRelRb(result);
+    return answer;
+  };
+  host.setFunction(L"Twice", [&call] {
+    resbuf* const arguments = acedGetArgs();
+    EXPECT_EQ(acutRelRb(arguments), RTNORM);
+    const int value = arguments->resval.rint;
+    EXPECT_EQ(value > 1 ? call(L"TWICE", 1) : 2, 2);
+    EXPECT_EQ(acedGetArgs(), arguments);
+    EXPECT_STREQ(arguments->rbnext->resval.rstring, L"text");
+    EXPECT_EQ(acedRetNil(), RTNORM);
+    EXPECT_EQ(acedRetInt(40000), RTERROR);
+    if (value > 0) acedRetInt(2 * value);
+  });
+  EXPECT_EQ(call(L"twice", 21), 42);
+  EXPECT_EQ(call(L"twice", 0), -2);
+  host.setFunction(L"TWICE", [] {});
+  EXPECT_EQ(call(L"twice", 1), -1);
+  host.setFunction(L"TWICE", {});
+  EXPECT_EQ(call(L"twice", 1), RTERROR);
+  resbuf* result = nullptr;
+  EXPECT_EQ(acedInvoke(nullptr, &result), RTERROR);
+  EXPECT_EQ(acedGetArgs(), nullptr);
+  EXPECT_EQ(acedRetInt(1), RTERROR);
+}
 
 TEST(ResultBuffer, PrintsWideTextsByThePlainConversion) {
   std::wstring printed;

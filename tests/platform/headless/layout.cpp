@@ -68,7 +68,8 @@ int captionMargin(ControlKind kind) {
 
 bool captionFits(const ResourceControl& control) {
   const int margin = captionMargin(control.kind);
-  if (margin < 0 || control.caption.empty()) return true;
+  const bool hasPicture = control.kind == ControlKind::kCheckBox && control.has(style::kPicture);
+  if (margin < 0 || hasPicture || control.caption.empty()) return true;
   const std::wstring caption = heedsPrefix(control) ? withoutPrefixes(control.caption) : control.caption;
   const auto lines = static_cast<int>(std::count(caption.begin(), caption.end(), L'\n')) + 1;
   return captionWidth(caption) + margin <= control.width && lines * kLineHeight <= control.height;

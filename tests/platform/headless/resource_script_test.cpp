@@ -70,6 +70,8 @@ TEST(ResourceScript, RefusalsNameLineAndReason) {
   EXPECT_EQ(refusal(L"102 DIALOGEX 0, 0, 1\nBEGIN END"), L"line 2: a comma is missing");
   EXPECT_EQ(refusal(L"102 DIALOGEX 0, 0, 1, 1\nCLASS \"x\""), L"line 2: unknown dialog statement CLASS");
   EXPECT_EQ(refusal(dialogWith(L"SCROLLBAR 1, 0, 0, 1, 1")), L"line 3: unknown control SCROLLBAR");
+  EXPECT_EQ(refusal(dialogWith(L"CONTROL \"\", 1, \"Other32\", 0, 0, 0, 1, 1")),
+            L"line 3: unknown control class Other32");
   EXPECT_EQ(refusal(dialogWith(L"LTEXT 5, 0, 0, 1, 1")), L"line 3: a text is missing");
   EXPECT_EQ(refusal(dialogWith(L"EDITTEXT 5, 0, 0, 1, 1, WS_TABSTOPP")),
             L"line 3: unknown style WS_TABSTOPP");
