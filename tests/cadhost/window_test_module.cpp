@@ -1,5 +1,6 @@
 // Commands that wait for the user, for the test of the window: PICKERASE erases the entity that is picked,
-// WAITCANCEL reads events until it is cancelled and says how.
+// WAITCANCEL reads events until it is cancelled and says how, ASKCOLOR asks for a colour but by layer and by
+// block and says the answer.
 
 #include "accmd.h"
 #include "acdb.h"
@@ -35,6 +36,15 @@ void waitCancel() {
   acutPrintf(L"\ncancelled");
 }
 
+void askColor() {
+  resbuf* const call = acutBuildList(RTSTR, L"acad_colordlg", RTSHORT, 3, RTNIL, RTNONE);
+  resbuf* answer = nullptr;
+  if (acedInvoke(call, &answer) != RTNORM || answer == nullptr) return;
+  acutPrintf(answer->restype == RTSHORT ? L"\ncolour %d" : L"\nno colour", answer->resval.rint);
+  acutRelRb(answer);
+  acutRelRb(call);
+}
+
 }  // namespace
 
 EXPORTED AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet) {
@@ -43,6 +53,7 @@ EXPORTED AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* packet)
     acrxRegisterAppMDIAware(packet);
     acedRegCmds->addCommand(L"WINDOW_TEST", L"PICKERASE", L"PE", ACRX_CMD_MODAL, pickErase);
     acedRegCmds->addCommand(L"WINDOW_TEST", L"WAITCANCEL", L"WC", ACRX_CMD_MODAL, waitCancel);
+    acedRegCmds->addCommand(L"WINDOW_TEST", L"ASKCOLOR", L"AC", ACRX_CMD_MODAL, askColor);
   }
   if (message == AcRx::kQuitMsg || message == AcRx::kUnloadAppMsg) acedRegCmds->removeGroup(L"WINDOW_TEST");
   return AcRx::kRetOK;
