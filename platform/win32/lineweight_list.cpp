@@ -57,7 +57,7 @@ std::wstring entryText(const DRAWITEMSTRUCT& item) {
 std::optional<int> lineWidth(const std::wstring& text) {
   for (const base::Lineweight& weight : base::lineweights()) {
     if (text != weight.text) continue;
-    const bool isDefault = weight.text == base::lineweights().front().text;
+    const bool isDefault = weight.hundredths == base::lineweights().front().hundredths;
     if (weight.hundredths < 0 && !isDefault) return std::nullopt;
     const int hundredths = isDefault ? kDefaultWeight : weight.hundredths;
     return std::max(1, MulDiv(hundredths, screenDpi(), kHundredthsPerInch));

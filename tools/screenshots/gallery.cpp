@@ -188,7 +188,7 @@ class Gallery {
     });
     takePickerOf(section(6), IDC_ADD_ENTRY, "layer-lineweight", [](DialogWindow& picker) {
       for (const int state : {IDC_LAYER_DISPLAY, IDC_LAYER_FREEZE}) kiv::user::click(picker, state);
-      SendDlgItemMessageW(handleOf(picker), IDC_LAYER_LINEWEIGHT, CB_SETTOPINDEX, 12, 0);
+      kiv::user::chooseEntry(picker, IDC_LAYER_LINEWEIGHT, 20);
       SendDlgItemMessageW(handleOf(picker), IDC_LAYER_LINEWEIGHT, CB_SHOWDROPDOWN, TRUE, 0);
     });
     takePickerOf(section(7), IDC_ADD_ENTRY, "linetype", [](DialogWindow& picker) {
