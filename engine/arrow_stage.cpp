@@ -102,7 +102,7 @@ void loadFile(const std::wstring& entry, RunState& run) {
 }  // namespace
 
 void loadArrows(RunState& run) {
-  for (const std::wstring& entry : run.list(kArrowList)) {
+  for (const std::wstring& entry : run.list(kArrowSection)) {
     if (entry.empty()) continue;
     if (isBuiltInArrow(entry)) {
       makeBuiltIn(entry, run.problems);

@@ -3,8 +3,6 @@
 #include "base/fold.h"
 #include "base/numbers.h"
 #include "spec/dimension_catalogue.h"
-#include "spec/item_kinds.h"
-#include "spec/value_forms.h"
 
 namespace kiv {
 namespace {
@@ -123,8 +121,6 @@ class Compiler {
   Pass pass_;
   const TextListLoader& loadTextList_;
 };
-
-int sectionOf(Pass pass) { return kTextSection + static_cast<int>(pass); }
 
 }  // namespace
 

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "engine/dimension_variables.h"
+#include "spec/item_kinds.h"
 #include "spec/value_forms.h"
 
 namespace kiv {
@@ -29,7 +30,10 @@ struct FlatSetting {
 
 FlatSetting parseFlatSetting(std::wstring_view line);
 
-enum class Pass { kText = 0, kDimension = 1, kHatch = 2, kOther = 3 };
+enum class Pass { kText = kTextSection, kDimension, kHatch, kOther };
+static_assert(static_cast<int>(Pass::kOther) == kOtherSection);
+
+inline constexpr int sectionOf(Pass pass) { return static_cast<int>(pass); }
 
 template <class T>
 struct ConditionValue {

@@ -101,7 +101,7 @@ class BlockWalk {
   std::vector<AcDbObjectId> pending_;
 };
 
-const wchar_t* labelOf(Pass pass) { return section(kTextSection + static_cast<int>(pass)).name; }
+const wchar_t* labelOf(Pass pass) { return section(sectionOf(pass)).name; }
 
 constexpr std::size_t kFromSelection = static_cast<std::size_t>(-1);
 
@@ -110,8 +110,7 @@ class EntityPasses {
   EntityPasses(RunState& run, BlockScope scope) : run_(run), scope_(scope) {}
 
   void runPass(Pass pass) {
-    const auto index = static_cast<std::size_t>(pass);
-    const std::vector<std::wstring>& settings = run_.list(index);
+    const std::vector<std::wstring>& settings = run_.list(sectionOf(pass));
     if (settings.empty()) return;
     locked_ = failed_ = 0;
     const std::wstring label = labelOf(pass);

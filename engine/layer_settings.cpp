@@ -138,9 +138,9 @@ void writeResults(RunState& run, const LayerFacts& layer, const LayerSetting& se
 }  // namespace
 
 void applyLayerSettings(RunState& run) {
-  if (run.list(kLayerSettingList).empty()) return;
+  if (run.list(kLayerSettingSection).empty()) return;
   const std::vector<LayerFacts> layers = readLayers(run);
-  for (const std::wstring& line : run.list(kLayerSettingList)) {
+  for (const std::wstring& line : run.list(kLayerSettingSection)) {
     const LayerSetting setting = compile(line);
     if (setting.results.empty()) continue;
     for (const LayerFacts& layer : layers) {

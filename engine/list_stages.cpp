@@ -110,7 +110,7 @@ void createLayer(RunState& run, const std::vector<std::wstring>& fields) {
 }  // namespace
 
 void setDimensionVariables(RunState& run) {
-  for (const std::wstring& entry : run.list(kDimensionVariableList)) {
+  for (const std::wstring& entry : run.list(kDimensionSettingSection)) {
     const auto assignment = splitAssignment(entry);
     const int row = assignment ? findDimensionVariable(assignment->key) : -1;
     if (row < 0 || setVariable(row, assignment->value)) continue;
@@ -120,7 +120,7 @@ void setDimensionVariables(RunState& run) {
 }
 
 void loadLinetypes(RunState& run) {
-  for (const std::wstring& entry : run.list(kLinetypeList)) {
+  for (const std::wstring& entry : run.list(kLinetypeSection)) {
     const std::size_t comma = entry.find(L',');
     if (comma == std::wstring::npos) continue;
     const std::wstring file(base::trim(std::wstring_view(entry).substr(0, comma)));
@@ -134,7 +134,7 @@ void loadLinetypes(RunState& run) {
 }
 
 void setUpTextStyles(RunState& run) {
-  for (const std::wstring& entry : run.list(kTextStyleList)) {
+  for (const std::wstring& entry : run.list(kFontSection)) {
     const std::vector<std::wstring> fields = splitFields(entry);
     if (fields.size() < 2 || fields[0].empty()) continue;
     const bool hasBigFont = fields.size() > 2 && fields[2].find(L"----") == std::wstring::npos;
@@ -150,7 +150,7 @@ void setUpTextStyles(RunState& run) {
 }
 
 void createLayers(RunState& run) {
-  for (const std::wstring& entry : run.list(kLayerCreationList)) {
+  for (const std::wstring& entry : run.list(kLayerCreationSection)) {
     const std::vector<std::wstring> fields = splitFields(entry);
     if (fields[0].empty() || !findInTable(run.database.layerTableId(), fields[0]).isNull()) continue;
     createLayer(run, fields);

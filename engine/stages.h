@@ -25,16 +25,11 @@ struct RunState {
     printError(problem + (reason.empty() ? L"" : L": " + reason) + L".");
     problems.addProblem(problem, reason);
   }
-  const std::vector<std::wstring>& list(std::size_t index) const { return work.lists[index]; }
+  // The lines of a section, 1 to 10.
+  const std::vector<std::wstring>& list(int section) const {
+    return work.lists[static_cast<std::size_t>(section - 1)];
+  }
 };
-
-// Indexes of the work lists; those of the entity passes stand before them.
-inline constexpr std::size_t kDimensionVariableList = 4;
-inline constexpr std::size_t kLayerSettingList = 5;
-inline constexpr std::size_t kLayerCreationList = 6;
-inline constexpr std::size_t kLinetypeList = 7;
-inline constexpr std::size_t kTextStyleList = 8;
-inline constexpr std::size_t kArrowList = 9;
 
 // Built-in arrowheads by name, others from drawing files.
 void loadArrows(RunState& run);
