@@ -5,6 +5,7 @@
 #include "base/paths.h"
 #include "platform/paths.h"
 #include "platform/questions.h"
+#include "platform/screen_scale.h"
 #include "spec/arrow_catalogue.h"
 #include "spec/configuration.h"
 #include "ui/resource.h"
@@ -15,12 +16,7 @@ namespace {
 
 constexpr const wchar_t* kBrowseTitle = L"矢印ﾌﾞﾛｯｸ図形のﾌｫﾙﾀﾞを選択してください";
 constexpr size_t kDriveAndRoot = 3;
-
-// That of the file which was chosen last; kept as long as the module lives.
-std::wstring& lastFolder() {
-  static std::wstring folder;
-  return folder;
-}
+constexpr int kScrollBar = 24;  // its width and that of the frame
 
 // A name alone is that of an arrow, as far as it is not that of a file.
 bool namesNoFile(const std::wstring& arrow, const base::PathParts& parts) {
@@ -30,12 +26,18 @@ bool namesNoFile(const std::wstring& arrow, const base::PathParts& parts) {
 
 }  // namespace
 
+std::wstring& lastArrowFolder() {
+  static std::wstring folder;
+  return folder;
+}
+
 CSelArw::CSelArw(PickerOwner& owner, PickHandOver& pick, PickerRequest request)
     : CSelBase(IDD_ARROW, PickerSlot::kArrow, owner, pick), content_(std::move(request.present)) {}
 
 void CSelArw::onInit() {
   const Rect place = window().placeOf(IDC_ARROW_LIST);
-  window().list(IDC_ARROW_LIST).setColumns({{L"", place.right - place.left}});
+  const int bars = scaled(kScrollBar);
+  window().list(IDC_ARROW_LIST).setColumns({{L"", place.right - place.left - bars}});
   window().setPicture(IDC_ARROW_BROWSE, IDI_FOLDER);
   showPresent();
   CSelBase::onInit();
@@ -46,7 +48,7 @@ void CSelArw::showPresent() {
   const base::PathParts parts = base::splitPath(arrow);
   if (!arrow.empty() && namesNoFile(arrow, parts)) return window().setText(IDC_ARROW_FOLDER, arrow);
   std::wstring folder = parts.drive + parts.folder;
-  if (folder.empty()) folder = lastFolder();
+  if (folder.empty()) folder = lastArrowFolder();
   if (folder.empty()) folder = configurationFolder(findHostFile);
   showFolder(folder);
   selectFile(parts.name + parts.extension);
@@ -110,7 +112,7 @@ void CSelArw::confirm() {
   if (file.empty()) return refuse(L"ﾌｧｲﾙを指定してください.");
   if (!base::fileExists(file)) return refuse(L"[" + file + L"]\nﾌｧｲﾙが存在しません.");
   const std::wstring folder = folder_;
-  if (handOver(file)) lastFolder() = folder;
+  if (handOver(file)) lastArrowFolder() = folder;
 }
 
 // A folder that was typed shows its files now, to choose from.

@@ -7,6 +7,10 @@
 
 namespace kiv {
 
+// Of the file that was chosen last, with its trailing separator; empty: none yet. Kept as long as the module
+// lives.
+std::wstring& lastArrowFolder();
+
 class CSelArw : public CSelBase {
  public:
   CSelArw(PickerOwner& owner, PickHandOver& pick, PickerRequest request);

@@ -6,6 +6,7 @@
 #include "base/paths.h"
 #include "embedded/editor/host.h"
 #include "tests/ui/main_dialog_fixture.h"
+#include "ui/arrow_loader.h"
 
 namespace kiv::testing {
 namespace {
@@ -22,6 +23,7 @@ class ArrowLoader : public MainDialog {
       make(name, "");
     }
     cad::Host::instance().setSupportPath({folder_});
+    lastArrowFolder().clear();
     open();
   }
   void TearDown() override {
