@@ -150,7 +150,7 @@ bool askDrawingColor(HWND owner) {
   const int present = numberOf(value.resval.rstring).value_or(kByLayer);
   acutDelString(value.resval.rstring);
   const std::optional<int> chosen = askColor(owner, {present, true});
-  if (!chosen) return false;
+  if (!chosen) return true;
   std::wstring text = textOf(*chosen);
   resbuf made{};
   made.restype = RTSTR;

@@ -19,7 +19,7 @@ std::optional<int> askColor(HWND owner, const ColorQuestion& question);
 // block may be chosen. Returns the number, nil when it is cancelled, nothing when it is called otherwise.
 void answerColorCall(HWND owner);
 
-// For drawing with: the drawing's variable CECOLOR. False: cancelled.
+// For new objects: the drawing's variable CECOLOR. False: the drawing refuses it.
 bool askDrawingColor(HWND owner);
 
 }  // namespace cadhost

@@ -256,7 +256,7 @@ void FrameWindow::fileCommand(int id) {
   if (id == IDM_SAVE_AS) files_.saveAs();
   if (id == IDM_CLOSE) files_.closeCurrent();
   if (id == IDM_UNDO) type(L"_.U\n");
-  if (id == IDM_COLOR) askDrawingColor(window_);
+  if (id == IDM_COLOR && !askDrawingColor(window_)) commands_.print(L"\n色を設定できませんでした。");
   if (id == IDM_EXIT) PostMessageW(window_, WM_CLOSE, 0, 0);
   const std::vector<cad::DocumentInfo> documents = host_.documents();
   const auto index = static_cast<std::size_t>(id - IDM_FIRST_DRAWING);

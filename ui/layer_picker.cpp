@@ -129,7 +129,6 @@ void CSelLay::chooseColor() {
   const int present = base::leadingInteger(window().text(IDC_LAYER_COLOR));
   window().enableWindow(false);
   const auto chosen = chooseHostColor(isLayerColor(present) ? present : kColorToBeginWith);
-  if (!hasWindow()) return;
   window().enableWindow(true);
   window().activate();
   if (chosen) chooseOrType(window(), IDC_LAYER_COLOR, colorText(*chosen));

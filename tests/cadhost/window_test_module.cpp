@@ -39,10 +39,11 @@ void waitCancel() {
 void askColor() {
   resbuf* const call = acutBuildList(RTSTR, L"acad_colordlg", RTSHORT, 3, RTNIL, RTNONE);
   resbuf* answer = nullptr;
-  if (acedInvoke(call, &answer) != RTNORM || answer == nullptr) return;
+  const int outcome = acedInvoke(call, &answer);
+  acutRelRb(call);
+  if (outcome != RTNORM || answer == nullptr) return;
   acutPrintf(answer->restype == RTSHORT ? L"\ncolour %d" : L"\nno colour", answer->resval.rint);
   acutRelRb(answer);
-  acutRelRb(call);
 }
 
 }  // namespace
