@@ -12,7 +12,6 @@
 #include "host/run_report.h"
 #include "platform/settings.h"
 #include "tests/support/temp_folder.h"
-#include "tests/ui/fields_picker.h"
 #include "tests/ui/user.h"
 #include "ui/main_dialog.h"
 #include "ui/resource.h"
@@ -81,17 +80,18 @@ class InteractiveCommand : public test_support::TempFolder {
   void thenPicksAt(double x, double y) {
     acts_.push_back([x, y] { return cad::InputEvent{3, 0, x, y, 0.1}; });
   }
-  // And picks for what is typed into it.
-  void thenOpensThePicker(int command = 40031, const wchar_t* typed = L"") {
-    then([this, command, typed] {
+  // And picks for what is chosen in it.
+  void thenOpensThePicker(
+      int command = 40031, const std::function<void()>& choose = [] {}) {
+    then([this, command, choose] {
       const TreeItem section = user_.item(window(), IDC_MAIN_TREE, {L"図面", L"文字"});
       user_.choosesMenu(IDC_ADD_SETTING);
       user_.rightClickItem(window(), IDC_MAIN_TREE, section);
       user_.choosesMenu(command);
       user_.rightClickItem(window(), IDC_MAIN_TREE,
                            user_.item(window(), IDC_MAIN_TREE, {L"図面", L"文字", L"設定1"}));
-      user_.type(*user_.shown(IDD_VALUE), IDC_VALUE_COMBO, typed);
-      user_.click(*user_.shown(IDD_VALUE), IDC_PICK);
+      choose();
+      user_.click(*user::shownDialogs().front(), IDC_PICK);
       EXPECT_TRUE(user::shownDialogs().empty());
     });
   }
@@ -237,11 +237,11 @@ TEST_F(InteractiveCommand, WhatIsPickedOffAnEntityOfAnotherKindIsNoValue) {
 }
 
 TEST_F(InteractiveCommand, ADimensionGivesTheVariableThatIsAskedFor) {
-  const test::FieldsPickers standIns;
-  thenOpensThePicker(40038, L"DIMASZ");
+  thenOpensThePicker(
+      40038, [this] { user_.chooseEntry(*user_.shown(IDD_DIMENSION), IDC_DIMENSION_VARIABLE, L"DIMASZ"); });
   thenPicksAt(5, 40);
   then([this] {
-    user_.click(*user_.shown(IDD_VALUE), IDOK);
+    user_.click(*user_.shown(IDD_DIMENSION), IDOK);
     const Item& result = conversionContext().dialog->specification().settings(1)[0].results[0];
     EXPECT_EQ(result.variable, L"DIMASZ");
     EXPECT_EQ(result.value, L"3.5");

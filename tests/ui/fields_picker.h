@@ -1,7 +1,6 @@
 #pragma once
-// Stands in for the pickers of dimension variables and entries: the field of the value picker's dialog shows
-// what it was given and takes what it gives, the variable first and a "|" between. "参照" picks the
-// variable's value.
+// Stands in for the pickers of entries: the field of the value picker's dialog shows what it was given and
+// takes what it gives, a variable first and a "|" between.
 
 #include "ui/item_pickers.h"
 #include "ui/resource.h"
@@ -18,30 +17,19 @@ class FieldsPicker : public CSelBase {
     return std::make_unique<FieldsPicker>(owner, pick, request);
   }
 
-  void pickCompleted() override {
-    for (const std::wstring& value : pick().values) show(value);
-    CSelBase::pickCompleted();
-  }
-
  protected:
   void onInit() override {
     show(content_.variable);
     for (const std::wstring& field : content_.fields) show(field);
     CSelBase::onInit();
   }
-  int pickItem() const override { return kDimensionPick; }
-  void askForPick() override {
-    takeFields();
-    requestPick(kDimensionPick, content_.variable);
-  }
+  int pickItem() const override { return 0; }
   void confirm() override {
     takeFields();
     if (owner().take(content_)) close();
   }
 
  private:
-  static constexpr int kDimensionPick = 9;
-
   void show(const std::wstring& field) {
     const std::wstring shown = window().text(IDC_VALUE_COMBO);
     window().setText(IDC_VALUE_COMBO, shown.empty() ? field : shown + L"|" + field);
@@ -55,7 +43,7 @@ class FieldsPicker : public CSelBase {
         fields.back() += c;
       }
     }
-    if (content_.kind == kVariableKind || content_.kind == section(kDimensionSettingSection).entryKind) {
+    if (content_.kind == section(kDimensionSettingSection).entryKind) {
       content_.variable = fields.front();
       fields.erase(fields.begin());
     }
@@ -65,7 +53,7 @@ class FieldsPicker : public CSelBase {
   NodeContent content_;
 };
 
-// For dimension variables and all entries, as long as it lives.
+// For all entries, as long as it lives.
 class FieldsPickers {
  public:
   FieldsPickers() { set(&FieldsPicker::make); }
@@ -73,7 +61,7 @@ class FieldsPickers {
 
  private:
   static void set(MakePicker make) {
-    for (const int kind : {kVariableKind, 51, 52, 53, 54, 55}) overridePicker(kind, make);
+    for (const int kind : {51, 52, 53, 54, 55}) overridePicker(kind, make);
   }
 };
 
