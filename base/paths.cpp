@@ -22,6 +22,15 @@ std::wstring joinPath(std::wstring_view folder, std::wstring_view name) {
   return ensureTrailingSeparator(std::wstring(folder)).append(name);
 }
 
+std::vector<std::wstring> foldersInList(std::wstring_view list) {
+  std::vector<std::wstring> folders;
+  for (std::size_t start = 0, end = 0; start < list.size(); start = end + 1) {
+    end = std::min(list.find(L';', start), list.size());
+    if (end > start) folders.emplace_back(list.substr(start, end - start));
+  }
+  return folders;
+}
+
 PathParts splitPath(std::wstring_view path) {
   PathParts parts;
   if (!kNamesHeedCase && path.size() > 1 && path[1] == L':') {

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace base {
 
@@ -21,6 +22,9 @@ bool isSeparator(wchar_t character);
 std::wstring ensureTrailingSeparator(std::wstring folder);
 
 std::wstring joinPath(std::wstring_view folder, std::wstring_view name);
+
+// The folders of a list in which ";" separates them, on every system; empty ones are left out.
+std::vector<std::wstring> foldersInList(std::wstring_view list);
 
 // `drive` with its colon, `folder` with its trailing separator, `extension` with its dot; each may be empty.
 struct PathParts {

@@ -19,7 +19,7 @@ namespace cadhost {
 namespace {
 
 constexpr wchar_t kProgram[] = L"CADHOST", kModule[] = L"KIVGUI.ARX";
-constexpr char kSupportFolder[] = "support";  // the host's own linetype files
+constexpr char kSpecificationFolder[] = "CFG";  // beside the module, where it keeps them
 constexpr int kUnusable = 2;
 constexpr wchar_t kUsage[] =
     L"\n\n使い方: cadhost [--module ファイル] [--script ファイル] [--size 幅x高さ] [図面...]";
@@ -59,7 +59,7 @@ int run(HINSTANCE instance, int how) {
 
   cad::Host& host = cad::Host::instance();
   FrameWindow frame(host);
-  host.setSupportPath({cad::programFolder() / kSupportFolder});
+  host.setSupportPath(cad::usualSupportPath(cad::programFolder() / kSpecificationFolder));
   host.start();
   if (!frame.create(instance, arguments.width, arguments.height))
     return complain(L"ウィンドウを作成できませんでした。");

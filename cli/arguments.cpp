@@ -148,7 +148,8 @@ std::wstring usageText() {
                              1 convert what their definitions hold, 2 both
       --ignore-locks         convert objects on locked layers too; the layers are locked again afterwards
       --log DIR              write the conversion log, a CSV file in code page 932, into DIR
-      Text search lists and drawings of arrows are looked up beside the CVT file.
+      Files that the CVT file names are looked up beside it, linetype files and drawings of arrows then in the
+      folders that KIV_SUPPORT_PATH in the environment lists (with ";" between them) and in the program's own.
 
   kivcvt check FILE.cvt...
       says what the reader makes of a CVT file, and every line it drops, with line number and reason

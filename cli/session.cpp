@@ -9,7 +9,6 @@ namespace kivcli {
 namespace {
 
 constexpr wchar_t kModuleName[] = L"KIVGUI.ARX";
-constexpr char kSupportFolder[] = "support";  // the host's own linetype files
 
 template <class Function>
 bool findFunction(cad::Host& host, const char* name, Function& function) {
@@ -31,8 +30,7 @@ Session::Session(cad::Host& host) : host_(host) {
 }
 
 void Session::lookBeside(const std::wstring& specification) {
-  host_.setSupportPath(
-      {base::pathFromText(specification).parent_path(), cad::programFolder() / kSupportFolder});
+  host_.setSupportPath(cad::usualSupportPath(base::pathFromText(specification).parent_path()));
 }
 
 Session::~Session() {

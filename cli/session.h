@@ -20,7 +20,8 @@ class Session {
 
   cad::Host& host() { return host_; }
 
-  // Linetype files that the specification (a full path) names are found beside it, then among the host's own.
+  // Files that the specification (a full path) names are found beside it, then on the rest of the support
+  // path.
   void lookBeside(const std::wstring& specification);
 
   // The module's automation entry; what a report points to is the module's, until the next call of its kind.

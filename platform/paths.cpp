@@ -1,22 +1,19 @@
 #include "platform/paths.h"
 
-#include <sstream>
+#include <utility>
 
 #include "acedads.h"
 #include "adscodes.h"
 #include "base/paths.h"
+#include "dbapserv.h"
 
 namespace kiv {
 
 std::vector<std::wstring> supportFolders() {
-  resbuf value{};
-  if (acedGetVar(L"ACADPREFIX", &value) != RTNORM || value.restype != RTSTR) return {};
-  std::wistringstream path(value.resval.rstring);
-  acutDelString(value.resval.rstring);
-  std::vector<std::wstring> folders;
-  for (std::wstring folder; std::getline(path, folder, L';');) {
-    if (!folder.empty()) folders.push_back(base::ensureTrailingSeparator(std::move(folder)));
-  }
+  const ACHAR* path = acdbHostApplicationServices()->getEnv(L"ACAD");
+  if (path == nullptr) return {};
+  std::vector<std::wstring> folders = base::foldersInList(path);
+  for (std::wstring& folder : folders) folder = base::ensureTrailingSeparator(std::move(folder));
   return folders;
 }
 

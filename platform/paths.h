@@ -7,7 +7,8 @@
 
 namespace kiv {
 
-// The folders of the host's support path, in its order, each with its trailing separator.
+// The folders of the host's support path, in its order, each with its trailing separator. One that stands
+// there twice comes twice.
 std::vector<std::wstring> supportFolders();
 
 // The host's file search over its support path.

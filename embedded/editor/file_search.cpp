@@ -5,11 +5,17 @@
 
 #include "acedads.h"
 #include "base/dynamic_library.h"
+#include "base/environment.h"
 #include "base/files.h"
+#include "base/paths.h"
+#include "embedded/editor/host.h"
 #include "embedded/editor/host_state.h"
 
 namespace cad {
 namespace {
+
+constexpr char kSupportVariable[] = "KIV_SUPPORT_PATH";
+constexpr char kSupportFolder[] = "support";  // the host's own linetype files
 
 std::filesystem::path lookIn(const std::filesystem::path& folder, const std::wstring& name) {
   std::error_code error;
@@ -46,6 +52,24 @@ std::vector<std::filesystem::path> searchFolders() {
 std::filesystem::path programFolder() {
   static const std::filesystem::path folder = base::programFile().parent_path();
   return folder;
+}
+
+std::wstring supportPathText() {
+  std::wstring text;
+  for (const std::filesystem::path& folder : hostState().supportPath)
+    text += (text.empty() ? L"" : L";") + base::pathText(folder);
+  return text;
+}
+
+std::vector<std::filesystem::path> usualSupportPath(const std::filesystem::path& specifications) {
+  std::vector<std::filesystem::path> folders = {specifications};
+  const std::filesystem::path added = base::environmentVariable(kSupportVariable).value_or("");
+  for (const std::wstring& each : base::foldersInList(base::pathText(added))) {
+    std::error_code error;
+    folders.push_back(std::filesystem::absolute(base::pathFromText(each), error));
+  }
+  folders.push_back(programFolder() / kSupportFolder);
+  return folders;
 }
 
 std::filesystem::path findFile(std::wstring_view name) {

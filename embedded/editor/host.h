@@ -80,6 +80,8 @@ class Host {
 
   // Receives all text that the host and the modules print. Without one, texts are dropped.
   void setOutput(std::function<void(std::wstring_view)> sink);
+  // Where files are looked for, in this order; acedFindFile, ACADPREFIX and the environment value "ACAD" go
+  // by it.
   void setSupportPath(std::vector<std::filesystem::path> folders);
   void setMeterObserver(std::function<void(const Meter&)> observer);
   // Asked by acedUsrBrk.
@@ -129,6 +131,11 @@ class Host {
 
 // The folder of the running program.
 std::filesystem::path programFolder();
+
+// The support path of our programs: the folder of the specifications in use, then those that the variable
+// KIV_SUPPORT_PATH of the process's environment names, separated by ";", then the folder "support" beside the
+// program.
+std::vector<std::filesystem::path> usualSupportPath(const std::filesystem::path& specifications);
 
 // The command that a typed line begins with, upper-case and without the marks before it; empty for an empty
 // line.

@@ -1,8 +1,8 @@
 #include "siblings/KivDll/settings_store.h"
 
-#include <cstdlib>
 #include <system_error>
 
+#include "base/environment.h"
 #include "base/file_lock.h"
 #include "base/files.h"
 
@@ -12,16 +12,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The folder that a variable of the environment names; empty when it is not set. A relative one counts only
-// where a person asks for it.
-fs::path folderIn(const char* variable) {
-#if defined(_WIN32)
-  const wchar_t* value = ::_wgetenv(fs::path(variable).c_str());
-#else
-  const char* value = std::getenv(variable);
-#endif
-  return value == nullptr ? fs::path() : fs::path(value);
-}
+// Empty when the variable is not set. A relative folder counts only where a person asks for it.
+fs::path folderIn(const char* variable) { return base::environmentVariable(variable).value_or(fs::path()); }
 
 fs::path userFolder() {
 #if defined(_WIN32)

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "base/files.h"
 #include "platform/module_loader.h"
 #include "platform/settings.h"
@@ -14,11 +12,7 @@ namespace kiv {
 namespace {
 
 void setEnvironment(const std::filesystem::path& folder) {
-#if defined(_WIN32)
-  ::_wputenv_s(L"KIV_CONFIG_FOLDER", folder.c_str());
-#else
-  ::setenv("KIV_CONFIG_FOLDER", folder.c_str(), 1);
-#endif
+  test_support::setEnvironment("KIV_CONFIG_FOLDER", folder);
 }
 
 using SettingsEntry = cad_test::HostTest;

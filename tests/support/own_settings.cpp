@@ -12,11 +12,7 @@ struct SettingsFolder {
   SettingsFolder() {
     if (std::getenv("KIV_CONFIG_FOLDER") != nullptr) return;
     folder = test_support::tempPath("kiv_test_settings");
-#if defined(_WIN32)
-    ::_wputenv_s(L"KIV_CONFIG_FOLDER", folder.c_str());
-#else
-    ::setenv("KIV_CONFIG_FOLDER", folder.c_str(), 1);
-#endif
+    test_support::setEnvironment("KIV_CONFIG_FOLDER", folder);
   }
   ~SettingsFolder() {
     std::error_code ignored;

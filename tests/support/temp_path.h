@@ -41,13 +41,22 @@ inline void removeFolder(const std::filesystem::path& folder) {
   throw std::filesystem::filesystem_error("cannot remove", folder, refused);
 }
 
+// For the whole process and the programs that it starts. An empty value: not set where the system has no
+// empty ones.
+inline void setEnvironment(const char* name, const std::filesystem::path& value) {
+#if defined(_WIN32)
+  ::_wputenv_s(std::filesystem::path(name).c_str(), value.c_str());
+#else
+  ::setenv(name, value.c_str(), 1);
+#endif
+}
+
 // For the whole process; `zone` as in the environment variable TZ.
 inline void setTimeZone(const char* zone) {
+  setEnvironment("TZ", zone);
 #if defined(_WIN32)
-  ::_putenv_s("TZ", zone);
   ::_tzset();
 #else
-  ::setenv("TZ", zone, 1);
   ::tzset();
 #endif
 }

@@ -150,4 +150,27 @@ TEST_F(DocumentsTest, FilesAreFoundAlongTheSearchPathIgnoringCase) {
   EXPECT_EQ(acedFindFile(L"fonts.lin", small, 4), RTERROR);
 }
 
+TEST_F(DocumentsTest, TheSupportPathIsAValueOfTheHostsEnvironment) {
+  const auto value = [](const wchar_t* name) {
+    const ACHAR* found = acdbHostApplicationServices()->getEnv(name);
+    return found == nullptr ? std::wstring(L"(none)") : std::wstring(found);
+  };
+  std::filesystem::create_directory(folder_ / "office");
+  make("office/OWN.LIN", "");
+  std::filesystem::path listed = ";";
+  ((listed += folder_ / "office") += ";nowhere;");
+  test_support::setEnvironment("KIV_SUPPORT_PATH", listed);
+  host().setSupportPath(cad::usualSupportPath(folder_ / "rules"));
+  EXPECT_EQ(value(L"ACAD"), text(folder_ / "rules") + L";" + text(folder_ / "office") + L";" +
+                                text(std::filesystem::current_path() / "nowhere") + L";" +
+                                text(cad::programFolder() / "support"));
+  AcString found;
+  EXPECT_EQ(acedFindFile(L"own.lin", found), RTNORM);
+  EXPECT_EQ(value(L"KIV_SUPPORT_PATH"), L";" + text(folder_ / "office") + L";nowhere;");
+  test_support::setEnvironment("KIV_SUPPORT_PATH", "");
+  EXPECT_EQ(cad::usualSupportPath(folder_).size(), 2u);
+  for (const wchar_t* unknown : {L"Acad", L"NO_SUCH_VALUE", L""}) EXPECT_EQ(value(unknown), L"(none)");
+  EXPECT_EQ(acdbHostApplicationServices()->getEnv(nullptr), nullptr);
+}
+
 }  // namespace
