@@ -24,7 +24,11 @@ std::vector<TextLine> textLines(std::string_view bytes) {
   return lines;
 }
 
-std::wstring decodeText(std::string_view bytes) { return decode(bytes, kTextCodePage).text; }
+std::wstring decodeText(std::string_view bytes) {
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  const bool isMarked = bytes.starts_with(kMark);
+  return isMarked ? decode(bytes.substr(kMark.size()), kUtf8).text : decode(bytes, kTextCodePage).text;
+}
 
 Encoded encodeText(std::wstring_view text) {
   std::wstring ended;

@@ -24,6 +24,7 @@ struct TextLine {
 // end-of-file character (26), as in text files of the system that these files come from.
 std::vector<TextLine> textLines(std::string_view bytes);
 
+// Of a file that other programs write, too: UTF-8 behind a byte-order mark, the code page without one.
 std::wstring decodeText(std::string_view bytes);
 
 // Each "\n" becomes a line end of the file. Not clean: some characters do not exist in the code page.

@@ -2,21 +2,14 @@
 
 #include <numbers>
 
-#include "base/codepage.h"
 #include "base/fold.h"
 #include "base/numbers.h"
+#include "base/text_files.h"
 
 namespace cad::support {
 namespace {
 
 constexpr std::size_t kMaxDashes = 12;
-
-std::wstring decodeFile(std::string_view bytes) {
-  constexpr std::string_view kMark = "\xEF\xBB\xBF";
-  if (bytes.substr(0, kMark.size()) == kMark)
-    return base::decode(bytes.substr(kMark.size()), base::kUtf8).text;
-  return base::decode(bytes, base::kJapanese).text;
-}
 
 std::wstring_view takeLine(std::wstring_view& rest) {
   const std::size_t end = rest.find(L'\n');
@@ -149,7 +142,7 @@ std::wstring parsePattern(std::wstring_view line, std::vector<DashDefinition>& d
 }  // namespace
 
 std::vector<LinetypeDefinition> parseLinetypes(std::string_view bytes) {
-  const std::wstring text = decodeFile(bytes);
+  const std::wstring text = base::decodeText(bytes);
   std::wstring_view rest = text;
   std::vector<LinetypeDefinition> definitions;
   bool patternAwaited = false;

@@ -23,6 +23,8 @@ TEST(LinetypeHeaders, AreLinesWithANameAndADescription) {
   EXPECT_EQ(shown(L"*FIRST,x\r\n*NO COMMA\r\n*A;,x\r\n*;B,x\r\n*CONTINUOUS,Solid line\r\n*\r\n*LAST,x"),
             Texts());
   EXPECT_EQ(shown(L"\n*ABC;,x\n"), Texts{L"ABC;| [x]"});
+  ASSERT_EQ(linetypeHeaders("\xEF\xBB\xBF;UTF-8\n*\xE5\xA3\x81,x\n").size(), 1u);
+  EXPECT_EQ(linetypeHeaders("\xEF\xBB\xBF;UTF-8\n*\xE5\xA3\x81,x\n")[0].name, L"壁");
   const std::wstring filler(8183, L'-');
   EXPECT_EQ(shown(filler + L"\n*A,x\n*B,x\n*C,x\n"), Texts{L"A| [x]"}) << "only so much is read";
 }
