@@ -57,6 +57,10 @@ bool startsWithFolded(std::wstring_view text, std::wstring_view prefix) {
                     [](wchar_t x, wchar_t y) { return x == y || upper(x) == upper(y); });
 }
 
+bool endsWithFolded(std::wstring_view text, std::wstring_view ending) {
+  return text.size() >= ending.size() && equalFolded(text.substr(text.size() - ending.size()), ending);
+}
+
 std::wstring_view trim(std::wstring_view text) {
   while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
   while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);

@@ -4,6 +4,7 @@
 #include "acdb.h"
 #include "adscodes.h"
 #include "base/fold.h"
+#include "base/shape_fonts.h"
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "engine/dimension_variables.h"
@@ -50,12 +51,8 @@ RefusalReason reasonOf(int row, const std::wstring& text) {
 
 using Status = Acad::ErrorStatus;
 
-bool isShapeFile(const std::wstring& font) {
-  return font.size() >= 4 && base::equalFolded(std::wstring_view(font).substr(font.size() - 4), L".SHX");
-}
-
 Status setFont(AcDbTextStyleTableRecord& style, const std::wstring& font, const std::wstring& bigFont) {
-  const bool isShape = isShapeFile(font);
+  const bool isShape = base::isShapeFont(font);
   const Status status = isShape ? style.setFileName(font.c_str()) : setTypeface(style, font.c_str());
   if (status != Acad::eOk) return status;
   if (isShape && !bigFont.empty()) return style.setBigFontFileName(bigFont.c_str());

@@ -14,10 +14,6 @@ namespace fs = std::filesystem;
 
 constexpr std::wstring_view kExtension = L".cvt";
 
-bool endsWithFolded(std::wstring_view text, std::wstring_view ending) {
-  return text.size() >= ending.size() && base::equalFolded(text.substr(text.size() - ending.size()), ending);
-}
-
 std::wstring remarkOf(std::wstring_view folder, const std::wstring& name) {
   const auto content = base::readFile(base::pathFromText(std::wstring(folder) + name));
   if (!content.ok()) return {};
@@ -35,7 +31,8 @@ std::vector<std::wstring> filesWithExtension(std::wstring_view folder, std::wstr
   for (fs::directory_iterator entry(listed, error), end; !error && entry != end; entry.increment(error)) {
     std::wstring name = base::pathText(entry->path().filename());
     std::error_code ignored;
-    if (endsWithFolded(name, extension) && !entry->is_directory(ignored)) names.push_back(std::move(name));
+    if (base::endsWithFolded(name, extension) && !entry->is_directory(ignored))
+      names.push_back(std::move(name));
   }
   return names;
 }

@@ -30,11 +30,11 @@ enum class PickItem : int {
   kLayer = 1,  // nine values: name, colour, linetype, then label and value: "表示 ON", "ロック OFF",
                // "フリーズ OFF", "印刷 ON", "線幅値 Default", "透過性 0"
   kLinetype,
-  kColor,        // "1:赤", "256:BYLAYER"
-  kTextStyle,    // name, font and, when there is one, big font: the file of a shape font, else the typeface;
-                 // of a dimension that of its text, as the two below
-  kTextHeight,   // "2.5"
-  kTextAngle,    // degrees
+  kColor,       // "1:赤", "256:BYLAYER"
+  kTextStyle,   // name, font (the file of a shape font, else the typeface) and, of a shape font that has one,
+                // big font; of a dimension those of its text, as the two below
+  kTextHeight,  // "2.5"
+  kTextAngle,   // degrees
   kWidthFactor,  // of texts only
   kBlock,
   kDimension,   // of a dimension or leader the value of a variable, as it is typed: "2.5", a whole number

@@ -4,6 +4,8 @@
 #include <optional>
 
 #include "base/fold.h"
+#include "base/paths.h"
+#include "base/shape_fonts.h"
 #include "dbents.h"
 #include "dbmtext.h"
 #include "dbobjptr.h"
@@ -32,14 +34,17 @@ AcDbObjectId textStyleOf(const AcDbEntity& entity) {
   return {};
 }
 
-// Big fonts go with shape fonts only.
+// A file without an extension is one of shapes. Big fonts go with shape fonts only.
 std::vector<std::wstring> fontsOf(const AcDbTextStyleTableRecord& style) {
   const AcString typeface = typefaceOf(style);
   if (!typeface.isEmpty()) return {typeface.kwszPtr()};
   AcString file, bigFont;
-  if (style.fileName(file) != Acad::eOk) return {};
-  if (style.bigFontFileName(bigFont) != Acad::eOk || bigFont.isEmpty()) return {file.kwszPtr()};
-  return {file.kwszPtr(), bigFont.kwszPtr()};
+  if (style.fileName(file) != Acad::eOk || file.isEmpty()) return {};
+  std::wstring font = file.kwszPtr();
+  if (base::splitPath(font).extension.empty()) font += L".shx";
+  const bool hasBigFont = base::isShapeFont(font) && style.bigFontFileName(bigFont) == Acad::eOk;
+  if (!hasBigFont || bigFont.isEmpty()) return {font};
+  return {font, bigFont.kwszPtr()};
 }
 
 std::vector<std::wstring> textStyleValues(const AcDbEntity& entity) {

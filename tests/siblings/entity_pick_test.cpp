@@ -2,7 +2,11 @@
 
 #include "platform/entity_pick.h"
 
+#include "dbapserv.h"
+#include "dbobjptr.h"
+#include "dbsymtb.h"
 #include "tests/embedded/editor/host_fixture.h"
+#include "tests/support/in_command.h"
 
 namespace kiv {
 namespace {
@@ -91,6 +95,18 @@ TEST_F(EntityPickTest, AStyleGivesItsFonts) {
   EXPECT_EQ(pick(PickItem::kTextStyle, kText), (Values{L"NARROW", L"txt.shx", L"extfont2.shx"}));
   EXPECT_EQ(pick(PickItem::kTextStyle, kDimension), pick(PickItem::kTextStyle, kText));
   EXPECT_EQ(pick(PickItem::kTextStyle, kGothic), (Values{L"GOTHIC", L"MS Gothic"}));
+  // What older drawings have in place of a typeface and of a file's extension.
+  const auto withFont = [this](const wchar_t* file) {
+    test_support::inCommand([file] {
+      AcDbDatabase* drawing = acdbHostApplicationServices()->workingDatabase();
+      AcDbTextStyleTableRecordPointer style(L"NARROW", drawing, AcDb::kForWrite);
+      EXPECT_EQ(style->setFileName(file), Acad::eOk);
+    });
+    return pick(PickItem::kTextStyle, kText);
+  };
+  EXPECT_EQ(withFont(L"msgothic.ttc"), (Values{L"NARROW", L"msgothic.ttc"}));
+  EXPECT_EQ(withFont(L"ROMANS"), (Values{L"NARROW", L"ROMANS.shx", L"extfont2.shx"}));
+  EXPECT_EQ(withFont(L""), Values{L"NARROW"});
 }
 
 TEST_F(EntityPickTest, ADimensionAndALeaderGiveTheVariableThatIsAskedFor) {
