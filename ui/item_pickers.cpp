@@ -6,6 +6,7 @@
 #include "spec/item_kinds.h"
 #include "ui/arrow_loader.h"
 #include "ui/dimension_editor.h"
+#include "ui/font_loader.h"
 #include "ui/layer_picker.h"
 #include "ui/linetype_loader.h"
 #include "ui/value_picker.h"
@@ -34,6 +35,7 @@ std::span<const PickerOfKind> ownPickers() {
       {section(kDimensionSettingSection).entryKind, &make<CSelDim>},
       {section(kLayerCreationSection).entryKind, &make<CSelLay>},
       {section(kLinetypeSection).entryKind, &make<CSelLine>},
+      {section(kFontSection).entryKind, &make<CSelFont>},
       {section(kArrowSection).entryKind, &make<CSelArw>},
       {kVariableKind, &make<CSelDim>},
   };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/shape_fonts.h"
 #include "spec/cvt_lines.h"
 
 namespace kiv {
@@ -14,11 +15,14 @@ Item itemOf(const NodeContent& content) {
 
 Entry entryOf(const NodeContent& content) {
   Entry entry{content.fields, Wording::kPicker};
+  // A big font goes with a shape font only.
+  const bool isFont = content.kind == section(kFontSection).entryKind && entry.fields.size() > 2;
+  if (isFont && (entry.fields[2].empty() || !base::isShapeFont(entry.fields[1]))) entry.fields.resize(2);
   if (!content.variable.empty()) entry.fields.insert(entry.fields.begin(), content.variable);
   return entry;
 }
 
-// An entry is a line of the file, its fields between commas. The last fields of a font may be empty.
+// An entry is a line of the file, its fields between commas.
 bool canBeKept(const Entry& entry) {
   const std::size_t needed = std::min<std::size_t>(entry.fields.size(), 2);
   std::size_t length = 0;

@@ -8,6 +8,7 @@
 #define IDD_SAVE 105
 #define IDD_LAYER 133
 #define IDD_LINETYPE 134
+#define IDD_FONT 135
 #define IDD_DIMENSION 136
 #define IDD_ARROW 139
 #define IDD_TEXT_LIST 142
@@ -86,6 +87,16 @@
 // Linetype loader
 #define IDC_LINETYPE_FILE 1013
 #define IDC_LINETYPE_LIST 1036
+
+// Font loader
+#define IDC_FONT_STYLE 1041
+#define IDC_FONT_TRUETYPE 1221
+#define IDC_FONT_SHAPES 1222
+#define IDC_FONT_MAIN_LABEL 1031
+#define IDC_FONT_MAIN 1013
+#define IDC_FONT_SECOND_LABEL 1032
+#define IDC_FONT_SECOND 1014
+#define IDC_FONT_USE_BIG 1211
 
 // Dimension settings
 #define IDC_DIMENSION_LIST 1036

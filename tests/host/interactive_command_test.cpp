@@ -6,12 +6,17 @@
 
 #include "base/clock.h"
 #include "base/codepage.h"
+#include "dbapserv.h"
+#include "dbobjptr.h"
+#include "dbsymtb.h"
 #include "embedded/editor/host.h"
 #include "host/conversion_context.h"
 #include "host/module.h"
 #include "host/run_report.h"
 #include "platform/settings.h"
+#include "siblings/common/host_releases.h"
 #include "tests/support/temp_folder.h"
+#include "tests/support/test_file.h"
 #include "tests/ui/user.h"
 #include "ui/main_dialog.h"
 #include "ui/resource.h"
@@ -249,6 +254,65 @@ TEST_F(InteractiveCommand, ADimensionGivesTheVariableThatIsAskedFor) {
   thenClicks(IDCANCEL);
   run();
   EXPECT_TRUE(printed(L"\n寸法設定を指示:"));
+}
+
+TEST_F(InteractiveCommand, TextStylesOfTheDialogComeIntoTheDrawing) {
+  make("OFFICE.SHX", "unifont 1.0\r\n");
+  make("KANJI.SHX", "bigfont 1.0\r\n");
+  ASSERT_TRUE(
+      host().openDocument(make("plan.dxf", test_support::testFile("../examples/floor-plan.dxf"))).ok());
+  const std::vector<std::wstring> section{L"図面", L"字体のﾛｰﾄﾞ"};
+  const auto adds = [&](const wchar_t* style, const std::function<void(DialogWindow&)>& choose) {
+    then([this, section, style, choose] {
+      user_.choosesMenu(IDC_ADD_ENTRY);
+      user_.rightClickItem(window(), IDC_MAIN_TREE, user_.item(window(), IDC_MAIN_TREE, section));
+      DialogWindow& loader = *user_.shown(IDD_FONT);
+      user_.type(loader, IDC_FONT_STYLE, style);
+      choose(loader);
+      user_.click(loader, IDOK);
+    });
+  };
+  adds(L"GOTHIC", [this](DialogWindow& loader) { user_.type(loader, IDC_FONT_MAIN, L"MS Gothic"); });
+  adds(L"STROKES", [this](DialogWindow& loader) {
+    user_.click(loader, IDC_FONT_SHAPES);
+    user_.chooseEntry(loader, IDC_FONT_MAIN, L"OFFICE.SHX");
+    user_.click(loader, IDC_FONT_USE_BIG);
+    user_.chooseEntry(loader, IDC_FONT_SECOND, L"KANJI.SHX");
+  });
+  then([&] {
+    user_.inDialog(IDD_SAVE, [this](DialogWindow& browser) {
+      user_.type(browser, IDC_SAVE_NAME, L"fonts");
+      user_.click(browser, IDOK);
+    });
+    user_.click(window(), IDC_MAIN_SAVE);
+    user_.inDialog(IDD_LOAD, [this](DialogWindow& browser) {
+      const bool isFirst = browser.list(IDC_LOAD_LIST).cell(0, 0) == L"fonts.cvt";
+      user_.clickRow(browser, IDC_LOAD_LIST, isFirst ? 0 : 1);
+      user_.click(browser, IDOK);
+    });
+    user_.click(window(), IDC_MAIN_LOAD);
+    EXPECT_EQ(test::treeText(window(), IDC_MAIN_TREE, user_.item(window(), IDC_MAIN_TREE, section)),
+              L"<GOTHIC> を <MS GOTHIC> で設定\n<STROKES> を <OFFICE.SHX, KANJI.SHX> で設定\n");
+  });
+  then([this] {
+    user_.answersMessage({L"変換を完了しました", kTitle}, Answer::kOk);
+    user_.click(window(), IDOK);
+  });
+  run();
+  EXPECT_NE(
+      content("CFG/fonts.cvt").find("GOTHIC, MS Gothic, ----------\r\nSTROKES, OFFICE.SHX, KANJI.SHX\r\n"),
+      std::string::npos);
+  const auto fonts = [](const wchar_t* name) {
+    AcDbTextStyleTableRecordPointer style(name, acdbHostApplicationServices()->workingDatabase(),
+                                          AcDb::kForRead);
+    AcString file, bigFont;
+    if (style.openStatus() != Acad::eOk) return std::wstring(L"(none)");
+    EXPECT_TRUE(style->fileName(file) == Acad::eOk && style->bigFontFileName(bigFont) == Acad::eOk);
+    return typefaceOf(*style.object()).constPtr() + std::wstring(L"|") + file.constPtr() + L"|" +
+           bigFont.constPtr();
+  };
+  EXPECT_EQ(fonts(L"GOTHIC"), L"MS GOTHIC|msgothic.ttc|");
+  EXPECT_EQ(fonts(L"STROKES"), L"|OFFICE.SHX|KANJI.SHX");
 }
 
 TEST_F(InteractiveCommand, ASessionThatEndsWithAnOpenPickerLeavesTheHostUsable) {

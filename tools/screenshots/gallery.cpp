@@ -3,9 +3,10 @@
 //   dialog_gallery PICTURES FOLDER
 //
 // PICTURES gets them; below FOLDER are CFG, with the specifications and lists of the examples, LOG, ARROWS,
-// with drawing files, and support, with linetype files. Its name is seen in the pictures.
+// with drawing files, and support, with linetype files and shape fonts. Its name is seen in the pictures.
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <optional>
@@ -195,6 +196,19 @@ class Gallery {
       kiv::user::chooseEntry(picker, IDC_LINETYPE_FILE, 0);
       kiv::user::clickRow(picker, IDC_LINETYPE_LIST, 3);
     });
+    takePickerOf(section(8), IDC_ADD_ENTRY, "font-truetype", [](DialogWindow& picker) {
+      kiv::user::type(picker, IDC_FONT_STYLE, L"注記");
+      const std::vector<std::wstring> faces = picker.combo(IDC_FONT_MAIN).entries();
+      const auto face = std::find(faces.begin(), faces.end(), L"IPAPGothic");
+      if (face != faces.end())
+        kiv::user::chooseEntry(picker, IDC_FONT_MAIN, static_cast<int>(face - faces.begin()));
+    });
+    takePickerOf(section(8), IDC_ADD_ENTRY, "font-shapes", [](DialogWindow& picker) {
+      kiv::user::type(picker, IDC_FONT_STYLE, L"図枠");
+      kiv::user::click(picker, IDC_FONT_SHAPES);
+      kiv::user::chooseEntry(picker, IDC_FONT_MAIN, 0);
+      kiv::user::click(picker, IDC_FONT_USE_BIG);
+      kiv::user::chooseEntry(picker, IDC_FONT_SECOND, 0);
     takePickerOf(section(4), IDC_ADD_ENTRY, "dimension", [](DialogWindow& picker) {
       kiv::user::chooseEntry(picker, IDC_DIMENSION_VARIABLE, 11);
       kiv::user::type(picker, IDC_DIMENSION_VALUE, L"2.5");
