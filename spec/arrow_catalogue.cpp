@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 #include "base/fold.h"
 #include "spec/value_forms.h"
@@ -42,9 +43,10 @@ std::wstring arrowText(const ArrowName& arrow) {
 }
 
 ArrowChoice arrowChoice(std::wstring_view value) {
-  const std::wstring_view name = blockNameOfDisplayForm(value).value_or(value);
+  const std::optional<std::wstring_view> block = blockNameOfDisplayForm(value);
+  const std::wstring_view name = block.value_or(value);
   const auto row = std::ranges::find_if(kCatalogue, [&](const ArrowName& arrow) {
-    return base::equalFolded(arrow.blockName, name) || arrow.displayName == name;
+    return base::equalFolded(arrow.blockName, name) || (!block && arrow.displayName == name);
   });
   if (row != std::end(kCatalogue)) return {static_cast<int>(row - kCatalogue), {}};
   return {static_cast<int>(std::size(kCatalogue)) - 1, std::wstring(name)};

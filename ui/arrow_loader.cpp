@@ -5,7 +5,6 @@
 #include "base/paths.h"
 #include "platform/paths.h"
 #include "platform/questions.h"
-#include "platform/screen_scale.h"
 #include "spec/arrow_catalogue.h"
 #include "spec/configuration.h"
 #include "ui/resource.h"
@@ -16,7 +15,6 @@ namespace {
 
 constexpr const wchar_t* kBrowseTitle = L"矢印ﾌﾞﾛｯｸ図形のﾌｫﾙﾀﾞを選択してください";
 constexpr size_t kDriveAndRoot = 3;
-constexpr int kScrollBar = 24;  // its width and that of the frame
 
 // A name alone is that of an arrow, as far as it is not that of a file.
 bool namesNoFile(const std::wstring& arrow, const base::PathParts& parts) {
@@ -35,9 +33,7 @@ CSelArw::CSelArw(PickerOwner& owner, PickHandOver& pick, PickerRequest request)
     : CSelBase(IDD_ARROW, PickerSlot::kArrow, owner, pick), content_(std::move(request.present)) {}
 
 void CSelArw::onInit() {
-  const Rect place = window().placeOf(IDC_ARROW_LIST);
-  const int bars = scaled(kScrollBar);
-  window().list(IDC_ARROW_LIST).setColumns({{L"", place.right - place.left - bars}});
+  window().list(IDC_ARROW_LIST).setColumns({{L"", columnsWidth(window(), IDC_ARROW_LIST)}});
   window().setPicture(IDC_ARROW_BROWSE, IDI_FOLDER);
   showPresent();
   CSelBase::onInit();
@@ -64,6 +60,7 @@ void CSelArw::listFiles() {
   listed_ = folder_;
   ListView& list = window().list(IDC_ARROW_LIST);
   list.clear();
+  if (folder_.empty()) return;
   for (const std::wstring& name : filesWithExtension(folder_, L".DWG")) list.addRow({name});
 }
 
@@ -91,7 +88,9 @@ void CSelArw::onSelected(int id) {
 }
 
 void CSelArw::onDoubleClicked(int id) {
-  if (id == IDC_ARROW_LIST) onCommand(IDOK);
+  if (id != IDC_ARROW_LIST) return;
+  onSelected(id);
+  onCommand(IDOK);
 }
 
 // Empty where nothing is selected.
@@ -107,7 +106,7 @@ void CSelArw::confirm() {
     handOver(typed);
     return;
   }
-  folder_ = base::ensureTrailingSeparator(typed);
+  folder_ = typed.empty() ? typed : base::ensureTrailingSeparator(base::fullPath(typed));
   const std::wstring file = selectedFile();
   if (file.empty()) return refuse(L"ﾌｧｲﾙを指定してください.");
   if (!base::fileExists(file)) return refuse(L"[" + file + L"]\nﾌｧｲﾙが存在しません.");

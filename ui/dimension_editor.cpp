@@ -150,7 +150,7 @@ void CSelDim::confirm() {
 }
 
 bool CSelDim::takeValue() {
-  content_.fields = {window().text(IDC_DIMENSION_VALUE)};
+  content_.fields = {std::wstring(base::trim(window().text(IDC_DIMENSION_VALUE)))};
   if (!content_.fields.front().empty()) return true;
   window().focus(IDC_DIMENSION_VALUE);
   return false;
@@ -160,7 +160,7 @@ bool CSelDim::takeArrow() {
   const int row = window().combo(IDC_DIMENSION_ARROW).selected();
   if (row < 0) return window().focus(IDC_DIMENSION_ARROW), false;
   ArrowName arrow = arrowCatalogue()[static_cast<size_t>(row)];
-  const std::wstring block = window().text(IDC_DIMENSION_BLOCK);
+  const std::wstring block(base::trim(window().text(IDC_DIMENSION_BLOCK)));
   if (isBlockAsked()) arrow.blockName = block.c_str();
   const std::wstring value = arrowText(arrow);
   if (*arrow.blockName == L'\0') return window().focus(IDC_DIMENSION_BLOCK), false;

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/fold.h"
+#include "base/paths.h"
 #include "base/shape_fonts.h"
 #include "spec/item_kinds.h"
 #include "ui/resource.h"
@@ -110,7 +111,9 @@ void CSelFont::confirm() {
   const std::wstring second = usesBigFont_ ? given(IDC_FONT_SECOND) : std::wstring();
   if (usesBigFont_ && second.empty())
     return window().focus(mode_ == Mode::kShapes ? IDC_FONT_SECOND : IDC_FONT_MAIN);
-  content_.fields = {style, font, second};
+  // A file is called by its whole name, or it would be a typeface.
+  const bool lacksExtension = mode_ == Mode::kShapes && base::splitPath(font).extension.empty();
+  content_.fields = {style, lacksExtension ? font + L".shx" : font, second};
   if (owner().take(content_)) close();
 }
 

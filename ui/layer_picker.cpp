@@ -129,6 +129,7 @@ void CSelLay::chooseColor() {
   const int present = base::leadingInteger(window().text(IDC_LAYER_COLOR));
   window().enableWindow(false);
   const auto chosen = chooseHostColor(isLayerColor(present) ? present : kColorToBeginWith);
+  if (!hasWindow()) return;
   window().enableWindow(true);
   window().activate();
   if (chosen) chooseOrType(window(), IDC_LAYER_COLOR, colorText(*chosen));
@@ -150,15 +151,18 @@ std::vector<std::wstring> CSelLay::values() const {
 }
 
 void CSelLay::confirm() {
-  const std::wstring name = window().text(IDC_LAYER_NAME);
+  const std::wstring name(base::trim(window().text(IDC_LAYER_NAME)));
   if (name.empty()) return window().focus(IDC_LAYER_NAME);
   if (!isNameValid(name)) {
-    showMessage(window().native(), {kInvalidName, L"画層", Buttons::kOk, Icon::kStop});
-    return window().focus(IDC_LAYER_NAME);
+    window().focus(IDC_LAYER_NAME);
+    static_cast<void>(showMessage(window().native(), {kInvalidName, L"画層", Buttons::kOk, Icon::kStop}));
+    return;
   }
-  for (const int id : {IDC_LAYER_COLOR, IDC_LAYER_LINETYPE})
-    if (window().text(id).empty()) return window().focus(id);
+  // A layer has a colour of its own: what is none would be written as by block.
+  if (!isLayerColor(colorNumber(window().text(IDC_LAYER_COLOR)))) return window().focus(IDC_LAYER_COLOR);
+  if (window().text(IDC_LAYER_LINETYPE).empty()) return window().focus(IDC_LAYER_LINETYPE);
   content_.fields = values();
+  content_.fields.front() = name;
   if (owner().take(content_)) close();
 }
 

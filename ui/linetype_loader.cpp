@@ -12,8 +12,7 @@ CSelLine::CSelLine(PickerOwner& owner, PickHandOver& pick, PickerRequest request
     : CSelBase(IDD_LINETYPE, PickerSlot::kLinetype, owner, pick), content_(std::move(request.present)) {}
 
 void CSelLine::onInit() {
-  const Rect place = window().placeOf(IDC_LINETYPE_LIST);
-  const int width = place.right - place.left;
+  const int width = columnsWidth(window(), IDC_LINETYPE_LIST);
   window().list(IDC_LINETYPE_LIST).setColumns({{L"線種名", width / 3}, {L"説明", width * 2 / 3}});
   for (const std::wstring& path : linetypeFiles()) window().combo(IDC_LINETYPE_FILE).add(path);
   if (content_.fields.size() >= 2) {

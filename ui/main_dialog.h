@@ -93,7 +93,7 @@ class CCnvDlg : public Dialog, private PickerOwner {
   void invert();
   void move(bool up);
   void copyVariables();
-  void assignVariable(const Item& item);
+  bool assignVariable(const Item& item);
 
   // --- Pickers (main_dialog_pickers.cpp)
   bool onPickerCommand(int command);

@@ -13,9 +13,6 @@ namespace kiv {
 namespace {
 
 constexpr const wchar_t* kNothingSelected = L"ﾂﾘｰの中から追加したい項目を選択してください";
-constexpr const wchar_t* kCannotBeKept =
-    L"指定した内容は変換指定ﾌｧｲﾙに保存できません.\n空の項目、「,」「<」「>"
-    L"」を含む文字列、長すぎる文字列は使用できません.";
 
 }  // namespace
 

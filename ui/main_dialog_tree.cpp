@@ -1,5 +1,7 @@
 // Editing the main dialog's tree: menus, deleting, clearing, moving, inverting.
 
+#include <algorithm>
+
 #include "base/fold.h"
 #include "platform/questions.h"
 #include "ui/context_menus.h"
@@ -150,24 +152,31 @@ void CCnvDlg::move(bool up) {
 void CCnvDlg::copyVariables() {
   const Node setting = tree().selected();
   if (!assignsVariables(specification_, setting)) return;
+  bool areAllKept = true;
   for (const Node& node : specification_.children(setting)) {
     const Item item = *specification_.item(node);
-    if (node.role == Role::kResult && !item.variable.empty()) assignVariable(item);
+    if (node.role == Role::kResult && !item.variable.empty()) areAllKept &= assignVariable(item);
   }
+  if (!areAllKept) tell(kCannotBeKept);
 }
 
-// A variable has one value: a later assignment takes the place of the earlier one.
-void CCnvDlg::assignVariable(const Item& item) {
-  const Entry assignment{{item.variable, item.value}, Wording::kFile};
+// A variable has one value: a later assignment takes the place of the earlier one. False: the section cannot
+// hold it.
+bool CCnvDlg::assignVariable(const Item& item) {
+  const NodeContent assignment{
+      section(kDimensionSettingSection).entryKind, Role::kEntry, item.variable, {item.value}};
   const std::vector<Entry>& entries = specification_.entries(kDimensionSettingSection);
-  for (size_t index = 0; index < entries.size(); ++index) {
-    if (!base::equalFolded(entries[index].fields.front(), item.variable)) continue;
-    const Node entry = Node::of(kDimensionSettingSection, static_cast<int>(index));
-    if (specification_.replaceEntry(entry, assignment).ok()) tree().changed(entry);
-    return;
+  const auto earlier = std::ranges::find_if(
+      entries, [&](const Entry& entry) { return base::equalFolded(entry.fields.front(), item.variable); });
+  if (earlier == entries.end()) {
+    const Edited edited = putContent(specification_, Node::ofSection(kDimensionSettingSection), assignment);
+    if (edited.ok()) tree().added(edited.node);
+    return edited.ok();
   }
-  const Edited edited = specification_.addEntry(kDimensionSettingSection, assignment);
-  if (edited.ok()) tree().added(edited.node);
+  const Node entry = Node::of(kDimensionSettingSection, static_cast<int>(earlier - entries.begin()));
+  const bool isKept = putContent(specification_, entry, assignment).ok();
+  if (isKept) tree().changed(entry);
+  return isKept;
 }
 
 }  // namespace kiv

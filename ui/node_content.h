@@ -9,6 +9,11 @@
 
 namespace kiv {
 
+// For the person, where putContent() gives kWrongFields.
+inline constexpr const wchar_t* kCannotBeKept =
+    L"指定した内容は変換指定ﾌｧｲﾙに保存できません.\n空の項目、一覧の「,」、寸法設定の「=」、条件の「<>"
+    L"」、長すぎる文字列は使用できません.";
+
 struct NodeContent {
   int kind = 0;  // of the item kinds, 51 to 55 of an entry
   Role role = Role::kNone;
@@ -21,7 +26,7 @@ struct NodeContent {
 NodeContent contentOf(const Specification& specification, const Node& node);
 
 // In the wording of the pickers. `target` is the item or entry that gets the content, or the setting or
-// section that gains it. Refused like the specification's own operations; kWrongFields also for an entry that
+// section that gains it. Refused like the specification's own operations; kWrongFields also for what
 // no line of a file can hold.
 Edited putContent(Specification& specification, const Node& target, const NodeContent& content);
 

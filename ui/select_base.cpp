@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/screen_scale.h"
 #include "ui/resource.h"
 
 namespace kiv {
@@ -10,6 +11,12 @@ namespace kiv {
 Rect& lastPickerPlace(PickerSlot slot) {
   static std::array<Rect, kPickerSlots> places;
   return places[static_cast<size_t>(slot)];
+}
+
+int columnsWidth(DialogWindow& window, int list) {
+  constexpr int kFrameAndBar = 24;  // at 96 DPI
+  const Rect place = window.placeOf(list);
+  return place.right - place.left - scaled(kFrameAndBar);
 }
 
 void chooseOrType(DialogWindow& window, int combo, const std::wstring& text) {

@@ -65,6 +65,9 @@ void chooseOrType(DialogWindow& window, int combo, const std::wstring& text);
 // typed.
 void showCompleted(DialogWindow& window, int combo, const std::wstring& completed);
 
+// The width that the columns of a list may have: without its frame and its scroll bar.
+int columnsWidth(DialogWindow& window, int list);
+
 class CSelBase : public Dialog {
  public:
   // Owner and hand-over must outlive the picker.

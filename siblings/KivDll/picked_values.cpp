@@ -85,7 +85,10 @@ Value widthFactor(const AcDbEntity& entity) {
 
 Value block(const AcDbEntity& entity) {
   if (!isInsertClass(*entity.isA())) return std::nullopt;
-  return nameOf(static_cast<const AcDbBlockReference&>(entity).blockTableRecord());
+  Value name = nameOf(static_cast<const AcDbBlockReference&>(entity).blockTableRecord());
+  // A name of the host's own making means nothing in another drawing.
+  if (!name || name->starts_with(L'*')) return std::nullopt;
+  return name;
 }
 
 Value dimStyle(const AcDbEntity& entity) {

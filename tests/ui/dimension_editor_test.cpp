@@ -92,14 +92,19 @@ TEST_F(DimensionEditor, AVariableIsChosenAndItsValueTyped) {
   select({L"寸法", L"設定1", L"<DIMASO> が <0> のとき"});
   click(IDC_MAIN_EDIT);
   EXPECT_EQ(shownRow() + editor().text(IDC_DIMENSION_VALUE), L"DIMASO0");
+  // A condition with this in it would come back from the file inverted.
+  chooseVariable(L"DIMPOST");
+  user_.type(editor(), IDC_DIMENSION_VALUE, L"<>mm");
+  user_.answersMessage(told(kCannotBeKept), Answer::kOk);
+  user_.click(editor(), IDOK);
   user_.click(editor(), IDCANCEL);
 }
 
 TEST_F(DimensionEditor, AnArrowIsOneOfTheCatalogueOrABlock) {
-  makeConfig(
-      L"A.CVT",
-      L"[備考]\r\n\r\n\r\n[矢印のﾛｰﾄﾞ]\r\n_DOT\r\nown\r\nroom-mark\r\n---End---\r\n"
-      L"[寸法]\r\n[DIMBLK] = 黒丸 (_DOT)\r\n[DIMBLK1] = 矢 (OWN)\r\n[DIMBLK2] = 白丸１\r\n---End---\r\n");
+  makeConfig(L"A.CVT",
+             L"[備考]\r\n\r\n\r\n[矢印のﾛｰﾄﾞ]\r\n_DOT\r\nown\r\nroom-mark\r\n---End---\r\n"
+             L"[寸法]\r\n[DIMBLK] = 黒丸 (_DOT)\r\n[DIMBLK1] = 矢 (OWN)\r\n[DIMBLK2] = 白丸１\r\n"
+             L"[DIMLDRBLK] = ﾕｰｻﾞ指定 (黒丸)\r\n---End---\r\n");
   load(L"A.CVT");
   chooseFromMenu(section_, IDC_ADD_ENTRY);
   EXPECT_EQ(editor().combo(IDC_DIMENSION_ARROW).entries().size(), arrowCatalogue().size());
@@ -134,6 +139,8 @@ TEST_F(DimensionEditor, AnArrowIsOneOfTheCatalogueOrABlock) {
                                       L"<DIMBLK> が <黒丸 (_DOT)> のとき"},
                               Present{L"<DIMBLK1> が <矢 (OWN)> のとき", kUserArrow, L"OWN",
                                       L"<DIMBLK1> が <ﾕｰｻﾞ指定 (OWN)> のとき"},
+                              Present{L"<DIMLDRBLK> が <ﾕｰｻﾞ指定 (黒丸)> のとき", kUserArrow, L"黒丸",
+                                      L"<DIMLDRBLK> が <ﾕｰｻﾞ指定 (黒丸)> のとき"},
                               Present{L"<DIMBLK2> が <白丸１> のとき", L"白丸１ (_ORIGIN)", L"",
                                       L"<DIMBLK2> が <白丸１ (_ORIGIN)> のとき"}}) {
     select({L"寸法", L"設定1", each.condition});

@@ -108,6 +108,12 @@ TEST_F(FontLoader, AStyleIsAddedWithEitherKindOfFont) {
   click(IDC_FONT_USE_BIG);
   click(IDOK);
   EXPECT_EQ(rows(section_).back(), L"<図> を作成 （txt.shx,extfont2.shx）");
+
+  select({section_[0], L"<図> を作成 （txt.shx,extfont2.shx）"});
+  this->MainDialog::click(IDC_MAIN_EDIT);
+  type(IDC_FONT_MAIN, L"romans");
+  click(IDOK);
+  EXPECT_EQ(rows(section_).back(), L"<図> を作成 （romans.shx,extfont2.shx）") << "a shape font all the same";
 }
 
 TEST_F(FontLoader, ThatABigFontIsUsedCountsInEitherMode) {

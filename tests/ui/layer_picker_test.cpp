@@ -123,7 +123,7 @@ TEST_F(LayerPicker, RefusalsLeaveItOpen) {
     refused(IDC_LAYER_NAME, name);
   }
   user_.type(layer(), IDC_LAYER_NAME, L"A");
-  refused(IDC_LAYER_COLOR, L"");
+  for (const wchar_t* color : {L"", L"赤", L"256:BYLAYER", L"300"}) refused(IDC_LAYER_COLOR, color);
   user_.type(layer(), IDC_LAYER_COLOR, L"7");
   refused(IDC_LAYER_LINETYPE, L"");
   const Rect place = layer().place();

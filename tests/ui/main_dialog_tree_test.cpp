@@ -260,15 +260,17 @@ TEST_F(MainDialogTree, VariablesAreCopiedIntoTheDimensionSettings) {
   chooseFromMenu({L"文字", L"設定1"}, 0);
   EXPECT_EQ(user_.menuCaptions().back(), L"設定を削除");
 
-  makeConfig(
-      L"VARS.CVT",
-      L"[備考]\r\n\r\n\r\n[寸法]\r\n[DIMTXT] = 3\r\n{\r\n[DIMASZ] = 2.5\r\n[色] = 1\r\n[DIMGAP] = 1\r\n}"
-      L"\r\n---End---\r\n[寸法設定]\r\nDIMTAD, 1\r\nDIMASZ, 9\r\n---End---\r\n[EOF]\r\n");
+  makeConfig(L"VARS.CVT",
+             L"[備考]\r\n\r\n\r\n[寸法]\r\n[DIMTXT] = 3\r\n{\r\n[DIMASZ] = 2.5\r\n[色] = 1\r\n[DIMGAP] = "
+             L"1\r\n[DIMPOST] = a,b\r\n}"
+             L"\r\n---End---\r\n[寸法設定]\r\nDIMTAD, 1\r\nDIMASZ, 9\r\n---End---\r\n[EOF]\r\n");
   load(L"VARS.CVT");
-  chooseFromMenu({L"寸法", L"設定1"}, IDC_COPY_TO_DIMENSION_SETTINGS);
+  user_.choosesMenu(IDC_COPY_TO_DIMENSION_SETTINGS);
+  user_.answersMessage(told(kCannotBeKept), Answer::kOk);
+  user_.rightClickItem(window(), IDC_MAIN_TREE, item({L"寸法", L"設定1"}));
   EXPECT_EQ(user_.menuCaptions().back(), L"寸法設定にｺﾋﾟｰ");
-  EXPECT_EQ(rows({L"寸法設定"}),
-            (Texts{L"<DIMTAD> を <1> に設定", L"<DIMASZ> を <2.5> に設定", L"<DIMGAP> を <1> に設定"}));
+  EXPECT_EQ(rows({L"寸法設定"}), (Texts{L"<DIMTAD> を <1> に設定", L"<DIMASZ> を <2.5> に変更する",
+                                        L"<DIMGAP> を <1> に変更する"}));
 }
 
 }  // namespace
