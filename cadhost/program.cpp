@@ -19,7 +19,7 @@ namespace cadhost {
 namespace {
 
 constexpr wchar_t kProgram[] = L"CADHOST", kModule[] = L"KIVGUI.ARX";
-constexpr char kSpecificationFolder[] = "CFG";  // beside the module, where it keeps them
+constexpr char kSpecificationFolder[] = "CFG";  // beside the programs, where the module keeps them
 constexpr int kUnusable = 2;
 constexpr wchar_t kUsage[] =
     L"\n\n使い方: cadhost [--module ファイル] [--script ファイル] [--size 幅x高さ] [図面...]";

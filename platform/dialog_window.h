@@ -130,8 +130,8 @@ class DialogWindow {
   virtual int focused() const = 0;               // 0: no control of this dialog
   virtual bool isChecked(int id) const = 0;      // check boxes and radio buttons
   virtual void check(int id, bool checked) = 0;  // a radio button takes the mark from the others of its group
-  // An owner-drawn button shows this icon before its caption, one of the style BS_ICON instead of it; a label of
-  // the style SS_BITMAP this bitmap, as large as the label.
+  // An owner-drawn button shows this icon before its caption, one of the style BS_ICON instead of it; a label
+  // of the style SS_BITMAP this bitmap, as large as the label.
   virtual void setPicture(int id, int resource) = 0;
 
   // --- Controls with content

@@ -9,7 +9,8 @@
 
 namespace kiv {
 
-// The keys of the conversion's options. Switches are on at 1, the scope is a BlockScope's number.
+// The keys of the conversion's options. The run takes a switch as on at 1 alone, the dialog at any
+// number but 0 (which it then stores as 1); the scope is a BlockScope's number.
 inline constexpr const wchar_t* kBlockScopeKey = L"KivBlock";
 inline constexpr const wchar_t* kIgnoreLocksKey = L"MorluxIgnoreLocks";
 inline constexpr const wchar_t* kCreateLogKey = L"MorluxCreateLog";

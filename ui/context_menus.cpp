@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "ui/item_inputs.h"
-#include "ui/item_pickers.h"
 #include "ui/resource.h"
 #include "ui/tree_nodes.h"
 
@@ -28,7 +27,7 @@ int menuResource(const Specification& specification, const Node& node) {
 }
 
 bool canAdd(const ItemInput& kind, int section, bool asResult) {
-  return hasEffect(kind.kind, section, asResult) && hasPicker(kind.kind);
+  return hasEffect(kind.kind, section, asResult);
 }
 
 void greyWhatCannotApply(Menu& menu, const Specification& specification, const Node& node) {
@@ -83,10 +82,10 @@ bool canApply(const Specification& specification, const Node& node, int command)
     case IDC_CLEAR_RESULTS:
       return specification.childCount(node, Role::kResult) > 0;
     case IDC_ADD_ENTRY:
-      return !isRuleSection(node.section) && hasPicker(section(node.section).entryKind);
+      return !isRuleSection(node.section);
     case IDC_EDIT_CONDITION:
     case IDC_EDIT_RESULT:
-      return hasPicker(tagOf(specification, node).kind());
+      return tagOf(specification, node).role() != Role::kNone;
     case IDC_COPY_TO_DIMENSION_SETTINGS:
       return assignsVariables(specification, node);
     default:

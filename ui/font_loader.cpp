@@ -95,7 +95,10 @@ void CSelFont::showStyleOfFace() {
   ComboBox& styles = window().combo(IDC_FONT_SECOND);
   styles.clear();
   window().setText(IDC_FONT_SECOND, L"");
-  const auto family = std::ranges::find(families_, window().text(IDC_FONT_MAIN), &FontFamily::name);
+  // A file has the names in capital letters.
+  const auto family = std::ranges::find_if(
+      families_,
+      [face = window().text(IDC_FONT_MAIN)](const auto& each) { return base::equalFolded(each.name, face); });
   if (family == families_.end()) return;
   styles.add(family->style);
   styles.select(0);

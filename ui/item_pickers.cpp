@@ -51,8 +51,6 @@ MakePicker pickerOf(int kind) {
 
 }  // namespace
 
-bool hasPicker(int kind) { return pickerOf(kind) != nullptr; }
-
 std::unique_ptr<CSelBase> makePicker(PickerOwner& owner, PickHandOver& pick, const PickerRequest& request) {
   const MakePicker maker = pickerOf(request.present.kind);
   return maker == nullptr ? nullptr : maker(owner, pick, request);

@@ -7,11 +7,7 @@
 
 namespace kiv {
 
-// False: what has no picker cannot be added or edited, and is greyed in the menus. `kind` is that of an
-// item, 51 to 55 of a list entry.
-bool hasPicker(int kind);
-
-// For request.present.kind, without a window yet; null when the kind has no picker.
+// For request.present.kind, without a window yet; null for a kind that is none.
 std::unique_ptr<CSelBase> makePicker(PickerOwner& owner, PickHandOver& pick, const PickerRequest& request);
 
 // For tests: a picker for a kind, instead of the one that it has; null: what it has again.

@@ -62,7 +62,6 @@ void CSelLay::onInit() {
   show(content_.fields.empty() ? std::vector<std::wstring>{L"", colorText(kColorToBeginWith), L"CONTINUOUS",
                                                            L"ON", L"OFF", L"OFF", L"ON", L"Default", L"0"}
                                : content_.fields);
-  for (const StateButton& state : kStates) showState(state.id);
   CSelBase::onInit();
   window().focus(IDC_LAYER_NAME);
 }

@@ -125,6 +125,7 @@ class CCnvDlg : public Dialog, private PickerOwner {
   Closing closing_ = Closing::kCancelled;
   Node target_;                                                  // what the open picker's content is for
   std::array<std::unique_ptr<CSelBase>, kPickerSlots> pickers_;  // by PickerSlot
+  std::unique_ptr<CSelBase> releasedPicker_;                     // the last one that went; without a window
 };
 
 }  // namespace kiv

@@ -37,7 +37,7 @@ bool CCnvDlg::onPickerCommand(int command) {
 }
 
 // An item is edited, a section gains what can be added to it. A setting shows what that is in its context
-// menu; so does what cannot be edited, greyed.
+// menu.
 void CCnvDlg::addOrEdit() {
   const Node node = tree().selected();
   if (node.section < 1) return tell(kNothingSelected);
@@ -100,16 +100,18 @@ std::vector<std::wstring> CCnvDlg::namesInSection(int section) const {
   return names;
 }
 
-void CCnvDlg::releasePicker(PickerSlot slot) { pickers_[static_cast<size_t>(slot)].reset(); }
+// The picker may be on its way back from a message or a dialog of the host's.
+void CCnvDlg::releasePicker(PickerSlot slot) {
+  releasedPicker_ = std::move(pickers_[static_cast<size_t>(slot)]);
+}
 
-// One picker is open at a time as each keeps the dialog from input; the first slot is the common one.
+// One picker is open at a time as each keeps the dialog from input.
 void CCnvDlg::pickCompleted() {
   if (!hasWindow()) return pick_.end();
   window().show(true);
-  CSelBase* open = pickers_.front().get();
-  for (size_t slot = pickers_.size(); open == nullptr && slot-- > 1;) open = pickers_[slot].get();
-  if (open == nullptr) return pick_.end();
-  open->pickCompleted();
+  const auto open = std::ranges::find_if(pickers_, [](const auto& slot) { return slot != nullptr; });
+  if (open == pickers_.end()) return pick_.end();
+  (*open)->pickCompleted();
 }
 
 }  // namespace kiv

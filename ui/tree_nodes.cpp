@@ -109,19 +109,4 @@ int nodeImage(const Node& node) {
   return isRuleSection(node.section) ? 11 : 14;
 }
 
-std::vector<std::wstring> valuesOfText(std::wstring_view text) {
-  std::vector<std::wstring> values;
-  for (size_t at = 0; at < text.size();) {
-    const size_t open = text.find_first_of(L"<（", at);
-    if (open == text.npos) break;
-    const size_t close = text.find(text[open] == L'<' ? L'>' : L'）', open + 1);
-    if (close == text.npos) break;
-    for (std::wstring& value : splitFields(text.substr(open + 1, close - open - 1))) {
-      values.push_back(std::move(value));
-    }
-    at = close + 1;
-  }
-  return values;
-}
-
 }  // namespace kiv

@@ -16,9 +16,6 @@ enum class Sense { kNone = 0, kEqual = 1, kInverted = 2 };
 
 class ItemTag {
  public:
-  // A field given this value stays as it is; the kind stays when it is given -1.
-  static constexpr std::uint32_t kKeep = 0xFFFFFFFF;
-
   constexpr ItemTag() = default;
   constexpr explicit ItemTag(std::uint32_t value) : value_(value) {}
 
@@ -30,31 +27,19 @@ class ItemTag {
   constexpr int kind() const { return static_cast<int>(field(0, 0xFF)); }
 
   // Only the low bits of a value that fit into its field are kept.
-  constexpr void set(std::uint32_t section, std::uint32_t level, std::uint32_t role, std::uint32_t sense,
-                     int kind) {
-    setField(section, 24, 0xFF);
-    setField(level, 16, 0xFF);
-    setField(role, 12, 0xF);
-    setField(sense, 8, 0xF);
-    setField(static_cast<std::uint32_t>(kind), 0, 0xFF);
-  }
-  constexpr void setSense(Sense sense) { setField(static_cast<std::uint32_t>(sense), 8, 0xF); }
-
   static constexpr ItemTag pack(int section, Level level, Role role = Role::kNone, Sense sense = Sense::kNone,
                                 int kind = 0) {
-    ItemTag tag;
-    tag.set(static_cast<std::uint32_t>(section), static_cast<std::uint32_t>(level),
-            static_cast<std::uint32_t>(role), static_cast<std::uint32_t>(sense), kind);
-    return tag;
+    return ItemTag(bits(section, 24, 0xFF) | bits(static_cast<int>(level), 16, 0xFF) |
+                   bits(static_cast<int>(role), 12, 0xF) | bits(static_cast<int>(sense), 8, 0xF) |
+                   bits(kind, 0, 0xFF));
   }
 
   constexpr bool operator==(const ItemTag&) const = default;
 
  private:
   constexpr std::uint32_t field(int shift, std::uint32_t mask) const { return (value_ >> shift) & mask; }
-  constexpr void setField(std::uint32_t value, int shift, std::uint32_t mask) {
-    if (value == kKeep) return;
-    value_ = (value_ & ~(mask << shift)) | ((value & mask) << shift);
+  static constexpr std::uint32_t bits(int value, int shift, std::uint32_t mask) {
+    return (static_cast<std::uint32_t>(value) & mask) << shift;
   }
 
   std::uint32_t value_ = 0;
@@ -73,9 +58,5 @@ std::wstring nodeText(const Specification& specification, const Node& node);
 
 // 0 root, 1 to 10 sections, 11 setting, 12 condition, 13 result, 14 list entry.
 int nodeImage(const Node& node);
-
-// What stands between "<" and ">" and between "（" and "）", in the order of the text, cut at commas and
-// trimmed.
-std::vector<std::wstring> valuesOfText(std::wstring_view text);
 
 }  // namespace kiv

@@ -29,12 +29,18 @@ int ExternalFunctions::invoke(const resbuf* call, resbuf** result) {
   ResultChain arguments;
   for (const resbuf* each = call->rbnext; each != nullptr; each = each->rbnext) arguments.copy(*each);
   calls_.push_back({arguments.release(), nullptr});
-  function();
+  bool hasReturned = true;
+  try {
+    function();
+  } catch (...) {  // the callers are functions of C
+    hasReturned = false;
+  }
   const Call ended = calls_.back();
   calls_.pop_back();
   acutRelRb(ended.arguments);
-  *result = ended.result;
-  return RTNORM;
+  if (hasReturned) *result = ended.result;
+  if (!hasReturned) acutRelRb(ended.result);
+  return hasReturned ? RTNORM : RTERROR;
 }
 
 bool ExternalFunctions::isArguments(const resbuf* list) const {

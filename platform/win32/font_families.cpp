@@ -4,18 +4,22 @@
 
 #include <algorithm>
 
+#include "platform/host_output.h"
+
 namespace kiv {
 namespace {
 
 // A family comes once for each character set that it has.
 int CALLBACK keepFamily(const LOGFONTW* font, const TEXTMETRICW*, DWORD type, LPARAM context) {
-  auto& families = *reinterpret_cast<std::vector<FontFamily>*>(context);
-  const auto& face = *reinterpret_cast<const ENUMLOGFONTEXW*>(font);
-  const std::wstring name = font->lfFaceName;
-  if ((type & TRUETYPE_FONTTYPE) != 0 && !name.empty() &&
-      std::ranges::find(families, name, &FontFamily::name) == families.end())
-    families.push_back({name, face.elfStyle});
-  return TRUE;
+  return guarded(FALSE, [&] {
+    auto& families = *reinterpret_cast<std::vector<FontFamily>*>(context);
+    const auto& face = *reinterpret_cast<const ENUMLOGFONTEXW*>(font);
+    const std::wstring name = font->lfFaceName;
+    if ((type & TRUETYPE_FONTTYPE) != 0 && !name.empty() &&
+        std::ranges::find(families, name, &FontFamily::name) == families.end())
+      families.push_back({name, face.elfStyle});
+    return TRUE;
+  });
 }
 
 }  // namespace
