@@ -209,6 +209,7 @@ class Gallery {
       kiv::user::chooseEntry(picker, IDC_FONT_MAIN, 0);
       kiv::user::click(picker, IDC_FONT_USE_BIG);
       kiv::user::chooseEntry(picker, IDC_FONT_SECOND, 0);
+    });
     takePickerOf(section(4), IDC_ADD_ENTRY, "dimension", [](DialogWindow& picker) {
       kiv::user::chooseEntry(picker, IDC_DIMENSION_VARIABLE, 11);
       kiv::user::type(picker, IDC_DIMENSION_VALUE, L"2.5");
