@@ -199,7 +199,7 @@ class Gallery {
     takePickerOf(section(8), IDC_ADD_ENTRY, "font-truetype", [](DialogWindow& picker) {
       kiv::user::type(picker, IDC_FONT_STYLE, L"注記");
       const std::vector<std::wstring> faces = picker.combo(IDC_FONT_MAIN).entries();
-      const auto face = std::find(faces.begin(), faces.end(), L"IPAPGothic");
+      const auto face = std::find(faces.begin(), faces.end(), L"Tahoma");
       if (face != faces.end())
         kiv::user::chooseEntry(picker, IDC_FONT_MAIN, static_cast<int>(face - faces.begin()));
     });
