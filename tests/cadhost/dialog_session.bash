@@ -53,13 +53,13 @@ click() {
   place=$(ask_probe control "$1" "$2") || fail "no control $2 in '$1'"
   # shellcheck disable=SC2086
   xdotool mousemove $place
-  sleep 0.1
+  sleep 0.05
   xdotool click 1
-  sleep 0.3
+  sleep 0.1
 }
 keys() {
-  xdotool key --delay 60 "$@"
-  sleep 0.3
+  xdotool key --delay 30 "$@"
+  sleep 0.1
 }
 typed() {
   xdotool type --delay 30 -- "$1"
@@ -76,10 +76,10 @@ closed() { ask_probe gone "$1" || fail "'$1' stays open"; }
 fills() {
   local delay
   click "$1" "$2"
-  for delay in 40 120 300; do
+  for delay in 20 80 300; do
     xdotool key ctrl+a
     xdotool type --delay "$delay" -- "$3"
-    sleep 0.2
+    sleep 0.1
     if [[ $(ask_probe text "$1" "$2") == "$3" ]]; then return 0; fi
   done
   fail "'$3' cannot be typed into control $2 of '$1'"
