@@ -4,6 +4,7 @@
 #include <array>
 #include <iterator>
 #include <set>
+#include <utility>
 
 namespace kivcli {
 namespace {
@@ -13,11 +14,12 @@ using base::Result;
 using base::Status;
 
 Status setFormat(Arguments& arguments, const std::wstring& value) {
-  if (value == L"dwg" || value == L"dxf" || value == L"dwt") {
-    arguments.format = base::saveFormatOf(L"." + value);
-    return {};
-  }
-  return Failure{L"--format " + value, L"the format is dxf, dwg or dwt"};
+  constexpr std::pair<std::wstring_view, SaveFormat> kWords[] = {
+      {L"dwg", SaveFormat::kDwg}, {L"dxf", SaveFormat::kDxf}, {L"dwt", SaveFormat::kDwt}};
+  const auto word = std::ranges::find(kWords, value, &std::pair<std::wstring_view, SaveFormat>::first);
+  if (word == std::end(kWords)) return Failure{L"--format " + value, L"the format is dxf, dwg or dwt"};
+  arguments.format = word->second;
+  return {};
 }
 
 Status setBlockScope(Arguments& arguments, const std::wstring& value) {

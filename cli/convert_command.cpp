@@ -51,7 +51,8 @@ struct Undone {
 // Everything that is wrong for all drawings is found before the first one is opened.
 base::Status prepare(Session& session, const Arguments& arguments, Undone& undone) {
   const std::wstring specification = base::fullPath(arguments.specification);
-  session.lookBeside(specification);
+  // Files that it names are found beside it first.
+  session.host().setSupportPath(cad::usualSupportPath(base::pathFromText(specification).parent_path()));
   const KivSpecificationReport report = session.checkSpecification(specification);
   if (!reportSpecification(arguments.specification, report)) {
     return base::Failure{L"", L"nothing was converted; `kivcvt check` tells more about the CVT file"};

@@ -1,5 +1,7 @@
 #include "cli/drawing_conversion.h"
 
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "base/files.h"
@@ -123,7 +125,8 @@ Status DrawingConversion::checkEnd(const PlannedDrawing& drawing) {
     return Failure{L"",
                    L"not saved: " + base::pathText(drawing.target) + L": " + save->status.failure().reason};
   }
-  if (report_.savedPath[0] == L'\0') {
+  std::error_code error;
+  if (report_.savedPath[0] == L'\0' || !std::filesystem::exists(drawing.target, error)) {
     return Failure{L"", L"not saved: " + base::pathText(drawing.target) + L" is not there after saving"};
   }
   return {};

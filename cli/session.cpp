@@ -29,10 +29,6 @@ Session::Session(cad::Host& host) : host_(host) {
   host_.start();
 }
 
-void Session::lookBeside(const std::wstring& specification) {
-  host_.setSupportPath(cad::usualSupportPath(base::pathFromText(specification).parent_path()));
-}
-
 Session::~Session() {
   host_.stop();
   host_.setOutput({});

@@ -20,10 +20,6 @@ class Session {
 
   cad::Host& host() { return host_; }
 
-  // Files that the specification (a full path) names are found beside it, then on the rest of the support
-  // path.
-  void lookBeside(const std::wstring& specification);
-
   // The module's automation entry; what a report points to is the module's, until the next call of its kind.
   bool setConversion(const KivConversion& conversion) { return setConversion_(&conversion) != 0; }
   KivRunReport lastRunReport();

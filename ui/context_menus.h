@@ -9,7 +9,7 @@ namespace kiv {
 // Empty for the root and for a node that does not exist. Items that cannot apply to the node are greyed.
 Menu contextMenu(const Specification& specification, const Node& node);
 
-// False where the command would be refused, find nothing to work on, or needs a picker that is not there;
+// False where the command would be refused or find nothing to work on;
 // for an item kind also where a conversion would not heed it.
 bool canApply(const Specification& specification, const Node& node, int command);
 
