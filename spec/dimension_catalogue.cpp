@@ -99,8 +99,10 @@ constexpr auto kCatalogue = [] {
   }
   return variables;
 }();
-static_assert(std::ranges::all_of(kCatalogue, [](const DimensionVariable& variable) {
-  return variable.info != nullptr && variable.info->isOffered();
+static_assert(std::ranges::all_of(kRows, [](const Row& row) {
+  return std::ranges::any_of(base::kDimVariables, [&row](const base::DimVariableInfo& info) {
+    return info.name == row.name && info.isOffered();
+  });
 }));
 
 }  // namespace
