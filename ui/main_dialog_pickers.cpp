@@ -1,5 +1,6 @@
 // The main dialog's pickers: adding and editing items and entries.
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/questions.h"
