@@ -13,8 +13,6 @@ namespace {
 
 constexpr int kFirstColor = 1;
 
-COLORREF toColorRef(cad::Rgb color) { return RGB(color >> 16 & 0xFF, color >> 8 & 0xFF, color & 0xFF); }
-
 void fill(HDC dc, const RECT& place, COLORREF color) {
   const HBRUSH brush = CreateSolidBrush(color);
   FillRect(dc, &place, brush);

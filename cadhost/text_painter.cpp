@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "cadhost/window_support.h"
+
 namespace cadhost {
 namespace {
 
@@ -23,8 +25,6 @@ double measureCapital(HDC dc) {
   const DWORD size = GetGlyphOutlineW(dc, L'H', GGO_METRICS, &metrics, 0, nullptr, &identity);
   return size == GDI_ERROR ? 0 : metrics.gmBlackBoxY;
 }
-
-COLORREF toColorRef(Rgb color) { return RGB(color >> 16 & 0xFF, color >> 8 & 0xFF, color & 0xFF); }
 
 }  // namespace
 

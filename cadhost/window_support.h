@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "embedded/graphics/palette.h"
+
 namespace cadhost {
 
 // Registers a class whose windows have `Object* ` as creation parameter; its messages go to
@@ -50,6 +52,10 @@ inline HFONT makeFont(HWND window, const wchar_t* face, int pointsTimesTen) {
   const int height = -MulDiv(pointsTimesTen, static_cast<int>(GetDpiForWindow(window)), 720);
   return CreateFontW(height, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, SHIFTJIS_CHARSET, OUT_DEFAULT_PRECIS,
                      CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH | FF_DONTCARE, face);
+}
+
+inline COLORREF toColorRef(cad::Rgb color) {
+  return RGB(color >> 16 & 0xFF, color >> 8 & 0xFF, color & 0xFF);
 }
 
 inline std::wstring windowText(HWND window) {

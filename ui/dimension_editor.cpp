@@ -62,7 +62,7 @@ void CSelDim::listArrowsAndBlocks() {
   for (const ArrowName& arrow : arrowCatalogue()) window().combo(IDC_DIMENSION_ARROW).add(arrowText(arrow));
   std::vector<std::wstring> blocks = blockChoices();
   addMissing(blocks, owner().namesInSection(kArrowSection));
-  for (const std::wstring& block : blocks) window().combo(IDC_DIMENSION_BLOCK).add(block);
+  addEntries(window().combo(IDC_DIMENSION_BLOCK), blocks);
 }
 
 void CSelDim::showPresent() {

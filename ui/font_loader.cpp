@@ -66,8 +66,8 @@ void CSelFont::fillLists() {
     window().setText(id, L"");
   }
   if (isShapes) {
-    for (const std::wstring& file : shapeFonts_.ordinary) window().combo(IDC_FONT_MAIN).add(file);
-    for (const std::wstring& file : shapeFonts_.big) window().combo(IDC_FONT_SECOND).add(file);
+    addEntries(window().combo(IDC_FONT_MAIN), shapeFonts_.ordinary);
+    addEntries(window().combo(IDC_FONT_SECOND), shapeFonts_.big);
   } else {
     for (const FontFamily& family : families_) window().combo(IDC_FONT_MAIN).add(family.name);
   }

@@ -1,6 +1,5 @@
 #include "ui/item_pickers.h"
 
-#include <map>
 #include <span>
 
 #include "spec/item_kinds.h"
@@ -14,6 +13,9 @@
 namespace kiv {
 namespace {
 
+using MakePicker = std::unique_ptr<CSelBase> (*)(PickerOwner& owner, PickHandOver& pick,
+                                                 const PickerRequest& request);
+
 template <class Picker>
 std::unique_ptr<CSelBase> make(PickerOwner& owner, PickHandOver& pick, const PickerRequest& request) {
   return std::make_unique<Picker>(owner, pick, request);
@@ -23,11 +25,6 @@ struct PickerOfKind {
   int kind;
   MakePicker make;
 };
-
-std::map<int, MakePicker>& overrides() {
-  static std::map<int, MakePicker> pickers;
-  return pickers;
-}
 
 // Kinds with a picker of their own, each a row. Other items are plain values.
 std::span<const PickerOfKind> ownPickers() {
@@ -43,7 +40,6 @@ std::span<const PickerOfKind> ownPickers() {
 }
 
 MakePicker pickerOf(int kind) {
-  if (const auto found = overrides().find(kind); found != overrides().end()) return found->second;
   for (const PickerOfKind& own : ownPickers())
     if (own.kind == kind) return own.make;
   return itemKind(kind) != nullptr ? &make<CSelDlg> : nullptr;
@@ -54,14 +50,6 @@ MakePicker pickerOf(int kind) {
 std::unique_ptr<CSelBase> makePicker(PickerOwner& owner, PickHandOver& pick, const PickerRequest& request) {
   const MakePicker maker = pickerOf(request.present.kind);
   return maker == nullptr ? nullptr : maker(owner, pick, request);
-}
-
-void overridePicker(int kind, MakePicker make) {
-  if (make == nullptr) {
-    overrides().erase(kind);
-  } else {
-    overrides()[kind] = make;
-  }
 }
 
 }  // namespace kiv

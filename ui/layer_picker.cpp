@@ -45,10 +45,6 @@ const StateButton* stateButton(int id) {
   return found == std::end(kStates) ? nullptr : found;
 }
 
-void fill(ComboBox& combo, const std::vector<std::wstring>& entries) {
-  for (const std::wstring& entry : entries) combo.add(entry);
-}
-
 // A picked value of a layer has its label before it: "表示 ON".
 std::wstring withoutLabel(const std::wstring& labelled) { return labelled.substr(labelled.find(L' ') + 1); }
 
@@ -73,11 +69,11 @@ void CSelLay::fillLists() {
   const auto offered = [](int kind, const std::vector<std::wstring>& used = {}) {
     return offeredValues(kind, kLayerSettingSection, used, {});
   };
-  fill(window().combo(IDC_LAYER_COLOR), offered(kColorKind));
-  fill(window().combo(IDC_LAYER_LINETYPE),
-       offered(kLinetypeKind, owner().namesInSection(sectionOfNames(kLinetypeKind))));
-  fill(window().combo(IDC_LAYER_LINEWEIGHT), offered(kLineweightKind));
-  fill(window().combo(IDC_LAYER_TRANSPARENCY), percentChoices());
+  addEntries(window().combo(IDC_LAYER_COLOR), offered(kColorKind));
+  addEntries(window().combo(IDC_LAYER_LINETYPE),
+             offered(kLinetypeKind, owner().namesInSection(sectionOfNames(kLinetypeKind))));
+  addEntries(window().combo(IDC_LAYER_LINEWEIGHT), offered(kLineweightKind));
+  addEntries(window().combo(IDC_LAYER_TRANSPARENCY), percentChoices());
 }
 
 void CSelLay::show(const std::vector<std::wstring>& values) {

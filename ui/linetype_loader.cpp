@@ -14,7 +14,7 @@ CSelLine::CSelLine(PickerOwner& owner, PickHandOver& pick, PickerRequest request
 void CSelLine::onInit() {
   const int width = columnsWidth(window(), IDC_LINETYPE_LIST);
   window().list(IDC_LINETYPE_LIST).setColumns({{L"線種名", width / 3}, {L"説明", width * 2 / 3}});
-  for (const std::wstring& path : linetypeFiles()) window().combo(IDC_LINETYPE_FILE).add(path);
+  addEntries(window().combo(IDC_LINETYPE_FILE), linetypeFiles());
   if (content_.fields.size() >= 2) {
     showFile(content_.fields[1]);
     selectLinetype(content_.fields[0]);

@@ -123,9 +123,9 @@ class CCnvDlg : public Dialog, private PickerOwner {
   bool isDefault_ = false;  // the specification is to be the one to start with
   ConversionOptions options_;
   Closing closing_ = Closing::kCancelled;
-  Node target_;                                                  // what the open picker's content is for
-  std::array<std::unique_ptr<CSelBase>, kPickerSlots> pickers_;  // by PickerSlot
-  std::unique_ptr<CSelBase> releasedPicker_;                     // the last one that went; without a window
+  Node target_;  // what the open picker's content is for
+  std::array<std::unique_ptr<CSelBase>, static_cast<size_t>(PickerSlot::kCount)> pickers_;
+  std::unique_ptr<CSelBase> releasedPicker_;  // the last one that went; without a window
 };
 
 }  // namespace kiv

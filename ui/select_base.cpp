@@ -9,7 +9,7 @@
 namespace kiv {
 
 Rect& lastPickerPlace(PickerSlot slot) {
-  static std::array<Rect, kPickerSlots> places;
+  static std::array<Rect, static_cast<size_t>(PickerSlot::kCount)> places;
   return places[static_cast<size_t>(slot)];
 }
 
@@ -17,6 +17,10 @@ int columnsWidth(DialogWindow& window, int list) {
   constexpr int kFrameAndBar = 24;  // at 96 DPI
   const Rect place = window.placeOf(list);
   return place.right - place.left - scaled(kFrameAndBar);
+}
+
+void addEntries(ComboBox& combo, const std::vector<std::wstring>& entries) {
+  for (const std::wstring& entry : entries) combo.add(entry);
 }
 
 void chooseOrType(DialogWindow& window, int combo, const std::wstring& text) {

@@ -16,8 +16,7 @@
 namespace kiv {
 
 // The main dialog has a slot for each picker; an occupied one takes no second picker.
-enum class PickerSlot { kValue, kLayer, kLinetype, kFont, kDimension, kArrow };
-inline constexpr int kPickerSlots = 6;
+enum class PickerSlot { kValue, kLayer, kLinetype, kFont, kDimension, kArrow, kCount };
 
 // What a picker needs of the dialog that opened it. Outlives its pickers.
 class PickerOwner {
@@ -29,7 +28,8 @@ class PickerOwner {
   virtual bool take(const NodeContent& content) = 0;
   // Names that the specification already uses: the first value of each entry of a list section, in order.
   virtual std::vector<std::wstring> namesInSection(int section) const = 0;
-  // The slot is empty from now on, and the picker deleted. Called by the picker as the last thing it does.
+  // The slot is empty from now on. The picker, which calls this as the last thing that it does with its
+  // window, lives until the next one goes.
   virtual void releasePicker(PickerSlot slot) = 0;
 };
 
@@ -57,6 +57,8 @@ struct PickHandOver {
 // Where the last picker of the slot stood when it was closed; the next one opens with its corner there unless
 // this is empty. Kept as long as the process lives.
 Rect& lastPickerPlace(PickerSlot slot);
+
+void addEntries(ComboBox& combo, const std::vector<std::wstring>& entries);
 
 // Selects the entry of a combo box that equals the text exactly, else puts the text into its field.
 void chooseOrType(DialogWindow& window, int combo, const std::wstring& text);

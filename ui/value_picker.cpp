@@ -41,9 +41,7 @@ void CSelDlg::fillChoices() {
   if (section != 0) used = owner().namesInSection(section);
   ComboBox& combo = window().combo(IDC_VALUE_COMBO);
   combo.clear();
-  for (const std::wstring& value :
-       offeredValues(request_.present.kind, request_.section, used, request_.listFolder))
-    combo.add(value);
+  addEntries(combo, offeredValues(request_.present.kind, request_.section, used, request_.listFolder));
 }
 
 void CSelDlg::onEdited(int id) {

@@ -1,7 +1,6 @@
 // Adding and editing items and entries through the pickers.
 
 #include "spec/cvt_writer.h"
-#include "tests/ui/fields_picker.h"
 #include "tests/ui/main_dialog_fixture.h"
 
 namespace kiv::testing {
@@ -117,69 +116,6 @@ TEST_F(MainDialog, EditingKeepsPlaceRoleAndSense) {
   EXPECT_EQ(picker()->text(IDC_VALUE_COMBO), L"256:BYLAYER");
   user_.click(*picker(), IDCANCEL);
   EXPECT_EQ(selectedText(), L"<色> を <256:BYLAYER> に変更する");
-}
-
-struct ListEntry {
-  const wchar_t* section;
-  const wchar_t* added;  // the fields
-  const wchar_t* text;
-  const wchar_t* edited;
-  const wchar_t* line;  // in the file
-  const wchar_t* reloaded;
-};
-
-TEST_F(MainDialog, EntriesAreAddedEditedAndSaved) {
-  const test::FieldsPickers standIns;
-  const ListEntry entries[] = {
-      {L"寸法設定", L"DIMASZ|3", L"<DIMASZ> を <3> に変更する", L"DIMTXT|2.5", L"DIMTXT, 2.5",
-       L"<DIMTXT> を <2.5> に設定"},
-      {L"画層の作成", L"A|7:白|CONTINUOUS|ON|OFF|OFF|ON|Default|0",
-       L"<A> を <7:白, CONTINUOUS,表示 ON,ロック OFF,フリーズ OFF,印刷 ON,線幅値 Default,透過性 0> で作成",
-       L"B|1:赤|HIDDEN|OFF|ON|ON|OFF|0.25 mm|30", L"B, 1, HIDDEN,OFF,ON,ON,OFF,0.25 mm,30",
-       L"<B> 画層を <1:赤, HIDDEN,OFF,ON,ON,OFF,0.25 MM,30> で作成"},
-      {L"線種のﾛｰﾄﾞ", L"DASHED|A.LIN", L"<DASHED> をﾛｰﾄﾞ（A.LIN）", L"DOT|B.LIN", L"B.LIN, DOT",
-       L"<DOT> を <B.LIN> からﾛｰﾄﾞ"},
-      {L"字体のﾛｰﾄﾞ", L"NOTES|MS Gothic", L"<NOTES> を作成 （MS Gothic）", L"NOTES|txt.shx|extfont.shx",
-       L"NOTES, txt.shx, extfont.shx", L"<NOTES> を <TXT.SHX, EXTFONT.SHX> で設定"},
-      {L"矢印のﾛｰﾄﾞ", L"_DOT", L"<_DOT>", L"_OPEN", L"_OPEN", L"<_OPEN> をﾛｰﾄﾞ"},
-  };
-  open();
-  for (const ListEntry& entry : entries) {
-    give({entry.section}, IDC_ADD_ENTRY, entry.added);
-    EXPECT_EQ(rows({entry.section}), Texts{entry.text});
-    EXPECT_EQ(selectedText(), entry.section);
-    // The button and a double click open the picker with what is there.
-    user_.doubleClickItem(window(), IDC_MAIN_TREE, item({entry.section, entry.text}));
-    ASSERT_NE(picker(), nullptr);
-    EXPECT_EQ(picker()->text(IDC_VALUE_COMBO), entry.added);
-    user_.click(*picker(), IDCANCEL);
-    click(IDC_MAIN_EDIT);
-    ASSERT_NE(picker(), nullptr);
-    user_.type(*picker(), IDC_VALUE_COMBO, entry.edited);
-    user_.click(*picker(), IDOK);
-    // What no line of a file can hold is refused, and nothing typed is lost.
-    click(IDC_MAIN_EDIT);
-    for (const wchar_t* bad : {L"", L"A,B|C", L"A| ", L"|B"}) {
-      user_.type(*picker(), IDC_VALUE_COMBO, bad);
-      user_.answersMessage(told(kCannotBeKept), Answer::kOk);
-      user_.click(*picker(), IDOK);
-      ASSERT_NE(picker(), nullptr) << bad;
-      EXPECT_EQ(picker()->text(IDC_VALUE_COMBO), bad);
-    }
-    user_.click(*picker(), IDCANCEL);
-    // On a section the button adds.
-    select({entry.section});
-    click(IDC_MAIN_EDIT);
-    EXPECT_EQ(picker()->text(IDC_VALUE_COMBO), L"");
-    user_.click(*picker(), IDCANCEL);
-  }
-  save(L"lists", L"");
-  for (const ListEntry& entry : entries) {
-    const std::string line = base::encode(entry.line, base::kJapanese).bytes + "\r\n---End---";
-    EXPECT_NE(bytes(L"lists.cvt").find(line), std::string::npos) << line;
-  }
-  load(L"lists.cvt");
-  for (const ListEntry& entry : entries) EXPECT_EQ(rows({entry.section}), Texts{entry.reloaded});
 }
 
 TEST_F(MainDialog, ThePickerTakesTheDialogsInput) {
