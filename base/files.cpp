@@ -1,6 +1,8 @@
 #include "base/files.h"
 
+#include <fstream>
 #include <system_error>
+#include <utility>
 
 #include "base/codepage.h"
 #include "base/fold.h"
@@ -29,6 +31,27 @@ Status writeFileAtomically(const std::filesystem::path& target, std::string_view
   if (!file.ok()) return file.failure();
   file.value()->write(bytes);
   return file.value()->commit();
+}
+
+std::string readBeginning(const std::filesystem::path& path, std::size_t length) {
+  std::ifstream file(path, std::ios::binary);
+  std::string bytes(length, '\0');
+  file.read(bytes.data(), static_cast<std::streamsize>(length));
+  bytes.resize(static_cast<std::size_t>(file.gcount()));
+  return bytes;
+}
+
+std::vector<std::wstring> filesWithExtension(std::wstring_view folder, std::wstring_view extension) {
+  std::vector<std::wstring> names;
+  std::error_code error;
+  const std::filesystem::path listed = folder.empty() ? std::filesystem::path(".") : pathFromText(folder);
+  for (std::filesystem::directory_iterator entry(listed, error), end; !error && entry != end;
+       entry.increment(error)) {
+    std::wstring name = pathText(entry->path().filename());
+    std::error_code ignored;
+    if (endsWithFolded(name, extension) && !entry->is_directory(ignored)) names.push_back(std::move(name));
+  }
+  return names;
 }
 
 std::filesystem::path findIgnoringCase(const std::filesystem::path& folder, std::wstring_view name) {

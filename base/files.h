@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/result.h"
 
@@ -17,6 +18,9 @@ std::filesystem::path pathFromText(std::wstring_view text);
 
 // The whole content. Failures: missing, a folder, no permission, read error; `place` is the path.
 Result<std::string> readFile(const std::filesystem::path& path);
+
+// The first bytes, at most `length`; none of a file that cannot be read.
+std::string readBeginning(const std::filesystem::path& path, std::size_t length);
 
 // A file's bytes, read-only, valid as long as the object lives. The bytes stay those of the moment of
 // opening even when the file is replaced by a rename. When it is written to in place instead, they may
@@ -46,6 +50,10 @@ Status writeFileAtomically(const std::filesystem::path& target, std::string_view
 
 // A file that is not there any more counts as removed; a write-protected one and a folder are refused.
 Status removeFile(const std::filesystem::path& path);
+
+// The names in `folder` that end in `extension` (with its dot), ignoring case, in the order in which the
+// system gives them; none when the folder does not exist. An empty folder is the current one.
+std::vector<std::wstring> filesWithExtension(std::wstring_view folder, std::wstring_view extension);
 
 // Finds `name` in `folder` ignoring case, as Windows does; an exact match wins. Empty when absent.
 std::filesystem::path findIgnoringCase(const std::filesystem::path& folder, std::wstring_view name);

@@ -2,13 +2,13 @@
 
 #include <utility>
 
+#include "base/files.h"
 #include "base/paths.h"
 #include "platform/paths.h"
 #include "platform/questions.h"
 #include "spec/arrow_catalogue.h"
 #include "spec/configuration.h"
 #include "ui/resource.h"
-#include "ui/specification_files.h"
 
 namespace kiv {
 namespace {
@@ -61,7 +61,7 @@ void CSelArw::listFiles() {
   ListView& list = window().list(IDC_ARROW_LIST);
   list.clear();
   if (folder_.empty()) return;
-  for (const std::wstring& name : filesWithExtension(folder_, L".DWG")) list.addRow({name});
+  for (const std::wstring& name : base::filesWithExtension(folder_, L".DWG")) list.addRow({name});
 }
 
 void CSelArw::selectFile(const std::wstring& name) {

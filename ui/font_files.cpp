@@ -1,32 +1,24 @@
 #include "ui/font_files.h"
 
 #include <algorithm>
-#include <fstream>
 
 #include "base/files.h"
 #include "platform/paths.h"
-#include "ui/specification_files.h"
 
 namespace kiv {
 namespace {
 
 constexpr std::size_t kLongestLine = 255;
 
-std::string beginningOf(const std::wstring& path) {
-  std::ifstream file(base::pathFromText(path), std::ios::binary);
-  std::string bytes(kLongestLine, '\0');
-  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  bytes.resize(static_cast<std::size_t>(file.gcount()));
-  return bytes;
-}
-
 }  // namespace
 
 ShapeFonts shapeFonts() {
   ShapeFonts fonts;
   for (const std::wstring& folder : supportFolders()) {
-    for (std::wstring& name : filesWithExtension(folder, L".SHX")) {
-      std::vector<std::wstring>& list = isBigFont(beginningOf(folder + name)) ? fonts.big : fonts.ordinary;
+    for (std::wstring& name : base::filesWithExtension(folder, L".SHX")) {
+      std::vector<std::wstring>& list =
+          isBigFont(base::readBeginning(base::pathFromText(folder + name), kLongestLine)) ? fonts.big
+                                                                                          : fonts.ordinary;
       if (std::ranges::find(list, name) == list.end()) list.push_back(std::move(name));
     }
   }

@@ -1,11 +1,8 @@
 #include "ui/linetype_files.h"
 
-#include <fstream>
-
 #include "base/files.h"
 #include "base/text_files.h"
 #include "platform/paths.h"
-#include "ui/specification_files.h"
 
 namespace kiv {
 namespace {
@@ -41,7 +38,7 @@ std::wstring shownHeader(std::wstring_view line) {
 std::vector<std::wstring> linetypeFiles() {
   std::vector<std::wstring> files;
   for (const std::wstring& folder : supportFolders()) {
-    for (const std::wstring& name : filesWithExtension(folder, L".LIN")) files.push_back(folder + name);
+    for (const std::wstring& name : base::filesWithExtension(folder, L".LIN")) files.push_back(folder + name);
   }
   return files;
 }
@@ -65,11 +62,7 @@ std::vector<LinetypeHeader> linetypeHeaders(std::string_view bytes) {
 std::vector<LinetypeHeader> readLinetypeHeaders(const std::wstring& path) {
   const std::optional<std::wstring> found = path.empty() ? std::nullopt : findHostFile(path);
   if (!found) return {};
-  std::ifstream file(base::pathFromText(*found), std::ios::binary);
-  std::string bytes(kReadBytes, '\0');
-  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  bytes.resize(static_cast<size_t>(file.gcount()));
-  return linetypeHeaders(bytes);
+  return linetypeHeaders(base::readBeginning(base::pathFromText(*found), kReadBytes));
 }
 
 }  // namespace kiv

@@ -1,7 +1,6 @@
 #include "ui/specification_files.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include "base/files.h"
 #include "base/fold.h"
@@ -9,8 +8,6 @@
 
 namespace kiv {
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr std::wstring_view kExtension = L".cvt";
 
@@ -24,22 +21,9 @@ std::wstring remarkOf(std::wstring_view folder, const std::wstring& name) {
 
 }  // namespace
 
-std::vector<std::wstring> filesWithExtension(std::wstring_view folder, std::wstring_view extension) {
-  std::vector<std::wstring> names;
-  std::error_code error;
-  const fs::path listed = folder.empty() ? fs::path(".") : base::pathFromText(folder);
-  for (fs::directory_iterator entry(listed, error), end; !error && entry != end; entry.increment(error)) {
-    std::wstring name = base::pathText(entry->path().filename());
-    std::error_code ignored;
-    if (base::endsWithFolded(name, extension) && !entry->is_directory(ignored))
-      names.push_back(std::move(name));
-  }
-  return names;
-}
-
 std::vector<SpecificationFile> specificationFiles(std::wstring_view folder) {
   std::vector<SpecificationFile> files;
-  for (std::wstring& name : filesWithExtension(folder, kExtension)) {
+  for (std::wstring& name : base::filesWithExtension(folder, kExtension)) {
     std::wstring remark = remarkOf(folder, name);
     files.push_back({std::move(name), std::move(remark)});
   }

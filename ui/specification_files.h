@@ -12,10 +12,6 @@ struct SpecificationFile {
   std::wstring remark;  // the file's second line, trimmed; empty when there is none
 };
 
-// The names in `folder` that end in `extension` (with its dot), ignoring case, in the order in which the
-// system gives them; empty when the folder does not exist or names nothing.
-std::vector<std::wstring> filesWithExtension(std::wstring_view folder, std::wstring_view extension);
-
 // The CVT files of the folder. `folder` with its trailing separator; empty: the current one.
 std::vector<SpecificationFile> specificationFiles(std::wstring_view folder);
 

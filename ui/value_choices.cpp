@@ -5,6 +5,7 @@
 #include <iterator>
 #include <memory>
 
+#include "base/files.h"
 #include "base/fold.h"
 #include "base/lineweights.h"
 #include "base/numbers.h"
@@ -13,7 +14,6 @@
 #include "dbsymtb.h"
 #include "platform/settings.h"
 #include "spec/value_forms.h"
-#include "ui/specification_files.h"
 
 namespace kiv {
 namespace {
@@ -119,7 +119,7 @@ Texts blockChoices() {
 }
 
 Texts textListChoices(const ChoiceContext& context) {
-  return filesWithExtension(context.listFolder, L".LIST");
+  return base::filesWithExtension(context.listFolder, L".LIST");
 }
 
 }  // namespace kiv
