@@ -193,7 +193,7 @@ LRESULT DrawingView::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_MBUTTONDOWN:
     case WM_MBUTTONUP:
     case WM_CAPTURECHANGED:
-      return handleMouse(message, wParam, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+      return handleMouse(message, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
     case WM_MBUTTONDBLCLK:
       zoomExtents();
       return 0;
@@ -214,7 +214,7 @@ LRESULT DrawingView::handle(UINT message, WPARAM wParam, LPARAM lParam) {
   return DefWindowProcW(window_, message, wParam, lParam);
 }
 
-LRESULT DrawingView::handleMouse(UINT message, WPARAM, POINT at) {
+LRESULT DrawingView::handleMouse(UINT message, POINT at) {
   switch (message) {
     case WM_MOUSEMOVE:
       pointerMoved(at);

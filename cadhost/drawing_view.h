@@ -53,7 +53,7 @@ class DrawingView {
     bool lossSaid = false;
   };
 
-  LRESULT handleMouse(UINT message, WPARAM wParam, POINT at);
+  LRESULT handleMouse(UINT message, POINT at);
   LRESULT handleKey(UINT message, WPARAM key);
   void handleCharacter(wchar_t c);
   void pointerMoved(POINT at);

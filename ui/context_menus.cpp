@@ -26,10 +26,6 @@ int menuResource(const Specification& specification, const Node& node) {
   }
 }
 
-bool canAdd(const ItemInput& kind, int section, bool asResult) {
-  return hasEffect(kind.kind, section, asResult);
-}
-
 void greyWhatCannotApply(Menu& menu, const Specification& specification, const Node& node) {
   for (MenuItem& item : menu) {
     if (item.id != 0) item.enabled = canApply(specification, node, item.id);
@@ -71,8 +67,10 @@ Menu siblingMenu(const Specification& specification, const Node& item) {
 
 bool canApply(const Specification& specification, const Node& node, int command) {
   if (!specification.exists(node) || node.section == 0) return false;
-  if (const ItemInput* kind = itemInputOfConditionCommand(command)) return canAdd(*kind, node.section, false);
-  if (const ItemInput* kind = itemInputOfResultCommand(command)) return canAdd(*kind, node.section, true);
+  if (const ItemInput* kind = itemInputOfConditionCommand(command))
+    return hasEffect(kind->kind, node.section, false);
+  if (const ItemInput* kind = itemInputOfResultCommand(command))
+    return hasEffect(kind->kind, node.section, true);
   switch (command) {
     case IDC_CLEAR_SETTINGS:
     case IDC_CLEAR_ENTRIES:
