@@ -97,8 +97,8 @@ class CSelBase : public Dialog {
   // The pick button: requestPick() of pickItem(), unless something has to be chosen first.
   virtual void askForPick() { requestPick(pickItem()); }
 
-  // Hides owner and picker and asks the command for a pick, which looks here when its wait for input returns: a
-  // host lets it return after any input to a window of the module. Nothing while a pick is under way.
+  // Hides owner and picker and asks the command for a pick, which looks here when its wait for input returns:
+  // a host lets it return after any input to a window of the module. Nothing while a pick is under way.
   void requestPick(int item, std::wstring variable = {});
   // Remembers the place and goes. Nothing of this object may be touched after the call.
   void close();
