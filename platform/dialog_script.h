@@ -13,7 +13,8 @@ class DialogScript {
  public:
   virtual ~DialogScript() = default;
   virtual Answer answer(const MessageQuestion& question) = 0;
-  virtual std::optional<std::wstring> answer(const FileQuestion& question) = 0;    // empty: cancel
+  virtual std::optional<std::wstring> answer(const FileQuestion& question) = 0;  // empty: cancel
+  virtual std::vector<std::wstring> answer(const FilesQuestion& question) = 0;  // of one folder; none: cancel
   virtual std::optional<std::wstring> answer(const FolderQuestion& question) = 0;  // empty: cancel
   virtual int answer(const Menu& menu) = 0;  // an enabled item's id; 0: leave the menu
   // Called again and again while a modal dialog is open; must end it sooner or later.

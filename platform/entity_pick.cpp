@@ -1,6 +1,5 @@
 #include "platform/entity_pick.h"
 
-#include "platform/host_output.h"
 #include "platform/module_loader.h"
 
 namespace kiv {
@@ -15,16 +14,9 @@ void keepValue(const wchar_t* value, void* context) {
 }  // namespace
 
 std::vector<std::wstring> pickEntity(const std::wstring& prompt, const EntityPick& wanted) {
-  const std::unique_ptr<base::DynamicLibrary> module = loadSibling(kPickModule);
-  if (!module) {
-    printOnCommandLine(L"\n cannot found " + std::wstring(kPickModule) + L".");
-    return {};
-  }
-  const auto pick = module->function<PickEntity*>("dll_kiv_entsel");
-  if (pick == nullptr) {
-    printOnCommandLine(L"\n cannot found dll_kiv_entsel() in " + std::wstring(kPickModule) + L".");
-    return {};
-  }
+  const Sibling module(kPickModule);
+  const auto pick = module.function<PickEntity>("dll_kiv_entsel");
+  if (pick == nullptr) return {};
   std::vector<std::wstring> values;
   const bool isPicked = pick(prompt.c_str(), static_cast<int>(wanted.item), wanted.variable.c_str(),
                              wanted.mask, keepValue, &values) == 1;

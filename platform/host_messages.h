@@ -17,7 +17,9 @@ NativeWindow hostMainWindow();
 void focusHost();
 
 // Types a text at the host's command line, as a copied-data message of kind 1; character 3 cancels what
-// waits for input. Nothing in a host without a window: nobody waits there for a window's sake.
+// waits for input. In a host without a window the text is sent to the current document, and runs when no
+// command is running.
+inline constexpr std::wstring_view kCancelCharacter = L"\x03";
 void typeIntoHost(std::wstring_view text);
 
 }  // namespace kiv

@@ -2,7 +2,9 @@
 
 #include <system_error>
 
+#include "base/codepage.h"
 #include "base/files.h"
+#include "platform/host_output.h"
 
 namespace kiv {
 
@@ -21,6 +23,14 @@ std::unique_ptr<base::DynamicLibrary> loadSibling(const wchar_t* fileName) {
   }
   auto loaded = base::DynamicLibrary::load(file);
   return loaded ? std::move(loaded.value()) : nullptr;
+}
+
+Sibling::Sibling(const wchar_t* fileName) : fileName_(fileName), library_(loadSibling(fileName)) {
+  if (!library_) printOnCommandLine(L"\n cannot found " + std::wstring(fileName) + L".");
+}
+
+void Sibling::sayMissing(const char* name) const {
+  printOnCommandLine(L"\n cannot found " + base::fromUtf8(name) + L"() in " + fileName_ + L".");
 }
 
 }  // namespace kiv

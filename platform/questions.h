@@ -41,6 +41,17 @@ struct FileQuestion {
 // name that no file can have is left out. The process's current folder stays.
 std::optional<std::wstring> chooseFile(NativeWindow owner, const FileQuestion& question);
 
+struct FilesQuestion {
+  std::wstring title;
+  std::vector<std::pair<std::wstring, std::wstring>> filters;  // as of a FileQuestion
+
+  bool operator==(const FilesQuestion&) const = default;
+};
+// Full paths of files that exist, in the chooser's order; none when cancelled, or when the chooser fails,
+// which a message or the command line tells: nothing of a choice is lost that comes back. The process's
+// current folder stays.
+std::vector<std::wstring> chooseFiles(NativeWindow owner, const FilesQuestion& question);
+
 struct FolderQuestion {
   std::wstring title;
   std::wstring start;     // shown as chosen at first when it exists

@@ -2,7 +2,6 @@
 
 #include <cwchar>
 #include <map>
-#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -53,26 +52,14 @@ class Store {
   // Not a static object: it would let a library go while this one is being detached.
   static inline Store* opened = nullptr;
 
-  Store() : module_(loadSibling(kStoreModule)) {
-    if (!module_) {
-      printOnCommandLine(L"\n cannot found " + std::wstring(kStoreModule) + L".");
-      return;
-    }
-    get_ = find<GetCommonSetting*>("dll_kiv_getcfgCmn", L"dll_kiv_getcfgCmn");
-    set_ = find<SetCommonSetting*>("dll_kiv_setcfgCmn", L"dll_kiv_setcfgCmn");
-  }
+  Store()
+      : module_(kStoreModule),
+        get_(module_.function<GetCommonSetting>("dll_kiv_getcfgCmn")),
+        set_(module_.function<SetCommonSetting>("dll_kiv_setcfgCmn")) {}
 
-  template <class Function>
-  Function find(const char* name, const wchar_t* shown) const {
-    const auto function = module_->function<Function>(name);
-    if (!function)
-      printOnCommandLine(L"\n cannot found " + std::wstring(shown) + L"() in " + kStoreModule + L".");
-    return function;
-  }
-
-  std::unique_ptr<base::DynamicLibrary> module_;
-  GetCommonSetting* get_ = nullptr;
-  SetCommonSetting* set_ = nullptr;
+  Sibling module_;
+  GetCommonSetting* get_;
+  SetCommonSetting* set_;
   bool lossSaid_ = false;
 };
 

@@ -16,6 +16,8 @@ inline constexpr const wchar_t* kIgnoreLocksKey = L"MorluxIgnoreLocks";
 inline constexpr const wchar_t* kCreateLogKey = L"MorluxCreateLog";
 inline constexpr const wchar_t* kLogFolderKey = L"MorluxLogOutPath";
 inline constexpr const wchar_t* kLogFileKey = L"MorluxLogOutFile";
+// 0: drawings of a batch are chosen in the system's file chooser; others: in the dialog of a sibling.
+inline constexpr const wchar_t* kFileModeKey = L"KivFileMode";
 
 // Decimal text read by its leading integer; a key that is not kept gives the fallback.
 int readCommonInteger(const wchar_t* key, int fallback);

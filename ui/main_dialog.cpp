@@ -10,11 +10,6 @@
 #include "ui/resource.h"
 
 namespace kiv {
-namespace {
-
-constexpr const wchar_t* kCancelCharacter = L"\x03";
-
-}  // namespace
 
 CCnvDlg::CCnvDlg(Shared shared, HostFileLookup findFile, NativeWindow hostFrame)
     : Dialog(IDD_MAIN),

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "acdocman.h"
 #include "platform/dialog_backend.h"
 #include "platform/dialog_script.h"
 #include "platform/headless/desktop.h"
@@ -62,7 +63,12 @@ NativeWindow hostMainWindow() { return nullptr; }
 
 void focusHost() {}
 
-void typeIntoHost(std::wstring_view) {}
+// There nobody waits for input that could be cancelled.
+void typeIntoHost(std::wstring_view text) {
+  if (text == kCancelCharacter) return;
+  AcApDocManager* const documents = acDocManagerPtr();
+  documents->sendStringToExecute(documents->curDocument(), std::wstring(text).c_str(), true, false, true);
+}
 
 int monitorDpi(void*) { return kReferenceDpi; }
 

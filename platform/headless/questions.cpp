@@ -2,6 +2,8 @@
 
 #include "platform/questions.h"
 
+#include <algorithm>
+
 #include "base/paths.h"
 #include "platform/dialog_script.h"
 #include "platform/headless/desktop.h"
@@ -58,6 +60,15 @@ std::optional<std::wstring> chooseFile(NativeWindow owner, const FileQuestion& q
   const headless::OwnerDisabled disabled(owner);
   const auto answer = dialogScript()->answer(question);
   return answer ? chosenPath(question, *answer) : std::nullopt;
+}
+
+std::vector<std::wstring> chooseFiles(NativeWindow owner, const FilesQuestion& question) {
+  if (!dialogScript()) return {};
+  const headless::OwnerDisabled disabled(owner);
+  std::vector<std::wstring> paths = dialogScript()->answer(question);
+  const bool allExist = std::all_of(paths.begin(), paths.end(),
+                                    [](const std::wstring& path) { return base::fileExists(path); });
+  return allExist ? paths : std::vector<std::wstring>();
 }
 
 std::optional<std::wstring> chooseFolder(NativeWindow owner, const FolderQuestion& question) {

@@ -1,12 +1,13 @@
 #pragma once
-// Types a path into the system's file chooser and confirms it.
+// Types paths into the system's file chooser and confirms them.
 
 #include <windows.h>
 
 // Needs what windows.h declares.
 #include <commdlg.h>
 
-#include <optional>
+#include <string>
+#include <vector>
 
 #include "platform/win32/question_hand.h"
 
@@ -14,16 +15,18 @@ namespace kiv::win32 {
 
 class FileHand final : public QuestionHand {
  public:
-  // Asks for the chooser's classic form, whose controls can be reached. Without a path it is cancelled.
-  FileHand(OPENFILENAMEW& chooser, std::optional<std::wstring> path);
+  // Asks for the chooser's classic form, whose controls can be reached. Without a path it is cancelled;
+  // several are of one folder.
+  FileHand(OPENFILENAMEW& chooser, std::vector<std::wstring> paths);
 
  private:
   bool step() override;
   void giveUp() override;
   std::wstring name() const override;
+  bool confirm(const std::wstring& typed);
 
-  bool confirmed_ = false;
-  std::optional<std::wstring> path_;
+  bool isInFolder_ = false, confirmed_ = false;
+  std::vector<std::wstring> paths_;
 };
 
 }  // namespace kiv::win32

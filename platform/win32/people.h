@@ -31,6 +31,7 @@ class Attendant {
   // Each is called just before the window opens, and the result goes when it has closed.
   virtual std::unique_ptr<Attendance> attend(HWND owner, const MessageQuestion& question) = 0;
   virtual std::unique_ptr<Attendance> attend(OPENFILENAMEW& chooser, const FileQuestion& question) = 0;
+  virtual std::unique_ptr<Attendance> attend(OPENFILENAMEW& chooser, const FilesQuestion& question) = 0;
   virtual std::unique_ptr<Attendance> attend(const FolderQuestion& question) = 0;
   virtual std::unique_ptr<Attendance> attend(HWND owner, HMENU shown, const Menu& menu) = 0;
   virtual std::unique_ptr<Attendance> attend(HWND modalDialog) = 0;

@@ -20,6 +20,11 @@ class ScriptAttendant final : public win32::Attendant {
     return std::make_unique<win32::MessageHand>(owner, question, theScript->answer(question));
   }
   Hand attend(OPENFILENAMEW& chooser, const FileQuestion& question) override {
+    const std::optional<std::wstring> path = theScript->answer(question);
+    return std::make_unique<win32::FileHand>(chooser,
+                                             path ? std::vector{*path} : std::vector<std::wstring>());
+  }
+  Hand attend(OPENFILENAMEW& chooser, const FilesQuestion& question) override {
     return std::make_unique<win32::FileHand>(chooser, theScript->answer(question));
   }
   Hand attend(const FolderQuestion& question) override {

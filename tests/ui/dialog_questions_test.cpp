@@ -31,6 +31,19 @@ TEST_F(FileQuestions, NamesAreCompleted) {
   EXPECT_EQ(chooseFile(nullptr, question), base::pathText(folder_ / "new.LIST"));
 }
 
+TEST_F(FileQuestions, SeveralFilesComeInTheChoosersOrderAndTheCurrentFolderStays) {
+  User person;
+  const std::filesystem::path current = std::filesystem::current_path();
+  const FilesQuestion question{L"several", {{L"all", L"*.*"}}};
+  std::vector<std::wstring> paths;
+  for (const char* name : {"b.dwg", "a b.dwg", "c.dwg"}) paths.push_back(base::pathText(make(name, "")));
+  for (const auto& chosen : {paths, {paths.front()}, {}}) {
+    person.choosesFiles(question, chosen);
+    EXPECT_EQ(chooseFiles(nullptr, question), chosen);
+  }
+  EXPECT_EQ(std::filesystem::current_path(), current);
+}
+
 // The person of the tests itself: what was not expected fails a test, and so does what stays away.
 TEST(User, FailsTestsThatGoAnotherWay) {
   EXPECT_NONFATAL_FAILURE(

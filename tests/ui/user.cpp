@@ -33,6 +33,12 @@ std::wstring describe(const FileQuestion& question) {
   return words;
 }
 
+std::wstring describe(const FilesQuestion& question) {
+  std::wstring words = L"a chooser of several files titled \"" + question.title + L"\"";
+  for (const auto& [name, pattern] : question.filters) words += L", " + name + L"|" + pattern;
+  return words;
+}
+
 std::wstring describe(const FolderQuestion& question) {
   return L"a folder chooser titled \"" + question.title + L"\" at \"" + question.start + L"\"" +
          (question.newStyle ? L" in the new style" : L"");
@@ -75,6 +81,10 @@ void User::choosesFile(FileQuestion question, std::wstring path, Where where) {
 
 void User::cancelsFile(FileQuestion question, Where where) {
   expected_.push_back({File{std::move(question), std::nullopt}, where});
+}
+
+void User::choosesFiles(FilesQuestion question, std::vector<std::wstring> paths, Where where) {
+  expected_.push_back({Files{std::move(question), std::move(paths)}, where});
 }
 
 void User::choosesFolder(FolderQuestion question, std::wstring path, Where where) {
@@ -144,6 +154,11 @@ Answer User::answer(const MessageQuestion& question) {
 std::optional<std::wstring> User::answer(const FileQuestion& question) {
   const auto expected = takeFor<File>(question);
   return expected ? expected->path : std::nullopt;
+}
+
+std::vector<std::wstring> User::answer(const FilesQuestion& question) {
+  const auto expected = takeFor<Files>(question);
+  return expected ? expected->paths : std::vector<std::wstring>();
 }
 
 std::optional<std::wstring> User::answer(const FolderQuestion& question) {

@@ -31,6 +31,7 @@ class User : public DialogScript {
   void answersMessage(MessageQuestion question, Answer answer, Where where = Where::current());
   void choosesFile(FileQuestion question, std::wstring path, Where where = Where::current());
   void cancelsFile(FileQuestion question, Where where = Where::current());
+  void choosesFiles(FilesQuestion question, std::vector<std::wstring> paths, Where where = Where::current());
   void choosesFolder(FolderQuestion question, std::wstring path, Where where = Where::current());
   void cancelsFolder(FolderQuestion question, Where where = Where::current());
   void choosesMenu(int id, Where where = Where::current());
@@ -77,6 +78,7 @@ class User : public DialogScript {
   // --- DialogScript
   Answer answer(const MessageQuestion& question) override;
   std::optional<std::wstring> answer(const FileQuestion& question) override;
+  std::vector<std::wstring> answer(const FilesQuestion& question) override;
   std::optional<std::wstring> answer(const FolderQuestion& question) override;
   int answer(const Menu& menu) override;
   void act(DialogWindow& modal) override;
@@ -91,6 +93,10 @@ class User : public DialogScript {
     FileQuestion question;
     std::optional<std::wstring> path;
   };
+  struct Files {
+    FilesQuestion question;
+    std::vector<std::wstring> paths;
+  };
   struct Folder {
     FolderQuestion question;
     std::optional<std::wstring> path;
@@ -103,7 +109,7 @@ class User : public DialogScript {
     Hands hands;
   };
   struct Expected {
-    std::variant<Message, File, Folder, MenuChoice, Modal> what;
+    std::variant<Message, File, Files, Folder, MenuChoice, Modal> what;
     Where where;
   };
 

@@ -49,6 +49,7 @@ class Chooser final : public kiv::DialogScript {
 
   kiv::Answer answer(const kiv::MessageQuestion&) override { return kiv::Answer::kNo; }
   std::optional<std::wstring> answer(const kiv::FileQuestion&) override { return path_; }
+  std::vector<std::wstring> answer(const kiv::FilesQuestion&) override { return {}; }
   std::optional<std::wstring> answer(const kiv::FolderQuestion&) override { return path_; }
   int answer(const kiv::Menu&) override { return item_; }
   void act(DialogWindow& modal) override { kiv::user::close(modal); }

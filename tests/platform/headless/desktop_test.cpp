@@ -18,6 +18,7 @@ class Silent : public DialogScript {
   ~Silent() override { setDialogScript(nullptr); }
   Answer answer(const MessageQuestion&) override { return messageAnswer; }
   std::optional<std::wstring> answer(const FileQuestion&) override { return file; }
+  std::vector<std::wstring> answer(const FilesQuestion&) override { return {}; }
   std::optional<std::wstring> answer(const FolderQuestion&) override { return {}; }
   int answer(const Menu&) override { return menu; }
   void act(DialogWindow&) override { ++acts; }

@@ -1,0 +1,15 @@
+#pragma once
+// What may be done with a file, as the system tells.
+
+#include <string>
+
+namespace kiv {
+
+// True when the file exists and opens for writing with nobody else at it. Nothing of it changes, not even its
+// time.
+bool canBeWritten(const std::wstring& path);
+
+// By the type of the drive that the path lies on.
+bool isOnCompactDisc(const std::wstring& path);
+
+}  // namespace kiv

@@ -1,0 +1,40 @@
+#include "platform/host_documents.h"
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+#include "acdocman.h"
+#include "base/fold.h"
+#include "base/paths.h"
+
+namespace kiv {
+namespace {
+
+std::vector<const AcApDocument*> openDocuments() {
+  std::vector<const AcApDocument*> documents;
+  const std::unique_ptr<AcApDocumentIterator> each(acDocManagerPtr()->newAcApDocumentIterator());
+  for (; !each->done(); each->step()) documents.push_back(each->document());
+  return documents;
+}
+
+}  // namespace
+
+bool isOpen(const AcApDocument* document) {
+  const auto documents = openDocuments();
+  return std::find(documents.begin(), documents.end(), document) != documents.end();
+}
+
+bool isDocumentOf(const AcApDocument& document, const std::wstring& path) {
+  const ACHAR* const name = document.fileName();
+  if (name == nullptr) return false;
+  return base::kNamesHeedCase ? path == name : base::equalFolded(path, name);
+}
+
+bool isOpenInHost(const std::wstring& path) {
+  const auto documents = openDocuments();
+  return std::any_of(documents.begin(), documents.end(),
+                     [&](const AcApDocument* each) { return isDocumentOf(*each, path); });
+}
+
+}  // namespace kiv
