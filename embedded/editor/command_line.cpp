@@ -110,15 +110,33 @@ Outcome CommandLine::runNamed(TokenReader& input, std::wstring_view typed) {
     report({L"", L"Unknown command \"" + wanted.name + L"\"."});
     return Outcome::kRefused;
   }
-  HostState& state = hostState();
-  const CommandGroup group(depth_ == 0 && (registered != nullptr || builtin->undoable));
-  const RunningCommand running(depth_, running_, wanted.name);
-  if (registered != nullptr) return runRegistered(*registered);
-  try {
-    return builtin->run(input, state);
-  } catch (...) {
-    return endedWithError(wanted.name);
+  const std::wstring name = base::upper(registered != nullptr ? registered->globalName() : builtin->name);
+  const EditorReactors& reactors = hostState().editorReactors;
+  // What an open prompt waited for belongs to a command that has started already.
+  if (std::exchange(openName_, {}).empty()) reactors.tell(&AcEditorReactor::commandWillStart, name);
+  Outcome outcome = Outcome::kDone;
+  {
+    const CommandGroup group(depth_ == 0 && (registered != nullptr || builtin->undoable));
+    const RunningCommand running(depth_, running_, wanted.name);
+    outcome = registered != nullptr ? runRegistered(*registered) : runBuiltin(*builtin, input);
   }
+  tellOutcome(outcome, name);
+  return outcome;
+}
+
+Outcome CommandLine::runBuiltin(const BuiltinCommand& command, TokenReader& input) {
+  try {
+    return command.run(input, hostState());
+  } catch (...) {
+    return endedWithError(command.name);
+  }
+}
+
+void CommandLine::tellOutcome(Outcome outcome, const std::wstring& name) {
+  const EditorReactors& reactors = hostState().editorReactors;
+  if (outcome == Outcome::kDone) reactors.tell(&AcEditorReactor::commandEnded, name);
+  if (outcome == Outcome::kRefused) reactors.tell(&AcEditorReactor::commandFailed, name);
+  if (outcome == Outcome::kNeedInput) openName_ = name;
 }
 
 int CommandLine::run(std::vector<Token> tokens) {
@@ -130,47 +148,53 @@ int CommandLine::run(std::vector<Token> tokens) {
   while (const std::optional<Token> name = reader.nextName()) {
     const Outcome outcome = runOne(reader, name->text);
     if (outcome == Outcome::kNeedInput) {
-      readDrawing_ = {};
-      report({readCommandName(name->text).name, L"The command was cancelled: it needs more input."});
+      report({openName_, L"The command was cancelled: it needs more input."});
+      cancelPrompt();
     }
     if (outcome != Outcome::kDone) return RTERROR;
   }
   return RTNORM;
 }
 
-// A script that a command has asked for: inside a script it takes the place of what is left of that one.
-bool CommandLine::takeScript(TextReader& reader, bool& isScript, bool& ok) {
-  if (!script_ || depth_ > 0) return false;
-  std::wstring text = std::move(*script_);
-  script_.reset();
-  if (isScript)
-    reader = TextReader(std::move(text));
-  else
-    ok = runText(std::move(text), true) && ok;
-  return true;
-}
-
-bool CommandLine::runText(std::wstring text, bool isScript) {
+bool CommandLine::runText(std::wstring text) {
   TextReader reader(std::move(text));
-  bool ok = true;
-  while (ok) {
+  while (true) {
     const std::size_t start = reader.position();
     const std::optional<Token> name = reader.nextName();
-    if (!name) break;
+    if (!name) return true;
     const Outcome outcome = runOne(reader, name->text);
     if (outcome == Outcome::kNeedInput) {
       openText_ = reader.from(start);
-      break;
+      return true;
     }
-    if (outcome == Outcome::kRefused) {
-      if (isScript) printText(L"\nThe script has been stopped.");
+    const bool scriptRan = runScript();
+    if (outcome == Outcome::kRefused || !scriptRan) return false;
+  }
+}
+
+// What a command has started or resumed.
+bool CommandLine::runScript() {
+  const HostState& state = hostState();
+  while (depth_ == 0 && (script_.takeNext() || script_.isRunning())) {
+    ScriptReader& reader = script_.reader();
+    const std::size_t start = reader.position();
+    const std::optional<Token> name = script_.nextCommand();
+    const Outcome outcome = name ? runOne(reader, name->text) : Outcome::kDone;
+    if (script_.hasNext()) continue;
+    if (outcome == Outcome::kNeedInput) {
+      openText_ = reader.typedFrom(start);
+      script_.end();
+    } else if (outcome == Outcome::kRefused) {
+      script_.suspend();
+      return false;
+    } else if (script_.isAtEnd()) {
+      script_.end();
+    } else if (script_.mayBeBroken() && state.breakQuery && state.breakQuery()) {
+      script_.suspend();
       return false;
     }
-    takeScript(reader, isScript, ok);
-    const HostState& state = hostState();
-    if (isScript && state.breakQuery && state.breakQuery()) return false;
   }
-  return ok;
+  return true;
 }
 
 bool CommandLine::runQueue() {
@@ -185,17 +209,28 @@ bool CommandLine::runQueue() {
     queue_.erase(next);
     documents.activate(queued.document);
     if (queued.echo) printText(L"\n" + queued.text);
-    ok = runText(queued.text, false) && ok;
+    ok = runKeys(queued.text) && ok;
   }
 }
 
-base::Status CommandLine::type(std::wstring text) {
+// What stands before a cancel has been entered as far as a blank or a line end; the rest of it is gone.
+bool CommandLine::runKeys(std::wstring_view keys) {
+  while (true) {
+    const std::size_t cancel = keys.find(kCancel);
+    std::wstring_view entered = keys.substr(0, cancel);
+    if (cancel != std::wstring_view::npos) entered = entered.substr(0, entered.find_last_of(L" \t\r\n") + 1);
+    if (!entered.empty() && !runText(std::exchange(openText_, {}).append(entered))) return false;
+    if (cancel == std::wstring_view::npos) return true;
+    cancelPrompt();
+    keys.remove_prefix(cancel + 1);
+  }
+}
+
+base::Status CommandLine::type(const std::wstring& text) {
   hostState().newestFailure.reset();
-  if (text.find(kCancel) != std::wstring::npos) cancelPrompt();
-  if (text.empty() || text.back() != L'\n') text += L'\n';
-  std::wstring whole = std::move(openText_) + text;
-  openText_.clear();
-  bool ok = runText(std::move(whole), false);
+  if (depth_ == 0 && script_.isRunning()) script_.forget();  // an exception has left it
+  const bool isEntered = !text.empty() && text.back() == L'\n';
+  bool ok = runKeys(isEntered ? text : text + L'\n');
   if (depth_ == 0) ok = runQueue() && ok;
   if (ok) return {};
   return hostState().newestFailure.value_or(base::Failure{L"", L"The command was cancelled."});
@@ -214,12 +249,14 @@ std::wstring CommandLine::runningNames() const {
 void CommandLine::cancelPrompt() {
   openText_.clear();
   readDrawing_ = {};
+  const std::wstring name = std::exchange(openName_, {});
+  if (!name.empty()) hostState().editorReactors.tell(&AcEditorReactor::commandCancelled, name);
 }
 
 void CommandLine::clear() {
   cancelPrompt();
   queue_.clear();
-  script_.reset();
+  script_.forget();
 }
 
 }  // namespace cad

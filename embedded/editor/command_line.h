@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "base/result.h"
+#include "embedded/editor/script.h"
 #include "embedded/editor/tokens.h"
 
 class AcEdCommand;
@@ -60,12 +61,13 @@ class CommandLine {
   // From a program: RTNORM or RTERROR. Refused unless a document's command is running. A command that still
   // asks at the end of the tokens is cancelled.
   int run(std::vector<Token> tokens);
-  // Typed text, then everything that it has queued. A refusal stops the text that it stands in.
-  base::Status type(std::wstring text);
+  // Typed text, then everything that it has queued. A refusal stops the text that it stands in, and suspends
+  // a script.
+  base::Status type(const std::wstring& text);
 
   void send(QueuedText queued) { queue_.push_back(std::move(queued)); }
-  void startScript(std::wstring text) { script_ = std::move(text); }  // runs when the command has ended
-  void drop(const Document* document);                                // its queued texts
+  Script& script() { return script_; }
+  void drop(const Document* document);  // its queued texts
   void clear();
   bool isBusy() const { return depth_ > 0; }
   // A command that belongs to the application and to no document does not count.
@@ -80,15 +82,18 @@ class CommandLine {
  private:
   Outcome runOne(TokenReader& input, std::wstring_view name);
   Outcome runNamed(TokenReader& input, std::wstring_view name);
+  Outcome runBuiltin(const BuiltinCommand& command, TokenReader& input);
   Outcome runRegistered(const AcEdCommand& command);
-  bool runText(std::wstring text, bool isScript);
-  bool takeScript(TextReader& reader, bool& isScript, bool& ok);
+  void tellOutcome(Outcome outcome, const std::wstring& name);
+  bool runKeys(std::wstring_view keys);
+  bool runText(std::wstring text);
+  bool runScript();
   bool runQueue();
 
-  std::wstring openText_;  // typed text of an unfinished command
+  std::wstring openText_, openName_;  // of an unfinished command: what was typed for it, its global name
   ReadDrawing readDrawing_;
   std::deque<QueuedText> queue_;
-  std::optional<std::wstring> script_;
+  Script script_;
   std::vector<std::wstring> running_;
   int depth_ = 0;
   bool isInSession_ = false;  // the running command belongs to the application and to no document

@@ -71,16 +71,24 @@ void Documents::addStartDocument() {
 base::Status Documents::open(const std::filesystem::path& path) {
   std::error_code error;
   const std::filesystem::path whole = std::filesystem::absolute(path, error);
-  if (Document* already = find(whole)) {
-    activate(already);
-    return {};
-  }
+  Document* already = find(whole);
+  if (already == nullptr) return load(whole, isWriteProtected(whole));
+  activate(already);
+  return {};
+}
+
+base::Status Documents::openReadOnly(const std::filesystem::path& path) {
+  std::error_code error;
+  return load(std::filesystem::absolute(path, error), true);
+}
+
+base::Status Documents::load(const std::filesystem::path& whole, bool readOnly) {
   base::Result<std::unique_ptr<Drawing>> loaded = formats::open(whole);
   if (!loaded) return loaded.failure();
   if (const std::wstring warning = formats::warningAbout(*loaded.value()); !warning.empty())
     printText(L"\n" + base::Failure{base::pathText(whole), warning}.text());
   add(std::move(loaded.value()), L"");
-  documents_.back()->setReadOnly(isWriteProtected(whole));
+  documents_.back()->setReadOnly(readOnly);
   activate(documents_.back().get());
   hostState().modules.sendToAll(AcRx::kLoadDwgMsg);
   return {};
@@ -148,8 +156,9 @@ Document* Documents::find(const AcDbDatabase* database) const {
   return nullptr;
 }
 
-Document* Documents::find(const std::filesystem::path& path) const {
+Document* Documents::find(const std::filesystem::path& path, const Document* besides) const {
   for (const auto& each : documents_) {
+    if (each.get() == besides) continue;
     std::error_code error;
     const std::filesystem::path& own = each->drawing().path();
     if (!own.empty() && (own == path || std::filesystem::equivalent(own, path, error))) return each.get();

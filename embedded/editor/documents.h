@@ -48,6 +48,8 @@ class Documents {
   void addStartDocument();  // an empty drawing "DrawingN.dwg", made current
   // A drawing that is open already is only made current.
   base::Status open(const std::filesystem::path& path);
+  // Read from its file, beside the document that it may be open in.
+  base::Status openReadOnly(const std::filesystem::path& path);
   // Without its last document the host opens a new start document.
   void close(Document* document);
   // At once, or when the running commands have ended.
@@ -60,11 +62,13 @@ class Documents {
   bool contains(const AcApDocument* document) const;
   Document* find(const AcApDocument* document) const;
   Document* find(const AcDbDatabase* database) const;
-  Document* find(const std::filesystem::path& path) const;
+  // `besides` is passed over.
+  Document* find(const std::filesystem::path& path, const Document* besides = nullptr) const;
   const std::vector<std::unique_ptr<Document>>& all() const { return documents_; }
 
  private:
   void add(std::unique_ptr<Drawing> drawing, std::wstring name);
+  base::Status load(const std::filesystem::path& whole, bool readOnly);
 
   std::vector<std::unique_ptr<Document>> documents_;  // the most recently current one last
   std::vector<Document*> closing_;

@@ -9,10 +9,11 @@
 namespace cad {
 namespace {
 
-constexpr wchar_t kSupportPath[] = L"ACAD";
+constexpr wchar_t kSupportPath[] = L"ACAD", kTemporaryFolder[] = L"TempDirectory";
 
 std::optional<std::wstring> environmentValue(const std::wstring& name) {
   if (name == kSupportPath) return supportPathText();
+  if (name == kTemporaryFolder) return temporaryFolderText();
   const auto value = base::environmentVariable(base::pathFromText(name));
   return value ? std::optional(base::pathText(*value)) : std::nullopt;
 }

@@ -61,6 +61,12 @@ std::wstring supportPathText() {
   return text;
 }
 
+std::wstring temporaryFolderText() {
+  std::error_code error;
+  const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+  return folder.empty() ? L"" : base::pathText(folder / "");
+}
+
 std::vector<std::filesystem::path> usualSupportPath(const std::filesystem::path& specifications) {
   std::vector<std::filesystem::path> folders = {specifications};
   const std::filesystem::path added = base::environmentVariable(kSupportVariable).value_or("");

@@ -14,4 +14,7 @@ std::filesystem::path findFile(std::wstring_view name);
 // The folders of the support path, separated by ";".
 std::wstring supportPathText();
 
+// The folder for files of the running process, with its last separator.
+std::wstring temporaryFolderText();
+
 }  // namespace cad

@@ -90,6 +90,9 @@ void Host::setSupportPath(std::vector<std::filesystem::path> folders) {
 void Host::setMeterObserver(std::function<void(const Meter&)> observer) {
   state_->meterObserver = std::move(observer);
 }
+void Host::setScriptObserver(std::function<void(const ScriptProgress&)> observer) {
+  state_->scriptObserver = std::move(observer);
+}
 void Host::setBreakQuery(std::function<bool()> query) { state_->breakQuery = std::move(query); }
 void Host::setInputSource(std::function<std::optional<InputEvent>()> source) {
   state_->inputSource = std::move(source);

@@ -44,6 +44,16 @@ struct Meter {
   int least = 0, most = 0, position = 0;
 };
 
+// How far a script has come. It is told that it runs when it is started or resumed and at each of its OPEN
+// commands.
+struct ScriptProgress {
+  enum class State { kRunning, kSuspended, kEnded };
+  State state = State::kRunning;
+  int drawing = 0;    // under way, from 1; 0 before the first
+  int drawings = 0;   // how many drawings the script opens; 0: none
+  std::wstring name;  // the file's, without its folder
+};
+
 // One event for acedGrRead and acedEntSel: its kind (2 key, 3 pick, 5 drag) and the key or the point.
 struct InputEvent {
   int kind = 2;
@@ -84,7 +94,9 @@ class Host {
   // by it.
   void setSupportPath(std::vector<std::filesystem::path> folders);
   void setMeterObserver(std::function<void(const Meter&)> observer);
-  // Asked by acedUsrBrk.
+  void setScriptObserver(std::function<void(const ScriptProgress&)> observer);
+  // Asked by acedUsrBrk, and between the commands of a script, which is suspended then; not right behind an
+  // OPEN, so that a drawing that a script has opened is not left alone.
   void setBreakQuery(std::function<bool()> query);
   // Waits for the next input event; without one, or when it has none, acedGrRead returns RTERROR.
   void setInputSource(std::function<std::optional<InputEvent>()> source);

@@ -13,6 +13,7 @@
 #include "embedded/editor/command_line.h"
 #include "embedded/editor/command_stack.h"
 #include "embedded/editor/documents.h"
+#include "embedded/editor/editor_reactors.h"
 #include "embedded/editor/external_functions.h"
 #include "embedded/editor/host.h"
 #include "embedded/editor/modules.h"
@@ -39,6 +40,7 @@ struct HostState {
 
   Meter meter;
   std::function<void(const Meter&)> meterObserver;
+  std::function<void(const ScriptProgress&)> scriptObserver;
   std::function<bool()> breakQuery;
   std::function<std::optional<InputEvent>()> inputSource;
   void* mainWindow = nullptr;
@@ -47,6 +49,7 @@ struct HostState {
 
   Documents documents;
   CommandStack commands;
+  EditorReactors editorReactors;
   CommandLine commandLine;
   ExternalFunctions functions;
   Modules modules;

@@ -1,5 +1,6 @@
 #include <string_view>
 
+#include "aced.h"
 #include "embedded/editor/host_state.h"
 #include "rxdlinkr.h"
 #include "rxregsvc.h"
@@ -28,6 +29,7 @@ class SystemRegistry : public AcRxDictionary {
     const std::wstring_view wanted = key == nullptr ? L"" : key;
     if (wanted == L"DynamicLinker") return &linker_;
     if (wanted == L"ACAD_REGISTERED_COMMANDS") return &hostState().commands;
+    if (wanted == ACED_EDITOR_OBJ) return &hostState().editorReactors;
     return nullptr;
   }
 

@@ -1,5 +1,6 @@
 #include "embedded/editor/tokens.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cwchar>
 
@@ -105,10 +106,34 @@ std::optional<Token> TextReader::nextPath() {
   return token;
 }
 
-// A line of a script that begins with a semicolon is a remark.
+void TextReader::skipRemarks() {
+  while (!atEnd() && isLineStart() && text_[at_] == L';') {
+    at_ = std::min(text_.find_first_of(L"\r\n", at_), text_.size());
+    endLine();
+  }
+}
+
+// The lines of a script may be typed as well.
 std::optional<Token> TextReader::nextName() {
-  while (!atEnd() && text_[at_] == L';') static_cast<void>(nextPath());
+  skipRemarks();
   return next();
+}
+
+int TextReader::line() const {
+  const std::wstring_view read = std::wstring_view(text_).substr(0, at_ == 0 ? 0 : at_ - 1);
+  return static_cast<int>(std::ranges::count(read, L'\n')) + 1;
+}
+
+std::optional<Token> ScriptReader::next() {
+  skipRemarks();
+  return TextReader::next();
+}
+
+std::wstring ScriptReader::typedFrom(std::size_t position) {
+  std::wstring out;
+  rewind(position);
+  while (const std::optional<Token> token = next()) out += L'"' + token->text + L"\"\n";
+  return out;
 }
 
 bool tokensOf(const resbuf* chain, std::vector<Token>& tokens) {

@@ -59,13 +59,31 @@ class TextReader : public TokenReader {
   void rewind(std::size_t position) override { at_ = position; }
   std::wstring from(std::size_t position) const { return text_.substr(position); }
 
- private:
+ protected:
   bool atEnd() const { return at_ >= text_.size(); }
+  bool isLineStart() const { return at_ == 0 || text_[at_ - 1] == L'\n' || text_[at_ - 1] == L'\r'; }
+  void skipRemarks();
+  int line() const;  // that of the token read last, from 1
+
+ private:
   std::wstring quoted();
   void endLine();
 
   std::wstring text_;
   std::size_t at_ = 0;
+};
+
+// The text of a script: a line that begins with a semicolon is a remark wherever it stands, and a blank ends
+// a file name, too, unless quotes hold it together.
+class ScriptReader : public TextReader {
+ public:
+  using TextReader::isLineStart;
+  using TextReader::line;
+  using TextReader::TextReader;
+  std::optional<Token> next() override;
+  std::optional<Token> nextPath() override { return next(); }
+  // The tokens from there on, as they are typed.
+  std::wstring typedFrom(std::size_t position);
 };
 
 // Tokens of a chain of typed values; false when a buffer holds none that can be typed.

@@ -8,7 +8,9 @@
 #include "base/files.h"
 #include "base/fold.h"
 #include "embedded/drawing/dim_variables.h"
+#include "embedded/editor/file_search.h"
 #include "embedded/editor/host_state.h"
+#include "embedded/formats/drawing_files.h"
 
 namespace cad {
 namespace {
@@ -55,9 +57,17 @@ Variable supportFolders(HostState& state) {
 }
 
 // TEMPPREFIX, with its last separator
-Variable temporaryFolder(HostState&) {
-  std::error_code error;
-  return withSeparator(std::filesystem::temp_directory_path(error));
+Variable temporaryFolder(HostState&) { return temporaryFolderText(); }
+
+// SAVEFORMATS: the kinds of files that the drawing can be saved as, separated by commas
+Variable saveFormats(HostState& state) {
+  using formats::FileKind;
+  std::wstring out;
+  for (const FileKind kind : {FileKind::kDwg, FileKind::kDxf, FileKind::kDwt}) {
+    if (!formats::canSave(state.documents.current()->drawing(), kind)) continue;
+    out += (out.empty() ? L"" : L",") + std::wstring(formats::kindName(kind));
+  }
+  return out;
 }
 
 // CDATE: YYYYMMDD.HHMMSS
@@ -161,6 +171,7 @@ const std::vector<SystemVariable>& sessionRows() {
       computed("DWGNAME", Type::kText, drawingName),
       computed("DWGPREFIX", Type::kText, drawingFolder),
       computed("DWGTITLED", Type::kShort, drawingHasFile),
+      computed("SAVEFORMATS", Type::kText, saveFormats),
       computed("TEMPPREFIX", Type::kText, temporaryFolder),
       computed("WRITESTAT", Type::kShort, drawingWritable),
       integer("ATTDIA", Home::kSession, 0, {0, 1}),

@@ -11,5 +11,6 @@ class AcRxDictionary : public AcRxObject {
   virtual AcRxObject* at(const ACHAR* key) const = 0;
 };
 
-// Holds "DynamicLinker" (AcRxDynamicLinker) and "ACAD_REGISTERED_COMMANDS" (AcEdCommandStack).
+// Holds "DynamicLinker" (AcRxDynamicLinker), "ACAD_REGISTERED_COMMANDS" (AcEdCommandStack) and "AcEditor"
+// (AcEditor).
 AcRxDictionary* acrxSysRegistry();

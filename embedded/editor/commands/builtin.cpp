@@ -9,7 +9,7 @@ constexpr BuiltinCommand kCommands[] = {
     {L"UNDO", runUndo, false},      {L"U", runUndoOne, false},       {L"REGEN", runRegen, false},
     {L"REGENALL", runRegen, false}, {L"-INSERT", runInsert, true},   {L"OPEN", runOpen, false},
     {L"SAVEAS", runSaveAs, false},  {L"QSAVE", runQuickSave, false}, {L"CLOSE", runClose, false},
-    {L"QUIT", runQuit, false},      {L"SCRIPT", runScript, false},
+    {L"QUIT", runQuit, false},      {L"SCRIPT", runScript, false},   {L"RESUME", runResume, false},
 };
 
 }  // namespace

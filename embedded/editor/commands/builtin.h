@@ -15,5 +15,6 @@ Outcome runQuickSave(TokenReader& input, HostState& state);  // QSAVE
 Outcome runClose(TokenReader& input, HostState& state);      // CLOSE, Y to discard changes
 Outcome runQuit(TokenReader& input, HostState& state);       // QUIT, Y to discard changes
 Outcome runScript(TokenReader& input, HostState& state);     // SCRIPT path
+Outcome runResume(TokenReader& input, HostState& state);     // RESUME
 
 }  // namespace cad

@@ -12,14 +12,15 @@ Outcome runOpen(TokenReader& input, HostState& state) {
   std::filesystem::path path = findFile(typed->text);
   if (path.empty()) path = base::pathFromText(typed->text);
   const bool readOnlyAccepted = input.takeIf(L"Y", L"YES");
-  if (isWriteProtected(path) && !readOnlyAccepted) {
-    if (input.takeIf(L"N", L"NO") || input.peek()) {
-      report({base::pathText(path), L"The drawing is write-protected and was not opened."});
-      return Outcome::kRefused;
-    }
-    return Outcome::kNeedInput;
+  const bool isOpen = state.documents.find(path) != nullptr;
+  const bool asks = isOpen || isWriteProtected(path);
+  if (asks && !readOnlyAccepted) {
+    if (!input.takeIf(L"N", L"NO") && !input.peek()) return Outcome::kNeedInput;
+    report({base::pathText(path), isOpen ? L"The drawing is open already and was not opened again."
+                                         : L"The drawing is write-protected and was not opened."});
+    return Outcome::kRefused;
   }
-  const base::Status opened = state.documents.open(path);
+  const base::Status opened = asks ? state.documents.openReadOnly(path) : state.documents.open(path);
   if (opened) return Outcome::kDone;
   report(opened.failure());
   return Outcome::kRefused;

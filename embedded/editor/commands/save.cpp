@@ -10,6 +10,17 @@ namespace {
 
 using formats::FileKind;
 
+// Beside a document of the same file, a drawing that was opened read-only must not take its place.
+base::Status write(Document& document, const std::filesystem::path& path) {
+  std::error_code error;
+  const std::filesystem::path& own = document.drawing().path();
+  if (document.isReadOnly() && (own == path || std::filesystem::equivalent(own, path, error)))
+    return base::Failure{base::pathText(path), L"the drawing was opened read-only; give it another name"};
+  const base::Status saved = document.drawing().save(path);
+  if (saved) document.setReadOnly(false);
+  return saved;
+}
+
 Outcome keep(HostState& state, const std::filesystem::path& path, const base::Status& status) {
   state.lastSave = SaveReport{path, status};
   if (status) return Outcome::kDone;
@@ -58,10 +69,9 @@ Outcome save(TokenReader& input, HostState& state, FileKind kind, std::filesyste
     input.takeIf(L"N", L"NO");
     return keep(state, path, failure);
   }
-  const Document* other = state.documents.find(path);
-  if (other != nullptr && other != document)
+  if (state.documents.find(path, document) != nullptr)
     return refuse(state, path, L"the file is open as another drawing");
-  return keep(state, path, document->drawing().save(path));
+  return keep(state, path, write(*document, path));
 }
 
 }  // namespace
@@ -93,7 +103,7 @@ Outcome runQuickSave(TokenReader&, HostState& state) {
     report({document.name(), L"the drawing has no file yet; use SAVEAS"});
     return Outcome::kRefused;
   }
-  return keep(state, path, document.drawing().save(path));
+  return keep(state, path, write(document, path));
 }
 
 }  // namespace cad

@@ -46,8 +46,14 @@ Outcome runScript(TokenReader& input, HostState& state) {
     report(bytes.failure());
     return Outcome::kRefused;
   }
-  state.commandLine.startScript(decodeScript(bytes.value()));
+  state.commandLine.script().start(path, decodeScript(bytes.value()));
   return Outcome::kDone;
+}
+
+Outcome runResume(TokenReader&, HostState& state) {
+  if (state.commandLine.script().resume()) return Outcome::kDone;
+  report({L"RESUME", L"No script is suspended."});
+  return Outcome::kRefused;
 }
 
 }  // namespace cad

@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "accmd.h"
+#include "aced.h"
 #include "acedCmdNF.h"
 #include "rxdlinkr.h"
 #include "tests/embedded/editor/host_fixture.h"
@@ -154,6 +155,43 @@ TEST_F(Commands, AThrowingCommandIsARefusal) {
   ASSERT_EQ(add(L"THROWS", L"TH", [] { throw 1; }), Acad::eOk);
   EXPECT_FALSE(host().execute(L"THROWS").ok());
   EXPECT_TRUE(host().execute(L"REGEN").ok());
+}
+
+// What is told of commands; "once" goes after its first command.
+struct Listener : AcEditorReactor {
+  explicit Listener(std::wstring own) : own_(std::move(own)) { acedEditor->addReactor(this); }
+  ~Listener() override { acedEditor->removeReactor(this); }
+  void commandWillStart(const ACHAR* name) override { note(L" starts ", name); }
+  void commandEnded(const ACHAR* name) override { note(L" ended ", name); }
+  void commandCancelled(const ACHAR* name) override { note(L" cancelled ", name); }
+  void commandFailed(const ACHAR* name) override { note(L" failed ", name); }
+
+ private:
+  void note(const wchar_t* what, const ACHAR* name) {
+    calls.push_back(own_ + what + name);
+    if (own_ == L"once") acedEditor->removeReactor(this);
+  }
+  std::wstring own_;
+};
+
+TEST_F(Commands, AreToldToReactors) {
+  open();
+  add(L"Outer", L"OU", [] { acedCommandS(RTSTR, L"_-INSERT", RTSTR, L"DOOR", RTNONE); });
+  add(L"Throws", L"TH", [] { throw 1; });
+  {
+    const Listener once(L"once"), listener(L"all");
+    EXPECT_TRUE(host().execute(L"ou").ok());
+    EXPECT_FALSE(host().execute(L"TH").ok());
+    EXPECT_TRUE(host().execute(L"-INSERT DOOR").ok());
+    EXPECT_TRUE(host().execute(L"S 1").ok());
+    EXPECT_TRUE(host().execute(L"\x03-INSERT DOOR S 1 R 0 0,0").ok());
+  }
+  EXPECT_TRUE(host().execute(L"REGEN").ok());
+  const std::vector<std::wstring> expected = {
+      L"once starts OUTER",     L"all starts OUTER",   L"all starts -INSERT", L"all cancelled -INSERT",
+      L"all ended OUTER",       L"all starts THROWS",  L"all failed THROWS",  L"all starts -INSERT",
+      L"all cancelled -INSERT", L"all starts -INSERT", L"all ended -INSERT"};
+  EXPECT_EQ(calls, expected);
 }
 
 }  // namespace

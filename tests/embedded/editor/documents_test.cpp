@@ -103,6 +103,27 @@ TEST_F(DocumentsTest, ADrawingIsOpenOnlyOnce) {
   EXPECT_EQ(std::wstring(acDocManager->curDocument()->fileName()), text(path));
 }
 
+TEST_F(DocumentsTest, OpenAsksBeforeADrawingIsOpenedOnceMore) {
+  const std::filesystem::path path = open();
+  const cad::RecordId first = drawing().entitiesOf(drawing().modelSpace()).front();
+  ASSERT_TRUE(drawing().setInteger(first, cad::Property::kColorIndex, 3).ok());
+  EXPECT_FALSE(host().execute(L"OPEN " + text(path) + L"\nN").ok());
+  EXPECT_TRUE(host().execute(L"OPEN " + text(path)).ok());
+  EXPECT_TRUE(host().hasOpenPrompt());
+  EXPECT_FALSE(host().execute(L"REGEN").ok());
+  EXPECT_EQ(host().documentCount(), 2u);
+  ASSERT_TRUE(host().execute(L"OPEN " + text(path) + L"\nY").ok());
+  EXPECT_EQ(host().documentCount(), 3u);
+  EXPECT_TRUE(host().currentDocument().isReadOnly);
+  EXPECT_EQ(savedBytes(), cad_test::drawingText()) << "what stands in the file";
+  EXPECT_FALSE(host().execute(L"QSAVE").ok());
+  EXPECT_FALSE(host().execute(L"SAVEAS " + text(path) + L"\nY").ok());
+  EXPECT_TRUE(host().execute(L"SAVEAS " + text(folder_ / "copy.dxf")).ok());
+  EXPECT_FALSE(host().currentDocument().isReadOnly);
+  EXPECT_TRUE(host().execute(L"QSAVE").ok());
+  EXPECT_EQ(content(path), cad_test::drawingText());
+}
+
 TEST_F(DocumentsTest, ABadFileIsNamedAndChangesNothing) {
   const base::Status missing = host().openDocument(folder_ / "missing.dxf");
   ASSERT_FALSE(missing.ok());
@@ -169,6 +190,7 @@ TEST_F(DocumentsTest, TheSupportPathIsAValueOfTheHostsEnvironment) {
   EXPECT_EQ(value(L"KIV_SUPPORT_PATH"), L";" + text(folder_ / "office") + L";nowhere;");
   test_support::setEnvironment("KIV_SUPPORT_PATH", "");
   EXPECT_EQ(cad::usualSupportPath(folder_).size(), 2u);
+  EXPECT_TRUE(std::filesystem::is_directory(value(L"TempDirectory")));
   for (const wchar_t* unknown : {L"Acad", L"NO_SUCH_VALUE", L""}) EXPECT_EQ(value(unknown), L"(none)");
   EXPECT_EQ(acdbHostApplicationServices()->getEnv(nullptr), nullptr);
 }
