@@ -17,6 +17,7 @@ namespace {
 constexpr wchar_t kClass[] = L"CadhostFrame", kProgram[] = L"CADHOST";
 constexpr wchar_t kColorFunction[] = L"acad_colordlg";
 constexpr UINT kRunLines = WM_APP + 1;
+constexpr ULONGLONG kShowEvery = 500;  // milliseconds
 constexpr int kLeastWidth = 480, kLeastHeight = 360;
 
 // Of a command that a person answers in a dialog; 0: of none.
@@ -42,6 +43,7 @@ FrameWindow::~FrameWindow() {
   host_.setInputSource({});
   host_.setBreakQuery({});
   host_.setMeterObserver({});
+  host_.setScriptObserver({});
   host_.setHighlightObserver({});
   host_.setFunction(kColorFunction, {});
   host_.setMainWindow(nullptr);
@@ -80,7 +82,11 @@ void FrameWindow::connectHost() {
   host_.setOutput([this](std::wstring_view text) { commands_.print(text); });
   host_.setInputSource([this] { return pump_.waitForEvent(); });
   host_.setBreakQuery([this] { return pump_.isBreakWanted(); });
-  host_.setMeterObserver([this](const cad::Meter& meter) { status_.showMeter(meter); });
+  host_.setMeterObserver([this](const cad::Meter& meter) {
+    status_.showMeter(meter);
+    if (batch_.isRunning()) showWhileRunning();
+  });
+  host_.setScriptObserver([this](const cad::ScriptProgress& progress) { scriptProgressed(progress); });
   host_.setHighlightObserver([this](cad::RecordId entity) { view_.setHighlight(entity); });
   host_.setFunction(kColorFunction, [this] { answerColorCall(window_); });
   pump_.setBeforeWait([this] { showState(); });
@@ -209,6 +215,24 @@ void FrameWindow::showState() {
   commands_.setPrompt(host_.hasOpenPrompt() ? L"入力:" : L"コマンド:");
   showTitle();
   view_.refresh();
+}
+
+// A script returns to the message loop when all its drawings are done.
+void FrameWindow::scriptProgressed(const cad::ScriptProgress& progress) {
+  if (progress.state != cad::ScriptProgress::State::kRunning) input_.hasStopped();
+  batch_.update(progress, BatchProgress::Time::clock::now());
+  status_.showBatch(batch_.text(), batch_.isRunning());
+  if (batch_.isRunning()) showWhileRunning();
+}
+
+// A drawing that takes long to show must not hold the others up.
+void FrameWindow::showWhileRunning() {
+  const ULONGLONG begun = GetTickCount64();
+  if (begun < nextShow_) return;
+  showState();
+  MessagePump::paint();
+  const ULONGLONG ended = GetTickCount64();
+  nextShow_ = ended + std::max(kShowEvery, 5 * (ended - begun));
 }
 
 // --- Menu ---------------------------------------------------------------------------------------------

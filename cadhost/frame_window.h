@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "cadhost/batch_progress.h"
 #include "cadhost/command_runner.h"
 #include "cadhost/command_window.h"
 #include "cadhost/drawing_view.h"
@@ -55,6 +56,8 @@ class FrameWindow {
   void commandEnded();
   void showState();  // everything that a command may have changed
   void showTitle();
+  void scriptProgressed(const cad::ScriptProgress& progress);
+  void showWhileRunning();
   void sayIncomplete();
   bool mayEnd();
   bool quit(bool discardChanges);
@@ -67,6 +70,8 @@ class FrameWindow {
   CommandWindow commands_;
   DrawingView view_;
   StatusBar status_;
+  BatchProgress batch_;
+  ULONGLONG nextShow_ = 0;  // when a running script shows itself again, milliseconds of the system
   HWND window_ = nullptr;
   HACCEL accelerators_ = nullptr;
   bool ending_ = false;

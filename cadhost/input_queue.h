@@ -57,8 +57,9 @@ class InputQueue {
 
   // The next event. While an entity is picked, a typed point picks there and an empty line is Enter.
   std::optional<cad::InputEvent> takeEvent(bool picking);
-  // True once the user has asked the running command to stop.
+  // True once the user has asked the running command to stop, until it has.
   bool isBreakWanted() const { return break_; }
+  void hasStopped() { break_ = false; }
 
   // The next line for the command line, or kCancelLine; none while a command is running.
   std::optional<std::wstring> takeLine();

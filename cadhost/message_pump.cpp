@@ -83,6 +83,13 @@ std::optional<cad::InputEvent> MessagePump::waitForEvent() {
   }
 }
 
+void MessagePump::paint() {
+  constexpr int kMostWindows = 64;  // one that leaves itself unpainted is asked again and again
+  MSG message;
+  for (int i = 0; i < kMostWindows && PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE); ++i)
+    DispatchMessageW(&message);
+}
+
 bool MessagePump::isBreakWanted() {
   MSG message;
   while (PeekMessageW(&message, windows_.frame, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE)) {

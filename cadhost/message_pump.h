@@ -28,6 +28,8 @@ class MessagePump {
   // The host's input source: handles messages until one of them makes an event. At WM_QUIT there is none any
   // more, and the dialogs of this thread are closed.
   std::optional<cad::InputEvent> waitForEvent();
+  // While a command runs: what the windows show is painted, and nothing else is handled.
+  static void paint();
   // The host's break query, without handling any other message: keys typed ahead keep their turn.
   bool isBreakWanted();
 

@@ -10,7 +10,7 @@
 namespace cadhost {
 namespace {
 
-constexpr int kPointWidth = 300, kMeterWidth = 240, kFontSize = 90;
+constexpr int kPointWidth = 300, kMeterWidth = 240, kLabelWidth = 160, kFontSize = 90;
 
 }  // namespace
 
@@ -39,8 +39,9 @@ void StatusBar::layOut() {
   SendMessageW(window_, WM_SIZE, 0, 0);
   RECT area{};
   GetClientRect(window_, &area);
-  const int first = scaled(window_, kPointWidth);
   const int last = area.right - scaled(window_, kMeterWidth);
+  const int wide = last - scaled(window_, kLabelWidth), narrow = scaled(window_, kPointWidth);
+  const int first = batch_.empty() || wide < narrow ? narrow : wide;
   int edges[] = {first, last > first ? last : first, -1};
   SendMessageW(window_, SB_SETPARTS, 3, reinterpret_cast<LPARAM>(edges));
   RECT part{};
@@ -56,7 +57,19 @@ int StatusBar::height() const {
   return area.bottom - area.top;
 }
 
+void StatusBar::showBatch(const std::wstring& text, bool isRunning) {
+  isBatchRunning_ = isRunning;
+  const bool other = text.empty() != batch_.empty();
+  if (text == batch_) return;
+  batch_ = text;
+  if (other) layOut();
+  SendMessageW(window_, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(batch_.c_str()));
+  UpdateWindow(window_);
+}
+
 void StatusBar::showPoint(DrawingPoint point, double pixelsPerUnit) {
+  if (isBatchRunning_) return;
+  showBatch({}, false);
   const int digits = pixelsPerUnit > 1000 ? 8 : 4;
   wchar_t text[128];
   std::swprintf(text, std::size(text), L"X = %.*f   Y = %.*f", digits, point.x, digits, point.y);

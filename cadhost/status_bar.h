@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <string>
+
 #include "cadhost/view_transform.h"
 #include "embedded/editor/host.h"
 
@@ -18,6 +20,8 @@ class StatusBar {
   int height() const;
 
   void showPoint(DrawingPoint point, double pixelsPerUnit);
+  // In place of the point, which has its turn again when nothing runs and the pointer moves. Painted at once.
+  void showBatch(const std::wstring& text, bool isRunning);
   // Painted at once: a command that shows it does not return to the message loop.
   void showMeter(const cad::Meter& meter);
 
@@ -25,6 +29,8 @@ class StatusBar {
   HWND window_ = nullptr, meter_ = nullptr;
   HFONT font_ = nullptr;
   int shown_ = -1;  // per cent
+  std::wstring batch_;
+  bool isBatchRunning_ = false;
 };
 
 }  // namespace cadhost

@@ -71,6 +71,9 @@ TEST(InputQueue, EscapeAsksARunningCommandToStopUntilItHasEnded) {
   queue.beginCommand();
   queue.cancel();
   EXPECT_TRUE(queue.isBreakWanted());
+  queue.hasStopped();
+  EXPECT_FALSE(queue.isBreakWanted()) << "what the command does next is not meant";
+  queue.cancel();
   queue.endCommand();
   EXPECT_FALSE(queue.isBreakWanted());
 }
