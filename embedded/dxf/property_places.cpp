@@ -26,6 +26,7 @@ constexpr PropertyPlace kCommonPlaces[] = {
 };
 
 static_assert(std::ranges::all_of(kCommonPlaces, mayStray, &PropertyPlace::code));
+static_assert(std::ranges::none_of(kCommonPlaces, staysBehind, &PropertyPlace::code));
 
 struct TypedPlace {
   std::string_view types;  // separated by blanks
@@ -141,6 +142,13 @@ const PropertyPlace* findCommonPlace(RecordKind kind, Property property) {
     if (place.property == property) return &place;
   }
   return nullptr;
+}
+
+Version commonSince(int code) {
+  constexpr int kLastOfColors = 439;
+  if (code >= kTrueColor && code <= kLastOfColors) return V::kR2004;
+  const auto place = std::ranges::find(kCommonPlaces, code, &PropertyPlace::code);
+  return place == std::end(kCommonPlaces) ? V::kR12 : place->since;
 }
 
 const PropertyPlace* findPlace(RecordKind kind, std::string_view type, Property property) {

@@ -21,6 +21,8 @@ struct PropertyPlace {
 const PropertyPlace* findPlace(RecordKind kind, std::string_view type, Property property);
 // The same for properties that entities of every type have; null for others.
 const PropertyPlace* findCommonPlace(RecordKind kind, Property property);
+// From which version on entities have a group, of those that every entity may have.
+Version commonSince(int code);
 
 // Of several groups the last, which is what readers take. `straying`: what every entity has may stand behind
 // AcDbEntity too.

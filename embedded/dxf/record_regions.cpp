@@ -176,11 +176,6 @@ bool CommonGroups::strayed(int code) const {
   return std::ranges::none_of(kOwnGroups, own) && std::ranges::binary_search(kClasses, marker_, lessNoCase);
 }
 
-bool isCommonCode(int code) {
-  constexpr int kOthers[] = {92, 160, 284, 310, 347, 348, 390, 410};
-  return mayStray(code) || holds(kOthers, code);
-}
-
 bool isKnownClass(std::string_view subclass) {
   return equalNoCase(subclass, kEntityMarker) || std::ranges::binary_search(kClasses, subclass, lessNoCase);
 }

@@ -66,8 +66,15 @@ constexpr bool mayStray(int code) {
   constexpr int kCodes[] = {6, 8, 48, 60, 62, 67, 370, 420, 430, 440};
   return std::ranges::find(kCodes, code) != std::end(kCodes);
 }
+// Groups of every entity that do not go with it into another drawing: what hangs on objects that stay, the
+// layout, and preview graphics.
+constexpr bool staysBehind(int code) {
+  constexpr int kCodes[] = {67, 92, 160, 284, 310, 347, 348, 390, 410};
+  return std::ranges::find(kCodes, code) != std::end(kCodes);
+}
 // Groups that every entity may have.
-bool isCommonCode(int code);
+constexpr bool isCommonCode(int code) { return mayStray(code) || staysBehind(code); }
+
 // --- The parts of a record --------------------------------------------------------------------------------
 
 enum class Region : std::uint8_t {

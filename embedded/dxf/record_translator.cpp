@@ -4,6 +4,7 @@
 
 #include "base/fold.h"
 #include "embedded/dxf/dim_overrides.h"
+#include "embedded/dxf/property_places.h"
 #include "embedded/dxf/record_regions.h"
 
 namespace cad::dxf {
@@ -25,7 +26,7 @@ constexpr TypeVersion kTypes[] = {
     {"TRACE", Version::kR12},   {"VERTEX", Version::kR12}, {"XLINE", Version::kR13},
 };
 
-// Groups that came with a version, by the entity they belong to; "" is every entity.
+// Groups of a type's own that came with a version. Those of every entity: commonSince().
 struct GroupVersion {
   std::string_view type;
   int first, last;
@@ -33,34 +34,15 @@ struct GroupVersion {
 };
 
 constexpr GroupVersion kGroups[] = {
-    {"", 48, 48, Version::kR13},
-    {"", 60, 60, Version::kR13},
-    {"", 370, 370, Version::kR2000},
-    {"", 420, 439, Version::kR2004},
-    {"", 440, 440, Version::kR2010},
-    {"ATTDEF", 280, 280, Version::kR2010},
-    {"ATTRIB", 280, 280, Version::kR2010},
-    {"DIMENSION", 41, 42, Version::kR2000},
-    {"DIMENSION", 71, 75, Version::kR2000},
-    {"DIMENSION", 280, 280, Version::kR2010},
-    {"HATCH", 450, 479, Version::kR2004},
-    {"LWPOLYLINE", 91, 91, Version::kR2010},
-    {"MTEXT", 44, 44, Version::kR2000},
-    {"MTEXT", 45, 45, Version::kR2004},
-    {"MTEXT", 63, 63, Version::kR2004},
-    {"MTEXT", 73, 73, Version::kR2000},
-    {"MTEXT", 90, 90, Version::kR2004},
-    {"MTEXT", 421, 449, Version::kR2004},
-    {"MTEXT", 75, 79, Version::kR2007},
-    {"MTEXT", 48, 49, Version::kR2007},
-    {"VERTEX", 91, 91, Version::kR2010},
+    {"ATTDEF", 280, 280, Version::kR2010},    {"ATTRIB", 280, 280, Version::kR2010},
+    {"DIMENSION", 41, 42, Version::kR2000},   {"DIMENSION", 71, 75, Version::kR2000},
+    {"DIMENSION", 280, 280, Version::kR2010}, {"HATCH", 450, 479, Version::kR2004},
+    {"LWPOLYLINE", 91, 91, Version::kR2010},  {"MTEXT", 44, 44, Version::kR2000},
+    {"MTEXT", 45, 45, Version::kR2004},       {"MTEXT", 63, 63, Version::kR2004},
+    {"MTEXT", 73, 73, Version::kR2000},       {"MTEXT", 90, 90, Version::kR2004},
+    {"MTEXT", 421, 449, Version::kR2004},     {"MTEXT", 75, 79, Version::kR2007},
+    {"MTEXT", 48, 49, Version::kR2007},       {"VERTEX", 91, 91, Version::kR2010},
 };
-
-// Of every entity's groups: what hangs on objects that are not copied, the layout, and preview graphics.
-bool isDropped(int code) {
-  constexpr int kCodes[] = {67, 92, 160, 284, 310, 347, 348, 390, 410};
-  return std::find(std::begin(kCodes), std::end(kCodes), code) != std::end(kCodes);
-}
 
 // --- Which subclass marker each group of a plain entity stands under, for records of files that have none
 // ---
@@ -170,12 +152,11 @@ struct RecordTranslator::Walk {
 bool RecordTranslator::keeps(const Walk& walk, const Group& group) const {
   const bool common =
       walk.markers ? walk.common.atHome() || walk.common.strayed(group.code) : isCommonCode(group.code);
-  if (common && isDropped(group.code)) return false;
-  for (const GroupVersion& row : kGroups) {
-    if (group.code < row.first || group.code > row.last || to_.facts().version >= row.since) continue;
-    if (row.type.empty() ? common : !common && row.type == walk.type) return false;
-  }
-  return true;
+  const Version version = to_.facts().version;
+  if (common) return !staysBehind(group.code) && version >= commonSince(group.code);
+  return std::ranges::none_of(kGroups, [&](const GroupVersion& row) {
+    return row.type == walk.type && group.code >= row.first && group.code <= row.last && version < row.since;
+  });
 }
 
 bool RecordTranslator::copyHandle(const Group& group, RecordBuilder& builder) const {

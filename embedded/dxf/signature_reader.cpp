@@ -81,16 +81,10 @@ void SignatureReader::take(int code, std::string_view value) {
       value = trimmed(value);
       application_ = !value.empty() && value.front() == '{';
       return;
-    case 48:
-    case 60:
-    case 370:
-    case 420:
-    case 430:
-    case 440:
-      return noteStray(code);
     default:
       break;
   }
+  if (mayStray(code)) return noteStray(code);
   if (code >= 1000) {
     inText_ = regular_ = application_ = false;
     if (code == kLayerName) namesLayers_ = true;

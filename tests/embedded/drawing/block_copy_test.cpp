@@ -49,11 +49,15 @@ std::string told(const Drawing& drawing, RecordId block) {
   std::string all;
   for (const RecordId id : drawing.entitiesOf(block)) {
     all += std::string(drawing.typeName(id)) + memory::shown(drawing.geometry(id));
-    for (const Property each : {Property::kLayer, Property::kLinetype, Property::kTextStyle,
-                                Property::kTextString, Property::kName, Property::kBlockName})
-      all += " " + base::toUtf8(drawing.text(id, each).value_or(L"-"));
-    for (const Property each : {Property::kColorIndex, Property::kLineWeight, Property::kInvisible})
-      all += " " + std::to_string(drawing.integer(id, each).value_or(-999));
+    all += " " + base::toUtf8(drawing.text(id, Property::kBlockName).value_or(L"-"));
+    for (const PropertyInfo& info : allProperties()) {
+      if (!info.copied) continue;
+      const double preset = info.defaultValue;
+      all += " " + base::toUtf8(drawing.text(id, info.property).value_or(L"-"));
+      all += " " +
+             std::to_string(drawing.integer(id, info.property).value_or(static_cast<std::int64_t>(preset)));
+      all += " " + std::to_string(drawing.real(id, info.property).value_or(preset));
+    }
     all += "\n";
   }
   return all;
