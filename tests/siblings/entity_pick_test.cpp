@@ -152,7 +152,7 @@ TEST_F(EntityPickTest, PicksWithoutAValueFail) {
   host().setInputSource([] { return std::optional<cad::InputEvent>({2, 27}); });
   EXPECT_EQ(pickEntity(L"\n色を指示:", {PickItem::kColor, kPickAll, {}}), Values());
   EXPECT_EQ(printed_, L"\n色を指示:") << "whoever cancels needs no message";
-  EXPECT_EQ(pick(static_cast<PickItem>(17), kLine), Values());
+  EXPECT_EQ(pick(PickItem::kEnd, kLine), Values());
   EXPECT_EQ(pick(static_cast<PickItem>(0), kLine), Values());
 }
 

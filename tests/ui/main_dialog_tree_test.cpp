@@ -1,9 +1,11 @@
 // Editing the tree by its buttons and context menus.
 
 #include "spec/cvt_writer.h"
+#include "spec/item_kinds.h"
 #include "tests/spec/sample_specification.h"
 #include "tests/ui/main_dialog_fixture.h"
 #include "ui/context_menus.h"
+#include "ui/item_inputs.h"
 #include "ui/tree_nodes.h"
 
 namespace kiv::testing {
@@ -210,31 +212,31 @@ TEST_F(MainDialogTree, OnlyConditionsAreInverted) {
   }
 }
 
-// The commands from the first to the last of each range, then the others.
-std::vector<int> withRanges(const std::vector<std::pair<int, int>>& ranges, const std::vector<int>& others) {
-  std::vector<int> all;
-  for (const auto& [first, last] : ranges) {
-    for (int command = first; command <= last; ++command) all.push_back(command);
+// What the menu of a section's setting offers for its kinds of items, each of which has its caption there.
+std::vector<int> commandsOfKinds(int sectionNumber, bool asResult) {
+  std::vector<int> commands;
+  for (const ItemKind& kind : itemKinds()) {
+    if (!hasEffect(kind.kind, sectionNumber, asResult)) continue;
+    const ItemInput* input = itemInput(kind.kind);
+    commands.push_back(!input ? 0 : asResult ? input->resultCommand : input->conditionCommand);
   }
-  all.insert(all.end(), others.begin(), others.end());
+  return commands;
+}
+
+std::vector<int> offersOf(int sectionNumber, const std::vector<int>& behindConditions) {
+  std::vector<int> all = commandsOfKinds(sectionNumber, false);
+  const std::vector<int> results = commandsOfKinds(sectionNumber, true);
+  all.insert(all.end(), behindConditions.begin(), behindConditions.end());
+  all.insert(all.end(), results.begin(), results.end());
+  all.insert(all.end(), {IDC_CLEAR_RESULTS, IDC_DELETE_SETTING});
   return all;
 }
 
 TEST_F(MainDialogTree, MenusGreyWhatCannotApply) {
   EXPECT_EQ(offered({L"文字"}), (std::vector<int>{IDC_ADD_SETTING, IDC_CLEAR_SETTINGS}));
   EXPECT_EQ(offered({L"寸法"}), (std::vector<int>{IDC_ADD_SETTING}));
-  // Layers have neither texts nor lists of them, nor dimension variables.
-  EXPECT_EQ(offered({L"文字", L"設定2"}),
-            withRanges({{40021, 40029}, {40050, 40052}, {40031, 40038}, {40070, 40072}},
-                       {IDC_CLEAR_RESULTS, IDC_DELETE_SETTING}));
-  EXPECT_EQ(offered({L"画層の設定", L"設定1"}), withRanges({{40021, 40023},
-                                                            {40050, 40051},
-                                                            {40053, 40056},
-                                                            {IDC_CLEAR_CONDITIONS, IDC_CLEAR_CONDITIONS},
-                                                            {40031, 40033},
-                                                            {40070, 40071},
-                                                            {40073, 40076}},
-                                                           {IDC_CLEAR_RESULTS, IDC_DELETE_SETTING}));
+  EXPECT_EQ(offered({L"文字", L"設定2"}), offersOf(kTextSection, {}));
+  EXPECT_EQ(offered({L"画層の設定", L"設定1"}), offersOf(kLayerSettingSection, {IDC_CLEAR_CONDITIONS}));
   EXPECT_EQ(offered({L"文字", L"設定1", L"画層 が <A-TEXT> のとき"}),
             (std::vector<int>{IDC_EDIT_CONDITION, IDC_INVERT_CONDITION, IDC_DELETE_CONDITION}));
   EXPECT_EQ(offered({L"文字", L"設定1", L"画層 を <TEXT> に変更"}),

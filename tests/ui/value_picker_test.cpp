@@ -4,6 +4,7 @@
 
 #include "base/paths.h"
 #include "embedded/editor/host.h"
+#include "siblings/KivDll/interface.h"
 #include "spec/item_kinds.h"
 #include "tests/support/temp_folder.h"
 #include "tests/ui/user.h"
@@ -96,6 +97,14 @@ TEST_F(ValuePicker, OffersSearchListsWhichNoEntityHas) {
   DialogWindow& picker = open(kTextListKind);
   EXPECT_EQ(picker.combo(IDC_VALUE_COMBO).entries(), std::vector<std::wstring>{L"A.list"});
   user_.cannotClick(picker, IDC_PICK);
+}
+
+TEST_F(ValuePicker, PicksOnlyWhatThePickKnows) {
+  for (const ItemKind& kind : itemKinds()) {
+    const bool picks = open(kind.kind).isEnabled(IDC_PICK);
+    EXPECT_TRUE(!picks || kind.kind < static_cast<int>(PickItem::kEnd)) << kind.kind;
+    owner_.picker.reset();
+  }
 }
 
 TEST_F(ValuePicker, AChosenEntryIsTheValue) {
