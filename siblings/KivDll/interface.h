@@ -8,8 +8,9 @@ namespace kiv {
 
 // --- Settings; keys are compared ignoring case -------------------------------------------------------------
 
-// dll_kiv_getcfgCmn: the length of the key's text, or -1 when no text is kept under it. With a buffer of
-// `capacity` characters the text and its terminating zero are copied, cut to fit.
+// dll_kiv_getcfgCmn: the length of the key's text, or -1 when no text is kept under it, neither by the person
+// nor in the file settings/common.cfg that came along with the module. With a buffer of `capacity` characters
+// the text and its terminating zero are copied, cut to fit.
 using GetCommonSetting = int(const wchar_t* key, wchar_t* text, int capacity);
 
 // dll_kiv_setcfgCmn: 1, or 0 when the text could not be kept.

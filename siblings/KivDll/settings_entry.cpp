@@ -4,6 +4,7 @@
 #include <limits>
 #include <memory>
 
+#include "base/dynamic_library.h"
 #include "siblings/KivDll/exports.h"
 #include "siblings/KivDll/settings_store.h"
 
@@ -25,6 +26,19 @@ std::shared_ptr<SettingsStore> store() {
   return current;
 }
 
+// What came along with the suite, in a folder beside this library. Nobody writes there.
+std::optional<std::wstring> shippedSetting(const wchar_t* key) {
+  static const char anchor = 0;
+  static SettingsStore shipped(base::libraryFile(&anchor).parent_path() / "settings" / "common.cfg");
+  return shipped.read(key);
+}
+
+std::optional<std::wstring> setting(const wchar_t* key) {
+  const auto own = store();
+  std::optional<std::wstring> value = own ? own->read(key) : std::nullopt;
+  return value ? value : shippedSetting(key);
+}
+
 int copyOut(const std::wstring& value, wchar_t* text, int capacity) {
   // A text that a plain function cannot hand over whole ends at its first zero character.
   const std::size_t length = std::min(value.size(), value.find(L'\0'));
@@ -43,8 +57,7 @@ int copyOut(const std::wstring& value, wchar_t* text, int capacity) {
 int dll_kiv_getcfgCmn(const wchar_t* key, wchar_t* text, int capacity) {
   if (key == nullptr) return -1;
   try {
-    const auto store = kiv::store();
-    const std::optional<std::wstring> value = store ? store->read(key) : std::nullopt;
+    const std::optional<std::wstring> value = kiv::setting(key);
     return value ? kiv::copyOut(*value, text, capacity) : -1;
   } catch (const std::exception&) {
     return -1;

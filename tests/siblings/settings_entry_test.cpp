@@ -42,6 +42,14 @@ TEST_F(SettingsEntry, TextsArriveWholeOrCut) {
   EXPECT_EQ(readCommonText(L"MorluxLogOutPath", L""), L"記録フォルダ");
 }
 
+TEST_F(SettingsEntry, WhatCameAlongHoldsUntilThePersonSaysOtherwise) {
+  setEnvironment(folder_ / "none yet");
+  EXPECT_EQ(readCommonInteger(L"KivFileMode", 0), 1);
+  EXPECT_FALSE(std::filesystem::exists(folder_ / "none yet"));
+  writeCommonInteger(L"KivFileMode", 0);
+  EXPECT_EQ(readCommonInteger(L"KivFileMode", 7), 0);
+}
+
 TEST_F(SettingsEntry, ALossIsSaidOnce) {
   setEnvironment(make("no-folder", "") / "below");
   writeCommonText(L"KivBlock", L"1");
