@@ -1,19 +1,12 @@
 #pragma once
-// A batch: many drawings converted one after another, each by a conversion command of its own.
-
-#include "host/conversion_context.h"
+// A batch: many drawings converted one after another, each by a conversion command of its own, which a script
+// of the host gives after it has opened the drawing.
 
 namespace kiv {
 
-// Begins a batch with what the context holds. False: nothing was begun, and the main dialog is to be shown
-// again.
-bool startBatch();
-
-// A drawing has been converted and closed. The last one brings the user back to where the batch began; the
-// host may suspend the command that activates another document, so nothing is left to do after it.
-void endBatchStep();
-
-// The summary on the host's command line; nothing at all when no batch was prepared.
-void printBatchReport(const std::optional<std::vector<BatchFile>>& files, const std::wstring& sourceFolder);
+// Asks for the drawings and the folder of the results, and hands the script to the host, which runs it when
+// the command has ended. A choice of nothing types the interactive command, which shows the main dialog
+// again. A batch that gets no script leaves the dialog hidden until that command is typed.
+void startBatch();
 
 }  // namespace kiv

@@ -20,7 +20,9 @@ class CCnvDlg;
 
 struct BatchFile {
   std::wstring name;  // without its folder
-  int version = -1;   // below 1: not a readable drawing; -1: could not be asked
+  // Below 1: not a readable drawing, or one that was not converted; -1: could not be asked.
+  int version = -1;
+  bool isPending = false;  // in the batch's script, which has not come to it yet
 };
 
 // Indexes of the context's paths.
@@ -36,6 +38,7 @@ struct ConversionContext {
 
   std::array<std::wstring, 3> contextPaths;
   base::SaveFormat saveFormat = base::SaveFormat::kDwg;
+  int savedChoice2 = 0;  // the second number of the choice of drawings, carried for whoever chose
 
   std::optional<std::vector<BatchFile>> batchFiles;  // nothing: no batch has been prepared
   AcApDocument* batchStartDocument = nullptr;

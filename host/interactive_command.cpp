@@ -13,6 +13,8 @@
 #include "base/clock.h"
 #include "base/paths.h"
 #include "host/batch.h"
+#include "host/batch_report.h"
+#include "host/batch_turns.h"
 #include "host/module.h"
 #include "platform/dialog.h"
 #include "platform/entity_pick.h"
@@ -41,6 +43,7 @@ void beginAnew() {
 void printReport() {
   ConversionContext& context = conversionContext();
   printBatchReport(context.batchFiles, context.contextPaths[kSourceFolder]);
+  endTurns();
   if (context.batchFiles) context.batchFiles->clear();
 }
 
@@ -153,39 +156,29 @@ void convertThisDrawing() {
   writeCommonText(kLogFileKey, L"");
 }
 
-// True when the dialog is to be waited for again.
-bool serveClosedDialog() {
+void serveClosedDialog() {
   ConversionContext& context = conversionContext();
-  if (!context.dialog) return false;
+  if (!context.dialog) return;
   const Closing closing = context.dialog->closing();
-  if (closing == Closing::kCancelled) {
-    context.dialog.reset();
-    return false;
-  }
+  if (closing == Closing::kCancelled) return context.dialog.reset();
   storeOptions();
-  if (closing == Closing::kConvert) {
-    convertThisDrawing();
-    return false;
-  }
-  if (startBatch()) return false;
-  beginAnew();
-  context.dialog->reopen();
-  return true;
+  if (closing == Closing::kConvert) return convertThisDrawing();
+  startBatch();
 }
 
 void runDialog() {
   const ConversionContext& context = conversionContext();
   beginAnew();
-  // The end of a batch sends the command again; the dialog is still there, unless its window went meanwhile.
+  // The end of a batch, and a choice of nothing, send the command again; the dialog is still there, unless
+  // its window went meanwhile.
   if (context.dialog) printReport();
   if (context.dialog && context.dialog->hasWindow()) {
     context.dialog->reopen();
   } else {
     makeDialog();
   }
-  do {
-    waitForDialog();
-  } while (serveClosedDialog());
+  waitForDialog();
+  serveClosedDialog();
 }
 
 void interact() {

@@ -7,6 +7,7 @@
 #include "accmd.h"
 #include "base/files.h"
 #include "host/automation.h"
+#include "host/batch_turns.h"
 #include "host/conversion_context.h"
 #include "platform/host_messages.h"
 #include "platform/host_output.h"
@@ -75,6 +76,7 @@ void initialise(void* packet) {
 }
 
 void withdraw() {
+  endTurns();
   // A dialog hidden for a batch would be left to windows whose code has gone.
   conversionContext().dialog.reset();
   releaseDialogs();

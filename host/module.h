@@ -24,4 +24,9 @@ void removeCommands();
 void interactiveCommand();  // KIV_TOACAD
 void conversionCommand();   // KIV_TOACAD2
 
+// Types the interactive command, whatever waits for input before.
+inline constexpr const wchar_t* kInteractiveCommandText =
+    L"\x03"
+    L"KIV_TOACAD\n";
+
 }  // namespace kiv

@@ -82,8 +82,11 @@ Variable dateAndTime(HostState&) {
 // CMDNAMES: the running commands, outermost first
 Variable commandNames(HostState& state) { return state.commandLine.runningNames(); }
 
-// CMDACTIVE: bit 1 while a command runs
-Variable commandsActive(HostState& state) { return flag(state.commandLine.isBusy()); }
+// CMDACTIVE: bit 1 while a command runs, bit 4 while a script does
+Variable commandsActive(HostState& state) {
+  CommandLine& commandLine = state.commandLine;
+  return std::int64_t{commandLine.isBusy() ? 1 : 0} + (commandLine.script().isRunning() ? 4 : 0);
+}
 
 // --- The rows
 

@@ -67,7 +67,7 @@ void focusHost() {}
 void typeIntoHost(std::wstring_view text) {
   if (text == kCancelCharacter) return;
   AcApDocManager* const documents = acDocManagerPtr();
-  documents->sendStringToExecute(documents->curDocument(), std::wstring(text).c_str(), true, false, true);
+  documents->sendStringToExecute(documents->curDocument(), std::wstring(text).c_str(), false, false, true);
 }
 
 int monitorDpi(void*) { return kReferenceDpi; }

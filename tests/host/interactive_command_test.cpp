@@ -100,18 +100,6 @@ class InteractiveCommand : public test_support::TempFolder {
       EXPECT_TRUE(user::shownDialogs().empty());
     });
   }
-  // The context as a batch leaves it, its dialog hidden.
-  CCnvDlg* leaveBatch() {
-    ConversionContext& context = conversionContext();
-    context.dialog = std::make_unique<CCnvDlg>(
-        CCnvDlg::Shared{context.pick, context.dialogRect}, [](const std::wstring&) { return std::nullopt; },
-        nullptr);
-    EXPECT_TRUE(context.dialog->create(nullptr));
-    window().show(false);
-    context.batchFiles = std::vector<BatchFile>{{L"plan.dxf", 1}, {L"photo.jpg", 0}};
-    context.batchRemaining = 3;
-    return context.dialog.get();
-  }
   DialogWindow& window() { return conversionContext().dialog->window(); }
   bool printed(const std::wstring& text) const { return printed_.find(text) != std::wstring::npos; }
   static std::wstring setting(const wchar_t* key) { return readCommonText(key, L"-"); }
@@ -324,33 +312,6 @@ TEST_F(InteractiveCommand, ASessionThatEndsWithAnOpenPickerLeavesTheHostUsable) 
   EXPECT_EQ(conversionContext().dialog, nullptr);
   thenClicks(IDCANCEL);
   run();
-}
-
-TEST_F(InteractiveCommand, ABatchThatCannotBeginShowsTheDialogAgain) {
-  thenClicks(IDC_MAIN_BATCH);
-  then([this] {
-    EXPECT_TRUE(printed(L"\nKivｴﾗｰ:連続変換"));
-    EXPECT_TRUE(window().isShown());
-    EXPECT_EQ(setting(L"KivBlock"), L"0");
-  });
-  thenClicks(IDCANCEL);
-  run();
-  EXPECT_EQ(conversionContext().dialog, nullptr);
-}
-
-TEST_F(InteractiveCommand, AfterABatchTheReportIsPrintedAndTheHiddenDialogShown) {
-  const ConversionContext& context = conversionContext();
-  const CCnvDlg* const kept = leaveBatch();
-  then([&] {
-    EXPECT_EQ(context.dialog.get(), kept);
-    EXPECT_TRUE(window().isShown());
-    EXPECT_EQ(context.batchRemaining, 0);
-    ASSERT_TRUE(context.batchFiles);
-    EXPECT_TRUE(context.batchFiles->empty());
-  });
-  thenClicks(IDCANCEL);
-  run();
-  EXPECT_TRUE(printed(L"photo.jpg"));
 }
 
 }  // namespace

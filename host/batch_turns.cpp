@@ -1,0 +1,143 @@
+#include "host/batch_turns.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+#include <system_error>
+#include <utility>
+
+#include "aced.h"
+#include "base/files.h"
+#include "base/fold.h"
+#include "engine/host_access.h"
+#include "engine/problems.h"
+#include "host/conversion_log.h"
+#include "host/module.h"
+#include "platform/host_documents.h"
+#include "platform/host_output.h"
+
+namespace kiv {
+namespace {
+
+using Files = std::vector<BatchFile>;
+
+bool isPending(const BatchFile& file) { return file.isPending; }
+
+// --- The script goes on
+
+// A failure suspends the script. One that the person meets in a suspended script's pause resumes nothing.
+class OpenWatch : public AcEditorReactor {
+ public:
+  OpenWatch() {
+    if (AcEditor* const editor = acedEditor) editor->addReactor(this);
+  }
+  ~OpenWatch() override {
+    if (AcEditor* const editor = acedEditor) editor->removeReactor(this);
+  }
+  OpenWatch(const OpenWatch&) = delete;
+  OpenWatch& operator=(const OpenWatch&) = delete;
+
+  void commandWillStart(const ACHAR* name) override {
+    guarded([&] { isScripts_ = isOpen(name) && isScriptActive(); });
+  }
+  void commandFailed(const ACHAR* name) override { resumeAfter(name); }
+  void commandCancelled(const ACHAR* name) override { resumeAfter(name); }
+
+ private:
+  static bool isOpen(const ACHAR* name) { return name != nullptr && base::equalFolded(name, L"OPEN"); }
+
+  // A host that does not tell runs no command but the script's while a batch is under way.
+  static bool isScriptActive() {
+    constexpr int kScript = 4;
+    return (integerVariable(L"CMDACTIVE").value_or(kScript) & kScript) != 0;
+  }
+
+  void resumeAfter(const ACHAR* name) {
+    guarded([&] {
+      if (!isOpen(name) || !std::exchange(isScripts_, false)) return;
+      AcApDocManager* const documents = acDocManagerPtr();
+      documents->sendStringToExecute(documents->curDocument(), L"RESUME\n", false, false, true);
+    });
+  }
+
+  bool isScripts_ = false;
+};
+
+// Not a static object: detaching the library would remove it from a host that may be gone.
+OpenWatch* theWatch = nullptr;
+
+// --- The records
+
+void tellUnopened(BatchFile& file) {
+  file.isPending = false;
+  file.version = 0;
+  const std::wstring path = fullPathOf(file);
+  const std::wstring problem = unreadableProblem(path);
+  printError(problem + L".");
+  ConversionLog log(path);
+  log.addMessage(problem);
+  // As after a run, the command line says nothing of it: the log never disturbs a conversion.
+  static_cast<void>(log.writeEntry());
+}
+
+// The host may write a path in another way than it was given.
+bool isSameFile(const AcApDocument& document, const BatchFile& file) {
+  std::error_code error;
+  return std::filesystem::equivalent(base::pathFromText(document.fileName()),
+                                     base::pathFromText(fullPathOf(file)), error);
+}
+
+// The first pending record of the current document; the end when there is none.
+Files::iterator findCurrent(Files& files) {
+  const AcApDocument* const document = acDocManagerPtr()->curDocument();
+  if (document == nullptr || document == conversionContext().batchStartDocument) return files.end();
+  const auto byName = std::find_if(files.begin(), files.end(), [&](const BatchFile& file) {
+    return file.isPending && isDocumentOf(*document, fullPathOf(file));
+  });
+  if (byName != files.end()) return byName;
+  return std::find_if(files.begin(), files.end(),
+                      [&](const BatchFile& file) { return file.isPending && isSameFile(*document, file); });
+}
+
+}  // namespace
+
+std::wstring fullPathOf(const BatchFile& file) {
+  return conversionContext().contextPaths[kSourceFolder] + file.name;
+}
+
+void beginTurns() {
+  endTurns();
+  theWatch = new OpenWatch;
+}
+
+bool isBatchUnderWay() {
+  const auto& files = conversionContext().batchFiles;
+  return theWatch != nullptr && files && std::any_of(files->begin(), files->end(), isPending);
+}
+
+BatchFile* takeTurn() {
+  Files& files = *conversionContext().batchFiles;
+  const auto own = findCurrent(files);
+  const auto next = std::find_if(files.begin(), files.end(), isPending);
+  const auto end = own != files.end() ? own : std::next(next);
+  for (auto each = next; each != end; ++each) {
+    if (each->isPending) tellUnopened(*each);
+  }
+  if (own == files.end()) return nullptr;
+  own->isPending = false;
+  return &*own;
+}
+
+void endTurn() {
+  if (isBatchUnderWay()) return;
+  endTurns();
+  AcApDocument* const start = conversionContext().batchStartDocument;
+  if (start == nullptr) return;
+  AcApDocManager* const documents = acDocManagerPtr();
+  AcApDocument* const document = isOpen(start) ? start : documents->curDocument();
+  documents->sendStringToExecute(document, kInteractiveCommandText, true, false, true);
+}
+
+void endTurns() { delete std::exchange(theWatch, nullptr); }
+
+}  // namespace kiv

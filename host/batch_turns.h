@@ -1,0 +1,33 @@
+#pragma once
+// Which drawing of a batch has its turn. The script goes on when a drawing could not be opened, with that
+// drawing's conversion command in whatever document is current then; so a command of a batch looks for the
+// record that its document belongs to.
+
+#include <string>
+
+#include "host/conversion_context.h"
+
+namespace kiv {
+
+// The batch is under way from now on, with the pending records of the context. A script that stops at a
+// drawing that cannot be opened is sent on meanwhile.
+void beginTurns();
+
+// Until the script has come to the last of its drawings, or endTurns().
+bool isBatchUnderWay();
+
+// The record of the current document, whose turn it is. Those before it that have not had their turn could
+// not be opened, and so could not the next one when the document is of none of them, which gives null: they
+// are told on the command line and in the log, and have failed.
+BatchFile* takeTurn();
+
+// After a turn: when it was the last one, the interactive command is sent to where the batch began. The host
+// may suspend the command that activates another document, so nothing is left to do afterwards.
+void endTurn();
+
+// The batch is given up, and its records stay as they are.
+void endTurns();
+
+std::wstring fullPathOf(const BatchFile& file);
+
+}  // namespace kiv
