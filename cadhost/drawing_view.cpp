@@ -136,22 +136,26 @@ void DrawingView::render(PixelRect part) {
   texts_.paint(drawn_->dc(), texts, view_, canvas.clip());
 }
 
+void DrawingView::compose() {
+  if (!preparePicture()) return;
+  if (stale_) {
+    render({0, 0, drawn_->width(), drawn_->height()});
+    stale_ = false;
+  }
+  composed_->copyFrom(*drawn_);
+  Canvas canvas = composed_->canvas();
+  ScenePainter(canvas, view_).highlight(host_.scene(), highlight_);
+  paintPointer();
+}
+
 void DrawingView::paint() {
   PAINTSTRUCT paint{};
   HDC dc = BeginPaint(window_, &paint);
-  if (preparePicture()) {
-    if (stale_) {
-      render({0, 0, drawn_->width(), drawn_->height()});
-      stale_ = false;
-    }
-    composed_->copyFrom(*drawn_);
-    Canvas canvas = composed_->canvas();
-    ScenePainter(canvas, view_).highlight(host_.scene(), highlight_);
-    paintPointer();
+  if (!isKept_) compose();
+  if (composed_ != nullptr)
     BitBlt(dc, 0, 0, composed_->width(), composed_->height(), composed_->dc(), 0, 0, SRCCOPY);
-  }
   EndPaint(window_, &paint);
-  if (host_.scene().truncated && !std::exchange(lossSaid_, true)) hands_.incomplete();
+  if (!isKept_ && host_.scene().truncated && !std::exchange(lossSaid_, true)) hands_.incomplete();
 }
 
 void DrawingView::paintPointer() {

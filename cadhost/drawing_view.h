@@ -37,6 +37,9 @@ class DrawingView {
 
   // To be called when a command has ended or waits: another drawing, or another state of it, is shown.
   void refresh();
+  // While a script opens one drawing after the other: what was shown last stays. Some take longer to show
+  // than to convert.
+  void keepPicture(bool keep) { isKept_ = keep; }
   void zoomExtents();
   void zoomAt(double notches, POINT screen);  // of the wheel, touchpads give shares; above 0 enlarges
   void setHighlight(cad::RecordId entity);
@@ -65,6 +68,7 @@ class DrawingView {
   void remember();
   bool preparePicture();
   void render(PixelRect part);
+  void compose();
   void paint();
   void paintPointer();
   bool isCrosshair() const { return pointer_ && !drag_ && host_.isPicking(); }
@@ -81,6 +85,7 @@ class DrawingView {
   std::vector<Remembered> remembered_;
   std::unique_ptr<Picture> drawn_, composed_;  // the scene; the same with what moves over it
   bool stale_ = true;                          // drawn_ is not what the view shows
+  bool isKept_ = false;
   TextPainter texts_;
   cad::RecordId highlight_ = cad::kNoRecord;
   std::optional<POINT> pointer_, drag_;

@@ -17,7 +17,7 @@ namespace {
 constexpr wchar_t kClass[] = L"CadhostFrame", kProgram[] = L"CADHOST";
 constexpr wchar_t kColorFunction[] = L"acad_colordlg";
 constexpr UINT kRunLines = WM_APP + 1;
-constexpr ULONGLONG kShowEvery = 500;  // milliseconds
+constexpr ULONGLONG kPaintEvery = 200;  // milliseconds
 constexpr int kLeastWidth = 480, kLeastHeight = 360;
 
 // Of a command that a person answers in a dialog; 0: of none.
@@ -84,7 +84,7 @@ void FrameWindow::connectHost() {
   host_.setBreakQuery([this] { return pump_.isBreakWanted(); });
   host_.setMeterObserver([this](const cad::Meter& meter) {
     status_.showMeter(meter);
-    if (batch_.isRunning()) showWhileRunning();
+    if (batch_.isRunning()) paintWhileRunning();
   });
   host_.setScriptObserver([this](const cad::ScriptProgress& progress) { scriptProgressed(progress); });
   host_.setHighlightObserver([this](cad::RecordId entity) { view_.setHighlight(entity); });
@@ -222,17 +222,16 @@ void FrameWindow::scriptProgressed(const cad::ScriptProgress& progress) {
   if (progress.state != cad::ScriptProgress::State::kRunning) input_.hasStopped();
   batch_.update(progress, BatchProgress::Time::clock::now());
   status_.showBatch(batch_.text(), batch_.isRunning());
-  if (batch_.isRunning()) showWhileRunning();
+  view_.keepPicture(batch_.isRunning());
+  if (batch_.isRunning()) paintWhileRunning();
 }
 
-// A drawing that takes long to show must not hold the others up.
-void FrameWindow::showWhileRunning() {
-  const ULONGLONG begun = GetTickCount64();
-  if (begun < nextShow_) return;
-  showState();
+void FrameWindow::paintWhileRunning() {
+  const ULONGLONG now = GetTickCount64();
+  if (now < nextPaint_) return;
+  nextPaint_ = now + kPaintEvery;
+  commands_.flush();
   MessagePump::paint();
-  const ULONGLONG ended = GetTickCount64();
-  nextShow_ = ended + std::max(kShowEvery, 5 * (ended - begun));
 }
 
 // --- Menu ---------------------------------------------------------------------------------------------

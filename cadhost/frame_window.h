@@ -57,7 +57,7 @@ class FrameWindow {
   void showState();  // everything that a command may have changed
   void showTitle();
   void scriptProgressed(const cad::ScriptProgress& progress);
-  void showWhileRunning();
+  void paintWhileRunning();
   void sayIncomplete();
   bool mayEnd();
   bool quit(bool discardChanges);
@@ -71,7 +71,7 @@ class FrameWindow {
   DrawingView view_;
   StatusBar status_;
   BatchProgress batch_;
-  ULONGLONG nextShow_ = 0;  // when a running script shows itself again, milliseconds of the system
+  ULONGLONG nextPaint_ = 0;  // of a running script, milliseconds of the system
   HWND window_ = nullptr;
   HACCEL accelerators_ = nullptr;
   bool ending_ = false;

@@ -8,13 +8,19 @@
 //   window_probe active TITLE     waits until the dialog or message box is there and has the keyboard
 //   window_probe gone TITLE       waits until it is not to be seen
 //   window_probe menu             waits until a context menu is open
+//   window_probe status TEXT      waits until the status bar begins with the text
+//   window_probe hold FILE        prints a line when it has the file open so that others can only read it,
+//   until
+//                                 it is ended
 // Exit status 2: there is no such window, also after half a minute of waiting.
 
 #include <windows.h>
 
 #include <cstdio>
 #include <cwchar>
+#include <iterator>
 #include <string>
+#include <string_view>
 
 #include "base/codepage.h"
 #include "cadhost/resource.h"
@@ -85,6 +91,25 @@ int waitUntil(Condition condition) {
   return 2;
 }
 
+bool showsStatus(HWND frame, const std::wstring& begin) {
+  wchar_t text[512] = {};
+  DWORD_PTR length = 0;
+  const HWND bar = GetDlgItem(frame, IDC_STATUS);
+  SendMessageTimeoutW(bar, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text), SMTO_NORMAL, 2000,
+                      &length);
+  return std::wstring_view(text).starts_with(begin);
+}
+
+int hold(const wchar_t* file) {
+  const HANDLE handle = CreateFileW(file, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (handle == INVALID_HANDLE_VALUE) return 2;
+  std::puts("held");
+  std::fflush(stdout);
+  Sleep(INFINITE);
+  return 0;
+}
+
 int printMiddle(HWND window) {
   RECT place{};
   if (window == nullptr || !GetWindowRect(window, &place)) return 2;
@@ -96,6 +121,7 @@ int printMiddle(HWND window) {
 }  // namespace
 
 int wmain(int count, wchar_t** words) {
+  if (count == 3 && std::wcscmp(words[1], L"hold") == 0) return hold(words[2]);
   const HWND frame = FindWindowW(L"CadhostFrame", nullptr);
   if (count < 2 || frame == nullptr) return 2;
   const std::wstring call = words[1];
@@ -105,6 +131,7 @@ int wmain(int count, wchar_t** words) {
   if (call == L"text" && count == 4) return printText(control(words[2], words[3]));
   if (call == L"active" && count == 3) return waitUntil([&] { return isActive(words[2]); });
   if (call == L"gone" && count == 3) return waitUntil([&] { return visibleDialog(words[2]) == nullptr; });
+  if (call == L"status" && count == 3) return waitUntil([&] { return showsStatus(frame, words[2]); });
   if (call == L"menu") return waitUntil([] { return visibleWindow(L"#32768", nullptr) != nullptr; });
   return call == L"history" ? printHistory(frame) : 2;
 }
