@@ -23,8 +23,12 @@ bool toLocal(std::time_t time, std::tm& parts) {
 }  // namespace
 
 std::wstring localTimeText(const wchar_t* format) {
+  return localTimeText(format, clockFunction() ? clockFunction()() : std::time(nullptr));
+}
+
+std::wstring localTimeText(const wchar_t* format, std::time_t time) {
   std::tm parts{};
-  if (!toLocal(clockFunction() ? clockFunction()() : std::time(nullptr), parts)) return {};
+  if (!toLocal(time, parts)) return {};
   // One part at a time: some systems' function takes no Japanese text outside a Japanese locale.
   std::wstring text;
   for (; *format != 0; ++format) {

@@ -11,6 +11,9 @@ namespace base {
 // the text has more than 127 characters.
 std::wstring localTimeText(const wchar_t* format);
 
+// The same of another time than now.
+std::wstring localTimeText(const wchar_t* format, std::time_t time);
+
 // The format of a conversion log's file name.
 inline constexpr const wchar_t* kLogNameFormat = L"%Y%m%d_%Hh%Mm%SsMorlux.log";
 

@@ -36,4 +36,8 @@ std::filesystem::path programFile();
 // The program or library that has `anchor`, an object with static storage, in its image.
 std::filesystem::path libraryFile(const void* anchor);
 
+// The library that has `anchor` in its image stays until the process ends, whoever releases it: a thread of
+// it may still be at work.
+void keepLoaded(const void* anchor);
+
 }  // namespace base

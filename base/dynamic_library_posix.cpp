@@ -31,4 +31,8 @@ fs::path libraryFile(const void* anchor) {
   return ::dladdr(anchor, &info) == 0 || info.dli_fname == nullptr ? fs::path() : fs::path(info.dli_fname);
 }
 
+void keepLoaded(const void* anchor) {
+  ::dlopen(libraryFile(anchor).c_str(), RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE);
+}
+
 }  // namespace base

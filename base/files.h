@@ -1,7 +1,10 @@
 #pragma once
 // Whole files: reading, mapping, removing, and writing so that a reader sees the old file or the new one.
 
+#include <cstdint>
+#include <ctime>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -54,6 +57,20 @@ Status removeFile(const std::filesystem::path& path);
 // The names in `folder` that end in `extension` (with its dot), ignoring case, in the order in which the
 // system gives them; none when the folder does not exist. An empty folder is the current one.
 std::vector<std::wstring> filesWithExtension(std::wstring_view folder, std::wstring_view extension);
+
+struct FolderEntry {
+  std::wstring name;
+  bool isFolder = false;
+  bool isHidden = false;  // as the system's own lists leave it out
+  std::uint64_t size = 0;
+  std::time_t modified = 0;
+};
+// Hands over what is in the folder one by one, in the order in which the system gives it; false ends the list
+// early. An entry that goes while it is looked at is left out. Failures as of readFile().
+Status listFolder(const std::filesystem::path& folder, const std::function<bool(FolderEntry)>& take);
+
+// Where the paths of this system begin: its drives, or the one root.
+std::vector<std::wstring> rootFolders();
 
 // Finds `name` in `folder` ignoring case, as Windows does; an exact match wins. Empty when absent.
 std::filesystem::path findIgnoringCase(const std::filesystem::path& folder, std::wstring_view name);

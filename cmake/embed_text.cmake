@@ -1,17 +1,14 @@
-# cmake -DOUTPUT=x.cpp -DHEADER=declares.h "-DTEXTS=function|file;..." -P embed_text.cmake
-# Writes a source that defines, in kiv::headless, a function for each file that returns the file's bytes.
-set(source "// Made by cmake/embed_text.cmake.\n#include \"${HEADER}\"\n\nnamespace kiv::headless {\nnamespace {\n")
-set(functions "")
-foreach(entry IN LISTS TEXTS)
-  string(REPLACE "|" ";" entry "${entry}")
-  list(GET entry 0 function)
-  list(GET entry 1 file)
-  file(READ "${file}" bytes HEX)
+# cmake -DOUTPUT=x.cpp -DSCRIPT=file -DHEADER=file -P embed_text.cmake
+# Writes a source that adds the two texts, of a resource script and its ids, to those of the library or program that it
+# is linked into.
+set(source "// Made by cmake/embed_text.cmake.\n#include \"platform/headless/resource_text.h\"\n\n")
+string(APPEND source "namespace kiv::headless {\nnamespace {\n")
+foreach(name SCRIPT HEADER)
+  file(READ "${${name}}" bytes HEX)
   string(REGEX REPLACE "([0-9a-f][0-9a-f])" "'\\\\x\\1'," bytes "${bytes}")
   # Short lines: a debugger and a pager may look at this.
   string(REGEX REPLACE "('[^']*','[^']*','[^']*','[^']*','[^']*','[^']*','[^']*','[^']*',)" "\\1\n" bytes "${bytes}")
-  string(APPEND source "constexpr char ${function}Bytes[] = {\n${bytes}};\n")
-  string(APPEND functions
-    "std::string_view ${function}() { return {${function}Bytes, sizeof ${function}Bytes}; }\n")
+  string(APPEND source "constexpr char k${name}[] = {\n${bytes}};\n")
 endforeach()
-file(WRITE "${OUTPUT}" "${source}}  // namespace\n\n${functions}}  // namespace kiv::headless\n")
+file(WRITE "${OUTPUT}" "${source}const ResourceText kText({kSCRIPT, sizeof kSCRIPT}, {kHEADER, sizeof kHEADER});\n\n"
+  "}  // namespace\n}  // namespace kiv::headless\n")

@@ -8,7 +8,8 @@
 
 namespace kiv {
 
-enum class Key { kEnter, kEscape, kTab, kDelete, kInsert, kUp, kDown, kF2 };
+// kSelectAll is A with Ctrl.
+enum class Key { kEnter, kEscape, kTab, kDelete, kInsert, kUp, kDown, kF2, kF5, kSelectAll };
 
 class Dialog {
  public:
@@ -41,11 +42,15 @@ class Dialog {
   // gives the default button, Escape and the window's closing box give 2. Unhandled, 1 and 2 end a modal
   // dialog with that result and 2 destroys a modeless one.
   virtual void onCommand(int command);
-  virtual void onEdited(int /*id*/) {}    // the person changed the text of an edit or a combo box's field
-  virtual void onSelected(int /*id*/) {}  // the person chose a list row, combo entry, tree item, grid row
+  virtual void onEdited(int /*id*/) {}  // the person changed the text of an edit or a combo box's field
+  // The person chose a list row, combo entry, tree item, grid row. Of a list in which several rows can be
+  // selected: once for each row that is selected now, or is not any more.
+  virtual void onSelected(int /*id*/) {}
   virtual void onDoubleClicked(int /*id*/) {}  // a list row, an entry of a combo box's list, a tree item
   virtual void onHeaderClicked(int /*id*/, int /*column*/) {}
-  // A key in a tree, list or grid, before the control uses it. True: done with.
+  virtual void onOpening(int /*id*/, TreeItem /*item*/) {}  // the person opens it; its children can be added
+  virtual void onTimer() {}
+  // A key in a tree, list or grid, before the control uses it; kF5 wherever the keyboard is. True: done with.
   virtual bool onKey(int /*id*/, Key /*key*/) { return false; }
   // The right button or the menu key; the item or row under the pointer is selected already.
   virtual void onContextMenu(int /*id*/, Place /*screen*/) {}

@@ -63,6 +63,9 @@ class TreeView {
   virtual void expand(TreeItem item) = 0;
   virtual void collapse(TreeItem item) = 0;  // what was selected below it gives the selection to it
   virtual bool isExpanded(TreeItem item) const = 0;
+  // Of an item with nothing under it: it can be opened all the same, so what it holds is asked for then
+  // (Dialog::onOpening).
+  virtual void setOpenable(TreeItem item, bool openable) = 0;
   virtual void setRedraw(bool on) = 0;
 };
 
@@ -71,6 +74,7 @@ class ListView {
   struct Column {
     std::wstring title;
     int width = 0;  // pixels
+    bool alignsRight = false;  // not the first one
   };
   virtual ~ListView() = default;
   virtual void setColumns(const std::vector<Column>& columns) = 0;
@@ -78,8 +82,17 @@ class ListView {
   virtual void addRow(const std::vector<std::wstring>& cells) = 0;  // missing cells are empty
   virtual int rowCount() const = 0;
   virtual std::wstring cell(int row, int column) const = 0;
-  virtual int selected() const = 0;
-  virtual void select(int row) = 0;
+  virtual void setCell(int row, int column, std::wstring_view text) = 0;
+  virtual int selected() const = 0;  // the first one
+  virtual void select(int row) = 0;  // no other row is then
+
+  // Several rows can be selected at once, by Shift and Ctrl, unless the style LVS_SINGLESEL says otherwise.
+  virtual int selectedCount() const = 0;
+  virtual std::vector<int> selectedRows() const = 0;
+  virtual void selectRows(const std::vector<int>& rows) = 0;  // no others are then
+  // The title shows by which column the rows are sorted.
+  virtual void setSortMark(int column, bool ascending) = 0;
+  virtual void setRedraw(bool on) = 0;
 };
 
 // A column of texts under a title, with the row's number before each; every text is edited in place.
@@ -94,6 +107,17 @@ class TextGrid {
   virtual int currentRow() const = 0;
   virtual void setCurrentRow(int row) = 0;
 };
+
+// The edges of a window, as bits.
+enum Edges : unsigned { kLeftEdge = 1, kTopEdge = 2, kRightEdge = 4, kBottomEdge = 8 };
+
+// Where a control goes that keeps its distance from these edges of a window that has grown by so much.
+constexpr Rect movedWithEdges(const Rect& place, unsigned edges, Place grown) {
+  const bool right = edges & kRightEdge, bottom = edges & kBottomEdge;
+  return {place.left + (right && !(edges & kLeftEdge) ? grown.x : 0),
+          place.top + (bottom && !(edges & kTopEdge) ? grown.y : 0), place.right + (right ? grown.x : 0),
+          place.bottom + (bottom ? grown.y : 0)};
+}
 
 class DialogWindow {
  public:
@@ -113,8 +137,15 @@ class DialogWindow {
   virtual Rect place() const = 0;
   virtual void setPlace(const Rect& place) = 0;  // moved and sized; its order among windows stays
   virtual void moveTo(Place topLeft) = 0;
+  // About its middle; not smaller than in the resource script, and not larger than its monitor.
+  virtual void setSize(int width, int height) = 0;
+  // In a window whose frame can be dragged: the control's edges that keep their distance from the same edges
+  // of the window; the others keep the control's size. Without a call it stays at the left and the top.
+  virtual void holdTo(int id, unsigned edges) = 0;
   // Runs onCommand(id) after the handler at work has returned; nothing when the window is gone by then.
   virtual void post(int command) = 0;
+  // From now on Dialog::onTimer() runs about so often, while no handler is at work; 0: not any more.
+  virtual void setTimer(int milliseconds) = 0;
 
   // --- Any control
   virtual Rect placeOf(int id) const = 0;  // pixels of the screen; empty: there is no such control

@@ -13,6 +13,8 @@
 
 namespace kiv::user {
 
+enum class Held { kNothing, kShift, kControl };
+
 std::vector<DialogWindow*> shownDialogs();  // the newest first
 
 bool click(DialogWindow& window, int id);                         // a button, check box or radio button
@@ -20,7 +22,7 @@ bool type(DialogWindow& window, int id, std::wstring_view text);  // replaces th
                                                                   // at a time
 bool chooseEntry(DialogWindow& window, int id, int entry);        // of a combo box
 bool doubleClickEntry(DialogWindow& window, int id, int entry);
-bool clickRow(DialogWindow& window, int id, int row);  // of a list or grid
+bool clickRow(DialogWindow& window, int id, int row, Held held = Held::kNothing);  // of a list or grid
 bool doubleClickRow(DialogWindow& window, int id, int row);
 bool clickHeader(DialogWindow& window, int id, int column);
 bool clickItem(DialogWindow& window, int id, TreeItem item);
@@ -34,7 +36,7 @@ bool press(DialogWindow& window, Key key, bool shift = false);  // in the contro
 bool pressWithAlt(DialogWindow& window, wchar_t letter);        // A to Z
 bool close(DialogWindow& window);                               // by its closing box
 
-// Lets everything happen that is under way; nothing where there are no windows to wait for.
+// Lets everything happen that is under way. Without real windows the timers run once.
 void settle();
 
 }  // namespace kiv::user

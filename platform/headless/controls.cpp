@@ -43,7 +43,8 @@ void MemoryCombo::select(int entry) {
 
 void MemoryList::clear() {
   rows_.clear();
-  selected_ = -1;
+  selected_.clear();
+  focused_ = anchor_ = -1;
 }
 
 std::wstring MemoryList::cell(int row, int column) const {
@@ -53,7 +54,38 @@ std::wstring MemoryList::cell(int row, int column) const {
   return index < cells.size() ? cells[index] : std::wstring();
 }
 
-void MemoryList::select(int row) { selected_ = row >= 0 && row < rowCount() ? row : -1; }
+void MemoryList::setCell(int row, int column, std::wstring_view text) {
+  if (!has(row) || column < 0) return;
+  auto& cells = rows_[static_cast<std::size_t>(row)];
+  const auto index = static_cast<std::size_t>(column);
+  if (index >= cells.size()) cells.resize(index + 1);
+  cells[index] = text;
+}
+
+void MemoryList::select(int row) {
+  selected_.clear();
+  if (!has(row)) return;
+  selected_.insert(row);
+  focused_ = anchor_ = row;
+}
+
+void MemoryList::selectRows(const std::vector<int>& rows) {
+  selected_.clear();
+  for (const int row : rows)
+    if (has(row)) selected_.insert(row);
+}
+
+void MemoryList::extendTo(int row) {
+  const auto [first, last] = std::minmax({anchor_ < 0 ? 0 : anchor_, row});
+  selected_.clear();
+  for (int each = first; each <= last; ++each) selected_.insert(each);
+  focused_ = row;
+}
+
+void MemoryList::toggle(int row) {
+  if (selected_.erase(row) == 0) selected_.insert(row);
+  focused_ = anchor_ = row;
+}
 
 void MemoryGrid::setRowCount(int rows) {
   rows_.resize(static_cast<std::size_t>(std::max(rows, 0)));

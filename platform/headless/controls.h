@@ -2,6 +2,7 @@
 // The controls of a dialog in memory, with the behaviour of the system's.
 
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,15 +54,30 @@ class MemoryList : public ListView {
   void addRow(const std::vector<std::wstring>& cells) override { rows_.push_back(cells); }
   int rowCount() const override { return static_cast<int>(rows_.size()); }
   std::wstring cell(int row, int column) const override;
-  int selected() const override { return selected_; }
+  void setCell(int row, int column, std::wstring_view text) override;
+  int selected() const override { return selected_.empty() ? -1 : *selected_.begin(); }
   void select(int row) override;
+  int selectedCount() const override { return static_cast<int>(selected_.size()); }
+  std::vector<int> selectedRows() const override { return {selected_.begin(), selected_.end()}; }
+  void selectRows(const std::vector<int>& rows) override;
+  void setSortMark(int, bool) override {}
+  void setRedraw(bool) override {}
+
+  bool has(int row) const { return row >= 0 && row < rowCount(); }
+  bool isSelected(int row) const { return selected_.contains(row); }
+  int focusedRow() const { return focused_; }
+  // By the person: the row alone, with what is selected (Ctrl), or all from the one clicked last (Shift).
+  void extendTo(int row);
+  void toggle(int row);
 
   int columnCount() const { return static_cast<int>(columns_.size()); }
 
  private:
   std::vector<Column> columns_;
   std::vector<std::vector<std::wstring>> rows_;
-  int selected_ = -1;
+  std::set<int> selected_;
+  int focused_ = -1;  // that the keys go from
+  int anchor_ = -1;   // that Shift goes from
 };
 
 class MemoryGrid : public TextGrid {

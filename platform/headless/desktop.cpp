@@ -91,6 +91,11 @@ void Desktop::runPosted() {
   }
 }
 
+void Desktop::runTimers() {
+  for (MemoryWindow* window : shown())
+    if (find(window) && window->dialog() && window->hasTimer()) window->dialog()->onTimer();
+}
+
 void Desktop::run(const std::function<void()>& action) {
   ++depth_;
   action();

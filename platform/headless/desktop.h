@@ -33,6 +33,8 @@ class Desktop {
   // Inside: posted commands run though a handler may be at work outside; those that it has posted wait for
   // it.
   void runNested(const std::function<void()>& action);
+  // onTimer() of each shown dialog that has set one.
+  void runTimers();
   bool isIdle() const { return windows_.empty() && depth_ == 0; }
 
  private:

@@ -1,5 +1,7 @@
 #include "platform/headless/keyboard.h"
 
+#include "platform/headless/resource_styles.h"
+
 namespace kiv::headless {
 namespace {
 
@@ -31,7 +33,7 @@ void move(MemoryWindow& window, MemoryControl& control, int direction) {
     const TreeItem next = control.tree->neighbourRow(control.tree->caret(), direction);
     if (next != 0) chooseItem(window, control, next);
   } else if (control.list) {
-    chooseRow(window, control, control.list->selected() + direction);
+    chooseRow(window, control, control.list->focusedRow() + direction);
   } else if (control.grid) {
     chooseRow(window, control, control.grid->currentRow() + direction);
   } else if (control.combo) {
@@ -64,15 +66,42 @@ void chooseItem(MemoryWindow& window, MemoryControl& tree, TreeItem item) {
   selected(window, tree.id);
 }
 
-void chooseRow(MemoryWindow& window, MemoryControl& listOrGrid, int row) {
-  if (listOrGrid.list) {
-    if (row < 0 || row >= listOrGrid.list->rowCount() || listOrGrid.list->selected() == row) return;
-    listOrGrid.list->select(row);
+namespace {
+
+void chooseListRow(MemoryWindow& window, MemoryControl& control, int row, user::Held held) {
+  MemoryList& list = *control.list;
+  if (!list.has(row)) return;
+  const std::vector<int> before = list.selectedRows();
+  const bool several = !control.resource->has(style::kSingleSelection);
+  if (several && held == user::Held::kShift) {
+    list.extendTo(row);
+  } else if (several && held == user::Held::kControl) {
+    list.toggle(row);
   } else {
-    if (!listOrGrid.grid->has(row) || listOrGrid.grid->currentRow() == row) return;
-    listOrGrid.grid->setCurrentRow(row);
+    list.select(row);
   }
+  if (list.selectedRows() != before) selected(window, control.id);
+}
+
+}  // namespace
+
+void chooseRow(MemoryWindow& window, MemoryControl& listOrGrid, int row, user::Held held) {
+  if (listOrGrid.list) {
+    chooseListRow(window, listOrGrid, row, held);
+    return;
+  }
+  if (!listOrGrid.grid->has(row) || listOrGrid.grid->currentRow() == row) return;
+  listOrGrid.grid->setCurrentRow(row);
   selected(window, listOrGrid.id);
+}
+
+void turnItem(MemoryWindow& window, MemoryControl& tree, TreeItem item) {
+  MemoryTree& items = *tree.tree;
+  if (items.isExpanded(item)) return items.collapse(item);
+  if (!items.canOpen(item)) return;
+  const int id = tree.id;
+  window.dialog()->onOpening(id, item);
+  if (window.dialog() && items.has(item)) items.expand(item);
 }
 
 void typeCharacter(MemoryWindow& window, MemoryControl& control, wchar_t character) {
@@ -87,7 +116,7 @@ void eraseText(MemoryWindow& window, MemoryControl& control) {
 void pressKey(MemoryWindow& window, Key key, bool shift) {
   MemoryControl* control = window.focusedControl();
   const bool asksDialog = control && (control->tree || control->list || control->grid);
-  if (asksDialog && window.dialog()->onKey(control->id, key)) return;
+  if ((asksDialog || key == Key::kF5) && window.dialog()->onKey(control ? control->id : 0, key)) return;
   if (!window.dialog()) return;
   if (key == Key::kEnter) return pressEnter(window);
   if (key == Key::kEscape) return cancel(window);

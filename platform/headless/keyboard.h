@@ -3,13 +3,17 @@
 // its dialog after each call.
 
 #include "platform/headless/window.h"
+#include "platform/user_input.h"
 
 namespace kiv::headless {
 
 void pressButton(MemoryWindow& window, MemoryControl& button);
 void chooseEntry(MemoryWindow& window, MemoryControl& combo, int entry);
 void chooseItem(MemoryWindow& window, MemoryControl& tree, TreeItem item);
-void chooseRow(MemoryWindow& window, MemoryControl& listOrGrid, int row);
+void chooseRow(MemoryWindow& window, MemoryControl& listOrGrid, int row,
+               user::Held held = user::Held::kNothing);
+// Opens or closes the item, as a double click does.
+void turnItem(MemoryWindow& window, MemoryControl& tree, TreeItem item);
 
 // In an edit or the field of a combo box, at its caret.
 void typeCharacter(MemoryWindow& window, MemoryControl& control, wchar_t character);

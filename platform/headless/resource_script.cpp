@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <utility>
 
 #include "base/utf8.h"
@@ -19,13 +20,27 @@ const Resource* findId(const std::vector<Resource>& resources, int id) {
   return found == resources.end() ? nullptr : &*found;
 }
 
-ResourceScript readOwnScript() {
-  auto script = parseResourceScript(base::utf8::decode(resourceScriptText()).text,
-                                    base::utf8::decode(resourceHeaderText()).text);
-  if (script) return std::move(script.value());
-  const std::string reason = base::utf8::encode(script.failure().text()).bytes;
-  std::fprintf(stderr, "The dialogs cannot be read: %s\n", reason.c_str());
-  return {};
+template <class Resource>
+void append(std::vector<Resource>& all, std::vector<Resource>& more) {
+  all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
+}
+
+ResourceScript readOwnScripts() {
+  ResourceScript all;
+  for (const ResourceText* each = ResourceText::first; each; each = each->next) {
+    auto script =
+        parseResourceScript(base::utf8::decode(each->script).text, base::utf8::decode(each->header).text);
+    if (!script) {
+      const std::string reason = base::utf8::encode(script.failure().text()).bytes;
+      std::fprintf(stderr, "The dialogs cannot be read: %s\n", reason.c_str());
+      continue;
+    }
+    append(all.dialogs, script.value().dialogs);
+    append(all.menus, script.value().menus);
+    append(all.icons, script.value().icons);
+    append(all.accessKeys, script.value().accessKeys);
+  }
+  return all;
 }
 
 }  // namespace
@@ -53,7 +68,7 @@ base::Result<ResourceScript> parseResourceScript(std::wstring_view script, std::
 }
 
 const ResourceScript& resourceScript() {
-  static const ResourceScript script = readOwnScript();
+  static const ResourceScript script = readOwnScripts();
   return script;
 }
 

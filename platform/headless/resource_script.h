@@ -1,5 +1,5 @@
 #pragma once
-// The module's resource script, read from its text: what dialogs and menus are made of where no resource
+// Resource scripts, read from their text: what dialogs and menus are made of where no resource
 // compiler has put them into the program.
 
 #include <cstdint>
@@ -83,8 +83,8 @@ struct ResourceScript {
 // class, style or id that is not known, a statement that does not end as it should.
 base::Result<ResourceScript> parseResourceScript(std::wstring_view script, std::wstring_view header);
 
-// That of this program, read when first asked for. Empty when its text cannot be read, which is then said on
-// the error output.
+// Those that are linked into this library or program, as one; read when first asked for. One whose text
+// cannot be read is left out, which is said on the error output.
 const ResourceScript& resourceScript();
 
 }  // namespace kiv::headless

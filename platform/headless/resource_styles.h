@@ -16,8 +16,9 @@ inline constexpr std::uint32_t kReadOnly = 0x0800;  // of an edit
 inline constexpr std::uint32_t kNoPrefix = 0x0080;  // of a label: & is a character like any other
 inline constexpr std::uint32_t kPicture = 0x0040;   // of a button: in place of its caption
 inline constexpr std::uint32_t kButtonType = 0x000F;
-inline constexpr std::uint32_t kDefaultButton = 0x0001;  // a button's type; 0 of any other push button
-inline constexpr std::uint32_t kDropDownList = 0x0003;   // of a combo box: no text can be typed
+inline constexpr std::uint32_t kDefaultButton = 0x0001;    // a button's type; 0 of any other push button
+inline constexpr std::uint32_t kSingleSelection = 0x0004;  // of a list
+inline constexpr std::uint32_t kDropDownList = 0x0003;     // of a combo box: no text can be typed
 }  // namespace style
 
 // The bits of a style's name ("WS_TABSTOP"); none for a name that is not known here.

@@ -116,6 +116,15 @@ void MemoryTree::collapse(TreeItem item) {
   if (isUnder(caret_, item)) caret_ = item;
 }
 
+void MemoryTree::setOpenable(TreeItem item, bool openable) {
+  if (Item* found = find(item)) found->openable = openable;
+}
+
+bool MemoryTree::canOpen(TreeItem item) const {
+  const Item* found = find(item);
+  return found && !found->expanded && (found->openable || !found->children.empty());
+}
+
 bool MemoryTree::isExpanded(TreeItem item) const {
   const Item* found = find(item);
   return found && found->expanded;

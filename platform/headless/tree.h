@@ -24,9 +24,11 @@ class MemoryTree : public TreeView {
   void expand(TreeItem item) override;
   void collapse(TreeItem item) override;
   bool isExpanded(TreeItem item) const override;
+  void setOpenable(TreeItem item, bool openable) override;
   void setRedraw(bool) override {}
 
   bool has(TreeItem item) const { return items_.count(item) != 0; }
+  bool canOpen(TreeItem item) const;
   // The row above (-1) or below (1) among those that are not folded away; 0: none.
   TreeItem neighbourRow(TreeItem item, int direction) const;
 
@@ -37,6 +39,7 @@ class MemoryTree : public TreeView {
     std::wstring text;
     std::uint32_t data = 0;
     bool expanded = false;
+    bool openable = false;
   };
 
   Item* find(TreeItem item);

@@ -48,9 +48,9 @@ bool hasItem(const Reached& reached, TreeItem item) {
   return reached && reached.control->tree && reached.control->tree->has(item);
 }
 
-void chooseRow(const Reached& reached, int row) {
+void chooseRow(const Reached& reached, int row, Held held = Held::kNothing) {
   reached.touch();
-  headless::chooseRow(reached.window, *reached.control, row);
+  headless::chooseRow(reached.window, *reached.control, row, held);
 }
 
 void chooseEntry(const Reached& reached, int entry) {
@@ -119,9 +119,9 @@ bool doubleClickEntry(DialogWindow& window, int id, int entry) {
   });
 }
 
-bool clickRow(DialogWindow& window, int id, int row) {
+bool clickRow(DialogWindow& window, int id, int row, Held held) {
   const Reached reached(window, id);
-  return does(hasRow(reached, row), [&] { chooseRow(reached, row); });
+  return does(hasRow(reached, row), [&] { chooseRow(reached, row, held); });
 }
 
 bool doubleClickRow(DialogWindow& window, int id, int row) {
@@ -151,8 +151,7 @@ bool doubleClickItem(DialogWindow& window, int id, TreeItem item) {
   return does(hasItem(reached, item), [&] {
     chooseItem(reached, item);
     if (!reached.dialog()) return;
-    headless::MemoryTree& tree = *reached.control->tree;
-    tree.isExpanded(item) ? tree.collapse(item) : tree.expand(item);
+    headless::turnItem(reached.window, *reached.control, item);
     doubleClick(reached);
   });
 }
@@ -212,7 +211,7 @@ bool close(DialogWindow& window) {
 }
 
 void settle() {
-  desktop().run([] {});
+  desktop().run([] { desktop().runTimers(); });
 }
 
 }  // namespace kiv::user

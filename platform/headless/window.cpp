@@ -89,6 +89,18 @@ void MemoryWindow::moveTo(Place topLeft) {
   place_ = {topLeft.x, topLeft.y, topLeft.x + width, topLeft.y + height};
 }
 
+void MemoryWindow::setSize(int width, int height) {
+  const Rect first = initialPlace(*resource_, Rect());
+  width = std::max(width, first.right - first.left);
+  height = std::max(height, first.bottom - first.top);
+  const int left = (place_.left + place_.right - width) / 2, top = (place_.top + place_.bottom - height) / 2;
+  place_ = {left, top, left + width, top + height};
+}
+
+void MemoryWindow::holdTo(int id, unsigned edges) {
+  if (MemoryControl* control = find(id)) control->edges = edges;
+}
+
 void MemoryWindow::post(int command) { desktop().post(*this, command); }
 
 MemoryControl* MemoryWindow::find(int id) {
@@ -104,7 +116,11 @@ const MemoryControl* MemoryWindow::find(int id) const {
 
 Rect MemoryWindow::placeOf(int id) const {
   const MemoryControl* control = find(id);
-  return control ? controlPlace(*control->resource, place_) : Rect();
+  if (!control) return {};
+  const Rect first = initialPlace(*resource_, Rect());
+  const Place grown{place_.right - place_.left - (first.right - first.left),
+                    place_.bottom - place_.top - (first.bottom - first.top)};
+  return movedWithEdges(controlPlace(*control->resource, place_), control->edges, grown);
 }
 
 // Rows have no place here.

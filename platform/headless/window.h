@@ -22,7 +22,8 @@ struct MemoryControl {
   bool visible;
   bool enabled;
   bool checked = false;
-  Field field;  // the text of every kind
+  unsigned edges = kLeftEdge | kTopEdge;  // that it keeps its distance from
+  Field field;                            // the text of every kind
   std::unique_ptr<MemoryCombo> combo;
   std::unique_ptr<MemoryTree> tree;
   std::unique_ptr<MemoryList> list;
@@ -46,7 +47,10 @@ class MemoryWindow : public DialogWindow {
   Rect place() const override { return place_; }
   void setPlace(const Rect& place) override { place_ = place; }
   void moveTo(Place topLeft) override;
+  void setSize(int width, int height) override;
+  void holdTo(int id, unsigned edges) override;
   void post(int command) override;
+  void setTimer(int milliseconds) override { hasTimer_ = milliseconds > 0; }
 
   Rect placeOf(int id) const override;
   Place menuPlace(int id) const override;
@@ -73,6 +77,7 @@ class MemoryWindow : public DialogWindow {
   unsigned serial() const { return serial_; }  // of all windows that there have been
   void detach() { dialog_ = nullptr; }
   void forgetOwner() { owner_ = nullptr; }
+  bool hasTimer() const { return hasTimer_; }
   bool takesInput() const { return dialog_ && shown_ && enabled_; }
   MemoryControl* find(int id);  // null: none; never one of the id -1
   const MemoryControl* find(int id) const;
@@ -95,6 +100,7 @@ class MemoryWindow : public DialogWindow {
   std::wstring title_;
   bool shown_ = false;
   bool enabled_ = true;
+  bool hasTimer_ = false;
   Rect place_;
   int focus_ = 0;
   std::vector<MemoryControl> controls_;

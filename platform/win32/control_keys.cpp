@@ -34,6 +34,8 @@ std::optional<Key> keyOf(WPARAM virtualKey) {
       return Key::kDown;
     case VK_F2:
       return Key::kF2;
+    case 'A':
+      return GetKeyState(VK_CONTROL) < 0 ? std::optional(Key::kSelectAll) : std::nullopt;
     default:
       return std::nullopt;
   }

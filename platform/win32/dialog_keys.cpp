@@ -8,6 +8,14 @@
 namespace kiv::win32 {
 namespace {
 
+// Not every control hands its keys on, and this one means the whole dialog.
+bool takesRenewalKey(Window& window, const MSG& message) {
+  if (message.message != WM_KEYDOWN || message.wParam != VK_F5) return false;
+  bool taken = false;
+  const bool alive = window.tell([&](Dialog& dialog) { taken = dialog.onKey(window.focused(), Key::kF5); });
+  return taken || !alive;
+}
+
 BOOL filterHostMessage(MSG* message) {
   return guarded(FALSE, [&]() -> BOOL { return passToDialog(*message); });
 }
@@ -20,7 +28,8 @@ bool passToDialog(MSG& message) {
   Window* window = Window::of(GetAncestor(message.hwnd, GA_ROOT));
   if (!window) return false;
   const HWND dialog = window->handle();
-  return window->accessKeys().take(dialog, message) || IsDialogMessageW(dialog, &message);
+  if (window->accessKeys().take(dialog, message) || takesRenewalKey(*window, message)) return true;
+  return IsDialogMessageW(dialog, &message);
 }
 
 void listenToHostMessages(bool on) {

@@ -20,6 +20,29 @@ void setHeld(int virtualKey, bool down) {
   SetKeyboardState(keys);
 }
 
+// As long as it lives the key is down.
+class HeldDown {
+ public:
+  explicit HeldDown(Held held)
+      : key_(held == Held::kShift     ? VK_SHIFT
+             : held == Held::kControl ? VK_CONTROL
+                                      : 0) {
+    if (key_) setHeld(key_, true);
+  }
+  ~HeldDown() {
+    if (key_) setHeld(key_, false);
+  }
+  HeldDown(const HeldDown&) = delete;
+  HeldDown& operator=(const HeldDown&) = delete;
+
+ private:
+  int key_;
+};
+
+WPARAM mouseFlag(Held held) {
+  return held == Held::kShift ? MK_SHIFT : held == Held::kControl ? MK_CONTROL : 0;
+}
+
 bool isExtended(WPARAM virtualKey) {
   return (virtualKey >= VK_PRIOR && virtualKey <= VK_DOWN) || virtualKey == VK_INSERT ||
          virtualKey == VK_DELETE;
@@ -40,15 +63,18 @@ void handleMessages() {
   }
 }
 
-void postClick(HWND window, POINT place, MouseButton button) {
+void postClick(HWND window, POINT place, MouseButton button, Held held) {
   const bool left = button == MouseButton::kLeft;
+  const WPARAM flag = mouseFlag(held);
   movePointer(window, place);
-  PostMessageW(window, left ? WM_LBUTTONDOWN : WM_RBUTTONDOWN, left ? MK_LBUTTON : MK_RBUTTON, packed(place));
-  PostMessageW(window, left ? WM_LBUTTONUP : WM_RBUTTONUP, 0, packed(place));
+  PostMessageW(window, left ? WM_LBUTTONDOWN : WM_RBUTTONDOWN, flag | (left ? MK_LBUTTON : MK_RBUTTON),
+               packed(place));
+  PostMessageW(window, left ? WM_LBUTTONUP : WM_RBUTTONUP, flag, packed(place));
 }
 
-void clickAt(HWND window, POINT place, MouseButton button) {
-  postClick(window, place, button);
+void clickAt(HWND window, POINT place, MouseButton button, Held held) {
+  const HeldDown down(held);
+  postClick(window, place, button, held);
   handleMessages();
 }
 
@@ -60,18 +86,17 @@ void doubleClickAt(HWND window, POINT place) {
   handleMessages();
 }
 
-void pressKeyIn(HWND window, WPARAM virtualKey, bool shift) {
+void pressKeyIn(HWND window, WPARAM virtualKey, Held held) {
   const LPARAM repeated = 1;
   const LPARAM scan = static_cast<LPARAM>(MapVirtualKeyW(static_cast<UINT>(virtualKey), MAPVK_VK_TO_VSC))
                       << 16;
   const LPARAM down = repeated | scan | (isExtended(virtualKey) ? LPARAM{1} << 24 : 0);
   const LPARAM up = down | LPARAM{3} << 30;
-  setHeld(VK_SHIFT, shift);
+  const HeldDown modifier(held);
   PostMessageW(window, WM_KEYDOWN, virtualKey, down);
   handleMessages();
   if (IsWindow(window)) PostMessageW(window, WM_KEYUP, virtualKey, up);
   handleMessages();
-  setHeld(VK_SHIFT, false);
 }
 
 void pressWithAlt(HWND window, WPARAM virtualKey) {

@@ -21,7 +21,8 @@ void SystemListView::setColumns(const std::vector<Column>& columns) {
   for (std::size_t at = 0; at < columns.size(); ++at) {
     std::wstring title = columns[at].title;
     LVCOLUMNW column{};
-    column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+    column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM | LVCF_FMT;
+    column.fmt = columns[at].alignsRight ? LVCFMT_RIGHT : LVCFMT_LEFT;
     column.pszText = title.data();
     column.cx = columns[at].width;
     column.iSubItem = static_cast<int>(at);
@@ -65,19 +66,69 @@ std::wstring SystemListView::cell(int row, int column) const {
   }
 }
 
+void SystemListView::setCell(int row, int column, std::wstring_view text) {
+  const auto silence = quiet();
+  std::wstring shown(text);
+  LVITEMW item{};
+  item.iSubItem = column;
+  item.pszText = shown.data();
+  send(LVM_SETITEMTEXTW, static_cast<WPARAM>(row), &item);
+}
+
 int SystemListView::selected() const {
   return static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
 }
 
+void SystemListView::setState(int row, UINT state, UINT mask) {
+  LVITEMW item{};
+  item.state = state;
+  item.stateMask = mask;
+  send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), &item);
+}
+
 void SystemListView::select(int row) {
   const auto silence = quiet();
-  LVITEMW item{};
-  item.stateMask = kSelectedAndFocused;
-  send(LVM_SETITEMSTATE, static_cast<WPARAM>(-1), &item);
+  setState(-1, 0, kSelectedAndFocused);
   if (row < 0) return;
-  item.state = kSelectedAndFocused;
-  send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), &item);
+  setState(row, kSelectedAndFocused, kSelectedAndFocused);
+  send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(row));  // Shift goes from here
   send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+}
+
+int SystemListView::selectedCount() const { return static_cast<int>(send(LVM_GETSELECTEDCOUNT)); }
+
+std::vector<int> SystemListView::selectedRows() const {
+  std::vector<int> rows;
+  for (auto row = static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED)); row >= 0;
+       row = static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED)))
+    rows.push_back(row);
+  return rows;
+}
+
+void SystemListView::selectRows(const std::vector<int>& rows) {
+  const auto silence = quiet();
+  if (static_cast<int>(rows.size()) == rowCount()) return setState(-1, LVIS_SELECTED, LVIS_SELECTED);
+  setState(-1, 0, LVIS_SELECTED);
+  for (const int row : rows) setState(row, LVIS_SELECTED, LVIS_SELECTED);
+}
+
+void SystemListView::setSortMark(int column, bool ascending) {
+  const auto header = reinterpret_cast<HWND>(send(LVM_GETHEADER));
+  const auto count = static_cast<int>(SendMessageW(header, HDM_GETITEMCOUNT, 0, 0));
+  for (int each = 0; each < count; ++each) {
+    HDITEMW item{};
+    item.mask = HDI_FORMAT;
+    const auto at = static_cast<WPARAM>(each);
+    SendMessageW(header, HDM_GETITEMW, at, reinterpret_cast<LPARAM>(&item));
+    item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+    if (each == column) item.fmt |= ascending ? HDF_SORTUP : HDF_SORTDOWN;
+    SendMessageW(header, HDM_SETITEMW, at, reinterpret_cast<LPARAM>(&item));
+  }
+}
+
+void SystemListView::setRedraw(bool on) {
+  send(WM_SETREDRAW, on);
+  if (on) InvalidateRect(handle(), nullptr, TRUE);
 }
 
 }  // namespace kiv::win32

@@ -15,8 +15,17 @@ class SystemListView final : public ListView, public Control {
   void addRow(const std::vector<std::wstring>& cells) override;
   int rowCount() const override;
   std::wstring cell(int row, int column) const override;
+  void setCell(int row, int column, std::wstring_view text) override;
   int selected() const override;
   void select(int row) override;
+  int selectedCount() const override;
+  std::vector<int> selectedRows() const override;
+  void selectRows(const std::vector<int>& rows) override;
+  void setSortMark(int column, bool ascending) override;
+  void setRedraw(bool on) override;
+
+ private:
+  void setState(int row, UINT state, UINT mask);  // -1: of all rows
 };
 
 }  // namespace kiv::win32

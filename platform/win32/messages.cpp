@@ -74,8 +74,10 @@ void takeCommand(Window& window, WPARAM first, HWND control) {
 void takeListNotice(Window& window, const NMHDR& notice, int id) {
   if (notice.code == LVN_ITEMCHANGED) {
     const auto& change = reinterpret_cast<const NMLISTVIEW&>(notice);
-    const bool chosen = (change.uNewState & LVIS_SELECTED) && !(change.uOldState & LVIS_SELECTED);
-    if (chosen) window.tell([id](Dialog& dialog) { dialog.onSelected(id); });
+    const bool isSelected = change.uNewState & LVIS_SELECTED, wasSelected = change.uOldState & LVIS_SELECTED;
+    const bool several = !(GetWindowLongPtrW(notice.hwndFrom, GWL_STYLE) & LVS_SINGLESEL);
+    if (isSelected != wasSelected && (isSelected || several))
+      window.tell([id](Dialog& dialog) { dialog.onSelected(id); });
   } else if (notice.code == LVN_COLUMNCLICK) {
     const int column = reinterpret_cast<const NMLISTVIEW&>(notice).iSubItem;
     window.tell([id, column](Dialog& dialog) { dialog.onHeaderClicked(id, column); });
@@ -92,6 +94,10 @@ void takeNotice(Window& window, const NMHDR& notice) {
     takeListNotice(window, notice, id);
   } else if (notice.code == TVN_SELCHANGEDW || notice.code == kGridRowChosen) {
     window.tell([id](Dialog& dialog) { dialog.onSelected(id); });
+  } else if (notice.code == TVN_ITEMEXPANDINGW) {
+    const auto& opening = reinterpret_cast<const NMTREEVIEWW&>(notice);
+    const auto item = reinterpret_cast<TreeItem>(opening.itemNew.hItem);
+    if (opening.action == TVE_EXPAND) window.tell([=](Dialog& dialog) { dialog.onOpening(id, item); });
   }
 }
 
@@ -124,6 +130,15 @@ INT_PTR takeMessage(Window& window, UINT message, WPARAM first, LPARAM second) {
     case WM_NOTIFY:
       takeNotice(window, *reinterpret_cast<const NMHDR*>(second));
       return FALSE;
+    case WM_TIMER:
+      window.tell([](Dialog& dialog) { dialog.onTimer(); });
+      return TRUE;
+    case WM_SIZE:
+      window.takeSize();
+      return FALSE;
+    case WM_GETMINMAXINFO:
+      window.limitSize(*reinterpret_cast<MINMAXINFO*>(second));
+      return TRUE;
     case WM_DRAWITEM:
       window.draw(*reinterpret_cast<const DRAWITEMSTRUCT*>(second));
       return TRUE;

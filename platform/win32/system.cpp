@@ -25,6 +25,13 @@ bool isOfClass(HWND window, const wchar_t* windowClass) {
   return lstrcmpiW(name, windowClass) == 0;
 }
 
+RECT usablePartOfMonitor(HWND window) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &monitor);
+  return monitor.rcWork;
+}
+
 bool isWithin(HWND ancestor, HWND window) {
   return ancestor && window && (ancestor == window || IsChild(ancestor, window));
 }

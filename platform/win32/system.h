@@ -22,6 +22,9 @@ inline std::wstring terminated(std::wstring_view text) { return std::wstring(tex
 
 inline RECT systemRect(const Rect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 
+// What the monitor that shows the window has besides bars of the system; empty where there is none.
+RECT usablePartOfMonitor(HWND window);
+
 // Whether `window` is `ancestor` or stands in it.
 bool isWithin(HWND ancestor, HWND window);
 

@@ -15,6 +15,7 @@ constexpr COLORREF kLayer = RGB(122, 62, 157);
 constexpr COLORREF kList = RGB(0, 128, 96);
 constexpr COLORREF kPlain = RGB(70, 70, 70);
 constexpr COLORREF kCondition = RGB(196, 98, 0);
+constexpr COLORREF kFolder = RGB(176, 124, 0);
 constexpr COLORREF kResult = RGB(0, 128, 0);
 
 // Lines as pairs of hexadecimal digits x y; a blank begins a new line.
@@ -23,7 +24,7 @@ struct Picture {
   std::string_view strokes;
 };
 
-constexpr std::array<Picture, 15> kPictures = {{
+constexpr std::array<Picture, 16> kPictures = {{
     {kPlain, "2191d5de2e21 9195d5 48a8 4bab"},       // the specification
     {kRule, "2e7282de 4aba"},                        // texts
     {kRule, "121e e2ee 18e8 45184b b5e8bb"},         // dimensions
@@ -39,6 +40,7 @@ constexpr std::array<Picture, 15> kPictures = {{
     {kCondition, "81e88e1881 858a 8b8c"},            // a condition
     {kResult, "18d8 93d89d"},                        // a result
     {kPlain, "55b5bb5b55 58b8"},                     // an entry
+    {kFolder, "1d13637585e5ed1d 17e7"},              // a folder
 }};
 
 int digit(char hexadecimal) { return hexadecimal <= '9' ? hexadecimal - '0' : hexadecimal - 'a' + 10; }

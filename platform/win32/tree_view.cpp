@@ -141,6 +141,13 @@ bool SystemTreeView::isExpanded(TreeItem item) const {
   return item && send(TVM_GETITEMW, 0, &description) && (description.state & TVIS_EXPANDED);
 }
 
+void SystemTreeView::setOpenable(TreeItem item, bool openable) {
+  const auto silence = quiet();
+  TVITEMW description = itemFor(item, TVIF_CHILDREN);
+  description.cChildren = openable ? 1 : 0;
+  if (item && children(item).empty()) send(TVM_SETITEMW, 0, &description);
+}
+
 void SystemTreeView::setRedraw(bool on) {
   send(WM_SETREDRAW, on);
   if (on) InvalidateRect(handle(), nullptr, TRUE);

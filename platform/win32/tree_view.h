@@ -29,6 +29,7 @@ class SystemTreeView final : public TreeView, public Control {
   void expand(TreeItem item) override;
   void collapse(TreeItem item) override;
   bool isExpanded(TreeItem item) const override;
+  void setOpenable(TreeItem item, bool openable) override;
   void setRedraw(bool on) override;
 
  private:

@@ -41,6 +41,10 @@ WPARAM virtualKeyOf(Key key) {
       return VK_DOWN;
     case Key::kF2:
       return VK_F2;
+    case Key::kF5:
+      return VK_F5;
+    case Key::kSelectAll:
+      return 'A';
   }
   return 0;
 }
@@ -138,8 +142,10 @@ bool press(DialogWindow& window, Key key, bool shift) {
   if (!reach) return false;
   reach.bringToFront();
   const HWND focus = GetFocus();
-  win32::pressKeyIn(win32::isWithin(reach.dialog(), focus) ? focus : reach.dialog(), virtualKeyOf(key),
-                    shift);
+  const win32::Held held = shift                    ? win32::Held::kShift
+                           : key == Key::kSelectAll ? win32::Held::kControl
+                                                    : win32::Held::kNothing;
+  win32::pressKeyIn(win32::isWithin(reach.dialog(), focus) ? focus : reach.dialog(), virtualKeyOf(key), held);
   return true;
 }
 

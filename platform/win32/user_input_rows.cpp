@@ -49,12 +49,12 @@ bool placeOfItem(const Reach& reach, TreeItem item, POINT& place) {
   return true;
 }
 
-bool clickRowWith(DialogWindow& window, int id, int row, MouseButton button) {
+bool clickRowWith(DialogWindow& window, int id, int row, MouseButton button, Held held = Held::kNothing) {
   const Reach reach(window, id);
   POINT place{};
   if (!placeOfRow(reach, row, place)) return false;
   reach.bringToFront();
-  win32::clickAt(reach.control(), place, button);
+  win32::clickAt(reach.control(), place, button, held);
   return true;
 }
 
@@ -69,8 +69,8 @@ bool clickItemWith(DialogWindow& window, int id, TreeItem item, MouseButton butt
 
 }  // namespace
 
-bool clickRow(DialogWindow& window, int id, int row) {
-  return clickRowWith(window, id, row, MouseButton::kLeft);
+bool clickRow(DialogWindow& window, int id, int row, Held held) {
+  return clickRowWith(window, id, row, MouseButton::kLeft, held);
 }
 
 bool rightClickRow(DialogWindow& window, int id, int row) {

@@ -78,6 +78,15 @@ void Window::moveTo(Place topLeft) {
   SetWindowPos(window_, nullptr, topLeft.x, topLeft.y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void Window::setTimer(int milliseconds) {
+  constexpr UINT_PTR kTimer = 1;
+  if (milliseconds > 0) {
+    SetTimer(window_, kTimer, static_cast<UINT>(milliseconds), nullptr);
+  } else {
+    KillTimer(window_, kTimer);
+  }
+}
+
 void Window::post(int command) { PostMessageW(window_, kRunCommand, static_cast<WPARAM>(command), 0); }
 
 Rect Window::placeOf(int id) const {

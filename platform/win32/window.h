@@ -37,7 +37,10 @@ class Window final : public DialogWindow {
   Rect place() const override;
   void setPlace(const Rect& place) override;
   void moveTo(Place topLeft) override;
+  void setSize(int width, int height) override;
+  void holdTo(int id, unsigned edges) override;
   void post(int command) override;
+  void setTimer(int milliseconds) override;
 
   Rect placeOf(int id) const override;
   Place menuPlace(int id) const override;
@@ -82,6 +85,9 @@ class Window final : public DialogWindow {
   void giveKeyboard();
   void draw(const DRAWITEMSTRUCT& item);  // an owner-drawn button, an entry of a list of lineweights
 
+  void takeSize();                     // the controls that are held to an edge go along
+  void limitSize(MINMAXINFO& limits);  // the first size is the least one
+
   // The system destroys the window without having been asked by goAway().
   void windowVanishes();
   // The window goes, and with it this object: at once, or after the handler at work.
@@ -112,6 +118,7 @@ class Window final : public DialogWindow {
   void takeKeyboardTo(HWND handle);
   bool leaveHandler();
   void takeOwnedAlong();
+  void rememberFirstSize();
   void forget();
 
   Dialog* dialog_;
@@ -121,6 +128,13 @@ class Window final : public DialogWindow {
   AccessKeys accessKeys_;
   int handling_ = 0;
   int quiet_ = 0;
+  Place firstSize_;    // of the window
+  Place firstInside_;  // of what is inside its frame
+  struct Held {
+    unsigned edges;
+    Rect first;  // its place inside
+  };
+  std::map<int, Held> held_;
   std::map<int, std::unique_ptr<Control>> controls_;
 };
 

@@ -39,11 +39,8 @@ BOOL CALLBACK prepareChild(HWND child, LPARAM) {
 
 // Over the middle of its owner, within the monitor's usable part.
 void putInMiddle(HWND window, HWND owner) {
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  const HMONITOR where = MonitorFromWindow(owner ? owner : window, MONITOR_DEFAULTTOPRIMARY);
-  if (!GetMonitorInfoW(where, &monitor)) return;
-  const RECT& usable = monitor.rcWork;
+  const RECT usable = usablePartOfMonitor(owner ? owner : window);
+  if (IsRectEmpty(&usable)) return;
   RECT around = usable, own{};
   if (owner && IsWindowVisible(owner) && !IsIconic(owner)) GetWindowRect(owner, &around);
   GetWindowRect(window, &own);
@@ -74,6 +71,7 @@ std::unique_ptr<Window> Window::make(Dialog& dialog, HWND owner) {
   windows().insert(windows().begin(), window.get());
   EnumChildWindows(handle, prepareChild, 0);
   putInMiddle(handle, top);
+  window->rememberFirstSize();
   return window;
 }
 

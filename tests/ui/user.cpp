@@ -234,7 +234,11 @@ void User::chooseEntry(DialogWindow& window, int id, std::wstring_view entry, Wh
 }
 
 void User::clickRow(DialogWindow& window, int id, int row, Where where) {
-  does(where, L"click that row of", user::clickRow, window, id, row);
+  clickRowWith(user::Held::kNothing, window, id, row, where);
+}
+
+void User::clickRowWith(user::Held held, DialogWindow& window, int id, int row, Where where) {
+  does(where, L"click that row of", user::clickRow, window, id, row, held);
 }
 
 void User::doubleClickRow(DialogWindow& window, int id, int row, Where where) {

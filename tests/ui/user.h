@@ -52,6 +52,7 @@ class User : public DialogScript {
   void type(DialogWindow& window, int id, std::wstring_view text, Where where = Where::current());
   void chooseEntry(DialogWindow& window, int id, std::wstring_view entry, Where where = Where::current());
   void clickRow(DialogWindow& window, int id, int row, Where where = Where::current());
+  void clickRowWith(user::Held held, DialogWindow& window, int id, int row, Where where = Where::current());
   void doubleClickRow(DialogWindow& window, int id, int row, Where where = Where::current());
   void clickHeader(DialogWindow& window, int id, int column, Where where = Where::current());
   void clickItem(DialogWindow& window, int id, TreeItem item, Where where = Where::current());

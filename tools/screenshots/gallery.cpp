@@ -18,6 +18,8 @@
 #include "platform/dialog_script.h"
 #include "platform/screen_scale.h"
 #include "platform/user_input.h"
+#include "siblings/KivFile/open_dialog.h"
+#include "siblings/KivFile/resource.h"
 #include "tools/screenshots/camera.h"
 #include "ui/main_dialog.h"
 #include "ui/resource.h"
@@ -73,6 +75,7 @@ class Gallery {
     takeFolder();
     takeTextList();
     takePickers();
+    takeOpen();
   }
 
  private:
@@ -225,6 +228,25 @@ class Gallery {
       kiv::user::click(picker, IDC_ARROW_BROWSE);
       kiv::user::clickRow(picker, IDC_ARROW_LIST, 0);
     });
+  }
+
+  // A folder of many drawings, sorted by their releases, as the embedded host offers to save them.
+  void takeOpen() {
+    kiv::OpenDialog open(L"変換するﾌｧｲﾙを選択", folder_ + L"\\DRAWINGS\\2024年度\\平面図",
+                         {false, true, false});
+    const auto isRead = [] {
+      return isShown(IDD_OPEN)() && newestDialog().list(IDC_OPEN_LIST).rowCount() == 500 &&
+             newestDialog().text(IDC_OPEN_STATE).empty();
+    };
+    camera_.when(isRead, [this] {
+      DialogWindow& shown = newestDialog();
+      kiv::user::clickRow(shown, IDC_OPEN_LIST, 2);
+      kiv::user::clickRow(shown, IDC_OPEN_LIST, 6, kiv::user::Held::kShift);
+      kiv::user::clickRow(shown, IDC_OPEN_LIST, 9, kiv::user::Held::kControl);
+      camera_.take(handleOf(shown), "open-drawings");
+      kiv::user::click(shown, IDCANCEL);
+    });
+    open.runModal(handleOf(window()));
   }
 
   // The picker that the menu of a section's first setting opens.
