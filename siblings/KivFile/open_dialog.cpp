@@ -61,10 +61,10 @@ void OpenDialog::onInit() {
 }
 
 void OpenDialog::setColumns() {
-  list().setColumns({{L"名前", scaled(170)},
+  list().setColumns({{L"名前", scaled(164)},
                      {L"ﾊﾞｰｼﾞｮﾝ", scaled(64)},
-                     {L"ｻｲｽﾞ", scaled(72), true},
-                     {L"更新日時", scaled(104)}});
+                     {L"ｻｲｽﾞ", scaled(68), true},
+                     {L"更新日時", scaled(120)}});
 }
 
 void OpenDialog::holdControls() {
