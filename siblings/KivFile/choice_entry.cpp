@@ -36,7 +36,7 @@ SaveableFormats saveableFormats() {
 }
 
 // Null: the host could not make it.
-resbuf* listOf(const DrawingChoice& choice) {
+resbuf* listOf(const ChosenDrawings& choice) {
   resbuf* const first =
       acutBuildList(RTSHORT, static_cast<int>(choice.names.size()), RTLONG, static_cast<int>(choice.format),
                     RTLONG, 0, RTSTR, choice.folder.c_str(), RTNONE);

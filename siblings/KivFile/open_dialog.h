@@ -15,7 +15,7 @@
 
 namespace kiv {
 
-struct DrawingChoice {
+struct ChosenDrawings {
   std::wstring folder;
   std::vector<std::wstring> names;  // in the order in which they were listed
   base::SaveFormat format = base::SaveFormat::kDwg;
@@ -30,7 +30,7 @@ class OpenDialog : public Dialog {
   // `startFolder`: where nothing is remembered. An empty title is that of the resource script.
   OpenDialog(std::wstring title, std::wstring startFolder, const SaveableFormats& saveable);
 
-  const DrawingChoice& choice() const { return choice_; }
+  const ChosenDrawings& choice() const { return choice_; }
 
  protected:
   void onInit() override;
@@ -77,7 +77,7 @@ class OpenDialog : public Dialog {
   std::size_t probed_ = 0;
   bool isListed_ = false, hasEnded_ = false;
   std::optional<base::Failure> failure_;
-  DrawingChoice choice_;
+  ChosenDrawings choice_;
 };
 
 }  // namespace kiv

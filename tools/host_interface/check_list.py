@@ -21,7 +21,7 @@ INCLUDE = os.path.join(ROOT, "embedded", "include")
 FOLDERS = ("host", "ui", "engine", "spec", "platform", "siblings")
 FRAMEWORK = ("afxwin.h",)  # not the host's own
 HOST_LIBRARY = "libembedded_host.so"
-LIBRARIES = ("KIVGUI.ARX", "KivDll.arx")
+LIBRARIES = ("KIVGUI.ARX", "KivDll.arx", "KivFile.arx")
 
 FUNCTIONS = (CursorKind.FUNCTION_DECL, CursorKind.CXX_METHOD, CursorKind.CONSTRUCTOR,
              CursorKind.CONVERSION_FUNCTION, CursorKind.FUNCTION_TEMPLATE)
