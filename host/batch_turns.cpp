@@ -55,8 +55,7 @@ class OpenWatch : public AcEditorReactor {
   void resumeAfter(const ACHAR* name) {
     guarded([&] {
       if (!isOpen(name) || !std::exchange(isScripts_, false)) return;
-      AcApDocManager* const documents = acDocManagerPtr();
-      documents->sendStringToExecute(documents->curDocument(), L"RESUME\n", false, false, true);
+      sendToCurrentDocument(L"RESUME\n");
     });
   }
 

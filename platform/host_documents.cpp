@@ -7,6 +7,7 @@
 #include "acdocman.h"
 #include "base/fold.h"
 #include "base/paths.h"
+#include "platform/host_messages.h"
 
 namespace kiv {
 namespace {
@@ -35,6 +36,12 @@ bool isOpenInHost(const std::wstring& path) {
   const auto documents = openDocuments();
   return std::any_of(documents.begin(), documents.end(),
                      [&](const AcApDocument* each) { return isDocumentOf(*each, path); });
+}
+
+void sendToCurrentDocument(std::wstring_view text) {
+  if (text == kCancelCharacter) return;
+  AcApDocManager* const documents = acDocManagerPtr();
+  documents->sendStringToExecute(documents->curDocument(), std::wstring(text).c_str(), false, false, true);
 }
 
 }  // namespace kiv

@@ -2,10 +2,10 @@
 
 #include <cstdio>
 
-#include "acdocman.h"
 #include "platform/dialog_backend.h"
 #include "platform/dialog_script.h"
 #include "platform/headless/desktop.h"
+#include "platform/host_documents.h"
 #include "platform/host_messages.h"
 #include "platform/screen_scale.h"
 
@@ -63,12 +63,7 @@ NativeWindow hostMainWindow() { return nullptr; }
 
 void focusHost() {}
 
-// There nobody waits for input that could be cancelled.
-void typeIntoHost(std::wstring_view text) {
-  if (text == kCancelCharacter) return;
-  AcApDocManager* const documents = acDocManagerPtr();
-  documents->sendStringToExecute(documents->curDocument(), std::wstring(text).c_str(), false, false, true);
-}
+void typeIntoHost(std::wstring_view text) { sendToCurrentDocument(text); }
 
 int monitorDpi(void*) { return kReferenceDpi; }
 

@@ -4,6 +4,7 @@
 #include "afxwin.h"
 #include "rxmfcapi.h"
 
+#include "platform/host_documents.h"
 #include "platform/host_messages.h"
 
 #include <windows.h>
@@ -34,7 +35,7 @@ void focusHost() {
 
 void typeIntoHost(std::wstring_view text) {
   HWND main = adsw_acadMainWnd();
-  if (main == nullptr) return;
+  if (main == nullptr) return sendToCurrentDocument(text);
   std::wstring terminated(text);
   COPYDATASTRUCT copied{};
   copied.dwData = kTypedText;
