@@ -38,13 +38,13 @@ class OpenWatch : public AcEditorReactor {
   OpenWatch& operator=(const OpenWatch&) = delete;
 
   void commandWillStart(const ACHAR* name) override {
-    guarded([&] { isScripts_ = isOpen(name) && isScriptActive(); });
+    guarded([&] { isScripts_ = opens(name) && isScriptActive(); });
   }
   void commandFailed(const ACHAR* name) override { resumeAfter(name); }
   void commandCancelled(const ACHAR* name) override { resumeAfter(name); }
 
  private:
-  static bool isOpen(const ACHAR* name) { return name != nullptr && base::equalFolded(name, L"OPEN"); }
+  static bool opens(const ACHAR* name) { return name != nullptr && base::equalFolded(name, L"OPEN"); }
 
   // A host that does not tell runs no command but the script's while a batch is under way.
   static bool isScriptActive() {
@@ -54,7 +54,7 @@ class OpenWatch : public AcEditorReactor {
 
   void resumeAfter(const ACHAR* name) {
     guarded([&] {
-      if (!isOpen(name) || !std::exchange(isScripts_, false)) return;
+      if (!opens(name) || !std::exchange(isScripts_, false)) return;
       sendToCurrentDocument(L"RESUME\n");
     });
   }
