@@ -5,13 +5,13 @@
 #include "platform/dialog_backend.h"
 #include "platform/dialog_script.h"
 #include "platform/host_output.h"
+#include "platform/win32/messages.h"
 #include "platform/win32/question_hand.h"
 #include "platform/win32/window.h"
 
 namespace kiv::win32 {
 namespace {
 
-constexpr UINT_PTR kActTimer = 1;
 constexpr UINT kActEvery = 10;  // milliseconds
 
 struct Scene {

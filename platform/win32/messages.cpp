@@ -131,6 +131,7 @@ INT_PTR takeMessage(Window& window, UINT message, WPARAM first, LPARAM second) {
       takeNotice(window, *reinterpret_cast<const NMHDR*>(second));
       return FALSE;
     case WM_TIMER:
+      if (first != kDialogTimer) return FALSE;
       window.tell([](Dialog& dialog) { dialog.onTimer(); });
       return TRUE;
     case WM_SIZE:

@@ -79,11 +79,10 @@ void Window::moveTo(Place topLeft) {
 }
 
 void Window::setTimer(int milliseconds) {
-  constexpr UINT_PTR kTimer = 1;
   if (milliseconds > 0) {
-    SetTimer(window_, kTimer, static_cast<UINT>(milliseconds), nullptr);
+    SetTimer(window_, kDialogTimer, static_cast<UINT>(milliseconds), nullptr);
   } else {
-    KillTimer(window_, kTimer);
+    KillTimer(window_, kDialogTimer);
   }
 }
 

@@ -2,12 +2,7 @@
 // The functions of interface.h as this module exports them, without name decoration.
 
 #include "siblings/KivDll/interface.h"
-
-#if defined(_WIN32)
-#define KIV_EXPORT __declspec(dllexport)
-#else
-#define KIV_EXPORT __attribute__((visibility("default")))
-#endif
+#include "siblings/common/export.h"
 
 extern "C" {
 KIV_EXPORT kiv::GetCommonSetting dll_kiv_getcfgCmn;

@@ -24,7 +24,8 @@ class OpenDialogTest : public test_support::TempFolder {
  protected:
   OpenDialogTest() {
     test_support::setEnvironment("KIV_CONFIG_FOLDER", folder_ / "settings");
-    std::filesystem::create_directories(drawings_ / "b 支店" / "2階");
+    std::filesystem::create_directories(drawings_ / base::pathFromText(L"b 支店") /
+                                        base::pathFromText(L"2階"));
     draw("plan2.dwg", "AC1015");
     draw("plan10.DWG", "AC1032" + std::string(5000, ' '));
     draw("Ａ棟.dxf", "0\nEOF\n");
