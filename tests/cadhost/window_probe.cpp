@@ -8,6 +8,7 @@
 //   window_probe active TITLE     waits until the dialog or message box is there and has the keyboard
 //   window_probe gone TITLE       waits until it is not to be seen
 //   window_probe menu             waits until a context menu is open
+//   window_probe level TITLE N    waits until the selected row of the dialog's tree is N below the root
 //   window_probe status TEXT      waits until the status bar begins with the text
 //   window_probe hold FILE        prints a line when it has the file open so that others can only read it,
 //   until
@@ -15,6 +16,8 @@
 // Exit status 2: there is no such window, also after half a minute of waiting.
 
 #include <windows.h>
+
+#include <commctrl.h>
 
 #include <cstdio>
 #include <cwchar>
@@ -91,6 +94,14 @@ int waitUntil(Condition condition) {
   return 2;
 }
 
+int selectedLevel(const wchar_t* title) {
+  const HWND tree = FindWindowExW(visibleDialog(title), nullptr, WC_TREEVIEWW, nullptr);
+  if (tree == nullptr) return -1;
+  int level = -1;
+  for (HTREEITEM at = TreeView_GetSelection(tree); at != nullptr; at = TreeView_GetParent(tree, at)) ++level;
+  return level;
+}
+
 bool showsStatus(HWND frame, const std::wstring& begin) {
   wchar_t text[512] = {};
   DWORD_PTR length = 0;
@@ -131,6 +142,8 @@ int wmain(int count, wchar_t** words) {
   if (call == L"text" && count == 4) return printText(control(words[2], words[3]));
   if (call == L"active" && count == 3) return waitUntil([&] { return isActive(words[2]); });
   if (call == L"gone" && count == 3) return waitUntil([&] { return visibleDialog(words[2]) == nullptr; });
+  if (call == L"level" && count == 4)
+    return waitUntil([&] { return selectedLevel(words[2]) == std::wcstol(words[3], nullptr, 10); });
   if (call == L"status" && count == 3) return waitUntil([&] { return showsStatus(frame, words[2]); });
   if (call == L"menu") return waitUntil([] { return visibleWindow(L"#32768", nullptr) != nullptr; });
   return call == L"history" ? printHistory(frame) : 2;
