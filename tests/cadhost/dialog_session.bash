@@ -1,5 +1,5 @@
 # Functions for a session in the module's dialogs; to be sourced by a script that has set `probe` and `here`.
-# With KIV_PICTURES set to a folder, pictures of the way are left there.
+# With KIV_PICTURES set to a folder, pictures of the way are left there. The process `helper`, if there is one, is ended.
 #
 #   picture NAME          leaves a picture
 #   click TITLE ID        clicks the middle of a control of the visible dialog of that title
@@ -35,6 +35,7 @@ picture() {
 finish() {
   local status=$?
   if ((status != 0)); then picture failed; fi
+  if [[ -n ${helper:-} ]]; then kill "$helper" 2>/dev/null || true; fi
   cadhost_stop
   rm -rf "$work"
   exit "$status"
