@@ -38,11 +38,14 @@ fs::path settingsFile() {
 base::Status SettingsStore::refresh() {
   std::error_code error;
   std::string bytes;
-  // Only a file that is known to be missing is empty: what cannot be looked at may hold everybody's settings.
+  // Only a file that is known to be missing is empty: what cannot be looked at may hold everybody's settings,
+  // and the folder of a missing one goes with a share that is out of reach.
   if (fs::status(file_, error).type() != fs::file_type::not_found) {
     base::Result<std::string> content = base::readFile(file_);
     if (!content) return content.failure();
     bytes = std::move(content.value());
+  } else if (!fs::exists(file_.parent_path(), error)) {
+    return {};
   }
   if (bytes == bytes_) return {};
   bytes_ = std::move(bytes);
@@ -52,7 +55,7 @@ base::Status SettingsStore::refresh() {
 
 std::optional<std::wstring> SettingsStore::read(std::wstring_view key) {
   const std::lock_guard<std::mutex> guard(mutex_);
-  if (!refresh().ok()) return std::nullopt;
+  static_cast<void>(refresh());
   return text_.find(key);
 }
 

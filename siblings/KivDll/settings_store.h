@@ -16,7 +16,8 @@ class SettingsStore {
  public:
   explicit SettingsStore(std::filesystem::path file) : file_(std::move(file)) {}
 
-  // What the file holds now, whoever wrote it. A file that cannot be read holds nothing.
+  // What the file holds now, whoever wrote it. While it cannot be read, or its folder is out of reach, that
+  // is what it held when it was read last: a program at work does not fall back to defaults in between.
   std::optional<std::wstring> read(std::wstring_view key);
   // Makes the folder when it is missing. A file that exists but cannot be read is not replaced.
   base::Status write(std::wstring_view key, std::wstring_view value);

@@ -48,6 +48,17 @@ TEST_F(SettingsStoreTest, AFileThatCannotBeReadIsNotReplaced) {
   EXPECT_TRUE(fs::is_directory(file_));
 }
 
+TEST_F(SettingsStoreTest, WhatWasReadLastHoldsWhileTheFileIsOutOfReach) {
+  SettingsStore store(file_);
+  ASSERT_TRUE(store.write(L"A", L"1").ok());
+  fs::rename(file_.parent_path(), folder_ / "away");
+  EXPECT_EQ(store.read(L"A"), L"1");
+  fs::create_directories(file_);
+  EXPECT_EQ(store.read(L"A"), L"1");
+  fs::remove(file_);
+  EXPECT_EQ(store.read(L"A"), std::nullopt);
+}
+
 #if !defined(_WIN32)  // links that anybody can make
 
 // A link to itself cannot even be looked at; no user is privileged enough.
