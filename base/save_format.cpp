@@ -29,4 +29,9 @@ std::wstring savedName(std::wstring_view drawingName, SaveFormat format) {
   return std::wstring(drawingName) + std::wstring(kExtensions[static_cast<std::size_t>(format)]);
 }
 
+std::wstring SavedNames::take(std::wstring_view savedName, const std::wstring& drawing) {
+  const auto [holder, isNew] = drawings_.try_emplace(upper(savedName), drawing);
+  return isNew ? std::wstring() : holder->second;
+}
+
 }  // namespace base

@@ -1,6 +1,7 @@
 #pragma once
 // The formats in which a conversion saves drawings, and the names of the files.
 
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,5 +20,16 @@ std::optional<SaveFormat> saveFormatOf(std::wstring_view fileName);
 // The name of the file that a drawing of this name is saved as, both without their folders: with the format's
 // extension in place of one of three characters.
 std::wstring savedName(std::wstring_view drawingName, SaveFormat format);
+
+// The names of the files that the drawings of one conversion become, in one folder. Case does not count on
+// any system, because the folder may later stand on one where it does not.
+class SavedNames {
+ public:
+  // The drawing that is saved by this name already; empty: from now on it is `drawing`.
+  std::wstring take(std::wstring_view savedName, const std::wstring& drawing);
+
+ private:
+  std::map<std::wstring, std::wstring> drawings_;  // by the folded names
+};
 
 }  // namespace base

@@ -1,6 +1,5 @@
 #include "cli/output_plan.h"
 
-#include <map>
 #include <set>
 #include <system_error>
 
@@ -29,21 +28,21 @@ std::vector<PlannedDrawing> planOutputs(const std::vector<std::wstring>& drawing
   for (const std::wstring& drawing : drawings) sources.insert(identity(base::pathFromText(drawing)));
 
   std::vector<PlannedDrawing> plan;
-  std::map<std::wstring, std::wstring> takenBy;  // target's identity -> the drawing that is saved there
+  base::SavedNames saved;
   for (const std::wstring& drawing : drawings) {
     PlannedDrawing planned;
     planned.given = drawing;
     const std::wstring name = base::pathText(base::pathFromText(drawing).filename());
     planned.format = format.value_or(base::saveFormatOf(name).value_or(SaveFormat::kDxf));
-    planned.target = outputFolder / base::pathFromText(base::savedName(name, planned.format));
+    const std::wstring savedName = base::savedName(name, planned.format);
+    planned.target = outputFolder / base::pathFromText(savedName);
 
-    const std::wstring target = identity(planned.target);
-    if (sources.contains(target)) {
+    if (sources.contains(identity(planned.target))) {
       planned.refusal = base::pathText(planned.target) +
                         L" is one of the drawings to convert and would be overwritten; please choose "
                         L"another folder with --out";
-    } else if (const auto [first, isNew] = takenBy.try_emplace(target, drawing); !isNew) {
-      planned.refusal = first->second + L" is already saved as " + base::pathText(planned.target) +
+    } else if (const std::wstring holder = saved.take(savedName, drawing); !holder.empty()) {
+      planned.refusal = holder + L" is already saved as " + base::pathText(planned.target) +
                         L"; please convert this one into another folder";
     }
     plan.push_back(std::move(planned));

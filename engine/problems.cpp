@@ -107,6 +107,8 @@ std::wstring failedProblem(const std::wstring& passLabel, int count) {
 
 std::wstring saveProblem(const std::wstring& path) { return L"[" + path + L"]の保存に失敗しました"; }
 
+std::wstring brokenOffProblem(const std::wstring& path) { return L"[" + path + L"]の変換を中断しました"; }
+
 std::wstring layerCreationProblem(const std::wstring& layer, const std::wstring& kind,
                                   const std::wstring& value) {
   return L"画層の作成で、画層[" + layer + L"]の" + kind + L"[" + value + L"]を設定できませんでした";

@@ -63,6 +63,7 @@ std::wstring selectionProblem(const std::wstring& passLabel);  // the host refus
 std::wstring lockedProblem(const std::wstring& passLabel, int count);
 std::wstring failedProblem(const std::wstring& passLabel, int count);
 std::wstring saveProblem(const std::wstring& path);
+std::wstring brokenOffProblem(const std::wstring& path);  // an error that nobody expected
 
 // A property that a layer did not take; `kind` is the item's key.
 std::wstring layerCreationProblem(const std::wstring& layer, const std::wstring& kind,

@@ -13,25 +13,31 @@ constexpr wchar_t kProductName[] = L"KIV";
 
 void printRule(wchar_t character) { printOnCommandLine(L"\n" + std::wstring(kWidth, character)); }
 
-bool hasFailed(const BatchFile& file) { return file.version < 1; }
+bool hasFailed(const BatchFile& file) { return file.state == BatchState::kFailed; }
+bool isLeftOut(const BatchFile& file) { return file.state == BatchState::kPending; }
 
 std::wstring countOf(const std::vector<BatchFile>& files, bool (*counts)(const BatchFile&)) {
   return std::to_wstring(std::count_if(files.begin(), files.end(), counts));
 }
 
+void printRecords(const std::vector<BatchFile>& files) {
+  for (const BatchFile& file : files) {
+    if (!isLeftOut(file)) printOnCommandLine(L"\n[" + file.name + (hasFailed(file) ? L"] [NG]" : L"]"));
+  }
+}
+
 void printCounts(const std::vector<BatchFile>& files) {
-  const std::wstring all = std::to_wstring(files.size());
+  const std::wstring all = countOf(files, [](const BatchFile& file) { return !isLeftOut(file); });
   const bool allWell = std::none_of(files.begin(), files.end(), hasFailed);
   printOnCommandLine(allWell ? L"\n" + all + L"件変換しました."
                              : L"\n" + all + L"件中" + countOf(files, hasFailed) + L"件 変換に失敗しました.");
 }
 
 void printLeftOut(const std::vector<BatchFile>& files) {
-  const auto isPending = [](const BatchFile& file) { return file.isPending; };
-  if (std::none_of(files.begin(), files.end(), isPending)) return;
-  printOnCommandLine(L"\n中断しました. 次の" + countOf(files, isPending) + L"件は変換していません.");
+  if (std::none_of(files.begin(), files.end(), isLeftOut)) return;
+  printOnCommandLine(L"\n中断しました. 次の" + countOf(files, isLeftOut) + L"件は変換していません.");
   for (const BatchFile& file : files) {
-    if (file.isPending) printOnCommandLine(L"\n[" + file.name + L"]");
+    if (isLeftOut(file)) printOnCommandLine(L"\n[" + file.name + L"]");
   }
 }
 
@@ -45,9 +51,7 @@ void printBatchReport(const std::optional<std::vector<BatchFile>>& files, const 
   printOnCommandLine(L"\nﾌｫﾙﾀﾞ:" + sourceFolder);
   printOnCommandLine(L"\n[ﾌｧｲﾙ名] [結果]");
   printRule(L'-');
-  for (const BatchFile& file : *files) {
-    printOnCommandLine(L"\n[" + file.name + (hasFailed(file) ? L"] [NG]" : L"]"));
-  }
+  printRecords(*files);
   printRule(L'-');
   printCounts(*files);
   printLeftOut(*files);

@@ -4,11 +4,16 @@
 #include <filesystem>
 #include <system_error>
 
+#include "acedCmdNF.h"
+#include "acedads.h"
+#include "adscodes.h"
 #include "base/files.h"
 #include "base/paths.h"
 #include "dbapserv.h"
 #include "platform/file_access.h"
 #include "platform/host_documents.h"
+#include "platform/host_output.h"
+#include "ui/messages.h"
 
 namespace kiv {
 namespace {
@@ -37,7 +42,33 @@ std::string encodeUtf16(std::wstring_view text) {
 
 // The host asks before it opens such a drawing, unless the drive says it all.
 bool asksForReading(const std::wstring& path) {
-  return (isOpenInHost(path) || !canBeWritten(path)) && !isOnCompactDisc(path);
+  return isOpenInHost(path) || (!canBeWritten(path) && !isOnCompactDisc(path));
+}
+
+// In the host's folder for temporary files, in the current one when no system tells any.
+std::wstring scriptFile() {
+  const ACHAR* const given = acdbHostApplicationServices()->getEnv(L"TempDirectory");
+  std::wstring folder = given != nullptr ? given : L"";
+  if (folder.empty()) {
+    std::error_code error;
+    folder = base::pathText(std::filesystem::temp_directory_path(error));
+  }
+  return base::joinPath(folder, L"DWGOPEN.SCR");
+}
+
+base::Status write(const std::wstring& file, const std::wstring& text) {
+  std::wstring lines;
+  for (const wchar_t character : text) {
+    if (character == L'\n') lines += L'\r';
+    lines += character;
+  }
+  return base::writeFileAtomically(base::pathFromText(file), encodeUtf16(lines));
+}
+
+// Whoever watches the variable is told that a script follows; its value stays.
+void writeBackUserNumber() {
+  resbuf value{};
+  if (acedGetVar(L"USERR1", &value) == RTNORM) acedSetVar(L"USERR1", &value);
 }
 
 }  // namespace
@@ -56,23 +87,18 @@ std::wstring batchScript(const std::vector<std::wstring>& drawings) {
   return text;
 }
 
-std::wstring batchScriptFile() {
-  const ACHAR* const given = acdbHostApplicationServices()->getEnv(L"TempDirectory");
-  std::wstring folder = given != nullptr ? given : L"";
-  if (folder.empty()) {
-    std::error_code error;
-    folder = base::pathText(std::filesystem::temp_directory_path(error));
+bool startScript(const std::wstring& text) {
+  const std::wstring file = scriptFile();
+  if (const base::Status written = write(file, text); !written) {
+    printError(refusalText(L"ｽｸﾘﾌﾟﾄを書き出せません.", written.failure()));
+    return false;
   }
-  return base::joinPath(folder, L"DWGOPEN.SCR");
-}
-
-base::Status writeBatchScript(const std::wstring& file, const std::wstring& text) {
-  std::wstring lines;
-  for (const wchar_t character : text) {
-    if (character == L'\n') lines += L'\r';
-    lines += character;
-  }
-  return base::writeFileAtomically(base::pathFromText(file), encodeUtf16(lines));
+  writeBackUserNumber();
+  const int started = acedCommandS(RTSTR, L"SCRIPT", RTSTR, file.c_str(), RTNONE);
+  acedCommandS(RTNONE);
+  if (started == RTNORM) return true;
+  printError(L"ｽｸﾘﾌﾟﾄを開始できません: " + file);
+  return false;
 }
 
 }  // namespace kiv

@@ -4,8 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "base/result.h"
-
 namespace kiv {
 
 // False: what the host reads back from a script would be another path.
@@ -15,9 +13,10 @@ bool canStandInScript(const std::wstring& path);
 // for writing is to be opened for reading.
 std::wstring batchScript(const std::vector<std::wstring>& drawings);
 
-// The file in the host's folder for temporary files; the one of the last batch is replaced. UTF-16 behind a
-// byte-order mark, CR LF.
-std::wstring batchScriptFile();
-base::Status writeBatchScript(const std::wstring& file, const std::wstring& text);
+// The host runs it when the running command has ended, in place of a script that is under way or suspended;
+// an empty one ends that. Stands in the file DWGOPEN.SCR of the folder for temporary files, where it replaces
+// the last one, as UTF-16 behind a byte-order mark with CR LF. False: not written, or refused by the host,
+// which the command line tells.
+bool startScript(const std::wstring& text);
 
 }  // namespace kiv

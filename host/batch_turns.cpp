@@ -21,14 +21,25 @@ namespace {
 
 using Files = std::vector<BatchFile>;
 
-bool isPending(const BatchFile& file) { return file.isPending; }
+bool isPending(const BatchFile& file) { return file.state == BatchState::kPending; }
+
+std::wstring fullPathOf(const BatchFile& file) {
+  return conversionContext().contextPaths[kSourceFolder] + file.name;
+}
 
 // --- The script goes on
 
-// A failure suspends the script. One that the person meets in a suspended script's pause resumes nothing.
+// A host that does not tell runs no command but the script's while a batch is under way.
+bool isScriptActive() {
+  constexpr int kScript = 4;
+  return (integerVariable(L"CMDACTIVE").value_or(kScript) & kScript) != 0;
+}
+
+// A failure suspends the script. One that the person meets in a suspended script's pause resumes nothing, and
+// what the person has cancelled stays so.
 class OpenWatch : public AcEditorReactor {
  public:
-  OpenWatch() {
+  OpenWatch() : openBefore_(openDocuments()) {
     if (AcEditor* const editor = acedEditor) editor->addReactor(this);
   }
   ~OpenWatch() override {
@@ -38,28 +49,27 @@ class OpenWatch : public AcEditorReactor {
   OpenWatch& operator=(const OpenWatch&) = delete;
 
   void commandWillStart(const ACHAR* name) override {
-    guarded([&] { isScripts_ = opens(name) && isScriptActive(); });
+    guarded([&] {
+      isScripts_ = opens(name) && isScriptActive();
+      if (isScripts_) openBefore_ = openDocuments();
+    });
   }
-  void commandFailed(const ACHAR* name) override { resumeAfter(name); }
-  void commandCancelled(const ACHAR* name) override { resumeAfter(name); }
+  void commandFailed(const ACHAR* name) override {
+    guarded([&] {
+      if (opens(name) && std::exchange(isScripts_, false)) sendToCurrentDocument(L"RESUME\n");
+    });
+  }
+
+  // By the script's newest OPEN. A drawing that somebody has opened otherwise is nobody's but theirs.
+  bool hasOpened(const AcApDocument* document) const {
+    return std::find(openBefore_.begin(), openBefore_.end(), document) == openBefore_.end();
+  }
 
  private:
   static bool opens(const ACHAR* name) { return name != nullptr && base::equalFolded(name, L"OPEN"); }
 
-  // A host that does not tell runs no command but the script's while a batch is under way.
-  static bool isScriptActive() {
-    constexpr int kScript = 4;
-    return (integerVariable(L"CMDACTIVE").value_or(kScript) & kScript) != 0;
-  }
-
-  void resumeAfter(const ACHAR* name) {
-    guarded([&] {
-      if (!opens(name) || !std::exchange(isScripts_, false)) return;
-      sendToCurrentDocument(L"RESUME\n");
-    });
-  }
-
   bool isScripts_ = false;
+  std::vector<const AcApDocument*> openBefore_;  // to be compared only: they may be closed
 };
 
 // Not a static object: detaching the library would remove it from a host that may be gone.
@@ -68,8 +78,7 @@ OpenWatch* theWatch = nullptr;
 // --- The records
 
 void tellUnopened(BatchFile& file) {
-  file.isPending = false;
-  file.version = 0;
+  file.state = BatchState::kFailed;
   const std::wstring path = fullPathOf(file);
   const std::wstring problem = unreadableProblem(path);
   printError(problem + L".");
@@ -89,23 +98,19 @@ bool isSameFile(const AcApDocument& document, const BatchFile& file) {
 // The first pending record of the current document; the end when there is none.
 Files::iterator findCurrent(Files& files) {
   const AcApDocument* const document = acDocManagerPtr()->curDocument();
-  if (document == nullptr || document == conversionContext().batchStartDocument) return files.end();
+  if (document == nullptr || !theWatch->hasOpened(document)) return files.end();
   const auto byName = std::find_if(files.begin(), files.end(), [&](const BatchFile& file) {
-    return file.isPending && isDocumentOf(*document, fullPathOf(file));
+    return isPending(file) && isDocumentOf(*document, fullPathOf(file));
   });
   if (byName != files.end()) return byName;
   return std::find_if(files.begin(), files.end(),
-                      [&](const BatchFile& file) { return file.isPending && isSameFile(*document, file); });
+                      [&](const BatchFile& file) { return isPending(file) && isSameFile(*document, file); });
 }
 
 }  // namespace
 
-std::wstring fullPathOf(const BatchFile& file) {
-  return conversionContext().contextPaths[kSourceFolder] + file.name;
-}
-
-void beginTurns() {
-  endTurns();
+void beginBatch() {
+  abandonBatch();
   theWatch = new OpenWatch;
 }
 
@@ -114,22 +119,25 @@ bool isBatchUnderWay() {
   return theWatch != nullptr && files && std::any_of(files->begin(), files->end(), isPending);
 }
 
+bool isScriptsTurn() { return isBatchUnderWay() && isScriptActive(); }
+
 BatchFile* takeTurn() {
+  if (!isBatchUnderWay()) return nullptr;
   Files& files = *conversionContext().batchFiles;
   const auto own = findCurrent(files);
   const auto next = std::find_if(files.begin(), files.end(), isPending);
   const auto end = own != files.end() ? own : std::next(next);
   for (auto each = next; each != end; ++each) {
-    if (each->isPending) tellUnopened(*each);
+    if (isPending(*each)) tellUnopened(*each);
   }
   if (own == files.end()) return nullptr;
-  own->isPending = false;
+  own->state = BatchState::kFailed;
   return &*own;
 }
 
-void endTurn() {
+void finishTurn() {
   if (isBatchUnderWay()) return;
-  endTurns();
+  abandonBatch();
   AcApDocument* const start = conversionContext().batchStartDocument;
   if (start == nullptr) return;
   AcApDocManager* const documents = acDocManagerPtr();
@@ -137,6 +145,6 @@ void endTurn() {
   documents->sendStringToExecute(document, kInteractiveCommandText, true, false, true);
 }
 
-void endTurns() { delete std::exchange(theWatch, nullptr); }
+void abandonBatch() { delete std::exchange(theWatch, nullptr); }
 
 }  // namespace kiv

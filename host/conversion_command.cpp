@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "engine/conversion_run.h"
+#include "engine/problems.h"
 #include "host/batch_turns.h"
 #include "host/module.h"
 #include "host/run_report.h"
@@ -11,33 +12,41 @@
 namespace kiv {
 namespace {
 
+// The log has an entry of a run that an error ended, too.
+RunOutcome run(const ConversionContext& context, RunReport& report) {
+  try {
+    return runConversion(
+        {context.contextPaths[kSpecificationPath], context.contextPaths[kOutputFolder], context.saveFormat},
+        report);
+  } catch (...) {
+    report.addProblem(brokenOffProblem(report.drawing()));
+    report.finish({});
+    throw;
+  }
+}
+
 // The file that was saved; empty: none.
 std::wstring convertCurrentDrawing() {
   ConversionContext& context = conversionContext();
   RunReport report;
-  const RunOutcome outcome = runConversion(
-      {context.contextPaths[kSpecificationPath], context.contextPaths[kOutputFolder], context.saveFormat},
-      report);
+  const RunOutcome outcome = run(context, report);
   if (outcome.isClosed) --context.batchRemaining;
   report.finish(outcome);
   keepAsLastRun(std::move(report));
   return outcome.savedPath;
 }
 
-// The drawing counts as failed unless it was saved.
 void convertDrawingOfBatch() {
   BatchFile* const file = takeTurn();
-  if (file == nullptr) return;
-  const int version = std::exchange(file->version, 0);
-  if (!convertCurrentDrawing().empty()) file->version = version;
+  if (file != nullptr && !convertCurrentDrawing().empty()) file->state = BatchState::kConverted;
 }
 
 }  // namespace
 
 void conversionCommand() {
-  if (!isBatchUnderWay()) return guarded([] { convertCurrentDrawing(); });
+  if (!isScriptsTurn()) return guarded([] { convertCurrentDrawing(); });
   guarded(convertDrawingOfBatch);
-  guarded(endTurn);
+  guarded(finishTurn);
 }
 
 }  // namespace kiv

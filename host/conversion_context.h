@@ -18,11 +18,17 @@ namespace kiv {
 
 class CCnvDlg;
 
+enum class BatchState {
+  kChosen,   // no script has been started for it
+  kPending,  // in the batch's script, which has not come to it yet
+  kConverted,
+  kFailed,  // refused before the script was made, or not opened, or not saved
+};
+
 struct BatchFile {
   std::wstring name;  // without its folder
-  // Below 1: not a readable drawing, or one that was not converted; -1: could not be asked.
-  int version = -1;
-  bool isPending = false;  // in the batch's script, which has not come to it yet
+  int version = -1;   // below 1: not a readable drawing; -1: could not be asked
+  BatchState state = BatchState::kChosen;
 };
 
 // Indexes of the context's paths.
@@ -38,10 +44,13 @@ struct ConversionContext {
 
   std::array<std::wstring, 3> contextPaths;
   base::SaveFormat saveFormat = base::SaveFormat::kDwg;
-  int savedChoice2 = 0;  // the second number of the choice of drawings, carried for whoever chose
+  int savedChoice2 =
+      0;  // the second number of the choice of drawings: whose choice it was knows what it means
 
   std::optional<std::vector<BatchFile>> batchFiles;  // nothing: no batch has been prepared
-  AcApDocument* batchStartDocument = nullptr;
+  AcApDocument* batchStartDocument = nullptr;        // the dialog comes back there, if it is still open
+  // The drawings of a batch less the runs that have closed theirs, by hand too. What still has its turn
+  // before it is told by the states of the files.
   std::int64_t batchRemaining = 0;
 
   PickHandOver pick;  // between the dialog's pickers and the command that waits for it

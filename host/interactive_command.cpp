@@ -14,6 +14,7 @@
 #include "base/paths.h"
 #include "host/batch.h"
 #include "host/batch_report.h"
+#include "host/batch_script.h"
 #include "host/batch_turns.h"
 #include "host/module.h"
 #include "platform/dialog.h"
@@ -40,10 +41,17 @@ void beginAnew() {
   writeCommonText(kLogFileKey, L"");
 }
 
+// A suspended script would go on by whatever the dialog is closed for.
+void giveUpBatch() {
+  if (!isBatchUnderWay()) return;
+  abandonBatch();
+  startScript({});
+}
+
 void printReport() {
   ConversionContext& context = conversionContext();
   printBatchReport(context.batchFiles, context.contextPaths[kSourceFolder]);
-  endTurns();
+  giveUpBatch();
   if (context.batchFiles) context.batchFiles->clear();
 }
 

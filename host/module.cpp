@@ -76,7 +76,7 @@ void initialise(void* packet) {
 }
 
 void withdraw() {
-  endTurns();
+  abandonBatch();
   // A dialog hidden for a batch would be left to windows whose code has gone.
   conversionContext().dialog.reset();
   releaseDialogs();

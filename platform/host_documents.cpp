@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <vector>
 
 #include "acdocman.h"
 #include "base/fold.h"
@@ -10,7 +9,6 @@
 #include "platform/host_messages.h"
 
 namespace kiv {
-namespace {
 
 std::vector<const AcApDocument*> openDocuments() {
   std::vector<const AcApDocument*> documents;
@@ -18,8 +16,6 @@ std::vector<const AcApDocument*> openDocuments() {
   for (; !each->done(); each->step()) documents.push_back(each->document());
   return documents;
 }
-
-}  // namespace
 
 bool isOpen(const AcApDocument* document) {
   const auto documents = openDocuments();

@@ -3,11 +3,14 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 class AcApDocument;
 
 namespace kiv {
 
+// Each is the host's, and gone when it is closed.
+std::vector<const AcApDocument*> openDocuments();
 bool isOpen(const AcApDocument* document);
 
 // Whether a document is of the file `path`, a full path; case counts where the system's names heed it.

@@ -1,0 +1,53 @@
+#include "host/batch_targets.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+#include <system_error>
+
+#include "base/files.h"
+#include "base/fold.h"
+#include "engine/problems.h"
+#include "host/batch_script.h"
+#include "platform/host_messages.h"
+#include "platform/questions.h"
+#include "ui/messages.h"
+
+namespace kiv {
+namespace {
+
+bool isSameFolder(const std::wstring& one, const std::wstring& other) {
+  std::error_code error;
+  return std::filesystem::equivalent(base::pathFromText(one), base::pathFromText(other), error);
+}
+
+}  // namespace
+
+std::wstring refusalOf(const BatchFile& file, const std::wstring& path, base::SaveFormat format,
+                       base::SavedNames& saved) {
+  if (file.version < 1) return unreadableProblem(path) + L".";
+  if (!canStandInScript(path)) return L"ﾌｧｲﾙ名に使用できない文字があるため変換できません: " + path;
+  const std::wstring target = base::savedName(file.name, format);
+  const std::wstring holder = saved.take(target, file.name);
+  if (holder.empty()) return {};
+  return L"[" + holder + L"]の変換結果と同じ名前(" + target + L")になるため変換できません: " + path;
+}
+
+bool overwritesSources(const ConversionContext& context, const std::wstring& folder) {
+  if (!isSameFolder(folder, context.contextPaths[kSourceFolder])) return false;
+  const auto& files = *context.batchFiles;
+  std::set<std::wstring> sources;
+  for (const BatchFile& file : files) sources.insert(base::upper(file.name));
+  return std::any_of(files.begin(), files.end(), [&](const BatchFile& file) {
+    return file.state == BatchState::kChosen &&
+           sources.contains(base::upper(base::savedName(file.name, context.saveFormat)));
+  });
+}
+
+bool isOverwritingAgreed() {
+  const MessageQuestion question{L"変換元の図面に上書きされます. よろしいですか?", kModuleTitle,
+                                 Buttons::kYesNo, Icon::kQuestion, true};
+  return showMessage(hostFrame(), question) == Answer::kYes;
+}
+
+}  // namespace kiv
