@@ -37,7 +37,7 @@ std::filesystem::path programFile();
 std::filesystem::path libraryFile(const void* anchor);
 
 // The library that has `anchor` in its image stays until the process ends, whoever releases it: a thread of
-// it may still be at work.
-void keepLoaded(const void* anchor);
+// it may still be at work. False: the system refuses.
+bool keepLoaded(const void* anchor);
 
 }  // namespace base

@@ -31,8 +31,11 @@ fs::path libraryFile(const void* anchor) {
   return ::dladdr(anchor, &info) == 0 || info.dli_fname == nullptr ? fs::path() : fs::path(info.dli_fname);
 }
 
-void keepLoaded(const void* anchor) {
-  ::dlopen(libraryFile(anchor).c_str(), RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE);
+bool keepLoaded(const void* anchor) {
+  const fs::path file = libraryFile(anchor);
+  std::error_code error;
+  if (fs::equivalent(file, programFile(), error)) return true;
+  return ::dlopen(file.c_str(), RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE) != nullptr;
 }
 
 }  // namespace base

@@ -49,10 +49,10 @@ fs::path libraryFile(const void* anchor) {
   return GetModuleHandleExW(kFlags, address, &module) == 0 ? fs::path() : fileOf(module);
 }
 
-void keepLoaded(const void* anchor) {
+bool keepLoaded(const void* anchor) {
   HMODULE module = nullptr;
-  GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
-                     static_cast<const wchar_t*>(anchor), &module);
+  return GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                            static_cast<const wchar_t*>(anchor), &module);
 }
 
 }  // namespace base

@@ -1,5 +1,6 @@
 #include "siblings/KivFile/drawing_probe.h"
 
+#include <exception>
 #include <iterator>
 #include <optional>
 #include <string_view>
@@ -82,9 +83,7 @@ class HeaderWalk {
 // Headers have some kilobytes; what stands before them are comments.
 constexpr std::size_t kBeginnings[] = {std::size_t{1} << 14, std::size_t{1} << 20};
 
-}  // namespace
-
-DrawingRelease probeDrawing(const std::filesystem::path& file) {
+DrawingRelease probe(const std::filesystem::path& file) {
   std::error_code error;
   if (!std::filesystem::is_regular_file(file, error)) return kNoDrawing;  // a pipe would never answer
   for (const std::size_t length : kBeginnings) {
@@ -94,6 +93,16 @@ DrawingRelease probeDrawing(const std::filesystem::path& file) {
     if (release) return *release;
   }
   return kNoDrawing;
+}
+
+}  // namespace
+
+DrawingRelease probeDrawing(const std::filesystem::path& file) {
+  try {
+    return probe(file);
+  } catch (const std::exception&) {
+    return kNoDrawing;  // one that cannot be looked at; those behind it can
+  }
 }
 
 std::wstring releaseText(DrawingRelease release) {

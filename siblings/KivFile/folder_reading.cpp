@@ -9,83 +9,78 @@ namespace kiv {
 
 struct DrawingReading::Shared {
   std::mutex mutex;
-  News news;
-  bool isListed = false, hasEnded = false;
+  News news;  // its two ends are told by each takeNews()
+  bool isListed = false, isDone = false;
 
-  template <class Change>
-  void change(Change change) {
-    const std::lock_guard<std::mutex> guard(mutex);
-    change(news);
-  }
+  std::vector<std::wstring> list(const std::filesystem::path& folder, const std::atomic<bool>& stop);
+  void probe(const std::filesystem::path& folder, const std::vector<std::wstring>& names,
+             const std::atomic<bool>& stop);
 };
 
-namespace {
-
-template <class Shared>
-std::vector<std::wstring> listDrawings(const std::filesystem::path& folder, Shared& shared,
-                                       const std::atomic<bool>& stop) {
+std::vector<std::wstring> DrawingReading::Shared::list(const std::filesystem::path& folder,
+                                                       const std::atomic<bool>& stop) {
   std::vector<std::wstring> names;
   const base::Status listed = base::listFolder(folder, [&](base::FolderEntry entry) {
     if (stop) return false;
     if (entry.isFolder || entry.isHidden || !hasNameOfDrawing(entry.name)) return true;
     names.push_back(entry.name);
-    shared.change([&](auto& news) {
-      news.found.push_back({std::move(entry.name), entry.size, entry.modified});
-    });
+    const std::lock_guard<std::mutex> guard(mutex);
+    news.found.push_back({std::move(entry.name), entry.size, entry.modified});
     return true;
   });
-  shared.change([&](auto& news) {
-    if (!listed.ok()) news.failure = listed.failure();
-    shared.isListed = true;
-  });
+  const std::lock_guard<std::mutex> guard(mutex);
+  if (!listed.ok()) news.failure = listed.failure();
+  isListed = true;
   return names;
 }
 
-}  // namespace
+void DrawingReading::Shared::probe(const std::filesystem::path& folder,
+                                   const std::vector<std::wstring>& names, const std::atomic<bool>& stop) {
+  for (std::size_t at = 0; at < names.size() && !stop; ++at) {
+    const DrawingRelease release = probeDrawing(folder / base::pathFromText(names[at]));
+    const std::lock_guard<std::mutex> guard(mutex);
+    news.probed.emplace_back(at, release);
+  }
+  const std::lock_guard<std::mutex> guard(mutex);
+  isDone = true;
+}
 
 DrawingReading::DrawingReading(const std::wstring& folder)
     : shared_(std::make_shared<Shared>()),
       background_([shared = shared_, path = base::pathFromText(folder)](const std::atomic<bool>& stop) {
-        const std::vector<std::wstring> names = listDrawings(path, *shared, stop);
-        for (std::size_t at = 0; at < names.size() && !stop; ++at) {
-          const DrawingRelease release = probeDrawing(path / base::pathFromText(names[at]));
-          shared->change([&](News& news) { news.probed.emplace_back(at, release); });
-        }
-        shared->change([&](News&) { shared->hasEnded = true; });
+        shared->probe(path, shared->list(path, stop), stop);
       }) {}
 
 DrawingReading::News DrawingReading::takeNews() {
+  const bool hasEnded = background_.hasEnded();  // before the news are taken: none come behind
   News taken;
-  shared_->change([&](News& news) {
-    std::swap(taken, news);
-    taken.isListed = shared_->isListed;
-    taken.hasEnded = shared_->hasEnded;
-  });
+  const std::lock_guard<std::mutex> guard(shared_->mutex);
+  std::swap(taken, shared_->news);
+  taken.isListed = shared_->isListed || hasEnded;
+  taken.hasEnded = hasEnded;
+  if (hasEnded && !shared_->isDone) taken.failure = base::Failure{{}, L"処理を続けられません"};
   return taken;
 }
 
 struct SubfolderReading::Shared {
-  std::mutex mutex;
-  std::optional<Outcome> outcome;
+  Outcome outcome;
 };
 
 SubfolderReading::SubfolderReading(const std::wstring& folder)
     : shared_(std::make_shared<Shared>()),
       background_([shared = shared_, path = base::pathFromText(folder)](const std::atomic<bool>& stop) {
-        Outcome outcome;
+        Outcome& outcome = shared->outcome;
         const base::Status listed = base::listFolder(path, [&](base::FolderEntry entry) {
           if (entry.isFolder && !entry.isHidden) outcome.names.push_back(std::move(entry.name));
           return !stop;
         });
-        outcome.isWhole = listed.ok() && !stop;
         std::sort(outcome.names.begin(), outcome.names.end(), precedesInLists);
-        const std::lock_guard<std::mutex> guard(shared->mutex);
-        shared->outcome = std::move(outcome);
+        outcome.isWhole = listed.ok() && !stop;
       }) {}
 
+// What the work has left is looked at when nobody works on it any more.
 std::optional<SubfolderReading::Outcome> SubfolderReading::outcome() const {
-  const std::lock_guard<std::mutex> guard(shared_->mutex);
-  return shared_->outcome;
+  return background_.hasEnded() ? std::optional(shared_->outcome) : std::nullopt;
 }
 
 }  // namespace kiv

@@ -27,7 +27,7 @@ class DrawingReading {
     bool isListed = false;                 // no more are found
     bool hasEnded = false;                 // and all are probed
   };
-  // What has come since the last time. Never waits for the folder.
+  // What has come since the last time; for the thread that made this. Never waits for the folder.
   News takeNews();
 
  private:
@@ -46,6 +46,7 @@ class SubfolderReading {
     bool isWhole = false;             // false: the folder could not be read to its end
   };
   std::optional<Outcome> outcome() const;  // none yet
+  void stop() { background_.stop(); }      // ahead of its destruction
 
  private:
   struct Shared;

@@ -23,6 +23,10 @@ FolderTree::FolderTree(TreeView& tree) : tree_(tree) {
   for (const std::wstring& root : base::rootFolders()) insert(0, -1, root);
 }
 
+FolderTree::~FolderTree() {
+  for (auto& [item, reading] : readings_) reading.subfolders.stop();
+}
+
 TreeItem FolderTree::insert(TreeItem parent, int position, std::wstring_view name) {
   const TreeItem item = tree_.insert(parent, position, name, kFolderImage, kUnread);
   tree_.setOpenable(item, true);  // until it is known better

@@ -13,6 +13,9 @@ class FolderTree {
  public:
   // With the drives, or the root. The view must outlive this.
   explicit FolderTree(TreeView& tree);
+  ~FolderTree();
+  FolderTree(const FolderTree&) = delete;
+  FolderTree& operator=(const FolderTree&) = delete;
 
   // The folder's path; empty for 0.
   std::wstring folderOf(TreeItem item) const;

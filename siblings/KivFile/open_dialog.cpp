@@ -103,9 +103,9 @@ void OpenDialog::offerFormats() {
 void OpenDialog::enter(const std::wstring& folder) {
   settings_.folder = folder;
   window().setText(IDC_OPEN_FOLDER, folder);
-  tree_->show(folder);
   wanted_.clear();
   startReading();
+  tree_->show(folder);
 }
 
 void OpenDialog::enterTyped() {
@@ -143,7 +143,7 @@ void OpenDialog::onTimer() {
 }
 
 void OpenDialog::takeNews() {
-  if (hasEnded_) return;
+  if (hasEnded_ || !reading_) return;
   DrawingReading::News news = reading_->takeNews();
   isListed_ = news.isListed;
   hasEnded_ = news.hasEnded;

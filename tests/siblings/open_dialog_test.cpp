@@ -4,6 +4,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <new>
 #include <thread>
 
 #include "base/paths.h"
@@ -197,6 +198,18 @@ TEST_F(OpenDialogTest, LeavesInTheMiddleOfALargeFolder) {
   });
   EXPECT_EQ(dialog.runModal(nullptr), IDCANCEL);
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+}
+
+TEST(Background, EndsWhateverItsWorkThrows) {
+  for (const bool isException : {true, false}) {
+    const Background broken([=](const std::atomic<bool>&) {
+      if (isException) throw std::bad_alloc();
+      throw 1;
+    });
+    for (int tries = 0; tries < 1000 && !broken.hasEnded(); ++tries)
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_TRUE(broken.hasEnded());
+  }
 }
 
 TEST(Background, IsLeftWhenItHangs) {
