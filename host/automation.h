@@ -6,11 +6,7 @@
 // Texts handed in are copied. Texts and arrays handed out belong to the module and stay valid until the
 // next call of the same function or the next conversion run, whichever comes first.
 
-#if defined(_WIN32)
-#define KIV_EXPORT __declspec(dllexport)
-#else
-#define KIV_EXPORT __attribute__((visibility("default")))
-#endif
+#include "siblings/common/export.h"
 
 extern "C" {
 

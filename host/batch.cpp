@@ -73,7 +73,7 @@ bool startBatchScript(ConversionContext& context) {
 }
 
 // Without a script conversions stay in place.
-bool convertInto(ConversionContext& context, const std::wstring& outputFolder) {
+bool startInto(ConversionContext& context, const std::wstring& outputFolder) {
   if (outputFolder.empty()) return false;
   context.contextPaths[kOutputFolder] = outputFolder;
   const bool isStarted = startBatchScript(context);
@@ -95,7 +95,7 @@ void startBatch() {
   if (count == 0) return typeIntoHost(kInteractiveCommandText);
   context.batchStartDocument = acDocManagerPtr()->curDocument();
   context.batchRemaining = count;
-  if (convertInto(context, chooseOutputFolder(context))) return;
+  if (startInto(context, chooseOutputFolder(context))) return;
   printOnCommandLine(L"\n連続変換を開始していません. KIV_TOACADでﾀﾞｲｱﾛｸﾞに戻ります.");
 }
 

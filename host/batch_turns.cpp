@@ -50,15 +50,19 @@ class OpenWatch : public AcEditorReactor {
 
   void commandWillStart(const ACHAR* name) override {
     guarded([&] {
-      isScripts_ = opens(name) && isScriptActive();
+      if (isNamed(name, L"SCRIPT")) ++scripts_;
+      isScripts_ = isNamed(name, L"OPEN") && isScriptActive() && !isReplaced();
       if (isScripts_) openBefore_ = openDocuments();
     });
   }
   void commandFailed(const ACHAR* name) override {
     guarded([&] {
-      if (opens(name) && std::exchange(isScripts_, false)) sendToCurrentDocument(L"RESUME\n");
+      if (isNamed(name, L"OPEN") && std::exchange(isScripts_, false)) sendToCurrentDocument(L"RESUME\n");
     });
   }
+
+  // The first script is the batch's. Another takes its place, and has no drawing's turn.
+  bool isReplaced() const { return scripts_ > 1; }
 
   // By the script's newest OPEN. A drawing that somebody has opened otherwise is nobody's but theirs.
   bool hasOpened(const AcApDocument* document) const {
@@ -66,8 +70,11 @@ class OpenWatch : public AcEditorReactor {
   }
 
  private:
-  static bool opens(const ACHAR* name) { return name != nullptr && base::equalFolded(name, L"OPEN"); }
+  static bool isNamed(const ACHAR* name, std::wstring_view command) {
+    return name != nullptr && base::equalFolded(name, command);
+  }
 
+  int scripts_ = 0;
   bool isScripts_ = false;
   std::vector<const AcApDocument*> openBefore_;  // to be compared only: they may be closed
 };
@@ -116,7 +123,8 @@ void beginBatch() {
 
 bool isBatchUnderWay() {
   const auto& files = conversionContext().batchFiles;
-  return theWatch != nullptr && files && std::any_of(files->begin(), files->end(), isPending);
+  return theWatch != nullptr && !theWatch->isReplaced() && files &&
+         std::any_of(files->begin(), files->end(), isPending);
 }
 
 bool isScriptsTurn() { return isBatchUnderWay() && isScriptActive(); }

@@ -11,7 +11,8 @@ namespace kiv {
 // drawing that cannot be opened is sent on meanwhile.
 void beginBatch();
 
-// Until the script has come to the last of its drawings, or the batch is abandoned.
+// Until the script has come to the last of its drawings, another has taken its place, or the batch is
+// abandoned.
 bool isBatchUnderWay();
 
 // Whether the conversion command that runs is the script's. One that a person types while the script is

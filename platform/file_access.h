@@ -5,8 +5,8 @@
 
 namespace kiv {
 
-// True when the file exists and opens for writing with nobody else at it. Nothing of it changes, not even its
-// time.
+// True when the file exists and opens for writing; where programs keep others off the files that they have
+// open, with nobody else at it. Nothing of it changes, not even its time.
 bool canBeWritten(const std::wstring& path);
 
 // By the type of the drive that the path lies on.

@@ -16,10 +16,11 @@ NativeWindow hostMainWindow();
 // The keyboard goes to the main frame. Nothing in a host without a window.
 void focusHost();
 
-// Types a text at the host's command line, as a copied-data message of kind 1; character 3 cancels what
-// waits for input. In a host without a window the text is sent to the current document, and runs when no
-// command is running.
+// In a typed text: cancels what waits for input.
 inline constexpr std::wstring_view kCancelCharacter = L"\x03";
+
+// Types a text at the host's command line, as a copied-data message of kind 1. In a host without a window the
+// text is sent to the current document, and runs when no command is running.
 void typeIntoHost(std::wstring_view text);
 
 }  // namespace kiv

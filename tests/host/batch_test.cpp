@@ -14,7 +14,6 @@
 #include "host/batch_script.h"
 #include "host/conversion_context.h"
 #include "host/module.h"
-#include "platform/file_access.h"
 #include "platform/settings.h"
 #include "tests/support/temp_folder.h"
 #include "tests/ui/user.h"
@@ -201,16 +200,6 @@ TEST_F(Batch, ConvertsWhatIsADrawingAndReportsTheRest) {
   expectLog({{L"a.dxf", L" OK"}, {L"図面 2.dxf", L" OK"}, {L"protected.dxf", L" OK"}, {L"e.dxf", L" OK"}});
   EXPECT_EQ(conversionContext().savedChoice2, 7);
   EXPECT_EQ(host().documentCount(), 1U);
-
-  std::wstring script;
-  for (const std::wstring& name : {names[0], names[1], names[3], names[4]}) {
-    // Nothing is protected from a superuser.
-    const bool asks =
-        name == names[3] && (fs::permissions(locked, fs::perms::owner_read), !canBeWritten(in(name)));
-    script += L"_.OPEN\r\n\"" + in(name) + L"\"\r\n" + (asks ? L"Y\r\n" : L"") + L"KIV_TOACAD2\r\n";
-  }
-  fs::permissions(locked, fs::perms::owner_all);
-  EXPECT_EQ(content("tmp/DWGOPEN.SCR"), utf16(script));
 }
 
 TEST_F(Batch, DrawingsThatFailDoNotStopTheOthersAndAreNamed) {
@@ -242,17 +231,20 @@ TEST_F(Batch, DrawingsThatFailDoNotStopTheOthersAndAreNamed) {
 
 TEST_F(Batch, TheDrawingOfTheStartMayBeAmongThemAndLosesNothing) {
   draw(L"a.dxf");
-  draw(L"b.dxf");
+  draw(L"図面 2.dxf");
   ASSERT_TRUE(host().openDocument(in(L"a.dxf")).ok());
   const int number = host().currentDocument().number;
   ASSERT_TRUE(host().currentDrawing().setHeaderVariable("LTSCALE", 2.5).ok());
-  run({L"b.dxf", L"a.dxf"});
+  run({L"図面 2.dxf", L"a.dxf"});
   EXPECT_TRUE(host().currentDocument().isModified);
   EXPECT_EQ(content("in/a.dxf"), kDrawing);
   EXPECT_EQ(content("out/a.DXF"), kConverted);
-  EXPECT_EQ(results(), Names({L"a.DXF", L"b.DXF"}));
+  EXPECT_EQ(results(), Names({L"a.DXF", L"図面 2.DXF"}));
   EXPECT_EQ(host().currentDocument().number, number);
-  expectReport(L"\n[b.dxf]\n[a.dxf]", L"\n2件変換しました.");
+  expectReport(L"\n[図面 2.dxf]\n[a.dxf]", L"\n2件変換しました.");
+  EXPECT_EQ(content("tmp/DWGOPEN.SCR"),
+            utf16(L"_.OPEN\r\n\"" + in(L"図面 2.dxf") + L"\"\r\nKIV_TOACAD2\r\n" + L"_.OPEN\r\n\"" +
+                  in(L"a.dxf") + L"\"\r\nY\r\nKIV_TOACAD2\r\n"));
 }
 
 TEST_F(Batch, WithoutAFolderTheDialogStaysHiddenUntilTheCommand) {
@@ -326,6 +318,18 @@ TEST_F(Batch, WhatIsDoneByHandInAPauseIsNoPartOfIt) {
   ASSERT_TRUE(host().openDocument(in(L"b.dxf")).ok());
   EXPECT_EQ(host().currentDocument().number, number);
   EXPECT_TRUE(host().currentDocument().isModified);
+}
+
+TEST_F(Batch, AnotherScriptTakesItsPlaceAndNoTurn) {
+  begins({L"a.dxf", L"b.dxf"}, 1);
+  draw(L"own.dxf");
+  make("own.scr", base::toUtf8(L"_.OPEN\n\"" + in(L"own.dxf") + L"\"\nKIV_TOACAD2\n"));
+  type((L"SCRIPT \"" + base::pathText(folder_ / "own.scr") + L"\"").c_str());
+  EXPECT_EQ(results(), Names({L"a.DXF", L"own.DXF"}));
+  EXPECT_EQ(printed_.find(L"失敗"), printed_.npos);
+  thenIsBack();
+  type(L"KIV_TOACAD");
+  expectReport(L"\n[a.dxf]", L"\n1件変換しました.\n中断しました. 次の1件は変換していません.\n[b.dxf]");
 }
 
 TEST_F(Batch, NoResultTakesThePlaceOfAnotherOrOfADrawingUnasked) {

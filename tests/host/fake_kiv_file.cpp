@@ -10,12 +10,7 @@
 #include "base/environment.h"
 #include "base/files.h"
 #include "base/fold.h"
-
-#if defined(_WIN32)
-#define KIV_EXPORT __declspec(dllexport)
-#else
-#define KIV_EXPORT __attribute__((visibility("default")))
-#endif
+#include "siblings/common/export.h"
 
 namespace {
 
