@@ -8,6 +8,7 @@
 #include "acedads.h"
 #include "adscodes.h"
 #include "base/files.h"
+#include "base/media.h"
 #include "base/paths.h"
 #include "dbapserv.h"
 #include "platform/file_access.h"
@@ -42,7 +43,7 @@ std::string encodeUtf16(std::wstring_view text) {
 
 // The host asks before it opens such a drawing, unless the drive says it all.
 bool asksForReading(const std::wstring& path) {
-  return isOpenInHost(path) || (!canBeWritten(path) && !isOnCompactDisc(path));
+  return isOpenInHost(path) || (!canBeWritten(path) && !base::isOnCompactDisc(base::pathFromText(path)));
 }
 
 // In the host's folder for temporary files, in the current one when no system tells any.

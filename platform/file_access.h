@@ -9,7 +9,4 @@ namespace kiv {
 // open, with nobody else at it. Nothing of it changes, not even its time.
 bool canBeWritten(const std::wstring& path);
 
-// By the type of the drive that the path lies on.
-bool isOnCompactDisc(const std::wstring& path);
-
 }  // namespace kiv

@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "base/files.h"
+#include "base/media.h"
 #include "dbapserv.h"
 #include "embedded/editor/host_state.h"
 #include "embedded/editor/output.h"
@@ -18,6 +19,10 @@ bool isWriteProtected(const std::filesystem::path& path) {
   std::error_code ignored;
   if (!std::filesystem::exists(path, ignored)) return false;
   return !std::ofstream(path, std::ios::in | std::ios::out | std::ios::binary).is_open();
+}
+
+bool asksForReadOnly(const std::filesystem::path& path) {
+  return isWriteProtected(path) && !base::isOnCompactDisc(path);
 }
 
 Document::Document(std::unique_ptr<Drawing> drawing, std::wstring name, int number)

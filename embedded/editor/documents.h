@@ -78,5 +78,7 @@ class Documents {
 
 // True when the file exists but this process may not change it.
 bool isWriteProtected(const std::filesystem::path& path);
+// What lies on a compact disc is write-protected without a question.
+bool asksForReadOnly(const std::filesystem::path& path);
 
 }  // namespace cad

@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include "base/paths.h"
-
 namespace kiv {
 
 bool canBeWritten(const std::wstring& path) {
@@ -13,14 +11,6 @@ bool canBeWritten(const std::wstring& path) {
   if (file == INVALID_HANDLE_VALUE) return false;
   CloseHandle(file);
   return true;
-}
-
-bool isOnCompactDisc(const std::wstring& path) {
-  const base::PathParts parts = base::splitPath(path);
-  const std::wstring folder = parts.drive + parts.folder;
-  std::wstring root(folder.size() + 2, L'\0');  // room for a separator
-  if (!GetVolumePathNameW(folder.c_str(), root.data(), static_cast<DWORD>(root.size()))) return false;
-  return GetDriveTypeW(root.c_str()) == DRIVE_CDROM;
 }
 
 }  // namespace kiv

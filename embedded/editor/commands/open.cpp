@@ -13,7 +13,7 @@ Outcome runOpen(TokenReader& input, HostState& state) {
   if (path.empty()) path = base::pathFromText(typed->text);
   const bool readOnlyAccepted = input.takeIf(L"Y", L"YES");
   const bool isOpen = state.documents.find(path) != nullptr;
-  const bool asks = isOpen || isWriteProtected(path);
+  const bool asks = isOpen || asksForReadOnly(path);
   if (asks && !readOnlyAccepted) {
     if (!input.takeIf(L"N", L"NO") && !input.peek()) return Outcome::kNeedInput;
     report({base::pathText(path), isOpen ? L"The drawing is open already and was not opened again."
