@@ -13,11 +13,13 @@
 #   saves NAME REMARK     the specification, from the main dialog
 
 export CADHOST_SIZE=1280x960
-work=$(mktemp -d)
+# Wine's folder browser knows a folder by its time too, and finds none below a folder that changes meanwhile, as
+# the system's temporary one always does.
+work=$(mktemp -d -p "$(dirname -- "${CADHOST_BIN:?is the folder of the Windows programs}")")
 self=$(basename -- "$0")
 
 # The programs are copied: the specifications of the dialog stand in a folder beside the module.
-cp -r "${CADHOST_BIN:?is the folder of the Windows programs}" "$work/bin"
+cp -r "$CADHOST_BIN" "$work/bin"
 rm -rf "$work"/bin/test_*.exe "$work/bin/CFG"
 CADHOST_BIN=$work/bin
 . "$here/session.bash"
