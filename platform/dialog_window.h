@@ -73,7 +73,7 @@ class ListView {
  public:
   struct Column {
     std::wstring title;
-    int width = 0;  // pixels
+    int width = 0;             // pixels
     bool alignsRight = false;  // not the first one
   };
   virtual ~ListView() = default;
@@ -90,6 +90,9 @@ class ListView {
   virtual int selectedCount() const = 0;
   virtual std::vector<int> selectedRows() const = 0;
   virtual void selectRows(const std::vector<int>& rows) = 0;  // no others are then
+  // The row that the arrow keys and Shift go from, whether it is selected or not. Focusing one shows it.
+  virtual int focused() const = 0;
+  virtual void focus(int row) = 0;
   // The title shows by which column the rows are sorted.
   virtual void setSortMark(int column, bool ascending) = 0;
   virtual void setRedraw(bool on) = 0;

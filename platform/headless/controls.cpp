@@ -66,7 +66,11 @@ void MemoryList::select(int row) {
   selected_.clear();
   if (!has(row)) return;
   selected_.insert(row);
-  focused_ = anchor_ = row;
+  focus(row);
+}
+
+void MemoryList::focus(int row) {
+  if (has(row)) focused_ = anchor_ = row;
 }
 
 void MemoryList::selectRows(const std::vector<int>& rows) {
@@ -84,7 +88,7 @@ void MemoryList::extendTo(int row) {
 
 void MemoryList::toggle(int row) {
   if (selected_.erase(row) == 0) selected_.insert(row);
-  focused_ = anchor_ = row;
+  focus(row);
 }
 
 void MemoryGrid::setRowCount(int rows) {

@@ -60,12 +60,13 @@ class MemoryList : public ListView {
   int selectedCount() const override { return static_cast<int>(selected_.size()); }
   std::vector<int> selectedRows() const override { return {selected_.begin(), selected_.end()}; }
   void selectRows(const std::vector<int>& rows) override;
+  int focused() const override { return focused_; }
+  void focus(int row) override;
   void setSortMark(int, bool) override {}
   void setRedraw(bool) override {}
 
   bool has(int row) const { return row >= 0 && row < rowCount(); }
   bool isSelected(int row) const { return selected_.contains(row); }
-  int focusedRow() const { return focused_; }
   // By the person: the row alone, with what is selected (Ctrl), or all from the one clicked last (Shift).
   void extendTo(int row);
   void toggle(int row);

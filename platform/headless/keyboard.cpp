@@ -33,7 +33,7 @@ void move(MemoryWindow& window, MemoryControl& control, int direction) {
     const TreeItem next = control.tree->neighbourRow(control.tree->caret(), direction);
     if (next != 0) chooseItem(window, control, next);
   } else if (control.list) {
-    chooseRow(window, control, control.list->focusedRow() + direction);
+    chooseRow(window, control, control.list->focused() + direction);
   } else if (control.grid) {
     chooseRow(window, control, control.grid->currentRow() + direction);
   } else if (control.combo) {

@@ -90,9 +90,8 @@ void SystemListView::select(int row) {
   const auto silence = quiet();
   setState(-1, 0, kSelectedAndFocused);
   if (row < 0) return;
-  setState(row, kSelectedAndFocused, kSelectedAndFocused);
-  send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(row));  // Shift goes from here
-  send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+  setState(row, LVIS_SELECTED, LVIS_SELECTED);
+  focus(row);
 }
 
 int SystemListView::selectedCount() const { return static_cast<int>(send(LVM_GETSELECTEDCOUNT)); }
@@ -110,6 +109,17 @@ void SystemListView::selectRows(const std::vector<int>& rows) {
   if (static_cast<int>(rows.size()) == rowCount()) return setState(-1, LVIS_SELECTED, LVIS_SELECTED);
   setState(-1, 0, LVIS_SELECTED);
   for (const int row : rows) setState(row, LVIS_SELECTED, LVIS_SELECTED);
+}
+
+int SystemListView::focused() const {
+  return static_cast<int>(send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+}
+
+void SystemListView::focus(int row) {
+  const auto silence = quiet();
+  setState(row, LVIS_FOCUSED, LVIS_FOCUSED);
+  send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(row));  // Shift goes from here
+  send(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
 }
 
 void SystemListView::setSortMark(int column, bool ascending) {

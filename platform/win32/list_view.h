@@ -21,6 +21,8 @@ class SystemListView final : public ListView, public Control {
   int selectedCount() const override;
   std::vector<int> selectedRows() const override;
   void selectRows(const std::vector<int>& rows) override;
+  int focused() const override;
+  void focus(int row) override;
   void setSortMark(int column, bool ascending) override;
   void setRedraw(bool on) override;
 

@@ -104,6 +104,7 @@ void OpenDialog::enter(const std::wstring& folder) {
   settings_.folder = folder;
   window().setText(IDC_OPEN_FOLDER, folder);
   wanted_.clear();
+  wantedFocus_.clear();
   startReading();
   tree_->show(folder);
 }
@@ -121,7 +122,7 @@ bool OpenDialog::hasTypedFolder() {
 }
 
 void OpenDialog::reload() {
-  wanted_ = chosenNames();
+  rememberChosen();
   tree_->renew();
   startReading();
 }
@@ -129,6 +130,8 @@ void OpenDialog::reload() {
 void OpenDialog::startReading() {
   reading_.reset();  // the thread of the folder before ends
   drawings_.clear();
+  rows_.clear();
+  list().clear();
   failure_.reset();
   probed_ = 0;
   isListed_ = hasEnded_ = false;
@@ -138,6 +141,7 @@ void OpenDialog::startReading() {
 }
 
 void OpenDialog::onTimer() {
+  if (std::exchange(isSelectionDue_, false)) takeSelection();
   tree_->takeNews();
   takeNews();
 }
@@ -145,12 +149,12 @@ void OpenDialog::onTimer() {
 void OpenDialog::takeNews() {
   if (hasEnded_ || !reading_) return;
   DrawingReading::News news = reading_->takeNews();
+  const bool isNowListed = news.isListed && !isListed_;
   isListed_ = news.isListed;
   hasEnded_ = news.hasEnded;
   if (news.failure) failure_ = std::move(news.failure);
-  const bool hasFound = !news.found.empty();
-  std::move(news.found.begin(), news.found.end(), std::back_inserter(drawings_));
-  if (hasFound) refill();
+  append(std::move(news.found));
+  if (isNowListed) refill();
   showProbed(news.probed);
   // Rows that moved about under the pointer meanwhile would be worse than their being unsorted for a while.
   if (hasEnded_ && settings_.order.column == DrawingColumn::kRelease) refill();
@@ -171,27 +175,46 @@ void OpenDialog::showProbed(const std::vector<std::pair<std::size_t, DrawingRele
 
 // --- The list
 
-std::set<std::wstring> OpenDialog::chosenNames() {
-  std::set<std::wstring> names = wanted_;
-  for (const int row : list().selectedRows()) names.insert(list().cell(row, 0));
-  return names;
+// They stand where they are while a person may point at them: they are sorted once all are there.
+void OpenDialog::append(std::vector<ListedDrawing> found) {
+  if (found.empty()) return;
+  list().setRedraw(false);
+  for (ListedDrawing& drawing : found) {
+    if (isWanted(drawing.name, settings_.filter)) {
+      rows_.push_back(drawings_.size());
+      list().addRow(cellsOf(drawing));
+    }
+    drawings_.push_back(std::move(drawing));
+  }
+  list().setRedraw(true);
+  takeSelection();
+}
+
+void OpenDialog::rememberChosen() {
+  const auto nameIn = [this](int row) { return drawings_[rows_[static_cast<std::size_t>(row)]].name; };
+  for (const int row : list().selectedRows()) wanted_.insert(nameIn(row));
+  if (list().focused() >= 0) wantedFocus_ = nameIn(list().focused());
 }
 
 void OpenDialog::refill() {
-  const std::set<std::wstring> chosen = chosenNames();
+  rememberChosen();  // a filter that is being typed may hide all for a moment
   rows_ = arranged(drawings_, settings_.filter, settings_.order);
   ListView& view = list();
   view.setRedraw(false);
   view.clear();
   std::vector<int> selected;
-  for (const std::size_t at : rows_) {
-    if (chosen.contains(drawings_[at].name)) selected.push_back(view.rowCount());
-    view.addRow(cellsOf(drawings_[at]));
+  int focused = -1;
+  for (std::size_t row = 0; row < rows_.size(); ++row) {
+    const ListedDrawing& drawing = drawings_[rows_[row]];
+    if (wanted_.contains(drawing.name)) selected.push_back(static_cast<int>(row));
+    if (drawing.name == wantedFocus_) focused = static_cast<int>(row);
+    view.addRow(cellsOf(drawing));
   }
   view.selectRows(selected);
+  if (focused >= 0) view.focus(focused);
   view.setSortMark(static_cast<int>(settings_.order.column), settings_.order.ascending);
   view.setRedraw(true);
-  showCount();
+  takeSelection();
 }
 
 void OpenDialog::onHeaderClicked(int id, int column) {
@@ -207,10 +230,10 @@ void OpenDialog::selectAll() {
   wanted_.clear();
   list().selectRows(rows);
   window().focus(IDC_OPEN_LIST);
-  showCount();
+  takeSelection();
 }
 
-void OpenDialog::showCount() {
+void OpenDialog::takeSelection() {
   const int chosen = list().selectedCount();
   std::wstring text =
       L"選択 " + countText(static_cast<std::size_t>(chosen)) + L" / " + countText(rows_.size());
@@ -246,14 +269,14 @@ void OpenDialog::onSelected(int id) {
     if (!folder.empty() && folder != settings_.folder) enter(folder);
   } else if (id == IDC_OPEN_LIST) {
     wanted_.clear();
-    showCount();
+    // Of the many rows that Shift takes only the first is heeded at once.
+    if (!std::exchange(isSelectionDue_, true)) takeSelection();
   }
 }
 
 void OpenDialog::onEdited(int id) {
-  if (id == IDC_OPEN_FOLDER) showCount();
+  if (id == IDC_OPEN_FOLDER) takeSelection();
   if (id != IDC_OPEN_FILTER) return;
-  wanted_ = chosenNames();  // a filter that is being typed may hide all for a moment
   settings_.filter = window().text(id);
   refill();
 }
@@ -263,7 +286,9 @@ void OpenDialog::onOpening(int id, TreeItem item) {
 }
 
 void OpenDialog::onDoubleClicked(int id) {
-  if (id == IDC_OPEN_LIST && list().selectedCount() > 0) accept();
+  if (id != IDC_OPEN_LIST || list().selectedCount() == 0) return;
+  takeSelection();
+  accept();
 }
 
 bool OpenDialog::onKey(int id, Key key) {
@@ -287,7 +312,7 @@ void OpenDialog::onCommand(int command) {
     case IDC_OPEN_DWT: {
       const auto* button = std::find(std::begin(kFormatButtons), std::end(kFormatButtons), command);
       settings_.format = static_cast<base::SaveFormat>(button - std::begin(kFormatButtons));
-      return showCount();
+      return takeSelection();
     }
     case IDOK:
       return hasTypedFolder() ? enterTyped() : accept();

@@ -56,12 +56,13 @@ class OpenDialog : public Dialog {
   void takeNews();
   void showProbed(const std::vector<std::pair<std::size_t, DrawingRelease>>& probed);
   void refill();
+  void append(std::vector<ListedDrawing> found);
   void selectAll();
   void showState();
-  void showCount();
+  void takeSelection();
   std::wstring stateText() const;
   bool hasTypedFolder();
-  std::set<std::wstring> chosenNames();
+  void rememberChosen();
 
   void accept();
   void rememberView();
@@ -73,7 +74,11 @@ class OpenDialog : public Dialog {
   std::unique_ptr<DrawingReading> reading_;
   std::vector<ListedDrawing> drawings_;
   std::vector<std::size_t> rows_;  // the drawing of each row
-  std::set<std::wstring> wanted_;  // chosen before the list changed: chosen again when they come back into it
+  // Before the list changed: the chosen ones, and the one from which Shift goes. They are again what they
+  // were when they come back into it.
+  std::set<std::wstring> wanted_;
+  std::wstring wantedFocus_;
+  bool isSelectionDue_ = false;  // at the next tick of the timer
   std::size_t probed_ = 0;
   bool isListed_ = false, hasEnded_ = false;
   std::optional<base::Failure> failure_;

@@ -52,6 +52,13 @@ class OpenDialogTest : public test_support::TempFolder {
     }
     return L"nothing has come for 5 seconds";
   }
+  static std::wstring countOf(DialogWindow& window, const wchar_t* expected) {
+    for (int tries = 0; tries < 500 && window.text(IDC_OPEN_COUNT) != expected; ++tries) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(10));
+      user::settle();
+    }
+    return window.text(IDC_OPEN_COUNT);
+  }
   static Names column(DialogWindow& window, int column) {
     ListView& list = window.list(IDC_OPEN_LIST);
     Names cells;
@@ -78,13 +85,18 @@ TEST_F(OpenDialogTest, ListsSortsFiltersAndHandsOver) {
     user.clickRow(window, IDC_OPEN_LIST, 1);
     user.clickRowWith(user::Held::kShift, window, IDC_OPEN_LIST, 3);
     user.clickRowWith(user::Held::kControl, window, IDC_OPEN_LIST, 2);
-    EXPECT_EQ(window.text(IDC_OPEN_COUNT), L"選択 2 件 / 4 件");
+    EXPECT_EQ(countOf(window, L"選択 2 件 / 4 件"), L"選択 2 件 / 4 件");
     // What is chosen stays chosen in whatever order.
     user.clickHeader(window, IDC_OPEN_LIST, 1);
     EXPECT_EQ(column(window, 1), (Names{L"-", L"R12", L"2000", L"2018"}));
     user.clickHeader(window, IDC_OPEN_LIST, 1);
     EXPECT_EQ(names(window), (Names{L"plan10.DWG", L"plan2.dwg", L"Ａ棟.dxf", L"note.dwt"}));
     EXPECT_EQ(window.list(IDC_OPEN_LIST).selectedRows(), (std::vector<int>{1, 2}));
+    // Shift goes from the row that was clicked last, wherever it has come.
+    user.clickRowWith(user::Held::kShift, window, IDC_OPEN_LIST, 1);
+    EXPECT_EQ(window.list(IDC_OPEN_LIST).selectedRows(), (std::vector<int>{0, 1}));
+    user.clickRow(window, IDC_OPEN_LIST, 1);
+    user.clickRowWith(user::Held::kControl, window, IDC_OPEN_LIST, 0);
 
     user.type(window, IDC_OPEN_FILTER, L"PLAN*.dwg; 棟");
     EXPECT_EQ(names(window), (Names{L"plan10.DWG", L"plan2.dwg", L"Ａ棟.dxf"}));
@@ -93,6 +105,7 @@ TEST_F(OpenDialogTest, ListsSortsFiltersAndHandsOver) {
     EXPECT_EQ(window.text(IDC_OPEN_STATE), L"絞り込みに合う図面はありません");
     user.cannotClick(window, IDOK);
     user.type(window, IDC_OPEN_FILTER, L"p");
+    EXPECT_EQ(window.list(IDC_OPEN_LIST).focused(), 0);
     user.click(window, IDC_OPEN_ALL);
     user.click(window, IDC_OPEN_DXF);
     user.click(window, IDOK);
