@@ -26,9 +26,8 @@ constexpr OldRelease kOldReleases[] = {
     {"AC1002", L"R2.5"}, {"AC1003", L"R2.6"}, {"AC1004", L"R9"}, {"AC1006", L"R10"}};
 constexpr int kOldest = static_cast<int>(std::size(kOldReleases));
 
-DrawingRelease releaseOf(Version version) {
-  return version == Version::kUnknown ? kNoDrawing : kOldest + 1 + static_cast<int>(version);
-}
+// One that is newer than all comes behind them.
+DrawingRelease releaseOf(Version version) { return kOldest + 1 + static_cast<int>(version); }
 
 DrawingRelease releaseByMark(std::string_view bytes) {
   for (int old = 0; old < kOldest; ++old)
@@ -108,7 +107,10 @@ DrawingRelease probeDrawing(const std::filesystem::path& file) {
 std::wstring releaseText(DrawingRelease release) {
   if (release <= kNoDrawing) return L"-";
   if (release <= kOldest) return kOldReleases[release - 1].name;
-  return base::releaseName(static_cast<Version>(release - kOldest - 1));
+  const auto version = static_cast<Version>(release - kOldest - 1);
+  if (version < Version::kUnknown) return base::releaseName(version);
+  constexpr auto kNewest = static_cast<Version>(static_cast<int>(Version::kUnknown) - 1);
+  return base::releaseName(kNewest) + std::wstring(L"より後");
 }
 
 }  // namespace kiv

@@ -17,8 +17,9 @@ namespace kiv {
 using OpenMulti = resbuf*(void* owner, const wchar_t* title);
 
 // dll_kiv_GetAcadFileVer: the version of the drawing at `path`, 1 and more in the order of the releases; of a
-// DXF file or a template too. Below 1: no drawing, of a version that nobody knows, or not readable (missing,
-// a folder, empty, locked by another process). Reads the beginning of the file only.
+// DXF file or a template too. One that is newer than all known ones has the highest in an exchange file.
+// Below 1: no drawing, of a version that nobody knows, or not readable (missing, a folder, empty, locked by
+// another process). Reads the beginning of the file only.
 using GetDrawingFileVersion = int(const wchar_t* path);
 
 }  // namespace kiv
