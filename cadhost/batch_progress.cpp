@@ -5,11 +5,10 @@
 namespace cadhost {
 
 void BatchProgress::update(const cad::ScriptProgress& now, Time time) {
-  if (state_ == State::kRunning) worked_ += time - since_;
+  if (now_.state == State::kRunning) worked_ += time - since_;
   if (now.drawing <= 1 && now.state == State::kRunning) worked_ = {};
   since_ = time;
   now_ = now;
-  state_ = now.state;
 }
 
 std::wstring BatchProgress::timeLeft() const {
@@ -23,9 +22,9 @@ std::wstring BatchProgress::timeLeft() const {
 }
 
 std::wstring BatchProgress::text() const {
-  if (now_.drawings == 0 || state_ == State::kEnded) return {};
+  if (now_.drawings == 0 || now_.state == State::kEnded) return {};
   const std::wstring all = L"/" + std::to_wstring(now_.drawings);
-  if (state_ == State::kSuspended)
+  if (now_.state == State::kSuspended)
     return L"中断  図面 " + std::to_wstring(now_.drawing) + all + L" まで  RESUME で再開";
   return L"図面 " + std::to_wstring(now_.drawing) + all + L"  " + now_.name + timeLeft();
 }

@@ -16,15 +16,14 @@ class BatchProgress {
   void update(const cad::ScriptProgress& now, Time time);
   // Empty when no script opens drawings.
   std::wstring text() const;
-  bool isRunning() const { return state_ == State::kRunning && now_.drawings > 0; }
+  bool isRunning() const { return now_.state == State::kRunning && now_.drawings > 0; }
 
  private:
   using State = cad::ScriptProgress::State;
   int done() const { return now_.drawing > 0 ? now_.drawing - 1 : 0; }
   std::wstring timeLeft() const;
 
-  cad::ScriptProgress now_;
-  State state_ = State::kEnded;
+  cad::ScriptProgress now_{State::kEnded, 0, 0, {}};
   Time since_{};                             // when it was started or resumed
   std::chrono::duration<double> worked_{0};  // before that and until the newest update
 };

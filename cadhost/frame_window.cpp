@@ -219,7 +219,7 @@ void FrameWindow::showState() {
 
 // A script returns to the message loop when all its drawings are done.
 void FrameWindow::scriptProgressed(const cad::ScriptProgress& progress) {
-  if (progress.state != cad::ScriptProgress::State::kRunning) input_.hasStopped();
+  if (progress.state != cad::ScriptProgress::State::kRunning) input_.forgetBreak();
   batch_.update(progress, BatchProgress::Time::clock::now());
   status_.showBatch(batch_.text(), batch_.isRunning());
   view_.keepPicture(batch_.isRunning());

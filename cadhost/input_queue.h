@@ -59,7 +59,7 @@ class InputQueue {
   std::optional<cad::InputEvent> takeEvent(bool picking);
   // True once the user has asked the running command to stop, until it has.
   bool isBreakWanted() const { return break_; }
-  void hasStopped() { break_ = false; }
+  void forgetBreak() { break_ = false; }
 
   // The next line for the command line, or kCancelLine; none while a command is running.
   std::optional<std::wstring> takeLine();

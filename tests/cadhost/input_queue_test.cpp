@@ -71,7 +71,7 @@ TEST(InputQueue, EscapeAsksARunningCommandToStopUntilItHasEnded) {
   queue.beginCommand();
   queue.cancel();
   EXPECT_TRUE(queue.isBreakWanted());
-  queue.hasStopped();
+  queue.forgetBreak();
   EXPECT_FALSE(queue.isBreakWanted()) << "what the command does next is not meant";
   queue.cancel();
   queue.endCommand();
