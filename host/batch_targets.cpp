@@ -16,9 +16,15 @@
 namespace kiv {
 namespace {
 
+// Windows finds no folder by a name that ends in a separator.
+std::filesystem::path folderPath(const std::wstring& text) {
+  const std::filesystem::path path = base::pathFromText(text);
+  return path.has_filename() ? path : path.parent_path();
+}
+
 bool isSameFolder(const std::wstring& one, const std::wstring& other) {
   std::error_code error;
-  return std::filesystem::equivalent(base::pathFromText(one), base::pathFromText(other), error);
+  return std::filesystem::equivalent(folderPath(one), folderPath(other), error);
 }
 
 }  // namespace
