@@ -53,7 +53,8 @@ ask_probe() { "$cadhost_root/cmake/run-under-wine" "$probe" "$@" | tr -d '\r'; }
 
 click() {
   local place
-  place=$(ask_probe control "$1" "$2") || fail "no control $2 in '$1'"
+  # A dialog that has just come may still be making its controls.
+  place=$(ask_probe control "$1" "$2") || { sleep 1 && place=$(ask_probe control "$1" "$2"); } || fail "no control $2 in '$1'"
   # shellcheck disable=SC2086
   xdotool mousemove $place
   sleep 0.05
@@ -79,7 +80,7 @@ closed() { ask_probe gone "$1" || fail "'$1' stays open"; }
 fills() {
   local delay
   click "$1" "$2"
-  for delay in 20 80 300; do
+  for delay in 20 80 300 300; do
     xdotool key ctrl+a
     xdotool type --delay "$delay" -- "$3"
     sleep 0.1
