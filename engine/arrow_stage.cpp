@@ -16,6 +16,7 @@
 #include "engine/dimension_variables.h"
 #include "engine/host_access.h"
 #include "engine/stages.h"
+#include "platform/host_variables.h"
 #include "platform/paths.h"
 #include "spec/arrow_catalogue.h"
 #include "spec/item_kinds.h"

@@ -13,6 +13,7 @@
 #include "engine/layers.h"
 #include "engine/stages.h"
 #include "platform/host_output.h"
+#include "platform/host_variables.h"
 #include "platform/settings.h"
 #include "spec/cvt_reader.h"
 

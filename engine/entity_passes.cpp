@@ -16,6 +16,7 @@
 #include "engine/entity_results.h"
 #include "engine/stages.h"
 #include "platform/host_output.h"
+#include "platform/host_variables.h"
 #include "spec/text_search_list.h"
 
 namespace kiv {

@@ -1,8 +1,5 @@
 #include "engine/host_access.h"
 
-#include <cmath>
-#include <limits>
-
 #include "acdb.h"
 #include "adscodes.h"
 #include "base/fold.h"
@@ -10,15 +7,6 @@
 #include "dbsymtb.h"
 
 namespace kiv {
-namespace {
-
-bool isShort(double value) {
-  using Limits = std::numeric_limits<short>;
-  return std::trunc(value) == value && value >= Limits::min() && value <= Limits::max();
-}
-
-}  // namespace
-
 BufferChain& BufferChain::append(resbuf* piece) {
   if (piece == nullptr) {
     isWhole_ = false;
@@ -55,53 +43,6 @@ AcDbObjectId SelectionSet::at(int index) const {
     return AcDbObjectId::kNull;
   }
   return id;
-}
-
-std::optional<std::wstring> textVariable(const wchar_t* name) {
-  resbuf value{};
-  if (acedGetVar(name, &value) != RTNORM || value.restype != RTSTR || value.resval.rstring == nullptr) {
-    return std::nullopt;
-  }
-  std::wstring text = value.resval.rstring;
-  acutDelString(value.resval.rstring);
-  return text;
-}
-
-std::optional<int> integerVariable(const wchar_t* name) {
-  resbuf value{};
-  if (acedGetVar(name, &value) != RTNORM) return std::nullopt;
-  if (value.restype == RTSHORT) return value.resval.rint;
-  if (value.restype == RTLONG) return value.resval.rlong;
-  if (value.restype == RTSTR) acutDelString(value.resval.rstring);
-  return std::nullopt;
-}
-
-bool setTextVariable(const wchar_t* name, const std::wstring& value) {
-  std::wstring text = value;
-  resbuf buffer{};
-  buffer.restype = RTSTR;
-  buffer.resval.rstring = text.data();
-  return acedSetVar(name, &buffer) == RTNORM;
-}
-
-bool setNumberVariable(const wchar_t* name, short type, double value) {
-  resbuf buffer{};
-  buffer.restype = type;
-  if (type == RTREAL) {
-    buffer.resval.rreal = value;
-  } else if (type == RTSHORT && isShort(value)) {
-    buffer.resval.rint = static_cast<short>(value);
-  } else {
-    return false;
-  }
-  return acedSetVar(name, &buffer) == RTNORM;
-}
-
-short variableType(const wchar_t* name) {
-  resbuf value{};
-  if (acedGetVar(name, &value) != RTNORM) return RTNONE;
-  if (value.restype == RTSTR) acutDelString(value.resval.rstring);
-  return value.restype;
 }
 
 AcDbObjectId findInTable(AcDbObjectId table, const std::wstring& name) {

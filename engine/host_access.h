@@ -1,8 +1,7 @@
 #pragma once
-// What a run asks of its host by plain calls: chains of result buffers, selections by them, system variables,
-// and the records of symbol tables by name and by id.
+// What a run asks of its host by plain calls: chains of result buffers, selections by them, and
+// the records of symbol tables by name and by id.
 
-#include <optional>
 #include <string>
 #include <unordered_map>
 
@@ -60,19 +59,6 @@ class SelectionSet {
   bool open_ = false;
   bool isRefused_ = false;
 };
-
-// --- System variables by type
-
-std::optional<std::wstring> textVariable(const wchar_t* name);  // nothing: unknown, or not a text
-std::optional<int> integerVariable(const wchar_t* name);        // nothing: unknown, or not an integer
-
-// True when the host took the value.
-bool setTextVariable(const wchar_t* name, const std::wstring& value);
-// As RTSHORT or RTREAL. Nothing is sent that would turn into another value: a fraction, or a number of more
-// than sixteen bits, as RTSHORT.
-bool setNumberVariable(const wchar_t* name, short type, double value);
-
-short variableType(const wchar_t* name);  // RTSHORT, RTREAL, RTSTR, ...; RTNONE: unknown
 
 // --- Records of symbol tables
 

@@ -10,6 +10,7 @@
 #include "engine/dimension_variables.h"
 #include "engine/layers.h"
 #include "engine/stages.h"
+#include "platform/host_variables.h"
 #include "siblings/common/host_releases.h"
 #include "spec/cvt_lines.h"
 #include "spec/item_kinds.h"

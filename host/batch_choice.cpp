@@ -1,9 +1,11 @@
 #include "host/batch_choice.h"
 
+#include <algorithm>
+
 #include "base/paths.h"
-#include "engine/host_access.h"
 #include "platform/host_messages.h"
 #include "platform/host_output.h"
+#include "platform/host_variables.h"
 #include "platform/questions.h"
 #include "platform/settings.h"
 
@@ -12,14 +14,14 @@ namespace {
 
 const FilesQuestion kFiles{L"ﾌｧｲﾙを選択", {{L"図面 (*.dwg)", L"*.dwg"}, {L"すべてのﾌｧｲﾙ(*.*)", L"*.*"}}};
 
-// DWG where the host saves it, as one does that does not tell; else its first format.
+// DWG where the host saves it; else the first that it saves, and DWG, which it will refuse, without any.
 base::SaveFormat formatOfHost() {
-  const std::wstring formats = textVariable(L"SAVEFORMATS").value_or(L"DWG");
-  if ((L"," + formats + L",").find(L",DWG,") != std::wstring::npos) return base::SaveFormat::kDwg;
-  const std::wstring first = formats.substr(0, formats.find(L','));
-  const auto format = base::saveFormatOf(L"." + first);
-  if (!format) return base::SaveFormat::kDwg;
-  printOnCommandLine(L"\nこのﾎｽﾄはDWG形式で保存できないため, " + first + L"形式で保存します.");
+  const SaveableFormats saveable = saveableFormats();
+  const auto first = std::find(saveable.begin(), saveable.end(), true);
+  const auto format = base::saveFormat(static_cast<int>(first - saveable.begin()));
+  if (!format || *format == base::SaveFormat::kDwg) return base::SaveFormat::kDwg;
+  const wchar_t* const name = *format == base::SaveFormat::kDxf ? L"DXF" : L"DWT";
+  printOnCommandLine(std::wstring(L"\nこのﾎｽﾄはDWG形式で保存できないため, ") + name + L"形式で保存します.");
   return *format;
 }
 

@@ -9,12 +9,12 @@
 #include "aced.h"
 #include "base/files.h"
 #include "base/fold.h"
-#include "engine/host_access.h"
 #include "engine/problems.h"
 #include "host/conversion_log.h"
 #include "host/module.h"
 #include "platform/host_documents.h"
 #include "platform/host_output.h"
+#include "platform/host_variables.h"
 
 namespace kiv {
 namespace {

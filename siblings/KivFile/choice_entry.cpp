@@ -1,13 +1,12 @@
 #include <cwchar>
 #include <string>
 
-#include "acedads.h"
 #include "acutads.h"
 #include "adscodes.h"
-#include "base/fold.h"
 #include "base/paths.h"
 #include "platform/host_messages.h"
 #include "platform/host_output.h"
+#include "platform/host_variables.h"
 #include "platform/screen_scale.h"
 #include "platform/settings.h"
 #include "siblings/KivFile/exports.h"
@@ -16,24 +15,6 @@
 
 namespace kiv {
 namespace {
-
-// The variable's text; empty where the host has none of that name.
-std::wstring hostText(const wchar_t* variable) {
-  resbuf value{};
-  if (acedGetVar(variable, &value) != RTNORM) return {};
-  if (value.restype != RTSTR || value.resval.rstring == nullptr) return {};
-  std::wstring text = value.resval.rstring;
-  acutDelString(value.resval.rstring);
-  return text;
-}
-
-// A host that does not tell saves all of them.
-SaveableFormats saveableFormats() {
-  const std::wstring told = base::upper(hostText(L"SAVEFORMATS"));
-  if (told.empty()) return {true, true, true};
-  const auto names = [&](const wchar_t* format) { return (L"," + told + L",").find(format) != told.npos; };
-  return {names(L",DWG,"), names(L",DXF,"), names(L",DWT,")};
-}
 
 // Null: the host could not make it.
 resbuf* listOf(const ChosenDrawings& choice) {
@@ -54,7 +35,7 @@ resbuf* listOf(const ChosenDrawings& choice) {
 resbuf* choose(NativeWindow owner, const wchar_t* title) {
   const NativeWindow over = owner ? owner : hostFrame();
   initScreenScale(over);
-  std::wstring start = hostText(L"DWGPREFIX");
+  std::wstring start = textVariable(L"DWGPREFIX").value_or(L"");
   if (start.empty()) start = base::fullPath(L".");
   OpenDialog dialog(title ? title : L"", std::move(start), saveableFormats());
   const int result = dialog.runModal(over);

@@ -1,7 +1,6 @@
 #pragma once
 // The dialog in which a person chooses drawings of one folder and the format to save them in.
 
-#include <array>
 #include <memory>
 #include <optional>
 #include <set>
@@ -9,6 +8,7 @@
 #include <vector>
 
 #include "platform/dialog.h"
+#include "platform/host_variables.h"
 #include "siblings/KivFile/folder_reading.h"
 #include "siblings/KivFile/folder_tree.h"
 #include "siblings/KivFile/open_settings.h"
@@ -20,9 +20,6 @@ struct ChosenDrawings {
   std::vector<std::wstring> names;  // in the order in which they were listed
   base::SaveFormat format = base::SaveFormat::kDwg;
 };
-
-// By base::SaveFormat: whether the host saves it.
-using SaveableFormats = std::array<bool, 3>;
 
 // runModal() gives IDOK (1) when choice() was made.
 class OpenDialog : public Dialog {
