@@ -1,8 +1,12 @@
 #pragma once
 // The dimension variables as the store keeps them.
 
+#include <array>
+#include <string>
+
 #include "base/dimension_variables.h"
 #include "embedded/drawing/record.h"
+#include "embedded/drawing/storage.h"
 
 namespace cad {
 
@@ -25,5 +29,28 @@ constexpr Table tableOf(DimType type) {
       return Table::kNone;
   }
 }
+
+// The host's default of a variable.
+Variable defaultValue(const DimVariableInfo& info);
+// What holds for a dimension or leader without an override of its own: its style's value, else the default;
+// of a style the default.
+Variable inheritedDimVariable(const Drawing& drawing, RecordId record, const DimVariableInfo& info);
+
+// The values of all variables that hold for an object: its overrides, else its style's values, else the
+// defaults.
+class DimVariables {
+ public:
+  // Of a dimension, a leader or a dimension style; kNoRecord: the defaults.
+  DimVariables(const Drawing& drawing, RecordId record);
+
+  // Of the variable's own type; a value of another one counts as the default.
+  std::int64_t integer(const DimVariableInfo& info) const;
+  double real(const DimVariableInfo& info) const;
+  const std::wstring& text(const DimVariableInfo& info) const;  // of names as well
+  void set(const DimVariableInfo& info, Variable value) { values_[info.row] = std::move(value); }
+
+ private:
+  std::array<Variable, kDimVariables.size()> values_;
+};
 
 }  // namespace cad

@@ -74,6 +74,11 @@ struct TextGeometry {
   bool multiline = false;   // with formatting codes
   double frameWidth = 0;    // multi-line: where lines are broken; 0: nowhere
   double lineSpacing = 1;   // multi-line: a factor
+  // Multi-line: what is painted behind the text; kOwnColor counts with the colour's number only.
+  enum class Fill : std::uint8_t { kNone, kOwnColor, kBackground };
+  Fill fill = Fill::kNone;
+  std::int16_t fillColor = 0;
+  double fillFactor = 1.25;  // of the filled box to the text's height
   std::wstring contents;
   std::wstring prompt;  // of a definition: what a person is asked
 };
@@ -86,8 +91,39 @@ struct InsertGeometry {
   int columns = 1, rows = 1;
   double columnSpacing = 0, rowSpacing = 0;
 };
+// Points are world coordinates unless stated; which of them count depends on the kind.
 struct DimensionGeometry {
+  enum class Kind : std::uint8_t {
+    kRotated,
+    kAligned,
+    kAngular,        // between two lines
+    kAngularPoints,  // by a vertex and two points
+    kRadial,
+    kDiametric,
+    kOrdinate,
+    kArcLength,
+    kJogged,
+    kUnknown,
+  };
   RecordId block = kNoRecord;  // its picture, already in place
+  Kind kind = Kind::kUnknown;
+  // The dimension line runs through `line`. Radial: the centre; diametric: the far end; ordinate: the origin;
+  // angular between lines: an end of the second line; angular by points: on the arc.
+  Point line;
+  Point text;           // middle of the text, in the object's own system
+  Point first, second;  // origins of the extension lines; between lines: the ends of the first; ordinate: the
+                        // feature, the end of the leader
+  Point third;  // radial, diametric: on the curve; by points: the vertex; between lines: an end of the second
+                // line
+  Point arc;    // between lines: on the arc, in the object's own system
+  double rotation = 0;      // of the dimension line (rotated)
+  double oblique = 0;       // of the extension lines against the x axis; 0: upright on the dimension line
+  double textRotation = 0;  // against the direction that the variables give the text
+  double horizontal = 0;    // where the x axis lies that horizontal means, against the object's own
+  bool userText = false;    // a person placed the text
+  bool alongX = false;      // ordinate: the x coordinate is told
+  std::wstring
+      contents;  // the text in place of the measured value, <> in it; empty: the value, a blank: none
 };
 
 struct HatchGeometry {

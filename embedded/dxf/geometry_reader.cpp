@@ -178,7 +178,43 @@ Geometry readTable(const Source& from) {
   return {shape};
 }
 
-Geometry readDimension(const Source& from) { return {DimensionGeometry{blockOf(from)}}; }
+DimensionGeometry::Kind dimensionKind(int flags) {
+  using Kind = DimensionGeometry::Kind;
+  constexpr Kind kKinds[] = {Kind::kRotated, Kind::kAligned,       Kind::kAngular,  Kind::kDiametric,
+                             Kind::kRadial,  Kind::kAngularPoints, Kind::kOrdinate, Kind::kUnknown};
+  return kKinds[flags & 7];
+}
+
+Geometry readDimension(const Source& from) {
+  constexpr int kAlongX = 64, kUserText = 128;
+  const GeometryGroups& groups = from.groups;
+  const int flags = groups.integer(70);
+  DimensionGeometry shape;
+  shape.block = blockOf(from);
+  shape.kind = dimensionKind(flags);
+  shape.line = groups.point(10);
+  shape.text = groups.point(11);
+  shape.first = groups.point(13);
+  shape.second = groups.point(14);
+  shape.third = groups.point(15);
+  shape.arc = groups.point(16);
+  shape.rotation = groups.real(50);
+  shape.oblique = groups.real(52);
+  shape.textRotation = groups.real(53);
+  shape.horizontal = groups.real(51);
+  shape.userText = (flags & kUserText) != 0;
+  shape.alongX = (flags & kAlongX) != 0;
+  shape.contents = groups.text(1);
+  return {shape, groups.normal()};
+}
+
+// What the type's number says of these is something else.
+template <DimensionGeometry::Kind kKind>
+Geometry readSpecialDimension(const Source& from) {
+  Geometry geometry = readDimension(from);
+  std::get<DimensionGeometry>(geometry.shape).kind = kKind;
+  return geometry;
+}
 
 struct TypeReader {
   std::string_view type;
@@ -197,8 +233,8 @@ constexpr TypeReader kReaders[] = {
     {"BLOCK", readPoint},
     {"MTEXT", readMText},
     {"DIMENSION", readDimension},
-    {"ARC_DIMENSION", readDimension},
-    {"LARGE_RADIAL_DIMENSION", readDimension},
+    {"ARC_DIMENSION", readSpecialDimension<DimensionGeometry::Kind::kArcLength>},
+    {"LARGE_RADIAL_DIMENSION", readSpecialDimension<DimensionGeometry::Kind::kJogged>},
     {"HATCH", [](const Source& from) { return readHatch(from.groups); }},
     {"ATTRIB", readText},
     {"ATTDEF", readText},

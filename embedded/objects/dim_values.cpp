@@ -7,27 +7,12 @@
 namespace cad {
 namespace {
 
-Variable defaultValue(const DimVariableInfo& info) {
-  if (info.isInteger()) return static_cast<std::int64_t>(info.defaultValue);
-  if (info.type == DimType::kReal) return info.defaultValue;
-  return std::wstring(info.type == DimType::kTextStyle ? L"Standard" : L"");
-}
-
-// What holds for the object without an override of its own.
-Variable inherited(const Drawing& drawing, RecordId record, const DimVariableInfo& info) {
-  if (drawing.record(record).table == Table::kDimStyle) return defaultValue(info);
-  const NameId styleName = drawing.name(record, Property::kDimStyle);
-  const RecordId style = styleName == kNoName ? kNoRecord : drawing.find(Table::kDimStyle, styleName);
-  if (style == kNoRecord) return defaultValue(info);
-  return drawing.dimVariable(style, info).value_or(defaultValue(info));
-}
-
 Variable effective(const AcDbObject& object, const DimVariableInfo& info) {
   const Drawing* drawing = ObjectAccess::drawing(object);
   if (!drawing) return defaultValue(info);
   const RecordId record = ObjectAccess::record(object);
   if (std::optional<Variable> own = drawing->dimVariable(record, info)) return *std::move(own);
-  return inherited(*drawing, record, info);
+  return inheritedDimVariable(*drawing, record, info);
 }
 
 bool sameValue(const Variable& a, const Variable& b, const DimVariableInfo& info) {
@@ -43,7 +28,7 @@ Acad::ErrorStatus write(AcDbObject& object, const DimVariableInfo& info, const V
   if (!info.existsIn(drawing.facts().version)) return Acad::eNotApplicable;
   const RecordId record = ObjectAccess::record(object);
   const bool isStyle = drawing.record(record).table == Table::kDimStyle;
-  if (!isStyle && sameValue(value, inherited(drawing, record, info), info)) {
+  if (!isStyle && sameValue(value, inheritedDimVariable(drawing, record, info), info)) {
     return drawing.removeDimOverride(record, info).ok() ? Acad::eOk : Acad::eNotApplicable;
   }
   return drawing.setDimVariable(record, info, value).ok() ? Acad::eOk : Acad::eNotApplicable;

@@ -1,0 +1,25 @@
+#pragma once
+// The entities of a block whose content the host makes.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "embedded/drawing/geometry.h"
+
+namespace cad {
+
+struct BlockEntity {
+  std::string_view type;  // "LINE"; a literal
+  Geometry geometry;
+  std::wstring layer;
+  std::wstring linetype;     // empty: ByLayer
+  std::wstring textStyle;    // of texts; empty: Standard
+  std::int16_t color = 256;  // 0 ByBlock, 256 ByLayer
+  std::int16_t lineWeight = -1;
+  std::int32_t transparency = 0;          // as Property::kTransparency
+  std::optional<std::int32_t> trueColor;  // 0xRRGGBB beside the number
+};
+
+}  // namespace cad

@@ -1,0 +1,117 @@
+#include "embedded/graphics/dimensions/sketch.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace cad {
+namespace {
+
+constexpr double kSameAngle = 1e-9;
+
+}  // namespace
+
+double readable(double angle) {
+  constexpr double kQuarter = std::numbers::pi / 2;
+  double turned = std::remainder(angle, 2 * std::numbers::pi);
+  if (turned > kQuarter + kSameAngle) turned -= std::numbers::pi;
+  if (turned <= -kQuarter + kSameAngle) turned += std::numbers::pi;
+  return turned;
+}
+
+Sketch::Sketch(const DimFigure& figure) : figure_(figure), vars_(*figure.variables) {
+  const double scale = figure.scale;
+  const double tick = vars_.real(dimRow("DIMTSZ"));
+  arrowSize = scale * (tick > 0 ? 2 * tick : vars_.real(dimRow("DIMASZ")));
+  offset = scale * vars_.real(dimRow("DIMEXO"));
+  extension = scale * vars_.real(dimRow("DIMEXE"));
+  gap = scale * std::abs(vars_.real(dimRow("DIMGAP")));
+  lineExtension = scale * vars_.real(dimRow("DIMDLE"));
+  centreMark = scale * vars_.real(dimRow("DIMCEN"));
+}
+
+double Sketch::halfAlong(Vec lineDirection, double rotation) const {
+  constexpr double kNever = std::numeric_limits<double>::infinity();
+  const Vec text = direction(rotation);
+  const double along = std::abs(dot(lineDirection, text)), across = std::abs(cross(lineDirection, text));
+  const double bySide = along > kSameAngle ? (figure_.box.width / 2 + gap) / along : kNever;
+  const double byTop = across > kSameAngle ? (figure_.box.height / 2 + gap) / across : kNever;
+  return std::min(bySide, byTop);
+}
+
+void Sketch::dimensionLine(Vec from, Vec to) {
+  parts_.push_back({DimPart::Role::kDimensionLine, PlaneLine{from, to}});
+}
+
+void Sketch::dimensionArc(Vec centre, double radius, double start, double end) {
+  parts_.push_back({DimPart::Role::kDimensionLine, PlaneArc{centre, radius, turn(start), turn(end)}});
+}
+
+void Sketch::extensionLine(int side, Vec from, Vec to) {
+  const auto role = side == 1 ? DimPart::Role::kExtensionLine1 : DimPart::Role::kExtensionLine2;
+  parts_.push_back({role, PlaneLine{from, to}});
+}
+
+void Sketch::extensionArc(int side, Vec centre, double radius, double start, double end) {
+  const auto role = side == 1 ? DimPart::Role::kExtensionLine1 : DimPart::Role::kExtensionLine2;
+  parts_.push_back({role, PlaneArc{centre, radius, turn(start), turn(end)}});
+}
+
+void Sketch::centreLine(Vec from, Vec to) {
+  parts_.push_back({DimPart::Role::kCentreMark, PlaneLine{from, to}});
+}
+
+void Sketch::arrow(int end, Vec tip, Vec points, Vec left) {
+  const ArrowHead& arrow = head(end);
+  if (arrow.isTick) {
+    const Vec half = (arrowSize / 2) * direction(angleOf(points) + std::numbers::pi / 4);
+    parts_.push_back({DimPart::Role::kArrow, PlaneLine{tip - half, tip + half}});
+  } else if (!arrow.block.empty()) {
+    parts_.push_back({DimPart::Role::kArrow, PlaneArrow{arrow.block, tip, arrowSize, turn(angleOf(points))}});
+  } else {
+    const Vec base = tip - arrowSize * points;
+    const Vec half = (arrowSize / 6) * left;
+    parts_.push_back({DimPart::Role::kArrow, PlaneArea{base + half, base - half, tip}});
+  }
+}
+
+void Sketch::text(Vec middle, double rotation) {
+  if (hasText()) parts_.push_back({DimPart::Role::kText, PlaneText{middle, rotation}});
+}
+
+void Sketch::point(DimPoint which) { parts_.push_back({DimPart::Role::kDefinitionPoint, which}); }
+
+void Sketch::centreMarks(Vec centre, double radius) {
+  const double half = std::abs(centreMark);
+  if (half == 0) return;
+  const auto cross = [&](Vec along, double from, double to) {
+    centreLine(centre + from * along, centre + to * along);
+  };
+  constexpr Vec kRight{1, 0}, kUp{0, 1};
+  cross(kRight, -half, half);
+  cross(kUp, -half, half);
+  if (centreMark > 0 || radius + half <= 2 * half) return;
+  // Centre lines begin a mark's size outside of the mark and end as far outside of the circle.
+  for (const Vec along : {kRight, -kRight, kUp, -kUp}) cross(along, 2 * half, radius + half);
+}
+
+DimPicture drawDimension(const DimFigure& figure) {
+  using Kind = DimFigure::Kind;
+  switch (figure.kind) {
+    case Kind::kRotated:
+    case Kind::kAligned:
+      return drawLinear(figure);
+    case Kind::kAngular:
+    case Kind::kAngularPoints:
+      return drawAngular(figure);
+    case Kind::kRadial:
+    case Kind::kDiametric:
+      return drawRadius(figure);
+    case Kind::kOrdinate:
+      return drawOrdinate(figure);
+    default:
+      return {};
+  }
+}
+
+}  // namespace cad
