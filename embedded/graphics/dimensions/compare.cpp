@@ -1,0 +1,196 @@
+#include "embedded/graphics/dimensions/compare.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cwchar>
+
+#include "base/fold.h"
+
+namespace cad {
+namespace {
+
+constexpr double kSameAngle = 1e-6;  // degrees
+
+std::wstring nameText(const Drawing& drawing, RecordId entity, Property property) {
+  const NameId name = drawing.name(entity, property);
+  return name == kNoName ? std::wstring() : drawing.names().text(name);
+}
+
+std::wstring number(double value) {
+  wchar_t text[32];
+  std::swprintf(text, std::size(text), L"%.9g", value);
+  return text;
+}
+
+std::wstring pointText(const Point& at) { return number(at.x) + L"," + number(at.y) + L"," + number(at.z); }
+
+bool sameName(std::wstring_view a, std::wstring_view b) { return base::equalFolded(a, b); }
+
+// The text with \U+XXXX as the characters and "\H1.000000x;" as "\H1x;": releases of the host differ in both.
+std::wstring comparable(std::wstring_view contents) {
+  std::wstring text;
+  for (std::size_t i = 0; i < contents.size();) {
+    const std::wstring_view rest = contents.substr(i);
+    if (rest.starts_with(L"\\U+") && rest.size() >= 7) {
+      text += static_cast<wchar_t>(std::wcstoul(std::wstring(rest.substr(3, 4)).c_str(), nullptr, 16));
+      i += 7;
+    } else if (const std::size_t end = rest.find(L"x;"); rest.starts_with(L"\\H") && end != rest.npos) {
+      text += L"\\H" + number(std::wcstod(std::wstring(rest.substr(2, end - 2)).c_str(), nullptr));
+      i += end;
+    } else {
+      text += contents[i++];
+    }
+  }
+  return text;
+}
+
+// Two entities of one number; collects how they differ.
+class Comparison {
+ public:
+  Comparison(std::size_t number, const BlockEntity& drawn, const BlockEntity& kept, double tolerance,
+             std::vector<std::wstring>& found)
+      : number_(number), drawn_(drawn), kept_(kept), tolerance_(tolerance), found_(found) {}
+
+  void run() {
+    if (drawn_.type != kept_.type) return add(L"type", wide(drawn_.type), wide(kept_.type));
+    names(L"layer", drawn_.layer, kept_.layer);
+    names(L"linetype", drawn_.linetype, kept_.linetype);
+    whole(L"colour", drawn_.color, kept_.color);
+    whole(L"lineweight", drawn_.lineWeight, kept_.lineWeight);
+    whole(L"transparency", drawn_.transparency, kept_.transparency);
+    if (!(drawn_.trueColor == kept_.trueColor))
+      add(L"true colour", number(drawn_.trueColor.value_or(-1)), number(kept_.trueColor.value_or(-1)));
+    std::visit([this](const auto& shape) { compare(shape); }, drawn_.geometry.shape);
+  }
+
+ private:
+  static std::wstring wide(std::string_view text) { return {text.begin(), text.end()}; }
+
+  void add(const wchar_t* what, const std::wstring& drawn, const std::wstring& kept) {
+    found_.push_back(std::to_wstring(number_ + 1) + L" " + wide(kept_.type) + L": " + what + L" " + drawn +
+                     L" instead of " + kept);
+  }
+  void names(const wchar_t* what, const std::wstring& drawn, const std::wstring& kept) {
+    if (!sameName(drawn, kept)) add(what, drawn, kept);
+  }
+  void whole(const wchar_t* what, std::int64_t drawn, std::int64_t kept) {
+    if (drawn != kept) add(what, std::to_wstring(drawn), std::to_wstring(kept));
+  }
+  void place(const wchar_t* what, const Point& drawn, const Point& kept) {
+    const double apart = std::hypot(drawn.x - kept.x, drawn.y - kept.y, drawn.z - kept.z);
+    if (!(apart <= tolerance_)) add(what, pointText(drawn), pointText(kept));
+  }
+  void size(const wchar_t* what, double drawn, double kept) {
+    if (!(std::abs(drawn - kept) <= tolerance_)) add(what, number(drawn), number(kept));
+  }
+  void angle(const wchar_t* what, double drawn, double kept) {
+    if (!(std::abs(std::remainder(drawn - kept, 360)) <= kSameAngle)) add(what, number(drawn), number(kept));
+  }
+  template <class Shape>
+  const Shape& other() const {
+    return std::get<Shape>(kept_.geometry.shape);
+  }
+  static Point onArc(const ArcGeometry& arc, double degrees) {
+    const double angle = degrees * kRadiansPerDegree;
+    return {arc.centre.x + arc.radius * std::cos(angle), arc.centre.y + arc.radius * std::sin(angle),
+            arc.centre.z};
+  }
+
+  void compare(const LineGeometry& line) {
+    const auto& kept = other<LineGeometry>();
+    place(L"start", line.from, kept.from);
+    place(L"end", line.to, kept.to);
+  }
+  void compare(const PointGeometry& point) { place(L"place", point.at, other<PointGeometry>().at); }
+  void compare(const ArcGeometry& arc) {
+    const auto& kept = other<ArcGeometry>();
+    place(L"centre", arc.centre, kept.centre);
+    size(L"radius", arc.radius, kept.radius);
+    place(L"start", onArc(arc, arc.start), onArc(kept, kept.start));
+    place(L"end", onArc(arc, arc.end), onArc(kept, kept.end));
+  }
+  void compare(const SolidGeometry& solid) {
+    constexpr std::array<const wchar_t*, 4> kCorners = {L"corner 1", L"corner 2", L"corner 3", L"corner 4"};
+    for (std::size_t i = 0; i < kCorners.size(); ++i)
+      place(kCorners[i], solid.corners[i], other<SolidGeometry>().corners[i]);
+  }
+  void compare(const InsertGeometry& insert) {
+    const auto& kept = other<InsertGeometry>();
+    if (insert.block != kept.block) add(L"block", std::to_wstring(insert.block), std::to_wstring(kept.block));
+    place(L"place", insert.at, kept.at);
+    place(L"scale", insert.scale, kept.scale);
+    angle(L"rotation", insert.rotation, kept.rotation);
+  }
+  void compare(const TextGeometry& text) {
+    const auto& kept = other<TextGeometry>();
+    if (comparable(text.contents) != comparable(kept.contents)) add(L"text", text.contents, kept.contents);
+    names(L"text style", drawn_.textStyle.empty() ? L"Standard" : drawn_.textStyle,
+          kept_.textStyle.empty() ? L"Standard" : kept_.textStyle);
+    place(L"place", text.at, kept.at);
+    size(L"height", text.height, kept.height);
+    angle(L"rotation", text.rotation, kept.rotation);
+    whole(L"fill", static_cast<int>(text.fill), static_cast<int>(kept.fill));
+    if (text.fill == TextGeometry::Fill::kOwnColor) whole(L"fill colour", text.fillColor, kept.fillColor);
+  }
+  template <class Shape>
+  void compare(const Shape&) {}  // no other shapes are drawn
+
+  std::size_t number_;
+  const BlockEntity& drawn_;
+  const BlockEntity& kept_;
+  double tolerance_;
+  std::vector<std::wstring>& found_;
+};
+
+std::wstring typeList(const std::vector<BlockEntity>& entities) {
+  std::wstring list;
+  for (const BlockEntity& entity : entities) {
+    if (!list.empty()) list += L" ";
+    list.append(entity.type.begin(), entity.type.end());
+  }
+  return list;
+}
+
+}  // namespace
+
+std::vector<BlockEntity> blockEntities(const Drawing& drawing, RecordId block) {
+  std::vector<BlockEntity> entities;
+  for (const RecordId id : drawing.entitiesOf(block)) {
+    if (drawing.record(id).erased()) continue;
+    BlockEntity entity;
+    entity.type = drawing.typeName(id);
+    entity.geometry = drawing.geometry(id);
+    entity.layer = nameText(drawing, id, Property::kLayer);
+    entity.linetype = nameText(drawing, id, Property::kLinetype);
+    if (sameName(entity.linetype, L"ByLayer")) entity.linetype.clear();
+    if (std::holds_alternative<TextGeometry>(entity.geometry.shape))
+      entity.textStyle = nameText(drawing, id, Property::kTextStyle);
+    const auto value = [&](Property property, std::int64_t otherwise) {
+      return drawing.integer(id, property).value_or(otherwise);
+    };
+    entity.color = static_cast<std::int16_t>(value(Property::kColorIndex, 256));
+    entity.lineWeight = static_cast<std::int16_t>(value(Property::kLineWeight, -1));
+    entity.transparency = static_cast<std::int32_t>(value(Property::kTransparency, 0));
+    entities.push_back(std::move(entity));
+  }
+  return entities;
+}
+
+std::vector<std::wstring> differences(const std::vector<BlockEntity>& drawn,
+                                      const std::vector<BlockEntity>& kept, const PlaceTolerance& tolerance,
+                                      const std::vector<bool>& byText) {
+  std::vector<std::wstring> found;
+  const auto sameType = [](const BlockEntity& a, const BlockEntity& b) { return a.type == b.type; };
+  if (!std::ranges::equal(drawn, kept, sameType)) {
+    found.push_back(L"entities " + typeList(drawn) + L" instead of " + typeList(kept));
+    return found;
+  }
+  for (std::size_t i = 0; i < drawn.size(); ++i) {
+    const bool dependsOnText = i < byText.size() && byText[i];
+    Comparison(i, drawn[i], kept[i], dependsOnText ? tolerance.byText : tolerance.exact, found).run();
+  }
+  return found;
+}
+
+}  // namespace cad

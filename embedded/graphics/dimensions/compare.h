@@ -1,0 +1,28 @@
+#pragma once
+// What a block holds, and how it differs from what a dimension's picture would be.
+
+#include <string>
+#include <vector>
+
+#include "embedded/drawing/block_entity.h"
+#include "embedded/drawing/drawing.h"
+
+namespace cad {
+
+// The entities of a block that are not erased, in their order.
+std::vector<BlockEntity> blockEntities(const Drawing& drawing, RecordId block);
+
+// How far places may lie apart, in drawing units. What stands for a text's width (`byText`) has a tolerance
+// of its own.
+struct PlaceTolerance {
+  double exact = 1e-9;
+  double byText = 1e-9;
+};
+
+// One line for each difference, none when both are the same picture. `byText`, of the entity of this number:
+// whether its place depends on how wide the text is; empty: none of them.
+std::vector<std::wstring> differences(const std::vector<BlockEntity>& drawn,
+                                      const std::vector<BlockEntity>& kept, const PlaceTolerance& tolerance,
+                                      const std::vector<bool>& byText = {});
+
+}  // namespace cad
