@@ -117,9 +117,9 @@ struct DimensionGeometry {
                 // line
   Point arc;    // between lines: on the arc, in the object's own system
   double rotation = 0;      // of the dimension line (rotated)
-  double oblique = 0;       // of the extension lines against the x axis; 0: upright on the dimension line
-  double textRotation = 0;  // against the direction that the variables give the text
-  double horizontal = 0;    // where the x axis lies that horizontal means, against the object's own
+  double oblique = 0;       // of the extension lines against the dimension line; 0: upright on it
+  double textRotation = 0;  // against the horizontal; 0: as the variables have it
+  double horizontal = 0;    // the object's own x axis against the direction that horizontal means
   bool userText = false;    // a person placed the text
   bool alongX = false;      // ordinate: the x coordinate is told
   std::wstring

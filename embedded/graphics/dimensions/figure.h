@@ -31,10 +31,11 @@ struct DimFigure {
   Kind kind = Kind::kRotated;
   // The points of the record (DimensionGeometry), seen in the plan of the dimension's system.
   Vec line, text, first, second, third, arc;
-  double rotation = 0;  // of the dimension line of a rotated one, radians
-  double oblique = 0;   // of the extension lines against the x axis, radians; 0: at a right angle to the line
-  double textRotation = 0;  // radians; 0: as the variables have it
-  double horizontal = 0;    // radians: the direction that counts as horizontal, as the record has it
+  double rotation = 0;      // of the dimension line of a rotated one, radians
+  double oblique = 0;       // of the extension lines against the dimension line, radians; 0: a right angle
+  double textRotation = 0;  // against the horizontal, radians; 0: as the variables have it
+  double horizontal = 0;    // radians, as the record has it: from the direction that counts as horizontal to
+                            // the x axis
   bool userText = false;    // a person placed the text: `text` counts
   bool alongX = false;      // ordinate: the x coordinate is told
 

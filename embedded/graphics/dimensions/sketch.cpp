@@ -39,6 +39,23 @@ double Sketch::halfAlong(Vec lineDirection, double rotation) const {
   return std::min(bySide, byTop);
 }
 
+double Sketch::halfAcross(Vec lineDirection, double rotation) const {
+  const Vec text = direction(rotation);
+  return (figure_.box.width * std::abs(cross(lineDirection, text)) +
+          figure_.box.height * std::abs(dot(lineDirection, text))) /
+         2;
+}
+
+double Sketch::readableLine(Vec lineDirection) const {
+  return readable(angleOf(lineDirection) - horizontal()) + horizontal();
+}
+
+double Sketch::textAngle(Vec lineDirection, bool inside) const {
+  // A rotation of the record's own is measured from the horizontal, and 0 means that it has none.
+  if (figure_.textRotation != 0) return horizontal() + figure_.textRotation;
+  return on(inside ? dimRow("DIMTIH") : dimRow("DIMTOH")) ? horizontal() : readableLine(lineDirection);
+}
+
 void Sketch::dimensionLine(Vec from, Vec to) {
   parts_.push_back({DimPart::Role::kDimensionLine, PlaneLine{from, to}});
 }
@@ -76,7 +93,13 @@ void Sketch::arrow(int end, Vec tip, Vec points, Vec left) {
 }
 
 void Sketch::text(Vec middle, double rotation) {
-  if (hasText()) parts_.push_back({DimPart::Role::kText, PlaneText{middle, rotation}});
+  if (!hasText()) return;
+  parts_.push_back({DimPart::Role::kText, PlaneText{middle, rotation}});
+  if (real(dimRow("DIMGAP")) >= 0) return;
+  const Vec right = (figure_.box.width / 2 + gap) * direction(rotation);
+  const Vec up = (figure_.box.height / 2 + gap) * leftOf(direction(rotation));
+  const Vec corners[] = {middle - right - up, middle + right - up, middle + right + up, middle - right + up};
+  for (int i = 0; i < 4; ++i) dimensionLine(corners[i], corners[(i + 1) % 4]);
 }
 
 void Sketch::point(DimPoint which) { parts_.push_back({DimPart::Role::kDefinitionPoint, which}); }

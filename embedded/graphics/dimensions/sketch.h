@@ -29,6 +29,15 @@ class Sketch {
   // Half of the text's box with its gaps, as far as it covers a line through its middle; `rotation` is the
   // text's.
   double halfAlong(Vec lineDirection, double rotation) const;
+  // Half of the text's box without gaps, as far as it reaches off such a line.
+  double halfAcross(Vec lineDirection, double rotation) const;
+
+  // --- Directions, radians ---
+  double horizontal() const { return 0 - figure_.horizontal; }
+  // Of a line, turned so that a text along it is read from below or from the right.
+  double readableLine(Vec lineDirection) const;
+  // Of the text of such a line, between the extension lines or outside of them.
+  double textAngle(Vec lineDirection, bool inside) const;
 
   // --- Parts, in the order in which they are added ---
   void dimensionLine(Vec from, Vec to);
@@ -38,7 +47,8 @@ class Sketch {
   void centreLine(Vec from, Vec to);
   // `points`: unit vector from the base to the tip; `left`: where the first corner of a filled arrow lies.
   void arrow(int end, Vec tip, Vec points, Vec left);
-  void text(Vec middle, double rotation);  // nothing without a text
+  // Nothing without a text; with a negative DIMGAP a frame around it.
+  void text(Vec middle, double rotation);
   void point(DimPoint which);
   // The centre mark of DIMCEN, in a circle of this radius.
   void centreMarks(Vec centre, double radius);

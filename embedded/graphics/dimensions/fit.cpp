@@ -1,0 +1,75 @@
+#include "embedded/graphics/dimensions/fit.h"
+
+namespace cad {
+namespace {
+
+constexpr double kParallel = 1e-9;
+constexpr double kLeastLiftOfWholeLine = 0.7;  // DIMTVP: nearer to the line, the text breaks it
+
+enum FitRule : std::int64_t { kBothOutside, kArrowsFirst, kTextFirst, kBestFit };     // DIMATFIT
+enum Level : std::int64_t { kCentred, kAbove, kFarSide, kJapaneseStandard, kBelow };  // DIMTAD
+
+double lifted(const Sketch& sketch, Vec line, double rotation) {
+  return sketch.gap + sketch.halfAcross(line, rotation);
+}
+
+}  // namespace
+
+Fit fitBetween(const Sketch& sketch, double room, double text, bool breaksLine, TextWish wish) {
+  const double arrows = 2 * sketch.arrowSize;
+  const bool forced = sketch.on(dimRow("DIMTIX"));
+  const bool both = room >= text + arrows, onlyText = room >= text, onlyArrows = room >= arrows;
+  const auto rule = sketch.integer(dimRow("DIMATFIT"));
+  Fit fit;
+  if (wish == TextWish::kByRules) {
+    fit.textInside = both || forced || (onlyText && (rule == kArrowsFirst || rule == kBestFit));
+  } else {
+    fit.textInside = wish == TextWish::kInside;
+  }
+  const bool textStays = wish != TextWish::kOutside && onlyText;
+  fit.arrowsInside = both || (onlyArrows && (rule == kTextFirst || (rule == kBestFit && !textStays)));
+  // A text that is kept in its place leaves the arrows none where it breaks the line.
+  if (forced && !both && fit.textInside && breaksLine) fit.arrowsInside = false;
+  fit.arrowsDropped = forced && !fit.arrowsInside && sketch.on(dimRow("DIMSOXD"));
+  return fit;
+}
+
+bool isLevel(Vec line, double textRotation) {
+  return std::abs(cross(line, direction(textRotation))) < kParallel;
+}
+
+TextStand standOn(const Sketch& sketch, Vec line, bool inside, Vec outward) {
+  TextStand stand;
+  stand.rotation = sketch.textAngle(line, inside);
+  stand.up = leftOf(direction(sketch.readableLine(line)));
+  const double off = lifted(sketch, line, stand.rotation);
+  const auto level = sketch.integer(dimRow("DIMTAD"));
+  if (level == kCentred) {
+    const double factor = sketch.real(dimRow("DIMTVP"));
+    stand.lift = factor * sketch.figure().textHeight;
+    stand.breaksLine = std::abs(factor) < kLeastLiftOfWholeLine;
+  } else if (level == kFarSide) {
+    stand.lift = dot(outward, stand.up) < -kParallel ? -off : off;
+    stand.breaksLine = false;
+  } else if (isLevel(line, stand.rotation)) {  // text across the line stands on it, whatever is asked for
+    stand.lift = level == kBelow ? -off : off;
+    stand.breaksLine = false;
+  }
+  return stand;
+}
+
+Vec drawHook(Sketch& sketch, Vec knee, Vec to) {
+  const double width = sketch.figure().box.width;
+  const auto level = sketch.integer(dimRow("DIMTAD"));
+  const Vec middle = knee + (sketch.arrowSize + sketch.gap + width / 2) * to;
+  if (level == kCentred || !sketch.hasText()) {
+    sketch.dimensionLine(knee, knee + sketch.arrowSize * to);
+    return middle;
+  }
+  // Off the line means off the hook, which runs on under the text.
+  sketch.dimensionLine(knee, knee + (sketch.arrowSize + 2 * sketch.gap + width) * to);
+  const double off = sketch.gap + sketch.figure().box.height / 2;
+  return middle + (level == kBelow ? -off : off) * leftOf(direction(sketch.horizontal()));
+}
+
+}  // namespace cad

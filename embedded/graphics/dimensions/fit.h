@@ -1,0 +1,45 @@
+#pragma once
+// What of arrows and text finds room between the extension lines, and how a text stands to the line that it
+// belongs to.
+
+#include "embedded/graphics/dimensions/sketch.h"
+
+namespace cad {
+
+// Where the text is to be, before anybody looks for room.
+enum class TextWish : std::uint8_t {
+  kByRules,
+  kInside,   // a person put it between the extension lines
+  kOutside,  // a person put it elsewhere
+};
+
+struct Fit {
+  bool arrowsInside = true, textInside = true;
+  bool arrowsDropped = false;  // nothing is drawn outside: neither arrows nor the lines that they stand on
+};
+
+// `room`: the length from one extension line to the other; `text`: what the text takes of it, with its gaps.
+// `breaksLine`: the line has no place where the text is.
+Fit fitBetween(const Sketch& sketch, double room, double text, bool breaksLine,
+               TextWish wish = TextWish::kByRules);
+
+struct TextStand {
+  double rotation = 0;  // of the text
+  Vec up;               // unit vector: what is above the line for a reader
+  double lift = 0;      // of the text's middle over the line, below 0: under it
+  bool breaksLine = true;
+};
+
+// `line`: unit vector along the line (the tangent of an arc). `inside`: between the extension lines.
+// `outward`: unit vector away from the defining points.
+TextStand standOn(const Sketch& sketch, Vec line, bool inside, Vec outward);
+
+// The direction of the text is that of the line, either way round.
+bool isLevel(Vec line, double textRotation);
+
+// A hook at the end of a line: `to` is the horizontal direction in which it leaves the knee. Draws it and
+// says where the text's middle is: beyond its end, or above or below it where DIMTAD takes the text off the
+// line.
+Vec drawHook(Sketch& sketch, Vec knee, Vec to);
+
+}  // namespace cad
