@@ -12,6 +12,7 @@ namespace cad {
 
 struct BlockEntity {
   std::string_view type;  // "LINE"; a literal
+  // The place of a multi-line text is a world point; its rotation is that in the system of the normal.
   Geometry geometry;
   std::wstring layer;
   std::wstring linetype;     // empty: ByLayer

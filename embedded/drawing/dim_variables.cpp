@@ -17,15 +17,20 @@ Variable inheritedDimVariable(const Drawing& drawing, RecordId record, const Dim
   return drawing.dimVariable(style, info).value_or(defaultValue(info));
 }
 
-DimVariables::DimVariables(const Drawing& drawing, RecordId record) {
-  for (const DimVariableInfo& info : kDimVariables) {
-    if (record == kNoRecord) {
-      set(info, defaultValue(info));
-      continue;
-    }
-    std::optional<Variable> own = drawing.dimVariable(record, info);
-    set(info, own ? *std::move(own) : inheritedDimVariable(drawing, record, info));
-  }
+DimVariables::DimVariables() {
+  for (const DimVariableInfo& info : kDimVariables) set(info, defaultValue(info));
+}
+
+DimVariables::DimVariables(const Drawing& drawing, RecordId record) : DimVariables() {
+  if (record == kNoRecord) return;
+  const bool isStyle = drawing.record(record).table == Table::kDimStyle;
+  const RecordId style = isStyle ? kNoRecord : drawing.reference(record, Property::kDimStyle);
+  if (style != kNoRecord) takeOwn(drawing, drawing.record(style));
+  takeOwn(drawing, drawing.record(record));
+}
+
+void DimVariables::takeOwn(const Drawing& drawing, const Record& record) {
+  for (DimValue& own : drawing.dimVariables(record)) set(*own.variable, std::move(own.value));
 }
 
 std::int64_t DimVariables::integer(const DimVariableInfo& info) const {

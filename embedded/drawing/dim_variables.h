@@ -40,8 +40,11 @@ Variable inheritedDimVariable(const Drawing& drawing, RecordId record, const Dim
 // defaults.
 class DimVariables {
  public:
+  DimVariables();  // the defaults
   // Of a dimension, a leader or a dimension style; kNoRecord: the defaults.
   DimVariables(const Drawing& drawing, RecordId record);
+  // Takes what the record itself has, in the state that it gives.
+  void takeOwn(const Drawing& drawing, const Record& record);
 
   // Of the variable's own type; a value of another one counts as the default.
   std::int64_t integer(const DimVariableInfo& info) const;

@@ -78,6 +78,10 @@ std::optional<Variable> Drawing::dimVariable(RecordId id, const DimVariableInfo&
   return storage_->dimVariable(*this, id, variable);
 }
 
+std::vector<DimValue> Drawing::dimVariables(const Record& record) const {
+  return record.implied() ? std::vector<DimValue>() : storage_->dimVariables(*this, record);
+}
+
 base::Status Drawing::setDimVariable(RecordId id, const DimVariableInfo& variable, const Variable& value) {
   return storage_->setDimVariable(*this, id, variable, value);
 }

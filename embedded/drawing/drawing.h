@@ -47,6 +47,7 @@ class Drawing final : public DrawingChanges {
   std::optional<Variable> dimVariable(RecordId id, const DimVariableInfo& variable) const;
   base::Status setDimVariable(RecordId id, const DimVariableInfo& variable, const Variable& value);
   base::Status removeDimOverride(RecordId id, const DimVariableInfo& variable);
+  std::vector<DimValue> dimVariables(const Record& record) const;  // those that the record itself has
 
   // --- Drawing variables (kept in the drawing's header): name without the dollar sign, upper-case ---
   std::optional<Variable> headerVariable(std::string_view name) const;
@@ -72,6 +73,12 @@ class Drawing final : public DrawingChanges {
   // been written to since it was read.
   base::Result<RecordId> defineBlock(std::wstring_view name, const Drawing& source);
   base::Result<RecordId> addInsert(RecordId space, const NewInsert& insert);
+  // The block holds these entities in place of what it held; its name, its handle and what refers to it
+  // stay. Refused: a space, an external reference, an entity of a type that the drawing's version does not
+  // have.
+  base::Status redefineContents(RecordId block, std::span<const BlockEntity> entities);
+  // A new block of dimensions' kind ("*D12", the first free number) with this content.
+  base::Result<RecordId> addDimensionBlock(std::span<const BlockEntity> entities);
 
   // --- For the storage, and for setters that change several records -------------------------------------
   // Puts the record into another state; journalled, and everything derived from the record follows.
@@ -90,6 +97,7 @@ class Drawing final : public DrawingChanges {
   base::Status checkValue(Property property, double value) const;
 
   std::filesystem::path path_;
+  std::uint32_t lastDimensionBlock_ = 0;  // the numbers up to it are not free
 };
 
 }  // namespace cad

@@ -13,9 +13,11 @@ DrawingBlocks::DrawingBlocks(std::unique_ptr<RecordStorage> storage, LoadedRecor
   }
 }
 
-void DrawingBlocks::forgetContents() {
-  blockLists_.reset();
-  subRecords_.reset();
+void DrawingBlocks::listAdded(RecordId id) {
+  const Record& record = records_[id];
+  if (record.kind == RecordKind::kEntity && record.owner != kNoRecord && blockLists_)
+    (*blockLists_)[record.owner].push_back(id);
+  if (record.kind == RecordKind::kSubEntity && subRecords_) subRecords_->push_back(id);
 }
 
 bool DrawingBlocks::isLayoutSpace(RecordId block) const {

@@ -30,7 +30,7 @@ class DrawingBlocks : public DrawingTables {
  protected:
   DrawingBlocks(std::unique_ptr<RecordStorage> storage, LoadedRecords loaded);
   ~DrawingBlocks() = default;
-  void forgetContents();  // they are listed anew when somebody asks
+  void listAdded(RecordId id);  // the newest record
 
  private:
   using BlockLists = std::unordered_map<RecordId, std::vector<RecordId>>;

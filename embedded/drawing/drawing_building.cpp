@@ -119,6 +119,36 @@ base::Result<RecordId> Drawing::addInsert(RecordId space, const NewInsert& inser
   return storage_->addInsert(*this, space, insert);
 }
 
+base::Status Drawing::redefineContents(RecordId block, std::span<const BlockEntity> entities) {
+  if (records_[block].kind != RecordKind::kBlockBegin || isLayoutSpace(block))
+    return base::Failure{{}, L"A layout cannot be redefined"};
+  if ((integer(block, Property::kStandardFlags).value_or(0) & BlockFlag::kExternal) != 0)
+    return base::Failure{names_.text(recordName(block)), L"The block is an external reference"};
+  ChangeScope scope(*this);
+  base::Status status;
+  const std::vector<RecordId> content = entitiesOf(block);
+  for (const RecordId id : content)
+    if (status && !records_[id].erased()) status = setErased(id, true);
+  if (status) status = storage_->addEntities(*this, block, entities);
+  if (!status) scope.rollBack();
+  return status;
+}
+
+base::Result<RecordId> Drawing::addDimensionBlock(std::span<const BlockEntity> entities) {
+  std::wstring name;
+  const auto isTaken = [&](Table table) { return find(table, std::wstring_view(name)) != kNoRecord; };
+  do {
+    name = L"*D" + std::to_wstring(++lastDimensionBlock_);
+  } while (isTaken(Table::kBlock) || isTaken(Table::kBlockRecord));
+  ChangeScope scope(*this);
+  const base::Result<RecordId> block = storage_->defineBlock(*this, name, {}, {});
+  base::Status status = block.ok() ? base::Status() : base::Status(block.failure());
+  if (status) status = storage_->addEntities(*this, block.value(), entities);
+  if (status) return block;
+  scope.rollBack();
+  return status.failure();
+}
+
 Geometry Drawing::geometry(RecordId entity) const {
   if (records_[entity].implied()) return {};
   return storage_->readGeometry(*this, entity);

@@ -91,7 +91,7 @@ RecordId DrawingChanges::addNew(const Record& record) {
   count(record, 1);
   modified_ = true;
   ++revision_;
-  forgetContents();
+  listAdded(id);
   if (record.hasTableName()) tableRecordAdded(id);
   return id;
 }

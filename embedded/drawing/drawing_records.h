@@ -46,6 +46,7 @@ class DrawingRecords {
   std::optional<double> real(RecordId id, Property property) const;
   std::optional<std::int64_t> integer(RecordId id, Property property) const;
   std::optional<std::wstring> text(RecordId id, Property property) const;
+  std::optional<std::int32_t> trueColor(RecordId id) const;  // of an entity, beside its number: 0xRRGGBB
   // Layer, linetype, style, block or dimension-style name. Entities always have a layer ("0") and a
   // linetype ("ByLayer"), texts always a style ("Standard"); kNoName where the property does not apply.
   NameId name(RecordId id, Property property) const;

@@ -112,6 +112,11 @@ RecordId DrawingTables::reference(RecordId id, Property property) const {
   return table == Table::kNone ? kNoRecord : find(table, name(id, property));
 }
 
+RecordId DrawingTables::referenceOf(const Record& state, Property property) const {
+  const Table table = propertyInfo(property).names;
+  return table == Table::kNone ? kNoRecord : find(table, nameOf(storage_->property(state, property)));
+}
+
 NameId DrawingTables::nameForReference(RecordId id, Table table) const {
   if (table == Table::kNone || id >= records_.size() || records_[id].table != table) return kNoName;
   if (!records_[id].hasTableName() || records_[id].erased()) return kNoName;

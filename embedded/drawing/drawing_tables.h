@@ -22,6 +22,7 @@ class DrawingTables : public DrawingRecords {
   const std::vector<RecordId>& tableRecords(Table table) const;   // in table order, without erased ones
   // The record that a property names; kNoRecord when the drawing has none.
   RecordId reference(RecordId id, Property property) const;
+  RecordId referenceOf(const Record& state, Property property) const;  // of a record in another state
   // False when this type of record or this drawing's version cannot hold the property.
   bool canHold(RecordId id, Property property) const;
   bool isLayerLocked(NameId layer) const;  // cached until a layer record changes

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <numbers>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -19,6 +20,16 @@ inline constexpr double kRadiansPerDegree = std::numbers::pi / 180;
 struct Point {
   double x = 0, y = 0, z = 0;
 };
+
+// The axes of the system that the arbitrary axis rule makes of a normal, which need not be of unit length;
+// one without length counts as (0, 0, 1).
+struct Axes {
+  Point x{1, 0, 0}, y{0, 1, 0}, z{0, 0, 1};
+
+  Point world(const Point& own) const;
+  Point own(const Point& world) const;
+};
+Axes axesOf(const Point& normal);
 
 struct LineGeometry {
   Point from, to;
@@ -78,7 +89,8 @@ struct TextGeometry {
   enum class Fill : std::uint8_t { kNone, kOwnColor, kBackground };
   Fill fill = Fill::kNone;
   std::int16_t fillColor = 0;
-  double fillFactor = 1.25;  // of the filled box to the text's height
+  std::optional<std::int32_t> fillTrueColor;  // 0xRRGGBB beside the number
+  double fillFactor = 1.25;                   // of the filled box to the text's height
   std::wstring contents;
   std::wstring prompt;  // of a definition: what a person is asked
 };

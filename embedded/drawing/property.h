@@ -53,6 +53,9 @@ enum class Property : std::uint8_t {
 struct RecordFlag {
   static constexpr std::int64_t kDependent = 16;  // of an external reference; records of every table
 };
+struct BlockFlag {
+  static constexpr std::int64_t kExternal = 4;  // an external reference
+};
 struct LayerFlag {
   static constexpr std::int64_t kFrozen = 1, kLocked = 4;
 };

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "base/result.h"
+#include "embedded/drawing/block_entity.h"
 #include "embedded/drawing/drawing_file.h"
 #include "embedded/drawing/geometry.h"
 #include "embedded/drawing/linetype_pattern.h"
@@ -31,6 +32,12 @@ class Drawing;
 
 // A variable's value by the host's own type.
 using Variable = std::variant<std::int64_t, double, std::wstring>;
+
+// A dimension variable and what it is.
+struct DimValue {
+  const DimVariableInfo* variable = nullptr;
+  Variable value;
+};
 
 // A state of a record: the newest of a chain of changes, none of which is altered (Record::edits).
 using EditId = std::uint32_t;
@@ -71,6 +78,8 @@ class RecordStorage {
   virtual std::string_view typeName(const Record& record) const = 0;
   virtual std::optional<Handle> handle(const Record& record) const = 0;
   virtual StoredValue property(const Record& record, Property property) const = 0;
+  // The exact colour that an entity has beside its colour number, 0xRRGGBB.
+  virtual std::optional<std::int32_t> trueColor(const Record& record) const = 0;
   // Whether records of this type have the property and the file's version can hold it.
   virtual bool canHold(const Record& record, Property property) const = 0;
   virtual Geometry readGeometry(const Drawing& drawing, RecordId entity) const = 0;
@@ -109,9 +118,15 @@ class RecordStorage {
   // An entity at the end of a block that is no space, on layer 0, everything else by its layer.
   virtual base::Result<RecordId> addEntity(Drawing& drawing, RecordId block, std::string_view type,
                                            const Geometry& geometry) = 0;
+  // Entities at the end of a block that is no space, as programs write those of the blocks that they draw
+  // themselves.
+  virtual base::Status addEntities(Drawing& drawing, RecordId block,
+                                   std::span<const BlockEntity> entities) = 0;
   virtual base::Result<RecordId> addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) = 0;
   virtual std::optional<Variable> dimVariable(const Drawing& drawing, RecordId id,
                                               const DimVariableInfo& variable) const = 0;
+  // Every variable that the record itself has a value of.
+  virtual std::vector<DimValue> dimVariables(const Drawing& drawing, const Record& record) const = 0;
   virtual base::Status setDimVariable(Drawing& drawing, RecordId id, const DimVariableInfo& variable,
                                       const Variable& value) = 0;
   virtual base::Status removeDimOverride(Drawing& drawing, RecordId id, const DimVariableInfo& variable) = 0;

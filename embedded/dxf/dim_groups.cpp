@@ -1,6 +1,7 @@
 // Dimension variables: overrides of dimensions and leaders, values of dimension styles.
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 #include "base/fold.h"
@@ -149,12 +150,86 @@ const Group* findInStyle(const RecordGroups& groups, const DimVariableInfo& info
   return nullptr;
 }
 
+// Some variables that have groups since 2007 stood before, since they came up, in extended data of their own.
+struct OlderPlace {
+  std::string_view variable, application;
+  int number;
+};
+constexpr OlderPlace kOlderPlaces[] = {{"DIMLTYPE", "ACAD_DSTYLE_DIM_LINETYPE", 380},
+                                       {"DIMLTEX1", "ACAD_DSTYLE_DIM_EXT1_LINETYPE", 381},
+                                       {"DIMLTEX2", "ACAD_DSTYLE_DIM_EXT2_LINETYPE", 382},
+                                       {"DIMTFILL", "ACAD_DSTYLE_DIMTEXT_FILL", 376},
+                                       {"DIMTFILLCLR", "ACAD_DSTYLE_DIMTEXT_FILL", 377}};
+
+// A colour as the host has it in memory: 8 bytes before the colour itself, whose fourth byte tells its kind.
+std::optional<Variable> colorNumberIn(std::string_view chunk, bool binary) {
+  constexpr std::uint32_t kByNumber = 0xC3;
+  const auto byteAt = [&](std::size_t at) -> std::uint32_t {
+    if (binary) return at < chunk.size() ? static_cast<unsigned char>(chunk[at]) : 0;
+    unsigned value = 0;
+    if (2 * at + 2 <= chunk.size())
+      std::from_chars(chunk.data() + 2 * at, chunk.data() + 2 * at + 2, value, 16);
+    return value;
+  };
+  if (byteAt(11) != kByNumber) return std::nullopt;
+  return std::int64_t{byteAt(8) | byteAt(9) << 8};
+}
+
+std::optional<Variable> olderValue(const Drawing& drawing, const DxfStorage& storage,
+                                   const RecordGroups& groups, const DimVariableInfo& info) {
+  const auto* place = std::ranges::find(kOlderPlaces, info.name, &OlderPlace::variable);
+  if (place == std::end(kOlderPlaces)) return std::nullopt;
+  bool here = false;
+  for (std::size_t i = groups.plainCount(); i + 1 < groups.all().size(); ++i) {
+    const Group& group = groups.all()[i];
+    if (group.code == 1001) here = equalNoCase(trimmed(group.value), place->application);
+    if (!here || group.code != 1070 || integerValue(group, storage.dialect()) != place->number) continue;
+    const Group& value = groups.all()[i + 1];
+    if (value.code == 1004) return colorNumberIn(trimmed(value.value), storage.dialect().binary);
+    if (!info.isName()) return readValue(drawing, storage, info, value);
+    const std::optional<Handle> handle = handleValue(value);
+    return handle ? std::optional<Variable>(nameBehind(drawing, *handle)) : std::nullopt;
+  }
+  return std::nullopt;
+}
+
 const DimOverride* findPair(const DimOverrides& overrides, const DimVariableInfo& info) {
   const auto& groups = info.groups;
   for (const DimOverride& pair : overrides.pairs)
     if (pair.number == groups.number || (groups.old != 0 && pair.number == groups.old)) return &pair;
   return nullptr;
 }
+
+// What a record itself says of the variables.
+class OwnVariables {
+ public:
+  OwnVariables(const Drawing& drawing, const DxfStorage& storage, const Record& record)
+      : drawing_(drawing), storage_(storage), isStyle_(isStyle(record)), groups_(storage, record) {
+    hasData_ = groups_.plainCount() != groups_.all().size();
+    if (!isStyle_ && hasData_) overrides_ = readDimOverrides(groups_, storage);
+  }
+
+  bool none() const { return !isStyle_ && !hasData_; }
+
+  std::optional<Variable> value(const DimVariableInfo& info) const {
+    if (const Group* group = find(info)) return readValue(drawing_, storage_, info, *group);
+    const bool mayBeOlder = hasData_ && !info.existsIn(storage_.facts().version);
+    return mayBeOlder ? olderValue(drawing_, storage_, groups_, info) : std::nullopt;
+  }
+
+ private:
+  const Group* find(const DimVariableInfo& info) const {
+    if (isStyle_) return findInStyle(groups_, info, storage_.facts().version);
+    const DimOverride* pair = findPair(overrides_, info);
+    return pair != nullptr ? pair->value : nullptr;
+  }
+
+  const Drawing& drawing_;
+  const DxfStorage& storage_;
+  bool isStyle_, hasData_ = false;
+  RecordGroups groups_;
+  DimOverrides overrides_;
+};
 
 struct Change {
   std::uint32_t begin = 0, end = 0;
@@ -213,14 +288,19 @@ std::optional<Variable> DxfStorage::dimVariable(const Drawing& drawing, RecordId
   if (info.isOfHeaderOnly()) return std::nullopt;
   const Record& record = drawing.record(id);
   if (!isStyle(record) && !takesOverrides(typeName(record))) return std::nullopt;
-  const RecordGroups groups(*this, record);
-  if (isStyle(record)) {
-    const Group* group = findInStyle(groups, info, facts_.version);
-    return group != nullptr ? readValue(drawing, *this, info, *group) : std::nullopt;
+  return OwnVariables(drawing, *this, record).value(info);
+}
+
+std::vector<DimValue> DxfStorage::dimVariables(const Drawing& drawing, const Record& record) const {
+  std::vector<DimValue> values;
+  if (!isStyle(record) && !takesOverrides(typeName(record))) return values;
+  const OwnVariables own(drawing, *this, record);
+  if (own.none()) return values;
+  for (const DimVariableInfo& info : kDimVariables) {
+    if (info.isOfHeaderOnly()) continue;
+    if (std::optional<Variable> value = own.value(info)) values.push_back({&info, *std::move(value)});
   }
-  const DimOverrides overrides = readDimOverrides(groups, *this);
-  const DimOverride* pair = findPair(overrides, info);
-  return pair != nullptr ? readValue(drawing, *this, info, *pair->value) : std::nullopt;
+  return values;
 }
 
 base::Status DxfStorage::setDimVariable(Drawing& drawing, RecordId id, const DimVariableInfo& info,

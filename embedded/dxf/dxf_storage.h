@@ -56,6 +56,7 @@ class DxfStorage final : public RecordStorage {
   std::string_view typeName(const Record& record) const override;
   std::optional<Handle> handle(const Record& record) const override;
   StoredValue property(const Record& record, Property property) const override;
+  std::optional<std::int32_t> trueColor(const Record& record) const override;
   bool canHold(const Record& record, Property property) const override;
   Geometry readGeometry(const Drawing& drawing, RecordId entity) const override;  // in geometry_reader.cpp
   base::Result<EditId> setProperty(Drawing& drawing, const Record& record, Property property,
@@ -66,8 +67,8 @@ class DxfStorage final : public RecordStorage {
   base::Status checkUnchanged() const override { return source_->checkUnchanged(); }
   base::Status save(const std::filesystem::path& target, std::span<const Record> records) const override;
 
-  // In new_records.cpp, linetype_groups.cpp, block_copier.cpp, geometry_writer.cpp, insert_writer.cpp,
-  // dim_groups.cpp and header_variables.cpp.
+  // In new_records.cpp, linetype_groups.cpp, block_copier.cpp, block_entities.cpp, geometry_writer.cpp,
+  // insert_writer.cpp, dim_groups.cpp and header_variables.cpp.
   base::Result<RecordId> add(Drawing& drawing, Table table, std::wstring_view name,
                              RecordId implied) override;
   void takeBack(RecordId record) override;
@@ -80,9 +81,11 @@ class DxfStorage final : public RecordStorage {
   Point basePoint(const Drawing& drawing, RecordId block) const override;
   base::Result<RecordId> addEntity(Drawing& drawing, RecordId block, std::string_view type,
                                    const Geometry& geometry) override;
+  base::Status addEntities(Drawing& drawing, RecordId block, std::span<const BlockEntity> entities) override;
   base::Result<RecordId> addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) override;
   std::optional<Variable> dimVariable(const Drawing& drawing, RecordId id,
                                       const DimVariableInfo& variable) const override;
+  std::vector<DimValue> dimVariables(const Drawing& drawing, const Record& record) const override;
   base::Status setDimVariable(Drawing& drawing, RecordId id, const DimVariableInfo& variable,
                               const Variable& value) override;
   base::Status removeDimOverride(Drawing& drawing, RecordId id, const DimVariableInfo& variable) override;

@@ -6,6 +6,7 @@
 
 #include "embedded/drawing/drawing.h"
 #include "embedded/dxf/geometry_groups.h"
+#include "embedded/dxf/record_tools.h"
 
 namespace cad::dxf {
 namespace {
@@ -130,6 +131,52 @@ Geometry readText(const Source& from) {
   return {std::move(shape), groups.normal()};
 }
 
+TextGeometry::Fill fillOf(int number) {
+  if ((number & 2) != 0) return TextGeometry::Fill::kBackground;
+  return (number & 1) != 0 ? TextGeometry::Fill::kOwnColor : TextGeometry::Fill::kNone;
+}
+
+// Versions without groups for it keep in extended data what is painted behind a text.
+void readOldFill(const Source& from, TextGeometry& shape) {
+  constexpr std::int64_t kByNumber = 0xC3, kByValue = 0xC2;
+  const RecordGroups groups(from.storage, from.drawing.record(from.id));
+  const Dialect& dialect = from.storage.dialect();
+  bool inFill = false;
+  for (std::size_t i = groups.plainCount(); i + 1 < groups.all().size(); ++i) {
+    const Group& group = groups.all()[i];
+    if (group.code == 1000 && inFill) inFill = trimmed(group.value).empty();
+    if (group.code == 1000 && trimmed(group.value) == "ACAD_MTEXT_BBRT") inFill = true;
+    if (!inFill || group.code != 1070) continue;
+    const Group& next = groups.all()[++i];
+    const std::int64_t value = integerValue(next, dialect).value_or(0);
+    switch (integerValue(group, dialect).value_or(0)) {
+      case 91:
+        shape.fill = fillOf(static_cast<int>(value));
+        break;
+      case 46:
+        shape.fillFactor = realValue(next, dialect).value_or(shape.fillFactor);
+        break;
+      case 64:
+        if ((value >> 24 & 0xFF) == kByNumber) shape.fillColor = static_cast<std::int16_t>(value & 0xFFF);
+        if ((value >> 24 & 0xFF) == kByValue)
+          shape.fillTrueColor = static_cast<std::int32_t>(value & 0xFFFFFF);
+        break;
+      default:
+        break;
+    }
+  }
+}
+
+void readFill(const Source& from, TextGeometry& shape) {
+  const GeometryGroups& groups = from.groups;
+  if (from.storage.facts().version < Version::kR2004) return readOldFill(from, shape);
+  shape.fill = fillOf(groups.integer(90));
+  if (shape.fill == TextGeometry::Fill::kNone) return;
+  shape.fillColor = static_cast<std::int16_t>(groups.integer(63));
+  if (groups.has(421)) shape.fillTrueColor = groups.integer(421);
+  shape.fillFactor = groups.real(45, shape.fillFactor);
+}
+
 Geometry readMText(const Source& from) {
   const GeometryGroups& groups = from.groups;
   TextGeometry shape;
@@ -145,6 +192,7 @@ Geometry readMText(const Source& from) {
   constexpr Side kSides[] = {Side::kLeft, Side::kCentre, Side::kRight};
   shape.level = kLevels[attachment / 3];
   shape.side = kSides[attachment % 3];
+  readFill(from, shape);
   // The point is a world point, the rotation is about the normal; only the mirrored plan view differs.
   const Point normal = groups.normal();
   return {.shape = std::move(shape), .partial = normal.x != 0 || normal.y != 0 || normal.z <= 0};

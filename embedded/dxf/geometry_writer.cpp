@@ -1,6 +1,8 @@
 // Entities of blocks made from geometry: shapes of the host itself, and what comes from a drawing of another
 // format.
 
+#include "embedded/dxf/geometry_writer.h"
+
 #include "embedded/drawing/block_copy.h"
 #include "embedded/dxf/block_writer.h"
 #include "embedded/dxf/record_translator.h"
@@ -162,7 +164,7 @@ class GeometryWriter {
     if (type_ != "INSERT" || insert.block == kNoRecord) return false;
     builder_.subclass("AcDbBlockReference").text(2, blockName(drawing_, insert.block)).point(10, insert.at);
     builder_.real(41, insert.scale.x).real(42, insert.scale.y).real(43, insert.scale.z);
-    builder_.real(50, insert.rotation);
+    if (insert.rotation != 0) builder_.real(50, insert.rotation);
     if (insert.columns > 1 || insert.rows > 1) {
       builder_.integer(70, insert.columns).integer(71, insert.rows);
       builder_.real(44, insert.columnSpacing).real(45, insert.rowSpacing);
@@ -195,7 +197,8 @@ class GeometryWriter {
     constexpr int kSides[] = {0, 1, 2, 3, 5};
     const bool between = text.side == Side::kAligned || text.side == Side::kFit;
     const bool aligned = text.side != Side::kLeft || text.level != Level::kBaseline;
-    builder_.subclass("AcDbText").point(10, text.at).real(40, text.height).stored(1, {});
+    builder_.subclass("AcDbText").point(10, text.at).real(40, text.height);
+    builder_.text(1, text.definition ? std::wstring_view() : std::wstring_view(text.contents));
     builder_.real(50, text.rotation).real(41, text.widthFactor).real(51, text.oblique);
     builder_.integer(71, (text.backwards ? 2 : 0) | (text.upsideDown ? 4 : 0));
     builder_.integer(72, kSides[static_cast<int>(text.side)]);
@@ -217,6 +220,10 @@ class GeometryWriter {
 };
 
 }  // namespace
+
+bool addGeometry(Drawing& drawing, RecordBuilder& builder, std::string_view type, const Geometry& geometry) {
+  return std::visit(GeometryWriter(drawing, builder, type, geometry.normal), geometry.shape);
+}
 
 base::Result<RecordId> DxfStorage::defineBlock(Drawing& drawing, std::wstring_view name,
                                                const BlockHead& head, std::span<const Shape> shapes) {
@@ -240,8 +247,7 @@ base::Result<RecordId> DxfStorage::addEntity(Drawing& drawing, RecordId block, s
   if (const base::Status status = writer.resume(block); !status.ok()) return status.failure();
   RecordBuilder builder = writer.begin(type, writer.takeHandle());
   builder.stored(8, "0");
-  if (first && std::visit(GeometryWriter(drawing, builder, type, geometry.normal), geometry.shape))
-    return writer.addEntity(builder);
+  if (first && addGeometry(drawing, builder, type, geometry)) return writer.addEntity(builder);
   scope.rollBack();
   return refusedType(type, L"Entities of this type are not copied between drawings of these formats");
 }

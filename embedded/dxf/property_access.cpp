@@ -89,6 +89,15 @@ bool DxfStorage::canHold(const Record& record, Property property) const {
   return place != nullptr && facts_.version >= place->since;
 }
 
+std::optional<std::int32_t> DxfStorage::trueColor(const Record& record) const {
+  const PropertyPlace* place = findCommonPlace(record.kind, Property::kColorIndex);
+  if (place == nullptr) return std::nullopt;
+  std::string scratch;
+  const Located located = locate(bytes(record, scratch), dialect_, *place, isStraying(record));
+  const auto value = located.trueColor ? integerValue(*located.trueColor, dialect_) : std::nullopt;
+  return value ? std::optional(static_cast<std::int32_t>(*value)) : std::nullopt;
+}
+
 StoredValue DxfStorage::property(const Record& record, Property property) const {
   const std::string_view type = typeName(record);
   const PropertyPlace* place = findPlace(record.kind, type, property);

@@ -54,22 +54,6 @@ std::string readContent(std::string_view bytes, const Dialect& dialect) {
   return content;
 }
 
-// The content's pieces; the last of them goes into group 1, those before it into groups 3.
-std::string contentGroups(const Dialect& dialect, base::CodePage page, std::string_view content) {
-  GroupWriter writer(dialect);
-  std::size_t begin = 0;
-  for (std::size_t at = 0; at < content.size();) {
-    const std::size_t unit = storedUnit(content, at, page);
-    if (at + unit - begin > kLongestPiece) {
-      writer.text(3, content.substr(begin, at - begin));
-      begin = at;
-    }
-    at += unit;
-  }
-  writer.text(1, content.substr(begin));
-  return writer.take();
-}
-
 EditId writeContent(DxfStorage& storage, Record record, const std::string& content) {
   std::string scratch;
   std::string_view bytes = storage.bytes(record, scratch);
@@ -260,6 +244,21 @@ EditId writeFontFlags(DxfStorage& storage, const Record& record, std::int64_t fl
 }
 
 }  // namespace
+
+std::string contentGroups(const Dialect& dialect, base::CodePage page, std::string_view content) {
+  GroupWriter writer(dialect);
+  std::size_t begin = 0;
+  for (std::size_t at = 0; at < content.size();) {
+    const std::size_t unit = storedUnit(content, at, page);
+    if (at + unit - begin > kLongestPiece) {
+      writer.text(3, content.substr(begin, at - begin));
+      begin = at;
+    }
+    at += unit;
+  }
+  writer.text(1, content.substr(begin));
+  return writer.take();
+}
 
 ApplicationData findApplicationData(std::string_view bytes, const Dialect& dialect,
                                     std::string_view application) {

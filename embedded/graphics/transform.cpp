@@ -5,18 +5,6 @@
 #include <numbers>
 
 namespace cad {
-namespace {
-
-Point cross(const Point& a, const Point& b) {
-  return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
-Point unit(const Point& of) {
-  const double length = std::hypot(of.x, of.y, of.z);
-  return length == 0 ? Point{0, 0, 1} : Point{of.x / length, of.y / length, of.z / length};
-}
-
-}  // namespace
 
 ScenePoint Transform::point(const ScenePoint& at) const {
   return {xx * at.x + yx * at.y + x0, xy * at.x + yy * at.y + y0, at.bulge};
@@ -39,13 +27,8 @@ bool Transform::keepsCircles() const {
 }
 
 Transform planView(const Point& normal, double elevation) {
-  const Point z = unit(normal);
-  // The arbitrary axis rule of the drawing format.
-  constexpr double kNearPole = 1.0 / 64;
-  const bool nearPole = std::abs(z.x) < kNearPole && std::abs(z.y) < kNearPole;
-  const Point x = unit(cross(nearPole ? Point{0, 1, 0} : Point{0, 0, 1}, z));
-  const Point y = unit(cross(z, x));
-  return {x.x, x.y, y.x, y.y, z.x * elevation, z.y * elevation};
+  const Axes axes = axesOf(normal);
+  return {axes.x.x, axes.x.y, axes.y.x, axes.y.y, axes.z.x * elevation, axes.z.y * elevation};
 }
 
 Transform placement(const InsertGeometry& insert, const Point& normal, const Point& base, int column,

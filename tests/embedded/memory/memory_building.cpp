@@ -203,6 +203,35 @@ base::Result<RecordId> MemoryStorage::addEntity(Drawing& drawing, RecordId block
   return enter(drawing, RecordKind::kEntity, Table::kNone, block, std::move(object));
 }
 
+base::Status MemoryStorage::addEntities(Drawing& drawing, RecordId block,
+                                        std::span<const BlockEntity> entities) {
+  for (const BlockEntity& entity : entities) {
+    const auto named = [&](Table table, std::wstring_view name) {
+      return Reference{drawing.find(table, name)};
+    };
+    Object object;
+    object.type = entity.type;
+    object.geometry = entity.geometry;
+    object.trueColor = entity.trueColor;
+    object.values[P::kLayer] = named(Table::kLayer, entity.layer);
+    if (!entity.linetype.empty()) object.values[P::kLinetype] = named(Table::kLinetype, entity.linetype);
+    if (entity.color != 256) object.values[P::kColorIndex] = std::int64_t{entity.color};
+    if (entity.lineWeight != -1) object.values[P::kLineWeight] = std::int64_t{entity.lineWeight};
+    if (entity.transparency != 0) object.values[P::kTransparency] = std::int64_t{entity.transparency};
+    if (const auto* insert = std::get_if<InsertGeometry>(&entity.geometry.shape))
+      object.values[P::kBlockName] = Reference{insert->block};
+    if (const auto* text = std::get_if<TextGeometry>(&entity.geometry.shape)) {
+      object.values[P::kTextHeight] = text->height;
+      object.values[P::kTextString] = encodeStored(text->contents, facts_.codePage);
+      object.values[P::kRotation] = text->rotation;
+      const std::wstring style = entity.textStyle.empty() ? L"Standard" : entity.textStyle;
+      object.values[P::kTextStyle] = named(Table::kTextStyle, style);
+    }
+    enter(drawing, RecordKind::kEntity, Table::kNone, block, std::move(object));
+  }
+  return {};
+}
+
 base::Result<RecordId> MemoryStorage::addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) {
   Drawing::ChangeScope scope(drawing);
   const auto& variables = object(drawing.record(header_)).variables;
@@ -238,6 +267,13 @@ std::optional<Variable> MemoryStorage::dimVariable(const Drawing& drawing, Recor
   const auto& values = object(drawing.record(id)).dimValues;
   const auto found = values.find(variable.row);
   return found == values.end() ? std::nullopt : std::optional(told(drawing, found->second));
+}
+
+std::vector<cad::DimValue> MemoryStorage::dimVariables(const Drawing& drawing, const Record& record) const {
+  std::vector<cad::DimValue> values;
+  for (const auto& [row, value] : object(record).dimValues)
+    values.push_back({&kDimVariables[static_cast<std::size_t>(row)], told(drawing, value)});
+  return values;
 }
 
 base::Status MemoryStorage::setDimVariable(Drawing& drawing, RecordId id, const DimVariableInfo& variable,

@@ -20,6 +20,7 @@ struct Object {
   std::map<Property, StoredValue> values;
   std::map<int, DimValue> dimValues;  // by row
   std::vector<Dash> dashes;
+  std::optional<std::int32_t> trueColor;
   Geometry geometry;                                       // of a block: its base point
   std::map<std::string, DimValue, std::less<>> variables;  // of the header
 };
@@ -40,6 +41,9 @@ class MemoryStorage final : public RecordStorage {
   std::string_view typeName(const Record& record) const override { return object(record).type; }
   std::optional<Handle> handle(const Record& record) const override;
   StoredValue property(const Record& record, Property property) const override;
+  std::optional<std::int32_t> trueColor(const Record& record) const override {
+    return object(record).trueColor;
+  }
   bool canHold(const Record& record, Property property) const override;
   Geometry readGeometry(const Drawing& drawing, RecordId entity) const override;
   base::Result<EditId> setProperty(Drawing& drawing, const Record& record, Property property,
@@ -61,9 +65,11 @@ class MemoryStorage final : public RecordStorage {
   Point basePoint(const Drawing& drawing, RecordId block) const override;
   base::Result<RecordId> addEntity(Drawing& drawing, RecordId block, std::string_view type,
                                    const Geometry& geometry) override;
+  base::Status addEntities(Drawing& drawing, RecordId block, std::span<const BlockEntity> entities) override;
   base::Result<RecordId> addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) override;
   std::optional<Variable> dimVariable(const Drawing& drawing, RecordId id,
                                       const DimVariableInfo& variable) const override;
+  std::vector<cad::DimValue> dimVariables(const Drawing& drawing, const Record& record) const override;
   base::Status setDimVariable(Drawing& drawing, RecordId id, const DimVariableInfo& variable,
                               const Variable& value) override;
   base::Status removeDimOverride(Drawing& drawing, RecordId id, const DimVariableInfo& variable) override;
