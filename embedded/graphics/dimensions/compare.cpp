@@ -97,6 +97,14 @@ class Comparison {
             arc.centre.z};
   }
 
+  // A multi-line text that is read tells how its direction lies in the world's plan.
+  static double worldRotation(const Geometry& geometry, const TextGeometry& text) {
+    if (!text.multiline) return text.rotation;
+    const double angle = text.rotation * kRadiansPerDegree;
+    const Point along = axesOf(geometry.normal).world({std::cos(angle), std::sin(angle), 0});
+    return std::atan2(along.y, along.x) / kRadiansPerDegree;
+  }
+
   void compare(const LineGeometry& line) {
     const auto& kept = other<LineGeometry>();
     place(L"start", line.from, kept.from);
@@ -129,7 +137,7 @@ class Comparison {
           kept_.textStyle.empty() ? L"Standard" : kept_.textStyle);
     place(L"place", text.at, kept.at);
     size(L"height", text.height, kept.height);
-    angle(L"rotation", text.rotation, kept.rotation);
+    angle(L"rotation", worldRotation(drawn_.geometry, text), worldRotation(kept_.geometry, kept));
     whole(L"fill", static_cast<int>(text.fill), static_cast<int>(kept.fill));
     if (text.fill == TextGeometry::Fill::kOwnColor) whole(L"fill colour", text.fillColor, kept.fillColor);
   }
@@ -172,6 +180,7 @@ std::vector<BlockEntity> blockEntities(const Drawing& drawing, RecordId block) {
     entity.color = static_cast<std::int16_t>(value(Property::kColorIndex, 256));
     entity.lineWeight = static_cast<std::int16_t>(value(Property::kLineWeight, -1));
     entity.transparency = static_cast<std::int32_t>(value(Property::kTransparency, 0));
+    entity.trueColor = drawing.trueColor(id);
     entities.push_back(std::move(entity));
   }
   return entities;

@@ -1,0 +1,178 @@
+#include "embedded/graphics/dimensions/gather.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "base/fold.h"
+#include "embedded/support/arrow_blocks.h"
+
+namespace cad {
+namespace {
+
+using Kind = DimFigure::Kind;
+
+Vec flat(const Point& at) { return {at.x, at.y}; }
+
+bool isAngular(Kind kind) { return kind == Kind::kAngular || kind == Kind::kAngularPoints; }
+
+// Where two lines meet that have no common direction.
+Vec meeting(Vec a, Vec b, Vec c, Vec d) {
+  const Vec along = b - a, other = d - c;
+  const double sine = cross(along, other);
+  return sine == 0 ? b : a + (cross(c - a, other) / sine) * along;
+}
+
+Vec farther(Vec from, Vec a, Vec b) { return distance(from, a) > distance(from, b) ? a : b; }
+
+double angleBetween(Vec vertex, Vec a, Vec b, Vec on) {
+  const double start = angleOf(a - vertex);
+  const double sweep = turn(angleOf(b - vertex) - start);
+  return turn(angleOf(on - vertex) - start) <= sweep ? sweep : 2 * std::numbers::pi - sweep;
+}
+
+void placePoints(const DimensionGeometry& geometry, const Axes& axes, DimFigure& figure) {
+  const auto inPlan = [&](const Point& world) { return flat(axes.own(world)); };
+  figure.kind = geometry.kind;
+  figure.line = inPlan(geometry.line);
+  figure.first = inPlan(geometry.first);
+  figure.second = inPlan(geometry.second);
+  figure.third = inPlan(geometry.third);
+  figure.text = flat(geometry.text);
+  figure.arc = flat(geometry.arc);
+  figure.rotation = geometry.rotation * kRadiansPerDegree;
+  figure.oblique = geometry.oblique * kRadiansPerDegree;
+  figure.textRotation = geometry.textRotation * kRadiansPerDegree;
+  figure.horizontal = geometry.horizontal * kRadiansPerDegree;
+  figure.userText = geometry.userText;
+  figure.alongX = geometry.alongX;
+}
+
+// The block's name as the drawing spells it; empty for the closed filled arrow, also in place of a block that
+// the drawing does not have.
+std::wstring arrowBlock(const Drawing& drawing, const std::wstring& name) {
+  constexpr std::wstring_view kClosedFilled = L"_CLOSEDFILLED";
+  if (name.empty() || base::equalFolded(name, kClosedFilled) ||
+      base::equalFolded(name, kClosedFilled.substr(1)))
+    return {};
+  const RecordId block = support::arrowBlockOfFile(drawing, name);
+  return block == kNoRecord ? std::wstring() : drawing.names().text(drawing.recordName(block));
+}
+
+// Blocks without a line of their own from the point backwards: the dimension line runs through them.
+bool isStroke(std::wstring_view block) {
+  constexpr std::wstring_view kStrokes[] = {L"_ArchTick", L"_Oblique",  L"_None",
+                                            L"_Small",    L"_DotSmall", L"_Integral"};
+  return std::ranges::any_of(kStrokes,
+                             [&](std::wstring_view each) { return base::equalFolded(each, block); });
+}
+
+void chooseArrows(const Drawing& drawing, const DimVariables& variables, DimFigure& figure) {
+  const bool differ = variables.integer(dimRow("DIMSAH")) != 0;
+  // Angles have arrows whatever the size of the ticks.
+  const bool isTick = variables.real(dimRow("DIMTSZ")) > 0 && !isAngular(figure.kind);
+  for (std::size_t end = 0; end < figure.arrows.size(); ++end) {
+    const DimVariableInfo& own = end == 0 ? dimRow("DIMBLK1") : dimRow("DIMBLK2");
+    ArrowHead& arrow = figure.arrows[end];
+    arrow.block = arrowBlock(drawing, variables.text(differ ? own : dimRow("DIMBLK")));
+    arrow.isTick = isTick;
+    arrow.isStroke = isTick || isStroke(arrow.block);
+  }
+}
+
+// The height of the old picture's text to the variable that it was drawn with: what the host took from the
+// place where it was drawn.
+double scaleOfPicture(const std::vector<BlockEntity>& kept, const DimVariables& former) {
+  const double height = former.real(dimRow("DIMTXT"));
+  for (const BlockEntity& entity : kept) {
+    const auto* text = std::get_if<TextGeometry>(&entity.geometry.shape);
+    if (text != nullptr && text->height > 0 && height > 0) return text->height / height;
+  }
+  return 1;
+}
+
+// A negative factor counts in paper space only.
+void settleFactor(const Drawing& drawing, RecordId dimension, DimVariables& variables) {
+  const double factor = variables.real(dimRow("DIMLFAC"));
+  if (factor > 0) return;
+  const RecordId space = drawing.blockOf(dimension);
+  const bool inPaperSpace = drawing.isLayoutSpace(space) && space != drawing.modelSpace();
+  variables.set(dimRow("DIMLFAC"), inPaperSpace && factor != 0 ? -factor : 1.0);
+}
+
+void chooseText(const Drawing& drawing, DimSource& source) {
+  const DimVariables& variables = source.variables;
+  DimFigure& figure = source.figure;
+  RecordId style = drawing.find(Table::kTextStyle, std::wstring_view(variables.text(dimRow("DIMTXSTY"))));
+  if (style == kNoRecord) style = drawing.find(Table::kTextStyle, std::wstring_view(L"Standard"));
+  const std::wstring name =
+      style == kNoRecord ? std::wstring() : drawing.names().text(drawing.recordName(style));
+  source.textStyle = base::equalFolded(name, L"Standard") ? std::wstring() : name;
+  const double fixed = style == kNoRecord ? 0 : drawing.real(style, Property::kFixedHeight).value_or(0);
+  figure.textHeight = fixed > 0 ? fixed : figure.scale * variables.real(dimRow("DIMTXT"));
+  figure.value = std::to_wstring(measured(figure));
+  figure.box = {0.8 * figure.textHeight * static_cast<double>(figure.value.size()), figure.textHeight};
+}
+
+}  // namespace
+
+// --- Variables ---------------------------------------------------------------------------------------------
+
+const DimVariables& DimStyles::ofStyle(const Drawing& drawing, RecordId style) {
+  const EditId edits = style == kNoRecord ? kNoEdit : drawing.record(style).edits;
+  const auto [found, isNew] = kept_.try_emplace(style);
+  if (isNew || found->second.edits != edits) found->second = {edits, DimVariables(drawing, style)};
+  return found->second.variables;
+}
+
+DimVariables DimStyles::valuesOf(const Drawing& drawing, const Record& dimension) {
+  DimVariables values = ofStyle(drawing, drawing.referenceOf(dimension, Property::kDimStyle));
+  values.takeOwn(drawing, dimension);
+  return values;
+}
+
+// --- The figure --------------------------------------------------------------------------------------------
+
+void gather(const Drawing& drawing, RecordId dimension, const Record& former,
+            const std::vector<BlockEntity>& kept, DimStyles& styles, DimSource& source) {
+  const Geometry geometry = drawing.geometry(dimension);
+  source.geometry = std::get<DimensionGeometry>(geometry.shape);
+  source.normal = geometry.normal;
+  source.elevation = source.geometry.text.z;
+  source.variables = styles.valuesOf(drawing, drawing.record(dimension));
+  settleFactor(drawing, dimension, source.variables);
+  DimFigure& figure = source.figure;
+  figure.variables = &source.variables;
+  placePoints(source.geometry, axesOf(source.normal), figure);
+  figure.scale = source.variables.real(dimRow("DIMSCALE"));
+  if (!(figure.scale > 0)) figure.scale = scaleOfPicture(kept, styles.valuesOf(drawing, former));
+  chooseArrows(drawing, source.variables, figure);
+  chooseText(drawing, source);
+}
+
+double measured(const DimFigure& figure) {
+  switch (figure.kind) {
+    case Kind::kRotated:
+      return std::abs(dot(figure.second - figure.first, direction(figure.rotation)));
+    case Kind::kAligned:
+      return distance(figure.first, figure.second);
+    case Kind::kRadial:
+    case Kind::kDiametric:
+      return distance(figure.line, figure.third);
+    case Kind::kOrdinate: {
+      const Vec along = direction(-figure.horizontal);
+      return std::abs(dot(figure.first - figure.line, figure.alongX ? along : leftOf(along)));
+    }
+    case Kind::kAngularPoints:
+      return angleBetween(figure.third, figure.first, figure.second, figure.line);
+    case Kind::kAngular: {
+      const Vec vertex = meeting(figure.first, figure.second, figure.third, figure.line);
+      return angleBetween(vertex, farther(vertex, figure.third, figure.line),
+                          farther(vertex, figure.first, figure.second), figure.arc);
+    }
+    default:
+      return 0;
+  }
+}
+
+}  // namespace cad

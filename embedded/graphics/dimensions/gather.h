@@ -1,0 +1,50 @@
+#pragma once
+// What the picture of a dimension is drawn from, out of its record, its style and its old picture.
+
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+#include "embedded/drawing/drawing.h"
+#include "embedded/graphics/dimensions/figure.h"
+
+namespace cad {
+
+// The values of dimension styles; each is read once for each of its states.
+class DimStyles {
+ public:
+  // Those that hold for a dimension in the state that `dimension` gives.
+  DimVariables valuesOf(const Drawing& drawing, const Record& dimension);
+
+ private:
+  struct Kept {
+    EditId edits = kNoEdit;
+    DimVariables variables;
+  };
+  const DimVariables& ofStyle(const Drawing& drawing, RecordId style);
+
+  std::unordered_map<RecordId, Kept> kept_;
+};
+
+struct DimSource {
+  DimSource() = default;
+  DimSource(const DimSource&) = delete;  // the figure refers to the variables
+  DimSource& operator=(const DimSource&) = delete;
+
+  DimensionGeometry geometry;
+  Point normal{0, 0, 1};
+  double elevation = 0;    // of the picture's plane in the dimension's system
+  DimVariables variables;  // DIMLFAC as it counts in the space of the dimension
+  DimFigure figure;
+  std::wstring textStyle;  // its name as the drawing spells it; empty: Standard
+};
+
+// `former`: the dimension in the state that its old picture, `kept`, was drawn from; it gives the scale of a
+// dimension that has none of its own (DIMSCALE 0).
+void gather(const Drawing& drawing, RecordId dimension, const Record& former,
+            const std::vector<BlockEntity>& kept, DimStyles& styles, DimSource& source);
+
+// The distance or the angle (radians) that is dimensioned: before DIMLFAC and rounding.
+double measured(const DimFigure& figure);
+
+}  // namespace cad

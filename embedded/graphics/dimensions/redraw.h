@@ -1,0 +1,67 @@
+#pragma once
+// Keeps the blocks that show dimensions true to them.
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "base/result.h"
+#include "embedded/graphics/dimensions/compare.h"
+#include "embedded/graphics/dimensions/gather.h"
+
+namespace cad {
+
+// Which entities show a block, whatever it holds: dimensions and references. What is added later is noticed.
+class BlockUses {
+ public:
+  // Whether another entity than this one, not erased, shows the block too.
+  bool isShared(const Drawing& drawing, RecordId block, RecordId user);
+
+ private:
+  std::unordered_map<RecordId, std::vector<RecordId>> users_;
+  std::size_t known_ = 0;  // the records that have been looked at
+};
+
+enum class DimOutcome : std::uint8_t {
+  kDrawn,
+  kSame,  // the block held this picture already
+  // The block is kept:
+  kOtherKind,     // arc length, jogged, one that nobody knows
+  kNoStyle,       // an old file does not tell the style
+  kNoBlock,       // the drawing does not have the block
+  kNothingDrawn,  // the points make no picture
+};
+constexpr bool keepsBlock(DimOutcome outcome) { return outcome > DimOutcome::kSame; }
+
+// Of one drawing, which outlives it.
+class DimRedraw {
+ public:
+  explicit DimRedraw(Drawing& drawing) : drawing_(drawing) {}
+
+  struct Result {
+    DimOutcome outcome = DimOutcome::kDrawn;
+    std::vector<BlockEntity> entities;  // what the block would hold
+  };
+  // The picture of a dimension; nothing is changed. `former`: the dimension in the state that its block was
+  // drawn from.
+  Result picture(RecordId dimension, const Record& former);
+  // Gives the block this picture in one step of undo. A dimension that shares its block gets one of its own.
+  // A failure leaves everything as it was.
+  base::Result<DimOutcome> redraw(RecordId dimension, const Record& former);
+  // The block takes over what it has from the dimension without being drawn anew: what stands on the former
+  // layer moves to the new one, and what has no linetype of its own follows. False: the block is not the
+  // dimension's alone, and stays.
+  base::Result<bool> follow(RecordId dimension, const Record& former);
+
+ private:
+  Result pictureFor(RecordId dimension, const Record& former, const std::vector<BlockEntity>& kept);
+  base::Status write(RecordId dimension, RecordId block, const std::vector<BlockEntity>& entities);
+  base::Status needDefinitionPointLayer(const std::vector<BlockEntity>& entities);
+  base::Status moveContents(RecordId dimension, RecordId block, const Record& former);
+
+  Drawing& drawing_;
+  DimStyles styles_;
+  BlockUses uses_;
+};
+
+}  // namespace cad
