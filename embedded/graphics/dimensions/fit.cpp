@@ -39,8 +39,12 @@ bool isLevel(Vec line, double textRotation) {
 }
 
 TextStand standOn(const Sketch& sketch, Vec line, bool inside, Vec outward) {
+  return standTurned(sketch, line, sketch.textAngle(line, inside), outward);
+}
+
+TextStand standTurned(const Sketch& sketch, Vec line, double rotation, Vec outward) {
   TextStand stand;
-  stand.rotation = sketch.textAngle(line, inside);
+  stand.rotation = rotation;
   stand.up = leftOf(direction(sketch.readableLine(line)));
   const double off = lifted(sketch, line, stand.rotation);
   const auto level = sketch.integer(dimRow("DIMTAD"));
@@ -58,18 +62,20 @@ TextStand standOn(const Sketch& sketch, Vec line, bool inside, Vec outward) {
   return stand;
 }
 
-Vec drawHook(Sketch& sketch, Vec knee, Vec to) {
-  const double width = sketch.figure().box.width;
+Vec hookReach(const Sketch& sketch, Vec to) {
+  const Vec end = (sketch.arrowSize + sketch.gap + sketch.figure().box.width / 2) * to;
   const auto level = sketch.integer(dimRow("DIMTAD"));
-  const Vec middle = knee + (sketch.arrowSize + sketch.gap + width / 2) * to;
-  if (level == kCentred || !sketch.hasText()) {
-    sketch.dimensionLine(knee, knee + sketch.arrowSize * to);
-    return middle;
-  }
-  // Off the line means off the hook, which runs on under the text.
-  sketch.dimensionLine(knee, knee + (sketch.arrowSize + 2 * sketch.gap + width) * to);
+  if (level == kCentred) return end;
   const double off = sketch.gap + sketch.figure().box.height / 2;
-  return middle + (level == kBelow ? -off : off) * leftOf(direction(sketch.horizontal()));
+  return end + (level == kBelow ? -off : off) * leftOf(direction(sketch.readableLine(to)));
+}
+
+Vec drawHook(Sketch& sketch, Vec knee, Vec to) {
+  double size = sketch.arrowSize;
+  // Under a text that is off the line the hook runs on.
+  if (sketch.integer(dimRow("DIMTAD")) != kCentred) size += 2 * sketch.gap + sketch.figure().box.width;
+  sketch.dimensionLine(knee, knee + size * to);
+  return knee + hookReach(sketch, to);
 }
 
 }  // namespace cad

@@ -33,13 +33,16 @@ struct TextStand {
 // `line`: unit vector along the line (the tangent of an arc). `inside`: between the extension lines.
 // `outward`: unit vector away from the defining points.
 TextStand standOn(const Sketch& sketch, Vec line, bool inside, Vec outward);
+// The same with a rotation of the text that is already known.
+TextStand standTurned(const Sketch& sketch, Vec line, double rotation, Vec outward);
 
 // The direction of the text is that of the line, either way round.
 bool isLevel(Vec line, double textRotation);
 
-// A hook at the end of a line: `to` is the horizontal direction in which it leaves the knee. Draws it and
-// says where the text's middle is: beyond its end, or above or below it where DIMTAD takes the text off the
-// line.
+// A hook leaves a line's knee in the direction of its text, `to`, and has the text beyond its end, or above
+// or below it where DIMTAD takes texts off their line. From the knee to the text's middle:
+Vec hookReach(const Sketch& sketch, Vec to);
+// Draws it; returns the text's middle.
 Vec drawHook(Sketch& sketch, Vec knee, Vec to);
 
 }  // namespace cad

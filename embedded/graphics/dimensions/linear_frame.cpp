@@ -1,0 +1,37 @@
+#include "embedded/graphics/dimensions/linear_frame.h"
+
+#include <algorithm>
+
+namespace cad {
+namespace {
+
+constexpr double kSmallestSlope = 1e-9;
+constexpr double kSamePlace = 1e-9;  // of a coordinate, and of a unit near the origin
+
+double nearness(Vec point) { return kSamePlace * std::max({1.0, std::abs(point.x), std::abs(point.y)}); }
+
+}  // namespace
+
+LinearFrame::LinearFrame(const DimFigure& figure) : origins{figure.first, figure.second} {
+  const bool aligned = figure.kind == DimFigure::Kind::kAligned;
+  along = aligned ? unit(figure.second - figure.first) : direction(figure.rotation);
+  const Vec upright = leftOf(along);
+  Vec slope = upright;
+  if (figure.oblique != 0) {
+    const Vec leaning = direction(angleOf(along) + figure.oblique);
+    // Extension lines along the dimension line would never meet it.
+    if (std::abs(dot(leaning, upright)) > kSmallestSlope) slope = leaning;
+  }
+  for (std::size_t i = 0; i < 2; ++i) {
+    // Measured from the point that the dimension line is given by, so that its rounding stays out of it.
+    const double away = dot(figure.line - origins[i], upright) / dot(slope, upright);
+    feet[i] = figure.oblique == 0 ? figure.line + dot(origins[i] - figure.line, along) * along
+                                  : origins[i] + away * slope;
+    onLine[i] = std::abs(away) < nearness(origins[i]);
+    beyond[i] = away < 0 ? -slope : slope;
+  }
+  run = dot(feet[1] - feet[0], along) > 0 ? along : -along;
+  length = distance(feet[0], feet[1]);
+}
+
+}  // namespace cad
