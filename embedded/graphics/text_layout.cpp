@@ -5,6 +5,7 @@
 #include <numbers>
 
 #include "embedded/drawing/plain_text.h"
+#include "embedded/graphics/fonts/full_width.h"
 
 namespace cad {
 namespace {
@@ -16,12 +17,7 @@ constexpr double kHalfWidth = 0.7, kFullWidth = 1.3;  // of a character, by the 
 constexpr double kDescent = 1.0 / 3;                  // below the base line, likewise
 constexpr double kLineStep = 5.0 / 3;                 // from base line to base line, likewise
 
-bool isFullWidth(wchar_t c) {
-  const bool halfWidthKana = c >= 0xFF61 && c <= 0xFFDC;
-  return c >= 0x1100 && !halfWidthKana && !(c >= 0x2000 && c < 0x2E80);
-}
-
-double widthOf(wchar_t c) { return isFullWidth(c) ? kFullWidth : kHalfWidth; }
+double widthOf(wchar_t c) { return isFullWidth(static_cast<char32_t>(c)) ? kFullWidth : kHalfWidth; }
 
 // Broken at line ends, and at blanks or between full-width characters where a line gets wider than
 // `widest` (0: never), by the measure of estimatedWidth.
@@ -35,7 +31,7 @@ std::vector<std::wstring> linesOf(std::wstring_view text, double widest) {
       width = 0, breakAt = 0;
       continue;
     }
-    if (isFullWidth(c)) breakAt = lines.back().size();
+    if (isFullWidth(static_cast<char32_t>(c))) breakAt = lines.back().size();
     if (widest > 0 && width + widthOf(c) > widest && breakAt > 0 && c != L' ') {
       std::wstring rest = lines.back().substr(breakAt);
       lines.back().erase(breakAt);
