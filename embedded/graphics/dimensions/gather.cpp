@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "base/fold.h"
+#include "embedded/graphics/dimensions/measured_arc.h"
 #include "embedded/support/arrow_blocks.h"
 
 namespace cad {
@@ -15,21 +16,6 @@ using Kind = DimFigure::Kind;
 Vec flat(const Point& at) { return {at.x, at.y}; }
 
 bool isAngular(Kind kind) { return kind == Kind::kAngular || kind == Kind::kAngularPoints; }
-
-// Where two lines meet that have no common direction.
-Vec meeting(Vec a, Vec b, Vec c, Vec d) {
-  const Vec along = b - a, other = d - c;
-  const double sine = cross(along, other);
-  return sine == 0 ? b : a + (cross(c - a, other) / sine) * along;
-}
-
-Vec farther(Vec from, Vec a, Vec b) { return distance(from, a) > distance(from, b) ? a : b; }
-
-double angleBetween(Vec vertex, Vec a, Vec b, Vec on) {
-  const double start = angleOf(a - vertex);
-  const double sweep = turn(angleOf(b - vertex) - start);
-  return turn(angleOf(on - vertex) - start) <= sweep ? sweep : 2 * std::numbers::pi - sweep;
-}
 
 void placePoints(const DimensionGeometry& geometry, const Axes& axes, DimFigure& figure) {
   const auto inPlan = [&](const Point& world) { return flat(axes.own(world)); };
@@ -163,12 +149,10 @@ double measured(const DimFigure& figure) {
       const Vec along = direction(-figure.horizontal);
       return std::abs(dot(figure.first - figure.line, figure.alongX ? along : leftOf(along)));
     }
-    case Kind::kAngularPoints:
-      return angleBetween(figure.third, figure.first, figure.second, figure.line);
-    case Kind::kAngular: {
-      const Vec vertex = meeting(figure.first, figure.second, figure.third, figure.line);
-      return angleBetween(vertex, farther(vertex, figure.third, figure.line),
-                          farther(vertex, figure.first, figure.second), figure.arc);
+    case Kind::kAngular:
+    case Kind::kAngularPoints: {
+      const std::optional<MeasuredArc> arc = measuredArc(figure);
+      return arc ? arc->sweep : 0;
     }
     default:
       return 0;

@@ -1,0 +1,48 @@
+#include "tests/embedded/graphics/dimension_fixture.h"
+
+namespace cad {
+namespace {
+
+constexpr const char* kBetweenLines = R"(ext1 513.27241287,8.443237924 528.965659585,3.212155686
+ext2 501.431668929,37.745723455 504.115496014,48.481031798
+line 495.58038334,14.340581101 r33.941171082 345.786232829 71.74257488
+arrow 527.779805462,3.607440393 / 528.882361389,5.889540641 528.08262315,6.123769577
+arrow 503.812326483,47.268353672 / 506.097831901,46.172873825 506.329581829,46.973333952
+text 527.000217858,31.588370182 -61.235596145
+point arc
+point third
+point first
+point second
+point line
+)";
+
+constexpr const char* kByPoints = R"(ext1 456.275404641,8.443237924 472.660009543,2.981702957
+ext2 444.4346607,37.745723455 447.29523696,49.188028497
+line 438.583375111,14.340581101 r34.669926599 345.697465466 71.831342243
+arrow 471.474155421,3.376987664 / 472.578478826,5.658233142 471.77892227,5.893081518
+arrow 446.992067429,47.975350372 / 449.278420765,46.8816413 449.509550554,47.68228071
+text 470.64204095,31.939054011 -61.235596145
+point third
+point first
+point second
+point line
+)";
+
+TEST(AngularDimension, IsDrawnAsTheHostDraws) {
+  Dim lines(DimKind::kAngular);
+  lines.figure.first = lines.figure.third = {495.5803833400654, 14.34058110082563};
+  lines.figure.second = {501.2800841629442, 37.13938439234094};
+  lines.figure.line = {512.6794858087018, 8.640880277946811};
+  lines.figure.arc = {528.6474703372946, 21.99374070687125};
+  Dim points(DimKind::kAngularPoints);
+  points.figure.first = {455.6824775799136, 8.640880277946811};
+  points.figure.second = {444.283075934156, 37.13938439234094};
+  points.figure.third = {438.5833751112772, 14.34058110082563};
+  points.figure.line = {472.3604500468276, 22.15806274137023};
+  lines.figure.box = points.figure.box = {4.90450204638, 2.55286493861};
+  EXPECT_EQ(shown(lines.picture(), true), kBetweenLines);
+  EXPECT_EQ(shown(points.picture(), true), kByPoints);
+}
+
+}  // namespace
+}  // namespace cad
