@@ -31,6 +31,7 @@ Document::Document(std::unique_ptr<Drawing> drawing, std::wstring name, int numb
       name_(std::move(name)),
       number_(number) {
   requireLock(*database_, [this] { return !isHeldForWriting(); });
+  tellRemarks(*database_, remark);
 }
 
 Document::~Document() = default;

@@ -19,9 +19,10 @@ class AcDbDimension : public AcDbEntity {
   Acad::ErrorStatus setDimensionStyle(AcDbObjectId style);
   AcDbObjectId dimBlockId() const;  // the anonymous block that holds the drawn geometry; may be null
 
-  // Keeps the geometry block that the dimension has: this host does not draw dimensions. A program that
-  // shows the drawing rebuilds the block from the dimension's data when it updates the dimension.
-  // eNotOpenForWrite; else eOk.
+  // Draws the dimension's geometry block anew; its name stays, unless others show the block too: then the
+  // dimension gets one of its own. A dimension that cannot be drawn (arc lengths, jogged radii) keeps its
+  // block, which is told on the command line once. close() does the same after other changes of the
+  // dimension. `forceUpdate` is not needed here. eNotOpenForWrite; eWrongDatabase: not the current drawing.
   Acad::ErrorStatus recomputeDimBlock(bool forceUpdate = true);
 
   ACDB_DECLARE_DIM_ROWS(ACDB_LEADER_DIM_VARIABLES)

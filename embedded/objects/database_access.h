@@ -1,6 +1,7 @@
 #pragma once
 // Between the host's own code and the classes that modules see: databases and drawings, ids and records.
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 
@@ -16,6 +17,11 @@ std::unique_ptr<AcDbDatabase> makeDatabase(Drawing& drawing);
 // Nothing of the database opens for writing while `isUnlocked` says so. A database without a document needs
 // no lock.
 void requireLock(AcDbDatabase& database, std::function<bool()> isUnlocked);
+// Where it goes what could not follow a change of an object (the picture of a dimension of a kind that is not
+// drawn).
+void tellRemarks(AcDbDatabase& database, std::function<void(const base::Failure&)> remark);
+// Where the files of fonts lie, by which the texts of dimensions are measured; without it by averages.
+void searchFonts(AcDbDatabase& database, std::function<std::filesystem::path(std::wstring_view file)> find);
 bool needsLock(const AcDbDatabase& database);  // it is not to be written now
 
 Drawing& drawingOf(const AcDbDatabase& database);

@@ -32,7 +32,7 @@ std::int64_t takeSerial() {
 }  // namespace
 
 DatabaseState::DatabaseState(Drawing& source, AcDbDatabase& owner)
-    : drawing(source), database(owner), serial(takeSerial()) {
+    : drawing(source), database(owner), serial(takeSerial()), followers(source) {
   registry()[static_cast<std::size_t>(serial)] = this;
 }
 
@@ -86,6 +86,14 @@ std::unique_ptr<AcDbDatabase> makeDatabase(Drawing& drawing) { return DatabaseAc
 
 void requireLock(AcDbDatabase& database, std::function<bool()> isUnlocked) {
   DatabaseAccess::state(database).isUnlocked = std::move(isUnlocked);
+}
+
+void tellRemarks(AcDbDatabase& database, std::function<void(const base::Failure&)> remark) {
+  DatabaseAccess::state(database).followers.remark = std::move(remark);
+}
+
+void searchFonts(AcDbDatabase& database, std::function<std::filesystem::path(std::wstring_view file)> find) {
+  DatabaseAccess::state(database).followers.findFont = std::move(find);
 }
 
 bool needsLock(const AcDbDatabase& database) { return DatabaseAccess::state(database).needsLock(); }

@@ -61,7 +61,13 @@ Acad::ErrorStatus AcDmUtil::getArrowId(const ACHAR* name, AcDbObjectId& blockId,
   return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbDimension::recomputeDimBlock(bool) { return cad::checkWritable(*this); }
+Acad::ErrorStatus AcDbDimension::recomputeDimBlock(bool) {
+  const Acad::ErrorStatus status = cad::checkWritable(*this);
+  if (status != Acad::eOk) return status;
+  const AcDbDatabase* current = acdbHostApplicationServices()->workingDatabase();
+  if (current && current != database()) return Acad::eWrongDatabase;
+  return cad::ObjectAccess::state(*this)->followers.draw(cad::ObjectAccess::record(*this));
+}
 
 AcDbObjectId AcDbLeader::dimensionStyle() const {
   return cad::readId(*this, Property::kDimStyle, Table::kDimStyle);

@@ -42,7 +42,17 @@ AcDbObject* ObjectAccess::open(DatabaseState& state, RecordId number, bool writi
   object->writing_ = writing;
   state.slot(number) = object;
   ++state.openCount;
+  if (writing) beginWriting(*object);
   return object;
+}
+
+void ObjectAccess::beginWriting(const AcDbObject& object) {
+  if (object.pool_ && object.pool_->hasFollowers) object.state_->followers.opened(object.record_);
+}
+
+void ObjectAccess::endWriting(const AcDbObject& object) {
+  if (object.state_ && object.pool_ && object.pool_->hasFollowers)
+    object.state_->followers.closed(object.record_);
 }
 
 Acad::ErrorStatus ObjectAccess::openAgain(AcDbObject& object, bool writing) {
@@ -148,6 +158,7 @@ Acad::ErrorStatus AcDbObject::close() {
     return Acad::eOk;
   }
   if (state_ && iterators_ > 0) return Acad::eInvalidOpenState;
+  if (writing_) ObjectAccess::endWriting(*this);
   ObjectAccess::release(*this);
   return Acad::eOk;
 }
@@ -160,11 +171,13 @@ Acad::ErrorStatus AcDbObject::upgradeOpen() {
   if (cad::isOnLockedLayer(state_->drawing, record_)) return Acad::eOnLockedLayer;
   writing_ = true;
   readers_ = 0;
+  ObjectAccess::beginWriting(*this);
   return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbObject::downgradeOpen() {
   if (!writing_) return Acad::eWasNotOpenForWrite;
+  ObjectAccess::endWriting(*this);
   writing_ = false;
   readers_ = 1;
   return Acad::eOk;

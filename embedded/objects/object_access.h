@@ -35,6 +35,8 @@ struct ObjectAccess {
   static Acad::ErrorStatus openAgain(AcDbObject& object, bool writing);
   static void adopt(AcDbObject& object, DatabaseState& state, RecordId number);  // a new record, for writing
   static void orphan(AcDbObject& object) { object.state_ = nullptr; }
+  static void beginWriting(const AcDbObject& object);
+  static void endWriting(const AcDbObject& object);
   static void release(AcDbObject& object);
 
   static void bind(AcDbSymbolTableIterator& iterator, AcDbObjectId table) {

@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <unordered_map>
 
 #include "base/codepage.h"
@@ -48,7 +49,9 @@ AcDbObject* makeOther(AcRxClass* type) {
 
 template <class ObjectClass>
 ObjectPool* poolOf() {
-  static auto* pool = new ObjectPool{&makeObject<ObjectClass>, nullptr, {}};
+  constexpr bool kHasFollowers =
+      std::is_same_v<ObjectClass, AcDbDimension> || std::is_same_v<ObjectClass, AcDbLeader>;
+  static auto* pool = new ObjectPool{&makeObject<ObjectClass>, nullptr, {}, kHasFollowers};
   return pool;
 }
 
@@ -93,7 +96,7 @@ ObjectPool& otherPool(PoolsByName& pools, std::string_view typeName, const AcRxC
   const std::wstring name = base::fromUtf8(typeName);
   // Lives as long as the process, like every class.
   auto* type = new AcRxClass(name.c_str(), name.c_str(), parent);
-  auto* pool = new ObjectPool{&makeOther<ObjectClass>, type, {}};
+  auto* pool = new ObjectPool{&makeOther<ObjectClass>, type, {}, false};
   pools.emplace(typeName, pool);
   return *pool;
 }

@@ -13,6 +13,7 @@ struct ObjectPool {
   AcDbObject* (*make)(AcRxClass* type) = nullptr;
   AcRxClass* type = nullptr;  // of classes that stand for many types
   std::vector<AcDbObject*> closed;
+  bool hasFollowers = false;  // see followers.h
 
   AcDbObject* take() {
     if (closed.empty()) return make(type);

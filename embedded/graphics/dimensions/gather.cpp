@@ -6,6 +6,8 @@
 
 #include "base/fold.h"
 #include "embedded/graphics/dimensions/measured_arc.h"
+#include "embedded/graphics/dimensions/text_box.h"
+#include "embedded/graphics/dimensions/value_text.h"
 #include "embedded/support/arrow_blocks.h"
 
 namespace cad {
@@ -77,27 +79,39 @@ double scaleOfPicture(const std::vector<BlockEntity>& kept, const DimVariables& 
   return 1;
 }
 
-// A negative factor counts in paper space only.
-void settleFactor(const Drawing& drawing, RecordId dimension, DimVariables& variables) {
-  const double factor = variables.real(dimRow("DIMLFAC"));
-  if (factor > 0) return;
+bool isInPaperSpace(const Drawing& drawing, RecordId dimension) {
   const RecordId space = drawing.blockOf(dimension);
-  const bool inPaperSpace = drawing.isLayoutSpace(space) && space != drawing.modelSpace();
-  variables.set(dimRow("DIMLFAC"), inPaperSpace && factor != 0 ? -factor : 1.0);
+  return drawing.isLayoutSpace(space) && space != drawing.modelSpace();
 }
 
-void chooseText(const Drawing& drawing, DimSource& source) {
+FontRequest fontOf(const Drawing& drawing, RecordId style) {
+  constexpr std::int64_t kItalic = 1 << 24, kBold = 1 << 25;
+  const auto text = [&](Property property) { return drawing.text(style, property).value_or(std::wstring()); };
+  const std::int64_t flags = drawing.integer(style, Property::kFontFlags).value_or(0);
+  return {text(Property::kFontFile), text(Property::kBigFontFile), text(Property::kTypeface),
+          (flags & kBold) != 0, (flags & kItalic) != 0};
+}
+
+RecordId textStyleOf(const Drawing& drawing, const DimVariables& variables) {
+  const RecordId style =
+      drawing.find(Table::kTextStyle, std::wstring_view(variables.text(dimRow("DIMTXSTY"))));
+  return style != kNoRecord ? style : drawing.find(Table::kTextStyle, std::wstring_view(L"Standard"));
+}
+
+void chooseText(const Drawing& drawing, RecordId dimension, FontCatalogue& fonts, DimSource& source) {
   const DimVariables& variables = source.variables;
   DimFigure& figure = source.figure;
-  RecordId style = drawing.find(Table::kTextStyle, std::wstring_view(variables.text(dimRow("DIMTXSTY"))));
-  if (style == kNoRecord) style = drawing.find(Table::kTextStyle, std::wstring_view(L"Standard"));
-  const std::wstring name =
-      style == kNoRecord ? std::wstring() : drawing.names().text(drawing.recordName(style));
-  source.textStyle = base::equalFolded(name, L"Standard") ? std::wstring() : name;
-  const double fixed = style == kNoRecord ? 0 : drawing.real(style, Property::kFixedHeight).value_or(0);
+  const RecordId style = textStyleOf(drawing, variables);
+  source.textStyle = drawing.names().text(drawing.recordName(style));
+  if (base::equalFolded(source.textStyle, L"Standard")) source.textStyle.clear();
+  // A style's fixed height counts as it is.
+  const double fixed = drawing.real(style, Property::kFixedHeight).value_or(0);
   figure.textHeight = fixed > 0 ? fixed : figure.scale * variables.real(dimRow("DIMTXT"));
-  figure.value = std::to_wstring(measured(figure));
-  figure.box = {0.8 * figure.textHeight * static_cast<double>(figure.value.size()), figure.textHeight};
+  figure.value = dimensionText(figure.kind, measured(figure), source.geometry.contents, variables,
+                               {isInPaperSpace(drawing, dimension), drawing.facts().version});
+  if (figure.value.empty()) return;
+  const double widthFactor = drawing.real(style, Property::kStyleWidthFactor).value_or(1);
+  figure.box = textBox(figure.value, figure.textHeight, widthFactor, *fonts.font(fontOf(drawing, style)));
 }
 
 }  // namespace
@@ -120,20 +134,20 @@ DimVariables DimStyles::valuesOf(const Drawing& drawing, const Record& dimension
 // --- The figure --------------------------------------------------------------------------------------------
 
 void gather(const Drawing& drawing, RecordId dimension, const Record& former,
-            const std::vector<BlockEntity>& kept, DimStyles& styles, DimSource& source) {
+            const std::vector<BlockEntity>& kept, DimStyles& styles, FontCatalogue& fonts,
+            DimSource& source) {
   const Geometry geometry = drawing.geometry(dimension);
   source.geometry = std::get<DimensionGeometry>(geometry.shape);
   source.normal = geometry.normal;
   source.elevation = source.geometry.text.z;
   source.variables = styles.valuesOf(drawing, drawing.record(dimension));
-  settleFactor(drawing, dimension, source.variables);
   DimFigure& figure = source.figure;
   figure.variables = &source.variables;
   placePoints(source.geometry, axesOf(source.normal), figure);
   figure.scale = source.variables.real(dimRow("DIMSCALE"));
   if (!(figure.scale > 0)) figure.scale = scaleOfPicture(kept, styles.valuesOf(drawing, former));
   chooseArrows(drawing, source.variables, figure);
-  chooseText(drawing, source);
+  chooseText(drawing, dimension, fonts, source);
 }
 
 double measured(const DimFigure& figure) {

@@ -7,6 +7,7 @@
 
 #include "embedded/drawing/drawing.h"
 #include "embedded/graphics/dimensions/figure.h"
+#include "embedded/graphics/fonts/font_metrics.h"
 
 namespace cad {
 
@@ -33,8 +34,8 @@ struct DimSource {
 
   DimensionGeometry geometry;
   Point normal{0, 0, 1};
-  double elevation = 0;    // of the picture's plane in the dimension's system
-  DimVariables variables;  // DIMLFAC as it counts in the space of the dimension
+  double elevation = 0;  // of the picture's plane in the dimension's system
+  DimVariables variables;
   DimFigure figure;
   std::wstring textStyle;  // its name as the drawing spells it; empty: Standard
 };
@@ -42,7 +43,7 @@ struct DimSource {
 // `former`: the dimension in the state that its old picture, `kept`, was drawn from; it gives the scale of a
 // dimension that has none of its own (DIMSCALE 0).
 void gather(const Drawing& drawing, RecordId dimension, const Record& former,
-            const std::vector<BlockEntity>& kept, DimStyles& styles, DimSource& source);
+            const std::vector<BlockEntity>& kept, DimStyles& styles, FontCatalogue& fonts, DimSource& source);
 
 // The distance or the angle (radians) that is dimensioned: before DIMLFAC and rounding.
 double measured(const DimFigure& figure);

@@ -94,7 +94,7 @@ DimRedraw::Result DimRedraw::pictureFor(RecordId dimension, const Record& former
   if (isOld && drawing_.reference(dimension, Property::kDimStyle) == kNoRecord)
     return {DimOutcome::kNoStyle, {}};
   DimSource source;
-  gather(drawing_, dimension, former, kept, styles_, source);
+  gather(drawing_, dimension, former, kept, styles_, fonts_, source);
   if (!isDrawn(source.geometry.kind)) return {DimOutcome::kOtherKind, {}};
   const DimPicture picture = drawDimension(source.figure);
   if (picture.empty() || !reachOf(picture).isFinite) return {DimOutcome::kNothingDrawn, {}};

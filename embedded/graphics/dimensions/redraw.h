@@ -36,7 +36,8 @@ constexpr bool keepsBlock(DimOutcome outcome) { return outcome > DimOutcome::kSa
 // Of one drawing, which outlives it.
 class DimRedraw {
  public:
-  explicit DimRedraw(Drawing& drawing) : drawing_(drawing) {}
+  DimRedraw(Drawing& drawing, FontCatalogue::Find findFont)
+      : drawing_(drawing), fonts_(std::move(findFont)) {}
 
   struct Result {
     DimOutcome outcome = DimOutcome::kDrawn;
@@ -61,6 +62,7 @@ class DimRedraw {
 
   Drawing& drawing_;
   DimStyles styles_;
+  FontCatalogue fonts_;
   BlockUses uses_;
 };
 

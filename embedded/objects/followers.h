@@ -1,0 +1,49 @@
+#pragma once
+// What hangs on dimensions and leaders follows them: the block that shows a dimension, the hook of a leader.
+
+#include <functional>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "acadstrc.h"
+#include "embedded/graphics/dimensions/redraw.h"
+
+namespace cad {
+
+class Followers {
+ public:
+  // The drawing must outlive it.
+  explicit Followers(Drawing& drawing)
+      : drawing_(drawing), redraw_(drawing, [this](std::wstring_view file) {
+          return findFont ? findFont(file) : std::filesystem::path();
+        }) {}
+  Followers(const Followers&) = delete;
+  Followers& operator=(const Followers&) = delete;
+
+  // Told what could not follow; each dimension is named once.
+  std::function<void(const base::Failure&)> remark;
+  FontCatalogue::Find findFont;  // without it texts have average widths
+
+  // A dimension or leader is open for writing from now on.
+  void opened(RecordId object);
+  // It is not any more: what it was changed in since then, or since it was drawn, takes effect.
+  void closed(RecordId object);
+  // Draws a dimension that is open for writing, whatever was changed. A dimension that cannot be drawn keeps
+  // its block, and is told.
+  Acad::ErrorStatus draw(RecordId dimension);
+
+ private:
+  Record stateAtLast(RecordId object) const;
+  bool looksOtherwise(RecordId dimension, const Record& former) const;
+  Acad::ErrorStatus draw(RecordId dimension, const Record& former);
+  void follow(RecordId dimension, const Record& former);
+  void tellKept(RecordId dimension, DimOutcome outcome);
+  void tell(RecordId dimension, const std::wstring& reason);
+
+  Drawing& drawing_;
+  DimRedraw redraw_;
+  std::unordered_map<RecordId, EditId> states_;  // of open objects: when they were opened or drawn
+  std::unordered_set<RecordId> told_;
+};
+
+}  // namespace cad
