@@ -8,7 +8,9 @@ namespace {
 class LinearDimension {
  public:
   explicit LinearDimension(const DimFigure& figure)
-      : sketch_(figure), frame_(figure), text_(standLinearText(sketch_, frame_)) {}
+      : sketch_(figure), frame_(figure), text_(standLinearText(sketch_, frame_)) {
+    if (!text_.fit.textInside) last_ = sideOutside(sketch_, text_);
+  }
   DimPicture draw();
 
  private:
@@ -16,6 +18,9 @@ class LinearDimension {
   Vec foot(int side) const { return frame_.feet[static_cast<std::size_t>(side) - 1]; }
   Vec outOf(int side) const { return side == 1 ? -frame_.run : frame_.run; }
   bool wanted(int side) const { return !sketch_.on(side == 1 ? dimRow("DIMSD1") : dimRow("DIMSD2")); }
+
+  // Outside, the side with the text comes last.
+  bool isTurned() const { return !text_.fit.arrowsInside && last_ == 1; }
 
   void extensionLine(int side);
   double lineEnd(int side) const;
@@ -25,11 +30,13 @@ class LinearDimension {
   void lineToText(int side);
   void besideText(int side);
   void hookedText(int side);
+  void drawOutside();
   void arrow(int side);
 
   Sketch sketch_;
   LinearFrame frame_;
   LinearText text_;
+  int last_ = 2;  // the side of a text that is outside
 };
 
 void LinearDimension::extensionLine(int side) {
@@ -60,7 +67,7 @@ void LinearDimension::piece(double from, double to) { sketch_.dimensionLine(fram
 void LinearDimension::innerLine(double from, double to) {
   const bool inside = text_.fit.textInside && sketch_.hasText() && text_.overExtension == 0;
   if (!text_.breaksLine && wanted(1) && wanted(2)) {
-    if (from < to) piece(from, to);
+    if (from < to) piece(isTurned() ? to : from, isTurned() ? from : to);
     return;
   }
   const double middle = inside ? text_.place : frame_.length / 2;
@@ -78,7 +85,7 @@ void LinearDimension::outerLine(int side, double to) {
 }
 
 void LinearDimension::lineToText(int side) {
-  text_.stand = standOn(sketch_, frame_.run, false, frame_.outward());
+  text_.stand = standOn(sketch_, frame_.run, false, frame_.outward);
   const double rotation = text_.stand.rotation;
   const bool turned = sketch_.figure().textRotation != 0;
   if (turned || isLevel(frame_.run, rotation)) {
@@ -115,6 +122,18 @@ void LinearDimension::hookedText(int side) {
   }
 }
 
+void LinearDimension::drawOutside() {
+  const int first = 3 - last_;
+  const auto stub = [&](int side) { outerLine(side, sketch_.cut(side) + sketch_.arrowSize); };
+  stub(first);
+  if (text_.fit.textInside) {
+    stub(last_);
+  } else {
+    lineToText(last_);
+  }
+  if (sketch_.on(dimRow("DIMTOFL"))) innerLine(0, frame_.length);
+}
+
 void LinearDimension::arrow(int side) {
   if (!wanted(side) || text_.fit.arrowsDropped) return;
   const Vec points = text_.fit.arrowsInside ? outOf(side) : -outOf(side);
@@ -124,24 +143,18 @@ void LinearDimension::arrow(int side) {
 DimPicture LinearDimension::draw() {
   extensionLine(1);
   extensionLine(2);
-  // The text's side comes last.
-  const int last = text_.fit.textInside ? 2 : sideOutside(sketch_, text_);
-  const int first = 3 - last;
-  if (text_.fit.arrowsInside) innerLine(lineEnd(1), lineEnd(2));
-  if (!text_.fit.arrowsInside) outerLine(first, sketch_.cut(first) + sketch_.arrowSize);
-  if (!text_.fit.textInside) {
-    lineToText(last);
-  } else if (!text_.fit.arrowsInside) {
-    outerLine(last, sketch_.cut(last) + sketch_.arrowSize);
+  if (text_.fit.arrowsInside) {
+    innerLine(lineEnd(1), lineEnd(2));
+    if (!text_.fit.textInside) lineToText(last_);
+  } else {
+    drawOutside();
   }
-  if (!text_.fit.arrowsInside && sketch_.on(dimRow("DIMTOFL"))) innerLine(0, frame_.length);
   if (text_.leader) {
     sketch_.dimensionLine(frame_.at(frame_.length / 2), text_.leader->knee);
     drawHook(sketch_, text_.leader->knee, text_.leader->to);
   }
-  const bool swapped = !text_.fit.arrowsInside && first == 2;
-  arrow(swapped ? 2 : 1);
-  arrow(swapped ? 1 : 2);
+  arrow(isTurned() ? 2 : 1);
+  arrow(isTurned() ? 1 : 2);
   sketch_.text(text_.middle, text_.stand.rotation);
   for (const DimPoint point : {DimPoint::kFirst, DimPoint::kSecond, DimPoint::kLine}) sketch_.point(point);
   return sketch_.take();

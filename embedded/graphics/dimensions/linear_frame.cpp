@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "embedded/graphics/dimensions/sketch.h"
+
 namespace cad {
 namespace {
 
@@ -28,10 +30,12 @@ LinearFrame::LinearFrame(const DimFigure& figure) : origins{figure.first, figure
     feet[i] = figure.oblique == 0 ? figure.line + dot(origins[i] - figure.line, along) * along
                                   : origins[i] + away * slope;
     onLine[i] = std::abs(away) < nearness(origins[i]);
-    beyond[i] = away < 0 ? -slope : slope;
+    beyond[i] = away < 0 && !onLine[i] ? -slope : slope;
   }
   run = dot(feet[1] - feet[0], along) > 0 ? along : -along;
   length = distance(feet[0], feet[1]);
+  // Of points on the dimension line itself: what is above it.
+  outward = onLine[0] && onLine[1] ? leftOf(direction(readable(angleOf(along)))) : beyond[onLine[0] ? 1 : 0];
 }
 
 }  // namespace cad

@@ -16,12 +16,11 @@ struct LinearFrame {
   std::array<Vec, 2> beyond;
   std::array<bool, 2> onLine{};  // the origin is its own foot
   double length = 0;             // between the feet
+  Vec outward;                   // unit vector: away from what is dimensioned
 
   explicit LinearFrame(const DimFigure& figure);
   Vec at(double place) const { return feet[0] + place * run; }  // from the first foot
   double placeOf(Vec point) const { return dot(point - feet[0], run); }
-  // Away from what is dimensioned.
-  Vec outward() const { return beyond[onLine[0] ? 1 : 0]; }
 };
 
 }  // namespace cad

@@ -23,7 +23,8 @@ void standOverExtension(const Sketch& sketch, const LinearFrame& frame, LinearTe
   const Vec beyond = frame.beyond[side];
   const double width = sketch.figure().box.width;
   text.fit.textInside = true;
-  text.stand = standTurned(sketch, beyond, sketch.readableLine(beyond), -frame.run);
+  const Vec out = side == 0 ? -frame.run : frame.run;
+  text.stand = standTurned(sketch, beyond, sketch.readableLine(beyond), out);
   double start = sketch.gap;
   if (text.stand.breaksLine) {
     start += sketch.extension;
@@ -58,12 +59,18 @@ void standCrowdedOut(const Sketch& sketch, const LinearFrame& frame, LinearText&
     text.middle = frame.at(text.place) + std::copysign(off, text.stand.lift) * text.stand.up;
     return;
   }
-  text.stand = standOn(sketch, frame.run, false, frame.outward());
+  text.stand = standOn(sketch, frame.run, false, frame.outward);
   const Vec reading = direction(text.stand.rotation);
   const Vec to = sketch.integer(dimRow("DIMJUST")) == kAtFirst ? -reading : reading;
-  const Vec knee = frame.at(frame.length / 2) + 2 * sketch.arrowSize * (frame.outward() + to);
+  const Vec knee = frame.at(frame.length / 2) + 2 * sketch.arrowSize * (frame.outward + to);
   text.middle = knee + hookReach(sketch, to);
   text.leader = LinearText::Leader{knee, to};
+}
+
+// The record's place of a text that keeps its place along the line is on the line itself.
+bool leavesLine(const DimFigure& figure, const LinearFrame& frame) {
+  constexpr double kOnLine = 1e-6;  // of the text's height
+  return std::abs(cross(frame.run, figure.text - frame.feet[0])) > kOnLine * figure.textHeight;
 }
 
 TextWish wishOf(const DimFigure& figure, bool moved, double place, double length) {
@@ -77,9 +84,9 @@ LinearText standLinearText(const Sketch& sketch, const LinearFrame& frame) {
   const DimFigure& figure = sketch.figure();
   const auto justify = sketch.integer(dimRow("DIMJUST"));
   const bool follows = sketch.integer(dimRow("DIMTMOVE")) == kLineFollows;
-  const bool moved = figure.userText && !follows;
+  const bool moved = figure.userText && !follows && leavesLine(figure, frame);
   LinearText text;
-  text.stand = standOn(sketch, frame.run, true, frame.outward());
+  text.stand = standOn(sketch, frame.run, true, frame.outward);
   const double half = sketch.halfAlong(frame.run, text.stand.rotation);
   text.place = figure.userText ? frame.placeOf(figure.text) : defaultPlace(sketch, frame, half);
   if (sketch.hasText() && !figure.userText && justify >= kOverFirst) {

@@ -79,6 +79,7 @@ void Sketch::centreLine(Vec from, Vec to) {
 }
 
 void Sketch::arrow(int end, Vec tip, Vec points, Vec left) {
+  if (arrowSize == 0) return;
   const ArrowHead& arrow = head(end);
   if (arrow.isTick) {
     const Vec half = (arrowSize / 2) * direction(angleOf(points) + std::numbers::pi / 4);
