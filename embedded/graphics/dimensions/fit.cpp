@@ -55,7 +55,8 @@ TextStand standTurned(const Sketch& sketch, Vec line, double rotation, Vec outwa
   } else if (level == kFarSide) {
     stand.lift = dot(outward, stand.up) < -kParallel ? -off : off;
     stand.breaksLine = false;
-  } else if (isLevel(line, stand.rotation)) {  // text across the line stands on it, whatever is asked for
+  } else if (isLevel(line, stand.rotation) || sketch.figure().textRotation != 0) {
+    // A text that is only made horizontal stands on a sloping line, whatever is asked for.
     stand.lift = level == kBelow ? -off : off;
     stand.breaksLine = false;
   }

@@ -17,6 +17,7 @@ class LinearDimension {
   // An end of the dimension line: 1 or 2.
   Vec foot(int side) const { return frame_.feet[static_cast<std::size_t>(side) - 1]; }
   Vec outOf(int side) const { return side == 1 ? -frame_.run : frame_.run; }
+  const DimFigure& figure() const { return sketch_.figure(); }
   bool wanted(int side) const { return !sketch_.on(side == 1 ? dimRow("DIMSD1") : dimRow("DIMSD2")); }
 
   // Outside, the side with the text comes last.
@@ -45,7 +46,7 @@ void LinearDimension::extensionLine(int side) {
   const Vec away = frame_.beyond[i];
   Vec from = frame_.origins[i] + sketch_.offset * away;
   if (sketch_.on(dimRow("DIMFXLON"))) {  // the offset is the least distance, then
-    const Vec fixed = frame_.feet[i] - sketch_.figure().scale * sketch_.real(dimRow("DIMFXL")) * away;
+    const Vec fixed = frame_.feet[i] - figure().scale * sketch_.real(dimRow("DIMFXL")) * away;
     if (dot(fixed - from, away) > 0) from = fixed;
   }
   const double past = text_.overExtension == side ? text_.extensionBeyond : 0;
@@ -87,7 +88,7 @@ void LinearDimension::outerLine(int side, double to) {
 void LinearDimension::lineToText(int side) {
   text_.stand = standOn(sketch_, frame_.run, false, frame_.outward);
   const double rotation = text_.stand.rotation;
-  const bool turned = sketch_.figure().textRotation != 0;
+  const bool turned = figure().textRotation != 0;
   if (turned || isLevel(frame_.run, rotation)) {
     besideText(side);
   } else {
@@ -95,25 +96,27 @@ void LinearDimension::lineToText(int side) {
   }
 }
 
+// A person's place never brings a text nearer to the extension line than it would be without.
 void LinearDimension::besideText(int side) {
   const Vec out = outOf(side);
   const double half = sketch_.halfAlong(out, text_.stand.rotation);
-  const double middle =
-      sketch_.figure().userText ? dot(sketch_.figure().text - foot(side), out) : 2 * sketch_.arrowSize + half;
+  double middle = 2 * sketch_.arrowSize + half;
+  if (figure().userText) middle = std::max(middle, dot(figure().text - foot(side), out));
   outerLine(side, text_.stand.breaksLine ? middle - half : middle + half);
   text_.middle = foot(side) + middle * out + text_.stand.lift * text_.stand.up;
 }
 
 // The text is level and the line is not: the line ends at the text's height.
 void LinearDimension::hookedText(int side) {
-  const Vec out = outOf(side), right = direction(text_.stand.rotation);
-  const DimFigure& figure = sketch_.figure();
-  const double reach = figure.userText ? std::abs(cross(right, figure.text - foot(side)) / cross(right, out))
-                                       : 2 * sketch_.arrowSize;
-  const Vec knee = foot(side) + reach * out;
   constexpr double kUpright = 1e-9;  // a text at a line straight up or down goes to the left
-  const double towards = figure.userText ? dot(figure.text - knee, right) : dot(out, right);
-  const Vec to = towards > (figure.userText ? 0 : kUpright) ? right : -right;
+  const Vec out = outOf(side), right = direction(text_.stand.rotation);
+  double reach = 2 * sketch_.arrowSize;
+  if (figure().userText) {
+    reach = std::max(reach, cross(right, figure().text - foot(side)) / cross(right, out));
+  }
+  const Vec knee = foot(side) + reach * out;
+  const bool toRight = figure().userText ? dot(figure().text - knee, right) > 0 : dot(out, right) > kUpright;
+  const Vec to = toRight ? right : -right;
   outerLine(side, reach);
   if (wanted(side) && !text_.fit.arrowsDropped) {
     text_.middle = drawHook(sketch_, knee, to);

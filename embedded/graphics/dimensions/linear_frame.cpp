@@ -32,7 +32,7 @@ LinearFrame::LinearFrame(const DimFigure& figure) : origins{figure.first, figure
     onLine[i] = std::abs(away) < nearness(origins[i]);
     beyond[i] = away < 0 && !onLine[i] ? -slope : slope;
   }
-  run = dot(feet[1] - feet[0], along) > 0 ? along : -along;
+  run = dot(feet[1] - feet[0], along) >= 0 ? along : -along;
   length = distance(feet[0], feet[1]);
   // Of points on the dimension line itself: what is above it.
   outward = onLine[0] && onLine[1] ? leftOf(direction(readable(angleOf(along)))) : beyond[onLine[0] ? 1 : 0];

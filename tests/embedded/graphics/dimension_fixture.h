@@ -107,31 +107,45 @@ inline std::string shown(const DimPart& part) {
   return roleName(part.role) + " " + std::visit(Show{}, part.shape);
 }
 
+inline bool isDrawn(const DimPart& part) { return part.role != DimPart::Role::kDefinitionPoint; }
+
 // One part a line; the definition points, which follow from the kind, only when they are asked for.
 inline std::string shown(const DimPicture& picture, bool withPoints = false) {
   std::string text;
   for (const DimPart& part : picture) {
-    if (part.role != DimPart::Role::kDefinitionPoint || withPoints) text.append(shown(part)).append("\n");
+    if (withPoints || isDrawn(part)) text.append(shown(part)).append("\n");
+  }
+  return text;
+}
+
+// The parts that `wanted` has chosen, with a semicolon and a blank between.
+template <typename Wanted>
+std::string joined(const DimPicture& picture, Wanted wanted) {
+  std::string text;
+  for (const DimPart& part : picture) {
+    if (wanted(part)) text.append(text.empty() ? "" : "; ").append(shown(part));
   }
   return text;
 }
 
 // The names of the roles whose parts are not the same in both, each once: "line text".
 inline std::string rolesThatDiffer(const DimPicture& before, const DimPicture& after) {
-  const auto ofRole = [](const DimPicture& picture, DimPart::Role role) {
-    std::string text;
-    for (const DimPart& part : picture) {
-      if (part.role == role) text.append(shown(part)).append("\n");
-    }
-    return text;
-  };
   std::string roles;
   for (int i = 0; i <= static_cast<int>(DimPart::Role::kDefinitionPoint); ++i) {
     const auto role = static_cast<DimPart::Role>(i);
-    if (ofRole(before, role) != ofRole(after, role))
+    const auto ofRole = [&](const DimPart& part) { return part.role == role; };
+    if (joined(before, ofRole) != joined(after, ofRole))
       roles.append(roles.empty() ? "" : " ").append(roleName(role));
   }
   return roles;
+}
+
+// The parts that the other picture does not have.
+inline std::string newParts(const DimPicture& picture, const DimPicture& other) {
+  const std::string known = joined(other, isDrawn) + ";";
+  return joined(picture, [&](const DimPart& part) {
+    return isDrawn(part) && known.find(shown(part) + ";") == std::string::npos;
+  });
 }
 
 // Every number of the picture is one.
