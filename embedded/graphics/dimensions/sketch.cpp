@@ -82,7 +82,8 @@ void Sketch::arrow(int end, Vec tip, Vec points, Vec left) {
   if (arrowSize == 0) return;
   const ArrowHead& arrow = head(end);
   if (arrow.isTick) {
-    const Vec half = (arrowSize / 2) * direction(angleOf(points) + std::numbers::pi / 4);
+    // As the host's block of oblique strokes has it: half the size along the line, and half to its side.
+    const Vec half = (arrowSize / 2) * (points + leftOf(points));
     parts_.push_back({DimPart::Role::kArrow, PlaneLine{tip - half, tip + half}});
   } else if (!arrow.block.empty()) {
     parts_.push_back({DimPart::Role::kArrow, PlaneArrow{arrow.block, tip, arrowSize, turn(angleOf(points))}});

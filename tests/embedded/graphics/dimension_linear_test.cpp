@@ -176,7 +176,10 @@ TEST(DimensionLinear, FollowsTheRecord) {
   empty.figure.value.clear();
   Dim mixed = across(40, {{"DIMDLE", 2}});
   mixed.figure.arrows = {ArrowHead{L"_ArchTick", false, true}, ArrowHead{L"_Dot", false, false}};
+  Dim ticks = across(40, {{"DIMTSZ", 2}, {"DIMDLE", 1}});
+  ticks.heads({L"", true, true});
   expectAll({
+      {"ticks", ticks, "line -1,10 41,10; arrow 2,12 -2,8; arrow 38,8 42,12"},
       {"leaning extension lines", leaning,
        "ext1 0.441941738,0.441941738 10.883883476,10.883883476; ext2 40.441941738,0.441941738 "
        "50.883883476,10.883883476; line 12.5,10 47.5,10; arrow 10,10 / 12.5,10.416666667 12.5,9.583333333; "
