@@ -79,6 +79,28 @@ constexpr FontFile kFontFiles[] = {
     {L"Malgun Gothic", L"malgun.ttf"},
 };
 
+struct StyledFiles {
+  const wchar_t *regular, *bold, *italic, *both;
+};
+
+constexpr StyledFiles kStyledFiles[] = {
+    {L"arial.ttf", L"arialbd.ttf", L"ariali.ttf", L"arialbi.ttf"},
+    {L"arialn.ttf", L"arialnb.ttf", L"arialni.ttf", L"arialnbi.ttf"},
+    {L"calibri.ttf", L"calibrib.ttf", L"calibrii.ttf", L"calibriz.ttf"},
+    {L"cambria.ttc", L"cambriab.ttf", L"cambriai.ttf", L"cambriaz.ttf"},
+    {L"consola.ttf", L"consolab.ttf", L"consolai.ttf", L"consolaz.ttf"},
+    {L"cour.ttf", L"courbd.ttf", L"couri.ttf", L"courbi.ttf"},
+    {L"georgia.ttf", L"georgiab.ttf", L"georgiai.ttf", L"georgiaz.ttf"},
+    {L"segoeui.ttf", L"segoeuib.ttf", L"segoeuii.ttf", L"segoeuiz.ttf"},
+    {L"tahoma.ttf", L"tahomabd.ttf", L"tahoma.ttf", L"tahomabd.ttf"},
+    {L"times.ttf", L"timesbd.ttf", L"timesi.ttf", L"timesbi.ttf"},
+    {L"trebuc.ttf", L"trebucbd.ttf", L"trebucit.ttf", L"trebucbi.ttf"},
+    {L"verdana.ttf", L"verdanab.ttf", L"verdanai.ttf", L"verdanaz.ttf"},
+    {L"meiryo.ttc", L"meiryob.ttc", L"meiryo.ttc", L"meiryob.ttc"},
+    {L"YuGothR.ttc", L"YuGothB.ttc", L"YuGothR.ttc", L"YuGothB.ttc"},
+    {L"BIZ-UDGothicR.ttc", L"BIZ-UDGothicB.ttc", L"BIZ-UDGothicR.ttc", L"BIZ-UDGothicB.ttc"},
+};
+
 // Full-width letters, digits and blanks count as their narrow forms: "ＭＳ ゴシック" is "MS ゴシック".
 std::wstring folded(std::wstring_view typeface) {
   constexpr wchar_t kFirstWide = 0xFF01, kLastWide = 0xFF5E, kWideBlank = 0x3000;
@@ -99,6 +121,15 @@ std::wstring_view fontFileOf(std::wstring_view typeface) {
   for (const FontFile& each : kFontFiles)
     if (base::upper(each.typeface) == wanted) return each.file;
   return {};
+}
+
+std::wstring styledFontFile(std::wstring_view regular, bool bold, bool italic) {
+  for (const StyledFiles& each : kStyledFiles) {
+    if (!base::equalFolded(each.regular, regular)) continue;
+    if (bold && italic) return each.both;
+    return bold ? each.bold : italic ? each.italic : each.regular;
+  }
+  return std::wstring(regular);
 }
 
 }  // namespace cad::support

@@ -35,9 +35,9 @@ const FontMetrics& shapeAverages();
 
 // What a text style says of its font.
 struct FontRequest {
-  std::wstring file;      // "arial.ttf", "romans"; a name without extension is a file of shapes
-  std::wstring bigFile;   // of full-width characters beside a file of shapes; empty: none
-  std::wstring typeface;  // "Arial"; empty: the file tells
+  std::wstring file = {};      // "arial.ttf", "romans"; a name without extension is a file of shapes
+  std::wstring bigFile = {};   // of full-width characters beside a file of shapes; empty: none
+  std::wstring typeface = {};  // "Arial"; empty: the file tells
   bool bold = false, italic = false;
 };
 
