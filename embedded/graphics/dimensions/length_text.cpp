@@ -121,15 +121,15 @@ std::wstring fractional(double value, const LengthForm& form) {
 }
 
 std::wstring unsignedLength(double value, const LengthForm& form) {
-  if (value >= kMostCounted) return scientific(value, form.decimals);  // too long to be counted in parts
+  const bool uncounted = value >= kMostCounted;  // too long to be counted in parts of an inch
   switch (form.unit) {
     case LengthUnit::kScientific:
       return scientific(value, form.decimals);
     case LengthUnit::kEngineering:
-      return engineering(value, form);
+      return uncounted ? scientific(value, form.decimals) : engineering(value, form);
     case LengthUnit::kArchitectural:
     case LengthUnit::kFractional:
-      return fractional(value, form);
+      return uncounted ? scientific(value, form.decimals) : fractional(value, form);
     case LengthUnit::kDesktop:
       return desktop(value, form.decimals);
     default:
