@@ -56,7 +56,7 @@ void AngularDimension::piece(double from, double to) {
 // In two pieces where the text breaks it; without one of them where that is suppressed, and then a whole arc
 // ends at the text's middle.
 void AngularDimension::innerArc(double from, double to) {
-  const bool breaks = text_.breaksArc && text_.fit.textInside;
+  const bool breaks = text_.breaksArc;
   if (!breaks && wanted(1) && wanted(2)) return piece(from, to);
   const double middle = text_.fit.textInside && !text_.leader ? text_.place : arc_.middle();
   const double below = breaks ? edgeOfText(sketch_, arc_, text_, -1) : middle;
@@ -91,10 +91,7 @@ DimPicture AngularDimension::draw() {
   outerArc(first);
   outerArc(last);
   if (!fit.arrowsInside && sketch_.on(dimRow("DIMTOFL"))) innerArc(arc_.start, arc_.end());
-  if (text_.leader) {
-    sketch_.dimensionLine(arc_.at(arc_.middle()), text_.leader->knee);
-    drawHook(sketch_, text_.leader->knee, text_.leader->to);
-  }
+  if (text_.leader) drawLeader(sketch_, *text_.leader);
   const bool swapped = !fit.arrowsInside && first == 2;
   arrow(swapped ? 2 : 1);
   arrow(swapped ? 1 : 2);

@@ -11,6 +11,14 @@ constexpr double kQuarter = std::numbers::pi / 2;
 enum Justify : std::int64_t { kCentre, kAtFirst, kAtSecond, kOverFirst, kOverSecond };  // DIMJUST
 enum Movement : std::int64_t { kLineFollows, kWithLeader, kFree };                      // DIMTMOVE
 
+// Whether the arc runs through the text's box with its gaps at an angle.
+bool covers(const Sketch& sketch, const MeasuredArc& arc, const AngularText& text, double angle) {
+  const TextBox& box = sketch.figure().box;
+  const Vec along = direction(text.rotation), off = arc.at(angle) - text.middle;
+  return std::abs(dot(off, along)) <= box.width / 2 + sketch.gap &&
+         std::abs(cross(along, off)) <= box.height / 2 + sketch.gap;
+}
+
 class Placing {
  public:
   Placing(const Sketch& sketch, const MeasuredArc& arc)
@@ -24,6 +32,7 @@ class Placing {
   Vec outwards(double angle) const;
 
   double defaultPlace() const;
+  bool isMoved() const;
   TextWish wish() const;
   void standAt(double angle, bool inside);
   void standOver(int end);
@@ -53,9 +62,16 @@ double Placing::defaultPlace() const {
   return justify() == kAtFirst ? arc_.start + next : arc_.end() - next;
 }
 
+// The record's place of a text that keeps its place along the arc is on the arc itself.
+bool Placing::isMoved() const {
+  constexpr double kOnArc = 1e-6;  // of the text's height
+  if (!figure_.userText || movement() == kLineFollows) return false;
+  return std::abs(distance(figure_.text, arc_.vertex) - arc_.radius) > kOnArc * figure_.textHeight;
+}
+
 TextWish Placing::wish() const {
   if (!figure_.userText) return TextWish::kByRules;
-  return movement() == kLineFollows && arc_.holds(text_.place) ? TextWish::kInside : TextWish::kOutside;
+  return !isMoved() && arc_.holds(text_.place) ? TextWish::kInside : TextWish::kOutside;
 }
 
 void Placing::standAt(double angle, bool inside) {
@@ -89,14 +105,11 @@ void Placing::standMoved() {
   const double taken = sketch_.halfAcross(arc_.tangent(text_.place), text_.rotation) + sketch_.gap;
   const double off = std::abs(distance(figure_.text, arc_.vertex) - arc_.radius);
   text_.middle = figure_.text;
-  text_.breaksArc = arc_.holds(text_.place) && stand_.breaksLine;
+  text_.breaksArc = arc_.holds(text_.place) && stand_.breaksLine && off < taken;
   const double half = arc_.over(this->half());
   const bool isBeside = text_.place < arc_.start - half || text_.place > arc_.end() + half;
   if (movement() != kWithLeader || (!isBeside && off <= taken + sketch_.arrowSize)) return;
-  const Vec reading = direction(text_.rotation);
-  const bool onRight = dot(text_.middle - arc_.at(arc_.middle()), reading) >= 0;
-  const Vec to = onRight ? reading : -reading;
-  text_.leader = AngularText::Leader{text_.middle - hookReach(sketch_, to), to};
+  text_.leader = leaderTo(sketch_, arc_.at(arc_.middle()), text_.middle, text_.rotation);
 }
 
 // A text that finds no room leaves the arc where it is: it stands over it, or beside it on a leader.
@@ -107,14 +120,10 @@ void Placing::standCrowdedOut() {
     text_.middle = arc_.at(text_.place) + std::copysign(off, stand_.lift) * stand_.up;
     return;
   }
-  const Vec out = outwards(arc_.middle());
   standAt(arc_.middle(), false);
   text_.breaksArc = false;
-  const Vec reading = direction(text_.rotation);
-  const Vec to = justify() == kAtFirst ? -reading : reading;
-  const Vec knee = arc_.at(arc_.middle()) + 2 * sketch_.arrowSize * (out + to);
-  text_.middle = knee + hookReach(sketch_, to);
-  text_.leader = AngularText::Leader{knee, to};
+  text_.leader = leaderAside(sketch_, arc_.at(arc_.middle()), outwards(arc_.middle()), text_.rotation);
+  text_.middle = text_.leader->knee + hookReach(sketch_, text_.leader->to);
 }
 
 // The arc goes on to the text: on the user's side, else beyond its second end.
@@ -122,9 +131,8 @@ void Placing::standOutside() {
   if (figure_.userText) {
     const int way = text_.place < arc_.start ? -1 : 1;
     standAt(text_.place, false);
-    text_.reach =
-        text_.breaksArc ? edgeOfText(sketch_, arc_, text_, -way) : text_.place + way * arc_.over(half());
-    text_.breaksArc = false;
+    text_.reach = text_.breaksArc ? edgeOfText(sketch_, arc_, text_, -way)
+                                  : text_.place + way * std::min(kQuarter, arc_.over(half()));
     return;
   }
   const int way = justify() == kAtFirst ? -1 : 1;
@@ -132,14 +140,16 @@ void Placing::standOutside() {
 }
 
 void Placing::standBesideEnd(double knee, int way) {
-  standAt(knee + way * arc_.over(half()), false);
-  text_.reach = text_.breaksArc ? knee : text_.place + way * arc_.over(half());
-  if (isLevel(arc_.tangent(text_.place), text_.rotation)) return;
-  // A text across the arc stands beside the arc's end, without the hook that a line makes.
+  const double half = arc_.over(this->half());
+  const bool bends = half > kQuarter;  // too much for a text along it
+  standAt(bends ? knee : knee + way * half, false);
+  text_.reach = text_.breaksArc ? knee : text_.place + way * half;
+  if (!bends && isLevel(arc_.tangent(text_.place), text_.rotation)) return;
+  // Else the text stands beside the arc's end, without the hook that a line makes.
   const Vec reading = direction(text_.rotation);
   const double side = way * dot(arc_.tangent(knee), reading) < -1e-9 ? -1 : 1;
   text_.reach = knee;
-  text_.middle = arc_.at(knee) + side * half() * reading;
+  text_.middle = arc_.at(knee) + side * this->half() * reading;
 }
 
 AngularText Placing::text() {
@@ -150,24 +160,20 @@ AngularText Placing::text() {
   text_.breaksArc = text_.breaksArc && isOnArc;
   const double needed = isOnArc ? 2 * sketch_.halfAlong(arc_.tangent(text_.place), text_.rotation) : 0;
   text_.fit = fitBetween(sketch_, arc_.radius * arc_.sweep, needed, text_.breaksArc, wish());
-  if (!isOnArc || text_.fit.textInside) {
-    text_.fit.textInside = true;
-    if (isOver) standOver(justify() == kOverFirst ? 1 : 2);
-  } else if (movement() == kLineFollows) {
+  const bool isOutside = isOnArc && !text_.fit.textInside && !isMoved();
+  const bool isCrowdedOut = isOutside && !figure_.userText && movement() != kLineFollows;
+  text_.fit.textInside = !isOutside || isCrowdedOut;
+  if (isOver) {
+    standOver(justify() == kOverFirst ? 1 : 2);
+  } else if (isCrowdedOut) {
+    standCrowdedOut();
+  } else if (isOutside) {
     standOutside();
-  } else {
-    text_.fit.textInside = true;
-    figure_.userText ? standMoved() : standCrowdedOut();
+  } else if (isOnArc && isMoved()) {
+    standMoved();
   }
+  text_.breaksArc = text_.breaksArc && text_.fit.textInside && covers(sketch_, arc_, text_, text_.place);
   return text_;
-}
-
-// Whether the arc runs through the text's box with its gaps at an angle.
-bool covers(const Sketch& sketch, const MeasuredArc& arc, const AngularText& text, double angle) {
-  const TextBox& box = sketch.figure().box;
-  const Vec along = direction(text.rotation), off = arc.at(angle) - text.middle;
-  return std::abs(dot(off, along)) <= box.width / 2 + sketch.gap &&
-         std::abs(cross(along, off)) <= box.height / 2 + sketch.gap;
 }
 
 }  // namespace

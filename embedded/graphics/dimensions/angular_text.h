@@ -19,11 +19,7 @@ struct AngularText {
   // The extension line that the text stands over, 1 or 2, and how far it runs past the arc under it.
   int overExtension = 0;
   double extensionBeyond = 0;
-  // From the middle of the arc to a hook with the text.
-  struct Leader {
-    Vec knee, to;
-  };
-  std::optional<Leader> leader;
+  std::optional<Leader> leader;  // from the middle of the arc
 
   // The end beyond which the text stands; 2 if it stands inside.
   int side(const MeasuredArc& arc) const { return !fit.textInside && place < arc.start ? 1 : 2; }

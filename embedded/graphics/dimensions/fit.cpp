@@ -79,4 +79,22 @@ Vec drawHook(Sketch& sketch, Vec knee, Vec to) {
   return knee + hookReach(sketch, to);
 }
 
+Leader leaderTo(const Sketch& sketch, Vec from, Vec middle, double rotation) {
+  const Vec reading = direction(rotation);
+  const Vec to = dot(middle - from, reading) >= 0 ? reading : -reading;
+  return {from, middle - hookReach(sketch, to), to};
+}
+
+Leader leaderAside(const Sketch& sketch, Vec from, Vec outward, double rotation) {
+  constexpr std::int64_t kAtFirst = 1;
+  const Vec reading = direction(rotation);
+  const Vec to = sketch.integer(dimRow("DIMJUST")) == kAtFirst ? -reading : reading;
+  return {from, from + 2 * sketch.arrowSize * (outward + to), to};
+}
+
+void drawLeader(Sketch& sketch, const Leader& leader) {
+  sketch.dimensionLine(leader.from, leader.knee);
+  drawHook(sketch, leader.knee, leader.to);
+}
+
 }  // namespace cad

@@ -45,4 +45,14 @@ Vec hookReach(const Sketch& sketch, Vec to);
 // Draws it; returns the text's middle.
 Vec drawHook(Sketch& sketch, Vec knee, Vec to);
 
+// DIMTMOVE: a line from the dimension line to a hook with a text that stands elsewhere.
+struct Leader {
+  Vec from, knee, to;
+};
+// To a text that stands at `middle`.
+Leader leaderTo(const Sketch& sketch, Vec from, Vec middle, double rotation);
+// To one that finds no room at `from`, on the side of `outward`.
+Leader leaderAside(const Sketch& sketch, Vec from, Vec outward, double rotation);
+void drawLeader(Sketch& sketch, const Leader& leader);
+
 }  // namespace cad

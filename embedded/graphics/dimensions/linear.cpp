@@ -152,10 +152,7 @@ DimPicture LinearDimension::draw() {
   } else {
     drawOutside();
   }
-  if (text_.leader) {
-    sketch_.dimensionLine(frame_.at(frame_.length / 2), text_.leader->knee);
-    drawHook(sketch_, text_.leader->knee, text_.leader->to);
-  }
+  if (text_.leader) drawLeader(sketch_, *text_.leader);
   arrow(isTurned() ? 2 : 1);
   arrow(isTurned() ? 1 : 2);
   sketch_.text(text_.middle, text_.stand.rotation);

@@ -45,10 +45,7 @@ void standMoved(const Sketch& sketch, const LinearFrame& frame, LinearText& text
   const bool beside = text.place < -half || text.place > frame.length + half;
   if (sketch.integer(dimRow("DIMTMOVE")) != kWithLeader) return;
   if (!beside && off <= taken + sketch.arrowSize) return;
-  const Vec reading = direction(text.stand.rotation);
-  const bool onRight = dot(text.middle - frame.at(frame.length / 2), reading) >= 0;
-  const Vec to = onRight ? reading : -reading;
-  text.leader = LinearText::Leader{text.middle - hookReach(sketch, to), to};
+  text.leader = leaderTo(sketch, frame.at(frame.length / 2), text.middle, text.stand.rotation);
 }
 
 // A text that finds no room leaves the line where it is: it stands over it, or beside it on a leader.
@@ -60,11 +57,8 @@ void standCrowdedOut(const Sketch& sketch, const LinearFrame& frame, LinearText&
     return;
   }
   text.stand = standOn(sketch, frame.run, false, frame.outward);
-  const Vec reading = direction(text.stand.rotation);
-  const Vec to = sketch.integer(dimRow("DIMJUST")) == kAtFirst ? -reading : reading;
-  const Vec knee = frame.at(frame.length / 2) + 2 * sketch.arrowSize * (frame.outward + to);
-  text.middle = knee + hookReach(sketch, to);
-  text.leader = LinearText::Leader{knee, to};
+  text.leader = leaderAside(sketch, frame.at(frame.length / 2), frame.outward, text.stand.rotation);
+  text.middle = text.leader->knee + hookReach(sketch, text.leader->to);
 }
 
 // The record's place of a text that keeps its place along the line is on the line itself.

@@ -18,11 +18,7 @@ struct LinearText {
   // The extension line that the text stands over, 1 or 2, and how far it runs past its foot under it.
   int overExtension = 0;
   double extensionBeyond = 0;
-  // From the middle of the dimension line to a hook with the text.
-  struct Leader {
-    Vec knee, to;
-  };
-  std::optional<Leader> leader;
+  std::optional<Leader> leader;  // from the middle of the dimension line
 };
 
 LinearText standLinearText(const Sketch& sketch, const LinearFrame& frame);

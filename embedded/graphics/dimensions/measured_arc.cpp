@@ -62,7 +62,7 @@ std::optional<MeasuredArc> arcBetweenLines(const DimFigure& figure) {
 }  // namespace
 
 double MeasuredArc::overChord(double length) const {
-  return 2 * std::asin(std::min(1.0, length / 2 / radius));
+  return 2 * std::asin(std::min(length, radius) / 2 / radius);
 }
 
 double MeasuredArc::near(double angle) const { return middle() + std::remainder(angle - middle(), kTurn); }

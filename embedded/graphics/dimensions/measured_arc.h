@@ -26,8 +26,9 @@ struct MeasuredArc {
   Vec at(double angle) const { return vertex + radius * direction(angle); }
   // Along the arc, counter-clockwise.
   Vec tangent(double angle) const { return leftOf(direction(angle)); }
-  // The angles that a length along the arc takes, and a chord.
+  // The angle that a length along the arc takes.
   double over(double length) const { return length / radius; }
+  // That a chord takes: at most the one that is as long as the radius.
   double overChord(double length) const;
   // Into the turn that begins half a turn before the middle of the arc: between `start` and end() if the arc
   // holds the angle.

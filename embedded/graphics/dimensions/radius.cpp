@@ -24,8 +24,8 @@ class RadiusPicture {
  private:
   Vec at(double away) const { return tail_ + away * along_; }
   Vec centre() const { return isDiametric_ ? at(length_ / 2) : tail_; }
-  bool isFree() const { return figure_.userText && sketch_.integer(dimRow("DIMTMOVE")) != 0; }
-  bool isPlaced() const { return figure_.userText && sketch_.hasText() && !isFree(); }
+  bool isMoved() const;
+  bool isPlaced() const { return figure_.userText && sketch_.hasText() && !isMoved(); }
   // The arrow of a radial one is the second, whose half of the line is all there is.
   bool isDropped(int end) const {
     return sketch_.on(end == 1 && isDiametric_ ? dimRow("DIMSD1") : dimRow("DIMSD2"));
@@ -40,6 +40,7 @@ class RadiusPicture {
   void lineToHook(double from);
   void lineToText(double from);
   void drawOutside();
+  void drawAside();
   void lineBetween(double from, double to);
   void stub(int end);
   void arrow(int end);
@@ -63,14 +64,15 @@ RadiusPicture::RadiusPicture(const DimFigure& figure)
       sketch_(figure),
       isDiametric_(figure.kind == DimFigure::Kind::kDiametric),
       tail_(figure.line),
-      tip_(figure.third) {
+      tip_(figure.third),
+      along_(unit(tip_ - tail_)),
+      length_(distance(tail_, tip_)) {
   // A text that was taken beyond the far end of a diameter hangs on that end.
-  if (isDiametric_ && isPlaced() && dot(figure.text - tail_, tip_ - tail_) < 0) {
+  if (isDiametric_ && isPlaced() && dot(figure.text - tail_, along_) < 0) {
     std::swap(tail_, tip_);
+    along_ = -along_;
     tipEnd_ = 1;
   }
-  length_ = distance(tail_, tip_);
-  along_ = unit(tip_ - tail_);
 }
 
 void RadiusPicture::stand(bool inside) {
@@ -80,6 +82,14 @@ void RadiusPicture::stand(bool inside) {
 
 // --- Where arrows and text are ----------------------------------------------------------------------------
 
+// A text beside the line; one beyond its tip has the line for a leader.
+bool RadiusPicture::isMoved() const {
+  constexpr double kOnLine = 1e-6;  // of the text's height
+  if (!figure_.userText || !sketch_.hasText() || sketch_.integer(dimRow("DIMTMOVE")) == 0) return false;
+  const Vec off = figure_.text - tail_;
+  return std::abs(cross(along_, off)) > kOnLine * figure_.textHeight && dot(off, along_) <= length_;
+}
+
 // Without room for both, both are outside even where one would fit, unless DIMATFIT names the one to move;
 // DIMTIX keeps the text outside.
 void RadiusPicture::place() {
@@ -87,7 +97,7 @@ void RadiusPicture::place() {
   const auto rule = sketch_.integer(dimRow("DIMATFIT"));
   stand(true);
   textAt_ = length_ / 2;
-  const double text = isFree() ? 0 : 2 * half_;
+  const double text = isMoved() ? 0 : 2 * half_;
   const bool both = length_ >= text + arrows;
   if (isPlaced()) {
     textAt_ = dot(figure_.text - tail_, along_);
@@ -103,7 +113,7 @@ void RadiusPicture::place() {
 
 // From tail to tip, broken by a text inside; each piece begins at its arrow.
 void RadiusPicture::lineBetween(double from, double to) {
-  const bool breaks = textInside_ && stand_.breaksLine && half_ > 0 && !isFree();
+  const bool breaks = textInside_ && stand_.breaksLine && half_ > 0 && !isMoved();
   const int tailEnd = 3 - tipEnd_;
   if (!breaks && !isDropped(1) && !isDropped(2)) return sketch_.dimensionLine(at(from), at(to));
   const double middle = textInside_ ? textAt_ : length_ / 2;
@@ -187,8 +197,8 @@ void RadiusPicture::lineToText(double from) {
 void RadiusPicture::drawOutside() {
   stand(false);
   const double from = length_ + (arrowsInside_ ? 0 : tipCut());
-  const bool isHooked =
-      sketch_.hasText() && std::abs(cross(along_, direction(stand_.rotation))) > std::sin(kLeastSlopeOfHook);
+  const bool isHooked = sketch_.hasText() && figure_.textRotation == 0 &&
+                        std::abs(cross(along_, direction(stand_.rotation))) > std::sin(kLeastSlopeOfHook);
   isHooked ? lineToHook(from) : lineToText(from);
   const bool isOverLine = !isHooked && !stand_.breaksLine;
   if (!isOverLine) arrows();
@@ -199,9 +209,28 @@ void RadiusPicture::drawOutside() {
   if (!hasInnerLine) sketch_.centreMarks(centre(), isDiametric_ ? length_ / 2 : length_);
 }
 
+// The line as it is without a text, and the text where it is.
+void RadiusPicture::drawAside() {
+  constexpr std::int64_t kWithLeader = 1;
+  const double taken = sketch_.halfAcross(along_, stand_.rotation) + sketch_.gap + sketch_.arrowSize;
+  if (arrowsInside_) {
+    lineBetween(tailCut(), length_ - tipCut());
+  } else {
+    stub(tipEnd_);
+  }
+  if (sketch_.integer(dimRow("DIMTMOVE")) == kWithLeader &&
+      std::abs(cross(along_, figure_.text - tail_)) > taken) {
+    drawLeader(sketch_, leaderTo(sketch_, at(length_ / 2), figure_.text, stand_.rotation));
+  }
+  arrows();
+  sketch_.text(figure_.text, stand_.rotation);
+}
+
 DimPicture RadiusPicture::draw() {
   place();
-  if (!textInside_) {
+  if (isMoved()) {
+    drawAside();
+  } else if (!textInside_) {
     drawOutside();
   } else if (isPlaced()) {
     drawTowardsTip();
