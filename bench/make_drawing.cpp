@@ -2,6 +2,7 @@
 //   make_drawing plan ENTITIES OUT.dxf          a floor plan of that many entities
 //   make_drawing references COUNT SIZE OUT.dxf  COUNT references to one block of SIZE entities
 //   make_drawing layers COUNT OUT.dxf           COUNT layers L-1, L-2, ... with a line on each
+//   make_drawing dimensions COUNT OUT.dxf       COUNT dimensions, each with the block that shows it
 // AC1015, code page 932, CR LF. Exit status 2: wrong arguments or the file cannot be written.
 
 #include <cstdint>
@@ -79,8 +80,9 @@ class Writer {
   std::uint64_t lastHandle_ = 0x100;
 };
 
-constexpr std::uint64_t kModelSpace = 0x1F, kPaperSpace = 0x1B, kFirstBlock = 0x40;
-constexpr int kBlocks = 30, kDimBlocks = 20;
+constexpr std::uint64_t kModelSpace = 0x1F, kPaperSpace = 0x1B, kFirstBlock = 0x40, kFirstDimBlock = 0x800000;
+constexpr int kBlocks = 30;
+constexpr double kDimScale = 100, kTextHeight = 2.5;  // of the dimensions
 
 struct Names {
   std::vector<std::string> walls, fittings, services, texts, dimensions, hatches, others;
@@ -192,6 +194,19 @@ void writeStyles(Writer& out) {
   tableHead(out, "DIMSTYLE", 0xA, 1);
   tableRecord(out, "DIMSTYLE", 0xA, "AcDbDimStyleTableRecord", 0x27, "Standard");
   out.integer(70, 0);
+  out.real(40, kDimScale);
+  out.real(41, kTextHeight);
+  out.real(42, 0.625);
+  out.real(44, 1.25);
+  out.integer(73, 0);
+  out.integer(74, 0);
+  out.integer(77, 1);
+  out.integer(78, 8);
+  out.real(140, kTextHeight);
+  out.real(147, 0.625);
+  out.integer(172, 1);
+  out.integer(271, 0);
+  out.integer(283, 0);
   out.text(0, "ENDTAB");
 }
 
@@ -224,9 +239,18 @@ void endBlock(Writer& out, std::uint64_t owner) {
   out.text(100, "AcDbBlockEnd");
 }
 
+// A horizontal dimension, which ends on a line above its two points.
+struct Dimension {
+  double left = 0, bottom = 0, size = 0;
+  std::string layer;
+  double right() const { return left + size; }
+  double line() const { return bottom + 8 * kDimScale; }
+};
+
 class Plan {
  public:
-  Plan(Writer& out, Random& random, const Names& names) : out_(out), random_(random), names_(names) {}
+  Plan(Writer& out, const Names& names) : out_(out), names_(names) {}
+  const std::vector<Dimension>& dimensions() const { return dimensions_; }
 
   // One entity in the proportions of a building plan.
   void entity(std::uint64_t owner) {
@@ -256,6 +280,23 @@ class Plan {
     out_.text(100, "AcDbLine");
     out_.point(10, x(), y());
     out_.point(11, x(), y());
+  }
+  void dimension(std::uint64_t owner) {
+    dimensions_.push_back({x(), y(), (20 + random_.below(60)) * kDimScale, pick(names_.dimensions)});
+    const Dimension& made = dimensions_.back();
+    entityHead(out_, "DIMENSION", owner, made.layer, color());
+    out_.text(100, "AcDbDimension");
+    out_.text(2, dimBlockName(static_cast<int>(dimensions_.size()) - 1));
+    out_.point(10, made.right(), made.line());
+    out_.point(11, made.left + made.size / 2, made.line() + 1.875 * kDimScale);
+    out_.integer(70, 32);
+    out_.integer(71, 5);
+    out_.real(42, made.size);
+    out_.text(3, "Standard");
+    out_.text(100, "AcDbAlignedDimension");
+    out_.point(13, made.left, made.bottom);
+    out_.point(14, made.right(), made.bottom);
+    out_.text(100, "AcDbRotatedDimension");
   }
   void reference(std::uint64_t owner, const std::string& layer, std::uint32_t block) {
     entityHead(out_, "INSERT", owner, layer, color());
@@ -331,20 +372,6 @@ class Plan {
     out_.text(1, words);
     out_.text(7, "Standard");
   }
-  void dimension(std::uint64_t owner) {
-    entityHead(out_, "DIMENSION", owner, pick(names_.dimensions), color());
-    out_.text(100, "AcDbDimension");
-    out_.text(2, dimBlockName(static_cast<int>(random_.below(kDimBlocks))));
-    out_.point(10, x(), y());
-    out_.point(11, x(), y());
-    out_.integer(70, 32);
-    out_.integer(71, 5);
-    out_.text(3, "Standard");
-    out_.text(100, "AcDbAlignedDimension");
-    out_.point(13, x(), y());
-    out_.point(14, x(), y());
-    out_.text(100, "AcDbRotatedDimension");
-  }
   void hatch(std::uint64_t owner) {
     entityHead(out_, "HATCH", owner, pick(names_.hatches), color());
     out_.text(100, "AcDbHatch");
@@ -371,27 +398,71 @@ class Plan {
   }
 
   Writer& out_;
-  Random& random_;
+  Random random_;
   const Names& names_;
+  std::vector<Dimension> dimensions_;
 };
 
-void writeTables(Writer& out, const Names& names) {
+void dimensionBlock(Writer& out, std::uint64_t owner, const Dimension& shown) {
+  const auto line = [&](double x1, double y1, double x2, double y2) {
+    entityHead(out, "LINE", owner, shown.layer, 0);
+    out.text(100, "AcDbLine");
+    out.point(10, x1, y1);
+    out.point(11, x2, y2);
+  };
+  const double arrow = kTextHeight * kDimScale;
+  const auto head = [&](double tip, double base) {
+    entityHead(out, "SOLID", owner, shown.layer, 0);
+    out.text(100, "AcDbTrace");
+    out.point(10, base, shown.line() + arrow / 6);
+    out.point(11, base, shown.line() - arrow / 6);
+    out.point(12, tip, shown.line());
+    out.point(13, tip, shown.line());
+  };
+  const auto point = [&](double x, double y) {
+    entityHead(out, "POINT", owner, "Defpoints", 0);
+    out.text(100, "AcDbPoint");
+    out.point(10, x, y);
+  };
+  const double from = shown.bottom + 0.625 * kDimScale, to = shown.line() + 1.25 * kDimScale;
+  line(shown.left, from, shown.left, to);
+  line(shown.right(), from, shown.right(), to);
+  line(shown.left + arrow, shown.line(), shown.right() - arrow, shown.line());
+  head(shown.left, shown.left + arrow);
+  head(shown.right(), shown.right() - arrow);
+  entityHead(out, "MTEXT", owner, shown.layer, 0);
+  out.text(100, "AcDbMText");
+  out.point(10, shown.left + shown.size / 2, shown.line() + 1.875 * kDimScale);
+  out.real(40, arrow);
+  out.real(41, 0);
+  out.integer(71, 5);
+  out.integer(72, 1);
+  out.text(1, std::to_string(static_cast<long>(shown.size)));
+  out.integer(73, 1);
+  out.real(44, 1);
+  point(shown.left, shown.bottom);
+  point(shown.right(), shown.bottom);
+  point(shown.right(), shown.line());
+}
+
+std::uint64_t dimensionBlockHandle(std::size_t index) { return kFirstDimBlock + index; }
+
+void writeTables(Writer& out, const Names& names, std::size_t dimensions) {
   out.section("TABLES");
   writeLinetypes(out);
   writeLayers(out, names.all());
   writeStyles(out);
-  tableHead(out, "BLOCK_RECORD", 1, 2 + kBlocks + kDimBlocks);
+  tableHead(out, "BLOCK_RECORD", 1, 2 + kBlocks + static_cast<long>(dimensions));
   blockRecord(out, kModelSpace, "*Model_Space");
   blockRecord(out, kPaperSpace, "*Paper_Space");
   for (int i = 0; i < kBlocks; ++i) blockRecord(out, kFirstBlock + static_cast<unsigned>(i), blockName(i));
-  for (int i = 0; i < kDimBlocks; ++i) {
-    blockRecord(out, kFirstBlock + static_cast<unsigned>(kBlocks + i), dimBlockName(i));
-  }
+  for (std::size_t i = 0; i < dimensions; ++i)
+    blockRecord(out, dimensionBlockHandle(i), dimBlockName(static_cast<int>(i)));
   out.text(0, "ENDTAB");
   out.text(0, "ENDSEC");
 }
 
-void writeBlocks(Writer& out, Plan& plan, int entitiesPerBlock) {
+void writeBlocks(Writer& out, Plan& plan, int entitiesPerBlock, const std::vector<Dimension>& dimensions) {
   out.section("BLOCKS");
   const auto block = [&](std::uint64_t owner, const std::string& name, int entities) {
     beginBlock(out, owner, name);
@@ -402,8 +473,10 @@ void writeBlocks(Writer& out, Plan& plan, int entitiesPerBlock) {
   block(kPaperSpace, "*Paper_Space", 0);
   for (int i = 0; i < kBlocks; ++i)
     block(kFirstBlock + static_cast<unsigned>(i), blockName(i), entitiesPerBlock);
-  for (int i = 0; i < kDimBlocks; ++i) {
-    block(kFirstBlock + static_cast<unsigned>(kBlocks + i), dimBlockName(i), 3);
+  for (std::size_t i = 0; i < dimensions.size(); ++i) {
+    beginBlock(out, dimensionBlockHandle(i), dimBlockName(static_cast<int>(i)));
+    dimensionBlock(out, dimensionBlockHandle(i), dimensions[i]);
+    endBlock(out, dimensionBlockHandle(i));
   }
   out.text(0, "ENDSEC");
 }
@@ -419,15 +492,15 @@ void writeObjects(Writer& out) {
   out.text(0, "EOF");
 }
 
-// `entities` is called to fill model space.
+// `entities` is called to fill model space, once before to see which dimensions come.
 template <class Entities>
 Writer drawing(int entitiesPerBlock, const Names& names, Entities entities) {
-  Writer out;
-  Random random;
-  Plan plan(out, random, names);
+  Writer tried, out;
+  Plan trial(tried, names), content(out, names), plan(out, names);
+  entities(trial);
   writeHeader(out);
-  writeTables(out, names);
-  writeBlocks(out, plan, entitiesPerBlock);
+  writeTables(out, names, trial.dimensions().size());
+  writeBlocks(out, content, entitiesPerBlock, trial.dimensions());
   out.section("ENTITIES");
   entities(plan);
   out.text(0, "ENDSEC");
@@ -452,6 +525,11 @@ int main(int argc, char** argv) {
       for (int i = 0; i < count; ++i) plan.reference(kModelSpace, "0", 0);
     };
     saved = drawing(std::atoi(argv[3]), names, fill).save(argv[4]);
+  } else if (mode == "dimensions" && argc == 4) {
+    const auto fill = [count](Plan& plan) {
+      for (int i = 0; i < count; ++i) plan.dimension(kModelSpace);
+    };
+    saved = drawing(10, names, fill).save(argv[3]);
   } else if (mode == "layers" && argc == 4) {
     std::vector<std::string> layers;
     for (int i = 1; i <= count; ++i) layers.push_back("L-" + std::to_string(i));
