@@ -63,7 +63,8 @@ std::vector<bool> movedByText(const std::vector<cad::BlockEntity>& drawn,
 
 class DrawingCheck {
  public:
-  DrawingCheck(cad::Drawing& drawing, Tally& tally) : drawing_(drawing), redraw_(drawing), tally_(tally) {}
+  DrawingCheck(cad::Drawing& drawing, Tally& tally)
+      : drawing_(drawing), redraw_(drawing, {}), tally_(tally) {}
 
   void run() {
     for (cad::RecordId id = 0; id < drawing_.recordCount(); ++id) {
@@ -97,7 +98,7 @@ class DrawingCheck {
                                           const std::vector<cad::BlockEntity>& drawn) {
     const auto kept = cad::blockEntities(drawing_, drawing_.reference(id, cad::Property::kDimBlock));
     cad::DimSource source;
-    cad::gather(drawing_, id, former, kept, styles_, source);
+    cad::gather(drawing_, id, former, kept, styles_, fonts_, source);
     source.figure.box.width *= 1.01;
     source.figure.box.height *= 1.01;
     const auto wider = cad::entitiesOf(drawing_, id, source, cad::drawDimension(source.figure), kept);
@@ -109,6 +110,7 @@ class DrawingCheck {
   cad::Drawing& drawing_;
   cad::DimRedraw redraw_;
   cad::DimStyles styles_;
+  cad::FontCatalogue fonts_{{}};  // averages, the same on every machine
   Tally& tally_;
 };
 
