@@ -44,7 +44,8 @@ void AngularDimension::extensionLine(int end) {
     from = outwards ? std::max(from, fixed) : std::min(from, fixed);
   }
   const double past = text_.overExtension == end ? text_.extensionBeyond : 0;
-  const double to = radius + sense * std::max(sketch_.extension, past);
+  // Inwards it ends in the vertex at the latest.
+  const double to = std::max(0.0, radius + sense * std::max(sketch_.extension, past));
   const Vec ray = direction(arc_.angle(end));
   sketch_.extensionLine(end, arc_.vertex + from * ray, arc_.vertex + to * ray);
 }

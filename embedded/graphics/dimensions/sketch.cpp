@@ -21,7 +21,8 @@ double readable(double angle) {
 
 Sketch::Sketch(const DimFigure& figure) : figure_(figure), vars_(*figure.variables) {
   const double scale = figure.scale;
-  const double tick = vars_.real(dimRow("DIMTSZ"));
+  const bool hasTicks = figure.arrows[0].isTick || figure.arrows[1].isTick;
+  const double tick = hasTicks ? vars_.real(dimRow("DIMTSZ")) : 0;
   arrowSize = scale * (tick > 0 ? 2 * tick : vars_.real(dimRow("DIMASZ")));
   offset = scale * vars_.real(dimRow("DIMEXO"));
   extension = scale * vars_.real(dimRow("DIMEXE"));

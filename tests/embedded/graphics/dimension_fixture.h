@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -146,6 +148,30 @@ inline std::string newParts(const DimPicture& picture, const DimPicture& other) 
   return joined(picture, [&](const DimPart& part) {
     return isDrawn(part) && known.find(shown(part) + ";") == std::string::npos;
   });
+}
+
+struct Change {
+  const char* variable;
+  double value;
+  const char* roles;  // of the parts that it changes
+};
+
+inline void expectChanges(const char* what, const Dim& base, std::initializer_list<Change> changes) {
+  for (const Change& each : changes) {
+    Dim before = base, after = base;
+    after.set({{each.variable, each.value}});
+    EXPECT_EQ(rolesThatDiffer(before.picture(), after.picture()), each.roles)
+        << what << ": " << each.variable << " " << each.value;
+  }
+}
+
+// No number but the variables `own` changes the picture.
+inline void expectOthersAlone(const Dim& dim, std::span<const std::string_view> own) {
+  for (const DimVariableInfo& info : kDimVariables) {
+    if (info.isName() || info.type == DimType::kText || std::ranges::find(own, info.name) != own.end())
+      continue;
+    expectChanges("", dim, {{info.name.data(), 1, ""}, {info.name.data(), 0, ""}});
+  }
 }
 
 // Every number of the picture is one.
