@@ -75,7 +75,8 @@ std::shared_ptr<const FontMetrics> FontCatalogue::font(const FontRequest& reques
   const auto known = fonts_.find(key);
   if (known != fonts_.end()) return known->second;
   const bool outlined = !request.typeface.empty() || isOutlineFile(request.file);
-  std::shared_ptr<const FontMetrics> font = outlined ? outlinesOf(request, find_) : shapesOf(request, find_);
+  std::shared_ptr<const FontMetrics> font;
+  if (find_) font = outlined ? outlinesOf(request, find_) : shapesOf(request, find_);
   if (!font) font = {std::shared_ptr<void>(), outlined ? &outlineAverages() : &shapeAverages()};
   return fonts_[key] = std::move(font);
 }

@@ -44,9 +44,10 @@ struct FontRequest {
 // The fonts by what styles say of them, each read once.
 class FontCatalogue {
  public:
-  // Where a file of this name lies; empty: nowhere.
+  // Where a file of this name lies; empty: nowhere, and the fonts of the operating system are asked.
   using Find = std::function<std::filesystem::path(std::wstring_view file)>;
 
+  // Without a `find` all fonts are averages.
   explicit FontCatalogue(Find find) : find_(std::move(find)) {}
 
   // Never null: averages for a font whose file is missing or damaged.

@@ -141,6 +141,7 @@ TEST_F(Fonts, AveragesStandInForWhatIsMissingOrDamaged) {
       {{.typeface = L"No such face"}, outlines},
   };
   for (const auto& [request, averages] : rows) EXPECT_EQ(catalogue_.font(request).get(), averages);
+  EXPECT_EQ(FontCatalogue({}).font({.file = L"ipag.ttf"}).get(), outlines) << "nobody finds files";
   EXPECT_FALSE(outlines->areOwn() || shapes->areOwn());
 }
 
