@@ -24,7 +24,9 @@ inline std::unique_ptr<Drawing> drawingOf(std::string_view entities, std::string
       "0|62 1|6 CONTINUOUS|0 LAYER|2 DOOR|70 0|62 3|6 CONTINUOUS|0 LAYER|2 OFF|70 0|62 -5|6 CONTINUOUS|0 "
       "LAYER|2 ICE|70 1|62 6|6 CONTINUOUS|0 ENDTAB|0 ENDSEC");
   if (!blocks.empty()) text.append("|0 SECTION|2 BLOCKS|").append(blocks).append("|0 ENDSEC");
-  text.append("|0 SECTION|2 ENTITIES|").append(entities).append("|0 ENDSEC|0 EOF");
+  text.append("|0 SECTION|2 ENTITIES");
+  if (!entities.empty()) text.append("|").append(entities);
+  text.append("|0 ENDSEC|0 EOF");
   return dxf::read(dxf::groups(text));
 }
 
