@@ -1,5 +1,3 @@
-#include <limits>
-
 #include "tests/embedded/graphics/dimension_fixture.h"
 
 namespace cad {
@@ -56,12 +54,6 @@ Dim aboutOrigin(double radius, double from, double sweep, DimValues values = {})
   dim.figure.first = 8 * ray(from);
   dim.figure.second = 8 * ray(from + sweep);
   dim.figure.line = radius * ray(from + sweep / 2);
-  return dim;
-}
-
-Dim placed(Dim dim, Vec text) {
-  dim.figure.userText = true;
-  dim.figure.text = text;
   return dim;
 }
 
@@ -191,48 +183,11 @@ TEST(DimensionAngular, PlacesTextAndArrows) {
 }
 
 TEST(DimensionAngular, ChangesWhatAVariableGoverns) {
-  expectChanges("wide", aboutOrigin(20, 30, 90),
-                {{"DIMEXO", 1, "ext1 ext2"},
-                 {"DIMEXE", 2, "ext1 ext2"},
-                 {"DIMSE1", 1, "ext1"},
-                 {"DIMSE2", 1, "ext2"},
-                 {"DIMFXLON", 1, "ext1 ext2"},
-                 {"DIMASZ", 3, "line arrow"},
-                 {"DIMGAP", 1, "text"},
-                 {"DIMGAP", -0.625, "line"},
-                 {"DIMTAD", 0, "line text"},
-                 {"DIMTAD", 4, "text"},
-                 {"DIMJUST", 1, "text"},
-                 {"DIMJUST", 2, "text"},
-                 {"DIMJUST", 3, "ext1 text"},
-                 {"DIMJUST", 4, "ext2 text"},
-                 {"DIMSD1", 1, "line arrow"},
-                 {"DIMSD2", 1, "line arrow"},
-                 {"DIMTIH", 1, "line text"},
-                 // Of texts on the arc and lack of room:
-                 {"DIMTVP", 1, ""},
-                 {"DIMTOH", 1, ""},
-                 {"DIMATFIT", 0, ""},
-                 {"DIMTIX", 1, ""},
-                 {"DIMTOFL", 0, ""},
-                 {"DIMTMOVE", 1, ""},
-                 {"DIMSOXD", 1, ""}});
+  expectChangesBetweenLines(aboutOrigin(20, 30, 90), aboutOrigin(20, 30, 22), aboutOrigin(20, 30, 12));
+  expectChanges("wide", aboutOrigin(20, 30, 90), {{"DIMTIH", 1, "line text"}});
+  expectChanges("tight", aboutOrigin(20, 30, 12), {{"DIMTOH", 1, "line text"}});
   expectChanges("on the arc", aboutOrigin(20, 30, 90, {{"DIMTAD", 0}}),
                 {{"DIMTVP", 0.2, "text"}, {"DIMTVP", 1, "line text"}});
-  expectChanges("no room", aboutOrigin(20, 30, 12),
-                {{"DIMTOFL", 0, "line"},
-                 {"DIMTIX", 1, "line text"},
-                 {"DIMTMOVE", 1, "line text"},
-                 {"DIMTMOVE", 2, "line text"},
-                 {"DIMJUST", 1, "line arrow text"},
-                 {"DIMTOH", 1, "line text"},
-                 {"DIMATFIT", 0, ""}});
-  expectChanges("room for either", aboutOrigin(20, 30, 22),
-                {{"DIMATFIT", 0, "line text"}, {"DIMATFIT", 1, ""}, {"DIMATFIT", 2, "line arrow text"}});
-  expectChanges("text forced inside", aboutOrigin(20, 30, 12, {{"DIMTIX", 1}}),
-                {{"DIMSOXD", 1, "line arrow"}});
-  expectChanges("fixed length", aboutOrigin(20, 30, 90, {{"DIMFXLON", 1}}),
-                {{"DIMFXL", 3, "ext1 ext2"}, {"DIMFXL", 20, "ext1 ext2"}});
   constexpr std::string_view kOwn[] = {"DIMASZ",   "DIMEXO",  "DIMEXE",  "DIMGAP",   "DIMTIH",
                                        "DIMTOH",   "DIMSE1",  "DIMSE2",  "DIMTAD",   "DIMTVP",
                                        "DIMSD1",   "DIMSD2",  "DIMTOFL", "DIMTIX",   "DIMSOXD",
@@ -242,21 +197,13 @@ TEST(DimensionAngular, ChangesWhatAVariableGoverns) {
 }
 
 TEST(DimensionAngular, SurvivesDegenerateRecords) {
-  for (const double value : {0.0, 1e-300, -7.0, 1e100, std::numeric_limits<double>::quiet_NaN()}) {
-    for (std::size_t field = 0; field < 8; ++field) {
-      for (const DimKind kind : {DimKind::kAngular, DimKind::kAngularPoints}) {
-        Dim dim = betweenLines({2, 0}, {30, 0}, {0, -3}, {0, 6}, {12, 16}).set({{"DIMTAD", 0}});
-        DimFigure& figure = dim.figure;
-        figure.kind = kind;
-        double* const fields[] = {&figure.second.x, &figure.line.y,    &figure.text.x, &figure.third.y,
-                                  &figure.arc.x,    &figure.box.width, &figure.scale,  &figure.first.y};
-        *fields[field] = value;
-        figure.userText = field == 2;
-        const DimPicture picture = dim.picture();
-        EXPECT_TRUE(std::isnan(value) || isFinite(picture)) << field << " " << value << "\n"
-                                                            << shown(picture);
-      }
-    }
+  for (const DimKind kind : {DimKind::kAngular, DimKind::kAngularPoints}) {
+    Dim dim = betweenLines({2, 0}, {30, 0}, {0, -3}, {0, 6}, {12, 16}).set({{"DIMTAD", 0}});
+    dim.figure.kind = kind;
+    expectNumbers(dim, [](DimFigure& figure) {
+      return std::array{&figure.second.x, &figure.line.y,    &figure.text.x, &figure.third.y,
+                        &figure.arc.x,    &figure.box.width, &figure.scale,  &figure.first.y};
+    });
   }
   EXPECT_TRUE(betweenLines({0, 0}, {10, 0}, {0, 5}, {10, 5}, {5, 2}).picture().empty()) << "parallel";
   EXPECT_TRUE(betweenLines({}, {}, {}, {}, {}).picture().empty());

@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
 #include <initializer_list>
+#include <limits>
 #include <span>
 #include <string>
 #include <string_view>
@@ -68,6 +70,13 @@ struct Dim {
     return drawDimension(figure);
   }
 };
+
+// With its text where a person put it.
+inline Dim placed(Dim dim, Vec text) {
+  dim.figure.userText = true;
+  dim.figure.text = text;
+  return dim;
+}
 
 inline std::string shown(double value) {
   char buffer[40];
@@ -165,6 +174,48 @@ inline void expectChanges(const char* what, const Dim& base, std::initializer_li
   }
 }
 
+// What goes for all dimensions between two extension lines: with room for all, for either of arrows and text,
+// and for neither.
+inline void expectChangesBetweenLines(const Dim& wide, const Dim& narrow, const Dim& tight) {
+  expectChanges("wide", wide,
+                {{"DIMEXO", 1, "ext1 ext2"},
+                 {"DIMEXE", 2, "ext1 ext2"},
+                 {"DIMSE1", 1, "ext1"},
+                 {"DIMSE2", 1, "ext2"},
+                 {"DIMFXLON", 1, "ext1 ext2"},
+                 {"DIMASZ", 3, "line arrow"},
+                 {"DIMGAP", 1, "text"},
+                 {"DIMGAP", -0.625, "line"},
+                 {"DIMTAD", 0, "line text"},
+                 {"DIMTAD", 4, "text"},
+                 {"DIMJUST", 1, "text"},
+                 {"DIMJUST", 2, "text"},
+                 {"DIMJUST", 3, "ext1 text"},
+                 {"DIMJUST", 4, "ext2 text"},
+                 {"DIMSD1", 1, "line arrow"},
+                 {"DIMSD2", 1, "line arrow"},
+                 // Of texts on the line and lack of room:
+                 {"DIMTVP", 1, ""},
+                 {"DIMTOH", 1, ""},
+                 {"DIMATFIT", 0, ""},
+                 {"DIMTIX", 1, ""},
+                 {"DIMTOFL", 0, ""},
+                 {"DIMTMOVE", 1, ""},
+                 {"DIMSOXD", 1, ""}});
+  expectChanges("narrow", narrow,
+                {{"DIMATFIT", 0, "line text"}, {"DIMATFIT", 1, ""}, {"DIMATFIT", 2, "line arrow text"}});
+  expectChanges("tight", tight,
+                {{"DIMTOFL", 0, "line"},
+                 {"DIMTIX", 1, "line text"},
+                 {"DIMTMOVE", 1, "line text"},
+                 {"DIMTMOVE", 2, "line text"},
+                 {"DIMJUST", 1, "line arrow text"},
+                 {"DIMATFIT", 0, ""}});
+  expectChanges("text forced inside", Dim(tight).set({{"DIMTIX", 1}}), {{"DIMSOXD", 1, "line arrow"}});
+  expectChanges("fixed length", Dim(wide).set({{"DIMFXLON", 1}}),
+                {{"DIMFXL", 3, "ext1 ext2"}, {"DIMFXL", 20, "ext1 ext2"}});
+}
+
 // No number but the variables `own` changes the picture.
 inline void expectOthersAlone(const Dim& dim, std::span<const std::string_view> own) {
   for (const DimVariableInfo& info : kDimVariables) {
@@ -178,6 +229,22 @@ inline void expectOthersAlone(const Dim& dim, std::span<const std::string_view> 
 inline bool isFinite(const DimPicture& picture) {
   const std::string text = shown(picture);
   return text.find("nan") == std::string::npos && text.find("inf") == std::string::npos;
+}
+
+// Whatever stands in one of the fields that `fieldsOf` points to in a figure, its picture has only numbers.
+template <typename FieldsOf>
+void expectNumbers(const Dim& base, FieldsOf fieldsOf) {
+  for (const double value : {0.0, 1e-300, -7.0, 1e100, std::numeric_limits<double>::quiet_NaN()}) {
+    Dim probe = base;
+    for (std::size_t i = 0; i < fieldsOf(probe.figure).size(); ++i) {
+      Dim dim = base;
+      double* const field = fieldsOf(dim.figure)[i];
+      *field = value;
+      dim.figure.userText = field == &dim.figure.text.x;
+      const DimPicture picture = dim.picture();
+      EXPECT_TRUE(std::isnan(value) || isFinite(picture)) << i << " " << value << "\n" << shown(picture);
+    }
+  }
 }
 
 }  // namespace cad

@@ -1,5 +1,3 @@
-#include <limits>
-
 #include "tests/embedded/graphics/dimension_fixture.h"
 
 namespace cad {
@@ -40,12 +38,6 @@ Dim radial(double radius, DimValues values = {}, double degrees = 0) {
 }
 Dim diametric(double radius, DimValues values = {}, double degrees = 0) {
   return aboutOrigin(DimKind::kDiametric, radius, degrees, values);
-}
-
-Dim placed(Dim dim, Vec text) {
-  dim.figure.userText = true;
-  dim.figure.text = text;
-  return dim;
 }
 
 TEST(DimensionRadius, IsDrawnAsTheHostDraws) {
@@ -193,20 +185,11 @@ TEST(DimensionRadius, ChangesWhatAVariableGoverns) {
 }
 
 TEST(DimensionRadius, SurvivesDegenerateRecords) {
-  for (const double value : {0.0, 1e-300, -7.0, 1e100, std::numeric_limits<double>::quiet_NaN()}) {
-    for (std::size_t field = 0; field < 6; ++field) {
-      for (const DimKind kind : {DimKind::kRadial, DimKind::kDiametric}) {
-        Dim dim = aboutOrigin(kind, 8, 30, {{"DIMTOH", 1}, {"DIMTOFL", 0}});
-        DimFigure& figure = dim.figure;
-        double* const fields[] = {&figure.third.x,   &figure.line.y, &figure.text.x,
-                                  &figure.box.width, &figure.scale,  &figure.horizontal};
-        *fields[field] = value;
-        figure.userText = field == 2;
-        const DimPicture picture = dim.picture();
-        EXPECT_TRUE(std::isnan(value) || isFinite(picture)) << field << " " << value << "\n"
-                                                            << shown(picture);
-      }
-    }
+  for (const DimKind kind : {DimKind::kRadial, DimKind::kDiametric}) {
+    expectNumbers(aboutOrigin(kind, 8, 30, {{"DIMTOH", 1}, {"DIMTOFL", 0}}), [](DimFigure& figure) {
+      return std::array{&figure.third.x,   &figure.line.y, &figure.text.x,
+                        &figure.box.width, &figure.scale,  &figure.horizontal};
+    });
   }
   EXPECT_TRUE(radial(0).picture().empty());
   EXPECT_TRUE(diametric(0).picture().empty());
