@@ -8,9 +8,6 @@ namespace {
 
 constexpr double kQuarter = std::numbers::pi / 2;
 
-enum Justify : std::int64_t { kCentre, kAtFirst, kAtSecond, kOverFirst, kOverSecond };  // DIMJUST
-enum Movement : std::int64_t { kLineFollows, kWithLeader, kFree };                      // DIMTMOVE
-
 // Whether the arc runs through the text's box with its gaps at an angle.
 bool covers(const Sketch& sketch, const MeasuredArc& arc, const AngularText& text, double angle) {
   const TextBox& box = sketch.figure().box;

@@ -6,9 +6,6 @@ namespace {
 constexpr double kParallel = 1e-9;
 constexpr double kLeastLiftOfWholeLine = 0.7;  // DIMTVP: nearer to the line, the text breaks it
 
-enum FitRule : std::int64_t { kBothOutside, kArrowsFirst, kTextFirst, kBestFit };     // DIMATFIT
-enum Level : std::int64_t { kCentred, kAbove, kFarSide, kJapaneseStandard, kBelow };  // DIMTAD
-
 double lifted(const Sketch& sketch, Vec line, double rotation) {
   return sketch.gap + sketch.halfAcross(line, rotation);
 }

@@ -6,6 +6,12 @@
 
 namespace cad {
 
+// What the variables' numbers mean.
+enum FitRule : std::int64_t { kBothOutside, kArrowsFirst, kTextFirst, kBestFit };         // DIMATFIT
+enum TextLevel : std::int64_t { kCentred, kAbove, kFarSide, kJapaneseStandard, kBelow };  // DIMTAD
+enum Justify : std::int64_t { kCentre, kAtFirst, kAtSecond, kOverFirst, kOverSecond };    // DIMJUST
+enum Movement : std::int64_t { kLineFollows, kWithLeader, kFree };                        // DIMTMOVE
+
 // Where the text is to be, before anybody looks for room.
 enum class TextWish : std::uint8_t {
   kByRules,

@@ -1,17 +1,11 @@
 #include "embedded/graphics/dimensions/linear_frame.h"
 
-#include <algorithm>
-
 #include "embedded/graphics/dimensions/sketch.h"
 
 namespace cad {
 namespace {
 
 constexpr double kSmallestSlope = 1e-9;
-constexpr double kSamePlace = 1e-9;  // of a coordinate, and of a unit near the origin
-
-double nearness(Vec point) { return kSamePlace * std::max({1.0, std::abs(point.x), std::abs(point.y)}); }
-
 }  // namespace
 
 LinearFrame::LinearFrame(const DimFigure& figure) : origins{figure.first, figure.second} {

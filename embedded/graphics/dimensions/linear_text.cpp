@@ -5,9 +5,6 @@
 namespace cad {
 namespace {
 
-enum Justify : std::int64_t { kCentre, kAtFirst, kAtSecond, kOverFirst, kOverSecond };  // DIMJUST
-enum Movement : std::int64_t { kLineFollows, kWithLeader, kFree };                      // DIMTMOVE
-
 // Twice the arrow's size and the gap lie between a text and the extension line that it is next to.
 double defaultPlace(const Sketch& sketch, const LinearFrame& frame, double halfText) {
   const auto justify = sketch.integer(dimRow("DIMJUST"));

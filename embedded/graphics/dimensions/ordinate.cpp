@@ -5,8 +5,6 @@
 namespace cad {
 namespace {
 
-constexpr double kSamePlace = 1e-9;  // of a coordinate, and of a unit near the origin
-
 // The leader runs along the axis that is not told, from the feature to its end, and between the two knees
 // from the feature's line to the end's. Knees keep their distance from the end; a leader too short for them
 // has them closer together, and one that is straight has none.
@@ -28,8 +26,7 @@ struct OrdinateLeader {
     start = figure.first + offset * axis;
     firstKnee = figure.first + first * axis;
     secondKnee = figure.second + (second - along) * axis;
-    straight =
-        std::abs(across) <= kSamePlace * std::max({1.0, std::abs(figure.first.x), std::abs(figure.first.y)});
+    straight = std::abs(across) <= nearness(figure.first);
   }
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 // Points and directions in the plane of a dimension. Angles are radians, counter-clockwise from the x axis.
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -27,6 +28,9 @@ inline Vec unit(Vec a) {
   const double size = length(a);
   return size > 0 ? (1 / size) * a : Vec{1, 0};
 }
+
+// What is no distance from a point: the rounding of coordinates of its size.
+inline double nearness(Vec point) { return 1e-9 * std::max({1.0, std::abs(point.x), std::abs(point.y)}); }
 
 // Into [0, 2 pi).
 inline double turn(double angle) {

@@ -11,8 +11,6 @@ constexpr double kLargest = 1e100;  // products of coordinates stay numbers
 // A horizontal text hangs on a hook where the line is steeper; else it follows the line's end.
 constexpr double kLeastSlopeOfHook = std::numbers::pi / 12;
 
-enum FitRule : std::int64_t { kBothOutside, kArrowsFirst, kTextFirst, kBestFit };  // DIMATFIT
-
 // One line through the centre: from its tail, which is the centre or the far end of the diameter, to its tip
 // on the curve, and on outwards. Places along it are distances from the tail.
 class RadiusPicture {
