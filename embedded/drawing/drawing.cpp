@@ -74,6 +74,13 @@ base::Status Drawing::setReference(RecordId id, Property property, RecordId valu
   return setStored(id, property, Reference{value});
 }
 
+base::Status Drawing::setLastVertex(RecordId leader, const Point& at) {
+  const base::Result<EditId> state = storage_->setLastVertex(records_[leader], at);
+  if (!state.ok()) return state.failure();
+  setEdits(leader, state.value());
+  return {};
+}
+
 std::optional<Variable> Drawing::dimVariable(RecordId id, const DimVariableInfo& variable) const {
   return storage_->dimVariable(*this, id, variable);
 }
@@ -155,7 +162,8 @@ RecordId Drawing::enter(Record record, RecordId implied) {
   if (implied != kNoRecord) {
     addImplied(record, implied);
   } else {
-    if (isDrawn(record.kind)) record.signature = signatures_.intern(storage_->readSignature(*this, record));
+    if (isDrawn(record.kind) && record.signature == 0)
+      record.signature = signatures_.intern(storage_->readSignature(*this, record));
     id = addNew(record);
   }
   if (handles_) {

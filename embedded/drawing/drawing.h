@@ -41,6 +41,7 @@ class Drawing final : public DrawingChanges {
   base::Status setText(RecordId id, Property property, std::wstring_view value);
   base::Status setReference(RecordId id, Property property, RecordId value);
   Geometry geometry(RecordId entity) const;  // nothing for types that are not drawn
+  base::Status setLastVertex(RecordId leader, const Point& at);
 
   // --- Dimension variables: overrides of a dimension or leader, values of a dimension style -------
   // `variable` is its row in the table of dimension variables.
@@ -88,7 +89,7 @@ class Drawing final : public DrawingChanges {
   // Where entities hold no names: what is known of those of the layer `from` is brought to its new name.
   void layerRenamed(NameId from, NameId to);
   // A record that the storage has made: a new one, or what the implied record `implied` of the list gets.
-  // Journalled.
+  // Journalled. An entity's signature is read unless it has one.
   RecordId enter(Record record, RecordId implied = kNoRecord);
   // Gives an implied record its own place in the file; journalled. Others are left as they are.
   base::Status materialise(RecordId id);

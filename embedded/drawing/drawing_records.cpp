@@ -60,10 +60,6 @@ std::optional<std::int64_t> DrawingRecords::integer(RecordId id, Property proper
   return std::nullopt;
 }
 
-std::optional<std::int32_t> DrawingRecords::trueColor(RecordId id) const {
-  return records_[id].implied() ? std::nullopt : storage_->trueColor(records_[id]);
-}
-
 std::optional<std::wstring> DrawingRecords::text(RecordId id, Property property) const {
   const Record& record = records_[id];
   if (propertyInfo(property).type == PropertyType::kName) {

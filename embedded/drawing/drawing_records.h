@@ -46,7 +46,7 @@ class DrawingRecords {
   std::optional<double> real(RecordId id, Property property) const;
   std::optional<std::int64_t> integer(RecordId id, Property property) const;
   std::optional<std::wstring> text(RecordId id, Property property) const;
-  std::optional<std::int32_t> trueColor(RecordId id) const;  // of an entity, beside its number: 0xRRGGBB
+  EntityLooks looks(RecordId entity) const { return storage_->looks(records_[entity]); }
   // Layer, linetype, style, block or dimension-style name. Entities always have a layer ("0") and a
   // linetype ("ByLayer"), texts always a style ("Standard"); kNoName where the property does not apply.
   NameId name(RecordId id, Property property) const;
@@ -58,6 +58,7 @@ class DrawingRecords {
   // Entities of equal type, layer, linetype, style and colour share a signature.
   std::size_t signatureCount() const { return signatures_.all().size(); }
   const Signature& signature(SignatureId id) const { return signatures_[id]; }
+  SignatureId intern(const Signature& signature) { return signatures_.intern(signature); }
 
   RecordStorage& storage() { return *storage_; }
   const RecordStorage& storage() const { return *storage_; }

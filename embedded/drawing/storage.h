@@ -33,6 +33,13 @@ class Drawing;
 // A variable's value by the host's own type.
 using Variable = std::variant<std::int64_t, double, std::wstring>;
 
+// What an entity has besides its signature; the defaults where its record says nothing.
+struct EntityLooks {
+  std::int16_t lineWeight = -1;           // as Property::kLineWeight
+  std::int32_t transparency = 0;          // as Property::kTransparency
+  std::optional<std::int32_t> trueColor;  // 0xRRGGBB beside the colour number
+};
+
 // A dimension variable and what it is.
 struct DimValue {
   const DimVariableInfo* variable = nullptr;
@@ -78,8 +85,7 @@ class RecordStorage {
   virtual std::string_view typeName(const Record& record) const = 0;
   virtual std::optional<Handle> handle(const Record& record) const = 0;
   virtual StoredValue property(const Record& record, Property property) const = 0;
-  // The exact colour that an entity has beside its colour number, 0xRRGGBB.
-  virtual std::optional<std::int32_t> trueColor(const Record& record) const = 0;
+  virtual EntityLooks looks(const Record& entity) const = 0;
   // Whether records of this type have the property and the file's version can hold it.
   virtual bool canHold(const Record& record, Property property) const = 0;
   virtual Geometry readGeometry(const Drawing& drawing, RecordId entity) const = 0;
@@ -122,6 +128,8 @@ class RecordStorage {
   // themselves.
   virtual base::Status addEntities(Drawing& drawing, RecordId block,
                                    std::span<const BlockEntity> entities) = 0;
+  // The leader's state with its last vertex elsewhere.
+  virtual base::Result<EditId> setLastVertex(const Record& leader, const Point& at) = 0;
   virtual base::Result<RecordId> addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) = 0;
   virtual std::optional<Variable> dimVariable(const Drawing& drawing, RecordId id,
                                               const DimVariableInfo& variable) const = 0;

@@ -40,13 +40,31 @@ class EntityWriter {
     } else if (!first || !addGeometry(drawing_, builder, entity.type, entity.geometry)) {
       status = refusedType(entity.type, L"Entities of this type are not made here");
     }
-    if (status) block_.addEntity(builder);
+    if (status) block_.addEntity(builder, signatureOf(entity, text != nullptr));
     return status;
   }
 
  private:
-  static void addCommon(RecordBuilder& builder, const BlockEntity& entity) {
-    builder.text(8, entity.layer);
+  SignatureId signatureOf(const BlockEntity& entity, bool isText) {
+    NamePool& names = drawing_.names();
+    Signature signature;
+    signature.type = names.intern(entity.type);
+    const auto named = [&](const std::wstring& name, std::string_view otherwise) {
+      return name.empty() ? names.intern(otherwise) : names.intern(std::wstring_view(name));
+    };
+    signature.layer = names.intern(std::string_view(layerBytes_));
+    signature.linetype = named(entity.linetype, "ByLayer");
+    if (isText) signature.style = named(entity.textStyle, "Standard");
+    signature.color = entity.color;
+    return drawing_.intern(signature);
+  }
+
+  void addCommon(RecordBuilder& builder, const BlockEntity& entity) {
+    if (layer_ != entity.layer || layerBytes_.empty()) {
+      layer_ = entity.layer;
+      layerBytes_ = builder.target().encode(layer_);
+    }
+    builder.stored(8, layerBytes_);
     if (!entity.linetype.empty()) builder.text(6, entity.linetype);
     if (entity.color != 256) builder.integer(62, entity.color);
     if (builder.since(Version::kR2004)) {
@@ -127,6 +145,8 @@ class EntityWriter {
 
   Drawing& drawing_;
   BlockWriter block_;
+  std::wstring layer_;  // of the newest entity, and how it is written
+  std::string layerBytes_;
 };
 
 }  // namespace

@@ -23,8 +23,9 @@ RecordBuilder BlockWriter::beginSub(std::string_view type, std::optional<Handle>
   return builder;
 }
 
-RecordId BlockWriter::addEntity(RecordBuilder& builder) {
-  return storage_.insert(drawing_, {RecordKind::kEntity, Table::kNone, before_, block_, builder.take()});
+RecordId BlockWriter::addEntity(RecordBuilder& builder, SignatureId signature) {
+  return storage_.insert(
+      drawing_, {RecordKind::kEntity, Table::kNone, before_, block_, builder.take(), kNoRecord, signature});
 }
 
 RecordId BlockWriter::addSub(RecordId main, RecordBuilder& builder) {

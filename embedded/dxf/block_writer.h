@@ -24,7 +24,7 @@ class BlockWriter {
   RecordBuilder beginSub(std::string_view type, std::optional<Handle> handle,
                          std::optional<Handle> main) const;
   std::optional<Handle> takeHandle() { return storage_.takeHandle(drawing_); }
-  RecordId addEntity(RecordBuilder& builder);
+  RecordId addEntity(RecordBuilder& builder, SignatureId signature = 0);
   RecordId addSub(RecordId main, RecordBuilder& builder);
   base::Result<RecordId> close();  // the block
 

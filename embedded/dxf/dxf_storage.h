@@ -33,6 +33,7 @@ struct PlacedRecord {
   RecordId owner = kNoRecord;
   std::string bytes{};
   RecordId implied = kNoRecord;  // see RecordStorage::add()
+  SignatureId signature = 0;     // of an entity, where it is known
 };
 
 class DxfStorage final : public RecordStorage {
@@ -56,7 +57,7 @@ class DxfStorage final : public RecordStorage {
   std::string_view typeName(const Record& record) const override;
   std::optional<Handle> handle(const Record& record) const override;
   StoredValue property(const Record& record, Property property) const override;
-  std::optional<std::int32_t> trueColor(const Record& record) const override;
+  EntityLooks looks(const Record& entity) const override;
   bool canHold(const Record& record, Property property) const override;
   Geometry readGeometry(const Drawing& drawing, RecordId entity) const override;  // in geometry_reader.cpp
   base::Result<EditId> setProperty(Drawing& drawing, const Record& record, Property property,
@@ -82,6 +83,7 @@ class DxfStorage final : public RecordStorage {
   base::Result<RecordId> addEntity(Drawing& drawing, RecordId block, std::string_view type,
                                    const Geometry& geometry) override;
   base::Status addEntities(Drawing& drawing, RecordId block, std::span<const BlockEntity> entities) override;
+  base::Result<EditId> setLastVertex(const Record& leader, const Point& at) override;
   base::Result<RecordId> addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) override;
   std::optional<Variable> dimVariable(const Drawing& drawing, RecordId id,
                                       const DimVariableInfo& variable) const override;

@@ -3,8 +3,13 @@
 
 #include "embedded/dxf/geometry_writer.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "embedded/drawing/block_copy.h"
 #include "embedded/dxf/block_writer.h"
+#include "embedded/dxf/geometry_groups.h"
+#include "embedded/dxf/group_writer.h"
 #include "embedded/dxf/record_translator.h"
 
 namespace cad::dxf {
@@ -235,6 +240,21 @@ base::Result<RecordId> DxfStorage::defineBlock(Drawing& drawing, std::wstring_vi
   }
   for (const Shape& shape : shapes) std::visit(ShapeWriter(drawing, block), shape);
   return block.close();
+}
+
+base::Result<EditId> DxfStorage::setLastVertex(const Record& leader, const Point& at) {
+  Record state = leader;
+  // From the last coordinate to the first, so that places before stay where they are.
+  for (const auto& [code, value] : {std::pair(30, at.z), std::pair(20, at.y), std::pair(10, at.x)}) {
+    const GeometryGroups groups(*this, state);
+    const auto last = std::find_if(groups.all().rbegin(), groups.all().rend(),
+                                   [&](const Group& group) { return group.code == code; });
+    if (last != groups.all().rend())
+      state.edits = withValue(state, *last, realBytes(dialect_, value));
+    else if (code != 30)
+      return failure(L"LEADER", L"The leader has no vertices");
+  }
+  return state.edits;
 }
 
 base::Result<RecordId> DxfStorage::addEntity(Drawing& drawing, RecordId block, std::string_view type,

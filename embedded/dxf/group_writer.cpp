@@ -43,11 +43,17 @@ std::size_t usualWidth(const Dialect& dialect, int code) {
 
 }  // namespace
 
-std::string realText(double value) {
+void appendReal(std::string& out, double value) {
   char buffer[64];
   const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, value);
-  std::string text(buffer, end);
-  if (text.find_first_of(".e") == std::string::npos) text += ".0";
+  const std::string_view text(buffer, static_cast<std::size_t>(end - buffer));
+  out += text;
+  if (text.find_first_of(".e") == text.npos) out += ".0";
+}
+
+std::string realText(double value) {
+  std::string text;
+  appendReal(text, value);
   return text;
 }
 
@@ -115,8 +121,15 @@ void GroupWriter::real(int groupCode, double value) {
   if (dialect_.binary) {
     bytes_ += realBytes(dialect_, value);
   } else {
-    line(realText(value));
+    appendReal(bytes_, value);
+    bytes_ += lineEndBytes(dialect_.lineEnd);
   }
+}
+
+void GroupWriter::chunk(int groupCode, std::string_view data) {
+  code(groupCode);
+  bytes_ += static_cast<char>(data.size());
+  bytes_ += data;
 }
 
 void GroupWriter::handle(int groupCode, Handle value) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "embedded/drawing/record.h"
 #include "embedded/dxf/dialect.h"
@@ -19,9 +20,11 @@ class GroupWriter {
   void real(int code, double value);
   void handle(int code, Handle value);
   void point(int code, double x, double y, double z);  // code, code + 10, code + 20
+  void chunk(int code, std::string_view data);         // in binary files: counted, not ended by NUL
+  void append(std::string_view groups) { bytes_ += groups; }
 
   const std::string& bytes() const { return bytes_; }
-  std::string take() { return std::move(bytes_); }
+  std::string take() { return std::exchange(bytes_, {}); }
 
  private:
   void code(int code);
@@ -36,6 +39,7 @@ class GroupWriter {
 // `old` is the value that it replaces (text: its padding is kept) or empty.
 std::string integerBytes(const Dialect& dialect, int code, std::int64_t value, std::string_view old);
 std::string realBytes(const Dialect& dialect, double value);
+void appendReal(std::string& out, double value);
 std::string realText(double value);  // shortest that reads back the same, with at least one decimal
 
 }  // namespace cad::dxf

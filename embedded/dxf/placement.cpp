@@ -35,6 +35,7 @@ RecordId DxfStorage::insert(Drawing& drawing, PlacedRecord placed) {
   record.kind = placed.kind;
   record.table = placed.table;
   record.owner = placed.owner;
+  record.signature = placed.signature;
   record.length = static_cast<std::uint32_t>(placed.bytes.size());
   if (isEntity(placed.kind) && namesLayers(placed.bytes)) record.flags |= Record::kMarked;
   record.offset = edits_.keepRecord(std::move(placed.bytes));
@@ -44,6 +45,7 @@ RecordId DxfStorage::insert(Drawing& drawing, PlacedRecord placed) {
 }
 
 bool DxfStorage::namesLayers(std::string_view bytes) const {
+  if (!dialect_.binary && bytes.find("1003") == bytes.npos) return false;
   GroupCursor cursor(bytes, dialect_);
   while (cursor.next())
     if (cursor.group().code == kLayerName) return true;

@@ -89,13 +89,19 @@ bool DxfStorage::canHold(const Record& record, Property property) const {
   return place != nullptr && facts_.version >= place->since;
 }
 
-std::optional<std::int32_t> DxfStorage::trueColor(const Record& record) const {
-  const PropertyPlace* place = findCommonPlace(record.kind, Property::kColorIndex);
-  if (place == nullptr) return std::nullopt;
+EntityLooks DxfStorage::looks(const Record& entity) const {
+  EntityLooks looks;
   std::string scratch;
-  const Located located = locate(bytes(record, scratch), dialect_, *place, isStraying(record));
-  const auto value = located.trueColor ? integerValue(*located.trueColor, dialect_) : std::nullopt;
-  return value ? std::optional(static_cast<std::int32_t>(*value)) : std::nullopt;
+  RegionCursor cursor(bytes(entity, scratch), dialect_);
+  while (cursor.next() && !cursor.leftHome()) {
+    if (!cursor.inCommon()) continue;
+    const Group& group = cursor.group();
+    const auto value = [&] { return integerValue(group, dialect_).value_or(0); };
+    if (group.code == 370) looks.lineWeight = static_cast<std::int16_t>(value());
+    if (group.code == 440) looks.transparency = static_cast<std::int32_t>(value());
+    if (group.code == kTrueColor) looks.trueColor = static_cast<std::int32_t>(value());
+  }
+  return looks;
 }
 
 StoredValue DxfStorage::property(const Record& record, Property property) const {

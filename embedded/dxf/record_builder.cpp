@@ -26,9 +26,7 @@ std::optional<std::string> fromHex(std::string_view text) {
 }  // namespace
 
 RecordBuilder& RecordBuilder::stored(int code, std::string_view bytes) {
-  GroupWriter writer(target_.dialect());
-  writer.text(code, bytes);
-  bytes_ += writer.bytes();
+  writer_.text(code, bytes);
   return *this;
 }
 
@@ -37,23 +35,17 @@ RecordBuilder& RecordBuilder::text(int code, std::wstring_view value) {
 }
 
 RecordBuilder& RecordBuilder::integer(int code, std::int64_t value) {
-  GroupWriter writer(target_.dialect());
-  writer.integer(code, value);
-  bytes_ += writer.bytes();
+  writer_.integer(code, value);
   return *this;
 }
 
 RecordBuilder& RecordBuilder::real(int code, double value) {
-  GroupWriter writer(target_.dialect());
-  writer.real(code, value);
-  bytes_ += writer.bytes();
+  writer_.real(code, value);
   return *this;
 }
 
 RecordBuilder& RecordBuilder::handle(int code, Handle value) {
-  GroupWriter writer(target_.dialect());
-  writer.handle(code, value);
-  bytes_ += writer.bytes();
+  writer_.handle(code, value);
   return *this;
 }
 
@@ -63,9 +55,7 @@ RecordBuilder& RecordBuilder::point(int code, const Point& point) {
 
 RecordBuilder& RecordBuilder::chunk(int code, std::string_view data) {
   if (target_.dialect().binary) {
-    stored(code, {});
-    bytes_.back() = static_cast<char>(data.size());  // a chunk is counted, not ended by NUL
-    bytes_ += data;
+    writer_.chunk(code, data);
     return *this;
   }
   std::string hex;
@@ -81,7 +71,7 @@ RecordBuilder& RecordBuilder::subclass(std::string_view name) {
 }
 
 RecordBuilder& RecordBuilder::raw(std::string_view groups) {
-  bytes_ += groups;
+  writer_.append(groups);
   return *this;
 }
 

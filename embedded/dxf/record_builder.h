@@ -9,13 +9,14 @@
 #include "embedded/drawing/record.h"
 #include "embedded/dxf/dxf_storage.h"
 #include "embedded/dxf/group_cursor.h"
+#include "embedded/dxf/group_writer.h"
 
 namespace cad::dxf {
 
 class RecordBuilder {
  public:
   // `target` must outlive the builder.
-  explicit RecordBuilder(const DxfStorage& target) : target_(target) {}
+  explicit RecordBuilder(const DxfStorage& target) : target_(target), writer_(target.dialect()) {}
 
   bool since(Version version) const { return target_.facts().version >= version; }
 
@@ -33,14 +34,14 @@ class RecordBuilder {
   RecordBuilder& raw(std::string_view groups);  // groups already in this drawing's form
 
   const DxfStorage& target() const { return target_; }
-  const std::string& bytes() const { return bytes_; }
-  std::string take() { return std::move(bytes_); }
+  const std::string& bytes() const { return writer_.bytes(); }
+  std::string take() { return writer_.take(); }
 
  private:
   bool copyChunk(const Group& group, const DxfStorage& source);
 
   const DxfStorage& target_;
-  std::string bytes_;
+  GroupWriter writer_;
 };
 
 }  // namespace cad::dxf

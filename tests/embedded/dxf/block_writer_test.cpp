@@ -44,6 +44,62 @@ TEST(BlockWriter, NewFilesGetATableEntryThatOwnsTheContent) {
   expectUndone(*drawing, original);
 }
 
+BlockEntity filledText() {
+  TextGeometry text;
+  text.at = {1, 2, 0};
+  text.height = 2.5;
+  text.side = TextGeometry::Side::kCentre;
+  text.level = TextGeometry::Level::kMiddle;
+  text.multiline = true;
+  text.fill = TextGeometry::Fill::kOwnColor;
+  text.fillColor = 97;
+  text.contents = L"\\A1;5";
+  return {"MTEXT", {text}, L"0", {}, {}, 0, -1, 0x01000000, {}};
+}
+
+TEST(BlockWriter, ContentMadeAnewIsWrittenAsEachVersionHasIt) {
+  constexpr std::string_view kText = "|100 AcDbMText|10 1.0|20 2.0|30 0.0|40 2.5|41 0.0|";
+  constexpr std::string_view kOldFill =
+      "|1001 ACAD|1000 MTEXTBEGIN|1070 73|1070 1|1070 44|1040 1.0|1070 74|1070 0|1000 MTEXTEND|1000 "
+      "ACAD_MTEXT_BBRT|1070 91|1071 1|1070 46|1040 1.25|1070 64|1071 -1023410079|1070 65|1000  |1070 66|1000 "
+      " "
+      "|1070 442|1071 0|1000 ACAD_MTEXT_BERT";
+  constexpr std::string_view kFill = "|90 1|63 97|45 1.25|441 0";
+  struct Version {
+    std::string_view version, before, after;
+  };
+  const Version versions[] = {{"AC1014", "62 0", kOldFill},
+                              {"AC1015", "62 0", kOldFill},
+                              {"AC1018", "62 0|440 16777216", kFill},
+                              {"AC1032", "62 0|440 16777216", kFill}};
+  for (const auto& [version, before, after] : versions) {
+    auto drawing = modern("0 LINE|5 20|330 1F|100 AcDbEntity|8 0|100 AcDbLine", version);
+    const RecordId first = drawing->defineBlock(L"B", shapes()).value();
+    const std::string original = saved(*drawing);
+    const BlockEntity text = filledText();
+    ASSERT_TRUE(drawing->redefineContents(first, std::span(&text, 1)).ok());
+    const std::string record = lastRecord(saved(*drawing), "MTEXT");
+    std::string expected = "|100 AcDbEntity|8 0|";
+    expected.append(before)
+        .append(kText)
+        .append(version == "AC1032" ? "46 0.0|" : "")
+        .append("71 5|72 1|1 \\A1;5");
+    expected.append(version == "AC1014" ? "" : "|73 1|44 1.0").append(after);
+    EXPECT_TRUE(record.ends_with(groups(expected.substr(1)))) << version << record;
+    auto again = read(saved(*drawing));
+    const auto geometry = again->geometry(again->entitiesOf(block(*again, L"B")).back());
+    EXPECT_EQ(std::get<TextGeometry>(geometry.shape).fillColor, 97) << version;
+    drawing->undo();
+    EXPECT_EQ(saved(*drawing), original);
+    BlockEntity unknown = text;
+    unknown.type = "NOSUCH";
+    unknown.geometry.shape = LineGeometry{};
+    EXPECT_FALSE(drawing->redefineContents(first, std::span(&unknown, 1)).ok());
+    EXPECT_FALSE(drawing->redefineContents(drawing->modelSpace(), std::span(&text, 1)).ok());
+    EXPECT_EQ(saved(*drawing), original);
+  }
+}
+
 TEST(BlockWriter, RedefinitionKeepsTheBlockAndReplacesItsContent) {
   auto drawing = modern("0 LINE|5 20|330 1F|100 AcDbEntity|8 0|100 AcDbLine");
   const RecordId first = drawing->defineBlock(L"B", shapes()).value();

@@ -57,6 +57,21 @@ TEST(DimOverrides, OtherExtendedDataStaysByteForByte) {
       groups(std::string(kDimension) + foreign + "|1000 DSTYLE|1002 {|1070 140|1040 4.0|1002 }" + tail));
 }
 
+TEST(DimOverrides, YoungerVariablesStandInDataOfTheirOwnInOldFiles) {
+  constexpr std::string_view kData =
+      "|1001 ACAD_DSTYLE_DIM_EXT1_LINETYPE|1070 381|1005 11|1001 ACAD_DSTYLE_DIMTEXT_FILL|1070 376|1070 "
+      "2|1070 "
+      "377|1004 1800000001000000610000C300000000";
+  for (const std::string_view version : {"AC1015", "AC1018", "AC1024"}) {
+    const auto drawing = modern(std::string(kDimension) + std::string(kData), version);
+    const DimVariables values(*drawing, entity(*drawing, "DIMENSION"));
+    const bool isOld = version != "AC1024";
+    EXPECT_EQ(values.text(dimRow("DIMLTEX1")), isOld ? L"Standard" : L"") << version;
+    EXPECT_EQ(values.integer(dimRow("DIMTFILL")), isOld ? 2 : 0);
+    EXPECT_EQ(values.integer(dimRow("DIMTFILLCLR")), isOld ? 97 : 0);
+  }
+}
+
 TEST(DimOverrides, AListThatIsNotClosedIsNoList) {
   auto drawing = modern(std::string(kDimension) + "|1001 ACAD|1000 DSTYLE|1002 {|1070 140|1040 2.0");
   const RecordId dimension = entity(*drawing, "DIMENSION");

@@ -232,6 +232,13 @@ base::Status MemoryStorage::addEntities(Drawing& drawing, RecordId block,
   return {};
 }
 
+base::Result<EditId> MemoryStorage::setLastVertex(const Record& leader, const Point& at) {
+  Object next = object(leader);
+  if (auto* path = std::get_if<PolylineGeometry>(&next.geometry.shape)) path->vertices.back().at = at;
+  if (auto* curve = std::get_if<SplineGeometry>(&next.geometry.shape)) curve->fit.back() = at;
+  return changedTo(std::move(next));
+}
+
 base::Result<RecordId> MemoryStorage::addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) {
   Drawing::ChangeScope scope(drawing);
   const auto& variables = object(drawing.record(header_)).variables;
@@ -282,7 +289,7 @@ base::Status MemoryStorage::setDimVariable(Drawing& drawing, RecordId id, const 
   if (!variable.existsIn(facts_.version))
     return failure(shown, L"The drawing's version does not have this variable");
   const std::string_view type = typeName(drawing.record(id));
-  if (type != "DIMSTYLE" && type != "DIMENSION" && type != "LEADER" && type != "TOLERANCE")
+  if (type != "DIMSTYLE" && !type.ends_with("DIMENSION") && type != "LEADER" && type != "TOLERANCE")
     return failure(shown, L"This object has no dimension variables");
   const auto wanted = kept(drawing, valueTypeOf(variable), tableOf(variable.type), value, shown);
   if (!wanted) return wanted.failure();

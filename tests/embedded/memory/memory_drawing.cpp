@@ -74,7 +74,7 @@ class Copy {
     }
     if (record.table == Table::kLinetype) object.dashes = source_.dashes(id);
     object.geometry = source_.geometry(id);
-    object.trueColor = source_.trueColor(id);
+    if (record.kind == RecordKind::kEntity) object.trueColor = source_.looks(id).trueColor;
     if (record.kind == RecordKind::kBlockBegin)
       object.geometry.shape = PointGeometry{implied ? Point{} : source_.basePoint(id)};
     const bool isDrawn = record.signature != 0;

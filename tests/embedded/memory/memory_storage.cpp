@@ -15,7 +15,8 @@ struct Holds {
 };
 
 using P = Property;
-constexpr std::string_view kTexts = " TEXT MTEXT ATTDEF ATTRIB ", kDimensions = " DIMENSION ";
+constexpr std::string_view kTexts = " TEXT MTEXT ATTDEF ATTRIB ",
+                           kDimensions = " DIMENSION ARC_DIMENSION LARGE_RADIAL_DIMENSION ";
 constexpr std::string_view kTables = " LAYER LTYPE STYLE DIMSTYLE APPID BLOCK BLOCK_RECORD ";
 
 constexpr Holds kHolds[] = {
@@ -31,7 +32,7 @@ constexpr Holds kHolds[] = {
     {P::kRotation, " TEXT MTEXT ATTDEF ATTRIB INSERT "},
     {P::kWidthFactor, " TEXT ATTDEF ATTRIB "},
     {P::kTextString, kTexts},
-    {P::kDimStyle, " DIMENSION LEADER TOLERANCE "},
+    {P::kDimStyle, " DIMENSION ARC_DIMENSION LARGE_RADIAL_DIMENSION LEADER TOLERANCE "},
     {P::kTextRotation, kDimensions},
     {P::kDimText, kDimensions},
     {P::kDimBlock, kDimensions},
@@ -160,6 +161,16 @@ StoredValue MemoryStorage::property(const Record& record, Property property) con
   const Object& holder = object(record);
   const auto found = holder.values.find(property);
   return found == holder.values.end() ? StoredValue() : found->second;
+}
+
+EntityLooks MemoryStorage::looks(const Record& entity) const {
+  const auto whole = [&](Property property, std::int64_t otherwise) {
+    const StoredValue value = this->property(entity, property);
+    const auto* number = std::get_if<std::int64_t>(&value);
+    return number == nullptr ? otherwise : *number;
+  };
+  return {static_cast<std::int16_t>(whole(P::kLineWeight, -1)),
+          static_cast<std::int32_t>(whole(P::kTransparency, 0)), object(entity).trueColor};
 }
 
 bool MemoryStorage::canHold(const Record& record, Property property) const {
