@@ -6,6 +6,7 @@
 #include "base/files.h"
 #include "base/media.h"
 #include "dbapserv.h"
+#include "embedded/editor/file_search.h"
 #include "embedded/editor/host_state.h"
 #include "embedded/editor/output.h"
 #include "embedded/formats/drawing_files.h"
@@ -32,6 +33,7 @@ Document::Document(std::unique_ptr<Drawing> drawing, std::wstring name, int numb
       number_(number) {
   requireLock(*database_, [this] { return !isHeldForWriting(); });
   tellRemarks(*database_, remark);
+  searchFonts(*database_, findFontFile);
 }
 
 Document::~Document() = default;

@@ -1,6 +1,7 @@
 #include "embedded/objects/followers.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cwchar>
 
 namespace cad {
@@ -17,6 +18,16 @@ const wchar_t* reasonOf(DimOutcome outcome) {
     default:
       return L"dimensions of its kind are not drawn";
   }
+}
+
+constexpr double kSameHook = 1e-6;  // of its length
+
+std::vector<Point> verticesOf(const Geometry& leader) {
+  std::vector<Point> points;
+  if (const auto* curve = std::get_if<SplineGeometry>(&leader.shape)) return curve->fit;
+  if (const auto* path = std::get_if<PolylineGeometry>(&leader.shape))
+    for (const PolylineGeometry::Vertex& vertex : path->vertices) points.push_back(vertex.at);
+  return points;
 }
 
 bool sameValues(const std::vector<DimValue>& a, const std::vector<DimValue>& b) {
@@ -40,7 +51,7 @@ void Followers::closed(RecordId object) {
   states_.erase(object);
   const Record& now = drawing_.record(object);
   if (former.edits == now.edits || now.erased()) return;
-  if (drawing_.typeName(object) == "LEADER") return;
+  if (drawing_.typeName(object) == "LEADER") return moveHook(object, former);
   if (looksOtherwise(object, former)) {
     draw(object, former);
   } else {
@@ -67,12 +78,12 @@ Acad::ErrorStatus Followers::draw(RecordId dimension) {
 Acad::ErrorStatus Followers::draw(RecordId dimension, const Record& former) {
   const base::Result<DimOutcome> drawn = redraw_.redraw(dimension, former);
   if (!drawn.ok()) {
-    tell(dimension, drawn.failure().text());
+    tellKept(dimension, drawn.failure().text());
     return Acad::eInvalidInput;
   }
   if (!keepsBlock(drawn.value())) return Acad::eOk;
   follow(dimension, former);
-  tellKept(dimension, drawn.value());
+  tellKept(dimension, reasonOf(drawn.value()));
   return Acad::eOk;
 }
 
@@ -84,30 +95,55 @@ void Followers::follow(RecordId dimension, const Record& former) {
   };
   if (!changed(Property::kLayer) && !changed(Property::kLinetype)) return;
   const base::Result<bool> followed = redraw_.follow(dimension, former);
-  if (!followed.ok()) return tell(dimension, followed.failure().text());
+  if (!followed.ok()) return tellKept(dimension, followed.failure().text());
   if (followed.value()) return;
   // The block is not the dimension's alone: it gets one of its own, if it can be drawn.
   const base::Result<DimOutcome> drawn = redraw_.redraw(dimension, former);
-  if (!drawn.ok()) return tell(dimension, drawn.failure().text());
-  if (keepsBlock(drawn.value())) tellKept(dimension, drawn.value());
+  if (!drawn.ok()) return tellKept(dimension, drawn.failure().text());
+  if (keepsBlock(drawn.value())) tellKept(dimension, reasonOf(drawn.value()));
+}
+
+// --- Leaders -----------------------------------------------------------------------------------------------
+
+void Followers::moveHook(RecordId leader, const Record& former) {
+  const auto hookOf = [&](const Record& state) {
+    const DimVariables values = leaderStyles_.valuesOf(drawing_, state);
+    const double scale = values.real(dimRow("DIMSCALE"));
+    return values.real(dimRow("DIMASZ")) * (scale > 0 ? scale : 1);
+  };
+  const double before = hookOf(former), after = hookOf(drawing_.record(leader));
+  if (before == after || !(before > 0)) return;
+  const std::vector<Point> path = verticesOf(drawing_.geometry(leader));
+  if (path.size() < 3) return;
+  const Point& end = path.back();
+  const Point& start = path[path.size() - 2];
+  const Point along{end.x - start.x, end.y - start.y, end.z - start.z};
+  // Another length is no hook, or one that a person drew.
+  if (std::abs(std::hypot(along.x, along.y, along.z) - before) > kSameHook * before) return;
+  const double factor = after / before;
+  const Point moved{start.x + factor * along.x, start.y + factor * along.y, start.z + factor * along.z};
+  if (const base::Status status = drawing_.setLastVertex(leader, moved); !status)
+    tell(leader, L"The leader keeps its hook: " + status.failure().reason);
 }
 
 // --- What is told ------------------------------------------------------------------------------------------
 
-void Followers::tellKept(RecordId dimension, DimOutcome outcome) { tell(dimension, reasonOf(outcome)); }
+void Followers::tellKept(RecordId dimension, const std::wstring& reason) {
+  tell(dimension, L"The dimension keeps the picture that it had: " + reason);
+}
 
-void Followers::tell(RecordId dimension, const std::wstring& reason) {
-  if (!remark || !told_.insert(dimension).second) return;
-  const std::string_view type = drawing_.typeName(dimension);
+void Followers::tell(RecordId object, const std::wstring& reason) {
+  if (!remark || !told_.insert(object).second) return;
+  const std::string_view type = drawing_.typeName(object);
   std::wstring name(type.begin(), type.end());
-  if (const std::optional<Handle> handle = drawing_.handle(dimension)) {
+  if (const std::optional<Handle> handle = drawing_.handle(object)) {
     wchar_t digits[20];
     std::swprintf(digits, std::size(digits), L" %llX", static_cast<unsigned long long>(*handle));
     name += digits;
-  } else if (const auto block = drawing_.text(dimension, Property::kDimBlock)) {
+  } else if (const auto block = drawing_.text(object, Property::kDimBlock)) {
     name += L" " + *block;
   }
-  remark({name, L"The dimension keeps the picture that it had: " + reason});
+  remark({name, reason});
 }
 
 }  // namespace cad

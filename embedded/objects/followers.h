@@ -37,11 +37,14 @@ class Followers {
   bool looksOtherwise(RecordId dimension, const Record& former) const;
   Acad::ErrorStatus draw(RecordId dimension, const Record& former);
   void follow(RecordId dimension, const Record& former);
-  void tellKept(RecordId dimension, DimOutcome outcome);
-  void tell(RecordId dimension, const std::wstring& reason);
+  // The hook of a leader is as long as its arrow: its last vertex moves when that length changes.
+  void moveHook(RecordId leader, const Record& former);
+  void tellKept(RecordId dimension, const std::wstring& reason);
+  void tell(RecordId object, const std::wstring& reason);
 
   Drawing& drawing_;
   DimRedraw redraw_;
+  DimStyles leaderStyles_;
   std::unordered_map<RecordId, EditId> states_;  // of open objects: when they were opened or drawn
   std::unordered_set<RecordId> told_;
 };

@@ -45,47 +45,53 @@ std::wstring comparable(std::wstring_view contents) {
   return text;
 }
 
-// Two entities of one number; collects how they differ.
+// Two entities of one number; collects how they differ, or tells only whether (`found` null).
 class Comparison {
  public:
   Comparison(std::size_t number, const BlockEntity& drawn, const BlockEntity& kept, double tolerance,
-             std::vector<std::wstring>& found)
+             std::vector<std::wstring>* found)
       : number_(number), drawn_(drawn), kept_(kept), tolerance_(tolerance), found_(found) {}
 
-  void run() {
-    if (drawn_.type != kept_.type) return add(L"type", wide(drawn_.type), wide(kept_.type));
+  // Of entities of one type. True: they are the same.
+  bool run() {
     names(L"layer", drawn_.layer, kept_.layer);
     names(L"linetype", drawn_.linetype, kept_.linetype);
     whole(L"colour", drawn_.color, kept_.color);
     whole(L"lineweight", drawn_.lineWeight, kept_.lineWeight);
     whole(L"transparency", drawn_.transparency, kept_.transparency);
-    if (!(drawn_.trueColor == kept_.trueColor))
+    if (!(drawn_.trueColor == kept_.trueColor) && isToBeTold())
       add(L"true colour", number(drawn_.trueColor.value_or(-1)), number(kept_.trueColor.value_or(-1)));
     std::visit([this](const auto& shape) { compare(shape); }, drawn_.geometry.shape);
+    return !differs_;
   }
 
  private:
   static std::wstring wide(std::string_view text) { return {text.begin(), text.end()}; }
 
+  bool isToBeTold() {
+    differs_ = true;
+    return found_ != nullptr;
+  }
   void add(const wchar_t* what, const std::wstring& drawn, const std::wstring& kept) {
-    found_.push_back(std::to_wstring(number_ + 1) + L" " + wide(kept_.type) + L": " + what + L" " + drawn +
-                     L" instead of " + kept);
+    found_->push_back(std::to_wstring(number_ + 1) + L" " + wide(kept_.type) + L": " + what + L" " + drawn +
+                      L" instead of " + kept);
   }
   void names(const wchar_t* what, const std::wstring& drawn, const std::wstring& kept) {
-    if (!sameName(drawn, kept)) add(what, drawn, kept);
+    if (!sameName(drawn, kept) && isToBeTold()) add(what, drawn, kept);
   }
   void whole(const wchar_t* what, std::int64_t drawn, std::int64_t kept) {
-    if (drawn != kept) add(what, std::to_wstring(drawn), std::to_wstring(kept));
+    if (drawn != kept && isToBeTold()) add(what, std::to_wstring(drawn), std::to_wstring(kept));
   }
   void place(const wchar_t* what, const Point& drawn, const Point& kept) {
     const double apart = std::hypot(drawn.x - kept.x, drawn.y - kept.y, drawn.z - kept.z);
-    if (!(apart <= tolerance_)) add(what, pointText(drawn), pointText(kept));
+    if (!(apart <= tolerance_) && isToBeTold()) add(what, pointText(drawn), pointText(kept));
   }
   void size(const wchar_t* what, double drawn, double kept) {
-    if (!(std::abs(drawn - kept) <= tolerance_)) add(what, number(drawn), number(kept));
+    if (!(std::abs(drawn - kept) <= tolerance_) && isToBeTold()) add(what, number(drawn), number(kept));
   }
   void angle(const wchar_t* what, double drawn, double kept) {
-    if (!(std::abs(std::remainder(drawn - kept, 360)) <= kSameAngle)) add(what, number(drawn), number(kept));
+    if (!(std::abs(std::remainder(drawn - kept, 360)) <= kSameAngle) && isToBeTold())
+      add(what, number(drawn), number(kept));
   }
   template <class Shape>
   const Shape& other() const {
@@ -125,14 +131,16 @@ class Comparison {
   }
   void compare(const InsertGeometry& insert) {
     const auto& kept = other<InsertGeometry>();
-    if (insert.block != kept.block) add(L"block", std::to_wstring(insert.block), std::to_wstring(kept.block));
+    if (insert.block != kept.block && isToBeTold())
+      add(L"block", std::to_wstring(insert.block), std::to_wstring(kept.block));
     place(L"place", insert.at, kept.at);
     place(L"scale", insert.scale, kept.scale);
     angle(L"rotation", insert.rotation, kept.rotation);
   }
   void compare(const TextGeometry& text) {
     const auto& kept = other<TextGeometry>();
-    if (comparable(text.contents) != comparable(kept.contents)) add(L"text", text.contents, kept.contents);
+    if (comparable(text.contents) != comparable(kept.contents) && isToBeTold())
+      add(L"text", text.contents, kept.contents);
     names(L"text style", drawn_.textStyle.empty() ? L"Standard" : drawn_.textStyle,
           kept_.textStyle.empty() ? L"Standard" : kept_.textStyle);
     place(L"place", text.at, kept.at);
@@ -148,7 +156,8 @@ class Comparison {
   const BlockEntity& drawn_;
   const BlockEntity& kept_;
   double tolerance_;
-  std::vector<std::wstring>& found_;
+  std::vector<std::wstring>* found_;
+  bool differs_ = false;
 };
 
 std::wstring typeList(const std::vector<BlockEntity>& entities) {
@@ -174,13 +183,11 @@ std::vector<BlockEntity> blockEntities(const Drawing& drawing, RecordId block) {
     if (sameName(entity.linetype, L"ByLayer")) entity.linetype.clear();
     if (std::holds_alternative<TextGeometry>(entity.geometry.shape))
       entity.textStyle = nameText(drawing, id, Property::kTextStyle);
-    const auto value = [&](Property property, std::int64_t otherwise) {
-      return drawing.integer(id, property).value_or(otherwise);
-    };
-    entity.color = static_cast<std::int16_t>(value(Property::kColorIndex, 256));
-    entity.lineWeight = static_cast<std::int16_t>(value(Property::kLineWeight, -1));
-    entity.transparency = static_cast<std::int32_t>(value(Property::kTransparency, 0));
-    entity.trueColor = drawing.trueColor(id);
+    entity.color = static_cast<std::int16_t>(drawing.integer(id, Property::kColorIndex).value_or(256));
+    const EntityLooks looks = drawing.looks(id);
+    entity.lineWeight = looks.lineWeight;
+    entity.transparency = looks.transparency;
+    entity.trueColor = looks.trueColor;
     entities.push_back(std::move(entity));
   }
   return entities;
@@ -197,9 +204,16 @@ std::vector<std::wstring> differences(const std::vector<BlockEntity>& drawn,
   }
   for (std::size_t i = 0; i < drawn.size(); ++i) {
     const bool dependsOnText = i < byText.size() && byText[i];
-    Comparison(i, drawn[i], kept[i], dependsOnText ? tolerance.byText : tolerance.exact, found).run();
+    Comparison(i, drawn[i], kept[i], dependsOnText ? tolerance.byText : tolerance.exact, &found).run();
   }
   return found;
+}
+
+bool samePicture(const std::vector<BlockEntity>& drawn, const std::vector<BlockEntity>& kept,
+                 double tolerance) {
+  return std::ranges::equal(drawn, kept, [&](const BlockEntity& a, const BlockEntity& b) {
+    return a.type == b.type && Comparison(0, a, b, tolerance, nullptr).run();
+  });
 }
 
 }  // namespace cad

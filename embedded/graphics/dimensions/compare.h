@@ -25,4 +25,8 @@ std::vector<std::wstring> differences(const std::vector<BlockEntity>& drawn,
                                       const std::vector<BlockEntity>& kept, const PlaceTolerance& tolerance,
                                       const std::vector<bool>& byText = {});
 
+// Whether there is none, all places within one tolerance.
+bool samePicture(const std::vector<BlockEntity>& drawn, const std::vector<BlockEntity>& kept,
+                 double tolerance);
+
 }  // namespace cad

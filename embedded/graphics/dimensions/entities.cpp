@@ -34,6 +34,12 @@ std::wstring asLine(std::wstring_view value) {
   return line;
 }
 
+// The name as the drawing has it; itself when there is none.
+std::wstring spelled(const Drawing& drawing, Table table, std::wstring_view name) {
+  const RecordId record = drawing.find(table, name);
+  return record == kNoRecord ? std::wstring(name) : drawing.names().text(drawing.recordName(record));
+}
+
 class EntityMaker {
  public:
   EntityMaker(const Drawing& drawing, RecordId dimension, const DimSource& source,
@@ -43,12 +49,11 @@ class EntityMaker {
       return name == kNoName ? std::wstring() : drawing.names().text(name);
     };
     layer_ = nameOf(drawing.name(dimension, Property::kLayer));
-    const RecordId points = drawing.find(Table::kLayer, std::wstring_view(kDefinitionPointLayer));
-    pointLayer_ =
-        points != kNoRecord ? nameOf(drawing.recordName(points)) : std::wstring(kDefinitionPointLayer);
+    pointLayer_ = definitionPointLayer(drawing);
     const std::wstring linetype = nameOf(drawing.name(dimension, Property::kLinetype));
     // A linetype of the dimension's own shows only in parts that take theirs from it.
-    if (!linetype.empty() && !base::equalFolded(linetype, L"ByLayer")) otherLinetype_ = L"ByBlock";
+    if (!linetype.empty() && !base::equalFolded(linetype, L"ByLayer"))
+      otherLinetype_ = spelled(drawing, Table::kLinetype, L"ByBlock");
     const bool takesTransparency = drawing.facts().version >= Version::kR2004;
     // Not every release of the host writes it; a block stays as its writer had it.
     const auto none = [](const BlockEntity& entity) { return entity.transparency == 0; };
@@ -216,6 +221,11 @@ class EntityMaker {
 };
 
 }  // namespace
+
+std::wstring definitionPointLayer(const Drawing& drawing) {
+  const bool isUpper = drawing.facts().version < Version::kR13;
+  return spelled(drawing, Table::kLayer, isUpper ? L"DEFPOINTS" : L"Defpoints");
+}
 
 std::vector<BlockEntity> entitiesOf(const Drawing& drawing, RecordId dimension, const DimSource& source,
                                     const DimPicture& picture, const std::vector<BlockEntity>& kept) {

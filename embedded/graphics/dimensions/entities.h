@@ -8,9 +8,10 @@
 
 namespace cad {
 
-inline constexpr wchar_t kDefinitionPointLayer[] = L"Defpoints";
+// The layer of definition points, as the drawing spells it, or as it is to be called there.
+std::wstring definitionPointLayer(const Drawing& drawing);
 
-// The definition points stand on kDefinitionPointLayer as the drawing spells it. `kept`: what the block
+// `kept`: what the block
 // holds; true colours, which dimension styles in files do not tell, are taken from there as long as the
 // variable has the colour number that goes with them.
 std::vector<BlockEntity> entitiesOf(const Drawing& drawing, RecordId dimension, const DimSource& source,

@@ -98,20 +98,18 @@ RecordId textStyleOf(const Drawing& drawing, const DimVariables& variables) {
   return style != kNoRecord ? style : drawing.find(Table::kTextStyle, std::wstring_view(L"Standard"));
 }
 
-void chooseText(const Drawing& drawing, RecordId dimension, FontCatalogue& fonts, DimSource& source) {
+void chooseText(const Drawing& drawing, RecordId dimension, TextFaces& faces, DimSource& source) {
   const DimVariables& variables = source.variables;
   DimFigure& figure = source.figure;
-  const RecordId style = textStyleOf(drawing, variables);
-  source.textStyle = drawing.names().text(drawing.recordName(style));
-  if (base::equalFolded(source.textStyle, L"Standard")) source.textStyle.clear();
+  const TextFaces::Face& face = faces.of(drawing, textStyleOf(drawing, variables));
+  source.textStyle = face.name;
   // A style's fixed height counts as it is.
-  const double fixed = drawing.real(style, Property::kFixedHeight).value_or(0);
-  figure.textHeight = fixed > 0 ? fixed : figure.scale * variables.real(dimRow("DIMTXT"));
+  figure.textHeight =
+      face.fixedHeight > 0 ? face.fixedHeight : figure.scale * variables.real(dimRow("DIMTXT"));
   figure.value = dimensionText(figure.kind, measured(figure), source.geometry.contents, variables,
                                {isInPaperSpace(drawing, dimension), drawing.facts().version});
-  if (figure.value.empty()) return;
-  const double widthFactor = drawing.real(style, Property::kStyleWidthFactor).value_or(1);
-  figure.box = textBox(figure.value, figure.textHeight, widthFactor, *fonts.font(fontOf(drawing, style)));
+  if (!figure.value.empty())
+    figure.box = textBox(figure.value, figure.textHeight, face.widthFactor, *face.font);
 }
 
 }  // namespace
@@ -131,11 +129,24 @@ DimVariables DimStyles::valuesOf(const Drawing& drawing, const Record& dimension
   return values;
 }
 
+const TextFaces::Face& TextFaces::of(const Drawing& drawing, RecordId style) {
+  const EditId edits = drawing.record(style).edits;
+  const auto [found, isNew] = kept_.try_emplace(style);
+  Face& face = found->second;
+  if (!isNew && face.edits == edits) return face;
+  face.edits = edits;
+  face.name = drawing.names().text(drawing.recordName(style));
+  if (base::equalFolded(face.name, L"Standard")) face.name.clear();
+  face.fixedHeight = drawing.real(style, Property::kFixedHeight).value_or(0);
+  face.widthFactor = drawing.real(style, Property::kStyleWidthFactor).value_or(1);
+  face.font = fonts_.font(fontOf(drawing, style));
+  return face;
+}
+
 // --- The figure --------------------------------------------------------------------------------------------
 
 void gather(const Drawing& drawing, RecordId dimension, const Record& former,
-            const std::vector<BlockEntity>& kept, DimStyles& styles, FontCatalogue& fonts,
-            DimSource& source) {
+            const std::vector<BlockEntity>& kept, DimStyles& styles, TextFaces& faces, DimSource& source) {
   const Geometry geometry = drawing.geometry(dimension);
   source.geometry = std::get<DimensionGeometry>(geometry.shape);
   source.normal = geometry.normal;
@@ -147,7 +158,7 @@ void gather(const Drawing& drawing, RecordId dimension, const Record& former,
   figure.scale = source.variables.real(dimRow("DIMSCALE"));
   if (!(figure.scale > 0)) figure.scale = scaleOfPicture(kept, styles.valuesOf(drawing, former));
   chooseArrows(drawing, source.variables, figure);
-  chooseText(drawing, dimension, fonts, source);
+  chooseText(drawing, dimension, faces, source);
 }
 
 double measured(const DimFigure& figure) {

@@ -27,6 +27,23 @@ class DimStyles {
   std::unordered_map<RecordId, Kept> kept_;
 };
 
+// The text styles as dimensions need them, likewise read once for each of their states.
+class TextFaces {
+ public:
+  struct Face {
+    EditId edits = kNoEdit;
+    std::wstring name;  // as the drawing spells it; empty: Standard
+    double fixedHeight = 0, widthFactor = 1;
+    std::shared_ptr<const FontMetrics> font;
+  };
+  explicit TextFaces(FontCatalogue::Find findFont) : fonts_(std::move(findFont)) {}
+  const Face& of(const Drawing& drawing, RecordId style);
+
+ private:
+  FontCatalogue fonts_;
+  std::unordered_map<RecordId, Face> kept_;
+};
+
 struct DimSource {
   DimSource() = default;
   DimSource(const DimSource&) = delete;  // the figure refers to the variables
@@ -43,7 +60,7 @@ struct DimSource {
 // `former`: the dimension in the state that its old picture, `kept`, was drawn from; it gives the scale of a
 // dimension that has none of its own (DIMSCALE 0).
 void gather(const Drawing& drawing, RecordId dimension, const Record& former,
-            const std::vector<BlockEntity>& kept, DimStyles& styles, FontCatalogue& fonts, DimSource& source);
+            const std::vector<BlockEntity>& kept, DimStyles& styles, TextFaces& faces, DimSource& source);
 
 // The distance or the angle (radians) that is dimensioned: before DIMLFAC and rounding.
 double measured(const DimFigure& figure);

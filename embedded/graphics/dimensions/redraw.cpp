@@ -94,7 +94,7 @@ DimRedraw::Result DimRedraw::pictureFor(RecordId dimension, const Record& former
   if (isOld && drawing_.reference(dimension, Property::kDimStyle) == kNoRecord)
     return {DimOutcome::kNoStyle, {}};
   DimSource source;
-  gather(drawing_, dimension, former, kept, styles_, fonts_, source);
+  gather(drawing_, dimension, former, kept, styles_, faces_, source);
   if (!isDrawn(source.geometry.kind)) return {DimOutcome::kOtherKind, {}};
   const DimPicture picture = drawDimension(source.figure);
   if (picture.empty() || !reachOf(picture).isFinite) return {DimOutcome::kNothingDrawn, {}};
@@ -113,8 +113,7 @@ base::Result<DimOutcome> DimRedraw::redraw(RecordId dimension, const Record& for
   const std::vector<BlockEntity> kept = blockEntities(drawing_, block);
   const Result result = pictureFor(dimension, former, kept);
   if (result.outcome != DimOutcome::kDrawn) return result.outcome;
-  const double tolerance = kSame * sizeOf(kept);
-  if (differences(result.entities, kept, {tolerance, tolerance}).empty()) return DimOutcome::kSame;
+  if (samePicture(result.entities, kept, kSame * sizeOf(kept))) return DimOutcome::kSame;
   if (const base::Status status = write(dimension, block, result.entities); !status) return status.failure();
   return DimOutcome::kDrawn;
 }
@@ -135,8 +134,10 @@ base::Status DimRedraw::write(RecordId dimension, RecordId block, const std::vec
 
 base::Status DimRedraw::needDefinitionPointLayer(const std::vector<BlockEntity>& entities) {
   const auto isPoint = [](const BlockEntity& entity) { return entity.type == "POINT"; };
-  const std::wstring_view name = kDefinitionPointLayer;
-  if (std::ranges::none_of(entities, isPoint) || drawing_.find(Table::kLayer, name) != kNoRecord) return {};
+  const std::wstring name = definitionPointLayer(drawing_);
+  if (std::ranges::none_of(entities, isPoint) ||
+      drawing_.find(Table::kLayer, std::wstring_view(name)) != kNoRecord)
+    return {};
   const base::Result<RecordId> layer = drawing_.addTableRecord(Table::kLayer, name);
   if (!layer.ok()) return layer.failure();
   // What stands on this layer is not printed, whatever it is called otherwise.

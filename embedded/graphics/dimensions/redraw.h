@@ -37,7 +37,7 @@ constexpr bool keepsBlock(DimOutcome outcome) { return outcome > DimOutcome::kSa
 class DimRedraw {
  public:
   DimRedraw(Drawing& drawing, FontCatalogue::Find findFont)
-      : drawing_(drawing), fonts_(std::move(findFont)) {}
+      : drawing_(drawing), faces_(std::move(findFont)) {}
 
   struct Result {
     DimOutcome outcome = DimOutcome::kDrawn;
@@ -62,7 +62,7 @@ class DimRedraw {
 
   Drawing& drawing_;
   DimStyles styles_;
-  FontCatalogue fonts_;
+  TextFaces faces_;
   BlockUses uses_;
 };
 
