@@ -70,11 +70,6 @@ void Sketch::extensionLine(int side, Vec from, Vec to) {
   parts_.push_back({role, PlaneLine{from, to}});
 }
 
-void Sketch::extensionArc(int side, Vec centre, double radius, double start, double end) {
-  const auto role = side == 1 ? DimPart::Role::kExtensionLine1 : DimPart::Role::kExtensionLine2;
-  parts_.push_back({role, PlaneArc{centre, radius, turn(start), turn(end)}});
-}
-
 void Sketch::centreLine(Vec from, Vec to) {
   parts_.push_back({DimPart::Role::kCentreMark, PlaneLine{from, to}});
 }

@@ -43,7 +43,6 @@ class Sketch {
   void dimensionLine(Vec from, Vec to);
   void dimensionArc(Vec centre, double radius, double start, double end);
   void extensionLine(int side, Vec from, Vec to);
-  void extensionArc(int side, Vec centre, double radius, double start, double end);
   void centreLine(Vec from, Vec to);
   // `points`: unit vector from the base to the tip; `left`: where the first corner of a filled arrow lies.
   void arrow(int end, Vec tip, Vec points, Vec left);
