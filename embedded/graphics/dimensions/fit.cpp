@@ -83,7 +83,6 @@ Leader leaderTo(const Sketch& sketch, Vec from, Vec middle, double rotation) {
 }
 
 Leader leaderAside(const Sketch& sketch, Vec from, Vec outward, double rotation) {
-  constexpr std::int64_t kAtFirst = 1;
   const Vec reading = direction(rotation);
   const Vec to = sketch.integer(dimRow("DIMJUST")) == kAtFirst ? -reading : reading;
   return {from, from + 2 * sketch.arrowSize * (outward + to), to};

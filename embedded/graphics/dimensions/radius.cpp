@@ -209,7 +209,6 @@ void RadiusPicture::drawOutside() {
 
 // The line as it is without a text, and the text where it is.
 void RadiusPicture::drawAside() {
-  constexpr std::int64_t kWithLeader = 1;
   const double taken = sketch_.halfAcross(along_, stand_.rotation) + sketch_.gap + sketch_.arrowSize;
   if (arrowsInside_) {
     lineBetween(tailCut(), length_ - tipCut());
