@@ -98,7 +98,7 @@ class DrawingCheck {
                                           const std::vector<cad::BlockEntity>& drawn) {
     const auto kept = cad::blockEntities(drawing_, drawing_.reference(id, cad::Property::kDimBlock));
     cad::DimSource source;
-    cad::gather(drawing_, id, former, kept, styles_, fonts_, source);
+    cad::gather(drawing_, id, former, kept, styles_, faces_, source);
     source.figure.box.width *= 1.01;
     source.figure.box.height *= 1.01;
     const auto wider = cad::entitiesOf(drawing_, id, source, cad::drawDimension(source.figure), kept);
@@ -110,7 +110,7 @@ class DrawingCheck {
   cad::Drawing& drawing_;
   cad::DimRedraw redraw_;
   cad::DimStyles styles_;
-  cad::FontCatalogue fonts_{{}};  // averages, the same on every machine
+  cad::TextFaces faces_{{}};  // averages, the same on every machine
   Tally& tally_;
 };
 
