@@ -10,13 +10,6 @@ Variable defaultValue(const DimVariableInfo& info) {
   return std::wstring(info.type == DimType::kTextStyle ? L"Standard" : L"");
 }
 
-Variable inheritedDimVariable(const Drawing& drawing, RecordId record, const DimVariableInfo& info) {
-  if (drawing.record(record).table == Table::kDimStyle) return defaultValue(info);
-  const RecordId style = drawing.reference(record, Property::kDimStyle);
-  if (style == kNoRecord) return defaultValue(info);
-  return drawing.dimVariable(style, info).value_or(defaultValue(info));
-}
-
 DimVariables::DimVariables() {
   for (const DimVariableInfo& info : kDimVariables) set(info, defaultValue(info));
 }

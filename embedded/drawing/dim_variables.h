@@ -32,9 +32,6 @@ constexpr Table tableOf(DimType type) {
 
 // The host's default of a variable.
 Variable defaultValue(const DimVariableInfo& info);
-// What holds for a dimension or leader without an override of its own: its style's value, else the default;
-// of a style the default.
-Variable inheritedDimVariable(const Drawing& drawing, RecordId record, const DimVariableInfo& info);
 
 // The values of all variables that hold for an object: its overrides, else its style's values, else the
 // defaults.
@@ -46,6 +43,7 @@ class DimVariables {
   // Takes what the record itself has, in the state that it gives.
   void takeOwn(const Drawing& drawing, const Record& record);
 
+  const Variable& value(const DimVariableInfo& info) const { return values_[info.row]; }
   // Of the variable's own type; a value of another one counts as the default.
   std::int64_t integer(const DimVariableInfo& info) const;
   double real(const DimVariableInfo& info) const;

@@ -81,7 +81,11 @@ void GroupWriter::raw(std::uint64_t value, int count) { appendLittleEndian(bytes
 
 void GroupWriter::code(int code) {
   if (!dialect_.binary) {
-    line(padded(std::to_string(code), dialect_.codeWidth));
+    char digits[16];
+    const auto [end, error] = std::to_chars(digits, digits + sizeof digits, code);
+    const auto size = static_cast<std::size_t>(end - digits);
+    if (size < dialect_.codeWidth) bytes_.append(dialect_.codeWidth - size, ' ');
+    line({digits, size});
   } else if (dialect_.wideCodes) {
     raw(static_cast<std::uint64_t>(code), 2);
   } else if (code < 255) {

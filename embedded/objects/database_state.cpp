@@ -32,7 +32,7 @@ std::int64_t takeSerial() {
 }  // namespace
 
 DatabaseState::DatabaseState(Drawing& source, AcDbDatabase& owner)
-    : drawing(source), database(owner), serial(takeSerial()), followers(source) {
+    : drawing(source), database(owner), serial(takeSerial()), followers(source, dimStyles) {
   registry()[static_cast<std::size_t>(serial)] = this;
 }
 

@@ -47,6 +47,7 @@ struct DatabaseState {
   std::vector<AcDbObject*> openRecords;
   std::array<AcDbObject*, kTables> openTables{};
   std::size_t openCount = 0;
+  DimStyles dimStyles;
   Followers followers;
   std::function<bool()> isUnlocked;      // of a drawing in a document: nothing there holds it for writing
   std::vector<ObjectPool*> poolsByType;  // by NameId of the entity type

@@ -7,12 +7,22 @@
 namespace cad {
 namespace {
 
+// What holds for a dimension or leader without an override of its own: its style's value, else the default;
+// of a style the default.
+const Variable& inherited(const AcDbObject& object, const DimVariableInfo& info) {
+  DatabaseState& state = *ObjectAccess::state(object);
+  const Record& record = state.drawing.record(ObjectAccess::record(object));
+  const RecordId style =
+      record.table == Table::kDimStyle ? kNoRecord : state.drawing.referenceOf(record, Property::kDimStyle);
+  return state.dimStyles.ofStyle(state.drawing, style).value(info);
+}
+
 Variable effective(const AcDbObject& object, const DimVariableInfo& info) {
   const Drawing* drawing = ObjectAccess::drawing(object);
   if (!drawing) return defaultValue(info);
   const RecordId record = ObjectAccess::record(object);
   if (std::optional<Variable> own = drawing->dimVariable(record, info)) return *std::move(own);
-  return inheritedDimVariable(*drawing, record, info);
+  return inherited(object, info);
 }
 
 bool sameValue(const Variable& a, const Variable& b, const DimVariableInfo& info) {
@@ -28,7 +38,7 @@ Acad::ErrorStatus write(AcDbObject& object, const DimVariableInfo& info, const V
   if (!info.existsIn(drawing.facts().version)) return Acad::eNotApplicable;
   const RecordId record = ObjectAccess::record(object);
   const bool isStyle = drawing.record(record).table == Table::kDimStyle;
-  if (!isStyle && sameValue(value, inheritedDimVariable(drawing, record, info), info)) {
+  if (!isStyle && sameValue(value, inherited(object, info), info)) {
     return drawing.removeDimOverride(record, info).ok() ? Acad::eOk : Acad::eNotApplicable;
   }
   return drawing.setDimVariable(record, info, value).ok() ? Acad::eOk : Acad::eNotApplicable;

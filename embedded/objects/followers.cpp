@@ -107,7 +107,7 @@ void Followers::follow(RecordId dimension, const Record& former) {
 
 void Followers::moveHook(RecordId leader, const Record& former) {
   const auto hookOf = [&](const Record& state) {
-    const DimVariables values = leaderStyles_.valuesOf(drawing_, state);
+    const DimVariables values = styles_.valuesOf(drawing_, state);
     const double scale = values.real(dimRow("DIMSCALE"));
     return values.real(dimRow("DIMASZ")) * (scale > 0 ? scale : 1);
   };

@@ -12,9 +12,9 @@ namespace cad {
 
 class Followers {
  public:
-  // The drawing must outlive it.
-  explicit Followers(Drawing& drawing)
-      : drawing_(drawing), redraw_(drawing, [this](std::wstring_view file) {
+  // Both must outlive it.
+  Followers(Drawing& drawing, DimStyles& styles)
+      : drawing_(drawing), styles_(styles), redraw_(drawing, [this](std::wstring_view file) {
           return findFont ? findFont(file) : std::filesystem::path();
         }) {}
   Followers(const Followers&) = delete;
@@ -43,8 +43,8 @@ class Followers {
   void tell(RecordId object, const std::wstring& reason);
 
   Drawing& drawing_;
+  DimStyles& styles_;
   DimRedraw redraw_;
-  DimStyles leaderStyles_;
   std::unordered_map<RecordId, EditId> states_;  // of open objects: when they were opened or drawn
   std::unordered_set<RecordId> told_;
 };

@@ -160,6 +160,16 @@ class Comparison {
   bool differs_ = false;
 };
 
+bool isText(const BlockEntity& entity) { return entity.type == "MTEXT" || entity.type == "TEXT"; }
+
+void readWhole(const Drawing& drawing, RecordId id, BlockEntity& entity) {
+  entity.geometry = drawing.geometry(id);
+  entity.layer = nameText(drawing, id, Property::kLayer);
+  entity.linetype = nameText(drawing, id, Property::kLinetype);
+  if (sameName(entity.linetype, L"ByLayer")) entity.linetype.clear();
+  if (isText(entity)) entity.textStyle = nameText(drawing, id, Property::kTextStyle);
+}
+
 std::wstring typeList(const std::vector<BlockEntity>& entities) {
   std::wstring list;
   for (const BlockEntity& entity : entities) {
@@ -171,18 +181,13 @@ std::wstring typeList(const std::vector<BlockEntity>& entities) {
 
 }  // namespace
 
-std::vector<BlockEntity> blockEntities(const Drawing& drawing, RecordId block) {
+std::vector<BlockEntity> blockEntities(const Drawing& drawing, RecordId block, BlockReading reading) {
   std::vector<BlockEntity> entities;
   for (const RecordId id : drawing.entitiesOf(block)) {
     if (drawing.record(id).erased()) continue;
     BlockEntity entity;
     entity.type = drawing.typeName(id);
-    entity.geometry = drawing.geometry(id);
-    entity.layer = nameText(drawing, id, Property::kLayer);
-    entity.linetype = nameText(drawing, id, Property::kLinetype);
-    if (sameName(entity.linetype, L"ByLayer")) entity.linetype.clear();
-    if (std::holds_alternative<TextGeometry>(entity.geometry.shape))
-      entity.textStyle = nameText(drawing, id, Property::kTextStyle);
+    if (reading == BlockReading::kWhole || isText(entity)) readWhole(drawing, id, entity);
     entity.color = static_cast<std::int16_t>(drawing.integer(id, Property::kColorIndex).value_or(256));
     const EntityLooks looks = drawing.looks(id);
     entity.lineWeight = looks.lineWeight;
@@ -207,6 +212,13 @@ std::vector<std::wstring> differences(const std::vector<BlockEntity>& drawn,
     Comparison(i, drawn[i], kept[i], dependsOnText ? tolerance.byText : tolerance.exact, &found).run();
   }
   return found;
+}
+
+bool differAtAGlance(const std::vector<BlockEntity>& drawn, const std::vector<BlockEntity>& kept,
+                     double tolerance) {
+  return !std::ranges::equal(drawn, kept, [&](const BlockEntity& a, const BlockEntity& b) {
+    return a.type == b.type && (!isText(a) || Comparison(0, a, b, tolerance, nullptr).run());
+  });
 }
 
 bool samePicture(const std::vector<BlockEntity>& drawn, const std::vector<BlockEntity>& kept,

@@ -9,8 +9,14 @@
 
 namespace cad {
 
+enum class BlockReading : std::uint8_t {
+  kWhole,
+  kTexts,  // of other entities only type, colours and what goes with them: a glance that costs little
+};
+
 // The entities of a block that are not erased, in their order.
-std::vector<BlockEntity> blockEntities(const Drawing& drawing, RecordId block);
+std::vector<BlockEntity> blockEntities(const Drawing& drawing, RecordId block,
+                                       BlockReading reading = BlockReading::kWhole);
 
 // How far places may lie apart, in drawing units. What stands for a text's width (`byText`) has a tolerance
 // of its own.
@@ -24,6 +30,10 @@ struct PlaceTolerance {
 std::vector<std::wstring> differences(const std::vector<BlockEntity>& drawn,
                                       const std::vector<BlockEntity>& kept, const PlaceTolerance& tolerance,
                                       const std::vector<bool>& byText = {});
+
+// Whether the types and the texts alone already differ.
+bool differAtAGlance(const std::vector<BlockEntity>& drawn, const std::vector<BlockEntity>& kept,
+                     double tolerance);
 
 // Whether there is none, all places within one tolerance.
 bool samePicture(const std::vector<BlockEntity>& drawn, const std::vector<BlockEntity>& kept,

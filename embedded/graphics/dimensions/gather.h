@@ -16,13 +16,14 @@ class DimStyles {
  public:
   // Those that hold for a dimension in the state that `dimension` gives.
   DimVariables valuesOf(const Drawing& drawing, const Record& dimension);
+  // Those of the style alone; kNoRecord: the defaults.
+  const DimVariables& ofStyle(const Drawing& drawing, RecordId style);
 
  private:
   struct Kept {
     EditId edits = kNoEdit;
     DimVariables variables;
   };
-  const DimVariables& ofStyle(const Drawing& drawing, RecordId style);
 
   std::unordered_map<RecordId, Kept> kept_;
 };

@@ -110,10 +110,13 @@ DimRedraw::Result DimRedraw::picture(RecordId dimension, const Record& former) {
 base::Result<DimOutcome> DimRedraw::redraw(RecordId dimension, const Record& former) {
   const RecordId block = drawing_.reference(dimension, Property::kDimBlock);
   if (block == kNoRecord || drawing_.isLayoutSpace(block)) return DimOutcome::kNoBlock;
-  const std::vector<BlockEntity> kept = blockEntities(drawing_, block);
+  const std::vector<BlockEntity> kept = blockEntities(drawing_, block, BlockReading::kTexts);
   const Result result = pictureFor(dimension, former, kept);
   if (result.outcome != DimOutcome::kDrawn) return result.outcome;
-  if (samePicture(result.entities, kept, kSame * sizeOf(kept))) return DimOutcome::kSame;
+  const double tolerance = kSame * sizeOf(result.entities);
+  if (!differAtAGlance(result.entities, kept, tolerance) &&
+      samePicture(result.entities, blockEntities(drawing_, block), tolerance))
+    return DimOutcome::kSame;
   if (const base::Status status = write(dimension, block, result.entities); !status) return status.failure();
   return DimOutcome::kDrawn;
 }
