@@ -19,10 +19,11 @@ class AcDbDimension : public AcDbEntity {
   Acad::ErrorStatus setDimensionStyle(AcDbObjectId style);
   AcDbObjectId dimBlockId() const;  // the anonymous block that holds the drawn geometry; may be null
 
-  // Draws the dimension's geometry block anew; its name stays, unless others show the block too: then the
-  // dimension gets one of its own. A dimension that cannot be drawn (arc lengths, jogged radii) keeps its
-  // block, which is told on the command line once. close() does the same after other changes of the
-  // dimension. `forceUpdate` is not needed here. eNotOpenForWrite; eWrongDatabase: not the current drawing.
+  // Draws the dimension's geometry block anew, once for all changes: when the dimension is closed, or when
+  // dimBlockId() is asked before. The block's name stays, unless others show it too: then the dimension gets
+  // one of its own. A dimension that cannot be drawn (arc lengths, jogged radii) keeps its block, which is
+  // told on the command line once. close() draws after other changes of the dimension, too. `forceUpdate` is
+  // not needed here. eNotOpenForWrite; eWrongDatabase: not the current drawing.
   Acad::ErrorStatus recomputeDimBlock(bool forceUpdate = true);
 
   ACDB_DECLARE_DIM_ROWS(ACDB_LEADER_DIM_VARIABLES)

@@ -42,6 +42,8 @@ Acad::ErrorStatus AcDbDimension::setDimensionStyle(AcDbObjectId style) {
 }
 
 AcDbObjectId AcDbDimension::dimBlockId() const {
+  if (cad::DatabaseState* state = cad::ObjectAccess::state(*this))
+    state->followers.finish(cad::ObjectAccess::record(*this));
   return cad::readId(*this, Property::kDimBlock, Table::kBlock);
 }
 
@@ -66,7 +68,8 @@ Acad::ErrorStatus AcDbDimension::recomputeDimBlock(bool) {
   if (status != Acad::eOk) return status;
   const AcDbDatabase* current = acdbHostApplicationServices()->workingDatabase();
   if (current && current != database()) return Acad::eWrongDatabase;
-  return cad::ObjectAccess::state(*this)->followers.draw(cad::ObjectAccess::record(*this));
+  cad::ObjectAccess::state(*this)->followers.wantDrawn(cad::ObjectAccess::record(*this));
+  return Acad::eOk;
 }
 
 AcDbObjectId AcDbLeader::dimensionStyle() const {

@@ -38,21 +38,24 @@ bool sameValues(const std::vector<DimValue>& a, const std::vector<DimValue>& b) 
 
 }  // namespace
 
-void Followers::opened(RecordId object) { states_[object] = drawing_.record(object).edits; }
+void Followers::opened(RecordId object) { open_[object] = {drawing_.record(object).edits, false}; }
 
-Record Followers::stateAtLast(RecordId object) const {
+Record Followers::formerOf(RecordId object, const Open& open) const {
   Record state = drawing_.record(object);
-  if (const auto known = states_.find(object); known != states_.end()) state.edits = known->second;
+  state.edits = open.edits;
   return state;
 }
 
 void Followers::closed(RecordId object) {
-  const Record former = stateAtLast(object);
-  states_.erase(object);
+  const auto known = open_.find(object);
+  if (known == open_.end()) return;
+  const Open open = known->second;
+  open_.erase(known);
   const Record& now = drawing_.record(object);
-  if (former.edits == now.edits || now.erased()) return;
+  if (now.erased() || (open.edits == now.edits && !open.wanted)) return;
+  const Record former = formerOf(object, open);
   if (drawing_.typeName(object) == "LEADER") return moveHook(object, former);
-  if (looksOtherwise(object, former)) {
+  if (open.wanted || looksOtherwise(object, former)) {
     draw(object, former);
   } else {
     follow(object, former);
@@ -69,22 +72,25 @@ bool Followers::looksOtherwise(RecordId dimension, const Record& former) const {
 
 // --- Dimensions --------------------------------------------------------------------------------------------
 
-Acad::ErrorStatus Followers::draw(RecordId dimension) {
-  const Acad::ErrorStatus status = draw(dimension, stateAtLast(dimension));
-  states_[dimension] = drawing_.record(dimension).edits;
-  return status;
+void Followers::wantDrawn(RecordId dimension) {
+  if (const auto known = open_.find(dimension); known != open_.end()) known->second.wanted = true;
 }
 
-Acad::ErrorStatus Followers::draw(RecordId dimension, const Record& former) {
+void Followers::finish(RecordId dimension) {
+  const auto known = open_.find(dimension);
+  if (known == open_.end() || !known->second.wanted) return;
+  const Record former = formerOf(dimension, known->second);
+  known->second.wanted = false;
+  draw(dimension, former);
+  known->second.edits = drawing_.record(dimension).edits;
+}
+
+void Followers::draw(RecordId dimension, const Record& former) {
   const base::Result<DimOutcome> drawn = redraw_.redraw(dimension, former);
-  if (!drawn.ok()) {
-    tellKept(dimension, drawn.failure().text());
-    return Acad::eInvalidInput;
-  }
-  if (!keepsBlock(drawn.value())) return Acad::eOk;
+  if (!drawn.ok()) return tellKept(dimension, drawn.failure().text());
+  if (!keepsBlock(drawn.value())) return;
   follow(dimension, former);
   tellKept(dimension, reasonOf(drawn.value()));
-  return Acad::eOk;
 }
 
 void Followers::follow(RecordId dimension, const Record& former) {

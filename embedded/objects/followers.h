@@ -28,14 +28,22 @@ class Followers {
   void opened(RecordId object);
   // It is not any more: what it was changed in since then, or since it was drawn, takes effect.
   void closed(RecordId object);
-  // Draws a dimension that is open for writing, whatever was changed. A dimension that cannot be drawn keeps
-  // its block, and is told.
-  Acad::ErrorStatus draw(RecordId dimension);
+  // A dimension that is open for writing is to be drawn, whatever was changed: once, when it is closed or
+  // somebody asks for its block before.
+  void wantDrawn(RecordId dimension);
+  // Draws it now if that is wanted.
+  void finish(RecordId dimension);
 
  private:
-  Record stateAtLast(RecordId object) const;
+  struct Open {
+    EditId edits = kNoEdit;  // when it was opened or drawn
+    bool wanted = false;     // it is to be drawn
+  };
+
+  Record formerOf(RecordId object, const Open& open) const;
   bool looksOtherwise(RecordId dimension, const Record& former) const;
-  Acad::ErrorStatus draw(RecordId dimension, const Record& former);
+  // A dimension that cannot be drawn keeps its block, and is told.
+  void draw(RecordId dimension, const Record& former);
   void follow(RecordId dimension, const Record& former);
   // The hook of a leader is as long as its arrow: its last vertex moves when that length changes.
   void moveHook(RecordId leader, const Record& former);
@@ -45,7 +53,7 @@ class Followers {
   Drawing& drawing_;
   DimStyles& styles_;
   DimRedraw redraw_;
-  std::unordered_map<RecordId, EditId> states_;  // of open objects: when they were opened or drawn
+  std::unordered_map<RecordId, Open> open_;
   std::unordered_set<RecordId> told_;
 };
 

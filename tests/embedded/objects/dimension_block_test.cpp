@@ -121,6 +121,8 @@ TEST_F(DimensionBlockTest, IsDrawnWhenAskedForOrWhenTheDimensionIsClosed) {
   EXPECT_EQ(textHeight(kMirrored), 1);
   const auto afterwards = drawing_->recordCount();
   change(kMirrored, [&](AcDbDimension& dimension) {
+    EXPECT_EQ(dimension.setDimtxt(1.5), Acad::eOk);
+    EXPECT_EQ(dimension.recomputeDimBlock(), Acad::eOk);
     EXPECT_EQ(dimension.setDimtxt(2), Acad::eOk);
     return dimension.recomputeDimBlock();
   });
