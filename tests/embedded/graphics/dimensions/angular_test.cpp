@@ -1,4 +1,4 @@
-#include "tests/embedded/graphics/dimension_fixture.h"
+#include "tests/embedded/graphics/dimensions/fixture.h"
 
 namespace cad {
 namespace {
@@ -48,16 +48,16 @@ Dim betweenLines(Vec first, Vec second, Vec third, Vec line, Vec arc) {
 }
 
 // About the origin, between points 8 away from it.
-Dim aboutOrigin(double radius, double from, double sweep, DimValues values = {}) {
+Dim aboutOrigin(double radius, double from, double sweep, std::string_view settings = {}) {
   const auto ray = [](double degrees) { return direction(degrees * kRadiansPerDegree); };
-  Dim dim(DimKind::kAngularPoints, values);
+  Dim dim(DimKind::kAngularPoints, settings);
   dim.figure.first = 8 * ray(from);
   dim.figure.second = 8 * ray(from + sweep);
   dim.figure.line = radius * ray(from + sweep / 2);
   return dim;
 }
 
-TEST(DimensionAngular, IsDrawnAsTheHostDraws) {
+TEST(DimensionAngular, IsDrawnAsElsewhere) {
   Dim lines = betweenLines({495.5803833400654, 14.34058110082563}, {501.2800841629442, 37.13938439234094},
                            {495.5803833400654, 14.34058110082563}, {512.6794858087018, 8.640880277946811},
                            {528.6474703372946, 21.99374070687125});
@@ -74,17 +74,10 @@ TEST(DimensionAngular, IsDrawnAsTheHostDraws) {
                           {650.391063521602, 342.4672595968957}, {650.5090686763781, 342.3991292890197},
                           {650.8269264495727, 342.4293023946014}),
              {650.8187413077677, 342.6554866447631});
-  inches.set({{"DIMASZ", 0.118},
-              {"DIMEXO", 0.1},
-              {"DIMEXE", 0.06},
-              {"DIMGAP", 0.04},
-              {"DIMTIH", 1},
-              {"DIMTAD", 0},
-              {"DIMATFIT", 0},
-              {"DIMTOFL", 0}});
-  inches.figure.scale = 0.0590000002870665 / 0.118;
-  inches.figure.box = {0.14375 * 0.0590000002870665 / 0.059, 0.0575 * 0.0590000002870665 / 0.059};
-  EXPECT_EQ(shown(inches.heads({L"_Open"}).picture()), kBrokenByHorizontalText);
+  constexpr double kScale = 0.0590000002870665 / 0.118;
+  inches.inInches(kScale).set("DIMTOH=0");
+  inches.figure.box = {0.2875 * kScale, 0.115 * kScale};
+  EXPECT_EQ(shown(inches.picture()), kBrokenByHorizontalText);
 }
 
 // Which of the four angles of lines along the axes, and from where the extension lines come.
@@ -102,26 +95,21 @@ TEST(DimensionAngular, MeasuresTheAngleThatHoldsThePlaceOfTheArc) {
   EXPECT_EQ(lines(aboutOrigin(12, 0, 250)),
             "ext1 8.625,0 13.25,0; ext2 -2.949923736,-8.104848854 -4.531766899,-12.450927225; line 0,0 r12 "
             "11.958313593 238.041686407");
-  EXPECT_EQ(lines(aboutOrigin(1, 0, 90, {{"DIMTIX", 1}, {"DIMSOXD", 1}})),
+  EXPECT_EQ(lines(aboutOrigin(1, 0, 90, "DIMTIX=1 DIMSOXD=1")),
             "ext1 7.375,0 0,0; ext2 0,7.375 0,0; line 0,0 r1 0 90");
 }
 
-struct Placed {
-  const char* what;
-  Dim dim;
-  const char* parts;
-};
+// Beside the plain picture, a quarter of a circle.
+void expectAll(std::initializer_list<Placed> cases) {
+  expectPictures(aboutOrigin(20, 0, 90).picture(), cases);
+}
 
-TEST(DimensionAngular, PlacesTextAndArrows) {
-  const DimPicture plain = aboutOrigin(20, 0, 90).picture();
-  Dim turned = aboutOrigin(20, 0, 90), empty = aboutOrigin(20, 0, 90, {{"DIMTAD", 0}});
-  turned.figure.textRotation = std::numbers::pi / 2;
-  empty.figure.value.clear();
-  const Placed cases[] = {
-      {"on the arc", aboutOrigin(20, 0, 90, {{"DIMTAD", 0}}),
+TEST(DimensionAngular, FindsRoomForTextAndArrows) {
+  expectAll({
+      {"on the arc", aboutOrigin(20, 0, 90, "DIMTAD=0"),
        "line 0,0 r20 7.166643397 34.557422766; line 0,0 r20 55.442577234 82.833356603; text "
        "14.142135624,14.142135624 -45"},
-      {"away from what is measured", aboutOrigin(20, 225, 90, {{"DIMTAD", 2}}),
+      {"away from what is measured", aboutOrigin(20, 225, 90, "DIMTAD=2"),
        "ext1 -6.098795988,-6.098795988 -15.0260191,-15.0260191; ext2 6.098795988,-6.098795988 "
        "15.0260191,-15.0260191; line 0,0 r20 232.166643397 307.833356603; arrow -14.142135624,-14.142135624 "
        "/ -12.542976863,-16.108427151 -11.991701706,-15.483495037; arrow 14.142135624,-14.142135624 / "
@@ -131,21 +119,21 @@ TEST(DimensionAngular, PlacesTextAndArrows) {
        "0,0 r20 19.166643397 47.103006867; line 0,0 r20 0 12; arrow 20,0 / 19.427897932,-2.469070743 "
        "20.259602068,-2.521154076; arrow 19.562952015,4.158233816 / 19.292703748,6.678268932 "
        "18.490003076,6.454402731; text 17.334304236,12.929134606 -53.281853169"},
-      {"no room, horizontal", aboutOrigin(20, 0, 12, {{"DIMTOH", 1}}),
+      {"no room, horizontal", aboutOrigin(20, 0, 12, "DIMTOH=1"),
        "ext2 8.436523056,1.793238333 20.785636516,4.41812343; line 0,0 r20 345.666713206 352.833356603; line "
        "0,0 r20 19.166643397 26.333286794; line 0,0 r20 0 12; arrow 20,0 / 19.427897932,-2.469070743 "
        "20.259602068,-2.521154076; arrow 19.562952015,4.158233816 / 19.292703748,6.678268932 "
        "18.490003076,6.454402731; text 14.299577413,8.87183885 0"},
-      {"no room, kept", aboutOrigin(20, 0, 12, {{"DIMTIX", 1}, {"DIMSOXD", 1}}),
+      {"no room, kept", aboutOrigin(20, 0, 12, "DIMTIX=1 DIMSOXD=1"),
        "ext2 8.436523056,1.793238333 20.785636516,4.41812343; line 0,0 r20 0 12; text "
        "21.506535987,2.260428018 -84"},
-      {"no room, leader", aboutOrigin(20, 0, 12, {{"DIMTMOVE", 1}}),
+      {"no room, leader", aboutOrigin(20, 0, 12, "DIMTMOVE=1"),
        "ext2 8.436523056,1.793238333 20.785636516,4.41812343; line 0,0 r20 345.666713206 352.833356603; line "
        "0,0 r20 19.166643397 26.333286794; line 0,0 r20 0 12; line 19.890437907,2.090569265 "
        "25.385689701,-2.359397895; line 25.385689701,-2.359397895 26.404842217,-12.055986375; arrow 20,0 / "
        "19.427897932,-2.469070743 20.259602068,-2.521154076; arrow 19.562952015,4.158233816 / "
        "19.292703748,6.678268932 18.490003076,6.454402731; text 27.642024618,-8.280985751 -84"},
-      {"room for arrows", aboutOrigin(20, 0, 22, {{"DIMATFIT", 2}}),
+      {"room for arrows", aboutOrigin(20, 0, 22, "DIMATFIT=2"),
        "ext2 7.996960746,3.230981868 19.70265691,7.96039011; line 0,0 r20 7.166643397 14.833356603; line 0,0 "
        "r20 22 57.103006867; arrow 18.543677091,7.492131868 / 18.93816347,4.988536133 "
        "19.728816878,5.25180716; text 14.825836541,15.742782342 -43.281853169"},
@@ -159,46 +147,41 @@ TEST(DimensionAngular, PlacesTextAndArrows) {
        "line 0,0 r1.5 100 160; line 0,0 r1.5 0 40; arrow 1.5,0 / -0.110843918,-1.956730176 "
        "0.610843918,-2.373396843; arrow 1.149066665,0.964181415 / -1.057656494,2.210770365 "
        "-1.34267328,1.427693181; text -2.649361951,-2.893355535 70"},
+  });
+}
+
+TEST(DimensionAngular, FollowsTheRecord) {
+  Dim turned = aboutOrigin(20, 0, 90), empty = aboutOrigin(20, 0, 90, "DIMTAD=0");
+  turned.figure.textRotation = std::numbers::pi / 2;
+  empty.figure.value.clear();
+  expectAll({
       {"a person's text before end 1", placed(aboutOrigin(20, 0, 90), 10 * direction(-0.5)),
        "line 0,0 r20 320.967250207 0; text 16.125579575,-8.809444272 61.352110243"},
-      {"a person's text beyond end 2, on the arc", placed(aboutOrigin(20, 0, 90, {{"DIMTAD", 0}}), {-12, 16}),
+      {"a person's text beyond end 2, on the arc", placed(aboutOrigin(20, 0, 90, "DIMTAD=0"), {-12, 16}),
        "line 0,0 r20 90 116.427320412; text -12,16 36.869897646"},
-      {"moved with a leader", placed(aboutOrigin(20, 0, 90, {{"DIMTMOVE", 1}}), {30, 20}),
+      {"moved with a leader", placed(aboutOrigin(20, 0, 90, "DIMTMOVE=1"), {30, 20}),
        "line 14.142135624,14.142135624 25.25037957,24.194920234; line 25.25037957,24.194920234 "
        "30.658706483,16.082429864; text 30,20 -56.309932474"},
-      {"next to the first extension line", aboutOrigin(20, 0, 90, {{"DIMJUST", 1}}),
+      {"next to the first extension line", aboutOrigin(20, 0, 90, "DIMJUST=1"),
        "text 19.643626335,9.042597492 -65.281853169"},
-      {"over the second extension line", aboutOrigin(20, 0, 90, {{"DIMJUST", 4}}),
+      {"over the second extension line", aboutOrigin(20, 0, 90, "DIMJUST=4"),
        "ext2 0,8.625 0,27.25; text -1.625,23.625 90"},
       {"turned by hand", turned, "text 16.584077362,16.584077362 90"},
       {"no text", empty, ""},
-      {"half of it", aboutOrigin(20, 0, 90, {{"DIMSD1", 1}}), "line 0,0 r20 45 82.833356603"},
-      {"strokes", aboutOrigin(20, 0, 90, {{"DIMDLE", 2}}).heads({L"_ArchTick", false, true}),
+      {"half of it", aboutOrigin(20, 0, 90, "DIMSD1=1"), "line 0,0 r20 45 82.833356603"},
+      {"strokes", aboutOrigin(20, 0, 90, "DIMDLE=2").heads({L"_ArchTick", false, true}),
        "line 0,0 r20 0 90; arrow 20,0 _ArchTick x2.5 273.583321698; arrow 0,20 _ArchTick x2.5 176.416678302"},
-  };
-  for (const Placed& each : cases) {
-    Dim dim = each.dim;
-    EXPECT_EQ(newParts(dim.picture(), plain), each.parts) << each.what;
-  }
+  });
 }
 
 TEST(DimensionAngular, ChangesWhatAVariableGoverns) {
-  expectChangesBetweenLines(aboutOrigin(20, 30, 90), aboutOrigin(20, 30, 22), aboutOrigin(20, 30, 12));
-  expectChanges("wide", aboutOrigin(20, 30, 90), {{"DIMTIH", 1, "line text"}});
-  expectChanges("tight", aboutOrigin(20, 30, 12), {{"DIMTOH", 1, "line text"}});
-  expectChanges("on the arc", aboutOrigin(20, 30, 90, {{"DIMTAD", 0}}),
-                {{"DIMTVP", 0.2, "text"}, {"DIMTVP", 1, "line text"}});
-  constexpr std::string_view kOwn[] = {"DIMASZ",   "DIMEXO",  "DIMEXE",  "DIMGAP",   "DIMTIH",
-                                       "DIMTOH",   "DIMSE1",  "DIMSE2",  "DIMTAD",   "DIMTVP",
-                                       "DIMSD1",   "DIMSD2",  "DIMTOFL", "DIMTIX",   "DIMSOXD",
-                                       "DIMTMOVE", "DIMJUST", "DIMFXL",  "DIMFXLON", "DIMATFIT"};
-  for (const double sweep : {12, 90})
-    expectOthersAlone(aboutOrigin(20, 30, sweep).heads({L"_Oblique", false, true}), kOwn);
+  expectChangesBetweenLines(aboutOrigin(20, 30, 90), aboutOrigin(20, 30, 12));
+  expectChanges("wide", aboutOrigin(20, 30, 90), {{"DIMTIH=1", "line text"}});
 }
 
 TEST(DimensionAngular, SurvivesDegenerateRecords) {
   for (const DimKind kind : {DimKind::kAngular, DimKind::kAngularPoints}) {
-    Dim dim = betweenLines({2, 0}, {30, 0}, {0, -3}, {0, 6}, {12, 16}).set({{"DIMTAD", 0}});
+    Dim dim = betweenLines({2, 0}, {30, 0}, {0, -3}, {0, 6}, {12, 16}).set("DIMTAD=0");
     dim.figure.kind = kind;
     expectNumbers(dim, [](DimFigure& figure) {
       return std::array{&figure.second.x, &figure.line.y,    &figure.text.x, &figure.third.y,

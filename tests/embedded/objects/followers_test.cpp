@@ -56,7 +56,7 @@ std::string dimensions(std::string_view version = "AC1024") {
                 "|10 4.0|20 4.0|30 0.0|10 4.5|20 4.0|30 0.0|0 ENDSEC|0 EOF");
 }
 
-class DimensionBlockTest : public ObjectTest {
+class FollowersTest : public ObjectTest {
  protected:
   void SetUp() override { start(dimensions()); }
   void start(const std::string& dxf) {
@@ -104,7 +104,7 @@ class DimensionBlockTest : public ObjectTest {
 
 constexpr char kDrawn[] = "LINE@DIM SOLID@DIM MTEXT@DIM POINT@DEFPOINTS";
 
-TEST_F(DimensionBlockTest, IsDrawnWhenAskedForOrWhenTheDimensionIsClosed) {
+TEST_F(FollowersTest, IsDrawnWhenAskedForOrWhenTheDimensionIsClosed) {
   const std::string original = saved(*drawing_);
   const RecordId before = blockOf(kMirrored);
   change(kMirrored, [](AcDbDimension& dimension) { return dimension.recomputeDimBlock(); });
@@ -133,7 +133,7 @@ TEST_F(DimensionBlockTest, IsDrawnWhenAskedForOrWhenTheDimensionIsClosed) {
   EXPECT_TRUE(told_.empty());
 }
 
-TEST_F(DimensionBlockTest, IsSeenFromTheSideThatTheNormalTells) {
+TEST_F(FollowersTest, IsSeenFromTheSideThatTheNormalTells) {
   change(kMirrored, [](AcDbDimension& dimension) { return dimension.recomputeDimBlock(); });
   bool sawLine = false, sawArrow = false;
   for (const BlockEntity& entity : shown(kMirrored)) {
@@ -149,7 +149,7 @@ TEST_F(DimensionBlockTest, IsSeenFromTheSideThatTheNormalTells) {
   EXPECT_TRUE(sawArrow);
 }
 
-TEST_F(DimensionBlockTest, IsItsOwnAsSoonAsItDiffers) {
+TEST_F(FollowersTest, IsItsOwnAsSoonAsItDiffers) {
   const std::string original = saved(*drawing_), both = content(kFirst);
   change(kFirst, [](AcDbDimension& dimension) { return dimension.setDimtxt(1); });
   EXPECT_EQ(blockName(kFirst), L"*D3");  // the first free number
@@ -166,7 +166,7 @@ TEST_F(DimensionBlockTest, IsItsOwnAsSoonAsItDiffers) {
   EXPECT_EQ(saved(*drawing_), original);
 }
 
-TEST_F(DimensionBlockTest, TakesOverTheLayerAndNothingElse) {
+TEST_F(FollowersTest, TakesOverTheLayerAndNothingElse) {
   const auto moves = [](AcDbDimension& dimension) { return dimension.setLayer(L"NEW"); };
   const std::string original = saved(*drawing_);
   for (const Handle handle : {kMirrored, kJogged}) {
@@ -195,7 +195,7 @@ TEST_F(DimensionBlockTest, TakesOverTheLayerAndNothingElse) {
   EXPECT_EQ(saved(*drawing_), original);
 }
 
-TEST_F(DimensionBlockTest, StaysAndIsToldOnceWhereItCannotBeDrawn) {
+TEST_F(FollowersTest, StaysAndIsToldOnceWhereItCannotBeDrawn) {
   const std::string kept = content(kJogged);
   for (const double height : {1.0, 2.0})
     change(kJogged, [&](AcDbDimension& dimension) { return dimension.setDimtxt(height); });
@@ -208,7 +208,7 @@ TEST_F(DimensionBlockTest, StaysAndIsToldOnceWhereItCannotBeDrawn) {
   EXPECT_EQ(told_.size(), 1u);  // its block does not exist
 }
 
-TEST_F(DimensionBlockTest, OldVersionsHaveALineOfTextAndNeedTheStyle) {
+TEST_F(FollowersTest, OldVersionsHaveALineOfTextAndNeedTheStyle) {
   const auto doublesText = [](AcDbDimension& dimension) { return dimension.setDimtxt(1); };
   start(dimensions("AC1009"));
   change(kMirrored, doublesText);
@@ -221,7 +221,7 @@ TEST_F(DimensionBlockTest, OldVersionsHaveALineOfTextAndNeedTheStyle) {
   EXPECT_EQ(told_.size(), 1u);
 }
 
-TEST_F(DimensionBlockTest, TheHookOfALeaderIsAsLongAsItsArrow) {
+TEST_F(FollowersTest, TheHookOfALeaderIsAsLongAsItsArrow) {
   const auto lastX = [&] {
     const Geometry geometry = drawing_->geometry(drawing_->findHandle(kLeader));
     return std::get<PolylineGeometry>(geometry.shape).vertices.back().at.x;

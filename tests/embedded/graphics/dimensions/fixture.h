@@ -9,61 +9,47 @@
 #include <cstdio>
 #include <initializer_list>
 #include <limits>
-#include <span>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <variant>
 
 #include "embedded/graphics/dimensions/figure.h"
-#include "tests/embedded/graphics/scene_fixture.h"
+#include "tests/embedded/graphics/dimensions/settings.h"
 
 namespace cad {
 
 using DimKind = DimFigure::Kind;
-using DimValues = std::initializer_list<std::pair<std::string_view, double>>;
 
-// A figure with the variables that it goes by: those of the host's metric style and `values`. Its text is
+// A figure with the variables that it goes by: those of the host's metric style and `settings`. Its text is
 // "T", 2.5 high, in a box of 6 by 2.
 struct Dim {
   DimVariables variables;
   DimFigure figure;
 
-  explicit Dim(DimKind kind, DimValues values = {}) : variables(*drawingOf(""), kNoRecord) {
+  explicit Dim(DimKind kind, std::string_view settings = {}) {
     figure.kind = kind;
     figure.value = L"T";
     figure.textHeight = 2.5;
     figure.box = {6, 2};
-    set({{"DIMASZ", 2.5},
-         {"DIMEXO", 0.625},
-         {"DIMEXE", 1.25},
-         {"DIMGAP", 0.625},
-         {"DIMTXT", 2.5},
-         {"DIMCEN", 2.5},
-         {"DIMTIH", 0},
-         {"DIMTOH", 0},
-         {"DIMTAD", 1},
-         {"DIMTOFL", 1}});
-    set(values);
+    set("DIMASZ=2.5 DIMEXO=0.625 DIMEXE=1.25 DIMGAP=0.625 DIMTXT=2.5 DIMCEN=2.5 DIMTIH=0 DIMTOH=0 DIMTAD=1 "
+        "DIMTOFL=1");
+    set(settings);
   }
-  Dim& set(DimValues values) {
-    for (const auto& [name, value] : values) {
-      const DimVariableInfo* info = findDimVariable(name);
-      if (info == nullptr) {
-        ADD_FAILURE() << "no variable " << name;
-        continue;
-      }
-      if (info->isInteger()) {
-        variables.set(*info, static_cast<std::int64_t>(value));
-      } else {
-        variables.set(*info, value);
-      }
-    }
+  Dim& set(std::string_view settings) {
+    take(variables, settings);
     return *this;
   }
   // Both ends alike.
   Dim& heads(const ArrowHead& head) {
     figure.arrows = {head, head};
     return *this;
+  }
+  // The style of a public drawing in inches: horizontal texts, open arrows, both outside without room.
+  Dim& inInches(double scale = 0.5) {
+    set("DIMASZ=0.118 DIMEXO=0.1 DIMEXE=0.06 DIMTXT=0.115 DIMGAP=0.04 DIMCEN=0.09 DIMTIH=1 DIMTOH=1 DIMTAD=0 "
+        "DIMTOFL=0 DIMATFIT=0");
+    figure.scale = scale;
+    return heads({L"_Open"});
   }
   DimPicture picture() {
     figure.variables = &variables;
@@ -159,70 +145,55 @@ inline std::string newParts(const DimPicture& picture, const DimPicture& other) 
   });
 }
 
+struct Placed {
+  const char* what;
+  Dim dim;
+  const char* parts;
+};
+
+// Parts that the plain picture has too are left out.
+inline void expectPictures(const DimPicture& plain, std::initializer_list<Placed> cases) {
+  for (const Placed& each : cases) {
+    Dim dim = each.dim;
+    EXPECT_EQ(newParts(dim.picture(), plain), each.parts) << each.what;
+  }
+}
+
 struct Change {
-  const char* variable;
-  double value;
+  const char* setting;
   const char* roles;  // of the parts that it changes
 };
 
 inline void expectChanges(const char* what, const Dim& base, std::initializer_list<Change> changes) {
   for (const Change& each : changes) {
     Dim before = base, after = base;
-    after.set({{each.variable, each.value}});
-    EXPECT_EQ(rolesThatDiffer(before.picture(), after.picture()), each.roles)
-        << what << ": " << each.variable << " " << each.value;
+    after.set(each.setting);
+    EXPECT_EQ(rolesThatDiffer(before.picture(), after.picture()), each.roles) << what << ": " << each.setting;
   }
 }
 
-// What goes for all dimensions between two extension lines: with room for all, for either of arrows and text,
-// and for neither.
-inline void expectChangesBetweenLines(const Dim& wide, const Dim& narrow, const Dim& tight) {
+// What goes for all dimensions between two extension lines: with room for all, and for nothing.
+inline void expectChangesBetweenLines(const Dim& wide, const Dim& tight) {
   expectChanges("wide", wide,
-                {{"DIMEXO", 1, "ext1 ext2"},
-                 {"DIMEXE", 2, "ext1 ext2"},
-                 {"DIMSE1", 1, "ext1"},
-                 {"DIMSE2", 1, "ext2"},
-                 {"DIMFXLON", 1, "ext1 ext2"},
-                 {"DIMASZ", 3, "line arrow"},
-                 {"DIMGAP", 1, "text"},
-                 {"DIMGAP", -0.625, "line"},
-                 {"DIMTAD", 0, "line text"},
-                 {"DIMTAD", 4, "text"},
-                 {"DIMJUST", 1, "text"},
-                 {"DIMJUST", 2, "text"},
-                 {"DIMJUST", 3, "ext1 text"},
-                 {"DIMJUST", 4, "ext2 text"},
-                 {"DIMSD1", 1, "line arrow"},
-                 {"DIMSD2", 1, "line arrow"},
-                 // Of texts on the line and lack of room:
-                 {"DIMTVP", 1, ""},
-                 {"DIMTOH", 1, ""},
-                 {"DIMATFIT", 0, ""},
-                 {"DIMTIX", 1, ""},
-                 {"DIMTOFL", 0, ""},
-                 {"DIMTMOVE", 1, ""},
-                 {"DIMSOXD", 1, ""}});
-  expectChanges("narrow", narrow,
-                {{"DIMATFIT", 0, "line text"}, {"DIMATFIT", 1, ""}, {"DIMATFIT", 2, "line arrow text"}});
-  expectChanges("tight", tight,
-                {{"DIMTOFL", 0, "line"},
-                 {"DIMTIX", 1, "line text"},
-                 {"DIMTMOVE", 1, "line text"},
-                 {"DIMTMOVE", 2, "line text"},
-                 {"DIMJUST", 1, "line arrow text"},
-                 {"DIMATFIT", 0, ""}});
-  expectChanges("text forced inside", Dim(tight).set({{"DIMTIX", 1}}), {{"DIMSOXD", 1, "line arrow"}});
-  expectChanges("fixed length", Dim(wide).set({{"DIMFXLON", 1}}),
-                {{"DIMFXL", 3, "ext1 ext2"}, {"DIMFXL", 20, "ext1 ext2"}});
-}
-
-// No number but the variables `own` changes the picture.
-inline void expectOthersAlone(const Dim& dim, std::span<const std::string_view> own) {
-  for (const DimVariableInfo& info : kDimVariables) {
-    if (info.isName() || info.type == DimType::kText || std::ranges::find(own, info.name) != own.end())
-      continue;
-    expectChanges("", dim, {{info.name.data(), 1, ""}, {info.name.data(), 0, ""}});
-  }
+                {{"DIMEXO=1", "ext1 ext2"},
+                 {"DIMEXE=2", "ext1 ext2"},
+                 {"DIMSE1=1", "ext1"},
+                 {"DIMSE2=1", "ext2"},
+                 {"DIMFXLON=1", "ext1 ext2"},
+                 {"DIMASZ=3", "line arrow"},
+                 {"DIMGAP=1", "text"},
+                 {"DIMGAP=-0.625", "line"},
+                 {"DIMTAD=0", "line text"},
+                 {"DIMTAD=4", "text"},
+                 {"DIMJUST=1", "text"},
+                 {"DIMJUST=2", "text"},
+                 {"DIMJUST=3", "ext1 text"},
+                 {"DIMJUST=4", "ext2 text"},
+                 {"DIMSD1=1", "line arrow"},
+                 {"DIMSD2=1", "line arrow"}});
+  expectChanges("tight", tight, {{"DIMTOFL=0", "line"}, {"DIMJUST=1", "line arrow text"}});
+  expectChanges("fixed length", Dim(wide).set("DIMFXLON=1"),
+                {{"DIMFXL=3", "ext1 ext2"}, {"DIMFXL=20", "ext1 ext2"}});
 }
 
 // Every number of the picture is one.
