@@ -117,6 +117,11 @@ void Drawing::setEdits(RecordId id, EditId edits) {
   change(id, edits, signature, record.flags);
 }
 
+void Drawing::setUnselectedEdits(RecordId id, EditId edits) {
+  const Record& record = records_[id];
+  if (record.edits != edits) change(id, edits, record.signature, record.flags);
+}
+
 base::Status Drawing::setStored(RecordId id, Property property, const StoredValue& value) {
   // An implied record of a table gets bytes of its own when one of its properties becomes another.
   if (records_[id].implied()) {

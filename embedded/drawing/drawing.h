@@ -84,6 +84,8 @@ class Drawing final : public DrawingChanges {
   // --- For the storage, and for setters that change several records -------------------------------------
   // Puts the record into another state; journalled, and everything derived from the record follows.
   void setEdits(RecordId id, EditId edits);
+  // The same for a change of nothing that a selection can ask for.
+  void setUnselectedEdits(RecordId id, EditId edits);
   // A property's value as it is, without the checks of the setters above.
   base::Status setStored(RecordId id, Property property, const StoredValue& value);
   // Where entities hold no names: what is known of those of the layer `from` is brought to its new name.

@@ -238,7 +238,7 @@ struct Change {
 
 void apply(Drawing& drawing, DxfStorage& storage, RecordId id, const Change& change) {
   const Record& record = drawing.record(id);
-  drawing.setEdits(id, storage.withGroupsFor(record, change.begin, change.end, change.bytes));
+  drawing.setUnselectedEdits(id, storage.withGroupsFor(record, change.begin, change.end, change.bytes));
 }
 
 base::Result<Change> styleChange(Drawing& drawing, DxfStorage& storage, RecordId id,
