@@ -234,11 +234,20 @@ class OwnVariables {
 struct Change {
   std::uint32_t begin = 0, end = 0;
   std::string bytes;
+  bool none() const { return begin == end && bytes.empty(); }
 };
 
 void apply(Drawing& drawing, DxfStorage& storage, RecordId id, const Change& change) {
   const Record& record = drawing.record(id);
   drawing.setUnselectedEdits(id, storage.withGroupsFor(record, change.begin, change.end, change.bytes));
+}
+
+bool sameValue(const DimVariableInfo& info, const std::optional<Variable>& present, const Variable& value) {
+  if (!present) return false;
+  const auto* a = std::get_if<std::wstring>(&*present);
+  const auto* b = std::get_if<std::wstring>(&value);
+  if (a != nullptr && b != nullptr) return info.isName() ? base::equalFolded(*a, *b) : *a == *b;
+  return asReal(*present) && asReal(*present) == asReal(value);
 }
 
 base::Result<Change> styleChange(Drawing& drawing, DxfStorage& storage, RecordId id,
@@ -249,7 +258,9 @@ base::Result<Change> styleChange(Drawing& drawing, DxfStorage& storage, RecordId
   if (!status.ok()) return status.failure();
   const RecordGroups groups(storage, drawing.record(id));
   if (const Group* group = findInStyle(groups, info, version))
-    return Change{group->begin, group->end, builder.take()};
+    return sameValue(info, readValue(drawing, storage, info, *group), value)
+               ? Change{}
+               : Change{group->begin, group->end, builder.take()};
   return Change{groups.plainEnd(), groups.plainEnd(), builder.take()};
 }
 
@@ -261,7 +272,10 @@ base::Result<Change> overrideChange(Drawing& drawing, DxfStorage& storage, Recor
   if (!status.ok()) return status.failure();
   const RecordGroups groups(storage, drawing.record(id));
   const DimOverrides overrides = readDimOverrides(groups, storage);
-  if (const DimOverride* old = findPair(overrides, info)) return Change{old->begin, old->end, pair.take()};
+  if (const DimOverride* old = findPair(overrides, info)) {
+    const bool isThere = old->value && sameValue(info, readValue(drawing, storage, info, *old->value), value);
+    return isThere ? Change{} : Change{old->begin, old->end, pair.take()};
+  }
   if (overrides.hasList) return Change{overrides.listClose, overrides.listClose, pair.take()};
   RecordBuilder list(storage);
   if (!overrides.hasApp) list.stored(1001, "ACAD");
@@ -269,14 +283,6 @@ base::Result<Change> overrideChange(Drawing& drawing, DxfStorage& storage, Recor
   const auto end = static_cast<std::uint32_t>(groups.bytes().size());
   const std::uint32_t place = overrides.hasApp ? overrides.newList : end;
   return Change{place, place, list.take()};
-}
-
-bool sameValue(const DimVariableInfo& info, const std::optional<Variable>& present, const Variable& value) {
-  if (!present) return false;
-  const auto* a = std::get_if<std::wstring>(&*present);
-  const auto* b = std::get_if<std::wstring>(&value);
-  if (a != nullptr && b != nullptr) return info.isName() ? base::equalFolded(*a, *b) : *a == *b;
-  return asReal(*present) && asReal(*present) == asReal(value);
 }
 
 std::wstring variableName(const DimVariableInfo& info) { return {info.name.begin(), info.name.end()}; }
@@ -312,7 +318,6 @@ base::Status DxfStorage::setDimVariable(Drawing& drawing, RecordId id, const Dim
   const bool style = isStyle(drawing.record(id));
   if (!style && !takesOverrides(typeName(drawing.record(id))))
     return failure(variableName(info), L"This object has no dimension variables");
-  if (sameValue(info, dimVariable(drawing, id, info), value)) return {};
 
   Drawing::ChangeScope scope(drawing);
   base::Status status = drawing.materialise(id);
@@ -320,8 +325,9 @@ base::Status DxfStorage::setDimVariable(Drawing& drawing, RecordId id, const Dim
   if (status.ok()) {
     const base::Result<Change> change = style ? styleChange(drawing, *this, id, info, value)
                                               : overrideChange(drawing, *this, id, info, value);
+    if (change.ok() && change.value().none()) scope.rollBack();
     if (change.ok()) {
-      apply(drawing, *this, id, change.value());
+      if (!change.value().none()) apply(drawing, *this, id, change.value());
       return {};
     }
     status = change.failure();
