@@ -12,7 +12,9 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -98,9 +100,14 @@ class Drawing final : public DrawingChanges {
 
  private:
   base::Status checkValue(Property property, double value) const;
+  // Whether a dimension gives this name to its block, which the drawing does not have: a new block of the
+  // name would show that dimension, too.
+  bool isNamedByDimension(const std::wstring& block);
 
   std::filesystem::path path_;
-  std::uint32_t lastDimensionBlock_ = 0;  // the numbers up to it are not free
+  std::unordered_set<std::wstring> missingBlocks_;  // folded names of what dimensions show
+  std::size_t namesTaken_ = 0;                      // from the records up to here
+  std::uint32_t lastDimensionBlock_ = 0;            // the numbers up to it are not free
 };
 
 }  // namespace cad

@@ -134,12 +134,23 @@ base::Status Drawing::redefineContents(RecordId block, std::span<const BlockEnti
   return status;
 }
 
+bool Drawing::isNamedByDimension(const std::wstring& block) {
+  for (; namesTaken_ < records_.size(); ++namesTaken_) {
+    const auto id = static_cast<RecordId>(namesTaken_);
+    if (records_[id].kind != RecordKind::kEntity || !typeName(id).ends_with("DIMENSION")) continue;
+    const NameId named = name(id, Property::kDimBlock);
+    if (named != kNoName && find(Table::kBlock, named) == kNoRecord)
+      missingBlocks_.insert(names_.folded(named));
+  }
+  return missingBlocks_.contains(base::upper(block));
+}
+
 base::Result<RecordId> Drawing::addDimensionBlock(std::span<const BlockEntity> entities) {
   std::wstring name;
   const auto isTaken = [&](Table table) { return find(table, std::wstring_view(name)) != kNoRecord; };
   do {
     name = L"*D" + std::to_wstring(++lastDimensionBlock_);
-  } while (isTaken(Table::kBlock) || isTaken(Table::kBlockRecord));
+  } while (isTaken(Table::kBlock) || isTaken(Table::kBlockRecord) || isNamedByDimension(name));
   ChangeScope scope(*this);
   const base::Result<RecordId> block = storage_->defineBlock(*this, name, {}, {});
   base::Status status = block.ok() ? base::Status() : base::Status(block.failure());

@@ -11,6 +11,7 @@ namespace cad {
 namespace {
 
 constexpr double kSameAngle = 1e-6;  // degrees
+constexpr double kSameSize = 1e-12;  // as part of it, wherever in the drawing it stands
 
 std::wstring nameText(const Drawing& drawing, RecordId entity, Property property) {
   const NameId name = drawing.name(entity, property);
@@ -86,8 +87,11 @@ class Comparison {
     const double apart = std::hypot(drawn.x - kept.x, drawn.y - kept.y, drawn.z - kept.z);
     if (!(apart <= tolerance_) && isToBeTold()) add(what, pointText(drawn), pointText(kept));
   }
+  void distance(const wchar_t* what, double drawn, double kept, double tolerance) {
+    if (!(std::abs(drawn - kept) <= tolerance) && isToBeTold()) add(what, number(drawn), number(kept));
+  }
   void size(const wchar_t* what, double drawn, double kept) {
-    if (!(std::abs(drawn - kept) <= tolerance_) && isToBeTold()) add(what, number(drawn), number(kept));
+    distance(what, drawn, kept, kSameSize * std::max(std::abs(drawn), std::abs(kept)));
   }
   void angle(const wchar_t* what, double drawn, double kept) {
     if (!(std::abs(std::remainder(drawn - kept, 360)) <= kSameAngle) && isToBeTold())
@@ -120,7 +124,7 @@ class Comparison {
   void compare(const ArcGeometry& arc) {
     const auto& kept = other<ArcGeometry>();
     place(L"centre", arc.centre, kept.centre);
-    size(L"radius", arc.radius, kept.radius);
+    distance(L"radius", arc.radius, kept.radius, tolerance_);  // it comes from two places
     place(L"start", onArc(arc, arc.start), onArc(kept, kept.start));
     place(L"end", onArc(arc, arc.end), onArc(kept, kept.end));
   }
@@ -134,7 +138,9 @@ class Comparison {
     if (insert.block != kept.block && isToBeTold())
       add(L"block", std::to_wstring(insert.block), std::to_wstring(kept.block));
     place(L"place", insert.at, kept.at);
-    place(L"scale", insert.scale, kept.scale);
+    size(L"scale", insert.scale.x, kept.scale.x);
+    size(L"scale", insert.scale.y, kept.scale.y);
+    size(L"scale", insert.scale.z, kept.scale.z);
     angle(L"rotation", insert.rotation, kept.rotation);
   }
   void compare(const TextGeometry& text) {

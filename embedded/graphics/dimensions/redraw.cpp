@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
+#include <unordered_set>
 
 #include "base/fold.h"
 #include "embedded/graphics/dimensions/entities.h"
@@ -9,8 +11,8 @@
 namespace cad {
 namespace {
 
-// As parts of the picture's size.
-constexpr double kSame = 1e-9;
+// How far computing moves a place, as part of its coordinates.
+constexpr double kRounding = 64 * std::numeric_limits<double>::epsilon();
 
 bool isDrawn(DimensionGeometry::Kind kind) { return kind < DimensionGeometry::Kind::kArcLength; }
 
@@ -46,21 +48,85 @@ Reach reachOf(const DimPicture& picture) {
   return reach;
 }
 
-double sizeOf(const std::vector<BlockEntity>& entities) {
+double roundingOf(const std::vector<BlockEntity>& entities) {
   double most = 1;
+  const auto reach = [&](const Point& at) {
+    most = std::max({most, std::abs(at.x), std::abs(at.y), std::abs(at.z)});
+  };
   for (const BlockEntity& entity : entities) {
+    if (const auto* point = std::get_if<PointGeometry>(&entity.geometry.shape)) reach(point->at);
     if (const auto* line = std::get_if<LineGeometry>(&entity.geometry.shape))
-      most = std::max(
-          {most, std::abs(line->from.x), std::abs(line->from.y), std::abs(line->to.x), std::abs(line->to.y)});
+      reach(line->from), reach(line->to);
   }
-  return most;
+  return kRounding * most;
 }
+
+// Moves the contents of a block from one layer to another, and lets what has no linetype of its own follow.
+class ContentMove {
+ public:
+  ContentMove(Drawing& drawing, BlockUses& uses, RecordId dimension, const Record& former)
+      : drawing_(drawing),
+        uses_(uses),
+        from_(drawing.referenceOf(former, Property::kLayer)),
+        to_(drawing.reference(dimension, Property::kLayer)),
+        // Definition points do not stand there because the dimension does.
+        keepsPoints_(from_ == drawing.find(Table::kLayer, std::wstring_view(definitionPointLayer(drawing)))),
+        hadOwn_(isOwnLinetype(drawing.referenceOf(former, Property::kLinetype))),
+        hasOwn_(isOwnLinetype(drawing.reference(dimension, Property::kLinetype))) {}
+
+  base::Status run(RecordId block) {
+    if (!moved_.insert(block).second) return {};
+    const std::vector<RecordId> content = drawing_.entitiesOf(block);
+    base::Status status;
+    for (const RecordId id : content) {
+      if (drawing_.record(id).erased()) continue;
+      if (status) status = move(id);
+      for (const RecordId part : drawing_.subRecordsOf(id))
+        if (status) status = move(part);
+      if (const RecordId nested = ownBlockOf(id, block); status && nested != kNoRecord) status = run(nested);
+    }
+    return status;
+  }
+
+ private:
+  bool isOwnLinetype(RecordId linetype) const {
+    return linetype != kNoRecord && !isByLayer(drawing_.names().text(drawing_.recordName(linetype)));
+  }
+
+  // The block without a name that a reference in `within` shows, if nobody elsewhere shows it: old versions
+  // have the text in such a one.
+  RecordId ownBlockOf(RecordId insert, RecordId within) {
+    if (drawing_.typeName(insert) != "INSERT") return kNoRecord;
+    const RecordId block = drawing_.reference(insert, Property::kBlockName);
+    if (block == kNoRecord || drawing_.isLayoutSpace(block)) return kNoRecord;
+    const bool isNameless = drawing_.names().text(drawing_.recordName(block)).starts_with(L'*');
+    return isNameless && !uses_.isShared(drawing_, block, insert, within) ? block : kNoRecord;
+  }
+
+  base::Status move(RecordId id) {
+    base::Status status;
+    const bool stays = keepsPoints_ && drawing_.typeName(id) == "POINT";
+    if (from_ != to_ && !stays && drawing_.reference(id, Property::kLayer) == from_)
+      status = drawing_.setReference(id, Property::kLayer, to_);
+    const NameId linetype = drawing_.name(id, Property::kLinetype);
+    if (status && hadOwn_ != hasOwn_ && linetype != kNoName &&
+        base::equalFolded(drawing_.names().text(linetype), hadOwn_ ? L"ByBlock" : L"ByLayer"))
+      status = drawing_.setText(id, Property::kLinetype, hasOwn_ ? L"ByBlock" : L"ByLayer");
+    return status;
+  }
+
+  Drawing& drawing_;
+  BlockUses& uses_;
+  RecordId from_, to_;
+  bool keepsPoints_, hadOwn_, hasOwn_;
+  std::unordered_set<RecordId> moved_;
+};
 
 }  // namespace
 
 // --- Who shows a block -------------------------------------------------------------------------------------
 
-bool BlockUses::isShared(const Drawing& drawing, RecordId block, RecordId user) {
+bool BlockUses::isShared(const Drawing& drawing, RecordId block, RecordId user, RecordId within) {
   const auto blockOf = [&](RecordId id) {
     const std::string_view type = drawing.typeName(id);
     if (type == "INSERT") return drawing.reference(id, Property::kBlockName);
@@ -76,7 +142,7 @@ bool BlockUses::isShared(const Drawing& drawing, RecordId block, RecordId user) 
   std::size_t left = users.size();
   for (std::size_t i = 0; i < left;) {
     const RecordId other = users[i];
-    if (other == user) {
+    if (other == user || (within != kNoRecord && drawing.record(other).owner == within)) {
       ++i;
       continue;
     }
@@ -108,13 +174,18 @@ DimRedraw::Result DimRedraw::picture(RecordId dimension, const Record& former) {
 }
 
 base::Result<DimOutcome> DimRedraw::redraw(RecordId dimension, const Record& former) {
-  const RecordId block = drawing_.reference(dimension, Property::kDimBlock);
-  if (block == kNoRecord || drawing_.isLayoutSpace(block)) return DimOutcome::kNoBlock;
-  const std::vector<BlockEntity> kept = blockEntities(drawing_, block, BlockReading::kTexts);
+  RecordId block = drawing_.reference(dimension, Property::kDimBlock);
+  if (block != kNoRecord && drawing_.isLayoutSpace(block)) block = kNoRecord;
+  std::vector<BlockEntity> kept;
+  if (block != kNoRecord) {
+    kept = blockEntities(drawing_, block, BlockReading::kTexts);
+  } else if (!drawing_.canHold(dimension, Property::kDimBlock)) {
+    return DimOutcome::kNoBlock;
+  }
   const Result result = pictureFor(dimension, former, kept);
   if (result.outcome != DimOutcome::kDrawn) return result.outcome;
-  const double tolerance = kSame * sizeOf(result.entities);
-  if (!differAtAGlance(result.entities, kept, tolerance) &&
+  const double tolerance = roundingOf(result.entities);
+  if (block != kNoRecord && !differAtAGlance(result.entities, kept, tolerance) &&
       samePicture(result.entities, blockEntities(drawing_, block), tolerance))
     return DimOutcome::kSame;
   if (const base::Status status = write(dimension, block, result.entities); !status) return status.failure();
@@ -122,11 +193,11 @@ base::Result<DimOutcome> DimRedraw::redraw(RecordId dimension, const Record& for
 }
 
 base::Status DimRedraw::write(RecordId dimension, RecordId block, const std::vector<BlockEntity>& entities) {
-  const bool isShared = uses_.isShared(drawing_, block, dimension);
+  const bool isOwn = block != kNoRecord && !uses_.isShared(drawing_, block, dimension);
   Drawing::ChangeScope scope(drawing_);
   base::Status status = needDefinitionPointLayer(entities);
-  if (status && !isShared) status = drawing_.redefineContents(block, entities);
-  if (status && isShared) {
+  if (status && isOwn) status = drawing_.redefineContents(block, entities);
+  if (status && !isOwn) {
     const base::Result<RecordId> own = drawing_.addDimensionBlock(entities);
     status = own.ok() ? drawing_.setReference(dimension, Property::kDimBlock, own.value())
                       : base::Status(own.failure());
@@ -155,41 +226,10 @@ base::Result<bool> DimRedraw::follow(RecordId dimension, const Record& former) {
   if (block == kNoRecord || drawing_.isLayoutSpace(block)) return true;
   if (uses_.isShared(drawing_, block, dimension)) return false;
   Drawing::ChangeScope scope(drawing_);
-  const base::Status status = moveContents(dimension, block, former);
+  const base::Status status = ContentMove(drawing_, uses_, dimension, former).run(block);
   if (status) return true;
   scope.rollBack();
   return status.failure();
-}
-
-base::Status DimRedraw::moveContents(RecordId dimension, RecordId block, const Record& former) {
-  const RecordId from = drawing_.referenceOf(former, Property::kLayer);
-  const RecordId to = drawing_.reference(dimension, Property::kLayer);
-  const auto hasOwnLinetype = [&](RecordId linetype) {
-    return linetype != kNoRecord && !isByLayer(drawing_.names().text(drawing_.recordName(linetype)));
-  };
-  const bool hadOwn = hasOwnLinetype(drawing_.referenceOf(former, Property::kLinetype));
-  const bool hasOwn = hasOwnLinetype(drawing_.reference(dimension, Property::kLinetype));
-  const wchar_t* const before = hadOwn ? L"ByBlock" : L"ByLayer";
-  const wchar_t* const after = hasOwn ? L"ByBlock" : L"ByLayer";
-  const auto move = [&](RecordId id) {
-    base::Status status;
-    if (from != to && drawing_.reference(id, Property::kLayer) == from)
-      status = drawing_.setReference(id, Property::kLayer, to);
-    const NameId linetype = drawing_.name(id, Property::kLinetype);
-    if (status && hadOwn != hasOwn && linetype != kNoName &&
-        base::equalFolded(drawing_.names().text(linetype), before))
-      status = drawing_.setText(id, Property::kLinetype, after);
-    return status;
-  };
-  const std::vector<RecordId> content = drawing_.entitiesOf(block);
-  base::Status status;
-  for (const RecordId id : content) {
-    if (drawing_.record(id).erased()) continue;
-    if (status) status = move(id);
-    for (const RecordId part : drawing_.subRecordsOf(id))
-      if (status) status = move(part);
-  }
-  return status;
 }
 
 }  // namespace cad

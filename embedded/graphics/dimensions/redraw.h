@@ -14,8 +14,9 @@ namespace cad {
 // Which entities show a block, whatever it holds: dimensions and references. What is added later is noticed.
 class BlockUses {
  public:
-  // Whether another entity than this one, not erased, shows the block too.
-  bool isShared(const Drawing& drawing, RecordId block, RecordId user);
+  // Whether another entity than this one, not erased, shows the block too. Those of the block `within` do not
+  // count.
+  bool isShared(const Drawing& drawing, RecordId block, RecordId user, RecordId within = kNoRecord);
 
  private:
   std::unordered_map<RecordId, std::vector<RecordId>> users_;
@@ -28,7 +29,7 @@ enum class DimOutcome : std::uint8_t {
   // The block is kept:
   kOtherKind,     // arc length, jogged, one that nobody knows
   kNoStyle,       // an old file does not tell the style
-  kNoBlock,       // the drawing does not have the block
+  kNoBlock,       // the drawing does not have the block, and the record cannot name another
   kNothingDrawn,  // the points make no picture
 };
 constexpr bool keepsBlock(DimOutcome outcome) { return outcome > DimOutcome::kSame; }
@@ -43,11 +44,11 @@ class DimRedraw {
     DimOutcome outcome = DimOutcome::kDrawn;
     std::vector<BlockEntity> entities;  // what the block would hold
   };
-  // The picture of a dimension; nothing is changed. `former`: the dimension in the state that its block was
-  // drawn from.
+  // The picture of a dimension that has a block; nothing is changed. `former`: the dimension in the state
+  // that its block was drawn from.
   Result picture(RecordId dimension, const Record& former);
-  // Gives the block this picture in one step of undo. A dimension that shares its block gets one of its own.
-  // A failure leaves everything as it was.
+  // Gives the block this picture in one step of undo. A dimension that shares its block, or whose block the
+  // drawing does not have, gets one of its own. A failure leaves everything as it was.
   base::Result<DimOutcome> redraw(RecordId dimension, const Record& former);
   // The block takes over what it has from the dimension without being drawn anew: what stands on the former
   // layer moves to the new one, and what has no linetype of its own follows. False: the block is not the
@@ -58,7 +59,6 @@ class DimRedraw {
   Result pictureFor(RecordId dimension, const Record& former, const std::vector<BlockEntity>& kept);
   base::Status write(RecordId dimension, RecordId block, const std::vector<BlockEntity>& entities);
   base::Status needDefinitionPointLayer(const std::vector<BlockEntity>& entities);
-  base::Status moveContents(RecordId dimension, RecordId block, const Record& former);
 
   Drawing& drawing_;
   DimStyles styles_;
