@@ -6,6 +6,7 @@
 
 #include "embedded/dxf/dxf_storage.h"
 #include "embedded/dxf/file_facts.h"
+#include "embedded/dxf/traces.h"
 
 namespace cad::dxf {
 namespace {
@@ -68,6 +69,7 @@ base::Status DxfStorage::save(const std::filesystem::path& target, std::span<con
   if (!file) return file.failure();
   Children children;
   for (const Placement& placement : added_) children[placement.before].push_back(placement.record);
+  const Traces traces(*this, records);
   Output output(*file.value(), file_);
   const auto writeChanged = [&](const Record& record) {
     edits_.apply(record.edits, original(record), output.changed());
@@ -93,8 +95,10 @@ base::Status DxfStorage::save(const std::filesystem::path& target, std::span<con
     const Record& record = records[i];
     if ((record.flags & kNotInFile) != 0) continue;
     if (!children.empty()) writeAdded(writeAdded, static_cast<RecordId>(i));
-    if (record.erased()) continue;
-    if (record.edits == kNoEdit) {
+    if (record.erased() || traces.goes(static_cast<RecordId>(i))) continue;
+    if (const auto entry = traces.entryOf(static_cast<RecordId>(i))) {
+      output.changed() += *entry;
+    } else if (record.edits == kNoEdit) {
       output.copy(record.offset, record.length);
     } else {
       writeChanged(record);
