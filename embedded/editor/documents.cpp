@@ -33,7 +33,7 @@ Document::Document(std::unique_ptr<Drawing> drawing, std::wstring name, int numb
       number_(number) {
   requireLock(*database_, [this] { return !isHeldForWriting(); });
   tellRemarks(*database_, remark);
-  searchFonts(*database_, findFontFile);
+  searchFonts(*database_, findFile);
 }
 
 Document::~Document() = default;

@@ -1,14 +1,12 @@
 #include "embedded/editor/file_search.h"
 
 #include <algorithm>
-#include <unordered_map>
 #include <vector>
 
 #include "acedads.h"
 #include "base/dynamic_library.h"
 #include "base/environment.h"
 #include "base/files.h"
-#include "base/fold.h"
 #include "base/paths.h"
 #include "embedded/editor/host.h"
 #include "embedded/editor/host_state.h"
@@ -47,21 +45,6 @@ std::vector<std::filesystem::path> searchFolders() {
   folders.push_back(programFolder());
   for (const std::filesystem::path& module : state.modules.paths()) folders.push_back(module.parent_path());
   return folders;
-}
-
-using FontFiles = std::unordered_map<std::wstring, std::filesystem::path>;  // by the name, upper-case
-
-FontFiles systemFonts() {
-  std::vector<std::filesystem::path> folders = {"/usr/share/fonts", "/usr/local/share/fonts"};
-  if (const auto windows = base::environmentVariable("WINDIR")) folders = {*windows / "Fonts"};
-  FontFiles fonts;
-  for (const std::filesystem::path& folder : folders) {
-    std::error_code error;
-    for (std::filesystem::recursive_directory_iterator at(folder, error), end; !error && at != end;
-         at.increment(error))
-      fonts.try_emplace(base::upper(base::pathText(at->path().filename())), at->path());
-  }
-  return fonts;
 }
 
 }  // namespace
@@ -107,13 +90,6 @@ std::filesystem::path findFile(std::wstring_view name) {
   for (const std::filesystem::path& folder : searchFolders())
     if (std::filesystem::path found = lookIn(folder, file); !found.empty()) return found;
   return {};
-}
-
-std::filesystem::path findFontFile(std::wstring_view name) {
-  if (std::filesystem::path found = findFile(name); !found.empty()) return found;
-  static const FontFiles fonts = systemFonts();
-  const auto known = fonts.find(base::upper(base::pathText(base::pathFromText(name).filename())));
-  return known == fonts.end() ? std::filesystem::path() : known->second;
 }
 
 }  // namespace cad

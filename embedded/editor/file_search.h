@@ -11,9 +11,6 @@ namespace cad {
 // modules; a name with a folder only there. Case is ignored in the file's name. Empty when not found.
 std::filesystem::path findFile(std::wstring_view name);
 
-// The same, and then in the system's own folders of fonts and in what these hold.
-std::filesystem::path findFontFile(std::wstring_view name);
-
 // The folders of the support path, separated by ";".
 std::wstring supportPathText();
 

@@ -5,7 +5,7 @@
 #include <numbers>
 
 #include "embedded/drawing/plain_text.h"
-#include "embedded/graphics/fonts/full_width.h"
+#include "embedded/graphics/fonts/characters.h"
 
 namespace cad {
 namespace {

@@ -12,8 +12,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "embedded/graphics/fonts/characters.h"
 #include "embedded/graphics/fonts/font_metrics.h"
-#include "embedded/graphics/fonts/full_width.h"
 
 namespace cad {
 namespace {
@@ -70,8 +70,6 @@ constexpr Outline kOutlines[] = {
 constexpr Outline kOtherOutline{0, 1139, 80, 1059, 0, 1466};
 constexpr Outline kFullOutline{0, 2048, 96, 1945, -170, 1700};
 
-constexpr char32_t kDiameter = 0x2205, kDiameterSign = 0x2300, kSlashedO = 0x00D8;
-
 class OutlineAverages : public FontMetrics {
  public:
   Glyph glyph(char32_t c) const override {
@@ -81,7 +79,6 @@ class OutlineAverages : public FontMetrics {
     return {o.advance / kOutlineHeight, o.left / kOutlineHeight, o.right / kOutlineHeight,
             o.bottom / kOutlineHeight,  o.top / kOutlineHeight,  true};
   }
-  bool areOwn() const override { return false; }
 
  private:
   static const Outline& outlineOf(char32_t c) {
@@ -109,7 +106,6 @@ class ShapeAverages : public FontMetrics {
     const double top = isOneOf(c, U".,_") ? 0 : isOneOf(c, U"acegmnopqrsuvwxyz:;-+") ? 4 : 6;
     return inked(widthOf(c), bottom, top);
   }
-  bool areOwn() const override { return false; }
 
  private:
   static constexpr double kHeight = 6;

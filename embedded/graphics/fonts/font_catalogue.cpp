@@ -30,14 +30,22 @@ std::optional<support::ShapeFile> shapeFileAt(const std::filesystem::path& path,
   return file ? std::optional(std::move(file.value())) : std::nullopt;
 }
 
+// Drawings name folders of the machine that they were drawn on: a file that is not there counts by its name.
+std::filesystem::path located(const FontCatalogue::Find& find, std::wstring_view name) {
+  std::filesystem::path path = find(name);
+  const std::size_t folder = name.find_last_of(L"/\\");
+  if (path.empty() && folder != name.npos) path = find(name.substr(folder + 1));
+  return path.empty() ? systemFont(name) : path;
+}
+
 std::shared_ptr<const FontMetrics> shapesOf(const FontRequest& request, const FontCatalogue::Find& find) {
   const std::wstring name = shapeFileName(request.file.empty() ? L"txt" : request.file);
-  std::optional<support::ShapeFile> font = shapeFileAt(find(name), name);
+  std::optional<support::ShapeFile> font = shapeFileAt(located(find, name), name);
   if (!font) return nullptr;
   std::optional<support::ShapeFile> bigFont;
   if (!request.bigFile.empty()) {
     const std::wstring bigName = shapeFileName(request.bigFile);
-    bigFont = shapeFileAt(find(bigName), bigName);
+    bigFont = shapeFileAt(located(find, bigName), bigName);
   }
   return shapeFont(std::move(*font), std::move(bigFont));
 }
@@ -58,8 +66,7 @@ std::vector<std::wstring> outlineFiles(const FontRequest& request) {
 
 std::shared_ptr<const FontMetrics> outlinesOf(const FontRequest& request, const FontCatalogue::Find& find) {
   for (const std::wstring& name : outlineFiles(request)) {
-    std::filesystem::path path = find(name);
-    if (path.empty()) path = systemFont(name);
+    const std::filesystem::path path = located(find, name);
     if (path.empty()) continue;
     auto file = base::MappedFile::open(path);
     if (!file) continue;

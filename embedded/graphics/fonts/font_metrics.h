@@ -19,14 +19,11 @@ struct Glyph {
   bool inked = false;  // the four count; a blank has none
 };
 
-// Never changes: several threads may ask it.
 class FontMetrics {
  public:
   virtual ~FontMetrics() = default;
   // Of any character, those that the font lacks as well.
   virtual Glyph glyph(char32_t character) const = 0;
-  // Whether the font's file was read; else the metrics are averages.
-  virtual bool areOwn() const { return true; }
 };
 
 // Averages for the fonts whose file is not to be had: of outlined faces and of fonts of shapes.
@@ -44,7 +41,8 @@ struct FontRequest {
 // The fonts by what styles say of them, each read once.
 class FontCatalogue {
  public:
-  // Where a file of this name lies; empty: nowhere, and the fonts of the operating system are asked.
+  // Where a file lies whose name may have a folder; empty: not there. Without a folder it is asked again, and
+  // then the fonts of the operating system are.
   using Find = std::function<std::filesystem::path(std::wstring_view file)>;
 
   // Without a `find` all fonts are averages.

@@ -2,15 +2,14 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <utility>
 
 #include "base/fold.h"
+#include "embedded/graphics/fonts/characters.h"
 
 namespace cad {
 namespace {
 
-constexpr char32_t kDiameter = 0x2205, kDiameterSign = 0x2300, kSlashedO = 0x00D8;
 constexpr char32_t kPrefilled = 256;
 constexpr std::size_t kSymbols = 0xF000;  // where fonts of symbols have their characters
 
