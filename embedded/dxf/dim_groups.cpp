@@ -185,7 +185,8 @@ std::optional<Variable> olderValue(const Drawing& drawing, const DxfStorage& sto
     if (group.code == 1001) here = equalNoCase(trimmed(group.value), place->application);
     if (!here || group.code != 1070 || integerValue(group, storage.dialect()) != place->number) continue;
     const Group& value = groups.all()[i + 1];
-    if (value.code == 1004) return colorNumberIn(trimmed(value.value), storage.dialect().binary);
+    const bool binary = storage.dialect().binary;  // there blanks are data
+    if (value.code == 1004) return colorNumberIn(binary ? value.value : trimmed(value.value), binary);
     if (!info.isName()) return readValue(drawing, storage, info, value);
     const std::optional<Handle> handle = handleValue(value);
     return handle ? std::optional<Variable>(nameBehind(drawing, *handle)) : std::nullopt;

@@ -139,13 +139,16 @@ TextGeometry::Fill fillOf(int number) {
 // Versions without groups for it keep in extended data what is painted behind a text.
 void readOldFill(const Source& from, TextGeometry& shape) {
   constexpr std::int64_t kByNumber = 0xC3, kByValue = 0xC2;
+  constexpr std::string_view kMark = "ACAD_MTEXT_BBRT";
+  std::string scratch;
+  if (from.storage.bytes(from.drawing.record(from.id), scratch).find(kMark) == std::string_view::npos) return;
   const RecordGroups groups(from.storage, from.drawing.record(from.id));
   const Dialect& dialect = from.storage.dialect();
   bool inFill = false;
   for (std::size_t i = groups.plainCount(); i + 1 < groups.all().size(); ++i) {
     const Group& group = groups.all()[i];
     if (group.code == 1000 && inFill) inFill = trimmed(group.value).empty();
-    if (group.code == 1000 && trimmed(group.value) == "ACAD_MTEXT_BBRT") inFill = true;
+    if (group.code == 1000 && trimmed(group.value) == kMark) inFill = true;
     if (!inFill || group.code != 1070) continue;
     const Group& next = groups.all()[++i];
     const std::int64_t value = integerValue(next, dialect).value_or(0);
