@@ -10,8 +10,9 @@
 namespace cad {
 namespace {
 
-constexpr double kSameAngle = 1e-6;  // degrees
-constexpr double kSameSize = 1e-12;  // as part of it, wherever in the drawing it stands
+constexpr double kSameAngle = 1e-6;      // degrees
+constexpr double kSameSize = 1e-12;      // as part of it, wherever in the drawing it stands
+constexpr double kSameDirection = 1e-9;  // of unit vectors
 
 std::wstring nameText(const Drawing& drawing, RecordId entity, Property property) {
   const NameId name = drawing.name(entity, property);
@@ -28,20 +29,34 @@ std::wstring pointText(const Point& at) { return number(at.x) + L"," + number(at
 
 bool sameName(std::wstring_view a, std::wstring_view b) { return base::equalFolded(a, b); }
 
-// The text with \U+XXXX as the characters and "\H1.000000x;" as "\H1x;": releases of the host differ in both.
+std::wstring digitsAt(std::wstring_view text, std::size_t at, std::wstring_view digits) {
+  const std::size_t end = std::min(text.find_first_not_of(digits, at), text.size());
+  return std::wstring(text.substr(at, end - at));
+}
+
+// The text with \U+XXXX as the characters and "\H1.000000x;" as "\H1x;": releases of the host differ in how
+// they write the same.
 std::wstring comparable(std::wstring_view contents) {
   std::wstring text;
   for (std::size_t i = 0; i < contents.size();) {
     const std::wstring_view rest = contents.substr(i);
-    if (rest.starts_with(L"\\U+") && rest.size() >= 7) {
-      text += static_cast<wchar_t>(std::wcstoul(std::wstring(rest.substr(3, 4)).c_str(), nullptr, 16));
-      i += 7;
-    } else if (const std::size_t end = rest.find(L"x;"); rest.starts_with(L"\\H") && end != rest.npos) {
-      text += L"\\H" + number(std::wcstod(std::wstring(rest.substr(2, end - 2)).c_str(), nullptr));
-      i += end;
-    } else {
-      text += contents[i++];
+    if (rest.starts_with(L"\\U+")) {
+      const std::wstring code = digitsAt(rest.substr(0, 7), 3, L"0123456789ABCDEFabcdef");
+      if (code.size() == 4) {
+        text += static_cast<wchar_t>(std::wcstoul(code.c_str(), nullptr, 16));
+        i += 7;
+        continue;
+      }
     }
+    if (rest.starts_with(L"\\H")) {
+      const std::wstring factor = digitsAt(rest, 2, L"0123456789.");
+      if (!factor.empty() && rest.substr(2 + factor.size()).starts_with(L"x;")) {
+        text += L"\\H" + number(std::wcstod(factor.c_str(), nullptr));
+        i += 2 + factor.size();
+        continue;
+      }
+    }
+    text += contents[i++];
   }
   return text;
 }
@@ -60,8 +75,8 @@ class Comparison {
     whole(L"colour", drawn_.color, kept_.color);
     whole(L"lineweight", drawn_.lineWeight, kept_.lineWeight);
     whole(L"transparency", drawn_.transparency, kept_.transparency);
-    if (!(drawn_.trueColor == kept_.trueColor) && isToBeTold())
-      add(L"true colour", number(drawn_.trueColor.value_or(-1)), number(kept_.trueColor.value_or(-1)));
+    color(L"true colour", drawn_.trueColor, kept_.trueColor);
+    whole(L"visibility", !drawn_.geometry.invisible, !kept_.geometry.invisible);
     std::visit([this](const auto& shape) { compare(shape); }, drawn_.geometry.shape);
     return !differs_;
   }
@@ -92,6 +107,16 @@ class Comparison {
   }
   void size(const wchar_t* what, double drawn, double kept) {
     distance(what, drawn, kept, kSameSize * std::max(std::abs(drawn), std::abs(kept)));
+  }
+  void color(const wchar_t* what, const std::optional<std::int32_t>& drawn,
+             const std::optional<std::int32_t>& kept) {
+    if (drawn != kept && isToBeTold()) add(what, number(drawn.value_or(-1)), number(kept.value_or(-1)));
+  }
+  // Of entities in a system of their own.
+  void normal() {
+    const Point drawn = axesOf(drawn_.geometry.normal).z, kept = axesOf(kept_.geometry.normal).z;
+    const double apart = std::hypot(drawn.x - kept.x, drawn.y - kept.y, drawn.z - kept.z);
+    if (!(apart <= kSameDirection) && isToBeTold()) add(L"normal", pointText(drawn), pointText(kept));
   }
   void angle(const wchar_t* what, double drawn, double kept) {
     if (!(std::abs(std::remainder(drawn - kept, 360)) <= kSameAngle) && isToBeTold())
@@ -127,11 +152,13 @@ class Comparison {
     distance(L"radius", arc.radius, kept.radius, tolerance_);  // it comes from two places
     place(L"start", onArc(arc, arc.start), onArc(kept, kept.start));
     place(L"end", onArc(arc, arc.end), onArc(kept, kept.end));
+    normal();
   }
   void compare(const SolidGeometry& solid) {
     constexpr std::array<const wchar_t*, 4> kCorners = {L"corner 1", L"corner 2", L"corner 3", L"corner 4"};
     for (std::size_t i = 0; i < kCorners.size(); ++i)
       place(kCorners[i], solid.corners[i], other<SolidGeometry>().corners[i]);
+    normal();
   }
   void compare(const InsertGeometry& insert) {
     const auto& kept = other<InsertGeometry>();
@@ -142,6 +169,9 @@ class Comparison {
     size(L"scale", insert.scale.y, kept.scale.y);
     size(L"scale", insert.scale.z, kept.scale.z);
     angle(L"rotation", insert.rotation, kept.rotation);
+    whole(L"columns", insert.columns, kept.columns);
+    whole(L"rows", insert.rows, kept.rows);
+    normal();
   }
   void compare(const TextGeometry& text) {
     const auto& kept = other<TextGeometry>();
@@ -152,8 +182,33 @@ class Comparison {
     place(L"place", text.at, kept.at);
     size(L"height", text.height, kept.height);
     angle(L"rotation", worldRotation(drawn_.geometry, text), worldRotation(kept_.geometry, kept));
+    whole(L"side", static_cast<int>(text.side), static_cast<int>(kept.side));
+    whole(L"level", static_cast<int>(text.level), static_cast<int>(kept.level));
+    size(L"width factor", text.widthFactor, kept.widthFactor);
+    angle(L"slant", text.oblique, kept.oblique);
+    whole(L"backwards", text.backwards, kept.backwards);
+    whole(L"upside down", text.upsideDown, kept.upsideDown);
+    size(L"line spacing", text.lineSpacing, kept.lineSpacing);
+    size(L"frame width", text.frameWidth, kept.frameWidth);
+    compareFill(text, kept);
+    if (text.multiline) {
+      whole(L"tilt", isTilted(drawn_.geometry), isTilted(kept_.geometry));
+    } else {
+      normal();
+    }
+  }
+  // Of a multi-line text that is read, the plan's rotation and this tell the system.
+  static bool isTilted(const Geometry& geometry) {
+    const Point& normal = geometry.normal;
+    return geometry.partial || normal.x != 0 || normal.y != 0 || normal.z <= 0;
+  }
+  void compareFill(const TextGeometry& text, const TextGeometry& kept) {
     whole(L"fill", static_cast<int>(text.fill), static_cast<int>(kept.fill));
-    if (text.fill == TextGeometry::Fill::kOwnColor) whole(L"fill colour", text.fillColor, kept.fillColor);
+    if (text.fill == TextGeometry::Fill::kNone) return;
+    size(L"fill factor", text.fillFactor, kept.fillFactor);
+    if (text.fill != TextGeometry::Fill::kOwnColor) return;
+    whole(L"fill colour", text.fillColor, kept.fillColor);
+    color(L"fill's true colour", text.fillTrueColor, kept.fillTrueColor);
   }
   template <class Shape>
   void compare(const Shape&) {}  // no other shapes are drawn

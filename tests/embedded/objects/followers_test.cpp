@@ -149,10 +149,28 @@ TEST_F(FollowersTest, IsSeenFromTheSideThatTheNormalTells) {
   EXPECT_TRUE(sawArrow);
 }
 
+TEST_F(FollowersTest, IsDrawnAnewWhateverOfItsTextDiffers) {
+  const auto redrawn = [&](const std::string& dxf) {
+    start(dxf);
+    const auto revision = drawing_->revision();
+    change(kMirrored, [](AcDbDimension& dimension) { return dimension.recomputeDimBlock(); });
+    return drawing_->revision() != revision;
+  };
+  std::string drawn = replaced(dimensions(), groups("210 0.0"), groups("1 \\H5;ab x;|210 0.0"));
+  EXPECT_TRUE(redrawn(drawn));
+  if (memory::isTested()) return;
+  drawn = saved(*drawing_);
+  EXPECT_FALSE(redrawn(drawn));
+  for (const auto& [from, to] : {std::pair{"ab x;\n", "ac x;\n"}, {" 71\n5\n", " 71\n1\n"}}) {
+    const std::string other = replaced(drawn, from, to);
+    EXPECT_TRUE(other != drawn && redrawn(other)) << from;
+  }
+}
+
 TEST_F(FollowersTest, IsItsOwnAsSoonAsItDiffers) {
   const std::string original = saved(*drawing_), both = content(kFirst);
   change(kFirst, [](AcDbDimension& dimension) { return dimension.setDimtxt(1); });
-  EXPECT_EQ(blockName(kFirst), L"*D3");  // the first free number
+  EXPECT_EQ(blockName(kFirst), L"*D3");  // a free number
   EXPECT_EQ(content(kFirst), kDrawn);
   EXPECT_EQ(blockName(kSecond), L"*D1");
   EXPECT_EQ(content(kSecond), both);
