@@ -14,12 +14,10 @@ DimVariables::DimVariables() {
   for (const DimVariableInfo& info : kDimVariables) set(info, defaultValue(info));
 }
 
-DimVariables::DimVariables(const Drawing& drawing, RecordId record) : DimVariables() {
-  if (record == kNoRecord) return;
-  const bool isStyle = drawing.record(record).table == Table::kDimStyle;
-  const RecordId style = isStyle ? kNoRecord : drawing.reference(record, Property::kDimStyle);
-  if (style != kNoRecord) takeOwn(drawing, drawing.record(style));
-  takeOwn(drawing, drawing.record(record));
+DimVariables DimVariables::ofStyle(const Drawing& drawing, RecordId style) {
+  DimVariables values;
+  if (style != kNoRecord) values.takeOwn(drawing, drawing.record(style));
+  return values;
 }
 
 void DimVariables::takeOwn(const Drawing& drawing, const Record& record) {

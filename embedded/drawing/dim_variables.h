@@ -38,8 +38,8 @@ Variable defaultValue(const DimVariableInfo& info);
 class DimVariables {
  public:
   DimVariables();  // the defaults
-  // Of a dimension, a leader or a dimension style; kNoRecord: the defaults.
-  DimVariables(const Drawing& drawing, RecordId record);
+  // kNoRecord: the defaults.
+  static DimVariables ofStyle(const Drawing& drawing, RecordId style);
   // Takes what the record itself has, in the state that it gives.
   void takeOwn(const Drawing& drawing, const Record& record);
 

@@ -1,6 +1,7 @@
 #pragma once
 // Angles as a dimension shows them.
 
+#include <cstdint>
 #include <string>
 
 #include "embedded/graphics/dimensions/length_text.h"

@@ -3,6 +3,7 @@
 // the text and the definition points, before it is known which colour, layer and weight each of them gets.
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <variant>
 #include <vector>
@@ -17,8 +18,8 @@ namespace cad {
 struct ArrowHead {
   std::wstring block;   // its block's name; empty: the closed filled arrow, which is drawn as an area
   bool isTick = false;  // DIMTSZ: an oblique stroke in place of an arrow
-  bool isStroke =
-      false;  // the dimension line runs to the tip, and beyond it by DIMDLE: ticks, obliques, none
+  // The dimension line runs to the tip, and beyond it by DIMDLE: ticks, obliques, none.
+  bool isStroke = false;
 };
 
 // The box around the inked text, in drawing units, unrotated.
@@ -34,10 +35,10 @@ struct DimFigure {
   double rotation = 0;      // of the dimension line of a rotated one, radians
   double oblique = 0;       // of the extension lines against the dimension line, radians; 0: a right angle
   double textRotation = 0;  // against the horizontal, radians; 0: as the variables have it
-  double horizontal = 0;    // radians, as the record has it: from the direction that counts as horizontal to
-                            // the x axis
-  bool userText = false;    // a person placed the text: `text` counts
-  bool alongX = false;      // ordinate: the x coordinate is told
+  // From the direction that counts as horizontal to the x axis, radians, as the record has it.
+  double horizontal = 0;
+  bool userText = false;  // a person placed the text: `text` counts
+  bool alongX = false;    // ordinate: the x coordinate is told
 
   double scale = 1;  // what lengths of variables are multiplied by
   std::array<ArrowHead, 2> arrows;
@@ -46,6 +47,10 @@ struct DimFigure {
   TextBox box;                              // of `value`
   const DimVariables* variables = nullptr;  // outlives the figure
 };
+
+constexpr bool isAngular(DimFigure::Kind kind) {
+  return kind == DimFigure::Kind::kAngular || kind == DimFigure::Kind::kAngularPoints;
+}
 
 // --- The picture ------------------------------------------------------------------------------------------
 

@@ -17,8 +17,6 @@ using Kind = DimFigure::Kind;
 
 Vec flat(const Point& at) { return {at.x, at.y}; }
 
-bool isAngular(Kind kind) { return kind == Kind::kAngular || kind == Kind::kAngularPoints; }
-
 void placePoints(const DimensionGeometry& geometry, const Axes& axes, DimFigure& figure) {
   const auto inPlan = [&](const Point& world) { return flat(axes.own(world)); };
   figure.kind = geometry.kind;
@@ -119,7 +117,7 @@ void chooseText(const Drawing& drawing, RecordId dimension, TextFaces& faces, Di
 const DimVariables& DimStyles::ofStyle(const Drawing& drawing, RecordId style) {
   const EditId edits = style == kNoRecord ? kNoEdit : drawing.record(style).edits;
   const auto [found, isNew] = kept_.try_emplace(style);
-  if (isNew || found->second.edits != edits) found->second = {edits, DimVariables(drawing, style)};
+  if (isNew || found->second.edits != edits) found->second = {edits, DimVariables::ofStyle(drawing, style)};
   return found->second.variables;
 }
 
@@ -130,11 +128,15 @@ DimVariables DimStyles::valuesOf(const Drawing& drawing, const Record& dimension
 }
 
 const TextFaces::Face& TextFaces::of(const Drawing& drawing, RecordId style) {
-  const EditId edits = drawing.record(style).edits;
+  const EditId edits = style == kNoRecord ? kNoEdit : drawing.record(style).edits;
   const auto [found, isNew] = kept_.try_emplace(style);
   Face& face = found->second;
   if (!isNew && face.edits == edits) return face;
   face.edits = edits;
+  if (style == kNoRecord) {
+    face.font = fonts_.font({});
+    return face;
+  }
   face.name = drawing.names().text(drawing.recordName(style));
   if (base::equalFolded(face.name, L"Standard")) face.name.clear();
   face.fixedHeight = drawing.real(style, Property::kFixedHeight).value_or(0);

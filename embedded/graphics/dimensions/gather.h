@@ -1,7 +1,7 @@
 #pragma once
 // What the picture of a dimension is drawn from, out of its record, its style and its old picture.
 
-#include <optional>
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -20,6 +20,7 @@ class DimStyles {
   const DimVariables& ofStyle(const Drawing& drawing, RecordId style);
 
  private:
+  // The names in it (of text styles, arrows, linetypes) stay true: records that have them are not renamed.
   struct Kept {
     EditId edits = kNoEdit;
     DimVariables variables;
@@ -38,6 +39,7 @@ class TextFaces {
     std::shared_ptr<const FontMetrics> font;
   };
   explicit TextFaces(FontCatalogue::Find findFont) : fonts_(std::move(findFont)) {}
+  // kNoRecord: a style that says nothing.
   const Face& of(const Drawing& drawing, RecordId style);
 
  private:

@@ -1,6 +1,7 @@
 #pragma once
 // Numbers and lengths as a dimension shows them.
 
+#include <cstdint>
 #include <string>
 
 namespace cad {

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "embedded/graphics/dimensions/angle_text.h"
+#include "embedded/graphics/dimensions/figure.h"
 #include "embedded/graphics/dimensions/length_text.h"
 
 namespace cad {
@@ -15,8 +16,6 @@ using Kind = DimensionGeometry::Kind;
 constexpr wchar_t kDiameter = 0x2205;
 constexpr std::wstring_view kPlusMinus = L"\\U+00B1";
 constexpr std::wstring_view kValue = L"<>", kAlternate = L"[]";
-
-bool isAngle(Kind kind) { return kind == Kind::kAngular || kind == Kind::kAngularPoints; }
 
 // What stands before and behind a value, and below the dimension line; \P parts them like \X.
 struct Affixes {
@@ -93,7 +92,8 @@ class Writer {
     } else {
       text = contents;
       const bool placed = text.find(kAlternate) != std::wstring::npos;
-      if (placed) replaceAll(text, kAlternate, [&] { return isAngle(kind_) ? std::wstring() : alternate(); });
+      if (placed)
+        replaceAll(text, kAlternate, [&] { return isAngular(kind_) ? std::wstring() : alternate(); });
       replaceAll(text, kValue, [&] { return placed ? primary().append(affixes().below) : wholeValue(); });
     }
     const std::int64_t level = vars_.integer(dimRow("DIMTOLJ"));
@@ -109,14 +109,14 @@ class Writer {
   Affixes affixes() const {
     const Affixes affixes = affixesOf(vars_.text(dimRow("DIMPOST")), kValue);
     // A suffix for lengths is none for angles.
-    return isAngle(kind_) && !affixes.replacesSign ? Affixes{} : affixes;
+    return isAngular(kind_) && !affixes.replacesSign ? Affixes{} : affixes;
   }
 
   // The value, and the alternate one with the text below the line where there is such.
   std::wstring wholeValue() const {
     const std::wstring_view below = affixes().below;
     std::wstring text = primary();
-    const bool twice = on(dimRow("DIMALT")) && !isAngle(kind_);
+    const bool twice = on(dimRow("DIMALT")) && !isAngular(kind_);
     if (below.size() > 2 || (twice && !below.empty())) text.append(below);
     if (!twice) return text;
     if (below.empty()) text += L' ';
@@ -128,7 +128,7 @@ class Writer {
     std::wstring text(affixes.before);
     if (!affixes.replacesSign && kind_ == Kind::kRadial) text += L'R';
     if (!affixes.replacesSign && kind_ == Kind::kDiametric) text += kDiameter;
-    if (isAngle(kind_))
+    if (isAngular(kind_))
       return text += toleranced(Amounts{inUnit(measured_, angleForm(false).unit), 1}, affixes.behind,
                                 angleWriter(false), angleWriter(true));
     const LengthForm form = lengthForm();
@@ -263,7 +263,14 @@ class Writer {
     return form;
   }
 
-  wchar_t separator() const { return static_cast<wchar_t>(vars_.integer(dimRow("DIMDSEP"))); }
+  // A file may have any number there: what separates no digits counts as the default.
+  wchar_t separator() const {
+    const std::int64_t code = vars_.integer(dimRow("DIMDSEP"));
+    const bool isControl = code < 0x20 || (code >= 0x7F && code < 0xA0);
+    const bool isHalf = code >= 0xD800 && code < 0xE000;  // of a surrogate pair
+    const bool isDigit = code >= L'0' && code <= L'9';
+    return isControl || isHalf || isDigit || code > 0xFFFF ? L'.' : static_cast<wchar_t>(code);
+  }
 
   Kind kind_;
   double measured_;

@@ -38,6 +38,8 @@ TEST(ValueText, NumbersByUnitPlacesZerosAndRounding) {
   expectTexts({
       {46.7154, "DIMDEC=2 DIMDSEP=44 DIMZIN=8", L"46,72"},
       {11.4, "DIMDEC=2 DIMDSEP=44 DIMZIN=8", L"11,4"},
+      {11.4, "DIMDEC=2 DIMDSEP=0 DIMZIN=8", L"11.4"},
+      {11.4, "DIMDEC=2 DIMDSEP=55296 DIMZIN=8", L"11.4"},
       {7.07106781, "", L"7.0711"},
       {100, "DIMDEC=2 DIMZIN=3", L"100.00"},
       {0.5, "DIMZIN=4", L".5000"},
