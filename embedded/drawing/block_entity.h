@@ -11,7 +11,7 @@
 namespace cad {
 
 struct BlockEntity {
-  std::string_view type;  // "LINE"; a literal
+  std::string_view type;  // "LINE"; a literal, or the drawing's own name, which lasts as long as it
   // The place of a multi-line text is a world point; its rotation is that in the system of the normal.
   Geometry geometry;
   std::wstring layer;

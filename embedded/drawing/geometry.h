@@ -122,20 +122,21 @@ struct DimensionGeometry {
   // The dimension line runs through `line`. Radial: the centre; diametric: the far end; ordinate: the origin;
   // angular between lines: an end of the second line; angular by points: on the arc.
   Point line;
-  Point text;           // middle of the text, in the object's own system
-  Point first, second;  // origins of the extension lines; between lines: the ends of the first; ordinate: the
-                        // feature, the end of the leader
-  Point third;  // radial, diametric: on the curve; by points: the vertex; between lines: an end of the second
-                // line
-  Point arc;    // between lines: on the arc, in the object's own system
+  Point text;  // middle of the text, in the object's own system
+  // Origins of the extension lines; between lines: the ends of the first; ordinate: the feature, the end of
+  // the leader.
+  Point first, second;
+  // Radial, diametric: on the curve; by points: the vertex; between lines: an end of the second line.
+  Point third;
+  Point arc;                // between lines: on the arc, in the object's own system
   double rotation = 0;      // of the dimension line (rotated)
   double oblique = 0;       // of the extension lines against the dimension line; 0: upright on it
   double textRotation = 0;  // against the horizontal; 0: as the variables have it
   double horizontal = 0;    // the object's own x axis against the direction that horizontal means
   bool userText = false;    // a person placed the text
   bool alongX = false;      // ordinate: the x coordinate is told
-  std::wstring
-      contents;  // the text in place of the measured value, <> in it; empty: the value, a blank: none
+  // The text in place of the measured value, <> in it; empty: the value, a blank: none.
+  std::wstring contents;
 };
 
 struct HatchGeometry {

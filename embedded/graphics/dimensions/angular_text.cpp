@@ -53,17 +53,16 @@ Vec Placing::outwards(double angle) const {
 
 // Next to an extension line as with a straight dimension line.
 double Placing::defaultPlace() const {
-  if (justify() != kAtFirst && justify() != kAtSecond) return arc_.middle();
+  if (justify() != Justify::kAtFirst && justify() != Justify::kAtSecond) return arc_.middle();
   const double arrow = arc_.overChord(sketch_.arrowSize), half = arc_.over(this->half());
   const double next = std::min(2 * arrow + half, std::max(arc_.sweep / 2, arc_.sweep - arrow - half));
-  return justify() == kAtFirst ? arc_.start + next : arc_.end() - next;
+  return justify() == Justify::kAtFirst ? arc_.start + next : arc_.end() - next;
 }
 
 // The record's place of a text that keeps its place along the arc is on the arc itself.
 bool Placing::isMoved() const {
-  constexpr double kOnArc = 1e-6;  // of the text's height
-  if (!figure_.userText || movement() == kLineFollows) return false;
-  return std::abs(distance(figure_.text, arc_.vertex) - arc_.radius) > kOnArc * figure_.textHeight;
+  if (!figure_.userText || movement() == Movement::kLineFollows) return false;
+  return std::abs(distance(figure_.text, arc_.vertex) - arc_.radius) > kOffLine * figure_.textHeight;
 }
 
 TextWish Placing::wish() const {
@@ -105,14 +104,14 @@ void Placing::standMoved() {
   text_.breaksArc = arc_.holds(text_.place) && stand_.breaksLine && off < taken;
   const double half = arc_.over(this->half());
   const bool isBeside = text_.place < arc_.start - half || text_.place > arc_.end() + half;
-  if (movement() != kWithLeader || (!isBeside && off <= taken + sketch_.arrowSize)) return;
+  if (movement() != Movement::kWithLeader || (!isBeside && off <= taken + sketch_.arrowSize)) return;
   text_.leader = leaderTo(sketch_, arc_.at(arc_.middle()), text_.middle, text_.rotation);
 }
 
 // A text that finds no room leaves the arc where it is: it stands over it, or beside it on a leader.
 void Placing::standCrowdedOut() {
   text_.breaksArc = false;
-  if (movement() == kFree) {
+  if (movement() == Movement::kFree) {
     const double off = sketch_.gap + sketch_.halfAcross(arc_.tangent(text_.place), text_.rotation);
     text_.middle = arc_.at(text_.place) + std::copysign(off, stand_.lift) * stand_.up;
     return;
@@ -132,7 +131,7 @@ void Placing::standOutside() {
                                   : text_.place + way * std::min(kQuarter, arc_.over(half()));
     return;
   }
-  const int way = justify() == kAtFirst ? -1 : 1;
+  const int way = justify() == Justify::kAtFirst ? -1 : 1;
   standBesideEnd((way < 0 ? arc_.start : arc_.end()) + way * 2 * arc_.overChord(sketch_.arrowSize), way);
 }
 
@@ -150,7 +149,7 @@ void Placing::standBesideEnd(double knee, int way) {
 }
 
 AngularText Placing::text() {
-  const bool isOver = sketch_.hasText() && !figure_.userText && justify() >= kOverFirst;
+  const bool isOver = sketch_.hasText() && !figure_.userText && justify() >= Justify::kOverFirst;
   text_.place = figure_.userText ? arc_.near(angleOf(figure_.text - arc_.vertex)) : defaultPlace();
   standAt(text_.place, true);
   const bool isOnArc = sketch_.hasText() && !isOver;
@@ -158,10 +157,10 @@ AngularText Placing::text() {
   const double needed = isOnArc ? 2 * sketch_.halfAlong(arc_.tangent(text_.place), text_.rotation) : 0;
   text_.fit = fitBetween(sketch_, arc_.radius * arc_.sweep, needed, text_.breaksArc, wish());
   const bool isOutside = isOnArc && !text_.fit.textInside && !isMoved();
-  const bool isCrowdedOut = isOutside && !figure_.userText && movement() != kLineFollows;
+  const bool isCrowdedOut = isOutside && !figure_.userText && movement() != Movement::kLineFollows;
   text_.fit.textInside = !isOutside || isCrowdedOut;
   if (isOver) {
-    standOver(justify() == kOverFirst ? 1 : 2);
+    standOver(justify() == Justify::kOverFirst ? 1 : 2);
   } else if (isCrowdedOut) {
     standCrowdedOut();
   } else if (isOutside) {

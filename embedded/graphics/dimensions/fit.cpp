@@ -19,12 +19,14 @@ Fit fitBetween(const Sketch& sketch, double room, double text, bool breaksLine, 
   const auto rule = sketch.integer(dimRow("DIMATFIT"));
   Fit fit;
   if (wish == TextWish::kByRules) {
-    fit.textInside = both || forced || (onlyText && (rule == kArrowsFirst || rule == kBestFit));
+    fit.textInside =
+        both || forced || (onlyText && (rule == FitRule::kArrowsFirst || rule == FitRule::kBestFit));
   } else {
     fit.textInside = wish == TextWish::kInside;
   }
   const bool textStays = wish != TextWish::kOutside && onlyText;
-  fit.arrowsInside = both || (onlyArrows && (rule == kTextFirst || (rule == kBestFit && !textStays)));
+  fit.arrowsInside =
+      both || (onlyArrows && (rule == FitRule::kTextFirst || (rule == FitRule::kBestFit && !textStays)));
   // A text that is kept in its place leaves the arrows none where it breaks the line.
   if (forced && !both && fit.textInside && breaksLine) fit.arrowsInside = false;
   fit.arrowsDropped = forced && !fit.arrowsInside && sketch.on(dimRow("DIMSOXD"));
@@ -45,16 +47,16 @@ TextStand standTurned(const Sketch& sketch, Vec line, double rotation, Vec outwa
   stand.up = leftOf(direction(sketch.readableLine(line)));
   const double off = lifted(sketch, line, stand.rotation);
   const auto level = sketch.integer(dimRow("DIMTAD"));
-  if (level == kCentred) {
+  if (level == TextLevel::kCentred) {
     const double factor = sketch.real(dimRow("DIMTVP"));
     stand.lift = factor * sketch.figure().textHeight;
     stand.breaksLine = std::abs(factor) < kLeastLiftOfWholeLine;
-  } else if (level == kFarSide) {
+  } else if (level == TextLevel::kFarSide) {
     stand.lift = dot(outward, stand.up) < -kParallel ? -off : off;
     stand.breaksLine = false;
   } else if (isLevel(line, stand.rotation) || sketch.figure().textRotation != 0) {
     // A text that is only made horizontal stands on a sloping line, whatever is asked for.
-    stand.lift = level == kBelow ? -off : off;
+    stand.lift = level == TextLevel::kBelow ? -off : off;
     stand.breaksLine = false;
   }
   return stand;
@@ -63,15 +65,16 @@ TextStand standTurned(const Sketch& sketch, Vec line, double rotation, Vec outwa
 Vec hookReach(const Sketch& sketch, Vec to) {
   const Vec end = (sketch.arrowSize + sketch.gap + sketch.figure().box.width / 2) * to;
   const auto level = sketch.integer(dimRow("DIMTAD"));
-  if (level == kCentred) return end;
+  if (level == TextLevel::kCentred) return end;
   const double off = sketch.gap + sketch.figure().box.height / 2;
-  return end + (level == kBelow ? -off : off) * leftOf(direction(sketch.readableLine(to)));
+  return end + (level == TextLevel::kBelow ? -off : off) * leftOf(direction(sketch.readableLine(to)));
 }
 
 Vec drawHook(Sketch& sketch, Vec knee, Vec to) {
   double size = sketch.arrowSize;
   // Under a text that is off the line the hook runs on.
-  if (sketch.integer(dimRow("DIMTAD")) != kCentred) size += 2 * sketch.gap + sketch.figure().box.width;
+  if (sketch.integer(dimRow("DIMTAD")) != TextLevel::kCentred)
+    size += 2 * sketch.gap + sketch.figure().box.width;
   sketch.dimensionLine(knee, knee + size * to);
   return knee + hookReach(sketch, to);
 }
@@ -84,7 +87,7 @@ Leader leaderTo(const Sketch& sketch, Vec from, Vec middle, double rotation) {
 
 Leader leaderAside(const Sketch& sketch, Vec from, Vec outward, double rotation) {
   const Vec reading = direction(rotation);
-  const Vec to = sketch.integer(dimRow("DIMJUST")) == kAtFirst ? -reading : reading;
+  const Vec to = sketch.integer(dimRow("DIMJUST")) == Justify::kAtFirst ? -reading : reading;
   return {from, from + 2 * sketch.arrowSize * (outward + to), to};
 }
 

@@ -2,15 +2,28 @@
 // What of arrows and text finds room between the extension lines, and how a text stands to the line that it
 // belongs to.
 
+#include <cstdint>
+
 #include "embedded/graphics/dimensions/sketch.h"
 
 namespace cad {
 
 // What the variables' numbers mean.
-enum FitRule : std::int64_t { kBothOutside, kArrowsFirst, kTextFirst, kBestFit };         // DIMATFIT
-enum TextLevel : std::int64_t { kCentred, kAbove, kFarSide, kJapaneseStandard, kBelow };  // DIMTAD
-enum Justify : std::int64_t { kCentre, kAtFirst, kAtSecond, kOverFirst, kOverSecond };    // DIMJUST
-enum Movement : std::int64_t { kLineFollows, kWithLeader, kFree };                        // DIMTMOVE
+struct FitRule {  // DIMATFIT
+  static constexpr std::int64_t kArrowsFirst = 1, kTextFirst = 2, kBestFit = 3;
+};
+struct TextLevel {  // DIMTAD
+  static constexpr std::int64_t kCentred = 0, kFarSide = 2, kBelow = 4;
+};
+struct Justify {  // DIMJUST
+  static constexpr std::int64_t kAtFirst = 1, kAtSecond = 2, kOverFirst = 3;
+};
+struct Movement {  // DIMTMOVE
+  static constexpr std::int64_t kLineFollows = 0, kWithLeader = 1, kFree = 2;
+};
+
+// A text farther off its line than this part of its height stands beside it.
+inline constexpr double kOffLine = 1e-6;
 
 // Where the text is to be, before anybody looks for room.
 enum class TextWish : std::uint8_t {

@@ -10,8 +10,8 @@ double defaultPlace(const Sketch& sketch, const LinearFrame& frame, double halfT
   const auto justify = sketch.integer(dimRow("DIMJUST"));
   const double next = std::min(2 * sketch.arrowSize + halfText,
                                std::max(frame.length / 2, frame.length - sketch.arrowSize - halfText));
-  if (justify == kAtFirst) return next;
-  return justify == kAtSecond ? frame.length - next : frame.length / 2;
+  if (justify == Justify::kAtFirst) return next;
+  return justify == Justify::kAtSecond ? frame.length - next : frame.length / 2;
 }
 
 // Along the extension line: on it beyond its end, or beside it, and then the line runs on.
@@ -40,7 +40,7 @@ void standMoved(const Sketch& sketch, const LinearFrame& frame, LinearText& text
   const double off = std::abs(cross(frame.run, text.middle - frame.feet[0]));
   text.breaksLine = text.stand.breaksLine && off < taken;
   const bool beside = text.place < -half || text.place > frame.length + half;
-  if (sketch.integer(dimRow("DIMTMOVE")) != kWithLeader) return;
+  if (sketch.integer(dimRow("DIMTMOVE")) != Movement::kWithLeader) return;
   if (!beside && off <= taken + sketch.arrowSize) return;
   text.leader = leaderTo(sketch, frame.at(frame.length / 2), text.middle, text.stand.rotation);
 }
@@ -48,7 +48,7 @@ void standMoved(const Sketch& sketch, const LinearFrame& frame, LinearText& text
 // A text that finds no room leaves the line where it is: it stands over it, or beside it on a leader.
 void standCrowdedOut(const Sketch& sketch, const LinearFrame& frame, LinearText& text) {
   text.fit.textInside = true;
-  if (sketch.integer(dimRow("DIMTMOVE")) == kFree) {
+  if (sketch.integer(dimRow("DIMTMOVE")) == Movement::kFree) {
     const double off = sketch.gap + sketch.halfAcross(frame.run, text.stand.rotation);
     text.middle = frame.at(text.place) + std::copysign(off, text.stand.lift) * text.stand.up;
     return;
@@ -60,8 +60,7 @@ void standCrowdedOut(const Sketch& sketch, const LinearFrame& frame, LinearText&
 
 // The record's place of a text that keeps its place along the line is on the line itself.
 bool leavesLine(const DimFigure& figure, const LinearFrame& frame) {
-  constexpr double kOnLine = 1e-6;  // of the text's height
-  return std::abs(cross(frame.run, figure.text - frame.feet[0])) > kOnLine * figure.textHeight;
+  return std::abs(cross(frame.run, figure.text - frame.feet[0])) > kOffLine * figure.textHeight;
 }
 
 TextWish wishOf(const DimFigure& figure, bool moved, double place, double length) {
@@ -74,14 +73,14 @@ TextWish wishOf(const DimFigure& figure, bool moved, double place, double length
 LinearText standLinearText(const Sketch& sketch, const LinearFrame& frame) {
   const DimFigure& figure = sketch.figure();
   const auto justify = sketch.integer(dimRow("DIMJUST"));
-  const bool follows = sketch.integer(dimRow("DIMTMOVE")) == kLineFollows;
+  const bool follows = sketch.integer(dimRow("DIMTMOVE")) == Movement::kLineFollows;
   const bool moved = figure.userText && !follows && leavesLine(figure, frame);
   LinearText text;
   text.stand = standOn(sketch, frame.run, true, frame.outward);
   const double half = sketch.halfAlong(frame.run, text.stand.rotation);
   text.place = figure.userText ? frame.placeOf(figure.text) : defaultPlace(sketch, frame, half);
-  if (sketch.hasText() && !figure.userText && justify >= kOverFirst) {
-    text.overExtension = justify == kOverFirst ? 1 : 2;
+  if (sketch.hasText() && !figure.userText && justify >= Justify::kOverFirst) {
+    text.overExtension = justify == Justify::kOverFirst ? 1 : 2;
   }
   const bool onLine = sketch.hasText() && text.overExtension == 0;
   const TextWish wish = wishOf(figure, moved, text.place, frame.length);
@@ -103,7 +102,7 @@ LinearText standLinearText(const Sketch& sketch, const LinearFrame& frame) {
 
 int sideOutside(const Sketch& sketch, const LinearText& text) {
   if (sketch.figure().userText) return text.place < 0 ? 1 : 2;
-  return sketch.integer(dimRow("DIMJUST")) == kAtFirst ? 1 : 2;
+  return sketch.integer(dimRow("DIMJUST")) == Justify::kAtFirst ? 1 : 2;
 }
 
 }  // namespace cad

@@ -8,7 +8,6 @@ namespace {
 
 constexpr double kTurn = 2 * std::numbers::pi;
 constexpr double kSameAngle = 1e-9;
-constexpr double kLargest = 1e100;  // products of coordinates stay numbers
 
 struct Ray {
   double angle = 0;

@@ -30,7 +30,7 @@ struct OrdinateLeader {
   }
 };
 
-void drawLeader(Sketch& sketch, const OrdinateLeader& leader, Vec end) {
+void drawPieces(Sketch& sketch, const OrdinateLeader& leader, Vec end) {
   const auto line = [&](Vec from, Vec to) {
     if (distance(from, to) > 0) sketch.extensionLine(1, from, to);
   };
@@ -53,7 +53,7 @@ DimPicture drawOrdinate(const DimFigure& figure) {
   const double half = sketch.halfAlong(leader.axis, rotation);
   // Under a text that is off the line the leader runs on to its end.
   const double under = stand.breaksLine || !sketch.hasText() ? 0 : 2 * half - sketch.gap;
-  drawLeader(sketch, leader, figure.second + under * leader.axis);
+  drawPieces(sketch, leader, figure.second + under * leader.axis);
   sketch.text(figure.second + half * leader.axis + stand.lift * stand.up, rotation);
   for (const DimPoint point : {DimPoint::kFirst, DimPoint::kSecond, DimPoint::kLine}) sketch.point(point);
   return sketch.take();

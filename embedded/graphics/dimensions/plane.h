@@ -29,6 +29,9 @@ inline Vec unit(Vec a) {
   return size > 0 ? (1 / size) * a : Vec{1, 0};
 }
 
+// Coordinates below it have products that are numbers.
+inline constexpr double kLargest = 1e100;
+
 // What is no distance from a point: the rounding of coordinates of its size.
 inline double nearness(Vec point) { return 1e-9 * std::max({1.0, std::abs(point.x), std::abs(point.y)}); }
 

@@ -7,7 +7,6 @@
 namespace cad {
 namespace {
 
-constexpr double kLargest = 1e100;  // products of coordinates stay numbers
 // A horizontal text hangs on a hook where the line is steeper; else it follows the line's end.
 constexpr double kLeastSlopeOfHook = std::numbers::pi / 12;
 
@@ -82,10 +81,11 @@ void RadiusPicture::stand(bool inside) {
 
 // A text beside the line; one beyond its tip has the line for a leader.
 bool RadiusPicture::isMoved() const {
-  constexpr double kOnLine = 1e-6;  // of the text's height
-  if (!figure_.userText || !sketch_.hasText() || sketch_.integer(dimRow("DIMTMOVE")) == 0) return false;
+  if (!figure_.userText || !sketch_.hasText() ||
+      sketch_.integer(dimRow("DIMTMOVE")) == Movement::kLineFollows)
+    return false;
   const Vec off = figure_.text - tail_;
-  return std::abs(cross(along_, off)) > kOnLine * figure_.textHeight && dot(off, along_) <= length_;
+  return std::abs(cross(along_, off)) > kOffLine * figure_.textHeight && dot(off, along_) <= length_;
 }
 
 // Without room for both, both are outside even where one would fit, unless DIMATFIT names the one to move;
@@ -101,9 +101,9 @@ void RadiusPicture::place() {
     textAt_ = dot(figure_.text - tail_, along_);
     textInside_ = textAt_ <= length_;
   } else if (!sketch_.on(dimRow("DIMTIX")) || text == 0) {
-    textInside_ = both || (rule == kArrowsFirst && length_ >= text);
+    textInside_ = both || (rule == FitRule::kArrowsFirst && length_ >= text);
   }
-  arrowsInside_ = textInside_ ? both : rule == kTextFirst && length_ >= arrows;
+  arrowsInside_ = textInside_ ? both : rule == FitRule::kTextFirst && length_ >= arrows;
   middle_ = at(textAt_) + stand_.lift * stand_.up;
 }
 
@@ -215,7 +215,7 @@ void RadiusPicture::drawAside() {
   } else {
     stub(tipEnd_);
   }
-  if (sketch_.integer(dimRow("DIMTMOVE")) == kWithLeader &&
+  if (sketch_.integer(dimRow("DIMTMOVE")) == Movement::kWithLeader &&
       std::abs(cross(along_, figure_.text - tail_)) > taken) {
     drawLeader(sketch_, leaderTo(sketch_, at(length_ / 2), figure_.text, stand_.rotation));
   }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <utility>
 
 namespace cad {
 namespace {
@@ -105,15 +104,15 @@ void Sketch::point(DimPoint which) { parts_.push_back({DimPart::Role::kDefinitio
 void Sketch::centreMarks(Vec centre, double radius) {
   const double half = std::abs(centreMark);
   if (half == 0) return;
-  const auto cross = [&](Vec along, double from, double to) {
+  const auto stroke = [&](Vec along, double from, double to) {
     centreLine(centre + from * along, centre + to * along);
   };
   constexpr Vec kRight{1, 0}, kUp{0, 1};
-  cross(kRight, -half, half);
-  cross(kUp, -half, half);
+  stroke(kRight, -half, half);
+  stroke(kUp, -half, half);
   if (centreMark > 0 || radius + half <= 2 * half) return;
   // Centre lines begin a mark's size outside of the mark and end as far outside of the circle.
-  for (const Vec along : {kRight, -kRight, kUp, -kUp}) cross(along, 2 * half, radius + half);
+  for (const Vec along : {kRight, -kRight, kUp, -kUp}) stroke(along, 2 * half, radius + half);
 }
 
 DimPicture drawDimension(const DimFigure& figure) {

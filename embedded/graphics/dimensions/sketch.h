@@ -1,6 +1,8 @@
 #pragma once
 // Collects the parts of a dimension's picture and knows the lengths of its variables, scaled.
 
+#include <utility>
+
 #include "embedded/graphics/dimensions/figure.h"
 
 namespace cad {
