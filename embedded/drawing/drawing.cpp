@@ -81,6 +81,11 @@ base::Status Drawing::setLastVertex(RecordId leader, const Point& at) {
   return {};
 }
 
+void Drawing::setTextMiddle(RecordId dimension, const Point& at) {
+  const EditId state = storage_->setTextMiddle(records_[dimension], at);
+  if (state != records_[dimension].edits) setEdits(dimension, state);
+}
+
 std::optional<Variable> Drawing::dimVariable(RecordId id, const DimVariableInfo& variable) const {
   return storage_->dimVariable(*this, id, variable);
 }

@@ -44,6 +44,8 @@ class Drawing final : public DrawingChanges {
   base::Status setReference(RecordId id, Property property, RecordId value);
   Geometry geometry(RecordId entity) const;  // nothing for types that are not drawn
   base::Status setLastVertex(RecordId leader, const Point& at);
+  // DimensionGeometry::text; a record that does not have it stays as it is.
+  void setTextMiddle(RecordId dimension, const Point& at);
 
   // --- Dimension variables: overrides of a dimension or leader, values of a dimension style -------
   // `variable` is its row in the table of dimension variables.
@@ -80,7 +82,7 @@ class Drawing final : public DrawingChanges {
   // stay. Refused: a space, an external reference, an entity of a type that the drawing's version does not
   // have.
   base::Status redefineContents(RecordId block, std::span<const BlockEntity> entities);
-  // A new block of dimensions' kind ("*D12", the first free number) with this content.
+  // A new block of dimensions' kind ("*D12", a free number) with this content.
   base::Result<RecordId> addDimensionBlock(std::span<const BlockEntity> entities);
 
   // --- For the storage, and for setters that change several records -------------------------------------
@@ -107,7 +109,7 @@ class Drawing final : public DrawingChanges {
   std::filesystem::path path_;
   std::unordered_set<std::wstring> missingBlocks_;  // folded names of what dimensions show
   std::size_t namesTaken_ = 0;                      // from the records up to here
-  std::uint32_t lastDimensionBlock_ = 0;            // the numbers up to it are not free
+  std::uint32_t lastDimensionBlock_ = 0;            // given last; no number is given twice
 };
 
 }  // namespace cad

@@ -130,6 +130,8 @@ class RecordStorage {
                                    std::span<const BlockEntity> entities) = 0;
   // The leader's state with its last vertex elsewhere.
   virtual base::Result<EditId> setLastVertex(const Record& leader, const Point& at) = 0;
+  // The dimension's state with the middle of its text elsewhere; the same where the record does not have it.
+  virtual EditId setTextMiddle(const Record& dimension, const Point& at) = 0;
   virtual base::Result<RecordId> addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) = 0;
   virtual std::optional<Variable> dimVariable(const Drawing& drawing, RecordId id,
                                               const DimVariableInfo& variable) const = 0;

@@ -84,6 +84,7 @@ class DxfStorage final : public RecordStorage {
                                    const Geometry& geometry) override;
   base::Status addEntities(Drawing& drawing, RecordId block, std::span<const BlockEntity> entities) override;
   base::Result<EditId> setLastVertex(const Record& leader, const Point& at) override;
+  EditId setTextMiddle(const Record& dimension, const Point& at) override;
   base::Result<RecordId> addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) override;
   std::optional<Variable> dimVariable(const Drawing& drawing, RecordId id,
                                       const DimVariableInfo& variable) const override;
@@ -110,6 +111,8 @@ class DxfStorage final : public RecordStorage {
   EditId withValue(const Record& record, const Group& group, std::string_view value);
   EditId withGroups(const Record& record, std::uint32_t at, std::string_view groups);
   EditId withoutGroup(const Record& record, const Group& group);
+  // With another value of the last point whose x has this code; the same state where there is none.
+  EditId withLastPoint(const Record& record, int code, const Point& at);
   // The state with other groups instead of those between two places; comments among them are kept.
   EditId withGroupsFor(const Record& record, std::uint32_t begin, std::uint32_t end, std::string groups);
 

@@ -242,19 +242,27 @@ base::Result<RecordId> DxfStorage::defineBlock(Drawing& drawing, std::wstring_vi
   return block.close();
 }
 
-base::Result<EditId> DxfStorage::setLastVertex(const Record& leader, const Point& at) {
-  Record state = leader;
+EditId DxfStorage::withLastPoint(const Record& record, int code, const Point& at) {
+  Record state = record;
   // From the last coordinate to the first, so that places before stay where they are.
-  for (const auto& [code, value] : {std::pair(30, at.z), std::pair(20, at.y), std::pair(10, at.x)}) {
+  for (const auto& [coordinate, value] :
+       {std::pair(code + 20, at.z), std::pair(code + 10, at.y), std::pair(code, at.x)}) {
     const GeometryGroups groups(*this, state);
     const auto last = std::find_if(groups.all().rbegin(), groups.all().rend(),
-                                   [&](const Group& group) { return group.code == code; });
-    if (last != groups.all().rend())
+                                   [&](const Group& group) { return group.code == coordinate; });
+    if (last != groups.all().rend() && groups.value(*last) != value)
       state.edits = withValue(state, *last, realBytes(dialect_, value));
-    else if (code != 30)
-      return failure(L"LEADER", L"The leader has no vertices");
   }
   return state.edits;
+}
+
+base::Result<EditId> DxfStorage::setLastVertex(const Record& leader, const Point& at) {
+  if (!GeometryGroups(*this, leader).has(10)) return failure(L"LEADER", L"The leader has no vertices");
+  return withLastPoint(leader, 10, at);
+}
+
+EditId DxfStorage::setTextMiddle(const Record& dimension, const Point& at) {
+  return withLastPoint(dimension, 11, at);
 }
 
 base::Result<RecordId> DxfStorage::addEntity(Drawing& drawing, RecordId block, std::string_view type,

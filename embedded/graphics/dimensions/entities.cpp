@@ -227,8 +227,8 @@ std::wstring definitionPointLayer(const Drawing& drawing) {
   return spelled(drawing, Table::kLayer, isUpper ? L"DEFPOINTS" : L"Defpoints");
 }
 
-std::vector<BlockEntity> entitiesOf(const Drawing& drawing, RecordId dimension, const DimSource& source,
-                                    const DimPicture& picture, const std::vector<BlockEntity>& kept) {
+std::vector<BlockEntity> pictureEntities(const Drawing& drawing, RecordId dimension, const DimSource& source,
+                                         const DimPicture& picture, const std::vector<BlockEntity>& kept) {
   EntityMaker maker(drawing, dimension, source, kept);
   std::vector<BlockEntity> entities;
   entities.reserve(picture.size());

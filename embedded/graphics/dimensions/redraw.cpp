@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 #include <limits>
 #include <unordered_set>
 
@@ -20,32 +21,41 @@ bool isByLayer(const std::wstring& linetype) {
   return linetype.empty() || base::equalFolded(linetype, L"ByLayer");
 }
 
-// Every number of the picture, and how far it reaches.
-struct Reach {
-  double most = 0;
-  bool isFinite = true;
-  void add(const Vec& at) {
-    isFinite = isFinite && std::isfinite(at.x) && std::isfinite(at.y);
-    most = std::max({most, std::abs(at.x), std::abs(at.y)});
+// Whether a part has numbers that can be drawn.
+struct IsFinite {
+  static bool all(std::initializer_list<double> values) {
+    return std::ranges::all_of(values, [](double value) { return std::isfinite(value); });
   }
-  void operator()(const PlaneLine& line) { add(line.from), add(line.to); }
-  void operator()(const PlaneArc& arc) {
-    add(arc.centre), add({arc.radius, 0}), add({arc.start, arc.end});
-    isFinite = isFinite && arc.radius > 0;
+  bool operator()(const PlaneLine& line) const {
+    return all({line.from.x, line.from.y, line.to.x, line.to.y});
   }
-  void operator()(const PlaneArea& area) { add(area.left), add(area.right), add(area.tip); }
-  void operator()(const PlaneArrow& arrow) {
-    add(arrow.tip), add({arrow.rotation, 0});
-    isFinite = isFinite && std::isfinite(arrow.size);
+  bool operator()(const PlaneArc& arc) const {
+    return all({arc.centre.x, arc.centre.y, arc.radius, arc.start, arc.end}) && arc.radius > 0;
   }
-  void operator()(const PlaneText& text) { add(text.middle), add({text.rotation, 0}); }
-  void operator()(DimPoint) {}
+  bool operator()(const PlaneArea& area) const {
+    return all({area.left.x, area.left.y, area.right.x, area.right.y, area.tip.x, area.tip.y});
+  }
+  bool operator()(const PlaneArrow& arrow) const {
+    return all({arrow.tip.x, arrow.tip.y, arrow.rotation, arrow.size});
+  }
+  bool operator()(const PlaneText& text) const { return all({text.middle.x, text.middle.y, text.rotation}); }
+  bool operator()(DimPoint) const { return true; }
 };
 
-Reach reachOf(const DimPicture& picture) {
-  Reach reach;
-  for (const DimPart& part : picture) std::visit(reach, part.shape);
-  return reach;
+bool isFinite(const DimPicture& picture) {
+  return std::ranges::all_of(picture, [](const DimPart& part) { return std::visit(IsFinite(), part.shape); });
+}
+
+// Where the record is to have the middle of its text: a text that the variables have placed takes it along.
+std::optional<Point> textMiddle(const DimSource& source, const DimPicture& picture) {
+  if (source.geometry.userText) return std::nullopt;
+  for (const DimPart& part : picture) {
+    const auto* text = std::get_if<PlaneText>(&part.shape);
+    if (text == nullptr) continue;
+    if (distance(text->middle, source.figure.text) <= nearness(text->middle)) return std::nullopt;
+    return Point{text->middle.x, text->middle.y, source.elevation};
+  }
+  return std::nullopt;
 }
 
 double roundingOf(const std::vector<BlockEntity>& entities) {
@@ -158,18 +168,19 @@ DimRedraw::Result DimRedraw::pictureFor(RecordId dimension, const Record& former
                                         const std::vector<BlockEntity>& kept) {
   const bool isOld = drawing_.facts().version < Version::kR13;
   if (isOld && drawing_.reference(dimension, Property::kDimStyle) == kNoRecord)
-    return {DimOutcome::kNoStyle, {}};
+    return {.outcome = DimOutcome::kNoStyle};
   DimSource source;
   gather(drawing_, dimension, former, kept, styles_, faces_, source);
-  if (!isDrawn(source.geometry.kind)) return {DimOutcome::kOtherKind, {}};
+  if (!isDrawn(source.geometry.kind)) return {.outcome = DimOutcome::kOtherKind};
   const DimPicture picture = drawDimension(source.figure);
-  if (picture.empty() || !reachOf(picture).isFinite) return {DimOutcome::kNothingDrawn, {}};
-  return {DimOutcome::kDrawn, entitiesOf(drawing_, dimension, source, picture, kept)};
+  if (picture.empty() || !isFinite(picture)) return {.outcome = DimOutcome::kNothingDrawn};
+  return {DimOutcome::kDrawn, pictureEntities(drawing_, dimension, source, picture, kept),
+          textMiddle(source, picture)};
 }
 
 DimRedraw::Result DimRedraw::picture(RecordId dimension, const Record& former) {
   const RecordId block = drawing_.reference(dimension, Property::kDimBlock);
-  if (block == kNoRecord || drawing_.isLayoutSpace(block)) return {DimOutcome::kNoBlock, {}};
+  if (block == kNoRecord || drawing_.isLayoutSpace(block)) return {.outcome = DimOutcome::kNoBlock};
   return pictureFor(dimension, former, blockEntities(drawing_, block));
 }
 
@@ -188,21 +199,31 @@ base::Result<DimOutcome> DimRedraw::redraw(RecordId dimension, const Record& for
   if (block != kNoRecord && !differAtAGlance(result.entities, kept, tolerance) &&
       samePicture(result.entities, blockEntities(drawing_, block), tolerance))
     return DimOutcome::kSame;
-  if (const base::Status status = write(dimension, block, result.entities); !status) return status.failure();
+  if (const base::Status status = write(dimension, block, result); !status) return status.failure();
   return DimOutcome::kDrawn;
 }
 
-base::Status DimRedraw::write(RecordId dimension, RecordId block, const std::vector<BlockEntity>& entities) {
-  const bool isOwn = block != kNoRecord && !uses_.isShared(drawing_, block, dimension);
+base::Status DimRedraw::write(RecordId dimension, RecordId block, const Result& result) {
   Drawing::ChangeScope scope(drawing_);
+  base::Status status = writeContents(dimension, block, result.entities);
+  if (!status) {
+    scope.rollBack();
+  } else if (result.textMiddle) {
+    drawing_.setTextMiddle(dimension, *result.textMiddle);
+  }
+  return status;
+}
+
+base::Status DimRedraw::writeContents(RecordId dimension, RecordId block,
+                                      const std::vector<BlockEntity>& entities) {
   base::Status status = needDefinitionPointLayer(entities);
+  const bool isOwn = block != kNoRecord && !uses_.isShared(drawing_, block, dimension);
   if (status && isOwn) status = drawing_.redefineContents(block, entities);
   if (status && !isOwn) {
     const base::Result<RecordId> own = drawing_.addDimensionBlock(entities);
     status = own.ok() ? drawing_.setReference(dimension, Property::kDimBlock, own.value())
                       : base::Status(own.failure());
   }
-  if (!status) scope.rollBack();
   return status;
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 // Keeps the blocks that show dimensions true to them.
 
-#include <string>
+#include <cstdint>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -42,13 +43,16 @@ class DimRedraw {
 
   struct Result {
     DimOutcome outcome = DimOutcome::kDrawn;
-    std::vector<BlockEntity> entities;  // what the block would hold
+    std::vector<BlockEntity> entities = {};  // what the block would hold
+    // What the record is to have, in the dimension's system; none: what it has.
+    std::optional<Point> textMiddle = {};
   };
   // The picture of a dimension that has a block; nothing is changed. `former`: the dimension in the state
   // that its block was drawn from.
   Result picture(RecordId dimension, const Record& former);
-  // Gives the block this picture in one step of undo. A dimension that shares its block, or whose block the
-  // drawing does not have, gets one of its own. A failure leaves everything as it was.
+  // Gives the block this picture in one step of undo, and the record the middle of a text that no person
+  // placed. A dimension that shares its block, or whose block the drawing does not have, gets one of its own.
+  // A failure leaves everything as it was.
   base::Result<DimOutcome> redraw(RecordId dimension, const Record& former);
   // The block takes over what it has from the dimension without being drawn anew: what stands on the former
   // layer moves to the new one, and what has no linetype of its own follows. False: the block is not the
@@ -57,7 +61,8 @@ class DimRedraw {
 
  private:
   Result pictureFor(RecordId dimension, const Record& former, const std::vector<BlockEntity>& kept);
-  base::Status write(RecordId dimension, RecordId block, const std::vector<BlockEntity>& entities);
+  base::Status write(RecordId dimension, RecordId block, const Result& result);
+  base::Status writeContents(RecordId dimension, RecordId block, const std::vector<BlockEntity>& entities);
   base::Status needDefinitionPointLayer(const std::vector<BlockEntity>& entities);
 
   Drawing& drawing_;

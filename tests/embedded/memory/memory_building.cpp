@@ -239,6 +239,12 @@ base::Result<EditId> MemoryStorage::setLastVertex(const Record& leader, const Po
   return changedTo(std::move(next));
 }
 
+EditId MemoryStorage::setTextMiddle(const Record& dimension, const Point& at) {
+  Object next = object(dimension);
+  std::get<DimensionGeometry>(next.geometry.shape).text = at;
+  return changedTo(std::move(next));
+}
+
 base::Result<RecordId> MemoryStorage::addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) {
   Drawing::ChangeScope scope(drawing);
   const auto& variables = object(drawing.record(header_)).variables;

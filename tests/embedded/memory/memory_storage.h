@@ -65,6 +65,7 @@ class MemoryStorage final : public RecordStorage {
                                    const Geometry& geometry) override;
   base::Status addEntities(Drawing& drawing, RecordId block, std::span<const BlockEntity> entities) override;
   base::Result<EditId> setLastVertex(const Record& leader, const Point& at) override;
+  EditId setTextMiddle(const Record& dimension, const Point& at) override;
   base::Result<RecordId> addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) override;
   std::optional<Variable> dimVariable(const Drawing& drawing, RecordId id,
                                       const DimVariableInfo& variable) const override;

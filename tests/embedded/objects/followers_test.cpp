@@ -167,6 +167,29 @@ TEST_F(FollowersTest, IsDrawnAnewWhateverOfItsTextDiffers) {
   }
 }
 
+TEST_F(FollowersTest, TheRecordFollowsATextThatNobodyPlaced) {
+  const auto record = [&] {
+    const std::string all = saved(*drawing_);
+    const std::size_t begin = all.find("DIMENSION\n  5\n204\n");
+    return all.substr(begin, all.find("\n  0\n", begin) - begin);
+  };
+  std::string placed = dimensions();
+  const std::string byRules = groups("70 32");
+  placed.replace(placed.rfind(byRules), byRules.size(), groups("70 160"));
+  for (const bool isPlaced : {false, true}) {
+    start(isPlaced ? placed : dimensions());
+    const std::string before = record();
+    change(kMirrored, [](AcDbDimension& dimension) { return dimension.recomputeDimBlock(); });
+    const Geometry geometry = drawing_->geometry(drawing_->findHandle(kMirrored));
+    const Point middle = std::get<DimensionGeometry>(geometry.shape).text;
+    EXPECT_EQ(middle.x, isPlaced ? 5 : -5);  // in the dimension's own system
+    EXPECT_EQ(middle.y, isPlaced ? 4 : 3);
+    if (memory::isTested()) continue;
+    EXPECT_EQ(record(),
+              isPlaced ? before : replaced(before, groups("11 5.0|21 4.0"), groups("11 -5.0|21 3.0")));
+  }
+}
+
 TEST_F(FollowersTest, IsItsOwnAsSoonAsItDiffers) {
   const std::string original = saved(*drawing_), both = content(kFirst);
   change(kFirst, [](AcDbDimension& dimension) { return dimension.setDimtxt(1); });
