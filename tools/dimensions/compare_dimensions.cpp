@@ -101,7 +101,7 @@ class DrawingCheck {
     cad::gather(drawing_, id, former, kept, styles_, faces_, source);
     source.figure.box.width *= 1.01;
     source.figure.box.height *= 1.01;
-    const auto wider = cad::entitiesOf(drawing_, id, source, cad::drawDimension(source.figure), kept);
+    const auto wider = cad::pictureEntities(drawing_, id, source, cad::drawDimension(source.figure), kept);
     const double height = textHeightOf(kept);
     return cad::differences(drawn, kept, {1e-6 * std::max(height, 1e-9), height / 20},
                             movedByText(drawn, wider));
