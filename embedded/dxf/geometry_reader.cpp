@@ -23,6 +23,11 @@ struct Source {
   const GeometryGroups& groups;
 };
 
+// With the blanks at its ends: a single one hides the text of a dimension.
+std::wstring contentsOf(const Source& from, Property property) {
+  return from.drawing.text(from.id, property).value_or(std::wstring());
+}
+
 Geometry readLine(const Source& from) { return {LineGeometry{from.groups.point(10), from.groups.point(11)}}; }
 Geometry readPoint(const Source& from) { return {PointGeometry{from.groups.point(10)}}; }
 
@@ -119,7 +124,7 @@ Geometry readText(const Source& from) {
   const int generation = groups.integer(71);
   shape.backwards = (generation & 2) != 0;
   shape.upsideDown = (generation & 4) != 0;
-  shape.contents = groups.text(1);
+  shape.contents = contentsOf(from, Property::kTextString);
   if (type != "TEXT") {
     const int flags = groups.integer(70);
     shape.hidden = (flags & 1) != 0;
@@ -189,7 +194,7 @@ Geometry readMText(const Source& from) {
   shape.frameWidth = groups.real(41);
   shape.lineSpacing = groups.real(44, 1);
   shape.rotation = from.drawing.real(from.id, Property::kRotation).value_or(0);
-  shape.contents = from.drawing.text(from.id, Property::kTextString).value_or(std::wstring());
+  shape.contents = contentsOf(from, Property::kTextString);
   const int attachment = std::clamp(groups.integer(71, 1), 1, 9) - 1;
   constexpr Level kLevels[] = {Level::kTop, Level::kMiddle, Level::kBottom};
   constexpr Side kSides[] = {Side::kLeft, Side::kCentre, Side::kRight};
@@ -255,7 +260,7 @@ Geometry readDimension(const Source& from) {
   shape.horizontal = groups.real(51);
   shape.userText = (flags & kUserText) != 0;
   shape.alongX = (flags & kAlongX) != 0;
-  shape.contents = groups.text(1);
+  shape.contents = contentsOf(from, Property::kDimText);
   return {shape, groups.normal()};
 }
 

@@ -12,8 +12,7 @@ namespace {
 const Variable& inherited(const AcDbObject& object, const DimVariableInfo& info) {
   DatabaseState& state = *ObjectAccess::state(object);
   const Record& record = state.drawing.record(ObjectAccess::record(object));
-  const RecordId style =
-      record.table == Table::kDimStyle ? kNoRecord : state.drawing.referenceOf(record, Property::kDimStyle);
+  const RecordId style = record.table == Table::kDimStyle ? kNoRecord : dimStyleOf(state.drawing, record);
   return state.dimStyles.ofStyle(state.drawing, style).value(info);
 }
 

@@ -10,7 +10,7 @@ namespace {
 const wchar_t* reasonOf(DimOutcome outcome) {
   switch (outcome) {
     case DimOutcome::kNoStyle:
-      return L"the file does not tell its dimension style";
+      return L"its dimension style is not known";
     case DimOutcome::kNoBlock:
       return L"the drawing does not have its block";
     case DimOutcome::kNothingDrawn:

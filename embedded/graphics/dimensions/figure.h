@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -25,6 +26,8 @@ struct ArrowHead {
 // The box around the inked text, in drawing units, unrotated.
 struct TextBox {
   double width = 0, height = 0;
+  // From its lower edge to where \X parts it: the dimension line runs through there.
+  std::optional<double> parting = {};
 };
 
 struct DimFigure {

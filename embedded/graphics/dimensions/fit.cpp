@@ -10,6 +10,13 @@ double lifted(const Sketch& sketch, Vec line, double rotation) {
   return sketch.gap + sketch.halfAcross(line, rotation);
 }
 
+// Of a text along a line that runs through where \X parts it.
+std::optional<double> partedLift(const Sketch& sketch) {
+  const TextBox& box = sketch.figure().box;
+  if (!box.parting) return std::nullopt;
+  return box.height / 2 - *box.parting;
+}
+
 }  // namespace
 
 Fit fitBetween(const Sketch& sketch, double room, double text, bool breaksLine, TextWish wish) {
@@ -47,7 +54,10 @@ TextStand standTurned(const Sketch& sketch, Vec line, double rotation, Vec outwa
   stand.up = leftOf(direction(sketch.readableLine(line)));
   const double off = lifted(sketch, line, stand.rotation);
   const auto level = sketch.integer(dimRow("DIMTAD"));
-  if (level == TextLevel::kCentred) {
+  if (const std::optional<double> lift = partedLift(sketch); lift && isLevel(line, rotation)) {
+    stand.lift = *lift;
+    stand.breaksLine = false;
+  } else if (level == TextLevel::kCentred) {
     const double factor = sketch.real(dimRow("DIMTVP"));
     stand.lift = factor * sketch.figure().textHeight;
     stand.breaksLine = std::abs(factor) < kLeastLiftOfWholeLine;
@@ -64,16 +74,18 @@ TextStand standTurned(const Sketch& sketch, Vec line, double rotation, Vec outwa
 
 Vec hookReach(const Sketch& sketch, Vec to) {
   const Vec end = (sketch.arrowSize + sketch.gap + sketch.figure().box.width / 2) * to;
+  const Vec up = leftOf(direction(sketch.readableLine(to)));
+  if (const std::optional<double> lift = partedLift(sketch)) return end + *lift * up;
   const auto level = sketch.integer(dimRow("DIMTAD"));
   if (level == TextLevel::kCentred) return end;
   const double off = sketch.gap + sketch.figure().box.height / 2;
-  return end + (level == TextLevel::kBelow ? -off : off) * leftOf(direction(sketch.readableLine(to)));
+  return end + (level == TextLevel::kBelow ? -off : off) * up;
 }
 
 Vec drawHook(Sketch& sketch, Vec knee, Vec to) {
   double size = sketch.arrowSize;
   // Under a text that is off the line the hook runs on.
-  if (sketch.integer(dimRow("DIMTAD")) != TextLevel::kCentred)
+  if (sketch.integer(dimRow("DIMTAD")) != TextLevel::kCentred || partedLift(sketch))
     size += 2 * sketch.gap + sketch.figure().box.width;
   sketch.dimensionLine(knee, knee + size * to);
   return knee + hookReach(sketch, to);

@@ -5,6 +5,8 @@
 #include <optional>
 
 #include "base/fold.h"
+#include "embedded/graphics/dimensions/compare.h"
+#include "embedded/graphics/dimensions/fit.h"
 #include "embedded/graphics/dimensions/measured_arc.h"
 #include "embedded/graphics/dimensions/text_box.h"
 #include "embedded/graphics/dimensions/value_text.h"
@@ -66,17 +68,6 @@ void chooseArrows(const Drawing& drawing, const DimVariables& variables, DimFigu
   }
 }
 
-// The height of the old picture's text to the variable that it was drawn with: what the host took from the
-// place where it was drawn.
-double scaleOfPicture(const std::vector<BlockEntity>& kept, const DimVariables& former) {
-  const double height = former.real(dimRow("DIMTXT"));
-  for (const BlockEntity& entity : kept) {
-    const auto* text = std::get_if<TextGeometry>(&entity.geometry.shape);
-    if (text != nullptr && text->height > 0 && height > 0) return text->height / height;
-  }
-  return 1;
-}
-
 bool isInPaperSpace(const Drawing& drawing, RecordId dimension) {
   const RecordId space = drawing.blockOf(dimension);
   return drawing.isLayoutSpace(space) && space != drawing.modelSpace();
@@ -90,16 +81,86 @@ FontRequest fontOf(const Drawing& drawing, RecordId style) {
           (flags & kBold) != 0, (flags & kItalic) != 0};
 }
 
-RecordId textStyleOf(const Drawing& drawing, const DimVariables& variables) {
-  const RecordId style =
-      drawing.find(Table::kTextStyle, std::wstring_view(variables.text(dimRow("DIMTXSTY"))));
+bool isAnonymous(const Drawing& drawing, RecordId block) {
+  return drawing.names().text(drawing.recordName(block)).starts_with(L'*');
+}
+
+// The name of the style of the first text that a block shows, itself or by anonymous blocks in it.
+std::wstring textStyleIn(const Drawing& drawing, RecordId block, bool withBlocks = true) {
+  for (const RecordId id : drawing.entitiesOf(block)) {
+    if (drawing.record(id).erased()) continue;
+    const std::string_view type = drawing.typeName(id);
+    if (type == "TEXT") return drawing.text(id, Property::kTextStyle).value_or(L"Standard");
+    const RecordId shown =
+        type == "INSERT" && withBlocks ? drawing.reference(id, Property::kBlockName) : kNoRecord;
+    if (shown == kNoRecord || !isAnonymous(drawing, shown)) continue;
+    if (std::wstring style = textStyleIn(drawing, shown, false); !style.empty()) return style;
+  }
+  return {};
+}
+
+// Before R13 no variable names the style: it was the current one when the dimension was drawn.
+std::wstring oldTextStyle(const Drawing& drawing, RecordId dimension) {
+  if (const RecordId block = drawing.reference(dimension, Property::kDimBlock); block != kNoRecord)
+    if (std::wstring style = textStyleIn(drawing, block); !style.empty()) return style;
+  const std::optional<Variable> current = drawing.headerVariable("TEXTSTYLE");
+  const auto* name = current ? std::get_if<std::wstring>(&*current) : nullptr;
+  return name != nullptr ? *name : std::wstring();
+}
+
+RecordId textStyleOf(const Drawing& drawing, RecordId dimension, const DimVariables& variables) {
+  const bool isOld = drawing.facts().version < Version::kR13;
+  const std::wstring name = isOld ? oldTextStyle(drawing, dimension) : variables.text(dimRow("DIMTXSTY"));
+  const RecordId style = drawing.find(Table::kTextStyle, std::wstring_view(name));
   return style != kNoRecord ? style : drawing.find(Table::kTextStyle, std::wstring_view(L"Standard"));
+}
+
+// 0: it is no arrow.
+double arrowSizeOf(const Drawing& drawing, const BlockEntity& entity) {
+  if (const auto* area = std::get_if<SolidGeometry>(&entity.geometry.shape)) {
+    const auto& corners = area->corners;
+    return distance(0.5 * (flat(corners[0]) + flat(corners[1])), flat(corners[2]));
+  }
+  const auto* insert = std::get_if<InsertGeometry>(&entity.geometry.shape);
+  const bool isArrow =
+      insert != nullptr && insert->block != kNoRecord && !isAnonymous(drawing, insert->block);
+  return isArrow ? std::abs(insert->scale.x) : 0;
+}
+
+double arrowScaleOf(const Drawing& drawing, RecordId block, double variable) {
+  if (!(variable > 0) || block == kNoRecord) return 1;
+  for (const BlockEntity& entity : blockEntities(drawing, block))
+    if (const double size = arrowSizeOf(drawing, entity); size > 0) return size / variable;
+  return 1;
+}
+
+// What the host took from the place where the old picture was drawn: the size of its text to the variable
+// that it was drawn with, of its arrows where the text's is fixed.
+double scaleOfPicture(const Drawing& drawing, RecordId dimension, const std::vector<BlockEntity>& kept,
+                      const DimVariables& former, TextFaces& faces) {
+  if (former.real(dimRow("DIMSCALE")) > 0) return 1;  // it was not drawn by its place
+  if (faces.of(drawing, textStyleOf(drawing, dimension, former)).fixedHeight > 0)
+    return arrowScaleOf(drawing, drawing.reference(dimension, Property::kDimBlock),
+                        former.real(dimRow("DIMASZ")));
+  const double height = former.real(dimRow("DIMTXT"));
+  for (const BlockEntity& entity : kept) {
+    const auto* text = std::get_if<TextGeometry>(&entity.geometry.shape);
+    if (text != nullptr && text->height > 0 && height > 0) return text->height / height;
+  }
+  return 1;
+}
+
+// Before R2000 one variable says what these two are later.
+void takeOldFit(DimVariables& variables) {
+  const std::int64_t fit = variables.integer(dimRow("DIMFIT"));
+  variables.set(dimRow("DIMATFIT"), std::min<std::int64_t>(fit, FitRule::kBestFit));
+  variables.set(dimRow("DIMTMOVE"), std::max<std::int64_t>(fit - FitRule::kBestFit, Movement::kLineFollows));
 }
 
 void chooseText(const Drawing& drawing, RecordId dimension, TextFaces& faces, DimSource& source) {
   const DimVariables& variables = source.variables;
   DimFigure& figure = source.figure;
-  const TextFaces::Face& face = faces.of(drawing, textStyleOf(drawing, variables));
+  const TextFaces::Face& face = faces.of(drawing, textStyleOf(drawing, dimension, variables));
   source.textStyle = face.name;
   // A style's fixed height counts as it is.
   figure.textHeight =
@@ -108,9 +169,17 @@ void chooseText(const Drawing& drawing, RecordId dimension, TextFaces& faces, Di
                                {isInPaperSpace(drawing, dimension), drawing.facts().version});
   if (!figure.value.empty())
     figure.box = textBox(figure.value, figure.textHeight, face.widthFactor, *face.font);
+  // A single line of text is never parted.
+  if (drawing.facts().version < Version::kR13) figure.box.parting.reset();
 }
 
 }  // namespace
+
+RecordId dimStyleOf(const Drawing& drawing, const Record& state) {
+  const RecordId named = drawing.referenceOf(state, Property::kDimStyle);
+  if (named != kNoRecord || drawing.facts().version < Version::kR13) return named;
+  return drawing.find(Table::kDimStyle, std::wstring_view(L"Standard"));
+}
 
 // --- Variables ---------------------------------------------------------------------------------------------
 
@@ -122,7 +191,7 @@ const DimVariables& DimStyles::ofStyle(const Drawing& drawing, RecordId style) {
 }
 
 DimVariables DimStyles::valuesOf(const Drawing& drawing, const Record& dimension) {
-  DimVariables values = ofStyle(drawing, drawing.referenceOf(dimension, Property::kDimStyle));
+  DimVariables values = ofStyle(drawing, dimStyleOf(drawing, dimension));
   values.takeOwn(drawing, dimension);
   return values;
 }
@@ -154,11 +223,13 @@ void gather(const Drawing& drawing, RecordId dimension, const Record& former,
   source.normal = geometry.normal;
   source.elevation = source.geometry.text.z;
   source.variables = styles.valuesOf(drawing, drawing.record(dimension));
+  if (drawing.facts().version < Version::kR2000) takeOldFit(source.variables);
   DimFigure& figure = source.figure;
   figure.variables = &source.variables;
   placePoints(source.geometry, axesOf(source.normal), figure);
   figure.scale = source.variables.real(dimRow("DIMSCALE"));
-  if (!(figure.scale > 0)) figure.scale = scaleOfPicture(kept, styles.valuesOf(drawing, former));
+  if (!(figure.scale > 0))
+    figure.scale = scaleOfPicture(drawing, dimension, kept, styles.valuesOf(drawing, former), faces);
   chooseArrows(drawing, source.variables, figure);
   chooseText(drawing, dimension, faces, source);
 }

@@ -11,6 +11,10 @@
 
 namespace cad {
 
+// The style whose variables hold for a dimension or a leader in this state: from R13 on Standard where it
+// tells none that the drawing has.
+RecordId dimStyleOf(const Drawing& drawing, const Record& state);
+
 // The values of dimension styles; each is read once for each of its states.
 class DimStyles {
  public:

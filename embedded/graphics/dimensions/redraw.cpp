@@ -17,6 +17,13 @@ constexpr double kRounding = 64 * std::numeric_limits<double>::epsilon();
 
 bool isDrawn(DimensionGeometry::Kind kind) { return kind < DimensionGeometry::Kind::kArcLength; }
 
+// Old files need not name it; in later ones no name means Standard.
+bool isStyleKnown(const Drawing& drawing, RecordId dimension) {
+  if (drawing.reference(dimension, Property::kDimStyle) != kNoRecord) return true;
+  return drawing.facts().version >= Version::kR13 &&
+         drawing.text(dimension, Property::kDimStyle).value_or(std::wstring()).empty();
+}
+
 bool isByLayer(const std::wstring& linetype) {
   return linetype.empty() || base::equalFolded(linetype, L"ByLayer");
 }
@@ -166,9 +173,7 @@ bool BlockUses::isShared(const Drawing& drawing, RecordId block, RecordId user, 
 
 DimRedraw::Result DimRedraw::pictureFor(RecordId dimension, const Record& former,
                                         const std::vector<BlockEntity>& kept) {
-  const bool isOld = drawing_.facts().version < Version::kR13;
-  if (isOld && drawing_.reference(dimension, Property::kDimStyle) == kNoRecord)
-    return {.outcome = DimOutcome::kNoStyle};
+  if (!isStyleKnown(drawing_, dimension)) return {.outcome = DimOutcome::kNoStyle};
   DimSource source;
   gather(drawing_, dimension, former, kept, styles_, faces_, source);
   if (!isDrawn(source.geometry.kind)) return {.outcome = DimOutcome::kOtherKind};

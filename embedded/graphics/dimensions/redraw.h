@@ -29,7 +29,7 @@ enum class DimOutcome : std::uint8_t {
   kSame,  // the block held this picture already
   // The block is kept:
   kOtherKind,     // arc length, jogged, one that nobody knows
-  kNoStyle,       // an old file does not tell the style
+  kNoStyle,       // an old file does not tell it, or the drawing does not have it
   kNoBlock,       // the drawing does not have the block, and the record cannot name another
   kNothingDrawn,  // the points make no picture
 };

@@ -91,7 +91,9 @@ void Sketch::arrow(int end, Vec tip, Vec points, Vec left) {
 
 void Sketch::text(Vec middle, double rotation) {
   if (!hasText()) return;
-  parts_.push_back({DimPart::Role::kText, PlaneText{middle, rotation}});
+  // A text that is read from the right stands on its head in its place.
+  const double reading = on(dimRow("DIMTXTDIRECTION")) ? turn(rotation + std::numbers::pi) : rotation;
+  parts_.push_back({DimPart::Role::kText, PlaneText{middle, reading}});
   if (real(dimRow("DIMGAP")) >= 0) return;
   const Vec right = (figure_.box.width / 2 + gap) * direction(rotation);
   const Vec up = (figure_.box.height / 2 + gap) * leftOf(direction(rotation));

@@ -58,7 +58,9 @@ class Measurer {
     TextCodeReader reader(value);
     for (TextCode code; reader.next(code);) take(code);
     endLine();
-    return {block_.width() * height_, block_.isNone() ? 0 : (block_.top - block_.bottom) * height_};
+    TextBox box{block_.width() * height_, block_.isNone() ? 0 : (block_.top - block_.bottom) * height_};
+    if (parting_) box.parting = (*parting_ - block_.bottom) * height_;
+    return box;
   }
 
  private:
@@ -70,6 +72,7 @@ class Measurer {
         return;
       case Kind::kNewLine:
         endLine();
+        if (code.code == L'X' && !upperEnd_) upperEnd_ = block_.isNone() ? base_ : block_.bottom;
         return;
       case Kind::kOpen:
         outer_.push_back(format_);
@@ -180,6 +183,7 @@ class Measurer {
       // Lines are centred: what counts is the widest.
       line_.ink.right = line_.ink.width();
       line_.ink.left = 0;
+      if (upperEnd_ && !parting_) parting_ = (*upperEnd_ + base_ + line_.ink.top) / 2;
       block_.add(line_.ink, 0, base_);
       base_ += std::min(0.0, line_.ink.bottom + height / 3);
     }
@@ -197,6 +201,7 @@ class Measurer {
   double lineHeight_ = 0, base_ = 0;
   bool first_ = true;
   Ink block_;
+  std::optional<double> upperEnd_, parting_;  // where the lines above a \X end, and the middle to those below
 };
 
 }  // namespace

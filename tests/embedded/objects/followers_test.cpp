@@ -88,6 +88,12 @@ class FollowersTest : public ObjectTest {
       if (const auto* text = std::get_if<TextGeometry>(&entity.geometry.shape)) return text->height;
     return 0;
   }
+  template <class Shape>
+  Shape first(Handle handle) const {
+    for (const BlockEntity& entity : shown(handle))
+      if (const auto* shape = std::get_if<Shape>(&entity.geometry.shape)) return *shape;
+    return {};
+  }
   template <class Change>
   void change(Handle handle, Change change) {
     drawing_->beginUndoGroup();
@@ -102,6 +108,7 @@ class FollowersTest : public ObjectTest {
   std::vector<std::wstring> told_;
 };
 
+constexpr auto kDoublesText = [](AcDbDimension& dimension) { return dimension.setDimtxt(1); };
 constexpr char kDrawn[] = "LINE@DIM SOLID@DIM MTEXT@DIM POINT@DEFPOINTS";
 
 TEST_F(FollowersTest, IsDrawnWhenAskedForOrWhenTheDimensionIsClosed) {
@@ -116,8 +123,7 @@ TEST_F(FollowersTest, IsDrawnWhenAskedForOrWhenTheDimensionIsClosed) {
   drawing_->undo();
   EXPECT_EQ(saved(*drawing_), original);
 
-  const auto doublesText = [](AcDbDimension& dimension) { return dimension.setDimtxt(1); };
-  change(kMirrored, doublesText);
+  change(kMirrored, kDoublesText);
   EXPECT_EQ(textHeight(kMirrored), 1);
   const auto afterwards = drawing_->recordCount();
   change(kMirrored, [&](AcDbDimension& dimension) {
@@ -299,16 +305,99 @@ TEST_F(FollowersTest, StaysAndIsToldOnceWhereItCannotBeDrawn) {
 }
 
 TEST_F(FollowersTest, OldVersionsHaveALineOfTextAndNeedTheStyle) {
-  const auto doublesText = [](AcDbDimension& dimension) { return dimension.setDimtxt(1); };
   start(dimensions("AC1009"));
-  change(kMirrored, doublesText);
+  change(kMirrored, kDoublesText);
   EXPECT_EQ(content(kMirrored), "LINE@DIM SOLID@DIM TEXT@DIM POINT@DEFPOINTS");
   std::string unnamed = dimensions("AC1009");
   for (int i = 0; i < 2; ++i) unnamed = replaced(unnamed, groups("3 S|70 32"), groups("70 32"));
   start(unnamed);
-  change(kFirst, doublesText);
+  change(kFirst, kDoublesText);
   EXPECT_EQ(content(kFirst), "LINE@DIM POINT@DEFPOINTS");
   EXPECT_EQ(told_.size(), 1u);
+}
+
+TEST_F(FollowersTest, BlanksOfAPersonsTextCount) {
+  for (const auto& [text, written] : {std::pair(" ", L""), std::pair("  A <> ", L"\\A1;  A 10.0 ")}) {
+    const std::string group = "34 0.0|1 " + std::string(text) + "|210 0.0";
+    start(replaced(dimensions(), groups("34 0.0|210 0.0"), groups(group)));
+    change(kMirrored, kDoublesText);
+    EXPECT_EQ(first<SolidGeometry>(kMirrored).corners[2].y, 3);
+    EXPECT_EQ(first<TextGeometry>(kMirrored).contents, written);
+  }
+}
+
+TEST_F(FollowersTest, AMissingStyleIsToldAndAnUnnamedOneIsStandard) {
+  start(replaced(dimensions(), groups("2 S|70 0"), groups("2 OTHER|70 0")));
+  change(kMirrored, kDoublesText);
+  EXPECT_EQ(content(kMirrored), "LINE@DIM POINT@DEFPOINTS");
+  EXPECT_EQ(told_.size(), 1u);
+  std::string unnamed = replaced(dimensions(), groups("2 S|70 0"), groups("2 STANDARD|70 0"));
+  for (int i = 0; i < 3; ++i) unnamed = replaced(unnamed, groups("3 S|70 32"), groups("70 32"));
+  start(unnamed);
+  change(kMirrored, [](AcDbDimension& dimension) { return dimension.recomputeDimBlock(); });
+  EXPECT_EQ(textHeight(kMirrored), 0.5);
+}
+
+// DIMFIT tells what DIMATFIT and DIMTMOVE tell from R2000 on.
+TEST_F(FollowersTest, OldRulesOfFitHold) {
+  const auto drawn = [&](std::string_view version, const std::string& style) {
+    start(replaced(dimensions(version), groups("41 0.5|140 0.5"), groups(style)));
+    change(kMirrored, [](AcDbDimension& dimension) { return dimension.recomputeDimBlock(); });
+    std::string places = content(kMirrored);
+    for (const BlockEntity& entity : shown(kMirrored)) {
+      if (const auto* line = std::get_if<LineGeometry>(&entity.geometry.shape))
+        places += " " + std::to_string(line->from.x) + " " + std::to_string(line->to.x);
+      if (const auto* text = std::get_if<TextGeometry>(&entity.geometry.shape))
+        places += " " + std::to_string(text->at.x) + " " + std::to_string(text->at.y);
+    }
+    return places;
+  };
+  std::string last;
+  for (const auto& [fit, later] : {std::pair("41 4.5|140 0.5|287 0", "41 4.5|140 0.5|289 0"),
+                                   std::pair("41 4.5|140 0.5|287 1", "41 4.5|140 0.5|289 1"),
+                                   std::pair("41 4.5|140 0.5|287 2", "41 4.5|140 0.5|289 2"),
+                                   std::pair("41 4.0|140 6.0|287 3", "41 4.0|140 6.0|289 3"),
+                                   std::pair("41 4.0|140 6.0|287 4", "41 4.0|140 6.0|279 1|289 3"),
+                                   std::pair("41 4.0|140 6.0|287 5", "41 4.0|140 6.0|279 2|289 3")}) {
+    const std::string old = drawn("AC1014", fit);
+    EXPECT_EQ(old, drawn("AC1015", later)) << fit;
+    EXPECT_NE(old, last) << fit;
+    last = old;
+  }
+}
+
+std::string withTextStyle(const std::string& dxf, const std::string& style) {
+  const std::string table = "0 TABLE|2 STYLE|70 1|0 STYLE|5 60|" + style + "|41 1.0|3 txt|4 |0 ENDTAB|";
+  return replaced(dxf, groups("0 TABLE|2 DIMSTYLE"), groups(table + "0 TABLE|2 DIMSTYLE"));
+}
+
+constexpr char kOldLine[] =
+    "0 LINE|5 51|100 AcDbEntity|8 DIM|100 AcDbLine|10 0.0|20 0.0|30 0.0|11 1.0|21 0.0";
+
+TEST_F(FollowersTest, AScaleThatOnlyThePictureTellsIsThatOfTheArrowsUnderAFixedTextHeight) {
+  std::string dxf = replaced(dimensions(), groups("41 0.5|140 0.5"), groups("40 0.0|41 0.5|140 0.5"));
+  dxf = replaced(dxf, groups(kOldLine),
+                 groups("0 SOLID|5 51|100 AcDbEntity|8 DIM|100 AcDbTrace|10 0.0|20 0.2|30 0.0|12 1.0|22 "
+                        "0.0|32 0.0|11 0.0|21 -0.2"));
+  start(withTextStyle(dxf, "2 STANDARD|70 0|40 7.0"));
+  change(kMirrored, kDoublesText);
+  const auto corners = first<SolidGeometry>(kMirrored).corners;
+  EXPECT_DOUBLE_EQ(std::abs(corners[2].x - corners[0].x), 1);
+  EXPECT_EQ(textHeight(kMirrored), 7);
+}
+
+TEST_F(FollowersTest, OldVersionsKeepTheStyleOfTheText) {
+  const std::string dxf = withTextStyle(dimensions("AC1009"), "2 OFFICE|70 0|40 0.0");
+  const std::string text = "0 TEXT|5 51|8 DIM|7 OFFICE|1 5|40 0.5|10 0.0|20 0.0|30 0.0|11 1.0|21 0.0";
+  for (const std::string& each :
+       {replaced(dxf, groups(kOldLine), groups(text)),
+        replaced(dxf, groups("9 $HANDSEED"), groups("9 $TEXTSTYLE|7 OFFICE|9 $HANDSEED"))}) {
+    start(each);
+    change(kMirrored, kDoublesText);
+    for (const BlockEntity& entity : shown(kMirrored))
+      EXPECT_EQ(entity.textStyle, entity.type == "TEXT" ? L"OFFICE" : L"");
+    EXPECT_EQ(textHeight(kMirrored), 1);
+  }
 }
 
 TEST_F(FollowersTest, TheHookOfALeaderIsAsLongAsItsArrow) {

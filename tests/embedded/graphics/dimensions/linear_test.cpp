@@ -138,6 +138,8 @@ TEST(DimensionLinear, FollowsTheRecord) {
   turned.figure.textRotation = kQuarter;
   upright.figure.horizontal = -kQuarter;
   empty.figure.value.clear();
+  Dim parted = across(40, "DIMTAD=0");
+  parted.figure.box.parting = 0.5;
   Dim mixed = across(40, "DIMDLE=2");
   mixed.figure.arrows = {ArrowHead{L"_ArchTick", false, true}, ArrowHead{L"_Dot", false, false}};
   Dim ticks = across(40, "DIMTSZ=2 DIMDLE=1");
@@ -151,6 +153,8 @@ TEST(DimensionLinear, FollowsTheRecord) {
       {"text turned by hand", turned, "text 20,13.625 90"},
       {"another horizontal", upright, "line 2.5,10 18.375,10; line 37.5,10 21.625,10; text 20,10 90"},
       {"no text", empty, ""},
+      {"text above and below the line", parted, "text 20,10.5 0"},
+      {"read from the right", across(40, "DIMTXTDIRECTION=1"), "text 20,11.625 180"},
       {"an arrow for each end", mixed,
        "line -2,10 37.5,10; arrow 0,10 _ArchTick x2.5 180; arrow 40,10 _Dot x2.5 0"},
       {"an origin on the line, one nearer than the offset", rotated({0, 10}, {40, 9.5}, {0, 10}),

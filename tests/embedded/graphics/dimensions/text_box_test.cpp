@@ -68,6 +68,12 @@ TEST(TextBox, FollowsTheCodes) {
               10, Blocks());
 }
 
+TEST(TextBox, TellsWhereTheDimensionLinePartsIt) {
+  EXPECT_NEAR(textBox(L"a\\Xb", 10, 1, Blocks()).parting.value_or(0), 40.0 / 3, 1e-9);
+  EXPECT_NEAR(textBox(L"\\Xb", 10, 1, Blocks()).parting.value_or(0), 40.0 / 3, 1e-9);
+  for (const wchar_t* whole : {L"a\\Pb", L"a\\X"}) EXPECT_FALSE(textBox(whole, 10, 1, Blocks()).parting);
+}
+
 TEST(TextBox, WidthFactorHeightAndWideCharacters) {
   EXPECT_DOUBLE_EQ(textBox(L"ab", 2, 0.5, Blocks()).width, 0.8);
   EXPECT_DOUBLE_EQ(textBox(L"a", 0, 1, Blocks()).width, 0);
