@@ -64,7 +64,8 @@ TEST(DimOverrides, YoungerVariablesStandInDataOfTheirOwnInOldFiles) {
       "377|1004 1800000001000000610000C300000000";
   for (const std::string_view version : {"AC1015", "AC1018", "AC1024"}) {
     const auto drawing = modern(std::string(kDimension) + std::string(kData), version);
-    const DimVariables values(*drawing, entity(*drawing, "DIMENSION"));
+    DimVariables values;
+    values.takeOwn(*drawing, drawing->record(entity(*drawing, "DIMENSION")));
     const bool isOld = version != "AC1024";
     EXPECT_EQ(values.text(dimRow("DIMLTEX1")), isOld ? L"Standard" : L"") << version;
     EXPECT_EQ(values.integer(dimRow("DIMTFILL")), isOld ? 2 : 0);
