@@ -184,7 +184,7 @@ TEST_F(FollowersTest, TheRecordFollowsATextThatNobodyPlaced) {
   placed.replace(placed.rfind(byRules), byRules.size(), groups("70 160"));
   for (const bool isPlaced : {false, true}) {
     start(isPlaced ? placed : dimensions());
-    const std::string before = record();
+    const std::string before = memory::isTested() ? std::string() : record();
     change(kMirrored, [](AcDbDimension& dimension) { return dimension.recomputeDimBlock(); });
     const Geometry geometry = drawing_->geometry(drawing_->findHandle(kMirrored));
     const Point middle = std::get<DimensionGeometry>(geometry.shape).text;
