@@ -52,7 +52,10 @@ void Followers::closed(RecordId object) {
   const Open open = known->second;
   open_.erase(known);
   const Record& now = drawing_.record(object);
-  if (now.erased() || (open.edits == now.edits && !open.wanted)) return;
+  const bool isUnchanged = open.edits == now.edits;
+  if (now.erased() || (isUnchanged && !open.wanted)) return;
+  // A block that is missing is made for a change only.
+  if (isUnchanged && drawing_.reference(object, Property::kDimBlock) == kNoRecord) return;
   const Record former = formerOf(object, open);
   if (drawing_.typeName(object) == "LEADER") return moveHook(object, former);
   if (open.wanted || looksOtherwise(object, former)) {
