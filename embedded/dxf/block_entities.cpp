@@ -103,7 +103,9 @@ class EntityWriter {
     if (!upright) builder.point(210, normal);
     if (upright && rotation == 0) return;
     const double angle = rotation * kRadiansPerDegree;
-    builder.point(11, axesOf(normal).world({std::cos(angle), std::sin(angle), 0}));
+    // What libraries make of a quarter turn differs; along an axis the other part is 0.
+    const auto part = [](double value) { return std::abs(value) < 1e-15 ? 0 : value; };
+    builder.point(11, axesOf(normal).world({part(std::cos(angle)), part(std::sin(angle)), 0}));
   }
 
   static void addFill(RecordBuilder& builder, const TextGeometry& text) {

@@ -22,7 +22,12 @@ constexpr Vec leftOf(Vec a) { return {-a.y, a.x}; }  // turned by a quarter
 inline double length(Vec a) { return std::hypot(a.x, a.y); }
 inline double distance(Vec a, Vec b) { return length(a - b); }
 inline double angleOf(Vec a) { return std::atan2(a.y, a.x); }
-inline Vec direction(double angle) { return {std::cos(angle), std::sin(angle)}; }
+// Along an axis the other part is exactly 0: libraries differ in what they make of a quarter turn.
+inline Vec direction(double angle) {
+  constexpr double kNothing = 1e-15;
+  const double x = std::cos(angle), y = std::sin(angle);
+  return {std::abs(x) < kNothing ? 0 : x, std::abs(y) < kNothing ? 0 : y};
+}
 // (1, 0) for a vector without length.
 inline Vec unit(Vec a) {
   const double size = length(a);
