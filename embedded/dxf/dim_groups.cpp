@@ -326,9 +326,12 @@ base::Status DxfStorage::setDimVariable(Drawing& drawing, RecordId id, const Dim
   if (status.ok()) {
     const base::Result<Change> change = style ? styleChange(drawing, *this, id, info, value)
                                               : overrideChange(drawing, *this, id, info, value);
-    if (change.ok() && change.value().none()) scope.rollBack();
+    if (change.ok() && !change.value().none()) {
+      apply(drawing, *this, id, change.value());
+      return {};
+    }
     if (change.ok()) {
-      if (!change.value().none()) apply(drawing, *this, id, change.value());
+      scope.rollBack();  // the value is there already, and needs nothing
       return {};
     }
     status = change.failure();

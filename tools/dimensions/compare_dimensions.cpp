@@ -168,6 +168,6 @@ int main(int argc, char** argv) {
       checkAll(fs::path(argument), tally);
   }
   const std::optional<double> share = report(tally);
-  if (!share) return 2;
+  if (!share || tally.unreadable > 0) return 2;
   return *share >= least ? 0 : 1;
 }
