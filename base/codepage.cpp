@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <vector>
 
 #include "base/codepage_backend.h"
 #include "base/utf8.h"
@@ -25,7 +24,7 @@ bool isAscii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
 // What is known so far of one page. The system's tables are asked once per character and thread.
 class Table {
  public:
-  explicit Table(CodePage page) : page_(page), doubleByte_(isDoubleByte(page)), encoded_(0x10000, kUnasked) {
+  explicit Table(CodePage page) : page_(page), doubleByte_(isDoubleByte(page)) {
     for (int byte = 0; byte < 256; ++byte)
       single_[static_cast<size_t>(byte)] = decodeBytes({static_cast<char>(byte)});
   }
@@ -35,7 +34,7 @@ class Table {
     const unsigned char first = static_cast<unsigned char>(bytes[at++]);
     wchar_t character = single_[first];
     if (character == kReplacement && doubleByte_ && at < bytes.size()) {
-      character = row(first)[static_cast<unsigned char>(bytes[at])];
+      character = decodePair(bytes[at - 1], bytes[at]);
       if (character != kReplacement) ++at;
     }
     text += character;
@@ -45,7 +44,8 @@ class Table {
   // Empty when the page does not have the character.
   std::string encode(wchar_t character) {
     if (static_cast<std::uint32_t>(character) > 0xFFFF) return {};
-    std::uint32_t& known = encoded_[static_cast<size_t>(character)];
+    const auto number = static_cast<size_t>(character);
+    std::uint32_t& known = part(encoded_[number >> 8])[number & 0xFF];
     if (known == kUnasked) known = ask(character);
     std::string bytes;
     if (known == kAbsent) return bytes;
@@ -55,25 +55,29 @@ class Table {
   }
 
  private:
-  static constexpr std::uint32_t kUnasked = 0xFFFFFFFF;
+  static constexpr std::uint32_t kUnasked = 0;
   static constexpr std::uint32_t kAbsent = 0xFFFFFFFE;
-  using Row = std::array<wchar_t, 256>;
+  template <class Value>
+  using Part = std::array<Value, 256>;
+  template <class Value>
+  using Parts = std::array<std::unique_ptr<Part<Value>>, 256>;
 
   wchar_t decodeBytes(const std::string& bytes) const {
     if (bytes.size() == 1 && isAscii(bytes[0])) return static_cast<wchar_t>(bytes[0]);
     return backend::decodeOne(bytes, page_).value_or(kReplacement);
   }
 
-  const Row& row(unsigned char lead) {
-    std::unique_ptr<Row>& entry = rows_[lead];
-    if (!entry) {
-      entry = std::make_unique<Row>();
-      for (int trail = 0; trail < 256; ++trail) {
-        (*entry)[static_cast<size_t>(trail)] =
-            decodeBytes({static_cast<char>(lead), static_cast<char>(trail)});
-      }
-    }
+  // Made, with nothing asked, when it is used first: most programs meet a few hundred characters.
+  template <class Value>
+  static Part<Value>& part(std::unique_ptr<Part<Value>>& entry) {
+    if (!entry) entry = std::make_unique<Part<Value>>();
     return *entry;
+  }
+
+  wchar_t decodePair(char lead, char trail) {
+    wchar_t& known = part(rows_[static_cast<unsigned char>(lead)])[static_cast<unsigned char>(trail)];
+    if (known == 0) known = decodeBytes({lead, trail});
+    return known;
   }
 
   // The systems' tables also offer look-alikes (a yen sign as a backslash); such a character is not in the
@@ -88,9 +92,9 @@ class Table {
 
   CodePage page_;
   bool doubleByte_;
-  Row single_{};
-  std::array<std::unique_ptr<Row>, 256> rows_;
-  std::vector<std::uint32_t> encoded_;
+  Part<wchar_t> single_{};
+  Parts<wchar_t> rows_;
+  Parts<std::uint32_t> encoded_;
 };
 
 Table& tableOf(CodePage page) {

@@ -1,10 +1,12 @@
 #include "base/files.h"
 
+#include <atomic>
 #include <fstream>
 #include <system_error>
 #include <utility>
 
 #include "base/codepage.h"
+#include "base/disk.h"
 #include "base/fold.h"
 #include "base/utf8.h"
 
@@ -25,6 +27,13 @@ std::filesystem::path pathFromText(std::wstring_view text) {
     return std::filesystem::path(text);
   }
 }
+
+namespace {
+std::atomic<bool> waitsForDisk = true;
+}  // namespace
+
+void setWaitingForDisk(bool waits) { waitsForDisk = waits; }
+bool isWaitingForDisk() { return waitsForDisk; }
 
 Status writeFileAtomically(const std::filesystem::path& target, std::string_view bytes) {
   auto file = AtomicFile::create(target);

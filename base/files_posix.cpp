@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "base/disk.h"
 #include "base/file_errors.h"
 #include "base/files.h"
 #include "base/guarded_mapping.h"
@@ -100,6 +101,23 @@ Result<std::string> readAll(int number, const fs::path& path) {
 
 constexpr size_t kBufferSize = size_t{1} << 20;
 
+// 0 or the system's error. Pipes and some file systems have nothing to wait for, and say so.
+int reachDisk(int number) {
+  while (::fsync(number) != 0) {
+    if (errno == EINTR) continue;
+    return errno == EINVAL || errno == ENOTSUP || errno == EROFS ? 0 : errno;
+  }
+  return 0;
+}
+
+int folderReachesDisk(const fs::path& folder) {
+  const int number = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  // One that may be written to and not listed can only be left to the system.
+  if (number < 0) return errno == EACCES ? 0 : errno;
+  const Descriptor opened(number);
+  return reachDisk(number);
+}
+
 class ReplacingFile : public AtomicFile {
  public:
   ReplacingFile(int number, fs::path temporary, fs::path target, std::unique_ptr<TemporaryFileMark> mark)
@@ -125,6 +143,7 @@ class ReplacingFile : public AtomicFile {
 
   Status commit() override {
     flush();
+    if (error_ == 0 && isWaitingForDisk()) error_ = reachDisk(file_.number());
     if (file_.valid()) {
       const int error = file_.close();
       if (error_ == 0) error_ = error;
@@ -132,6 +151,9 @@ class ReplacingFile : public AtomicFile {
     if (error_ == 0 && ::rename(temporary_.c_str(), target_.c_str()) != 0) error_ = errno;
     if (error_ != 0) return fileFailure(target_, error_);
     committed_ = true;
+    // The file is whole and in its place, but its name may be the old one's after a power cut.
+    if (isWaitingForDisk()) error_ = folderReachesDisk(target_.parent_path());
+    if (error_ != 0) return fileFailure(target_, error_);
     return {};
   }
 

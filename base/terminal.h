@@ -2,6 +2,7 @@
 // Text for the person who called the program.
 
 #include <cstdio>
+#include <optional>
 #include <string_view>
 
 #include "base/result.h"
@@ -13,6 +14,10 @@ namespace base {
 // A file name's bytes that are no UTF-8 come out as they were (base/utf8.h, decodeName). A failure has the
 // system's reason and no place.
 Status writeText(std::FILE* stream, std::wstring_view text);
+
+// How wide the terminal is that the stream goes to; nothing when it goes elsewhere, or the terminal cannot
+// take a line back.
+std::optional<std::size_t> terminalColumns(std::FILE* stream);
 
 // To be called before anything is opened. A reader that goes away makes writing fail and does not end the
 // process; a stream that is closed from the start does not lend its number to a file.

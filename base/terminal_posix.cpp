@@ -1,10 +1,12 @@
 #include <fcntl.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <csignal>
 #include <string>
 
+#include "base/environment.h"
 #include "base/file_errors.h"
 #include "base/terminal.h"
 #include "base/utf8.h"
@@ -16,6 +18,15 @@ Status writeText(std::FILE* stream, std::wstring_view text) {
   const bool isWritten = std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size();
   if (std::fflush(stream) == 0 && isWritten) return {};
   return Failure{{}, fileFailure({}, errno).reason};
+}
+
+std::optional<std::size_t> terminalColumns(std::FILE* stream) {
+  constexpr std::size_t kUsual = 80;
+  const int number = ::fileno(stream);
+  if (::isatty(number) == 0) return std::nullopt;
+  if (const auto kind = environmentVariable("TERM"); !kind || *kind == "dumb") return std::nullopt;
+  struct winsize size {};
+  return ::ioctl(number, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : kUsual;
 }
 
 void prepareStandardStreams() {

@@ -6,28 +6,38 @@ namespace base {
 namespace {
 
 constexpr char kEndOfFile = 26;
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+
+std::string_view textOf(std::string_view bytes) { return bytes.substr(0, bytes.find(kEndOfFile)); }
 
 }  // namespace
 
+bool isSurelyUtf8(std::string_view bytes) {
+  bytes = textOf(bytes);
+  if (bytes.starts_with(kUtf8Mark)) return true;
+  return !decode(bytes, kTextCodePage).clean && decode(bytes, kUtf8).clean;
+}
+
 std::vector<TextLine> textLines(std::string_view bytes) {
-  bytes = bytes.substr(0, bytes.find(kEndOfFile));
+  const CodePage page = isSurelyUtf8(bytes) ? kUtf8 : kTextCodePage;
+  bytes = textOf(bytes);
+  if (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());
   std::vector<TextLine> lines;
   while (!bytes.empty()) {
-    // In the code page no second byte of a character is a line end, so bytes can be cut before decoding.
+    // No later byte of a character is a line end, so bytes can be cut before decoding.
     const size_t end = bytes.find('\n');
     std::string_view line = bytes.substr(0, end);
     bytes.remove_prefix(end == bytes.npos ? bytes.size() : end + 1);
     if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-    Decoded decoded = decode(line, kTextCodePage);
+    Decoded decoded = decode(line, page);
     lines.push_back({std::move(decoded.text), decoded.clean});
   }
   return lines;
 }
 
 std::wstring decodeText(std::string_view bytes) {
-  constexpr std::string_view kMark = "\xEF\xBB\xBF";
-  const bool isMarked = bytes.starts_with(kMark);
-  return isMarked ? decode(bytes.substr(kMark.size()), kUtf8).text : decode(bytes, kTextCodePage).text;
+  const bool isMarked = bytes.starts_with(kUtf8Mark);
+  return isMarked ? decode(bytes.substr(kUtf8Mark.size()), kUtf8).text : decode(bytes, kTextCodePage).text;
 }
 
 Encoded encodeText(std::wstring_view text) {

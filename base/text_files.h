@@ -17,11 +17,16 @@ inline constexpr const char* kLineEnd = "\r\n";
 
 struct TextLine {
   std::wstring text;  // without its line end
-  bool clean = true;  // false: some bytes are not text of the code page; U+FFFD stands for them
+  bool clean = true;  // false: some bytes are not text of the file's encoding; U+FFFD stands for them
 };
 
+// What an editor of another system has saved as UTF-8, when it cannot be anything else: behind a byte-order
+// mark, or text of UTF-8 that is none of the code page. Bytes that are text of both are the code page's.
+bool isSurelyUtf8(std::string_view bytes);
+
 // Lines end with LF or CR LF; the last may lack its end. The text ends at the first
-// end-of-file character (26), as in text files of the system that these files come from.
+// end-of-file character (26), as in text files of the system that these files come from. In the code page,
+// or in UTF-8 where isSurelyUtf8().
 std::vector<TextLine> textLines(std::string_view bytes);
 
 // Of a file that other programs write, too: UTF-8 behind a byte-order mark, the code page without one.

@@ -1,10 +1,14 @@
 #include "cli/arguments.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
-#include <array>
-#include <iterator>
-#include <set>
+#include <limits>
+#include <map>
 #include <utility>
+
+#include "base/utf8.h"
+#include "cli/language/language.h"
+#include "cli/options/calls.h"
 
 namespace kivcli {
 namespace {
@@ -13,159 +17,146 @@ using base::Failure;
 using base::Result;
 using base::Status;
 
-Status setFormat(Arguments& arguments, const std::wstring& value) {
-  constexpr std::pair<std::wstring_view, SaveFormat> kWords[] = {
-      {L"dwg", SaveFormat::kDwg}, {L"dxf", SaveFormat::kDxf}, {L"dwt", SaveFormat::kDwt}};
-  const auto word = std::ranges::find(kWords, value, &std::pair<std::wstring_view, SaveFormat>::first);
-  if (word == std::end(kWords)) return Failure{L"--format " + value, L"the format is dxf, dwg or dwt"};
-  arguments.format = word->second;
-  return {};
-}
+// The library takes bytes; whatever a word holds comes back as it was.
+std::string bytesOf(std::wstring_view word) { return base::utf8::encodeName(word); }
+std::wstring wordOf(const std::string& bytes) { return base::utf8::decodeName(bytes); }
 
-Status setBlockScope(Arguments& arguments, const std::wstring& value) {
-  if (value.size() != 1 || value[0] < L'0' || value[0] > L'2') {
-    return Failure{L"--block-scope " + value,
-                   L"the scope is 0 (block references), 1 (their definitions) or 2 (both)"};
-  }
-  arguments.blockScope = value[0] - L'0';
-  return {};
-}
-
-struct Option {
-  const wchar_t* name;
-  bool takesValue;
-  Status (*apply)(Arguments&, const std::wstring& value);
-};
-
-const std::array kConvertOptions = {
-    Option{
-        L"--spec", true,
-        [](Arguments& a, const std::wstring& value) -> Status { return a.specification = value, Status(); }},
-    Option{
-        L"--out", true,
-        [](Arguments& a, const std::wstring& value) -> Status { return a.outputFolder = value, Status(); }},
-    Option{L"--format", true, setFormat},
-    Option{L"--block-scope", true, setBlockScope},
-    Option{L"--ignore-locks", false,
-           [](Arguments& a, const std::wstring&) -> Status { return a.ignoreLocks = true, Status(); }},
-    Option{L"--log", true,
-           [](Arguments& a, const std::wstring& value) -> Status { return a.logFolder = value, Status(); }},
-};
-
-struct CallName {
-  const wchar_t* name;
-  Call call;
-};
-constexpr CallName kCallNames[] = {
-    {L"convert", Call::kConvert}, {L"check", Call::kCheck},       {L"info", Call::kInfo},
-    {L"help", Call::kHelp},       {L"--help", Call::kHelp},       {L"-h", Call::kHelp},
-    {L"version", Call::kVersion}, {L"--version", Call::kVersion},
-};
-
-// Takes the option at words[at], and its value when it has one; `at` is left on the last word taken. `given`:
-// the options in front of it.
-Status takeOption(Arguments& arguments, const std::vector<std::wstring>& words, std::size_t& at,
-                  std::set<std::wstring>& given) {
-  const std::wstring& word = words[at];
-  const std::size_t equals = word.find(L'=');
-  const std::wstring name = word.substr(0, equals);
-  const auto* option = std::find_if(kConvertOptions.begin(), kConvertOptions.end(),
-                                    [&](const Option& candidate) { return name == candidate.name; });
-  if (arguments.call != Call::kConvert || option == kConvertOptions.end()) {
-    return Failure{name, L"there is no such option here; `kivcvt help` lists them"};
-  }
-  if (!given.insert(name).second) return Failure{name, L"this option is given twice"};
-  if (!option->takesValue) {
-    if (equals != std::wstring::npos) return Failure{name, L"this option takes no value"};
-    return option->apply(arguments, L"");
-  }
-  std::wstring value;
-  if (equals != std::wstring::npos) {
-    value = word.substr(equals + 1);
-  } else if (at + 1 < words.size()) {
-    value = words[++at];
-  }
-  if (value.empty()) return Failure{name, L"this option needs a value after it"};
-  return option->apply(arguments, value);
-}
-
-Status requireComplete(const Arguments& arguments) {
-  if (arguments.call == Call::kConvert) {
-    if (arguments.specification.empty()) {
-      return Failure{L"--spec", L"please name the conversion specification: --spec FILE.cvt"};
+// One call's options as the library has them. What it does not know it keeps, and what is wrong with a value
+// is the row's to say: its own words are for programmers.
+class CallParser {
+ public:
+  explicit CallParser(const CallRow& call) : call_(call) {
+    app_.set_help_flag();
+    app_.allow_extras();
+    app_.allow_windows_style_options(false);  // on every system "/a" is a file
+    help_ = app_.add_flag("--help,-h");
+    help_->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    const CLI::callback_t keep = [](const CLI::results_t&) { return true; };
+    for (const OptionRow& row : call.options) {
+      CLI::Option* option = row.value[0] == L'\0' ? app_.add_flag(bytesOf(row.name))->disable_flag_override()
+                                                  : app_.add_option(bytesOf(row.name), keep)->expected(1);
+      option->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+      rows_[option] = &row;
     }
-    if (arguments.outputFolder.empty()) {
-      return Failure{L"--out", L"please name the folder for the converted drawings: --out DIR"};
+    files_ = app_.add_option("files", keep);
+    // A list without an end would take "[a,b]" for two.
+    files_->expected(std::numeric_limits<int>::max())->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  }
+
+  Result<Arguments> parse(std::vector<std::wstring> words) {
+    if (Status ready = refuseEmptyValues(words); !ready) return ready.failure();
+    std::vector<std::string> reversed;
+    std::transform(words.rbegin(), words.rend(), std::back_inserter(reversed), bytesOf);
+    try {
+      app_.parse(std::move(reversed));
+    } catch (const CLI::ArgumentMismatch& mismatch) {
+      return refusalOf(mismatch);
+    } catch (const CLI::ParseError& error) {
+      return Failure{L"", wordOf(error.what())};
     }
+    return taken();
   }
-  if (arguments.files.empty()) {
-    return Failure{L"", arguments.call == Call::kCheck ? L"please name the CVT files to check"
-                                                       : L"please name the drawings"};
+
+ private:
+  static Failure needsValue(const std::wstring& name) {
+    return {name, tr(L"this option needs a value after it")};
   }
-  if (std::find(arguments.files.begin(), arguments.files.end(), L"") != arguments.files.end()) {
-    return Failure{L"", L"the name of a file is empty"};
+
+  // To the library "--spec=" is "--spec", whose value comes next.
+  static Status refuseEmptyValues(const std::vector<std::wstring>& words) {
+    for (const std::wstring& word : words) {
+      if (word == L"--") break;
+      if (word.starts_with(L"--") && word.find(L'=') == word.size() - 1) {
+        return needsValue(word.substr(0, word.size() - 1));
+      }
+    }
+    return {};
   }
-  return {};
+
+  // The option that the library's message begins with, with its hyphens or without.
+  Failure refusalOf(const CLI::ArgumentMismatch& mismatch) const {
+    const std::string text = mismatch.what();
+    const std::string name = text.substr(0, text.find_first_of(": "));
+    for (const auto& [option, row] : rows_) {
+      if (option->get_name() != name && !option->check_lname(name)) continue;
+      if (row->value[0] == L'\0') return {row->name, tr(L"this option takes no value")};
+      return needsValue(row->name);
+    }
+    return {L"", wordOf(text)};
+  }
+
+  Result<Arguments> taken() {
+    Arguments arguments;
+    arguments.call = &call_;
+    if (help_->count() > 0) {
+      arguments.call = findCall(L"help");
+      arguments.files = {call_.name};
+      return arguments;
+    }
+    for (const std::string& unknown : app_.remaining()) {
+      if (unknown == "--") continue;  // the end of the options, which the library has among the rest
+      const std::wstring word = wordOf(unknown);
+      return Failure{word.substr(0, word.find(L'=')),
+                     tr(L"there is no such option here; `kivcvt help %1` lists them", {call_.name})};
+    }
+    for (const std::string& file : files_->results()) arguments.files.push_back(wordOf(file));
+    if (Status options = takeOptions(arguments); !options) return options.failure();
+    if (std::ranges::find(arguments.files, L"") != arguments.files.end()) {
+      return Failure{L"", tr(L"the name of a file is empty")};
+    }
+    if (Status complete = call_.check(arguments); !complete) return complete.failure();
+    return arguments;
+  }
+
+  // In the order of the command line, which decides what is wrong first.
+  Status takeOptions(Arguments& arguments) {
+    std::map<const CLI::Option*, std::size_t> seen;
+    for (const CLI::Option* option : app_.parse_order()) {
+      const auto found = rows_.find(option);
+      if (found == rows_.end()) continue;
+      const OptionRow& row = *found->second;
+      const std::size_t at = seen[option]++;
+      if (at > 0 && !row.repeats) return Failure{row.name, tr(L"this option is given twice")};
+      const std::wstring value = row.value[0] == L'\0' ? std::wstring() : wordOf(option->results()[at]);
+      if (row.value[0] != L'\0' && value.empty()) return needsValue(row.name);
+      if (Status status = row.take(arguments, value); !status) {
+        Failure failure = status.failure();
+        if (failure.place.empty()) failure.place = std::wstring(row.name) + L" " + value;
+        return failure;
+      }
+    }
+    return {};
+  }
+
+  const CallRow& call_;
+  CLI::App app_;
+  CLI::Option* help_ = nullptr;
+  CLI::Option* files_ = nullptr;
+  std::map<const CLI::Option*, const OptionRow*> rows_;
+};
+
+// "convert, check, info or help".
+std::wstring callNames() {
+  std::wstring names;
+  for (const CallRow* call : calls()) names += (names.empty() ? L"" : L", ") + std::wstring(call->name);
+  return names;
 }
 
 }  // namespace
 
 Result<Arguments> parseArguments(const std::vector<std::wstring>& words) {
-  if (words.empty()) return Failure{L"", L"please say what to do: convert, check, info or help"};
-  const auto* call = std::find_if(std::begin(kCallNames), std::end(kCallNames),
-                                  [&](const CallName& name) { return words[0] == name.name; });
-  if (call == std::end(kCallNames)) {
-    return Failure{words[0], L"there is no such call; it is convert, check, info or help"};
+  if (words.empty()) return Failure{L"", tr(L"please say what to do: %1", {callNames()})};
+  if (words[0] == kWorkerWord) {
+    Result<Arguments> ofWorker = parseArguments({words.begin() + 1, words.end()});
+    if (ofWorker) ofWorker.value().isWorker = true;
+    return ofWorker;
   }
-  Arguments arguments;
-  arguments.call = call->call;
-  if (arguments.call == Call::kHelp || arguments.call == Call::kVersion) return arguments;
-
-  bool optionsEnded = false;
-  std::set<std::wstring> given;
-  for (std::size_t at = 1; at < words.size(); ++at) {
-    const std::wstring& word = words[at];
-    if (optionsEnded || !word.starts_with(L"-") || word == L"-") {
-      arguments.files.push_back(word);
-    } else if (word == L"--") {
-      optionsEnded = true;
-    } else if (word == L"--help" || word == L"-h") {
-      arguments.call = Call::kHelp;
-      return arguments;
-    } else if (Status taken = takeOption(arguments, words, at, given); !taken) {
-      return taken.failure();
-    }
-  }
-  if (Status complete = requireComplete(arguments); !complete) return complete.failure();
-  return arguments;
+  const CallRow* call = findCall(words[0]);
+  if (call == nullptr)
+    return Failure{words[0], tr(L"there is no such call; the calls are %1", {callNames()})};
+  Result<Arguments> parsed = CallParser(*call).parse({words.begin() + 1, words.end()});
+  if (parsed) parsed.value().words = words;
+  return parsed;
 }
-
-std::wstring usageText() {
-  return LR"(kivcvt converts CAD drawings by the rules of a conversion specification (a CVT file).
-
-  kivcvt convert --spec FILE.cvt --out DIR [OPTION...] DRAWING...
-      converts every drawing into DIR, which is made when it is missing; a.dxf becomes DIR/a.DXF
-      --format dxf|dwg|dwt   the format to save; without it a drawing keeps its own
-      --block-scope 0|1|2    what to do with block references: 0 convert the references (default),
-                             1 convert what their definitions hold, 2 both
-      --ignore-locks         convert objects on locked layers too; the layers are locked again afterwards
-      --log DIR              write the conversion log, a CSV file in code page 932, into DIR
-      Files that the CVT file names are looked up beside it, linetype files and drawings of arrows then in the
-      folders that KIV_SUPPORT_PATH in the environment lists (with ";" between them) and in the program's own.
-
-  kivcvt check FILE.cvt...
-      says what the reader makes of a CVT file, and every line it drops, with line number and reason
-
-  kivcvt info DRAWING...
-      version, code page, and counts of entities by type, layers, linetypes, text styles, blocks
-
-  kivcvt help, kivcvt --version
-
-Exit status: 0 all done; 1 some drawing failed or had a problem, lines of the CVT file are dropped, or
-the log or standard output cannot be written, each named on standard error; 2 the command line or the
-CVT file is unusable. Drawings are read and written as DXF; DWG and DWT are refused for now.)";
-}
-
-std::wstring versionText() { return L"kivcvt " KIV_VERSION; }
 
 }  // namespace kivcli

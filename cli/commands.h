@@ -11,6 +11,11 @@ inline constexpr int kUnusable = 2;    // the command line, the CVT file or the 
 
 int runConvert(const Arguments& arguments);
 int runCheck(const Arguments& arguments);
+int runFmt(const Arguments& arguments);
+int runLearn(const Arguments& arguments);
 int runInfo(const Arguments& arguments);
+int runPicture(const Arguments& arguments);
+int runExplain(const Arguments& arguments);
+int runDiff(const Arguments& arguments);  // kSomeFailed: there are differences
 
 }  // namespace kivcli

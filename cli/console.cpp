@@ -1,10 +1,12 @@
 #include "cli/console.h"
 
+#include <algorithm>
 #include <cwchar>
 #include <iterator>
 
 #include "base/paths.h"
 #include "base/terminal.h"
+#include "cli/language/language.h"
 
 namespace kivcli {
 namespace {
@@ -50,12 +52,27 @@ void complain(std::wstring_view text) {
   static_cast<void>(base::writeText(stderr, escaped(text) + L'\n'));
 }
 
-void complainAbout(const std::wstring& file, const base::Failure& failure) {
-  for (const std::wstring& name : {base::fullPath(file), file}) {
-    if (!failure.place.starts_with(name)) continue;
-    return complain(file + failure.place.substr(name.size()) + L": " + failure.reason);
-  }
-  complain(file + L": " + failure.text());
+std::wstring shown(const base::Failure& failure) {
+  const std::wstring reason = translated(failure.reason);
+  if (failure.place.empty()) return reason;
+  // "FILE, line 12"
+  const std::size_t comma = std::min(failure.place.rfind(L", "), failure.place.size());
+  return failure.place.substr(0, comma) + translated(std::wstring_view(failure.place).substr(comma)) + L": " +
+         reason;
 }
+
+std::wstring complaintAbout(const std::wstring& file, const base::Failure& failure) {
+  const std::wstring text = shown(failure);
+  for (const std::wstring& name : {base::fullPath(file), file}) {
+    if (failure.place.starts_with(name)) return file + text.substr(name.size());
+  }
+  return file + L": " + text;
+}
+
+void complainAbout(const std::wstring& file, const base::Failure& failure) {
+  complain(complaintAbout(file, failure));
+}
+
+void complainOfProgram(const base::Failure& failure) { complain(L"kivcvt: " + shown(failure)); }
 
 }  // namespace kivcli

@@ -19,7 +19,13 @@ void printText(std::wstring_view text);  // of several lines, all the program's 
 // The first failure of writing to standard output, which ends the printing; complaints go on.
 const base::Status& printingStatus();
 
-// A failure with a file, under the name that the user typed even when the failure tells another one.
+// A failure's place and reason, in the user's language.
+std::wstring shown(const base::Failure& failure);
+void complainOfProgram(const base::Failure& failure);
+
+// A failure with a file, under the name that the user typed even when the failure tells another one; the
+// reason is in the user's language.
+std::wstring complaintAbout(const std::wstring& file, const base::Failure& failure);
 void complainAbout(const std::wstring& file, const base::Failure& failure);
 
 }  // namespace kivcli

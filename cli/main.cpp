@@ -11,6 +11,8 @@
 #include "cli/arguments.h"
 #include "cli/commands.h"
 #include "cli/console.h"
+#include "cli/language/language.h"
+#include "cli/options/calls.h"
 
 namespace {
 
@@ -19,24 +21,10 @@ using namespace kivcli;
 int run(const std::vector<std::wstring>& words) {
   const base::Result<Arguments> arguments = parseArguments(words);
   if (!arguments) {
-    complain(L"kivcvt: " + arguments.failure().text());
+    complainOfProgram(arguments.failure());
     return kUnusable;
   }
-  switch (arguments.value().call) {
-    case Call::kConvert:
-      return runConvert(arguments.value());
-    case Call::kCheck:
-      return runCheck(arguments.value());
-    case Call::kInfo:
-      return runInfo(arguments.value());
-    case Call::kVersion:
-      printText(versionText());
-      return kAllDone;
-    case Call::kHelp:
-      printText(usageText());
-      return kAllDone;
-  }
-  return kUnusable;
+  return arguments.value().call->run(arguments.value());
 }
 
 // Nothing below throws on purpose; what is left is the system's own, memory above all.
@@ -44,7 +32,7 @@ int runGuarded(const std::vector<std::wstring>& words) {
   try {
     return run(words);
   } catch (const std::exception& error) {
-    complain(L"kivcvt: the run was given up: " + base::fromUtf8(error.what()));
+    complain(L"kivcvt: " + tr(L"the run was given up: %1", {base::fromUtf8(error.what())}));
     return kSomeFailed;
   }
 }
@@ -53,7 +41,8 @@ int runToEnd(const std::vector<std::wstring>& words) {
   base::prepareStandardStreams();
   const int status = runGuarded(words);
   if (printingStatus()) return status;
-  complain(L"kivcvt: standard output cannot be written: " + printingStatus().failure().reason);
+  complain(L"kivcvt: " +
+           tr(L"standard output cannot be written: %1", {translated(printingStatus().failure().reason)}));
   return std::max(status, kSomeFailed);
 }
 

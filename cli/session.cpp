@@ -4,6 +4,7 @@
 
 #include "base/files.h"
 #include "base/fold.h"
+#include "cli/language/language.h"
 
 namespace kivcli {
 namespace {
@@ -14,6 +15,14 @@ template <class Function>
 bool findFunction(cad::Host& host, const char* name, Function& function) {
   function = reinterpret_cast<Function>(host.moduleSymbol(kModuleName, name));
   return function != nullptr;
+}
+
+bool findSpecificationCalls(cad::Host& host, SpecificationCalls& calls) {
+  return findFunction(host, "dll_kiv_checkSpecification", calls.check) &&
+         findFunction(host, "dll_kiv_checkSpecificationFor", calls.checkFor) &&
+         findFunction(host, "dll_kiv_formatSpecification", calls.format) &&
+         findFunction(host, "dll_kiv_writeSpecification", calls.write) &&
+         findFunction(host, "dll_kiv_writeTextList", calls.writeTextList);
 }
 
 }  // namespace
@@ -39,10 +48,12 @@ base::Status Session::loadModule() {
   if (base::Status loaded = host_.loadModule(module); !loaded) return loaded;
   const bool complete = findFunction(host_, "dll_kiv_setConversion", setConversion_) &&
                         findFunction(host_, "dll_kiv_lastRunReport", lastRunReport_) &&
-                        findFunction(host_, "dll_kiv_checkSpecification", checkSpecification_);
+                        findFunction(host_, "dll_kiv_observeRuns", observeRuns_) &&
+                        findSpecificationCalls(host_, specifications_);
   if (!complete) {
-    return base::Failure{base::pathText(module),
-                         L"this module belongs to another version of the program; please install both anew"};
+    return base::Failure{
+        base::pathText(module),
+        tr(L"this module belongs to another version of the program; please install both anew")};
   }
   return {};
 }
@@ -55,7 +66,7 @@ KivRunReport Session::lastRunReport() {
 
 KivSpecificationReport Session::checkSpecification(const std::wstring& path) {
   KivSpecificationReport report{};
-  checkSpecification_(path.c_str(), &report);
+  specifications_.check(path.c_str(), &report);
   return report;
 }
 

@@ -7,8 +7,18 @@
 #include "base/result.h"
 #include "embedded/editor/host.h"
 #include "host/automation.h"
+#include "host/specification_automation.h"
 
 namespace kivcli {
+
+// What the module does with CVT files themselves.
+struct SpecificationCalls {
+  KivCheckSpecification check = nullptr;
+  KivCheckSpecificationFor checkFor = nullptr;
+  KivFormatSpecification format = nullptr;
+  KivWriteSpecification write = nullptr;
+  KivWriteTextList writeTextList = nullptr;
+};
 
 class Session {
  public:
@@ -24,6 +34,9 @@ class Session {
   bool setConversion(const KivConversion& conversion) { return setConversion_(&conversion) != 0; }
   KivRunReport lastRunReport();
   KivSpecificationReport checkSpecification(const std::wstring& path);
+  const SpecificationCalls& specifications() const { return specifications_; }
+  // Null: nobody looks on any more.
+  bool observeRuns(const KivRunObserver* observer) { return observeRuns_(observer) != 0; }
 
   // What the host and the module have printed since the last call, as one line.
   std::wstring takeOutput();
@@ -36,7 +49,8 @@ class Session {
   std::wstring output_;
   KivSetConversion setConversion_ = nullptr;
   KivLastRunReport lastRunReport_ = nullptr;
-  KivCheckSpecification checkSpecification_ = nullptr;
+  SpecificationCalls specifications_;
+  KivObserveRuns observeRuns_ = nullptr;
 };
 
 }  // namespace kivcli

@@ -15,6 +15,7 @@
 #include "dbsymtb.h"
 #include "engine/dimension_variables.h"
 #include "engine/host_access.h"
+#include "engine/setting_observation.h"
 #include "engine/stages.h"
 #include "platform/host_variables.h"
 #include "platform/paths.h"
@@ -25,11 +26,13 @@ namespace kiv {
 namespace {
 
 // The host makes an arrow's block when a variable names it; the drawing's own arrow comes back at once.
-void makeBuiltIn(const std::wstring& name, ProblemSink& problems) {
+bool makeBuiltIn(const std::wstring& name, ProblemSink& problems) {
   const auto current = textVariable(L"DIMBLK");
-  if (!current) return;
-  if (!setTextVariable(L"DIMBLK", hostArrowName(builtInArrow(name)))) problems.addProblem(arrowProblem(name));
+  if (!current) return true;
+  const bool isMade = setTextVariable(L"DIMBLK", hostArrowName(builtInArrow(name)));
+  if (!isMade) problems.addProblem(arrowProblem(name));
   setTextVariable(L"DIMBLK", *current);
+  return isMade;
 }
 
 bool hasBlock(const std::wstring& name) {
@@ -76,13 +79,13 @@ std::wstring findArrowFile(const std::wstring& entry, const std::filesystem::pat
   return {};
 }
 
-void loadFile(const std::wstring& entry, RunState& run) {
+bool loadFile(const std::wstring& entry, RunState& run) {
   std::wstring path = findArrowFile(entry, run.specificationFolder);
   if (path.empty()) path = findArrowFile(base::withSystemSeparators(entry), run.specificationFolder);
   if (path.empty()) {
     run.problems.addNote(
         {section(kArrowSection).name, entry, RefusalReason::kNoSuchFile, 1, Refuser::kDrawing});
-    return;
+    return false;
   }
   const std::wstring block = base::pathText(base::pathFromText(path).stem());
   const std::wstring insertName = hasBlock(block) ? block + L"=" + path : path;
@@ -92,24 +95,24 @@ void loadFile(const std::wstring& entry, RunState& run) {
   if (!insertAtOrigin(insertName)) {
     // An attribute's question ends the command after it has defined the block.
     const AcDbObjectId first = firstEntityOf(run.database, block);
-    if (first.isNull() || first == replaced) run.problems.addProblem(arrowProblem(block));
-    return;
+    const bool isDefined = !first.isNull() && first != replaced;
+    if (!isDefined) run.problems.addProblem(arrowProblem(block));
+    return isDefined;
   }
   // Only the definition is wanted.
   ads_name after;
   if (acdbEntLast(after) == RTNORM && (!hadEntities || !ads_name_equal(before, after))) acdbEntDel(after);
+  return true;
 }
 
 }  // namespace
 
 void loadArrows(RunState& run) {
+  int number = 0;
   for (const std::wstring& entry : run.list(kArrowSection)) {
+    ObservedEntry observed(run.observer, kArrowSection, ++number, entry);
     if (entry.empty()) continue;
-    if (isBuiltInArrow(entry)) {
-      makeBuiltIn(entry, run.problems);
-    } else {
-      loadFile(entry, run);
-    }
+    if (!(isBuiltInArrow(entry) ? makeBuiltIn(entry, run.problems) : loadFile(entry, run))) observed.refuse();
   }
 }
 

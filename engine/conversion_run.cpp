@@ -130,7 +130,7 @@ RunOutcome runConversion(const RunParameters& parameters, ProblemSink& problems)
   }
   AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
   if (database == nullptr || isDrawingEmpty()) return {RunEnd::kEmptyDrawing};
-  RunState run{*database, problems, work, file.parent_path()};
+  RunState run{*database, problems, work, file.parent_path(), parameters.observer};
   convertDrawing(run);
   problems.endOfConversion();
   if (parameters.outputFolder.empty()) return {RunEnd::kConverted};

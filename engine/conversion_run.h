@@ -5,6 +5,7 @@
 
 #include "base/save_format.h"
 #include "engine/problems.h"
+#include "engine/run_observer.h"
 
 namespace kiv {
 
@@ -12,6 +13,7 @@ struct RunParameters {
   std::wstring specification;  // full path; empty: the run refuses
   std::wstring outputFolder;   // with its trailing separator; empty: neither saved nor closed
   base::SaveFormat saveFormat = base::SaveFormat::kDwg;
+  const KivRunObserver* observer = nullptr;  // mostly nobody
 };
 
 enum class RunEnd { kConverted, kNoSpecification, kSpecificationUnreadable, kEmptyDrawing };

@@ -14,6 +14,7 @@
 #include "dbsymtb.h"
 #include "engine/conditions.h"
 #include "engine/entity_results.h"
+#include "engine/setting_observation.h"
 #include "engine/stages.h"
 #include "platform/host_output.h"
 #include "platform/host_variables.h"
@@ -119,7 +120,7 @@ class EntityPasses {
     startMeter(label + L"を変換中", count);
     for (int i = 0; i < count; ++i) {
       moveMeter(i);
-      runSetting(pass, settings[static_cast<std::size_t>(i)]);
+      runSetting(pass, i + 1, settings[static_cast<std::size_t>(i)]);
     }
     if (locked_ > 0) run_.problems.addProblem(lockedProblem(label, locked_));
     if (failed_ > 0) run_.problems.addToLog(failedProblem(label, failed_));
@@ -131,9 +132,9 @@ class EntityPasses {
     std::size_t record;  // index of the work record from the block walk, or kFromSelection
   };
 
-  void runSetting(Pass pass, const std::wstring& flatSetting) {
-    const CompiledSetting setting =
-        compileSetting(flatSetting, pass, [this](const std::wstring& name) { return textList(name); });
+  void runSetting(Pass pass, int number, const std::wstring& flatSetting) {
+    const CompiledSetting setting = compileSetting(flatSetting, pass, textLists());
+    const std::unique_ptr<ObservedSetting> observed = observe(pass, number, flatSetting, setting);
     if (!setting.conditions.canBeTested) return;
     EntityResults results(setting, run_.database, run_.names);
     if (results.empty()) return;
@@ -146,9 +147,45 @@ class EntityPasses {
     failed_ += results.refusedTransparencies();
   }
 
-  void keepBlockRecords(SettingTests& tests) {
+  TextListLoader textLists() {
+    return [this](const std::wstring& name) { return textList(name); };
+  }
+
+  // What the setting says, and how each of the pass's entities stands to its conditions. Null: nobody looks
+  // on.
+  std::unique_ptr<ObservedSetting> observe(Pass pass, int number, const std::wstring& flatSetting,
+                                           const CompiledSetting& setting) {
+    if (run_.observer == nullptr) return nullptr;
+    std::vector<std::wstring> results;
+    for (const ResultItem& item : setting.results) results.push_back(item.key + L"=" + item.value);
+    auto observed = std::make_unique<ObservedSetting>(run_.observer, sectionOf(pass), number, flatSetting,
+                                                      parseFlatSetting(flatSetting).conditions, results);
+    if (run_.observer->objectTested == nullptr) return observed;
+    ObservedConditions conditions(flatSetting, pass, textLists(), run_.names);
+    for (const WorkRecord& record : blockRecords()) observeTest(record.id, conditions, pass, false);
+    BufferChain filter;
+    buildSelectionFilter(pass, {}, filter);
+    const SelectionSet all(filter);
+    for (int i = 0; i < all.size(); ++i) observeTest(all.at(i), conditions, pass, true);
+    return observed;
+  }
+
+  void observeTest(AcDbObjectId id, ObservedConditions& conditions, Pass pass, bool isSelected) {
+    const AcDbEntityPointer entity(id, AcDb::kForRead);
+    if (entity.openStatus() != Acad::eOk) return;
+    const EntityClass entityClass = classes_.of(*entity);
+    const bool isReference = entityClass == EntityClass::kBlockReference;
+    if (isSelected && isReference && pass == Pass::kOther) return;
+    conditions.test(*entity, entityClass, isSelected, *run_.observer);
+  }
+
+  std::vector<WorkRecord>& blockRecords() {
     if (!blockRecords_) blockRecords_ = BlockWalk(run_.database, scope_).run();
-    for (std::size_t i = 0; i < blockRecords_->size(); ++i) {
+    return *blockRecords_;
+  }
+
+  void keepBlockRecords(SettingTests& tests) {
+    for (std::size_t i = 0; i < blockRecords().size(); ++i) {
       const WorkRecord& record = (*blockRecords_)[i];
       if (!tests.passesSummary(record.summary)) continue;
       if (!tests.needsEntity() || passesOpened(record.id, tests)) kept_.push_back({record.id, i});
@@ -178,14 +215,23 @@ class EntityPasses {
     const Acad::ErrorStatus status = entity.openStatus();
     if (status != Acad::eOk) {
       const bool counts = !maybeReference || !isReference(kept.id);
-      if (counts) ++(status == Acad::eOnLockedLayer ? locked_ : failed_);
+      if (!counts) return;
+      ++(status == Acad::eOnLockedLayer ? locked_ : failed_);
+      tellHit(kept.id, status == Acad::eOnLockedLayer ? kKivHitLocked : kKivHitRefused);
       return;
     }
     const EntityClass entityClass = classes_.of(*entity);
     // Block references come in by the block scope and not by selection.
     if (maybeReference && entityClass == EntityClass::kBlockReference) return;
-    results.apply(*entity, entityClass);
+    tellHit(kept.id, kKivHit);
+    results.apply(*entity, entityClass, run_.observer);
     if (kept.record != kFromSelection) (*blockRecords_)[kept.record].summary = summaryOf(*entity);
+  }
+
+  void tellHit(AcDbObjectId id, KivObservedHit hit) const {
+    if (run_.observer == nullptr) return;
+    const KivObservedObject object = observed(id);
+    run_.observer->objectHit(run_.observer->context, &object, hit);
   }
 
   bool isReference(AcDbObjectId id) {
@@ -194,7 +240,7 @@ class EntityPasses {
   }
 
   std::optional<std::vector<std::wstring>> textList(const std::wstring& name) {
-    const auto [entry, isNew] = textLists_.try_emplace(name);
+    const auto [entry, isNew] = loadedLists_.try_emplace(name);
     if (isNew) entry->second = loadTextList(name);
     return entry->second;
   }
@@ -214,7 +260,7 @@ class EntityPasses {
   BlockScope scope_;
   EntityClasses classes_;
   std::optional<std::vector<WorkRecord>> blockRecords_;
-  std::map<std::wstring, std::optional<std::vector<std::wstring>>> textLists_;
+  std::map<std::wstring, std::optional<std::vector<std::wstring>>> loadedLists_;
   std::vector<Kept> kept_;
   int locked_ = 0, failed_ = 0;  // of the current pass
 };

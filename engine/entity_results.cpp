@@ -112,7 +112,7 @@ constexpr WriterOfKind kWriters[] = {
     {kLinetypeScaleKind, writeLinetypeScale},
 };
 
-Status write(AcDbEntity& entity, EntityClass entityClass, const PreparedResult& result) {
+Status writeByKind(AcDbEntity& entity, EntityClass entityClass, const PreparedResult& result) {
   for (const WriterOfKind& row : kWriters) {
     if (row.kind == result.item->kind) return row.write(entity, entityClass, result);
   }
@@ -172,15 +172,20 @@ PreparedResult EntityResults::prepare(const ResultItem& item) const {
   return result;
 }
 
-void EntityResults::apply(AcDbEntity& entity, EntityClass entityClass) {
-  for (PreparedResult& result : results_) {
-    if (result.item->kind == kLayerKind) {
-      setLayer(entity, result);
-      continue;
-    }
-    const Status status = write(entity, entityClass, result);
-    if (status != Acad::eOk) countRefusal(result.refused, status);
+void EntityResults::apply(AcDbEntity& entity, EntityClass entityClass, const KivRunObserver* observer) {
+  for (std::size_t i = 0; i < results_.size(); ++i) {
+    if (observer != nullptr) observer->resultBegins(observer->context, static_cast<int>(i));
+    const Status status = write(entity, entityClass, results_[i]);
+    if (observer != nullptr)
+      observer->resultEnds(observer->context, static_cast<int>(i), status != Acad::eOk ? 1 : 0);
   }
+}
+
+Status EntityResults::write(AcDbEntity& entity, EntityClass entityClass, PreparedResult& result) const {
+  if (result.item->kind == kLayerKind) return setLayer(entity, result);
+  const Status status = writeByKind(entity, entityClass, result);
+  if (status != Acad::eOk) countRefusal(result.refused, status);
+  return status;
 }
 
 int EntityResults::refusedTransparencies() const {
@@ -192,7 +197,7 @@ int EntityResults::refusedTransparencies() const {
   return count;
 }
 
-void EntityResults::setLayer(AcDbEntity& entity, PreparedResult& result) const {
+Status EntityResults::setLayer(AcDbEntity& entity, PreparedResult& result) const {
   const AcDbObjectId from = entity.layerId();
   const auto [entry, isNew] = result.layers.try_emplace(from.asOldId());
   TargetLayer& target = entry->second;
@@ -202,6 +207,7 @@ void EntityResults::setLayer(AcDbEntity& entity, PreparedResult& result) const {
   }
   const Status status = target.id.isNull() ? Acad::eKeyNotFound : entity.setLayer(target.id);
   if (status != Acad::eOk) countRefusal(target.refused, status);
+  return status;
 }
 
 std::wstring EntityResults::renamedLayer(const std::wstring& from, const std::wstring& to) const {

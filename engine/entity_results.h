@@ -11,6 +11,7 @@
 #include "engine/entity_properties.h"
 #include "engine/host_access.h"
 #include "engine/problems.h"
+#include "engine/run_observer.h"
 
 namespace kiv {
 
@@ -43,7 +44,7 @@ class EntityResults {
   bool empty() const { return results_.empty(); }
 
   // Writes every result to an entity that is open for write. A refused result leaves the others applied.
-  void apply(AcDbEntity& entity, EntityClass entityClass);
+  void apply(AcDbEntity& entity, EntityClass entityClass, const KivRunObserver* observer = nullptr);
 
   // Tells the sink of every refusal.
   void reportRefusals(ProblemSink& sink) const;
@@ -52,7 +53,8 @@ class EntityResults {
 
  private:
   PreparedResult prepare(const ResultItem& item) const;
-  void setLayer(AcDbEntity& entity, PreparedResult& result) const;
+  Acad::ErrorStatus write(AcDbEntity& entity, EntityClass entityClass, PreparedResult& result) const;
+  Acad::ErrorStatus setLayer(AcDbEntity& entity, PreparedResult& result) const;
   std::wstring renamedLayer(const std::wstring& from, const std::wstring& to) const;
 
   const CompiledSetting& setting_;

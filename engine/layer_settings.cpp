@@ -1,5 +1,7 @@
 // Settings whose conditions and results are properties of layers.
 
+#include <algorithm>
+#include <map>
 #include <memory>
 #include <span>
 #include <vector>
@@ -11,6 +13,7 @@
 #include "engine/conditions.h"
 #include "engine/layers.h"
 #include "engine/pattern_rename.h"
+#include "engine/setting_observation.h"
 #include "engine/stages.h"
 #include "spec/item_kinds.h"
 
@@ -48,16 +51,38 @@ LayerSetting compile(const std::wstring& line) {
   return setting;
 }
 
+bool passesKind(const LayerSetting& setting, const LayerFacts& layer, std::size_t kind) {
+  const std::span<const ConditionValue<std::wstring>> values = setting.conditions[kind];
+  return passesValues(values, [&](const ConditionValue<std::wstring>& value) {
+    return layerMatches(layer, static_cast<int>(kind), value.value);
+  });
+}
+
 bool passes(const LayerSetting& setting, const LayerFacts& layer) {
   for (std::size_t kind = 0; kind < setting.conditions.size(); ++kind) {
-    const std::span<const ConditionValue<std::wstring>> values = setting.conditions[kind];
-    if (!passesValues(values, [&](const ConditionValue<std::wstring>& value) {
-          return layerMatches(layer, static_cast<int>(kind), value.value);
-        })) {
-      return false;
-    }
+    if (!passesKind(setting, layer, kind)) return false;
   }
   return true;
+}
+
+// A kind's values are held against the layer together, at the last of them.
+void testObserved(const KivRunObserver& observer, const LayerFacts& layer, const std::vector<FlatItem>& items,
+                  const LayerSetting& setting) {
+  std::vector<unsigned char> passed;
+  std::map<int, std::size_t> last;  // by kind
+  for (std::size_t i = 0; i < items.size(); ++i) {
+    const auto meaning = lookUpKey(items[i].key);
+    const bool counts = meaning && hasEffect(meaning->kind, kLayerSettingSection, false);
+    passed.push_back(!counts || layerMatches(layer, meaning->kind, items[i].value) == items[i].equal ? 1 : 0);
+    if (counts) last[meaning->kind] = i;
+  }
+  std::size_t failed = items.size();
+  for (const auto& [kind, at] : last) {
+    if (!passesKind(setting, layer, static_cast<std::size_t>(kind))) failed = std::min(failed, at);
+  }
+  const KivObservedObject object = observed(layer.id);
+  observer.objectTested(observer.context, &object, passed.data(),
+                        failed == items.size() ? -1 : static_cast<int>(failed));
 }
 
 // The host tells a record's name even while the record does not open.
@@ -96,43 +121,73 @@ std::wstring newName(const LayerFacts& layer, const LayerSetting& setting, const
   return to;
 }
 
+enum class Written { kYes, kAlready, kRefused };
+
 // An earlier setting may have renamed the layer, so it is the present name that a new one is held against.
-bool rename(RunState& run, AcDbLayerTableRecord& record, const LayerFacts& layer, const std::wstring& name) {
+Written rename(RunState& run, AcDbLayerTableRecord& record, const LayerFacts& layer,
+               const std::wstring& name) {
   AcString present;
-  if (record.getName(present) == Acad::eOk && base::equalFolded(present.constPtr(), name)) return false;
-  if (record.setName(name.c_str()) == Acad::eOk) return true;
+  if (record.getName(present) == Acad::eOk && base::equalFolded(present.constPtr(), name))
+    return Written::kAlready;
+  if (record.setName(name.c_str()) == Acad::eOk) return Written::kYes;
   run.problems.addProblem(record.isDependent() ? referenceLayerRenameProblem(layer.name)
                                                : layerRenameProblem(layer.name, name));
-  return false;
+  return Written::kRefused;
 }
 
-// True when the record took the result.
-bool writeResult(RunState& run, AcDbLayerTableRecord& record, const LayerFacts& layer,
-                 const LayerSetting& setting, const LayerResult& result) {
+Written writeResult(RunState& run, AcDbLayerTableRecord& record, const LayerFacts& layer,
+                    const LayerSetting& setting, const LayerResult& result) {
   if (result.kind == kLayerKind) return rename(run, record, layer, newName(layer, setting, result.value));
   const Acad::ErrorStatus status = setLayerProperty(record, result.kind, result.value, run.database);
-  if (status == Acad::eOk) return true;
+  if (status == Acad::eOk) return Written::kYes;
   if (result.kind == kFreezeKind && status == Acad::eInvalidLayer) {
     run.problems.addProblem(currentLayerFreezeProblem(layer.name));
-    return false;
+    return Written::kRefused;
   }
   const std::wstring written = asWritten(result.kind, result.value);
   run.problems.addToLog(layerSettingProblem(layer.name, result.key, written));
   run.problems.addNote({result.key, written, refusalOf(status), 1, Refuser::kLayer});
-  return false;
+  return Written::kRefused;
+}
+
+void tellHit(const RunState& run, const LayerFacts& layer, KivObservedHit hit) {
+  if (run.observer == nullptr) return;
+  const KivObservedObject object = observed(layer.id);
+  run.observer->objectHit(run.observer->context, &object, hit);
 }
 
 void writeResults(RunState& run, const LayerFacts& layer, const LayerSetting& setting) {
   AcDbObjectPointer<AcDbLayerTableRecord> record(layer.id, AcDb::kForWrite);
+  tellHit(run, layer, record.openStatus() == Acad::eOk ? kKivHit : kKivHitRefused);
   if (record.openStatus() != Acad::eOk) {
     run.problems.addProblem(layerRecordProblem(layer.name));
     return;
   }
   bool isChanged = false;
-  for (const LayerResult& result : setting.results) {
-    isChanged |= writeResult(run, *record.object(), layer, setting, result);
+  const KivRunObserver* const observer = run.observer;
+  for (std::size_t i = 0; i < setting.results.size(); ++i) {
+    const int number = static_cast<int>(i);
+    if (observer != nullptr) observer->resultBegins(observer->context, number);
+    const Written written = writeResult(run, *record.object(), layer, setting, setting.results[i]);
+    if (observer != nullptr)
+      observer->resultEnds(observer->context, number, written == Written::kRefused ? 1 : 0);
+    isChanged |= written == Written::kYes;
   }
   if (isChanged) switchOffAndOn(*record.object());
+}
+
+// How each layer stands to the setting's conditions. Null: nobody looks on.
+std::unique_ptr<ObservedSetting> observe(const RunState& run, int number, const std::wstring& line,
+                                         const LayerSetting& setting, const std::vector<LayerFacts>& layers) {
+  if (run.observer == nullptr) return nullptr;
+  std::vector<std::wstring> results;
+  for (const LayerResult& result : setting.results) results.push_back(result.key + L"=" + result.value);
+  const std::vector<FlatItem> items = parseFlatSetting(line).conditions;
+  auto observed =
+      std::make_unique<ObservedSetting>(run.observer, kLayerSettingSection, number, line, items, results);
+  if (run.observer->objectTested == nullptr) return observed;
+  for (const LayerFacts& layer : layers) testObserved(*run.observer, layer, items, setting);
+  return observed;
 }
 
 }  // namespace
@@ -140,8 +195,10 @@ void writeResults(RunState& run, const LayerFacts& layer, const LayerSetting& se
 void applyLayerSettings(RunState& run) {
   if (run.list(kLayerSettingSection).empty()) return;
   const std::vector<LayerFacts> layers = readLayers(run);
+  int number = 0;
   for (const std::wstring& line : run.list(kLayerSettingSection)) {
     const LayerSetting setting = compile(line);
+    const std::unique_ptr<ObservedSetting> observed = observe(run, ++number, line, setting, layers);
     if (setting.results.empty()) continue;
     for (const LayerFacts& layer : layers) {
       if (passes(setting, layer)) writeResults(run, layer, setting);

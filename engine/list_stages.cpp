@@ -9,6 +9,7 @@
 #include "dbsymtb.h"
 #include "engine/dimension_variables.h"
 #include "engine/layers.h"
+#include "engine/setting_observation.h"
 #include "engine/stages.h"
 #include "platform/host_variables.h"
 #include "siblings/common/host_releases.h"
@@ -84,13 +85,15 @@ bool addNamed(AcDbDatabase& database, const std::wstring& name,
          table->add(layer.object()) == Acad::eOk;
 }
 
-void createLayer(RunState& run, const std::vector<std::wstring>& fields) {
+// False: the layer was not made, or it refused a property.
+bool createLayer(RunState& run, const std::vector<std::wstring>& fields) {
   const std::wstring& name = fields[0];
   AcDbObjectPointer<AcDbLayerTableRecord> layer;
   if (!addNamed(run.database, name, layer)) {
     run.problems.addProblem(layerNotCreatedProblem(name));
-    return;
+    return false;
   }
+  bool isWhole = true;
   for (std::size_t i = 0; i < kLayerFieldKinds.size() && i + 1 < fields.size(); ++i) {
     const std::wstring& value = fields[i + 1];
     if (value.empty()) continue;  // what a new layer has stays
@@ -101,24 +104,31 @@ void createLayer(RunState& run, const std::vector<std::wstring>& fields) {
     const std::wstring written = asWritten(kLayerFieldKinds[i], value);
     run.problems.addToLog(layerCreationProblem(name, key, written));
     run.problems.addNote({key, written, refusalOf(status), 1, Refuser::kLayer});
+    isWhole = false;
   }
   switchOffAndOn(*layer.object());
+  return isWhole;
 }
 
 }  // namespace
 
 void setDimensionVariables(RunState& run) {
+  int number = 0;
   for (const std::wstring& entry : run.list(kDimensionSettingSection)) {
+    ObservedEntry observed(run.observer, kDimensionSettingSection, ++number, entry);
     const auto assignment = splitAssignment(entry);
     const int row = assignment ? findDimensionVariable(assignment->key) : -1;
     if (row < 0 || setVariable(row, assignment->value)) continue;
     const RefusalReason reason = reasonOf(row, assignment->value);
     run.problems.addNote({assignment->key, assignment->value, reason, 1, Refuser::kDrawing});
+    observed.refuse();
   }
 }
 
 void loadLinetypes(RunState& run) {
+  int number = 0;
   for (const std::wstring& entry : run.list(kLinetypeSection)) {
+    ObservedEntry observed(run.observer, kLinetypeSection, ++number, entry);
     const std::size_t comma = entry.find(L',');
     if (comma == std::wstring::npos) continue;
     const std::wstring file(base::trim(std::wstring_view(entry).substr(0, comma)));
@@ -128,11 +138,14 @@ void loadLinetypes(RunState& run) {
     const Acad::ErrorStatus status = acdbLoadLineTypeFile(linetype.c_str(), file.c_str(), &run.database);
     if (status == Acad::eOk) continue;
     run.tell(linetypeProblem(linetype), linetypeReason(file, status));
+    observed.refuse();
   }
 }
 
 void setUpTextStyles(RunState& run) {
+  int number = 0;
   for (const std::wstring& entry : run.list(kFontSection)) {
+    ObservedEntry observed(run.observer, kFontSection, ++number, entry);
     const std::vector<std::wstring> fields = splitFields(entry);
     if (fields.size() < 2 || fields[0].empty()) continue;
     const bool hasBigFont = fields.size() > 2 && fields[2].find(L"----") == std::wstring::npos;
@@ -143,15 +156,18 @@ void setUpTextStyles(RunState& run) {
     }
     if (status != Acad::eOk) {
       run.problems.addNote({itemKind(kFontKind)->key, fields[0], refusalOf(status), 1, Refuser::kDrawing});
+      observed.refuse();
     }
   }
 }
 
 void createLayers(RunState& run) {
+  int number = 0;
   for (const std::wstring& entry : run.list(kLayerCreationSection)) {
+    ObservedEntry observed(run.observer, kLayerCreationSection, ++number, entry);
     const std::vector<std::wstring> fields = splitFields(entry);
     if (fields[0].empty() || !findInTable(run.database.layerTableId(), fields[0]).isNull()) continue;
-    createLayer(run, fields);
+    if (!createLayer(run, fields)) observed.refuse();
   }
 }
 

@@ -8,6 +8,7 @@
 
 #include "engine/host_access.h"
 #include "engine/problems.h"
+#include "engine/run_observer.h"
 #include "platform/host_output.h"
 #include "spec/cvt_reader.h"
 
@@ -18,6 +19,7 @@ struct RunState {
   ProblemSink& problems;
   const WorkLists& work;
   std::filesystem::path specificationFolder;
+  const KivRunObserver* observer = nullptr;
   SymbolNames names{};  // filled only after the stages that rename layers
 
   // A problem that is read on the command line as well as in the log. The log has no reasons.

@@ -6,6 +6,7 @@
 // Texts handed in are copied. Texts and arrays handed out belong to the module and stay valid until the
 // next call of the same function or the next conversion run, whichever comes first.
 
+#include "engine/run_observer.h"
 #include "siblings/common/export.h"
 
 extern "C" {
@@ -79,26 +80,9 @@ struct KivRunReport {
 KIV_EXPORT int dll_kiv_lastRunReport(KivRunReport* report);
 using KivLastRunReport = int (*)(KivRunReport*);
 
-struct KivDiagnostic {
-  int number;             // numbered reasons of the specification reader
-  int line;               // 1-based; 0: the whole file
-  int dropped;            // 1: the line adds nothing; 0: a warning, the reader keeps what it makes of it
-  const wchar_t* reason;  // for a person
-  const wchar_t* text;    // the line as read
-};
-
-struct KivSpecificationReport {
-  int usable;              // 0: not a conversion specification, or unreadable; `failure` says why
-  const wchar_t* failure;  // empty when usable
-  int settings;            // of the five rule sections
-  int entries;             // of the five list sections
-  int changes;             // settings and entries that can change a drawing at all
-  int diagnosticCount;
-  const KivDiagnostic* diagnostics;  // by line
-};
-
-// Reads a CVT file and tells what the reader makes of it. Returns 1, or 0 for a null pointer.
-KIV_EXPORT int dll_kiv_checkSpecification(const wchar_t* path, KivSpecificationReport* report);
-using KivCheckSpecification = int (*)(const wchar_t*, KivSpecificationReport*);
+// Who is told of everything that the following runs do (see engine/run_observer.h); null: nobody. The record
+// is copied. Returns 1, or 0 for one that lacks a function that it must have.
+KIV_EXPORT int dll_kiv_observeRuns(const KivRunObserver* observer);
+using KivObserveRuns = int (*)(const KivRunObserver*);
 
 }  // extern "C"

@@ -15,9 +15,9 @@ namespace {
 // The log has an entry of a run that an error ended, too.
 RunOutcome run(const ConversionContext& context, RunReport& report) {
   try {
-    return runConversion(
-        {context.contextPaths[kSpecificationPath], context.contextPaths[kOutputFolder], context.saveFormat},
-        report);
+    return runConversion({context.contextPaths[kSpecificationPath], context.contextPaths[kOutputFolder],
+                          context.saveFormat, context.observer ? &*context.observer : nullptr},
+                         report);
   } catch (...) {
     report.addProblem(brokenOffProblem(report.drawing()));
     report.finish({});

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/save_format.h"
+#include "engine/run_observer.h"
 #include "ui/select_base.h"
 
 class AcApDocument;
@@ -52,6 +53,8 @@ struct ConversionContext {
   // The drawings of a batch less the runs that have closed theirs, by hand too. What still has its turn
   // before it is told by the states of the files.
   std::int64_t batchRemaining = 0;
+
+  std::optional<KivRunObserver> observer;  // of every run
 
   PickHandOver pick;  // between the dialog's pickers and the command that waits for it
   Rect dialogRect;    // where the main dialog stood when it was closed last

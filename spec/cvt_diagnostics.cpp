@@ -1,5 +1,6 @@
 #include "spec/cvt_diagnostics.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include "spec/text_search_list.h"
@@ -25,7 +26,7 @@ constexpr Row kRows[] = {
     {CvtProblem::kSectionNotEnded, Effect::kWarns,
      L"section \"%\" has no ---End---; the lines of the sections behind it count as its own"},
     {CvtProblem::kSectionRepeated, Effect::kDrops, L"second occurrence of section \"%\" is ignored"},
-    {CvtProblem::kBadBytes, Effect::kWarns, L"bytes that are not text of code page 932"},
+    {CvtProblem::kBadBytes, Effect::kWarns, L"bytes that are not text of %"},
     {CvtProblem::kAfterEmptyLine, Effect::kDrops,
      L"an empty line ended the list before this line; the entry is lost"},
     {CvtProblem::kNoEndOfFile, Effect::kWarns, L"no [EOF]; the file may be cut off"},
@@ -73,6 +74,15 @@ constexpr Row kRows[] = {
     {CvtProblem::kMissingFields, Effect::kWarns, L"a field is missing or empty; the line does nothing"},
     {CvtProblem::kTextListEmpty, Effect::kWarns,
      L"the text search list \"%\" holds no text; nothing is found by it"},
+    {CvtProblem::kFileInUtf8, Effect::kWarns,
+     L"the file is in UTF-8 and is read so; the dialog, and `kivcvt fmt`, save it in code page 932"},
+    {CvtProblem::kTextListInUtf8, Effect::kWarns,
+     L"the text search list \"%\" is in UTF-8 and is read so; the dialog saves it in code page 932"},
+    {CvtProblem::kOverwritten, Effect::kWarns,
+     L"this value never stays; line % writes another one to all that this setting applies to"},
+    {CvtProblem::kNameNotProvided, Effect::kWarns,
+     L"no list of this file brings \"%\", and it is missing in "},
+    {CvtProblem::kNameNotUsed, Effect::kWarns, L"no drawing that was given has anything named \"%\""},
 };
 
 constexpr std::size_t placeOf(CvtProblem problem) { return static_cast<std::size_t>(problem) - 1; }
@@ -91,7 +101,7 @@ std::wstring endOfReason(const CvtDiagnostic& diagnostic) {
   if (diagnostic.problem == CvtProblem::kTextListCut)
     return std::to_wstring(kTextSearchListCapacity) + L" texts are used";
   const bool looksLikeOther = diagnostic.problem == CvtProblem::kNotText && !detail.empty();
-  return looksLikeOther ? L" (it looks like " + detail + L")" : L"";
+  return looksLikeOther ? L" (it looks like " + detail + L")" : diagnostic.rest;
 }
 
 }  // namespace
@@ -104,5 +114,11 @@ std::wstring diagnosticReason(const CvtDiagnostic& diagnostic) {
 }
 
 bool dropsText(CvtProblem problem) { return kRows[placeOf(problem)].effect == Effect::kDrops; }
+
+void orderByLine(CvtDiagnostics& diagnostics) {
+  const auto place = [](const CvtDiagnostic& d) { return d.line == 0 ? 1 << 30 : d.line; };
+  std::stable_sort(diagnostics.begin(), diagnostics.end(),
+                   [&](const CvtDiagnostic& a, const CvtDiagnostic& b) { return place(a) < place(b); });
+}
 
 }  // namespace kiv

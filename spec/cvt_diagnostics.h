@@ -47,14 +47,20 @@ enum class CvtProblem {
   kMixedWildcard = 36,      // [***] in a setting that has conditions
   kMissingFields = 37,      // a list line of too few fields, or with an empty one: kept, but it does nothing
   kTextListEmpty = 38,      // a text search list without a text
+  kFileInUtf8 = 39,         // the file is read as UTF-8
+  kTextListInUtf8 = 40,     // a text search list is read as UTF-8
+  kOverwritten = 41,        // what a result writes never stays
+  kNameNotProvided = 42,    // a result's name that some drawing lacks and no list of the file brings
+  kNameNotUsed = 43,        // a condition's name that no drawing has
 };
-inline constexpr CvtProblem kLastCvtProblem = CvtProblem::kTextListEmpty;
+inline constexpr CvtProblem kLastCvtProblem = CvtProblem::kNameNotUsed;
 
 struct CvtDiagnostic {
   CvtProblem problem;
   int line = 0;         // 1-based line of the file; 0: the whole file
   std::wstring text;    // the line as it stands in the file, trimmed; may be empty
   std::wstring detail;  // the key, section or characters that it is about; may be empty
+  std::wstring rest{};  // what the sentence says behind that; mostly empty
 };
 
 // One English sentence without the line number.
@@ -64,5 +70,8 @@ std::wstring diagnosticReason(const CvtDiagnostic& diagnostic);
 bool dropsText(CvtProblem problem);
 
 using CvtDiagnostics = std::vector<CvtDiagnostic>;
+
+// Those of the whole file last.
+void orderByLine(CvtDiagnostics& diagnostics);
 
 }  // namespace kiv

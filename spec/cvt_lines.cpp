@@ -11,11 +11,14 @@ namespace kiv {
 std::vector<CvtLine> cvtLines(std::string_view bytes, CvtDiagnostics& diagnostics) {
   std::vector<CvtLine> lines;
   int number = 0;
+  const bool isUtf8 = base::isSurelyUtf8(bytes);
+  if (isUtf8) diagnostics.push_back({CvtProblem::kFileInUtf8, 0, {}, {}});
   for (const base::TextLine& line : base::textLines(bytes)) {
     ++number;
     const std::wstring_view whole = line.text;
     const std::wstring shown(base::trim(whole));
-    if (!line.clean) diagnostics.push_back({CvtProblem::kBadBytes, number, shown, {}});
+    if (!line.clean)
+      diagnostics.push_back({CvtProblem::kBadBytes, number, shown, isUtf8 ? L"UTF-8" : L"code page 932"});
     if (whole.size() > kCvtLineLimit) diagnostics.push_back({CvtProblem::kLineTooLong, number, shown, {}});
     size_t at = 0;
     do {
@@ -77,10 +80,11 @@ std::wstring otherEncoding(std::string_view bytes) {
   const std::string_view start = bytes.substr(0, 4096);
   const auto zeros = std::count(start.begin(), start.end(), '\0');
   if (mark16 || (start.size() > 8 && zeros * 8 > static_cast<std::ptrdiff_t>(start.size()))) return L"UTF-16";
+  // What is sure to be UTF-8 is read so.
   const bool ascii =
       std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-  if (bytes.starts_with("\xef\xbb\xbf") || (!ascii && base::decode(bytes, base::kUtf8).clean))
-    return L"UTF-8";
+  const bool couldBe = !ascii && !base::isSurelyUtf8(bytes) && base::decode(bytes, base::kUtf8).clean;
+  if (couldBe) return L"UTF-8";
   return {};
 }
 

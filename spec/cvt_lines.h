@@ -49,7 +49,8 @@ std::optional<KeyAndValue> splitAssignment(std::wstring_view entry);
 std::vector<std::wstring> splitFields(std::wstring_view line);
 std::wstring joinFields(const std::vector<std::wstring>& fields);
 
-// What the bytes look like when they are not in the code page: "UTF-8", "UTF-16"; else empty.
+// What bytes look like that make no specification: UTF-8 that could be the code page as well, UTF-16; else
+// empty.
 std::wstring otherEncoding(std::string_view bytes);
 
 }  // namespace kiv

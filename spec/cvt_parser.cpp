@@ -1,10 +1,10 @@
 #include "spec/cvt_parser.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "base/files.h"
 #include "spec/cvt_lines.h"
+#include "spec/cvt_overwritten.h"
 #include "spec/cvt_section_pass.h"
 #include "spec/text_search_list.h"
 
@@ -25,7 +25,7 @@ class OutlineCheck {
       if (inside_) {
         inside_ = line.folded != kFoldedEndOfSection;
       } else if (line.folded == kRemarkHeader) {
-        ++at;
+        takeRemark(++at);
       } else {
         takeOutside(line);
       }
@@ -40,6 +40,13 @@ class OutlineCheck {
   }
 
  private:
+  // The first one that says something is kept.
+  void takeRemark(size_t at) {
+    if (at >= lines_.size() || lines_[at].text.empty()) return;
+    if (hasRemark_) report(CvtProblem::kOutsideSections, lines_[at]);
+    hasRemark_ = true;
+  }
+
   void takeOutside(const CvtLine& line) {
     for (const SectionInfo& info : sections()) {
       if (line.folded != info.header) continue;
@@ -66,20 +73,28 @@ class OutlineCheck {
   CvtDiagnostics& diagnostics_;
   std::array<bool, kSectionCount> seen_{};
   bool inside_ = false;
+  bool hasRemark_ = false;
 };
 
-void orderByLine(CvtDiagnostics& diagnostics) {
-  const auto place = [](const CvtDiagnostic& d) { return d.line == 0 ? 1 << 30 : d.line; };
-  std::stable_sort(diagnostics.begin(), diagnostics.end(),
-                   [&](const CvtDiagnostic& a, const CvtDiagnostic& b) { return place(a) < place(b); });
+std::vector<CvtProblem> problemsOf(const std::filesystem::path& folder, const std::wstring& textList) {
+  const auto loaded = loadTextSearchList(folder, textList);
+  if (!loaded.ok()) {
+    const bool isForeign = loaded.failure().kind == base::FailureKind::kForeignContent;
+    return {isForeign ? CvtProblem::kTextListUnusable : CvtProblem::kTextListMissing};
+  }
+  std::vector<CvtProblem> problems;
+  if (loaded.value().isUtf8) problems.push_back(CvtProblem::kTextListInUtf8);
+  if (loaded.value().texts.empty()) problems.push_back(CvtProblem::kTextListEmpty);
+  if (loaded.value().isCut) problems.push_back(CvtProblem::kTextListCut);
+  return problems;
 }
 
-std::optional<CvtProblem> problemOf(const std::filesystem::path& folder, const std::wstring& textList) {
-  const auto loaded = loadTextSearchList(folder, textList);
-  if (loaded.ok() && loaded.value().texts.empty()) return CvtProblem::kTextListEmpty;
-  if (loaded.ok()) return loaded.value().isCut ? std::optional(CvtProblem::kTextListCut) : std::nullopt;
-  return loaded.failure().kind == base::FailureKind::kForeignContent ? CvtProblem::kTextListUnusable
-                                                                     : CvtProblem::kTextListMissing;
+void checkTextList(const std::filesystem::path& folder, const CvtTextList& list, ParsedCvt& parsed) {
+  for (const CvtProblem problem : problemsOf(folder, list.name)) {
+    parsed.diagnostics.push_back({problem, list.line, list.text, list.name});
+    if (problem == CvtProblem::kTextListMissing || problem == CvtProblem::kTextListUnusable)
+      parsed.unreadableTextLists.insert(list.name);
+  }
 }
 
 }  // namespace
@@ -149,17 +164,11 @@ base::Result<ParsedCvt> parseCvtFile(const std::filesystem::path& file) {
 base::Result<ParsedCvt> checkCvtFile(const std::filesystem::path& file) {
   auto parsed = parseCvtFile(file);
   if (!parsed.ok()) return parsed;
-  CvtDiagnostics& diagnostics = parsed.value().diagnostics;
   for (const CvtSection& section : parsed.value().sections) {
-    for (const CvtTextList& list : section.textLists) {
-      const auto problem = problemOf(file.parent_path(), list.name);
-      if (!problem) continue;
-      diagnostics.push_back({*problem, list.line, list.text, list.name});
-      if (*problem == CvtProblem::kTextListMissing || *problem == CvtProblem::kTextListUnusable)
-        parsed.value().unreadableTextLists.insert(list.name);
-    }
+    for (const CvtTextList& list : section.textLists) checkTextList(file.parent_path(), list, parsed.value());
   }
-  orderByLine(diagnostics);
+  findOverwritten(parsed.value());
+  orderByLine(parsed.value().diagnostics);
   return parsed;
 }
 

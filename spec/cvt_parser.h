@@ -25,15 +25,26 @@ struct CvtTextList {
   std::wstring text;  // the line as it stands in the file, trimmed
 };
 
+struct CvtPlace {
+  int line;
+  std::wstring text;  // the line as it stands in the file, trimmed
+};
+// Where the items of a setting stand.
+struct CvtSettingPlaces {
+  std::vector<CvtPlace> conditions, results;
+};
+
 struct CvtSection {
   bool found = false;
-  int linesExamined = 0;          // between the header and the end
-  std::vector<Setting> settings;  // of a rule section; names and colours as the editor has them
+  int linesExamined = 0;                        // between the header and the end
+  std::vector<Setting> settings;                // of a rule section; names and colours as the editor has them
+  std::vector<CvtSettingPlaces> settingPlaces;  // of the same settings
   // Of a list section; the fields in the order of the line, trimmed. 5: one field when the line has no
   // comma, else two. 7: three or nine, the colour as the editor has it
   // or empty. 8: file, linetype. 9: style, font
   // and, when there is one, big font. 10: one field.
   std::vector<std::vector<std::wstring>> entries;
+  std::vector<CvtPlace> entryPlaces;   // of the same entries
   int changingEntries = 0;             // those that have what they need to do something
   std::vector<CvtTextList> textLists;  // that a conversion looks for beside the file
 };
@@ -57,7 +68,7 @@ ParsedCvt parseCvt(std::string_view bytes);
 
 // Failures: those of reading a file.
 base::Result<ParsedCvt> parseCvtFile(const std::filesystem::path& file);
-// The same with warnings of the text search lists that the file names.
+// The same with warnings of the text search lists that the file names, and of values that never stay.
 base::Result<ParsedCvt> checkCvtFile(const std::filesystem::path& file);
 
 }  // namespace kiv

@@ -4,7 +4,6 @@
 
 #include "base/files.h"
 #include "spec/cvt_lines.h"
-#include "spec/cvt_parser.h"
 #include "spec/value_forms.h"
 
 namespace kiv {
@@ -58,6 +57,15 @@ std::wstring joined(std::vector<std::wstring> fields, int section) {
 
 }  // namespace
 
+Specification specificationOf(const ParsedCvt& parsed) {
+  Specification specification;
+  specification.remark = parsed.remark;
+  for (const SectionInfo& info : sections()) {
+    fill(specification, info.number, parsed.sections[static_cast<size_t>(info.number - 1)]);
+  }
+  return specification;
+}
+
 TreeLoad loadSpecification(const std::filesystem::path& folder, std::wstring_view fileName) {
   TreeLoad load;
   load.specification.fileName = fileName;
@@ -67,12 +75,10 @@ TreeLoad loadSpecification(const std::filesystem::path& folder, std::wstring_vie
   if (!parsed.ok()) return load;
   load.isRead = true;
   load.isSpecification = parsed.value().hasKnownSection();
-  load.specification.remark = parsed.value().remark;
+  load.specification = specificationOf(parsed.value());
+  load.specification.fileName = fileName;
   load.linesExamined = parsed.value().linesExamined();
   load.diagnostics = parsed.value().diagnostics;
-  for (const SectionInfo& info : sections()) {
-    fill(load.specification, info.number, parsed.value().sections[static_cast<size_t>(info.number - 1)]);
-  }
   return load;
 }
 

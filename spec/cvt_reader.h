@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "spec/cvt_diagnostics.h"
+#include "spec/cvt_parser.h"
 #include "spec/specification.h"
 
 namespace kiv {
@@ -22,6 +23,9 @@ struct TreeLoad {
 };
 
 TreeLoad loadSpecification(const std::filesystem::path& folder, std::wstring_view fileName);
+
+// As it is edited; without a file name.
+Specification specificationOf(const ParsedCvt& parsed);
 
 // The index is the section's number minus one: 0 texts, 1 dimensions, 2 hatches, 3 other entities,
 // 4 dimension variables to set, 5 layer settings, 6 layers to create, 7 linetypes to load, 8 text styles,

@@ -87,12 +87,14 @@ void CvtSectionPass::takeItem(const CvtLine& line) {
   const bool wildcard = brace_ ? (takeResult(line), false) : takeCondition(line);
   if (anyItem_ || wildcard || !hasCurrent_) return;
   section_.settings.pop_back();
+  section_.settingPlaces.pop_back();
   hasCurrent_ = false;
 }
 
 bool CvtSectionPass::takeCondition(const CvtLine& line) {
   if (!hasCurrent_) {
     section_.settings.push_back({L"設定" + std::to_wstring(section_.settings.size() + 1), {}, {}});
+    section_.settingPlaces.emplace_back();
     hasCurrent_ = true;
     wildcard_ = false;
     opened_ = &line;
@@ -109,6 +111,7 @@ bool CvtSectionPass::takeCondition(const CvtLine& line) {
     section_.textLists.push_back({item.value, line.number, line.text});
   }
   conditions.push_back(std::move(item));
+  section_.settingPlaces.back().conditions.push_back({line.number, line.text});
   return false;
 }
 
@@ -121,6 +124,7 @@ bool CvtSectionPass::takeResult(const CvtLine& line) {
   if (!readItem(line, true, item)) return false;
   CvtItemCheck(info_.number, item, line, diagnostics_).checkResult();
   section_.settings.back().results.push_back(std::move(item));
+  section_.settingPlaces.back().results.push_back({line.number, line.text});
   return true;
 }
 
@@ -165,7 +169,7 @@ void CvtSectionPass::checkSetting(const Setting& setting) {
 
 void CvtSectionPass::takeListLine(const CvtLine& line) {
   if (info_.number == kArrowSection) {
-    section_.entries.push_back({line.text});
+    addEntry(line, {line.text});
     section_.changingEntries += splitFields(line.text).front().empty() ? 0 : 1;
     return;
   }
@@ -190,7 +194,7 @@ void CvtSectionPass::takeListLine(const CvtLine& line) {
   if (given == 1 && !assignment) fields.emplace_back();
   if (fields.size() == 3 && (fields[2].empty() || fields[2].find(L"----") != std::wstring::npos))
     fields.pop_back();
-  section_.entries.push_back(std::move(fields));
+  addEntry(line, std::move(fields));
 }
 
 // Split as a conversion does it, in the file's own case. False: there is no such variable.
@@ -227,7 +231,12 @@ void CvtSectionPass::takeLayer(const CvtLine& line) {
   }
   section_.changingEntries += fields[0].empty() ? 0 : 1;
   if (!fields[1].empty()) fields[1] = colorText(colorNumberOfFileText(fields[1]));
+  addEntry(line, std::move(fields));
+}
+
+void CvtSectionPass::addEntry(const CvtLine& line, std::vector<std::wstring> fields) {
   section_.entries.push_back(std::move(fields));
+  section_.entryPlaces.push_back({line.number, line.text});
 }
 
 void CvtSectionPass::reportLostEntries(size_t from) {

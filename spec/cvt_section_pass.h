@@ -35,6 +35,7 @@ class CvtSectionPass {
   void takeLayer(const CvtLine& line);
   bool checkVariable(const CvtLine& line, size_t fieldsKept);
   void checkValue(const CvtLine& line, int kind, const std::wstring& variable, const std::wstring& value);
+  void addEntry(const CvtLine& line, std::vector<std::wstring> fields);
   void reportLostEntries(size_t from);
   void report(CvtProblem problem, const CvtLine& line, std::wstring detail = {});
 

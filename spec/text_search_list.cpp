@@ -17,28 +17,35 @@ base::Failure cannotOpen(const std::filesystem::path& file) {
   return {base::pathText(file), kTextListCannotOpen};
 }
 
-}  // namespace
-
-base::Result<std::vector<std::wstring>> readTextSearchList(const std::filesystem::path& file) {
+// Whole, however long it is.
+base::Result<LoadedTextList> readList(const std::filesystem::path& file) {
   const auto content = base::readFile(file);
   if (!content.ok()) return cannotOpen(file);
   const std::vector<base::TextLine> lines = base::textLines(content.value());
   if (lines.empty() || !base::equalFolded(lines[0].text, kHeader)) {
     return base::Failure{base::pathText(file), kTextListNotUsable, base::FailureKind::kForeignContent};
   }
-  std::vector<std::wstring> rows;
-  for (size_t index = 1; index < lines.size(); ++index) rows.push_back(lines[index].text);
-  return rows;
+  LoadedTextList list;
+  for (size_t index = 1; index < lines.size(); ++index) list.texts.push_back(lines[index].text);
+  list.isUtf8 = base::isSurelyUtf8(content.value());
+  return list;
+}
+
+}  // namespace
+
+base::Result<std::vector<std::wstring>> readTextSearchList(const std::filesystem::path& file) {
+  auto read = readList(file);
+  if (!read.ok()) return read.failure();
+  return std::move(read.value().texts);
 }
 
 base::Result<LoadedTextList> loadTextSearchList(const std::filesystem::path& folder, std::wstring_view name) {
   const std::filesystem::path file = base::findIgnoringCase(folder, name);
   if (file.empty()) return cannotOpen(folder / base::pathFromText(name));
-  auto rows = readTextSearchList(file);
-  if (!rows.ok()) return rows.failure();
-  LoadedTextList list{std::move(rows.value())};
-  list.isCut = list.texts.size() > kTextSearchListCapacity;
-  if (list.isCut) list.texts.resize(kTextSearchListCapacity);
+  auto list = readList(file);
+  if (!list.ok()) return list;
+  list.value().isCut = list.value().texts.size() > kTextSearchListCapacity;
+  if (list.value().isCut) list.value().texts.resize(kTextSearchListCapacity);
   return list;
 }
 

@@ -24,6 +24,7 @@ base::Result<std::vector<std::wstring>> readTextSearchList(const std::filesystem
 struct LoadedTextList {
   std::vector<std::wstring> texts;  // at most kTextSearchListCapacity
   bool isCut = false;               // the file has more
+  bool isUtf8 = false;              // and not in the code page of such files
 };
 // The list `name` of `folder`, the name's case ignored.
 base::Result<LoadedTextList> loadTextSearchList(const std::filesystem::path& folder, std::wstring_view name);

@@ -1,3 +1,4 @@
+#include "base/disk.h"
 #include "base/files.h"
 
 #include <windows.h>
@@ -116,8 +117,9 @@ DWORD reasonOfRefusal(const fs::path& target, DWORD error) {
 DWORD replaceFile(const fs::path& temporary, const fs::path& target) {
   constexpr int kTries = 20;
   constexpr DWORD kPause = 25;  // milliseconds
+  const DWORD flags = MOVEFILE_REPLACE_EXISTING | (isWaitingForDisk() ? MOVEFILE_WRITE_THROUGH : 0);
   for (int tries = 1;; ++tries) {
-    if (MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING) != 0) return 0;
+    if (MoveFileExW(temporary.c_str(), target.c_str(), flags) != 0) return 0;
     const DWORD error = GetLastError();
     const bool passing = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
     if (!passing || tries == kTries) return reasonOfRefusal(target, error);
@@ -160,7 +162,8 @@ class ReplacingFile : public AtomicFile {
 
   Status commit() override {
     flush();
-    setRemovedWhenClosed(file_.get(), false);
+    if (error_ == 0 && isWaitingForDisk() && FlushFileBuffers(file_.get()) == 0) error_ = GetLastError();
+    setRemovedWhenClosed(file_.get(), error_ != 0);
     file_.close();
     if (error_ == 0) error_ = replaceFile(temporary_, target_);
     if (error_ != 0) return systemFailure(target_, error_);

@@ -44,6 +44,13 @@ Status writeText(std::FILE* stream, std::wstring_view text) {
   return Failure{{}, fileFailure({}, errno).reason};
 }
 
+std::optional<std::size_t> terminalColumns(std::FILE* stream) {
+  const HANDLE output = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
+  CONSOLE_SCREEN_BUFFER_INFO info{};
+  if (GetConsoleScreenBufferInfo(output, &info) == 0) return std::nullopt;
+  return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
+}
+
 void prepareStandardStreams() {}
 
 }  // namespace base

@@ -70,6 +70,8 @@ class Drawing final : public DrawingChanges {
   bool isShapeFile(RecordId style) const;
 
   // --- Blocks -----------------------------------------------------------------------------------------
+  // Model space first, then the paper spaces in the order in which people see them; always one of each.
+  std::vector<Layout> layouts() const { return storage().layouts(*this); }
   Point basePoint(RecordId block) const;  // of model space: that of a reference to the whole drawing
   base::Result<RecordId> defineBlock(std::wstring_view name, std::span<const Shape> shapes);
   // Copies the model space of `source` as the block `name`, with the layers, linetypes, styles and nested

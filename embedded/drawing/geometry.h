@@ -50,7 +50,8 @@ struct EllipseGeometry {  // the normal turns the minor axis only: centre and ax
 struct PolylineGeometry {
   struct Vertex {
     Point at;
-    double bulge = 0;  // tangent of a quarter of the arc's angle to the next vertex
+    double bulge = 0;                     // tangent of a quarter of the arc's angle to the next vertex
+    double startWidth = 0, endWidth = 0;  // of the piece to the next vertex
   };
   std::vector<Vertex> vertices;
   bool closed = false;
@@ -145,13 +146,38 @@ struct HatchGeometry {
     std::vector<std::variant<LineGeometry, ArcGeometry, EllipseGeometry, SplineGeometry, PolylineGeometry>>
         edges;
   };
+  // A family of parallel lines, as the pattern's scale and angle have made it.
+  struct Line {
+    double angle = 0;            // degrees
+    Point base;                  // on one of the lines, where its dashes begin
+    Point offset;                // from there to the beginning of the next line's dashes
+    std::vector<double> dashes;  // > 0 a dash, < 0 a gap, 0 a dot; empty: continuous
+  };
   std::vector<Path> paths;
   bool solid = false;
+  std::vector<Line> lines;
+  // The first of the colours between which a solid hatch changes, 0xRRGGBB; absent: it is of one colour.
+  std::optional<std::int32_t> gradient;
 };
 
-using GeometryShape = std::variant<std::monostate, LineGeometry, PointGeometry, ArcGeometry, EllipseGeometry,
-                                   PolylineGeometry, MeshGeometry, SolidGeometry, SplineGeometry,
-                                   TextGeometry, InsertGeometry, DimensionGeometry, HatchGeometry>;
+// A window in a paper space through which model space is seen.
+struct ViewportGeometry {
+  Point centre;  // in the paper space
+  double width = 0, height = 0;
+  bool isSpace = false;  // it stands for the paper space itself
+  bool on = true;
+  Point target, direction{0, 0, 1};  // of the view, world coordinates
+  Point viewCentre;                  // against the target, in the view's own plane
+  double viewHeight = 0;             // what of model space is as high as the window
+  double twist = 0;                  // of the view, degrees
+  std::vector<RecordId> frozenLayers;
+  RecordId boundary = kNoRecord;  // the entity that cuts the window out; kNoRecord: it is a rectangle
+};
+
+using GeometryShape =
+    std::variant<std::monostate, LineGeometry, PointGeometry, ArcGeometry, EllipseGeometry, PolylineGeometry,
+                 MeshGeometry, SolidGeometry, SplineGeometry, TextGeometry, InsertGeometry, DimensionGeometry,
+                 HatchGeometry, ViewportGeometry>;
 
 struct Geometry {
   GeometryShape shape;  // monostate: nothing that is drawn

@@ -16,6 +16,7 @@
 #include "embedded/drawing/block_entity.h"
 #include "embedded/drawing/drawing_file.h"
 #include "embedded/drawing/geometry.h"
+#include "embedded/drawing/layout.h"
 #include "embedded/drawing/linetype_pattern.h"
 #include "embedded/drawing/property.h"
 
@@ -33,17 +34,30 @@ class Drawing;
 // A variable's value by the host's own type.
 using Variable = std::variant<std::int64_t, double, std::wstring>;
 
-// What an entity has besides its signature; the defaults where its record says nothing.
+// What an entity has besides its signature, or a layer's record; the defaults where it says nothing.
 struct EntityLooks {
   std::int16_t lineWeight = -1;           // as Property::kLineWeight
-  std::int32_t transparency = 0;          // as Property::kTransparency
+  std::int32_t transparency = 0;          // as Property::kTransparency; of an entity
   std::optional<std::int32_t> trueColor;  // 0xRRGGBB beside the colour number
+  double linetypeScale = 1;               // of an entity
 };
 
 // A dimension variable and what it is.
 struct DimValue {
   const DimVariableInfo* variable = nullptr;
   Variable value;
+};
+
+// A variable of the header, by its name without the dollar sign, with all its values as one text.
+struct HeaderValue {
+  std::string name;
+  std::wstring text;
+};
+
+// Which parts of a record otherData() tells.
+struct OtherParts {
+  bool handles = true;   // references to other records
+  bool geometry = true;  // what stands where a record's geometry stands
 };
 
 // A state of a record: the newest of a chain of changes, none of which is altered (Record::edits).
@@ -86,6 +100,16 @@ class RecordStorage {
   virtual std::optional<Handle> handle(const Record& record) const = 0;
   virtual StoredValue property(const Record& record, Property property) const = 0;
   virtual EntityLooks looks(const Record& entity) const = 0;
+  // Whether two states of an entity differ in nothing but what every entity has (layer, colour, linetype and
+  // so on). False too where that is not to be told at a glance.
+  virtual bool differInCommonOnly(const Record&, const Record&) const { return false; }
+  // Whether a record of another drawing certainly holds the same, its handle included. False says nothing.
+  virtual bool holdsSame(const Record& record, const RecordStorage& other, const Record& others) const {
+    return &other == this && others.offset == record.offset && others.edits == record.edits;
+  }
+  // What the record holds that none of the properties and dimension variables tells, each piece as a text in
+  // the format's own terms, alike for values that are.
+  virtual std::vector<std::wstring> otherData(const Record&, const OtherParts&) const { return {}; }
   // Whether records of this type have the property and the file's version can hold it.
   virtual bool canHold(const Record& record, Property property) const = 0;
   virtual Geometry readGeometry(const Drawing& drawing, RecordId entity) const = 0;
@@ -121,6 +145,7 @@ class RecordStorage {
   // copies what it knows of them.
   virtual std::unique_ptr<BlockCopy> copierFrom(Drawing& drawing, const Drawing& source) = 0;
   virtual Point basePoint(const Drawing& drawing, RecordId block) const = 0;
+  virtual std::vector<Layout> layouts(const Drawing& drawing) const = 0;
   // An entity at the end of a block that is no space, on layer 0, everything else by its layer.
   virtual base::Result<RecordId> addEntity(Drawing& drawing, RecordId block, std::string_view type,
                                            const Geometry& geometry) = 0;
@@ -141,6 +166,7 @@ class RecordStorage {
                                       const Variable& value) = 0;
   virtual base::Status removeDimOverride(Drawing& drawing, RecordId id, const DimVariableInfo& variable) = 0;
   virtual std::optional<Variable> headerVariable(const Drawing& drawing, std::string_view name) const = 0;
+  virtual std::vector<HeaderValue> headerVariables(const Drawing&) const { return {}; }  // in their order
   virtual base::Status setHeaderVariable(Drawing& drawing, std::string_view name, const Variable& value) = 0;
 };
 

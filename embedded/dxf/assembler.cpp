@@ -53,9 +53,11 @@ bool Assembler::begin(std::string_view value, std::uint64_t offset) {
     entity_ = true;
     main_ = kNoRecord;
     reader_.begin(type);
+    handles_.begin(record_);
     return true;
   }
   classify(type);
+  handles_.begin(record_);
   sawEnd_ = type == "EOF";
   sectionEnded_ = type == "ENDSEC";
   return !sawEnd_;
@@ -68,10 +70,9 @@ bool Assembler::close(std::uint64_t end) {
   }
   record_.length = static_cast<std::uint32_t>(end - record_.offset);
   if (entity_) {
-    if (lastSignature_ == 0 || !reader_.sameAsBefore()) {
-      lastSignature_ = loaded_.signatures.intern(reader_.finish(loaded_.names, dialect_));
-    }
-    record_.signature = lastSignature_;
+    SignatureId& signature = signatures_.find(reader_.fields());
+    if (signature == 0) signature = loaded_.signatures.intern(reader_.finish(loaded_.names, dialect_));
+    record_.signature = signature;
     layerNames_ = reader_.namesLayers();
     if (reader_.straying()) record_.flags |= kStraying;
     const bool ownedByModelSpace =
@@ -86,6 +87,7 @@ bool Assembler::close(std::uint64_t end) {
 void Assembler::finish(std::uint64_t end, std::uint64_t size) {
   if (open_) close(sawEnd_ ? size : end);
   open_ = false;
+  handles_.tell(frame_);
   if (sawEnd_) return;
   // Where EOF would stand, new sections are placed before what is there instead, if only no bytes.
   record_ = Record{};

@@ -9,17 +9,28 @@
 #include "embedded/drawing/drawing.h"
 #include "embedded/dxf/dialect.h"
 #include "embedded/dxf/file_frame.h"
+#include "embedded/dxf/largest_handle.h"
+#include "embedded/dxf/signature_cache.h"
 #include "embedded/dxf/signature_reader.h"
 
 namespace cad::dxf {
 
 class Assembler {
  public:
-  explicit Assembler(const Dialect& dialect) : dialect_(dialect) {}
+  // `size`: the length of the file.
+  Assembler(const Dialect& dialect, std::size_t size) : dialect_(dialect) {
+    constexpr std::size_t kShortRecord = 128;  // what is reserved and not used costs no memory
+    loaded_.records.reserve(size / kShortRecord);
+  }
 
+  // A group of this code, other than the file's last, is of no concern here.
+  bool passesOver(int code) const {
+    return code != 0 && entity_ && !SignatureReader::heeds(code) && !handles_.awaits(code);
+  }
   // `offset`: where the group begins in the file. False: the file is at its end, or failed() says why not.
   bool group(int code, std::string_view value, std::uint64_t offset) {
     if (code == 0) return begin(value, offset);
+    handles_.group(code, value);
     if (entity_) {
       reader_.group(code, value);
     } else if (code == 2 && !named_) {
@@ -68,7 +79,8 @@ class Assembler {
   bool mainIsInsert_ = false;
   std::string upperType_;
   std::string_view plainType_;  // of the last entity when such entities have no parts: most follow their like
-  SignatureId lastSignature_ = 0;
+  SignatureCache signatures_;
+  LargestHandle handles_;
   const wchar_t* failure_ = nullptr;
 };
 

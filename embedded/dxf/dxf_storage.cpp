@@ -7,6 +7,7 @@
 #include "embedded/drawing/stored_text.h"
 #include "embedded/dxf/group_cursor.h"
 #include "embedded/dxf/group_writer.h"
+#include "embedded/dxf/largest_handle.h"
 #include "embedded/dxf/signature_reader.h"
 
 namespace cad::dxf {
@@ -77,9 +78,8 @@ std::string_view DxfStorage::typeName(const Record& record) const {
 }
 
 std::optional<Handle> DxfStorage::handle(const Record& record) const {
-  if (record.kind == RecordKind::kFrame || record.kind == RecordKind::kOther) return std::nullopt;
-  // In a dimension style group 5 is an arrow block's name.
-  const int code = record.table == Table::kDimStyle && record.kind == RecordKind::kTableRecord ? 105 : 5;
+  const int code = handleCode(record);
+  if (code == kNoHandle) return std::nullopt;
   RegionCursor cursor(original(record), dialect_);
   while (cursor.next()) {
     if (cursor.region() == Region::kExtendedData) break;

@@ -58,6 +58,10 @@ class DxfStorage final : public RecordStorage {
   std::optional<Handle> handle(const Record& record) const override;
   StoredValue property(const Record& record, Property property) const override;
   EntityLooks looks(const Record& entity) const override;
+  bool differInCommonOnly(const Record& before, const Record& now) const override;
+  bool holdsSame(const Record& record, const RecordStorage& other,
+                 const Record& others) const override;  // in other_data.cpp, as the next
+  std::vector<std::wstring> otherData(const Record& record, const OtherParts& parts) const override;
   bool canHold(const Record& record, Property property) const override;
   Geometry readGeometry(const Drawing& drawing, RecordId entity) const override;  // in geometry_reader.cpp
   base::Result<EditId> setProperty(Drawing& drawing, const Record& record, Property property,
@@ -80,6 +84,7 @@ class DxfStorage final : public RecordStorage {
                                      std::span<const Shape> shapes) override;
   std::unique_ptr<BlockCopy> copierFrom(Drawing& drawing, const Drawing& source) override;
   Point basePoint(const Drawing& drawing, RecordId block) const override;
+  std::vector<Layout> layouts(const Drawing& drawing) const override;  // in layouts.cpp
   base::Result<RecordId> addEntity(Drawing& drawing, RecordId block, std::string_view type,
                                    const Geometry& geometry) override;
   base::Status addEntities(Drawing& drawing, RecordId block, std::span<const BlockEntity> entities) override;
@@ -93,6 +98,7 @@ class DxfStorage final : public RecordStorage {
                               const Variable& value) override;
   base::Status removeDimOverride(Drawing& drawing, RecordId id, const DimVariableInfo& variable) override;
   std::optional<Variable> headerVariable(const Drawing& drawing, std::string_view name) const override;
+  std::vector<HeaderValue> headerVariables(const Drawing& drawing) const override;
   base::Status setHeaderVariable(Drawing& drawing, std::string_view name, const Variable& value) override;
 
   // --- Places of new records (placement.cpp) ------------------------------------------------------------
@@ -130,11 +136,16 @@ class DxfStorage final : public RecordStorage {
   // The header's state with the next free handle raised to `seed`; and that handle, 0 without one.
   EditId raiseHandleSeed(const Record& header, Handle seed);
   Handle handleSeed(const Record& header) const;
+  std::optional<Handle> largestHandle(const Drawing& drawing) const;  // of the file's records
   // A variable that is a point ("INSBASE"); absent when the header does not have it.
   std::optional<Point> headerPoint(const Drawing& drawing, std::string_view name) const;
   // What frames a section (SECTION, ENDSEC) or a table (TABLE, ENDTAB).
   std::string sectionBytes(Section section, bool end) const;
   std::string tableBytes(Table table, std::optional<Handle> handle, bool end) const;
+
+  // Where the property of the place stands in the record's present bytes. Kept until the next call: a value
+  // is mostly read before it is changed.
+  const Located& look(const Record& record, const PropertyPlace& place) const;
 
   std::shared_ptr<const SourceBytes> source_;
   std::string_view file_;  // its bytes
@@ -152,6 +163,15 @@ class DxfStorage final : public RecordStorage {
   Handle nextHandle_ = 0;                          // 0: not yet known
   bool withoutHandles_ = false;                    // an old file that has none
   std::optional<std::pair<EditId, Handle>> seed_;  // the header's next free handle in one of its states
+  struct Look {
+    const PropertyPlace* place = nullptr;
+    std::uint64_t offset = 0;
+    EditId edits = kNoEdit;
+    std::uint8_t flags = 0;
+    std::string scratch;
+    Located located;
+  };
+  mutable Look look_;
   mutable std::set<std::string, std::less<>> upperTypes_;  // of types that the file has in lower case
 };
 

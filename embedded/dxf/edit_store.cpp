@@ -1,5 +1,7 @@
 #include "embedded/dxf/edit_store.h"
 
+#include <algorithm>
+
 namespace cad::dxf {
 
 EditStore::EditStore() {
@@ -12,13 +14,21 @@ TextId EditStore::keepRecord(std::string bytes) {
   return static_cast<TextId>(texts_.size() - 1);
 }
 
+TextId& EditStore::latestLike(std::string_view bytes) {
+  std::size_t place = bytes.size();
+  for (const char c : bytes.substr(bytes.size() - std::min<std::size_t>(bytes.size(), 4)))
+    place = place * 5 + static_cast<unsigned char>(c);
+  return latest_[place % latest_.size()];
+}
+
 TextId EditStore::keepText(std::string_view bytes) {
-  if (texts_[lastText_] == bytes) return lastText_;
+  TextId& latest = latestLike(bytes);
+  if (texts_[latest] == bytes) return latest;
   const auto found = shared_.find(bytes);
-  if (found != shared_.end()) return lastText_ = found->second;
-  lastText_ = keepRecord(std::string(bytes));
-  shared_.emplace(texts_[lastText_], lastText_);
-  return lastText_;
+  if (found != shared_.end()) return latest = found->second;
+  latest = keepRecord(std::string(bytes));
+  shared_.emplace(texts_[latest], latest);
+  return latest;
 }
 
 bool EditStore::isLong(EditId edit) const {

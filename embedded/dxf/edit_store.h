@@ -2,6 +2,7 @@
 // Immutable edits of records, chained from the newest to the oldest, and the bytes that they put in.
 // A state of a record is one edit; going back to an older state is going back to an older edit.
 
+#include <array>
 #include <cstdint>
 #include <deque>
 #include <string>
@@ -46,7 +47,9 @@ class EditStore {
   std::vector<Edit> edits_;
   std::deque<std::string> texts_;
   std::unordered_map<std::string_view, TextId> shared_;
-  TextId lastText_ = 0;
+  // The latest of those that look alike: most changes put in one of few texts.
+  TextId& latestLike(std::string_view bytes);
+  std::array<TextId, 64> latest_{};
 };
 
 }  // namespace cad::dxf

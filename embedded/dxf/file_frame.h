@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 #include "embedded/drawing/record.h"
 
@@ -25,6 +26,12 @@ struct FileFrame {
   std::array<RecordId, kSections> sectionBegin, sectionEnd;  // SECTION (of the header: all of it), ENDSEC
   std::array<RecordId, kTables> tableHead, tableEnd;         // TABLE, ENDTAB
   RecordId endOfFile = kNoRecord;                            // EOF
+  // The largest handle of the file's records, if any has one; unknown when `handlesUnknown`.
+  std::optional<Handle> largestHandle;
+  bool handlesUnknown = false;
 };
+
+// Nothing counts up to larger ones in earnest; behind them the numbers would begin anew.
+inline constexpr Handle kLargestHandle = Handle{1} << 62;
 
 }  // namespace cad::dxf

@@ -47,5 +47,6 @@ Geometry readHatch(const GeometryGroups& groups);
 Geometry readLightPolyline(const GeometryGroups& groups);
 Geometry readPolyline(const Drawing& drawing, const DxfStorage& storage, RecordId polyline);
 Geometry readFace(const GeometryGroups& groups);
+Geometry readViewport(const Drawing& drawing, const DxfStorage& storage, RecordId viewport);
 
 }  // namespace cad::dxf

@@ -301,6 +301,7 @@ constexpr TypeReader kReaders[] = {
     {"LEADER", readLeader},
     {"3DFACE", [](const Source& from) { return readFace(from.groups); }},
     {"ACAD_TABLE", readTable},
+    {"VIEWPORT", [](const Source& from) { return readViewport(from.drawing, from.storage, from.id); }},
 };
 
 }  // namespace

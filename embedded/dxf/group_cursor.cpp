@@ -5,8 +5,6 @@
 #include <charconv>
 #include <cmath>
 
-#include "embedded/dxf/text_lines.h"
-
 namespace cad::dxf {
 namespace {
 
@@ -76,18 +74,16 @@ std::optional<double> parseReal(std::string_view text) {
   return value;
 }
 
-template <char kEnd>
-bool readLines(std::string_view bytes, std::size_t position, Group& group) {
-  if (position >= bytes.size()) return false;
-  const char* const base = bytes.data();
-  const char* const end = base + bytes.size();
-  const char* at = base + position;
-  if (!takeCode<kEnd>(at, end, group.code)) return false;
-  const char* const lineEnd = takeValue<kEnd>(at, end, group.value);
-  group.begin = static_cast<std::uint32_t>(position);
-  group.valueBegin = static_cast<std::uint32_t>(at - base);
-  group.end = static_cast<std::uint32_t>((lineEnd == end ? end : lineEnd + 1) - base);
-  return true;
+// Digits as nearly all files have them: few, upper-case, without blanks.
+std::optional<Handle> plainHex(std::string_view digits) {
+  if (digits.empty() || digits.size() > 15) return std::nullopt;
+  Handle value = 0;
+  for (const char c : digits) {
+    const bool decimal = c >= '0' && c <= '9';
+    if (!decimal && (c < 'A' || c > 'F')) return std::nullopt;
+    value = value << 4 | static_cast<Handle>(decimal ? c - '0' : c - 'A' + 10);
+  }
+  return value;
 }
 
 }  // namespace
@@ -140,15 +136,6 @@ std::string commentsIn(std::string_view bytes, const Dialect& dialect) {
   return comments;
 }
 
-bool GroupCursor::next() {
-  bool found = false;
-  do {
-    found = dialect_.binary ? readBinaryGroup(bytes_, group_.end, dialect_.wideCodes, group_)
-                            : readTextGroup(bytes_, group_.end, dialect_.lineEnd, group_);
-  } while (found && group_.code == kComment);
-  return found;
-}
-
 std::optional<std::int64_t> integerValue(const Group& group, const Dialect& dialect) {
   const ValueType type = valueType(group.code);
   const bool text = type == ValueType::kText || type == ValueType::kHandle;
@@ -181,6 +168,7 @@ std::optional<double> realValue(const Group& group, const Dialect& dialect) {
 }
 
 std::optional<Handle> handleValue(const Group& group) {
+  if (const auto plain = plainHex(group.value)) return plain;
   const std::string_view value = trimmed(group.value);
   Handle handle = 0;
   const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), handle, 16);

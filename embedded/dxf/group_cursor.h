@@ -12,6 +12,7 @@
 
 #include "embedded/drawing/record.h"
 #include "embedded/dxf/dialect.h"
+#include "embedded/dxf/text_lines.h"
 
 namespace cad::dxf {
 
@@ -26,12 +27,39 @@ struct Group {
 inline constexpr int kComment = 999;
 inline constexpr int kLayerName = 1003;  // in extended data
 
+// One group, read at `position` of `bytes`; false when there is no whole group of a valid code.
+bool readTextGroup(std::string_view bytes, std::size_t position, LineEnd lineEnd, Group& group);
+bool readBinaryGroup(std::string_view bytes, std::size_t position, bool wideCodes, Group& group);
+bool readGroup(std::string_view bytes, std::size_t position, const Dialect& dialect, Group& group);
+// Of a text file whose lines end so.
+template <char kEnd>
+inline bool readLines(std::string_view bytes, std::size_t position, Group& group) {
+  if (position >= bytes.size()) return false;
+  const char* const base = bytes.data();
+  const char* const end = base + bytes.size();
+  const char* at = base + position;
+  if (!takeCode<kEnd>(at, end, group.code)) return false;
+  const char* const lineEnd = takeValue<kEnd>(at, end, group.value);
+  group.begin = static_cast<std::uint32_t>(position);
+  group.valueBegin = static_cast<std::uint32_t>(at - base);
+  group.end = static_cast<std::uint32_t>((lineEnd == end ? end : lineEnd + 1) - base);
+  return true;
+}
+
 // Passes over comments, which may stand between any two groups and are no part of what is written.
 class GroupCursor {
  public:
   // `bytes` and `dialect` must outlive the cursor. The bytes may be any: a broken group ends the walk.
   GroupCursor(std::string_view bytes, const Dialect& dialect) : bytes_(bytes), dialect_(dialect) {}
-  bool next();  // false at the end
+  bool next() {  // false at the end
+    bool found = false;
+    do {
+      found = !dialect_.binary && dialect_.lineEnd != LineEnd::kCr
+                  ? readLines<'\n'>(bytes_, group_.end, group_)
+                  : readGroup(bytes_, group_.end, dialect_, group_);
+    } while (found && group_.code == kComment);
+    return found;
+  }
   const Group& group() const { return group_; }
 
  private:
@@ -40,10 +68,6 @@ class GroupCursor {
   Group group_;
 };
 
-// One group, read at `position` of `bytes`; false when there is no whole group of a valid code.
-bool readTextGroup(std::string_view bytes, std::size_t position, LineEnd lineEnd, Group& group);
-bool readBinaryGroup(std::string_view bytes, std::size_t position, bool wideCodes, Group& group);
-bool readGroup(std::string_view bytes, std::size_t position, const Dialect& dialect, Group& group);
 // The comments among the groups of `bytes`, which are whole groups.
 std::string commentsIn(std::string_view bytes, const Dialect& dialect);
 

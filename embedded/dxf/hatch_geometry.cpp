@@ -1,4 +1,4 @@
-// The boundary paths of a hatch. Their groups mean what they do by their order alone.
+// The boundary paths and the pattern of a hatch. Their groups mean what they do by their order alone.
 
 #include <algorithm>
 #include <cmath>
@@ -154,12 +154,36 @@ class PathReader {
   std::size_t at_ = 0;
 };
 
+// Each family of lines begins with its angle, which no other part of a hatch tells by this code.
+std::vector<HatchGeometry::Line> patternLines(const GeometryGroups& groups) {
+  std::vector<HatchGeometry::Line> lines;
+  for (const Group& group : groups.all()) {
+    if (group.code == 53) lines.push_back({groups.value(group), {}, {}, {}});
+    if (lines.empty()) continue;
+    HatchGeometry::Line& line = lines.back();
+    if (group.code == 43) line.base.x = groups.value(group);
+    if (group.code == 44) line.base.y = groups.value(group);
+    if (group.code == 45) line.offset.x = groups.value(group);
+    if (group.code == 46) line.offset.y = groups.value(group);
+    if (group.code == 49) line.dashes.push_back(groups.value(group));
+  }
+  return lines;
+}
+
+// Two or more colours, each with its place, its number and its value.
+std::optional<std::int32_t> firstGradientColor(const GeometryGroups& groups) {
+  if (groups.integer(450) == 0 || !groups.has(421)) return std::nullopt;
+  return groups.integer(421) & 0xFFFFFF;
+}
+
 }  // namespace
 
 Geometry readHatch(const GeometryGroups& groups) {
   HatchGeometry shape;
   shape.solid = groups.integer(70) != 0;
   shape.paths = PathReader(groups).read();
+  if (!shape.solid) shape.lines = patternLines(groups);
+  shape.gradient = firstGradientColor(groups);
   return {std::move(shape), groups.normal()};
 }
 

@@ -250,6 +250,21 @@ std::optional<Variable> DxfStorage::headerVariable(const Drawing& drawing, std::
   return entry != nullptr ? readValue(*this, *entry) : std::nullopt;
 }
 
+std::vector<HeaderValue> DxfStorage::headerVariables(const Drawing& drawing) const {
+  std::vector<HeaderValue> values;
+  if (headerRecord() == kNoRecord) return values;
+  const RecordGroups groups(*this, drawing.record(headerRecord()));
+  for (const HeaderEntry& entry : readEntries(groups)) {
+    HeaderValue value{std::string(entry.name.substr(std::min<std::size_t>(entry.name.size(), 1))), {}};
+    for (std::size_t i = 0; i < entry.count; ++i) {
+      if (i > 0) value.text += L", ";
+      value.text += valueText(*this, entry.values[i]);
+    }
+    values.push_back(std::move(value));
+  }
+  return values;
+}
+
 base::Status DxfStorage::setHeaderVariable(Drawing& drawing, std::string_view name, const Variable& value) {
   const HeaderVariableInfo info = findHeaderVariable(name);
   const std::optional<Variable> present = headerVariable(drawing, name);

@@ -50,6 +50,12 @@ Broken scanText(std::string_view bytes, std::size_t start, Assembler& assembler)
       return {whole ? L"This line should be a group code" : L"The file ends in the middle of a group",
               offset};
     }
+    if (assembler.passesOver(code)) {
+      if (const char* const lineEnd = findLineEnd<kEnd>(at, end); lineEnd != end) {
+        at = lineEnd + 1;
+        continue;
+      }
+    }
     std::string_view value;
     const char* const lineEnd = takeValue<kEnd>(at, end, value);
     if (code == 0 && value.size() < 3 && isStartOfEnd(bytes.substr(offset))) return {kNoEnd, offset, true};
@@ -114,7 +120,7 @@ base::Result<std::unique_ptr<Drawing>> read(std::shared_ptr<const SourceBytes> s
   const bool mark = bytes.starts_with(kByteOrderMark);
   const std::size_t start = prefixLength(bytes);
   const Dialect dialect = fileDialect(bytes.substr(0, std::size_t{1} << 20));
-  Assembler assembler(dialect);
+  Assembler assembler(dialect, bytes.size());
   const Broken broken = scan(bytes, start, dialect, assembler);
   const bool lacksEnd = !assembler.sawEnd() && broken.betweenGroups && assembler.isWholeWithoutEnd();
   if (!assembler.sawEnd() && !lacksEnd) {

@@ -16,9 +16,6 @@ base::Failure noPlace() { return {{}, L"The drawing's file has no place for new 
 // Handles are taken in steps, so that the header changes once in a while only.
 constexpr Handle kSeedStep = 64;
 
-// Nothing counts up to larger ones in earnest; behind them the numbers would begin anew.
-constexpr Handle kLargestHandle = Handle{1} << 62;
-
 bool isEntity(RecordKind kind) { return kind == RecordKind::kEntity || kind == RecordKind::kSubEntity; }
 
 Handle usable(Handle seed) { return seed > kLargestHandle ? 0 : seed; }
@@ -61,19 +58,25 @@ void DxfStorage::takeBack(RecordId record) {
   for (auto* slots : {&frame_.tableHead, &frame_.tableEnd}) std::ranges::replace(*slots, record, kNoRecord);
 }
 
+std::optional<Handle> DxfStorage::largestHandle(const Drawing& drawing) const {
+  if (!frame_.handlesUnknown) return frame_.largestHandle;
+  std::optional<Handle> largest;
+  for (RecordId id = 0; id < drawing.recordCount(); ++id) {
+    const std::optional<Handle> own = handle(drawing.record(id));
+    if (own && *own <= kLargestHandle) largest = std::max(largest.value_or(0), *own);
+  }
+  return largest;
+}
+
 std::optional<Handle> DxfStorage::takeHandle(Drawing& drawing) {
   if (withoutHandles_) return std::nullopt;
   const RecordId header = headerRecord();
   if (nextHandle_ == 0) {
     nextHandle_ = header == kNoRecord ? 0 : handleSeed(drawing.record(header));
-    bool any = nextHandle_ != 0;
+    const std::optional<Handle> largest = largestHandle(drawing);
+    const bool any = nextHandle_ != 0 || largest;
     nextHandle_ = usable(nextHandle_);
-    for (RecordId id = 0; id < drawing.recordCount(); ++id) {
-      const auto own = handle(drawing.record(id));
-      if (!own || *own > kLargestHandle) continue;
-      any = true;
-      nextHandle_ = std::max(nextHandle_, *own + 1);
-    }
+    if (largest) nextHandle_ = std::max(nextHandle_, *largest + 1);
     withoutHandles_ = !any && facts_.version == Version::kR12;
     if (withoutHandles_) return std::nullopt;
     nextHandle_ = std::max<Handle>(nextHandle_, 0x100);

@@ -20,7 +20,9 @@ struct Vertex {
       corners{};  // of a face: numbers from 1; below 0 when the edge that begins there is hidden
 };
 
-std::vector<Vertex> verticesOf(const Drawing& drawing, const DxfStorage& storage, RecordId polyline) {
+// Those without widths of their own have the polyline's.
+std::vector<Vertex> verticesOf(const Drawing& drawing, const DxfStorage& storage, RecordId polyline,
+                               double startWidth, double endWidth) {
   std::vector<Vertex> vertices;
   for (const RecordId part : drawing.subRecordsOf(polyline)) {
     if (drawing.record(part).erased() || drawing.typeName(part) != "VERTEX") continue;
@@ -28,7 +30,8 @@ std::vector<Vertex> verticesOf(const Drawing& drawing, const DxfStorage& storage
     Vertex vertex;
     vertex.flags = groups.integer(70);
     if ((vertex.flags & kControlPoint) != 0) continue;
-    vertex.drawn = {groups.point(10), groups.real(42)};
+    vertex.drawn = {groups.point(10), groups.real(42), groups.real(40, startWidth),
+                    groups.real(41, endWidth)};
     for (int corner = 0; corner < 4; ++corner) {
       vertex.corners[static_cast<std::size_t>(corner)] = groups.integer(71 + corner);
     }
@@ -84,7 +87,7 @@ MeshGeometry facesOf(const std::vector<Vertex>& vertices) {
 Geometry readPolyline(const Drawing& drawing, const DxfStorage& storage, RecordId polyline) {
   const GeometryGroups groups(storage, drawing.record(polyline));
   const int flags = groups.integer(70);
-  std::vector<Vertex> vertices = verticesOf(drawing, storage, polyline);
+  std::vector<Vertex> vertices = verticesOf(drawing, storage, polyline, groups.real(40), groups.real(41));
   if ((flags & kMesh) != 0) return {meshOf(vertices, groups)};
   if ((flags & kFaces) != 0) return {facesOf(vertices)};
   PolylineGeometry shape;
@@ -101,11 +104,14 @@ Geometry readLightPolyline(const GeometryGroups& groups) {
   PolylineGeometry shape;
   shape.closed = (groups.integer(70) & kClosed) != 0;
   const double elevation = groups.real(38);
+  const double width = groups.real(43);
   bool wide = false;
   for (const Group& group : groups.all()) {
     if (group.code == 40 || group.code == 41 || group.code == 43) wide = wide || groups.value(group) != 0;
-    if (group.code == 10) shape.vertices.push_back({{groups.value(group), 0, elevation}, 0});
+    if (group.code == 10) shape.vertices.push_back({{groups.value(group), 0, elevation}, 0, width, width});
     if (shape.vertices.empty()) continue;
+    if (group.code == 40) shape.vertices.back().startWidth = groups.value(group);
+    if (group.code == 41) shape.vertices.back().endWidth = groups.value(group);
     if (group.code == 20) shape.vertices.back().at.y = groups.value(group);
     if (group.code == 42) shape.vertices.back().bulge = groups.value(group);
   }

@@ -1,5 +1,6 @@
 // Reading and writing of typed properties in DXF records.
 
+#include <optional>
 #include <string>
 
 #include "embedded/dxf/dxf_storage.h"
@@ -80,6 +81,28 @@ bool hasLineBreak(const StoredValue& value) {
 // Records that were added have not been looked through.
 bool isStraying(const Record& record) { return (record.flags & (Record::kAdded | kStraying)) != 0; }
 
+// Where what every entity has ends, by the markers, if nothing else stands before.
+std::optional<std::uint32_t> endOfCommon(std::string_view entity, const Dialect& dialect) {
+  constexpr int kHandle = 5, kMarker = 100, kOwner = 330;
+  RegionCursor cursor(entity, dialect);
+  while (cursor.next()) {
+    const int code = cursor.group().code;
+    if (cursor.leftHome()) return cursor.group().begin;
+    const bool isCommon =
+        code == 0 || code == kHandle || code == kMarker || code == kOwner || isCommonCode(code);
+    if (!isCommon && cursor.region() != Region::kApplication) return std::nullopt;
+  }
+  return std::nullopt;
+}
+
+// A layer's colour number with the other sign turns the layer on or off and leaves its colour.
+bool turnsLayer(const PropertyPlace& place, const Located& located, const StoredValue& value,
+                const Dialect& dialect) {
+  if (place.property != Property::kLayerColor || !located.group) return false;
+  const auto* number = std::get_if<std::int64_t>(&value);
+  return number != nullptr && integerValue(*located.group, dialect) == -*number;
+}
+
 std::wstring ascii(std::string_view text) { return std::wstring(text.begin(), text.end()); }
 
 }  // namespace
@@ -89,17 +112,28 @@ bool DxfStorage::canHold(const Record& record, Property property) const {
   return place != nullptr && facts_.version >= place->since;
 }
 
+bool DxfStorage::differInCommonOnly(const Record& before, const Record& now) const {
+  std::string scratchBefore, scratchNow;
+  const std::string_view former = bytes(before, scratchBefore), present = bytes(now, scratchNow);
+  const std::optional<std::uint32_t> formerEnd = endOfCommon(former, dialect_),
+                                     presentEnd = endOfCommon(present, dialect_);
+  return !isStraying(now) && formerEnd && presentEnd &&
+         former.substr(*formerEnd) == present.substr(*presentEnd);
+}
+
 EntityLooks DxfStorage::looks(const Record& entity) const {
   EntityLooks looks;
   std::string scratch;
   RegionCursor cursor(bytes(entity, scratch), dialect_);
+  const bool isLayer = entity.kind == RecordKind::kTableRecord;
   while (cursor.next() && !cursor.leftHome()) {
-    if (!cursor.inCommon()) continue;
+    if (isLayer ? cursor.region() == Region::kExtendedData : !cursor.inCommon()) continue;
     const Group& group = cursor.group();
     const auto value = [&] { return integerValue(group, dialect_).value_or(0); };
     if (group.code == 370) looks.lineWeight = static_cast<std::int16_t>(value());
     if (group.code == 440) looks.transparency = static_cast<std::int32_t>(value());
     if (group.code == kTrueColor) looks.trueColor = static_cast<std::int32_t>(value());
+    if (group.code == 48) looks.linetypeScale = realValue(group, dialect_).value_or(1);
   }
   return looks;
 }
@@ -108,10 +142,11 @@ StoredValue DxfStorage::property(const Record& record, Property property) const 
   const std::string_view type = typeName(record);
   const PropertyPlace* place = findPlace(record.kind, type, property);
   if (place == nullptr) return {};
-  std::string scratch;
-  const std::string_view present = bytes(record, scratch);
-  if (isSpecial(type, *place)) return readSpecial(present, dialect_, type, property);
-  const Located located = locate(present, dialect_, *place, isStraying(record));
+  if (isSpecial(type, *place)) {
+    std::string scratch;
+    return readSpecial(bytes(record, scratch), dialect_, type, property);
+  }
+  const Located& located = look(record, *place);
   if (!located.group) return {};
   return readValue(*located.group, propertyInfo(property).type, dialect_);
 }
@@ -153,6 +188,17 @@ base::Result<EditId> DxfStorage::changed(const Record& record, Property property
   return setGeneric(record, *place, value);
 }
 
+const Located& DxfStorage::look(const Record& record, const PropertyPlace& place) const {
+  const bool isKnown = look_.place == &place && look_.offset == record.offset &&
+                       look_.edits == record.edits && look_.flags == record.flags;
+  if (!isKnown) {
+    look_.located = locate(bytes(record, look_.scratch), dialect_, place, isStraying(record));
+    look_.place = &place, look_.offset = record.offset;
+    look_.edits = record.edits, look_.flags = record.flags;
+  }
+  return look_.located;
+}
+
 EditId DxfStorage::changeValue(const Record& record, const PropertyPlace& place, const Located& located,
                                const StoredValue& value) {
   if (!located.group) {
@@ -165,29 +211,23 @@ EditId DxfStorage::changeValue(const Record& record, const PropertyPlace& place,
 }
 
 EditId DxfStorage::withoutProperty(const Record& record, const PropertyPlace& place) {
-  std::string scratch;
   Record state = record;
   for (;;) {
-    const Located located = locate(bytes(state, scratch), dialect_, place, isStraying(record));
+    const Located& located = look(state, place);
     if (!located.group) return state.edits;
     state.edits = withoutGroup(state, *located.group);
   }
 }
 
 EditId DxfStorage::setGeneric(const Record& record, const PropertyPlace& place, const StoredValue& value) {
-  std::string scratch;
   Record state = record;
-  Located located = locate(bytes(state, scratch), dialect_, place, isStraying(record));
-  // A layer's colour number with the other sign turns the layer on or off and leaves its colour.
-  const auto old = located.group ? integerValue(*located.group, dialect_) : std::nullopt;
-  const auto* number = std::get_if<std::int64_t>(&value);
-  const bool sameColor =
-      place.property == Property::kLayerColor && old && number != nullptr && *old == -*number;
-  while (!sameColor && (located.trueColor || located.colorName)) {
-    state.edits = withoutGroup(state, located.trueColor ? *located.trueColor : *located.colorName);
-    located = locate(bytes(state, scratch), dialect_, place, isStraying(record));
+  const Located* located = &look(state, place);
+  const bool keepsColor = turnsLayer(place, *located, value, dialect_);
+  while (!keepsColor && (located->trueColor || located->colorName)) {
+    state.edits = withoutGroup(state, located->trueColor ? *located->trueColor : *located->colorName);
+    located = &look(state, place);
   }
-  return changeValue(state, place, located, value);
+  return changeValue(state, place, *located, value);
 }
 
 }  // namespace cad::dxf

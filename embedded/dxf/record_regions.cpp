@@ -121,9 +121,12 @@ class CommonGroup {
 class CommonPlace {
  public:
   explicit CommonPlace(int code) : code_(code) {}
+  static bool heeds(int code) {
+    return code == kType || code == kHandle || code == kLayer || code == kMarker;
+  }
   void look(const RegionCursor& cursor) {
     const int code = cursor.group().code;
-    if (code != kType && code != kHandle && code != kLayer && code != kMarker) return;
+    if (!heeds(code)) return;
     const bool atHome = cursor.inCommon();
     Rank rank = Rank::kHead;
     if (code == kLayer) rank = atHome ? Rank::kLayer : Rank::kStrayedLayer;
@@ -187,6 +190,7 @@ Located locateCommon(std::string_view bytes, const Dialect& dialect, int code, b
   const bool isColor = code == kColorNumber;
   while (cursor.next() && cursor.region() < Region::kEmbedded) {
     if (cursor.leftHome() && (!straying || (wanted.atHome() && !isColor))) break;
+    if (const int at = cursor.group().code; at != code && !isColor && !CommonPlace::heeds(at)) continue;
     wanted.look(cursor);
     place.look(cursor);
     if (!isColor) continue;

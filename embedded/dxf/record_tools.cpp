@@ -6,6 +6,7 @@ RecordGroups::RecordGroups(const DxfStorage& storage, const Record& record) {
   bytes_ = storage.bytes(record, scratch_);
   GroupCursor cursor(bytes_, storage.dialect());
   while (cursor.next()) groups_.push_back(cursor.group());
+  while (plainCount_ < groups_.size() && groups_[plainCount_].code < 1000) ++plainCount_;
 }
 
 const Group* RecordGroups::find(int code) const {
@@ -14,16 +15,7 @@ const Group* RecordGroups::find(int code) const {
   return nullptr;
 }
 
-std::size_t RecordGroups::plainCount() const {
-  std::size_t count = 0;
-  while (count < groups_.size() && groups_[count].code < 1000) ++count;
-  return count;
-}
-
-std::uint32_t RecordGroups::plainEnd() const {
-  const std::size_t count = plainCount();
-  return count == 0 ? 0 : groups_[count - 1].end;
-}
+std::uint32_t RecordGroups::plainEnd() const { return plainCount_ == 0 ? 0 : groups_[plainCount_ - 1].end; }
 
 bool writesOwners(const Drawing& drawing, const DxfStorage& storage) {
   const Version version = storage.facts().version;

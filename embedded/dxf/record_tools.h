@@ -23,7 +23,7 @@ class RecordGroups {
   std::string_view bytes() const { return bytes_; }
   const Group* find(int code) const;  // the first; null when absent
   // Number of groups before the extended data.
-  std::size_t plainCount() const;
+  std::size_t plainCount() const { return plainCount_; }
   // Where a new group may go in front of the extended data.
   std::uint32_t plainEnd() const;
 
@@ -31,6 +31,7 @@ class RecordGroups {
   std::string scratch_;
   std::string_view bytes_;
   std::vector<Group> groups_;
+  std::size_t plainCount_ = 0;
 };
 
 // Owners by handle (330) stand in files from 2000 on; older ones have them when they were written by newer
@@ -44,6 +45,9 @@ std::wstring blockName(const Drawing& drawing, RecordId block);
 
 // Extended data may stand in the file only under an application that it knows.
 base::Status requireApplication(Drawing& drawing, std::wstring_view name);
+
+// A group's value for a person, alike for numbers that are.
+std::wstring valueText(const DxfStorage& storage, const Group& group);
 
 base::Failure failure(std::wstring_view what, std::wstring_view reason);
 

@@ -13,11 +13,13 @@ namespace {
 
 using std::string_view_literals::operator""sv;
 
-constexpr std::size_t kBuffer = std::size_t{1} << 20;
+constexpr std::size_t kBuffer = std::size_t{1} << 18;  // stays in the processor's cache
 
 class Output {
  public:
-  Output(base::AtomicFile& file, std::string_view source) : file_(file), source_(source) {}
+  Output(base::AtomicFile& file, std::string_view source) : file_(file), source_(source) {
+    buffer_.reserve(2 * kBuffer);
+  }
 
   // Part of the source; neighbouring parts become one.
   void copy(std::size_t offset, std::size_t length) {

@@ -22,8 +22,8 @@ std::string_view textClass(std::string_view type) {
 }  // namespace
 
 void SignatureReader::begin(std::string_view type) {
-  before_ = fields_;
   fields_ = {};
+  paper_ = {};
   fields_.type = type;
   textClass_ = textClass(type);
   common_ = {};
@@ -71,7 +71,7 @@ void SignatureReader::take(int code, std::string_view value) {
     case 62:
       return common(code, value, fields_.color, picks_.color);
     case 67:
-      return common(code, value, fields_.paper, picks_.paper);
+      return common(code, value, paper_, picks_.paper);
     case 100:
       return marker(value);
     case 101:
@@ -91,29 +91,20 @@ void SignatureReader::take(int code, std::string_view value) {
   }
 }
 
-NameId SignatureReader::intern(NamePool& names, std::string_view value, std::size_t slot) {
-  Recent& recent = recent_[slot];
-  if (recent.name == kNoName || recent.value != value) {
-    recent.name = names.intern(value);
-    recent.value = names.stored(recent.name);  // outlives the bytes that were read
-  }
-  return recent.name;
-}
-
 bool SignatureReader::inPaperSpace(const Dialect& dialect) const {
-  return !fields_.paper.empty() && number(67, fields_.paper, dialect) == 1;
+  return !paper_.empty() && number(67, paper_, dialect) == 1;
 }
 
-Signature SignatureReader::finish(NamePool& names, const Dialect& dialect) {
+Signature SignatureReader::finish(NamePool& names, const Dialect& dialect) const {
   const auto named = [](std::string_view value, std::string_view absent) {
     value = trimmed(value);
     return value.empty() ? absent : value;
   };
   Signature result;
-  result.type = intern(names, fields_.type, 0);
-  result.layer = intern(names, named(fields_.layer, "0"), 1);
-  result.linetype = intern(names, named(fields_.linetype, "ByLayer"), 2);
-  if (!textClass_.empty()) result.style = intern(names, named(fields_.style, "Standard"), 3);
+  result.type = names.intern(fields_.type);
+  result.layer = names.intern(named(fields_.layer, "0"));
+  result.linetype = names.intern(named(fields_.linetype, "ByLayer"));
+  if (!textClass_.empty()) result.style = names.intern(named(fields_.style, "Standard"));
   const auto color = number(62, fields_.color, dialect);
   if (color && *color >= std::numeric_limits<std::int16_t>::min() &&
       *color <= std::numeric_limits<std::int16_t>::max()) {

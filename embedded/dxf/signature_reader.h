@@ -1,6 +1,8 @@
 #pragma once
 // Picks out of an entity's groups what its signature is made of.
 
+#include <array>
+#include <cstddef>
 #include <string_view>
 
 #include "embedded/drawing/names.h"
@@ -13,17 +15,23 @@ namespace cad::dxf {
 
 class SignatureReader {
  public:
-  void begin(std::string_view type);
-  // Every group of the record after the first, in order.
-  void group(int code, std::string_view value) {
-    // Coordinates are most of a drawing and none of them matters here.
-    if (code >= 9 && code < 48) return;
-    take(code, value);
+  // Whether a group of this code says anything here: most of a drawing is coordinates, which do not.
+  static bool heeds(int code) {
+    return code < 0 || code >= kCodes || kHeeded[static_cast<std::size_t>(code)];
   }
-  Signature finish(NamePool& names, const Dialect& dialect);
-  // Whether the record has what the one before it had; its signature is then the same. The bytes of both
-  // must still be there.
-  bool sameAsBefore() const { return fields_ == before_; }
+
+  void begin(std::string_view type);
+  // The groups of the record after the first, in order; those that are not heeded may be left out.
+  void group(int code, std::string_view value) {
+    if (heeds(code)) take(code, value);
+  }
+  Signature finish(NamePool& names, const Dialect& dialect) const;
+  // What the signature is made of, as it stands in the record, whose bytes must still be there.
+  struct Fields {
+    std::string_view type, layer, linetype, style, color;
+    bool operator==(const Fields&) const = default;
+  };
+  const Fields& fields() const { return fields_; }
 
   bool inPaperSpace(const Dialect& dialect) const;
   bool namesLayers() const { return namesLayers_; }  // its extended data does
@@ -31,18 +39,22 @@ class SignatureReader {
   bool straying() const { return straying_; }
 
  private:
+  static constexpr int kCodes = 1000;  // from here on all are heeded
+  static constexpr std::array<bool, kCodes> kHeeded = [] {
+    std::array<bool, kCodes> heeded{};
+    for (int code = 0; code < kCodes; ++code) heeded[static_cast<std::size_t>(code)] = mayStray(code);
+    for (const std::size_t code : {7, 100, 101, 102}) heeded[code] = true;
+    return heeded;
+  }();
+
   void take(int code, std::string_view value);
   void marker(std::string_view value);
   void common(int code, std::string_view value, std::string_view& field, CommonPick& pick);
   void noteStray(int code);
   void style(std::string_view value);
-  NameId intern(NamePool& names, std::string_view value, std::size_t slot);
 
-  struct Fields {
-    std::string_view type, layer, linetype, style, color, paper;
-    bool operator==(const Fields&) const = default;
-  };
-  Fields fields_, before_;
+  Fields fields_;
+  std::string_view paper_;
   CommonGroups common_;
   struct Picks {
     CommonPick layer, linetype, color, paper;
@@ -52,12 +64,6 @@ class SignatureReader {
   // Whether this is the place of a text's style, was one behind a marker, and had a style.
   bool inText_ = true, sawText_ = false, styleInText_ = false;
   bool application_ = false, regular_ = true, namesLayers_ = false, straying_ = false;
-  // Neighbouring entities mostly have the same names.
-  struct Recent {
-    std::string_view value;
-    NameId name = kNoName;
-  };
-  Recent recent_[4];
 };
 
 }  // namespace cad::dxf

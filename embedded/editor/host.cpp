@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/disk.h"
 #include "base/files.h"
 #include "base/fold.h"
 #include "base/temporary_files.h"
@@ -139,6 +140,7 @@ void Host::beginRun() {
 const std::optional<SaveReport>& Host::lastSave() const { return state_->lastSave; }
 std::vector<base::Failure> Host::takeRemarks() { return std::exchange(state_->remarks, {}); }
 void Host::removeTemporaryFilesOnSignals() { base::removeTemporaryFilesOnSignals(); }
+void Host::setWaitingForDisk(bool waits) { base::setWaitingForDisk(waits); }
 
 std::wstring commandName(std::wstring_view line) {
   line = base::trim(line);

@@ -127,6 +127,7 @@ class Host {
 
   // For programs without a window; see base/temporary_files.h. The host writes the files, so it removes them.
   void removeTemporaryFilesOnSignals();
+  void setWaitingForDisk(bool waits);  // of drawings that are saved; see base/disk.h
 
   void beginRun();  // forgets the last save and the remarks that nobody took
   // Empty when nothing was saved since the last beginRun().

@@ -15,8 +15,10 @@ namespace {
 // Appends the shapes of one entity to those of its block, as their parts.
 class ShapeAdder {
  public:
-  ShapeAdder(BlockShapes& shapes, const Part& look, const LayerLook& layer, const Point& normal)
-      : shapes_(shapes), look_(look), layer_(layer), normal_(normal) {}
+  // `style`: of the texts of a detailed scene; null in others.
+  ShapeAdder(BlockShapes& shapes, const Part& look, const LayerLook& layer, const Point& normal,
+             const TextStyles::Style* style)
+      : shapes_(shapes), look_(look), layer_(layer), normal_(normal), style_(style) {}
 
   void operator()(std::monostate) {}
 
@@ -37,6 +39,7 @@ class ShapeAdder {
   void operator()(const PolylineGeometry& polyline) {
     if (polyline.vertices.empty()) return;
     lift(polyline.vertices.front().at.z);
+    if (style_ != nullptr && addWide(polyline)) return;
     outline(curveOf(polyline));
   }
   void operator()(const MeshGeometry& mesh) {
@@ -60,7 +63,7 @@ class ShapeAdder {
     lift(text.at.z);
     look_.kind = SceneItemKind::kText;
     look_.first = static_cast<std::uint32_t>(shapes_.texts.size());
-    for (SceneText& line : layOut(text)) {
+    for (SceneText& line : style_ != nullptr ? layOut(text, *style_) : layOut(text)) {
       line.origin = view_.point(line.origin);
       line.along = view_.vector(line.along);
       line.up = view_.vector(line.up);
@@ -74,12 +77,86 @@ class ShapeAdder {
   void operator()(const HatchGeometry& hatch) {
     lift(0);
     if (hatch.solid) look_.kind = SceneItemKind::kFill;
+    if (style_ != nullptr) addPattern(hatch);
     begin();
     for (const HatchGeometry::Path& path : hatch.paths) addLoop(joined(path));
     end();
   }
+  // What a viewport shows is the scene's; here is its edge.
+  void operator()(const ViewportGeometry& viewport) {
+    if (style_ == nullptr || viewport.isSpace || viewport.boundary != kNoRecord) return;
+    const double x = viewport.width / 2, y = viewport.height / 2;
+    const Point& at = viewport.centre;
+    outline({{{at.x - x, at.y - y}, {at.x + x, at.y - y}, {at.x + x, at.y + y}, {at.x - x, at.y + y}}, true});
+  }
 
  private:
+  // False: it has no width. One width all along is that of its outline, others are filled piece by piece.
+  bool addWide(const PolylineGeometry& polyline) {
+    const std::size_t pieces = polyline.vertices.size() - (polyline.closed ? 0 : 1);
+    const double first = polyline.vertices.front().startWidth;
+    bool isWide = false, isEven = first > 0;
+    for (std::size_t i = 0; i < pieces; ++i) {
+      const PolylineGeometry::Vertex& vertex = polyline.vertices[i];
+      isWide = isWide || vertex.startWidth > 0 || vertex.endWidth > 0;
+      isEven = isEven && vertex.startWidth == first && vertex.endWidth == first;
+    }
+    if (!isWide) return false;
+    if (isEven) {
+      look_.width = first;
+      outline(curveOf(polyline));
+      return true;
+    }
+    look_.kind = SceneItemKind::kFill;
+    begin();
+    for (std::size_t i = 0; i < pieces; ++i)
+      addTapered(polyline.vertices[i], polyline.vertices[(i + 1) % polyline.vertices.size()]);
+    end();
+    return true;
+  }
+
+  void addTapered(const PolylineGeometry::Vertex& from, const PolylineGeometry::Vertex& to) {
+    std::vector<ScenePoint> line;
+    const ScenePoint ends[] = {{from.at.x, from.at.y, from.bulge}, {to.at.x, to.at.y}};
+    flatten(ends, false, finenessOf(ends), line);
+    CurvePoints area;
+    area.closed = true;
+    std::vector<ScenePoint> back;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+      const ScenePoint& before = line[i == 0 ? 0 : i - 1];
+      const ScenePoint& after = line[std::min(i + 1, line.size() - 1)];
+      const double length = std::hypot(after.x - before.x, after.y - before.y);
+      if (length == 0) continue;
+      const double share = static_cast<double>(i) / static_cast<double>(line.size() - 1);
+      const double half = (from.startWidth + (from.endWidth - from.startWidth) * share) / 2 / length;
+      const double dx = (before.y - after.y) * half, dy = (after.x - before.x) * half;
+      area.points.push_back({line[i].x + dx, line[i].y + dy});
+      back.push_back({line[i].x - dx, line[i].y - dy});
+    }
+    area.points.insert(area.points.end(), back.rbegin(), back.rend());
+    addLoop(area);
+  }
+
+  void addPattern(const HatchGeometry& hatch) {
+    if (hatch.gradient) {
+      OwnLook own = shapes_.looks[look_.look];
+      own.look.trueColor = *hatch.gradient;
+      own.color = LookFrom::kSelf;
+      look_.look = static_cast<std::uint32_t>(shapes_.looks.size());
+      shapes_.looks.push_back(own);
+    }
+    if (hatch.lines.empty()) return;
+    look_.kind = SceneItemKind::kPattern;
+    look_.pattern = static_cast<std::uint32_t>(shapes_.hatches.size());
+    std::vector<SceneHatchLine>& lines = shapes_.hatches.emplace_back();
+    for (const HatchGeometry::Line& line : hatch.lines) {
+      const double angle = line.angle * kRadiansPerDegree;
+      lines.push_back({view_.point({line.base.x, line.base.y}),
+                       view_.vector({std::cos(angle), std::sin(angle)}),
+                       view_.vector({line.offset.x, line.offset.y}), line.dashes});
+    }
+  }
+
   void lift(double elevation) {
     const bool plain = normal_.x == 0 && normal_.y == 0 && normal_.z > 0;
     if (!plain) view_ = planView(normal_, elevation);
@@ -183,6 +260,7 @@ class ShapeAdder {
   Part look_;
   LayerLook layer_;
   Point normal_;
+  const TextStyles::Style* style_;
   Transform view_;
 };
 
@@ -207,19 +285,48 @@ void BlockShapes::clear() {
   points.clear();
   texts.clear();
   references.clear();
+  looks.clear();
+  hatches.clear();
 }
 
 void ShapeReader::addOne(RecordId entity, bool inBlock, BlockShapes& to) {
   const LayerLook layer = layers_.of(entity);
   if (layer.frozen && !layer.zero) return;
-  const Geometry geometry = drawing_.geometry(entity);
+  Geometry geometry = drawing_.geometry(entity);
   if (isHidden(geometry, inBlock)) return;
   // What a reference on a layer that is off shows depends on the layers of the block's own objects.
   if (layer.off && !layer.zero && !std::holds_alternative<InsertGeometry>(geometry.shape)) return;
   Part look;
   look.onLayerZero = layer.zero;
   look.color = colorOf(drawing_, entity, layer);
-  std::visit(ShapeAdder(to, look, layer, geometry.normal), geometry.shape);
+  const TextStyles::Style* style = nullptr;
+  if (styles_ != nullptr) {
+    if (std::holds_alternative<std::monostate>(geometry.shape)) {
+      ++undrawn_[std::string(drawing_.typeName(entity))];
+      return;
+    }
+    look.look = static_cast<std::uint32_t>(to.looks.size());
+    to.looks.push_back(ownLook(drawing_, entity, layer));
+    style = &styleOf(entity, geometry);
+  }
+  std::visit(ShapeAdder(to, look, layer, geometry.normal, style), geometry.shape);
+}
+
+void ShapeReader::addPlain(const Geometry& geometry, BlockShapes& to) {
+  std::visit(ShapeAdder(to, {}, {}, geometry.normal, nullptr), geometry.shape);
+}
+
+// Multiline texts have no width and no slant of their own.
+const TextStyles::Style& ShapeReader::styleOf(RecordId entity, Geometry& geometry) {
+  auto* text = std::get_if<TextGeometry>(&geometry.shape);
+  static const TextStyles::Style kNone;
+  if (text == nullptr) return kNone;
+  const TextStyles::Style& style = styles_->of(drawing_.reference(entity, Property::kTextStyle));
+  if (text->multiline) {
+    text->widthFactor = style.widthFactor;
+    text->oblique = style.oblique;
+  }
+  return style;
 }
 
 void ShapeReader::add(RecordId entity, bool inBlock, BlockShapes& to) {

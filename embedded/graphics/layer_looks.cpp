@@ -1,5 +1,7 @@
 #include "embedded/graphics/layer_looks.h"
 
+#include "embedded/graphics/own_look.h"
+
 #include <cstdlib>
 
 namespace cad {
@@ -31,6 +33,8 @@ LayerLook LayerLooks::lookOf(const Drawing& drawing, RecordId layer) {
 LayerLook LayerLooks::read(NameId layer) const {
   const RecordId record = drawing_.find(Table::kLayer, layer);
   LayerLook look = record == kNoRecord ? LayerLook{} : lookOf(drawing_, record);
+  if (frozen_.contains(record)) look.frozen = true;
+  if (detailed_ && record != kNoRecord) look.look = layerLook(drawing_, record);
   look.zero = drawing_.names().text(layer) == L"0";
   return look;
 }

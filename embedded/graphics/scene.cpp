@@ -4,6 +4,8 @@
 #include <cmath>
 #include <memory>
 #include <unordered_map>
+#include <unordered_set>
+#include <utility>
 
 #include "embedded/graphics/block_shapes.h"
 #include "embedded/graphics/bulge_arc.h"
@@ -20,6 +22,7 @@ struct Inherited {
   RecordId entity = kNoRecord;
   std::uint8_t byBlock = 7, ofLayer = 7;
   bool layerShown = true;
+  SceneLook look = {}, layerLook = {};  // in a detailed scene
 };
 
 struct Block {
@@ -28,32 +31,103 @@ struct Block {
   bool open = false;  // being expanded: a block inside itself ends here
 };
 
+// A space of the drawing, as it is seen from the scene.
+struct SpaceView {
+  RecordId space = kNoRecord;
+  Transform place = {};
+  std::uint32_t clip = kNoClip;
+  double linetypeScale = 1;
+  std::unordered_set<RecordId> frozenLayers = {};
+};
+
 class SceneBuilder {
  public:
-  explicit SceneBuilder(const Drawing& drawing)
-      : drawing_(drawing), layers_(drawing), maker_(drawing, layers_) {}
+  // Adds what the view shows to the scene, in detail where there are styles.
+  SceneBuilder(const Drawing& drawing, SpaceView view, TextStyles* styles, Scene& scene)
+      : drawing_(drawing),
+        view_(std::move(view)),
+        styles_(styles),
+        layers_(styles == nullptr ? LayerLooks(drawing) : LayerLooks(drawing, view_.frozenLayers)),
+        maker_(drawing, layers_, styles),
+        scene_(scene) {}
 
-  Scene build() {
-    const auto tilemode = drawing_.headerVariable("TILEMODE");
-    const auto* model = tilemode ? std::get_if<std::int64_t>(&*tilemode) : nullptr;
-    const RecordId space = model != nullptr && *model == 0 ? drawing_.paperSpace() : drawing_.modelSpace();
+  void build() {
+    const bool mayHaveViewports = styles_ != nullptr && view_.space != drawing_.modelSpace();
     BlockShapes shapes;
-    for (const RecordId entity : drawing_.entitiesOf(space)) {
+    for (const RecordId entity : drawing_.entitiesOf(view_.space)) {
       if (drawing_.record(entity).erased()) continue;
+      if (mayHaveViewports && drawing_.typeName(entity) == "VIEWPORT") seeThrough(entity);
       shapes.clear();
       maker_.add(entity, false, shapes);
       if (shapes.parts.empty()) continue;
-      expand(shapes, Transform{}, fromLayer(entity));
+      expand(shapes, view_.place, fromLayer(entity));
     }
-    for (const SceneItem& item : scene_.items) scene_.extents.add(item.box);
-    return std::move(scene_);
+    for (const auto& [type, count] : maker_.undrawn()) scene_.undrawn[type] += count;
   }
 
  private:
+  // Model space as a viewport shows it. A viewport whose layer is not shown has no edge, but shows all the
+  // same.
+  void seeThrough(RecordId entity) {
+    const Geometry geometry = drawing_.geometry(entity);
+    const auto& window = std::get<ViewportGeometry>(geometry.shape);
+    if (window.isSpace || !window.on || !(window.viewHeight > 0) || !(window.height > 0)) return;
+    if (window.direction.x != 0 || window.direction.y != 0 || window.direction.z <= 0) {
+      ++scene_.obliqueViews;
+      return;
+    }
+    const double scale = window.height / window.viewHeight;
+    SpaceView view{drawing_.modelSpace()};
+    view.place = viewOf(window, scale);
+    view.clip = clipOf(window);
+    view.frozenLayers.insert(window.frozenLayers.begin(), window.frozenLayers.end());
+    const auto scaled = drawing_.headerVariable("PSLTSCALE");
+    const auto* flag = scaled ? std::get_if<std::int64_t>(&*scaled) : nullptr;
+    const bool isPaperScale = flag == nullptr || *flag != 0;
+    view.linetypeScale = view_.linetypeScale * (isPaperScale ? 1 : scale);
+    SceneBuilder(drawing_, std::move(view), styles_, scene_).build();
+  }
+
+  static Transform viewOf(const ViewportGeometry& window, double scale) {
+    const double turn = window.twist * kRadiansPerDegree;
+    const double cosine = scale * std::cos(turn), sine = scale * std::sin(turn);
+    const Transform turned{cosine, sine, -sine, cosine};
+    const ScenePoint target = turned.point({window.target.x, window.target.y});
+    Transform view = turned;
+    view.x0 = window.centre.x - scale * window.viewCentre.x - target.x;
+    view.y0 = window.centre.y - scale * window.viewCentre.y - target.y;
+    return view;
+  }
+
+  std::uint32_t clipOf(const ViewportGeometry& window) {
+    BlockShapes edge;
+    if (window.boundary != kNoRecord) boundaryOf(window.boundary, edge);
+    if (edge.loops.empty()) {
+      const double x = window.width / 2, y = window.height / 2;
+      const Point& at = window.centre;
+      edge.points = {{at.x - x, at.y - y}, {at.x + x, at.y - y}, {at.x + x, at.y + y}, {at.x - x, at.y + y}};
+      edge.loops = {{0, 4, true}};
+    }
+    SceneItem area;
+    area.first = static_cast<std::uint32_t>(scene_.loops.size());
+    for (std::size_t i = 0; i < edge.loops.size(); ++i) {
+      edge.loops[i].closed = true;
+      emitLoop(edge, i, Placer(view_.place), area);
+    }
+    scene_.clips.push_back({area.first, static_cast<std::uint32_t>(edge.loops.size()), area.box});
+    return static_cast<std::uint32_t>(scene_.clips.size() - 1);
+  }
+
+  // A boundary cuts whatever its layer is.
+  void boundaryOf(RecordId entity, BlockShapes& edge) const {
+    if (drawing_.record(entity).erased()) return;
+    ShapeReader::addPlain(drawing_.geometry(entity), edge);
+  }
+
   Inherited fromLayer(RecordId entity) {
     const LayerLook layer = layers_.of(entity);
-    if (layer.zero) return {entity, 7, layer.color, layer.shown()};
-    return {entity, 7, zeroLook().color, zeroLook().shown()};
+    if (layer.zero) return {entity, 7, layer.color, layer.shown(), {}, layer.look};
+    return {entity, 7, zeroLook().color, zeroLook().shown(), {}, zeroLook().look};
   }
 
   // Attributes may lie on layer "0" though their reference does not.
@@ -62,6 +136,7 @@ class SceneBuilder {
       zero_ = std::make_unique<LayerLook>();
       const RecordId record = drawing_.find(Table::kLayer, std::wstring_view(L"0"));
       if (record != kNoRecord) *zero_ = LayerLooks::lookOf(drawing_, record);
+      if (record != kNoRecord && styles_ != nullptr) zero_->look = layerLook(drawing_, record);
     }
     return *zero_;
   }
@@ -75,7 +150,8 @@ class SceneBuilder {
     const Placer placer(place);
     for (const Part& part : shapes.parts) {
       if (part.reference) {
-        follow(shapes.references[part.first], part, place, from);
+        follow(shapes.references[part.first], part, place, from,
+               styles_ != nullptr ? resolved(shapes.looks[part.look], from) : SceneLook());
       } else if (!part.onLayerZero || from.layerShown) {
         emit(shapes, part, placer, from);
       }
@@ -102,11 +178,17 @@ class SceneBuilder {
     return *known;
   }
 
+  static SceneLook resolved(const OwnLook& own, const Inherited& from) {
+    return own.resolved(from.look, from.layerLook);
+  }
+
   void follow(const BlockReference& reference, const Part& part, const Transform& place,
-              const Inherited& from) {
+              const Inherited& from, const SceneLook& look) {
     const bool zero = reference.layer.zero;
-    Inherited handed{from.entity, resolved(part.color, from), from.ofLayer, from.layerShown};
+    Inherited handed{from.entity,   resolved(part.color, from), from.ofLayer, from.layerShown, look,
+                     from.layerLook};
     if (!zero) {
+      handed.layerLook = reference.layer.look;
       handed.ofLayer = reference.layer.color;
       handed.layerShown = reference.layer.shown();
     }
@@ -139,6 +221,7 @@ class SceneBuilder {
     item.kind = part.kind;
     item.color = resolved(part.color, from);
     item.count = part.count;
+    if (styles_ != nullptr) addDetail(shapes, part, placer, from, item);
     if (part.kind == SceneItemKind::kText) {
       item.first = static_cast<std::uint32_t>(scene_.texts.size());
       for (std::uint32_t i = 0; i < part.count; ++i) emitText(shapes.texts[part.first + i], placer, item);
@@ -147,8 +230,44 @@ class SceneBuilder {
       for (std::uint32_t i = 0; i < part.count; ++i) emitLoop(shapes, part.first + i, placer, item);
     }
     // Coordinates that are no numbers would spoil the extents of all.
-    if (std::isfinite(item.box.right - item.box.left) && std::isfinite(item.box.top - item.box.bottom)) {
-      scene_.items.push_back(item);
+    if (!std::isfinite(item.box.right - item.box.left) || !std::isfinite(item.box.top - item.box.bottom))
+      return;
+    if (item.clip != kNoClip) {
+      const SceneBox& window = scene_.clips[item.clip].box;
+      if (!item.box.meets(window)) return dropPoints(item);
+      item.box.cut(window);
+    }
+    scene_.items.push_back(item);
+  }
+
+  void addDetail(const BlockShapes& shapes, const Part& part, const Placer& placer, const Inherited& from,
+                 SceneItem& item) {
+    SceneLook look = resolved(shapes.looks[part.look], from);
+    look.linetypeScale *= view_.linetypeScale;
+    const auto [found, isNew] = looks_.try_emplace(look, static_cast<std::uint32_t>(scene_.looks.size()));
+    if (isNew) scene_.looks.push_back(look);
+    const Transform& place = placer.transform;
+    item.look = found->second;
+    item.clip = view_.clip;
+    item.width =
+        static_cast<float>(part.width * std::sqrt(std::abs(place.xx * place.yy - place.xy * place.yx)));
+    if (part.kind != SceneItemKind::kPattern) return;
+    item.pattern = static_cast<std::uint32_t>(scene_.hatches.size());
+    std::vector<SceneHatchLine>& lines = scene_.hatches.emplace_back(shapes.hatches[part.pattern]);
+    for (SceneHatchLine& line : lines) {
+      line.base = place.point(line.base);
+      line.along = place.vector(line.along);
+      line.offset = place.vector(line.offset);
+    }
+  }
+
+  // The last item does not come into the scene: neither do its points, which may be very many.
+  void dropPoints(const SceneItem& item) {
+    if (item.kind == SceneItemKind::kText) {
+      scene_.texts.resize(item.first);
+    } else {
+      scene_.points.resize(item.count > 0 ? scene_.loops[item.first].first : scene_.points.size());
+      scene_.loops.resize(item.first);
     }
   }
 
@@ -192,14 +311,27 @@ class SceneBuilder {
   }
 
   const Drawing& drawing_;
+  SpaceView view_;
+  TextStyles* styles_;
   LayerLooks layers_;
   ShapeReader maker_;
   std::unique_ptr<LayerLook> zero_;
   std::unordered_map<RecordId, std::unique_ptr<Block>> blocks_;
+  std::map<SceneLook, std::uint32_t> looks_;
   std::vector<ScenePoint> pieces_;
   std::size_t references_ = 0;
-  Scene scene_;
+  Scene& scene_;
 };
+
+double linetypeScale(const Drawing& drawing) {
+  const auto variable = drawing.headerVariable("LTSCALE");
+  const auto* scale = variable ? std::get_if<double>(&*variable) : nullptr;
+  return scale != nullptr && *scale > 0 ? *scale : 1;
+}
+
+void addExtents(Scene& scene) {
+  for (const SceneItem& item : scene.items) scene.extents.add(item.box);
+}
 
 }  // namespace
 
@@ -213,6 +345,11 @@ void SceneBox::add(const SceneBox& other) {
   bottom = std::min(bottom, other.bottom), top = std::max(top, other.top);
 }
 
+void SceneBox::cut(const SceneBox& by) {
+  left = std::max(left, by.left), right = std::min(right, by.right);
+  bottom = std::max(bottom, by.bottom), top = std::min(top, by.top);
+}
+
 bool SceneBox::contains(double x, double y, double margin) const {
   return x >= left - margin && x <= right + margin && y >= bottom - margin && y <= top + margin;
 }
@@ -221,6 +358,28 @@ bool SceneBox::meets(const SceneBox& other) const {
   return left <= other.right && other.left <= right && bottom <= other.top && other.bottom <= top;
 }
 
-Scene buildScene(const Drawing& drawing) { return SceneBuilder(drawing).build(); }
+RecordId currentSpace(const Drawing& drawing) {
+  const auto tilemode = drawing.headerVariable("TILEMODE");
+  const auto* model = tilemode ? std::get_if<std::int64_t>(&*tilemode) : nullptr;
+  return model != nullptr && *model == 0 ? drawing.paperSpace() : drawing.modelSpace();
+}
+
+Scene buildScene(const Drawing& drawing) {
+  Scene scene;
+  SceneBuilder(drawing, {currentSpace(drawing)}, nullptr, scene).build();
+  addExtents(scene);
+  return scene;
+}
+
+Scene buildScene(const Drawing& drawing, const SceneDetail& detail) {
+  Scene scene;
+  TextStyles styles(drawing, *detail.fonts);
+  SpaceView view{detail.space == kNoRecord ? currentSpace(drawing) : detail.space};
+  view.linetypeScale = linetypeScale(drawing);
+  SceneBuilder(drawing, std::move(view), &styles, scene).build();
+  scene.missingFonts = styles.missing();
+  addExtents(scene);
+  return scene;
+}
 
 }  // namespace cad

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <map>
 #include <span>
 #include <string>
 #include <vector>
@@ -24,6 +25,7 @@ struct SceneBox {
   bool empty() const { return left > right; }
   void add(double x, double y);
   void add(const SceneBox& other);
+  void cut(const SceneBox& by);  // to what both have; empty when they do not meet
   // True when the point lies in the box grown by `margin` on every side.
   bool contains(double x, double y, double margin) const;
   bool meets(const SceneBox& other) const;
@@ -35,19 +37,48 @@ struct SceneLoop {
   bool closed = false;
 };
 
+// How an object is painted beside its palette colour.
+struct SceneLook {
+  std::int32_t trueColor = -1;    // 0xRRGGBB in place of the palette's
+  std::int16_t lineWeight = 25;   // hundredths of a millimetre
+  std::uint8_t opacity = 255;     // 0: clear
+  RecordId linetype = kNoRecord;  // kNoRecord: continuous
+  double linetypeScale = 1;       // drawing units that a unit of its pattern has
+  auto operator<=>(const SceneLook&) const = default;
+};
+
+// A family of parallel lines of a hatch. The dashes are measured by the length of `along`.
+struct SceneHatchLine {
+  ScenePoint base, along, offset;  // a point of one line, the direction, the way to the next one
+  std::vector<double> dashes;      // as HatchGeometry::Line has them
+};
+
+inline constexpr std::uint32_t kNoClip = 0xFFFFFFFF;
+// An area outside of which items do not show.
+struct SceneClip {
+  std::uint32_t first = 0, count = 0;  // loops, even-odd
+  SceneBox box;
+};
+
+class FontCatalogue;
+class FontMetrics;
+
 // One line of text. It stands on its base line at `origin`; `along` is the estimated run of the text, whole
 // width, which a font is fitted to, and `up` the height of a capital. Skew and mirroring are in the two
 // vectors.
 struct SceneText {
   ScenePoint origin, along, up;
-  std::wstring text;  // without formatting codes
+  std::wstring text;                  // without formatting codes
+  const FontMetrics* font = nullptr;  // in a detailed scene, where `along` is what the font makes of it
+  bool turned = false;                // full-width characters lie on their sides, for vertical writing
 };
 
 enum class SceneItemKind : std::uint8_t {
   kOutline,  // loops drawn as lines
   kFill,     // loops filled, even-odd
   kText,
-  kDot,  // a point entity: one point
+  kDot,      // a point entity: one point
+  kPattern,  // loops filled, even-odd, with the lines of a hatch
 };
 
 struct SceneItem {
@@ -56,6 +87,18 @@ struct SceneItem {
   std::uint32_t first = 0, count = 0;  // loops; texts for kText
   SceneItemKind kind = SceneItemKind::kOutline;
   std::uint8_t color = 7;  // 1..255 of the host's palette; 7 is black or white as the background wants it
+  // In a detailed scene:
+  float width = 0;         // of an outline that is drawn with a width, drawing units
+  std::uint32_t look = 0;  // number of a look
+  std::uint32_t clip = kNoClip;
+  std::uint32_t pattern = 0;  // of kPattern: number of a hatch
+};
+
+// What a scene for pictures has beside that for a window: looks, the widths of polylines, the patterns of
+// hatches, texts as wide as their fonts make them, and model space as the viewports of a paper space show it.
+struct SceneDetail {
+  RecordId space = kNoRecord;      // kNoRecord: the current one
+  FontCatalogue* fonts = nullptr;  // outlives the scene
 };
 
 struct Scene {
@@ -63,7 +106,14 @@ struct Scene {
   std::vector<SceneLoop> loops;
   std::vector<ScenePoint> points;
   std::vector<SceneText> texts;
-  SceneBox extents;        // of all items; empty when nothing is shown
+  std::vector<SceneLook> looks;
+  std::vector<SceneClip> clips;
+  std::vector<std::vector<SceneHatchLine>> hatches;
+  // In a detailed scene, what it does not show: objects by their types, and viewports that look from aside.
+  std::map<std::string, std::size_t, std::less<>> undrawn;
+  std::size_t obliqueViews = 0;
+  std::vector<std::wstring> missingFonts;  // as the drawing names them
+  SceneBox extents;                        // of all items; empty when nothing is shown
   bool truncated = false;  // the blocks expand into more than a scene holds; the rest is left out
 
   std::span<const SceneLoop> loopsOf(const SceneItem& item) const {
@@ -80,6 +130,10 @@ struct Scene {
 // The current space of the drawing (TILEMODE). Layers that are off or frozen, invisible objects and erased
 // ones are left out. One pass over the space; a block's shapes are read once for all its references.
 Scene buildScene(const Drawing& drawing);
+Scene buildScene(const Drawing& drawing, const SceneDetail& detail);
+
+// As TILEMODE says.
+RecordId currentSpace(const Drawing& drawing);
 
 // The loop as straight pieces that keep within `tolerance` (drawing units) of its arcs, appended to `to`;
 // a closed loop ends with its first point. A quarter of a pixel's size is a good tolerance.

@@ -17,11 +17,23 @@ constexpr double kHalfWidth = 0.7, kFullWidth = 1.3;  // of a character, by the 
 constexpr double kDescent = 1.0 / 3;                  // below the base line, likewise
 constexpr double kLineStep = 5.0 / 3;                 // from base line to base line, likewise
 
-double widthOf(wchar_t c) { return isFullWidth(static_cast<char32_t>(c)) ? kFullWidth : kHalfWidth; }
+constexpr double kVerticalStep = 1.5;  // from character to character below it, likewise
+
+double widthOf(wchar_t c, const FontMetrics* font) {
+  const auto character = static_cast<char32_t>(c);
+  if (font != nullptr) return font->glyph(character).advance;
+  return isFullWidth(character) ? kFullWidth : kHalfWidth;
+}
+
+double widthOf(std::wstring_view line, const FontMetrics* font) {
+  double width = 0;
+  for (const wchar_t c : line) width += widthOf(c, font);
+  return width;
+}
 
 // Broken at line ends, and at blanks or between full-width characters where a line gets wider than
-// `widest` (0: never), by the measure of estimatedWidth.
-std::vector<std::wstring> linesOf(std::wstring_view text, double widest) {
+// `widest` heights (0: never).
+std::vector<std::wstring> linesOf(std::wstring_view text, double widest, const FontMetrics* font) {
   std::vector<std::wstring> lines(1);
   double width = 0;
   std::size_t breakAt = 0;
@@ -32,15 +44,15 @@ std::vector<std::wstring> linesOf(std::wstring_view text, double widest) {
       continue;
     }
     if (isFullWidth(static_cast<char32_t>(c))) breakAt = lines.back().size();
-    if (widest > 0 && width + widthOf(c) > widest && breakAt > 0 && c != L' ') {
+    if (widest > 0 && width + widthOf(c, font) > widest && breakAt > 0 && c != L' ') {
       std::wstring rest = lines.back().substr(breakAt);
       lines.back().erase(breakAt);
-      width = estimatedWidth(rest);
+      width = widthOf(rest, font);
       lines.push_back(std::move(rest));
       breakAt = 0;
     }
     lines.back() += c;
-    width += widthOf(c);
+    width += widthOf(c, font);
     if (c == L' ') breakAt = lines.back().size();
   }
   return lines;
@@ -67,9 +79,10 @@ double liftOf(const TextGeometry& text, double rows) {
   }
 }
 
-class Layout {
+class TextLayout {
  public:
-  explicit Layout(const TextGeometry& text) : text_(text), height_(text.height), factor_(text.widthFactor) {
+  TextLayout(const TextGeometry& text, const TextStyles::Style& style)
+      : text_(text), style_(style), height_(text.height), factor_(text.widthFactor) {
     angle_ = text.rotation * std::numbers::pi / 180;
   }
 
@@ -78,9 +91,11 @@ class Layout {
                               ? text_.frameWidth / (height_ * factor_) * 1.02
                               : 0;
     const std::vector<std::wstring> lines = text_.multiline
-                                                ? linesOf(plainText(text_.contents), widest)
+                                                ? linesOf(plainText(text_.contents), widest, style_.font)
                                                 : std::vector<std::wstring>{plainLine(text_.contents)};
-    if (text_.side == Side::kAligned || text_.side == Side::kFit) stretch(estimatedWidth(lines.front()));
+    if (text_.side == Side::kAligned || text_.side == Side::kFit)
+      stretch(widthOf(lines.front(), style_.font));
+    if (style_.vertical && !text_.multiline) return column(lines.front());
     const double rows = static_cast<double>(lines.size() - 1);
     std::vector<SceneText> out;
     for (std::size_t i = 0; i < lines.size(); ++i) {
@@ -104,14 +119,31 @@ class Layout {
     }
   }
 
+  // One character below the other, their middles above each other; the first hangs from the aligned point.
+  std::vector<SceneText> column(std::wstring_view line) const {
+    std::vector<SceneText> out;
+    const double step = kVerticalStep * height_, whole = step * static_cast<double>(line.size());
+    double lift = -height_ + shareBefore(text_.side) * (whole - step + height_);
+    for (const wchar_t c : line) {
+      out.push_back(place(std::wstring(1, c), lift));
+      SceneText& placed = out.back();
+      const double toMiddle = 0.5 - shareBefore(text_.side);
+      placed.origin.x -= placed.along.x * toMiddle, placed.origin.y -= placed.along.y * toMiddle;
+      lift -= step;
+    }
+    return out;
+  }
+
   SceneText place(const std::wstring& line, double lift) const {
     const double cosine = std::cos(angle_), sine = std::sin(angle_);
     const double slant = std::tan(std::clamp(text_.oblique, -85.0, 85.0) * std::numbers::pi / 180);
-    double width = estimatedWidth(line) * height_ * factor_, up = height_;
+    double width = widthOf(line, style_.font) * height_ * factor_, up = height_;
     if (text_.backwards) width = -width;
     if (text_.upsideDown) up = -up;
     SceneText placed;
     placed.text = line;
+    placed.font = style_.font;
+    placed.turned = style_.turned;
     const double before = shareBefore(text_.side);
     placed.along = {width * cosine, width * sine};
     placed.up = {up * (slant * cosine - sine), up * (slant * sine + cosine)};
@@ -121,20 +153,19 @@ class Layout {
   }
 
   const TextGeometry& text_;
+  const TextStyles::Style& style_;
   double height_, factor_, angle_ = 0;
 };
 
 }  // namespace
 
-double estimatedWidth(std::wstring_view line) {
-  double width = 0;
-  for (const wchar_t c : line) width += widthOf(c);
-  return width;
-}
+double estimatedWidth(std::wstring_view line) { return widthOf(line, nullptr); }
 
-std::vector<SceneText> layOut(const TextGeometry& text) {
+std::vector<SceneText> layOut(const TextGeometry& text) { return layOut(text, {}); }
+
+std::vector<SceneText> layOut(const TextGeometry& text, const TextStyles::Style& style) {
   if (text.height <= 0 || text.widthFactor <= 0) return {};
-  return Layout(text).lines();
+  return TextLayout(text, style).lines();
 }
 
 }  // namespace cad

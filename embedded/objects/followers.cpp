@@ -68,6 +68,7 @@ void Followers::closed(RecordId object) {
 bool Followers::looksOtherwise(RecordId dimension, const Record& former) const {
   const Record& now = drawing_.record(dimension);
   const RecordStorage& storage = drawing_.storage();
+  if (storage.differInCommonOnly(former, now)) return false;
   for (const Property property : {Property::kDimStyle, Property::kTextRotation, Property::kDimText})
     if (storage.property(former, property) != storage.property(now, property)) return true;
   return !sameValues(drawing_.dimVariables(former), drawing_.dimVariables(now));

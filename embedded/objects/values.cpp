@@ -3,12 +3,11 @@
 #include <cmath>
 
 #include "acutads.h"
+#include "embedded/drawing/transparency.h"
 #include "embedded/objects/object_access.h"
 
 namespace cad {
 namespace {
-
-constexpr std::int64_t kByBlockTransparency = 0x01000000, kAlphaTransparency = 0x02000000;
 
 const Variable* detachedValue(const AcDbObject& object, Property property) {
   const DetachedValues* detached = ObjectAccess::detached(object);
@@ -160,13 +159,13 @@ ACHAR* newText(const std::wstring& text) {
 double degreesFromRadians(double radians) { return std::round(radians / kRadiansPerDegree * 1e12) / 1e12; }
 
 std::int64_t storedTransparency(const AcCmTransparency& transparency) {
-  if (transparency.isByBlock()) return kByBlockTransparency;
-  return transparency.isByAlpha() ? kAlphaTransparency | transparency.alpha() : 0;
+  if (transparency.isByBlock()) return kTransparencyByBlock;
+  return transparency.isByAlpha() ? kTransparencyOwn | transparency.alpha() : 0;
 }
 
 AcCmTransparency transparencyFromStored(std::int64_t value) {
-  if ((value & kAlphaTransparency) != 0) return AcCmTransparency(static_cast<Adesk::UInt8>(value & 0xFF));
-  return AcCmTransparency((value & kByBlockTransparency) != 0 ? AcCmTransparency::kByBlock
+  if ((value & kTransparencyOwn) != 0) return AcCmTransparency(static_cast<Adesk::UInt8>(value & 0xFF));
+  return AcCmTransparency((value & kTransparencyByBlock) != 0 ? AcCmTransparency::kByBlock
                                                               : AcCmTransparency::kByLayer);
 }
 

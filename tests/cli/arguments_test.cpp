@@ -2,6 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
+#include "cli/language/language.h"
+#include "cli/options/calls.h"
+#include "cli/text_width.h"
+
 namespace kivcli {
 namespace {
 
@@ -11,7 +17,7 @@ TEST(Arguments, OptionsMayStandAnywhereAndInBothForms) {
                       L"--block-scope", L"2", L"--format=dxf", L"b.dxf", L"--log", L"logs"});
   ASSERT_TRUE(parsed) << parsed.failure().text().c_str();
   const Arguments& arguments = parsed.value();
-  EXPECT_EQ(arguments.call, Call::kConvert);
+  EXPECT_EQ(arguments.call, findCall(L"convert"));
   EXPECT_EQ(arguments.specification, L"rules.cvt");
   EXPECT_EQ(arguments.outputFolder, L"out");
   EXPECT_EQ(arguments.format, SaveFormat::kDxf);
@@ -21,10 +27,48 @@ TEST(Arguments, OptionsMayStandAnywhereAndInBothForms) {
   EXPECT_EQ(arguments.files, (std::vector<std::wstring>{L"a.dxf", L"b.dxf"}));
 }
 
-TEST(Arguments, AfterTwoHyphensEverythingIsAFile) {
-  const auto parsed = parseArguments({L"info", L"--", L"--out"});
-  ASSERT_TRUE(parsed);
-  EXPECT_EQ(parsed.value().files, std::vector<std::wstring>{L"--out"});
+TEST(Arguments, WhatIsNoOptionIsAFileWhateverItsName) {
+  const std::wstring anyBytes{L'a', static_cast<wchar_t>(0xDC95), L'.', L'd'};
+  const std::vector<std::wstring> names = {L"-", L"[a,b]", L"/x", L"info", L"++", L"a=b", L"%%", anyBytes};
+  std::vector<std::wstring> words = {L"info"};
+  words.insert(words.end(), names.begin(), names.end());
+  const auto parsed = parseArguments(words);
+  ASSERT_TRUE(parsed) << parsed.failure().text().c_str();
+  EXPECT_EQ(parsed.value().files, names);
+
+  const auto after = parseArguments({L"info", L"a", L"--", L"--out", L"-h", L"--x="});
+  ASSERT_TRUE(after);
+  EXPECT_EQ(after.value().files, (std::vector<std::wstring>{L"a", L"--out", L"-h", L"--x="}));
+}
+
+TEST(Arguments, HelpIsOnTheCallThatItIsAskedOf) {
+  for (const auto& words : {std::vector<std::wstring>{L"convert", L"--spec", L"a", L"--help"},
+                            {L"convert", L"-h"},
+                            {L"help", L"convert"},
+                            {L"--help", L"convert"}}) {
+    const auto parsed = parseArguments(words);
+    ASSERT_TRUE(parsed) << words[1].c_str();
+    EXPECT_EQ(parsed.value().call, findCall(L"help"));
+    EXPECT_EQ(parsed.value().files, std::vector<std::wstring>{L"convert"});
+  }
+}
+
+// What the tables hold is shown, in lines that a terminal has room for, whatever the language.
+TEST(Arguments, HelpHasEveryCallOptionAndExampleInBothLanguages) {
+  for (const Language language : {Language::kEnglish, Language::kJapanese}) {
+    setLanguage(language);
+    for (const CallRow* call : calls()) {
+      EXPECT_NE(programHelp().find(std::wstring(L"  kivcvt ") + call->name), std::wstring::npos);
+      const std::wstring help = callHelp(*call);
+      for (const OptionRow& option : call->options) {
+        EXPECT_NE(help.find(std::wstring(L"\n  ") + option.name + L" "), std::wstring::npos) << option.name;
+        EXPECT_EQ(tr(option.help) == option.help, language == Language::kEnglish) << option.name;
+      }
+      std::wistringstream lines(help + L"\n" + programHelp());
+      for (std::wstring line; std::getline(lines, line);) EXPECT_LE(columnsOf(line), 100u) << line;
+    }
+  }
+  setLanguage(Language::kEnglish);
 }
 
 TEST(Arguments, ARefusalNamesWhatIsWrong) {
@@ -32,13 +76,13 @@ TEST(Arguments, ARefusalNamesWhatIsWrong) {
     std::vector<std::wstring> words;
     const wchar_t* says;
   } cases[] = {
-      {{}, L"convert, check, info"},
+      {{}, L"convert, info, picture"},
       {{L"transmogrify"}, L"transmogrify"},
       {{L"convert", L"--out", L"o", L"a.dxf"}, L"--spec FILE.cvt"},
       {{L"convert", L"--spec", L"r.cvt", L"a.dxf"}, L"--out DIR"},
       {{L"convert", L"--spec", L"r.cvt", L"--out", L"o"}, L"name the drawings"},
       {{L"convert", L"a.dxf", L"--spec"}, L"--spec: this option needs a value"},
-      {{L"convert", L"--spec=", L"--out", L"o", L"a.dxf"}, L"--spec: this option needs a value"},
+      {{L"convert", L"--spec", L"", L"--out", L"o", L"a.dxf"}, L"--spec: this option needs a value"},
       {{L"convert", L"--speck", L"r.cvt", L"a.dxf"}, L"--speck: there is no such option"},
       {{L"convert", L"--format", L"pdf", L"a.dxf"}, L"--format pdf: the format is"},
       {{L"convert", L"--block-scope", L"3", L"a.dxf"}, L"--block-scope 3: the scope is"},
@@ -46,6 +90,9 @@ TEST(Arguments, ARefusalNamesWhatIsWrong) {
       {{L"convert", L"--ignore-locks=no", L"a.dxf"}, L"takes no value"},
       {{L"check", L"--spec", L"r.cvt"}, L"--spec: there is no such option"},
       {{L"check"}, L"name the CVT files"},
+      {{L"convert", L"--spec=r", L"--out=", L"o", L"a.dxf"}, L"--out: this option needs a value"},
+      {{L"help", L"transmogrify"}, L"transmogrify: there is no such call"},
+      {{L"info", L"-x", L"a.dxf"}, L"-x: there is no such option here; `kivcvt help info`"},
       {{L"check", L""}, L"the name of a file is empty"},
       {{L"convert", L"--spec", L"r.cvt", L"--spec=s.cvt", L"--out", L"o", L"a.dxf"},
        L"--spec: this option is given"},

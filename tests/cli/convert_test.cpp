@@ -153,7 +153,7 @@ TEST_F(ConvertTest, NamesInCodePage932ComeBackByteForByte) {
 #endif
 
 TEST_F(ConvertTest, AnUnusableCallConvertsNothing) {
-  write("utf8.cvt", kTextsGreen);
+  write("utf16.cvt", std::string("\xff\xfe[\0\x87\x65\x57\x5b]\0", 9));
   write("plain.cvt", "not a specification\r\n");
   write("file", "");
   const struct {
@@ -163,7 +163,7 @@ TEST_F(ConvertTest, AnUnusableCallConvertsNothing) {
       {{"convert", "--out", "out", "good.dxf"}, "--spec FILE.cvt"},
       {{"convert", "--spec", "missing.cvt", "--out", "out", "good.dxf"}, "missing.cvt: "},
       {{"convert", "--spec", "plain.cvt", "--out", "out", "good.dxf"}, "plain.cvt: "},
-      {{"convert", "--spec", "utf8.cvt", "--out", "out", "good.dxf"}, "UTF-8"},
+      {{"convert", "--spec", "utf16.cvt", "--out", "out", "good.dxf"}, "UTF-16"},
       {{"convert", "--spec", ".", "--out", "out", "good.dxf"}, ".: "},
       {{"convert", "--spec", "rules.cvt", "--out", "file", "good.dxf"}, "--out file: this is a file"},
       {{"convert", "--spec", "rules.cvt", "--out", "file/out", "good.dxf"},

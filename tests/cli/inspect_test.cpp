@@ -101,7 +101,7 @@ TEST_F(InfoTest, HelpIsAResultAndAMistakeIsNot) {
   const ProgramRun mistake = kivcvt({});
   EXPECT_EQ(mistake.status, 2);
   EXPECT_EQ(mistake.out, "");
-  EXPECT_TRUE(contains(mistake.err, "convert, check, info")) << mistake.err;
+  EXPECT_TRUE(contains(mistake.err, "convert, info, picture")) << mistake.err;
 }
 
 }  // namespace

@@ -15,7 +15,11 @@ using test_support::ProgramRun;
 
 class ProgramTest : public test_support::TempFolder {
  protected:
+  void SetUp() override { speak("C"); }
   void TearDown() override { test_support::removeFolder(folder_); }
+
+  // The programs that follow run under this locale.
+  static void speak(const char* locale) { test_support::setEnvironment("LC_ALL", locale); }
 
   // Names are relative to the test's folder. In what is printed "/" separates paths on every system.
   ProgramRun kivcvt(const std::vector<std::string>& words) const;

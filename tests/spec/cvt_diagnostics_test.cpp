@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "base/codepage.h"
+#include "spec/cvt_names.h"
+#include "spec/cvt_overwritten.h"
 #include "spec/cvt_parser.h"
 
 namespace kiv {
@@ -196,12 +198,66 @@ TEST(CvtDiagnostics, BracesAndSettingsWithoutResults) {
   EXPECT_EQ(structureOf(L"[画層]=A\n[***]\n{\n[色]=1\n}\n"), "36:2 ");
 }
 
+// The numbers and lines of what `find` adds.
+std::string added(const wchar_t* text, const std::function<void(ParsedCvt&)>& find) {
+  ParsedCvt parsed = parseCvt(base::encode(text, base::kJapanese).bytes);
+  parsed.diagnostics.clear();
+  find(parsed);
+  std::string result;
+  for (const CvtDiagnostic& d : parsed.diagnostics) {
+    result += base::toUtf8(std::to_wstring(d.line) + L" " + d.detail + d.rest + L"; ");
+  }
+  return result;
+}
+
+TEST(CvtDiagnostics, ValuesThatNeverStay) {
+  const struct {
+    const wchar_t* settings;
+    const char* expected;
+  } kCases[] = {
+      // Weaker conditions, the same, and what the first setting itself makes true.
+      {L"[画層]=A\n[色]=1\n{\n[線種]=X\n}\n[色]=1\n{\n[線種]=Y\n}\n", "5 9; "},
+      {L"[***]\n{\n[色]=1\n[色]=2\n}\n", "4 5; "},
+      {L"[画層]=A\n{\n[画層]=B\n[色]=1\n}\n[画層]=B\n{\n[色]=2\n}\n", "5 9; "},
+      // Others, what depends on the value, and what a setting between them may have changed.
+      {L"[画層]=A\n{\n[色]=1\n}\n[画層]=B\n{\n[色]=2\n}\n", ""},
+      {L"[***]\n{\n[色]=1\n}\n[色]=1\n{\n[線種]=Y\n}\n[***]\n{\n[色]=2\n}\n", ""},
+      {L"[***]\n{\n[文字高さ]=2\n}\n[***]\n{\n[文字高さ]=2x\n}\n", ""},
+      {L"[画層]=A\n{\n[色]=1\n}\n[色]=5\n{\n[画層]=C\n}\n[画層]=A\n{\n[色]=2\n}\n", ""},
+  };
+  for (const auto& [settings, expected] : kCases) {
+    const std::wstring text = std::wstring(L"[文字]\n") + settings + L"---End---\n[EOF]\n";
+    EXPECT_EQ(added(text.c_str(), findOverwritten), expected) << base::toUtf8(settings);
+  }
+  EXPECT_EQ(added(L"[寸法設定]\nDIMASZ,1\nDIMASZ=2\n---End---\n[EOF]\n", findOverwritten), "2 3; ");
+}
+
+TEST(CvtDiagnostics, NamesThatDrawingsDoNotHave) {
+  const auto check = [](ParsedCvt& parsed) {
+    const std::vector<DrawingNames> drawings = {{L"a.dxf", {{{L"A", L"EMPTY"}, {}, {}}}, {{{L"A"}, {}, {}}}},
+                                                {L"b.dxf", {{{L"B"}, {}, {}}}, {{{L"B"}, {}, {}}}}};
+    checkNames(parsed, drawings, [](const std::wstring& name, const std::wstring& pattern) {
+      return pattern == L"*" || name == pattern;
+    });
+  };
+  EXPECT_EQ(
+      added(L"[文字]\n[画層]=A\n[画層]<>EMPTY\n[字体]=*\n{\n[画層]=A\n[画層]=NEW\n[線種]=DASH\n}\n"
+            L"[画層]=NEW\n[色]=1\n{\n[線種]=BYLAYER\n}\n---End---\n[画層の色･線種]\n[画層]=EMPTY\n{\n"
+            L"[画層]=X\n}\n---End---\n[画層の作成]\nNEW,1,\n---End---\n[EOF]\n",
+            check),
+      "3 EMPTY; 4 *; 6 A1 of 2 drawings, the first is b.dxf; 8 DASH2 of 2 drawings, the first is a.dxf; ");
+}
+
 TEST(CvtDiagnostics, BytesAndFilesOfOtherEncodings) {
   EXPECT_EQ(numbered(std::string_view("[\x95\xb6\x8e\x9a]\n[\x90\x46]=\xff\n---End---\n[EOF]\n")),
             "8:2 28:2");
-  const ParsedCvt utf8 = parseCvt(base::toUtf8(L"[文字]\n[画層]=a\n---End---\n[EOF]\n"));
-  EXPECT_NE(utf8.unusableReason().find(L"UTF-8"), std::wstring::npos);
-  EXPECT_EQ(utf8.diagnostics.size(), 1U);
+  const std::string utf8 = base::toUtf8(L"[文字]\n[画層]=壁\n{\n[色]=1\n}\n---End---\n[EOF]\n");
+  for (const std::string& bytes : {utf8, "\xEF\xBB\xBF" + utf8}) {
+    EXPECT_EQ(numbered(bytes), "39:0");
+    EXPECT_EQ(parseCvt(bytes).sections[0].settings[0].conditions[0].value, L"壁");
+  }
+  // Text of both: the code page's.
+  EXPECT_NE(parseCvt(base::toUtf8(L"[±]\n")).unusableReason().find(L"UTF-8"), std::wstring::npos);
   const ParsedCvt utf16 = parseCvt(std::string_view("\xff\xfe[\0\x87\x65\x57\x5b]\0\r\0\n\0", 14));
   EXPECT_NE(utf16.unusableReason().find(L"UTF-16"), std::wstring::npos);
   EXPECT_FALSE(parseCvt("").unusableReason().empty());

@@ -6,6 +6,7 @@
 
 #include "base/fold.h"
 #include "embedded/drawing/plain_text.h"
+#include "embedded/drawing/transparency.h"
 
 namespace cad {
 namespace {
@@ -13,7 +14,6 @@ namespace {
 using Role = DimPart::Role;
 
 constexpr std::int16_t kByBlock = 0, kByLayer = 256, kWeightByLayer = -1;
-constexpr std::int32_t kTransparencyByBlock = 0x01000000;
 
 bool isText(const BlockEntity& entity) { return std::holds_alternative<TextGeometry>(entity.geometry.shape); }
 

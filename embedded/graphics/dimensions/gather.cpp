@@ -10,6 +10,7 @@
 #include "embedded/graphics/dimensions/measured_arc.h"
 #include "embedded/graphics/dimensions/text_box.h"
 #include "embedded/graphics/dimensions/value_text.h"
+#include "embedded/graphics/text_styles.h"
 #include "embedded/support/arrow_blocks.h"
 
 namespace cad {
@@ -71,14 +72,6 @@ void chooseArrows(const Drawing& drawing, const DimVariables& variables, DimFigu
 bool isInPaperSpace(const Drawing& drawing, RecordId dimension) {
   const RecordId space = drawing.blockOf(dimension);
   return drawing.isLayoutSpace(space) && space != drawing.modelSpace();
-}
-
-FontRequest fontOf(const Drawing& drawing, RecordId style) {
-  constexpr std::int64_t kItalic = 1 << 24, kBold = 1 << 25;
-  const auto text = [&](Property property) { return drawing.text(style, property).value_or(std::wstring()); };
-  const std::int64_t flags = drawing.integer(style, Property::kFontFlags).value_or(0);
-  return {text(Property::kFontFile), text(Property::kBigFontFile), text(Property::kTypeface),
-          (flags & kBold) != 0, (flags & kItalic) != 0};
 }
 
 bool isAnonymous(const Drawing& drawing, RecordId block) {

@@ -88,4 +88,17 @@ std::shared_ptr<const FontMetrics> FontCatalogue::font(const FontRequest& reques
   return fonts_[key] = std::move(font);
 }
 
+GlyphPath FontCatalogue::shape(std::wstring_view file, int number) {
+  auto known = shapeFiles_.find(file);
+  if (known == shapeFiles_.end()) {
+    const std::wstring name = shapeFileName(file);
+    std::optional<support::ShapeFile> read;
+    if (find_ && !file.empty()) read = shapeFileAt(located(find_, name), name);
+    known = shapeFiles_
+                .emplace(file, read ? std::make_shared<const support::ShapeFile>(std::move(*read)) : nullptr)
+                .first;
+  }
+  return known->second == nullptr ? GlyphPath() : shapePath(*known->second, known->second->codes(number));
+}
+
 }  // namespace cad

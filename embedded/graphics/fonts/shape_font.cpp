@@ -30,6 +30,12 @@ class ShapeFont : public FontMetrics {
 
   Glyph glyph(char32_t c) const override { return c < kFirstBeyondAscii ? ascii_[c] : measured(c); }
 
+  GlyphPath path(char32_t c) const override {
+    if (const std::string_view codes = codesOf(c); !codes.empty()) return shapePath(font_, codes);
+    if (const std::string_view codes = bigCodesOf(c); !codes.empty()) return shapePath(*bigFont_, codes);
+    return {};
+  }
+
  private:
   Glyph measured(char32_t c) const {
     if (const std::string_view codes = codesOf(c); !codes.empty()) return inHeights(font_, codes);
@@ -70,6 +76,22 @@ class ShapeFont : public FontMetrics {
 };
 
 }  // namespace
+
+GlyphPath shapePath(const ShapeFile& file, std::string_view codes) {
+  std::vector<ShapeStroke> strokes;
+  extentsOf(file, codes, &strokes);
+  GlyphPath path;
+  path.strokes = true;
+  for (const ShapeStroke& stroke : strokes) {
+    auto kind = GlyphPath::Kind::kMove;
+    for (const ShapePoint& at : stroke) {
+      path.pieces.push_back({kind, at.x, at.y});
+      kind = GlyphPath::Kind::kLine;
+    }
+  }
+  if (file.capHeight() > 0) path.scale(1.0 / file.capHeight());
+  return path;
+}
 
 std::shared_ptr<const FontMetrics> shapeFont(ShapeFile font, std::optional<ShapeFile> bigFont) {
   if (font.capHeight() == 0 || font.kind() == ShapeFile::Kind::kBigFont) return nullptr;

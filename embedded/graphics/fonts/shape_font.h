@@ -14,4 +14,7 @@ namespace cad {
 std::shared_ptr<const FontMetrics> shapeFont(support::ShapeFile font,
                                              std::optional<support::ShapeFile> bigFont);
 
+// What a shape draws: of a font in heights of its capitals, else in the units of the file.
+GlyphPath shapePath(const support::ShapeFile& file, std::string_view codes);
+
 }  // namespace cad

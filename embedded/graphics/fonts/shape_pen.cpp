@@ -17,6 +17,7 @@ constexpr int kDeepest = 16;  // shapes in shapes
 constexpr int kMostCommands =
     100000;  // of a shape with those in it: a damaged file may repeat itself for ever
 constexpr double kOctant = std::numbers::pi / 4;
+constexpr double kArcStep = std::numbers::pi / 12;  // of the pieces that an arc is drawn as
 
 // The sixteen directions of a stroke, counter-clockwise from the right. A slanting one reaches as far along
 // one axis as an upright one.
@@ -39,7 +40,7 @@ constexpr std::array<Vec, 16> kDirections = {{{1, 0},
 
 class Pen {
  public:
-  explicit Pen(const ShapeFile& file) : file_(file) {}
+  Pen(const ShapeFile& file, std::vector<ShapeStroke>* strokes) : file_(file), strokes_(strokes) {}
 
   ShapeExtents draw(std::string_view codes) {
     run(codes, 0);
@@ -187,8 +188,17 @@ class Pen {
   void stroke(Vec by) {
     if (isSkipped_) return;
     ink(at_);
+    const Vec from = at_;
     at_ = at_ + scaled(by);
     ink(at_);
+    draw(from, at_);
+  }
+
+  void draw(Vec from, Vec to) {
+    if (!down_ || strokes_ == nullptr) return;
+    const ShapePoint last = strokes_->empty() ? ShapePoint() : strokes_->back().back();
+    if (strokes_->empty() || last.x != from.x || last.y != from.y) strokes_->push_back({{from.x, from.y}});
+    strokes_->back().push_back({to.x, to.y});
   }
 
   void ink(Vec point) {
@@ -212,6 +222,9 @@ class Pen {
     constexpr double kQuarter = std::numbers::pi / 2;
     for (double quarter = std::ceil(low / kQuarter); quarter * kQuarter < high; ++quarter)
       ink(on(quarter * kQuarter));
+    const double pieces = std::ceil(std::abs(sweep) / kArcStep);
+    for (double piece = 1; piece <= pieces; ++piece)
+      draw(on(start + sweep * (piece - 1) / pieces), on(start + sweep * piece / pieces));
     at_ = on(start + sweep);
     ink(at_);
   }
@@ -253,6 +266,7 @@ class Pen {
   }
 
   const ShapeFile& file_;
+  std::vector<ShapeStroke>* strokes_;
   ShapeExtents extents_;
   Vec at_, stretch_{1, 1};
   double scale_ = 1;
@@ -263,6 +277,8 @@ class Pen {
 
 }  // namespace
 
-ShapeExtents extentsOf(const ShapeFile& file, std::string_view codes) { return Pen(file).draw(codes); }
+ShapeExtents extentsOf(const ShapeFile& file, std::string_view codes, std::vector<ShapeStroke>* strokes) {
+  return Pen(file, strokes).draw(codes);
+}
 
 }  // namespace cad

@@ -6,6 +6,9 @@
 
 #include "base/fold.h"
 #include "embedded/graphics/fonts/characters.h"
+#include "embedded/graphics/fonts/compact_outline.h"
+#include "embedded/graphics/fonts/font_bytes.h"
+#include "embedded/graphics/fonts/glyf_outline.h"
 
 namespace cad {
 namespace {
@@ -13,43 +16,17 @@ namespace {
 constexpr char32_t kPrefilled = 256;
 constexpr std::size_t kSymbols = 0xF000;  // where fonts of symbols have their characters
 
-// Big-endian numbers; 0 where the bytes have ended.
-class Bytes {
- public:
-  Bytes() = default;
-  explicit Bytes(std::string_view bytes) : bytes_(bytes) {}
-
-  std::size_t size() const { return bytes_.size(); }
-  std::size_t u16(std::size_t at) const { return number(at, 2); }
-  std::size_t u32(std::size_t at) const { return number(at, 4); }
-  int i16(std::size_t at) const { return static_cast<std::int16_t>(number(at, 2)); }
-  Bytes from(std::size_t at, std::size_t size = std::string_view::npos) const {
-    return Bytes(at <= bytes_.size() ? bytes_.substr(at, size) : std::string_view());
-  }
-  bool startsWith(std::string_view text) const { return bytes_.starts_with(text); }
-
- private:
-  std::size_t number(std::size_t at, std::size_t count) const {
-    if (at > bytes_.size() || bytes_.size() - at < count) return 0;
-    std::size_t value = 0;
-    for (std::size_t i = 0; i < count; ++i) value = value << 8 | static_cast<unsigned char>(bytes_[at + i]);
-    return value;
-  }
-
-  std::string_view bytes_;
-};
-
 // A face's tables by their tags.
 class Face {
  public:
-  Face(Bytes file, std::size_t at) : file_(file), at_(at) {}
+  Face(FontBytes file, std::size_t at) : file_(file), at_(at) {}
 
   bool isFont() const {
-    const Bytes head = file_.from(at_, 4);
+    const FontBytes head = file_.from(at_, 4);
     return head.u32(0) == 0x00010000 || head.startsWith("OTTO") || head.startsWith("true");
   }
 
-  Bytes table(std::string_view tag) const {
+  FontBytes table(std::string_view tag) const {
     const std::size_t count = file_.u16(at_ + 4);
     for (std::size_t i = 0; i < count; ++i) {
       const std::size_t row = at_ + 12 + 16 * i;
@@ -61,13 +38,13 @@ class Face {
   // Whether one of its names, in any language, is this.
   bool isNamed(std::wstring_view typeface) const {
     constexpr std::size_t kWindows = 3, kFamily = 1, kFullName = 4, kWholeFamily = 16;
-    const Bytes names = table("name");
-    const Bytes texts = names.from(names.u16(4));
+    const FontBytes names = table("name");
+    const FontBytes texts = names.from(names.u16(4));
     for (std::size_t i = 0; i < names.u16(2); ++i) {
-      const Bytes row = names.from(6 + 12 * i, 12);
+      const FontBytes row = names.from(6 + 12 * i, 12);
       const std::size_t use = row.u16(6);
       if (row.u16(0) != kWindows || (use != kFamily && use != kFullName && use != kWholeFamily)) continue;
-      const Bytes text = texts.from(row.u16(10), row.u16(8));
+      const FontBytes text = texts.from(row.u16(10), row.u16(8));
       std::wstring name;
       for (std::size_t at = 0; at + 2 <= text.size(); at += 2) name += static_cast<wchar_t>(text.u16(at));
       if (base::equalFolded(name, typeface)) return true;
@@ -76,11 +53,11 @@ class Face {
   }
 
  private:
-  Bytes file_;
+  FontBytes file_;
   std::size_t at_;
 };
 
-Face faceOf(Bytes file, std::wstring_view typeface) {
+Face faceOf(FontBytes file, std::wstring_view typeface) {
   if (!file.startsWith("ttcf")) return {file, 0};
   const std::size_t count = std::min<std::size_t>(file.u32(8), 64);
   if (typeface.starts_with(L'@')) typeface.remove_prefix(1);
@@ -93,11 +70,11 @@ Face faceOf(Bytes file, std::wstring_view typeface) {
 class CharacterMap {
  public:
   CharacterMap() = default;
-  explicit CharacterMap(Bytes maps) {
+  explicit CharacterMap(FontBytes maps) {
     int best = 0;
     for (std::size_t i = 0; i < maps.u16(2); ++i) {
-      const Bytes row = maps.from(4 + 8 * i, 8);
-      const Bytes map = maps.from(row.u32(4));
+      const FontBytes row = maps.from(4 + 8 * i, 8);
+      const FontBytes map = maps.from(row.u32(4));
       const int rank = rankOf(row.u16(0), row.u16(2), map.u16(0));
       if (rank <= best) continue;
       best = rank;
@@ -175,22 +152,21 @@ class CharacterMap {
     return row < count && first <= character ? map_.u32(24 + 12 * row) + (character - first) : 0;
   }
 
-  Bytes map_;
+  FontBytes map_;
   bool symbols_ = false;
 };
 
 class TrueTypeFont : public FontMetrics {
  public:
   TrueTypeFont(std::unique_ptr<base::MappedFile> file, std::wstring_view typeface) : file_(std::move(file)) {
-    const Face face = faceOf(Bytes(file_->bytes()), typeface);
+    const Face face = faceOf(FontBytes(file_->bytes()), typeface);
     if (!face.isFont()) return;
     characters_ = CharacterMap(face.table("cmap"));
     advances_ = face.table("hmtx");
     advanceCount_ = face.table("hhea").u16(34);
-    glyphCount_ = face.table("maxp").u16(4);
-    places_ = face.table("loca");
-    hasLongPlaces_ = face.table("head").u16(50) != 0;
-    outlines_ = face.table("glyf");
+    outlines_ = {face.table("loca"), face.table("glyf"), face.table("head").u16(50) != 0,
+                 face.table("maxp").u16(4)};
+    if (outlines_.outlines.size() == 0) compact_ = compactOutlines(face.table("CFF "));
     setHeight(face);
     if (unitsPerHeight_ <= 0) return;
     for (char32_t c = 0; c < kPrefilled; ++c) prefilled_[c] = measured(c);
@@ -199,26 +175,39 @@ class TrueTypeFont : public FontMetrics {
   bool isUsable() const { return unitsPerHeight_ > 0; }
   Glyph glyph(char32_t c) const override { return c < kPrefilled ? prefilled_[c] : measured(c); }
 
+  GlyphPath path(char32_t c) const override {
+    const std::size_t which = glyphOf(c);
+    if (which == 0 || which >= outlines_.glyphCount) return {};
+    GlyphPath path = compact_ ? compact_->path(which) : glyfPath(outlines_, which);
+    path.scale(1 / unitsPerHeight_);
+    return path;
+  }
+
  private:
   // The A's; of a font without A what it says of its capitals, and then a usual share of the em.
   void setHeight(const Face& face) {
-    const Bytes facts = face.table("OS/2");
+    const FontBytes facts = face.table("OS/2");
     unitsPerHeight_ = outline(characters_.glyph(L'A')).i16(8);
     if (unitsPerHeight_ <= 0 && facts.u16(0) >= 2) unitsPerHeight_ = facts.i16(88);
     if (unitsPerHeight_ <= 0 && advanceCount_ > 0)
       unitsPerHeight_ = 0.7 * static_cast<double>(face.table("head").u16(18));
   }
 
-  Glyph measured(char32_t c) const {
-    std::size_t which = characters_.glyph(c);
+  std::size_t glyphOf(char32_t c) const {
+    const std::size_t which = characters_.glyph(c);
     // What stands for the diameter where a font has no such sign.
-    if (which == 0 && (c == kDiameter || c == kDiameterSign)) which = characters_.glyph(kSlashedO);
-    if (which == 0 || which >= glyphCount_ || advanceCount_ == 0) return outlineAverages().glyph(c);
+    const bool isDiameter = c == kDiameter || c == kDiameterSign;
+    return which == 0 && isDiameter ? characters_.glyph(kSlashedO) : which;
+  }
+
+  Glyph measured(char32_t c) const {
+    const std::size_t which = glyphOf(c);
+    if (which == 0 || which >= outlines_.glyphCount || advanceCount_ == 0) return outlineAverages().glyph(c);
     const std::size_t row = std::min(which, advanceCount_ - 1);
     Glyph glyph;
     glyph.advance = inHeights(static_cast<double>(advances_.u16(4 * row)));
-    if (outlines_.size() == 0) return withoutOutline(c, which, glyph.advance);
-    const Bytes box = outline(which);
+    if (outlines_.outlines.size() == 0) return withoutOutline(c, which, glyph.advance);
+    const FontBytes box = outline(which);
     glyph.inked = box.size() > 0;
     glyph.left = inHeights(box.i16(2)), glyph.bottom = inHeights(box.i16(4));
     glyph.right = inHeights(box.i16(6)), glyph.top = inHeights(box.i16(8));
@@ -237,21 +226,20 @@ class TrueTypeFont : public FontMetrics {
   }
 
   // Begins with a count and the box: left, bottom, right, top. A blank has none.
-  Bytes outline(std::size_t which) const {
-    if (which == 0 || which >= glyphCount_) return {};
-    const std::size_t from = hasLongPlaces_ ? places_.u32(4 * which) : 2 * places_.u16(2 * which);
-    const std::size_t to = hasLongPlaces_ ? places_.u32(4 * which + 4) : 2 * places_.u16(2 * which + 2);
+  FontBytes outline(std::size_t which) const {
     constexpr std::size_t kHead = 10;
-    return to > from && outlines_.size() >= to && to - from >= kHead ? outlines_.from(from, kHead) : Bytes();
+    const FontBytes glyph = outlines_.glyph(which);
+    return glyph.size() >= kHead ? glyph : FontBytes();
   }
 
   double inHeights(double units) const { return units / unitsPerHeight_; }
 
   std::unique_ptr<base::MappedFile> file_;
   CharacterMap characters_;
-  Bytes advances_, places_, outlines_;
-  std::size_t advanceCount_ = 0, glyphCount_ = 0;
-  bool hasLongPlaces_ = false;
+  std::shared_ptr<const CompactOutlines> compact_;
+  FontBytes advances_;
+  GlyfTables outlines_;
+  std::size_t advanceCount_ = 0;
   double unitsPerHeight_ = 0;
   std::array<Glyph, kPrefilled> prefilled_;
 };

@@ -135,6 +135,29 @@ TEST(EditPlace, NewGroupsAreWrittenAsTheFileWritesThem) {
   EXPECT_EQ(saved(*drawing), replaced(tight, "8\n0\n", "8\n0\n62\n12\n"));
 }
 
+TEST(EditPlace, WhatEveryEntityHasIsToldFromTheRest) {
+  constexpr struct {
+    std::string_view dimension;
+    Property property;
+    bool common;
+  } kRows[] = {
+      {"0 DIMENSION|5 1F|100 AcDbEntity|8 0|100 AcDbDimension|1 x", Property::kColorIndex, true},
+      {"0 DIMENSION|5 1F|100 AcDbEntity|8 0|100 AcDbDimension|1 x", Property::kDimText, false},
+      {"0 DIMENSION|5 1F|100 AcDbEntity|8 0|100 AcDbDimension|62 3", Property::kColorIndex, false},
+      {"0 DIMENSION|1 x|100 AcDbEntity|8 0|100 AcDbOther|70 1", Property::kDimText, false},
+      {"0 DIMENSION|8 0|1 x", Property::kColorIndex, false},
+  };
+  for (const auto& [dimension, property, common] : kRows) {
+    const auto drawing = read(drawingText("AC1015", dimension));
+    const RecordId id = entity(*drawing, "DIMENSION");
+    const Record before = drawing->record(id);
+    const bool changed = property == Property::kDimText ? drawing->setText(id, property, L"y").ok()
+                                                        : drawing->setInteger(id, property, 5).ok();
+    ASSERT_TRUE(changed && before.edits != drawing->record(id).edits) << dimension;
+    EXPECT_EQ(storageOf(*drawing).differInCommonOnly(before, drawing->record(id)), common) << dimension;
+  }
+}
+
 TEST(EditPlace, ManyChangesOfOneRecordStayRightAndCanBeTakenBack) {
   const std::string before = drawingText("AC1015", "0 TEXT|100 AcDbEntity|8 A|62 1|100 AcDbText|40 1.0|1 x");
   const auto drawing = read(before);

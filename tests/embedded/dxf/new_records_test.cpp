@@ -86,5 +86,28 @@ TEST(NewRecords, HandlesStayDistinctWhenTheFilesNextOneIsTheLargest) {
       << "the header has a number that can be counted on";
 }
 
+TEST(NewRecords, HandlesAreLargerThanThoseOfTheFileWhereverTheseStand) {
+  struct Row {
+    std::string_view entities;
+    Handle next;
+  };
+  constexpr Row kRows[] = {
+      {"0 LINE|5 FFF|8 0", 0x1000},
+      {"0 LINE|8 0|62 1|5  fff |10 0.0|0 LINE|5 20|8 0", 0x1000},
+      {"0 LINE|102 {X|5 9999|102 }|5 FFF|8 0", 0x1000},
+      {"0 LINE|5 FFF|5 9999|8 0|1001 APP|5 9999", 0x1000},
+      {"0 LINE|8 0|1001 APP|1000 x|5 9999", 0x400},
+      {"0 LINE|5 no|5 9999|8 0", 0x400},
+      {"0 POLYLINE|5 20|8 0|0 VERTEX|5 FFF|8 0|0 SEQEND|5 21|8 0|0 LINE|5 FFFFFFFFFFFFFFF0|8 0", 0x1000},
+  };
+  for (const Row& row : kRows) {
+    const auto drawing = modern(row.entities);
+    EXPECT_EQ(storageOf(*drawing).takeHandle(*drawing), row.next) << row.entities;
+  }
+  const auto styles = read(drawingText("AC1015", "0 LINE|5 20|8 0",
+                                       "0 TABLE|2 DIMSTYLE|5 A|70 1|0 DIMSTYLE|105 FFF|5 9999|2 D|0 ENDTAB"));
+  EXPECT_EQ(storageOf(*styles).takeHandle(*styles), Handle{0x1000});
+}
+
 }  // namespace
 }  // namespace cad::dxf

@@ -60,6 +60,9 @@ class MemoryStorage final : public RecordStorage {
   base::Result<RecordId> defineBlock(Drawing& drawing, std::wstring_view name, const BlockHead& head,
                                      std::span<const Shape> shapes) override;
   std::unique_ptr<BlockCopy> copierFrom(Drawing& drawing, const Drawing& source) override;
+  std::vector<Layout> layouts(const Drawing& drawing) const override {
+    return {{L"Model", drawing.modelSpace()}, {L"Layout1", drawing.paperSpace()}};
+  }
   Point basePoint(const Drawing& drawing, RecordId block) const override;
   base::Result<RecordId> addEntity(Drawing& drawing, RecordId block, std::string_view type,
                                    const Geometry& geometry) override;

@@ -1,0 +1,7 @@
+#include "base/environment.h"
+
+namespace base {
+
+std::wstring userInterfaceLanguage() { return {}; }
+
+}  // namespace base

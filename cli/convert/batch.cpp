@@ -1,0 +1,169 @@
+#include "cli/convert/batch.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/files.h"
+#include "base/temporary_files.h"
+#include "cli/convert/report_json.h"
+#include "cli/language/language.h"
+
+namespace kivcli {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds kWaitInBetween{200};
+
+// Where a process costs no more than copying this one, every drawing is converted in another. Elsewhere one
+// that is alone has nobody whom its crash could harm.
+#if defined(_WIN32)
+constexpr bool kProcessesAreCheap = false;
+#else
+constexpr bool kProcessesAreCheap = true;
+#endif
+
+}  // namespace
+
+Batch::Batch(Session& session, const Arguments& arguments, const std::vector<PlannedDrawing>& plan)
+    : session_(session), arguments_(arguments), plan_(plan), reports_(plan.size()) {
+  if (!isWorthAWorker()) return;
+  jobs_ = static_cast<std::size_t>(arguments.jobs > 0 ? arguments.jobs
+                                   : plan.size() > 1  ? base::usableProcessors()
+                                                      : 1);
+  base::ChildWork work;
+  work.work = [this](base::RequestChannel& channel) {
+    session_.host().removeTemporaryFilesOnSignals();
+    return Worker(session_, arguments_).serve(channel);
+  };
+  work.words = arguments.words;
+  work.words.insert(work.words.begin(), kWorkerWord);
+  group_ = base::ChildGroup::create(std::move(work));
+}
+
+Batch::~Batch() = default;
+
+bool Batch::isWorthAWorker() const {
+  return kProcessesAreCheap || plan_.size() > 1 || arguments_.timeout > 0;
+}
+
+void Batch::run(const Listener& listener) {
+  if (!group_) return runHere(listener);
+  for (std::size_t told = 0; told < plan_.size();) {
+    handOut();
+    for (; told < plan_.size() && reports_[told]; ++told) {
+      listener.told(plan_[told], *reports_[told]);
+      reports_[told].reset();
+    }
+    listener.waits(done_);
+    if (busy_.empty()) continue;
+    if (const auto message = group_->wait(timeToWait())) take(*message);
+    giveUpLateOnes();
+  }
+}
+
+void Batch::runHere(const Listener& listener) {
+  session_.host().removeTemporaryFilesOnSignals();
+  Worker worker(session_, arguments_);
+  for (const PlannedDrawing& drawing : plan_) listener.told(drawing, worker.convert(drawing));
+}
+
+void Batch::handOut() {
+  while (next_ < plan_.size()) {
+    if (!plan_[next_].refusal.empty()) {
+      lose(next_, plan_[next_].refusal);
+      ++next_;
+      continue;
+    }
+    if (!idle_.empty()) {
+      handNextTo(idle_.back());
+      continue;
+    }
+    if (busy_.size() >= jobs_) return;
+    const base::Result<int> started = group_->start();
+    if (started) {
+      idle_.push_back(started.value());
+    } else if (busy_.empty()) {
+      lose(next_++, tr(L"not converted: no process can be started for it: %1",
+                       {translated(started.failure().reason)}));
+    } else {
+      return;  // those that there are go on
+    }
+  }
+}
+
+void Batch::handNextTo(int child) {
+  idle_.pop_back();
+  const Clock::time_point end = arguments_.timeout > 0
+                                    ? Clock::now() + std::chrono::seconds(arguments_.timeout)
+                                    : Clock::time_point::max();
+  busy_[child] = {next_, end};
+  group_->send(child, lineOf(plan_[next_]));
+  ++next_;
+}
+
+milliseconds Batch::timeToWait() const {
+  milliseconds time = kWaitInBetween;
+  for (const auto& [child, assignment] : busy_) {
+    if (assignment.end == Clock::time_point::max()) continue;
+    const auto left = std::chrono::ceil<milliseconds>(assignment.end - Clock::now());
+    time = std::clamp(left, milliseconds(0), time);
+  }
+  return time;
+}
+
+void Batch::giveUpLateOnes() {
+  for (auto& [child, assignment] : busy_) {
+    if (assignment.isLate || assignment.end > Clock::now()) continue;
+    assignment.isLate = true;
+    group_->kill(child);
+  }
+}
+
+void Batch::take(const base::ChildMessage& message) {
+  const auto found = busy_.find(message.child);
+  if (found == busy_.end()) {
+    std::erase(idle_, message.child);
+    return;
+  }
+  const Assignment assignment = found->second;
+  if (message.end) {
+    busy_.erase(found);
+    lose(assignment.drawing, tr(L"not converted: %1", {reasonOf(*message.end, assignment.isLate)}));
+    removeRemainsOf(plan_[assignment.drawing]);
+  } else if (auto report = reportOf(message.line)) {
+    busy_.erase(found);
+    reports_[assignment.drawing] = std::move(*report);
+    ++done_;
+    idle_.push_back(message.child);
+  } else {
+    group_->kill(message.child);  // its end is told next
+  }
+}
+
+void Batch::lose(std::size_t drawing, const std::wstring& reason) {
+  DrawingReport report;
+  report.given = plan_[drawing].given;
+  report.messages.push_back(report.given + L": " + reason);
+  reports_[drawing] = std::move(report);
+  ++done_;
+}
+
+std::wstring Batch::reasonOf(const base::ChildEnd& end, bool isLate) const {
+  if (isLate) return tr(L"it took longer than %1 s and was given up", {std::to_wstring(arguments_.timeout)});
+  if (end.signal == 0) {
+    return tr(L"the process that converted it ended with status %1", {std::to_wstring(end.exitStatus)});
+  }
+  return tr(L"the process that converted it was ended by signal %1 (%2)",
+            {std::to_wstring(end.signal), end.signalName});
+}
+
+void Batch::removeRemainsOf(const PlannedDrawing& drawing) const {
+  if (arguments_.isDryRun) return;
+  base::removeAbandonedTemporaryFiles(drawing.target.parent_path());
+  if (!arguments_.logFolder.empty()) {
+    base::removeAbandonedTemporaryFiles(base::pathFromText(arguments_.logFolder));
+  }
+}
+
+}  // namespace kivcli

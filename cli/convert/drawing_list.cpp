@@ -1,0 +1,113 @@
+#include "cli/convert/drawing_list.h"
+
+#include <algorithm>
+#include <iostream>
+#include <iterator>
+#include <set>
+#include <system_error>
+
+#include "base/codepage.h"
+#include "base/files.h"
+#include "base/save_format.h"
+#include "base/utf8.h"
+#include "cli/language/language.h"
+
+namespace kivcli {
+namespace {
+
+namespace fs = std::filesystem;
+
+class FolderWalk {
+ public:
+  FolderWalk(std::vector<ListedDrawing>& drawings, const fs::path& outputFolder) : drawings_(drawings) {
+    std::error_code error;
+    const fs::path output = fs::canonical(outputFolder, error);
+    if (!error) entered_.insert(output);
+  }
+
+  void enter(const fs::path& folder, const fs::path& below) {
+    std::error_code error;
+    const fs::path real = fs::canonical(folder, error);
+    if (!error && !entered_.insert(real).second) return;
+    std::vector<fs::path> names;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+      names.push_back(entry->path().filename());
+    }
+    if (error) {
+      drawings_.push_back({base::pathText(folder), below,
+                           tr(L"this folder cannot be read: %1", {base::fromUtf8(error.message())})});
+      return;
+    }
+    std::ranges::sort(names);
+    for (const fs::path& name : names) take(folder / name, below);
+  }
+
+ private:
+  void take(const fs::path& path, const fs::path& below) {
+    std::error_code unknown;
+    if (fs::is_directory(path, unknown)) {
+      enter(path, below / path.filename());
+    } else if (base::saveFormatOf(base::pathText(path.filename())) == SaveFormat::kDxf) {
+      drawings_.push_back({base::pathText(path), below, {}});
+    }
+  }
+
+  std::vector<ListedDrawing>& drawings_;
+  std::set<fs::path> entered_;
+};
+
+void add(std::vector<ListedDrawing>& drawings, const std::wstring& name, const Arguments& arguments) {
+  const fs::path path = base::pathFromText(name);
+  std::error_code unknown;
+  if (!fs::is_directory(path, unknown)) {
+    drawings.push_back({name, {}, {}});
+  } else if (!arguments.recursive) {
+    drawings.push_back(
+        {name, {}, tr(L"this is a folder; --recursive converts the drawings in it and below it")});
+  } else {
+    const std::size_t before = drawings.size();
+    FolderWalk(drawings, base::pathFromText(arguments.outputFolder)).enter(path, {});
+    if (drawings.size() == before) {
+      drawings.push_back({name, {}, tr(L"there is no DXF drawing in this folder or below it")});
+    }
+  }
+}
+
+base::Result<std::string> contentOf(const std::wstring& list) {
+  if (list != L"-") return base::readFile(base::pathFromText(list));
+  std::string content(std::istreambuf_iterator<char>(std::cin), {});
+  if (std::cin.bad()) return base::Failure{L"", tr(L"standard input cannot be read")};
+  return content;
+}
+
+}  // namespace
+
+std::vector<std::wstring> namesInList(const std::string& bytes) {
+  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  std::string_view rest = bytes;
+  if (rest.starts_with(kMark)) rest.remove_prefix(kMark.size());
+  const bool hasZeros = rest.find('\0') != std::string_view::npos;
+  std::vector<std::wstring> names;
+  while (!rest.empty()) {
+    const std::size_t end = std::min(rest.find(hasZeros ? '\0' : '\n'), rest.size());
+    std::string_view name = rest.substr(0, end);
+    if (!hasZeros && name.ends_with('\r')) name.remove_suffix(1);
+    if (name.find_first_not_of(hasZeros ? "" : " \t") != std::string_view::npos) {
+      names.push_back(base::utf8::decodeName(name));
+    }
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  return names;
+}
+
+base::Result<std::vector<ListedDrawing>> listDrawings(const Arguments& arguments) {
+  std::vector<ListedDrawing> drawings;
+  for (const std::wstring& name : arguments.files) add(drawings, name, arguments);
+  if (arguments.filesFrom.empty()) return drawings;
+  const base::Result<std::string> content = contentOf(arguments.filesFrom);
+  if (!content) return base::Failure{L"--files-from " + arguments.filesFrom, content.failure().reason};
+  for (const std::wstring& name : namesInList(content.value())) add(drawings, name, arguments);
+  return drawings;
+}
+
+}  // namespace kivcli

@@ -1,0 +1,68 @@
+#include "cli/convert/output_plan.h"
+
+#include <set>
+#include <system_error>
+
+#include "base/files.h"
+#include "base/fold.h"
+#include "cli/language/language.h"
+
+namespace kivcli {
+namespace {
+
+namespace fs = std::filesystem;
+
+// One text for all the ways in which a file may be named. A path that cannot be looked up stays as it is:
+// opening the drawing will tell why.
+std::wstring identity(const fs::path& path) {
+  std::error_code error;
+  // A relative path of which nothing exists would stay relative.
+  const fs::path canonical = fs::weakly_canonical(fs::absolute(path, error), error);
+  return base::upper(base::pathText(error ? path : canonical));
+}
+
+}  // namespace
+
+std::vector<PlannedDrawing> planOutputs(const std::vector<ListedDrawing>& drawings,
+                                        const fs::path& outputFolder, std::optional<SaveFormat> format) {
+  std::set<std::wstring> sources;
+  for (const ListedDrawing& drawing : drawings) sources.insert(identity(base::pathFromText(drawing.given)));
+
+  std::vector<PlannedDrawing> plan;
+  base::SavedNames names;
+  for (const ListedDrawing& drawing : drawings) {
+    PlannedDrawing planned;
+    planned.given = drawing.given;
+    planned.refusal = drawing.refusal;
+    const std::wstring name = base::pathText(base::pathFromText(drawing.given).filename());
+    planned.format = format.value_or(base::saveFormatOf(name).value_or(SaveFormat::kDxf));
+    const fs::path saved = drawing.folder / base::pathFromText(base::savedName(name, planned.format));
+    planned.target = outputFolder / saved;
+
+    if (!planned.refusal.empty()) {
+      // It takes no name from others.
+    } else if (sources.contains(identity(planned.target))) {
+      planned.refusal = tr(
+          L"%1 is one of the drawings to convert and would be overwritten; please choose another folder with "
+          L"--out",
+          {base::pathText(planned.target)});
+    } else if (const std::wstring holder = names.take(base::pathText(saved), drawing.given);
+               !holder.empty()) {
+      planned.refusal = tr(L"%1 is already saved as %2; please convert this one into another folder",
+                           {holder, base::pathText(planned.target)});
+    }
+    plan.push_back(std::move(planned));
+  }
+  return plan;
+}
+
+std::vector<PlannedDrawing> partOf(std::vector<PlannedDrawing> plan, const Shard& shard) {
+  std::vector<PlannedDrawing> part;
+  const auto step = static_cast<std::size_t>(shard.count);
+  for (auto at = static_cast<std::size_t>(shard.index - 1); at < plan.size(); at += step) {
+    part.push_back(std::move(plan[at]));
+  }
+  return part;
+}
+
+}  // namespace kivcli

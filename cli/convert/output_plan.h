@@ -1,0 +1,30 @@
+#pragma once
+// Which file each drawing becomes, and which drawings must not be converted because of that.
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/arguments.h"
+#include "cli/convert/drawing_list.h"
+
+namespace kivcli {
+
+struct PlannedDrawing {
+  std::wstring given;            // as the user named it
+  std::filesystem::path target;  // in the output folder as the user named it
+  SaveFormat format = SaveFormat::kDxf;
+  std::wstring refusal;  // empty, or why the drawing is left alone
+};
+
+// Names are compared ignoring case on every system, because the output folder may later stand on one that
+// does. Refused: a target that is one of the drawings given, and the second drawing that has the same target.
+std::vector<PlannedDrawing> planOutputs(const std::vector<ListedDrawing>& drawings,
+                                        const std::filesystem::path& outputFolder,
+                                        std::optional<SaveFormat> format);
+
+// The drawings of one part. What is refused is decided before on the whole list: parts do not differ in it.
+std::vector<PlannedDrawing> partOf(std::vector<PlannedDrawing> plan, const Shard& shard);
+
+}  // namespace kivcli

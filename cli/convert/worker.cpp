@@ -1,0 +1,87 @@
+#include "cli/convert/worker.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include "base/files.h"
+#include "base/paths.h"
+#include "base/temporary_files.h"
+#include "cli/commands.h"
+#include "cli/convert/report_json.h"
+#include "cli/language/language.h"
+
+namespace kivcli {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Changes when another file takes the place of the drawing, or somebody writes to it.
+struct FileStamp {
+  fs::file_time_type modified{};
+  std::uintmax_t size = 0;
+  bool operator==(const FileStamp&) const = default;
+};
+
+FileStamp stampOf(const fs::path& file) {
+  std::error_code error;
+  FileStamp stamp;
+  if (!fs::is_regular_file(file, error)) return stamp;
+  stamp.modified = fs::last_write_time(file, error);
+  stamp.size = fs::file_size(file, error);
+  return stamp;
+}
+
+// What is saved is whole, but nobody may take it for the drawing that is there now: it must not look newer.
+void tellReplaced(DrawingReport& report, const PlannedDrawing& drawing, const FileStamp& before,
+                  const FileStamp& after) {
+  std::error_code error;
+  fs::last_write_time(drawing.target, std::min(before.modified, after.modified), error);
+  report.outcome = Outcome::kWithProblems;
+  report.messages.push_back(
+      report.given + L": " +
+      tr(L"the drawing was replaced while it was converted; what is saved is from the one before"));
+}
+
+}  // namespace
+
+Worker::Worker(Session& session, const Arguments& arguments)
+    : ownLog_(arguments.logFolder.empty() ? std::wstring()
+                                          : base::pathText(base::temporaryName(
+                                                base::pathFromText(base::fullPath(arguments.logFolder))))),
+      conversion_(session, arguments, ownLog_) {}
+
+DrawingReport Worker::convert(const PlannedDrawing& drawing) {
+  const fs::path source = base::pathFromText(drawing.given);
+  const FileStamp before = stampOf(source);
+  DrawingReport report = conversion_.run(drawing);
+  if (!report.saved.empty()) {
+    if (const FileStamp after = stampOf(source); after != before)
+      tellReplaced(report, drawing, before, after);
+  }
+  if (!ownLog_.empty()) takeLogEntries(report);
+  return report;
+}
+
+int Worker::serve(base::RequestChannel& channel) {
+  while (const auto request = channel.receive()) {
+    const auto drawing = plannedOf(*request);
+    if (!drawing || !channel.answer(lineOf(convert(*drawing)))) return kUnusable;
+  }
+  return kAllDone;
+}
+
+void Worker::takeLogEntries(DrawingReport& report) const {
+  const fs::path file = base::pathFromText(ownLog_);
+  std::error_code error;
+  if (!fs::exists(file, error)) return;
+  base::Result<std::string> entries = base::readFile(file);
+  if (!entries) {
+    report.logFailure = entries.failure().text();
+  } else {
+    report.logEntries = std::move(entries.value());
+  }
+  fs::remove(file, error);
+}
+
+}  // namespace kivcli

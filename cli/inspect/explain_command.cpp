@@ -1,0 +1,189 @@
+// kivcvt explain: what each setting of a specification does to a drawing, and why.
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "base/codepage.h"
+#include "base/files.h"
+#include "base/paths.h"
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "cli/convert/drawing_conversion.h"
+#include "cli/language/language.h"
+#include "cli/reports/change_text.h"
+#include "cli/reports/report_json.h"
+#include "cli/specifications/specification_check.h"
+#include "embedded/editor/host.h"
+#include "embedded/formats/drawing_files.h"
+
+namespace kivcli {
+namespace {
+
+std::wstring number(std::size_t count) { return std::to_wstring(count); }
+
+// --- All entities
+
+void printSetting(const SettingFacts& facts) {
+  printLine(L"  " + settingTitle(facts));
+  if (facts.isEntry) {
+    const ResultFacts& result = facts.results[0];
+    printLine(L"    " + tr(result.refused > 0   ? L"refused"
+                           : result.changed > 0 ? L"changes the drawing"
+                                                : L"changes nothing"));
+    return;
+  }
+  printLine(L"    " + tr(L"looked at: %1", {number(facts.looked)}));
+  for (const ConditionFacts& condition : facts.conditions) {
+    printLine(L"    " + condition.text + L": " +
+              tr(L"%1 pass, %2 left", {number(condition.passing), number(condition.left)}));
+  }
+  printLine(L"    " + hitsText(facts));
+  for (const ResultFacts& result : facts.results) {
+    std::wstring line = L"    -> " + result.text + L": " + tr(L"%1 changed", {number(result.changed)});
+    if (result.refused > 0) line += L", " + tr(L"%1 refused", {number(result.refused)});
+    printLine(line);
+  }
+}
+
+// --- One entity
+
+// Why the passes over the entities never looked at it.
+std::wstring whyNotTested(const cad::Drawing& drawing, cad::RecordId id, int blockScope) {
+  const cad::Record& record = drawing.record(id);
+  if (record.kind == cad::RecordKind::kSubEntity)
+    return tr(L"it is a part of another entity, with which it is converted");
+  if (!drawing.isLayoutSpace(drawing.blockOf(id))) {
+    return blockScope == 0
+               ? tr(L"it is in a block definition; --block-scope 1 or 2 takes those that are referred to")
+               : tr(L"it is in a block definition that no reference of the current space shows, or a "
+                    L"reference inside one");
+  }
+  if (drawing.typeName(id) == "INSERT" && blockScope == 1)
+    return tr(L"it is a block reference; --block-scope 0 or 2 takes these");
+  return tr(L"no setting of the file is for entities of its kind");
+}
+
+std::wstring joined(const std::vector<std::wstring>& texts) {
+  std::wstring all;
+  for (const std::wstring& text : texts) all += (all.empty() ? L"" : L", ") + text;
+  return all;
+}
+
+std::wstring stepText(const SettingTrace& step) {
+  switch (step.end) {
+    case SettingTrace::End::kFailed:
+      return step.value.empty() ? tr(L"does not meet %1", {step.condition})
+                                : tr(L"does not meet %1: it has %2", {step.condition, step.value});
+    case SettingTrace::End::kLocked:
+      return tr(L"met, but it is on a locked layer");
+    case SettingTrace::End::kRefused:
+      return tr(L"met, but it could not be opened");
+    case SettingTrace::End::kHit:
+      break;
+  }
+  std::wstring text =
+      step.done.empty() ? tr(L"met, and changes nothing") : tr(L"met, and changes %1", {joined(step.done)});
+  if (!step.refused.empty()) text += L"; " + tr(L"refused: %1", {joined(step.refused)});
+  return text;
+}
+
+struct Entity {
+  std::wstring title, whyNotTested;  // the title is empty: there is none
+};
+
+Entity entityOf(const Arguments& arguments, const std::wstring& file) {
+  const auto drawing = cad::formats::open(base::pathFromText(file));
+  if (!drawing.ok()) return {};
+  const cad::RecordId id = drawing.value()->findHandle(handleOfText(arguments.entity));
+  if (id == cad::kNoRecord) return {};
+  const cad::Record& record = drawing.value()->record(id);
+  if (record.kind != cad::RecordKind::kEntity && record.kind != cad::RecordKind::kSubEntity) return {};
+  const std::wstring type = base::fromUtf8(drawing.value()->typeName(id));
+  return {type + L" " + arguments.entity, whyNotTested(*drawing.value(), id, arguments.blockScope)};
+}
+
+void printEntity(const Entity& entity, const std::vector<SettingTrace>& trace) {
+  printLine(L"  " + entity.title);
+  if (trace.empty()) printLine(L"    " + entity.whyNotTested);
+  for (const SettingTrace& step : trace)
+    printLine(L"    " + sectionName(step.section) + L" " + std::to_wstring(step.number) + L": " +
+              stepText(step));
+}
+
+Json entityJson(const Entity& entity, const std::vector<SettingTrace>& trace) {
+  constexpr const char* kEnds[] = {"failed", "hit", "locked", "refused"};
+  Json steps = Json::array();
+  for (const SettingTrace& step : trace) {
+    Json json = {{"section", step.section},
+                 {"number", step.number},
+                 {"end", kEnds[static_cast<std::size_t>(step.end)]}};
+    if (step.end == SettingTrace::End::kFailed) {
+      json["condition"] = base::toUtf8(step.condition), json["value"] = base::toUtf8(step.value);
+    }
+    for (const auto& [name, texts] :
+         {std::pair{"changed", &step.done}, {"unchanged", &step.without}, {"refused", &step.refused}})
+      for (const std::wstring& text : *texts) json[name].push_back(base::toUtf8(text));
+    steps.push_back(std::move(json));
+  }
+  Json json = {{"entity", base::toUtf8(entity.title)}, {"settings", std::move(steps)}};
+  if (trace.empty()) json["notTested"] = base::toUtf8(entity.whyNotTested);
+  return json;
+}
+
+// --- A drawing
+
+struct Explanation {
+  int status = kAllDone;
+  Json json = Json::array();  // of all drawings
+};
+
+void explain(DrawingConversion& conversion, const Arguments& arguments, const std::wstring& file,
+             Explanation& out) {
+  const DrawingReport report = conversion.run({file, {}, base::SaveFormat::kDxf, {}});
+  for (const std::wstring& message : report.messages) complain(message);
+  if (report.outcome == Outcome::kNotConverted) {
+    out.status = kSomeFailed;
+    return;
+  }
+  Entity entity;
+  if (!arguments.entity.empty()) entity = entityOf(arguments, file);
+  if (!arguments.entity.empty() && entity.title.empty()) {
+    complain(file + L": " + tr(L"there is no entity with the handle %1", {arguments.entity}));
+    out.status = kSomeFailed;
+    return;
+  }
+  if (arguments.asJson) {
+    Json json = toJson(report);
+    if (!entity.title.empty()) json["traced"] = entityJson(entity, conversion.facts().trace());
+    out.json.push_back(std::move(json));
+    return;
+  }
+  printLine(file + L": " + countsText(report.counts));
+  if (!entity.title.empty()) return printEntity(entity, conversion.facts().trace());
+  for (const SettingFacts& facts : report.settings) printSetting(facts);
+}
+
+}  // namespace
+
+int runExplain(const Arguments& given) {
+  base::Result<std::unique_ptr<Session>> session = Session::start();
+  if (!session) {
+    complainOfProgram(session.failure());
+    return kUnusable;
+  }
+  Arguments arguments = given;
+  arguments.isDryRun = true;
+  const std::wstring specification = base::fullPath(arguments.specification);
+  session.value()->host().setSupportPath(
+      cad::usualSupportPath(base::pathFromText(specification).parent_path()));
+  if (!reportSpecification(arguments.specification, session.value()->checkSpecification(specification)))
+    return kUnusable;
+  DrawingConversion conversion(*session.value(), arguments, {});
+  Explanation explanation;
+  for (const std::wstring& file : arguments.files) explain(conversion, arguments, file, explanation);
+  if (arguments.asJson) printText(base::fromUtf8(explanation.json.dump(2)));
+  return explanation.status;
+}
+
+}  // namespace kivcli

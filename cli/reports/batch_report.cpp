@@ -1,0 +1,194 @@
+#include "cli/reports/batch_report.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "base/codepage.h"
+#include "base/files.h"
+#include "base/fold.h"
+#include "cli/language/language.h"
+#include "cli/reports/change_text.h"
+#include "cli/reports/report_json.h"
+#include "cli/reports/report_page.h"
+
+namespace kivcli {
+namespace {
+
+constexpr std::size_t kMostPictureBytes = 24'000'000;
+
+std::string utf8(const std::wstring& text) {
+  std::wstring shown = text;
+  // A page and a reader of JSON take no bytes that are no text.
+  if constexpr (sizeof(wchar_t) > 2) {
+    for (wchar_t& c : shown)
+      if (c >= 0xD800 && c < 0xE000) c = 0xFFFD;
+  }
+  return base::toUtf8(shown);
+}
+
+std::size_t refusedBy(const SettingFacts& facts) {
+  std::size_t refused = 0;
+  for (const ResultFacts& result : facts.results) refused += result.refused;
+  return refused;
+}
+
+// An entry of a list hits nothing; what counts is whether it changed the drawing.
+std::size_t hitsOf(const SettingFacts& facts) {
+  return facts.isEntry && !facts.results.empty() ? facts.results[0].changed : facts.hits;
+}
+std::size_t changedBy(const SettingFacts& facts) {
+  return facts.isEntry && !facts.results.empty() ? facts.results[0].changed : facts.changed;
+}
+
+Json toJson(const SettingTotals& totals) {
+  return {{"section", totals.section}, {"number", totals.number},    {"title", utf8(totals.title)},
+          {"hits", totals.hits},       {"changed", totals.changed},  {"locked", totals.locked},
+          {"refused", totals.refused}, {"drawings", totals.drawings}};
+}
+
+Json totalsOf(const std::vector<DrawingReport>& drawings) {
+  std::array<std::size_t, 3> byOutcome{};
+  ChangeCounts counts;
+  for (const DrawingReport& report : drawings) {
+    ++byOutcome[static_cast<std::size_t>(report.outcome)];
+    counts.entities += report.counts.entities, counts.records += report.counts.records;
+    counts.others += report.counts.others;
+  }
+  return {{"drawings", drawings.size()},        {"converted", byOutcome[0]},
+          {"withProblems", byOutcome[1]},       {"notConverted", byOutcome[2]},
+          {"changedEntities", counts.entities}, {"changedRecords", counts.records},
+          {"changedOthers", counts.others}};
+}
+
+// Short names, for there may be thousands.
+Json rowOf(const DrawingReport& report, const std::vector<SettingTotals>& settings) {
+  Json row = {{"n", utf8(report.given)},
+              {"o", utf8(report.saved)},
+              {"s", static_cast<int>(report.outcome)},
+              {"e", report.counts.entities},
+              {"r", report.counts.records + report.counts.others},
+              {"p", Json::array()},
+              {"f", Json::array()}};
+  for (const std::wstring& message : report.messages) {
+    const std::wstring place = report.given + L": ";
+    row["p"].push_back(utf8(message.starts_with(place) ? message.substr(place.size()) : message));
+  }
+  for (const SettingFacts& facts : report.settings) {
+    if (hitsOf(facts) + refusedBy(facts) == 0) continue;
+    const auto found = std::ranges::find_if(settings, [&](const SettingTotals& totals) {
+      return totals.section == facts.section && totals.number == facts.number;
+    });
+    row["f"].push_back({found - settings.begin(), hitsOf(facts), changedBy(facts)});
+  }
+  if (!report.pictures.before.empty()) row["b"] = base64(report.pictures.before);
+  if (!report.pictures.after.empty()) row["a"] = base64(report.pictures.after);
+  return row;
+}
+
+Json words() {
+  const std::pair<const char*, const wchar_t*> kWords[] = {
+      {"converted", L"converted"},
+      {"withProblems", L"with problems"},
+      {"notConverted", L"not converted"},
+      {"drawings", L"Drawings"},
+      {"settings", L"Settings"},
+      {"setting", L"setting"},
+      {"hits", L"hits"},
+      {"changed", L"changed"},
+      {"refused", L"refused"},
+      {"locked", L"locked"},
+      {"inDrawings", L"in drawings"},
+      {"drawing", L"drawing"},
+      {"status", L"status"},
+      {"entities", L"entities changed"},
+      {"records", L"other changes"},
+      {"problems", L"problems"},
+      {"filter", L"filter by name"},
+      {"all", L"all"},
+      {"before", L"before"},
+      {"after", L"after"},
+      {"noPicture", L"no picture"},
+      {"shown", L"%1 of %2 shown"},
+      {"nothing", L"no setting met anything"},
+  };
+  Json json;
+  const std::wstring place = L"%";  // filled in by the page
+  for (const auto& [name, english] : kWords)
+    json[name] = utf8(tr(english, {place + std::to_wstring(1), place + std::to_wstring(2)}));
+  return json;
+}
+
+}  // namespace
+
+bool isPageName(const std::wstring& file) {
+  return base::endsWithFolded(file, L".html") || base::endsWithFolded(file, L".htm");
+}
+bool isReportName(const std::wstring& file) {
+  return isPageName(file) || base::endsWithFolded(file, L".json");
+}
+
+BatchReport::BatchReport(std::wstring specification, std::wstring begun, bool isDryRun)
+    : specification_(std::move(specification)), begun_(std::move(begun)), isDryRun_(isDryRun) {}
+
+void BatchReport::add(DrawingReport report) {
+  for (const SettingFacts& facts : report.settings) addTotals(facts);
+  const std::size_t bytes = report.pictures.before.size() + report.pictures.after.size();
+  if (pictureBytes_ + bytes > kMostPictureBytes) {
+    report.pictures = {};
+    ++withoutPictures_;
+  } else {
+    pictureBytes_ += bytes;
+  }
+  drawings_.push_back(std::move(report));
+}
+
+void BatchReport::addTotals(const SettingFacts& facts) {
+  auto found = std::ranges::find_if(settings_, [&](const SettingTotals& totals) {
+    return totals.section == facts.section && totals.number == facts.number;
+  });
+  if (found == settings_.end())
+    found = settings_.insert(found, {facts.section, facts.number, settingTitle(facts), 0, 0, 0, 0, 0});
+  found->drawings += hitsOf(facts) > 0 ? 1 : 0;
+  found->hits += hitsOf(facts), found->changed += changedBy(facts);
+  found->locked += facts.locked, found->refused += refusedBy(facts);
+}
+
+std::string BatchReport::json() const {
+  Json json = {
+      {"specification", utf8(specification_)}, {"begun", utf8(begun_)}, {"dryRun", isDryRun_},
+      {"interrupted", isInterrupted_},         {"skipped", skipped_},   {"totals", totalsOf(drawings_)}};
+  json["settings"] = Json::array(), json["drawings"] = Json::array();
+  for (const SettingTotals& totals : settings_) json["settings"].push_back(toJson(totals));
+  for (const DrawingReport& report : drawings_) {
+    Json row = kivcli::toJson(report);
+    row.erase("pictureBefore"), row.erase("pictureAfter"), row.erase("dryRun"), row.erase("logFailure");
+    json["drawings"].push_back(std::move(row));
+  }
+  return json.dump(1) + "\n";
+}
+
+std::string BatchReport::html() const {
+  Json data = {{"words", words()}, {"totals", totalsOf(drawings_)}};
+  data["settings"] = Json::array(), data["rows"] = Json::array();
+  for (const SettingTotals& totals : settings_) data["settings"].push_back(toJson(totals));
+  for (const DrawingReport& report : drawings_) data["rows"].push_back(rowOf(report, settings_));
+  PageHead head;
+  head.language = usersLanguage() == Language::kJapanese ? "ja" : "en";
+  head.title = utf8(isDryRun_ ? tr(L"Dry run: what would change") : tr(L"Report of a conversion"));
+  head.facts = {{utf8(tr(L"specification")), utf8(specification_)}, {utf8(tr(L"begun")), utf8(begun_)}};
+  if (isInterrupted_)
+    head.remarks.push_back(utf8(tr(L"The batch was interrupted; these are the drawings so far.")));
+  if (skipped_ > 0) head.remarks.push_back(utf8(tr(L"Drawings skipped: %1", {std::to_wstring(skipped_)})));
+  if (withoutPictures_ > 0) {
+    head.remarks.push_back(utf8(tr(L"To keep the page small, %1 drawings at the end have no pictures.",
+                                   {std::to_wstring(withoutPictures_)})));
+  }
+  return reportPage(head, data.dump());
+}
+
+base::Status BatchReport::write(const std::wstring& file) const {
+  return base::writeFileAtomically(base::pathFromText(file), isPageName(file) ? html() : json());
+}
+
+}  // namespace kivcli

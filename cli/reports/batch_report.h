@@ -1,0 +1,52 @@
+#pragma once
+// What became of a whole batch, as a file for people (HTML, one page without references to anything outside)
+// or for programs (JSON).
+
+#include <string>
+#include <vector>
+
+#include "base/result.h"
+#include "cli/convert/drawing_report.h"
+
+namespace kivcli {
+
+// Of a setting over the batch.
+struct SettingTotals {
+  int section = 0, number = 0;
+  std::wstring title;
+  std::size_t drawings = 0;  // in which it met something
+  std::size_t hits = 0, changed = 0, locked = 0, refused = 0;
+};
+
+class BatchReport {
+ public:
+  // `specification` as the user named it; `begun`: a date and time for a person.
+  BatchReport(std::wstring specification, std::wstring begun, bool isDryRun);
+
+  // In the order in which reports show them. Beyond a size that browsers show quickly pictures are left out,
+  // and the report says so.
+  void add(DrawingReport report);
+  void noteSkipped(std::size_t drawings) { skipped_ = drawings; }
+  void noteInterrupted() { isInterrupted_ = true; }  // not all drawings of the batch are here
+
+  // HTML or JSON, by the name's extension (isReportName()). Atomic.
+  base::Status write(const std::wstring& file) const;
+  std::string html() const;
+  std::string json() const;
+
+  const std::vector<SettingTotals>& settings() const { return settings_; }
+
+ private:
+  void addTotals(const SettingFacts& facts);
+
+  std::wstring specification_, begun_;
+  bool isDryRun_, isInterrupted_ = false;
+  std::vector<DrawingReport> drawings_;
+  std::vector<SettingTotals> settings_;  // in the order of the run
+  std::size_t pictureBytes_ = 0, withoutPictures_ = 0, skipped_ = 0;
+};
+
+bool isReportName(const std::wstring& file);  // ends in .html, .htm or .json, in any case
+bool isPageName(const std::wstring& file);    // ends in .html or .htm
+
+}  // namespace kivcli

@@ -1,0 +1,257 @@
+#include "cli/reports/report_page.h"
+
+namespace kivcli {
+namespace {
+
+constexpr std::string_view kStyle = R"css(
+:root { color-scheme: light; --line: #d5d9de; --soft: #f4f6f8; --ink: #1d2733; --mute: #5d6b7a; }
+* { box-sizing: border-box; }
+body { margin: 0 auto; max-width: 1200px; padding: 24px; color: var(--ink); background: #fff;
+  font: 14px/1.5 system-ui, "Segoe UI", "Noto Sans CJK JP", "Yu Gothic UI", Meiryo, sans-serif; }
+h1 { font-size: 22px; margin: 0 0 8px; } h2 { font-size: 16px; margin: 28px 0 8px; }
+dl { display: grid; grid-template-columns: max-content 1fr; gap: 2px 16px; margin: 0; }
+dt { color: var(--mute); } dd { margin: 0; overflow-wrap: anywhere; }
+.remark { background: #fff6db; border-left: 4px solid #e0a800; padding: 6px 12px; margin: 12px 0; }
+.totals { display: flex; flex-wrap: wrap; gap: 10px; margin: 16px 0 0; }
+.totals div { border: 1px solid var(--line); border-radius: 6px; padding: 6px 14px; min-width: 110px; }
+.totals b { display: block; font-size: 20px; } .totals span { color: var(--mute); font-size: 12px; }
+.tools { display: flex; gap: 10px; align-items: center; margin: 0 0 8px; }
+input, select { font: inherit; padding: 4px 8px; border: 1px solid var(--line); border-radius: 4px; }
+.count { color: var(--mute); }
+table { border-collapse: collapse; width: 100%; }
+th { text-align: left; background: var(--soft); position: sticky; top: 0; cursor: pointer; font-weight: 600;
+  border-bottom: 2px solid var(--line); padding: 6px 10px; white-space: nowrap; }
+th[aria-sort=ascending]::after { content: " \25B2"; } th[aria-sort=descending]::after { content: " \25BC"; }
+td { border-bottom: 1px solid var(--line); padding: 5px 10px; vertical-align: top; overflow-wrap: anywhere; }
+.num { text-align: right; font-variant-numeric: tabular-nums; white-space: nowrap; }
+tr.row { cursor: pointer; } tr.row:hover { background: var(--soft); }
+tr.row:focus { outline: 2px solid #3a7bd5; outline-offset: -2px; }
+.s0 { color: #1a7f42; } .s1 { color: #9a6400; } .s2 { color: #b3261e; }
+.zero { color: #a9b2bc; }
+tr.more > td { background: var(--soft); }
+.more ul { margin: 0 0 10px; padding-left: 20px; }
+.pair { display: flex; flex-wrap: wrap; gap: 16px; } figure { margin: 0; flex: 1 1 320px; max-width: 560px; }
+figure img { width: 100%; border: 1px solid var(--line); background: #fff; display: block; }
+figcaption { color: var(--mute); }
+@media print { body { max-width: none; padding: 0; font-size: 11px; } .tools { display: none; }
+  th { position: static; } tr { break-inside: avoid; } tr.row { cursor: auto; } }
+)css";
+
+constexpr std::string_view kScript = R"js(
+(function () {
+  'use strict';
+  var data = JSON.parse(document.getElementById('data').textContent), w = data.words;
+  var status = [w.converted, w.withProblems, w.notConverted];
+  function make(tag, parent, text, cls) {
+    var e = document.createElement(tag);
+    if (text !== undefined) e.textContent = text;
+    if (cls) e.className = cls;
+    if (parent) parent.appendChild(e);
+    return e;
+  }
+  function number(n) { return n.toLocaleString(document.documentElement.lang); }
+  function cell(row, n) { return make('td', row, number(n), n ? 'num' : 'num zero'); }
+
+  function totals() {
+    var t = data.totals, box = document.getElementById('totals');
+    [[w.drawings, t.drawings], [w.converted, t.converted], [w.withProblems, t.withProblems],
+     [w.notConverted, t.notConverted], [w.entities, t.changedEntities],
+     [w.records, t.changedRecords + t.changedOthers]].forEach(function (p) {
+      var d = make('div', box);
+      make('b', d, number(p[1]));
+      make('span', d, p[0]);
+    });
+  }
+
+  // A table whose columns sort it.
+  function head(table, columns, sort) {
+    var row = make('tr', make('thead', table));
+    columns.forEach(function (c, i) {
+      var th = make('th', row, c.title, c.numeric ? 'num' : '');
+      th.tabIndex = 0;
+      function press() {
+        var up = th.getAttribute('aria-sort') !== (c.numeric ? 'descending' : 'ascending');
+        var direction = c.numeric === up ? -1 : 1;
+        Array.prototype.forEach.call(row.children, function (o) { o.removeAttribute('aria-sort'); });
+        th.setAttribute('aria-sort', direction > 0 ? 'ascending' : 'descending');
+        sort(c.key, direction);
+      }
+      th.addEventListener('click', press);
+      th.addEventListener('keydown', function (e) { if (e.key === 'Enter') press(); });
+    });
+    return make('tbody', table);
+  }
+  function sorted(list, key, direction) {
+    var order = new Intl.Collator(document.documentElement.lang, { numeric: true });
+    return list.slice().sort(function (a, b) {
+      var x = key(a), y = key(b);
+      return direction * (typeof x === 'string' ? order.compare(x, y) : x - y);
+    });
+  }
+
+  function settings() {
+    var table = document.getElementById('settings');
+    var body = head(table, [
+      { title: w.setting, key: function (s) { return s.at; } },
+      { title: w.hits, numeric: true, key: function (s) { return s.hits; } },
+      { title: w.changed, numeric: true, key: function (s) { return s.changed; } },
+      { title: w.refused, numeric: true, key: function (s) { return s.refused; } },
+      { title: w.locked, numeric: true, key: function (s) { return s.locked; } },
+      { title: w.inDrawings, numeric: true, key: function (s) { return s.drawings; } }
+    ], function (key, direction) { fill(sorted(data.settings, key, direction)); });
+    data.settings.forEach(function (s, i) { s.at = i; });
+    function fill(list) {
+      body.textContent = '';
+      list.forEach(function (s) {
+        var row = make('tr', body);
+        make('td', row, s.title);
+        [s.hits, s.changed, s.refused, s.locked, s.drawings].forEach(function (n) { cell(row, n); });
+      });
+    }
+    fill(data.settings);
+  }
+
+  function picture(parent, title, bytes) {
+    var figure = make('figure', parent);
+    make('figcaption', figure, title);
+    if (!bytes) { make('div', figure, w.noPicture, 'zero'); return; }
+    var image = make('img', figure);
+    image.alt = title;
+    image.src = 'data:image/png;base64,' + bytes;
+  }
+  function details(r) {
+    var row = make('tr', null, undefined, 'more'), td = make('td', row);
+    td.colSpan = 5;
+    if (r.o) make('div', td, '\u2192 ' + r.o, 'count');
+    if (r.p.length) {
+      var list = make('ul', td);
+      r.p.forEach(function (p) { make('li', list, p); });
+    }
+    var facts = make('ul', td);
+    r.f.forEach(function (f) {
+      make('li', facts, data.settings[f[0]].title + ' \u2014 ' + w.hits + ' ' + number(f[1]) + ', ' +
+           w.changed + ' ' + number(f[2]));
+    });
+    if (!r.f.length) make('li', facts, w.nothing);
+    if (r.a || r.b) {
+      var pair = make('div', td, undefined, 'pair');
+      picture(pair, w.before, r.b);
+      picture(pair, w.after, r.a);
+    }
+    return row;
+  }
+  function drawings() {
+    var list = data.rows, wanted = document.getElementById('name'), state = document.getElementById('state');
+    wanted.placeholder = w.filter;
+    [w.all].concat(status).forEach(function (s, i) { make('option', state, s).value = i - 1; });
+    var body = head(document.getElementById('drawings'), [
+      { title: w.drawing, key: function (r) { return r.n; } },
+      { title: w.status, key: function (r) { return r.s; } },
+      { title: w.entities, numeric: true, key: function (r) { return r.e; } },
+      { title: w.records, numeric: true, key: function (r) { return r.r; } },
+      { title: w.problems, numeric: true, key: function (r) { return r.p.length; } }
+    ], function (key, direction) { list = sorted(data.rows, key, direction); fill(); });
+    function add(r, into) {
+      var row = make('tr', into, undefined, 'row'), open = null;
+      row.tabIndex = 0;
+      make('td', row, r.n);
+      make('td', row, status[r.s], 's' + r.s);
+      [r.e, r.r, r.p.length].forEach(function (n) { cell(row, n); });
+      function press() {
+        if (open) { open.remove(); open = null; return; }
+        open = details(r);
+        row.after(open);
+      }
+      row.addEventListener('click', press);
+      row.addEventListener('keydown', function (e) { if (e.key === 'Enter') press(); });
+    }
+    function fill() {
+      var name = wanted.value.toLowerCase(), s = Number(state.value), shown = 0;
+      var rows = document.createDocumentFragment();
+      list.forEach(function (r) {
+        if (s >= 0 && r.s !== s || name && r.n.toLowerCase().indexOf(name) < 0) return;
+        add(r, rows);
+        ++shown;
+      });
+      body.textContent = '';
+      body.appendChild(rows);
+      document.getElementById('shown').textContent =
+        w.shown.replace('%1', number(shown)).replace('%2', number(data.rows.length));
+    }
+    wanted.addEventListener('input', fill);
+    state.addEventListener('change', fill);
+    fill();
+    if (location.hash === '#first' && body.firstChild) body.firstChild.click();
+  }
+  document.getElementById('h-settings').textContent = w.settings;
+  document.getElementById('h-drawings').textContent = w.drawings;
+  totals();
+  settings();
+  drawings();
+})();
+)js";
+
+std::string escaped(std::string_view text) {
+  std::string out;
+  for (const char c : text) {
+    switch (c) {
+      case '&':
+        out += "&amp;";
+        break;
+      case '<':
+        out += "&lt;";
+        break;
+      case '>':
+        out += "&gt;";
+        break;
+      case '"':
+        out += "&quot;";
+        break;
+      default:
+        out += c;
+    }
+  }
+  return out;
+}
+
+// Nothing in it ends the element that it stands in.
+std::string asScriptData(std::string_view json) {
+  std::string out;
+  out.reserve(json.size());
+  for (const char c : json) {
+    if (c == '<')
+      out += "\\u003c";
+    else
+      out += c;
+  }
+  return out;
+}
+
+}  // namespace
+
+std::string reportPage(const PageHead& head, std::string_view data) {
+  std::string page =
+      "<!DOCTYPE html>\n<html lang=\"" + escaped(head.language) +
+      "\">\n<head>\n<meta charset=\"utf-8\">\n"
+      "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; img-src data:; "
+      "style-src 'unsafe-inline'; script-src 'unsafe-inline'\">\n"
+      "<meta name=\"viewport\" content=\"width=device-width\">\n"
+      "<link rel=\"icon\" href=\"data:,\">\n<title>" +
+      escaped(head.title) + "</title>\n<style>";
+  page.append(kStyle).append("</style>\n</head>\n<body>\n<h1>" + escaped(head.title) + "</h1>\n<dl>");
+  for (const auto& [name, value] : head.facts)
+    page += "<dt>" + escaped(name) + "</dt><dd>" + escaped(value) + "</dd>";
+  page += "</dl>\n";
+  for (const std::string& remark : head.remarks) page += "<p class=\"remark\">" + escaped(remark) + "</p>\n";
+  page +=
+      "<div class=\"totals\" id=\"totals\"></div>\n<h2 id=\"h-settings\"></h2>\n<table "
+      "id=\"settings\"></table>\n"
+      "<h2 id=\"h-drawings\"></h2>\n<div class=\"tools\"><input id=\"name\" type=\"search\">"
+      "<select id=\"state\"></select><span class=\"count\" id=\"shown\"></span></div>\n"
+      "<table id=\"drawings\"></table>\n<script type=\"application/json\" id=\"data\">";
+  page += asScriptData(data);
+  page.append("</script>\n<script>").append(kScript).append("</script>\n</body>\n</html>\n");
+  return page;
+}
+
+}  // namespace kivcli

@@ -1,0 +1,61 @@
+// The layouts of a drawing: objects that name a paper space. Files older than 2000 have none.
+
+#include <algorithm>
+#include <utility>
+
+#include "embedded/drawing/drawing.h"
+#include "embedded/dxf/dxf_storage.h"
+#include "embedded/dxf/group_cursor.h"
+
+namespace cad::dxf {
+namespace {
+
+constexpr wchar_t kModelName[] = L"Model", kOnlyPaperName[] = L"Layout1";
+constexpr double kMillimetresPerInch = 25.4;
+
+struct Sheet {
+  Layout layout;
+  std::int64_t order = 0;
+};
+
+Sheet readSheet(const Drawing& drawing, const DxfStorage& storage, RecordId object) {
+  Sheet sheet;
+  std::string scratch;
+  std::string_view subclass;
+  GroupCursor cursor(storage.bytes(drawing.record(object), scratch), storage.dialect());
+  while (cursor.next()) {
+    const Group& group = cursor.group();
+    if (group.code == 100) subclass = trimmed(group.value);
+    const auto whole = [&] { return integerValue(group, storage.dialect()).value_or(0); };
+    if (group.code == 72 && subclass == "AcDbPlotSettings" && whole() == 0)
+      sheet.layout.millimetres = kMillimetresPerInch;
+    if (subclass != "AcDbLayout") continue;
+    if (group.code == 1) sheet.layout.name = storage.decode(trimmed(group.value));
+    if (group.code == 71) sheet.order = whole();
+    if (group.code != 330) continue;
+    const RecordId table = drawing.findHandle(handleValue(group).value_or(0));
+    if (table != kNoRecord) sheet.layout.block = drawing.find(Table::kBlock, drawing.recordName(table));
+  }
+  return sheet;
+}
+
+}  // namespace
+
+std::vector<Layout> DxfStorage::layouts(const Drawing& drawing) const {
+  std::vector<Sheet> sheets;
+  for (RecordId id = 0; id < drawing.recordCount(); ++id) {
+    const Record& record = drawing.record(id);
+    if (record.kind != RecordKind::kObject || record.erased() || typeName(record) != "LAYOUT") continue;
+    Sheet sheet = readSheet(drawing, *this, id);
+    if (sheet.layout.block != kNoRecord && sheet.layout.block != drawing.modelSpace())
+      sheets.push_back(std::move(sheet));
+  }
+  std::ranges::stable_sort(sheets, {}, &Sheet::order);
+  std::vector<Layout> layouts{{kModelName, drawing.modelSpace()}};
+  for (Sheet& sheet : sheets) layouts.push_back(std::move(sheet.layout));
+  if (std::ranges::find(layouts, drawing.paperSpace(), &Layout::block) == layouts.end())
+    layouts.push_back({kOnlyPaperName, drawing.paperSpace()});
+  return layouts;
+}
+
+}  // namespace cad::dxf

@@ -1,0 +1,107 @@
+// kivcvt fmt, learn, and check for given drawings.
+
+#include <algorithm>
+#include <filesystem>
+#include <iterator>
+
+#include "tests/cli/program_runner.h"
+
+namespace kivcli::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool contains(const std::string& text, std::string_view part) { return text.find(part) != std::string::npos; }
+
+using SpecificationsTest = ProgramTest;
+
+TEST_F(SpecificationsTest, FmtWritesTheDialogsFormAndLosesNothingUnasked) {
+  writeSpecification("loose.cvt", "[文字]\n[画層]=a\n{\n[色]=3\n}\n---end---\n[備考]\nr\n[eof]\n");
+  EXPECT_EQ(kivcvt({"fmt", "--check", "loose.cvt"}).status, 1);
+  EXPECT_EQ(kivcvt({"fmt", "loose.cvt", "--out", "new.cvt"}).out, "new.cvt: written\n");
+  const std::string made = read("new.cvt");
+  EXPECT_TRUE(contains(made, "\r\n                {\r\n")) << made;
+  EXPECT_EQ(kivcvt({"fmt", "loose.cvt"}).status, 0);
+  EXPECT_EQ(read("loose.cvt"), made);
+  const ProgramRun again = kivcvt({"fmt", "--check", "loose.cvt", "new.cvt"});
+  EXPECT_EQ(again.status, 0) << again.out;
+
+  // A line that does nothing, and a setting without results, which would run on into the next one.
+  writeSpecification("lossy.cvt",
+                     "[文字]\n[重さ]=5\n[画層]=A\n{\n}\n[画層]=B\n{\n[色]=3\n}\n---End---\n[EOF]\n");
+  const std::string lossy = read("lossy.cvt");
+  const ProgramRun refused = kivcvt({"fmt", "lossy.cvt"});
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_TRUE(contains(refused.err, "lossy.cvt:2: dropped: ") &&
+              contains(refused.err, "lossy.cvt:3: warning: "))
+      << refused.err;
+  EXPECT_EQ(read("lossy.cvt"), lossy);
+  EXPECT_EQ(kivcvt({"fmt", "--drop", "lossy.cvt"}).status, 0);
+  EXPECT_EQ(kivcvt({"check", "lossy.cvt"}).out,
+            "lossy.cvt: 1 setting, 0 list entries; every line is understood\n");
+
+  // What the code page does not have is told and stays in the file.
+  write("utf8.cvt", "\xEF\xBB\xBF[文字]\n[画層] = \xF0\x9F\x8F\xA0\n{\n[色]=3\n}\n---End---\n[EOF]\n");
+  const std::string utf8 = read("utf8.cvt");
+  EXPECT_EQ(kivcvt({"fmt", "utf8.cvt"}).status, 2);
+  EXPECT_EQ(read("utf8.cvt"), utf8);
+}
+
+TEST_F(SpecificationsTest, CheckHoldsNamesAgainstDrawings) {
+  fs::create_directories(folder() / "in" / "deep");
+  write("in/deep/a.dxf", drawing(text("0", "a")));
+  writeSpecification(
+      "names.cvt",
+      "[文字]\n[画層] = 0\n[字体] <> GOTHIC\n{\n[画層] = TARGET\n[画層] = AWAY\n}\n---End---\n[EOF]\n");
+  const ProgramRun run = kivcvt({"check", "names.cvt", "--drawings", "in"});
+  EXPECT_TRUE(
+      contains(run.err, "names.cvt:3: warning: no drawing that was given has anything named \"GOTHIC\""));
+  EXPECT_TRUE(contains(run.err, "\"AWAY\", and it is missing in 1 of 1 drawings, the first is in/deep/a.dxf"))
+      << run.err;
+  EXPECT_TRUE(contains(run.err, "names.cvt:5: warning: this value never stays; line 6")) << run.err;
+  const ProgramRun json = kivcvt({"check", "--json", "--drawings=in/deep/a.dxf", "names.cvt"});
+  EXPECT_TRUE(contains(json.out, "\"number\": 43") && contains(json.out, "\"droppedLines\": 0")) << json.out;
+  EXPECT_EQ(kivcvt({"check", "names.cvt", "--drawings", "none.dxf"}).status, 2);
+}
+
+// Each pair of drawings of the cases, and what no rule explains of it.
+TEST_F(SpecificationsTest, LearnedRulesConvertAsThePersonDid) {
+  const std::pair<const char*, const char*> kLeft[] = {
+      // One object among others.
+      {"text-search-list", "not explained: 108 MTEXT"},
+  };
+  for (const fs::directory_entry& entry : fs::directory_iterator(KIV_SOURCE "/tests/cases")) {
+    const std::string name = entry.path().filename().string();
+    if (!entry.is_directory() || name == "nothing-touched") continue;
+    const ProgramRun run = kivcvt({"learn", (entry.path() / "drawing.dxf").string(),
+                                   (entry.path() / "expected.dxf").string(), "--out", name + ".cvt"});
+    const auto* left = std::ranges::find(kLeft, name, [](const auto& row) { return std::string(row.first); });
+    EXPECT_EQ(run.status, left == std::end(kLeft) ? 0 : 1) << name << ": " << run.out << run.err;
+    EXPECT_TRUE(left == std::end(kLeft) || contains(run.out, left->second)) << run.out;
+    EXPECT_EQ(kivcvt({"check", name + ".cvt"}).status, 0) << name;
+  }
+}
+
+TEST_F(SpecificationsTest, LearnNamesWhatWasDoneByHandAlone) {
+  const std::string line = kLine, red = std::string(kLine) + " 62\r\n     1\r\n";
+  std::string moved = kLine;
+  moved.replace(moved.find("0.0"), 3, "9.0");
+  write("a.dxf", drawing(text("0", "a") + text("0", "b") + line + line + line));
+  write("b.dxf", drawing(text("TARGET", "a") + text("TARGET", "b") + moved + red + line));
+  const ProgramRun run = kivcvt({"learn", "a.dxf", "b.dxf", "--out", "new.cvt"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(contains(run.out, "new.cvt: 1 setting and 0 list entries explain 2 of 4 changes (50 %)"))
+      << run.out;
+  EXPECT_TRUE(contains(run.out, "LINE: colour: ByLayer -> 1")) << run.out;
+  EXPECT_TRUE(contains(run.out, "LINE: geometry: ")) << run.out;
+  EXPECT_EQ(kivcvt({"convert", "--spec", "new.cvt", "--out", "out", "a.dxf"}).status, 0);
+  EXPECT_EQ(read("out/a.DXF"), drawing(text("TARGET", "a") + text("TARGET", "b") + line + line + line));
+  EXPECT_EQ(kivcvt({"learn", "a.dxf", "a.dxf", "--out", "none.cvt"}).status, 2);
+  // A slip that would cost a drawing.
+  const std::string kept = read("b.dxf");
+  EXPECT_EQ(kivcvt({"learn", "a.dxf", "b.dxf", "--out", "b.dxf"}).status, 2);
+  EXPECT_EQ(read("b.dxf"), kept);
+}
+
+}  // namespace
+}  // namespace kivcli::testing

@@ -1,0 +1,149 @@
+// explain, diff, dry runs and reports: what they tell is what a conversion does.
+
+#include <cstdlib>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <set>
+
+#include "tests/cli/program_runner.h"
+
+namespace kivcli::testing {
+namespace {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+
+class TrustTest : public ProgramTest {
+ protected:
+  json run(const std::vector<std::string>& words, int status) const {
+    const ProgramRun run = kivcvt(words);
+    EXPECT_EQ(run.status, status) << run.err;
+    const json parsed = json::parse(run.out, nullptr, false);
+    EXPECT_FALSE(parsed.is_discarded()) << run.out;
+    return parsed;
+  }
+  // The drawing is converted, and everything that is told of it beforehand and afterwards is held together.
+  void expectAgreement(const std::string& specification, const std::string& drawing) const;
+};
+
+std::size_t sum(const json& list, const char* what) {
+  std::size_t all = 0;
+  for (const json& item : list) all += item.at(what).get<std::size_t>();
+  return all;
+}
+
+void TrustTest::expectAgreement(const std::string& specification, const std::string& drawing) const {
+  SCOPED_TRACE(drawing);
+  const std::string before = read(drawing);
+  const ProgramRun dry = kivcvt({"convert", "--spec", specification, "--dry-run", "--changes", "--report",
+                                 "dry.json", "--block-scope", "2", drawing});
+  if (dry.out.find("would change") == std::string::npos) return;  // refused, as its conversion is
+  EXPECT_FALSE(fs::exists(folder() / "out"));
+  const ProgramRun real = kivcvt({"convert", "--spec", specification, "--out", "out", "--changes", "--report",
+                                  "real.json", "--report", "real.html", "--block-scope", "2", drawing});
+  const json first = json::parse(read("dry.json")), second = json::parse(read("real.json"));
+  EXPECT_EQ(first.at("settings"), second.at("settings"));
+  const json &told = first.at("drawings").at(0), &done = second.at("drawings").at(0);
+  // Objects that belong to the erased entities of a picture go when the drawing is saved.
+  for (const char* kind : {"entities", "records", "variables"}) {
+    EXPECT_EQ(told.value("differences", json::object()).value(kind, json()),
+              done.value("differences", json::object()).value(kind, json()));
+  }
+  const json explained =
+      json::parse(kivcvt({"explain", "--spec", specification, "--json", "--block-scope", "2", drawing}).out)
+          .at(0);
+  EXPECT_EQ(explained.at("settings"), done.at("settings"));
+  for (const json& setting : explained.at("settings")) {
+    if (setting.at("isEntry").get<bool>()) continue;
+    const json& conditions = setting.at("conditions");
+    // What is left after the last condition is what the selection of the run has hit.
+    if (setting.at("results").empty()) continue;
+    EXPECT_EQ(conditions.empty() ? setting.at("looked") : conditions.back().at("left"), setting.at("hits"))
+        << setting;
+  }
+  if (!done.at("saved").get<std::string>().empty()) {
+    const bool differs = done.contains("differences");
+    const json diff = run({"diff", "--json", drawing, done.at("saved")}, differs ? 1 : 0);
+    if (differs) {
+      EXPECT_EQ(diff, done.at("differences"));
+    }
+  }
+  // Nothing but settings changes entities.
+  std::size_t changes = 0;
+  for (const json& setting : done.at("settings")) changes += sum(setting.at("results"), "changed");
+  EXPECT_TRUE(changes > 0 || done.at("changed").at("entities") == 0);
+  EXPECT_EQ(read(drawing), before);
+  fs::remove_all(folder() / "out");
+}
+
+TEST_F(TrustTest, DryRunExplanationAndReportAgreeWithTheConversion) {
+  std::map<fs::path, fs::path> drawings;  // and their specifications
+  const fs::path source = KIV_SOURCE;
+  for (const fs::directory_entry& entry : fs::directory_iterator(source / "tests/cases"))
+    if (fs::exists(entry.path() / "rules.cvt"))
+      drawings[entry.path() / "drawing.dxf"] = entry.path() / "rules.cvt";
+  for (const fs::directory_entry& entry : fs::directory_iterator(source / "examples"))
+    if (entry.path().extension() == ".dxf") drawings[entry.path()] = source / "examples/office.cvt";
+  if (const char* samples = std::getenv("KIV_SAMPLES")) {
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(samples))
+      if (entry.path().extension() == ".dxf" && entry.file_size() < 3'000'000)
+        drawings[entry.path()] = source / "examples/office.cvt";
+  }
+  ASSERT_GT(drawings.size(), 20U);
+  for (const auto& [drawing, specification] : drawings)
+    expectAgreement(specification.string(), drawing.string());
+}
+
+TEST_F(TrustTest, ExplainsOneEntity) {
+  writeSpecification(
+      "rules.cvt",
+      "[文字]\n[画層] = 0\n[色] = 5\n{\n[色] = 3\n}\n[画層] = 0\n{\n[色] = 3\n[線種] = NONE\n}\n"
+      "---End---\n[EOF]\n");
+  const auto withHandle = [](std::string entity) {
+    return entity.insert(entity.find("  8\r\n"), "  5\r\n2F\r\n");
+  };
+  write("a.dxf", drawing(withHandle(text("0", "A"))));
+  write("locked.dxf", drawing(withHandle(text("LOCKED", "A"))));
+  write("line.dxf", drawing(withHandle(kLine)));
+  const auto explained = [&](const char* file) {
+    return kivcvt({"explain", "--spec", "rules.cvt", "--entity", "2f", file}).out;
+  };
+  EXPECT_NE(explained("a.dxf").find("texts 1: does not meet 色=5: it has 1\n"), std::string::npos)
+      << explained("a.dxf");
+  EXPECT_NE(explained("a.dxf").find("texts 2: met, and changes 色=3; refused: 線種=NONE\n"),
+            std::string::npos);
+  EXPECT_NE(explained("locked.dxf").find("does not meet 画層=0: it has LOCKED"), std::string::npos);
+  EXPECT_NE(explained("line.dxf").find("no setting of the file is for entities of its kind"),
+            std::string::npos);
+  const ProgramRun none = kivcvt({"explain", "--spec", "rules.cvt", "--entity", "999", "a.dxf"});
+  EXPECT_EQ(none.status, 1);
+  EXPECT_NE(none.err.find("there is no entity with the handle 999"), std::string::npos);
+}
+
+TEST_F(TrustTest, AReportWithoutAPlaceIsToldBeforeTheFirstDrawing) {
+  write("a.dxf", drawing(text("0", "A")));
+  writeSpecification("rules.cvt", kTextsGreen);
+  const ProgramRun run =
+      kivcvt({"convert", "--spec", "rules.cvt", "--out", "out", "--report", "missing/report.json", "a.dxf"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_NE(run.err.find("--report missing/report.json"), std::string::npos) << run.err;
+  EXPECT_TRUE(filesIn("out").empty());
+}
+
+TEST_F(TrustTest, DiffTellsWhatIsDifferent) {
+  std::string changed = text("0", "B");
+  changed.replace(changed.find("0.0"), 3, "7.5");
+  write("a.dxf", drawing(text("0", "A") + kLine));
+  write("b.dxf", drawing(changed + kLine + kLine));
+  const ProgramRun same = kivcvt({"diff", "a.dxf", "a.dxf"}), other = kivcvt({"diff", "a.dxf", "b.dxf"});
+  EXPECT_EQ(same.status, 0);
+  EXPECT_EQ(same.out, "no differences\n");
+  EXPECT_EQ(other.status, 1);
+  for (const char* line :
+       {"text: A -> B\n", "geometry: at (0, 0) -> at (7.5, 0)\n", "LINE, layer 0: added\n"})
+    EXPECT_NE(other.out.find(line), std::string::npos) << line << " in\n" << other.out;
+  EXPECT_EQ(kivcvt({"diff", "a.dxf", "none.dxf"}).status, 2);
+}
+
+}  // namespace
+}  // namespace kivcli::testing
