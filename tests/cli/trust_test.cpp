@@ -84,7 +84,7 @@ TEST_F(TrustTest, DryRunExplanationAndReportAgreeWithTheConversion) {
       drawings[entry.path() / "drawing.dxf"] = entry.path() / "rules.cvt";
   for (const fs::directory_entry& entry : fs::directory_iterator(source / "examples"))
     if (entry.path().extension() == ".dxf") drawings[entry.path()] = source / "examples/office.cvt";
-  if (const char* samples = std::getenv("KIV_SAMPLES")) {
+  if (const fs::path samples = KIV_SAMPLES; !samples.empty()) {
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(samples))
       if (entry.path().extension() == ".dxf" && entry.file_size() < 3'000'000)
         drawings[entry.path()] = source / "examples/office.cvt";
