@@ -5,7 +5,7 @@
 
 #include "base/files.h"
 #include "base/temporary_files.h"
-#include "cli/convert/report_json.h"
+#include "cli/convert/worker_lines.h"
 #include "cli/language/language.h"
 
 namespace kivcli {

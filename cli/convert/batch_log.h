@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-#include "cli/convert/drawing_report.h"
+#include "cli/reports/drawing_report.h"
 
 namespace kivcli {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "base/result.h"
-#include "cli/convert/drawing_report.h"
+#include "cli/reports/drawing_report.h"
 #include "cli/convert/output_plan.h"
 #include "cli/convert/run_facts.h"
 #include "cli/session.h"

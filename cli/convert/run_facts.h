@@ -7,7 +7,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "cli/convert/drawing_report.h"
+#include "cli/reports/drawing_report.h"
 #include "cli/session.h"
 
 namespace kivcli {

@@ -8,7 +8,7 @@
 #include "base/paths.h"
 #include "base/temporary_files.h"
 #include "cli/commands.h"
-#include "cli/convert/report_json.h"
+#include "cli/convert/worker_lines.h"
 #include "cli/language/language.h"
 
 namespace kivcli {

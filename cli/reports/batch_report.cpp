@@ -4,7 +4,6 @@
 #include <array>
 #include <utility>
 
-#include "base/codepage.h"
 #include "base/files.h"
 #include "base/fold.h"
 #include "cli/language/language.h"
@@ -16,16 +15,6 @@ namespace kivcli {
 namespace {
 
 constexpr std::size_t kMostPictureBytes = 24'000'000;
-
-std::string utf8(const std::wstring& text) {
-  std::wstring shown = text;
-  // A page and a reader of JSON take no bytes that are no text.
-  if constexpr (sizeof(wchar_t) > 2) {
-    for (wchar_t& c : shown)
-      if (c >= 0xD800 && c < 0xE000) c = 0xFFFD;
-  }
-  return base::toUtf8(shown);
-}
 
 std::size_t refusedBy(const SettingFacts& facts) {
   std::size_t refused = 0;
@@ -42,7 +31,7 @@ std::size_t changedBy(const SettingFacts& facts) {
 }
 
 Json toJson(const SettingTotals& totals) {
-  return {{"section", totals.section}, {"number", totals.number},    {"title", utf8(totals.title)},
+  return {{"section", totals.section}, {"number", totals.number},    {"title", readable(totals.title)},
           {"hits", totals.hits},       {"changed", totals.changed},  {"locked", totals.locked},
           {"refused", totals.refused}, {"drawings", totals.drawings}};
 }
@@ -63,8 +52,8 @@ Json totalsOf(const std::vector<DrawingReport>& drawings) {
 
 // Short names, for there may be thousands.
 Json rowOf(const DrawingReport& report, const std::vector<SettingTotals>& settings) {
-  Json row = {{"n", utf8(report.given)},
-              {"o", utf8(report.saved)},
+  Json row = {{"n", readable(report.given)},
+              {"o", readable(report.saved)},
               {"s", static_cast<int>(report.outcome)},
               {"e", report.counts.entities},
               {"r", report.counts.records + report.counts.others},
@@ -72,7 +61,7 @@ Json rowOf(const DrawingReport& report, const std::vector<SettingTotals>& settin
               {"f", Json::array()}};
   for (const std::wstring& message : report.messages) {
     const std::wstring place = report.given + L": ";
-    row["p"].push_back(utf8(message.starts_with(place) ? message.substr(place.size()) : message));
+    row["p"].push_back(readable(message.starts_with(place) ? message.substr(place.size()) : message));
   }
   for (const SettingFacts& facts : report.settings) {
     if (hitsOf(facts) + refusedBy(facts) == 0) continue;
@@ -115,7 +104,7 @@ Json words() {
   Json json;
   const std::wstring place = L"%";  // filled in by the page
   for (const auto& [name, english] : kWords)
-    json[name] = utf8(tr(english, {place + std::to_wstring(1), place + std::to_wstring(2)}));
+    json[name] = readable(tr(english, {place + std::to_wstring(1), place + std::to_wstring(2)}));
   return json;
 }
 
@@ -155,16 +144,15 @@ void BatchReport::addTotals(const SettingFacts& facts) {
 }
 
 std::string BatchReport::json() const {
-  Json json = {
-      {"specification", utf8(specification_)}, {"begun", utf8(begun_)}, {"dryRun", isDryRun_},
-      {"interrupted", isInterrupted_},         {"skipped", skipped_},   {"totals", totalsOf(drawings_)}};
+  Json json = {{"specification", readable(specification_)},
+               {"begun", readable(begun_)},
+               {"dryRun", isDryRun_},
+               {"interrupted", isInterrupted_},
+               {"skipped", skipped_},
+               {"totals", totalsOf(drawings_)}};
   json["settings"] = Json::array(), json["drawings"] = Json::array();
   for (const SettingTotals& totals : settings_) json["settings"].push_back(toJson(totals));
-  for (const DrawingReport& report : drawings_) {
-    Json row = kivcli::toJson(report);
-    row.erase("pictureBefore"), row.erase("pictureAfter"), row.erase("dryRun"), row.erase("logFailure");
-    json["drawings"].push_back(std::move(row));
-  }
+  for (const DrawingReport& report : drawings_) json["drawings"].push_back(kivcli::toJson(report));
   return json.dump(1) + "\n";
 }
 
@@ -175,14 +163,16 @@ std::string BatchReport::html() const {
   for (const DrawingReport& report : drawings_) data["rows"].push_back(rowOf(report, settings_));
   PageHead head;
   head.language = usersLanguage() == Language::kJapanese ? "ja" : "en";
-  head.title = utf8(isDryRun_ ? tr(L"Dry run: what would change") : tr(L"Report of a conversion"));
-  head.facts = {{utf8(tr(L"specification")), utf8(specification_)}, {utf8(tr(L"begun")), utf8(begun_)}};
+  head.title = readable(isDryRun_ ? tr(L"Dry run: what would change") : tr(L"Report of a conversion"));
+  head.facts = {{readable(tr(L"specification")), readable(specification_)},
+                {readable(tr(L"begun")), readable(begun_)}};
   if (isInterrupted_)
-    head.remarks.push_back(utf8(tr(L"The batch was interrupted; these are the drawings so far.")));
-  if (skipped_ > 0) head.remarks.push_back(utf8(tr(L"Drawings skipped: %1", {std::to_wstring(skipped_)})));
+    head.remarks.push_back(readable(tr(L"The batch was interrupted; these are the drawings so far.")));
+  if (skipped_ > 0)
+    head.remarks.push_back(readable(tr(L"Drawings skipped: %1", {std::to_wstring(skipped_)})));
   if (withoutPictures_ > 0) {
-    head.remarks.push_back(utf8(tr(L"To keep the page small, %1 drawings at the end have no pictures.",
-                                   {std::to_wstring(withoutPictures_)})));
+    head.remarks.push_back(readable(tr(L"To keep the page small, %1 drawings at the end have no pictures.",
+                                       {std::to_wstring(withoutPictures_)})));
   }
   return reportPage(head, data.dump());
 }

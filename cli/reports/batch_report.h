@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/result.h"
-#include "cli/convert/drawing_report.h"
+#include "cli/reports/drawing_report.h"
 
 namespace kivcli {
 

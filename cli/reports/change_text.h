@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/convert/drawing_report.h"
+#include "cli/reports/drawing_report.h"
 
 namespace kivcli {
 

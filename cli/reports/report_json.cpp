@@ -2,76 +2,56 @@
 
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 
 #include "base/codepage.h"
+#include "base/utf8.h"
 
 namespace kivcli {
 namespace {
 
 constexpr std::string_view kDigits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-
-std::string bytesOf(std::string_view text) {
-  std::string bytes;
-  std::uint32_t bits = 0;
-  int count = 0;
-  for (const char c : text) {
-    const std::size_t digit = kDigits.find(c);
-    if (digit == std::string_view::npos) break;
-    bits = bits << 6 | static_cast<std::uint32_t>(digit);
-    count += 6;
-    if (count >= 8) bytes += static_cast<char>(bits >> (count -= 8) & 0xFF);
-  }
-  return bytes;
-}
-
-// Names of files may hold bytes that are no UTF-8, as lone surrogates: JSON has them as numbers.
-Json text(const std::wstring& value) {
-  const bool isPlain =
-      std::ranges::none_of(value, [](wchar_t c) { return sizeof(wchar_t) > 2 && c >= 0xD800 && c < 0xE000; });
-  if (isPlain) return base::toUtf8(value);
-  Json codes = Json::array();
-  for (const wchar_t c : value) codes.push_back(static_cast<std::uint32_t>(c));
-  return codes;
-}
-
-std::wstring textOf(const Json& json) {
-  if (json.is_string()) return base::fromUtf8(json.get_ref<const std::string&>());
-  std::wstring value;
-  for (const Json& code : json) value += static_cast<wchar_t>(code.get<std::uint32_t>());
-  return value;
-}
+constexpr const char* kCodes = "codes";
 
 constexpr std::array<const char*, 3> kFates = {"changed", "added", "removed"};
 constexpr std::array<const char*, 3> kOutcomes = {"converted", "with problems", "not converted"};
 
 template <class Names>
 std::size_t numberOf(const Names& names, const Json& json) {
-  const auto found = std::ranges::find(names, json.get_ref<const std::string&>());
-  return found == names.end() ? 0 : static_cast<std::size_t>(found - names.begin());
+  const auto& name = json.get_ref<const std::string&>();
+  const auto found = std::ranges::find(names, name);
+  if (found == names.end()) throw std::invalid_argument("unknown word: " + name);
+  return static_cast<std::size_t>(found - names.begin());
 }
 
-Json toJson(const cad::ValueChange& change) {
-  return {{"property", change.name}, {"before", text(change.before)}, {"after", text(change.after)}};
+// Of drawings, in which it may hold anything.
+Json nameJson(const std::string& name) { return textJson(base::utf8::decodeName(name)); }
+std::string nameOf(const Json& json) { return base::utf8::encodeName(textOf(json)); }
+
+Json exactJson(const cad::ValueChange& change) {
+  return {{"property", nameJson(change.name)},
+          {"before", textJson(change.before)},
+          {"after", textJson(change.after)}};
 }
 
 cad::ValueChange changeOf(const Json& json) {
   cad::ValueChange change;
-  change.name = json.at("property").get<std::string>();
+  change.name = nameOf(json.at("property"));
   change.before = textOf(json.at("before")), change.after = textOf(json.at("after"));
   for (const cad::PropertyInfo& info : cad::allProperties())
     if (change.name == info.name) change.property = info.property;
   return change;
 }
 
-Json toJson(const cad::RecordDifference& difference) {
+Json exactJson(const cad::RecordDifference& difference) {
   Json json = {{"fate", kFates[static_cast<std::size_t>(difference.fate)]},
-               {"handle", text(difference.handle)},
-               {"type", difference.type}};
+               {"handle", textJson(difference.handle)},
+               {"type", nameJson(difference.type)}};
   for (const auto& [name, value] :
        {std::pair{"name", &difference.name}, {"layer", &difference.layer}, {"block", &difference.block}})
-    if (!value->empty()) json[name] = text(*value);
+    if (!value->empty()) json[name] = textJson(*value);
   json["changes"] = Json::array();
-  for (const cad::ValueChange& change : difference.changes) json["changes"].push_back(toJson(change));
+  for (const cad::ValueChange& change : difference.changes) json["changes"].push_back(exactJson(change));
   return json;
 }
 
@@ -79,7 +59,7 @@ cad::RecordDifference differenceOf(const Json& json) {
   cad::RecordDifference difference;
   difference.fate = static_cast<cad::RecordFate>(numberOf(kFates, json.at("fate")));
   difference.handle = textOf(json.at("handle"));
-  difference.type = json.at("type").get<std::string>();
+  difference.type = nameOf(json.at("type"));
   if (json.contains("name")) difference.name = textOf(json["name"]);
   if (json.contains("layer")) difference.layer = textOf(json["layer"]);
   if (json.contains("block")) difference.block = textOf(json["block"]);
@@ -87,11 +67,35 @@ cad::RecordDifference differenceOf(const Json& json) {
   return difference;
 }
 
+Json exactJson(const SettingFacts& facts) {
+  Json json = {{"section", facts.section}, {"number", facts.number}, {"isEntry", facts.isEntry},
+               {"looked", facts.looked},   {"hits", facts.hits},     {"locked", facts.locked},
+               {"changed", facts.changed}};
+  json["conditions"] = Json::array(), json["results"] = Json::array();
+  for (const ConditionFacts& condition : facts.conditions) {
+    json["conditions"].push_back(
+        {{"text", textJson(condition.text)}, {"passing", condition.passing}, {"left", condition.left}});
+  }
+  for (const ResultFacts& result : facts.results) {
+    json["results"].push_back(
+        {{"text", textJson(result.text)}, {"changed", result.changed}, {"refused", result.refused}});
+  }
+  return json;
+}
+
 template <class Items>
 Json listOf(const Items& items) {
   Json list = Json::array();
-  for (const auto& item : items) list.push_back(toJson(item));
+  for (const auto& item : items) list.push_back(exactJson(item));
   return list;
+}
+
+Json exactJson(const cad::DrawingDifferences& differences) {
+  return {{"pairedByOrder", differences.pairedByOrder},
+          {"entities", listOf(differences.entities)},
+          {"records", listOf(differences.records)},
+          {"objects", listOf(differences.objects)},
+          {"variables", listOf(differences.variables)}};
 }
 
 cad::DrawingDifferences differencesOf(const Json& json) {
@@ -106,7 +110,7 @@ cad::DrawingDifferences differencesOf(const Json& json) {
 
 Json textsJson(const std::vector<std::wstring>& texts) {
   Json list = Json::array();
-  for (const std::wstring& item : texts) list.push_back(text(item));
+  for (const std::wstring& item : texts) list.push_back(textJson(item));
   return list;
 }
 
@@ -122,7 +126,47 @@ SettingFacts settingOf(const Json& json) {
   return facts;
 }
 
+void makeReadable(Json& json) {
+  if (json.is_object() && json.contains(kCodes)) {
+    json = readable(textOf(json));
+  } else if (json.is_structured()) {
+    for (Json& item : json) makeReadable(item);
+  }
+}
+
+// Where a character beyond the basic plane is two units.
+bool isPair(const std::wstring& text, std::size_t at) {
+  const auto lies = [&](std::size_t i, int first) { return i < text.size() && (text[i] & ~0x3FF) == first; };
+  return sizeof(wchar_t) == 2 && lies(at, 0xD800) && lies(at + 1, 0xDC00);
+}
+
 }  // namespace
+
+std::string readable(const std::wstring& text) {
+  std::wstring shown = text;
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    if (isPair(shown, i)) {
+      ++i;
+    } else if (shown[i] >= 0xD800 && shown[i] <= 0xDFFF) {
+      shown[i] = 0xFFFD;
+    }
+  }
+  return base::toUtf8(shown);
+}
+
+Json textJson(const std::wstring& text) {
+  if (std::string bytes = base::toUtf8(text); base::fromUtf8(bytes) == text) return bytes;
+  Json codes = Json::array();
+  for (const wchar_t c : text) codes.push_back(static_cast<std::uint32_t>(c));
+  return {{kCodes, std::move(codes)}};
+}
+
+std::wstring textOf(const Json& json) {
+  if (json.is_string()) return base::fromUtf8(json.get_ref<const std::string&>());
+  std::wstring text;
+  for (const Json& code : json.at(kCodes)) text += static_cast<wchar_t>(code.get<std::uint32_t>());
+  return text;
+}
 
 std::string base64(std::string_view bytes) {
   std::string text;
@@ -137,33 +181,24 @@ std::string base64(std::string_view bytes) {
   return text;
 }
 
-Json toJson(const cad::DrawingDifferences& differences) {
-  return {{"pairedByOrder", differences.pairedByOrder},
-          {"entities", listOf(differences.entities)},
-          {"records", listOf(differences.records)},
-          {"objects", listOf(differences.objects)},
-          {"variables", listOf(differences.variables)}};
+std::string base64Bytes(std::string_view text) {
+  std::string bytes;
+  std::uint32_t bits = 0;
+  int count = 0;
+  while (text.ends_with('=')) text.remove_suffix(1);
+  for (const char c : text) {
+    const std::size_t digit = kDigits.find(c);
+    if (digit == std::string_view::npos) throw std::invalid_argument("no Base64");
+    bits = bits << 6 | static_cast<std::uint32_t>(digit);
+    count += 6;
+    if (count >= 8) bytes += static_cast<char>(bits >> (count -= 8) & 0xFF);
+  }
+  return bytes;
 }
 
-Json toJson(const SettingFacts& facts) {
-  Json json = {{"section", facts.section}, {"number", facts.number}, {"isEntry", facts.isEntry},
-               {"looked", facts.looked},   {"hits", facts.hits},     {"locked", facts.locked},
-               {"changed", facts.changed}};
-  json["conditions"] = Json::array(), json["results"] = Json::array();
-  for (const ConditionFacts& condition : facts.conditions) {
-    json["conditions"].push_back(
-        {{"text", text(condition.text)}, {"passing", condition.passing}, {"left", condition.left}});
-  }
-  for (const ResultFacts& result : facts.results) {
-    json["results"].push_back(
-        {{"text", text(result.text)}, {"changed", result.changed}, {"refused", result.refused}});
-  }
-  return json;
-}
-
-Json toJson(const DrawingReport& report) {
-  Json json = {{"drawing", text(report.given)},
-               {"saved", text(report.saved)},
+Json exactJson(const DrawingReport& report) {
+  Json json = {{"drawing", textJson(report.given)},
+               {"saved", textJson(report.saved)},
                {"outcome", kOutcomes[static_cast<std::size_t>(report.outcome)]},
                {"dryRun", report.isDryRun},
                {"messages", textsJson(report.messages)},
@@ -172,8 +207,8 @@ Json toJson(const DrawingReport& report) {
                  {"records", report.counts.records},
                  {"others", report.counts.others}}},
                {"settings", listOf(report.settings)},
-               {"logFailure", text(report.logFailure)}};
-  if (!report.changes.empty()) json["differences"] = toJson(report.changes);
+               {"logFailure", textJson(report.logFailure)}};
+  if (!report.changes.empty()) json["differences"] = exactJson(report.changes);
   if (!report.pictures.before.empty()) json["pictureBefore"] = base64(report.pictures.before);
   if (!report.pictures.after.empty()) json["pictureAfter"] = base64(report.pictures.after);
   return json;
@@ -190,10 +225,25 @@ DrawingReport reportFromJson(const Json& json) {
   report.counts = {counts.at("entities"), counts.at("records"), counts.at("others")};
   if (json.contains("differences")) report.changes = differencesOf(json["differences"]);
   if (json.contains("pictureBefore"))
-    report.pictures.before = bytesOf(json["pictureBefore"].get<std::string>());
-  if (json.contains("pictureAfter")) report.pictures.after = bytesOf(json["pictureAfter"].get<std::string>());
+    report.pictures.before = base64Bytes(json["pictureBefore"].get<std::string>());
+  if (json.contains("pictureAfter"))
+    report.pictures.after = base64Bytes(json["pictureAfter"].get<std::string>());
   report.logFailure = textOf(json.at("logFailure"));
   return report;
+}
+
+Json toJson(const DrawingReport& report) {
+  Json json = exactJson(report);
+  for (const char* own : {"dryRun", "logFailure", "pictureBefore", "pictureAfter"}) json.erase(own);
+  if (json["drawing"].is_object()) json["drawingBytes"] = base64(base::utf8::encodeName(report.given));
+  makeReadable(json);
+  return json;
+}
+
+Json toJson(const cad::DrawingDifferences& differences) {
+  Json json = exactJson(differences);
+  makeReadable(json);
+  return json;
 }
 
 }  // namespace kivcli

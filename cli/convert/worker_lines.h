@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "cli/convert/drawing_report.h"
 #include "cli/convert/output_plan.h"
+#include "cli/reports/drawing_report.h"
 
 namespace kivcli {
 
