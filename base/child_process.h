@@ -45,7 +45,9 @@ struct ChildMessage {
   std::optional<ChildEnd> end;  // the child's last message; it has no line
 };
 
-// One group at a time. Interrupts of this process end its children first, which may take them two seconds.
+// One group at a time. While it lives, what would end this process (SIGINT, SIGTERM and SIGHUP, on Windows
+// Ctrl-C and Ctrl-Break) is noted the first time (interruption()), and reaches no child. The second time it
+// ends the children, which may take them two seconds, and this process.
 class ChildGroup {
  public:
   static std::unique_ptr<ChildGroup> create(ChildWork work);
@@ -55,11 +57,22 @@ class ChildGroup {
   // A child that is gone takes nothing: its last message says so. `line` has no line end.
   virtual void send(int child, std::string_view line) = 0;
   virtual void kill(int child) = 0;  // its last message is still to come
+  // All children; what one has begun to write it removes first, where the system does not. One that does not
+  // end has to be killed.
+  virtual void end() = 0;
   virtual unsigned long processOf(int child) const = 0;
 
-  // The next message of any child, or nothing when the time has passed. Without a time: waits for ever.
+  // The next message of any child, or nothing when the time has passed or this process is interrupted.
+  // Without a time: waits for ever.
   virtual std::optional<ChildMessage> wait(std::optional<std::chrono::milliseconds> time) = 0;
 };
+
+// The signal that a group of this process has noted; 0: none.
+int interruption();
+
+// Ends this process by that signal, so that whoever started it sees that it was interrupted. Returns where
+// none was noted, and on Windows. Standard streams are flushed, no destructor runs.
+void endAsInterrupted();
 
 // How many processors this process may use: its own limits and those of the container that it runs in.
 int usableProcessors();

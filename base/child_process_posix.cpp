@@ -10,6 +10,7 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <list>
 
@@ -27,6 +28,7 @@ constexpr int kMostChildren = 1024;
 // What the handler reads; it must not allocate or lock.
 std::array<std::atomic<pid_t>, kMostChildren> livingChildren;
 std::array<struct sigaction, kEndingSignals.size()> actionsBefore;
+std::atomic<int> interruptedBy;
 
 // What children have begun to write they can still remove.
 void endChildren() {
@@ -49,7 +51,8 @@ void endChildren() {
   }
 }
 
-extern "C" void endChildrenAndSelf(int number) {
+extern "C" void noteInterruption(int number) {
+  if (interruptedBy.exchange(number) == 0) return;
   endChildren();
   const auto at = std::find(kEndingSignals.begin(), kEndingSignals.end(), number) - kEndingSignals.begin();
   const auto before = actionsBefore[static_cast<std::size_t>(at)].sa_handler;
@@ -137,7 +140,7 @@ class ForkedGroup : public ChildGroup {
       ::sigaction(kEndingSignals[i], nullptr, &actionsBefore[i]);
       if (actionsBefore[i].sa_handler == SIG_IGN) continue;
       struct sigaction action {};
-      action.sa_handler = endChildrenAndSelf;
+      action.sa_handler = noteInterruption;
       action.sa_flags = SA_RESTART;
       for (const int number : kEndingSignals) sigaddset(&action.sa_mask, number);
       ::sigaction(kEndingSignals[i], &action, nullptr);
@@ -191,6 +194,10 @@ class ForkedGroup : public ChildGroup {
 
   void kill(int number) override {
     if (const Child* child = find(number)) ::kill(child->process, SIGKILL);
+  }
+
+  void end() override {
+    for (const Child& child : children_) ::kill(child.process, SIGTERM);
   }
 
   unsigned long processOf(int number) const override {
@@ -255,6 +262,8 @@ class ForkedGroup : public ChildGroup {
     }
     for (auto& child : livingChildren) child = 0;
     restoreSignals();
+    // A terminal sends these to all its processes; its parent decides when it ends.
+    for (const int number : {SIGINT, SIGHUP}) ::signal(number, SIG_IGN);
     sigset_t set;
     sigemptyset(&set);
     ::sigprocmask(SIG_SETMASK, &set, nullptr);
@@ -280,6 +289,15 @@ class ForkedGroup : public ChildGroup {
 
 std::unique_ptr<ChildGroup> ChildGroup::create(ChildWork work) {
   return std::make_unique<ForkedGroup>(std::move(work));
+}
+
+int interruption() { return interruptedBy; }
+
+void endAsInterrupted() {
+  if (interruptedBy == 0) return;
+  std::fflush(nullptr);
+  ::signal(interruptedBy, SIG_DFL);
+  ::raise(interruptedBy);
 }
 
 std::unique_ptr<RequestChannel> standardRequestChannel() {

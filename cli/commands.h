@@ -8,6 +8,8 @@ namespace kivcli {
 inline constexpr int kAllDone = 0;
 inline constexpr int kSomeFailed = 1;  // each failure was named on standard error
 inline constexpr int kUnusable = 2;    // the command line, the CVT file or the installation
+// By Ctrl-C. Where there are signals the program ends by the one that interrupted it instead.
+inline constexpr int kInterrupted = 130;
 
 int runConvert(const Arguments& arguments);
 int runCheck(const Arguments& arguments);

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/child_process.h"
 #include "base/codepage.h"
 #include "base/files.h"
 #include "base/terminal.h"
@@ -40,10 +41,12 @@ int runGuarded(const std::vector<std::wstring>& words) {
 int runToEnd(const std::vector<std::wstring>& words) {
   base::prepareStandardStreams();
   const int status = runGuarded(words);
-  if (printingStatus()) return status;
-  complain(L"kivcvt: " +
-           tr(L"standard output cannot be written: %1", {translated(printingStatus().failure().reason)}));
-  return std::max(status, kSomeFailed);
+  if (!printingStatus()) {
+    complain(L"kivcvt: " +
+             tr(L"standard output cannot be written: %1", {translated(printingStatus().failure().reason)}));
+  }
+  base::endAsInterrupted();
+  return printingStatus() ? status : std::max(status, kSomeFailed);
 }
 
 }  // namespace

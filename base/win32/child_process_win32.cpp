@@ -2,8 +2,10 @@
 
 #include <windows.h>
 
+#include <atomic>
 #include <bit>
 #include <condition_variable>
+#include <csignal>
 #include <deque>
 #include <map>
 #include <mutex>
@@ -31,6 +33,17 @@ bool readSome(HANDLE file, LineBuffer& text) {
   if (ReadFile(file, buffer, sizeof buffer, &count, nullptr) == 0 || count == 0) return false;
   text.add({buffer, count});
   return true;
+}
+
+std::atomic<bool> isInterrupted = false;
+std::condition_variable* wakened = nullptr;  // by an interruption; of the group that lives
+
+// In a thread of its own. What was begun ends with the process: the job holds the children.
+BOOL WINAPI noteInterruption(DWORD event) {
+  if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) return FALSE;
+  if (isInterrupted.exchange(true)) return FALSE;
+  wakened->notify_all();
+  return TRUE;
 }
 
 class StandardChannel : public RequestChannel {
@@ -80,10 +93,13 @@ class StartedGroup : public ChildGroup {
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
     limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
     SetInformationJobObject(job_, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+    wakened = &arrived_;
+    SetConsoleCtrlHandler(noteInterruption, TRUE);
   }
   StartedGroup(const StartedGroup&) = delete;
   StartedGroup& operator=(const StartedGroup&) = delete;
   ~StartedGroup() override {
+    SetConsoleCtrlHandler(noteInterruption, FALSE);
     for (auto& [number, child] : children_) TerminateProcess(child.process, 1);
     for (auto& [number, child] : children_) close(child);
     CloseHandle(job_);
@@ -126,6 +142,11 @@ class StartedGroup : public ChildGroup {
     if (child != children_.end()) TerminateProcess(child->second.process, 1);
   }
 
+  // The system removes what they have begun to write.
+  void end() override {
+    for (const auto& [number, child] : children_) TerminateProcess(child.process, 1);
+  }
+
   unsigned long processOf(int number) const override {
     const auto child = children_.find(number);
     return child == children_.end() ? 0 : child->second.number;
@@ -133,12 +154,14 @@ class StartedGroup : public ChildGroup {
 
   std::optional<ChildMessage> wait(std::optional<std::chrono::milliseconds> time) override {
     std::unique_lock lock(mutex_);
-    const auto isThere = [this] { return !messages_.empty(); };
+    const bool wasInterrupted = isInterrupted;
+    const auto isThere = [&] { return !messages_.empty() || isInterrupted != wasInterrupted; };
     if (!time) {
       arrived_.wait(lock, isThere);
-    } else if (!arrived_.wait_for(lock, *time, isThere)) {
-      return std::nullopt;
+    } else {
+      arrived_.wait_for(lock, *time, isThere);
     }
+    if (messages_.empty()) return std::nullopt;
     ChildMessage message = std::move(messages_.front());
     messages_.pop_front();
     lock.unlock();
@@ -180,9 +203,10 @@ class StartedGroup : public ChildGroup {
     std::wstring line = quoted(program);
     for (const std::wstring& word : work_.words) line += L" " + quoted(word);
     PROCESS_INFORMATION process{};
-    const BOOL created = CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE,
-                                        EXTENDED_STARTUPINFO_PRESENT | CREATE_SUSPENDED, nullptr, nullptr,
-                                        &startup.StartupInfo, &process);
+    const BOOL created =
+        CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE,
+                       EXTENDED_STARTUPINFO_PRESENT | CREATE_SUSPENDED | CREATE_NEW_PROCESS_GROUP, nullptr,
+                       nullptr, &startup.StartupInfo, &process);
     const Failure failure = created != 0 ? Failure() : lastFailure();
     DeleteProcThreadAttributeList(startup.lpAttributeList);
     if (created == 0) return failure;
@@ -235,6 +259,10 @@ class StartedGroup : public ChildGroup {
 std::unique_ptr<ChildGroup> ChildGroup::create(ChildWork work) {
   return std::make_unique<StartedGroup>(std::move(work));
 }
+
+int interruption() { return isInterrupted ? SIGINT : 0; }
+
+void endAsInterrupted() {}
 
 std::unique_ptr<RequestChannel> standardRequestChannel() { return std::make_unique<StandardChannel>(); }
 

@@ -13,7 +13,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr milliseconds kWaitInBetween{200};
+constexpr milliseconds kWaitInBetween{200}, kTimeToEnd{2000};
 
 // Where a process costs no more than copying this one, every drawing is converted in another. Elsewhere one
 // that is alone has nobody whom its crash could harm.
@@ -47,18 +47,43 @@ bool Batch::isWorthAWorker() const {
   return kProcessesAreCheap || plan_.size() > 1 || arguments_.timeout > 0;
 }
 
-void Batch::run(const Listener& listener) {
-  if (!group_) return runHere(listener);
+std::size_t Batch::run(const Listener& listener) {
+  if (!group_) {
+    runHere(listener);
+    return 0;
+  }
   for (std::size_t told = 0; told < plan_.size();) {
-    handOut();
-    for (; told < plan_.size() && reports_[told]; ++told) {
-      listener.told(plan_[told], *reports_[told]);
-      reports_[told].reset();
+    if (base::interruption() != 0) {
+      endWorkers();
+      const std::size_t notBegun = plan_.size() - done_;
+      for (; told < plan_.size(); ++told) tellFinished(listener, told);
+      return notBegun;
     }
+    handOut();
+    tellFinished(listener, told);
     listener.waits(done_);
     if (busy_.empty()) continue;
     if (const auto message = group_->wait(timeToWait())) take(*message);
     giveUpLateOnes();
+  }
+  return 0;
+}
+
+void Batch::tellFinished(const Listener& listener, std::size_t& told) {
+  for (; told < plan_.size() && reports_[told]; ++told) {
+    listener.told(plan_[told], *reports_[told]);
+    reports_[told].reset();
+  }
+}
+
+// What a worker has finished by now still counts.
+void Batch::endWorkers() {
+  group_->end();
+  const Clock::time_point end = Clock::now() + kTimeToEnd;
+  while (!busy_.empty()) {
+    if (const auto message = group_->wait(kWaitInBetween)) take(*message);
+    if (Clock::now() < end) continue;
+    for (const auto& [child, assignment] : busy_) group_->kill(child);
   }
 }
 
@@ -97,7 +122,7 @@ void Batch::handNextTo(int child) {
   const Clock::time_point end = arguments_.timeout > 0
                                     ? Clock::now() + std::chrono::seconds(arguments_.timeout)
                                     : Clock::time_point::max();
-  busy_[child] = {next_, end};
+  busy_[child] = {next_, end, stampOf(plan_[next_].target)};
   group_->send(child, lineOf(plan_[next_]));
   ++next_;
 }
@@ -129,8 +154,7 @@ void Batch::take(const base::ChildMessage& message) {
   const Assignment assignment = found->second;
   if (message.end) {
     busy_.erase(found);
-    lose(assignment.drawing, tr(L"not converted: %1", {reasonOf(*message.end, assignment.isLate)}));
-    removeRemainsOf(plan_[assignment.drawing]);
+    loseUnderWay(assignment, reasonOf(*message.end, assignment.isLate));
   } else if (auto report = reportOf(message.line)) {
     busy_.erase(found);
     reports_[assignment.drawing] = std::move(*report);
@@ -149,7 +173,20 @@ void Batch::lose(std::size_t drawing, const std::wstring& reason) {
   ++done_;
 }
 
+// It may have been saved already, when only what is told of it was missing.
+void Batch::loseUnderWay(const Assignment& assignment, const std::wstring& reason) {
+  const PlannedDrawing& drawing = plan_[assignment.drawing];
+  removeRemainsOf(drawing);
+  if (stampOf(drawing.target) == assignment.target) {
+    return lose(assignment.drawing, tr(L"not converted: %1", {reason}));
+  }
+  lose(assignment.drawing, tr(L"saved, but its problems and changes are not known: %1", {reason}));
+  reports_[assignment.drawing]->saved = base::pathText(drawing.target);
+  reports_[assignment.drawing]->outcome = Outcome::kWithProblems;
+}
+
 std::wstring Batch::reasonOf(const base::ChildEnd& end, bool isLate) const {
+  if (base::interruption() != 0) return tr(L"the batch was interrupted");
   if (isLate) return tr(L"it took longer than %1 s and was given up", {std::to_wstring(arguments_.timeout)});
   if (end.signal == 0) {
     return tr(L"the process that converted it ended with status %1", {std::to_wstring(end.exitStatus)});

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/child_process.h"
+#include "cli/convert/file_stamp.h"
 #include "cli/convert/worker.h"
 
 namespace kivcli {
@@ -23,13 +24,16 @@ class Batch {
     std::function<void(const PlannedDrawing&, const DrawingReport&)> told;  // once for each, in their order
     std::function<void(std::size_t done)> waits;                            // every so often in between
   };
-  void run(const Listener& listener);
+  // Ends early when the process is interrupted (base::interruption()). The number of drawings that were not
+  // begun for that reason, of which nothing is told.
+  std::size_t run(const Listener& listener);
 
  private:
   using Clock = std::chrono::steady_clock;
   struct Assignment {
     std::size_t drawing;
     Clock::time_point end;  // when it has taken too long
+    FileStamp target;       // before
     bool isLate = false;
   };
 
@@ -40,7 +44,10 @@ class Batch {
   std::chrono::milliseconds timeToWait() const;
   void giveUpLateOnes();
   void take(const base::ChildMessage& message);
+  void tellFinished(const Listener& listener, std::size_t& told);
+  void endWorkers();
   void lose(std::size_t drawing, const std::wstring& reason);
+  void loseUnderWay(const Assignment& assignment, const std::wstring& reason);
   void removeRemainsOf(const PlannedDrawing& drawing) const;
   std::wstring reasonOf(const base::ChildEnd& end, bool isLate) const;
 

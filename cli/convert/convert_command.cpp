@@ -5,6 +5,7 @@
 #include <map>
 #include <system_error>
 
+#include "base/child_process.h"
 #include "base/clock.h"
 #include "base/codepage.h"
 #include "base/files.h"
@@ -125,7 +126,7 @@ void tell(const DrawingReport& report) {
 }
 
 struct Tally {
-  std::size_t converted = 0, withProblems = 0, failed = 0, skipped = 0;
+  std::size_t converted = 0, withProblems = 0, failed = 0, skipped = 0, notBegun = 0;
 
   void count(Outcome outcome) {
     ++(outcome == Outcome::kConverted      ? converted
@@ -181,8 +182,15 @@ bool convertAll(Session& session, const Arguments& arguments, const std::vector<
     if (!arguments.reports.empty()) reports.add(report);
   };
   listener.waits = [&](std::size_t done) { progress.show(done); };
-  Batch(session, arguments, plan).run(listener);
-  if (plan.size() > 1) progress.finish();
+  tally.notBegun = Batch(session, arguments, plan).run(listener);
+  progress.hide();
+  if (base::interruption() != 0) {
+    complain(L"kivcvt: " +
+             tr(L"interrupted; drawings that were not begun: %1", {std::to_wstring(tally.notBegun)}));
+    reports.noteInterrupted(tally.notBegun);
+  } else if (plan.size() > 1) {
+    progress.finish();
+  }
   return isLogComplete;
 }
 
@@ -196,6 +204,7 @@ int runConvert(const Arguments& arguments) {
   }
   Session& session = *started.value();
   setUp(session, arguments);
+  base::removeTemporaryFilesOnSignals();
   if (arguments.isWorker) return Worker(session, arguments).serve(*base::standardRequestChannel());
 
   Undone undone;
@@ -214,6 +223,7 @@ int runConvert(const Arguments& arguments) {
   const bool areWritten = writeReports(reports, arguments.reports);
   undone.tell(arguments.specification);
   printLine(arguments.isDryRun ? tr(L"a dry run: nothing was written") : tally.text());
+  if (base::interruption() != 0) return kInterrupted;
   return std::max(
       {tally.exitStatus(), undone.exitStatus(), isLogComplete && areWritten ? kAllDone : kSomeFailed});
 }

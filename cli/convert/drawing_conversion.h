@@ -5,9 +5,9 @@
 #include <string_view>
 
 #include "base/result.h"
-#include "cli/reports/drawing_report.h"
 #include "cli/convert/output_plan.h"
 #include "cli/convert/run_facts.h"
+#include "cli/reports/drawing_report.h"
 #include "cli/session.h"
 
 namespace kivcli {

@@ -8,6 +8,7 @@
 #include "base/paths.h"
 #include "base/temporary_files.h"
 #include "cli/commands.h"
+#include "cli/convert/file_stamp.h"
 #include "cli/convert/worker_lines.h"
 #include "cli/language/language.h"
 
@@ -15,22 +16,6 @@ namespace kivcli {
 namespace {
 
 namespace fs = std::filesystem;
-
-// Changes when another file takes the place of the drawing, or somebody writes to it.
-struct FileStamp {
-  fs::file_time_type modified{};
-  std::uintmax_t size = 0;
-  bool operator==(const FileStamp&) const = default;
-};
-
-FileStamp stampOf(const fs::path& file) {
-  std::error_code error;
-  FileStamp stamp;
-  if (!fs::is_regular_file(file, error)) return stamp;
-  stamp.modified = fs::last_write_time(file, error);
-  stamp.size = fs::file_size(file, error);
-  return stamp;
-}
 
 // What is saved is whole, but nobody may take it for the drawing that is there now: it must not look newer.
 void tellReplaced(DrawingReport& report, const PlannedDrawing& drawing, const FileStamp& before,

@@ -27,6 +27,8 @@ constexpr Translation kRows[] = {
      L"失敗した図面または問題のある図面がある、CVT "
      L"ファイルに読み捨てた行がある、ログまたは標準出力に書き込めない。"
      L"それぞれ標準エラー出力に示します"},
+    {L"interrupted by Ctrl-C; by another signal as that signal ends programs",
+     L"Ctrl-C で中断しました。ほかのシグナルでは、そのシグナルで終わるプログラムと同じです"},
     {L"the command line or the CVT file is unusable", L"コマンドラインまたは CVT ファイルが使えません"},
     {L"folders, with \";\" between them, in which linetype files, shape fonts and drawings of arrows are "
      L"looked for behind the folder of the CVT file",

@@ -72,6 +72,7 @@ void addSurroundings(Page& page) {
                      L"or standard output "
                      L"cannot be written; each is named on standard error"));
   page.item(L"2", tr(L"the command line or the CVT file is unusable"));
+  page.item(L"130", tr(L"interrupted by Ctrl-C; by another signal as that signal ends programs"));
   page.section(tr(L"ENVIRONMENT"));
   page.item(
       bold(L"KIV_SUPPORT_PATH"),

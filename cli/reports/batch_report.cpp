@@ -147,7 +147,8 @@ std::string BatchReport::json() const {
   Json json = {{"specification", readable(specification_)},
                {"begun", readable(begun_)},
                {"dryRun", isDryRun_},
-               {"interrupted", isInterrupted_},
+               {"interrupted", notBegun_.has_value()},
+               {"notBegun", notBegun_.value_or(0)},
                {"skipped", skipped_},
                {"totals", totalsOf(drawings_)}};
   json["settings"] = Json::array(), json["drawings"] = Json::array();
@@ -166,8 +167,10 @@ std::string BatchReport::html() const {
   head.title = readable(isDryRun_ ? tr(L"Dry run: what would change") : tr(L"Report of a conversion"));
   head.facts = {{readable(tr(L"specification")), readable(specification_)},
                 {readable(tr(L"begun")), readable(begun_)}};
-  if (isInterrupted_)
-    head.remarks.push_back(readable(tr(L"The batch was interrupted; these are the drawings so far.")));
+  if (notBegun_) {
+    head.remarks.push_back(readable(
+        tr(L"The batch was interrupted: drawings that were not begun: %1", {std::to_wstring(*notBegun_)})));
+  }
   if (skipped_ > 0)
     head.remarks.push_back(readable(tr(L"Drawings skipped: %1", {std::to_wstring(skipped_)})));
   if (withoutPictures_ > 0) {

@@ -2,6 +2,7 @@
 // What became of a whole batch, as a file for people (HTML, one page without references to anything outside)
 // or for programs (JSON).
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,7 +28,7 @@ class BatchReport {
   // and the report says so.
   void add(DrawingReport report);
   void noteSkipped(std::size_t drawings) { skipped_ = drawings; }
-  void noteInterrupted() { isInterrupted_ = true; }  // not all drawings of the batch are here
+  void noteInterrupted(std::size_t notBegun) { notBegun_ = notBegun; }  // drawings, which are not here
 
   // HTML or JSON, by the name's extension (isReportName()). Atomic.
   base::Status write(const std::wstring& file) const;
@@ -40,7 +41,8 @@ class BatchReport {
   void addTotals(const SettingFacts& facts);
 
   std::wstring specification_, begun_;
-  bool isDryRun_, isInterrupted_ = false;
+  bool isDryRun_;
+  std::optional<std::size_t> notBegun_;  // of an interrupted batch
   std::vector<DrawingReport> drawings_;
   std::vector<SettingTotals> settings_;  // in the order of the run
   std::size_t pictureBytes_ = 0, withoutPictures_ = 0, skipped_ = 0;

@@ -20,7 +20,7 @@ template <class Names>
 std::size_t numberOf(const Names& names, const Json& json) {
   const auto& name = json.get_ref<const std::string&>();
   const auto found = std::ranges::find(names, name);
-  if (found == names.end()) throw std::invalid_argument("unknown word: " + name);
+  if (found == names.end()) throw std::invalid_argument(name);
   return static_cast<std::size_t>(found - names.begin());
 }
 

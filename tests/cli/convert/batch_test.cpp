@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <nlohmann/json.hpp>
 #include <regex>
 
 #include "base/codepage.h"
@@ -171,11 +172,52 @@ TEST_F(LossTest, AWorkerThatIsKilledOrHangsLosesOneDrawing) {
   }
 }
 
-TEST_F(LossTest, WorkersEndWithTheProgramAndItEndsAsTheSignalSays) {
-  for (const char* signal : {"TERM", "HUP", "KILL"}) {
-    const ProgramRun run = shell(std::string("start; kill -") + signal +
-                                 " $parent; wait $parent; status=$?; while grep -qs '^State:.[RSDT]' "
-                                 "/proc/$worker/status; do sleep 0.02; done; kill -l $status >>said");
+TEST_F(LossTest, AnInterruptedBatchTellsWhatIsDoneAndEndsAsTheSignalSays) {
+  for (const char* signal : {"INT", "TERM", "HUP"}) {
+    // A shell has its background jobs ignore the first of these.
+    const ProgramRun run = shell(
+        std::string("kivcvt=\"env --default-signal=INT $kivcvt\"; start --report r.json; kill -") + signal +
+        " $parent; wait $parent 2>&-; kill -l $? >>said; [ -e /proc/$worker ] && echo lives >>said");
+    EXPECT_EQ(run.out, std::string("a.dxf -> out/a.DXF\n1 of 2 drawings converted\n") + signal + "\n");
+    EXPECT_EQ(run.err,
+              "pipe.dxf: not converted: the batch was interrupted\n"
+              "kivcvt: interrupted; drawings that were not begun: 1\n");
+    const auto report = nlohmann::json::parse(read("r.json"));
+    EXPECT_EQ(report.at("interrupted"), true);
+    EXPECT_EQ(report.at("notBegun"), 1);
+    EXPECT_EQ(report.at("drawings").size(), 2u);
+    EXPECT_EQ(report.at("drawings").at(1).at("outcome"), "not converted");
+    expectNothingHalfWritten({"a.DXF"});
+    expectCompletedByResume("\n2 drawings converted, 1 skipped\n");
+  }
+}
+
+// What changed is found by reading the drawing once more, for which the pipe waits.
+TEST_F(LossTest, ADrawingThatIsLostWhenItIsSavedIsToldAsSaved) {
+  const ProgramRun run = shell("start --timeout 1 --report r.json; cat a.dxf >pipe.dxf; wait $parent");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(
+      run.err,
+      "pipe.dxf: saved, but its problems and changes are not known: it took longer than 1 s and was given "
+      "up\n");
+  EXPECT_TRUE(
+      run.out.ends_with("pipe.dxf -> out/pipe.DXF\nc.dxf -> out/c.DXF\n"
+                        "3 drawings converted, 1 with problems\n"))
+      << run.out;
+  expectNothingHalfWritten({"a.DXF", "c.DXF", "pipe.DXF"});
+}
+
+// The worker stands still and does not end when it is asked to.
+TEST_F(LossTest, ASecondInterruptAndAKilledProgramLeaveNoWorker) {
+  const std::string untilGone =
+      "wait $parent; s=$?; while grep -qs '^State:.[RSDT]' /proc/$worker/status; do sleep 0.02; done; "
+      "kill -l $s >>said";
+  const std::pair<const char*, const char*> cases[] = {
+      {"kill -STOP $worker; kill -TERM $parent; sleep 0.3; kill -TERM $parent; ", "TERM"},
+      {"kill -KILL $parent; ", "KILL"},
+  };
+  for (const auto& [lines, signal] : cases) {
+    const ProgramRun run = shell("start; " + std::string(lines) + untilGone);
     EXPECT_EQ(run.out, std::string("a.dxf -> out/a.DXF\n") + signal + "\n");
     expectNothingHalfWritten({"a.DXF"});
     expectCompletedByResume("\n2 drawings converted, 1 skipped\n");
