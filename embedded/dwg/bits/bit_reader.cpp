@@ -1,0 +1,244 @@
+#include "embedded/dwg/bits/bit_reader.h"
+
+#include <bit>
+#include <cstring>
+
+namespace cad::dwg {
+namespace {
+
+constexpr unsigned kLongestModular = 9;  // bytes with seven bits each that still fit
+
+}  // namespace
+
+BitReader::BitReader(std::string_view bytes, std::uint64_t begin, std::uint64_t end)
+    : bytes_(bytes), at_(begin), end_(end) {
+  if (begin <= end && end <= std::uint64_t{bytes.size()} * 8) return;
+  at_ = end_ = 0;
+  failed_ = true;
+}
+
+void BitReader::seek(std::uint64_t bit) {
+  if (bit > end_) {
+    failed_ = true;
+  } else if (!failed_) {
+    at_ = bit;
+  }
+}
+
+void BitReader::skip(std::uint64_t bits) {
+  if (bits > left()) {
+    failed_ = true;
+  } else {
+    at_ += bits;
+  }
+}
+
+bool BitReader::b() { return bits(1) != 0; }
+
+unsigned BitReader::bb() { return static_cast<unsigned>(bits(2)); }
+
+unsigned BitReader::threeBits() { return static_cast<unsigned>(bits(3)); }
+
+std::uint64_t BitReader::bits(unsigned count) {
+  if (count > left()) {
+    failed_ = true;
+    return 0;
+  }
+  std::uint64_t value = 0;
+  while (count > 0) {
+    const unsigned inByte = static_cast<unsigned>(at_ & 7), free = 8 - inByte;
+    const unsigned taken = count < free ? count : free;
+    const auto byte = static_cast<std::uint8_t>(bytes_[static_cast<std::size_t>(at_ >> 3)]);
+    value = value << taken | ((byte >> (free - taken)) & ((1U << taken) - 1));
+    at_ += taken, count -= taken;
+  }
+  return value;
+}
+
+std::uint16_t BitReader::rs() {
+  const auto value = static_cast<std::uint16_t>(bits(16));
+  return static_cast<std::uint16_t>(value << 8 | value >> 8);
+}
+
+std::uint32_t BitReader::rl() {
+  const std::uint32_t low = rs();
+  return low | std::uint32_t{rs()} << 16;
+}
+
+std::uint64_t BitReader::rll() {
+  const std::uint64_t low = rl();
+  return low | std::uint64_t{rl()} << 32;
+}
+
+double BitReader::rd() {
+  if (left() < 64) {
+    failed_ = true;
+    return 0;
+  }
+  return std::bit_cast<double>(rll());
+}
+
+std::int16_t BitReader::bs() {
+  switch (bb()) {
+    case 0:
+      return static_cast<std::int16_t>(rs());
+    case 1:
+      return rc();
+    case 2:
+      return 0;
+    default:
+      return failed_ ? 0 : 256;
+  }
+}
+
+std::int32_t BitReader::bl() {
+  switch (bb()) {
+    case 0:
+      return static_cast<std::int32_t>(rl());
+    case 1:
+      return rc();
+    case 3:
+      failed_ = true;
+      [[fallthrough]];
+    default:
+      return 0;
+  }
+}
+
+std::uint64_t BitReader::bll() {
+  std::uint64_t value = 0;
+  const unsigned length = threeBits();
+  for (unsigned i = 0; i < length; ++i) value |= std::uint64_t{rc()} << (8 * i);
+  return value;
+}
+
+double BitReader::bd() {
+  switch (bb()) {
+    case 0:
+      return rd();
+    case 1:
+      return 1;
+    case 3:
+      failed_ = true;
+      [[fallthrough]];
+    default:
+      return 0;
+  }
+}
+
+double BitReader::dd(double base) {
+  const auto kept = std::bit_cast<std::uint64_t>(base);
+  switch (bb()) {
+    case 0:
+      return failed_ ? 0 : base;
+    case 1: {
+      const std::uint64_t low = rl();
+      return failed_ ? 0 : std::bit_cast<double>((kept & ~std::uint64_t{0xFFFFFFFF}) | low);
+    }
+    case 2: {
+      const std::uint64_t middle = rs(), low = rl();
+      return failed_ ? 0
+                     : std::bit_cast<double>((kept & ~std::uint64_t{0xFFFFFFFFFFFF}) | middle << 32 | low);
+    }
+    default:
+      return rd();
+  }
+}
+
+double BitReader::bt(Version version) { return version >= Version::kR2000 && b() ? 0 : bd(); }
+
+Point BitReader::extrusion(Version version) {
+  if (version >= Version::kR2000 && b()) return {0, 0, 1};
+  return point3bd();
+}
+
+Point BitReader::point2rd() {
+  Point point;
+  point.x = rd(), point.y = rd();
+  return point;
+}
+
+Point BitReader::point3bd() {
+  Point point;
+  point.x = bd(), point.y = bd(), point.z = bd();
+  return point;
+}
+
+unsigned BitReader::ot(Version version) {
+  if (version < Version::kR2010) return static_cast<std::uint16_t>(bs());
+  switch (bb()) {
+    case 0:
+      return rc();
+    case 1:
+      return rc() + 0x1F0U;
+    default:
+      return rs();
+  }
+}
+
+std::uint64_t BitReader::umc() {
+  std::uint64_t value = 0;
+  for (unsigned i = 0; i < kLongestModular; ++i) {
+    const std::uint8_t byte = rc();
+    value |= std::uint64_t{byte & 0x7FU} << (7 * i);
+    if ((byte & 0x80) == 0) return failed_ ? 0 : value;
+  }
+  failed_ = true;
+  return 0;
+}
+
+std::int64_t BitReader::mc() {
+  std::int64_t value = 0;
+  for (unsigned i = 0; i < kLongestModular; ++i) {
+    const std::uint8_t byte = rc();
+    if ((byte & 0x80) == 0) {
+      value |= std::int64_t{byte & 0x3F} << (7 * i);
+      return failed_ ? 0 : (byte & 0x40) != 0 ? -value : value;
+    }
+    value |= std::int64_t{byte & 0x7F} << (7 * i);
+  }
+  failed_ = true;
+  return 0;
+}
+
+std::uint32_t BitReader::ms() {
+  const std::uint16_t low = rs();
+  if ((low & 0x8000) == 0) return low;
+  const std::uint16_t high = rs();
+  if ((high & 0x8000) != 0) failed_ = true;
+  return failed_ ? 0 : (low & 0x7FFFU) | std::uint32_t{high} << 15;
+}
+
+HandleReference BitReader::h() {
+  HandleReference reference;
+  reference.code = static_cast<std::uint8_t>(bits(4));
+  reference.size = static_cast<std::uint8_t>(bits(4));
+  if (reference.size > 8) failed_ = true;
+  if (failed_) return {};
+  reference.value = bits(reference.size * 8U);
+  return failed_ ? HandleReference() : reference;
+}
+
+std::string BitReader::tv() {
+  const auto length = static_cast<std::uint16_t>(bs());
+  if (length > left() / 8) {
+    failed_ = true;
+    return {};
+  }
+  std::string text(length, '\0');
+  for (char& c : text) c = static_cast<char>(rc());
+  return text;
+}
+
+std::u16string BitReader::tu() {
+  const auto length = static_cast<std::uint16_t>(bs());
+  if (length > left() / 16) {
+    failed_ = true;
+    return {};
+  }
+  std::u16string text(length, u'\0');
+  for (char16_t& c : text) c = static_cast<char16_t>(rs());
+  return text;
+}
+
+}  // namespace cad::dwg

@@ -1,0 +1,66 @@
+#pragma once
+// The bit codes of DWG files, read.
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/drawing_version.h"
+#include "embedded/drawing/geometry.h"
+#include "embedded/dwg/bits/handle_reference.h"
+
+namespace cad::dwg {
+
+using base::Version;
+
+// Reads from a range of bits; the most significant bit of a byte comes first. Positions count bits from the
+// first byte. Reading beyond the end, or a code that means nothing, makes the reader fail for good: it then
+// yields zeros and does not move.
+class BitReader {
+ public:
+  explicit BitReader(std::string_view bytes) : BitReader(bytes, 0, std::uint64_t{bytes.size()} * 8) {}
+  // `begin` and `end` in bits; a range that is not within the bytes makes the reader fail.
+  BitReader(std::string_view bytes, std::uint64_t begin, std::uint64_t end);
+
+  bool failed() const { return failed_; }
+  std::string_view bytes() const { return bytes_; }
+  std::uint64_t position() const { return at_; }
+  std::uint64_t end() const { return end_; }
+  std::uint64_t left() const { return failed_ ? 0 : end_ - at_; }
+  void seek(std::uint64_t bit);
+  void skip(std::uint64_t bits);
+  void fail() { failed_ = true; }
+
+  bool b();
+  unsigned bb();
+  unsigned threeBits();
+  std::uint64_t bits(unsigned count);  // up to 64
+  std::uint8_t rc() { return static_cast<std::uint8_t>(bits(8)); }
+  std::uint16_t rs();  // raw values have their least significant byte first
+  std::uint32_t rl();
+  std::uint64_t rll();
+  double rd();
+  std::int16_t bs();
+  std::int32_t bl();
+  std::uint64_t bll();
+  double bd();
+  double dd(double base);            // `base` is what stands in the file in the short forms
+  double bt(Version version);        // thickness
+  Point extrusion(Version version);  // BE: a bit for (0, 0, 1) from R2000 on, else three BD
+  Point point2rd();
+  Point point3bd();
+  unsigned ot(Version version);  // an object's type
+  std::int64_t mc();
+  std::uint64_t umc();
+  std::uint32_t ms();
+  HandleReference h();
+  std::string tv();     // the bytes in the drawing's code page
+  std::u16string tu();  // R2007 and later
+
+ private:
+  std::string_view bytes_;
+  std::uint64_t at_ = 0, end_ = 0;
+  bool failed_ = false;
+};
+
+}  // namespace cad::dwg

@@ -1,0 +1,179 @@
+#include "embedded/dwg/bits/bit_writer.h"
+
+#include <algorithm>
+#include <bit>
+
+namespace cad::dwg {
+namespace {
+
+constexpr std::size_t kLongestText = 0xFFFF;
+
+bool isZero(double value) { return std::bit_cast<std::uint64_t>(value) == 0; }  // but not -0.0
+
+}  // namespace
+
+void BitWriter::bits(std::uint64_t value, unsigned count) {
+  while (count > 0) {
+    const unsigned inByte = static_cast<unsigned>(size_ & 7), free = 8 - inByte;
+    const unsigned put = std::min(count, free);
+    if (size_ / 8 == bytes_.size()) bytes_ += '\0';
+    const auto part = static_cast<unsigned>(value >> (count - put)) & ((1U << put) - 1);
+    char& byte = bytes_[static_cast<std::size_t>(size_ / 8)];
+    byte = static_cast<char>(static_cast<std::uint8_t>(byte) | part << (free - put));
+    size_ += put, count -= put;
+  }
+}
+
+void BitWriter::copy(std::string_view source, std::uint64_t begin, std::uint64_t end) {
+  const auto byteAt = [&](std::uint64_t bit) {
+    return static_cast<std::uint8_t>(source[static_cast<std::size_t>(bit >> 3)]);
+  };
+  const auto few = [&](std::uint64_t limit) {
+    for (; begin < limit; ++begin) bits(byteAt(begin) >> (7 - (begin & 7)) & 1U, 1);
+  };
+  few(std::min(end, (begin + 7) / 8 * 8));
+  if ((size_ & 7) == 0 && end - begin >= 8) {
+    const std::size_t from = static_cast<std::size_t>(begin / 8),
+                      length = static_cast<std::size_t>((end - begin) / 8);
+    bytes_.append(source, from, length);
+    size_ += std::uint64_t{length} * 8, begin += std::uint64_t{length} * 8;
+  }
+  for (; end - begin >= 8; begin += 8) bits(byteAt(begin), 8);
+  few(end);
+}
+
+void BitWriter::rs(std::uint16_t value) {
+  bits(value & 0xFFU, 8);
+  bits(value >> 8, 8);
+}
+
+void BitWriter::rl(std::uint32_t value) {
+  rs(static_cast<std::uint16_t>(value));
+  rs(static_cast<std::uint16_t>(value >> 16));
+}
+
+void BitWriter::rll(std::uint64_t value) {
+  rl(static_cast<std::uint32_t>(value));
+  rl(static_cast<std::uint32_t>(value >> 32));
+}
+
+void BitWriter::rd(double value) { rll(std::bit_cast<std::uint64_t>(value)); }
+
+void BitWriter::bs(std::int16_t value) {
+  if (value == 0) {
+    bb(2);
+  } else if (value == 256) {
+    bb(3);
+  } else if (value > 0 && value < 256) {
+    bb(1), rc(static_cast<std::uint8_t>(value));
+  } else {
+    bb(0), rs(static_cast<std::uint16_t>(value));
+  }
+}
+
+void BitWriter::bl(std::int32_t value) {
+  if (value == 0) {
+    bb(2);
+  } else if (value > 0 && value < 256) {
+    bb(1), rc(static_cast<std::uint8_t>(value));
+  } else {
+    bb(0), rl(static_cast<std::uint32_t>(value));
+  }
+}
+
+void BitWriter::bll(std::uint64_t value) {
+  unsigned length = 0;
+  while (length < 7 && value >> (8 * length) != 0) ++length;
+  threeBits(length);
+  for (unsigned i = 0; i < length; ++i) rc(static_cast<std::uint8_t>(value >> (8 * i)));
+}
+
+void BitWriter::bd(double value) {
+  if (isZero(value)) {
+    bb(2);
+  } else if (value == 1) {
+    bb(1);
+  } else {
+    bb(0), rd(value);
+  }
+}
+
+void BitWriter::dd(double value, double base) {
+  const auto wanted = std::bit_cast<std::uint64_t>(value);
+  const std::uint64_t differing = wanted ^ std::bit_cast<std::uint64_t>(base);
+  if (differing == 0) {
+    bb(0);
+  } else if (differing >> 32 == 0) {
+    bb(1), rl(static_cast<std::uint32_t>(wanted));
+  } else if (differing >> 48 == 0) {
+    bb(2), rs(static_cast<std::uint16_t>(wanted >> 32)), rl(static_cast<std::uint32_t>(wanted));
+  } else {
+    bb(3), rd(value);
+  }
+}
+
+void BitWriter::bt(double value, Version version) {
+  const bool isShort = version >= Version::kR2000 && isZero(value);
+  if (version >= Version::kR2000) b(isShort);
+  if (!isShort) bd(value);
+}
+
+void BitWriter::extrusion(const Point& value, Version version) {
+  const bool isShort = version >= Version::kR2000 && isZero(value.x) && isZero(value.y) && value.z == 1;
+  if (version >= Version::kR2000) b(isShort);
+  if (!isShort) point3bd(value);
+}
+
+void BitWriter::point2rd(const Point& value) { rd(value.x), rd(value.y); }
+
+void BitWriter::point3bd(const Point& value) { bd(value.x), bd(value.y), bd(value.z); }
+
+void BitWriter::ot(unsigned type, Version version) {
+  if (version < Version::kR2010) {
+    bs(static_cast<std::int16_t>(type));
+  } else if (type < 0x100) {
+    bb(0), rc(static_cast<std::uint8_t>(type));
+  } else if (type >= 0x1F0 && type < 0x2F0) {
+    bb(1), rc(static_cast<std::uint8_t>(type - 0x1F0));
+  } else {
+    bb(2), rs(static_cast<std::uint16_t>(type));
+  }
+}
+
+void BitWriter::mc(std::int64_t value) {
+  std::uint64_t left = value < 0 ? 0 - static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
+  for (; left > 0x3F; left >>= 7) rc(static_cast<std::uint8_t>((left & 0x7F) | 0x80));
+  rc(static_cast<std::uint8_t>(left | (value < 0 ? 0x40 : 0)));
+}
+
+void BitWriter::umc(std::uint64_t value) {
+  for (; value > 0x7F; value >>= 7) rc(static_cast<std::uint8_t>((value & 0x7F) | 0x80));
+  rc(static_cast<std::uint8_t>(value));
+}
+
+void BitWriter::ms(std::uint32_t value) {
+  if (value > 0x7FFF) rs(static_cast<std::uint16_t>((value & 0x7FFF) | 0x8000)), value >>= 15;
+  rs(static_cast<std::uint16_t>(value));
+}
+
+void BitWriter::h(const HandleReference& reference) {
+  unsigned size = std::min<unsigned>(reference.size, 8);
+  while (size < 8 && reference.value >> (8 * size) != 0) ++size;
+  bits(reference.code, 4);
+  bits(size, 4);
+  bits(reference.value, 8 * size);
+}
+
+void BitWriter::tv(std::string_view text) {
+  text = text.substr(0, kLongestText);
+  bs(static_cast<std::int16_t>(static_cast<std::uint16_t>(text.size())));
+  for (const char c : text) rc(static_cast<std::uint8_t>(c));
+}
+
+void BitWriter::tu(std::u16string_view text) {
+  text = text.substr(0, kLongestText);
+  bs(static_cast<std::int16_t>(static_cast<std::uint16_t>(text.size())));
+  for (const char16_t c : text) rs(c);
+}
+
+}  // namespace cad::dwg

@@ -1,0 +1,62 @@
+#pragma once
+// The bit codes of DWG files, written in their shortest form.
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/drawing_version.h"
+#include "embedded/drawing/geometry.h"
+#include "embedded/dwg/bits/handle_reference.h"
+
+namespace cad::dwg {
+
+using base::Version;
+
+class BitWriter {
+ public:
+  std::uint64_t size() const { return size_; }  // bits
+  // What was written; the last byte is filled up with zeros.
+  const std::string& bytes() const { return bytes_; }
+  std::string take() { return size_ = 0, std::move(bytes_); }
+  void alignToByte() { size_ = (size_ + 7) / 8 * 8; }
+
+  // The bits from `begin` to `end` of `source`, which must have them.
+  void copy(std::string_view source, std::uint64_t begin, std::uint64_t end);
+  void copy(const BitWriter& source) { copy(source.bytes_, 0, source.size_); }
+
+  void b(bool value) { bits(value ? 1 : 0, 1); }
+  void bb(unsigned value) { bits(value, 2); }
+  void threeBits(unsigned value) { bits(value, 3); }
+  void bits(std::uint64_t value, unsigned count);  // the lowest `count`, up to 64
+  void rc(std::uint8_t value) { bits(value, 8); }
+  void rs(std::uint16_t value);
+  void rl(std::uint32_t value);
+  void rll(std::uint64_t value);
+  void rd(double value);
+  void bs(std::int16_t value);
+  void bl(std::int32_t value);
+  void bll(std::uint64_t value);  // below 2 to the power of 56
+  void bd(double value);
+  void dd(double value, double base);
+  void bt(double value, Version version);
+  void extrusion(const Point& value, Version version);
+  void point2rd(const Point& value);
+  void point3bd(const Point& value);
+  void ot(unsigned type, Version version);
+  void mc(std::int64_t value);
+  void umc(std::uint64_t value);
+  void ms(std::uint32_t value);              // below 2 to the power of 30
+  void h(const HandleReference& reference);  // in `size` bytes, or in as many more as the value needs
+  // A reference with the fewest bytes.
+  void h(std::uint8_t code, std::uint64_t value) { h({code, 0, value}); }
+  // Texts are cut to 65535 characters.
+  void tv(std::string_view text);
+  void tu(std::u16string_view text);
+
+ private:
+  std::string bytes_;
+  std::uint64_t size_ = 0;
+};
+
+}  // namespace cad::dwg

@@ -1,0 +1,94 @@
+#pragma once
+// What a DWG file consists of, whatever the container of its version.
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/result.h"
+#include "embedded/drawing/drawing_file.h"
+#include "embedded/drawing/record.h"
+
+namespace cad::dwg {
+
+// Where an object stands in DwgFile::objects(), in bytes.
+struct ObjectPlace {
+  Handle handle = 0;
+  std::uint64_t offset = 0;
+};
+
+// An object as it stands in the file, without its size and its CRC.
+struct ObjectBytes {
+  std::string_view data;
+  std::uint64_t handleBits = 0;  // R2010 and later: how many bits at the data's end are its handle stream
+  bool crcHolds = true;          // a wrong CRC is kept as long as the object is not changed
+};
+
+// An object that is changed, added (a handle that the file does not have) or erased. `data` and `handleBits`
+// are as in ObjectBytes.
+struct ChangedObject {
+  Handle handle = 0;
+  bool erased = false;
+  std::string data;
+  std::uint64_t handleBits = 0;
+};
+
+struct FileChanges {
+  std::optional<std::string> header, classes;  // as DwgFile::header() and classes()
+  std::vector<ChangedObject> objects;          // in any order, each handle once
+  bool empty() const { return !header && !classes && objects.empty(); }
+};
+
+class DwgFile {
+ public:
+  explicit DwgFile(std::shared_ptr<const SourceBytes> source) : source_(std::move(source)) {}
+  virtual ~DwgFile() = default;
+  DwgFile(const DwgFile&) = delete;
+  DwgFile& operator=(const DwgFile&) = delete;
+
+  const DrawingFacts& facts() const { return facts_; }
+  Version version() const { return facts_.version; }
+  std::uint8_t maintenance() const {
+    return maintenance_;
+  }  // the maintenance release, from which some fields hang
+  const SourceBytes& source() const { return *source_; }
+  std::string_view file() const { return source_->view(); }
+
+  // What the offsets of the places are of: the file itself until R2000, then the section of the objects.
+  std::string_view objects() const { return objects_; }
+  // By handle, each once.
+  std::span<const ObjectPlace> places() const { return places_; }
+  // The object at an offset. Failure: its size points outside of the objects.
+  base::Result<ObjectBytes> objectAt(std::uint64_t offset) const;
+
+  // The header variables and the classes between their sizes in bytes and their CRCs. From R2007 on they
+  // begin with their size in bits, four bytes.
+  std::string_view header() const { return header_; }
+  std::string_view classes() const { return classes_; }
+
+  // The whole file with the changes. Without any: byte for byte as it is. Objects and sections that do not
+  // change keep their bytes. Failures: an object too large for its size field, a handle that is 0 or given
+  // twice, erasing what is not there.
+  virtual base::Result<std::string> write(const FileChanges& changes) const = 0;
+
+ protected:
+  std::shared_ptr<const SourceBytes> source_;
+  DrawingFacts facts_;
+  std::uint8_t maintenance_ = 0;
+  std::string_view objects_, header_, classes_;
+  std::vector<ObjectPlace> places_;
+};
+
+// Refused, with "byte N" as the place: what is no DWG file, one before R13, one that is encrypted, and one
+// whose parts do not hold together: cut off, pointing outside, with sentinels or checksums that do not match.
+// A wrong CRC of an object refuses nothing.
+base::Result<std::unique_ptr<DwgFile>> readDwgFile(std::shared_ptr<const SourceBytes> source);
+
+// Whether a file with this beginning is a DWG file of any version: "AC", four digits.
+bool isDwg(std::string_view beginning);
+
+}  // namespace cad::dwg
