@@ -11,6 +11,7 @@
 #include "base/files.h"
 #include "base/paths.h"
 #include "base/temporary_files.h"
+#include "base/terminal.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/convert/batch.h"
@@ -18,6 +19,7 @@
 #include "cli/convert/output_plan.h"
 #include "cli/convert/progress.h"
 #include "cli/convert/resume.h"
+#include "cli/convert/summary.h"
 #include "cli/convert/worker.h"
 #include "cli/language/language.h"
 #include "cli/reports/batch_report.h"
@@ -125,28 +127,6 @@ void tell(const DrawingReport& report) {
   for (const std::wstring& line : changeLines(report)) printLine(line);
 }
 
-struct Tally {
-  std::size_t converted = 0, withProblems = 0, failed = 0, skipped = 0, notBegun = 0;
-
-  void count(Outcome outcome) {
-    ++(outcome == Outcome::kConverted      ? converted
-       : outcome == Outcome::kWithProblems ? withProblems
-                                           : failed);
-  }
-  std::wstring text() const {
-    const std::size_t saved = converted + withProblems, all = saved + failed;
-    const std::initializer_list<std::wstring> counts = {std::to_wstring(saved), std::to_wstring(all)};
-    std::wstring line = failed == 0 && all == 1 ? tr(L"1 drawing converted")
-                        : failed == 0           ? tr(L"%1 drawings converted", counts)
-                        : all == 1              ? tr(L"%1 of 1 drawing converted", counts)
-                                                : tr(L"%1 of %2 drawings converted", counts);
-    if (skipped > 0) line += tr(L", %1 skipped", {std::to_wstring(skipped)});
-    if (withProblems > 0) line += tr(L", %1 with problems", {std::to_wstring(withProblems)});
-    return line;
-  }
-  int exitStatus() const { return withProblems + failed == 0 ? kAllDone : kSomeFailed; }
-};
-
 bool writeReports(const BatchReport& reports, const std::vector<std::wstring>& files) {
   bool areWritten = true;
   for (const std::wstring& file : files) {
@@ -165,7 +145,7 @@ int unusable(const base::Status& status) {
 
 // False: the log has not got all that it should, which is told.
 bool convertAll(Session& session, const Arguments& arguments, const std::vector<PlannedDrawing>& plan,
-                Tally& tally, BatchReport& reports) {
+                Summary& summary, BatchReport& reports) {
   BatchLog log(arguments.isDryRun ? std::wstring() : arguments.logFolder);
   bool isLogComplete = true;
   Batch::Listener listener;
@@ -178,16 +158,15 @@ bool convertAll(Session& session, const Arguments& arguments, const std::vector<
       complain(L"kivcvt: " + tr(L"the log cannot be written: %1", {log.failure()}));
       isLogComplete = false;
     }
-    tally.count(report.outcome);
+    summary.add(report);
     if (!arguments.reports.empty()) reports.add(report);
   };
   listener.waits = [&](std::size_t done) { progress.show(done); };
-  tally.notBegun = Batch(session, arguments, plan).run(listener);
+  const std::size_t notBegun = Batch(session, arguments, plan).run(listener);
   progress.hide();
   if (base::interruption() != 0) {
-    complain(L"kivcvt: " +
-             tr(L"interrupted; drawings that were not begun: %1", {std::to_wstring(tally.notBegun)}));
-    reports.noteInterrupted(tally.notBegun);
+    complain(L"kivcvt: " + tr(L"interrupted; drawings that were not begun: %1", {std::to_wstring(notBegun)}));
+    reports.noteInterrupted(notBegun);
   } else if (plan.size() > 1) {
     progress.finish();
   }
@@ -212,20 +191,20 @@ int runConvert(const Arguments& arguments) {
   const base::Result<std::vector<ListedDrawing>> drawings = listDrawings(arguments);
   if (!drawings) return unusable(drawings.failure());
   std::vector<PlannedDrawing> plan = partOf(planAll(arguments, drawings.value()), arguments.shard);
-  Tally tally;
-  tally.skipped = leaveOutDone(arguments, plan);
+  const std::size_t skipped = leaveOutDone(arguments, plan);
   if (base::Status prepared = prepareFolders(arguments, plan); !prepared) return unusable(prepared);
   if (base::Status placed = checkReportPlaces(arguments); !placed) return unusable(placed);
 
   BatchReport reports(arguments.specification, base::localTimeText(L"%Y-%m-%d %H:%M:%S"), arguments.isDryRun);
-  reports.noteSkipped(tally.skipped);
-  const bool isLogComplete = convertAll(session, arguments, plan, tally, reports);
+  reports.noteSkipped(skipped);
+  Summary summary(arguments.isDryRun, skipped);
+  const bool isLogComplete = convertAll(session, arguments, plan, summary, reports);
   const bool areWritten = writeReports(reports, arguments.reports);
   undone.tell(arguments.specification);
-  printLine(arguments.isDryRun ? tr(L"a dry run: nothing was written") : tally.text());
+  for (const std::wstring& line : summary.lines(base::terminalColumns(stdout))) printLine(line);
   if (base::interruption() != 0) return kInterrupted;
   return std::max(
-      {tally.exitStatus(), undone.exitStatus(), isLogComplete && areWritten ? kAllDone : kSomeFailed});
+      {summary.exitStatus(), undone.exitStatus(), isLogComplete && areWritten ? kAllDone : kSomeFailed});
 }
 
 }  // namespace kivcli

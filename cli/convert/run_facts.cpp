@@ -144,6 +144,7 @@ void RunFacts::resultEnds(int result, bool isRefused) {
   const bool isChanged = state() != state_;
   if (isRefused) ++facts.refused;
   if (isChanged) ++facts.changed;
+  if (setting.isEntry) setting.looked = 1, setting.hits = isChanged || isRefused ? 1 : 0;
   if (isChanged && !isHitCounted_) {
     ++setting.changed;
     isHitCounted_ = true;

@@ -16,20 +16,6 @@ namespace {
 
 constexpr std::size_t kMostPictureBytes = 24'000'000;
 
-std::size_t refusedBy(const SettingFacts& facts) {
-  std::size_t refused = 0;
-  for (const ResultFacts& result : facts.results) refused += result.refused;
-  return refused;
-}
-
-// An entry of a list hits nothing; what counts is whether it changed the drawing.
-std::size_t hitsOf(const SettingFacts& facts) {
-  return facts.isEntry && !facts.results.empty() ? facts.results[0].changed : facts.hits;
-}
-std::size_t changedBy(const SettingFacts& facts) {
-  return facts.isEntry && !facts.results.empty() ? facts.results[0].changed : facts.changed;
-}
-
 Json toJson(const SettingTotals& totals) {
   return {{"section", totals.section}, {"number", totals.number},    {"title", readable(totals.title)},
           {"hits", totals.hits},       {"changed", totals.changed},  {"locked", totals.locked},
@@ -51,7 +37,7 @@ Json totalsOf(const std::vector<DrawingReport>& drawings) {
 }
 
 // Short names, for there may be thousands.
-Json rowOf(const DrawingReport& report, const std::vector<SettingTotals>& settings) {
+Json rowOf(const DrawingReport& report, const SettingSums& settings) {
   Json row = {{"n", readable(report.given)},
               {"o", readable(report.saved)},
               {"s", static_cast<int>(report.outcome)},
@@ -64,11 +50,7 @@ Json rowOf(const DrawingReport& report, const std::vector<SettingTotals>& settin
     row["p"].push_back(readable(message.starts_with(place) ? message.substr(place.size()) : message));
   }
   for (const SettingFacts& facts : report.settings) {
-    if (hitsOf(facts) + refusedBy(facts) == 0) continue;
-    const auto found = std::ranges::find_if(settings, [&](const SettingTotals& totals) {
-      return totals.section == facts.section && totals.number == facts.number;
-    });
-    row["f"].push_back({found - settings.begin(), hitsOf(facts), changedBy(facts)});
+    if (facts.hits > 0) row["f"].push_back({settings.placeOf(facts), facts.hits, facts.changed});
   }
   if (!report.pictures.before.empty()) row["b"] = base64(report.pictures.before);
   if (!report.pictures.after.empty()) row["a"] = base64(report.pictures.after);
@@ -121,7 +103,7 @@ BatchReport::BatchReport(std::wstring specification, std::wstring begun, bool is
     : specification_(std::move(specification)), begun_(std::move(begun)), isDryRun_(isDryRun) {}
 
 void BatchReport::add(DrawingReport report) {
-  for (const SettingFacts& facts : report.settings) addTotals(facts);
+  settings_.add(report.settings);
   const std::size_t bytes = report.pictures.before.size() + report.pictures.after.size();
   if (pictureBytes_ + bytes > kMostPictureBytes) {
     report.pictures = {};
@@ -130,17 +112,6 @@ void BatchReport::add(DrawingReport report) {
     pictureBytes_ += bytes;
   }
   drawings_.push_back(std::move(report));
-}
-
-void BatchReport::addTotals(const SettingFacts& facts) {
-  auto found = std::ranges::find_if(settings_, [&](const SettingTotals& totals) {
-    return totals.section == facts.section && totals.number == facts.number;
-  });
-  if (found == settings_.end())
-    found = settings_.insert(found, {facts.section, facts.number, settingTitle(facts), 0, 0, 0, 0, 0});
-  found->drawings += hitsOf(facts) > 0 ? 1 : 0;
-  found->hits += hitsOf(facts), found->changed += changedBy(facts);
-  found->locked += facts.locked, found->refused += refusedBy(facts);
 }
 
 std::string BatchReport::json() const {
@@ -152,7 +123,7 @@ std::string BatchReport::json() const {
                {"skipped", skipped_},
                {"totals", totalsOf(drawings_)}};
   json["settings"] = Json::array(), json["drawings"] = Json::array();
-  for (const SettingTotals& totals : settings_) json["settings"].push_back(toJson(totals));
+  for (const SettingTotals& totals : settings_.all()) json["settings"].push_back(toJson(totals));
   for (const DrawingReport& report : drawings_) json["drawings"].push_back(kivcli::toJson(report));
   return json.dump(1) + "\n";
 }
@@ -160,7 +131,7 @@ std::string BatchReport::json() const {
 std::string BatchReport::html() const {
   Json data = {{"words", words()}, {"totals", totalsOf(drawings_)}};
   data["settings"] = Json::array(), data["rows"] = Json::array();
-  for (const SettingTotals& totals : settings_) data["settings"].push_back(toJson(totals));
+  for (const SettingTotals& totals : settings_.all()) data["settings"].push_back(toJson(totals));
   for (const DrawingReport& report : drawings_) data["rows"].push_back(rowOf(report, settings_));
   PageHead head;
   head.language = usersLanguage() == Language::kJapanese ? "ja" : "en";

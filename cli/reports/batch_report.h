@@ -8,16 +8,9 @@
 
 #include "base/result.h"
 #include "cli/reports/drawing_report.h"
+#include "cli/reports/setting_totals.h"
 
 namespace kivcli {
-
-// Of a setting over the batch.
-struct SettingTotals {
-  int section = 0, number = 0;
-  std::wstring title;
-  std::size_t drawings = 0;  // in which it met something
-  std::size_t hits = 0, changed = 0, locked = 0, refused = 0;
-};
 
 class BatchReport {
  public:
@@ -35,16 +28,12 @@ class BatchReport {
   std::string html() const;
   std::string json() const;
 
-  const std::vector<SettingTotals>& settings() const { return settings_; }
-
  private:
-  void addTotals(const SettingFacts& facts);
-
   std::wstring specification_, begun_;
   bool isDryRun_;
   std::optional<std::size_t> notBegun_;  // of an interrupted batch
   std::vector<DrawingReport> drawings_;
-  std::vector<SettingTotals> settings_;  // in the order of the run
+  SettingSums settings_;
   std::size_t pictureBytes_ = 0, withoutPictures_ = 0, skipped_ = 0;
 };
 

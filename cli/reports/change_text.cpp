@@ -86,9 +86,10 @@ std::vector<std::wstring> changeLines(const DrawingReport& report) {
   if (report.isDryRun && report.outcome != Outcome::kNotConverted) {
     lines.push_back(report.given + L": " + tr(L"would change: %1", {countsText(report.counts)}));
     for (const SettingFacts& facts : report.settings) {
-      if (facts.hits == 0 && (!facts.isEntry || facts.results[0].changed == 0)) continue;
+      if (facts.hits == 0) continue;
       lines.push_back(L"  " + settingTitle(facts));
       if (!facts.isEntry) lines.push_back(L"    " + hitsText(facts));
+      if (facts.isEntry && facts.refused() > 0) lines.push_back(L"    " + tr(L"refused"));
     }
   }
   for (const std::wstring& line : differenceLines(report.changes)) lines.push_back(L"  " + line);
@@ -99,9 +100,7 @@ std::wstring hitsText(const SettingFacts& facts) {
   std::wstring text =
       tr(L"hits: %1, changed: %2", {std::to_wstring(facts.hits), std::to_wstring(facts.changed)});
   if (facts.locked > 0) text += L", " + tr(L"on locked layers: %1", {std::to_wstring(facts.locked)});
-  std::size_t refused = 0;
-  for (const ResultFacts& result : facts.results) refused += result.refused;
-  if (refused > 0) text += L", " + tr(L"refused: %1", {std::to_wstring(refused)});
+  if (facts.refused() > 0) text += L", " + tr(L"refused: %1", {std::to_wstring(facts.refused())});
   return text;
 }
 

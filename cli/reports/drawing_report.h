@@ -23,7 +23,8 @@ struct ResultFacts {
   std::size_t refused = 0;
 };
 
-// What a setting, or an entry of a list, did to one drawing.
+// What a setting, or an entry of a list, did to one drawing. An entry looks at the drawing, and hits it when
+// it changes something or is refused.
 struct SettingFacts {
   int section = 0, number = 0;  // as in the CVT file, from 1
   bool isEntry = false;         // of a list: it has one result and no conditions
@@ -33,6 +34,12 @@ struct SettingFacts {
   std::size_t changed = 0;      // of these different afterwards
   std::vector<ConditionFacts> conditions;
   std::vector<ResultFacts> results;
+
+  std::size_t refused() const {
+    std::size_t all = 0;
+    for (const ResultFacts& result : results) all += result.refused;
+    return all;
+  }
 };
 
 // How much of a drawing is different from what it was.

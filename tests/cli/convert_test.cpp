@@ -37,7 +37,7 @@ TEST_F(ConvertTest, ChangesWhatTheRuleNamesAndNothingElseAndReplacesAnOlderOutpu
   write("out/good.DXF", "something older");
   const ProgramRun run = convert({"good.dxf"});
   EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.out, "good.dxf -> out/good.DXF\n1 drawing converted\n");
+  EXPECT_EQ(run.out, "good.dxf -> out/good.DXF\n" + greenTexts(1) + "1 drawing converted\n");
   EXPECT_EQ(run.err, "");
   EXPECT_EQ(read("out/good.DXF"), replaced(good_, " 62\r\n     1\r\n", " 62\r\n     3\r\n"));
   EXPECT_EQ(read("good.dxf"), good_);
@@ -53,7 +53,7 @@ TEST_F(ConvertTest, BadDrawingsAreNamedAndTheBatchGoesOn) {
   const ProgramRun run = convert({"missing.dxf", "empty.dxf", "truncated.dxf", "picture.dxf", "group.dxf",
                                   "folder.dxf", "entityless.dxf", "good.dxf"});
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.out, "good.dxf -> out/good.DXF\n1 of 8 drawings converted\n");
+  EXPECT_EQ(run.out, "good.dxf -> out/good.DXF\n" + greenTexts(1) + "1 of 8 drawings converted\n");
   for (const char* name : {"missing", "empty", "truncated", "picture", "group", "folder", "entityless"}) {
     EXPECT_TRUE(
         std::regex_search(run.err, std::regex("(^|\n)" + std::string(name) + "\\.dxf(, line \\d+)?: .{12}")))
@@ -70,7 +70,7 @@ TEST_F(ConvertTest, ADrawingThatOnlyLacksItsEndIsConvertedWithAWarning) {
   write("cut.dxf", cut);
   const ProgramRun run = convert({"cut.dxf"});
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.out, "cut.dxf -> out/cut.DXF\n1 drawing converted, 1 with problems\n");
+  EXPECT_EQ(run.out, "cut.dxf -> out/cut.DXF\n" + greenTexts(1) + "1 drawing converted, 1 with problems\n");
   EXPECT_TRUE(run.err.starts_with("cut.dxf: The file has no EOF")) << run.err;
   EXPECT_EQ(read("out/cut.DXF"), replaced(cut, " 62\r\n     1\r\n", " 62\r\n     3\r\n"));
   const ProgramRun info = kivcvt({"info", "cut.dxf"});
@@ -84,7 +84,9 @@ TEST_F(ConvertTest, ANameThatIsOnlyAnExtensionIsAName) {
   const std::string left = "out/.tmp-kiv-" + base::machineName() + "-2000000000-0";
   write(left, "what a killed run left");
   const ProgramRun run = convert({".dxf", "good.dxf"});
-  EXPECT_EQ(run.out, ".dxf -> out/.DXF\ngood.dxf -> out/good.DXF\n2 drawings converted\n") << run.err;
+  EXPECT_EQ(run.out,
+            ".dxf -> out/.DXF\ngood.dxf -> out/good.DXF\n" + greenTexts(2) + "2 drawings converted\n")
+      << run.err;
   EXPECT_EQ(filesIn("out"), (std::vector<std::string>{".DXF", "good.DXF"}));
   EXPECT_EQ(read("out/.DXF"), read("out/good.DXF"));
 }
@@ -119,7 +121,8 @@ TEST_F(ConvertTest, ControlCharactersOfNamesAreShownAndNotObeyed) {
   write(name + ".dxf", good_);
   const std::string shown = "a\\x1b[2J\\x0a\\x9b\\u202e";
   const ProgramRun run = convert({name + ".dxf", name});
-  EXPECT_EQ(run.out, shown + ".dxf -> out/" + shown + ".DXF\n1 of 2 drawings converted\n");
+  EXPECT_EQ(run.out,
+            shown + ".dxf -> out/" + shown + ".DXF\n" + greenTexts(1) + "1 of 2 drawings converted\n");
   EXPECT_TRUE(run.err.starts_with(shown + ": ")) << run.err;
   EXPECT_EQ(filesIn("out"), std::vector<std::string>{name + ".DXF"});
 }
@@ -145,7 +148,8 @@ TEST_F(ConvertTest, NamesInCodePage932ComeBackByteForByte) {
   writeSpecification(rules, kTextsGreen);
   write(source, good_);
   const ProgramRun run = kivcvt({"convert", "--spec", rules, "--out", drawingName, source, drawingName});
-  EXPECT_EQ(run.out, source + " -> " + drawingName + "/" + drawingName + ".DXF\n1 of 2 drawings converted\n");
+  EXPECT_EQ(run.out, source + " -> " + drawingName + "/" + drawingName + ".DXF\n" + greenTexts(1) +
+                         "1 of 2 drawings converted\n");
   EXPECT_TRUE(run.err.starts_with(drawingName + ": ")) << run.err;
   EXPECT_EQ(filesIn(drawingName), std::vector<std::string>{drawingName + ".DXF"});
 }
@@ -193,7 +197,7 @@ TEST_F(ConvertTest, LinesThatAreDroppedAreNotForgottenAtTheEnd) {
   EXPECT_TRUE(contains(run.err, "rules.cvt:5: dropped: ")) << run.err;
   EXPECT_TRUE(contains(run.err, "重さ")) << run.err;
   EXPECT_TRUE(contains(run.err, "\nrules.cvt: 1 line is dropped")) << run.err;
-  EXPECT_EQ(run.out, "good.dxf -> out/good.DXF\n1 drawing converted\n");
+  EXPECT_EQ(run.out, "good.dxf -> out/good.DXF\n" + greenTexts(1) + "1 drawing converted\n");
 }
 
 TEST_F(ConvertTest, ASpecificationThatChangesNothingSaysSo) {
@@ -237,7 +241,10 @@ TEST_F(ConvertTest, WhatTheRulesCouldNotChangeIsNamed) {
       "[文字]\n[***]\n{\n[画層] = NOWHERE\n[線種尺度] = 2\n[透過性] = 30\n[色] = 3\n}\n---End---\n[EOF]\n");
   const ProgramRun run = convert({"good.dxf"});
   EXPECT_EQ(run.status, 1);
-  EXPECT_EQ(run.out, "good.dxf -> out/good.DXF\n1 drawing converted, 1 with problems\n");
+  EXPECT_EQ(run.out,
+            "good.dxf -> out/good.DXF\nchanged by each setting:\n"
+            "  1  (refused: 3) texts 1: all -> 画層=NOWHERE, 線種尺度=2, 透過性=30, 色=3\n"
+            "1 drawing converted, 1 with problems\n");
   EXPECT_TRUE(contains(run.err, "good.dxf: 画層 = NOWHERE was refused by 1 object: ")) << run.err;
   for (const char* item : {"線種尺度 = 2", "透過性 = 30"}) {
     const std::string line =
@@ -269,7 +276,7 @@ TEST_F(ConvertTest, NamesOutsideAsciiComeBackAsTheyWereTyped) {
   write("図面/平面図.dxf", good_);
   const ProgramRun run = convert({"図面/平面図.dxf"});
   EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_EQ(run.out, "図面/平面図.dxf -> out/平面図.DXF\n1 drawing converted\n");
+  EXPECT_EQ(run.out, "図面/平面図.dxf -> out/平面図.DXF\n" + greenTexts(1) + "1 drawing converted\n");
   EXPECT_EQ(filesIn("out"), std::vector<std::string>{"平面図.DXF"});
 }
 

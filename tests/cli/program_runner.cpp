@@ -86,4 +86,8 @@ std::string text(std::string_view layer, std::string_view content) {
          " 40\r\n2.5\r\n  1\r\n" + japanese(content) + "\r\n";
 }
 
+std::string greenTexts(int changed) {
+  return "changed by each setting:\n  " + std::to_string(changed) + "  texts 1: 画層=0 -> 色=3\n";
+}
+
 }  // namespace kivcli::testing

@@ -44,5 +44,7 @@ inline constexpr char kLine[] =
 // Sets the colour of texts on layer 0 to 3.
 inline constexpr char kTextsGreen[] =
     "[備考]\nsample\n\n[文字]\n[画層] = 0\n{\n[色] = 3\n}\n---End---\n\n[EOF]\n";
+// What a conversion by it says of its setting, which changed so many texts.
+std::string greenTexts(int changed);
 
 }  // namespace kivcli::testing
