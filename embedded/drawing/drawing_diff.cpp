@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "base/fold.h"
 #include "embedded/drawing/record_diff.h"
 
 namespace cad {
@@ -119,11 +120,26 @@ class Comparing {
     return fits && taken_.insert(found).second ? found : kNoRecord;
   }
 
+  // The files of shapes have no names, and damaged tables names that stand twice.
+  void pairNamesakes(std::vector<Pair>& pairs, Table table) {
+    for (Pair& pair : pairs) {
+      if (pair.after != kNoRecord) continue;
+      const std::wstring name = nameOf(before_, pair.before);
+      for (const RecordId id : after_.tableRecords(table)) {
+        if (taken_.contains(id) || !base::equalFolded(name, nameOf(after_, id))) continue;
+        taken_.insert(id);
+        pair.after = id;
+        break;
+      }
+    }
+  }
+
   void compareTable(Table table) {
     std::vector<Pair> pairs;
     for (const RecordId id : before_.tableRecords(table)) pairs.push_back({id, partnerOf(id, table)});
     for (Pair& pair : pairs)
       if (pair.after == kNoRecord) pair.after = partnerByHandle(pair.before, table);
+    pairNamesakes(pairs, table);
     for (const RecordId id : after_.tableRecords(table))
       if (!taken_.contains(id)) pairs.push_back({kNoRecord, id});
     for (const Pair& pair : pairs) compareRecord(pair, table);

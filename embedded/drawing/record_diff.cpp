@@ -114,8 +114,9 @@ void RecordComparison::addVariables(RecordId one, RecordId other, std::vector<Va
   const Variables left = ownVariables(before_, one), right = ownVariables(after_, other);
   for (const DimVariableInfo& variable : kDimVariables) {
     const auto &was = left[variable.row], &is = right[variable.row];
-    if (was == is || (was.has_value() == is.has_value() && base::equalFolded(shown(was), shown(is))))
-      continue;
+    const bool isSame =
+        variable.isName() ? base::equalFolded(shown(was), shown(is)) : shown(was) == shown(is);
+    if (was == is || (was.has_value() == is.has_value() && isSame)) continue;
     changes.push_back({std::string(variable.name), Property::kCount, shown(was), shown(is)});
   }
 }
