@@ -64,6 +64,8 @@ constexpr Translation kRows[] = {
     {L"%1 and %2 explain %3 of %4 changes (%5 %)", L"%1と%2で、変更 %4 件中 %3 件 (%5 %) を説明できます"},
     {L"to be converted with%1", L"変換には%1 を付けてください"},
     {L"not explained: %1", L"説明できない変更: %1"},
+    {L"not explained: %1; the rules make it %2", L"説明できない変更: %1。規則では %2 になります"},
+    {L"entities that differ", L"異なる図形"},
     {L"done by the rules and not by hand: %1", L"規則では行われるが手作業では行われていない変更: %1"},
 };
 

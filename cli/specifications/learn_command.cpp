@@ -2,19 +2,18 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <map>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <system_error>
-#include <tuple>
 
 #include "base/codepage.h"
 #include "base/files.h"
-#include "base/fold.h"
 #include "base/paths.h"
 #include "base/temporary_files.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/language/language.h"
+#include "cli/specifications/learned_changes.h"
 #include "cli/specifications/learned_rules.h"
 #include "cli/specifications/specification_check.h"
 #include "embedded/formats/drawing_files.h"
@@ -25,6 +24,7 @@ namespace {
 namespace fs = std::filesystem;
 using base::Failure;
 using base::Result;
+using base::Status;
 
 // Rules are tried in a folder of their own, so that a file of the wanted name stays until they are found.
 class TrialFolder {
@@ -38,7 +38,7 @@ class TrialFolder {
     std::error_code unknown;
     fs::remove_all(path_, unknown);
   }
-  base::Status status() const {
+  Status status() const {
     if (!error_) return {};
     return Failure{base::pathText(path_), translated(base::fromUtf8(error_.message()))};
   }
@@ -49,60 +49,12 @@ class TrialFolder {
   fs::path path_;
 };
 
-// One value of one object that differs, or an object that only one drawing has.
-struct Change {
-  std::wstring object;  // "1A3 LINE", "LAYER WALL"
-  std::wstring what;
-  std::wstring before, after;
-};
-// Records of the first drawing keep their numbers when it is converted.
-using ChangeKey = std::tuple<int, cad::RecordId, std::string>;
-using Changes = std::map<ChangeKey, Change>;
-
-std::wstring objectText(const cad::RecordDifference& difference) {
-  std::wstring text = difference.handle;
-  for (const std::wstring& part : {base::fromUtf8(difference.type), difference.name}) {
-    if (!part.empty()) text += (text.empty() ? L"" : L" ") + part;
-  }
-  return text;
-}
-
-void addChanges(int category, const std::vector<cad::RecordDifference>& differences, Changes& changes) {
-  for (const cad::RecordDifference& difference : differences) {
-    const std::wstring object = objectText(difference);
-    if (difference.fate == cad::RecordFate::kAdded) {
-      changes.insert({{category + 1, difference.after, {}}, {object, tr(L"added"), {}, {}}});
-    } else if (difference.fate == cad::RecordFate::kRemoved) {
-      changes.insert({{category, difference.before, {}}, {object, tr(L"removed"), {}, {}}});
-    }
-    for (const cad::ValueChange& value : difference.changes) {
-      // Names that differ in case are one name.
-      const bool isName = value.property != cad::Property::kCount &&
-                          cad::propertyInfo(value.property).type == cad::PropertyType::kName;
-      // Whoever draws a dimension numbers its block anew; what it shows is told beside it.
-      if (value.property == cad::Property::kDimBlock) continue;
-      if ((isName || category > 0) && base::equalFolded(value.before, value.after)) continue;
-      changes.insert({{category, difference.before, value.name},
-                      {object, base::fromUtf8(value.name), value.before, value.after}});
-    }
-  }
-}
-
-Changes changesOf(const cad::DrawingDifferences& differences) {
-  Changes changes;
-  addChanges(0, differences.entities, changes);
-  addChanges(2, differences.records, changes);
-  for (const cad::ValueChange& value : differences.variables) {
-    if (base::equalFolded(value.before, value.after)) continue;
-    changes.insert({{4, cad::kNoRecord, value.name},
-                    {tr(L"drawing"), base::fromUtf8(value.name), value.before, value.after}});
-  }
-  return changes;
-}
-
 struct Outcome {
   LearnedRules rules;
-  Changes left;  // what differs from the second drawing after the conversion
+  std::size_t changes = 0;       // made by hand, or by the rules alone
+  std::vector<LeftChange> left;  // what differs from the second drawing after the conversion
+
+  std::size_t explained() const { return changes - left.size(); }
 };
 
 class Learning {
@@ -113,14 +65,14 @@ class Learning {
         second_(arguments.files[1]),
         file_(base::pathFromText(base::fullPath(arguments.outputFile))) {}
 
-  Result<Outcome> run(Changes& all) {
+  Result<Outcome> run() {
     Result<std::unique_ptr<cad::Drawing>> before = open(first_);
     if (!before) return before.failure();
     Result<std::unique_ptr<cad::Drawing>> after = open(second_);
     if (!after) return after.failure();
     const cad::DrawingDifferences differences = cad::compareDrawings(*before.value(), *after.value());
-    all = changesOf(differences);
-    if (all.empty())
+    const HandMadeChanges byHand(*before.value(), *after.value(), differences);
+    if (byHand.count() == 0)
       return Failure{second_, tr(L"nothing differs from %1, so there is nothing to learn", {first_})};
     const std::vector<fs::path> support = cad::usualSupportPath(file_.parent_path());
     session_.host().setSupportPath(support);
@@ -129,23 +81,29 @@ class Learning {
     LearnedDrawing drawing(*before.value(), *after.value(), differences);
     std::optional<Outcome> best;
     for (const int scope : drawing.needsDefinitions() ? std::vector{0, 1, 2} : std::vector{0}) {
-      Outcome outcome{learnSettings(drawing, {scope, drawing.needsLocks()}), {}};
+      Outcome outcome{learnSettings(drawing, {scope, drawing.needsLocks()}), 0, {}};
       outcome.rules.entries = entries;
-      if (base::Status tried = measure(*after.value(), outcome); !tried) return tried.failure();
+      if (Status tried = measure(byHand, outcome); !tried) return tried.failure();
       if (!best || outcome.left.size() < best->left.size()) best = std::move(outcome);
     }
-    if (base::Status written = write(best->rules, file_); !written) return written.failure();
+    if (Status needed = keepNeededEntries(byHand, *best); !needed) return needed.failure();
+    if (Status written = write(best->rules, file_); !written) return written.failure();
+    for (const auto* drawn : {&before, &after})
+      if (Status unchanged = drawn->value()->storage().checkUnchanged(); !unchanged)
+        return unchanged.failure();
     return std::move(*best);
   }
 
  private:
-  Result<std::unique_ptr<cad::Drawing>> open(const std::wstring& file) {
+  static Result<std::unique_ptr<cad::Drawing>> open(const std::wstring& file) {
     auto drawing = cad::formats::open(base::pathFromText(file));
     if (!drawing) return Failure{file, translated(drawing.failure().reason)};
+    const std::wstring warning = cad::formats::warningAbout(*drawing.value());
+    if (!warning.empty()) complain(file + L": " + translated(warning));
     return drawing;
   }
 
-  base::Status write(const LearnedRules& rules, const fs::path& file) {
+  Status write(const LearnedRules& rules, const fs::path& file) {
     const std::wstring remark =
         tr(L"learned from %1 and %2", {base::pathText(base::pathFromText(first_).filename()),
                                        base::pathText(base::pathFromText(second_).filename())});
@@ -153,24 +111,45 @@ class Learning {
   }
 
   // By the conversion itself, with the file as it is written.
-  base::Status measure(const cad::Drawing& after, Outcome& outcome) {
-    if (base::Status made = trial_.status(); !made) return made;
+  Status measure(const HandMadeChanges& byHand, Outcome& outcome) {
+    if (Status made = trial_.status(); !made) return made;
     const fs::path trial = trial_.path() / file_.filename();
-    if (base::Status written = write(outcome.rules, trial); !written) return written;
+    if (Status written = write(outcome.rules, trial); !written) return written;
     cad::Host& host = session_.host();
-    if (base::Status opened = host.openDocument(base::pathFromText(first_)); !opened) return opened;
+    if (Status opened = host.openDocument(base::pathFromText(first_)); !opened) return opened;
     const std::wstring specification = base::pathText(trial);
     KivConversion conversion{};
     conversion.specification = specification.c_str();
     conversion.blockScope = outcome.rules.scope.blockScope;
     conversion.ignoreLocks = outcome.rules.scope.ignoresLocks ? 1 : 0;
     const bool isSet = session_.setConversion(conversion);
-    const base::Status executed = host.execute(L"KIV_TOACAD2");
+    const Status executed = host.execute(L"KIV_TOACAD2");
     const bool isConverted = isSet && executed && session_.lastRunReport().end == kKivConverted;
-    if (isConverted) outcome.left = changesOf(cad::compareDrawings(host.currentDrawing(), after));
+    if (isConverted) outcome.left = byHand.leftBy(host.currentDrawing());
+    outcome.changes = byHand.count() + static_cast<std::size_t>(
+                                           std::ranges::count(outcome.left, false, &LeftChange::isByHand));
     session_.takeOutput();
-    if (base::Status closed = host.closeDocument(); !closed) return closed;
+    if (Status closed = host.closeDocument(); !closed) return closed;
     if (!isConverted) return Failure{first_, tr(L"the conversion by the learned rules did not run")};
+    return {};
+  }
+
+  // Dimensions that are drawn anew bring layers and arrows along. What comes out as it should without its
+  // entry needs none.
+  Status keepNeededEntries(const HandMadeChanges& byHand, Outcome& best) {
+    Outcome without = best;
+    std::erase_if(without.rules.entries,
+                  [](const LearnedEntry& entry) { return entry.record != cad::kNoRecord; });
+    if (without.rules.entries.size() == best.rules.entries.size()) return {};
+    if (Status tried = measure(byHand, without); !tried) return tried;
+    Outcome needed = best;
+    std::erase_if(needed.rules.entries, [&](const LearnedEntry& entry) {
+      return entry.record != cad::kNoRecord &&
+             std::ranges::find(without.left, entry.record, &LeftChange::after) == without.left.end();
+    });
+    if (needed.rules.entries.size() == best.rules.entries.size()) return {};
+    if (Status tried = measure(byHand, needed); !tried) return tried;
+    if (needed.left.size() <= best.left.size()) best = std::move(needed);
     return {};
   }
 
@@ -180,54 +159,50 @@ class Learning {
   TrialFolder trial_;
 };
 
-std::wstring changeText(const Change& change) {
+std::wstring changeText(const HandMadeChange& change) {
   if (change.before.empty() && change.after.empty()) return change.object + L": " + change.what;
   return change.object + L": " + change.what + L": " + change.before + L" -> " + change.after;
 }
 
-std::size_t explained(const Changes& all, const Changes& left) {
-  return static_cast<std::size_t>(
-      std::ranges::count_if(all, [&](const auto& change) { return !left.contains(change.first); }));
+std::wstring leftText(const LeftChange& left) {
+  const std::wstring text = changeText(left.change);
+  if (!left.isByHand) return tr(L"done by the rules and not by hand: %1", {text});
+  if (left.made.empty()) return tr(L"not explained: %1", {text});
+  return tr(L"not explained: %1; the rules make it %2", {text, left.made});
 }
 
-void tell(const Arguments& arguments, const Changes& all, const Outcome& outcome) {
-  const std::size_t done = explained(all, outcome.left);
-  printLine(
-      arguments.outputFile + L": " +
-      tr(L"%1 and %2 explain %3 of %4 changes (%5 %)",
-         {counted(static_cast<int>(outcome.rules.settings.size()), L"1 setting", L"%1 settings"),
-          counted(static_cast<int>(outcome.rules.entries.size()), L"1 list entry", L"%1 list entries"),
-          std::to_wstring(done), std::to_wstring(all.size()), std::to_wstring(done * 100 / all.size())}));
+void tell(const Arguments& arguments, const Outcome& outcome) {
+  const std::size_t done = outcome.explained(), all = outcome.changes;
+  printLine(arguments.outputFile + L": " +
+            tr(L"%1 and %2 explain %3 of %4 changes (%5 %)",
+               {counted(static_cast<int>(outcome.rules.settings.size()), L"1 setting", L"%1 settings"),
+                counted(static_cast<int>(outcome.rules.entries.size()), L"1 list entry", L"%1 list entries"),
+                std::to_wstring(done), std::to_wstring(all), std::to_wstring(done * 100 / all)}));
   const LearnedScope& scope = outcome.rules.scope;
   std::wstring options;
   if (scope.blockScope != 0) options += L" --block-scope " + std::to_wstring(scope.blockScope);
   if (scope.ignoresLocks) options += L" --ignore-locks";
   if (!options.empty()) printLine(tr(L"to be converted with%1", {options}));
-  for (const auto& [key, change] : outcome.left) {
-    const auto given = all.find(key);
-    printLine(given != all.end() ? tr(L"not explained: %1", {changeText(given->second)})
-                                 : tr(L"done by the rules and not by hand: %1", {changeText(change)}));
-  }
+  for (const LeftChange& left : outcome.left) printLine(leftText(left));
 }
 
-void tellAsJson(const Arguments& arguments, const Changes& all, const Outcome& outcome) {
+void tellAsJson(const Arguments& arguments, const Outcome& outcome) {
   nlohmann::ordered_json json;
   json["file"] = base::toUtf8(arguments.outputFile);
   json["settings"] = outcome.rules.settings.size();
   json["entries"] = outcome.rules.entries.size();
-  json["changes"] = all.size();
-  json["explained"] = explained(all, outcome.left);
+  json["changes"] = outcome.changes;
+  json["explained"] = outcome.explained();
   json["blockScope"] = outcome.rules.scope.blockScope;
   json["ignoreLocks"] = outcome.rules.scope.ignoresLocks;
   json["left"] = nlohmann::ordered_json::array();
-  for (const auto& [key, change] : outcome.left) {
-    const auto given = all.find(key);
-    const Change& told = given != all.end() ? given->second : change;
-    json["left"].push_back({{"object", base::toUtf8(told.object)},
-                            {"property", base::toUtf8(told.what)},
-                            {"before", base::toUtf8(told.before)},
-                            {"after", base::toUtf8(told.after)},
-                            {"byHand", given != all.end()}});
+  for (const LeftChange& left : outcome.left) {
+    json["left"].push_back({{"object", base::toUtf8(left.change.object)},
+                            {"property", base::toUtf8(left.change.what)},
+                            {"before", base::toUtf8(left.change.before)},
+                            {"after", base::toUtf8(left.change.after)},
+                            {"made", base::toUtf8(left.made)},
+                            {"byHand", left.isByHand}});
   }
   printText(base::fromUtf8(json.dump(2)));
 }
@@ -240,13 +215,12 @@ int runLearn(const Arguments& arguments) {
     complainOfProgram(session.failure());
     return kUnusable;
   }
-  Changes all;
-  const Result<Outcome> outcome = Learning(*session.value(), arguments).run(all);
+  const Result<Outcome> outcome = Learning(*session.value(), arguments).run();
   if (!outcome) {
     complainOfProgram(outcome.failure());
     return kUnusable;
   }
-  (arguments.asJson ? tellAsJson : tell)(arguments, all, outcome.value());
+  (arguments.asJson ? tellAsJson : tell)(arguments, outcome.value());
   return outcome.value().left.empty() ? kAllDone : kSomeFailed;
 }
 

@@ -150,15 +150,20 @@ std::vector<std::wstring> layerFields(const cad::Drawing& drawing, cad::RecordId
   const cad::NameId name = drawing.recordName(layer),
                     linetype = drawing.name(layer, Property::kLayerLinetype);
   const std::wstring transparency = transparencyValue(integer(Property::kTransparency));
+  const std::int64_t lineweight = drawing.integer(layer, Property::kLineWeight).value_or(-3);  // the default
+  // What entities can have, and layers cannot.
+  const auto ofLayer = [](const std::wstring& value) {
+    return value.starts_with(L"BY") ? L"<" + value + L">" : value;
+  };
   return {name == cad::kNoName ? L"" : drawing.names().folded(name),
-          colorValue(std::abs(color)),
+          ofLayer(colorValue(std::abs(color))),
           linetype == cad::kNoName ? L"CONTINUOUS" : drawing.names().folded(linetype),
           onOff(color >= 0),
           onOff((flags & cad::LayerFlag::kLocked) != 0),
           onOff((flags & cad::LayerFlag::kFrozen) != 0),
           onOff(integer(Property::kLayerPlottable) != 0),
-          lineweightValue(integer(Property::kLineWeight)),
-          transparency == L"BYLAYER" ? L"0" : transparency};
+          ofLayer(lineweightValue(lineweight)),
+          transparency == L"BYLAYER" ? L"0" : ofLayer(transparency)};
 }
 
 LearnedDrawing::LearnedDrawing(const cad::Drawing& before, const cad::Drawing& after,
@@ -167,6 +172,7 @@ LearnedDrawing::LearnedDrawing(const cad::Drawing& before, const cad::Drawing& a
   pairUp(differences);
   for (const Pair& pair : pairs_) {
     Entity entity;
+    entity.isLeader = before_.typeName(pair.before) == "LEADER";
     entity.home = homeOf(before_.typeName(pair.before));
     readValues(pair, entity);
     original_.push_back(std::move(entity));
@@ -176,6 +182,7 @@ LearnedDrawing::LearnedDrawing(const cad::Drawing& before, const cad::Drawing& a
     if (before_.record(difference.before).kind != cad::RecordKind::kEntity) continue;
     needsDefinitions_ |= !before_.isLayoutSpace(before_.blockOf(difference.before));
     needsLocks_ |= isLockedInTheEnd(difference.before);
+    hasLeaders_ |= before_.typeName(difference.before) == "LEADER";
   }
 }
 
@@ -337,6 +344,7 @@ void LearnedDrawing::begin(const LearnedScope& scope) {
   if (scope.blockScope != 0) reachFrom(isModel ? before_.modelSpace() : before_.paperSpace(), definitions);
   for (std::size_t i = 0; i < pairs_.size(); ++i) {
     entities_[i].sections = sectionsOf(pairs_[i].before, scope, definitions);
+    if (entities_[i].isLeader && scope.leadersAreOthers) entities_[i].home = kiv::kOtherSection;
   }
 }
 
@@ -349,7 +357,9 @@ RuleTable LearnedDrawing::entities(int section) {
   for (std::size_t i = 0; i < entities_.size(); ++i) {
     const Entity& entity = entities_[i];
     if ((entity.sections & bit(section)) == 0) continue;
-    const bool isHome = entity.home == section;
+    // A reference, which all sections reach, may have got all that it needs from an earlier one.
+    const bool isDone = entity.sections == kAllSections && entity.before == entity.after;
+    const bool isHome = entity.home == section && !isDone;
     const auto [at, isNew] =
         known.emplace(std::tuple(entity.before, entity.after, isHome), table.objects.size());
     if (isNew) table.objects.push_back({entity.before, entity.after, 0, isHome});
@@ -368,6 +378,7 @@ RuleTable LearnedDrawing::entities(int section) {
 }
 
 void LearnedDrawing::take(const RuleTable& table) {
+  for (std::size_t i = values_.size(); i < table.values.size(); ++i) number(table.values[i]);
   for (std::size_t i = 0; i < entities_.size(); ++i)
     if (members_[i] != kNotIn) {
       const std::vector<int>& values = table.objects[members_[i]].before;

@@ -17,6 +17,7 @@ namespace kivcli {
 struct LearnedScope {
   int blockScope = 0;  // 0 references, 1 their definitions, 2 both
   bool ignoresLocks = false;
+  bool leadersAreOthers = false;  // rules for leaders are looked for among those of other objects
 };
 
 // What entities have, once and for all sections; rules change it section by section.
@@ -29,6 +30,8 @@ class LearnedDrawing {
   // Some entity that differs stands in a definition of a block; is on a locked layer.
   bool needsDefinitions() const { return needsDefinitions_; }
   bool needsLocks() const { return needsLocks_; }
+  // Leaders, which two sections reach, are among what differs.
+  bool hasLeaders() const { return hasLeaders_; }
 
   void begin(const LearnedScope& scope);
   // The entities that settings of this section (1 to 4) reach, as they are now, in objects of equal values.
@@ -42,6 +45,7 @@ class LearnedDrawing {
     std::vector<int> before, after;
     unsigned sections = 0;  // that reach it, one bit each
     int home = 0;
+    bool isLeader = false;
   };
   struct Pair {
     cad::RecordId before, after;
@@ -66,7 +70,7 @@ class LearnedDrawing {
   std::vector<Pair> pairs_, layerPairs_;                // with kNoRecord before: one that is to be created
   std::vector<Entity> original_, entities_;
   std::vector<std::size_t> members_;  // of the newest table: its object by entity; -1: not in it
-  bool needsDefinitions_ = false, needsLocks_ = false;
+  bool needsDefinitions_ = false, needsLocks_ = false, hasLeaders_ = false;
 };
 
 // Values as a CVT file has them. What it cannot have stands in "<>".

@@ -48,6 +48,17 @@ bool isRenamed(cad::RecordId layer, const cad::DrawingDifferences& differences) 
   });
 }
 
+// Name, colour and linetype; the rest where it is not what a new layer has. What no entry can say is left
+// out.
+std::vector<std::wstring> creationFields(const cad::Drawing& drawing, cad::RecordId layer) {
+  const std::vector<std::wstring> usual = {L"ON", L"OFF", L"OFF", L"ON", L"DEFAULT", L"0"};
+  std::vector<std::wstring> fields = layerFields(drawing, layer);
+  for (std::size_t i = 1; i < fields.size(); ++i)
+    if (fields[i].starts_with(L"<")) fields[i] = i < 3 ? L"" : usual[i - 3];
+  if (std::equal(fields.begin() + 3, fields.end(), usual.begin(), usual.end())) fields.resize(3);
+  return fields;
+}
+
 std::vector<std::filesystem::path> linetypeFiles(const std::vector<std::filesystem::path>& folders) {
   std::vector<std::filesystem::path> files;
   for (const std::filesystem::path& folder : folders) {
@@ -107,7 +118,7 @@ void addStyles(const cad::Drawing& before, const cad::Drawing& after, std::vecto
     const cad::RecordId old = before.find(Table::kTextStyle, fields[0]);
     if (fields[1].empty() || (old != cad::kNoRecord && isFoldedEqual(styleFields(before, old), fields)))
       continue;
-    entries.push_back({kiv::kFontSection, std::move(fields)});
+    entries.push_back({kiv::kFontSection, std::move(fields), style});
   }
 }
 
@@ -119,7 +130,7 @@ void addVariables(const cad::Drawing& after, const cad::DrawingDifferences& diff
     if (info == nullptr || !info->isOffered() || !value) continue;
     const std::wstring text = variableValue(*info, *value);
     if (!text.starts_with(L"<"))
-      entries.push_back({kiv::kDimensionSettingSection, {base::fromUtf8(change.name), text}});
+      entries.push_back({kiv::kDimensionSettingSection, {base::fromUtf8(change.name), text}, cad::kNoRecord});
   }
 }
 
@@ -164,6 +175,31 @@ base::Status written(const std::filesystem::path& file, const wchar_t* refusal) 
   return base::Failure{base::pathText(file), refusal};
 }
 
+std::size_t valuesLeft(const RuleTable& table) {
+  std::size_t left = 0;
+  for (const RuleObject& object : table.objects) {
+    for (std::size_t c = 0; c < table.columns.size(); ++c)
+      left += object.isHome && object.before[c] != object.after[c] ? object.count : 0;
+  }
+  return left;
+}
+
+LearnedRules settingsFor(LearnedDrawing& drawing, const LearnedScope& scope) {
+  LearnedRules learned;
+  learned.scope = scope;
+  RuleTable layers = drawing.layers();
+  add(kiv::kLayerSettingSection, layers, searchRules(layers), learned.settings);
+  drawing.begin(scope);
+  for (const int section :
+       {kiv::kTextSection, kiv::kDimensionSection, kiv::kHatchSection, kiv::kOtherSection}) {
+    RuleTable entities = drawing.entities(section);
+    add(section, entities, searchRules(entities), learned.settings);
+    learned.left += valuesLeft(entities);
+    drawing.take(entities);
+  }
+  return learned;
+}
+
 base::Status writeTexts(Session& session, const std::vector<std::wstring>& texts,
                         const std::filesystem::path& file) {
   std::vector<const wchar_t*> rows;
@@ -175,18 +211,15 @@ base::Status writeTexts(Session& session, const std::vector<std::wstring>& texts
 }  // namespace
 
 LearnedRules learnSettings(LearnedDrawing& drawing, const LearnedScope& scope) {
-  LearnedRules learned;
-  learned.scope = scope;
-  RuleTable layers = drawing.layers();
-  add(kiv::kLayerSettingSection, layers, searchRules(layers), learned.settings);
-  drawing.begin(scope);
-  for (const int section :
-       {kiv::kTextSection, kiv::kDimensionSection, kiv::kHatchSection, kiv::kOtherSection}) {
-    RuleTable entities = drawing.entities(section);
-    add(section, entities, searchRules(entities), learned.settings);
-    drawing.take(entities);
-  }
-  return learned;
+  LearnedRules best = settingsFor(drawing, scope);
+  if (!drawing.hasLeaders()) return best;
+  LearnedScope other = scope;
+  other.leadersAreOthers = true;
+  LearnedRules rules = settingsFor(drawing, other);
+  const auto cost = [](const LearnedRules& learned) {
+    return std::pair(learned.left, learned.settings.size());
+  };
+  return cost(rules) < cost(best) ? rules : best;
 }
 
 std::vector<LearnedEntry> learnEntries(const cad::Drawing& before, const cad::Drawing& after,
@@ -196,13 +229,13 @@ std::vector<LearnedEntry> learnEntries(const cad::Drawing& before, const cad::Dr
   addVariables(after, differences, entries);
   for (const cad::RecordId layer : newRecords(before, after, Table::kLayer)) {
     if (!isRenamed(layer, differences))
-      entries.push_back({kiv::kLayerCreationSection, layerFields(after, layer)});
+      entries.push_back({kiv::kLayerCreationSection, creationFields(after, layer), layer});
   }
   const std::vector<std::filesystem::path> files = linetypeFiles(supportPath);
   for (const cad::RecordId linetype : newRecords(before, after, Table::kLinetype)) {
     const std::wstring& name = after.names().text(after.recordName(linetype));
     const std::wstring file = fileOfLinetype(name, after.dashes(linetype), files);
-    if (!file.empty()) entries.push_back({kiv::kLinetypeSection, {name, file}});
+    if (!file.empty()) entries.push_back({kiv::kLinetypeSection, {name, file}, linetype});
   }
   addStyles(before, after, entries);
   for (const cad::RecordId block : newRecords(before, after, Table::kBlock)) {
@@ -210,7 +243,7 @@ std::vector<LearnedEntry> learnEntries(const cad::Drawing& before, const cad::Dr
     // The list spells this one in a way of its own.
     const bool isTick = base::equalFolded(name, L"_ArchTick");
     if (cad::support::findArrowBlock(name) != nullptr)
-      entries.push_back({kiv::kArrowSection, {isTick ? L"_ARCHTIC" : base::upper(name)}});
+      entries.push_back({kiv::kArrowSection, {isTick ? L"_ARCHTIC" : base::upper(name)}, block});
   }
   return entries;
 }

@@ -19,11 +19,13 @@ struct LearnedSetting {
 struct LearnedEntry {
   int section = 0;
   std::vector<std::wstring> fields;
+  cad::RecordId record = cad::kNoRecord;  // of the second drawing, that it makes; kNoRecord: a variable's
 };
 struct LearnedRules {
   LearnedScope scope;
   std::vector<LearnedSetting> settings;
   std::vector<LearnedEntry> entries;
+  std::size_t left = 0;  // values of entities that no setting explains
 };
 
 LearnedRules learnSettings(LearnedDrawing& drawing, const LearnedScope& scope);

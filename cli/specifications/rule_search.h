@@ -57,7 +57,8 @@ struct RuleTable {
 };
 
 // In the order in which they are to be applied. No rule writes to an object what it does not have afterwards.
-// `table`'s objects are left as the rules leave them: what differs from `after` then, no rule explains.
+// `table`'s objects are left as the rules leave them, with values that were not there before behind the
+// others: what differs from `after` then, no rule explains.
 std::vector<Rule> searchRules(RuleTable& table);
 
 // A pattern that matches this name and no other.

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <filesystem>
 #include <iterator>
+#include <sstream>
 
+#include "base/codepage.h"
 #include "tests/cli/program_runner.h"
 
 namespace kivcli::testing {
@@ -80,6 +82,71 @@ TEST_F(SpecificationsTest, LearnedRulesConvertAsThePersonDid) {
     EXPECT_TRUE(left == std::end(kLeft) || contains(run.out, left->second)) << run.out;
     EXPECT_EQ(kivcvt({"check", name + ".cvt"}).status, 0) << name;
   }
+}
+
+// The settings of a CVT file, one a line, and its entries.
+std::string settingsOf(std::string cvt) {
+  std::erase(cvt, '\r');
+  std::istringstream lines(cvt);
+  std::string told, line;
+  while (std::getline(lines, line)) {
+    line.erase(0, line.find_first_not_of(' '));
+    if (line.empty() || line.starts_with("---") || line.find('=') == std::string::npos) {
+      if (line == "{") told += "=> ";
+      if (line == "}" || line.find(',') != std::string::npos) told += (line == "}" ? "" : line) + "\n";
+    } else {
+      told += line + " ";
+    }
+  }
+  return told;
+}
+
+TEST_F(SpecificationsTest, LearnedRulesAreThoseThatAPersonWouldWrite) {
+  const fs::path source = fs::path(KIV_SOURCE) / "examples";
+  kivcvt({"convert", "--spec", (source / "office.cvt").string(), "--out", "out",
+          (source / "machine-part.dxf").string()});
+  kivcvt({"learn", (source / "machine-part.dxf").string(), "out/machine-part.DXF", "--out", "part.cvt"});
+  const std::string part = base::toUtf8(base::decode(read("part.cvt"), base::kJapanese).text);
+  EXPECT_EQ(settingsOf(part).substr(0, part.find("[寸法設定]")).find("[***]"), std::string::npos) << part;
+  EXPECT_TRUE(contains(settingsOf(part), "[画層] = 注記 => [画層] = M-注記 [字体] = 社内標準 \n")) << part;
+  EXPECT_TRUE(contains(part, "A-室名, 6, CONTINUOUS\r\n")) << part;
+  // Drawing dimensions anew brings their arrow along.
+  EXPECT_TRUE(contains(part, "_OBLIQUE") && !contains(part, "\r\n_DOT")) << part;
+
+  // One of them the person has done otherwise, and a rule for all texts of a layer remains one.
+  std::string before, after;
+  for (const char* name : {"a", "b", "c", "d"}) {
+    before += text("0", name) + text("FREE", name);
+    after += text(*name == 'c' ? "LOCKED" : "TARGET", name) + text("FREE", name);
+  }
+  write("a.dxf", drawing(before));
+  write("b.dxf", drawing(after));
+  const ProgramRun run = kivcvt({"learn", "a.dxf", "b.dxf", "--out", "new.cvt"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(contains(run.out, "TEXT: layer: 0 -> LOCKED; the rules make it TARGET")) << run.out;
+  EXPECT_EQ(settingsOf(base::toUtf8(base::decode(read("new.cvt"), base::kJapanese).text)),
+            "[画層] = 0 => [画層] = TARGET \n");
+}
+
+// What a CVT file cannot say is not counted as said.
+TEST_F(SpecificationsTest, LearnCountsWhatTheRunMakesOfTheRules) {
+  const auto layer = [](const std::string& name, const char* color, const char* lineweight) {
+    return "  0\r\nLAYER\r\n  2\r\n" + name + "\r\n 70\r\n     0\r\n 62\r\n" + color +
+           "\r\n  6\r\nCONTINUOUS\r\n370\r\n" + lineweight + "\r\n";
+  };
+  const auto withLayers = [](const std::string& layers) {
+    std::string text = drawing(kLine);
+    text.replace(text.find("AC1009"), 6, "AC1015");
+    return text.insert(text.find("  0\r\nENDTAB"), layers);
+  };
+  write("a.dxf", withLayers(layer("Wall", "1", "-3") + layer("Door", "2", "-3")));
+  write("b.dxf", withLayers(layer("WALL", "5", "-3") + layer("Door", "2", "-1")));
+  const ProgramRun run = kivcvt({"learn", "a.dxf", "b.dxf", "--out", "new.cvt"});
+  EXPECT_EQ(run.status, 1) << run.err;
+  EXPECT_TRUE(contains(run.out, "explain 1 of 3 changes (33 %)")) << run.out;
+  EXPECT_TRUE(contains(run.out, "LAYER Wall: name: Wall -> WALL\n")) << run.out;
+  EXPECT_TRUE(contains(run.out, "LAYER Door: lineweight: Default -> ByLayer\n")) << run.out;
+  EXPECT_EQ(kivcvt({"check", "new.cvt"}).err, "");
 }
 
 TEST_F(SpecificationsTest, LearnNamesWhatWasDoneByHandAlone) {
