@@ -21,11 +21,14 @@ struct ObjectPlace {
   std::uint64_t offset = 0;
 };
 
-// An object as it stands in the file, without its size and its CRC.
+// An object as it stands in the file.
 struct ObjectBytes {
-  std::string_view data;
+  std::string_view whole;        // with its size and its CRC
+  std::string_view data;         // without
   std::uint64_t handleBits = 0;  // R2010 and later: how many bits at the data's end are its handle stream
-  bool crcHolds = true;          // a wrong CRC is kept as long as the object is not changed
+
+  // A wrong CRC is kept as long as the object is not changed.
+  bool crcHolds() const;
 };
 
 // An object that is changed, added (a handle that the file does not have) or erased. `data` and `handleBits`
@@ -60,9 +63,10 @@ class DwgFile {
 
   // What the offsets of the places are of: the file itself until R2000, then the section of the objects.
   std::string_view objects() const { return objects_; }
-  // By handle, each once.
+  // By handle, each once. All of them are within the objects.
   std::span<const ObjectPlace> places() const { return places_; }
-  // The object at an offset. Failure: its size points outside of the objects.
+  const ObjectPlace* find(Handle handle) const;  // null: there is none
+  // The object at an offset. Failure: it is not within the objects; those of the places are.
   base::Result<ObjectBytes> objectAt(std::uint64_t offset) const;
 
   // The header variables and the classes between their sizes in bytes and their CRCs. From R2007 on they
@@ -76,6 +80,9 @@ class DwgFile {
   virtual base::Result<std::string> write(const FileChanges& changes) const = 0;
 
  protected:
+  // Whether all objects are within objects().
+  base::Status checkPlaces() const;
+
   std::shared_ptr<const SourceBytes> source_;
   DrawingFacts facts_;
   std::uint8_t maintenance_ = 0;

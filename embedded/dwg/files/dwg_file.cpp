@@ -1,0 +1,92 @@
+#include "embedded/dwg/files/dwg_file.h"
+
+#include <algorithm>
+
+#include "embedded/dwg/bits/bit_reader.h"
+#include "embedded/dwg/bits/crc.h"
+#include "embedded/dwg/files/code_pages.h"
+#include "embedded/dwg/files/located_file.h"
+#include "embedded/dwg/files/raw_values.h"
+
+namespace cad::dwg {
+namespace {
+
+constexpr std::size_t kCodeLength = 6;  // "AC1015"
+constexpr std::size_t kMaintenanceAt = 0x0B, kCodePageAt = 0x13;
+
+DrawingFacts factsOf(std::string_view file) {
+  DrawingFacts facts;
+  facts.versionCode = file.substr(0, kCodeLength);
+  facts.version = base::versionByCode(facts.versionCode);
+  const std::uint16_t number = rawAt<std::uint16_t>(file, kCodePageAt);
+  facts.codePageName = codePageName(number);
+  const auto page = codePageOf(number);
+  facts.codePageKnown = page.has_value();
+  facts.codePage = facts.version >= Version::kR2007 ? base::kUtf8 : page.value_or(1252);
+  return facts;
+}
+
+}  // namespace
+
+bool ObjectBytes::crcHolds() const {
+  const std::size_t length = whole.size() - 2;
+  return crc16(kCrcStart, whole.substr(0, length)) == rawAt<std::uint16_t>(whole, length);
+}
+
+const ObjectPlace* DwgFile::find(Handle handle) const {
+  const auto place = std::lower_bound(places_.begin(), places_.end(), handle,
+                                      [](const ObjectPlace& p, Handle wanted) { return p.handle < wanted; });
+  return place != places_.end() && place->handle == handle ? &*place : nullptr;
+}
+
+base::Result<ObjectBytes> DwgFile::objectAt(std::uint64_t offset) const {
+  const auto outside = [&] { return refusal(offset, L"There is no whole object here"); };
+  if (offset > objects_.size()) return outside();
+  const std::string_view rest = objects_.substr(static_cast<std::size_t>(offset));
+  BitReader reader(rest);
+  const std::uint64_t size = reader.ms();
+  ObjectBytes object;
+  if (version() >= Version::kR2010) object.handleBits = reader.umc();
+  const std::uint64_t begin = reader.position() / 8;
+  if (reader.failed() || size == 0 || object.handleBits > size * 8 ||
+      !isWithin(begin, size + 2, rest.size())) {
+    return outside();
+  }
+  object.data = part(rest, begin, size);
+  object.whole = part(rest, 0, begin + size + 2);
+  return object;
+}
+
+base::Status DwgFile::checkPlaces() const {
+  for (const ObjectPlace& place : places_) {
+    if (auto object = objectAt(place.offset); !object) return object.failure();
+  }
+  return {};
+}
+
+bool isDwg(std::string_view beginning) {
+  return beginning.size() >= kCodeLength && beginning.starts_with("AC") &&
+         std::all_of(beginning.begin() + 2, beginning.begin() + kCodeLength,
+                     [](char c) { return c >= '0' && c <= '9'; });
+}
+
+base::Result<std::unique_ptr<DwgFile>> readDwgFile(std::shared_ptr<const SourceBytes> source) {
+  const std::string_view file = source->view();
+  if (!isDwg(file)) return refusal(0, L"This is not a DWG drawing");
+  if (file.substr(0, kCodeLength) < "AC1012") {
+    return refusal(0, L"DWG drawings before release 13 are not read");
+  }
+  if (file.size() < kCodePageAt + 2) return refusal(file.size(), L"The file is cut off");
+  const DrawingFacts facts = factsOf(file);
+  const auto maintenance = static_cast<std::uint8_t>(file[kMaintenanceAt]);
+  switch (facts.version) {
+    case Version::kR13:
+    case Version::kR14:
+    case Version::kR2000:
+      return LocatedFile::read(std::move(source), facts, maintenance);
+    default:
+      return refusal(0, L"DWG drawings of this release are not read");
+  }
+}
+
+}  // namespace cad::dwg

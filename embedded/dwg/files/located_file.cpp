@@ -1,0 +1,244 @@
+#include "embedded/dwg/files/located_file.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "embedded/dwg/bits/crc.h"
+#include "embedded/dwg/files/object_changes.h"
+#include "embedded/dwg/files/object_map.h"
+#include "embedded/dwg/files/raw_values.h"
+#include "embedded/dwg/files/sentinels.h"
+
+namespace cad::dwg {
+namespace {
+
+constexpr std::uint64_t kThumbnailAt = 0x0D, kCountAt = 0x15, kLocatorsAt = 0x19, kLocatorSize = 9;
+enum SectionNumber : unsigned { kHeader, kClasses, kHandles, kFreeSpace, kTemplate, kAuxHeader };
+// By the number of sections, from three on: what the CRC of the locators is combined with.
+constexpr std::array<std::uint16_t, 4> kLocatorMasks = {0xA598, 0x8101, 0x3CC4, 0x8461};
+constexpr unsigned kFewestSections = 3;
+// The header is behind its CRC and the sentinel.
+constexpr std::uint64_t kSentinel = kLocatorsEnd.size();
+
+std::wstring outside(const wchar_t* name) { return std::wstring(name) + L" lies outside of the file"; }
+
+}  // namespace
+
+base::Result<std::unique_ptr<DwgFile>> LocatedFile::read(std::shared_ptr<const SourceBytes> source,
+                                                         const DrawingFacts& facts,
+                                                         std::uint8_t maintenance) {
+  std::unique_ptr<LocatedFile> file(new LocatedFile(std::move(source)));
+  file->facts_ = facts;
+  file->maintenance_ = maintenance;
+  file->objects_ = file->file();
+  if (auto read = file->readLocators(); !read) return read.failure();
+  if (auto read = file->readSections(); !read) return read.failure();
+  if (auto read = file->readSecondHeader(); !read) return read.failure();
+  if (auto checked = file->checkPlaces(); !checked) return checked.failure();
+  return std::unique_ptr<DwgFile>(std::move(file));
+}
+
+base::Status LocatedFile::readLocators() {
+  const std::string_view bytes = file();
+  if (!isWithin(0, kLocatorsAt, bytes.size())) return refusal(bytes.size(), L"The file is cut off");
+  const auto count = rawAt<std::uint32_t>(bytes, kCountAt);
+  if (count < kFewestSections || count - kFewestSections >= kLocatorMasks.size()) {
+    return refusal(kCountAt, L"The number of sections is wrong");
+  }
+  const std::uint64_t end = kLocatorsAt + count * kLocatorSize;
+  if (!isWithin(end, 2 + kSentinel, bytes.size())) return refusal(bytes.size(), L"The file is cut off");
+  if ((crc16(0, part(bytes, 0, end)) ^ kLocatorMasks[count - kFewestSections]) !=
+      rawAt<std::uint16_t>(bytes, end)) {
+    return refusal(end, L"The checksum of the file's beginning is wrong");
+  }
+  if (part(bytes, end + 2, kSentinel) != kLocatorsEnd) {
+    return refusal(end + 2, L"The end mark of the file's beginning is missing");
+  }
+  for (std::uint64_t at = kLocatorsAt; at < end; at += kLocatorSize) {
+    const Section read{rawAt<std::uint8_t>(bytes, at), rawAt<std::uint32_t>(bytes, at + 1),
+                       rawAt<std::uint32_t>(bytes, at + 5), at};
+    if (!isWithin(read.at, read.size, bytes.size())) {
+      return refusal(at, L"Section " + std::to_wstring(read.number) + L" lies outside of the file");
+    }
+    sections_.push_back(read);
+  }
+  return {};
+}
+
+const LocatedFile::Section* LocatedFile::section(unsigned number) const {
+  const auto found = std::find_if(sections_.begin(), sections_.end(),
+                                  [&](const Section& s) { return s.number == number && s.at != 0; });
+  return found == sections_.end() ? nullptr : &*found;
+}
+
+base::Result<std::string_view> LocatedFile::framed(const Section& section, const wchar_t* name,
+                                                   std::string_view begin, std::string_view end) const {
+  const std::string_view bytes = file();
+  if (!isWithin(section.at, kSentinel + 4, bytes.size())) return refusal(section.at, outside(name));
+  const std::uint64_t sizeAt = section.at + kSentinel, at = sizeAt + 4;
+  const auto size = rawAt<std::uint32_t>(bytes, sizeAt);
+  if (part(bytes, section.at, kSentinel) != begin) {
+    return refusal(section.at, L"The begin mark of " + std::wstring(name) + L" is missing");
+  }
+  if (!isWithin(at, std::uint64_t{size} + 2 + kSentinel, bytes.size())) return refusal(sizeAt, outside(name));
+  if (crc16(kCrcStart, part(bytes, sizeAt, size + 4ULL)) != rawAt<std::uint16_t>(bytes, at + size)) {
+    return refusal(section.at, L"The checksum of " + std::wstring(name) + L" is wrong");
+  }
+  if (part(bytes, at + size + 2, kSentinel) != end) {
+    return refusal(at + size + 2, L"The end mark of " + std::wstring(name) + L" is missing");
+  }
+  return part(bytes, at, size);
+}
+
+base::Status LocatedFile::readSections() {
+  const Section* const header = section(kHeader);
+  const Section* const classes = section(kClasses);
+  const Section* const handles = section(kHandles);
+  if (header == nullptr || classes == nullptr || handles == nullptr) {
+    return refusal(kLocatorsAt, L"The header, the classes or the object map is missing");
+  }
+  auto content = framed(*header, L"AcDb:Header", kHeaderBegin, kHeaderEnd);
+  if (!content) return content.failure();
+  header_ = content.value();
+  content = framed(*classes, L"AcDb:Classes", kClassesBegin, kClassesEnd);
+  if (!content) return content.failure();
+  classes_ = content.value();
+  auto map = readObjectMap(file().substr(static_cast<std::size_t>(handles->at)), handles->at);
+  if (!map) return map.failure();
+  places_ = std::move(map.value().places);
+  mapLength_ = map.value().length;
+  return {};
+}
+
+base::Status LocatedFile::readSecondHeader() {
+  const std::string_view bytes = file();
+  const std::uint64_t behindMap = section(kHandles)->at + mapLength_;
+  const std::size_t found =
+      bytes.substr(static_cast<std::size_t>(behindMap)).starts_with(SecondHeader::kBegin)
+          ? static_cast<std::size_t>(behindMap)
+          : bytes.rfind(SecondHeader::kBegin);
+  if (found == bytes.npos) return {};
+  secondAt_ = found;
+  second_ = SecondHeader::read(bytes.substr(found + SecondHeader::kBegin.size()));
+  if (!second_) return refusal(found, L"The second header is damaged");
+  return {};
+}
+
+void LocatedFile::addContent(std::string_view old, const std::optional<std::string>& now,
+                             Splices& splices) const {
+  if (!now || *now == old) return;
+  const auto at = static_cast<std::uint64_t>(old.data() - file().data()) - 4;
+  std::string bytes;
+  appendRaw(bytes, static_cast<std::uint32_t>(now->size()));
+  bytes += *now;
+  appendRaw(bytes, crc16(kCrcStart, bytes));
+  splices.add(at, old.size() + 6, std::move(bytes));
+}
+
+base::Result<std::string> LocatedFile::write(const FileChanges& changes) const {
+  Splices splices;
+  const auto plan = ObjectChanges::plan(*this, changes.objects, splices);
+  if (!plan) return plan.failure();
+  addContent(header_, changes.header, splices);
+  addContent(classes_, changes.classes, splices);
+  if (splices.empty()) return std::string(file());
+
+  const std::uint64_t mapAt = section(kHandles)->at, secondAt = secondAt_ + SecondHeader::kBegin.size();
+  splices.add(mapAt, mapLength_, std::string(part(file(), mapAt, mapLength_)));
+  if (second_)
+    splices.add(secondAt, second_->length(), std::string(part(file(), secondAt, second_->length())));
+  if (!splices.arrange()) return refusal(mapAt, L"The sections and objects of the file overlap");
+  std::vector<ObjectPlace> places;
+  // What they tell depends on how long they are; that settles at once unless objects stand behind them.
+  bool isSettled = false;
+  for (int round = 0; round < 8 && !isSettled; ++round) {
+    places = plan.value().places(places_, splices);
+    const std::size_t oldLengths =
+        splices.replacement(mapAt).size() + (second_ ? splices.replacement(secondAt).size() : 0);
+    splices.replace(mapAt, writeObjectMap(places));
+    std::size_t lengths = splices.replacement(mapAt).size();
+    if (second_) {
+      const auto section = [&](unsigned number) {
+        const auto* found = this->section(number);
+        if (found == nullptr) return std::pair<std::uint32_t, std::uint32_t>();
+        return std::pair(static_cast<std::uint32_t>(splices.moved(found->at)),
+                         static_cast<std::uint32_t>(splices.movedLength(found->at, found->size)));
+      };
+      splices.replace(secondAt,
+                      second_->moved({splices.moved(secondAt_), section, plan.value().largestAdded()}));
+      lengths += splices.replacement(secondAt).size();
+    }
+    isSettled = round > 0 && lengths == oldLengths;
+  }
+  if (!isSettled) return refusal(mapAt, L"The sections and objects of the file overlap");
+
+  std::string written = splices.applied(file());
+  if (written.size() > 0xFFFFFFFFU) return refusal(0, L"The file would be larger than 4 gigabytes");
+  patchLocators(splices, written);
+  patchThumbnail(splices, written);
+  patchFreeSpace(splices, places.size(), written);
+  patchNextHandle(splices, plan.value().largestAdded(), written);
+  return written;
+}
+
+void LocatedFile::patchLocators(const Splices& splices, std::string& file) const {
+  for (const Section& section : sections_) {
+    if (section.at == 0) continue;
+    putRaw(file, section.locator + 1, static_cast<std::uint32_t>(splices.moved(section.at)));
+    putRaw(file, section.locator + 5,
+           static_cast<std::uint32_t>(splices.movedLength(section.at, section.size)));
+  }
+  const auto thumbnail = rawAt<std::uint32_t>(file, kThumbnailAt);
+  if (thumbnail < this->file().size()) {
+    putRaw(file, kThumbnailAt, static_cast<std::uint32_t>(splices.moved(thumbnail)));
+  }
+  const std::uint64_t end = kLocatorsAt + sections_.size() * kLocatorSize;
+  const auto crc = static_cast<std::uint16_t>(crc16(0, part(file, 0, end)) ^
+                                              kLocatorMasks[sections_.size() - kFewestSections]);
+  putRaw(file, end, crc);
+}
+
+// The thumbnail tells where in the file each of its pictures is.
+void LocatedFile::patchThumbnail(const Splices& splices, std::string& file) const {
+  const std::string_view old = this->file();
+  const std::uint64_t at = rawAt<std::uint32_t>(old, kThumbnailAt);
+  if (splices.moved(at) == at || !isWithin(at, kSentinel + 5, old.size()) ||
+      part(old, at, kSentinel) != kThumbnailBegin) {
+    return;
+  }
+  const std::uint64_t entries = at + kSentinel + 5;
+  const auto count = rawAt<std::uint8_t>(old, entries - 1);
+  if (!isWithin(entries, count * kLocatorSize, old.size())) return;
+  for (unsigned i = 0; i < count; ++i) {
+    const std::uint64_t entry = entries + i * kLocatorSize + 1;
+    const auto picture = rawAt<std::uint32_t>(old, entry);
+    if (picture == 0 || picture >= old.size()) continue;
+    putRaw(file, splices.moved(entry), static_cast<std::uint32_t>(splices.moved(picture)));
+  }
+}
+
+// The number of objects, and where they begin.
+void LocatedFile::patchFreeSpace(const Splices& splices, std::size_t objects, std::string& file) const {
+  constexpr std::uint64_t kNumberAt = 4, kAddressAt = 16;
+  const Section* const section = this->section(kFreeSpace);
+  if (section == nullptr || section->size < kAddressAt + 4) return;
+  const std::uint64_t number = splices.moved(section->at + kNumberAt);
+  if (rawAt<std::uint32_t>(file, number) == places_.size()) {
+    putRaw(file, number, static_cast<std::uint32_t>(objects));
+  }
+  const std::uint64_t address = splices.moved(section->at + kAddressAt);
+  const auto begin = rawAt<std::uint32_t>(file, address);
+  if (begin < this->file().size()) putRaw(file, address, static_cast<std::uint32_t>(splices.moved(begin)));
+}
+
+void LocatedFile::patchNextHandle(const Splices& splices, Handle largest, std::string& file) const {
+  constexpr std::uint64_t kNextHandleAt = 79;
+  const Section* const section = this->section(kAuxHeader);
+  if (largest == 0 || section == nullptr || section->size < kNextHandleAt + 4) return;
+  if (largest >= 0xFFFFFFFF) return;
+  const std::uint64_t at = splices.moved(section->at + kNextHandleAt);
+  if (rawAt<std::uint32_t>(file, at) <= largest) putRaw(file, at, static_cast<std::uint32_t>(largest + 1));
+}
+
+}  // namespace cad::dwg

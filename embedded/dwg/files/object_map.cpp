@@ -1,0 +1,93 @@
+#include "embedded/dwg/files/object_map.h"
+
+#include <algorithm>
+
+#include "embedded/dwg/bits/bit_reader.h"
+#include "embedded/dwg/bits/bit_writer.h"
+#include "embedded/dwg/bits/crc.h"
+#include "embedded/dwg/files/raw_values.h"
+
+namespace cad::dwg {
+namespace {
+
+// A page is closed when it has as many bytes, those of its size among them.
+constexpr std::size_t kFullPage = 2032;
+
+std::uint16_t bigEndian(std::string_view bytes, std::uint64_t at) {
+  const auto value = rawAt<std::uint16_t>(bytes, at);
+  return static_cast<std::uint16_t>(value << 8 | value >> 8);
+}
+
+void appendBigEndian(std::string& bytes, std::uint16_t value) {
+  bytes += static_cast<char>(value >> 8);
+  bytes += static_cast<char>(value);
+}
+
+void closePage(std::string& map, std::string_view pairs) {
+  std::string page;
+  appendBigEndian(page, static_cast<std::uint16_t>(pairs.size() + 2));
+  page += pairs;
+  appendBigEndian(page, crc16(kCrcStart, page));
+  map += page;
+}
+
+// False: the pairs are not what they should be.
+bool readPairs(std::string_view page, std::vector<ObjectPlace>& places) {
+  BitReader reader(page);
+  ObjectPlace at;
+  while (reader.left() > 0) {
+    at.handle += reader.umc();
+    at.offset += static_cast<std::uint64_t>(reader.mc());
+    if (reader.failed()) return false;
+    places.push_back(at);
+  }
+  return true;
+}
+
+}  // namespace
+
+base::Result<ObjectMap> readObjectMap(std::string_view section, std::uint64_t place) {
+  ObjectMap map;
+  while (true) {
+    const auto cut = [&] { return refusal(place + map.length, L"AcDb:Handles is cut off"); };
+    if (!isWithin(map.length, 4, section.size())) return cut();
+    const std::uint16_t size = bigEndian(section, map.length);
+    if (size < 2 || !isWithin(map.length, size + 2U, section.size())) return cut();
+    const std::string_view page = part(section, map.length, size);
+    if (crc16(kCrcStart, page) != bigEndian(section, map.length + size)) {
+      return refusal(place + map.length, L"The checksum of AcDb:Handles is wrong");
+    }
+    if (!readPairs(page.substr(2), map.places)) {
+      return refusal(place + map.length, L"AcDb:Handles is damaged");
+    }
+    map.length += size + 2U;
+    if (size == 2) break;
+  }
+  const auto before = [](const ObjectPlace& a, const ObjectPlace& b) { return a.handle < b.handle; };
+  if (!std::is_sorted(map.places.begin(), map.places.end(), before)) {
+    std::stable_sort(map.places.begin(), map.places.end(), before);
+  }
+  const auto same = [](const ObjectPlace& a, const ObjectPlace& b) { return a.handle == b.handle; };
+  if (map.places.empty() || map.places.front().handle == 0 ||
+      std::adjacent_find(map.places.begin(), map.places.end(), same) != map.places.end()) {
+    return refusal(place, L"AcDb:Handles names no object, or one twice");
+  }
+  return map;
+}
+
+std::string writeObjectMap(std::span<const ObjectPlace> places) {
+  std::string map;
+  BitWriter page;
+  ObjectPlace last;
+  for (const ObjectPlace& place : places) {
+    page.umc(place.handle - last.handle);
+    page.mc(static_cast<std::int64_t>(place.offset - last.offset));
+    last = place;
+    if (page.size() / 8 + 2 >= kFullPage) closePage(map, page.take()), last = {};
+  }
+  if (page.size() > 0) closePage(map, page.bytes());
+  closePage(map, {});
+  return map;
+}
+
+}  // namespace cad::dwg
