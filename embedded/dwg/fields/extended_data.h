@@ -31,6 +31,8 @@ struct ExtendedValue {
 base::Result<std::vector<ExtendedData>> readExtendedData(const ObjectFrame& frame);
 
 base::Result<std::vector<ExtendedValue>> decodeExtended(std::string_view bytes, Version version);
-std::string encodeExtended(const std::vector<ExtendedValue>& values, Version version);
+// Texts, of up to 255 bytes or 65535 wide characters, and bytes, up to 255, as the version of the drawing has
+// them.
+std::string encodeExtended(const std::vector<ExtendedValue>& values);
 
 }  // namespace cad::dwg

@@ -43,8 +43,9 @@ enum class BitType : std::uint8_t {
   k3RD,
   k2DD,  // two DD, against the point before
   k3DD,
-  kText,  // TV or TU, by the version
-  kWide,  // TU whatever the version
+  kText,        // TV or TU, by the version
+  kDataHandle,  // one that stands among the data
+  kImplied,     // no bits: it follows from other fields
   kHandle,
   kBytes,  // as many whole bytes as another field says; read as a span only
   kBits,   // as kBytes, by bits
@@ -54,7 +55,21 @@ enum class BitType : std::uint8_t {
 enum class Stream : std::uint8_t { kData, kText, kHandles };
 
 // A field is one of several that make up what has the name.
-enum class Part : std::uint8_t { kWhole, kX, kY, kZ, kRgb, kMarks, kColorName, kBookName, kTransparency };
+enum class Part : std::uint8_t {
+  kWhole,
+  kX,
+  kY,
+  kZ,
+  kRgb,
+  kMarks,
+  kColorName,
+  kBookName,
+  kTransparency,
+  kReference
+};
+
+// Of a reference in FieldChanges: the kind that the field has.
+inline constexpr std::uint8_t kAnyCode = 0xFF;
 
 struct Date {
   std::int32_t days = 0, milliseconds = 0;
@@ -152,6 +167,8 @@ class FieldChanges {
   const Value* find(std::string_view name, std::uint32_t index, Part part) const;
   const Color* findColor(std::string_view name, std::uint32_t index) const;
   const std::vector<ExtendedData>* extendedData() const;
+  const std::map<Key, Value>& values() const { return values_; }
+  const std::map<Key, Color>& colors() const { return colors_; }
 
  private:
   std::map<Key, Value> values_;

@@ -45,14 +45,26 @@ Fields readFields(const ObjectFrame& frame);
 // What every object has, extended data not included: enough for a layer, a linetype, a colour, an owner.
 Fields readCommonFields(const ObjectFrame& frame);
 
+// What the description leaves of an object's streams, in bits; nothing of one that it knows whole.
+struct FieldRest {
+  std::uint32_t data = 0, texts = 0, handles = 0;
+};
+FieldRest fieldRest(const ObjectFrame& frame);
+
+// An object as ChangedObject (files/dwg_file.h) wants it.
+struct WrittenObject {
+  std::string data;
+  std::uint64_t handleBits = 0;
+};
+
 // The object's data with these fields changed; every bit that they do not concern is copied. Data, text and
 // handle stream find their sizes and flags anew. Fails when the object is not intact, when it is of a class
 // that is not described and a field is not one that all objects have, or when there is no such field.
-base::Result<std::string> rewrite(const ObjectFrame& frame, const FieldChanges& changes);
+base::Result<WrittenObject> rewrite(const ObjectFrame& frame, const FieldChanges& changes);
 
 // A new object. Fails for a class that the file's classes do not have, and for a field that it has not.
-base::Result<std::string> build(ObjectKind kind, Version version, Handle handle, const FieldChanges& values,
-                                const std::vector<FileClass>& classes);
+base::Result<WrittenObject> build(ObjectKind kind, Version version, Handle handle, const FieldChanges& values,
+                                  const std::vector<FileClass>& classes);
 
 // The lineweight of an entity or layer in hundredths of a millimetre; -1 ByLayer, -2 ByBlock, -3 default.
 int lineWeightOf(std::int64_t stored);

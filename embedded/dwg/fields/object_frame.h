@@ -10,23 +10,23 @@
 
 namespace cad::dwg {
 
-// All places are bits from the beginning of `data`, which is what stands between the object's size and its
-// CRC: from R2010 on it begins with the size of the handle stream.
+// All places are bits from the beginning of `data`, which is that of ObjectBytes (files/dwg_file.h).
 struct ObjectFrame {
   std::string_view data;
   Version version = Version::kUnknown;
   ObjectType type;
   Handle handle = 0;
-  std::uint32_t afterType = 0;    // behind the type's number
-  std::uint32_t afterHandle = 0;  // the extended data begins
-  std::uint32_t sizeField = 0;    // R13 to R2007: the field that tells dataEnd; the same place: not yet read
-  std::uint32_t dataEnd = 0;      // fields that are neither texts (R2007 on) nor handles end
-  std::uint32_t textBegin = 0, textEnd = 0;  // R2007 on; equal: no texts
-  std::uint32_t handleBegin = 0, handleEnd = 0;
+  std::uint32_t typeEnd = 0;
+  std::uint32_t handleFieldBegin = 0;                // ends where the extended data begins
+  std::uint32_t extendedBegin = 0, extendedEnd = 0;  // the list of extended data, its end included
+  std::uint32_t dataEnd = 0;                     // fields that are neither handles nor, from R2007 on, texts
+  std::uint32_t textBegin = 0, textEnd = 0;      // R2007 on; equal: there are no texts
+  std::uint32_t handleBegin = 0, handleEnd = 0;  // fewer than eight bits may follow, which fill the last byte
 };
 
-// `data` must outlive the frame. Fails when the frame itself does not fit in the data.
-base::Result<ObjectFrame> readFrame(std::string_view data, Version version,
+// `data` must outlive the frame. `handleBits`: as ObjectBytes has them. Fails when the frame itself does not
+// fit in the data.
+base::Result<ObjectFrame> readFrame(std::string_view data, std::uint64_t handleBits, Version version,
                                     const std::vector<FileClass>& classes);
 
 }  // namespace cad::dwg

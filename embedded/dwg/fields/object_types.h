@@ -99,6 +99,7 @@ struct ObjectType {
 
 ObjectType typeOf(std::uint16_t number, const std::vector<FileClass>& classes);
 // The number by which a file has objects of the kind; nullopt: the file's classes have none of it.
-std::optional<std::uint16_t> numberOf(ObjectKind kind, const std::vector<FileClass>& classes);
+std::optional<std::uint16_t> numberOf(ObjectKind kind, Version version,
+                                      const std::vector<FileClass>& classes);
 
 }  // namespace cad::dwg

@@ -1,0 +1,143 @@
+// TEXT, ATTRIB, ATTDEF and MTEXT.
+
+#include "embedded/dwg/fields/classes/classes.h"
+
+namespace cad::dwg {
+namespace {
+
+void lineBefore2000(FieldVisitor& v) {
+  v.bd("elevation");
+  v.point2rd("insertion point");
+  v.point2rd("alignment point");
+  v.extrusion(BitType::k3BD);
+  v.bd("thickness");
+  v.bd("oblique angle");
+  v.bd("rotation");
+  v.bd("height", 1);
+  v.bd("width factor", 1);
+  v.text("text");
+  v.bs("generation");
+  v.bs("horizontal alignment");
+  v.bs("vertical alignment");
+}
+
+void lineSince2000(FieldVisitor& v) {
+  const std::int64_t absent = v.flags(BitType::kRC, "data flags", 0xFF, false,
+                                      {{0x01, "elevation", 0.0},
+                                       {0x02, "alignment point", Point{}},
+                                       {0x04, "oblique angle", 0.0},
+                                       {0x08, "rotation", 0.0},
+                                       {0x10, "width factor", 1.0},
+                                       {0x20, "generation", std::int64_t{0}},
+                                       {0x40, "horizontal alignment", std::int64_t{0}},
+                                       {0x80, "vertical alignment", std::int64_t{0}}});
+  const auto has = [absent](std::int64_t flag) { return (absent & flag) == 0; };
+  if (has(0x01)) v.rd("elevation");
+  const Point at = v.point2rd("insertion point");
+  if (has(0x02)) v.point(BitType::k2DD, "alignment point", {}, 0, at);
+  v.extrusion();
+  v.bt("thickness");
+  if (has(0x04)) v.rd("oblique angle");
+  if (has(0x08)) v.rd("rotation");
+  v.rd("height", 1);
+  if (has(0x10)) v.rd("width factor", 1);
+  v.text("text");
+  if (has(0x20)) v.bs("generation");
+  if (has(0x40)) v.bs("horizontal alignment");
+  if (has(0x80)) v.bs("vertical alignment");
+}
+
+// The text of several lines that attributes may have since R2018.
+void attributeMtext(FieldVisitor& v);
+
+void attribute(FieldVisitor& v) {
+  if (v.since(kR2010)) v.rc("class version");
+  const std::int64_t type = v.since(kR2018) ? v.rc("attribute type", 1) : 1;
+  if (type > 1) attributeMtext(v);
+  v.text("tag");
+  v.bs("field length");
+  v.rc("flags");
+  if (v.since(kR2007)) v.b("lock position");
+  if (v.kind() == ObjectKind::kAttdef) {
+    if (v.since(kR2010)) v.rc("definition class version");
+    v.text("prompt");
+  }
+}
+
+// A box of columns of its own stands with texts since R2018.
+void columns(FieldVisitor& v) {
+  v.bs("columns version", 4);
+  v.b("columns default", true);
+  v.handle("columns application");
+  v.bl("columns attachment", 1);
+  v.point(BitType::k3BD, "columns x axis", {1, 0, 0});
+  v.point3bd("columns insertion point");
+  v.bd("columns reference width");
+  v.bd("columns reference height");
+  v.bd("columns extents width");
+  v.bd("columns extents height");
+  const std::int64_t type = v.bs("columns type");
+  if (type == 0) return;
+  constexpr std::uint64_t kLeastReal = 2;
+  const std::int64_t count = v.bl("column count");
+  v.bd("column width");
+  v.bd("column gutter");
+  const bool automatic = v.b("column auto height");
+  v.b("columns reversed");
+  if (automatic || type != 2) return;
+  if (count < 0 || static_cast<std::uint64_t>(count) > v.left(Stream::kData) / kLeastReal) return v.fail();
+  for (std::int64_t i = 0; i < count; ++i) v.bd("column height", 0, static_cast<std::uint32_t>(i));
+}
+
+struct MtextNames {
+  std::string_view at, extrusion, height, text, style;
+};
+
+void mtext(FieldVisitor& v, const MtextNames& names) {
+  v.point3bd(names.at);
+  v.point(BitType::k3BD, names.extrusion, {0, 0, 1});
+  v.point(BitType::k3BD, "x axis", {1, 0, 0});
+  v.bd("reference width");
+  if (v.since(kR2007)) v.bd("reference height");
+  v.bd(names.height, 1);
+  v.bs("attachment", 1);
+  v.bs("drawing direction", 5);
+  v.bd("extents height");
+  v.bd("extents width");
+  v.text(names.text);
+  v.handle(names.style);
+  if (v.before(kR2000)) return;
+  v.bs("line spacing style", 1);
+  v.bd("line spacing factor", 1);
+  v.b("unknown bit");
+  if (v.before(kR2004)) return;
+  const std::int64_t background = v.bl("background flags");
+  if ((background & (v.since(kR2018) ? 0x11 : 0x01)) != 0) {
+    v.bd("background scale", 1.5);
+    v.color("background color");
+    v.bl("background transparency");
+  }
+  if (v.since(kR2018) && v.b("not annotative", true)) columns(v);
+}
+
+// It is an MTEXT of its own, with what every entity has.
+void attributeMtext(FieldVisitor& v) {
+  mtext(v, {"mtext insertion point", "mtext extrusion", "mtext height", "mtext text", "mtext style"});
+  const std::int64_t size = v.bs("annotative size");
+  if (size <= 0) return;
+  v.bytes("annotative data", static_cast<std::uint64_t>(size));
+  v.handle("annotative application");
+  v.bs("annotative number");
+}
+
+}  // namespace
+
+void describeTextLine(FieldVisitor& v) {
+  v.before(kR2000) ? lineBefore2000(v) : lineSince2000(v);
+  if (v.kind() != ObjectKind::kText) attribute(v);
+  v.handle("style");
+}
+
+void describeMtext(FieldVisitor& v) { mtext(v, {"insertion point", "extrusion", "height", "text", "style"}); }
+
+}  // namespace cad::dwg

@@ -1,0 +1,167 @@
+#include "embedded/dwg/fields/field_visitor.h"
+
+#include <algorithm>
+
+namespace cad::dwg {
+namespace {
+
+// The kinds of values of a colour, in the highest byte of its RGB number.
+constexpr std::int64_t kByLayer = 0xC0, kByBlock = 0xC1, kTrueColor = 0xC2, kNumbered = 0xC3, kNone = 0xC8;
+constexpr std::int64_t kHasRgb = 0x8000, kHasReference = 0x4000, kHasTransparency = 0x2000;
+constexpr std::int64_t kHasName = 1, kHasBook = 2;
+
+std::int64_t rgbOf(const Color& color) {
+  const auto number = static_cast<std::int64_t>(color.number);
+  std::int64_t value = kNumbered << 24 | (number & 0xFF);
+  if (color.rgb) {
+    value = kTrueColor << 24 | (*color.rgb & 0xFFFFFF);
+  } else if (number == 256) {
+    value = kByLayer << 24;
+  } else if (number == 0) {
+    value = kByBlock << 24;
+  } else if (number == 257) {
+    value = kNone << 24;
+  }
+  return static_cast<std::int32_t>(value);
+}
+
+template <class T>
+T get(const Value& value) {
+  const T* held = std::get_if<T>(&value);
+  return held != nullptr ? *held : T{};
+}
+
+bool isEmpty(const Value& text) {
+  if (const auto* narrow = std::get_if<std::string>(&text)) return narrow->empty();
+  if (const auto* wide = std::get_if<std::u16string>(&text)) return wide->empty();
+  return true;
+}
+
+}  // namespace
+
+std::int64_t FieldVisitor::integer(BitType type, std::string_view name, std::int64_t fallback,
+                                   std::uint32_t index) {
+  return get<std::int64_t>(visit({.name = name, .type = type, .index = index, .fallback = fallback}));
+}
+
+std::int64_t FieldVisitor::derived(BitType type, std::string_view name, std::int64_t value,
+                                   std::uint32_t index, Part part) {
+  return get<std::int64_t>(
+      visit({.name = name, .type = type, .part = part, .index = index, .fallback = value, .derived = true}));
+}
+
+double FieldVisitor::real(BitType type, std::string_view name, double fallback, std::uint32_t index,
+                          Part part, double base) {
+  return get<double>(visit({.name = name,
+                            .type = type,
+                            .part = part,
+                            .index = index,
+                            .fallback = fallback,
+                            .base = {base, 0, 0}}));
+}
+
+Point FieldVisitor::point(BitType type, std::string_view name, const Point& fallback, std::uint32_t index,
+                          const Point& base) {
+  return get<Point>(visit({.name = name, .type = type, .index = index, .fallback = fallback, .base = base}));
+}
+
+void FieldVisitor::text(std::string_view name, std::uint32_t index) {
+  Value none = std::string();
+  if (hasWideTexts(version_)) none = std::u16string();
+  visit({.name = name, .type = BitType::kText, .index = index, .fallback = std::move(none)});
+}
+
+void FieldVisitor::handle(std::string_view name, std::uint8_t code, std::uint32_t index) {
+  visit({.name = name,
+         .type = BitType::kHandle,
+         .index = index,
+         .fallback = HandleReference{code, 0, 0},
+         .code = code});
+}
+
+void FieldVisitor::bytes(std::string_view name, std::uint64_t size, std::uint32_t index) {
+  visit({.name = name, .type = BitType::kBytes, .index = index, .fallback = std::string(), .size = size});
+}
+
+void FieldVisitor::bits(std::string_view name, std::uint64_t size, std::uint32_t index) {
+  visit({.name = name, .type = BitType::kBits, .index = index, .fallback = std::string(), .size = size});
+}
+
+void FieldVisitor::date(std::string_view name) {
+  visit({.name = name, .type = BitType::kDate, .fallback = Date{}});
+}
+
+void FieldVisitor::color(std::string_view name, std::uint32_t index) {
+  const Color* wish = wantedColor(name, index);
+  if (before(Version::kR2004)) {
+    const std::int64_t number = get<std::int64_t>(wanted(name, std::int64_t{256}, index));
+    derived(BitType::kBS, name, wish != nullptr ? wish->number : number, index);
+    return;
+  }
+  const auto part = [&](Part which, std::int64_t fallback) {
+    return get<std::int64_t>(wanted(name, fallback, index, which));
+  };
+  std::int64_t marks = part(Part::kMarks, 0);
+  if (wish != nullptr) {
+    marks = (isEmpty(wish->name) ? 0 : kHasName) | (isEmpty(wish->book) ? 0 : kHasBook);
+  }
+  derived(BitType::kBS, name, wish != nullptr ? 0 : part(Part::kWhole, 0), index);
+  derived(BitType::kBL, name, wish != nullptr ? rgbOf(*wish) : part(Part::kRgb, rgbOf({})), index,
+          Part::kRgb);
+  marks = derived(BitType::kRC, name, marks, index, Part::kMarks);
+  const auto named = [&](std::int64_t mark, Part which, const Value* wishText) {
+    if ((marks & mark) == 0) return;
+    FieldSpec spec{.name = name, .type = BitType::kText, .part = which, .index = index};
+    if (wishText != nullptr) spec.fallback = *wishText, spec.derived = true;
+    visit(spec);
+  };
+  named(kHasName, Part::kColorName, wish != nullptr ? &wish->name : nullptr);
+  named(kHasBook, Part::kBookName, wish != nullptr ? &wish->book : nullptr);
+}
+
+bool FieldVisitor::entityColor() {
+  constexpr std::string_view name = "color";
+  const Color* wish = wantedColor(name, 0);
+  std::int64_t raw = get<std::int64_t>(wanted(name, std::int64_t{256}));
+  if (before(Version::kR2004)) {
+    derived(BitType::kBS, name, wish != nullptr ? wish->number : raw);
+    return false;
+  }
+  raw &= 0xFFFF;
+  if (wish != nullptr) {
+    raw = (raw & kHasTransparency) | (wish->number & 0x1FF);
+    if (wish->reference) raw |= kHasReference;
+    if (wish->rgb) raw |= kHasRgb;
+  }
+  const auto transparency = get<std::int64_t>(wanted(name, std::int64_t{0}, 0, Part::kTransparency));
+  if (changes(name)) raw = transparency != 0 ? raw | kHasTransparency : raw & ~kHasTransparency;
+  raw = derived(BitType::kBS, name, static_cast<std::int16_t>(raw));
+  if ((raw & kHasRgb) != 0 && (raw & kHasReference) == 0) {
+    const std::int64_t rgb = get<std::int64_t>(wanted(name, std::int64_t{0}, 0, Part::kRgb));
+    derived(BitType::kBL, name, wish != nullptr ? rgbOf(*wish) : rgb, 0, Part::kRgb);
+  }
+  if ((raw & kHasTransparency) != 0) derived(BitType::kBL, name, transparency, 0, Part::kTransparency);
+  return (raw & kHasReference) != 0;
+}
+
+std::uint32_t FieldVisitor::count(BitType type, std::string_view name, std::uint64_t bitsOfEach,
+                                  Stream stream, std::uint32_t index) {
+  const std::int64_t number = integer(type, name, 0, index);
+  if (number >= 0 && static_cast<std::uint64_t>(number) <= left(stream) / bitsOfEach)
+    return static_cast<std::uint32_t>(number);
+  fail();
+  return 0;
+}
+
+std::int64_t FieldVisitor::flags(BitType type, std::string_view name, std::int64_t fallback, bool whenSet,
+                                 std::initializer_list<OptionalField> fields) {
+  std::int64_t value = get<std::int64_t>(wanted(name, fallback));
+  for (const OptionalField& field : fields) {
+    if (!changes(field.name)) continue;
+    const bool there = !same(wanted(field.name, field.absent), field.absent);
+    value = there == whenSet ? value | field.flag : value & ~field.flag;
+  }
+  return derived(type, name, value);
+}
+
+}  // namespace cad::dwg

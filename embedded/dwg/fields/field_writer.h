@@ -1,0 +1,61 @@
+#pragma once
+// Writes the fields that a description visits: changed ones anew, others with the bits that they have.
+
+#include <set>
+#include <string>
+
+#include "embedded/dwg/bits/bit_writer.h"
+#include "embedded/dwg/fields/field_visitor.h"
+
+namespace cad::dwg {
+
+class FieldWriter final : public FieldVisitor {
+ public:
+  // `source`: the fields as they are, of the same kind and version; null for a new object. Both must outlive
+  // the writer.
+  FieldWriter(const Fields* source, const FieldChanges& changes, Version version, ObjectKind kind, Handle own)
+      : FieldVisitor(version, kind), source_(source), changes_(changes), own_(own) {}
+
+  bool changes(std::string_view name, std::uint32_t index = 0) const override;
+  Value wanted(std::string_view name, Value fallback, std::uint32_t index = 0,
+               Part part = Part::kWhole) const override;
+  const Color* wantedColor(std::string_view name, std::uint32_t index) const override;
+  void implied(std::string_view, Part, Value, std::uint32_t) override {}
+  void fail() override { failed_ = true; }
+  bool failed() const override { return failed_; }
+  void sizeField() override;
+  std::uint64_t left(Stream) const override { return ~std::uint64_t{0}; }
+  const Value& visit(const FieldSpec& spec) override;
+
+  // What stands before and behind the size field of R13 and R14; everything stands behind where there is
+  // none.
+  BitWriter& beforeSize() { return beforeSize_; }
+  BitWriter& data() { return data_; }
+  BitWriter& texts() { return texts_; }
+  BitWriter& handles() { return handles_; }
+  bool hasTexts() const { return hasTexts_; }  // one that is not empty
+
+  // The first field that is changed and that the object has not, or that has a value of another type; empty:
+  // none.
+  std::string_view misfit() const;
+
+ private:
+  const Field* sourceOf(std::string_view name, std::uint32_t index, Part part) const;
+  Value valueOf(const FieldSpec& spec, const Field* from) const;
+  HandleReference referenceTo(const FieldSpec& spec, const Field* from, Handle handle) const;
+  bool standsAsItIs(const FieldSpec& spec, const Field* from) const;
+  BitWriter& writerOf(Stream stream);
+  void use(std::string_view name, std::uint32_t index, Part part) const { used_.insert({name, index, part}); }
+
+  const Fields* source_;
+  const FieldChanges& changes_;
+  Handle own_;
+  BitWriter beforeSize_, data_, texts_, handles_;
+  Value current_;
+  std::string_view wrongType_;
+  mutable std::set<FieldChanges::Key> used_;
+  mutable std::size_t near_ = 0;  // where the source's next field is looked for first
+  bool failed_ = false, hasTexts_ = false;
+};
+
+}  // namespace cad::dwg

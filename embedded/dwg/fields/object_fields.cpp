@@ -1,0 +1,208 @@
+#include "embedded/dwg/fields/object_fields.h"
+
+#include <algorithm>
+
+#include "embedded/dwg/fields/extended_data.h"
+#include "embedded/dwg/fields/field_reader.h"
+#include "embedded/dwg/fields/field_writer.h"
+#include "embedded/dwg/fields/text_range.h"
+
+namespace cad::dwg {
+namespace {
+
+constexpr std::uint32_t kSizeBits = 32;
+
+Streams streamsOf(const ObjectFrame& frame) {
+  return {.dataBegin = frame.extendedEnd,
+          .dataEnd = frame.dataEnd,
+          .textBegin = frame.textBegin,
+          .textEnd = frame.textEnd,
+          .handleBegin = frame.handleBegin,
+          .handleEnd = frame.handleEnd};
+}
+
+FieldReader readerOf(const ObjectFrame& frame) {
+  return FieldReader(frame.data, streamsOf(frame), frame.version, frame.type.kind, frame.handle);
+}
+
+void writeExtended(BitWriter& writer, const std::vector<ExtendedData>& list) {
+  for (const ExtendedData& data : list) {
+    writer.bs(static_cast<std::int16_t>(data.bytes.size()));
+    writer.h(data.application);
+    writer.copy(data.bytes, 0, std::uint64_t{data.bytes.size()} * 8);
+  }
+  writer.bs(0);
+}
+
+// What the parts of an object are before they are put together.
+struct Parts {
+  BitWriter type, front;  // front: handle and extended data
+  bool textsWanted = false;
+};
+
+// Programs fill the last byte up with ones.
+void fillLastByte(BitWriter& whole, const ObjectFrame* source) {
+  const auto missing = static_cast<unsigned>((8 - whole.size() % 8) % 8);
+  if (source != nullptr && std::uint64_t{source->data.size()} * 8 - source->handleEnd == missing) {
+    whole.copy(source->data, source->handleEnd, source->handleEnd + missing);
+  } else {
+    whole.bits(0xFF, missing);
+  }
+}
+
+// `source`: of the object that is rewritten.
+WrittenObject assemble(Version version, const ObjectFrame* source, Parts& parts, FieldWriter& fields) {
+  BitWriter tail;  // what stands behind the size
+  const bool sizeInMiddle = version < Version::kR2000;
+  if (!sizeInMiddle) tail.copy(parts.front);
+  tail.copy(fields.data());
+  if (hasWideTexts(version)) {
+    if (parts.textsWanted) {
+      tail.copy(fields.texts());
+      closeTexts(tail, fields.texts().size());
+    } else {
+      tail.b(false);
+    }
+  }
+  BitWriter whole;
+  whole.copy(parts.type);
+  if (sizeInMiddle) {
+    whole.copy(parts.front);
+    whole.copy(fields.beforeSize());
+  }
+  if (version < Version::kR2010) {
+    whole.rl(static_cast<std::uint32_t>(whole.size() + kSizeBits + tail.size()));
+  }
+  whole.copy(tail);
+  const std::uint64_t handles = whole.size();
+  whole.copy(fields.handles());
+  fillLastByte(whole, source);
+  WrittenObject written;
+  if (version >= Version::kR2010) written.handleBits = whole.size() - handles;
+  written.data = whole.take();
+  return written;
+}
+
+base::Failure misfitFailure(std::string_view name, std::wstring_view what) {
+  return {{},
+          L"The field \"" + std::wstring(name.begin(), name.end()) + L"\" cannot be written so in a " +
+              std::wstring(what) + L" of a DWG file"};
+}
+
+std::wstring nameOf(const ObjectType& type) {
+  if (type.name.empty()) return L"object of type " + std::to_wstring(type.number);
+  return {type.name.begin(), type.name.end()};
+}
+
+// What the description leaves of each stream goes along as it is.
+void copyRest(const ObjectFrame& frame, const Streams& rest, FieldWriter& writer) {
+  writer.data().copy(frame.data, rest.dataBegin, rest.dataEnd);
+  writer.texts().copy(frame.data, rest.textBegin, rest.textEnd);
+  writer.handles().copy(frame.data, rest.handleBegin, rest.handleEnd);
+}
+
+}  // namespace
+
+Fields readFields(const ObjectFrame& frame) {
+  FieldReader reader = readerOf(frame);
+  describeCommon(reader, frame.type.isEntity);
+  const bool complete = describeOwn(reader);
+  return reader.take(complete);
+}
+
+Fields readCommonFields(const ObjectFrame& frame) {
+  FieldReader reader = readerOf(frame);
+  describeCommon(reader, frame.type.isEntity);
+  return reader.take(false);
+}
+
+FieldRest fieldRest(const ObjectFrame& frame) {
+  FieldReader reader = readerOf(frame);
+  describeCommon(reader, frame.type.isEntity);
+  describeOwn(reader);
+  const Streams rest = reader.rest();
+  return {.data = rest.dataEnd - rest.dataBegin,
+          .texts = rest.textEnd - rest.textBegin,
+          .handles = rest.handleEnd - rest.handleBegin};
+}
+
+base::Result<WrittenObject> rewrite(const ObjectFrame& frame, const FieldChanges& changes) {
+  FieldReader reader = readerOf(frame);
+  describeCommon(reader, frame.type.isEntity);
+  bool complete = describeOwn(reader);
+  if (reader.failed() && complete) {  // what every object has may well be intact
+    reader = readerOf(frame);
+    describeCommon(reader, frame.type.isEntity);
+    complete = false;
+  }
+  if (reader.failed())
+    return base::Failure{{}, L"An object is damaged: the " + nameOf(frame.type) + L" ends within its fields"};
+  const Streams rest = reader.rest();
+  const Fields source = reader.take(complete);
+  FieldWriter writer(&source, changes, frame.version, frame.type.kind, frame.handle);
+  describeCommon(writer, frame.type.isEntity);
+  if (complete) describeOwn(writer);
+  if (const std::string_view misfit = writer.misfit(); !misfit.empty())
+    return misfitFailure(misfit, nameOf(frame.type));
+  const std::uint64_t texts = writer.texts().size();
+  copyRest(frame, rest, writer);
+  Parts parts;
+  parts.type.copy(frame.data, 0, frame.typeEnd);
+  if (changes.extendedData() != nullptr) {
+    parts.front.copy(frame.data, frame.handleFieldBegin, frame.extendedBegin);
+    writeExtended(parts.front, *changes.extendedData());
+  } else {
+    parts.front.copy(frame.data, frame.handleFieldBegin, frame.extendedEnd);
+  }
+  // Objects without a stream of texts have only empty ones.
+  parts.textsWanted =
+      writer.hasTexts() || frame.textEnd != frame.textBegin || (texts != 0 && writer.texts().size() != texts);
+  WrittenObject written = assemble(frame.version, &frame, parts, writer);
+  return written;
+}
+
+base::Result<WrittenObject> build(ObjectKind kind, Version version, Handle handle, const FieldChanges& values,
+                                  const std::vector<FileClass>& classes) {
+  const std::optional<std::uint16_t> number = numberOf(kind, version, classes);
+  if (!number)
+    return base::Failure{{}, L"The drawing's classes have no object of the kind that is to be made"};
+  const ObjectType type = typeOf(*number, classes);
+  FieldWriter writer(nullptr, values, version, kind, handle);
+  describeCommon(writer, type.isEntity);
+  describeOwn(writer);
+  if (const std::string_view misfit = writer.misfit(); !misfit.empty())
+    return misfitFailure(misfit, nameOf(type));
+  Parts parts;
+  parts.type.ot(*number, version);
+  parts.front.h(0, handle);
+  const std::vector<ExtendedData>* const extended = values.extendedData();
+  writeExtended(parts.front, extended != nullptr ? *extended : std::vector<ExtendedData>());
+  parts.textsWanted = writer.texts().size() != 0;
+  return assemble(version, nullptr, parts, writer);
+}
+
+namespace {
+
+constexpr int kLineWeights[] = {0,  5,  9,  13, 15, 18,  20,  25,  30,  35,  40,  50,
+                                53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
+constexpr std::int64_t kStoredByLayer = 29, kStoredByBlock = 30, kStoredDefault = 31;
+
+}  // namespace
+
+int lineWeightOf(std::int64_t stored) {
+  if (stored == kStoredByBlock) return -2;
+  if (stored == kStoredDefault) return -3;
+  const bool known = stored >= 0 && stored < static_cast<std::int64_t>(std::size(kLineWeights));
+  return known ? kLineWeights[stored] : -1;
+}
+
+std::optional<std::int64_t> storedLineWeight(int lineWeight) {
+  if (lineWeight == -1) return kStoredByLayer;
+  if (lineWeight == -2) return kStoredByBlock;
+  if (lineWeight == -3) return kStoredDefault;
+  const int* const found = std::ranges::find(kLineWeights, lineWeight);
+  if (found == std::end(kLineWeights)) return std::nullopt;
+  return found - kLineWeights;
+}
+
+}  // namespace cad::dwg
