@@ -6,7 +6,10 @@
 #include "embedded/dwg/bits/crc.h"
 #include "embedded/dwg/files/code_pages.h"
 #include "embedded/dwg/files/located_file.h"
+#include "embedded/dwg/files/object_map.h"
+#include "embedded/dwg/files/paged_file.h"
 #include "embedded/dwg/files/raw_values.h"
+#include "embedded/dwg/files/section_changes.h"
 
 namespace cad::dwg {
 namespace {
@@ -64,6 +67,28 @@ base::Status DwgFile::checkPlaces() const {
   return {};
 }
 
+std::uint64_t DwgFile::largestUnpacked() const {
+  constexpr std::uint64_t kLeast = std::uint64_t{16} << 20, kRatio = 64;
+  return kLeast + kRatio * file().size();
+}
+
+base::Status DwgFile::readContent(UnpackedSections& sections, std::uint64_t headerPlace,
+                                  std::uint64_t classesPlace, std::uint64_t handlesPlace) {
+  auto frame = readFramed(Framed::kHeader, sections.header, 0, headerPlace);
+  if (!frame) return frame.failure();
+  sections.headerFrame = frame.value();
+  frame = readFramed(Framed::kClasses, sections.classes, 0, classesPlace);
+  if (!frame) return frame.failure();
+  sections.classesFrame = frame.value();
+  auto map = readObjectMap(sections.handles, handlesPlace);
+  if (!map) return map.failure();
+  places_ = std::move(map.value().places);
+  header_ = sections.headerFrame.content(sections.header);
+  classes_ = sections.classesFrame.content(sections.classes);
+  objects_ = sections.objects;
+  return {};
+}
+
 bool isDwg(std::string_view beginning) {
   return beginning.size() >= kCodeLength && beginning.starts_with("AC") &&
          std::all_of(beginning.begin() + 2, beginning.begin() + kCodeLength,
@@ -84,6 +109,11 @@ base::Result<std::unique_ptr<DwgFile>> readDwgFile(std::shared_ptr<const SourceB
     case Version::kR14:
     case Version::kR2000:
       return LocatedFile::read(std::move(source), facts, maintenance);
+    case Version::kR2004:
+    case Version::kR2010:
+    case Version::kR2013:
+    case Version::kR2018:
+      return PagedFile::read(std::move(source), facts, maintenance);
     default:
       return refusal(0, L"DWG drawings of this release are not read");
   }

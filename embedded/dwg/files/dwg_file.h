@@ -15,6 +15,8 @@
 
 namespace cad::dwg {
 
+struct UnpackedSections;
+
 // Where an object stands in DwgFile::objects(), in bytes.
 struct ObjectPlace {
   Handle handle = 0;
@@ -82,6 +84,12 @@ class DwgFile {
  protected:
   // Whether all objects are within objects().
   base::Status checkPlaces() const;
+
+  // The most that all sections of a file may have together when they are unpacked.
+  std::uint64_t largestUnpacked() const;
+  // What a drawing is read from, out of unpacked sections; the places are those that refusals tell.
+  base::Status readContent(UnpackedSections& sections, std::uint64_t headerPlace, std::uint64_t classesPlace,
+                           std::uint64_t handlesPlace);
 
   std::shared_ptr<const SourceBytes> source_;
   DrawingFacts facts_;

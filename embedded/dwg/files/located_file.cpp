@@ -18,10 +18,7 @@ enum SectionNumber : unsigned { kHeader, kClasses, kHandles, kFreeSpace, kTempla
 // By the number of sections, from three on: what the CRC of the locators is combined with.
 constexpr std::array<std::uint16_t, 4> kLocatorMasks = {0xA598, 0x8101, 0x3CC4, 0x8461};
 constexpr unsigned kFewestSections = 3;
-// The header is behind its CRC and the sentinel.
-constexpr std::uint64_t kSentinel = kLocatorsEnd.size();
-
-std::wstring outside(const wchar_t* name) { return std::wstring(name) + L" lies outside of the file"; }
+constexpr std::uint64_t kSentinel = kSentinelLength;
 
 }  // namespace
 
@@ -72,25 +69,6 @@ const LocatedFile::Section* LocatedFile::section(unsigned number) const {
   return found == sections_.end() ? nullptr : &*found;
 }
 
-base::Result<std::string_view> LocatedFile::framed(const Section& section, const wchar_t* name,
-                                                   std::string_view begin, std::string_view end) const {
-  const std::string_view bytes = file();
-  if (!isWithin(section.at, kSentinel + 4, bytes.size())) return refusal(section.at, outside(name));
-  const std::uint64_t sizeAt = section.at + kSentinel, at = sizeAt + 4;
-  const auto size = rawAt<std::uint32_t>(bytes, sizeAt);
-  if (part(bytes, section.at, kSentinel) != begin) {
-    return refusal(section.at, L"The begin mark of " + std::wstring(name) + L" is missing");
-  }
-  if (!isWithin(at, std::uint64_t{size} + 2 + kSentinel, bytes.size())) return refusal(sizeAt, outside(name));
-  if (crc16(kCrcStart, part(bytes, sizeAt, size + 4ULL)) != rawAt<std::uint16_t>(bytes, at + size)) {
-    return refusal(section.at, L"The checksum of " + std::wstring(name) + L" is wrong");
-  }
-  if (part(bytes, at + size + 2, kSentinel) != end) {
-    return refusal(at + size + 2, L"The end mark of " + std::wstring(name) + L" is missing");
-  }
-  return part(bytes, at, size);
-}
-
 base::Status LocatedFile::readSections() {
   const Section* const header = section(kHeader);
   const Section* const classes = section(kClasses);
@@ -98,12 +76,14 @@ base::Status LocatedFile::readSections() {
   if (header == nullptr || classes == nullptr || handles == nullptr) {
     return refusal(kLocatorsAt, L"The header, the classes or the object map is missing");
   }
-  auto content = framed(*header, L"AcDb:Header", kHeaderBegin, kHeaderEnd);
-  if (!content) return content.failure();
-  header_ = content.value();
-  content = framed(*classes, L"AcDb:Classes", kClassesBegin, kClassesEnd);
-  if (!content) return content.failure();
-  classes_ = content.value();
+  auto frame = readFramed(Framed::kHeader, file(), header->at, header->at);
+  if (!frame) return frame.failure();
+  headerFrame_ = frame.value();
+  frame = readFramed(Framed::kClasses, file(), classes->at, classes->at);
+  if (!frame) return frame.failure();
+  classesFrame_ = frame.value();
+  header_ = headerFrame_.content(file());
+  classes_ = classesFrame_.content(file());
   auto map = readObjectMap(file().substr(static_cast<std::size_t>(handles->at)), handles->at);
   if (!map) return map.failure();
   places_ = std::move(map.value().places);
@@ -125,23 +105,12 @@ base::Status LocatedFile::readSecondHeader() {
   return {};
 }
 
-void LocatedFile::addContent(std::string_view old, const std::optional<std::string>& now,
-                             Splices& splices) const {
-  if (!now || *now == old) return;
-  const auto at = static_cast<std::uint64_t>(old.data() - file().data()) - 4;
-  std::string bytes;
-  appendRaw(bytes, static_cast<std::uint32_t>(now->size()));
-  bytes += *now;
-  appendRaw(bytes, crc16(kCrcStart, bytes));
-  splices.add(at, old.size() + 6, std::move(bytes));
-}
-
 base::Result<std::string> LocatedFile::write(const FileChanges& changes) const {
   Splices splices;
   const auto plan = ObjectChanges::plan(*this, changes.objects, splices);
   if (!plan) return plan.failure();
-  addContent(header_, changes.header, splices);
-  addContent(classes_, changes.classes, splices);
+  headerFrame_.change(file(), changes.header, splices);
+  classesFrame_.change(file(), changes.classes, splices);
   if (splices.empty()) return std::string(file());
 
   const std::uint64_t mapAt = section(kHandles)->at, secondAt = secondAt_ + SecondHeader::kBegin.size();

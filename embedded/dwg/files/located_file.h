@@ -11,6 +11,7 @@
 
 #include "base/result.h"
 #include "embedded/dwg/files/dwg_file.h"
+#include "embedded/dwg/files/framed_section.h"
 #include "embedded/dwg/files/second_header.h"
 #include "embedded/dwg/files/splices.h"
 
@@ -31,21 +32,17 @@ class LocatedFile final : public DwgFile {
   using DwgFile::DwgFile;
 
   base::Status readLocators();
-  // The content of a section between sentinels, with its size and CRC checked.
-  base::Result<std::string_view> framed(const Section& section, const wchar_t* name, std::string_view begin,
-                                        std::string_view end) const;
   base::Status readSections();
   base::Status readSecondHeader();
   const Section* section(unsigned number) const;  // null: the file has none
 
-  // Bytes behind a size and before a CRC, with both of them.
-  void addContent(std::string_view old, const std::optional<std::string>& now, Splices& splices) const;
   void patchLocators(const Splices& splices, std::string& file) const;
   void patchThumbnail(const Splices& splices, std::string& file) const;
   void patchFreeSpace(const Splices& splices, std::size_t objects, std::string& file) const;
   void patchNextHandle(const Splices& splices, Handle largest, std::string& file) const;
 
   std::vector<Section> sections_;
+  FramedSection headerFrame_, classesFrame_;
   std::uint64_t mapLength_ = 0;
   std::optional<SecondHeader> second_;
   std::uint64_t secondAt_ = 0;  // its first sentinel

@@ -1,12 +1,14 @@
 #pragma once
 // What marks where parts of a DWG file begin and end.
 
+#include <cstddef>
 #include <string_view>
 
 namespace cad::dwg {
 
 using namespace std::string_view_literals;
 
+inline constexpr std::size_t kSentinelLength = 16;
 inline constexpr std::string_view kLocatorsEnd =
     "\x95\xA0\x4E\x28\x99\x82\x1A\xE5\x5E\x41\xE0\x5F\x9D\x3A\x4D\x00"sv;
 inline constexpr std::string_view kHeaderBegin =

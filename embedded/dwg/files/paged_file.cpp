@@ -1,0 +1,164 @@
+#include "embedded/dwg/files/paged_file.h"
+
+#include <algorithm>
+
+#include "embedded/dwg/files/object_map.h"
+#include "embedded/dwg/files/page_compression.h"
+#include "embedded/dwg/files/page_frames.h"
+#include "embedded/dwg/files/paged_writer.h"
+#include "embedded/dwg/files/raw_values.h"
+
+namespace cad::dwg {
+namespace {
+
+constexpr std::uint64_t kSecurityAt = 0x18;
+constexpr std::uint32_t kEncryptedData = 1, kEncryptedProperties = 2;
+
+}  // namespace
+
+base::Result<std::unique_ptr<DwgFile>> PagedFile::read(std::shared_ptr<const SourceBytes> source,
+                                                       const DrawingFacts& facts, std::uint8_t maintenance) {
+  std::unique_ptr<PagedFile> file(new PagedFile(std::move(source)));
+  file->facts_ = facts;
+  file->maintenance_ = maintenance;
+  if (auto read = file->readMaps(); !read) return read.failure();
+  if (auto checked = file->checkPages(); !checked) return checked.failure();
+  if (auto read = file->readSections(); !read) return read.failure();
+  if (auto checked = file->checkPlaces(); !checked) return checked.failure();
+  return std::unique_ptr<DwgFile>(std::move(file));
+}
+
+base::Status PagedFile::readMaps() {
+  auto header = PagedHeader::read(file());
+  if (!header) return header.failure();
+  header_ = std::move(header.value());
+  if ((rawAt<std::uint32_t>(file(), kSecurityAt) & (kEncryptedData | kEncryptedProperties)) != 0) {
+    return refusal(kSecurityAt, L"The drawing is encrypted with a password");
+  }
+  const std::uint64_t mapAt = header_.pageMapAt();
+  const auto pageMap = readSystemPage(file(), mapAt, SystemPage::kPageMap);
+  if (!pageMap) return pageMap.failure();
+  auto pages = readPageMap(pageMap.value(), mapAt);
+  if (!pages) return pages.failure();
+  pages_ = std::move(pages.value());
+  for (std::size_t i = 0; i < pages_.size(); ++i) {
+    if (pages_[i].number > 0) byNumber_[static_cast<std::uint32_t>(pages_[i].number)] = i;
+  }
+  const auto own = byNumber_.find(header_.pageMapId()), sections = byNumber_.find(header_.sectionMapId());
+  if (own == byNumber_.end() || sections == byNumber_.end() || pages_[own->second].at != mapAt ||
+      own == sections) {
+    return refusal(mapAt, L"The page map is damaged");
+  }
+  const std::uint64_t at = pages_[sections->second].at;
+  const auto sectionMap = readSystemPage(file(), at, SystemPage::kSectionMap);
+  if (!sectionMap) return sectionMap.failure();
+  auto map = readSectionMap(sectionMap.value(), at);
+  if (!map) return map.failure();
+  map_ = std::move(map.value());
+  return {};
+}
+
+// All pages are in the file, but for what fills up the page map at its end; none is in two sections.
+base::Status PagedFile::checkPages() {
+  for (const Page& page : pages_) {
+    const bool isMap = page.number == static_cast<std::int32_t>(header_.pageMapId());
+    if (!isMap && !isWithin(page.at, page.size, file().size())) {
+      return refusal(file().size(),
+                     L"The file is cut off: page " + std::to_wstring(page.number) + L" lies outside of it");
+    }
+  }
+  std::vector<bool> isUsed(pages_.size());
+  for (const std::uint32_t number : {header_.pageMapId(), header_.sectionMapId()}) {
+    isUsed[byNumber_.at(number)] = true;
+  }
+  const std::uint64_t place = pages_[byNumber_.at(header_.sectionMapId())].at;
+  for (const PagedSection& section : map_.sections) {
+    for (const SectionPage& page : section.pages) {
+      const auto found = byNumber_.find(page.number);
+      if (found == byNumber_.end() || isUsed[found->second]) {
+        return refusal(place, L"The section map names a page that does not exist, or one twice");
+      }
+      isUsed[found->second] = true;
+    }
+  }
+  return {};
+}
+
+const PagedSection* PagedFile::section(std::string_view name) const {
+  const auto found = std::find_if(map_.sections.begin(), map_.sections.end(),
+                                  [&](const PagedSection& s) { return s.name == name; });
+  return found == map_.sections.end() ? nullptr : &*found;
+}
+
+std::uint64_t PagedFile::placeOf(const PagedSection& section) const {
+  return section.pages.empty() ? 0 : pages_[byNumber_.at(section.pages.front().number)].at;
+}
+
+base::Result<std::string> PagedFile::unpacked(const char* name, bool isNeeded) {
+  const std::wstring wideName(name, name + std::char_traits<char>::length(name));
+  const PagedSection* const section = this->section(name);
+  if (section == nullptr) {
+    if (!isNeeded) return std::string();
+    return refusal(pages_[byNumber_.at(header_.sectionMapId())].at, wideName + L" is missing");
+  }
+  const std::uint64_t place = placeOf(*section);
+  const auto damaged = [&](std::uint64_t at) { return refusal(at, wideName + L" is damaged"); };
+  if (section->encryption == 1) return refusal(place, L"The drawing is encrypted with a password");
+  // Pages that are left out are zeros.
+  unpackedSize_ += section->size;
+  if (unpackedSize_ > largestUnpacked())
+    return refusal(place, wideName + L" is larger than the file can hold");
+  std::string content(static_cast<std::size_t>(section->size), '\0');
+  for (const SectionPage& page : section->pages) {
+    const Page& inFile = pages_[byNumber_.at(page.number)];
+    const auto data = readPage(file(), inFile, *section, page);
+    if (!data) return data.failure();
+    std::string unpackedPage;
+    std::string_view bytes = data.value();
+    if (section->compression == PagedSection::kCompressed) {
+      auto decompressed = decompressPage(bytes, section->pageSize);
+      if (!decompressed) return damaged(inFile.at);
+      unpackedPage = std::move(*decompressed);
+      bytes = unpackedPage;
+    }
+    if (page.start > content.size()) return damaged(inFile.at);
+    bytes = bytes.substr(0, content.size() - static_cast<std::size_t>(page.start));
+    std::copy(bytes.begin(), bytes.end(), content.begin() + static_cast<std::ptrdiff_t>(page.start));
+  }
+  return content;
+}
+
+base::Status PagedFile::readSections() {
+  struct Wanted {
+    const char* name;
+    std::string UnpackedSections::*content;
+  };
+  constexpr Wanted kWanted[] = {{kHeaderName, &UnpackedSections::header},
+                                {kClassesName, &UnpackedSections::classes},
+                                {kHandlesName, &UnpackedSections::handles},
+                                {kObjectsName, &UnpackedSections::objects}};
+  for (const Wanted& wanted : kWanted) {
+    auto content = unpacked(wanted.name, true);
+    if (!content) return content.failure();
+    sections_.*wanted.content = std::move(content.value());
+  }
+  if (auto content = unpacked(kAuxHeaderName, false)) sections_.auxHeader = std::move(content.value());
+  if (auto content = unpacked(kFreeSpaceName, false)) sections_.freeSpace = std::move(content.value());
+  return readContent(sections_, placeOf(*section(kHeaderName)), placeOf(*section(kClassesName)),
+                     placeOf(*section(kHandlesName)));
+}
+
+base::Result<std::string> PagedFile::write(const FileChanges& changes) const {
+  auto changed = changedSections(*this, sections_, changes);
+  if (!changed) return changed.failure();
+  if (changed.value().empty()) return std::string(file());
+  const std::map<std::string, const std::string*> old = {
+      {kHeaderName, &sections_.header},       {kClassesName, &sections_.classes},
+      {kHandlesName, &sections_.handles},     {kObjectsName, &sections_.objects},
+      {kAuxHeaderName, &sections_.auxHeader}, {kFreeSpaceName, &sections_.freeSpace}};
+  PagedWriter writer(file(), header_, pages_, map_);
+  for (const auto& [name, content] : changed.value()) writer.change(name, *old.at(name), content);
+  return writer.written();
+}
+
+}  // namespace cad::dwg
