@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <type_traits>
 #include <variant>
 #include <vector>
 
@@ -149,9 +150,11 @@ struct ExtendedData;  // extended_data.h
 class FieldChanges {
  public:
   void set(std::string_view name, Value value, std::uint32_t index = 0, Part part = Part::kWhole);
-  void set(std::string_view name, bool value) { set(name, Value(std::int64_t{value})); }
-  void set(std::string_view name, int value, std::uint32_t index = 0) {
-    set(name, Value(std::int64_t{value}), index);
+  template <class Number>
+    requires std::is_arithmetic_v<Number>
+  void set(std::string_view name, Number value, std::uint32_t index = 0, Part part = Part::kWhole) {
+    using Held = std::conditional_t<std::is_floating_point_v<Number>, double, std::int64_t>;
+    set(name, Value(static_cast<Held>(value)), index, part);
   }
   // As a reference of the kind that the field has; of a field that is new, that of its description.
   void setHandle(std::string_view name, Handle value, std::uint32_t index = 0);

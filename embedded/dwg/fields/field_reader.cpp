@@ -15,7 +15,8 @@ FieldReader::FieldReader(std::string_view data, const Streams& streams, Version 
       fields_(data, version, own),
       readData_(data, streams.dataBegin, streams.dataEnd),
       text_(data, streams.textBegin, streams.textEnd),
-      handles_(data, streams.handleBegin, streams.handleEnd) {}
+      handles_(data, streams.handleBegin, streams.handleEnd),
+      handlesInData_(streams.handlesInData) {}
 
 BitReader& FieldReader::readerOf(Stream stream) {
   if (stream == Stream::kData) return readData_;
@@ -46,6 +47,7 @@ const Value& FieldReader::visit(const FieldSpec& spec) {
   Field& field = fields_.fields_.emplace_back();
   field.name = spec.name, field.part = spec.part, field.index = spec.index, field.type = spec.type;
   field.stream = streamOf(spec.type, version());
+  if (field.stream == Stream::kHandles && handlesInData_) field.stream = Stream::kData;
   BitReader& reader = readerOf(field.stream);
   field.begin = static_cast<std::uint32_t>(reader.position());
   if (field.stream == Stream::kText && reader.end() == field.begin && !reader.failed()) {

@@ -10,6 +10,7 @@ struct Streams {
   std::uint32_t dataBegin = 0, dataEnd = 0;
   std::uint32_t textBegin = 0, textEnd = 0;
   std::uint32_t handleBegin = 0, handleEnd = 0;
+  bool handlesInData = false;  // among what stands there, in its order
 };
 
 class FieldReader final : public FieldVisitor {
@@ -36,6 +37,7 @@ class FieldReader final : public FieldVisitor {
 
   Fields fields_;
   BitReader readData_, text_, handles_;
+  bool handlesInData_;
   bool failed_ = false;
 };
 

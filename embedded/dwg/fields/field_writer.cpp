@@ -126,7 +126,8 @@ BitWriter& FieldWriter::writerOf(Stream stream) {
 const Value& FieldWriter::visit(const FieldSpec& spec) {
   const Field* from = sourceOf(spec.name, spec.index, spec.part);
   current_ = valueOf(spec, from);
-  const Stream stream = streamOf(spec.type, version());
+  Stream stream = streamOf(spec.type, version());
+  if (stream == Stream::kHandles && handlesInData_) stream = Stream::kData;
   if (stream == Stream::kText && !isEmptyText(current_)) hasTexts_ = true;
   BitWriter& writer = writerOf(stream);
   if (standsAsItIs(spec, from)) {

@@ -13,8 +13,13 @@ class FieldWriter final : public FieldVisitor {
  public:
   // `source`: the fields as they are, of the same kind and version; null for a new object. Both must outlive
   // the writer.
-  FieldWriter(const Fields* source, const FieldChanges& changes, Version version, ObjectKind kind, Handle own)
-      : FieldVisitor(version, kind), source_(source), changes_(changes), own_(own) {}
+  FieldWriter(const Fields* source, const FieldChanges& changes, Version version, ObjectKind kind, Handle own,
+              bool handlesInData = false)
+      : FieldVisitor(version, kind),
+        source_(source),
+        changes_(changes),
+        own_(own),
+        handlesInData_(handlesInData) {}
 
   bool changes(std::string_view name, std::uint32_t index = 0) const override;
   Value wanted(std::string_view name, Value fallback, std::uint32_t index = 0,
@@ -50,6 +55,7 @@ class FieldWriter final : public FieldVisitor {
   const Fields* source_;
   const FieldChanges& changes_;
   Handle own_;
+  bool handlesInData_;
   BitWriter beforeSize_, data_, texts_, handles_;
   Value current_;
   std::string_view wrongType_;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "embedded/dwg/fields/header_fields.h"
 #include "embedded/dwg/fields/object_fields.h"
 #include "embedded/dwg/files/dwg_file.h"
 
@@ -73,6 +74,37 @@ TEST_P(SampleFields, ObjectsWithoutChangesStayAsTheyAre) {
     EXPECT_TRUE(written.value().data == object.data) << std::hex << frame.handle << ' ' << frame.type.name;
     EXPECT_EQ(written.value().handleBits, object.handleBits);
   });
+}
+
+TEST_P(SampleFields, HeaderVariablesAreReadToTheEnd) {
+  const Fields header = readHeader(file_->header(), file_->version());
+  ASSERT_TRUE(header.complete());
+  EXPECT_EQ(header.real("LTSCALE"), 1);
+  EXPECT_EQ(header.handle("LAYER CONTROL"), 2U);
+  EXPECT_EQ(header.handle("CLAYER"), 0x10U);
+  EXPECT_EQ(header.handle("LTYPE BYBLOCK"), 0x14U);
+  const std::uint64_t end = std::ranges::max(header.all(), {}, &Field::end).end;
+  EXPECT_LT(file_->header().size() * 8 - end, 8U);
+  const auto same = rewriteHeader(file_->header(), file_->version(), FieldChanges());
+  ASSERT_TRUE(same.ok());
+  EXPECT_TRUE(same.value() == file_->header());
+
+  FieldChanges changes;
+  changes.set("LTSCALE", 2.5);
+  changes.set("MENU",
+              hasWideTexts(file_->version()) ? Value(std::u16string(u"menu")) : Value(std::string("menu")));
+  changes.setHandle("CLAYER", 0x275);
+  const auto changed = rewriteHeader(file_->header(), file_->version(), changes);
+  ASSERT_TRUE(changed.ok());
+  const Fields after = readHeader(changed.value(), file_->version());
+  EXPECT_EQ(after.real("LTSCALE"), 2.5);
+  EXPECT_EQ(after.handle("CLAYER"), 0x275U);
+  EXPECT_EQ(after.handle("LTYPE BYBLOCK"), 0x14U);
+  FieldChanges back;
+  for (const char* name : {"LTSCALE", "MENU", "CLAYER"}) back.set(name, header.find(name)->value);
+  const auto restored = rewriteHeader(changed.value(), file_->version(), back);
+  ASSERT_TRUE(restored.ok());
+  EXPECT_TRUE(restored.value() == file_->header());
 }
 
 INSTANTIATE_TEST_SUITE_P(Samples, SampleFields, testing::ValuesIn(samples()),
