@@ -82,7 +82,7 @@ void numbers(FieldVisitor& v) {
 }
 
 void current(FieldVisitor& v) {
-  v.date("TDCREATE"), v.date("TDUPDATE");
+  v.date("TDUCREATE"), v.date("TDUUPDATE");  // in universal time
   if (v.since(kR2004)) longs(v, {"unknown 15", "unknown 16", "unknown 17"});
   v.date("TDINDWG"), v.date("TDUSRTIMER");
   v.color("CECOLOR");

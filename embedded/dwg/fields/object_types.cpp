@@ -142,7 +142,7 @@ FileClass readClass(ClassReader& from, Version version) {
   from.data.b();  // whether it was a proxy
   result.isEntity = from.data.bs() == kEntityClass;
   if (version >= Version::kR2004) {  // how many objects, and the version that the class came with
-    from.data.bl(), from.data.bs(), from.data.bs(), from.data.bl(), from.data.bl();
+    for (int i = 0; i < 5; ++i) from.data.bl();
   }
   return result;
 }

@@ -31,7 +31,7 @@ class SampleFields : public testing::TestWithParam<std::filesystem::path> {
     if (!file) GTEST_SKIP() << "not read yet";
     file_ = std::move(file.value());
     auto classes = readClasses(file_->classes(), file_->version());
-    ASSERT_TRUE(classes.ok());
+    ASSERT_TRUE(classes.ok()) << base::toUtf8(classes.failure().text());
     classes_ = std::move(classes.value());
   }
 
