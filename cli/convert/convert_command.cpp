@@ -143,8 +143,12 @@ int unusable(const base::Status& status) {
   return kUnusable;
 }
 
+void askForPictures(std::vector<PlannedDrawing>& plan, std::size_t bytes) {
+  for (PlannedDrawing& drawing : plan) drawing.pictureBytes = bytes;
+}
+
 // False: the log has not got all that it should, which is told.
-bool convertAll(Session& session, const Arguments& arguments, const std::vector<PlannedDrawing>& plan,
+bool convertAll(Session& session, const Arguments& arguments, std::vector<PlannedDrawing>& plan,
                 Summary& summary, BatchReport& reports) {
   BatchLog log(arguments.isDryRun ? std::wstring() : arguments.logFolder);
   bool isLogComplete = true;
@@ -159,7 +163,9 @@ bool convertAll(Session& session, const Arguments& arguments, const std::vector<
       isLogComplete = false;
     }
     summary.add(report);
-    if (!arguments.reports.empty()) reports.add(report);
+    if (arguments.reports.empty()) return;
+    reports.add(report);
+    if (!reports.takesPictures()) askForPictures(plan, 0);
   };
   listener.waits = [&](std::size_t done) { progress.show(done); };
   const std::size_t notBegun = Batch(session, arguments, plan).run(listener);
@@ -195,6 +201,8 @@ int runConvert(const Arguments& arguments) {
   if (base::Status prepared = prepareFolders(arguments, plan); !prepared) return unusable(prepared);
   if (base::Status placed = checkReportPlaces(arguments); !placed) return unusable(placed);
 
+  if (std::ranges::any_of(arguments.reports, isPageName))
+    askForPictures(plan, BatchReport::pictureShare(plan.size()));
   BatchReport reports(arguments.specification, base::localTimeText(L"%Y-%m-%d %H:%M:%S"), arguments.isDryRun);
   reports.noteSkipped(skipped);
   Summary summary(arguments.isDryRun, skipped);

@@ -12,8 +12,8 @@
 #include "cli/inspect/marks.h"
 #include "cli/language/language.h"
 #include "cli/opened_drawing.h"
-#include "cli/reports/batch_report.h"
 #include "cli/reports/change_text.h"
+#include "cli/reports/thumbnail.h"
 #include "embedded/formats/drawing_files.h"
 #include "embedded/graphics/pictures/picture.h"
 
@@ -54,16 +54,18 @@ std::wstring noteReason(int reason) {
 
 // PNG, with the fonts that are found for `file`; empty where nothing can be painted.
 std::string pictureOf(const cad::Drawing& drawing, const std::wstring& file,
-                      std::unordered_set<cad::RecordId> marked) {
-  constexpr int kWidth = 480;
+                      std::unordered_set<cad::RecordId> marked, std::size_t mostBytes) {
   cad::PictureOptions options;
-  options.width = kWidth;
+  options.width = kThumbnailWidth;
   options.fontFolders = fontFoldersOf(file);
   options.marked = std::move(marked);
-  const auto picture = cad::drawPicture(drawing, options);
-  if (!picture.ok()) return {};
-  auto bytes = cad::pngBytes(picture.value());
-  return bytes.ok() ? std::move(bytes.value()) : std::string();
+  auto picture = cad::drawPicture(drawing, options);
+  if (picture.ok() && picture.value().height > kMostThumbnailRows) {
+    options.width =
+        std::max(cad::kLeastPictureWidth, kThumbnailWidth * kMostThumbnailRows / picture.value().height);
+    picture = cad::drawPicture(drawing, options);
+  }
+  return picture.ok() ? thumbnail(picture.value(), mostBytes) : std::string();
 }
 
 bool wantsTests(const Arguments& arguments) { return arguments.isDryRun || !arguments.reports.empty(); }
@@ -114,7 +116,7 @@ DrawingReport DrawingConversion::run(const PlannedDrawing& drawing) {
   if (hasRun) report.logFailure = run_.logFailure;
   report.isDryRun = arguments_.isDryRun;
   report.settings = facts_.settings();
-  if (converted && arguments_.isDryRun) converted = compareWith(host.currentDrawing(), report);
+  if (converted && arguments_.isDryRun) converted = compareWith(drawing, host.currentDrawing(), report);
   // The run closes the drawing that it saved; one that it gave up is still open.
   Status closed;
   while (closed && host.documentCount() > documentsBefore) closed = host.closeDocument();
@@ -181,32 +183,33 @@ Status DrawingConversion::checkEnd(const PlannedDrawing& drawing) {
   return {};
 }
 
-Status DrawingConversion::compareWith(const cad::Drawing& after, DrawingReport& report) const {
+Status DrawingConversion::compareWith(const PlannedDrawing& drawing, const cad::Drawing& after,
+                                      DrawingReport& report) const {
   const auto before = cad::formats::open(base::pathFromText(report.given));
   if (!before.ok()) return before.failure();
   cad::DrawingDifferences differences = cad::compareDrawings(*before.value(), after);
   report.counts = countsOf(differences);
-  takePictures(*before.value(), after, differences, report);
+  if (drawing.pictureBytes > 0)
+    takePictures(*before.value(), after, differences, drawing.pictureBytes, report);
   if (arguments_.listsChanges) report.changes = std::move(differences);
   return {};
 }
 
 // Of drawings in which something is to be seen. One that cannot be painted is told by the page.
 void DrawingConversion::takePictures(const cad::Drawing& before, const cad::Drawing& after,
-                                     const cad::DrawingDifferences& differences,
+                                     const cad::DrawingDifferences& differences, std::size_t mostBytes,
                                      DrawingReport& report) const {
-  const bool isWanted = std::ranges::any_of(arguments_.reports, isPageName);
-  if (!isWanted || (differences.empty() && report.messages.empty())) return;
+  if (differences.empty() && report.messages.empty()) return;
   report.pictures.before =
-      pictureOf(before, report.given, markedEntities(before, differences, DiffSide::kBefore));
+      pictureOf(before, report.given, markedEntities(before, differences, DiffSide::kBefore), mostBytes);
   report.pictures.after =
-      pictureOf(after, report.given, markedEntities(after, differences, DiffSide::kAfter));
+      pictureOf(after, report.given, markedEntities(after, differences, DiffSide::kAfter), mostBytes);
 }
 
 Status DrawingConversion::compareSaved(const PlannedDrawing& drawing, DrawingReport& report) const {
   if (arguments_.reports.empty() && !arguments_.listsChanges) return {};
   const auto after = cad::formats::open(drawing.target);
-  return after.ok() ? compareWith(*after.value(), report) : Status(after.failure());
+  return after.ok() ? compareWith(drawing, *after.value(), report) : Status(after.failure());
 }
 
 bool DrawingConversion::takeProblems(DrawingReport& report) const {

@@ -27,9 +27,11 @@ class DrawingConversion {
   base::Status convertOpen(const PlannedDrawing& drawing);
   base::Status checkEnd(const PlannedDrawing& drawing);
   bool takeProblems(DrawingReport& report) const;
-  base::Status compareWith(const cad::Drawing& after, DrawingReport& report) const;
+  base::Status compareWith(const PlannedDrawing& drawing, const cad::Drawing& after,
+                           DrawingReport& report) const;
   void takePictures(const cad::Drawing& before, const cad::Drawing& after,
-                    const cad::DrawingDifferences& differences, DrawingReport& report) const;
+                    const cad::DrawingDifferences& differences, std::size_t mostBytes,
+                    DrawingReport& report) const;
   base::Status compareSaved(const PlannedDrawing& drawing, DrawingReport& report) const;
 
   Session& session_;

@@ -15,7 +15,8 @@ struct PlannedDrawing {
   std::wstring given;            // as the user named it
   std::filesystem::path target;  // in the output folder as the user named it
   SaveFormat format = SaveFormat::kDxf;
-  std::wstring refusal;  // empty, or why the drawing is left alone
+  std::wstring refusal;          // empty, or why the drawing is left alone
+  std::size_t pictureBytes = 0;  // what each picture for the report may take; 0: none is wanted
 };
 
 // Names are compared ignoring case on every system, because the output folder may later stand on one that

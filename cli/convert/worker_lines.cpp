@@ -35,7 +35,8 @@ std::string lineOf(const PlannedDrawing& drawing) {
   return Json{{"given", textJson(drawing.given)},
               {"target", textJson(base::pathText(drawing.target))},
               {"format", static_cast<int>(drawing.format)},
-              {"refusal", textJson(drawing.refusal)}}
+              {"refusal", textJson(drawing.refusal)},
+              {"pictureBytes", drawing.pictureBytes}}
       .dump();
 }
 
@@ -46,6 +47,7 @@ std::optional<PlannedDrawing> plannedOf(std::string_view line) {
     drawing.target = base::pathFromText(textOf(value.at("target")));
     drawing.format = base::saveFormat(value.at("format").get<int>()).value();
     drawing.refusal = textOf(value.at("refusal"));
+    drawing.pictureBytes = value.at("pictureBytes");
     return drawing;
   });
 }

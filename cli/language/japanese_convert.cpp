@@ -114,8 +114,8 @@ constexpr Translation kRows[] = {
     {L"the batch was interrupted", L"処理が中断されました"},
     {L"saved, but its problems and changes are not known: %1", L"保存しましたが、問題と変更は不明です: %1"},
     {L"Drawings skipped: %1", L"省略した図面: %1"},
-    {L"To keep the page small, %1 drawings at the end have no pictures.",
-     L"ページが大きくなりすぎないよう、最後の %1 枚の図面の画像は省きました。"},
+    {L"The page has room for %1 MB of pictures: from %2 on drawings have none.",
+     L"ページに入る画像は %1 MB までです。%2 以降の図面には画像がありません。"},
     {L"the report cannot be written: %1", L"報告を書き込めません: %1"},
 };
 

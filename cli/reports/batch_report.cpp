@@ -14,7 +14,10 @@
 namespace kivcli {
 namespace {
 
-constexpr std::size_t kMostPictureBytes = 24'000'000;
+// A page of this size opens in some seconds.
+constexpr std::size_t kMostPictureBytes = 48'000'000;
+// Of one picture: what shows a crowded drawing at its full width, and what still shows something of it.
+constexpr std::size_t kMostShare = 60'000, kLeastShare = 6'000;
 
 Json toJson(const SettingTotals& totals) {
   return {{"section", totals.section}, {"number", totals.number},    {"title", readable(totals.title)},
@@ -102,14 +105,18 @@ bool isReportName(const std::wstring& file) {
 BatchReport::BatchReport(std::wstring specification, std::wstring begun, bool isDryRun)
     : specification_(std::move(specification)), begun_(std::move(begun)), isDryRun_(isDryRun) {}
 
+std::size_t BatchReport::pictureShare(std::size_t drawings) {
+  return std::clamp(kMostPictureBytes / 2 / std::max<std::size_t>(drawings, 1), kLeastShare, kMostShare);
+}
+
 void BatchReport::add(DrawingReport report) {
   settings_.add(report.settings);
   const std::size_t bytes = report.pictures.before.size() + report.pictures.after.size();
-  if (pictureBytes_ + bytes > kMostPictureBytes) {
-    report.pictures = {};
-    ++withoutPictures_;
-  } else {
+  if (takesPictures() && pictureBytes_ + bytes > kMostPictureBytes) firstWithout_ = report.given;
+  if (takesPictures()) {
     pictureBytes_ += bytes;
+  } else {
+    report.pictures = {};
   }
   drawings_.push_back(std::move(report));
 }
@@ -144,9 +151,10 @@ std::string BatchReport::html() const {
   }
   if (skipped_ > 0)
     head.remarks.push_back(readable(tr(L"Drawings skipped: %1", {std::to_wstring(skipped_)})));
-  if (withoutPictures_ > 0) {
-    head.remarks.push_back(readable(tr(L"To keep the page small, %1 drawings at the end have no pictures.",
-                                       {std::to_wstring(withoutPictures_)})));
+  if (!takesPictures()) {
+    head.remarks.push_back(
+        readable(tr(L"The page has room for %1 MB of pictures: from %2 on drawings have none.",
+                    {std::to_wstring(kMostPictureBytes / 1'000'000), firstWithout_})));
   }
   return reportPage(head, data.dump());
 }

@@ -17,9 +17,13 @@ class BatchReport {
   // `specification` as the user named it; `begun`: a date and time for a person.
   BatchReport(std::wstring specification, std::wstring begun, bool isDryRun);
 
-  // In the order in which reports show them. Beyond a size that browsers show quickly pictures are left out,
-  // and the report says so.
+  // What each picture may take so that those of so many drawings have room, within limits.
+  static std::size_t pictureShare(std::size_t drawings);
+
+  // In the order in which reports show them. From the first drawing on whose pictures have no room, pictures
+  // are left out, and the report says so.
   void add(DrawingReport report);
+  bool takesPictures() const { return firstWithout_.empty(); }
   void noteSkipped(std::size_t drawings) { skipped_ = drawings; }
   void noteInterrupted(std::size_t notBegun) { notBegun_ = notBegun; }  // drawings, which are not here
 
@@ -34,7 +38,8 @@ class BatchReport {
   std::optional<std::size_t> notBegun_;  // of an interrupted batch
   std::vector<DrawingReport> drawings_;
   SettingSums settings_;
-  std::size_t pictureBytes_ = 0, withoutPictures_ = 0, skipped_ = 0;
+  std::wstring firstWithout_;  // drawing whose pictures had no room
+  std::size_t pictureBytes_ = 0, skipped_ = 0;
 };
 
 bool isReportName(const std::wstring& file);  // ends in .html, .htm or .json, in any case

@@ -5,7 +5,8 @@
 namespace cad {
 namespace {
 
-constexpr Rgb kBand = 0xFFC400, kEdge = 0xC2185B;
+// Drawings are full of pure colours, yellow and cyan above all: on this band each of them is seen.
+constexpr Rgb kBand = 0xA58FE8, kEdge = 0x6A1FB5;
 constexpr std::uint8_t kBandOpacity = 150;
 // Of the picture's width: they are seen in a picture of a quarter of its size as well.
 constexpr double kBandShare = 1.0 / 90, kEdgeShare = 1.0 / 500;
