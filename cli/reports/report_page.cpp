@@ -15,6 +15,8 @@ dt { color: var(--mute); } dd { margin: 0; overflow-wrap: anywhere; }
 .totals { display: flex; flex-wrap: wrap; gap: 10px; margin: 16px 0 0; }
 .totals div { border: 1px solid var(--line); border-radius: 6px; padding: 6px 14px; min-width: 110px; }
 .totals b { display: block; font-size: 20px; } .totals span { color: var(--mute); font-size: 12px; }
+nav { display: flex; gap: 20px; margin: 16px 0 0; } nav a { color: #1d5fbf; }
+#problems ul { margin: 0; padding-left: 20px; } #problems td + td { white-space: nowrap; width: 1%; }
 .tools { display: flex; gap: 10px; align-items: center; margin: 0 0 8px; }
 input, select { font: inherit; padding: 4px 8px; border: 1px solid var(--line); border-radius: 4px; }
 .count { color: var(--mute); }
@@ -30,10 +32,10 @@ tr.row:focus { outline: 2px solid #3a7bd5; outline-offset: -2px; }
 .zero { color: #a9b2bc; }
 tr.more > td { background: var(--soft); }
 .more ul { margin: 0 0 10px; padding-left: 20px; }
-.pair { display: flex; flex-wrap: wrap; gap: 16px; } figure { margin: 0; flex: 1 1 320px; max-width: 560px; }
+.pair { margin: 0 0 10px; display: flex; flex-wrap: wrap; gap: 16px; } figure { margin: 0; flex: 1 1 320px; max-width: 560px; }
 figure img { width: 100%; border: 1px solid var(--line); background: #fff; display: block; }
 figcaption { color: var(--mute); }
-@media print { body { max-width: none; padding: 0; font-size: 11px; } .tools { display: none; }
+@media print { body { max-width: none; padding: 0; font-size: 11px; } .tools, nav { display: none; }
   th { position: static; } tr { break-inside: avoid; } tr.row { cursor: auto; } }
 )css";
 
@@ -127,17 +129,17 @@ constexpr std::string_view kScript = R"js(
       var list = make('ul', td);
       r.p.forEach(function (p) { make('li', list, p); });
     }
+    if (r.a || r.b) {
+      var pair = make('div', td, undefined, 'pair');
+      picture(pair, w.before, r.b);
+      picture(pair, w.after, r.a);
+    }
     var facts = make('ul', td);
     r.f.forEach(function (f) {
       make('li', facts, data.settings[f[0]].title + ' \u2014 ' + w.hits + ' ' + number(f[1]) + ', ' +
            w.changed + ' ' + number(f[2]));
     });
     if (!r.f.length) make('li', facts, w.nothing);
-    if (r.a || r.b) {
-      var pair = make('div', td, undefined, 'pair');
-      picture(pair, w.before, r.b);
-      picture(pair, w.after, r.a);
-    }
     return row;
   }
   function drawings() {
@@ -183,11 +185,36 @@ constexpr std::string_view kScript = R"js(
     fill();
     if (location.hash === '#first' && body.firstChild) body.firstChild.click();
   }
-  document.getElementById('h-settings').textContent = w.settings;
-  document.getElementById('h-drawings').textContent = w.drawings;
+  // What a person looks for first; the table of drawings has them all.
+  function problems() {
+    var most = 30, bad = data.rows.filter(function (r) { return r.s > 0; });
+    bad.sort(function (a, b) { return b.s - a.s; });
+    if (!bad.length) { document.getElementById('s-problems').remove(); return; }
+    var body = make('tbody', document.getElementById('problems'));
+    bad.slice(0, most).forEach(function (r) {
+      var row = make('tr', body), list = make('ul', make('td', row, r.n));
+      make('td', row, status[r.s], 's' + r.s);
+      r.p.forEach(function (p) { make('li', list, p); });
+    });
+    if (bad.length > most) {
+      var last = make('td', make('tr', body), w.more.replace('%1', number(bad.length - most)), 'count');
+      last.colSpan = 2;
+    }
+  }
+  function heads() {
+    var places = document.getElementById('places');
+    [['s-problems', w.badDrawings], ['s-drawings', w.drawings], ['s-settings', w.settings]].forEach(function (p) {
+      var section = document.getElementById(p[0]);
+      if (!section) return;
+      section.querySelector('h2').textContent = p[1];
+      make('a', places, p[1]).href = '#' + p[0];
+    });
+  }
   totals();
-  settings();
+  problems();
+  heads();
   drawings();
+  settings();
 })();
 )js";
 
@@ -244,11 +271,13 @@ std::string reportPage(const PageHead& head, std::string_view data) {
   page += "</dl>\n";
   for (const std::string& remark : head.remarks) page += "<p class=\"remark\">" + escaped(remark) + "</p>\n";
   page +=
-      "<div class=\"totals\" id=\"totals\"></div>\n<h2 id=\"h-settings\"></h2>\n<table "
-      "id=\"settings\"></table>\n"
-      "<h2 id=\"h-drawings\"></h2>\n<div class=\"tools\"><input id=\"name\" type=\"search\">"
+      "<div class=\"totals\" id=\"totals\"></div>\n<nav id=\"places\"></nav>\n"
+      "<section id=\"s-problems\"><h2></h2><table id=\"problems\"></table></section>\n"
+      "<section id=\"s-drawings\"><h2></h2><div class=\"tools\"><input id=\"name\" type=\"search\">"
       "<select id=\"state\"></select><span class=\"count\" id=\"shown\"></span></div>\n"
-      "<table id=\"drawings\"></table>\n<script type=\"application/json\" id=\"data\">";
+      "<table id=\"drawings\"></table></section>\n"
+      "<section id=\"s-settings\"><h2></h2><table id=\"settings\"></table></section>\n"
+      "<script type=\"application/json\" id=\"data\">";
   page += asScriptData(data);
   page.append("</script>\n<script>").append(kScript).append("</script>\n</body>\n</html>\n");
   return page;
