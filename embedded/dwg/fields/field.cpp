@@ -76,7 +76,7 @@ const Field* Fields::find(std::string_view name, std::uint32_t index, Part part)
 std::uint32_t Fields::count(std::string_view name) const {
   std::uint32_t count = 0;
   for (const Field& field : fields_)
-    if (field.name == name && field.index >= count) count = field.index + 1;
+    if (field.name == name && field.index >= count && field.index < kWithin) count = field.index + 1;
   return count;
 }
 

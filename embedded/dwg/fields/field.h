@@ -69,6 +69,9 @@ enum class Part : std::uint8_t {
   kReference
 };
 
+// The fields of an entity within another have the names of their own, with this added to the index.
+inline constexpr std::uint32_t kWithin = 0x40000000;
+
 // Of a reference in FieldChanges: the kind that the field has.
 inline constexpr std::uint8_t kAnyCode = 0xFF;
 
@@ -151,7 +154,7 @@ class FieldChanges {
  public:
   void set(std::string_view name, Value value, std::uint32_t index = 0, Part part = Part::kWhole);
   template <class Number>
-    requires std::is_arithmetic_v<Number>
+  requires std::is_arithmetic_v<Number>
   void set(std::string_view name, Number value, std::uint32_t index = 0, Part part = Part::kWhole) {
     using Held = std::conditional_t<std::is_floating_point_v<Number>, double, std::int64_t>;
     set(name, Value(static_cast<Held>(value)), index, part);

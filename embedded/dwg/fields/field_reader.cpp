@@ -37,7 +37,7 @@ void FieldReader::implied(std::string_view name, Part part, Value value, std::ui
                              .part = part,
                              .type = BitType::kImplied,
                              .stream = Stream::kData,
-                             .index = index,
+                             .index = indexOf(index),
                              .begin = here,
                              .end = here,
                              .value = std::move(value)});
@@ -45,7 +45,7 @@ void FieldReader::implied(std::string_view name, Part part, Value value, std::ui
 
 const Value& FieldReader::visit(const FieldSpec& spec) {
   Field& field = fields_.fields_.emplace_back();
-  field.name = spec.name, field.part = spec.part, field.index = spec.index, field.type = spec.type;
+  field.name = spec.name, field.part = spec.part, field.index = indexOf(spec.index), field.type = spec.type;
   field.stream = streamOf(spec.type, version());
   if (field.stream == Stream::kHandles && handlesInData_) field.stream = Stream::kData;
   BitReader& reader = readerOf(field.stream);

@@ -44,6 +44,10 @@ class FieldVisitor {
   bool since(Version version) const { return version_ >= version; }
   bool before(Version version) const { return version_ < version; }
 
+  // Those of an entity within the object follow (kWithin).
+  void enter() { base_ = kWithin; }
+  void leave() { base_ = 0; }
+
   // --- Values that do not stand in the bits --------------------------------------------------------
   // Whether a writer has something for the name that the object that it comes from has not, and then what
   // it is going to have. Of a reader: false, and the fallback.
@@ -119,9 +123,13 @@ class FieldVisitor {
   std::int64_t flags(BitType type, std::string_view name, std::int64_t fallback, bool whenSet,
                      std::initializer_list<OptionalField> fields);
 
+ protected:
+  std::uint32_t indexOf(std::uint32_t index) const { return base_ + index; }
+
  private:
   Version version_;
   ObjectKind kind_;
+  std::uint32_t base_ = 0;
 };
 
 // --- Descriptions ------------------------------------------------------------------------------------------

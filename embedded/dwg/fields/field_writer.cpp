@@ -39,7 +39,8 @@ const Field* FieldWriter::sourceOf(std::string_view name, std::uint32_t index, P
   return nullptr;
 }
 
-bool FieldWriter::changes(std::string_view name, std::uint32_t index) const {
+bool FieldWriter::changes(std::string_view name, std::uint32_t own) const {
+  const std::uint32_t index = indexOf(own);
   bool found = false;
   const auto& values = changes_.values();
   for (auto at = values.lower_bound({name, index, Part::kWhole}); at != values.end(); ++at) {
@@ -50,19 +51,27 @@ bool FieldWriter::changes(std::string_view name, std::uint32_t index) const {
   return found || changes_.findColor(name, index) != nullptr;
 }
 
-Value FieldWriter::wanted(std::string_view name, Value fallback, std::uint32_t index, Part part) const {
+Value FieldWriter::wanted(std::string_view name, Value fallback, std::uint32_t own, Part part) const {
+  const std::uint32_t index = indexOf(own);
   if (const Value* changed = changes_.find(name, index, part)) return use(name, index, part), *changed;
   if (isCoordinate(part)) {
     if (const Value* whole = changes_.find(name, index, Part::kWhole))
       return use(name, index, Part::kWhole), coordinate(*whole, part);
   }
   if (const Field* from = sourceOf(name, index, part)) return from->value;
-  if (part == Part::kWhole && std::holds_alternative<Point>(fallback) && source_ != nullptr)
-    return source_->point(name, std::get<Point>(fallback), index);
-  return fallback;
+  if (part != Part::kWhole || !std::holds_alternative<Point>(fallback)) return fallback;
+  Point point = std::get<Point>(fallback);
+  if (source_ != nullptr) point = source_->point(name, point, index);
+  const auto take = [&](Part coordinatePart, double& coordinateValue) {
+    const Value* changed = changes_.find(name, index, coordinatePart);
+    if (changed != nullptr) coordinateValue = std::get<double>(*changed);
+  };
+  take(Part::kX, point.x), take(Part::kY, point.y), take(Part::kZ, point.z);
+  return point;
 }
 
-const Color* FieldWriter::wantedColor(std::string_view name, std::uint32_t index) const {
+const Color* FieldWriter::wantedColor(std::string_view name, std::uint32_t own) const {
+  const std::uint32_t index = indexOf(own);
   const Color* color = changes_.findColor(name, index);
   if (color != nullptr) use(name, index, Part::kWhole);
   return color;
@@ -104,7 +113,7 @@ Value FieldWriter::valueOf(const FieldSpec& spec, const Field* from) const {
   return referenceTo(spec, nullptr, 0);
 }
 
-// Whether the source's bits mean what is wanted here; what a DD means hangs from the value before.
+// Whether the source's bits mean what is wanted here.
 bool FieldWriter::standsAsItIs(const FieldSpec& spec, const Field* from) const {
   if (from == nullptr || from->type != spec.type || from->begin == from->end) return false;
   if (spec.type == BitType::kBytes || spec.type == BitType::kBits) {
@@ -112,10 +121,8 @@ bool FieldWriter::standsAsItIs(const FieldSpec& spec, const Field* from) const {
     return std::holds_alternative<std::monostate>(current_) && size == from->end - from->begin;
   }
   if (!same(from->value, current_)) return false;
-  if (spec.type != BitType::kDD && spec.type != BitType::k2DD && spec.type != BitType::k3DD) return true;
-  BitReader reader(source_->data(), from->begin, from->end);
-  const Value value = decodeField(reader, spec, version());
-  return !reader.failed() && reader.left() == 0 && same(value, current_);
+  // Of a DD the bits hang from the value before it.
+  return !moved_ || (spec.type != BitType::kDD && spec.type != BitType::k2DD && spec.type != BitType::k3DD);
 }
 
 BitWriter& FieldWriter::writerOf(Stream stream) {
@@ -123,9 +130,13 @@ BitWriter& FieldWriter::writerOf(Stream stream) {
   return stream == Stream::kText ? texts_ : handles_;
 }
 
-const Value& FieldWriter::visit(const FieldSpec& spec) {
+const Value& FieldWriter::visit(const FieldSpec& given) {
+  FieldSpec spec = given;
+  spec.index = indexOf(given.index);
   const Field* from = sourceOf(spec.name, spec.index, spec.part);
   current_ = valueOf(spec, from);
+  const bool isMeasure = std::holds_alternative<double>(current_) || std::holds_alternative<Point>(current_);
+  if (isMeasure && (from == nullptr || !same(from->value, current_))) moved_ = true;
   Stream stream = streamOf(spec.type, version());
   if (stream == Stream::kHandles && handlesInData_) stream = Stream::kData;
   if (stream == Stream::kText && !isEmptyText(current_)) hasTexts_ = true;

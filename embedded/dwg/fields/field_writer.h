@@ -62,6 +62,7 @@ class FieldWriter final : public FieldVisitor {
   mutable std::set<FieldChanges::Key> used_;
   mutable std::size_t near_ = 0;  // where the source's next field is looked for first
   bool failed_ = false, hasTexts_ = false;
+  bool moved_ = false;  // a number that is visited has another value than the source's
 };
 
 }  // namespace cad::dwg

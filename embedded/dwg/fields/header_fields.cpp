@@ -206,7 +206,7 @@ void describeHeader(FieldVisitor& v) {
   if (v.since(kR2000)) since2000(v);
   handles(v, {"PAPER SPACE", "MODEL SPACE", "LTYPE BYLAYER", "LTYPE BYBLOCK", "LTYPE CONTINUOUS"});
   if (v.since(kR2007)) since2007(v);
-  shorts(v, {"unknown 54", "unknown 55", "unknown 56", "unknown 57"});
+  if (v.before(kR2007)) shorts(v, {"unknown 54", "unknown 55", "unknown 56", "unknown 57"});
 }
 
 // Before R2007 all stands in one stream.

@@ -197,13 +197,14 @@ ObjectType typeOf(std::uint16_t number, const std::vector<FileClass>& classes) {
 
 std::optional<std::uint16_t> numberOf(ObjectKind kind, Version version,
                                       const std::vector<FileClass>& classes) {
+  const auto* const fixed = std::ranges::find(kFixedTypes, kind, &FixedType::kind);
+  if (kind != kOther && fixed != std::end(kFixedTypes) && version >= Version::kR2004) return fixed->number;
   for (const NamedKind& named : kNamedKinds) {
     if (named.kind != kind) continue;
     const auto found = std::ranges::find(classes, named.dxfName, &FileClass::dxfName);
     if (found != classes.end()) return found->number;
-    if (version < Version::kR2000) return std::nullopt;
+    if (version < Version::kR2000) return std::nullopt;  // there it was a class, always
   }
-  const auto* const fixed = std::ranges::find(kFixedTypes, kind, &FixedType::kind);
   if (kind == kOther || fixed == std::end(kFixedTypes)) return std::nullopt;
   return fixed->number;
 }

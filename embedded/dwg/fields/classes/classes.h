@@ -11,6 +11,8 @@ using enum base::Version;
 
 inline constexpr std::uint64_t kLeastHandle = 8;  // bits
 
+// What every entity has behind its preview.
+void describeEntity(FieldVisitor& v);
 void describeTextLine(FieldVisitor& v);  // TEXT, ATTRIB, ATTDEF
 void describeMtext(FieldVisitor& v);
 void describeInsert(FieldVisitor& v);

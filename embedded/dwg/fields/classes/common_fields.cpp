@@ -1,14 +1,11 @@
 // What every object has, and every entity.
 
-#include "embedded/dwg/fields/field_visitor.h"
+#include "embedded/dwg/fields/classes/classes.h"
 
 namespace cad::dwg {
 namespace {
 
-using enum base::Version;
-
-constexpr std::uint64_t kLeastHandle = 8;  // bits
-constexpr std::int64_t kByHandle = 3;      // of the flags for linetype, plot style, material
+constexpr std::int64_t kByHandle = 3;  // of the flags for linetype, plot style, material
 
 // What the file says of the order of entities, and of what hangs on them.
 void links(FieldVisitor& v, std::uint32_t reactors, bool hasDictionary) {
@@ -16,14 +13,16 @@ void links(FieldVisitor& v, std::uint32_t reactors, bool hasDictionary) {
   if (hasDictionary) v.handle("dictionary", 3);
 }
 
+void graphics(FieldVisitor& v) {
+  if (!v.b("has graphics")) return;
+  const std::int64_t size = v.integer(v.since(kR2010) ? BitType::kBLL : BitType::kRL, "graphics size");
+  if (size < 0) v.fail();
+  v.bytes("graphics", static_cast<std::uint64_t>(size));
+}
+
+}  // namespace
+
 void describeEntity(FieldVisitor& v) {
-  if (v.b("has graphics")) {
-    const bool wide = v.since(kR2010);
-    const std::int64_t size = v.integer(wide ? BitType::kBLL : BitType::kRL, "graphics size");
-    if (size < 0) v.fail();
-    v.bytes("graphics", static_cast<std::uint64_t>(size));
-  }
-  v.sizeField();
   const std::int64_t mode = v.bb("entity mode");
   const std::uint32_t reactors = v.count(BitType::kBL, "reactor count", kLeastHandle, Stream::kHandles);
   const bool byLayer = v.before(kR2000) && v.b("linetype by layer", true);
@@ -62,11 +61,10 @@ void describeEntity(FieldVisitor& v) {
   if (edgeStyle) v.handle("edge visual style");
 }
 
-}  // namespace
-
 void describeCommon(FieldVisitor& v, bool isEntity) {
-  if (isEntity) return describeEntity(v);
+  if (isEntity) graphics(v);
   v.sizeField();
+  if (isEntity) return describeEntity(v);
   const std::uint32_t reactors = v.count(BitType::kBL, "reactor count", kLeastHandle, Stream::kHandles);
   const bool noDictionary = v.since(kR2004) && v.b("no dictionary", true);
   if (v.since(kR2013)) v.b("has binary data");

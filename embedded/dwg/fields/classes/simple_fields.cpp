@@ -140,7 +140,7 @@ void describeLeader(FieldVisitor& v) {
   v.point3bd("offset to block");
   if (v.since(kR14)) v.point3bd("offset");
   if (v.before(kR2000)) v.bd("text gap");
-  v.bd("box height"), v.bd("box width");
+  if (v.before(kR2010)) v.bd("box height"), v.bd("box width");
   v.b("hook line on x direction"), v.b("arrow on");
   v.bs("arrow type");
   if (v.before(kR2000)) {

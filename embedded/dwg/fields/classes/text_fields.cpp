@@ -47,7 +47,7 @@ void lineSince2000(FieldVisitor& v) {
   if (has(0x80)) v.bs("vertical alignment");
 }
 
-// The text of several lines that attributes may have since R2018.
+// The text of several lines that attributes may have since R2018, an entity of its own within them.
 void attributeMtext(FieldVisitor& v);
 
 void attribute(FieldVisitor& v) {
@@ -89,23 +89,19 @@ void columns(FieldVisitor& v) {
   for (std::int64_t i = 0; i < count; ++i) v.bd("column height", 0, static_cast<std::uint32_t>(i));
 }
 
-struct MtextNames {
-  std::string_view at, extrusion, height, text, style;
-};
-
-void mtext(FieldVisitor& v, const MtextNames& names) {
-  v.point3bd(names.at);
-  v.point(BitType::k3BD, names.extrusion, {0, 0, 1});
+void mtext(FieldVisitor& v) {
+  v.point3bd("insertion point");
+  v.extrusion(BitType::k3BD);
   v.point(BitType::k3BD, "x axis", {1, 0, 0});
   v.bd("reference width");
   if (v.since(kR2007)) v.bd("reference height");
-  v.bd(names.height, 1);
+  v.bd("height", 1);
   v.bs("attachment", 1);
   v.bs("drawing direction", 5);
   v.bd("extents height");
   v.bd("extents width");
-  v.text(names.text);
-  v.handle(names.style);
+  v.text("text");
+  v.handle("style");
   if (v.before(kR2000)) return;
   v.bs("line spacing style", 1);
   v.bd("line spacing factor", 1);
@@ -120,9 +116,11 @@ void mtext(FieldVisitor& v, const MtextNames& names) {
   if (v.since(kR2018) && v.b("not annotative", true)) columns(v);
 }
 
-// It is an MTEXT of its own, with what every entity has.
 void attributeMtext(FieldVisitor& v) {
-  mtext(v, {"mtext insertion point", "mtext extrusion", "mtext height", "mtext text", "mtext style"});
+  v.enter();
+  describeEntity(v);
+  mtext(v);
+  v.leave();
   const std::int64_t size = v.bs("annotative size");
   if (size <= 0) return;
   v.bytes("annotative data", static_cast<std::uint64_t>(size));
@@ -138,6 +136,6 @@ void describeTextLine(FieldVisitor& v) {
   v.handle("style");
 }
 
-void describeMtext(FieldVisitor& v) { mtext(v, {"insertion point", "extrusion", "height", "text", "style"}); }
+void describeMtext(FieldVisitor& v) { mtext(v); }
 
 }  // namespace cad::dwg
