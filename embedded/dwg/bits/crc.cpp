@@ -1,6 +1,8 @@
 #include "embedded/dwg/bits/crc.h"
 
 #include <array>
+#include <cstddef>
+#include <initializer_list>
 
 namespace cad::dwg {
 namespace {
@@ -18,8 +20,38 @@ constexpr std::array<Word, 256> reflectedTable() {
   return table;
 }
 
+// Of sums of bytes: a chunk has as many as they can take before the remainder is due.
+constexpr std::uint32_t kModulus = 65521;
+constexpr std::size_t kChunk = 0x15B0;
+
 constexpr auto kTable16 = reflectedTable<std::uint16_t, 0xA001>();
 constexpr auto kTable32 = reflectedTable<std::uint32_t, 0xEDB88320>();
+
+constexpr std::array<std::uint64_t, 256> forwardTable(std::uint64_t polynomial) {
+  std::array<std::uint64_t, 256> table{};
+  for (std::uint64_t byte = 0; byte < table.size(); ++byte) {
+    std::uint64_t value = byte << 56;
+    for (int bit = 0; bit < 8; ++bit) value = value >> 63 != 0 ? value << 1 ^ polynomial : value << 1;
+    table[byte] = value;
+  }
+  return table;
+}
+
+constexpr auto kForward64 = forwardTable(0x42F0E1EBA9EA3693);
+constexpr auto kMirrored64 = reflectedTable<std::uint64_t, 0x95AC9329AC4BC9B5>();
+
+constexpr std::uint64_t kFactor = 0x343FD, kTerm = 0x269EC3;
+
+// The sums of R2007 take the bytes of eight in another order, and so those of what is left at the end.
+template <class Take>
+void inOrder(std::string_view bytes, const Take& take) {
+  const auto run = [&](std::initializer_list<std::size_t> order) {
+    for (const std::size_t at : order) take(static_cast<std::uint8_t>(bytes[at]));
+  };
+  for (; bytes.size() >= 8; bytes.remove_prefix(8)) run({6, 7, 4, 5, 2, 3, 0, 1});
+  if (bytes.size() >= 4) run({2, 3, 0, 1}), bytes.remove_prefix(4);
+  for (const char c : bytes) take(static_cast<std::uint8_t>(c));
+}
 
 }  // namespace
 
@@ -37,13 +69,37 @@ std::uint32_t crc32(std::uint32_t start, std::string_view bytes) {
 }
 
 std::uint32_t pageChecksum(std::uint32_t start, std::string_view bytes) {
-  constexpr std::uint32_t kModulus = 65521;
-  constexpr std::size_t kChunk = 0x15B0;  // as many as the sums can take before the remainder is due
   std::uint32_t low = start & 0xFFFF, high = start >> 16;
   while (!bytes.empty()) {
     const std::string_view chunk = bytes.substr(0, kChunk);
     bytes.remove_prefix(chunk.size());
     for (const char c : chunk) low += static_cast<std::uint8_t>(c), high += low;
+    low %= kModulus, high %= kModulus;
+  }
+  return high << 16 | low;
+}
+
+std::uint64_t headerCrc64(std::string_view bytes) {
+  std::uint64_t crc = bytes.size() * kFactor + kTerm;
+  crc = ~(crc * ((std::uint64_t{1} << 32) + kFactor) + bytes.size() + kTerm);
+  inOrder(bytes, [&](std::uint8_t byte) { crc = kForward64[(byte ^ crc >> 56) & 0xFF] ^ crc << 8; });
+  return ~crc;
+}
+
+std::uint64_t pageCrc64(std::uint64_t seed, std::string_view bytes) {
+  std::uint64_t crc = (seed + bytes.size()) * kFactor + kTerm;
+  crc = ~(crc | (crc * (kFactor << 32) + (kTerm << 32)));
+  inOrder(bytes, [&](std::uint8_t byte) { crc = kMirrored64[(crc ^ byte) & 0xFF] ^ crc >> 8; });
+  return crc;
+}
+
+std::uint32_t dataChecksum(std::string_view bytes) {
+  const std::uint64_t seed = bytes.size() * kFactor + kTerm;
+  std::uint32_t low = seed & 0xFFFF, high = seed >> 16 & 0xFFFF;
+  while (!bytes.empty()) {
+    const std::string_view chunk = bytes.substr(0, kChunk);
+    bytes.remove_prefix(chunk.size());
+    inOrder(chunk, [&](std::uint8_t byte) { low += byte, high += low; });
     low %= kModulus, high %= kModulus;
   }
   return high << 16 | low;

@@ -5,6 +5,7 @@
 #include "embedded/dwg/bits/bit_reader.h"
 #include "embedded/dwg/bits/crc.h"
 #include "embedded/dwg/files/code_pages.h"
+#include "embedded/dwg/files/coded_file.h"
 #include "embedded/dwg/files/located_file.h"
 #include "embedded/dwg/files/object_map.h"
 #include "embedded/dwg/files/paged_file.h"
@@ -114,6 +115,8 @@ base::Result<std::unique_ptr<DwgFile>> readDwgFile(std::shared_ptr<const SourceB
     case Version::kR2013:
     case Version::kR2018:
       return PagedFile::read(std::move(source), facts, maintenance);
+    case Version::kR2007:
+      return CodedFile::read(std::move(source), facts, maintenance);
     default:
       return refusal(0, L"DWG drawings of this release are not read");
   }

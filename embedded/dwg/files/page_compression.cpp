@@ -1,10 +1,8 @@
 #include "embedded/dwg/files/page_compression.h"
 
-#include <algorithm>
-#include <array>
 #include <cstdint>
-#include <cstring>
-#include <vector>
+
+#include "embedded/dwg/files/match_finder.h"
 
 namespace cad::dwg {
 namespace {
@@ -18,7 +16,7 @@ namespace {
 constexpr std::uint8_t kEnd = 0x11;
 constexpr std::size_t kNear = 0x400, kMiddle = 0x4000, kFar = 0x8000;
 constexpr std::size_t kLongestNear = 14;
-constexpr std::size_t kShortestMatch = 3, kShortestFar = 4, kShortestCoded = 4;
+constexpr std::size_t kShortestCoded = 4;
 
 class Decompressor {
  public:
@@ -91,25 +89,15 @@ class Decompressor {
 
 class Compressor {
  public:
-  explicit Compressor(std::string_view bytes) : bytes_(bytes), before_(bytes.size(), kNone) {
-    newest_.fill(kNone);
-  }
+  explicit Compressor(std::string_view bytes) : bytes_(bytes), finder_(bytes, kMiddle, kFar - 1) {}
 
   std::string run() {
-    std::size_t at = 0, literal = 0;  // where the literal bytes begin that are not yet written
-    while (at + kHashed <= bytes_.size()) {
-      const Match found = find(at);
-      remember(at);
-      // A page begins with literal bytes, and with as many as have a code of their own.
-      if (found.length == 0 || (out_.empty() && at < kShortestCoded)) {
-        ++at;
-        continue;
-      }
-      writeLiterals(literal, at);
-      writeMatch(found);
-      for (std::size_t end = at + found.length; ++at < end;) remember(at);
-      literal = at;
-    }
+    // A page begins with literal bytes, and with as many as have a code of their own.
+    const std::size_t literal =
+        finder_.run(kShortestCoded, [&](std::size_t begin, std::size_t at, const Match& match) {
+          writeLiterals(begin, at);
+          writeMatch(match);
+        });
     writeLiterals(literal, bytes_.size());
     out_ += static_cast<char>(kEnd);
     out_.append(2, '\0');
@@ -117,40 +105,6 @@ class Compressor {
   }
 
  private:
-  static constexpr std::uint32_t kNone = 0xFFFFFFFF;
-  static constexpr std::size_t kHashed = 4, kHashBits = 13, kMostTries = 16;
-  struct Match {
-    std::size_t length = 0, distance = 0;
-  };
-
-  std::size_t hash(std::size_t at) const {
-    std::uint32_t word = 0;
-    std::memcpy(&word, bytes_.data() + at, sizeof word);
-    return (word * 2654435761U) >> (32 - kHashBits);
-  }
-  void remember(std::size_t at) {
-    if (at + kHashed > bytes_.size()) return;
-    std::uint32_t& newest = newest_[hash(at)];
-    before_[at] = newest;
-    newest = static_cast<std::uint32_t>(at);
-  }
-  Match find(std::size_t at) const {
-    Match best;
-    const std::size_t most = bytes_.size() - at;
-    std::uint32_t candidate = newest_[hash(at)];
-    for (std::size_t tries = 0; candidate != kNone && tries < kMostTries; ++tries) {
-      const std::size_t distance = at - candidate;
-      if (distance >= kFar) break;
-      std::size_t length = 0;
-      while (length < most && bytes_[candidate + length] == bytes_[at + length]) ++length;
-      const std::size_t least = distance > kMiddle ? kShortestFar : kShortestMatch;
-      if (length >= least && length > best.length) best = {length, distance};
-      if (length == most) break;
-      candidate = before_[candidate];
-    }
-    return best;
-  }
-
   void put(std::size_t byte) { out_ += static_cast<char>(byte); }
   void putLong(std::size_t count) {
     for (; count > 0xFF; count -= 0xFF) put(0);
@@ -192,10 +146,9 @@ class Compressor {
   }
 
   std::string_view bytes_;
+  MatchFinder finder_;
   std::string out_;
   std::size_t literalBits_ = 0;  // the byte that tells how many literal bytes follow the last match
-  std::array<std::uint32_t, std::size_t{1} << kHashBits> newest_{};
-  std::vector<std::uint32_t> before_;
 };
 
 }  // namespace

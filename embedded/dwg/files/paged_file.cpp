@@ -9,13 +9,6 @@
 #include "embedded/dwg/files/raw_values.h"
 
 namespace cad::dwg {
-namespace {
-
-constexpr std::uint64_t kSecurityAt = 0x18;
-constexpr std::uint32_t kEncryptedData = 1, kEncryptedProperties = 2;
-
-}  // namespace
-
 base::Result<std::unique_ptr<DwgFile>> PagedFile::read(std::shared_ptr<const SourceBytes> source,
                                                        const DrawingFacts& facts, std::uint8_t maintenance) {
   std::unique_ptr<PagedFile> file(new PagedFile(std::move(source)));
@@ -32,9 +25,7 @@ base::Status PagedFile::readMaps() {
   auto header = PagedHeader::read(file());
   if (!header) return header.failure();
   header_ = std::move(header.value());
-  if ((rawAt<std::uint32_t>(file(), kSecurityAt) & (kEncryptedData | kEncryptedProperties)) != 0) {
-    return refusal(kSecurityAt, L"The drawing is encrypted with a password");
-  }
+  if (isEncrypted(file())) return refusal(kSecurityAt, L"The drawing is encrypted with a password");
   const std::uint64_t mapAt = header_.pageMapAt();
   const auto pageMap = readSystemPage(file(), mapAt, SystemPage::kPageMap);
   if (!pageMap) return pageMap.failure();
@@ -105,8 +96,8 @@ base::Result<std::string> PagedFile::unpacked(const char* name, bool isNeeded) {
   const auto damaged = [&](std::uint64_t at) { return refusal(at, wideName + L" is damaged"); };
   if (section->encryption == 1) return refusal(place, L"The drawing is encrypted with a password");
   // Pages that are left out are zeros.
-  unpackedSize_ += section->size;
-  if (unpackedSize_ > largestUnpacked())
+  unpackedSize_ += std::min(section->size, largestUnpacked());
+  if (section->size >= largestUnpacked() || unpackedSize_ > largestUnpacked())
     return refusal(place, wideName + L" is larger than the file can hold");
   std::string content(static_cast<std::size_t>(section->size), '\0');
   for (const SectionPage& page : section->pages) {
@@ -129,21 +120,8 @@ base::Result<std::string> PagedFile::unpacked(const char* name, bool isNeeded) {
 }
 
 base::Status PagedFile::readSections() {
-  struct Wanted {
-    const char* name;
-    std::string UnpackedSections::*content;
-  };
-  constexpr Wanted kWanted[] = {{kHeaderName, &UnpackedSections::header},
-                                {kClassesName, &UnpackedSections::classes},
-                                {kHandlesName, &UnpackedSections::handles},
-                                {kObjectsName, &UnpackedSections::objects}};
-  for (const Wanted& wanted : kWanted) {
-    auto content = unpacked(wanted.name, true);
-    if (!content) return content.failure();
-    sections_.*wanted.content = std::move(content.value());
-  }
-  if (auto content = unpacked(kAuxHeaderName, false)) sections_.auxHeader = std::move(content.value());
-  if (auto content = unpacked(kFreeSpaceName, false)) sections_.freeSpace = std::move(content.value());
+  const auto unpack = [&](const char* name, bool isNeeded) { return unpacked(name, isNeeded); };
+  if (auto read = readUnpacked(sections_, unpack); !read) return read;
   return readContent(sections_, placeOf(*section(kHeaderName)), placeOf(*section(kClassesName)),
                      placeOf(*section(kHandlesName)));
 }
@@ -152,12 +130,8 @@ base::Result<std::string> PagedFile::write(const FileChanges& changes) const {
   auto changed = changedSections(*this, sections_, changes);
   if (!changed) return changed.failure();
   if (changed.value().empty()) return std::string(file());
-  const std::map<std::string, const std::string*> old = {
-      {kHeaderName, &sections_.header},       {kClassesName, &sections_.classes},
-      {kHandlesName, &sections_.handles},     {kObjectsName, &sections_.objects},
-      {kAuxHeaderName, &sections_.auxHeader}, {kFreeSpaceName, &sections_.freeSpace}};
   PagedWriter writer(file(), header_, pages_, map_);
-  for (const auto& [name, content] : changed.value()) writer.change(name, *old.at(name), content);
+  for (const auto& [name, content] : changed.value()) writer.change(name, sections_.named(name), content);
   return writer.written();
 }
 

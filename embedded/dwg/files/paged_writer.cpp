@@ -11,8 +11,6 @@
 namespace cad::dwg {
 namespace {
 
-// The file's beginning tells where the data of these begin: the preview, the summary and others.
-constexpr std::uint64_t kAddressesAt[] = {0x0D, 0x1C, 0x20, 0x24, 0x2C, 0x30};
 // Content is filled up with zeros to a whole page, but for pages of a size that nobody has.
 constexpr std::size_t kLargestFilled = 0x10000, kLeastContent = 4;
 

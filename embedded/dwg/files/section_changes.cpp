@@ -1,5 +1,8 @@
 #include "embedded/dwg/files/section_changes.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "embedded/dwg/files/object_changes.h"
 #include "embedded/dwg/files/object_map.h"
 #include "embedded/dwg/files/raw_values.h"
@@ -7,6 +10,45 @@
 #include "embedded/dwg/files/splices.h"
 
 namespace cad::dwg {
+namespace {
+
+struct Named {
+  const char* name;
+  bool isNeeded;
+  std::string UnpackedSections::*content;
+};
+constexpr Named kSections[] = {{kHeaderName, true, &UnpackedSections::header},
+                               {kClassesName, true, &UnpackedSections::classes},
+                               {kHandlesName, true, &UnpackedSections::handles},
+                               {kObjectsName, true, &UnpackedSections::objects},
+                               {kAuxHeaderName, false, &UnpackedSections::auxHeader},
+                               {kFreeSpaceName, false, &UnpackedSections::freeSpace}};
+
+}  // namespace
+
+const std::string& UnpackedSections::named(std::string_view name) const {
+  const auto found = std::find_if(std::begin(kSections), std::end(kSections),
+                                  [&](const Named& n) { return n.name == name; });
+  return this->*found->content;
+}
+
+base::Status readUnpacked(UnpackedSections& sections,
+                          const std::function<base::Result<std::string>(const char*, bool)>& unpack) {
+  for (const Named& section : kSections) {
+    auto content = unpack(section.name, section.isNeeded);
+    if (content) {
+      sections.*section.content = std::move(content.value());
+    } else if (section.isNeeded) {
+      return content.failure();
+    }
+  }
+  return {};
+}
+
+bool isEncrypted(std::string_view file) {
+  constexpr std::uint32_t kData = 1, kProperties = 2;
+  return (rawAt<std::uint32_t>(file, kSecurityAt) & (kData | kProperties)) != 0;
+}
 
 base::Result<std::map<std::string, std::string>> changedSections(const DwgFile& file,
                                                                  const UnpackedSections& sections,

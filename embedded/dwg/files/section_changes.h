@@ -2,6 +2,7 @@
 // What changes in the sections of a file since 2004, as they read when they are unpacked.
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -24,7 +25,19 @@ struct UnpackedSections {
   // Not needed to read the drawing: empty where the file does not have them, or not as they should be.
   std::string auxHeader, freeSpace;
   FramedSection headerFrame, classesFrame;
+
+  const std::string& named(std::string_view name) const;
 };
+
+// Has all of them unpacked by unpack(name, isNeeded); fails when that of a needed one does.
+base::Status readUnpacked(UnpackedSections& sections,
+                          const std::function<base::Result<std::string>(const char*, bool)>& unpack);
+
+// The file's beginning since 2004: whether the drawing is encrypted, and where the addresses of the preview,
+// the summary and others stand.
+inline constexpr std::uint64_t kSecurityAt = 0x18;
+bool isEncrypted(std::string_view file);
+inline constexpr std::uint64_t kAddressesAt[] = {0x0D, 0x1C, 0x20, 0x24, 0x2C, 0x30};
 
 // The new content of each section that becomes another. Failures: see DwgFile::write().
 base::Result<std::map<std::string, std::string>> changedSections(const DwgFile& file,
