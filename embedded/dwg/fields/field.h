@@ -113,7 +113,8 @@ class Fields {
  public:
   Fields(std::string_view data, Version version, Handle own) : data_(data), version_(version), own_(own) {}
 
-  // False: the data ends within its fields, or tells what cannot be. Then the fields up to there are here.
+  // False: the data ends within its fields, tells what cannot be, or has more than four million of them. Then
+  // the fields up to there are here.
   bool intact() const { return intact_; }
   // Whether the class is described; else here are the fields that all objects have.
   bool complete() const { return complete_; }

@@ -6,6 +6,8 @@ namespace cad::dwg {
 namespace {
 
 constexpr std::uint64_t kSizeFieldBits = 32;
+// A field may take two bits only; what has as many as this was made to use memory up.
+constexpr std::size_t kMostFields = std::size_t{1} << 22;
 
 }  // namespace
 
@@ -44,6 +46,11 @@ void FieldReader::implied(std::string_view name, Part part, Value value, std::ui
 }
 
 const Value& FieldReader::visit(const FieldSpec& spec) {
+  if (fields_.fields_.size() >= kMostFields) {
+    fail();
+    readData_.fail(), text_.fail(), handles_.fail();
+    fields_.fields_.pop_back();
+  }
   Field& field = fields_.fields_.emplace_back();
   field.name = spec.name, field.part = spec.part, field.index = indexOf(spec.index), field.type = spec.type;
   field.stream = streamOf(spec.type, version());

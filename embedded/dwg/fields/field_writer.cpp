@@ -109,6 +109,7 @@ Value FieldWriter::valueOf(const FieldSpec& spec, const Field* from) const {
     if (changed != nullptr) return use(spec.name, spec.index, Part::kWhole), coordinate(*changed, spec.part);
   }
   if (from != nullptr) return from->value;
+  if (spec.type == BitType::kBytes) return std::string(static_cast<std::size_t>(spec.size), '\0');
   if (spec.type != BitType::kHandle) return spec.fallback;
   return referenceTo(spec, nullptr, 0);
 }

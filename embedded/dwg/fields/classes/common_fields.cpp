@@ -20,6 +20,16 @@ void graphics(FieldVisitor& v) {
   v.bytes("graphics", static_cast<std::uint64_t>(size));
 }
 
+void colorReference(FieldVisitor& v) {
+  const Color* wish = v.wantedColor("color", 0);
+  const bool given = wish != nullptr && wish->reference;
+  v.visit({.name = "color",
+           .type = BitType::kHandle,
+           .part = Part::kReference,
+           .fallback = HandleReference{5, 0, given ? *wish->reference : 0},
+           .derived = given});
+}
+
 }  // namespace
 
 void describeEntity(FieldVisitor& v) {
@@ -48,11 +58,7 @@ void describeEntity(FieldVisitor& v) {
   };
   if (v.before(kR2000)) v.handle("layer"), linetypeOf();
   if (!noLinks) v.handle("previous", kNearCode), v.handle("next", kNearCode);
-  if (hasColorReference)
-    v.visit({.name = "color",
-             .type = BitType::kHandle,
-             .part = Part::kReference,
-             .fallback = HandleReference{5, 0, 0}});
+  if (hasColorReference) colorReference(v);
   if (v.since(kR2000)) v.handle("layer"), linetypeOf();
   if (material == kByHandle) v.handle("material");
   if (plotStyle == kByHandle) v.handle("plot style");

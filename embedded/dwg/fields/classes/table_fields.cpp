@@ -37,7 +37,8 @@ void linetype(FieldVisitor& v) {
   v.text("description");
   v.bd("pattern length");
   v.rc("alignment", kAligned);
-  const auto dashes = static_cast<std::uint32_t>(v.rc("dash count"));
+  constexpr std::uint64_t kLeastDash = 138;  // bits
+  const std::uint32_t dashes = v.count(BitType::kRC, "dash count", kLeastDash);
   bool texts = v.before(kR2007);
   for (std::uint32_t i = 0; i < dashes; ++i) {
     v.bd("dash length", 0, i);
