@@ -44,12 +44,21 @@ std::uint64_t BitReader::bits(unsigned count) {
     failed_ = true;
     return 0;
   }
+  const auto byte = static_cast<std::size_t>(at_ >> 3);
+  constexpr unsigned kWord = 64, kMostAtOnce = kWord - 7;
+  if (count <= kMostAtOnce && count > 0 && bytes_.size() - byte >= sizeof(std::uint64_t)) {
+    std::uint64_t word = 0;
+    for (unsigned i = 0; i < sizeof word; ++i) word = word << 8 | static_cast<std::uint8_t>(bytes_[byte + i]);
+    const auto inByte = static_cast<unsigned>(at_ & 7);
+    at_ += count;
+    return word << inByte >> (kWord - count);
+  }
   std::uint64_t value = 0;
   while (count > 0) {
     const unsigned inByte = static_cast<unsigned>(at_ & 7), free = 8 - inByte;
     const unsigned taken = count < free ? count : free;
-    const auto byte = static_cast<std::uint8_t>(bytes_[static_cast<std::size_t>(at_ >> 3)]);
-    value = value << taken | ((byte >> (free - taken)) & ((1U << taken) - 1));
+    const auto from = static_cast<std::uint8_t>(bytes_[static_cast<std::size_t>(at_ >> 3)]);
+    value = value << taken | ((from >> (free - taken)) & ((1U << taken) - 1));
     at_ += taken, count -= taken;
   }
   return value;

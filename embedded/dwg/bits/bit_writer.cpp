@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <bit>
 
+#include "embedded/dwg/bits/bit_reader.h"
+
 namespace cad::dwg {
 namespace {
 
@@ -13,33 +15,36 @@ bool isZero(double value) { return std::bit_cast<std::uint64_t>(value) == 0; }  
 }  // namespace
 
 void BitWriter::bits(std::uint64_t value, unsigned count) {
+  const auto needed = static_cast<std::size_t>((size_ + count + 7) / 8);
+  if (needed > bytes_.size()) bytes_.resize(needed, '\0');
+  char* at = bytes_.data() + size_ / 8;
+  unsigned free = 8 - static_cast<unsigned>(size_ & 7);
+  size_ += count;
   while (count > 0) {
-    const unsigned inByte = static_cast<unsigned>(size_ & 7), free = 8 - inByte;
     const unsigned put = std::min(count, free);
-    if (size_ / 8 == bytes_.size()) bytes_ += '\0';
     const auto part = static_cast<unsigned>(value >> (count - put)) & ((1U << put) - 1);
-    char& byte = bytes_[static_cast<std::size_t>(size_ / 8)];
-    byte = static_cast<char>(static_cast<std::uint8_t>(byte) | part << (free - put));
-    size_ += put, count -= put;
+    *at = static_cast<char>(static_cast<std::uint8_t>(*at) | part << (free - put));
+    ++at, free = 8, count -= put;
   }
 }
 
 void BitWriter::copy(std::string_view source, std::uint64_t begin, std::uint64_t end) {
-  const auto byteAt = [&](std::uint64_t bit) {
-    return static_cast<std::uint8_t>(source[static_cast<std::size_t>(bit >> 3)]);
-  };
-  const auto few = [&](std::uint64_t limit) {
-    for (; begin < limit; ++begin) bits(byteAt(begin) >> (7 - (begin & 7)) & 1U, 1);
-  };
-  few(std::min(end, (begin + 7) / 8 * 8));
-  if ((size_ & 7) == 0 && end - begin >= 8) {
-    const std::size_t from = static_cast<std::size_t>(begin / 8),
-                      length = static_cast<std::size_t>((end - begin) / 8);
-    bytes_.append(source, from, length);
-    size_ += std::uint64_t{length} * 8, begin += std::uint64_t{length} * 8;
+  constexpr std::uint64_t kAtOnce = 56;
+  BitReader reader(source, begin, end);
+  while (reader.left() > 0) {
+    if ((size_ & 7) == 0 && (reader.position() & 7) == 0 && reader.left() >= 8) {
+      const auto length = static_cast<std::size_t>(reader.left() / 8);
+      bytes_.append(source, static_cast<std::size_t>(reader.position() / 8), length);
+      size_ += std::uint64_t{length} * 8;
+      reader.skip(std::uint64_t{length} * 8);
+      continue;
+    }
+    // Up to the end of a byte first, where both end together.
+    const std::uint64_t toByte = 8 - (size_ & 7);
+    const bool alike = (size_ & 7) == (reader.position() & 7);
+    const auto count = static_cast<unsigned>(std::min(reader.left(), alike ? toByte : kAtOnce));
+    bits(reader.bits(count), count);
   }
-  for (; end - begin >= 8; begin += 8) bits(byteAt(begin), 8);
-  few(end);
 }
 
 void BitWriter::rs(std::uint16_t value) {

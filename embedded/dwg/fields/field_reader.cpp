@@ -6,6 +6,7 @@ namespace cad::dwg {
 namespace {
 
 constexpr std::uint64_t kSizeFieldBits = 32;
+constexpr std::size_t kUsualFields = 40;
 // A field may take two bits only; what has as many as this was made to use memory up.
 constexpr std::size_t kMostFields = std::size_t{1} << 22;
 
@@ -18,7 +19,9 @@ FieldReader::FieldReader(std::string_view data, const Streams& streams, Version 
       readData_(data, streams.dataBegin, streams.dataEnd),
       text_(data, streams.textBegin, streams.textEnd),
       handles_(data, streams.handleBegin, streams.handleEnd),
-      handlesInData_(streams.handlesInData) {}
+      handlesInData_(streams.handlesInData) {
+  fields_.fields_.reserve(kUsualFields);
+}
 
 BitReader& FieldReader::readerOf(Stream stream) {
   if (stream == Stream::kData) return readData_;

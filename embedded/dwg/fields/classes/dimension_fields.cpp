@@ -61,7 +61,7 @@ void own(FieldVisitor& v) {
       return arc(v);
     case ObjectKind::kDimensionJogged:
       v.point3bd("point 10"), v.point3bd("point 15");
-      v.bd("leader length");
+      v.bd("jog angle");
       v.point3bd("point 13"), v.point3bd("point 14");
       return;
     default:
