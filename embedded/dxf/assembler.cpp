@@ -27,8 +27,12 @@ void setOnce(RecordId& slot, RecordId id) {
 
 }  // namespace
 
+constexpr Assembler::DullCodes Assembler::kDull = dullInEntities(true);
+constexpr Assembler::DullCodes Assembler::kDullBehindHandle = dullInEntities(false);
+
 bool Assembler::begin(std::string_view value, std::uint64_t offset) {
   std::string_view type = trimmed(value);
+  if (open_ && place_ == Place::kEntities && plainTypes_.holds(type)) return beginPlain(type, offset);
   if (std::ranges::any_of(type, [](char c) { return c != asciiUpper(c); })) {
     upperType_.assign(type);
     for (char& c : upperType_) c = asciiUpper(c);
@@ -47,20 +51,25 @@ bool Assembler::begin(std::string_view value, std::uint64_t offset) {
   record_.offset = offset;
   open_ = named_ = true;
   entity_ = layerNames_ = false;
-  if (place_ == Place::kEntities && type == plainType_) {
-    record_.owner = LoadedRecords::kInModelSpace;
-    record_.kind = RecordKind::kEntity;
-    entity_ = true;
-    main_ = kNoRecord;
-    reader_.begin(type);
-    handles_.begin(record_);
-    return true;
-  }
   classify(type);
-  handles_.begin(record_);
+  beginGroups();
   sawEnd_ = type == "EOF";
   sectionEnded_ = type == "ENDSEC";
   return !sawEnd_;
+}
+
+bool Assembler::beginPlain(std::string_view type, std::uint64_t offset) {
+  if (!close(offset)) return false;
+  record_ = Record{};
+  record_.offset = offset;
+  record_.owner = LoadedRecords::kInModelSpace;
+  record_.kind = RecordKind::kEntity;
+  entity_ = named_ = true;
+  layerNames_ = false;
+  main_ = kNoRecord;
+  reader_.begin(type);
+  beginGroups();
+  return true;
 }
 
 bool Assembler::close(std::uint64_t end) {
@@ -214,7 +223,7 @@ void Assembler::classifyEntity(std::string_view type) {
     record_.kind = RecordKind::kEntity;
     mainIsInsert_ = type == "INSERT";
     main_ = mainIsInsert_ || type == "POLYLINE" ? static_cast<RecordId>(loaded_.records.size()) : kNoRecord;
-    plainType_ = main_ == kNoRecord && type.data() != upperType_.data() ? type : std::string_view();
+    if (main_ == kNoRecord && type.data() != upperType_.data()) plainTypes_.note(type);
   }
   reader_.begin(type.data() == upperType_.data() ? loaded_.names.stored(loaded_.names.intern(type)) : type);
 }

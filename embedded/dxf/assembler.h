@@ -1,6 +1,7 @@
 #pragma once
 // Turns the stream of a file's groups into records.
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -15,6 +16,25 @@
 
 namespace cad::dxf {
 
+// The types of entities that were met, of those that have no parts. Hardly anything is asked about another
+// entity of such a type.
+class PlainTypes {
+ public:
+  bool holds(std::string_view type) const { return !type.empty() && met_[place(type)] == type; }
+  void note(std::string_view type) {
+    if (!type.empty()) met_[place(type)] = type;
+  }
+
+ private:
+  static std::size_t place(std::string_view type) {
+    return (type.size() + static_cast<unsigned char>(type.front()) * 3u +
+            static_cast<unsigned char>(type[type.size() / 2])) %
+           kPlaces;
+  }
+  static constexpr std::size_t kPlaces = 64;
+  std::array<std::string_view, kPlaces> met_;
+};
+
 class Assembler {
  public:
   // `size`: the length of the file.
@@ -25,7 +45,7 @@ class Assembler {
 
   // A group of this code, other than the file's last, is of no concern here.
   bool passesOver(int code) const {
-    return code != 0 && entity_ && !SignatureReader::heeds(code) && !handles_.awaits(code);
+    return static_cast<std::size_t>(code) < DullCodes().size() && (*dull_)[static_cast<std::size_t>(code)];
   }
   // `offset`: where the group begins in the file. False: the file is at its end, or failed() says why not.
   bool group(int code, std::string_view value, std::uint64_t offset) {
@@ -33,6 +53,7 @@ class Assembler {
     handles_.group(code, value);
     if (entity_) {
       reader_.group(code, value);
+      if (!handles_.awaits(kUsualHandle)) dull_ = &kDullBehindHandle;
     } else if (code == 2 && !named_) {
       named_ = true;
       name(value);
@@ -53,9 +74,27 @@ class Assembler {
   const FileFrame& frame() const { return frame_; }
 
  private:
+  // The codes of groups that say nothing here: outside of entities none, and of their handles only the first
+  // counts.
+  using DullCodes = std::array<bool, 1000>;
+  static constexpr DullCodes dullInEntities(bool awaitsHandle) {
+    DullCodes dull{};
+    for (std::size_t code = 1; code < dull.size(); ++code)
+      dull[code] = !SignatureReader::heeds(static_cast<int>(code)) && !(awaitsHandle && code == kUsualHandle);
+    return dull;
+  }
+  static constexpr DullCodes kNoneDull{};
+  static const DullCodes kDull, kDullBehindHandle;
+  const DullCodes* dull_ = &kNoneDull;
+  void beginGroups() {
+    handles_.begin(record_);
+    dull_ = entity_ ? &kDull : &kNoneDull;
+  }
+
   enum class Place : std::uint8_t { kOutside, kHeader, kTables, kBlocks, kEntities, kObjects, kUnknown };
 
   bool begin(std::string_view type, std::uint64_t offset);
+  bool beginPlain(std::string_view type, std::uint64_t offset);
   bool close(std::uint64_t end);
   void name(std::string_view value);
   void classify(std::string_view type);
@@ -78,7 +117,7 @@ class Assembler {
   std::vector<RecordId> blocks_;
   bool mainIsInsert_ = false;
   std::string upperType_;
-  std::string_view plainType_;  // of the last entity when such entities have no parts: most follow their like
+  PlainTypes plainTypes_;
   SignatureCache signatures_;
   LargestHandle handles_;
   const wchar_t* failure_ = nullptr;

@@ -1,6 +1,7 @@
 #include "embedded/dxf/group_cursor.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
@@ -74,26 +75,28 @@ std::optional<double> parseReal(std::string_view text) {
   return value;
 }
 
+constexpr std::array<std::uint8_t, 256> kHexDigits = [] {
+  std::array<std::uint8_t, 256> digits{};
+  digits.fill(0xFF);
+  for (std::uint8_t i = 0; i < 16; ++i) digits[static_cast<unsigned char>("0123456789ABCDEF"[i])] = i;
+  return digits;
+}();
+
 // Digits as nearly all files have them: few, upper-case, without blanks.
 std::optional<Handle> plainHex(std::string_view digits) {
   if (digits.empty() || digits.size() > 15) return std::nullopt;
   Handle value = 0;
+  std::uint8_t unfit = 0;
   for (const char c : digits) {
-    const bool decimal = c >= '0' && c <= '9';
-    if (!decimal && (c < 'A' || c > 'F')) return std::nullopt;
-    value = value << 4 | static_cast<Handle>(decimal ? c - '0' : c - 'A' + 10);
+    const std::uint8_t digit = kHexDigits[static_cast<unsigned char>(c)];
+    unfit |= digit;
+    value = value << 4 | digit;
   }
+  if (unfit > 0xF) return std::nullopt;
   return value;
 }
 
 }  // namespace
-
-std::string_view trimmed(std::string_view value) {
-  const auto blank = [](char c) { return c == ' ' || c == '\t' || c == '\r'; };
-  while (!value.empty() && blank(value.front())) value.remove_prefix(1);
-  while (!value.empty() && blank(value.back())) value.remove_suffix(1);
-  return value;
-}
 
 bool readTextGroup(std::string_view bytes, std::size_t position, LineEnd lineEnd, Group& group) {
   return lineEnd == LineEnd::kCr ? readLines<'\r'>(bytes, position, group)

@@ -31,6 +31,13 @@ inline constexpr int kLayerName = 1003;  // in extended data
 bool readTextGroup(std::string_view bytes, std::size_t position, LineEnd lineEnd, Group& group);
 bool readBinaryGroup(std::string_view bytes, std::size_t position, bool wideCodes, Group& group);
 bool readGroup(std::string_view bytes, std::size_t position, const Dialect& dialect, Group& group);
+// The group's second line, which begins at `at`.
+template <char kEnd>
+inline void readValueLine(const char* base, const char* at, const char* end, Group& group) {
+  const char* const lineEnd = takeValue<kEnd>(at, end, group.value);
+  group.valueBegin = static_cast<std::uint32_t>(at - base);
+  group.end = static_cast<std::uint32_t>((lineEnd == end ? end : lineEnd + 1) - base);
+}
 // Of a text file whose lines end so.
 template <char kEnd>
 inline bool readLines(std::string_view bytes, std::size_t position, Group& group) {
@@ -39,10 +46,8 @@ inline bool readLines(std::string_view bytes, std::size_t position, Group& group
   const char* const end = base + bytes.size();
   const char* at = base + position;
   if (!takeCode<kEnd>(at, end, group.code)) return false;
-  const char* const lineEnd = takeValue<kEnd>(at, end, group.value);
   group.begin = static_cast<std::uint32_t>(position);
-  group.valueBegin = static_cast<std::uint32_t>(at - base);
-  group.end = static_cast<std::uint32_t>((lineEnd == end ? end : lineEnd + 1) - base);
+  readValueLine<kEnd>(base, at, end, group);
   return true;
 }
 
@@ -60,18 +65,53 @@ class GroupCursor {
     } while (found && group_.code == kComment);
     return found;
   }
+  // The next group of a code that is not dull; passed() then says where the last of those between ends, 0:
+  // there was none.
+  template <class IsDull>
+  bool next(IsDull isDull) {
+    passed_ = 0;
+    if (dialect_.binary || dialect_.lineEnd == LineEnd::kCr) {
+      for (;; passed_ = group_.end) {
+        if (!next()) return false;
+        if (!isDull(group_.code)) return true;
+      }
+    }
+    const char* const base = bytes_.data();
+    const char* const end = base + bytes_.size();
+    for (const char* at = base + group_.end; at < end;) {
+      const char* const begin = at;
+      if (!takeCode<'\n'>(at, end, group_.code)) return false;
+      const bool isComment = group_.code == kComment;
+      if (!isComment && !isDull(group_.code)) {
+        group_.begin = static_cast<std::uint32_t>(begin - base);
+        readValueLine<'\n'>(base, at, end, group_);
+        return true;
+      }
+      at = findLineEnd<'\n'>(at, end);
+      if (at < end) ++at;
+      if (!isComment) passed_ = static_cast<std::uint32_t>(at - base);
+    }
+    return false;
+  }
+  std::uint32_t passed() const { return passed_; }
   const Group& group() const { return group_; }
 
  private:
   std::string_view bytes_;
   const Dialect& dialect_;
   Group group_;
+  std::uint32_t passed_ = 0;
 };
 
 // The comments among the groups of `bytes`, which are whole groups.
 std::string commentsIn(std::string_view bytes, const Dialect& dialect);
 
-std::string_view trimmed(std::string_view value);
+constexpr bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
+constexpr std::string_view trimmed(std::string_view value) {
+  while (!value.empty() && isBlank(value.front())) value.remove_prefix(1);
+  while (!value.empty() && isBlank(value.back())) value.remove_suffix(1);
+  return value;
+}
 // ASCII letters in either case: files write the format's own words in any.
 constexpr char asciiUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 constexpr bool equalNoCase(std::string_view a, std::string_view b) {

@@ -13,10 +13,12 @@ namespace cad::dxf {
 inline constexpr int kNoHandle = -1;  // a record of this kind has none
 
 // The code of the group in which a record has its handle.
+inline constexpr int kUsualHandle = 5;
 constexpr int handleCode(const Record& record) {
-  constexpr int kUsual = 5, kOfDimStyle = 105;  // there group 5 is an arrow block's name
+  constexpr int kOfDimStyle = 105;  // there group 5 is an arrow block's name
   if (record.kind == RecordKind::kFrame || record.kind == RecordKind::kOther) return kNoHandle;
-  return record.table == Table::kDimStyle && record.kind == RecordKind::kTableRecord ? kOfDimStyle : kUsual;
+  return record.table == Table::kDimStyle && record.kind == RecordKind::kTableRecord ? kOfDimStyle
+                                                                                     : kUsualHandle;
 }
 
 class LargestHandle {

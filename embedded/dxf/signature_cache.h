@@ -42,8 +42,10 @@ class SignatureCache {
   static std::uint64_t hashOf(const SignatureReader::Fields& fields) {
     std::uint64_t hash = fields.type.size();
     for (const std::string_view part :
-         {fields.type, fields.layer, fields.linetype, fields.style, fields.color})
-      hash = mixed(hash, part);
+         {fields.type, fields.layer, fields.linetype, fields.style, fields.color}) {
+      hash = hash << 9 | hash >> 55;
+      if (!part.empty()) hash = mixed(hash, part);
+    }
     return hash;
   }
 

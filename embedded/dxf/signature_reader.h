@@ -16,7 +16,7 @@ namespace cad::dxf {
 class SignatureReader {
  public:
   // Whether a group of this code says anything here: most of a drawing is coordinates, which do not.
-  static bool heeds(int code) {
+  static constexpr bool heeds(int code) {
     return code < 0 || code >= kCodes || kHeeded[static_cast<std::size_t>(code)];
   }
 

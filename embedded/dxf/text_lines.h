@@ -39,15 +39,26 @@ bool takeAnyCode(const char*& at, const char* end, int& code);
 extern template bool takeAnyCode<'\n'>(const char*& at, const char* end, int& code);
 extern template bool takeAnyCode<'\r'>(const char*& at, const char* end, int& code);
 
-// The three columns in which most programs write a code, and what is read from them at once.
-inline constexpr std::array<std::uint32_t, 1000> kCodeColumns = [] {
-  std::array<std::uint32_t, 1000> columns{};
-  for (std::uint32_t code = 0; code < columns.size(); ++code) {
+// The three columns in which most programs write a code, and what is read from them at once: their digits
+// give the place in a table, whose columns tell whether they are digits and blanks as they should be.
+constexpr std::size_t kColumnPlaces = 4096;
+constexpr std::size_t columnPlace(std::uint32_t columns) {
+  // The low halves of the three bytes, put side by side.
+  return ((columns & 0x0F0F0F) * 0x01001001u >> 16) % kColumnPlaces;
+}
+struct CodeColumns {
+  std::uint32_t columns = 0;
+  int code = 0;
+};
+inline constexpr std::array<CodeColumns, kColumnPlaces> kCodeColumns = [] {
+  std::array<CodeColumns, kColumnPlaces> places{};
+  for (std::uint32_t code = 0; code < 1000; ++code) {
     const std::uint32_t hundreds = code < 100 ? ' ' : '0' + code / 100,
                         tens = code < 10 ? ' ' : '0' + code / 10 % 10;
-    columns[code] = hundreds | tens << 8 | ('0' + code % 10) << 16;
+    const std::uint32_t columns = hundreds | tens << 8 | ('0' + code % 10) << 16;
+    places[columnPlace(columns)] = {columns, static_cast<int>(code)};
   }
-  return columns;
+  return places;
 }();
 
 // As takeAnyCode().
@@ -56,15 +67,20 @@ inline bool takeCode(const char*& at, const char* end, int& code) {
   if (kEnd == '\n' && std::endian::native == std::endian::little && end - at >= 5) {
     std::uint32_t bytes = 0;
     std::memcpy(&bytes, at, sizeof bytes);
-    const std::uint32_t number = ((bytes & 0xF) * 10 + (bytes >> 8 & 0xF)) * 10 + (bytes >> 16 & 0xF);
-    const char* const lineEnd = at + (bytes >> 24 == '\r' ? 4 : 3);
-    if (number < kCodeColumns.size() && kCodeColumns[number] == (bytes & 0xFFFFFF) && *lineEnd == '\n') {
-      at = lineEnd + 1;
-      code = static_cast<int>(number);
+    const CodeColumns& found = kCodeColumns[columnPlace(bytes)];
+    const std::ptrdiff_t length = bytes >> 24 == '\r' ? 5 : 4;
+    if (found.columns == (bytes & 0xFFFFFF) && at[length - 1] == '\n') {
+      at += length;
+      code = found.code;
       return true;
     }
   }
-  return takeAnyCode<kEnd>(at, end, code);
+  const char* lineEnd = at;  // what is handed on would be kept in memory above, too
+  int anyCode = 0;
+  if (!takeAnyCode<kEnd>(lineEnd, end, anyCode)) return false;
+  at = lineEnd;
+  code = anyCode;
+  return true;
 }
 
 // The value that begins at `at`: the line without its end. Returns where the line ends.
