@@ -34,12 +34,14 @@ std::string_view DxfStorage::bytes(const Record& record, std::string& scratch) c
 }
 
 EditId DxfStorage::splice(const Record& record, const Splice& change) {
-  if (!edits_.isLong(record.edits)) {
-    return edits_.add(record.edits, change.offset, change.removed, change.bytes);
-  }
+  return splice(record, change.offset, change.removed, edits_.keepText(change.bytes));
+}
+
+EditId DxfStorage::splice(const Record& record, std::uint32_t offset, std::uint32_t removed, TextId text) {
+  if (!edits_.isLong(record.edits)) return edits_.add(record.edits, offset, removed, text);
   std::string scratch;
   std::string whole(bytes(record, scratch));
-  whole.replace(change.offset, change.removed, change.bytes);
+  whole.replace(offset, removed, edits_.text(text));
   return edits_.addWhole(record.edits, std::move(whole));
 }
 

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "embedded/drawing/storage.h"
+#include "embedded/dxf/common_look.h"
 #include "embedded/dxf/dialect.h"
 #include "embedded/dxf/edit_store.h"
 #include "embedded/dxf/file_frame.h"
@@ -126,6 +127,8 @@ class DxfStorage final : public RecordStorage {
   std::string_view original(const Record& record) const;
   bool namesLayers(std::string_view bytes) const;  // in extended data
   EditId setGeneric(const Record& record, const PropertyPlace& place, const StoredValue& value);
+  EditId splice(const Record& record, std::uint32_t offset, std::uint32_t removed, TextId text);
+  EditId setCommon(const Record& record, const PropertyPlace& place, const StoredValue& value);
   EditId changeValue(const Record& record, const PropertyPlace& place, const Located& located,
                      const StoredValue& value);
   EditId withoutProperty(const Record& record, const PropertyPlace& place);
@@ -146,6 +149,8 @@ class DxfStorage final : public RecordStorage {
   // Where the property of the place stands in the record's present bytes. Kept until the next call: a value
   // is mostly read before it is changed.
   const Located& look(const Record& record, const PropertyPlace& place) const;
+  // The same for what every entity has, of a record in which it has not strayed.
+  const CommonLook& commonLook(const Record& record) const;
 
   std::shared_ptr<const SourceBytes> source_;
   std::string_view file_;  // its bytes
@@ -163,15 +168,32 @@ class DxfStorage final : public RecordStorage {
   Handle nextHandle_ = 0;                          // 0: not yet known
   bool withoutHandles_ = false;                    // an old file that has none
   std::optional<std::pair<EditId, Handle>> seed_;  // the header's next free handle in one of its states
-  struct Look {
-    const PropertyPlace* place = nullptr;
+  struct StateSeen {                               // of a record
     std::uint64_t offset = 0;
     EditId edits = kNoEdit;
     std::uint8_t flags = 0;
+    bool operator==(const StateSeen&) const = default;
+  };
+  static StateSeen stateOf(const Record& record) { return {record.offset, record.edits, record.flags}; }
+  struct Look {
+    const PropertyPlace* place = nullptr;
+    StateSeen of;
     std::string scratch;
     Located located;
   };
   mutable Look look_;
+  struct Common {
+    std::optional<StateSeen> of;
+    std::string scratch;
+    CommonLook look;
+  };
+  mutable Common common_;
+  struct NewGroup {
+    int code = -1;
+    StoredValue value;
+    TextId bytes = 0;
+  };
+  NewGroup newest_;                                        // put in by setCommon()
   mutable std::set<std::string, std::less<>> upperTypes_;  // of types that the file has in lower case
 };
 

@@ -40,12 +40,6 @@ bool EditStore::isLong(EditId edit) const {
   return length >= kLongestChain;
 }
 
-EditId EditStore::add(EditId previous, std::uint32_t offset, std::uint32_t removed,
-                      std::string_view replacement) {
-  edits_.push_back({offset, removed, keepText(replacement), previous});
-  return static_cast<EditId>(edits_.size() - 1);
-}
-
 EditId EditStore::addWhole(EditId previous, std::string bytes) {
   edits_.push_back({0, kWhole, keepRecord(std::move(bytes)), previous});
   return static_cast<EditId>(edits_.size() - 1);

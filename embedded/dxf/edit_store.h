@@ -22,12 +22,15 @@ class EditStore {
   EditStore(const EditStore&) = delete;  // shared_ refers to the texts
   EditStore& operator=(const EditStore&) = delete;
 
-  TextId keepText(std::string_view bytes);  // equal bytes are kept once
-  TextId keepRecord(std::string bytes);     // not shared
-  std::string_view text(TextId id) const { return texts_[id]; }
+  TextId keepText(std::string_view bytes);                       // equal bytes are kept once
+  TextId keepRecord(std::string bytes);                          // not shared
+  std::string_view text(TextId id) const { return texts_[id]; }  // stays there
 
   // Replaces `removed` bytes at `offset` of the state `previous`.
-  EditId add(EditId previous, std::uint32_t offset, std::uint32_t removed, std::string_view replacement);
+  EditId add(EditId previous, std::uint32_t offset, std::uint32_t removed, TextId replacement) {
+    edits_.push_back({offset, removed, replacement, previous});
+    return static_cast<EditId>(edits_.size() - 1);
+  }
   // A long chain is to be cut short by an edit that holds the whole record.
   bool isLong(EditId edit) const;
   EditId addWhole(EditId previous, std::string bytes);

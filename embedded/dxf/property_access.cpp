@@ -1,5 +1,6 @@
 // Reading and writing of typed properties in DXF records.
 
+#include <algorithm>
 #include <optional>
 #include <string>
 
@@ -11,6 +12,7 @@
 namespace cad::dxf {
 namespace {
 
+constexpr int kLayerCode = 8;
 constexpr double kDefaultWeight = -3;  // of layers: the host's default weight; entities follow their layer
 
 // Whether a record without the group already has this value.
@@ -75,7 +77,8 @@ std::string groupBytes(const Dialect& dialect, int code, const StoredValue& valu
 
 bool hasLineBreak(const StoredValue& value) {
   const auto* text = std::get_if<std::string>(&value);
-  return text != nullptr && text->find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos;
+  return text != nullptr &&
+         std::ranges::any_of(*text, [](char c) { return c == '\r' || c == '\n' || c == '\0'; });
 }
 
 // Records that were added have not been looked through.
@@ -139,16 +142,24 @@ EntityLooks DxfStorage::looks(const Record& entity) const {
 }
 
 StoredValue DxfStorage::property(const Record& record, Property property) const {
-  const std::string_view type = typeName(record);
-  const PropertyPlace* place = findPlace(record.kind, type, property);
+  const PropertyPlace* place = findCommonPlace(record.kind, property);
+  std::string_view type;
+  if (place == nullptr) {
+    type = typeName(record);
+    place = findPlace(record.kind, type, property);
+  }
   if (place == nullptr) return {};
   if (isSpecial(type, *place)) {
     std::string scratch;
     return readSpecial(bytes(record, scratch), dialect_, type, property);
   }
-  const Located& located = look(record, *place);
-  if (!located.group) return {};
-  return readValue(*located.group, propertyInfo(property).type, dialect_);
+  const Group* group = nullptr;
+  if (isCommon(*place) && !isStraying(record)) {
+    group = commonLook(record).find(place->code);
+  } else if (const Located& located = look(record, *place); located.group) {
+    group = &*located.group;
+  }
+  return group == nullptr ? StoredValue() : readValue(*group, propertyInfo(property).type, dialect_);
 }
 
 base::Result<EditId> DxfStorage::setProperty(Drawing& drawing, const Record& record, Property property,
@@ -185,18 +196,49 @@ base::Result<EditId> DxfStorage::changed(const Record& record, Property property
   }
   if (hasLineBreak(value)) return refused(L"There is a line break in the ");
   if (isSpecial(type, *place)) return writeSpecial(*this, record, type, property, value);
-  return setGeneric(record, *place, value);
+  return isCommon(*place) && !isStraying(record) ? setCommon(record, *place, value)
+                                                 : setGeneric(record, *place, value);
 }
 
 const Located& DxfStorage::look(const Record& record, const PropertyPlace& place) const {
-  const bool isKnown = look_.place == &place && look_.offset == record.offset &&
-                       look_.edits == record.edits && look_.flags == record.flags;
-  if (!isKnown) {
+  if (look_.place != &place || look_.of != stateOf(record)) {
     look_.located = locate(bytes(record, look_.scratch), dialect_, place, isStraying(record));
-    look_.place = &place, look_.offset = record.offset;
-    look_.edits = record.edits, look_.flags = record.flags;
+    look_.place = &place, look_.of = stateOf(record);
   }
   return look_.located;
+}
+
+const CommonLook& DxfStorage::commonLook(const Record& record) const {
+  if (common_.of != stateOf(record)) {
+    common_.look.read(bytes(record, common_.scratch), dialect_);
+    common_.of = stateOf(record);
+  }
+  return common_.look;
+}
+
+EditId DxfStorage::setCommon(const Record& record, const PropertyPlace& place, const StoredValue& value) {
+  commonLook(record);
+  CommonLook& seen = common_.look;
+  const Group* group = seen.find(place.code);
+  const bool removes =
+      (place.code == kColorNumber && seen.hasTrueColor()) || hasNoGroup(place.property, value);
+  if (removes || (group == nullptr && place.code == kLayerCode)) return setGeneric(record, place, value);
+  EditId state = kNoEdit;
+  if (group == nullptr) {
+    if (isDefault(record.kind, place.property, value)) return record.edits;
+    // Mostly entity after entity gets the same group.
+    if (newest_.code != place.code || newest_.value != value)
+      newest_ = {place.code, value, edits_.keepText(groupBytes(dialect_, place.code, value))};
+    state = splice(record, seen.insertAt(), 0, newest_.bytes);
+    seen.groupInserted(edits_.text(newest_.bytes), dialect_);
+  } else {
+    if (readValue(*group, propertyInfo(place.property).type, dialect_) == value) return record.edits;
+    const TextId bytes = edits_.keepText(valueBytes(dialect_, place.code, value, group->value));
+    state = splice(record, group->valueBegin, static_cast<std::uint32_t>(group->value.size()), bytes);
+    seen.valueReplaced(place.code, edits_.text(bytes));
+  }
+  common_.of->edits = state;
+  return state;
 }
 
 EditId DxfStorage::changeValue(const Record& record, const PropertyPlace& place, const Located& located,

@@ -105,11 +105,11 @@ bool hasCommonProperties(RecordKind kind) {
 class OwnGroups {
  public:
   explicit OwnGroups(std::string_view classes) : classes_(classes) {}
-  bool holds(const RegionCursor& cursor) {
-    if (cursor.region() != Region::kSubclass) return cursor.region() == Region::kHead;
-    if (cursor.subclass().data() != marker_) {
-      marker_ = cursor.subclass().data();
-      inside_ = isOwn(cursor.subclass());
+  bool holds(Region region, std::string_view subclass) {
+    if (region != Region::kSubclass) return region == Region::kHead;
+    if (subclass.data() != marker_) {
+      marker_ = subclass.data();
+      inside_ = isOwn(subclass);
     }
     return inside_;
   }
@@ -124,6 +124,9 @@ class OwnGroups {
   const char* marker_ = nullptr;
   bool inside_ = false;
 };
+
+// The codes that begin the parts of a record.
+constexpr int kFirstOfParts = 100, kLastOfParts = 102, kExtendedData = 1000;
 
 void noteTrueColor(const Group& group, Located& result) {
   if (group.code == kTrueColor) result.trueColor = group;
@@ -171,23 +174,35 @@ Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPla
   const bool mtext = place.subclass == kMText;
   bool sawSubclass = false, leftSubclass = false;
   OwnGroups own(place.subclass);
-  RegionCursor cursor(bytes, dialect);
-  while (cursor.next()) {
-    const Group& group = cursor.group();
-    if (!own.holds(cursor)) {
-      leftSubclass = leftSubclass || sawSubclass;
-      continue;
-    }
-    if (mtext && group.code == kMTextColumns) break;
+  RegionTracker tracker;
+  // Whether a group, or some of which nothing else is asked, is the place's; they end there.
+  const auto takes = [&](Region region, bool isMarker, std::uint32_t end) {
+    const bool isOwn = own.holds(region, tracker.subclass());
     // A text has its subclass twice; new groups belong into the first.
-    leftSubclass = leftSubclass || (sawSubclass && group.code == 100 && !place.subclass.empty());
-    sawSubclass = sawSubclass || cursor.region() == Region::kSubclass;
+    leftSubclass = leftSubclass || (sawSubclass && (!isOwn || (isMarker && !place.subclass.empty())));
+    if (!isOwn) return false;
+    sawSubclass = sawSubclass || region == Region::kSubclass;
+    if (!leftSubclass) result.insertAt = end;
+    return true;
+  };
+  const auto isDull = [&](int code) {
+    const bool isPart = code >= kFirstOfParts && (code <= kLastOfParts || code >= kExtendedData);
+    return code != place.code && !isPart && code != kTrueColor && code != kColorName && code != kMTextColumns;
+  };
+  GroupCursor cursor(bytes, dialect);
+  for (bool found = true; found;) {
+    found = cursor.next(isDull);
+    if (cursor.passed() != 0) takes(tracker.present(), false, cursor.passed());
+    if (!found) break;
+    const Group& group = cursor.group();
+    const Region region = tracker.enter(group.code, group.value);
+    if (mtext && group.code == kMTextColumns && own.holds(region, tracker.subclass())) break;
+    if (!takes(region, group.code == kFirstOfParts, group.end)) continue;
     if (group.code == place.code) result.group = group;
     if (place.code == kColorNumber) noteTrueColor(group, result);
-    if (!leftSubclass) result.insertAt = group.end;
   }
   // A record that has markers, but not this one: what other classes have of the code counts.
-  const bool lacksMarker = !sawSubclass && !cursor.subclass().empty() && place.subclass != kKnownClasses;
+  const bool lacksMarker = !sawSubclass && !tracker.subclass().empty() && place.subclass != kKnownClasses;
   if (!result.group && lacksMarker && !place.subclass.empty()) {
     return locate(bytes, dialect, {place.property, place.code, kKnownClasses, place.since}, straying);
   }

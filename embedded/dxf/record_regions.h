@@ -89,9 +89,11 @@ class RegionTracker {
  public:
   // The region of a group; call for every group in order.
   Region enter(int code, std::string_view value) {
-    if (code < 100) return application_ ? Region::kApplication : outer_;
+    if (code < 100) return present();
     return turn(code, value);
   }
+  // Of a group that begins no other part, if one comes next.
+  Region present() const { return application_ ? Region::kApplication : outer_; }
   std::string_view subclass() const { return subclass_; }  // the last marker's text
   const CommonGroups& common() const { return common_; }
 

@@ -1,6 +1,7 @@
 // Which groups of a record are the entity's own: the same codes stand elsewhere too.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <utility>
 
 #include "tests/embedded/dxf/dxf_text.h"
@@ -173,6 +174,48 @@ TEST(EditPlace, ManyChangesOfOneRecordStayRightAndCanBeTakenBack) {
   while (drawing->undo()) ++steps;
   EXPECT_EQ(steps, 200);
   EXPECT_EQ(saved(*drawing), before);
+}
+
+// What is known of a record follows its changes: they are those of as many readings.
+TEST(EditPlace, ChangesOneAfterAnotherAreThoseOfAFileReadAnewForEach) {
+  constexpr std::string_view kTables =
+      "0 TABLE|2 LAYER|70 1|0 LAYER|2 ANOTHER LAYER|70 0|62 7|6 CONTINUOUS|0 ENDTAB|"
+      "0 TABLE|2 LTYPE|70 1|0 LTYPE|2 DASHED|70 0|3 |72 65|73 0|40 0.0|0 ENDTAB";
+  using Change = std::function<base::Status(Drawing&, RecordId)>;
+  const Change toLayer = [](Drawing& drawing, RecordId id) {
+    return drawing.setText(id, Property::kLayer, L"Another Layer");
+  };
+  const Change toLinetype = [](Drawing& drawing, RecordId id) {
+    return drawing.setText(id, Property::kLinetype, L"Dashed");
+  };
+  const auto number = [](Property property, std::int64_t value) -> Change {
+    return [=](Drawing& drawing, RecordId id) { return drawing.setInteger(id, property, value); };
+  };
+  const Change changes[] = {number(Property::kColorIndex, 3),
+                            toLayer,
+                            number(Property::kLineWeight, 25),
+                            number(Property::kColorIndex, 252),
+                            toLinetype,
+                            number(Property::kTransparency, 0x2000010),
+                            number(Property::kInvisible, 1),
+                            number(Property::kTransparency, 0),
+                            number(Property::kColorIndex, 256),
+                            number(Property::kLineWeight, 211)};
+  for (const std::string_view entity :
+       {"0 LINE|5 A|100 AcDbEntity|8 OLD|62 1|420 255|100 AcDbLine|10 0.0", "0 LINE|5 A|8 OLD|999 no|10 0.0",
+        "0 TEXT|5 A|102 {X|8 no|102 }|100 AcDbEntity|6 OLD|8 OLD|370 13|100 AcDbText|40 1.0|100 AcDbText",
+        "0 LINE|5 A|100 AcDbEntity|100 AcDbLine|8 OLD|62 1|10 0.0"}) {
+    std::string file = drawingText("AC1024", entity, kTables);
+    const auto drawing = read(file);
+    const RecordId id = drawing->entitiesOf(drawing->modelSpace()).at(0);
+    for (const Change& change : changes) {
+      const auto anew = read(file);
+      ASSERT_TRUE(change(*anew, anew->entitiesOf(anew->modelSpace()).at(0)).ok()) << entity;
+      ASSERT_TRUE(change(*drawing, id).ok()) << entity;
+      file = saved(*anew);
+      ASSERT_EQ(saved(*drawing), file) << entity;
+    }
+  }
 }
 
 }  // namespace
