@@ -230,7 +230,7 @@ class EntityPasses {
 
   void tellHit(AcDbObjectId id, KivObservedHit hit) const {
     if (run_.observer == nullptr) return;
-    const KivObservedObject object = observed(id);
+    const KivObservedObject object{id.asOldId()};
     run_.observer->objectHit(run_.observer->context, &object, hit);
   }
 

@@ -80,7 +80,7 @@ void testObserved(const KivRunObserver& observer, const LayerFacts& layer, const
   for (const auto& [kind, at] : last) {
     if (!passesKind(setting, layer, static_cast<std::size_t>(kind))) failed = std::min(failed, at);
   }
-  const KivObservedObject object = observed(layer.id);
+  const KivObservedObject object{layer.id.asOldId()};
   observer.objectTested(observer.context, &object, passed.data(),
                         failed == items.size() ? -1 : static_cast<int>(failed));
 }
@@ -152,7 +152,7 @@ Written writeResult(RunState& run, AcDbLayerTableRecord& record, const LayerFact
 
 void tellHit(const RunState& run, const LayerFacts& layer, KivObservedHit hit) {
   if (run.observer == nullptr) return;
-  const KivObservedObject object = observed(layer.id);
+  const KivObservedObject object{layer.id.asOldId()};
   run.observer->objectHit(run.observer->context, &object, hit);
 }
 

@@ -11,8 +11,7 @@ extern "C" {
 
 // An entity or a layer.
 struct KivObservedObject {
-  long long id;               // tells objects of the drawing apart while it is open
-  unsigned long long handle;  // 0: the drawing's file gave it none
+  long long id;  // the host's; tells objects of the drawing apart while it is open
 };
 
 // A setting, or an entry of a list, which has one result and no conditions.

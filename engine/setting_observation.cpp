@@ -18,10 +18,6 @@ std::wstring flatLine(std::span<const FlatItem> conditions) {
 
 }  // namespace
 
-KivObservedObject observed(AcDbObjectId id) {
-  return {id.asOldId(), static_cast<unsigned long long>(id.handle())};
-}
-
 ObservedSetting::ObservedSetting(const KivRunObserver* observer, int section, int number,
                                  const std::wstring& line, std::span<const FlatItem> conditions,
                                  std::span<const std::wstring> results)
@@ -101,7 +97,7 @@ void ObservedConditions::test(const AcDbEntity& entity, EntityClass entityClass,
                            : condition.isLastOfKind && !condition.ofKind->pass(entity, entityClass);
     if (drops && failed < 0) failed = static_cast<int>(i);
   }
-  const KivObservedObject object = observed(entity.objectId());
+  const KivObservedObject object = KivObservedObject{entity.objectId().asOldId()};
   observer.objectTested(observer.context, &object, passes_.data(), failed);
 }
 

@@ -13,8 +13,6 @@
 
 namespace kiv {
 
-KivObservedObject observed(AcDbObjectId id);
-
 // Tells of the beginning, and when it goes of the end. Does nothing without an observer.
 class ObservedSetting {
  public:

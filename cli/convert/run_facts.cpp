@@ -7,6 +7,7 @@
 #include "base/codepage.h"
 #include "embedded/drawing/dim_variables.h"
 #include "embedded/drawing/value_texts.h"
+#include "embedded/objects/database_access.h"
 
 namespace kivcli {
 namespace {
@@ -84,7 +85,12 @@ RunFacts::~RunFacts() { session_.observeRuns(nullptr); }
 void RunFacts::begin(cad::Handle traced) {
   settings_.clear();
   trace_.clear();
-  traced_ = traced;
+  traced_ = cad::kNoRecord;
+  tracedId_ = 0;
+  if (traced == 0) return;
+  const cad::Drawing& drawing = session_.host().currentDrawing();
+  traced_ = drawing.findHandle(traced);
+  if (traced_ != cad::kNoRecord) tracedId_ = cad::idOf(*cad::databaseOf(drawing), traced_).asOldId();
 }
 
 void RunFacts::settingBegins(const KivObservedSetting& setting) {
@@ -111,7 +117,7 @@ void RunFacts::objectTested(const KivObservedObject& object, const unsigned char
     const cad::Drawing& drawing = session_.host().currentDrawing();
     step.end = SettingTrace::End::kFailed;
     step.condition = setting.conditions[static_cast<std::size_t>(failed)].text;
-    step.value = valueFor(drawing, drawing.findHandle(traced_), step.condition);
+    step.value = valueFor(drawing, traced_, step.condition);
   }
   trace_.push_back(std::move(step));
 }

@@ -42,12 +42,13 @@ class RunFacts {
   void objectHit(const KivObservedObject& object, int hit);
   void resultBegins();
   void resultEnds(int result, bool isRefused);
-  bool isTraced(const KivObservedObject& object) const { return traced_ != 0 && object.handle == traced_; }
+  bool isTraced(const KivObservedObject& object) const { return tracedId_ != 0 && object.id == tracedId_; }
 
   Session& session_;
   std::vector<SettingFacts> settings_;
   std::vector<SettingTrace> trace_;
-  cad::Handle traced_ = 0;
+  cad::RecordId traced_ = cad::kNoRecord;
+  long long tracedId_ = 0;
   bool followsHit_ = false;    // the object hit last is the one that is followed
   bool isHitCounted_ = false;  // and has been counted as changed
   std::uint64_t state_ = 0;    // of the drawing before the result
