@@ -68,12 +68,20 @@ class SignatureNameTest : public Node {
   }
 
  private:
+  // Many signatures have the same name.
   bool matches(const Drawing& drawing, const Signature& signature) const {
     const NameId name = signature.*member_;
-    return name != kNoName && pattern_.matches(drawing.names().text(name));
+    if (name == kNoName) return false;
+    if (of_ != &drawing) of_ = &drawing, verdicts_.clear();
+    if (name >= verdicts_.size()) verdicts_.resize(drawing.names().size(), Verdict::kOpen);
+    if (verdicts_[name] == Verdict::kOpen)
+      verdicts_[name] = verdict(pattern_.matches(drawing.names().text(name)));
+    return verdicts_[name] == Verdict::kYes;
   }
   NameId Signature::*member_;
   Wildcard pattern_;
+  mutable const Drawing* of_ = nullptr;
+  mutable std::vector<Verdict> verdicts_;  // by name; open: not asked yet
 };
 
 class ColorTest : public Node {
