@@ -99,7 +99,7 @@ Result<std::string> readAll(int number, const fs::path& path) {
   return content;
 }
 
-constexpr size_t kBufferSize = size_t{1} << 20;
+constexpr size_t kBufferSize = size_t{1} << 16;  // longer pieces are not copied
 
 // 0 or the system's error. Pipes and some file systems have nothing to wait for, and say so.
 int reachDisk(int number) {

@@ -134,7 +134,7 @@ void setRemovedWhenClosed(HANDLE file, bool removed) {
   SetFileInformationByHandle(file, FileDispositionInfo, &disposition, sizeof disposition);
 }
 
-constexpr std::size_t kBufferSize = std::size_t{1} << 20;
+constexpr std::size_t kBufferSize = std::size_t{1} << 16;  // longer pieces are not copied
 
 class ReplacingFile : public AtomicFile {
  public:

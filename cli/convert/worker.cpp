@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "base/files.h"
+#include "base/memory.h"
 #include "base/paths.h"
 #include "base/temporary_files.h"
 #include "cli/commands.h"
@@ -49,6 +50,7 @@ DrawingReport Worker::convert(const PlannedDrawing& drawing) {
 }
 
 int Worker::serve(base::RequestChannel& channel) {
+  base::keepFreedMemory();
   while (const auto request = channel.receive()) {
     const auto drawing = plannedOf(*request);
     if (!drawing || !channel.answer(lineOf(convert(*drawing)))) return kUnusable;
