@@ -35,15 +35,20 @@ std::filesystem::path resolve(const std::filesystem::path& whole) {
   return lookIn(folder, base::pathText(whole.filename()));
 }
 
+// Each once: in most calls several of them are the same, and looking through a folder takes its time.
 std::vector<std::filesystem::path> searchFolders() {
   const HostState& state = hostState();
+  std::vector<std::filesystem::path> folders;
+  const auto add = [&](const std::filesystem::path& folder) {
+    if (std::ranges::find(folders, folder) == folders.end()) folders.push_back(folder);
+  };
   std::error_code error;
-  std::vector<std::filesystem::path> folders = {std::filesystem::current_path(error)};
+  add(std::filesystem::current_path(error));
   if (Document* document = state.documents.current(); document && !document->drawing().path().empty())
-    folders.push_back(document->drawing().path().parent_path());
-  folders.insert(folders.end(), state.supportPath.begin(), state.supportPath.end());
-  folders.push_back(programFolder());
-  for (const std::filesystem::path& module : state.modules.paths()) folders.push_back(module.parent_path());
+    add(document->drawing().path().parent_path());
+  for (const std::filesystem::path& folder : state.supportPath) add(folder);
+  add(programFolder());
+  for (const std::filesystem::path& module : state.modules.paths()) add(module.parent_path());
   return folders;
 }
 
