@@ -40,14 +40,6 @@ namespace {
 using namespace engine_test;
 using kiv::RunEnd;
 
-std::vector<std::wstring> commands(const std::wstring& save) {
-#ifdef _WIN32
-  return {save};
-#else
-  return {save, L""};
-#endif
-}
-
 const std::map<std::wstring, std::wstring> kRules = {{L"文字", L"[***]\n{\n[色] = 3\n}"}};
 
 class ConversionRun : public RunTest {
@@ -129,9 +121,9 @@ TEST_F(ConversionRun, SavesByTheFormatAndOverATargetThatExists) {
   const char* const names[] = {"plan.DWG", "plan.DXF", "plan.DWT"};
   for (int format = 0; format < 3; ++format) {
     const std::wstring target = L"|" + base::pathText(folder_ / "out" / names[format]);
-    EXPECT_EQ(typedToSave(format), commands(starts[format] + target));
+    EXPECT_EQ(typedToSave(format), std::vector{starts[format] + target});
     make(std::string("out/") + names[format], "old");
-    EXPECT_EQ(typedToSave(format), commands(starts[format] + target + L"|Y"));
+    EXPECT_EQ(typedToSave(format), std::vector{starts[format] + target + L"|Y"});
   }
 }
 
