@@ -34,7 +34,8 @@ constexpr Translation kRows[] = {
     {L"unknown release", L"不明なバージョン"},
 
     // Files that are no drawings, or broken ones
-    {L"This is a DWG drawing; only DXF can be read yet", L"DWG の図面です。まだ DXF しか読み込めません"},
+    {L"This is a DWG drawing of a version before R13; please save it in a newer one",
+     L"R13 より前の DWG の図面です。新しいバージョンで保存してください"},
     {L"This is UTF-16 text; please save the drawing as DXF in UTF-8 or ANSI",
      L"UTF-16 のテキストです。図面を UTF-8 または ANSI の DXF で保存してください"},
     {L"This is UTF-32 text; please save the drawing as DXF in UTF-8 or ANSI",
@@ -182,7 +183,7 @@ constexpr Translation kRows[] = {
      L"図面に保存していない変更があるため閉じませんでした"},
     {L"the drawing was opened read-only; give it another name",
      L"図面は読み取り専用で開いています。別の名前で保存してください"},
-    {L"saving as %1 is not supported yet", L"まだ %1 形式では保存できません"},
+    {L"saving a %1 drawing as %2 is not supported yet", L"%1 の図面はまだ %2 形式では保存できません"},
     {L"the file exists and was not overwritten", L"ファイルがすでにあるため上書きしませんでした"},
     {L"the file is open as another drawing", L"ファイルは別の図面として開いています"},
     {L"a file name is needed", L"ファイル名が必要です"},

@@ -285,8 +285,10 @@ class Comparing {
       order.push_back(value.name);
       is[value.name] = std::move(value.text);
     }
+    // Formats do not hold the same variables.
+    const bool ofOneFormat = before_.format() == after_.format();
     const auto add = [&](const std::string& name, const std::wstring& left, const std::wstring& right) {
-      if (left != right && !isBookkeeping(name))
+      if (left != right && !isBookkeeping(name) && (ofOneFormat || (!left.empty() && !right.empty())))
         result_.variables.push_back({name, Property::kCount, left, right});
     };
     for (const HeaderValue& value : was) {

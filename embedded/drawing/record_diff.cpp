@@ -31,6 +31,12 @@ Variables ownVariables(const Drawing& drawing, RecordId id) {
   return all;
 }
 
+// Formats differ in whether a style says what is usual.
+void fillDefaults(Variables& variables) {
+  for (const DimVariableInfo& variable : kDimVariables)
+    if (!variables[variable.row]) variables[variable.row] = defaultValue(variable);
+}
+
 std::wstring shown(const std::optional<Variable>& value) {
   return value ? variableText(*value) : std::wstring();
 }
@@ -111,7 +117,9 @@ void RecordComparison::addLooks(RecordId one, RecordId other, std::vector<ValueC
 void RecordComparison::addVariables(RecordId one, RecordId other, std::vector<ValueChange>& changes) const {
   const Record& record = before_.record(one);
   if (record.implied() || after_.record(other).implied()) return;
-  const Variables left = ownVariables(before_, one), right = ownVariables(after_, other);
+  Variables left = ownVariables(before_, one), right = ownVariables(after_, other);
+  if (before_.format() != after_.format() && record.table == Table::kDimStyle)
+    fillDefaults(left), fillDefaults(right);
   for (const DimVariableInfo& variable : kDimVariables) {
     const auto &was = left[variable.row], &is = right[variable.row];
     const bool isSame =

@@ -58,7 +58,9 @@ Outcome save(TokenReader& input, HostState& state, FileKind kind, std::filesyste
   Document* document = state.documents.current();
   if (!formats::canSave(document->drawing(), kind)) {
     input.takeIf(L"Y", L"YES");
-    return refuse(state, path, L"saving as " + kindName + L" is not supported yet");
+    return refuse(state, path,
+                  L"saving a " + std::wstring(document->drawing().format()) + L" drawing as " + kindName +
+                      L" is not supported yet");
   }
   const bool overwrite = input.takeIf(L"Y", L"YES");
   std::error_code error;

@@ -67,11 +67,11 @@ TEST_F(Save, DwgAndDwtRefuseAndWriteNothing) {
     EXPECT_EQ(acedCommandS(RTSTR, L"SAVEAS", RTSTR, L"", RTSTR, dwg.c_str(), RTNONE), RTERROR);
     EXPECT_EQ(acedCommandS(RTSTR, L"SAVEAS", RTSTR, L"T", RTSTR, dwt.c_str(), RTSTR, L"Y", RTNONE), RTERROR);
   });
-  EXPECT_TRUE(printedHas(L"a.DWG: saving as DWG is not supported yet"));
+  EXPECT_TRUE(printedHas(L"a.DWG: saving a DXF drawing as DWG is not supported yet"));
   EXPECT_FALSE(exists("a.DWG"));
   EXPECT_FALSE(exists("a.DWT"));
   ASSERT_TRUE(host().lastSave());
-  EXPECT_EQ(host().lastSave()->status.failure().reason, L"saving as DWT is not supported yet");
+  EXPECT_EQ(host().lastSave()->status.failure().reason, L"saving a DXF drawing as DWT is not supported yet");
   EXPECT_EQ(drawing().path(), folder_ / "plan.dxf");
 }
 

@@ -13,7 +13,9 @@ TEST(Formats, FilesOfOtherKindsAreNamedAsWhatTheyAre) {
   for (const char c : dxf::groups("0 SECTION|2 ENTITIES|0 ENDSEC|0 EOF")) wide.append(1, c).append(1, '\0');
   const std::pair<std::string, const wchar_t*> cases[] = {
       {"", L"empty"},
-      {"AC1032\0\0"s, L"DWG"},
+      {"AC1032\0\0"s, L"cut off"},
+      {"AC1009\0\0"s, L"DWG"},
+      {"AC2.10"s, L"DWG"},
       {"\xFF\xFE" + wide, L"UTF-16"},
       {"\xFE\xFF\0 "s, L"UTF-16"},
       {wide, L"UTF-16"},
@@ -37,7 +39,7 @@ TEST(Formats, FilesOfOtherKindsAreNamedAsWhatTheyAre) {
 }
 
 TEST(Formats, AnotherFormatIsAskedBeforeItsFilesCountAsForeign) {
-  const std::string file = "AC1999";
+  const std::string file = "AC1006";
   {
     const FormatForTests format(
         {file, [](std::shared_ptr<const SourceBytes>) { return create(Version::kR2004); }});

@@ -1,0 +1,158 @@
+#include "embedded/dwg/dwg_storage.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "embedded/drawing/stored_text.h"
+#include "embedded/dwg/files/code_pages.h"
+#include "embedded/dwg/field_texts.h"
+
+namespace cad::dwg {
+
+DwgStorage::DwgStorage(std::unique_ptr<DwgFile> file, std::vector<FileClass> classes)
+    : file_(std::move(file)), classes_(std::move(classes)) {}
+
+// --- Objects ---------------------------------------------------------------------------------------------
+
+ObjectBytes DwgStorage::original(const Record& record) const {
+  if ((record.flags & Record::kAdded) != 0) return states_.object(added_[record.offset].first);
+  if ((record.flags & Record::kImplied) != 0) return {};
+  if (record.kind == RecordKind::kFrame) return {{}, file_->header()};
+  const base::Result<ObjectBytes> object = file_->objectAt(file_->places()[record.offset].offset);
+  return object.ok() ? object.value() : ObjectBytes();
+}
+
+ObjectBytes DwgStorage::object(const Record& record) const {
+  return record.edits == kNoEdit ? original(record) : states_.object(record.edits);
+}
+
+ObjectType DwgStorage::typeOf(const Record& record) const {
+  return dwg::typeOf(static_cast<std::uint16_t>(record.length), classes_);
+}
+
+base::Result<ObjectFrame> DwgStorage::frame(const Record& record) const {
+  const ObjectBytes bytes = object(record);
+  return readFrame(bytes.data, bytes.handleBits, version(), classes_);
+}
+
+const Fields& DwgStorage::look(Look& look, const Record& record, Fields (*read)(const ObjectFrame&)) const {
+  const bool isKnown = look.fields && look.offset == record.offset && look.edits == record.edits &&
+                       look.flags == (record.flags & Record::kAdded);
+  if (isKnown) return *look.fields;
+  look.offset = record.offset, look.edits = record.edits;
+  look.flags = record.flags & Record::kAdded;
+  const bool isObject = record.kind != RecordKind::kFrame && !record.implied();
+  const base::Result<ObjectFrame> frame =
+      isObject ? this->frame(record) : base::Result<ObjectFrame>(base::Failure{});
+  look.fields.emplace(frame.ok() ? read(frame.value()) : Fields({}, version(), 0));
+  return *look.fields;
+}
+
+const Fields& DwgStorage::fields(const Record& record) const { return look(look_, record, readFields); }
+
+const Fields& DwgStorage::commonFields(const Record& record) const {
+  return look(commonLook_, record, readCommonFields);
+}
+
+RecordId DwgStorage::recordOf(Handle handle) const {
+  const std::span<const ObjectPlace> places = file_->places();
+  const auto found = std::ranges::lower_bound(places, handle, {}, &ObjectPlace::handle);
+  if (found != places.end() && found->handle == handle)
+    return records_.byPlace[static_cast<std::size_t>(found - places.begin())];
+  const auto added = addedByHandle_.find(handle);
+  return added == addedByHandle_.end() ? kNoRecord : added_[added->second].record;
+}
+
+RecordId DwgStorage::blockOf(Handle entry) const {
+  const auto found = records_.blockOfEntry.find(entry);
+  return found == records_.blockOfEntry.end() ? kNoRecord : found->second;
+}
+
+Handle DwgStorage::entryOf(const Record& block) const {
+  const auto found = records_.entryOfBlock.find(handle(block).value_or(0));
+  return found == records_.entryOfBlock.end() ? 0 : found->second;
+}
+
+RecordId DwgStorage::control(Table table) const {
+  const auto found = records_.control.find(table);
+  return found == records_.control.end() ? kNoRecord : found->second;
+}
+
+std::optional<Record> DwgStorage::firstState(Handle handle) const {
+  Record record;
+  record.kind = RecordKind::kOther;
+  const std::span<const ObjectPlace> places = file_->places();
+  const auto found = std::ranges::lower_bound(places, handle, {}, &ObjectPlace::handle);
+  if (found != places.end() && found->handle == handle) {
+    record.offset = static_cast<std::uint64_t>(found - places.begin());
+  } else if (const auto added = addedByHandle_.find(handle); added != addedByHandle_.end()) {
+    record.offset = added->second;
+    record.flags = Record::kAdded;
+  } else {
+    return std::nullopt;
+  }
+  const base::Result<ObjectFrame> frame = this->frame(record);
+  if (!frame.ok()) return std::nullopt;
+  record.length = frame.value().type.number;
+  return record;
+}
+
+const std::string& DwgStorage::firstName(Handle handle) const {
+  const auto [known, isNew] = firstNames_.try_emplace(handle);
+  if (!isNew) return known->second;
+  const std::optional<Record> record = firstState(handle);
+  if (!record) return known->second;
+  const Fields& fields = this->fields(*record);
+  if (const Field* name = fields.find("name")) known->second = storedText(name->value);
+  return known->second;
+}
+
+// In the table's entry the number of an anonymous block and of an inactive paper space is missing; the
+// beginning of the block has it, but for those that became anonymous later. Then it is that of the entry.
+std::string DwgStorage::blockName(Handle entry) const {
+  const std::string& listed = firstName(entry);
+  if (!listed.starts_with('*')) return listed;
+  const auto begin = records_.beginOfEntry.find(entry);
+  const std::string& own = begin == records_.beginOfEntry.end() ? listed : firstName(begin->second);
+  if (own.starts_with(listed)) return own;
+  const auto index = records_.indexOfEntry.find(entry);
+  return index == records_.indexOfEntry.end() ? listed : listed + std::to_string(index->second);
+}
+
+std::string_view DwgStorage::typeName(const Record& record) const {
+  if (record.kind == RecordKind::kFrame || record.implied()) return {};
+  return typeOf(record).name;
+}
+
+std::optional<Handle> DwgStorage::handle(const Record& record) const {
+  if (record.kind == RecordKind::kFrame || record.implied()) return std::nullopt;
+  if ((record.flags & Record::kAdded) != 0) return added_[record.offset].handle;
+  return file_->places()[record.offset].handle;
+}
+
+// --- Texts -----------------------------------------------------------------------------------------------
+
+Value DwgStorage::fieldText(std::string_view stored) const {
+  const bool zero = records_.textsEndWithZero && !stored.empty();
+  if (!hasWideTexts(version())) {
+    std::string narrow(stored);
+    if (zero) narrow += '\0';
+    return narrow;
+  }
+  std::u16string wide = toUtf16(decodeStored(stored, facts().codePage));
+  if (zero) wide += u'\0';
+  return wide;
+}
+
+std::wstring DwgStorage::text(const Value& value) const {
+  return decodeStored(storedText(value), facts().codePage);
+}
+
+std::uint16_t DwgStorage::codePageNumber() const {
+  constexpr std::uint16_t kMost = 64, kUsual = 30;
+  for (std::uint16_t number = 0; number < kMost; ++number)
+    if (codePageName(number) == facts().codePageName) return number;
+  return kUsual;
+}
+
+}  // namespace cad::dwg

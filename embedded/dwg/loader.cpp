@@ -1,0 +1,25 @@
+#include "embedded/dwg/loader.h"
+
+#include <utility>
+
+#include "embedded/dwg/arranger.h"
+#include "embedded/dwg/dwg_storage.h"
+
+namespace cad::dwg {
+
+base::Result<std::unique_ptr<Drawing>> read(std::shared_ptr<const SourceBytes> source) {
+  base::Result<std::unique_ptr<DwgFile>> file = readDwgFile(std::move(source));
+  if (!file.ok()) return file.failure();
+  base::Result<std::vector<FileClass>> classes =
+      readClasses(file.value()->classes(), file.value()->version());
+  if (!classes.ok()) return classes.failure();
+  auto storage = std::make_unique<DwgStorage>(std::move(file.value()), std::move(classes.value()));
+  Arranger arranger(storage->file(), storage->classes());
+  arranger.run();
+  storage->setRecords(arranger.takeRecords());
+  return std::make_unique<Drawing>(std::move(storage), arranger.takeLoaded());
+}
+
+bool isDwgFile(std::string_view beginning) { return isDwg(beginning); }
+
+}  // namespace cad::dwg

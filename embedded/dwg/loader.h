@@ -1,0 +1,18 @@
+#pragma once
+// Reads a DWG file.
+
+#include <memory>
+
+#include "base/result.h"
+#include "embedded/drawing/drawing.h"
+
+namespace cad::dwg {
+
+// Refused, with the byte as the place: what readDwgFile() refuses. An object that does not hold together is
+// kept as it came.
+base::Result<std::unique_ptr<Drawing>> read(std::shared_ptr<const SourceBytes> source);
+
+// Whether a file that begins so is one for read(): a DWG file of whatever version.
+bool isDwgFile(std::string_view beginning);
+
+}  // namespace cad::dwg

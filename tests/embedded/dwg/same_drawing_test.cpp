@@ -1,0 +1,71 @@
+// Real drawings, where this machine has them: each saved as DWG and as DXF by the program that made it.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "base/files.h"
+#include "base/paths.h"
+#include "embedded/drawing/drawing_diff.h"
+#include "embedded/formats/drawing_files.h"
+#include "tests/support/temp_path.h"
+
+namespace cad::dwg {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path sample(const std::string& name) { return fs::path(KIV_SAMPLES).parent_path() / name; }
+
+std::unique_ptr<Drawing> opened(const fs::path& file) {
+  auto drawing = formats::open(file);
+  EXPECT_TRUE(drawing.ok()) << base::toUtf8(drawing.failure().text());
+  return drawing.ok() ? std::move(drawing.value()) : nullptr;
+}
+
+std::string told(const RecordDifference& difference) {
+  std::string text = difference.type + " " + base::toUtf8(difference.handle);
+  for (const ValueChange& change : difference.changes)
+    text += "; " + change.name + ": " + base::toUtf8(change.before + L" -> " + change.after);
+  return text;
+}
+
+// What the formats do not tell alike, or the program changed between the two savings.
+bool isExpected(const RecordDifference& difference) {
+  if (difference.fate != RecordFate::kChanged) return true;
+  return difference.type == "ACAD_TABLE" || difference.type == "TOLERANCE" || difference.type == "LEADER";
+}
+
+class SameDrawing : public testing::TestWithParam<const char*> {};
+
+TEST_P(SameDrawing, IsToldAlikeByBothOfItsFiles) {
+  const std::string code = GetParam();
+  const fs::path dwg = sample("dwg/sample_" + code + ".dwg");
+  fs::path dxf = sample("dxf/sample_" + code + ".dxf");
+  if (!fs::exists(dxf)) dxf = sample("dxf/sample_" + code + "_binary.dxf");
+  if (!fs::exists(dwg) || !fs::exists(dxf)) GTEST_SKIP();
+  const auto one = opened(dwg), other = opened(dxf);
+  ASSERT_TRUE(one && other);
+  const DrawingDifferences differences = compareDrawings(*one, *other);
+  EXPECT_FALSE(differences.pairedByOrder);
+  for (const auto* list : {&differences.entities, &differences.records})
+    for (const RecordDifference& difference : *list) EXPECT_TRUE(isExpected(difference)) << told(difference);
+}
+
+INSTANTIATE_TEST_SUITE_P(Versions, SameDrawing, testing::Values("AC1015"));
+
+TEST(DwgDrawings, AreSavedByteForByteWhenNothingChanges) {
+  const fs::path folder = sample("dwg");
+  if (!fs::exists(folder)) GTEST_SKIP();
+  const fs::path target = test_support::tempPath("dwg_unchanged");
+  for (const auto& entry : fs::directory_iterator(folder)) {
+    auto drawing = formats::open(entry.path());
+    if (!drawing.ok()) continue;
+    ASSERT_TRUE(drawing.value()->save(target).ok());
+    EXPECT_EQ(base::readFile(target).value(), base::readFile(entry.path()).value()) << entry.path();
+  }
+  fs::remove(target);
+}
+
+}  // namespace
+}  // namespace cad::dwg
