@@ -70,8 +70,8 @@ std::uint16_t BitReader::rs() {
 }
 
 std::uint32_t BitReader::rl() {
-  const std::uint32_t low = rs();
-  return low | std::uint32_t{rs()} << 16;
+  const auto value = static_cast<std::uint32_t>(bits(32));
+  return value << 24 | (value << 8 & 0xFF0000) | (value >> 8 & 0xFF00) | value >> 24;
 }
 
 std::uint64_t BitReader::rll() {

@@ -53,8 +53,7 @@ void BitWriter::rs(std::uint16_t value) {
 }
 
 void BitWriter::rl(std::uint32_t value) {
-  rs(static_cast<std::uint16_t>(value));
-  rs(static_cast<std::uint16_t>(value >> 16));
+  bits(value << 24 | (value << 8 & 0xFF0000) | (value >> 8 & 0xFF00) | value >> 24, 32);
 }
 
 void BitWriter::rll(std::uint64_t value) {

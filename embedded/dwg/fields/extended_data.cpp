@@ -125,6 +125,32 @@ void writeValue(BitWriter& writer, const ExtendedValue& value) {
   }
 }
 
+// Whether the value is of the type that its code has, and no longer than its size can tell.
+bool fits(const ExtendedValue& value) {
+  constexpr std::size_t kMostBytes = 0xFF, kMostWide = 0xFFFF;
+  const auto* bytes = std::get_if<std::string>(&value.value);
+  switch (kindOf(value.code)) {
+    case Kind::kText:
+      if (const auto* wide = std::get_if<std::u16string>(&value.value)) return wide->size() <= kMostWide;
+      return bytes != nullptr && bytes->size() <= kMostBytes;
+    case Kind::kBytes:
+      return bytes != nullptr && bytes->size() <= kMostBytes;
+    case Kind::kHandle:
+      return std::holds_alternative<HandleReference>(value.value);
+    case Kind::kPoint:
+      return std::holds_alternative<Point>(value.value);
+    case Kind::kReal:
+      return std::holds_alternative<double>(value.value);
+    case Kind::kBrace:
+    case Kind::kShort:
+    case Kind::kLong:
+      return std::holds_alternative<std::int64_t>(value.value);
+    case Kind::kUnknown:
+      return false;
+  }
+  return false;
+}
+
 }  // namespace
 
 base::Result<std::vector<ExtendedData>> readExtendedData(const ObjectFrame& frame) {
@@ -156,9 +182,11 @@ base::Result<std::vector<ExtendedValue>> decodeExtended(std::string_view bytes, 
   return values;
 }
 
-std::string encodeExtended(const std::vector<ExtendedValue>& values) {
+base::Result<std::string> encodeExtended(const std::vector<ExtendedValue>& values) {
   BitWriter writer;
   for (const ExtendedValue& value : values) {
+    if (!fits(value))
+      return base::Failure{{}, L"Extended data cannot hold the value of code " + std::to_wstring(value.code)};
     writer.rc(static_cast<std::uint8_t>(value.code - kFirstCode));
     writeValue(writer, value);
   }

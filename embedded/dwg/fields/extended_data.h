@@ -31,8 +31,8 @@ struct ExtendedValue {
 base::Result<std::vector<ExtendedData>> readExtendedData(const ObjectFrame& frame);
 
 base::Result<std::vector<ExtendedValue>> decodeExtended(std::string_view bytes, Version version);
-// Texts, of up to 255 bytes or 65535 wide characters, and bytes, up to 255, as the version of the drawing has
-// them.
-std::string encodeExtended(const std::vector<ExtendedValue>& values);
+// Texts are as the drawing's version has them. Fails for a value of another type than its code's, and for one
+// that is too long: 255 bytes, 65535 wide characters.
+base::Result<std::string> encodeExtended(const std::vector<ExtendedValue>& values);
 
 }  // namespace cad::dwg

@@ -101,6 +101,40 @@ void copyRest(const ObjectFrame& frame, const Streams& rest, FieldWriter& writer
   writer.handles().copy(frame.data, rest.handleBegin, rest.handleEnd);
 }
 
+// With the description of the class, or only with that of what every object has.
+base::Result<WrittenObject> rewriteAs(const ObjectFrame& frame, const FieldChanges& changes, bool whole) {
+  FieldReader reader = readerOf(frame);
+  describeCommon(reader, frame.type.isEntity);
+  const bool complete = whole && describeOwn(reader);
+  if (reader.failed())
+    return base::Failure{{}, L"An object is damaged: the " + nameOf(frame.type) + L" ends within its fields"};
+  const Streams rest = reader.rest();
+  const Fields source = reader.take(complete);
+  FieldWriter writer(&source, changes, frame.version, frame.type.kind, frame.handle);
+  describeCommon(writer, frame.type.isEntity);
+  if (complete) describeOwn(writer);
+  if (const std::string_view misfit = writer.misfit(); !misfit.empty())
+    return misfitFailure(misfit, nameOf(frame.type));
+  copyRest(frame, rest, writer);
+  Parts parts;
+  parts.type.copy(frame.data, 0, frame.typeEnd);
+  const bool extended = changes.extendedData() != nullptr;
+  parts.front.copy(frame.data, frame.handleFieldBegin, extended ? frame.extendedBegin : frame.extendedEnd);
+  if (extended) writeExtended(parts.front, *changes.extendedData());
+  // Objects without a stream of texts have only empty ones.
+  parts.textsWanted = writer.hasTexts() || frame.textEnd != frame.textBegin;
+  return assemble(frame.version, &frame, parts, writer);
+}
+
+base::Status checkExtended(const FieldChanges& changes) {
+  constexpr std::size_t kMost = 0xFFFF;
+  if (changes.extendedData() == nullptr) return {};
+  for (const ExtendedData& data : *changes.extendedData())
+    if (data.bytes.empty() || data.bytes.size() > kMost)
+      return base::Failure{{}, L"The extended data of an application is empty or larger than 65535 bytes"};
+  return {};
+}
+
 }  // namespace
 
 Fields readFields(const ObjectFrame& frame) {
@@ -127,42 +161,15 @@ FieldRest fieldRest(const ObjectFrame& frame) {
 }
 
 base::Result<WrittenObject> rewrite(const ObjectFrame& frame, const FieldChanges& changes) {
-  FieldReader reader = readerOf(frame);
-  describeCommon(reader, frame.type.isEntity);
-  bool complete = describeOwn(reader);
-  if (reader.failed() && complete) {  // what every object has may well be intact
-    reader = readerOf(frame);
-    describeCommon(reader, frame.type.isEntity);
-    complete = false;
-  }
-  if (reader.failed())
-    return base::Failure{{}, L"An object is damaged: the " + nameOf(frame.type) + L" ends within its fields"};
-  const Streams rest = reader.rest();
-  const Fields source = reader.take(complete);
-  FieldWriter writer(&source, changes, frame.version, frame.type.kind, frame.handle);
-  describeCommon(writer, frame.type.isEntity);
-  if (complete) describeOwn(writer);
-  if (const std::string_view misfit = writer.misfit(); !misfit.empty())
-    return misfitFailure(misfit, nameOf(frame.type));
-  const std::uint64_t texts = writer.texts().size();
-  copyRest(frame, rest, writer);
-  Parts parts;
-  parts.type.copy(frame.data, 0, frame.typeEnd);
-  if (changes.extendedData() != nullptr) {
-    parts.front.copy(frame.data, frame.handleFieldBegin, frame.extendedBegin);
-    writeExtended(parts.front, *changes.extendedData());
-  } else {
-    parts.front.copy(frame.data, frame.handleFieldBegin, frame.extendedEnd);
-  }
-  // Objects without a stream of texts have only empty ones.
-  parts.textsWanted =
-      writer.hasTexts() || frame.textEnd != frame.textBegin || (texts != 0 && writer.texts().size() != texts);
-  WrittenObject written = assemble(frame.version, &frame, parts, writer);
-  return written;
+  if (base::Status fits = checkExtended(changes); !fits.ok()) return fits.failure();
+  // Mostly it is what every object has; then the rest need not be understood.
+  base::Result<WrittenObject> written = rewriteAs(frame, changes, false);
+  return written.ok() ? std::move(written) : rewriteAs(frame, changes, true);
 }
 
 base::Result<WrittenObject> build(ObjectKind kind, Version version, Handle handle, const FieldChanges& values,
                                   const std::vector<FileClass>& classes) {
+  if (base::Status fits = checkExtended(values); !fits.ok()) return fits.failure();
   const std::optional<std::uint16_t> number = numberOf(kind, version, classes);
   if (!number)
     return base::Failure{{}, L"The drawing's classes have no object of the kind that is to be made"};

@@ -215,7 +215,9 @@ TEST_P(BuiltObjects, ExtendedDataIsReplaced) {
                                        {1002, std::int64_t{1}}};
   const Made plain = make(ObjectKind::kDimensionLinear, version);
   FieldChanges changes;
-  changes.setExtendedData({{{5, 1, 0x12}, encodeExtended(values)}});
+  const auto encoded = encodeExtended(values);
+  ASSERT_TRUE(encoded.ok());
+  changes.setExtendedData({{{5, 1, 0x12}, encoded.value()}});
   const Made extended = changed(plain, changes);
   const auto list = readExtendedData(extended.frame);
   ASSERT_TRUE(list.ok());
@@ -227,6 +229,7 @@ TEST_P(BuiltObjects, ExtendedDataIsReplaced) {
   for (std::size_t i = 0; i < values.size(); ++i)
     EXPECT_TRUE(same(decoded.value()[i].value, values[i].value)) << i;
   EXPECT_TRUE(extended.fields.complete());
+  EXPECT_FALSE(encodeExtended({{1000, std::string(256, 'x')}}).ok());
   FieldChanges none;
   none.setExtendedData({});
   EXPECT_TRUE(changed(extended, none).object->data == plain.object->data);

@@ -193,7 +193,9 @@ TEST_P(SampleFields, ObjectsMadeOfTheirValuesAreTheSame) {
     for (ExtendedData& data : rebuilt) {
       const auto decoded = decodeExtended(data.bytes, frame.version);
       ASSERT_TRUE(decoded.ok());
-      data.bytes = encodeExtended(decoded.value());
+      const auto encoded = encodeExtended(decoded.value());
+      ASSERT_TRUE(encoded.ok());
+      data.bytes = encoded.value();
     }
     values.setExtendedData(rebuilt);
     const auto made = build(frame.type.kind, frame.version, frame.handle, values, classes_);
