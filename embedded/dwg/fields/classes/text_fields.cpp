@@ -64,18 +64,24 @@ void attribute(FieldVisitor& v) {
   }
 }
 
-// A box of columns of its own stands with texts since R2018.
-void columns(FieldVisitor& v) {
+// What the columns since R2018 tell once more.
+struct Box {
+  Point at, xAxis{1, 0, 0};
+  double width = 0, height = 0, extentsWidth = 0, extentsHeight = 0;
+  std::int64_t attachment = 1;
+};
+
+void columns(FieldVisitor& v, const Box& box) {
   v.bs("columns version", 4);
   v.b("columns default", true);
   v.handle("columns application");
-  v.bl("columns attachment", 1);
-  v.point(BitType::k3BD, "columns x axis", {1, 0, 0});
-  v.point3bd("columns insertion point");
-  v.bd("columns reference width");
-  v.bd("columns reference height");
-  v.bd("columns extents width");
-  v.bd("columns extents height");
+  v.bl("columns attachment", static_cast<int>(box.attachment));
+  v.point(BitType::k3BD, "columns x axis", box.xAxis);
+  v.point(BitType::k3BD, "columns insertion point", box.at);
+  v.bd("columns reference width", box.width);
+  v.bd("columns reference height", box.height);
+  v.bd("columns extents width", box.extentsWidth);
+  v.bd("columns extents height", box.extentsHeight);
   const std::int64_t type = v.bs("columns type");
   if (type == 0) return;
   constexpr std::uint64_t kLeastReal = 2;
@@ -90,16 +96,17 @@ void columns(FieldVisitor& v) {
 }
 
 void mtext(FieldVisitor& v) {
-  v.point3bd("insertion point");
+  Box box;
+  box.at = v.point3bd("insertion point");
   v.extrusion(BitType::k3BD);
-  v.point(BitType::k3BD, "x axis", {1, 0, 0});
-  v.bd("reference width");
-  if (v.since(kR2007)) v.bd("reference height");
+  box.xAxis = v.point(BitType::k3BD, "x axis", {1, 0, 0});
+  box.width = v.bd("reference width");
+  if (v.since(kR2007)) box.height = v.bd("reference height");
   v.bd("height", 1);
-  v.bs("attachment", 1);
+  box.attachment = v.bs("attachment", 1);
   v.bs("drawing direction", 5);
-  v.bd("extents height");
-  v.bd("extents width");
+  box.extentsHeight = v.bd("extents height");
+  box.extentsWidth = v.bd("extents width");
   v.text("text");
   v.handle("style");
   if (v.before(kR2000)) return;
@@ -113,7 +120,7 @@ void mtext(FieldVisitor& v) {
     v.color("background color");
     v.bl("background transparency");
   }
-  if (v.since(kR2018) && v.b("not annotative", true)) columns(v);
+  if (v.since(kR2018) && v.b("not annotative", true)) columns(v, box);
 }
 
 void attributeMtext(FieldVisitor& v) {
