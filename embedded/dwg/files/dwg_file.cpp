@@ -93,13 +93,14 @@ base::Status DwgFile::readContent(UnpackedSections& sections, std::uint64_t head
 bool isDwg(std::string_view beginning) {
   return beginning.size() >= kCodeLength && beginning.starts_with("AC") &&
          std::all_of(beginning.begin() + 2, beginning.begin() + kCodeLength,
-                     [](char c) { return c >= '0' && c <= '9'; });
+                     [](char c) { return (c >= '0' && c <= '9') || c == '.'; });
 }
 
 base::Result<std::unique_ptr<DwgFile>> readDwgFile(std::shared_ptr<const SourceBytes> source) {
   const std::string_view file = source->view();
   if (!isDwg(file)) return refusal(0, L"This is not a DWG drawing");
-  if (file.substr(0, kCodeLength) < "AC1012") {
+  const std::string_view code = file.substr(0, kCodeLength);
+  if (code < "AC1012" || code.find('.') != code.npos) {
     return refusal(0, L"DWG drawings before release 13 are not read");
   }
   if (file.size() < kCodePageAt + 2) return refusal(file.size(), L"The file is cut off");

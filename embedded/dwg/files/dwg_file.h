@@ -103,7 +103,7 @@ class DwgFile {
 // A wrong CRC of an object refuses nothing.
 base::Result<std::unique_ptr<DwgFile>> readDwgFile(std::shared_ptr<const SourceBytes> source);
 
-// Whether a file with this beginning is a DWG file of any version: "AC", four digits.
+// Whether a file with this beginning is a DWG file of any version: "AC1015", "AC2.10".
 bool isDwg(std::string_view beginning);
 
 }  // namespace cad::dwg

@@ -1,0 +1,315 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+
+#include "base/codepage.h"
+#include "embedded/dwg/bits/bit_reader.h"
+#include "embedded/dwg/bits/crc.h"
+#include "embedded/dwg/files/object_map.h"
+#include "embedded/dwg/files/raw_values.h"
+#include "tests/embedded/dwg/small_files.h"
+
+namespace cad::dwg {
+namespace {
+
+constexpr Version kVersions[] = {Version::kR14,   Version::kR2000, Version::kR2004, Version::kR2007,
+                                 Version::kR2010, Version::kR2013, Version::kR2018};
+
+class DwgFiles : public ::testing::TestWithParam<Version> {
+ protected:
+  void SetUp() override {
+    drawing = smallDrawing(GetParam());
+    bytes = bytesOf(drawing);
+    auto read = readBytes(bytes);
+    ASSERT_TRUE(read) << base::toUtf8(read.failure().text());
+    file = std::move(read.value());
+  }
+  // The objects of a file as they stand in it.
+  static std::map<Handle, std::string> objectsOf(const DwgFile& file) {
+    std::map<Handle, std::string> objects;
+    for (const ObjectPlace& place : file.places()) {
+      const auto object = file.objectAt(place.offset);
+      EXPECT_TRUE(object);
+      objects[place.handle] = object.value().whole;
+    }
+    return objects;
+  }
+  std::unique_ptr<DwgFile> written(const FileChanges& changes) {
+    const auto result = file->write(changes);
+    if (!result) ADD_FAILURE() << base::toUtf8(result.failure().text());
+    auto read = readBytes(result ? result.value() : std::string());
+    if (!read) ADD_FAILURE() << base::toUtf8(read.failure().text());
+    return read ? std::move(read.value()) : nullptr;
+  }
+  ChangedObject changed(Handle handle, std::string data) const {
+    return {handle, false, std::move(data), GetParam() >= Version::kR2010 ? 8U : 0U};
+  }
+
+  SmallDrawing drawing;
+  std::string bytes;
+  std::unique_ptr<DwgFile> file;
+};
+INSTANTIATE_TEST_SUITE_P(Versions, DwgFiles, ::testing::ValuesIn(kVersions),
+                         [](const auto& test) { return std::string(base::versionCode(test.param)); });
+
+TEST_P(DwgFiles, TellWhatTheyHoldAndAreWrittenByteForByte) {
+  EXPECT_EQ(file->version(), GetParam());
+  EXPECT_EQ(file->facts().codePageName, "ANSI_932");
+  EXPECT_EQ(file->maintenance(), 15);
+  EXPECT_EQ(file->header(), drawing.header);
+  EXPECT_EQ(file->classes(), drawing.classes);
+  ASSERT_EQ(file->places().size(), drawing.objects.size());
+  for (const SmallObject& object : drawing.objects) {
+    const ObjectPlace* place = file->find(object.handle);
+    ASSERT_NE(place, nullptr);
+    const auto read = file->objectAt(place->offset);
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read.value().data, object.data);
+    EXPECT_EQ(read.value().handleBits, GetParam() >= Version::kR2010 ? 8U : 0U);
+    EXPECT_TRUE(read.value().crcHolds());
+  }
+  EXPECT_EQ(file->find(1), nullptr);
+  EXPECT_EQ(file->write({}).value(), bytes);
+  // What is changed into what it is, is no change.
+  FileChanges same;
+  same.header = drawing.header;
+  EXPECT_EQ(file->write(same).value(), bytes);
+}
+
+TEST_P(DwgFiles, ChangesLeaveAllElseAsItIs) {
+  FileChanges changes;
+  changes.header = drawing.header + " and more of them";
+  changes.classes = "fewer";
+  const std::string large(70000, 'L');
+  changes.objects = {changed(9, "longer than it was before, by some bytes"), changed(3 * 60, "s"),
+                     changed(5000, "new"), ChangedObject{3 * 61, true, {}, 0}, changed(4, large)};
+  const auto now = written(changes);
+  ASSERT_NE(now, nullptr);
+  EXPECT_EQ(now->header(), *changes.header);
+  EXPECT_EQ(now->classes(), *changes.classes);
+  auto expected = objectsOf(*file);
+  const auto actual = objectsOf(*now);
+  for (const ChangedObject& change : changes.objects) {
+    const ObjectPlace* place = now->find(change.handle);
+    ASSERT_EQ(place == nullptr, change.erased);
+    expected.erase(change.handle);
+    if (change.erased) continue;
+    const auto object = now->objectAt(place->offset);
+    ASSERT_TRUE(object);
+    EXPECT_EQ(object.value().data, change.data);
+    EXPECT_TRUE(object.value().crcHolds());
+    expected[change.handle] = object.value().whole;
+  }
+  EXPECT_EQ(actual, expected);
+  EXPECT_EQ(now->write({}).value(), file->write(changes).value());
+}
+
+TEST_P(DwgFiles, ThePreviewCanBeFoundBehindChanges) {
+  FileChanges changes;
+  changes.header = drawing.header + std::string(300, 'h');
+  for (Handle handle = 7000; handle < 7100; ++handle) {
+    changes.objects.push_back(changed(handle, std::string(900, static_cast<char>('a' + handle % 26))));
+  }
+  const auto result = file->write(changes);
+  ASSERT_TRUE(result);
+  const std::string& now = result.value();
+  const auto at = rawAt<std::uint32_t>(now, 0x0D);
+  constexpr std::uint64_t kPictureAt = 22;
+  EXPECT_EQ(part(now, rawAt<std::uint32_t>(now, at + kPictureAt), 7), "picture");
+  // The next free handle and the number of objects are told more than once.
+  const auto reread = readBytes(now);
+  ASSERT_TRUE(reread);
+  EXPECT_EQ(reread.value()->places().size(), drawing.objects.size() + 100);
+}
+
+TEST_P(DwgFiles, WhatCannotBeWrittenIsRefused) {
+  const auto refused = [&](std::vector<ChangedObject> objects) {
+    FileChanges changes;
+    changes.objects = std::move(objects);
+    return !file->write(changes);
+  };
+  EXPECT_TRUE(refused({changed(0, "x")}));
+  EXPECT_TRUE(refused({changed(3, "x"), changed(3, "y")}));
+  EXPECT_TRUE(refused({changed(3, "")}));
+  EXPECT_TRUE(refused({ChangedObject{5, true, {}, 0}}));
+  EXPECT_TRUE(refused({ChangedObject{3, false, "x", 9}}));
+}
+
+TEST_P(DwgFiles, CutOffAnywhereTheyAreRefusedWithThePlace) {
+  for (std::size_t length = 0; length < bytes.size() - 0x500; length += 1 + length / 60) {
+    const auto read = readBytes(bytes.substr(0, length));
+    ASSERT_FALSE(read) << length;
+    EXPECT_TRUE(read.failure().place.starts_with(L"byte ")) << length;
+  }
+}
+
+TEST_P(DwgFiles, AnyWrongByteIsReadOrRefused) {
+  std::size_t refused = 0;
+  for (std::size_t at = 6; at < bytes.size(); at += at < 0x500 ? 3 : 37) {
+    std::string wrong = bytes;
+    wrong[at] = static_cast<char>(~wrong[at]);
+    const auto read = readBytes(wrong);
+    refused += read ? 0 : 1;
+    if (read) {
+      EXPECT_EQ(read.value()->write({}).value(), wrong);
+    }
+  }
+  EXPECT_GT(refused, 50U);
+}
+
+TEST(DwgRefusals, OtherFilesAndVersions) {
+  const auto reason = [](const std::string& bytes) {
+    const auto read = readBytes(bytes);
+    return read ? std::wstring(L"read") : read.failure().text();
+  };
+  EXPECT_EQ(reason(""), L"byte 0: This is not a DWG drawing");
+  EXPECT_EQ(reason("  0\nSECTION\n"), L"byte 0: This is not a DWG drawing");
+  EXPECT_EQ(reason("AC1009" + std::string(500, '\0')),
+            L"byte 0: DWG drawings before release 13 are not read");
+  EXPECT_EQ(reason("AC2.10" + std::string(500, '\0')),
+            L"byte 0: DWG drawings before release 13 are not read");
+  EXPECT_EQ(reason("AC1040" + std::string(500, '\0')), L"byte 0: DWG drawings of this release are not read");
+  EXPECT_EQ(reason("AC1015"), L"byte 6: The file is cut off");
+}
+
+TEST(DwgRefusals, MapsThatLeadAstray) {
+  for (const Version version : {Version::kR2004, Version::kR2007}) {
+    const SmallDrawing drawing = smallDrawing(version);
+    const auto reason = [&](const PageFaults& faults) {
+      const auto read =
+          readBytes(version == Version::kR2007 ? codedBytes(drawing, faults) : pagedBytes(drawing, faults));
+      return read ? std::wstring(L"read") : read.failure().reason;
+    };
+    EXPECT_EQ(reason({}), L"read");
+    EXPECT_EQ(reason({.isEncrypted = true}), L"The drawing is encrypted with a password");
+    const wchar_t* const kTwice = L"The section map names a page that does not exist, or one twice";
+    EXPECT_EQ(reason({.usesPageTwice = true}), kTwice);
+    EXPECT_EQ(reason({.namesNoPage = true}), kTwice);
+    EXPECT_EQ(reason({.hasPageTwice = true}), L"The page map is damaged");
+    const wchar_t* const kLarge = L"AcDb:AcDbObjects is larger than the file can hold";
+    EXPECT_EQ(reason({.objectsSize = std::uint64_t{1} << 40}), kLarge);
+    EXPECT_EQ(reason({.objectsSize = ~std::uint64_t{0}}), kLarge);
+    std::string encrypted = bytesOf(drawing);
+    encrypted[0x18] = 1;
+    EXPECT_EQ(readBytes(encrypted).failure().text(), L"byte 24: The drawing is encrypted with a password");
+  }
+}
+
+class LocatedDwg : public ::testing::Test {
+ protected:
+  SmallDrawing drawing = smallDrawing(Version::kR2000);
+  SmallPlaces places;
+  std::string bytes = locatedBytes(drawing, places);
+};
+
+TEST_F(LocatedDwg, WhatTellsPlacesFollows) {
+  const auto file = readBytes(bytes);
+  ASSERT_TRUE(file);
+  FileChanges changes;
+  changes.header = drawing.header + "12345";
+  changes.objects = {{3, false, drawing.objects[0].data + "123", 0}, {999, false, "ten bytes.", 0}};
+  const auto result = file.value()->write(changes);
+  ASSERT_TRUE(result);
+  const std::string& now = result.value();
+  constexpr std::uint64_t kHeader = 5, kObject = 3, kAdded = 14;
+  const std::uint64_t mapLength = places.freeSpace - places.map;
+  const std::uint64_t moved = now.size() - bytes.size();
+  // The map tells one more, in three to six bytes.
+  EXPECT_GE(moved, kHeader + kObject + kAdded + 3);
+  EXPECT_EQ(rawAt<std::uint32_t>(now, 0x19 + 18 + 1), places.map + kHeader + kObject + kAdded);
+  EXPECT_EQ(rawAt<std::uint32_t>(now, 0x19 + 18 + 5), mapLength + moved - kHeader - kObject - kAdded);
+  const std::uint64_t freeSpace = places.freeSpace + moved;
+  EXPECT_EQ(rawAt<std::uint32_t>(now, freeSpace + 4), drawing.objects.size() + 1);
+  EXPECT_EQ(rawAt<std::uint32_t>(now, freeSpace + 16),
+            rawAt<std::uint32_t>(bytes, places.freeSpace + 16) + kHeader);
+  EXPECT_EQ(rawAt<std::uint32_t>(now, places.auxHeader + 79), 1000U);
+  EXPECT_EQ(part(now, places.picture + moved, 7), "picture");
+  // Its second header names its own place, and the next free handle.
+  BitReader second(part(now, places.secondHeader + moved + 16, 100));
+  second.rl();
+  EXPECT_EQ(static_cast<std::uint64_t>(second.bl()), places.secondHeader + moved);
+
+  // Back to what it was: byte for byte, but for the next free handle.
+  const auto changed = readBytes(now);
+  ASSERT_TRUE(changed);
+  FileChanges back;
+  back.header = drawing.header;
+  back.objects = {{3, false, drawing.objects[0].data, 0}, {999, true, {}, 0}};
+  const auto again = readBytes(changed.value()->write(back).value());
+  ASSERT_TRUE(again);
+  EXPECT_EQ(again.value()->file().size(), bytes.size());
+  const std::uint64_t objectsBegin = readBytes(bytes).value()->places().front().offset;
+  const std::uint64_t objectsLength = places.map - objectsBegin;
+  EXPECT_EQ(part(again.value()->file(), objectsBegin, objectsLength),
+            part(bytes, objectsBegin, objectsLength));
+}
+
+TEST_F(LocatedDwg, AnObjectsWrongCrcStaysAsItCame) {
+  const std::uint64_t second = readBytes(bytes).value()->places()[1].offset;
+  bytes[second + 5] ^= 1;
+  const auto file = readBytes(bytes);
+  ASSERT_TRUE(file);
+  const std::string whole(file.value()->objectAt(second).value().whole);
+  EXPECT_FALSE(file.value()->objectAt(second).value().crcHolds());
+  FileChanges changes;
+  changes.objects = {{3, false, "x", 0}};
+  const auto now = readBytes(file.value()->write(changes).value());
+  ASSERT_TRUE(now);
+  EXPECT_EQ(now.value()->objectAt(now.value()->find(6)->offset).value().whole, whole);
+}
+
+TEST_F(LocatedDwg, ObjectsThatShareBytesAreNotWrittenOverEachOther) {
+  // The last handle names the object of the one before it.
+  const auto whole = readBytes(bytes);
+  ASSERT_TRUE(whole);
+  const Handle last = drawing.objects.back().handle;
+  const std::size_t mapEnd = places.freeSpace - 4;
+  const std::size_t pageSize = places.freeSpace - 6 - places.map;
+  // Its offset from the other's takes one byte.
+  bytes[mapEnd - 3] = 0;
+  const std::uint16_t crc = crc16(kCrcStart, part(bytes, places.map, pageSize));
+  bytes[mapEnd - 2] = static_cast<char>(crc >> 8);
+  bytes[mapEnd - 1] = static_cast<char>(crc);
+  const auto file = readBytes(bytes);
+  ASSERT_TRUE(file) << base::toUtf8(file.failure().text());
+  ASSERT_EQ(file.value()->find(last)->offset, file.value()->find(last - 3)->offset);
+  FileChanges changes;
+  changes.objects = {{last, false, "changed", 0}, {last - 6, true, {}, 0}};
+  const auto now = readBytes(file.value()->write(changes).value());
+  ASSERT_TRUE(now);
+  const auto dataOf = [&](Handle handle) {
+    return now.value()->objectAt(now.value()->find(handle)->offset).value().data;
+  };
+  EXPECT_EQ(dataOf(last), "changed");
+  EXPECT_EQ(dataOf(last - 3), drawing.objects[drawing.objects.size() - 2].data);
+  EXPECT_EQ(now.value()->find(last - 6), nullptr);
+}
+
+TEST(DwgObjectMap, ComesBackFromSeveralPages) {
+  std::vector<ObjectPlace> places;
+  std::uint64_t offset = 0x1000000;
+  for (Handle handle = 5; handle < 4000; handle += 1 + handle % 7) {
+    places.push_back({handle, offset});
+    offset += handle % 3 == 0 ? 100000 : ~std::uint64_t{77};  // forth and back
+  }
+  const std::string bytes = writeObjectMap(places);
+  const auto map = readObjectMap(bytes + "behind", 0);
+  ASSERT_TRUE(map);
+  EXPECT_EQ(map.value().length, bytes.size());
+  ASSERT_EQ(map.value().places.size(), places.size());
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    EXPECT_EQ(map.value().places[i].handle, places[i].handle);
+    EXPECT_EQ(map.value().places[i].offset, places[i].offset);
+  }
+  for (const std::vector<ObjectPlace>& wrong :
+       {std::vector<ObjectPlace>{{3, 1}, {3, 2}}, std::vector<ObjectPlace>{{0, 1}},
+        std::vector<ObjectPlace>{}}) {
+    const auto read = readObjectMap(writeObjectMap(wrong), 7);
+    ASSERT_FALSE(read);
+    EXPECT_EQ(read.failure().text(), L"byte 7: AcDb:Handles names no object, or one twice");
+  }
+}
+
+}  // namespace
+}  // namespace cad::dwg

@@ -1,0 +1,402 @@
+#include "tests/embedded/dwg/small_files.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "embedded/dwg/bits/bit_writer.h"
+#include "embedded/dwg/bits/crc.h"
+#include "embedded/dwg/files/raw_values.h"
+#include "embedded/dwg/files/reed_solomon.h"
+#include "embedded/dwg/files/sentinels.h"
+
+namespace cad::dwg {
+namespace {
+
+constexpr char kSecondHeaderBegin[] = "\xD4\x7B\x21\xCE\x28\x93\x9F\xBF\x53\x24\x40\x09\x12\x3C\xAA\x01";
+constexpr std::uint64_t kPageSize = 0x400;
+
+std::string u32(std::uint64_t value) {
+  std::string bytes;
+  appendRaw(bytes, static_cast<std::uint32_t>(value));
+  return bytes;
+}
+
+std::string u64(std::uint64_t value) {
+  std::string bytes;
+  appendRaw(bytes, value);
+  return bytes;
+}
+
+std::string withCrc(std::string bytes) {
+  appendRaw(bytes, crc16(kCrcStart, bytes));
+  return bytes;
+}
+
+std::string bigEndian(std::size_t value) { return {static_cast<char>(value >> 8), static_cast<char>(value)}; }
+
+std::string framed(std::string_view begin, const std::string& content, std::string_view end,
+                   Version version) {
+  const std::string high = version >= Version::kR2010 ? u32(0) : std::string();
+  return std::string(begin) + withCrc(u32(content.size()) + high + content) + std::string(end);
+}
+
+// The objects behind `base` bytes, and the places for the map.
+std::string objectBytes(const SmallDrawing& drawing, std::uint64_t base, std::vector<ObjectPlace>& places) {
+  std::string bytes;
+  for (const SmallObject& object : drawing.objects) {
+    places.push_back({object.handle, base + bytes.size()});
+    BitWriter size;
+    size.ms(static_cast<std::uint32_t>(object.data.size()));
+    if (drawing.version >= Version::kR2010) size.umc(8);
+    bytes += withCrc(size.take() + object.data);
+  }
+  return bytes;
+}
+
+// In one page, which they must fit.
+std::string mapBytes(const std::vector<ObjectPlace>& places) {
+  BitWriter pairs;
+  ObjectPlace last;
+  for (const ObjectPlace& place : places) {
+    pairs.umc(place.handle - last.handle);
+    pairs.mc(static_cast<std::int64_t>(place.offset - last.offset));
+    last = place;
+  }
+  const std::string page = bigEndian(pairs.bytes().size() + 2) + pairs.bytes();
+  const std::string end = bigEndian(2);
+  return page + bigEndian(crc16(kCrcStart, page)) + end + bigEndian(crc16(kCrcStart, end));
+}
+
+std::string beginning(const SmallDrawing& drawing) {
+  std::string bytes(base::versionCode(drawing.version));
+  bytes.resize(0x15, '\0');
+  bytes[0x0B] = 15;
+  bytes[0x13] = 38;  // ANSI_932
+  return bytes;
+}
+
+std::string auxHeader(const SmallDrawing& drawing) {
+  std::string bytes(drawing.version >= Version::kR2018 ? 129 : 123, '\0');
+  putRaw(bytes, drawing.version >= Version::kR2018 ? 85 : 79,
+         static_cast<std::uint32_t>(drawing.objects.back().handle + 1));
+  return bytes;
+}
+
+std::string freeSpace(const SmallDrawing& drawing) {
+  std::string bytes(drawing.version >= Version::kR2010 ? 89 : 53, '\0');
+  putRaw(bytes, drawing.version >= Version::kR2010 ? 8 : 4,
+         static_cast<std::uint32_t>(drawing.objects.size()));
+  return bytes;
+}
+
+// A thumbnail with one picture, which stands at `at` in the file when the thumbnail does.
+std::string thumbnail(std::uint64_t at) {
+  const std::string picture = "picture";
+  std::string bytes(kThumbnailBegin);
+  bytes += u32(17);
+  bytes += '\1';
+  bytes += '\2';
+  bytes += u32(at + bytes.size() + 8) + u32(picture.size());
+  return bytes + picture;
+}
+
+std::string secondHeader(std::uint64_t at,
+                         const std::vector<std::pair<std::uint64_t, std::uint64_t>>& sections,
+                         Handle nextHandle) {
+  BitWriter bits;
+  bits.rl(0);
+  bits.bl(static_cast<std::int32_t>(at));
+  for (int i = 0; i < 13; ++i) bits.rc('v');
+  bits.bs(-1), bits.rs(38), bits.bs(static_cast<std::int16_t>(sections.size()));
+  for (std::size_t i = 0; i < sections.size(); ++i) {
+    bits.rc(static_cast<std::uint8_t>(i));
+    bits.bl(static_cast<std::int32_t>(sections[i].first));
+    bits.bl(static_cast<std::int32_t>(sections[i].second));
+  }
+  bits.bs(2);
+  bits.rc(2), bits.rc(0), bits.rc(static_cast<std::uint8_t>(nextHandle >> 8));
+  bits.rc(static_cast<std::uint8_t>(nextHandle));
+  bits.rc(1), bits.rc(1), bits.rc(7);
+  std::string bytes = bits.take();
+  putRaw(bytes, 0, static_cast<std::uint32_t>(bytes.size() + 10));
+  return kSecondHeaderBegin + withCrc(bytes) + "87654321" + "the second's end";
+}
+
+struct Section {
+  std::string name, content;
+  bool isPlain = false;
+};
+
+std::vector<Section> sectionsOf(const SmallDrawing& drawing, std::uint64_t previewAt) {
+  std::vector<ObjectPlace> places;
+  std::string objects = objectBytes(drawing, 4, places);
+  return {{"AcDb:Preview", thumbnail(previewAt), true},
+          {"AcDb:AcDbObjects", u32(0x0DCA) + objects},
+          {"AcDb:ObjFreeSpace", freeSpace(drawing)},
+          {"AcDb:Handles", mapBytes(places)},
+          {"AcDb:Classes", framed(kClassesBegin, drawing.classes, kClassesEnd, drawing.version)},
+          {"AcDb:AuxHeader", auxHeader(drawing)},
+          {"AcDb:Header", framed(kHeaderBegin, drawing.header, kHeaderEnd, drawing.version)}};
+}
+
+// Literal bytes only, as the pages of R2004 have them.
+std::string literalsOnly(const std::string& bytes) {
+  std::string result(1, '\0');
+  std::size_t count = bytes.size() - 18;
+  for (; count > 0xFF; count -= 0xFF) result += '\0';
+  result += static_cast<char>(count);
+  return result + bytes + std::string("\x11\0\0", 3);
+}
+
+std::string combined(std::string bytes) {
+  std::uint32_t state = 1;
+  for (char& byte : bytes) {
+    state = state * 0x343FD + 0x269EC3;
+    byte = static_cast<char>(byte ^ static_cast<char>(state >> 16));
+  }
+  return bytes;
+}
+
+std::string page2004(const std::string& data, std::uint64_t at, std::size_t type, std::uint64_t start) {
+  const std::size_t size = (data.size() + 32 + 31) / 32 * 32;
+  std::string header = u32(0x4163043B) + u32(type) + u32(data.size()) + u32(size) + u32(start) + u32(0) +
+                       u32(0) + u32(pageChecksum(0, data));
+  putRaw(header, 24, pageChecksum(pageChecksum(0, data), header));
+  for (std::size_t i = 0; i < 32; i += 4) {
+    putRaw(header, i, rawAt<std::uint32_t>(header, i) ^ static_cast<std::uint32_t>(0x4164536B ^ at));
+  }
+  std::string page = header + data;
+  page.resize(size, '\0');
+  return page;
+}
+
+std::string systemPage2004(const std::string& content, std::uint32_t type) {
+  const std::string data = literalsOnly(content);
+  std::string page = u32(type) + u32(content.size()) + u32(data.size()) + u32(2) + u32(0);
+  putRaw(page, 16, pageChecksum(pageChecksum(0, page), data));
+  page += data;
+  page.resize((page.size() + 31) / 32 * 32, '\0');
+  return page;
+}
+
+std::string utf16(const std::string& name) {
+  std::string bytes;
+  for (const char c : name) bytes += c, bytes += '\0';
+  return name.empty() ? bytes : bytes + std::string(2, '\0');
+}
+
+}  // namespace
+
+SmallDrawing smallDrawing(Version version) {
+  SmallDrawing drawing;
+  drawing.version = version;
+  for (Handle handle = 1; handle <= 120; ++handle) {
+    drawing.objects.push_back(
+        {handle * 3, "object " + std::to_string(handle) + std::string(handle % 40, 'x')});
+  }
+  return drawing;
+}
+
+std::string locatedBytes(const SmallDrawing& drawing, SmallPlaces& at) {
+  const unsigned count = drawing.version == Version::kR2000 ? 6 : 5;
+  std::string bytes = beginning(drawing);
+  bytes.resize(0x19 + 9 * count + 2, '\0');
+  bytes += kLocatorsEnd;
+  std::vector<std::pair<std::uint64_t, std::uint64_t>> sections(count);
+  const auto add = [&](std::size_t number, const std::string& content) {
+    sections[number] = {bytes.size(), content.size()};
+    bytes += content;
+    return sections[number].first;
+  };
+  if (count == 6) at.auxHeader = add(5, auxHeader(drawing));
+  at.header = add(0, framed(kHeaderBegin, drawing.header, kHeaderEnd, drawing.version));
+  add(1, framed(kClassesBegin, drawing.classes, kClassesEnd, drawing.version));
+  bytes += u32(0x0DCA);
+  std::vector<ObjectPlace> places;
+  bytes += objectBytes(drawing, bytes.size(), places);
+  at.map = add(2, mapBytes(places));
+  std::string free = freeSpace(drawing);
+  putRaw(free, 16, static_cast<std::uint32_t>(places.front().offset));
+  at.freeSpace = add(3, free);
+  const std::uint64_t thumbnailAt = bytes.size();
+  bytes += thumbnail(thumbnailAt);
+  at.picture = bytes.size() - 7;
+  add(4, std::string("\0\0\1\0", 4));
+  at.secondHeader = bytes.size();
+  bytes += secondHeader(at.secondHeader, sections, drawing.objects.back().handle + 1);
+  putRaw(bytes, 0x0D, static_cast<std::uint32_t>(thumbnailAt));
+  putRaw(bytes, 0x15, count);
+  for (unsigned i = 0; i < count; ++i) {
+    bytes.replace(0x19 + 9 * i, 9,
+                  std::string(1, static_cast<char>(i)) + u32(sections[i].first) + u32(sections[i].second));
+  }
+  const std::uint64_t end = 0x19 + 9 * count;
+  putRaw(bytes, end,
+         static_cast<std::uint16_t>(crc16(0, part(bytes, 0, end)) ^ (count == 6 ? 0x8461 : 0x3CC4)));
+  return bytes;
+}
+
+std::string pagedBytes(const SmallDrawing& drawing, const PageFaults& faults) {
+  std::vector<std::pair<std::uint32_t, std::string>> pages;  // number, bytes
+  std::uint64_t at = 0x100;
+  const auto add = [&](const std::string& bytes) {
+    pages.emplace_back(static_cast<std::uint32_t>(pages.size() + 1), bytes);
+    at += bytes.size();
+    return pages.back().first;
+  };
+  std::string map;
+  const auto sections = sectionsOf(drawing, 0x120);
+  for (std::size_t i = 0; i < sections.size(); ++i) {
+    const Section& section = sections[i];
+    std::string told;
+    std::uint32_t count = 0;
+    for (std::size_t start = 0; start < section.content.size(); start += kPageSize, ++count) {
+      std::string content = section.content.substr(start, kPageSize);
+      content.resize(kPageSize, '\0');
+      if (!section.isPlain) content = literalsOnly(content);
+      const std::uint32_t number = add(page2004(content, at, i + 1, start));
+      told += u32(faults.usesPageTwice ? 2
+                  : faults.namesNoPage ? 99
+                                       : number) +
+              u32(content.size()) + u64(start);
+    }
+    const bool isResized = faults.objectsSize != 0 && section.name == "AcDb:AcDbObjects";
+    map += u64(isResized ? faults.objectsSize : section.content.size()) + u32(count) + u32(kPageSize) +
+           u32(1) + u32(section.isPlain ? 1 : 2) + u32(i + 1) + u32(faults.isEncrypted ? 1 : 0);
+    std::string name = section.name;
+    name.resize(64, '\0');
+    map += name + told;
+  }
+  const std::string head = u32(sections.size()) + u32(2) + u32(kPageSize) + u32(0) + u32(sections.size());
+  const std::uint32_t sectionMap = add(systemPage2004(head + map, 0x4163003B));
+  const auto pageMapNumber = static_cast<std::uint32_t>(pages.size() + 1);
+  std::string pageMap;
+  for (const auto& [number, bytes] : pages)
+    pageMap += u32(faults.hasPageTwice ? 1 : number) + u32(bytes.size());
+  pageMap += u32(pageMapNumber) + u32(0x4000);
+  const std::uint64_t pageMapAt = at;
+
+  std::string file = beginning(drawing);
+  file.resize(0x100, '\0');
+  putRaw(file, 0x0D, std::uint32_t{0x120});
+  for (const auto& [number, bytes] : pages) file += bytes;
+  file += systemPage2004(pageMap, 0x41630E3B);
+  std::string header = std::string("AcFssFcAJMB\0", 12) + u32(0) + u32(0x6C) + u32(4) +
+                       std::string(12, '\0') + u32(1) + u32(pageMapNumber) + u64(pageMapAt + 0x4000 - 0x100) +
+                       u64(file.size()) + u32(0) + u32(pageMapNumber) + u32(0x20) + u32(0x80) + u32(0x40) +
+                       u32(pageMapNumber) + u64(pageMapAt - 0x100) + u32(sectionMap) + u32(pageMapNumber) +
+                       u32(0) + u32(0);
+  putRaw(header, 0x68, crc32(0, header));
+  header = combined(header);
+  file.replace(0x80, header.size(), header);
+  return file + header;
+}
+
+std::string codedBytes(const SmallDrawing& drawing, const PageFaults& faults) {
+  const ReedSolomon& systemCode = ReedSolomon::ofSystemPages();
+  const ReedSolomon& dataCode = ReedSolomon::ofDataPages();
+  std::vector<std::pair<std::uint64_t, std::string>> pages;
+  const auto add = [&](std::string bytes) {
+    bytes.resize((bytes.size() + 31) / 32 * 32, '\0');
+    pages.emplace_back(pages.size() + 1, bytes);
+    return pages.back().first;
+  };
+  const auto systemPage = [&](const std::string& content) {
+    std::string filled = content;
+    filled.resize((content.size() + 7) / 8 * 8, '\0');
+    return systemCode.coded(filled + filled, std::string(239, 'p'));
+  };
+  std::string map;
+  for (const Section& section : sectionsOf(drawing, 0x480)) {
+    std::string told;
+    std::uint64_t count = 0;
+    for (std::size_t start = 0; start < section.content.size(); start += kPageSize, ++count) {
+      const std::string content = section.content.substr(start, kPageSize);
+      std::string filled = content;
+      filled.resize((content.size() + 7) / 8 * 8, '\0');
+      const std::string padding(251, 'p');
+      const std::uint64_t number =
+          add(section.isPlain ? filled + dataCode.parity(filled, padding) : dataCode.coded(filled, padding));
+      told += u64(start) + u64(content.size());
+      told += u64(faults.usesPageTwice ? 2 : faults.namesNoPage ? 99 : number);
+      told +=
+          u64(content.size()) + u64(content.size()) + u64(dataChecksum(content)) + u64(pageCrc64(0, content));
+    }
+    const bool isResized = faults.objectsSize != 0 && section.name == "AcDb:AcDbObjects";
+    const std::string name = utf16(section.name);
+    map += u64(isResized ? faults.objectsSize : section.content.size()) + u64(kPageSize);
+    map +=
+        u64(faults.isEncrypted ? 1 : 0) + u64(0) + u64(name.size()) + u64(0) + u64(section.isPlain ? 1 : 4);
+    map += u64(count) + name + told;
+  }
+  const std::uint64_t sectionMap = add(systemPage(map));
+  const std::uint64_t pageMapNumber = pages.size() + 1;
+  std::uint64_t at = 0;
+  std::string pageMap;
+  for (const auto& [number, bytes] : pages) {
+    pageMap += u64(bytes.size()) + u64(faults.hasPageTwice ? 1 : number);
+    at += bytes.size();
+  }
+  constexpr std::uint64_t kPageMapSize = 0x1000;
+  pageMap += u64(kPageMapSize) + u64(pageMapNumber);
+  std::string pageMapPage = systemPage(pageMap);
+  pageMapPage.resize(kPageMapSize, '\0');
+  const std::uint64_t size = 0x480 + at + kPageMapSize + 0x400;
+
+  std::string fields;
+  for (const std::uint64_t field : {std::uint64_t{0x70},
+                                    size,
+                                    pageCrc64(0, pageMap),
+                                    std::uint64_t{2},
+                                    std::uint64_t{0},
+                                    std::uint64_t{0},
+                                    std::uint64_t{0},
+                                    at,
+                                    pageMapNumber,
+                                    at + kPageMapSize,
+                                    std::uint64_t{pageMap.size()},
+                                    std::uint64_t{pageMap.size()},
+                                    pageMapNumber,
+                                    pageMapNumber,
+                                    std::uint64_t{0x20},
+                                    std::uint64_t{0x40},
+                                    pageCrc64(0, pageMap),
+                                    std::uint64_t{0xF800},
+                                    std::uint64_t{4},
+                                    std::uint64_t{1},
+                                    std::uint64_t{8},
+                                    pageCrc64(0, map),
+                                    std::uint64_t{map.size()},
+                                    std::uint64_t{0},
+                                    sectionMap,
+                                    std::uint64_t{map.size()},
+                                    pageCrc64(0, map),
+                                    std::uint64_t{2},
+                                    std::uint64_t{0},
+                                    std::uint64_t{0x60100},
+                                    std::uint64_t{0},
+                                    std::uint64_t{0},
+                                    std::uint64_t{12345},
+                                    std::uint64_t{0}}) {
+    fields += u64(field);
+  }
+  putRaw(fields, fields.size() - 8, headerCrc64(fields));
+  std::string block = u64(1) + u64(2) + u64(headerCrc64(fields)) + u32(0 - fields.size()) + u32(0) + fields;
+  std::string header = systemCode.coded(block + block, std::string(239, 'p'));
+  header.resize(0x400, 'c');
+
+  std::string file = beginning(drawing);
+  file.resize(0x80, '\0');
+  putRaw(file, 0x0D, std::uint32_t{0x480});
+  file += header;
+  for (const auto& [number, bytes] : pages) file += bytes;
+  return file + pageMapPage + header;
+}
+
+std::string bytesOf(const SmallDrawing& drawing) {
+  SmallPlaces places;
+  if (drawing.version <= Version::kR2000) return locatedBytes(drawing, places);
+  return drawing.version == Version::kR2007 ? codedBytes(drawing) : pagedBytes(drawing);
+}
+
+}  // namespace cad::dwg

@@ -1,0 +1,48 @@
+#pragma once
+// Small DWG files, written by the tests themselves from what a drawing is to have.
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "embedded/dwg/files/dwg_file.h"
+
+namespace cad::dwg {
+
+struct SmallObject {
+  Handle handle = 0;
+  std::string data;
+};
+
+struct SmallDrawing {
+  Version version = Version::kR2000;
+  std::string header = "the header's bits", classes = "the classes' bits";
+  std::vector<SmallObject> objects;  // by handle
+};
+
+// One with objects of different sizes, enough of them for several pages.
+SmallDrawing smallDrawing(Version version);
+
+// The file in the container of its version, with everything that containers have.
+std::string bytesOf(const SmallDrawing& drawing);
+
+// Where its parts stand, for tests that break them.
+struct SmallPlaces {
+  std::uint64_t header = 0, map = 0, secondHeader = 0, picture = 0, freeSpace = 0, auxHeader = 0;
+};
+std::string locatedBytes(const SmallDrawing& drawing, SmallPlaces& places);
+
+// The same with other sections or pages than it should have.
+struct PageFaults {
+  bool isEncrypted = false, usesPageTwice = false, namesNoPage = false, hasPageTwice = false;
+  std::uint64_t objectsSize = 0;  // instead of the real one
+};
+std::string pagedBytes(const SmallDrawing& drawing, const PageFaults& faults = {});
+std::string codedBytes(const SmallDrawing& drawing, const PageFaults& faults = {});
+
+inline base::Result<std::unique_ptr<DwgFile>> readBytes(std::string bytes) {
+  return readDwgFile(std::make_shared<SourceBytes>(std::move(bytes)));
+}
+
+}  // namespace cad::dwg
