@@ -41,17 +41,18 @@ base::Result<std::vector<ExtendedData>> withApplicationValues(const DwgStorage& 
   base::Result<std::vector<ExtendedData>> data = readExtendedData(frame.value());
   if (!data.ok()) return data.failure();
   std::vector<ExtendedData> changed;
-  const std::string bytes = values.empty() ? std::string() : encodeExtended(values);
+  base::Result<std::string> bytes = values.empty() ? std::string() : encodeExtended(values);
+  if (!bytes.ok()) return bytes.failure();
   bool isThere = false;
   for (ExtendedData& each : data.value()) {
     if (each.application.absolute(frame.value().handle) == application && !isThere) {
       isThere = true;
       if (values.empty()) continue;
-      each.bytes = bytes;
+      each.bytes = bytes.value();
     }
     changed.push_back(std::move(each));
   }
-  if (!isThere && !values.empty()) changed.push_back({{kPointing, 0, application}, bytes});
+  if (!isThere && !values.empty()) changed.push_back({{kPointing, 0, application}, bytes.value()});
   return changed;
 }
 
