@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/lineweights.h"
 #include "embedded/dwg/fields/extended_data.h"
 #include "embedded/dwg/fields/field_reader.h"
 #include "embedded/dwg/fields/field_writer.h"
@@ -122,7 +123,7 @@ base::Result<WrittenObject> rewriteAs(const ObjectFrame& frame, const FieldChang
   parts.front.copy(frame.data, frame.handleFieldBegin, extended ? frame.extendedBegin : frame.extendedEnd);
   if (extended) writeExtended(parts.front, *changes.extendedData());
   // Objects without a stream of texts have only empty ones.
-  parts.textsWanted = writer.hasTexts() || frame.textEnd != frame.textBegin;
+  parts.textsWanted = writer.hasTexts() || frame.hasTexts;
   return assemble(frame.version, &frame, parts, writer);
 }
 
@@ -190,8 +191,8 @@ base::Result<WrittenObject> build(ObjectKind kind, Version version, Handle handl
 
 namespace {
 
-constexpr int kLineWeights[] = {0,  5,  9,  13, 15, 18,  20,  25,  30,  35,  40,  50,
-                                53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
+// The widths by their order, behind the words for none.
+std::span<const base::Lineweight> widths() { return base::lineweights().subspan(3); }
 constexpr std::int64_t kStoredByLayer = 29, kStoredByBlock = 30, kStoredDefault = 31;
 
 }  // namespace
@@ -199,17 +200,18 @@ constexpr std::int64_t kStoredByLayer = 29, kStoredByBlock = 30, kStoredDefault 
 int lineWeightOf(std::int64_t stored) {
   if (stored == kStoredByBlock) return -2;
   if (stored == kStoredDefault) return -3;
-  const bool known = stored >= 0 && stored < static_cast<std::int64_t>(std::size(kLineWeights));
-  return known ? kLineWeights[stored] : -1;
+  const bool known = stored >= 0 && stored < static_cast<std::int64_t>(widths().size());
+  return known ? widths()[static_cast<std::size_t>(stored)].hundredths : -1;
 }
 
 std::optional<std::int64_t> storedLineWeight(int lineWeight) {
   if (lineWeight == -1) return kStoredByLayer;
   if (lineWeight == -2) return kStoredByBlock;
   if (lineWeight == -3) return kStoredDefault;
-  const int* const found = std::ranges::find(kLineWeights, lineWeight);
-  if (found == std::end(kLineWeights)) return std::nullopt;
-  return found - kLineWeights;
+  const std::span<const base::Lineweight> all = widths();
+  const auto found = std::ranges::find(all, lineWeight, &base::Lineweight::hundredths);
+  if (found == all.end()) return std::nullopt;
+  return found - all.begin();
 }
 
 }  // namespace cad::dwg

@@ -59,6 +59,7 @@ base::Result<ObjectFrame> readFrame(std::string_view data, std::uint64_t handleB
   const TextRange texts = textRange(data, handles);
   if (!texts.valid || texts.dataEnd < frame.extendedEnd) return damaged(L"its texts have a wrong size");
   frame.dataEnd = texts.dataEnd, frame.textBegin = texts.begin, frame.textEnd = texts.end;
+  frame.hasTexts = texts.present;
   return frame;
 }
 

@@ -20,7 +20,8 @@ struct ObjectFrame {
   std::uint32_t handleFieldBegin = 0;                // ends where the extended data begins
   std::uint32_t extendedBegin = 0, extendedEnd = 0;  // the list of extended data, its end included
   std::uint32_t dataEnd = 0;                     // fields that are neither handles nor, from R2007 on, texts
-  std::uint32_t textBegin = 0, textEnd = 0;      // R2007 on; equal: there are no texts
+  std::uint32_t textBegin = 0, textEnd = 0;      // R2007 on
+  bool hasTexts = false;                         // there is a stream of them, be it empty
   std::uint32_t handleBegin = 0, handleEnd = 0;  // fewer than eight bits may follow, which fill the last byte
 };
 

@@ -15,7 +15,8 @@ TextRange textRange(std::string_view bytes, std::uint64_t end) {
   if (end < 1 || end > std::uint64_t{bytes.size()} * 8) return invalid();
   std::uint64_t at = end - 1;
   range.dataEnd = range.begin = range.end = static_cast<std::uint32_t>(at);
-  if (!BitReader(bytes, at, end).b()) return range;
+  range.present = BitReader(bytes, at, end).b();
+  if (!range.present) return range;
   if (at < kSizeBits) return invalid();
   at -= kSizeBits;
   std::uint64_t size = BitReader(bytes, at, at + kSizeBits).rs();

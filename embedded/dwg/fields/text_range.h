@@ -12,6 +12,7 @@ namespace cad::dwg {
 struct TextRange {
   std::uint32_t dataEnd = 0;         // what stands before ends here
   std::uint32_t begin = 0, end = 0;  // equal: no texts
+  bool present = false;              // the bit
   bool valid = true;
 };
 
