@@ -1,63 +1,159 @@
-// What is not made in a DWG drawing yet.
+// New blocks and entities.
 
 #include "embedded/drawing/block_copy.h"
 #include "embedded/drawing/drawing.h"
-#include "embedded/drawing/stored_text.h"
+#include "embedded/dwg/block_builder.h"
 #include "embedded/dwg/dwg_storage.h"
-#include "embedded/dwg/entity_head.h"
+#include "embedded/dwg/geometry_changes.h"
+#include "embedded/dwg/special_properties.h"
+#include "embedded/dwg/text_background.h"
 
 namespace cad::dwg {
 namespace {
 
-base::Failure notYet(const wchar_t* what) {
-  return {{}, std::wstring(L"A DWG drawing cannot be changed here yet: ") + what};
+constexpr int kWeightByBlock = -2;
+constexpr std::int64_t kColorByBlock = 0;
+
+bool isText(std::string_view type) { return type == "TEXT" || type == "MTEXT" || type == "ATTDEF"; }
+
+// Entities in the form in which the host writes those of the blocks that it draws itself.
+class EntityWriter {
+ public:
+  EntityWriter(Drawing& drawing, DwgStorage& storage) : drawing_(drawing), storage_(storage), builder_(drawing, storage) {}
+
+  base::Status resume(RecordId block) { return builder_.resume(block); }
+
+  base::Status add(const BlockEntity& entity) {
+    FieldChanges values;
+    base::Status status = addLooks(values, entity);
+    if (!status) return status;
+    const base::Result<ObjectKind> kind = builder_.addGeometry(values, entity.type, entity.geometry);
+    if (!kind.ok()) return kind.failure();
+    if (isText(entity.type)) status = builder_.setStyle(values, entity.textStyle);
+    const auto* text = std::get_if<TextGeometry>(&entity.geometry.shape);
+    if (status && text != nullptr && text->multiline) status = addBackground(drawing_, storage_, *text, values);
+    if (!status) return status;
+    const base::Result<RecordId> made =
+        builder_.enter(kind.value(), std::move(values), signatureOf(entity, isText(entity.type)));
+    return made.ok() ? base::Status() : made.failure();
+  }
+
+ private:
+  base::Status addLooks(FieldChanges& values, const BlockEntity& entity) {
+    base::Status status = builder_.addCommon(values);
+    if (status) status = builder_.setLayer(values, entity.layer.empty() ? L"0" : entity.layer);
+    if (status) status = builder_.setLinetype(values, entity.linetype);
+    if (!status) return status;
+    Color color = colorOf(entity.color);
+    if (storage_.version() >= Version::kR2004) {
+      color.rgb = entity.trueColor;
+      if (entity.transparency != 0)
+        values.set("color", Value(std::int64_t{entity.transparency}), 0, Part::kTransparency);
+    }
+    values.setColor("color", color);
+    if (storage_.version() >= Version::kR2000)
+      values.set("lineweight", Value(storedLineWeight(entity.lineWeight).value_or(kByLayerWeight)));
+    return {};
+  }
+
+  SignatureId signatureOf(const BlockEntity& entity, bool isText) {
+    NamePool& names = drawing_.names();
+    Signature signature;
+    signature.type = names.intern(entity.type);
+    const auto named = [&](const std::wstring& name, std::string_view otherwise) {
+      return name.empty() ? names.intern(otherwise) : names.intern(std::wstring_view(name));
+    };
+    signature.layer = named(entity.layer, "0");
+    signature.linetype = named(entity.linetype, "ByLayer");
+    if (isText) signature.style = named(entity.textStyle, "Standard");
+    signature.color = entity.color;
+    return drawing_.intern(signature);
+  }
+
+  static constexpr std::int64_t kByLayerWeight = 29;
+
+  Drawing& drawing_;
+  DwgStorage& storage_;
+  BlockBuilder builder_;
+};
+
+// A shape of the host itself takes colour, linetype and lineweight from the reference.
+base::Status addShape(BlockBuilder& builder, const DwgStorage& storage, const Shape& shape) {
+  Geometry geometry;
+  std::string_view type;
+  dwg::addShape(shape, geometry, type);
+  FieldChanges values;
+  base::Status status = builder.addCommon(values);
+  if (status) status = builder.setLinetype(values, L"ByBlock");
+  if (!status) return status;
+  values.setColor("color", colorOf(kColorByBlock));
+  if (storage.version() >= Version::kR2000)
+    values.set("lineweight", Value(storedLineWeight(kWeightByBlock).value_or(0)));
+  const base::Result<ObjectKind> kind = builder.addGeometry(values, type, geometry);
+  if (!kind.ok()) return kind.failure();
+  const base::Result<RecordId> made = builder.enter(kind.value(), std::move(values));
+  return made.ok() ? base::Status() : made.failure();
 }
 
 }  // namespace
 
-base::Result<RecordId> DwgStorage::defineBlock(Drawing&, std::wstring_view, const BlockHead&,
-                                               std::span<const Shape>) {
-  return notYet(L"a new block");
-}
-std::unique_ptr<BlockCopy> DwgStorage::copierFrom(Drawing&, const Drawing&) { return nullptr; }
-base::Result<RecordId> DwgStorage::addEntity(Drawing&, RecordId, std::string_view, const Geometry&) {
-  return notYet(L"a new entity");
-}
-base::Status DwgStorage::addEntities(Drawing&, RecordId, std::span<const BlockEntity>) {
-  return notYet(L"a new entity");
-}
-base::Result<EditId> DwgStorage::setLastVertex(const Record&, const Point&) { return notYet(L"a leader"); }
-EditId DwgStorage::setTextMiddle(const Record& dimension, const Point&) { return dimension.edits; }
-base::Result<RecordId> DwgStorage::addInsert(Drawing&, RecordId, const NewInsert&) {
-  return notYet(L"a new reference");
-}
-base::Status DwgStorage::renameLayer(Drawing& drawing, RecordId layer, std::wstring_view newName) {
-  const NameId from = drawing.recordName(layer);
-  const std::string stored = encodeStored(newName, facts().codePage);
-  if (base::Status named = drawing.setStored(layer, Property::kName, stored); !named) return named;
-  drawing.layerRenamed(from, drawing.recordName(layer));
-  return {};
+base::Result<RecordId> DwgStorage::defineBlock(Drawing& drawing, std::wstring_view name,
+                                               const BlockHead& head, std::span<const Shape> shapes) {
+  Drawing::ChangeScope scope(drawing);
+  BlockBuilder builder(drawing, *this);
+  base::Status status = builder.open(name, head);
+  for (const Shape& shape : shapes)
+    if (status) status = addShape(builder, *this, shape);
+  if (status) return builder.block();
+  scope.rollBack();
+  return status.failure();
 }
 
-Signature DwgStorage::readSignature(Drawing& drawing, const Record& record) const {
-  const base::Result<ObjectFrame> frame = this->frame(record);
-  if (!frame.ok()) return {};
-  NamePool& names = drawing.names();
-  const EntityHead head = readEntityHead(frame.value());
-  const auto named = [&](Handle handle, std::string_view otherwise) {
-    const RecordId id = handle == 0 ? kNoRecord : recordOf(handle);
-    const NameId name = id == kNoRecord ? kNoName : drawing.recordName(id);
-    return name == kNoName ? names.intern(otherwise) : name;
-  };
-  Signature signature;
-  signature.type = names.intern(frame.value().type.name);
-  signature.layer = named(head.layer, "0");
-  signature.linetype = head.linetypeKind == LinetypeKind::kNamed
-                           ? named(head.linetype, "ByLayer")
-                           : names.intern(linetypeName(head.linetypeKind));
-  if (hasTextStyle(frame.value().type.kind)) signature.style = named(head.style, "Standard");
-  signature.color = head.color;
-  return signature;
+base::Status DwgStorage::addEntities(Drawing& drawing, RecordId block,
+                                     std::span<const BlockEntity> entities) {
+  EntityWriter writer(drawing, *this);
+  base::Status status = writer.resume(block);
+  for (const BlockEntity& entity : entities)
+    if (status) status = writer.add(entity);
+  return status;
 }
+
+base::Result<RecordId> DwgStorage::addEntity(Drawing& drawing, RecordId block, std::string_view type,
+                                             const Geometry& geometry) {
+  Drawing::ChangeScope scope(drawing);
+  BlockBuilder builder(drawing, *this);
+  FieldChanges values;
+  base::Status status = builder.resume(block);
+  if (status) status = builder.addCommon(values);
+  if (status && isText(type)) status = builder.setStyle(values, {});
+  if (status) {
+    const base::Result<ObjectKind> kind = builder.addGeometry(values, type, geometry);
+    base::Result<RecordId> made =
+        kind.ok() ? builder.enter(kind.value(), std::move(values)) : base::Result<RecordId>(kind.failure());
+    if (made.ok()) return made;
+    status = made.failure();
+  }
+  scope.rollBack();
+  return status.failure();
+}
+
+base::Result<EditId> DwgStorage::setLastVertex(const Record& leader, const Point& at) {
+  const std::uint32_t count = fields(leader).count("vertex");
+  if (count == 0) return base::Failure{L"LEADER", L"The leader has no vertices"};
+  FieldChanges changes;
+  changes.set("vertex", Value(at), count - 1);
+  return changed(leader, changes);
+}
+
+EditId DwgStorage::setTextMiddle(const Record& dimension, const Point& at) {
+  FieldChanges changes;
+  changes.set("text midpoint", Value(Point{at.x, at.y, 0}));
+  changes.set("elevation", Value(at.z));
+  const base::Result<EditId> state = changed(dimension, changes);
+  return state.ok() ? state.value() : dimension.edits;
+}
+
+// Between drawings the geometry and the properties are copied that both know.
+std::unique_ptr<BlockCopy> DwgStorage::copierFrom(Drawing&, const Drawing&) { return nullptr; }
 
 }  // namespace cad::dwg

@@ -78,8 +78,9 @@ class DwgStorage final : public RecordStorage {
   base::Result<RecordId> enter(Drawing& drawing, const NewObject& object, const NewRecord& made);
   // At the end of the table's list.
   base::Status enlist(Drawing& drawing, Table table, Handle entry);
-  // Which BLOCK a table's entry is of.
-  void pair(Handle entry, Handle begin, RecordId block);
+  // Which BLOCK a block's entry is of: its handle before both enter, its record once it has.
+  void announce(Handle entry, Handle begin);
+  void pair(Handle entry, RecordId block) { records_.blockOfEntry[entry] = block; }
   // Puts the record into the state with these fields changed; nothing of it is what a selection asks for.
   base::Status change(Drawing& drawing, RecordId id, const FieldChanges& changes);
 

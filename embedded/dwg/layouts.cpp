@@ -44,8 +44,8 @@ std::vector<Layout> DwgStorage::layouts(const Drawing& drawing) const {
 
 Point DwgStorage::basePoint(const Drawing& drawing, RecordId block) const {
   if (block == drawing.modelSpace()) return headerFields(drawing).point("INSBASE");
-  const std::optional<Record> entry = firstState(entryOf(drawing.record(block)));
-  return entry ? fields(*entry).point("base point") : Point{};
+  const RecordId entry = recordOf(entryOf(drawing.record(block)));
+  return entry == kNoRecord ? Point{} : fields(drawing.record(entry)).point("base point");
 }
 
 }  // namespace cad::dwg

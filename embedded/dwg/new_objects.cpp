@@ -68,6 +68,11 @@ void DwgStorage::forgetNewest() {
   look_.fields.reset(), commonLook_.fields.reset();
 }
 
+void DwgStorage::announce(Handle entry, Handle begin) {
+  records_.entryOfBlock[begin] = entry;
+  records_.beginOfEntry[entry] = begin;
+}
+
 base::Status DwgStorage::change(Drawing& drawing, RecordId id, const FieldChanges& changes) {
   const base::Result<EditId> state = changed(drawing.record(id), changes);
   if (!state.ok()) return state.failure();

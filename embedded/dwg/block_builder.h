@@ -1,0 +1,44 @@
+#pragma once
+// Writes a block and its entities.
+
+#include <string_view>
+
+#include "embedded/drawing/block_entity.h"
+#include "embedded/drawing/drawing.h"
+#include "embedded/dwg/dwg_storage.h"
+
+namespace cad::dwg {
+
+class BlockBuilder {
+ public:
+  BlockBuilder(Drawing& drawing, DwgStorage& storage) : drawing_(drawing), storage_(storage) {}
+
+  // A new block, or one that exists, emptied. Refused: a space, an external reference.
+  base::Status open(std::wstring_view name, const BlockHead& head);
+  base::Status resume(RecordId block);
+  RecordId block() const { return block_; }
+
+  // What every entity here has: its place, and layer 0 with everything else by the layer.
+  base::Status addCommon(FieldChanges& values);
+  base::Status setLayer(FieldChanges& values, std::wstring_view name);
+  base::Status setLinetype(FieldChanges& values, std::wstring_view name);  // empty: ByLayer
+  base::Status setStyle(FieldChanges& values, std::wstring_view name);     // empty: Standard
+  // Fails for a type that has no such geometry.
+  base::Result<ObjectKind> addGeometry(FieldChanges& values, std::string_view type, const Geometry& geometry);
+  base::Result<RecordId> enter(ObjectKind kind, FieldChanges values, SignatureId signature = 0);
+
+ private:
+  base::Status openNew(std::wstring_view name, const BlockHead& head);
+  base::Status empty(const BlockHead& head);
+  base::Result<Handle> handleOf(Table table, std::wstring_view name);
+
+  Drawing& drawing_;
+  DwgStorage& storage_;
+  RecordId block_ = kNoRecord;
+  Handle entry_ = 0;
+  std::wstring lastName_;  // of a layer or style, and its handle: most entities are like the one before
+  Table lastTable_ = Table::kNone;
+  Handle lastHandle_ = 0;
+};
+
+}  // namespace cad::dwg

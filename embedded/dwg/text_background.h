@@ -1,0 +1,12 @@
+#pragma once
+// What is painted behind a text of several lines, and its line spacing in the versions without a field for it.
+
+#include "embedded/drawing/drawing.h"
+#include "embedded/dwg/dwg_storage.h"
+
+namespace cad::dwg {
+
+base::Status addBackground(Drawing& drawing, const DwgStorage& storage, const TextGeometry& text,
+                           FieldChanges& values);
+
+}  // namespace cad::dwg
