@@ -30,8 +30,9 @@
       var th = make('th', row, c.title, c.numeric ? 'num' : '');
       th.tabIndex = 0;
       function press() {
-        var up = th.getAttribute('aria-sort') !== (c.numeric ? 'descending' : 'ascending');
-        var direction = c.numeric === up ? -1 : 1;
+        var first = c.numeric ? -1 : 1;
+        var isFirst = th.getAttribute('aria-sort') !== (first > 0 ? 'ascending' : 'descending');
+        var direction = isFirst ? first : -first;
         Array.prototype.forEach.call(row.children, function (o) { o.removeAttribute('aria-sort'); });
         th.setAttribute('aria-sort', direction > 0 ? 'ascending' : 'descending');
         sort(c.key, direction);
