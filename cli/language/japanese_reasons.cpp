@@ -313,6 +313,11 @@ constexpr Translation kRows[] = {
      L"線種の文字またはシェイプ %1 個は、フォントまたはシェイプ ファイルが見つからないため空けました"},
     {L"%1 of %2 objects to be marked do not show in this picture",
      L"印を付ける図形 %2 個のうち %1 個はこの画像に表示されません"},
+    {L"nothing is given to be written", L"書き出すものが指定されていません"},
+    {L"its section does not take this setting", L"この設定は、その区分では使えません"},
+    {L"its section does not take this entry", L"この項目は、その区分では使えません"},
+    {L"writing was given up", L"書き出しを中止しました"},
+    {L"A setting needs a name", L"設定には名前が必要です"},
 };
 
 }  // namespace
