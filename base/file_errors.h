@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <string>
+#include <system_error>
 
 #include "base/result.h"
 
@@ -13,5 +14,8 @@ Failure fileFailure(const std::filesystem::path& path, FailureKind kind, const s
 
 // `error` is an errno value.
 Failure fileFailure(const std::filesystem::path& path, int error);
+
+// `error` comes from std::filesystem; its own message is English, and on Windows in the system's code page.
+Failure fileFailure(const std::filesystem::path& path, const std::error_code& error);
 
 }  // namespace base

@@ -2,19 +2,12 @@
 
 #include <system_error>
 
-#include "base/codepage.h"
 #include "base/file_errors.h"
 #include "base/files.h"
 #include "base/temporary_files.h"
 
 namespace base {
 namespace {
-
-Failure failureOf(const std::filesystem::path& path, const std::error_code& error) {
-  const std::error_condition common = error.default_error_condition();
-  if (common.category() == std::generic_category()) return fileFailure(path, common.value());
-  return fileFailure(path, FailureKind::kOther, fromUtf8(error.message()));
-}
 
 // Beside the folder that it becomes; gone at the end unless it has become that.
 class TemporaryFolder {
@@ -55,7 +48,7 @@ Status createFolderWith(const std::filesystem::path& named, const std::vector<st
   if (fs::is_directory(folder, error)) return {};
   if (fs::exists(folder, error)) return fileFailure(folder, FailureKind::kFileInTheWay);
   TemporaryFolder made(folder);
-  if (made.error()) return failureOf(folder, made.error());
+  if (made.error()) return fileFailure(folder, made.error());
   Status outcome;
   for (const fs::path& file : files) {
     const auto content = readFile(file);
@@ -71,7 +64,7 @@ Status createFolderWith(const std::filesystem::path& named, const std::vector<st
   }
   const std::error_code refused = made.become(folder);
   const bool isThere = !refused || fs::is_directory(folder, error);  // another program may have been faster
-  return isThere ? outcome : Status(failureOf(folder, refused));
+  return isThere ? outcome : Status(fileFailure(folder, refused));
 }
 
 }  // namespace base

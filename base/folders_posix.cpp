@@ -45,4 +45,8 @@ Status listFolder(const std::filesystem::path& folder, const std::function<bool(
 
 std::vector<std::wstring> rootFolders() { return {L"/"}; }
 
+Failure fileFailure(const std::filesystem::path& path, const std::error_code& error) {
+  return fileFailure(path, error.value());
+}
+
 }  // namespace base

@@ -68,4 +68,10 @@ Failure systemFailure(const std::filesystem::path& path, unsigned long error) {
   return fileFailure(path, FailureKind::kOther, systemWords(error));
 }
 
+Failure fileFailure(const std::filesystem::path& path, const std::error_code& error) {
+  const bool isSystems = error.category() == std::system_category();
+  return isSystems ? systemFailure(path, static_cast<unsigned long>(error.value()))
+                   : fileFailure(path, error.value());
+}
+
 }  // namespace base

@@ -8,6 +8,7 @@
 #include "base/child_process.h"
 #include "base/clock.h"
 #include "base/codepage.h"
+#include "base/file_errors.h"
 #include "base/files.h"
 #include "base/paths.h"
 #include "base/temporary_files.h"
@@ -41,7 +42,8 @@ base::Status makeFolder(const std::wstring& option, const std::wstring& folder) 
   }
   fs::create_directories(path, error);
   if (fs::is_directory(path, unknown)) return {};
-  return base::Failure{place, tr(L"this folder cannot be made: %1", {base::fromUtf8(error.message())})};
+  return base::Failure{
+      place, tr(L"this folder cannot be made: %1", {translated(base::fileFailure(path, error).reason)})};
 }
 
 // What of a CVT file a conversion leaves undone for every drawing.
