@@ -2,17 +2,20 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <system_error>
 
 #include "base/codepage.h"
+#include "base/file_errors.h"
 #include "base/files.h"
 #include "base/paths.h"
 #include "base/temporary_files.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/language/language.h"
+#include "cli/reports/change_text.h"
 #include "cli/specifications/learned_changes.h"
 #include "cli/specifications/learned_rules.h"
 #include "cli/specifications/specification_check.h"
@@ -40,7 +43,8 @@ class TrialFolder {
   }
   Status status() const {
     if (!error_) return {};
-    return Failure{base::pathText(path_), translated(base::fromUtf8(error_.message()))};
+    const Failure failure = base::fileFailure(path_, error_);
+    return Failure{failure.place, translated(failure.reason)};
   }
   const fs::path& path() const { return path_; }
 
@@ -49,7 +53,7 @@ class TrialFolder {
   fs::path path_;
 };
 
-struct Outcome {
+struct Learned {
   LearnedRules rules;
   std::size_t changes = 0;       // made by hand, or by the rules alone
   std::vector<LeftChange> left;  // what differs from the second drawing after the conversion
@@ -65,7 +69,7 @@ class Learning {
         second_(arguments.files[1]),
         file_(base::pathFromText(base::fullPath(arguments.outputFile))) {}
 
-  Result<Outcome> run() {
+  Result<Learned> run() {
     Result<std::unique_ptr<cad::Drawing>> before = open(first_);
     if (!before) return before.failure();
     Result<std::unique_ptr<cad::Drawing>> after = open(second_);
@@ -79,9 +83,9 @@ class Learning {
     const std::vector<LearnedEntry> entries =
         learnEntries(*before.value(), *after.value(), differences, support);
     LearnedDrawing drawing(*before.value(), *after.value(), differences);
-    std::optional<Outcome> best;
+    std::optional<Learned> best;
     for (const int scope : drawing.needsDefinitions() ? std::vector{0, 1, 2} : std::vector{0}) {
-      Outcome outcome{learnSettings(drawing, {scope, drawing.needsLocks()}), 0, {}};
+      Learned outcome{learnSettings(drawing, {scope, drawing.needsLocks()}), 0, {}};
       outcome.rules.entries = entries;
       if (Status tried = measure(byHand, outcome); !tried) return tried.failure();
       if (!best || outcome.left.size() < best->left.size()) best = std::move(outcome);
@@ -111,7 +115,7 @@ class Learning {
   }
 
   // By the conversion itself, with the file as it is written.
-  Status measure(const HandMadeChanges& byHand, Outcome& outcome) {
+  Status measure(const HandMadeChanges& byHand, Learned& outcome) {
     if (Status made = trial_.status(); !made) return made;
     const fs::path trial = trial_.path() / file_.filename();
     if (Status written = write(outcome.rules, trial); !written) return written;
@@ -136,13 +140,13 @@ class Learning {
 
   // Dimensions that are drawn anew bring layers and arrows along. What comes out as it should without its
   // entry needs none.
-  Status keepNeededEntries(const HandMadeChanges& byHand, Outcome& best) {
-    Outcome without = best;
+  Status keepNeededEntries(const HandMadeChanges& byHand, Learned& best) {
+    Learned without = best;
     std::erase_if(without.rules.entries,
                   [](const LearnedEntry& entry) { return entry.record != cad::kNoRecord; });
     if (without.rules.entries.size() == best.rules.entries.size()) return {};
     if (Status tried = measure(byHand, without); !tried) return tried;
-    Outcome needed = best;
+    Learned needed = best;
     std::erase_if(needed.rules.entries, [&](const LearnedEntry& entry) {
       return entry.record != cad::kNoRecord &&
              std::ranges::find(without.left, entry.record, &LeftChange::after) == without.left.end();
@@ -159,19 +163,35 @@ class Learning {
   TrialFolder trial_;
 };
 
-std::wstring changeText(const HandMadeChange& change) {
-  if (change.before.empty() && change.after.empty()) return change.object + L": " + change.what;
-  return change.object + L": " + change.what + L": " + change.before + L" -> " + change.after;
+// Words by `word`: for a person in the user's language, for programs as they are.
+template <class Word>
+std::wstring madeText(const std::vector<MadeValue>& made, Word word) {
+  std::wstring text;
+  for (const MadeValue& each : made) {
+    if (!text.empty()) text += L"; ";
+    text += word(each.what);
+    if (!each.what.empty() && !each.value.empty()) text += L" ";
+    text += each.value;
+  }
+  return text;
+}
+
+std::wstring handMadeText(const HandMadeChange& change) {
+  const std::wstring object = (change.object.empty() ? tr(L"drawing") : change.object) + L": ";
+  if (change.before.empty() && change.after.empty()) return object + tr(change.what);
+  return object + changeText(cad::ValueChange{base::toUtf8(change.what), cad::Property::kCount, change.before,
+                                              change.after});
 }
 
 std::wstring leftText(const LeftChange& left) {
-  const std::wstring text = changeText(left.change);
+  const std::wstring text = handMadeText(left.change);
   if (!left.isByHand) return tr(L"done by the rules and not by hand: %1", {text});
   if (left.made.empty()) return tr(L"not explained: %1", {text});
-  return tr(L"not explained: %1; the rules make it %2", {text, left.made});
+  return tr(L"not explained: %1; the rules make it %2",
+            {text, madeText(left.made, [](const std::wstring& word) { return tr(word); })});
 }
 
-void tell(const Arguments& arguments, const Outcome& outcome) {
+void tell(const Arguments& arguments, const Learned& outcome) {
   const std::size_t done = outcome.explained(), all = outcome.changes;
   printLine(arguments.outputFile + L": " +
             tr(L"%1 and %2 explain %3 of %4 changes (%5 %)",
@@ -186,7 +206,7 @@ void tell(const Arguments& arguments, const Outcome& outcome) {
   for (const LeftChange& left : outcome.left) printLine(leftText(left));
 }
 
-void tellAsJson(const Arguments& arguments, const Outcome& outcome) {
+void tellAsJson(const Arguments& arguments, const Learned& outcome) {
   nlohmann::ordered_json json;
   json["file"] = base::toUtf8(arguments.outputFile);
   json["settings"] = outcome.rules.settings.size();
@@ -197,12 +217,13 @@ void tellAsJson(const Arguments& arguments, const Outcome& outcome) {
   json["ignoreLocks"] = outcome.rules.scope.ignoresLocks;
   json["left"] = nlohmann::ordered_json::array();
   for (const LeftChange& left : outcome.left) {
-    json["left"].push_back({{"object", base::toUtf8(left.change.object)},
-                            {"property", base::toUtf8(left.change.what)},
-                            {"before", base::toUtf8(left.change.before)},
-                            {"after", base::toUtf8(left.change.after)},
-                            {"made", base::toUtf8(left.made)},
-                            {"byHand", left.isByHand}});
+    json["left"].push_back(
+        {{"object", left.change.object.empty() ? "drawing" : base::toUtf8(left.change.object)},
+         {"property", base::toUtf8(left.change.what)},
+         {"before", base::toUtf8(left.change.before)},
+         {"after", base::toUtf8(left.change.after)},
+         {"made", base::toUtf8(madeText(left.made, std::identity()))},
+         {"byHand", left.isByHand}});
   }
   printText(base::fromUtf8(json.dump(2)));
 }
@@ -215,7 +236,7 @@ int runLearn(const Arguments& arguments) {
     complainOfProgram(session.failure());
     return kUnusable;
   }
-  const Result<Outcome> outcome = Learning(*session.value(), arguments).run();
+  const Result<Learned> outcome = Learning(*session.value(), arguments).run();
   if (!outcome) {
     complainOfProgram(outcome.failure());
     return kUnusable;

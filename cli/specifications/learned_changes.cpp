@@ -6,7 +6,6 @@
 
 #include "base/codepage.h"
 #include "base/fold.h"
-#include "cli/language/language.h"
 #include "embedded/drawing/dim_variables.h"
 #include "embedded/drawing/record_diff.h"
 
@@ -104,9 +103,8 @@ void HandMadeChanges::addAll(const cad::DrawingDifferences& differences) {
       const bool isAdded = difference.fate == RecordFate::kAdded;
       if (isEntity && isAdded && newBlocks_.contains(after_.blockOf(difference.after))) continue;
       if (isAdded)
-        add({isEntity ? Kind::kNewEntity : Kind::kNewRecord, difference.after, {}}, difference, tr(L"added"));
-      if (difference.fate == RecordFate::kRemoved)
-        add({kind, difference.before, {}}, difference, tr(L"removed"));
+        add({isEntity ? Kind::kNewEntity : Kind::kNewRecord, difference.after, {}}, difference, L"added");
+      if (difference.fate == RecordFate::kRemoved) add({kind, difference.before, {}}, difference, L"removed");
       for (const cad::ValueChange& value : difference.changes)
         if (counts(value))
           changes_.insert({{kind, difference.before, value.name}, changeOf(difference, value)});
@@ -115,7 +113,7 @@ void HandMadeChanges::addAll(const cad::DrawingDifferences& differences) {
   for (const cad::ValueChange& value : differences.variables) {
     if (!isSameVariable(value))
       changes_.insert({{Kind::kVariable, cad::kNoRecord, value.name},
-                       {tr(L"drawing"), base::fromUtf8(value.name), value.before, value.after}});
+                       {{}, base::fromUtf8(value.name), value.before, value.after}});
   }
 }
 
@@ -124,7 +122,7 @@ void HandMadeChanges::leave(Left& left, const Key& key, LeftChange change) const
   change.isByHand = given != changes_.end();
   if (change.isByHand) {
     // What the conversion made of it is told unless it left it alone.
-    if (change.change.before != given->second.before) change.made = change.change.before;
+    if (change.change.before != given->second.before) change.made = {{{}, change.change.before}};
     change.change = given->second;
   } else {
     std::swap(change.change.before, change.change.after);
@@ -143,11 +141,11 @@ void HandMadeChanges::leaveRecord(Left& left, bool isEntity, const cad::RecordDi
     made.change.what = std::move(what);
     return made;
   };
-  if (difference.fate == RecordFate::kAdded) return leave(left, whole, named(tr(L"added")));
+  if (difference.fate == RecordFate::kAdded) return leave(left, whole, named(L"added"));
   // What is in the converted drawing only is removed on the way to the second one.
   if (difference.fate == RecordFate::kRemoved) {
     const bool isMadeByRules = isMade(difference.before);
-    return leave(left, {kind, difference.before, {}}, named(tr(isMadeByRules ? L"added" : L"removed")));
+    return leave(left, {kind, difference.before, {}}, named(isMadeByRules ? L"added" : L"removed"));
   }
   for (const cad::ValueChange& value : difference.changes) {
     if (!counts(value) || (isMade(difference.before) && value.name == kOtherData)) continue;
@@ -159,9 +157,9 @@ void HandMadeChanges::leaveRecord(Left& left, bool isEntity, const cad::RecordDi
     }
     // Both have made the object, and not the same.
     const auto given = changes_.find(whole);
-    const auto [at, isNew] = left.insert({whole, named(tr(L"added"))});
+    const auto at = left.insert({whole, named(L"added")}).first;
     if (given != changes_.end()) at->second.change = given->second;
-    at->second.made += (isNew ? L"" : L"; ") + one.change.what + L" " + value.before;
+    at->second.made.push_back({one.change.what, value.before});
   }
 }
 
@@ -171,7 +169,7 @@ void HandMadeChanges::leaveNewBlocks(Left& left, const cad::Drawing& converted) 
     const cad::RecordId made =
         converted.find(cad::Table::kBlock, after_.text(block, Property::kName).value_or(L""));
     if (left.contains(key) || made == cad::kNoRecord || holdSame(converted, made, after_, block)) continue;
-    LeftChange change{changes_.at(key), true, tr(L"entities that differ"), block};
+    LeftChange change{changes_.at(key), true, {{L"entities that differ", {}}}, block};
     left.insert({key, std::move(change)});
   }
 }
@@ -186,9 +184,8 @@ std::vector<LeftChange> HandMadeChanges::leftBy(const cad::Drawing& converted) c
   leaveNewBlocks(left, converted);
   for (const cad::ValueChange& value : differences.variables) {
     if (isSameVariable(value)) continue;
-    leave(
-        left, {Kind::kVariable, cad::kNoRecord, value.name},
-        {{tr(L"drawing"), base::fromUtf8(value.name), value.before, value.after}, true, {}, cad::kNoRecord});
+    leave(left, {Kind::kVariable, cad::kNoRecord, value.name},
+          {{{}, base::fromUtf8(value.name), value.before, value.after}, true, {}, cad::kNoRecord});
   }
   std::vector<LeftChange> all;
   for (auto& [key, change] : left) all.push_back(std::move(change));

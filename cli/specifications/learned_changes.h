@@ -12,17 +12,23 @@
 
 namespace kivcli {
 
-// One value of one object, or an object that only one of the drawings has.
+// One value of one object, or an object that only one of the drawings has. Words are in English whatever
+// language the user has.
 struct HandMadeChange {
-  std::wstring object;  // "1A3 LINE", "LAYER WALL"
+  std::wstring object;  // "1A3 LINE", "LAYER WALL"; empty: the drawing, of its variables
   std::wstring what;    // a property, "added", "removed"
   std::wstring before, after;
+};
+
+struct MadeValue {
+  std::wstring what;  // a property, or "entities that differ"; empty: the changed one
+  std::wstring value;
 };
 
 struct LeftChange {
   HandMadeChange change;
   bool isByHand = true;                  // false: the conversion made it and the person did not
-  std::wstring made;                     // by hand: what the conversion made of it instead; empty: nothing
+  std::vector<MadeValue> made;           // by hand: what the conversion made of it instead; empty: nothing
   cad::RecordId after = cad::kNoRecord;  // of the second drawing; kNoRecord: it has none
 };
 
