@@ -70,7 +70,9 @@ class SceneBuilder {
   // same.
   void seeThrough(RecordId entity) {
     const Geometry geometry = drawing_.geometry(entity);
-    const auto& window = std::get<ViewportGeometry>(geometry.shape);
+    const auto* shape = std::get_if<ViewportGeometry>(&geometry.shape);
+    if (shape == nullptr) return;  // whose storage cannot read it; counted as undrawn
+    const ViewportGeometry& window = *shape;
     if (window.isSpace || !window.on || !(window.viewHeight > 0) || !(window.height > 0)) return;
     if (window.direction.x != 0 || window.direction.y != 0 || window.direction.z <= 0) {
       ++scene_.obliqueViews;
