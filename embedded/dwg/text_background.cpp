@@ -79,7 +79,9 @@ base::Status addBackground(Drawing& drawing, const DwgStorage& storage, const Te
   if (!application.ok()) return application.failure();
   ExtendedData data;
   data.application = {kPointing, 0, application.value()};
-  data.bytes = encodeExtended(oldValues(storage, text));
+  base::Result<std::string> bytes = encodeExtended(oldValues(storage, text));
+  if (!bytes.ok()) return bytes.failure();
+  data.bytes = std::move(bytes.value());
   values.setExtendedData({data});
   return {};
 }
