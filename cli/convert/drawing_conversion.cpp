@@ -68,8 +68,6 @@ std::string pictureOf(const cad::Drawing& drawing, const std::wstring& file,
   return picture.ok() ? thumbnail(picture.value(), mostBytes) : std::string();
 }
 
-bool wantsTests(const Arguments& arguments) { return arguments.isDryRun || !arguments.reports.empty(); }
-
 std::wstring refuserText(const KivNote& note) {
   if (note.refuser == kKivDrawing) return tr(L"the drawing");
   const bool isLayers = note.refuser == kKivLayers;
@@ -86,12 +84,13 @@ std::wstring noteText(const KivNote& note) {
 
 }  // namespace
 
-DrawingConversion::DrawingConversion(Session& session, const Arguments& arguments, std::wstring logFile)
+DrawingConversion::DrawingConversion(Session& session, const Arguments& arguments, std::wstring logFile,
+                                     bool withTests)
     : session_(session),
       arguments_(arguments),
       logFile_(std::move(logFile)),
       specification_(base::fullPath(arguments.specification)),
-      facts_(session, wantsTests(arguments)),
+      facts_(session, withTests),
       run_(session.lastRunReport()) {}
 
 DrawingReport DrawingConversion::run(const PlannedDrawing& drawing) {

@@ -16,8 +16,9 @@ cad::Handle handleOfText(std::wstring_view text);  // hexadecimal; 0: it is none
 
 class DrawingConversion {
  public:
-  // `logFile`: full path, or empty. The session and the arguments must outlive this object.
-  DrawingConversion(Session& session, const Arguments& arguments, std::wstring logFile);
+  // `logFile`: full path, or empty. With tests every condition is tried on every object, which takes time,
+  // and reports tell how many met it. The session and the arguments must outlive this object.
+  DrawingConversion(Session& session, const Arguments& arguments, std::wstring logFile, bool withTests);
 
   // Opens, converts, saves and closes; a dry run saves nothing. Prints nothing.
   DrawingReport run(const PlannedDrawing& drawing);

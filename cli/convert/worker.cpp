@@ -12,6 +12,7 @@
 #include "cli/convert/file_stamp.h"
 #include "cli/convert/worker_lines.h"
 #include "cli/language/language.h"
+#include "cli/reports/batch_report.h"
 
 namespace kivcli {
 namespace {
@@ -35,7 +36,7 @@ Worker::Worker(Session& session, const Arguments& arguments)
     : ownLog_(arguments.logFolder.empty() ? std::wstring()
                                           : base::pathText(base::temporaryName(
                                                 base::pathFromText(base::fullPath(arguments.logFolder))))),
-      conversion_(session, arguments, ownLog_) {}
+      conversion_(session, arguments, ownLog_, !std::ranges::all_of(arguments.reports, isPageName)) {}
 
 DrawingReport Worker::convert(const PlannedDrawing& drawing) {
   const fs::path source = base::pathFromText(drawing.given);

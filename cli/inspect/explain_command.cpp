@@ -179,7 +179,7 @@ int runExplain(const Arguments& given) {
       cad::usualSupportPath(base::pathFromText(specification).parent_path()));
   if (!reportSpecification(arguments.specification, session.value()->checkSpecification(specification)))
     return kUnusable;
-  DrawingConversion conversion(*session.value(), arguments, {});
+  DrawingConversion conversion(*session.value(), arguments, {}, true);
   Explanation explanation;
   for (const std::wstring& file : arguments.files) explain(conversion, arguments, file, explanation);
   if (arguments.asJson) printText(base::fromUtf8(explanation.json.dump(2)));
