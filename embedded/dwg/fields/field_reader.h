@@ -19,6 +19,7 @@ class FieldReader final : public FieldVisitor {
 
   bool changes(std::string_view, std::uint32_t) const override { return false; }
   Value wanted(std::string_view, Value fallback, std::uint32_t, Part) const override { return fallback; }
+  bool follows(std::string_view, std::string_view) const override { return false; }
   const Color* wantedColor(std::string_view, std::uint32_t) const override { return nullptr; }
   void implied(std::string_view name, Part part, Value value, std::uint32_t index) override;
   void fail() override { failed_ = true; }

@@ -144,6 +144,10 @@ bool FieldVisitor::entityColor() {
   return (raw & kHasReference) != 0;
 }
 
+void FieldVisitor::again(BitType type, std::string_view name, std::string_view first, Value value) {
+  visit({.name = name, .type = type, .fallback = std::move(value), .derived = follows(name, first)});
+}
+
 std::uint32_t FieldVisitor::count(BitType type, std::string_view name, std::uint64_t bitsOfEach,
                                   Stream stream, std::uint32_t index) {
   const std::int64_t number = integer(type, name, 0, index);

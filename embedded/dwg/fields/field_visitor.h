@@ -54,6 +54,8 @@ class FieldVisitor {
   virtual bool changes(std::string_view name, std::uint32_t index = 0) const = 0;
   virtual Value wanted(std::string_view name, Value fallback, std::uint32_t index = 0,
                        Part part = Part::kWhole) const = 0;
+  // Whether a writer changes `first`, and `name`, which said the same so far, is to go on doing so.
+  virtual bool follows(std::string_view name, std::string_view first) const = 0;
   virtual const Color* wantedColor(std::string_view name, std::uint32_t index) const = 0;
   // A part of a field that the file leaves out, as it follows from others.
   virtual void implied(std::string_view name, Part part, Value value, std::uint32_t index = 0) = 0;
@@ -115,6 +117,9 @@ class FieldVisitor {
   void color(std::string_view name, std::uint32_t index = 0);  // CMC
   // ENC from R2004 on; whether a reference to the object with the colour follows among the handles.
   bool entityColor();
+
+  // What stands in the object as `first` once more, with this value.
+  void again(BitType type, std::string_view name, std::string_view first, Value value);
 
   // How many of something follow; fails when no room is left for as many of at least so many bits.
   std::uint32_t count(BitType type, std::string_view name, std::uint64_t bitsOfEach,

@@ -70,6 +70,13 @@ Value FieldWriter::wanted(std::string_view name, Value fallback, std::uint32_t o
   return point;
 }
 
+bool FieldWriter::follows(std::string_view name, std::string_view first) const {
+  if (!changes(first) || changes(name)) return false;
+  const Field* was = sourceOf(first, indexOf(0), Part::kWhole);
+  const Field* copy = sourceOf(name, indexOf(0), Part::kWhole);
+  return was != nullptr && copy != nullptr && same(was->value, copy->value);
+}
+
 const Color* FieldWriter::wantedColor(std::string_view name, std::uint32_t own) const {
   const std::uint32_t index = indexOf(own);
   const Color* color = changes_.findColor(name, index);

@@ -24,6 +24,7 @@ class FieldWriter final : public FieldVisitor {
   bool changes(std::string_view name, std::uint32_t index = 0) const override;
   Value wanted(std::string_view name, Value fallback, std::uint32_t index = 0,
                Part part = Part::kWhole) const override;
+  bool follows(std::string_view name, std::string_view first) const override;
   const Color* wantedColor(std::string_view name, std::uint32_t index) const override;
   void implied(std::string_view, Part, Value, std::uint32_t) override {}
   void fail() override { failed_ = true; }

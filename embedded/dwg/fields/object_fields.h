@@ -18,8 +18,7 @@
 //   "attachment", "drawing direction", "extents height", "extents width", "text", "line spacing style",
 //   "line spacing factor", "background flags", "background scale", "background color",
 //   "background transparency", "style"; R2018 on the box once more with its columns: "columns attachment",
-//   "columns x axis", "columns insertion point", "columns reference width", "columns reference height",
-//   "columns extents width", "columns extents height", which whoever changes the one has to change with it.
+//   "columns x axis", "columns insertion point" and so on, which follow the others where they were alike.
 // INSERT: "insertion point", "scale", "rotation", "extrusion", "has attributes", "attribute count",
 //   "block", "first attribute", "last attribute" (to R2000), "attribute" [i] (R2004 on), "sequence end";
 //   MINSERT also "columns", "rows", "column spacing", "row spacing".

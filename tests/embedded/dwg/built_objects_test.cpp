@@ -6,6 +6,7 @@
 
 #include "embedded/dwg/bits/bit_writer.h"
 #include "embedded/dwg/fields/extended_data.h"
+#include "embedded/dwg/fields/header_fields.h"
 #include "embedded/dwg/fields/object_fields.h"
 
 namespace cad::dwg {
@@ -154,6 +155,19 @@ TEST_P(BuiltObjects, ListsHaveAsManyItemsAsTheirCount) {
   const Made watched = changed(polyline, reactors);
   EXPECT_EQ(watched.fields.handle("reactor", 1), 0x78U);
   EXPECT_TRUE(same(watched.fields.point("vertex", {}, 2), Point{3, 0.5, 0}));
+}
+
+TEST_P(BuiltObjects, BoxesOfTextsAreToldAlikeTwice) {
+  FieldChanges values, there, back;
+  values.set("reference width", 40.0), values.set("text", text(GetParam(), u"lines"));
+  const Made plain = make(ObjectKind::kMtext, GetParam(), values);
+  there.set("x axis", Point{0, 1, 0}), back.set("x axis", Point{1, 0, 0});
+  const Made turned = changed(plain, there);
+  if (GetParam() >= kR2018) {
+    EXPECT_EQ(turned.fields.real("columns reference width"), 40);
+    EXPECT_EQ(turned.fields.point("columns x axis").y, 1);
+  }
+  EXPECT_TRUE(changed(turned, back).object->data == plain.object->data);
 }
 
 TEST_P(BuiltObjects, ColorsAreThoseOfTheVersion) {
@@ -311,6 +325,25 @@ TEST(FieldChanges, RefusesWhatDoesNotFit) {
   EXPECT_FALSE(rewrite(line.frame, unknown).ok());
   EXPECT_FALSE(rewrite(line.frame, wrong).ok());
   EXPECT_FALSE(build(ObjectKind::kHatch, kR14, kOwn, {}, {}).ok());
+}
+
+TEST(HeaderFields, OfAnyBytesAreReadAndWrittenAgain) {
+  std::mt19937 random(11);
+  for (const Version version : kVersions) {
+    for (int round = 0; round < 300; ++round) {
+      std::string section(random() % 1200, '\0');
+      for (char& byte : section) byte = static_cast<char>(random() % 4 == 0 ? random() : 0xA5);
+      if (hasWideTexts(version) && section.size() > 600) {
+        const std::uint32_t bits = 4000 + round;
+        for (unsigned i = 0; i < 4; ++i) section[i] = static_cast<char>(bits >> (8 * i));
+      }
+      const Fields fields = readHeader(section, version);
+      const auto written = rewriteHeader(section, version, {});
+      EXPECT_EQ(written.ok(), fields.intact());
+      const auto classes = readClasses(section, version);
+      EXPECT_TRUE(!classes.ok() || classes.value().size() <= section.size());
+    }
+  }
 }
 
 TEST(LineWeights, AreToldByTheFilesNumbers) {
