@@ -30,6 +30,8 @@ DrawingFacts factsOf(std::string_view file) {
   return facts;
 }
 
+base::Failure noObject(std::uint64_t offset) { return refusal(offset, L"There is no whole object here"); }
+
 }  // namespace
 
 bool ObjectBytes::crcHolds() const {
@@ -44,8 +46,7 @@ const ObjectPlace* DwgFile::find(Handle handle) const {
 }
 
 base::Result<ObjectBytes> DwgFile::objectAt(std::uint64_t offset) const {
-  const auto outside = [&] { return refusal(offset, L"There is no whole object here"); };
-  if (offset > objects_.size()) return outside();
+  if (offset > objects_.size()) return noObject(offset);
   const std::string_view rest = objects_.substr(static_cast<std::size_t>(offset));
   BitReader reader(rest);
   const std::uint64_t size = reader.ms();
@@ -54,16 +55,21 @@ base::Result<ObjectBytes> DwgFile::objectAt(std::uint64_t offset) const {
   const std::uint64_t begin = reader.position() / 8;
   if (reader.failed() || size == 0 || object.handleBits > size * 8 ||
       !isWithin(begin, size + 2, rest.size())) {
-    return outside();
+    return noObject(offset);
   }
   object.data = part(rest, begin, size);
   object.whole = part(rest, 0, begin + size + 2);
   return object;
 }
 
-base::Status DwgFile::checkPlaces() const {
+base::Status DwgFile::checkPlaces(std::span<const Range> others) const {
   for (const ObjectPlace& place : places_) {
-    if (auto object = objectAt(place.offset); !object) return object.failure();
+    const auto object = objectAt(place.offset);
+    if (!object) return object.failure();
+    const std::uint64_t end = place.offset + object.value().whole.size();
+    for (const Range& other : others) {
+      if (place.offset < other.end && end > other.begin) return noObject(place.offset);
+    }
   }
   return {};
 }

@@ -82,8 +82,11 @@ class DwgFile {
   virtual base::Result<std::string> write(const FileChanges& changes) const = 0;
 
  protected:
-  // Whether all objects are within objects().
-  base::Status checkPlaces() const;
+  struct Range {
+    std::uint64_t begin = 0, end = 0;
+  };
+  // Whether all objects are within objects(), and none is in one of the ranges, which have other things.
+  base::Status checkPlaces(std::span<const Range> others = {}) const;
 
   // The most that all sections of a file may have together when they are unpacked.
   std::uint64_t largestUnpacked() const;

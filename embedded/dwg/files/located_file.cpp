@@ -32,7 +32,11 @@ base::Result<std::unique_ptr<DwgFile>> LocatedFile::read(std::shared_ptr<const S
   if (auto read = file->readLocators(); !read) return read.failure();
   if (auto read = file->readSections(); !read) return read.failure();
   if (auto read = file->readSecondHeader(); !read) return read.failure();
-  if (auto checked = file->checkPlaces(); !checked) return checked.failure();
+  std::vector<Range> others = {{0, kLocatorsAt}};
+  for (const Section& section : file->sections_) others.push_back({section.at, section.at + section.size});
+  others.push_back({file->section(kHandles)->at, file->section(kHandles)->at + file->mapLength_});
+  if (file->second_) others.push_back({file->secondAt_, file->secondAt_ + file->second_->length()});
+  if (auto checked = file->checkPlaces(others); !checked) return checked.failure();
   return std::unique_ptr<DwgFile>(std::move(file));
 }
 

@@ -5,6 +5,7 @@
 
 #include "embedded/dwg/bits/bit_writer.h"
 #include "embedded/dwg/bits/crc.h"
+#include "embedded/dwg/files/coded_compression.h"
 #include "embedded/dwg/files/raw_values.h"
 #include "embedded/dwg/files/reed_solomon.h"
 #include "embedded/dwg/files/sentinels.h"
@@ -34,10 +35,11 @@ std::string withCrc(std::string bytes) {
 
 std::string bigEndian(std::size_t value) { return {static_cast<char>(value >> 8), static_cast<char>(value)}; }
 
-std::string framed(std::string_view begin, const std::string& content, std::string_view end,
-                   Version version) {
-  const std::string high = version >= Version::kR2010 ? u32(0) : std::string();
-  return std::string(begin) + withCrc(u32(content.size()) + high + content) + std::string(end);
+std::string framed(const SmallDrawing& drawing, std::string_view begin, const std::string& content,
+                   std::string_view end) {
+  const std::string high = drawing.version >= Version::kR2010 ? u32(0) : std::string();
+  const std::string sized = drawing.spoilt(u32(content.size()) + high + content);
+  return std::string(begin) + withCrc(sized) + std::string(end);
 }
 
 // The objects behind `base` bytes, and the places for the map.
@@ -50,11 +52,11 @@ std::string objectBytes(const SmallDrawing& drawing, std::uint64_t base, std::ve
     if (drawing.version >= Version::kR2010) size.umc(8);
     bytes += withCrc(size.take() + object.data);
   }
-  return bytes;
+  return drawing.spoilt(bytes);
 }
 
 // In one page, which they must fit.
-std::string mapBytes(const std::vector<ObjectPlace>& places) {
+std::string mapBytes(const SmallDrawing& drawing, const std::vector<ObjectPlace>& places) {
   BitWriter pairs;
   ObjectPlace last;
   for (const ObjectPlace& place : places) {
@@ -62,7 +64,8 @@ std::string mapBytes(const std::vector<ObjectPlace>& places) {
     pairs.mc(static_cast<std::int64_t>(place.offset - last.offset));
     last = place;
   }
-  const std::string page = bigEndian(pairs.bytes().size() + 2) + pairs.bytes();
+  const std::string content = drawing.spoilt(pairs.take());
+  const std::string page = bigEndian(content.size() + 2) + content;
   const std::string end = bigEndian(2);
   return page + bigEndian(crc16(kCrcStart, page)) + end + bigEndian(crc16(kCrcStart, end));
 }
@@ -100,9 +103,9 @@ std::string thumbnail(std::uint64_t at) {
   return bytes + picture;
 }
 
-std::string secondHeader(std::uint64_t at,
-                         const std::vector<std::pair<std::uint64_t, std::uint64_t>>& sections,
-                         Handle nextHandle) {
+std::string secondHeader(const SmallDrawing& drawing, std::uint64_t at,
+                         const std::vector<std::pair<std::uint64_t, std::uint64_t>>& sections) {
+  const Handle nextHandle = drawing.objects.back().handle + 1;
   BitWriter bits;
   bits.rl(0);
   bits.bl(static_cast<std::int32_t>(at));
@@ -119,7 +122,7 @@ std::string secondHeader(std::uint64_t at,
   bits.rc(1), bits.rc(1), bits.rc(7);
   std::string bytes = bits.take();
   putRaw(bytes, 0, static_cast<std::uint32_t>(bytes.size() + 10));
-  return kSecondHeaderBegin + withCrc(bytes) + "87654321" + "the second's end";
+  return kSecondHeaderBegin + withCrc(drawing.spoilt(bytes)) + "87654321" + "the second's end";
 }
 
 struct Section {
@@ -133,10 +136,10 @@ std::vector<Section> sectionsOf(const SmallDrawing& drawing, std::uint64_t previ
   return {{"AcDb:Preview", thumbnail(previewAt), true},
           {"AcDb:AcDbObjects", u32(0x0DCA) + objects},
           {"AcDb:ObjFreeSpace", freeSpace(drawing)},
-          {"AcDb:Handles", mapBytes(places)},
-          {"AcDb:Classes", framed(kClassesBegin, drawing.classes, kClassesEnd, drawing.version)},
+          {"AcDb:Handles", mapBytes(drawing, places)},
+          {"AcDb:Classes", framed(drawing, kClassesBegin, drawing.classes, kClassesEnd)},
           {"AcDb:AuxHeader", auxHeader(drawing)},
-          {"AcDb:Header", framed(kHeaderBegin, drawing.header, kHeaderEnd, drawing.version)}};
+          {"AcDb:Header", framed(drawing, kHeaderBegin, drawing.header, kHeaderEnd)}};
 }
 
 // Literal bytes only, as the pages of R2004 have them.
@@ -146,6 +149,12 @@ std::string literalsOnly(const std::string& bytes) {
   for (; count > 0xFF; count -= 0xFF) result += '\0';
   result += static_cast<char>(count);
   return result + bytes + std::string("\x11\0\0", 3);
+}
+
+// As a page of R2007 holds it.
+std::string packedCoded(const std::string& content) {
+  std::string packed = compressCoded(content);
+  return packed.size() < content.size() ? packed : content;
 }
 
 std::string combined(std::string bytes) {
@@ -170,8 +179,8 @@ std::string page2004(const std::string& data, std::uint64_t at, std::size_t type
   return page;
 }
 
-std::string systemPage2004(const std::string& content, std::uint32_t type) {
-  const std::string data = literalsOnly(content);
+std::string systemPage2004(const SmallDrawing& drawing, const std::string& original, std::uint32_t type) {
+  const std::string content = drawing.spoilt(original), data = drawing.spoilt(literalsOnly(content));
   std::string page = u32(type) + u32(content.size()) + u32(data.size()) + u32(2) + u32(0);
   putRaw(page, 16, pageChecksum(pageChecksum(0, page), data));
   page += data;
@@ -209,12 +218,12 @@ std::string locatedBytes(const SmallDrawing& drawing, SmallPlaces& at) {
     return sections[number].first;
   };
   if (count == 6) at.auxHeader = add(5, auxHeader(drawing));
-  at.header = add(0, framed(kHeaderBegin, drawing.header, kHeaderEnd, drawing.version));
-  add(1, framed(kClassesBegin, drawing.classes, kClassesEnd, drawing.version));
+  at.header = add(0, framed(drawing, kHeaderBegin, drawing.header, kHeaderEnd));
+  add(1, framed(drawing, kClassesBegin, drawing.classes, kClassesEnd));
   bytes += u32(0x0DCA);
   std::vector<ObjectPlace> places;
   bytes += objectBytes(drawing, bytes.size(), places);
-  at.map = add(2, mapBytes(places));
+  at.map = add(2, mapBytes(drawing, places));
   std::string free = freeSpace(drawing);
   putRaw(free, 16, static_cast<std::uint32_t>(places.front().offset));
   at.freeSpace = add(3, free);
@@ -223,7 +232,7 @@ std::string locatedBytes(const SmallDrawing& drawing, SmallPlaces& at) {
   at.picture = bytes.size() - 7;
   add(4, std::string("\0\0\1\0", 4));
   at.secondHeader = bytes.size();
-  bytes += secondHeader(at.secondHeader, sections, drawing.objects.back().handle + 1);
+  bytes += secondHeader(drawing, at.secondHeader, sections);
   putRaw(bytes, 0x0D, static_cast<std::uint32_t>(thumbnailAt));
   putRaw(bytes, 0x15, count);
   for (unsigned i = 0; i < count; ++i) {
@@ -231,6 +240,7 @@ std::string locatedBytes(const SmallDrawing& drawing, SmallPlaces& at) {
                   std::string(1, static_cast<char>(i)) + u32(sections[i].first) + u32(sections[i].second));
   }
   const std::uint64_t end = 0x19 + 9 * count;
+  bytes.replace(0x0D, end - 0x0D, drawing.spoilt(bytes.substr(0x0D, end - 0x0D)), 0, end - 0x0D);
   putRaw(bytes, end,
          static_cast<std::uint16_t>(crc16(0, part(bytes, 0, end)) ^ (count == 6 ? 0x8461 : 0x3CC4)));
   return bytes;
@@ -253,7 +263,7 @@ std::string pagedBytes(const SmallDrawing& drawing, const PageFaults& faults) {
     for (std::size_t start = 0; start < section.content.size(); start += kPageSize, ++count) {
       std::string content = section.content.substr(start, kPageSize);
       content.resize(kPageSize, '\0');
-      if (!section.isPlain) content = literalsOnly(content);
+      if (!section.isPlain) content = drawing.spoilt(literalsOnly(content));
       const std::uint32_t number = add(page2004(content, at, i + 1, start));
       told += u32(faults.usesPageTwice ? 2
                   : faults.namesNoPage ? 99
@@ -268,7 +278,7 @@ std::string pagedBytes(const SmallDrawing& drawing, const PageFaults& faults) {
     map += name + told;
   }
   const std::string head = u32(sections.size()) + u32(2) + u32(kPageSize) + u32(0) + u32(sections.size());
-  const std::uint32_t sectionMap = add(systemPage2004(head + map, 0x4163003B));
+  const std::uint32_t sectionMap = add(systemPage2004(drawing, head + map, 0x4163003B));
   const auto pageMapNumber = static_cast<std::uint32_t>(pages.size() + 1);
   std::string pageMap;
   for (const auto& [number, bytes] : pages)
@@ -280,12 +290,13 @@ std::string pagedBytes(const SmallDrawing& drawing, const PageFaults& faults) {
   file.resize(0x100, '\0');
   putRaw(file, 0x0D, std::uint32_t{0x120});
   for (const auto& [number, bytes] : pages) file += bytes;
-  file += systemPage2004(pageMap, 0x41630E3B);
+  file += systemPage2004(drawing, pageMap, 0x41630E3B);
   std::string header = std::string("AcFssFcAJMB\0", 12) + u32(0) + u32(0x6C) + u32(4) +
                        std::string(12, '\0') + u32(1) + u32(pageMapNumber) + u64(pageMapAt + 0x4000 - 0x100) +
                        u64(file.size()) + u32(0) + u32(pageMapNumber) + u32(0x20) + u32(0x80) + u32(0x40) +
                        u32(pageMapNumber) + u64(pageMapAt - 0x100) + u32(sectionMap) + u32(pageMapNumber) +
                        u32(0) + u32(0);
+  header = drawing.spoilt(header).substr(0, 0x68) + u32(0);
   putRaw(header, 0x68, crc32(0, header));
   header = combined(header);
   file.replace(0x80, header.size(), header);
@@ -312,15 +323,16 @@ std::string codedBytes(const SmallDrawing& drawing, const PageFaults& faults) {
     std::uint64_t count = 0;
     for (std::size_t start = 0; start < section.content.size(); start += kPageSize, ++count) {
       const std::string content = section.content.substr(start, kPageSize);
-      std::string filled = content;
-      filled.resize((content.size() + 7) / 8 * 8, '\0');
+      const std::string packed = section.isPlain ? content : drawing.spoilt(packedCoded(content));
+      std::string filled = packed;
+      filled.resize((filled.size() + 7) / 8 * 8, '\0');
       const std::string padding(251, 'p');
       const std::uint64_t number =
           add(section.isPlain ? filled + dataCode.parity(filled, padding) : dataCode.coded(filled, padding));
       told += u64(start) + u64(content.size());
       told += u64(faults.usesPageTwice ? 2 : faults.namesNoPage ? 99 : number);
       told +=
-          u64(content.size()) + u64(content.size()) + u64(dataChecksum(content)) + u64(pageCrc64(0, content));
+          u64(content.size()) + u64(packed.size()) + u64(dataChecksum(content)) + u64(pageCrc64(0, packed));
     }
     const bool isResized = faults.objectsSize != 0 && section.name == "AcDb:AcDbObjects";
     const std::string name = utf16(section.name);
@@ -329,6 +341,7 @@ std::string codedBytes(const SmallDrawing& drawing, const PageFaults& faults) {
         u64(faults.isEncrypted ? 1 : 0) + u64(0) + u64(name.size()) + u64(0) + u64(section.isPlain ? 1 : 4);
     map += u64(count) + name + told;
   }
+  map = drawing.spoilt(map);
   const std::uint64_t sectionMap = add(systemPage(map));
   const std::uint64_t pageMapNumber = pages.size() + 1;
   std::uint64_t at = 0;
@@ -339,47 +352,20 @@ std::string codedBytes(const SmallDrawing& drawing, const PageFaults& faults) {
   }
   constexpr std::uint64_t kPageMapSize = 0x1000;
   pageMap += u64(kPageMapSize) + u64(pageMapNumber);
+  pageMap = drawing.spoilt(pageMap);
   std::string pageMapPage = systemPage(pageMap);
   pageMapPage.resize(kPageMapSize, '\0');
   const std::uint64_t size = 0x480 + at + kPageMapSize + 0x400;
 
-  std::string fields;
-  for (const std::uint64_t field : {std::uint64_t{0x70},
-                                    size,
-                                    pageCrc64(0, pageMap),
-                                    std::uint64_t{2},
-                                    std::uint64_t{0},
-                                    std::uint64_t{0},
-                                    std::uint64_t{0},
-                                    at,
-                                    pageMapNumber,
-                                    at + kPageMapSize,
-                                    std::uint64_t{pageMap.size()},
-                                    std::uint64_t{pageMap.size()},
-                                    pageMapNumber,
-                                    pageMapNumber,
-                                    std::uint64_t{0x20},
-                                    std::uint64_t{0x40},
-                                    pageCrc64(0, pageMap),
-                                    std::uint64_t{0xF800},
-                                    std::uint64_t{4},
-                                    std::uint64_t{1},
-                                    std::uint64_t{8},
-                                    pageCrc64(0, map),
-                                    std::uint64_t{map.size()},
-                                    std::uint64_t{0},
-                                    sectionMap,
-                                    std::uint64_t{map.size()},
-                                    pageCrc64(0, map),
-                                    std::uint64_t{2},
-                                    std::uint64_t{0},
-                                    std::uint64_t{0x60100},
-                                    std::uint64_t{0},
-                                    std::uint64_t{0},
-                                    std::uint64_t{12345},
-                                    std::uint64_t{0}}) {
-    fields += u64(field);
-  }
+  // By the number of the field.
+  std::string fields(34 * 8, '\0');
+  const auto tell = [&](std::size_t number, std::uint64_t value) { putRaw(fields, number * 8, value); };
+  tell(0, 0x70), tell(1, size), tell(2, pageCrc64(0, pageMap)), tell(3, 2);
+  tell(7, at), tell(8, pageMapNumber), tell(9, at + kPageMapSize);
+  tell(10, pageMap.size()), tell(11, pageMap.size()), tell(12, pageMapNumber), tell(13, pageMapNumber);
+  tell(16, pageCrc64(0, pageMap)), tell(21, pageCrc64(0, map)), tell(22, map.size()), tell(24, sectionMap);
+  tell(25, map.size()), tell(26, pageCrc64(0, map)), tell(27, 2), tell(32, 12345);
+  fields = drawing.spoilt(fields).substr(0, 33 * 8) + u64(0);
   putRaw(fields, fields.size() - 8, headerCrc64(fields));
   std::string block = u64(1) + u64(2) + u64(headerCrc64(fields)) + u32(0 - fields.size()) + u32(0) + fields;
   std::string header = systemCode.coded(block + block, std::string(239, 'p'));

@@ -2,6 +2,7 @@
 // Small DWG files, written by the tests themselves from what a drawing is to have.
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -19,6 +20,13 @@ struct SmallDrawing {
   Version version = Version::kR2000;
   std::string header = "the header's bits", classes = "the classes' bits";
   std::vector<SmallObject> objects;  // by handle
+  // May change every piece of the file before checksums are made of it: contents, maps, pages, headers.
+  std::function<void(std::string&)> spoil;
+
+  std::string spoilt(std::string piece) const {
+    if (spoil) spoil(piece);
+    return piece;
+  }
 };
 
 // One with objects of different sizes, enough of them for several pages.
