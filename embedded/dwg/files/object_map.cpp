@@ -10,8 +10,9 @@
 namespace cad::dwg {
 namespace {
 
-// A page is closed when it has as many bytes, those of its size among them.
-constexpr std::size_t kFullPage = 2032;
+// A page is closed when it has as many bytes, those of its size among them; no page has more than the most,
+// which readers hold to.
+constexpr std::size_t kFullPage = 2032, kMostOfPage = 2034;
 
 std::uint16_t bigEndian(std::string_view bytes, std::uint64_t at) {
   const auto value = rawAt<std::uint16_t>(bytes, at);
@@ -29,6 +30,13 @@ void closePage(std::string& map, std::string_view pairs) {
   page += pairs;
   appendBigEndian(page, crc16(kCrcStart, page));
   map += page;
+}
+
+std::string pairOf(const ObjectPlace& last, const ObjectPlace& place) {
+  BitWriter pair;
+  pair.umc(place.handle - last.handle);
+  pair.mc(static_cast<std::int64_t>(place.offset - last.offset));
+  return pair.take();
 }
 
 // False: the pairs are not what they should be.
@@ -77,15 +85,23 @@ base::Result<ObjectMap> readObjectMap(std::string_view section, std::uint64_t pl
 
 std::string writeObjectMap(std::span<const ObjectPlace> places) {
   std::string map;
-  BitWriter page;
+  std::string page;
   ObjectPlace last;
+  const auto close = [&] {
+    closePage(map, page);
+    page.clear(), last = {};
+  };
   for (const ObjectPlace& place : places) {
-    page.umc(place.handle - last.handle);
-    page.mc(static_cast<std::int64_t>(place.offset - last.offset));
+    std::string pair = pairOf(last, place);
+    if (2 + page.size() + pair.size() > kMostOfPage) {
+      close();
+      pair = pairOf(last, place);
+    }
+    page += pair;
     last = place;
-    if (page.size() / 8 + 2 >= kFullPage) closePage(map, page.take()), last = {};
+    if (2 + page.size() >= kFullPage) close();
   }
-  if (page.size() > 0) closePage(map, page.bytes());
+  if (!page.empty()) close();
   closePage(map, {});
   return map;
 }

@@ -297,6 +297,10 @@ TEST(DwgObjectMap, ComesBackFromSeveralPages) {
   const auto map = readObjectMap(bytes + "behind", 0);
   ASSERT_TRUE(map);
   EXPECT_EQ(map.value().length, bytes.size());
+  for (std::size_t page = 0, size = 3; size > 2; page += size + 2) {
+    size = static_cast<unsigned char>(bytes.at(page)) << 8 | static_cast<unsigned char>(bytes.at(page + 1));
+    EXPECT_LE(size, 2034U);  // other readers take no larger ones
+  }
   ASSERT_EQ(map.value().places.size(), places.size());
   for (std::size_t i = 0; i < places.size(); ++i) {
     EXPECT_EQ(map.value().places[i].handle, places[i].handle);
