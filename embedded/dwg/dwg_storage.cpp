@@ -139,7 +139,7 @@ Value DwgStorage::fieldText(std::string_view stored) const {
     if (zero) narrow += '\0';
     return narrow;
   }
-  std::u16string wide = toUtf16(decodeStored(stored, facts().codePage));
+  std::u16string wide = toUtf16(base::fromUtf8(stored));
   if (zero) wide += u'\0';
   return wide;
 }

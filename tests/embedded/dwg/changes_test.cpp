@@ -1,0 +1,209 @@
+// Changes of real drawings, where this machine has them: each comes out of the file as it was put in, and
+// taking it back gives the file again.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "base/files.h"
+#include "base/fold.h"
+#include "base/paths.h"
+#include "embedded/drawing/dim_variables.h"
+#include "embedded/drawing/drawing.h"
+#include "embedded/formats/drawing_files.h"
+#include "tests/support/temp_folder.h"
+
+namespace cad::dwg {
+namespace {
+
+namespace fs = std::filesystem;
+using P = Property;
+
+class Changes : public testing::TestWithParam<const char*> {
+ protected:
+  void SetUp() override {
+    file_ = fs::path(KIV_SAMPLES).parent_path() / "dwg" / ("sample_" + std::string(GetParam()) + ".dwg");
+    if (!fs::exists(file_)) GTEST_SKIP();
+    target_ = test_support::tempPath("dwg_changes.dwg");
+    drawing_ = open(file_);
+  }
+  void TearDown() override { fs::remove(target_); }
+
+  static std::unique_ptr<Drawing> open(const fs::path& file) {
+    auto drawing = formats::open(file);
+    EXPECT_TRUE(drawing.ok()) << base::toUtf8(drawing.failure().text());
+    return std::move(drawing.value());
+  }
+  std::unique_ptr<Drawing> savedAndOpened() {
+    const base::Status saved = drawing_->save(target_);
+    EXPECT_TRUE(saved.ok()) << base::toUtf8(saved.failure().text());
+    return open(target_);
+  }
+  bool isAsInFile() {
+    EXPECT_TRUE(drawing_->save(target_).ok());
+    return base::readFile(target_).value() == base::readFile(file_).value();
+  }
+  static RecordId firstOf(const Drawing& drawing, std::string_view type) {
+    for (RecordId id = 0; id < drawing.recordCount(); ++id)
+      if (drawing.record(id).kind == RecordKind::kEntity && drawing.typeName(id) == type) return id;
+    return kNoRecord;
+  }
+  void expectOk(const base::Status& status) {
+    EXPECT_TRUE(status.ok()) << base::toUtf8(status.failure().text());
+  }
+
+  fs::path file_, target_;
+  std::unique_ptr<Drawing> drawing_;
+};
+
+struct Setting {
+  P property;
+  StoredValue value;
+};
+
+TEST_P(Changes, OfAPropertyAreReadBackAndTakenBackBitForBit) {
+  const auto original = open(file_);
+  const RecordId layer = drawing_->tableRecords(Table::kLayer).back();
+  const RecordId style = drawing_->tableRecords(Table::kTextStyle).front();
+  const RecordId linetype = drawing_->find(Table::kLinetype, std::wstring_view(L"ACAD_ISO02W100"));
+  const Setting settings[] = {
+      {P::kLayer, Reference{layer}},       {P::kLinetype, Reference{linetype}}, {P::kColorIndex, std::int64_t{3}},
+      {P::kLineWeight, std::int64_t{50}},  {P::kLinetypeScale, 2.5},            {P::kInvisible, std::int64_t{1}},
+      {P::kTextStyle, Reference{style}},   {P::kTextHeight, 7.25},              {P::kRotation, 45.0},
+      {P::kWidthFactor, 0.75},             {P::kTextString, std::string("x")},  {P::kTextRotation, 30.0},
+      {P::kDimText, std::string("<> mm")}, {P::kLayerColor, std::int64_t{-5}},  {P::kLayerPlottable, std::int64_t{0}},
+      {P::kFixedHeight, 3.0},              {P::kStyleWidthFactor, 0.5},         {P::kDescription, std::string("d")},
+      {P::kStyleOblique, 15.0},            {P::kFontFile, std::string("y.shx")}};
+  int tried = 0;
+  for (RecordId id = 0; id < original->recordCount(); ++id) {
+    for (const Setting& setting : settings) {
+      if (original->record(id).implied() || !drawing_->canHold(id, setting.property)) continue;
+      const StoredValue before = drawing_->storage().property(drawing_->record(id), setting.property);
+      const bool coloured = drawing_->looks(id).trueColor.has_value();
+      const bool isColor = setting.property == P::kColorIndex || setting.property == P::kLayerColor;
+      if (coloured && isColor) continue;
+      if (original->record(id).kind == RecordKind::kBlockBegin && setting.property == P::kDescription) continue;
+      const base::Status set = drawing_->setStored(id, setting.property, setting.value);
+      ASSERT_TRUE(set.ok()) << base::toUtf8(set.failure().text());
+      if (setting.property == P::kInvisible || setting.property == P::kTextHeight) {
+        EXPECT_EQ(drawing_->storage().property(drawing_->record(id), setting.property), setting.value);
+      }
+      ASSERT_TRUE(drawing_->undo() || before == setting.value);
+      ++tried;
+    }
+  }
+  EXPECT_GT(tried, 1000);
+  EXPECT_TRUE(isAsInFile());
+}
+
+TEST_P(Changes, BackToTheOldValueGiveTheOldBits) {
+  const auto original = open(file_);
+  for (RecordId id = 0; id < original->recordCount(); ++id) {
+    if (drawing_->record(id).kind != RecordKind::kEntity) continue;
+    const Drawing& was = *original;
+    const auto set = [&](P property, double value) {
+      const auto before = was.real(id, property);
+      if (!before || !drawing_->canHold(id, property)) return;
+      expectOk(drawing_->setReal(id, property, value));
+      expectOk(drawing_->setReal(id, property, *before));
+    };
+    set(P::kTextHeight, 11), set(P::kWidthFactor, 0.3), set(P::kLinetypeScale, 4);
+    // Degrees of any other angle may be those of two neighbouring numbers, and of a direction's length.
+    if (was.real(id, P::kRotation) == 0 && was.typeName(id) != "MTEXT") set(P::kRotation, 12);
+    const auto name = was.text(id, P::kLayer);
+    expectOk(drawing_->setText(id, P::kLayer, L"Layer_Off"));
+    expectOk(drawing_->setText(id, P::kLayer, *name));
+    if (drawing_->canHold(id, P::kTextString)) {
+      expectOk(drawing_->setText(id, P::kTextString, L"another"));
+      const StoredValue text = was.storage().property(was.record(id), P::kTextString);
+      expectOk(drawing_->setStored(id, P::kTextString, text));
+    }
+    EXPECT_TRUE(drawing_->storage().holdsSame(drawing_->record(id), was.storage(), was.record(id)))
+        << drawing_->typeName(id) << ' ' << *drawing_->handle(id);
+  }
+}
+
+TEST_P(Changes, NewRecordsAreFoundInTheSavedFile) {
+  const auto layer = drawing_->addTableRecord(Table::kLayer, L"新しい");
+  ASSERT_TRUE(layer.ok()) << base::toUtf8(layer.failure().text());
+  expectOk(drawing_->setInteger(layer.value(), P::kLayerColor, -30));
+  const auto style = drawing_->addTableRecord(Table::kTextStyle, L"S1");
+  const auto linetype = drawing_->addTableRecord(Table::kLinetype, L"L1");
+  const auto dimensions = drawing_->addTableRecord(Table::kDimStyle, L"D1");
+  ASSERT_TRUE(style.ok() && linetype.ok() && dimensions.ok());
+  const Dash dashes[] = {{2}, {-1, DashSymbol{.style = style.value(), .text = L"GAS", .scale = 0.5}}, {0}};
+  expectOk(drawing_->setDashes(linetype.value(), dashes));
+  expectOk(drawing_->setDimVariable(dimensions.value(), dimRow("DIMSCALE"), 3.5));
+  const RecordId text = firstOf(*drawing_, "TEXT");
+  expectOk(drawing_->setText(text, P::kLayer, L"新しい"));
+  expectOk(drawing_->setText(text, P::kLinetype, L"L1"));
+  const auto saved = savedAndOpened();
+  const RecordId again = saved->find(Table::kLayer, std::wstring_view(L"新しい"));
+  ASSERT_NE(again, kNoRecord);
+  EXPECT_EQ(saved->integer(again, P::kLayerColor), -30);
+  const RecordId pattern = saved->find(Table::kLinetype, std::wstring_view(L"L1"));
+  ASSERT_EQ(saved->dashes(pattern).size(), 3u);
+  EXPECT_EQ(saved->dashes(pattern)[1].symbol->text, L"GAS");
+  const RecordId named = saved->find(Table::kDimStyle, std::wstring_view(L"D1"));
+  EXPECT_EQ(saved->dimVariable(named, dimRow("DIMSCALE")), Variable(3.5));
+  const RecordId moved = saved->findHandle(*drawing_->handle(text));
+  EXPECT_EQ(saved->text(moved, P::kLayer), L"新しい");
+  EXPECT_EQ(saved->text(moved, P::kLinetype), L"L1");
+  while (drawing_->undo()) {}
+  EXPECT_TRUE(isAsInFile());
+}
+
+TEST_P(Changes, ErasedAndNewEntitiesKeepTheOrderOfTheOthers) {
+  const RecordId space = drawing_->modelSpace();
+  std::vector<Handle> expected;
+  for (const RecordId id : drawing_->entitiesOf(space)) expected.push_back(*drawing_->handle(id));
+  const std::size_t count = expected.size();
+  for (const std::size_t at : {count - 1, count / 2, std::size_t{0}}) {
+    expectOk(drawing_->setErased(drawing_->entitiesOf(space)[at], true));
+    expected.erase(expected.begin() + static_cast<std::ptrdiff_t>(at));
+  }
+  const Shape shapes[] = {LineShape{{0, 0}, {1, 1}}, CircleShape{{2, 2}, 3}};
+  const auto block = drawing_->defineBlock(L"NEWBLOCK", shapes);
+  ASSERT_TRUE(block.ok()) << base::toUtf8(block.failure().text());
+  const auto insert = drawing_->addInsert(space, {.block = block.value(), .at = {5, 6, 7}, .scale = 2});
+  ASSERT_TRUE(insert.ok()) << base::toUtf8(insert.failure().text());
+  expected.push_back(*drawing_->handle(insert.value()));
+  const auto saved = savedAndOpened();
+  std::vector<Handle> order;
+  for (const RecordId id : saved->entitiesOf(saved->modelSpace())) order.push_back(*saved->handle(id));
+  EXPECT_EQ(order, expected);
+  const RecordId made = saved->find(Table::kBlock, std::wstring_view(L"NEWBLOCK"));
+  ASSERT_NE(made, kNoRecord);
+  EXPECT_EQ(saved->entitiesOf(made).size(), 2u);
+  const Geometry geometry = saved->geometry(saved->findHandle(expected.back()));
+  EXPECT_EQ(std::get<InsertGeometry>(geometry.shape).block, made);
+  while (drawing_->undo()) {}
+  EXPECT_TRUE(isAsInFile());
+}
+
+TEST_P(Changes, OfVariablesAndOverridesAreTakenBackToo) {
+  const RecordId dimension = firstOf(*drawing_, "DIMENSION");
+  expectOk(drawing_->setHeaderVariable("LTSCALE", 2.5));
+  expectOk(drawing_->setHeaderVariable("CLAYER", std::wstring(L"Layer1")));
+  expectOk(drawing_->setDimVariable(dimension, dimRow("DIMTXT"), 4.5));
+  expectOk(drawing_->setDimVariable(dimension, dimRow("DIMTXSTY"), std::wstring(L"Standard")));
+  expectOk(drawing_->renameLayer(drawing_->find(Table::kLayer, std::wstring_view(L"Layer1")), L"Renamed"));
+  const auto saved = savedAndOpened();
+  EXPECT_EQ(saved->headerVariable("LTSCALE"), Variable(2.5));
+  EXPECT_EQ(saved->headerVariable("CLAYER"), Variable(std::wstring(L"Renamed")));
+  const RecordId again = saved->findHandle(*drawing_->handle(dimension));
+  EXPECT_EQ(saved->dimVariable(again, dimRow("DIMTXT")), Variable(4.5));
+  const auto style = saved->dimVariable(again, dimRow("DIMTXSTY"));
+  ASSERT_TRUE(style);
+  EXPECT_TRUE(base::equalFolded(std::get<std::wstring>(*style), L"STANDARD"));
+  expectOk(drawing_->removeDimOverride(dimension, dimRow("DIMTXT")));
+  EXPECT_FALSE(drawing_->dimVariable(dimension, dimRow("DIMTXT")));
+  while (drawing_->undo()) {}
+  EXPECT_TRUE(isAsInFile());
+}
+
+INSTANTIATE_TEST_SUITE_P(Versions, Changes,
+                         testing::Values("AC1014", "AC1015", "AC1018", "AC1024", "AC1027", "AC1032"));
+
+}  // namespace
+}  // namespace cad::dwg
