@@ -85,7 +85,7 @@ const Color* FieldWriter::wantedColor(std::string_view name, std::uint32_t own) 
 }
 
 void FieldWriter::sizeField() {
-  if (before(Version::kR2000)) std::swap(beforeSize_, data_);
+  if (before(Version::kR2000)) std::swap(beforeSize_, written(Stream::kData));
 }
 
 HandleReference FieldWriter::referenceTo(const FieldSpec& spec, const Field* from, Handle handle) const {
@@ -133,9 +133,21 @@ bool FieldWriter::standsAsItIs(const FieldSpec& spec, const Field* from) const {
   return !moved_ || (spec.type != BitType::kDD && spec.type != BitType::k2DD && spec.type != BitType::k3DD);
 }
 
-BitWriter& FieldWriter::writerOf(Stream stream) {
-  if (stream == Stream::kData) return data_;
-  return stream == Stream::kText ? texts_ : handles_;
+BitWriter& FieldWriter::written(Stream stream) {
+  const auto which = static_cast<std::size_t>(stream);
+  Span& span = toCopy_[which];
+  if (span.begin != span.end) writers_[which].copy(source_->data(), span.begin, span.end);
+  span = {};
+  return writers_[which];
+}
+
+void FieldWriter::copyLater(Stream stream, const Field& from) {
+  Span& span = toCopy_[static_cast<std::size_t>(stream)];
+  if (span.begin == span.end || span.end != from.begin) {
+    written(stream);
+    span.begin = from.begin;
+  }
+  span.end = from.end;
 }
 
 const Value& FieldWriter::visit(const FieldSpec& given) {
@@ -148,11 +160,10 @@ const Value& FieldWriter::visit(const FieldSpec& given) {
   Stream stream = streamOf(spec.type, version());
   if (stream == Stream::kHandles && handlesInData_) stream = Stream::kData;
   if (stream == Stream::kText && !isEmptyText(current_)) hasTexts_ = true;
-  BitWriter& writer = writerOf(stream);
   if (standsAsItIs(spec, from)) {
-    writer.copy(source_->data(), from->begin, from->end);
+    copyLater(stream, *from);
   } else if (spec.size != 0 || (spec.type != BitType::kBytes && spec.type != BitType::kBits)) {
-    if (!encodeField(writer, spec, current_, version())) wrongType_ = spec.name;
+    if (!encodeField(written(stream), spec, current_, version())) wrongType_ = spec.name;
   }
   return current_;
 }

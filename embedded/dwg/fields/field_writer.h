@@ -1,6 +1,7 @@
 #pragma once
 // Writes the fields that a description visits: changed ones anew, others with the bits that they have.
 
+#include <array>
 #include <set>
 #include <string>
 
@@ -36,9 +37,9 @@ class FieldWriter final : public FieldVisitor {
   // What stands before and behind the size field of R13 and R14; everything stands behind where there is
   // none.
   BitWriter& beforeSize() { return beforeSize_; }
-  BitWriter& data() { return data_; }
-  BitWriter& texts() { return texts_; }
-  BitWriter& handles() { return handles_; }
+  BitWriter& data() { return written(Stream::kData); }
+  BitWriter& texts() { return written(Stream::kText); }
+  BitWriter& handles() { return written(Stream::kHandles); }
   bool hasTexts() const { return hasTexts_; }  // one that is not empty
 
   // The first field that is changed and that the object has not, or that has a value of another type; empty:
@@ -50,14 +51,21 @@ class FieldWriter final : public FieldVisitor {
   Value valueOf(const FieldSpec& spec, const Field* from) const;
   HandleReference referenceTo(const FieldSpec& spec, const Field* from, Handle handle) const;
   bool standsAsItIs(const FieldSpec& spec, const Field* from) const;
-  BitWriter& writerOf(Stream stream);
+  BitWriter& written(Stream stream);  // with all that was visited
+  // Bits of the source that follow each other are copied at once.
+  void copyLater(Stream stream, const Field& from);
   void use(std::string_view name, std::uint32_t index, Part part) const { used_.insert({name, index, part}); }
 
   const Fields* source_;
   const FieldChanges& changes_;
   Handle own_;
   bool handlesInData_;
-  BitWriter beforeSize_, data_, texts_, handles_;
+  BitWriter beforeSize_;
+  std::array<BitWriter, 3> writers_;  // by the stream
+  struct Span {
+    std::uint32_t begin = 0, end = 0;
+  };
+  std::array<Span, 3> toCopy_;
   Value current_;
   std::string_view wrongType_;
   mutable std::set<FieldChanges::Key> used_;

@@ -53,28 +53,26 @@ void fillLastByte(BitWriter& whole, const ObjectFrame* source) {
 
 // `source`: of the object that is rewritten.
 WrittenObject assemble(Version version, const ObjectFrame* source, Parts& parts, FieldWriter& fields) {
-  BitWriter tail;  // what stands behind the size
   const bool sizeInMiddle = version < Version::kR2000;
-  if (!sizeInMiddle) tail.copy(parts.front);
-  tail.copy(fields.data());
-  if (hasWideTexts(version)) {
-    if (parts.textsWanted) {
-      tail.copy(fields.texts());
-      closeTexts(tail, fields.texts().size());
-    } else {
-      tail.b(false);
-    }
-  }
+  const bool texts = hasWideTexts(version) && parts.textsWanted;
+  std::uint64_t behindSize = fields.data().size() + (sizeInMiddle ? 0 : parts.front.size());
+  if (texts) behindSize += fields.texts().size() + sizeOfClosing(fields.texts().size());
+  if (hasWideTexts(version) && !texts) ++behindSize;
   BitWriter whole;
   whole.copy(parts.type);
   if (sizeInMiddle) {
     whole.copy(parts.front);
     whole.copy(fields.beforeSize());
   }
-  if (version < Version::kR2010) {
-    whole.rl(static_cast<std::uint32_t>(whole.size() + kSizeBits + tail.size()));
+  if (version < Version::kR2010) whole.rl(static_cast<std::uint32_t>(whole.size() + kSizeBits + behindSize));
+  if (!sizeInMiddle) whole.copy(parts.front);
+  whole.copy(fields.data());
+  if (texts) {
+    whole.copy(fields.texts());
+    closeTexts(whole, fields.texts().size());
+  } else if (hasWideTexts(version)) {
+    whole.b(false);
   }
-  whole.copy(tail);
   const std::uint64_t handles = whole.size();
   whole.copy(fields.handles());
   fillLastByte(whole, source);

@@ -31,6 +31,8 @@ TextRange textRange(std::string_view bytes, std::uint64_t end) {
   return range;
 }
 
+std::uint64_t sizeOfClosing(std::uint64_t size) { return size >= kLong ? 2 * kSizeBits + 1 : kSizeBits + 1; }
+
 void closeTexts(BitWriter& writer, std::uint64_t size) {
   if (size >= kLong) {
     writer.rs(static_cast<std::uint16_t>(size >> 15));

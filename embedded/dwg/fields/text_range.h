@@ -21,5 +21,6 @@ TextRange textRange(std::string_view bytes, std::uint64_t end);
 // Puts size and bit behind the texts.
 class BitWriter;
 void closeTexts(BitWriter& writer, std::uint64_t size);
+std::uint64_t sizeOfClosing(std::uint64_t size);  // what closeTexts() writes, in bits
 
 }  // namespace cad::dwg
