@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -15,7 +16,7 @@ class Links {
   }
 
   base::Result<std::vector<ChangedObject>> take() {
-    if (touched_.empty() && erasedEntries_.empty()) return std::vector<ChangedObject>();
+    if (touched_.empty() && erasedEntries_.empty() && gone_.empty()) return std::vector<ChangedObject>();
     collectContents();
     for (const auto& [block, content] : contents_) linkBlock(block, content);
     for (const auto& [block, inserts] : inserts_) listInserts(block, inserts);
@@ -35,6 +36,8 @@ class Links {
   void note(RecordId id) {
     const Record& record = records_[id];
     if (record.erased() == isAdded(record)) return;  // as it was in the file, or never there
+    const bool isEntity = record.kind == RecordKind::kEntity || record.kind == RecordKind::kSubEntity;
+    if (isEntity && record.erased()) takeExtension(record, handleOf(id));
     if (record.kind == RecordKind::kTableRecord && record.erased()) erasedEntries_.push_back(id);
     if (record.kind != RecordKind::kEntity || record.owner == kNoRecord) return;
     touched_.insert(record.owner);
@@ -42,6 +45,22 @@ class Links {
     const Handle block = storage_.fields(record).handle("block").value_or(0);
     Inserts& inserts = inserts_[block];
     (record.erased() ? inserts.erased : inserts.added).push_back(handleOf(id));
+  }
+
+  // With an object goes its extension dictionary, and what that owns.
+  void takeExtension(const Record& record, Handle owner) {
+    takeOwned(storage_.commonFields(record).handle("dictionary").value_or(0), owner);
+  }
+
+  void takeOwned(Handle item, Handle owner) {
+    const RecordId id = item == 0 ? kNoRecord : storage_.recordOf(item);
+    if (id == kNoRecord || records_[id].kind != RecordKind::kObject) return;
+    if (storage_.commonFields(records_[id]).handle("owner") != owner || !gone_.insert(id).second) return;
+    takeExtension(records_[id], item);
+    if (storage_.typeOf(records_[id]).kind != ObjectKind::kDictionary) return;
+    const Fields fields = storage_.fields(records_[id]);
+    for (std::uint32_t i = 0; i < fields.count("item"); ++i)
+      takeOwned(fields.handle("item", i).value_or(0), item);
   }
 
   void collectContents() {
@@ -142,7 +161,9 @@ class Links {
 
   base::Result<std::vector<ChangedObject>> written() const {
     std::vector<ChangedObject> objects;
+    for (const RecordId id : gone_) objects.push_back({handleOf(id), true, {}, 0});
     for (const auto& [id, changes] : changes_) {
+      if (gone_.contains(id)) continue;
       if (changes.empty()) continue;
       const base::Result<ObjectFrame> frame = storage_.frame(records_[id]);
       if (!frame.ok()) return frame.failure();
@@ -158,6 +179,7 @@ class Links {
   std::span<const Record> records_;
   std::unordered_set<RecordId> touched_;  // blocks
   std::vector<RecordId> erasedEntries_;
+  std::set<RecordId> gone_;  // objects that go with what owned them
   std::map<RecordId, std::vector<RecordId>> contents_;
   std::map<Handle, Inserts> inserts_;  // by the block's table entry
   std::map<RecordId, FieldChanges> changes_;
