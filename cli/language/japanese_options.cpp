@@ -39,11 +39,11 @@ constexpr Translation kRows[] = {
     {L"Exit status: 0 all done; 1 some drawing failed or had a problem, lines of the CVT file are dropped, "
      L"or "
      L"the log or standard output cannot be written, each named on standard error; 2 the command line or the "
-     L"CVT file is unusable; 130 interrupted. Drawings are read and written as DXF; DWG and DWT are refused "
-     L"for now.",
+     L"CVT file is unusable; 130 interrupted. Drawings are read and written as DXF and DWG; each keeps its "
+     L"format.",
      L"終了ステータス: 0 すべて完了。1 失敗した図面や問題のある図面がある、CVT ファイルに読み捨てた行がある、"
      L"ログまたは標準出力に書き込めない（いずれも標準エラー出力に表示します）。2 コマンドラインまたは CVT "
-     L"ファイルが使えない。130 中断した。図面は DXF で読み書きします。DWG と DWT は今のところ扱えません。"},
+     L"ファイルが使えない。130 中断した。図面は DXF と DWG で読み書きし、形式は変わりません。"},
     {L"Examples:", L"例:"},
     {L"converts every drawing by the rules of a CVT file and saves it into DIR",
      L"各図面を CVT ファイルの規則に従って変換し、DIR に保存します"},

@@ -60,8 +60,8 @@ std::wstring programHelp() {
          L"dropped, or "
          L"the log or standard output cannot be written, each named on standard error; 2 the command line or "
          L"the "
-         L"CVT file is unusable; 130 interrupted. Drawings are read and written as DXF; DWG and DWT are "
-         L"refused for now."),
+         L"CVT file is unusable; 130 interrupted. Drawings are read and written as DXF and DWG; each keeps "
+         L"its format."),
       0);
   return withoutLastLineEnd(help);
 }

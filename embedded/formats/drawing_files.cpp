@@ -151,7 +151,7 @@ Opened create(Version version) {
 }
 
 std::span<const std::wstring_view> extensions() {
-  static constexpr std::wstring_view kExtensions[] = {L".dxf"};
+  static constexpr std::wstring_view kExtensions[] = {L".dxf", L".dwg", L".dwt"};
   return kExtensions;
 }
 
