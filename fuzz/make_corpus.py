@@ -196,6 +196,11 @@ def main():
     save("dxf", "foreign.dxf", as_text(foreign()))
     save("cvt", "whole.cvt", SPECIFICATION.replace("\n", "\r\n").encode("cp932"))
     save("cvt", "open-end.cvt", "[文字]\n[画層] = 0\n{\n[画層] = 1\n[寸法]\n[***]\n{\n".encode("cp932"))
+    # Of the containers: a version, and bytes of a piece that are others (fuzz/dwg_container.h).
+    for version in range(3):
+        save("dwg", f"untouched-{version}", bytes([version]))
+        save("dwg", f"one-byte-{version}", bytes([version, 2 + version, 9, 0, 0xFF]))
+    save("dwg", "several-bytes", bytes([1, *(byte for at in range(8) for byte in (at, 4 * at, 0, 255 - at))]))
     for number, pattern in enumerate(WILDCARDS):
         for case in b"01":
             save("wildcard", f"{number}-{case - 48}", bytes([case]) + pattern.encode("cp932"))

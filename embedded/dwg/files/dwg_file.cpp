@@ -107,7 +107,7 @@ base::Result<std::unique_ptr<DwgFile>> readDwgFile(std::shared_ptr<const SourceB
   if (!isDwg(file)) return refusal(0, L"This is not a DWG drawing");
   const std::string_view code = file.substr(0, kCodeLength);
   if (code < "AC1012" || code.find('.') != code.npos) {
-    return refusal(0, L"DWG drawings before release 13 are not read");
+    return refusal(0, L"This is a DWG drawing of a version before R13; please save it in a newer one");
   }
   if (file.size() < kCodePageAt + 2) return refusal(file.size(), L"The file is cut off");
   const DrawingFacts facts = factsOf(file);
@@ -125,7 +125,7 @@ base::Result<std::unique_ptr<DwgFile>> readDwgFile(std::shared_ptr<const SourceB
     case Version::kR2007:
       return CodedFile::read(std::move(source), facts, maintenance);
     default:
-      return refusal(0, L"DWG drawings of this release are not read");
+      return refusal(0, L"This is a DWG drawing of a newer version than is known here; please save it in an older one");
   }
 }
 
