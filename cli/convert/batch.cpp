@@ -5,6 +5,7 @@
 
 #include "base/files.h"
 #include "base/temporary_files.h"
+#include "cli/convert/resume.h"
 #include "cli/convert/worker_lines.h"
 #include "cli/language/language.h"
 
@@ -25,8 +26,9 @@ constexpr bool kProcessesAreCheap = true;
 
 }  // namespace
 
-Batch::Batch(Session& session, const Arguments& arguments, const std::vector<PlannedDrawing>& plan)
-    : session_(session), arguments_(arguments), plan_(plan), reports_(plan.size()) {
+Batch::Batch(Session& session, const Arguments& arguments, const RuleFiles& rules,
+             const std::vector<PlannedDrawing>& plan)
+    : session_(session), arguments_(arguments), rules_(rules), plan_(plan), reports_(plan.size()) {
   if (!isWorthAWorker()) return;
   jobs_ = static_cast<std::size_t>(arguments.jobs > 0 ? arguments.jobs
                                    : plan.size() > 1  ? base::usableProcessors()
@@ -90,7 +92,11 @@ void Batch::endWorkers() {
 void Batch::runHere(const Listener& listener) {
   session_.host().removeTemporaryFilesOnSignals();
   Worker worker(session_, arguments_);
-  for (const PlannedDrawing& drawing : plan_) listener.told(drawing, worker.convert(drawing));
+  for (const PlannedDrawing& drawing : plan_) {
+    DrawingReport report = worker.convert(drawing);
+    tellOtherRules(drawing, report);
+    listener.told(drawing, report);
+  }
 }
 
 void Batch::handOut() {
@@ -100,8 +106,13 @@ void Batch::handOut() {
       ++next_;
       continue;
     }
-    if (!idle_.empty()) {
+    if (!idle_.empty() && rules_.areUnchanged()) {
       handNextTo(idle_.back());
+      continue;
+    }
+    if (!idle_.empty()) {
+      lose(next_++, tr(L"not converted: the CVT file or a text search list of it was changed after the batch "
+                       L"had begun"));
       continue;
     }
     if (busy_.size() >= jobs_) return;
@@ -157,12 +168,26 @@ void Batch::take(const base::ChildMessage& message) {
     loseUnderWay(assignment, reasonOf(*message.end, assignment.isLate));
   } else if (auto report = reportOf(message.line)) {
     busy_.erase(found);
+    tellOtherRules(plan_[assignment.drawing], *report);
     reports_[assignment.drawing] = std::move(*report);
     ++done_;
     idle_.push_back(message.child);
   } else {
     group_->kill(message.child);  // its end is told next
   }
+}
+
+// A drawing that was under way when the rules became others was converted by the old ones or the new, which
+// nobody can tell; the numbers of settings stand for other ones in each.
+void Batch::tellOtherRules(const PlannedDrawing& drawing, DrawingReport& report) const {
+  if (report.outcome == Outcome::kNotConverted || rules_.areUnchanged()) return;
+  if (!report.saved.empty()) leaveForResume(drawing);
+  report.outcome = Outcome::kWithProblems;
+  report.settings.clear();
+  report.messages.push_back(
+      report.given + L": " +
+      tr(L"the CVT file or a text search list of it was changed while the drawing was converted; by which of "
+         L"them it was is not known"));
 }
 
 void Batch::lose(std::size_t drawing, const std::wstring& reason) {
@@ -180,6 +205,7 @@ void Batch::loseUnderWay(const Assignment& assignment, const std::wstring& reaso
   if (stampOf(drawing.target) == assignment.target) {
     return lose(assignment.drawing, tr(L"not converted: %1", {reason}));
   }
+  leaveForResume(drawing);
   lose(assignment.drawing, tr(L"saved, but its problems and changes are not known: %1", {reason}));
   reports_[assignment.drawing]->saved = base::pathText(drawing.target);
   reports_[assignment.drawing]->outcome = Outcome::kWithProblems;

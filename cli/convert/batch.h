@@ -10,14 +10,17 @@
 
 #include "base/child_process.h"
 #include "cli/convert/file_stamp.h"
+#include "cli/convert/rule_files.h"
 #include "cli/convert/worker.h"
 
 namespace kivcli {
 
 class Batch {
  public:
-  // All must outlive this object. The session has no drawing open.
-  Batch(Session& session, const Arguments& arguments, const std::vector<PlannedDrawing>& plan);
+  // All must outlive this object. The session has no drawing open. `rules` are those that were checked: from
+  // the moment on at which they are others, no drawing is begun.
+  Batch(Session& session, const Arguments& arguments, const RuleFiles& rules,
+        const std::vector<PlannedDrawing>& plan);
   ~Batch();
 
   struct Listener {
@@ -46,6 +49,7 @@ class Batch {
   void take(const base::ChildMessage& message);
   void tellFinished(const Listener& listener, std::size_t& told);
   void endWorkers();
+  void tellOtherRules(const PlannedDrawing& drawing, DrawingReport& report) const;
   void lose(std::size_t drawing, const std::wstring& reason);
   void loseUnderWay(const Assignment& assignment, const std::wstring& reason);
   void removeRemainsOf(const PlannedDrawing& drawing) const;
@@ -53,6 +57,7 @@ class Batch {
 
   Session& session_;
   const Arguments& arguments_;
+  const RuleFiles& rules_;
   const std::vector<PlannedDrawing>& plan_;
   std::unique_ptr<base::ChildGroup> group_;  // null: the drawings are converted in this process
   std::size_t jobs_ = 1;

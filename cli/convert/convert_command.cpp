@@ -20,6 +20,7 @@
 #include "cli/convert/output_plan.h"
 #include "cli/convert/progress.h"
 #include "cli/convert/resume.h"
+#include "cli/convert/rule_files.h"
 #include "cli/convert/summary.h"
 #include "cli/convert/worker.h"
 #include "cli/language/language.h"
@@ -150,8 +151,8 @@ void askForPictures(std::vector<PlannedDrawing>& plan, std::size_t bytes) {
 }
 
 // False: the log has not got all that it should, which is told.
-bool convertAll(Session& session, const Arguments& arguments, std::vector<PlannedDrawing>& plan,
-                Summary& summary, BatchReport& reports) {
+bool convertAll(Session& session, const Arguments& arguments, const RuleFiles& rules,
+                std::vector<PlannedDrawing>& plan, Summary& summary, BatchReport& reports) {
   BatchLog log(arguments.isDryRun ? std::wstring() : arguments.logFolder);
   bool isLogComplete = true;
   Batch::Listener listener;
@@ -170,7 +171,7 @@ bool convertAll(Session& session, const Arguments& arguments, std::vector<Planne
     if (!reports.takesPictures()) askForPictures(plan, 0);
   };
   listener.waits = [&](std::size_t done) { progress.show(done); };
-  const std::size_t notBegun = Batch(session, arguments, plan).run(listener);
+  const std::size_t notBegun = Batch(session, arguments, rules, plan).run(listener);
   progress.hide();
   if (base::interruption() != 0) {
     complain(L"kivcvt: " + tr(L"interrupted; drawings that were not begun: %1", {std::to_wstring(notBegun)}));
@@ -194,6 +195,7 @@ int runConvert(const Arguments& arguments) {
   base::removeTemporaryFilesOnSignals();
   if (arguments.isWorker) return Worker(session, arguments).serve(*base::standardRequestChannel());
 
+  const RuleFiles rules(base::pathFromText(base::fullPath(arguments.specification)));
   Undone undone;
   if (base::Status usable = checkRules(session, arguments, undone); !usable) return unusable(usable);
   const base::Result<std::vector<ListedDrawing>> drawings = listDrawings(arguments);
@@ -208,7 +210,7 @@ int runConvert(const Arguments& arguments) {
   BatchReport reports(arguments.specification, base::localTimeText(L"%Y-%m-%d %H:%M:%S"), arguments.isDryRun);
   reports.noteSkipped(skipped);
   Summary summary(arguments.isDryRun, skipped);
-  const bool isLogComplete = convertAll(session, arguments, plan, summary, reports);
+  const bool isLogComplete = convertAll(session, arguments, rules, plan, summary, reports);
   const bool areWritten = writeReports(reports, arguments.reports);
   undone.tell(arguments.specification);
   for (const std::wstring& line : summary.lines(base::terminalColumns(stdout))) printLine(line);

@@ -28,4 +28,10 @@ bool EarlierRun::hasDone(const PlannedDrawing& drawing) const {
   return !error && converted > drawn && converted > rules_;
 }
 
+void leaveForResume(const PlannedDrawing& drawing) {
+  std::error_code error;
+  const auto drawn = fs::last_write_time(base::pathFromText(drawing.given), error);
+  if (!error) fs::last_write_time(drawing.target, drawn, error);
+}
+
 }  // namespace kivcli

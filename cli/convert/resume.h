@@ -20,4 +20,7 @@ class EarlierRun {
   std::filesystem::file_time_type rules_{};
 };
 
+// Makes the target look no newer than its drawing, so that a later run converts that again.
+void leaveForResume(const PlannedDrawing& drawing);
+
 }  // namespace kivcli

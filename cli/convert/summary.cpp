@@ -62,6 +62,8 @@ std::vector<std::wstring> Summary::lines(std::optional<std::size_t> columns) con
   if (columns) {
     for (std::wstring& line : lines) line = std::wstring(fitting(line, *columns));
   }
+  if (skipped_ > 0)
+    lines.push_back(tr(L"problems that an earlier run had with the skipped drawings are not told again"));
   lines.push_back(isDryRun_ ? lastLineOfDryRun() : lastLine());
   return lines;
 }

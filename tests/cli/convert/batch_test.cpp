@@ -15,6 +15,9 @@ namespace fs = std::filesystem;
 
 bool contains(const std::string& text, std::string_view part) { return text.find(part) != std::string::npos; }
 
+const std::string notToldAgain =
+    "problems that an earlier run had with the skipped drawings are not told again\n";
+
 class BatchTest : public ProgramTest {
  protected:
   void SetUp() override {
@@ -108,9 +111,9 @@ TEST_F(BatchTest, ResumeConvertsWhatIsNewerThanItsOutput) {
   };
   for (const char* file : {"a.dxf", "b.dxf", "rules.cvt"}) age(file);
   EXPECT_TRUE(contains(resumed(), "\n2 drawings converted\n"));
-  EXPECT_EQ(resumed(), "0 drawings converted, 2 skipped\n");
+  EXPECT_EQ(resumed(), notToldAgain + "0 drawings converted, 2 skipped\n");
   touch("b.dxf");
-  EXPECT_EQ(resumed(), "b.dxf -> out/b.DXF\n" + greenTexts(1) + "1 drawing converted, 1 skipped\n");
+  EXPECT_EQ(resumed(), "b.dxf -> out/b.DXF\n" + greenTexts(1) + notToldAgain + "1 drawing converted, 1 skipped\n");
   age("b.dxf");
   write("WORDS.LIST", "");
   touch("WORDS.LIST");
@@ -207,6 +210,28 @@ TEST_F(LossTest, ADrawingThatIsLostWhenItIsSavedIsToldAsSaved) {
                                 "3 drawings converted, 1 with problems\n"))
       << run.out;
   expectNothingHalfWritten({"a.DXF", "c.DXF", "pipe.DXF"});
+  expectCompletedByResume("\n1 drawing converted, 2 skipped\n");
+}
+
+// The pipe's drawing is under way meanwhile.
+TEST_F(LossTest, RulesThatChangeDuringABatchEndIt) {
+  const std::pair<const char*, const char*> cases[] = {{"sed 's/= 3/= 4/'", "rules.cvt"},
+                                                       {"cat rules.cvt", "rooms.LIST"}};
+  writeSpecification("rules.cvt",
+                     "[文字]\n[文字一致のリスト] = ROOMS.LIST\n{\n[色] = 3\n}\n---End---\n[EOF]\n");
+  writeSpecification("rooms.LIST", "居間\n");
+  for (const auto& [change, file] : cases) {
+    const ProgramRun run = shell("start; " + std::string(change) + " <" + file + " >new; echo >>new; mv new " +
+                                 file + "; cat a.dxf >pipe.dxf; wait $parent");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_TRUE(std::regex_match(run.err, std::regex("pipe\\.dxf: the CVT file .+ is not known\n"
+                                                     "c\\.dxf: not converted: the CVT file .+ begun\n")))
+        << run.err;
+    EXPECT_TRUE(run.out.ends_with("\n2 of 3 drawings converted, 1 with problems\n")) << run.out;
+    expectNothingHalfWritten({"a.DXF", "pipe.DXF"});
+    expectCompletedByResume("\n3 drawings converted\n");
+    fs::remove_all(folder() / "out");
+  }
 }
 
 // The worker stands still and does not end when it is asked to.
@@ -261,7 +286,7 @@ TEST_F(LossTest, ADrawingThatIsReplacedWhileItIsReadIsNamedAndConvertedAgain) {
   EXPECT_TRUE(run.err.starts_with("pipe.dxf: the drawing was replaced while it was converted")) << run.err;
   expectNothingHalfWritten({"a.DXF", "c.DXF", "pipe.DXF"});
   const ProgramRun again = convert("out", {"--resume", "a.dxf", "pipe.dxf", "c.dxf"});
-  EXPECT_EQ(again.out, "pipe.dxf -> out/pipe.DXF\n" + greenTexts(1) + "1 drawing converted, 2 skipped\n")
+  EXPECT_EQ(again.out, "pipe.dxf -> out/pipe.DXF\n" + greenTexts(1) + notToldAgain + "1 drawing converted, 2 skipped\n")
       << again.err;
   EXPECT_TRUE(contains(read("out/pipe.DXF"), base::encode(L"二階", base::kJapanese).bytes));
 }

@@ -32,6 +32,8 @@ TEST(Summary, TellsWhatEachSettingChangedAndTheEntriesOfAListTogether) {
   summary.add(report(L"c", Outcome::kWithProblems, {entry, refused, setting(1, 0), setting(2, 5)}));
   EXPECT_EQ(summary.lines({}), (Lines{L"changed by each setting:", L"    3  (refused: 3) layers to create",
                                       L"  120  texts 1: 画層=0 -> 色=3", L"    5  texts 2: 画層=0 -> 色=3",
+                                      L"problems that an earlier run had with the skipped drawings are "
+                                      L"not told again",
                                       L"3 drawings converted, 3 skipped, 1 with problems"}));
   EXPECT_EQ(summary.lines(16)[2], L"  120  texts 1: ");
   EXPECT_EQ(summary.exitStatus(), 1);
