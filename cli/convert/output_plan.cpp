@@ -2,6 +2,7 @@
 
 #include <set>
 #include <system_error>
+#include <utility>
 
 #include "base/files.h"
 #include "base/fold.h"
@@ -21,6 +22,19 @@ std::wstring identity(const fs::path& path) {
   return base::upper(base::pathText(error ? path : canonical));
 }
 
+// Saving would write to another file than the one that is named, wherever that is.
+std::wstring whyNotBehindLink(const fs::path& target, const std::wstring& realTarget,
+                              const std::wstring& realOutputFolder) {
+  std::error_code unknown;
+  if (fs::is_symlink(target, unknown))
+    return tr(L"%1 is a link to another file, which would be overwritten; please remove it",
+              {base::pathText(target)});
+  const fs::path below =
+      base::pathFromText(realTarget).lexically_relative(base::pathFromText(realOutputFolder));
+  if (!below.empty() && *below.begin() != "..") return {};
+  return tr(L"%1 is not in the folder of --out: a link leads out of it", {base::pathText(target)});
+}
+
 }  // namespace
 
 std::vector<PlannedDrawing> planOutputs(const std::vector<ListedDrawing>& drawings,
@@ -28,6 +42,7 @@ std::vector<PlannedDrawing> planOutputs(const std::vector<ListedDrawing>& drawin
   std::set<std::wstring> sources;
   for (const ListedDrawing& drawing : drawings) sources.insert(identity(base::pathFromText(drawing.given)));
 
+  const std::wstring realOutputFolder = identity(outputFolder);
   std::vector<PlannedDrawing> plan;
   base::SavedNames names;
   for (const ListedDrawing& drawing : drawings) {
@@ -39,16 +54,19 @@ std::vector<PlannedDrawing> planOutputs(const std::vector<ListedDrawing>& drawin
     const fs::path saved = drawing.folder / base::pathFromText(base::savedName(name, planned.format));
     planned.target = outputFolder / saved;
 
+    const std::wstring target = identity(planned.target);
     if (!planned.refusal.empty()) {
       // It takes no name from others.
-    } else if (sources.contains(identity(planned.target))) {
+    } else if (sources.contains(target)) {
       planned.refusal = tr(
           L"%1 is one of the drawings to convert and would be overwritten; please choose another folder with "
           L"--out",
           {base::pathText(planned.target)});
-    } else if (const std::wstring holder = names.take(base::pathText(saved), drawing.given);
-               !holder.empty()) {
-      planned.refusal = tr(L"%1 is already saved as %2; please convert this one into another folder",
+    } else if (std::wstring behindLink = whyNotBehindLink(planned.target, target, realOutputFolder);
+               !behindLink.empty()) {
+      planned.refusal = std::move(behindLink);
+    } else if (const std::wstring holder = names.take(target, drawing.given); !holder.empty()) {
+      planned.refusal = tr(L"%1 has the same target, %2; please convert this one into another folder",
                            {holder, base::pathText(planned.target)});
     }
     plan.push_back(std::move(planned));

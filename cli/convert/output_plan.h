@@ -20,7 +20,8 @@ struct PlannedDrawing {
 };
 
 // Names are compared ignoring case on every system, because the output folder may later stand on one that
-// does. Refused: a target that is one of the drawings given, and the second drawing that has the same target.
+// does. Refused: a target that is one of the drawings given, one that is a link or that links lead out of the
+// output folder, and the second drawing that has the same target.
 std::vector<PlannedDrawing> planOutputs(const std::vector<ListedDrawing>& drawings,
                                         const std::filesystem::path& outputFolder,
                                         std::optional<SaveFormat> format);

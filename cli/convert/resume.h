@@ -12,8 +12,8 @@ class EarlierRun {
   // The CVT file counts together with the text search lists beside it.
   explicit EarlierRun(const std::filesystem::path& specification);
 
-  // Whether the drawing's target is newer than the drawing and the rules. A file that was written in the same
-  // moment is not: who wrote first cannot be told.
+  // Whether the drawing's target is newer than the drawing and the rules, and is not empty. A file that was
+  // written in the same moment is not: who wrote first cannot be told.
   bool hasDone(const PlannedDrawing& drawing) const;
 
  private:

@@ -98,7 +98,7 @@ TEST_F(BatchTest, FoldersAreMirroredListsAreReadAndPartsCoverAllOnce) {
   EXPECT_EQ(
       all,
       "a.dxf -> parts/a.DXF\nc.dxf -> parts/c.DXF\nb.dxf -> parts/b.DXF\n"
-      "sub/../a.dxf: a.dxf is already saved as parts/a.DXF; please convert this one into another folder\n");
+      "sub/../a.dxf: a.dxf has the same target, parts/a.DXF; please convert this one into another folder\n");
 }
 
 TEST_F(BatchTest, ResumeConvertsWhatIsNewerThanItsOutput) {
@@ -113,14 +113,38 @@ TEST_F(BatchTest, ResumeConvertsWhatIsNewerThanItsOutput) {
   EXPECT_TRUE(contains(resumed(), "\n2 drawings converted\n"));
   EXPECT_EQ(resumed(), notToldAgain + "0 drawings converted, 2 skipped\n");
   touch("b.dxf");
-  EXPECT_EQ(resumed(), "b.dxf -> out/b.DXF\n" + greenTexts(1) + notToldAgain + "1 drawing converted, 1 skipped\n");
+  EXPECT_EQ(resumed(),
+            "b.dxf -> out/b.DXF\n" + greenTexts(1) + notToldAgain + "1 drawing converted, 1 skipped\n");
   age("b.dxf");
+  write("out/a.DXF", "");
+  write("out/b.DXF", read("out/b.DXF").substr(0, 100) + std::string(100, '\0'));
+  EXPECT_TRUE(contains(resumed(), "\n2 drawings converted\n")) << "a power cut leaves such files";
   write("WORDS.LIST", "");
   touch("WORDS.LIST");
   EXPECT_TRUE(contains(resumed(), "\n2 drawings converted\n"));
 }
 
 #if !defined(_WIN32)  // pipes by name, signals and limits are these systems' own
+
+TEST_F(BatchTest, LinksInTheOutputFolderLeadToNoOtherFile) {
+  fs::create_directories(folder() / "out/real");
+  fs::create_directory_symlink("real", folder() / "out/one");
+  fs::create_directory_symlink("real", folder() / "out/two");
+  fs::create_directory_symlink("../sub", folder() / "out/three");
+  fs::create_symlink("../a.dxf", folder() / "out/link.DXF");
+  for (const char* name : {"in/one/p.dxf", "in/two/p.dxf", "in/three/p.dxf", "in/link.dxf"})
+    write(name, good_);
+  const ProgramRun run = convert("out", {"--recursive", "in"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(
+      run.err,
+      "in/link.dxf: out/link.DXF is a link to another file, which would be overwritten; please remove it\n"
+      "in/three/p.dxf: out/three/p.DXF is not in the folder of --out: a link leads out of it\n"
+      "in/two/p.dxf: in/one/p.dxf has the same target, out/two/p.DXF; please convert this one into "
+      "another folder\n");
+  EXPECT_EQ(read("a.dxf"), good_);
+  EXPECT_EQ(filesIn("sub"), std::vector<std::string>{"d.dxf"});
+}
 
 // A drawing that is a pipe keeps its worker waiting until somebody writes into it.
 class LossTest : public BatchTest {
@@ -216,13 +240,13 @@ TEST_F(LossTest, ADrawingThatIsLostWhenItIsSavedIsToldAsSaved) {
 // The pipe's drawing is under way meanwhile.
 TEST_F(LossTest, RulesThatChangeDuringABatchEndIt) {
   const std::pair<const char*, const char*> cases[] = {{"sed 's/= 3/= 4/'", "rules.cvt"},
-                                                       {"cat rules.cvt", "rooms.LIST"}};
+                                                       {"cat", "ROOMS.LIST"}};
   writeSpecification("rules.cvt",
                      "[文字]\n[文字一致のリスト] = ROOMS.LIST\n{\n[色] = 3\n}\n---End---\n[EOF]\n");
-  writeSpecification("rooms.LIST", "居間\n");
+  writeSpecification("ROOMS.LIST", "*** MOJILIST ***\n居間\n");
   for (const auto& [change, file] : cases) {
-    const ProgramRun run = shell("start; " + std::string(change) + " <" + file + " >new; echo >>new; mv new " +
-                                 file + "; cat a.dxf >pipe.dxf; wait $parent");
+    const ProgramRun run = shell("start; " + std::string(change) + " <" + file +
+                                 " >new; echo >>new; mv new " + file + "; cat a.dxf >pipe.dxf; wait $parent");
     EXPECT_EQ(run.status, 1);
     EXPECT_TRUE(std::regex_match(run.err, std::regex("pipe\\.dxf: the CVT file .+ is not known\n"
                                                      "c\\.dxf: not converted: the CVT file .+ begun\n")))
@@ -286,7 +310,8 @@ TEST_F(LossTest, ADrawingThatIsReplacedWhileItIsReadIsNamedAndConvertedAgain) {
   EXPECT_TRUE(run.err.starts_with("pipe.dxf: the drawing was replaced while it was converted")) << run.err;
   expectNothingHalfWritten({"a.DXF", "c.DXF", "pipe.DXF"});
   const ProgramRun again = convert("out", {"--resume", "a.dxf", "pipe.dxf", "c.dxf"});
-  EXPECT_EQ(again.out, "pipe.dxf -> out/pipe.DXF\n" + greenTexts(1) + notToldAgain + "1 drawing converted, 2 skipped\n")
+  EXPECT_EQ(again.out,
+            "pipe.dxf -> out/pipe.DXF\n" + greenTexts(1) + notToldAgain + "1 drawing converted, 2 skipped\n")
       << again.err;
   EXPECT_TRUE(contains(read("out/pipe.DXF"), base::encode(L"二階", base::kJapanese).bytes));
 }
