@@ -41,6 +41,13 @@ std::wstring_view fitting(std::wstring_view text, std::size_t columns) {
   return text.substr(0, length);
 }
 
+std::wstring shortened(std::wstring_view text, std::size_t columns) {
+  constexpr std::wstring_view kMore = L"…";
+  const std::size_t width = columnsOf(kMore);  // which fonts do not agree on
+  if (columns < width || columnsOf(text) <= columns) return std::wstring(fitting(text, columns));
+  return std::wstring(fitting(text, columns - width)).append(kMore);
+}
+
 std::vector<std::wstring> wrapped(std::wstring_view text, std::size_t columns) {
   std::vector<std::wstring> lines(1);
   while (!text.empty()) {

@@ -45,7 +45,7 @@ void Summary::add(const DrawingReport& report) {
      : report.outcome == Outcome::kWithProblems ? withProblems_
                                                 : failed_);
   changing_ += report.counts.all() > 0 ? 1 : 0;
-  settings_.add(report.settings);
+  if (report.outcome != Outcome::kNotConverted) settings_.add(report.settings);
   if (report.outcome == Outcome::kConverted || problems_.size() == kMostProblems) return;
   const std::vector<std::wstring>& messages = report.messages;
   problems_.push_back(messages.empty() ? report.given
@@ -60,7 +60,7 @@ std::vector<std::wstring> Summary::lines(std::optional<std::size_t> columns) con
   if (!isDryRun_ || all() > 1) addSettings(lines);
   if (all() > kDrawingsInSight) addProblems(lines);
   if (columns) {
-    for (std::wstring& line : lines) line = std::wstring(fitting(line, *columns));
+    for (std::wstring& line : lines) line = shortened(line, *columns);
   }
   if (skipped_ > 0)
     lines.push_back(tr(L"problems that an earlier run had with the skipped drawings are not told again"));

@@ -41,8 +41,12 @@ constexpr Translation kRows[] = {
     {L"%1 is one of the drawings to convert and would be overwritten; please choose another folder with "
      L"--out",
      L"%1 は変換する図面の 1 つで、上書きされてしまいます。--out で別のフォルダを指定してください"},
-    {L"%1 is already saved as %2; please convert this one into another folder",
-     L"%1 がすでに %2 として保存されています。この図面は別のフォルダに変換してください"},
+    {L"%1 has the same target, %2; please convert this one into another folder",
+     L"%1 と保存先 %2 が同じです。この図面は別のフォルダに変換してください"},
+    {L"%1 is a link to another file, which would be overwritten; please remove it",
+     L"%1 は別のファイルへのリンクで、そのファイルが上書きされてしまいます。リンクを削除してください"},
+    {L"%1 is not in the folder of --out: a link leads out of it",
+     L"%1 は --out のフォルダの外にあります（リンクの先が外のフォルダです）"},
     // many drawings
     {L"%1 of %2 drawings", L"図面 %1/%2"},
     {L"%1 drawings in %2, %3 per second", L"図面 %1 枚、%2、毎秒 %3 枚"},
@@ -112,15 +116,18 @@ constexpr Translation kRows[] = {
     {L"Report of a conversion", L"変換の報告"},
     {L"specification", L"変換指定"},
     {L"begun", L"開始"},
+    {L"options", L"オプション"},
     {L"The batch was interrupted: drawings that were not begun: %1",
      L"処理が中断されました。着手しなかった図面: %1"},
     {L"interrupted; drawings that were not begun: %1", L"中断しました。着手しなかった図面: %1"},
     {L"the batch was interrupted", L"処理が中断されました"},
     {L"not converted: the CVT file or a text search list of it was changed after the batch had begun",
      L"変換していません: 処理を始めた後に CVT ファイルまたはその文字検索リストが変更されました"},
-    {L"the CVT file or a text search list of it was changed while the drawing was converted; by which of them "
+    {L"the CVT file or a text search list of it was changed while the drawing was converted; by which of "
+     L"them "
      L"it was is not known",
-     L"変換中に CVT ファイルまたはその文字検索リストが変更されました。変更前と変更後のどちらで変換したかは不明です"},
+     L"変換中に CVT "
+     L"ファイルまたはその文字検索リストが変更されました。変更前と変更後のどちらで変換したかは不明です"},
     {L"saved, but its problems and changes are not known: %1", L"保存しましたが、問題と変更は不明です: %1"},
     {L"Drawings skipped: %1", L"省略した図面: %1"},
     {L"The page has room for %1 MB of pictures: from %2 on drawings have none.",

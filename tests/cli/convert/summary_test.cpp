@@ -35,7 +35,9 @@ TEST(Summary, TellsWhatEachSettingChangedAndTheEntriesOfAListTogether) {
                                       L"problems that an earlier run had with the skipped drawings are "
                                       L"not told again",
                                       L"3 drawings converted, 3 skipped, 1 with problems"}));
-  EXPECT_EQ(summary.lines(16)[2], L"  120  texts 1: ");
+  summary.add(report(L"d", Outcome::kNotConverted, {setting(2, 7)}));
+  EXPECT_EQ(summary.lines({})[3], L"    5  texts 2: 画層=0 -> 色=3");
+  EXPECT_EQ(summary.lines(16)[2], L"  120  texts 1:…");
   EXPECT_EQ(summary.exitStatus(), 1);
 }
 
