@@ -64,6 +64,16 @@ base::Status LocatedFile::readLocators() {
     }
     sections_.push_back(read);
   }
+  std::vector<Range> ranges = {{0, end + 2 + kSentinel}};
+  for (const Section& section : sections_) {
+    if (section.size > 0) ranges.push_back({section.at, section.at + section.size});
+  }
+  std::sort(ranges.begin(), ranges.end(), [](const Range& a, const Range& b) { return a.begin < b.begin; });
+  for (std::size_t i = 1; i < ranges.size(); ++i) {
+    if (ranges[i].begin < ranges[i - 1].end) {
+      return refusal(ranges[i].begin, L"The sections and objects of the file overlap");
+    }
+  }
   return {};
 }
 
