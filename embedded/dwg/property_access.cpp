@@ -76,7 +76,8 @@ EntityLooks DwgStorage::looks(const Record& entity) const {
   const bool isLayer = entity.kind == RecordKind::kTableRecord;
   const Fields& fields = isLayer ? this->fields(entity) : commonFields(entity);
   EntityLooks looks;
-  looks.trueColor = fields.color("color").rgb;
+  const Color color = fields.color("color");
+  looks.trueColor = color.rgb;
   if (isLayer) {
     looks.lineWeight = static_cast<std::int16_t>(layerBits(fields).lineWeight);
     return looks;
@@ -86,7 +87,12 @@ EntityLooks DwgStorage::looks(const Record& entity) const {
   const StoredValue transparency = property(entity, Property::kTransparency);
   if (const auto* value = std::get_if<std::int64_t>(&transparency))
     looks.transparency = static_cast<std::int32_t>(*value);
-  looks.linetypeScale = fields.real("linetype scale", 1);
+  looks.linetypeScale = commonFields(entity).real("linetype scale", 1);
+  // A colour of a book is an object of its own.
+  if (!looks.trueColor && color.reference) {
+    if (const std::optional<Record> named = firstState(*color.reference))
+      looks.trueColor = this->fields(*named).color("color").rgb;
+  }
   return looks;
 }
 

@@ -36,7 +36,7 @@ constexpr TypedField kEntities[] = {
     {kDimensions, {P::kTextRotation, "text rotation", F::kAngle}},
     {kDimensions, {P::kDimText, "text", F::kText}},
     {kDimensions, {P::kDimBlock, "block", F::kBlock}},
-    {"LEADER", {P::kDimStyle, "dimension style", F::kReference}},
+    {"LEADER TOLERANCE", {P::kDimStyle, "dimension style", F::kReference}},
     {"ATTDEF ATTRIB", {P::kName, "tag", F::kText}},
     {"ATTDEF", {P::kStandardFlags, "flags", F::kInteger}},
     {"INSERT", {P::kBlockName, "block", F::kBlock}},

@@ -65,7 +65,7 @@ constexpr FixedType kFixedTypes[] = {
     {0x2B, kOther, "OLEFRAME", kEntity},
     {0x2C, kMtext, "MTEXT", kEntity},
     {0x2D, kLeader, "LEADER", kEntity},
-    {0x2E, kOther, "TOLERANCE", kEntity},
+    {0x2E, kTolerance, "TOLERANCE", kEntity},
     {0x2F, kOther, "MLINE", kEntity},
     {0x30, kBlockControl, "BLOCK_RECORD", kObject},
     {0x31, kBlockHeader, "BLOCK_RECORD", kObject},
@@ -113,6 +113,7 @@ constexpr NamedKind kNamedKinds[] = {
     {"LAYOUT", kLayout},
     {"ARC_DIMENSION", kDimensionArc},
     {"LARGE_RADIAL_DIMENSION", kDimensionJogged},
+    {"DBCOLOR", kDbColor},
 };
 
 // The parts of a class are read from one stream, or from two.

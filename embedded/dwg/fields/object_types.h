@@ -44,6 +44,7 @@ enum class ObjectKind : std::uint8_t {
   kLwpolyline,
   kMtext,
   kLeader,
+  kTolerance,
   kHatch,
   kViewport,
   kDimensionOrdinate,
@@ -73,6 +74,7 @@ enum class ObjectKind : std::uint8_t {
   kViewportEntityControl,
   kDictionary,
   kLayout,
+  kDbColor,
 };
 
 // A class of the class section.

@@ -22,6 +22,7 @@ void describeLwpolyline(FieldVisitor& v);
 void describeSimple(FieldVisitor& v);  // those of a few points
 void describeSpline(FieldVisitor& v);
 void describeLeader(FieldVisitor& v);
+void describeTolerance(FieldVisitor& v);
 void describeHatch(FieldVisitor& v);
 void describeViewport(FieldVisitor& v);
 void describeDimension(FieldVisitor& v);

@@ -47,6 +47,10 @@ bool describeOwn(FieldVisitor& v) {
       return describeMtext(v), true;
     case kLeader:
       return describeLeader(v), true;
+    case kTolerance:
+      return describeTolerance(v), true;
+    case kDbColor:
+      return v.color("color"), true;
     case kHatch:
       return describeHatch(v), true;
     case kViewport:

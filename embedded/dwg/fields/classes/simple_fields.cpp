@@ -153,4 +153,13 @@ void describeLeader(FieldVisitor& v) {
   v.handle("dimension style");
 }
 
+void describeTolerance(FieldVisitor& v) {
+  if (v.before(kR2000)) v.bs("unknown number"), v.bd("height"), v.bd("text gap");
+  v.point3bd("insertion point");
+  v.point(BitType::k3BD, "x direction", {1, 0, 0});
+  v.extrusion(BitType::k3BD);
+  v.text("text");
+  v.handle("dimension style");
+}
+
 }  // namespace cad::dwg
