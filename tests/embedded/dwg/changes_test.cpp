@@ -203,7 +203,7 @@ TEST_P(Changes, OfVariablesAndOverridesAreTakenBackToo) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Versions, Changes,
-                         testing::Values("AC1014", "AC1015", "AC1018", "AC1024", "AC1027", "AC1032"));
+                         testing::Values("AC1014", "AC1015", "AC1018", "AC1021", "AC1024", "AC1027", "AC1032"));
 
 }  // namespace
 }  // namespace cad::dwg
