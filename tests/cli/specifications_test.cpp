@@ -57,7 +57,8 @@ TEST_F(SpecificationsTest, CheckHoldsNamesAgainstDrawings) {
       "[文字]\n[画層] = 0\n[字体] <> GOTHIC\n{\n[画層] = TARGET\n[画層] = AWAY\n}\n---End---\n[EOF]\n");
   const ProgramRun run = kivcvt({"check", "names.cvt", "--drawings", "in"});
   EXPECT_TRUE(
-      contains(run.err, "names.cvt:3: warning: no drawing that was given has anything named \"GOTHIC\""));
+      contains(run.err, "names.cvt:3: warning: no drawing that was given has anything named \"GOTHIC\""))
+      << run.err;
   EXPECT_TRUE(contains(run.err, "\"AWAY\", and it is missing in 1 of 1 drawings, the first is in/deep/a.dxf"))
       << run.err;
   EXPECT_TRUE(contains(run.err, "names.cvt:5: warning: this value never stays; line 6")) << run.err;
@@ -107,7 +108,9 @@ TEST_F(SpecificationsTest, LearnedRulesAreThoseThatAPersonWouldWrite) {
           (source / "machine-part.dxf").string()});
   kivcvt({"learn", (source / "machine-part.dxf").string(), "out/machine-part.DXF", "--out", "part.cvt"});
   const std::string part = base::toUtf8(base::decode(read("part.cvt"), base::kJapanese).text);
-  EXPECT_EQ(settingsOf(part).substr(0, part.find("[寸法設定]")).find("[***]"), std::string::npos) << part;
+  const std::size_t dimensions = part.find("[寸法設定]");
+  ASSERT_NE(dimensions, std::string::npos) << part;
+  EXPECT_FALSE(contains(settingsOf(part.substr(0, dimensions)), "[***]")) << part;
   EXPECT_TRUE(contains(settingsOf(part), "[画層] = 注記 => [画層] = M-注記 [字体] = 社内標準 \n")) << part;
   EXPECT_TRUE(contains(part, "A-室名, 6, CONTINUOUS\r\n")) << part;
   // Drawing dimensions anew brings their arrow along.
