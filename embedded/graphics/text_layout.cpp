@@ -159,8 +159,6 @@ class TextLayout {
 
 }  // namespace
 
-double estimatedWidth(std::wstring_view line) { return widthOf(line, nullptr); }
-
 std::vector<SceneText> layOut(const TextGeometry& text) { return layOut(text, {}); }
 
 std::vector<SceneText> layOut(const TextGeometry& text, const TextStyles::Style& style) {

@@ -2,7 +2,6 @@
 // Texts as lines in the plan of their own system. Without a style the width of a text is an estimate: which
 // font a window has is not known here.
 
-#include <string_view>
 #include <vector>
 
 #include "embedded/drawing/geometry.h"
@@ -14,8 +13,5 @@ namespace cad {
 std::vector<SceneText> layOut(const TextGeometry& text);
 // As wide as the font of the style makes it.
 std::vector<SceneText> layOut(const TextGeometry& text, const TextStyles::Style& style);
-
-// Of one line of height 1 and width factor 1.
-double estimatedWidth(std::wstring_view line);
 
 }  // namespace cad

@@ -15,6 +15,12 @@ TextGeometry sample(std::wstring contents) {
   return text;
 }
 
+// Of height 1.
+double widthOf(const wchar_t* line) {
+  const TextGeometry text = sample(line);
+  return layOut(text).at(0).along.x / text.height;
+}
+
 TEST(TextLayout, AlignedTextsMeetTheirPoint) {
   TextGeometry text = sample(L"ABCD");
   const SceneText left = layOut(text).at(0);
@@ -43,7 +49,7 @@ TEST(TextLayout, TextsBetweenTwoPoints) {
   text.side = TextGeometry::Side::kAligned;
   const SceneText aligned = layOut(text).at(0);
   EXPECT_NEAR(aligned.along.y, 40, 1e-9);
-  EXPECT_NEAR(std::hypot(aligned.up.x, aligned.up.y), 40 / estimatedWidth(L"ABCD"), 1e-9);
+  EXPECT_NEAR(std::hypot(aligned.up.x, aligned.up.y), 40 / widthOf(L"ABCD"), 1e-9);
 }
 
 TEST(TextLayout, LinesOfMultilineTexts) {
@@ -56,7 +62,7 @@ TEST(TextLayout, LinesOfMultilineTexts) {
   EXPECT_NEAR(lines[0].origin.y, 18, 1e-9);
   EXPECT_NEAR(lines[1].origin.y, 18 - 2 * 2 * 5.0 / 3, 1e-9);
   text.contents = L"one two three";
-  text.frameWidth = 2 * estimatedWidth(L"one two");
+  text.frameWidth = 2 * widthOf(L"one two");
   text.level = TextGeometry::Level::kBottom;
   const std::vector<SceneText> wrapped = layOut(text);
   ASSERT_EQ(wrapped.size(), 2u);
