@@ -9,9 +9,6 @@
 namespace kivcli {
 namespace {
 
-// When something was last said here that is in no row of calls and options.
-constexpr wchar_t kDate[] = L"2026-11-22";
-
 // As text of a page: nothing in it is a command of the formatter.
 std::wstring plain(std::wstring_view text) {
   std::wstring safe;
@@ -90,7 +87,7 @@ void addSurroundings(Page& page) {
 
 std::wstring manualPage() {
   Page page;
-  page.line(std::wstring(L".TH KIVCVT 1 ") + kDate + L" \"kivcvt " KIV_VERSION L"\" KIV");
+  page.line(L".TH KIVCVT 1 \"\" \"kivcvt " KIV_VERSION L"\" KIV");
   page.line(L".ad l");
   page.section(tr(L"NAME"));
   page.line(L"kivcvt \\- " + plain(tr(L"converts CAD drawings by rules")));
