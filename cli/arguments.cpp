@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/utf8.h"
+#include "cli/joined.h"
 #include "cli/language/language.h"
 #include "cli/options/calls.h"
 
@@ -135,12 +136,8 @@ class CallParser {
   std::map<const CLI::Option*, const OptionRow*> rows_;
 };
 
-// "convert, check, info or help".
-std::wstring callNames() {
-  std::wstring names;
-  for (const CallRow* call : calls()) names += (names.empty() ? L"" : L", ") + std::wstring(call->name);
-  return names;
-}
+// "convert, check, info, ...".
+std::wstring callNames() { return joined(calls(), L", ", &CallRow::name); }
 
 }  // namespace
 

@@ -13,8 +13,6 @@ namespace {
 constexpr std::size_t kMostSettings = 20, kMostProblems = 10;  // lines
 constexpr std::size_t kDrawingsInSight = 20;                   // of which the lines still stand on the screen
 
-std::wstring number(std::size_t count) { return std::to_wstring(count); }
-
 struct Row {
   int section;
   bool isEntry;
@@ -51,7 +49,7 @@ void Summary::add(const DrawingReport& report) {
   problems_.push_back(messages.empty() ? report.given
                       : messages.size() == 1
                           ? messages[0]
-                          : tr(L"%1 (and %2 more)", {messages[0], number(messages.size() - 1)}));
+                          : tr(L"%1 (and %2 more)", {messages[0], std::to_wstring(messages.size() - 1)}));
 }
 
 std::vector<std::wstring> Summary::lines(std::optional<std::size_t> columns) const {
@@ -76,15 +74,16 @@ void Summary::addSettings(std::vector<std::wstring>& lines) const {
   const std::size_t more = rows.size() > kMostSettings ? rows.size() - kMostSettings + 1 : 0;
   rows.resize(rows.size() - more);
   std::size_t width = 0;
-  for (const Row& row : rows) width = std::max(width, number(row.changed).size());
+  for (const Row& row : rows) width = std::max(width, std::to_wstring(row.changed).size());
   lines.push_back(isDryRun_ ? tr(L"would be changed by each setting:") : tr(L"changed by each setting:"));
   for (const Row& row : rows) {
-    const std::wstring changed = number(row.changed);
+    const std::wstring changed = std::to_wstring(row.changed);
     std::wstring line = L"  " + std::wstring(width - changed.size(), L' ') + changed + L"  ";
-    if (row.refused > 0) line += L"(" + tr(L"refused: %1", {number(row.refused)}) + L") ";
+    if (row.refused > 0) line += L"(" + tr(L"refused: %1", {std::to_wstring(row.refused)}) + L") ";
     lines.push_back(line + row.title);
   }
-  if (more > 0) lines.push_back(L"  " + tr(L"and %1 settings more; --report tells of all", {number(more)}));
+  if (more > 0)
+    lines.push_back(L"  " + tr(L"and %1 settings more; --report tells of all", {std::to_wstring(more)}));
 }
 
 void Summary::addProblems(std::vector<std::wstring>& lines) const {
@@ -92,27 +91,27 @@ void Summary::addProblems(std::vector<std::wstring>& lines) const {
   lines.push_back(tr(L"drawings with problems:"));
   for (const std::wstring& problem : problems_) lines.push_back(L"  " + problem);
   if (const std::size_t more = withProblems_ + failed_ - problems_.size(); more > 0)
-    lines.push_back(L"  " + tr(L"and %1 drawings more", {number(more)}));
+    lines.push_back(L"  " + tr(L"and %1 drawings more", {std::to_wstring(more)}));
 }
 
 std::wstring Summary::lastLine() const {
   const std::size_t saved = converted_ + withProblems_;
-  const std::initializer_list<std::wstring> counts = {number(saved), number(all())};
+  const std::initializer_list<std::wstring> counts = {std::to_wstring(saved), std::to_wstring(all())};
   std::wstring line = failed_ == 0 && all() == 1 ? tr(L"1 drawing converted")
                       : failed_ == 0             ? tr(L"%1 drawings converted", counts)
                       : all() == 1               ? tr(L"%1 of 1 drawing converted", counts)
                                                  : tr(L"%1 of %2 drawings converted", counts);
-  if (skipped_ > 0) line += tr(L", %1 skipped", {number(skipped_)});
-  if (withProblems_ > 0) line += tr(L", %1 with problems", {number(withProblems_)});
+  if (skipped_ > 0) line += tr(L", %1 skipped", {std::to_wstring(skipped_)});
+  if (withProblems_ > 0) line += tr(L", %1 with problems", {std::to_wstring(withProblems_)});
   return line;
 }
 
 std::wstring Summary::lastLineOfDryRun() const {
   std::wstring line = tr(L"a dry run, nothing was written: %1 of %2 drawings would change",
-                         {number(changing_), number(all())});
-  if (skipped_ > 0) line += tr(L", %1 skipped", {number(skipped_)});
-  if (withProblems_ > 0) line += tr(L", %1 with problems", {number(withProblems_)});
-  if (failed_ > 0) line += tr(L", %1 cannot be converted", {number(failed_)});
+                         {std::to_wstring(changing_), std::to_wstring(all())});
+  if (skipped_ > 0) line += tr(L", %1 skipped", {std::to_wstring(skipped_)});
+  if (withProblems_ > 0) line += tr(L", %1 with problems", {std::to_wstring(withProblems_)});
+  if (failed_ > 0) line += tr(L", %1 cannot be converted", {std::to_wstring(failed_)});
   return line;
 }
 

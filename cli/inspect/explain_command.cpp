@@ -10,6 +10,7 @@
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/convert/drawing_conversion.h"
+#include "cli/joined.h"
 #include "cli/language/language.h"
 #include "cli/reports/change_text.h"
 #include "cli/reports/report_json.h"
@@ -19,8 +20,6 @@
 
 namespace kivcli {
 namespace {
-
-std::wstring number(std::size_t count) { return std::to_wstring(count); }
 
 // --- All entities
 
@@ -33,15 +32,16 @@ void printSetting(const SettingFacts& facts) {
                                                 : L"changes nothing"));
     return;
   }
-  printLine(L"    " + tr(L"looked at: %1", {number(facts.looked)}));
+  printLine(L"    " + tr(L"looked at: %1", {std::to_wstring(facts.looked)}));
   for (const ConditionFacts& condition : facts.conditions) {
     printLine(L"    " + condition.text + L": " +
-              tr(L"%1 pass, %2 left", {number(condition.passing), number(condition.left)}));
+              tr(L"%1 pass, %2 left", {std::to_wstring(condition.passing), std::to_wstring(condition.left)}));
   }
   printLine(L"    " + hitsText(facts));
   for (const ResultFacts& result : facts.results) {
-    std::wstring line = L"    -> " + result.text + L": " + tr(L"%1 changed", {number(result.changed)});
-    if (result.refused > 0) line += L", " + tr(L"%1 refused", {number(result.refused)});
+    std::wstring line =
+        L"    -> " + result.text + L": " + tr(L"%1 changed", {std::to_wstring(result.changed)});
+    if (result.refused > 0) line += L", " + tr(L"%1 refused", {std::to_wstring(result.refused)});
     printLine(line);
   }
 }
@@ -62,12 +62,6 @@ std::wstring whyNotTested(const cad::Drawing& drawing, cad::RecordId id, int blo
   if (drawing.typeName(id) == "INSERT" && blockScope == 1)
     return tr(L"it is a block reference; --block-scope 0 or 2 takes these");
   return tr(L"no setting of the file is for entities of its kind");
-}
-
-std::wstring joined(const std::vector<std::wstring>& texts) {
-  std::wstring all;
-  for (const std::wstring& text : texts) all += (all.empty() ? L"" : L", ") + text;
-  return all;
 }
 
 std::wstring stepText(const SettingTrace& step) {

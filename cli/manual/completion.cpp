@@ -2,18 +2,13 @@
 
 #include <cwctype>
 
+#include "cli/joined.h"
 #include "cli/language/language.h"
 #include "cli/manual/manual.h"
 #include "cli/manual/wanted_words.h"
 
 namespace kivcli {
 namespace {
-
-std::wstring joined(const std::vector<std::wstring>& words, std::wstring_view mark) {
-  std::wstring text;
-  for (const std::wstring& word : words) text += (text.empty() ? L"" : std::wstring(mark)) + word;
-  return text;
-}
 
 std::wstring callNames() { return joined(wantedValue(L"CALL").words, L" "); }
 

@@ -3,6 +3,7 @@
 #include <unordered_set>
 
 #include "base/codepage.h"
+#include "cli/joined.h"
 #include "cli/language/language.h"
 
 namespace kivcli {
@@ -21,11 +22,9 @@ void addLines(std::vector<std::wstring>& lines, const std::vector<cad::RecordDif
   }
 }
 
-template <class Texts>
-std::wstring joined(const Texts& items) {
-  std::wstring text;
-  for (const auto& item : items) text += (text.empty() ? L"" : L", ") + item.text;
-  return text;
+template <class Items>
+std::wstring texts(const Items& items) {
+  return joined(items, L", ", &Items::value_type::text);
 }
 
 }  // namespace
@@ -110,9 +109,9 @@ std::wstring sectionName(int section) {
 
 std::wstring settingTitle(const SettingFacts& facts) {
   std::wstring text = sectionName(facts.section) + L" " + std::to_wstring(facts.number) + L": ";
-  if (facts.isEntry) return text + joined(facts.results);
-  return text + (facts.conditions.empty() ? tr(L"all") : joined(facts.conditions)) + L" -> " +
-         joined(facts.results);
+  if (facts.isEntry) return text + texts(facts.results);
+  return text + (facts.conditions.empty() ? tr(L"all") : texts(facts.conditions)) + L" -> " +
+         texts(facts.results);
 }
 
 }  // namespace kivcli

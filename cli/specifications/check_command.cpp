@@ -1,20 +1,18 @@
 // kivcvt check: what the reader makes of CVT files, alone or for given drawings.
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 
 #include "base/codepage.h"
 #include "base/paths.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/language/language.h"
+#include "cli/reports/report_json.h"
 #include "cli/specifications/drawing_names.h"
 #include "cli/specifications/specification_check.h"
 
 namespace kivcli {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 int statusOf(const KivSpecificationReport& report) {
   if (report.usable == 0) return kUnusable;
@@ -34,9 +32,9 @@ void tell(const std::wstring& file, const KivSpecificationReport& report) {
 
 Json asJson(const std::wstring& file, const KivSpecificationReport& report) {
   Json json;
-  json["file"] = base::toUtf8(file);
+  json["file"] = readable(file);
   json["usable"] = report.usable == 1;
-  if (report.usable == 0) json["failure"] = base::toUtf8(translated(report.failure));
+  if (report.usable == 0) json["failure"] = readable(translated(report.failure));
   json["settings"] = report.settings;
   json["entries"] = report.entries;
   json["droppedLines"] = droppedLines(report);
@@ -46,8 +44,8 @@ Json asJson(const std::wstring& file, const KivSpecificationReport& report) {
     json["diagnostics"].push_back({{"number", diagnostic.number},
                                    {"line", diagnostic.line},
                                    {"dropped", diagnostic.dropped == 1},
-                                   {"reason", base::toUtf8(translated(diagnostic.reason))},
-                                   {"text", base::toUtf8(diagnostic.text)}});
+                                   {"reason", readable(translated(diagnostic.reason))},
+                                   {"text", readable(diagnostic.text)}});
   }
   return json;
 }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <functional>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <system_error>
 
@@ -14,8 +13,10 @@
 #include "base/temporary_files.h"
 #include "cli/commands.h"
 #include "cli/console.h"
+#include "cli/joined.h"
 #include "cli/language/language.h"
 #include "cli/reports/change_text.h"
+#include "cli/reports/report_json.h"
 #include "cli/specifications/learned_changes.h"
 #include "cli/specifications/learned_rules.h"
 #include "cli/specifications/specification_check.h"
@@ -166,14 +167,10 @@ class Learning {
 // Words by `word`: for a person in the user's language, for programs as they are.
 template <class Word>
 std::wstring madeText(const std::vector<MadeValue>& made, Word word) {
-  std::wstring text;
-  for (const MadeValue& each : made) {
-    if (!text.empty()) text += L"; ";
-    text += word(each.what);
-    if (!each.what.empty() && !each.value.empty()) text += L" ";
-    text += each.value;
-  }
-  return text;
+  return joined(made, L"; ", [&](const MadeValue& each) {
+    const bool hasBoth = !each.what.empty() && !each.value.empty();
+    return word(each.what) + (hasBoth ? L" " : L"") + each.value;
+  });
 }
 
 std::wstring handMadeText(const HandMadeChange& change) {
@@ -207,23 +204,22 @@ void tell(const Arguments& arguments, const Learned& outcome) {
 }
 
 void tellAsJson(const Arguments& arguments, const Learned& outcome) {
-  nlohmann::ordered_json json;
-  json["file"] = base::toUtf8(arguments.outputFile);
+  Json json;
+  json["file"] = readable(arguments.outputFile);
   json["settings"] = outcome.rules.settings.size();
   json["entries"] = outcome.rules.entries.size();
   json["changes"] = outcome.changes;
   json["explained"] = outcome.explained();
   json["blockScope"] = outcome.rules.scope.blockScope;
   json["ignoreLocks"] = outcome.rules.scope.ignoresLocks;
-  json["left"] = nlohmann::ordered_json::array();
+  json["left"] = Json::array();
   for (const LeftChange& left : outcome.left) {
-    json["left"].push_back(
-        {{"object", left.change.object.empty() ? "drawing" : base::toUtf8(left.change.object)},
-         {"property", base::toUtf8(left.change.what)},
-         {"before", base::toUtf8(left.change.before)},
-         {"after", base::toUtf8(left.change.after)},
-         {"made", base::toUtf8(madeText(left.made, std::identity()))},
-         {"byHand", left.isByHand}});
+    json["left"].push_back({{"object", left.change.object.empty() ? "drawing" : readable(left.change.object)},
+                            {"property", readable(left.change.what)},
+                            {"before", readable(left.change.before)},
+                            {"after", readable(left.change.after)},
+                            {"made", readable(madeText(left.made, std::identity()))},
+                            {"byHand", left.isByHand}});
   }
   printText(base::fromUtf8(json.dump(2)));
 }
