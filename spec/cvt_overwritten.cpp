@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <ranges>
 
+#include "base/wildcard_characters.h"
 #include "spec/cvt_lines.h"
 #include "spec/dimension_catalogue.h"
 #include "spec/value_forms.h"
@@ -31,8 +32,7 @@ bool isName(int kind) { return kind == kLayerKind || kind == kLinetypeKind || ki
 // False also where it is not certain.
 bool surelyMeets(const std::wstring& value, const Item& condition) {
   if (condition.kind == kTextListKind || condition.kind == kVariableKind) return false;
-  const bool isPlain =
-      !isName(condition.kind) || condition.value.find_first_of(L"#@.*?~[],`") == std::wstring::npos;
+  const bool isPlain = !isName(condition.kind) || base::isPlainPattern(condition.value);
   return isPlain && !condition.inverted && condition.value == value;
 }
 

@@ -4,6 +4,7 @@
 #include <set>
 #include <utility>
 
+#include "base/wildcard_characters.h"
 #include "cli/specifications/rule_results.h"
 
 namespace kivcli {
@@ -57,7 +58,7 @@ std::map<int, std::size_t> ConditionSearch::valuesSeen(std::size_t column) const
 }
 
 std::wstring ConditionSearch::asCondition(std::size_t column, const std::wstring& value) const {
-  return table_.columns[column].isName ? exactPattern(value) : value;
+  return table_.columns[column].isName ? base::exactPattern(value) : value;
 }
 
 std::vector<Feature> ConditionSearch::featuresOf(std::size_t object) const {
@@ -108,7 +109,7 @@ void ConditionSearch::addPatterns(std::size_t column, const std::wstring& name,
       count += fits ? 1 : 0;
     }
     if (count < 2 || !known.insert(matches).second) return;
-    const std::wstring pattern = isHead ? exactPattern(part) + L"*" : L"*" + exactPattern(part);
+    const std::wstring pattern = isHead ? base::exactPattern(part) + L"*" : L"*" + base::exactPattern(part);
     features.push_back(feature(column, false, pattern, matches, kPattern));
   };
   for (std::size_t length = name.size(); length-- > 1;) add(name.substr(0, length), true);

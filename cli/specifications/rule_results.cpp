@@ -5,6 +5,7 @@
 
 #include "base/codepage.h"
 #include "base/numbers.h"
+#include "base/wildcard_characters.h"
 #include "spec/item_kinds.h"
 
 namespace kivcli {
@@ -28,7 +29,7 @@ void addFactor(const std::wstring& from, const std::wstring& to, std::size_t col
 // With a common end, the beginning is another one; and the other way round.
 void addRenaming(const std::wstring& from, const std::wstring& to, std::size_t column,
                  std::vector<ResultToken>& tokens) {
-  if ((from + to).find_first_of(L"#@.*?~[],`") != std::wstring::npos) return;
+  if (!base::isPlainPattern(from + to)) return;
   std::size_t end = 0, start = 0;
   while (end < from.size() && end < to.size() && from[from.size() - 1 - end] == to[to.size() - 1 - end])
     ++end;

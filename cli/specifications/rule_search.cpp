@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 
+#include "base/wildcard_characters.h"
 #include "cli/specifications/condition_search.h"
 #include "cli/specifications/rule_results.h"
 #include "cli/specifications/rule_simplifier.h"
@@ -237,7 +238,7 @@ class Search {
     if (!matched[seed] || count < 2 || (count == 2 && wanted.size() == 2) || wanted.size() > kMostTexts)
       return false;
     Rule rule;
-    for (const int value : wanted) rule.texts.push_back(exactPattern(text(value)));
+    for (const int value : wanted) rule.texts.push_back(base::exactPattern(text(value)));
     take(seed, matched, token, std::move(rule));
     return true;
   }
@@ -277,15 +278,6 @@ struct Attempt {
 };
 
 }  // namespace
-
-std::wstring exactPattern(const std::wstring& name) {
-  std::wstring pattern;
-  for (const wchar_t c : name) {
-    if (std::wstring_view(L"#@.*?~[],`").find(c) != std::wstring_view::npos) pattern += L'`';
-    pattern += c;
-  }
-  return pattern;
-}
 
 std::vector<Rule> searchRules(RuleTable& table) {
   // The later a column, the less other rules ask for it.

@@ -61,7 +61,4 @@ struct RuleTable {
 // others: what differs from `after` then, no rule explains.
 std::vector<Rule> searchRules(RuleTable& table);
 
-// A pattern that matches this name and no other.
-std::wstring exactPattern(const std::wstring& name);
-
 }  // namespace kivcli

@@ -5,6 +5,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "base/wildcard_characters.h"
 #include "cli/specifications/rule_results.h"
 #include "embedded/drawing/wildcard.h"
 
@@ -59,7 +60,7 @@ class Rehearsal {
     if (rule.texts.empty()) return true;
     const int text = object.before[table_.textColumn];
     return text != RuleObject::kHasNone &&
-           std::ranges::find(rule.texts, exactPattern(valueText(text))) != rule.texts.end();
+           std::ranges::find(rule.texts, base::exactPattern(valueText(text))) != rule.texts.end();
   }
 
   bool fits(const RuleCondition& condition, int value) {
