@@ -9,6 +9,7 @@
 #include "base/fold.h"
 #include "base/lineweights.h"
 #include "base/numbers.h"
+#include "embedded/drawing/current_space.h"
 #include "embedded/drawing/plain_text.h"
 #include "spec/item_kinds.h"
 
@@ -168,7 +169,7 @@ std::vector<std::wstring> layerFields(const cad::Drawing& drawing, cad::RecordId
 
 LearnedDrawing::LearnedDrawing(const cad::Drawing& before, const cad::Drawing& after,
                                const cad::DrawingDifferences& differences)
-    : before_(before), after_(after) {
+    : before_(before), after_(after), space_(cad::currentSpace(before)) {
   pairUp(differences);
   for (const Pair& pair : pairs_) {
     Entity entity;
@@ -325,9 +326,7 @@ unsigned LearnedDrawing::sectionsOf(cad::RecordId entity, const LearnedScope& sc
   if (!scope.ignoresLocks && isLockedInTheEnd(entity)) return 0;
   const cad::RecordId block = before_.blockOf(entity);
   const std::string_view type = before_.typeName(entity);
-  const auto tileMode = before_.headerVariable("TILEMODE");
-  const bool isModel = !tileMode || *tileMode != cad::Variable(std::int64_t{0});
-  const bool isCurrent = block == (isModel ? before_.modelSpace() : before_.paperSpace());
+  const bool isCurrent = block == space_;
   if (!before_.isLayoutSpace(block)) {
     const bool isReached = scope.blockScope != 0 && type != "INSERT" && definitions.contains(block);
     return isReached ? kAllSections : 0;
@@ -339,9 +338,7 @@ unsigned LearnedDrawing::sectionsOf(cad::RecordId entity, const LearnedScope& sc
 void LearnedDrawing::begin(const LearnedScope& scope) {
   entities_ = original_;
   std::map<cad::RecordId, bool> definitions;
-  const auto tileMode = before_.headerVariable("TILEMODE");
-  const bool isModel = !tileMode || *tileMode != cad::Variable(std::int64_t{0});
-  if (scope.blockScope != 0) reachFrom(isModel ? before_.modelSpace() : before_.paperSpace(), definitions);
+  if (scope.blockScope != 0) reachFrom(space_, definitions);
   for (std::size_t i = 0; i < pairs_.size(); ++i) {
     entities_[i].sections = sectionsOf(pairs_[i].before, scope, definitions);
     if (entities_[i].isLeader && scope.leadersAreOthers) entities_[i].home = kiv::kOtherSection;

@@ -53,7 +53,6 @@ class LearnedDrawing {
 
   int number(const std::wstring& value);
   void pairUp(const cad::DrawingDifferences& differences);
-  void readLayers();
   void readValues(const Pair& pair, Entity& entity);
   void readSide(const cad::Drawing& drawing, cad::RecordId id, bool isAfter, std::vector<int>& values);
   void readVariables(const cad::Drawing& drawing, cad::RecordId id, const cad::DimVariables& all,
@@ -64,6 +63,7 @@ class LearnedDrawing {
   bool isLockedInTheEnd(cad::RecordId entity) const;
 
   const cad::Drawing &before_, &after_;
+  cad::RecordId space_;  // the current one of the first drawing
   std::vector<std::wstring> values_;
   std::unordered_map<std::wstring, int> numbers_;
   std::map<std::wstring, std::wstring> renamedLayers_;  // folded

@@ -7,6 +7,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "embedded/drawing/current_space.h"
 #include "embedded/graphics/block_shapes.h"
 #include "embedded/graphics/bulge_arc.h"
 
@@ -358,12 +359,6 @@ bool SceneBox::contains(double x, double y, double margin) const {
 
 bool SceneBox::meets(const SceneBox& other) const {
   return left <= other.right && other.left <= right && bottom <= other.top && other.bottom <= top;
-}
-
-RecordId currentSpace(const Drawing& drawing) {
-  const auto tilemode = drawing.headerVariable("TILEMODE");
-  const auto* model = tilemode ? std::get_if<std::int64_t>(&*tilemode) : nullptr;
-  return model != nullptr && *model == 0 ? drawing.paperSpace() : drawing.modelSpace();
 }
 
 Scene buildScene(const Drawing& drawing) {

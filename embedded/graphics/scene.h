@@ -127,13 +127,10 @@ struct Scene {
   }
 };
 
-// The current space of the drawing (TILEMODE). Layers that are off or frozen, invisible objects and erased
+// The current space of the drawing. Layers that are off or frozen, invisible objects and erased
 // ones are left out. One pass over the space; a block's shapes are read once for all its references.
 Scene buildScene(const Drawing& drawing);
 Scene buildScene(const Drawing& drawing, const SceneDetail& detail);
-
-// As TILEMODE says.
-RecordId currentSpace(const Drawing& drawing);
 
 // The loop as straight pieces that keep within `tolerance` (drawing units) of its arcs, appended to `to`;
 // a closed loop ends with its first point. A quarter of a pixel's size is a good tolerance.

@@ -3,6 +3,7 @@
 #include "acdb.h"
 #include "base/files.h"
 #include "dbsymtb.h"
+#include "embedded/drawing/current_space.h"
 #include "embedded/objects/object_access.h"
 
 using cad::DatabaseState;
@@ -84,15 +85,9 @@ AcDbObjectId AcDbDatabase::dimstyle() const {
   return state_->id(namedByHeader(*state_, "DIMSTYLE", Table::kDimStyle));
 }
 
-bool AcDbDatabase::tilemode() const {
-  const auto value = state_->drawing.headerVariable("TILEMODE");
-  const auto* integer = value ? std::get_if<std::int64_t>(&*value) : nullptr;
-  return !integer || *integer != 0;
-}
+bool AcDbDatabase::tilemode() const { return isModelCurrent(state_->drawing); }
 
-AcDbObjectId AcDbDatabase::currentSpaceId() const {
-  return state_->id(tilemode() ? state_->drawing.modelSpace() : state_->drawing.paperSpace());
-}
+AcDbObjectId AcDbDatabase::currentSpaceId() const { return state_->id(currentSpace(state_->drawing)); }
 
 Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, bool, const AcDbHandle& handle) const {
   id.setNull();

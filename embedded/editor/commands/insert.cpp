@@ -1,5 +1,6 @@
 #include "acdbads.h"
 #include "base/files.h"
+#include "embedded/drawing/current_space.h"
 #include "embedded/editor/commands/builtin.h"
 #include "embedded/editor/file_search.h"
 #include "embedded/editor/host_state.h"
@@ -146,9 +147,7 @@ base::Status define(Drawing& drawing, InsertedBlock& block, const Drawing& sourc
 base::Status place(HostState& state, const InsertedBlock& block, const InsertAnswers& answers,
                    const std::vector<std::wstring>& attributes) {
   Drawing& drawing = state.documents.current()->drawing();
-  const std::optional<Variable> tile = drawing.headerVariable("TILEMODE");
-  const bool inPaper = tile && std::get_if<std::int64_t>(&*tile) && std::get<std::int64_t>(*tile) == 0;
-  const RecordId space = inPaper ? drawing.paperSpace() : drawing.modelSpace();
+  const RecordId space = currentSpace(drawing);
   const RecordId defined = drawing.find(Table::kBlock, block.name);
   if (defined == kNoRecord) return base::Failure{block.name, L"The drawing has no block of this name"};
   const base::Result<RecordId> inserted =

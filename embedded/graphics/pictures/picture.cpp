@@ -5,6 +5,7 @@
 
 #include "base/files.h"
 #include "base/fold.h"
+#include "embedded/drawing/current_space.h"
 #include "embedded/graphics/pictures/marks.h"
 #include "embedded/graphics/pictures/scene_painter.h"
 
