@@ -8,7 +8,7 @@ namespace cad::dwg {
 namespace {
 
 constexpr int kText = 1000, kBrace = 1002;
-constexpr std::uint8_t kPointing = 5;     // the kind of reference to an application
+constexpr std::uint8_t kPointing = 5;       // the kind of reference to an application
 constexpr std::uint32_t kLengthOfNone = 2;  // bits: the size 0
 
 }  // namespace

@@ -12,8 +12,8 @@ namespace {
 
 // The fields by which records hold each other together.
 constexpr std::string_view kEntry = "entry", kModelSpace = "model space", kPaperSpace = "paper space",
-                           kBlockBegin = "block", kBlockEnd = "end of block",
-                           kByBlock = "by block", kByLayer = "by layer";
+                           kBlockBegin = "block", kBlockEnd = "end of block", kByBlock = "by block",
+                           kByLayer = "by layer";
 
 struct TableForm {
   Table table;
@@ -163,7 +163,8 @@ void Arranger::addTable(Table table, ObjectKind control, std::string_view type) 
   if (head == kNowhere) return;
   records_.control[table] = add(head, RecordKind::kTable, table, kNoRecord);
   const auto takes = [&](Place place) {
-    return records_.byPlace[place] == kNoRecord && objects_[place].intact && objects_[place].type.name == type;
+    return records_.byPlace[place] == kNoRecord && objects_[place].intact &&
+           objects_[place].type.name == type;
   };
   const base::Result<ObjectFrame> frame = frameAt(head);
   if (frame.ok()) {

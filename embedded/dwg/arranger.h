@@ -1,6 +1,6 @@
 #pragma once
-// Puts the objects of a file into the order in which the drawing has records: the tables, the blocks with what
-// they hold, model space and the active paper space, everything else.
+// Puts the objects of a file into the order in which the drawing has records: the tables, the blocks with
+// what they hold, model space and the active paper space, everything else.
 
 #include <array>
 #include <cstdint>

@@ -132,8 +132,8 @@ base::Status BlockBuilder::openNew(std::wstring_view name, const BlockHead& head
   if (!status) return status;
   storage_.announce(entry_, begin.handle);
   storage_.enterKept(drawing_, entry_, {.kind = RecordKind::kTableRecord, .table = Table::kBlockRecord});
-  block_ = storage_.enterKept(drawing_, begin.handle,
-                              {.kind = RecordKind::kBlockBegin, .table = Table::kBlock});
+  block_ =
+      storage_.enterKept(drawing_, begin.handle, {.kind = RecordKind::kBlockBegin, .table = Table::kBlock});
   storage_.pair(entry_, block_);
   storage_.enterKept(drawing_, end.handle, {.kind = RecordKind::kBlockEnd, .owner = block_});
   return {};

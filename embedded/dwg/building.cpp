@@ -19,7 +19,8 @@ bool isText(std::string_view type) { return type == "TEXT" || type == "MTEXT" ||
 // Entities in the form in which the host writes those of the blocks that it draws itself.
 class EntityWriter {
  public:
-  EntityWriter(Drawing& drawing, DwgStorage& storage) : drawing_(drawing), storage_(storage), builder_(drawing, storage) {}
+  EntityWriter(Drawing& drawing, DwgStorage& storage)
+      : drawing_(drawing), storage_(storage), builder_(drawing, storage) {}
 
   base::Status resume(RecordId block) { return builder_.resume(block); }
 
@@ -31,7 +32,8 @@ class EntityWriter {
     if (!kind.ok()) return kind.failure();
     if (isText(entity.type)) status = builder_.setStyle(values, entity.textStyle);
     const auto* text = std::get_if<TextGeometry>(&entity.geometry.shape);
-    if (status && text != nullptr && text->multiline) status = addBackground(drawing_, storage_, *text, values);
+    if (status && text != nullptr && text->multiline)
+      status = addBackground(drawing_, storage_, *text, values);
     if (!status) return status;
     const base::Result<RecordId> made =
         builder_.enter(kind.value(), std::move(values), signatureOf(entity, isText(entity.type)));

@@ -17,7 +17,7 @@ struct DimPair {
 };
 
 struct DimList {
-  bool hasData = false;                   // the application has values here
+  bool hasData = false;                       // the application has values here
   std::vector<ExtendedValue> before, behind;  // what it has around the list
   std::vector<DimPair> pairs;
 

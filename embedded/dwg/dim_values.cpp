@@ -48,9 +48,10 @@ std::optional<Variable> styleValue(const Drawing& drawing, const DwgStorage& sto
 std::optional<Variable> overrideValue(const Drawing& drawing, const DwgStorage& storage,
                                       const DimVariableInfo& info, const ExtendedValue& value) {
   if (std::holds_alternative<HandleReference>(value.value))
-    return info.isName() ? std::optional<Variable>(nameBehind(drawing, storage, handleOf(value))) : std::nullopt;
-  const bool isText = std::holds_alternative<std::string>(value.value) ||
-                      std::holds_alternative<std::u16string>(value.value);
+    return info.isName() ? std::optional<Variable>(nameBehind(drawing, storage, handleOf(value)))
+                         : std::nullopt;
+  const bool isText =
+      std::holds_alternative<std::string>(value.value) || std::holds_alternative<std::u16string>(value.value);
   if (isText) {
     if (!info.isName() && info.type != DimType::kText) return std::nullopt;
     std::wstring text = storage.text(value.value);

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "embedded/drawing/stored_text.h"
-#include "embedded/dwg/files/code_pages.h"
 #include "embedded/dwg/field_texts.h"
+#include "embedded/dwg/files/code_pages.h"
 
 namespace cad::dwg {
 

@@ -20,8 +20,8 @@ namespace cad::dwg {
 struct FileRecords {
   std::vector<RecordId> byPlace;  // of each of DwgFile::places(); kNoRecord: of none
   bool textsEndWithZero = false;
-  RecordId header = kNoRecord;    // the variables of the header, a record of the kind kFrame
-  std::unordered_map<Handle, RecordId> blockOfEntry;  // the BLOCK of a block's table entry
+  RecordId header = kNoRecord;  // the variables of the header, a record of the kind kFrame
+  std::unordered_map<Handle, RecordId> blockOfEntry;              // the BLOCK of a block's table entry
   std::unordered_map<Handle, Handle> entryOfBlock, beginOfEntry;  // by handles
   std::unordered_map<Handle, std::uint32_t> indexOfEntry;         // in its table
   std::unordered_map<Table, RecordId> control;
@@ -59,11 +59,11 @@ class DwgStorage final : public RecordStorage {
   // of the same function.
   const Fields& fields(const Record& record) const;
   const Fields& commonFields(const Record& record) const;
-  RecordId recordOf(Handle handle) const;  // kNoRecord: of no object here
-  RecordId blockOf(Handle entry) const;    // the BLOCK of a block's table entry; kNoRecord: it has none
+  RecordId recordOf(Handle handle) const;     // kNoRecord: of no object here
+  RecordId blockOf(Handle entry) const;       // the BLOCK of a block's table entry; kNoRecord: it has none
   Handle entryOf(const Record& block) const;  // 0: a BLOCK without one
-  // An object of the file, or one that was added, as it was then; absent: there is none. Only its bytes are to
-  // be asked for.
+  // An object of the file, or one that was added, as it was then; absent: there is none. Only its bytes are
+  // to be asked for.
   std::optional<Record> firstState(Handle handle) const;
   // The name that a table's record had then; empty: it has none.
   const std::string& firstName(Handle handle) const;

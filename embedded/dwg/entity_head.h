@@ -27,6 +27,6 @@ struct EntityHead {
 EntityHead readEntityHead(const ObjectFrame& frame);
 LinetypeKind linetypeKindOf(const Fields& entity);
 std::string_view linetypeName(LinetypeKind kind);  // of a named one: ByLayer
-bool hasTextStyle(ObjectKind kind);  // it is the first reference of the class's own
+bool hasTextStyle(ObjectKind kind);                // it is the first reference of the class's own
 
 }  // namespace cad::dwg

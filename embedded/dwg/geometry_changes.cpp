@@ -96,8 +96,7 @@ class GeometryValues {
     values_.set("degree", spline.degree);
     if (byFit) {
       values_.set("fit count", Value(counted(spline.fit.size())));
-      for (std::uint32_t i = 0; i < spline.fit.size(); ++i)
-        values_.set("fit point", Value(spline.fit[i]), i);
+      for (std::uint32_t i = 0; i < spline.fit.size(); ++i) values_.set("fit point", Value(spline.fit[i]), i);
       return ObjectKind::kSpline;
     }
     const bool weighted = !spline.weights.empty();
@@ -229,8 +228,7 @@ struct ShapeGeometry {
   void operator()(const PolylineShape& polyline) {
     PolylineGeometry shape;
     for (const PolylineShape::Vertex& vertex : polyline.vertices)
-      shape.vertices.push_back(
-          {{vertex.x, vertex.y, 0}, vertex.bulge, polyline.width, polyline.width});
+      shape.vertices.push_back({{vertex.x, vertex.y, 0}, vertex.bulge, polyline.width, polyline.width});
     shape.closed = polyline.closed;
     take("LWPOLYLINE", std::move(shape));
   }

@@ -106,8 +106,7 @@ class PathReader {
   static void add(PolylineGeometry& polyline, const Field& field) {
     if (field.name == "closed") polyline.closed = wholeOf(field) != 0;
     if (field.name == "point") polyline.vertices.push_back({pointOf(field), 0});
-    if (field.name == "bulge" && !polyline.vertices.empty())
-      polyline.vertices.back().bulge = realOf(field);
+    if (field.name == "bulge" && !polyline.vertices.empty()) polyline.vertices.back().bulge = realOf(field);
   }
 
   std::vector<HatchGeometry::Path> paths_;

@@ -24,9 +24,9 @@ struct NamedVariable {
   std::string_view name;
   Table table;
 };
-constexpr NamedVariable kNamed[] = {{"CLAYER", Table::kLayer},    {"CELTYPE", Table::kLinetype},
+constexpr NamedVariable kNamed[] = {{"CLAYER", Table::kLayer},        {"CELTYPE", Table::kLinetype},
                                     {"TEXTSTYLE", Table::kTextStyle}, {"DIMSTYLE", Table::kDimStyle},
-                                    {"UCSNAME", Table::kUcs},     {"PUCSNAME", Table::kUcs}};
+                                    {"UCSNAME", Table::kUcs},         {"PUCSNAME", Table::kUcs}};
 // Angles: radians in the file, degrees here.
 constexpr std::string_view kAngles[] = {"ANGBASE"};
 
@@ -44,7 +44,8 @@ bool isVariableName(std::string_view name) {
 }
 
 bool isPoint(const Fields& fields, const Field& field) {
-  return std::holds_alternative<Point>(field.value) || fields.find(field.name, field.index, Part::kX) != nullptr;
+  return std::holds_alternative<Point>(field.value) ||
+         fields.find(field.name, field.index, Part::kX) != nullptr;
 }
 
 bool isColor(const Fields& fields, const Field& field) {
@@ -102,9 +103,7 @@ std::wstring pointValue(const Fields& fields, const Field& field) {
 
 std::wstring shown(std::string_view name) { return {name.begin(), name.end()}; }
 
-base::Failure misfit(std::string_view name) {
-  return {shown(name), L"The value does not fit the variable"};
-}
+base::Failure misfit(std::string_view name) { return {shown(name), L"The value does not fit the variable"}; }
 
 std::optional<double> asReal(const Variable& value) {
   if (const auto* integer = std::get_if<std::int64_t>(&value)) return static_cast<double>(*integer);
@@ -130,8 +129,8 @@ base::Result<Handle> handleOfName(Drawing& drawing, const DwgStorage& storage, T
 }
 
 // The change that sets the variable of this field.
-base::Status variableChange(Drawing& drawing, const DwgStorage& storage, const Fields& fields, const Field& field,
-                    const Variable& value, FieldChanges& changes) {
+base::Status variableChange(Drawing& drawing, const DwgStorage& storage, const Fields& fields,
+                            const Field& field, const Variable& value, FieldChanges& changes) {
   const auto* text = std::get_if<std::wstring>(&value);
   if (field.type == BitType::kHandle) {
     const Table table = tableOfVariable(field.name);

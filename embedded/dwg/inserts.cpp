@@ -10,12 +10,27 @@ namespace cad::dwg {
 namespace {
 
 // What an attribute takes from its definition besides its place.
-constexpr std::string_view kCopied[] = {
-    "elevation",      "extrusion",       "thickness",      "oblique angle",        "width factor",
-    "generation",     "text",            "tag",            "field length",         "flags",
-    "lock position",  "linetype scale",  "invisible",      "lineweight",           "horizontal alignment",
-    "linetype flags", "linetype by layer", "layer",        "linetype",             "vertical alignment",
-    "style"};
+constexpr std::string_view kCopied[] = {"elevation",
+                                        "extrusion",
+                                        "thickness",
+                                        "oblique angle",
+                                        "width factor",
+                                        "generation",
+                                        "text",
+                                        "tag",
+                                        "field length",
+                                        "flags",
+                                        "lock position",
+                                        "linetype scale",
+                                        "invisible",
+                                        "lineweight",
+                                        "horizontal alignment",
+                                        "linetype flags",
+                                        "linetype by layer",
+                                        "layer",
+                                        "linetype",
+                                        "vertical alignment",
+                                        "style"};
 
 class AttributeBuilder {
  public:

@@ -7,8 +7,8 @@ namespace cad::dwg {
 
 struct LayerBits {
   bool frozen = false, off = false, frozenInNew = false, locked = false;
-  bool plotted = true;   // since R2000, as the next
-  int lineWeight = -3;   // as Property::kLineWeight
+  bool plotted = true;  // since R2000, as the next
+  int lineWeight = -3;  // as Property::kLineWeight
 };
 
 LayerBits layerBits(const Fields& layer);

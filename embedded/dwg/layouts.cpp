@@ -27,10 +27,10 @@ std::vector<Layout> DwgStorage::layouts(const Drawing& drawing) const {
     if (record.kind != RecordKind::kObject || record.erased() || typeName(record) != "LAYOUT") continue;
     const Fields& fields = this->fields(record);
     const Field* name = fields.find("name");
-    Sheet sheet{{name == nullptr ? std::wstring() : text(name->value),
-                 blockOf(fields.handle("block").value_or(0)),
-                 fields.integer("plot unit") == kInches ? kMillimetresPerInch : 1},
-                fields.integer("tab order")};
+    Sheet sheet{
+        {name == nullptr ? std::wstring() : text(name->value), blockOf(fields.handle("block").value_or(0)),
+         fields.integer("plot unit") == kInches ? kMillimetresPerInch : 1},
+        fields.integer("tab order")};
     if (sheet.layout.block != kNoRecord && sheet.layout.block != drawing.modelSpace())
       sheets.push_back(std::move(sheet));
   }

@@ -85,9 +85,9 @@ std::vector<Dash> DwgStorage::dashes(const Drawing& drawing, RecordId linetype) 
     if ((flags & (kText | kShape)) == 0 || style == kNoRecord) continue;
     DashSymbol& symbol = dash.symbol.emplace();
     symbol.style = style;
-    symbol.turn = (flags & kAbsolute) != 0                                         ? Turn::kAbsolute
+    symbol.turn = (flags & kAbsolute) != 0                                  ? Turn::kAbsolute
                   : (flags & kUpright) != 0 && version() >= Version::kR2013 ? Turn::kUpright
-                                                                                   : Turn::kWithLine;
+                                                                            : Turn::kWithLine;
     const std::int64_t number = fields.integer("shape number", 0, i);
     if ((flags & kText) != 0)
       symbol.text = decodeStored(textAt(*this, texts, number), facts().codePage);

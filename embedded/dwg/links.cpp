@@ -169,8 +169,7 @@ class Links {
       if (!frame.ok()) return frame.failure();
       base::Result<WrittenObject> object = rewrite(frame.value(), changes);
       if (!object.ok()) return object.failure();
-      objects.push_back(
-          {handleOf(id), false, std::move(object.value().data), object.value().handleBits});
+      objects.push_back({handleOf(id), false, std::move(object.value().data), object.value().handleBits});
     }
     return objects;
   }

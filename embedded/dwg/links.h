@@ -10,6 +10,7 @@
 namespace cad::dwg {
 
 // The objects whose bytes differ from those of their records, with all other changes of the record in them.
-base::Result<std::vector<ChangedObject>> linkChanges(const DwgStorage& storage, std::span<const Record> records);
+base::Result<std::vector<ChangedObject>> linkChanges(const DwgStorage& storage,
+                                                     std::span<const Record> records);
 
 }  // namespace cad::dwg

@@ -13,13 +13,11 @@ namespace cad::dwg {
 namespace {
 
 // What holds the file together, or is counted from other fields.
-constexpr std::string_view kFrame[] = {"owner",          "entity mode",   "no links",
-                                       "previous",       "next",          "reactor count",
-                                       "reactor",        "no dictionary", "has graphics",
-                                       "graphics size",  "entry count",   "entry",
-                                       "first entity",   "last entity",   "entity count",
-                                       "entity",         "block",         "end of block",
-                                       "linetype flags", "linetype by layer"};
+constexpr std::string_view kFrame[] = {
+    "owner",         "entity mode", "no links",      "previous",       "next",
+    "reactor count", "reactor",     "no dictionary", "has graphics",   "graphics size",
+    "entry count",   "entry",       "first entity",  "last entity",    "entity count",
+    "entity",        "block",       "end of block",  "linetype flags", "linetype by layer"};
 // Of the fields of entities those in which no geometry stands.
 constexpr std::string_view kPlain[] = {"plot style flags", "plot style", "material flags", "material",
                                        "shadow flags",     "name",       "pattern type",   "tag",
@@ -105,7 +103,8 @@ std::vector<std::wstring> DwgStorage::otherData(const Record& record, const Othe
 bool DwgStorage::holdsSame(const Record& record, const RecordStorage& other, const Record& others) const {
   if (&other == this) return others.offset == record.offset && others.edits == record.edits;
   const auto* dwg = dynamic_cast<const DwgStorage*>(&other);
-  if (dwg == nullptr || version() != dwg->version() || facts().codePage != dwg->facts().codePage) return false;
+  if (dwg == nullptr || version() != dwg->version() || facts().codePage != dwg->facts().codePage)
+    return false;
   const ObjectBytes own = object(record), theirs = dwg->object(others);
   return own.data == theirs.data && own.handleBits == theirs.handleBits && namesAgree(record, *dwg);
 }

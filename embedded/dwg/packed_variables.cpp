@@ -20,10 +20,10 @@ struct PackedVariable {
 };
 
 constexpr PackedVariable kVariables[] = {
-    {"CELWEIGHT", 0x1F, 0, Form::kLineWeight},       {"ENDCAPS", 0x60, 5, Form::kNumber},
-    {"JOINSTYLE", 0x180, 7, Form::kNumber},          {"LWDISPLAY", 0x200, 9, Form::kInvertedSwitch},
-    {"XEDIT", 0x400, 10, Form::kInvertedSwitch},     {"EXTNAMES", 0x800, 11, Form::kSwitch},
-    {"PSTYLEMODE", 0x2000, 13, Form::kSwitch},       {"OLESTARTUP", 0x4000, 14, Form::kSwitch},
+    {"CELWEIGHT", 0x1F, 0, Form::kLineWeight},   {"ENDCAPS", 0x60, 5, Form::kNumber},
+    {"JOINSTYLE", 0x180, 7, Form::kNumber},      {"LWDISPLAY", 0x200, 9, Form::kInvertedSwitch},
+    {"XEDIT", 0x400, 10, Form::kInvertedSwitch}, {"EXTNAMES", 0x800, 11, Form::kSwitch},
+    {"PSTYLEMODE", 0x2000, 13, Form::kSwitch},   {"OLESTARTUP", 0x4000, 14, Form::kSwitch},
 };
 
 const PackedVariable* find(std::string_view name) {
@@ -70,8 +70,7 @@ std::vector<std::string_view> packedVariables(const Fields& header) {
 bool setPackedVariable(const Fields& header, std::string_view name, std::int64_t value,
                        FieldChanges& changes) {
   const PackedVariable* variable = find(name);
-  const std::optional<std::int64_t> bits =
-      variable == nullptr ? std::nullopt : stored(*variable, value);
+  const std::optional<std::int64_t> bits = variable == nullptr ? std::nullopt : stored(*variable, value);
   if (!bits) return false;
   changes.set(kField, Value((header.integer(kField) & ~variable->mask) | *bits << variable->shift));
   return true;

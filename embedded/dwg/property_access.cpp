@@ -6,9 +6,9 @@
 #include "embedded/drawing/drawing.h"
 #include "embedded/dwg/dwg_storage.h"
 #include "embedded/dwg/entity_head.h"
+#include "embedded/dwg/field_texts.h"
 #include "embedded/dwg/layer_fields.h"
 #include "embedded/dwg/property_fields.h"
-#include "embedded/dwg/field_texts.h"
 #include "embedded/dwg/special_properties.h"
 
 namespace cad::dwg {
@@ -20,8 +20,7 @@ bool isCommon(const Record& record, const PropertyField& field) {
 }
 
 StoredValue readGeneric(const DwgStorage& storage, const Record& record, const PropertyField& place) {
-  const Fields& fields =
-      isCommon(record, place) ? storage.commonFields(record) : storage.fields(record);
+  const Fields& fields = isCommon(record, place) ? storage.commonFields(record) : storage.fields(record);
   if (fields.find(place.field) == nullptr) return {};
   switch (place.form) {
     case FieldForm::kInteger:
@@ -56,8 +55,7 @@ StoredValue DwgStorage::property(const Record& record, Property property) const 
   const std::string_view type = typeName(record);
   const PropertyField* place = findField(record.kind, type, property);
   if (place == nullptr) return {};
-  if (place->form == FieldForm::kEntry)
-    return ofEntry(record, property);
+  if (place->form == FieldForm::kEntry) return ofEntry(record, property);
   return place->form == FieldForm::kSpecial ? readSpecial(*this, record, type, property)
                                             : readGeneric(*this, record, *place);
 }

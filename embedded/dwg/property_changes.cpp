@@ -40,7 +40,8 @@ base::Result<RecordId> referredTo(Drawing& drawing, Property property, const Sto
   if (const auto* reference = std::get_if<Reference>(&value)) id = reference->record;
   if (const auto* name = std::get_if<std::string>(&value))
     id = drawing.findStored(propertyInfo(property).names, *name);
-  if (id == kNoRecord) return base::Failure{{}, L"The drawing has no such " + ascii(propertyInfo(property).name)};
+  if (id == kNoRecord)
+    return base::Failure{{}, L"The drawing has no such " + ascii(propertyInfo(property).name)};
   if (const base::Status status = drawing.materialise(id); !status) return status.failure();
   return id;
 }
@@ -57,8 +58,7 @@ void changeLinetype(const Drawing& drawing, const Fields& fields, RecordId linet
     changes.set("linetype flags", static_cast<int>(kind));
   else
     changes.set("linetype by layer", kind == LinetypeKind::kByLayer);
-  if (kind == LinetypeKind::kNamed)
-    changes.setHandle("linetype", drawing.handle(linetype).value_or(0));
+  if (kind == LinetypeKind::kNamed) changes.setHandle("linetype", drawing.handle(linetype).value_or(0));
 }
 
 base::Status changeReference(Drawing& drawing, const DwgStorage& storage, const Record& record,

@@ -11,7 +11,7 @@ namespace cad::dwg {
 enum class FieldForm : std::uint8_t {
   kInteger,
   kReal,
-  kAngle,      // degrees of what the file has in radians
+  kAngle,  // degrees of what the file has in radians
   kText,
   kReference,  // to a table's record
   kBlock,      // to a block, by its table's entry

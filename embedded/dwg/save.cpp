@@ -10,7 +10,8 @@ namespace {
 
 // The next free handle, which a file must have above all of its own.
 base::Status raiseHandleSeed(FileChanges& changes, const DwgStorage& storage, Handle largest) {
-  const std::string_view section = changes.header ? std::string_view(*changes.header) : storage.file().header();
+  const std::string_view section =
+      changes.header ? std::string_view(*changes.header) : storage.file().header();
   const Fields fields = readHeader(section, storage.version());
   const std::optional<Handle> seed = fields.handle("HANDSEED");
   if (!seed || *seed > largest) return {};
@@ -44,8 +45,8 @@ base::Result<FileChanges> DwgStorage::fileChanges(std::span<const Record> record
     if (isAdded) largest = std::max(largest, own);
     if (isLinked.contains(own)) continue;
     const ObjectBytes bytes = object(record);
-    changes.objects.push_back({own, record.erased(), record.erased() ? std::string() : std::string(bytes.data),
-                               bytes.handleBits});
+    changes.objects.push_back(
+        {own, record.erased(), record.erased() ? std::string() : std::string(bytes.data), bytes.handleBits});
   }
   if (largest == 0) return changes;
   if (const base::Status status = raiseHandleSeed(changes, *this, largest); !status) return status.failure();

@@ -27,8 +27,7 @@ void changeLayerColor(const DwgStorage& storage, const Record& record, std::int6
                       FieldChanges& changes) {
   const Fields& fields = storage.fields(record);
   const std::int64_t present = fields.color("color").number;
-  if (std::abs(value) != present)
-    changes.setColor("color", colorOf(std::abs(value)));
+  if (std::abs(value) != present) changes.setColor("color", colorOf(std::abs(value)));
   LayerBits bits = layerBits(fields);
   bits.off = value < 0;
   setLayerBits(fields, bits, changes);

@@ -1,5 +1,5 @@
-#include "embedded/dwg/field_texts.h"
 #include "embedded/dwg/special_properties.h"
+#include "embedded/dwg/field_texts.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,5 +1,6 @@
 #pragma once
-// What is painted behind a text of several lines, and its line spacing in the versions without a field for it.
+// What is painted behind a text of several lines, and its line spacing in the versions without a field for
+// it.
 
 #include "embedded/drawing/drawing.h"
 #include "embedded/dwg/dwg_storage.h"

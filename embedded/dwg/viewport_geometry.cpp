@@ -10,8 +10,8 @@ namespace {
 // The first viewport of a space stands for the space itself.
 bool isFirstOfSpace(const GeometrySource& from) {
   const std::vector<RecordId>& entities = from.drawing.entitiesOf(from.drawing.blockOf(from.id));
-  const auto first = std::ranges::find_if(
-      entities, [&](RecordId id) { return from.drawing.typeName(id) == "VIEWPORT"; });
+  const auto first =
+      std::ranges::find_if(entities, [&](RecordId id) { return from.drawing.typeName(id) == "VIEWPORT"; });
   return first != entities.end() && *first == from.id;
 }
 

@@ -66,14 +66,26 @@ TEST_P(Changes, OfAPropertyAreReadBackAndTakenBackBitForBit) {
   const RecordId layer = drawing_->tableRecords(Table::kLayer).back();
   const RecordId style = drawing_->tableRecords(Table::kTextStyle).front();
   const RecordId linetype = drawing_->find(Table::kLinetype, std::wstring_view(L"ACAD_ISO02W100"));
-  const Setting settings[] = {
-      {P::kLayer, Reference{layer}},       {P::kLinetype, Reference{linetype}}, {P::kColorIndex, std::int64_t{3}},
-      {P::kLineWeight, std::int64_t{50}},  {P::kLinetypeScale, 2.5},            {P::kInvisible, std::int64_t{1}},
-      {P::kTextStyle, Reference{style}},   {P::kTextHeight, 7.25},              {P::kRotation, 45.0},
-      {P::kWidthFactor, 0.75},             {P::kTextString, std::string("x")},  {P::kTextRotation, 30.0},
-      {P::kDimText, std::string("<> mm")}, {P::kLayerColor, std::int64_t{-5}},  {P::kLayerPlottable, std::int64_t{0}},
-      {P::kFixedHeight, 3.0},              {P::kStyleWidthFactor, 0.5},         {P::kDescription, std::string("d")},
-      {P::kStyleOblique, 15.0},            {P::kFontFile, std::string("y.shx")}};
+  const Setting settings[] = {{P::kLayer, Reference{layer}},
+                              {P::kLinetype, Reference{linetype}},
+                              {P::kColorIndex, std::int64_t{3}},
+                              {P::kLineWeight, std::int64_t{50}},
+                              {P::kLinetypeScale, 2.5},
+                              {P::kInvisible, std::int64_t{1}},
+                              {P::kTextStyle, Reference{style}},
+                              {P::kTextHeight, 7.25},
+                              {P::kRotation, 45.0},
+                              {P::kWidthFactor, 0.75},
+                              {P::kTextString, std::string("x")},
+                              {P::kTextRotation, 30.0},
+                              {P::kDimText, std::string("<> mm")},
+                              {P::kLayerColor, std::int64_t{-5}},
+                              {P::kLayerPlottable, std::int64_t{0}},
+                              {P::kFixedHeight, 3.0},
+                              {P::kStyleWidthFactor, 0.5},
+                              {P::kDescription, std::string("d")},
+                              {P::kStyleOblique, 15.0},
+                              {P::kFontFile, std::string("y.shx")}};
   int tried = 0;
   for (RecordId id = 0; id < original->recordCount(); ++id) {
     for (const Setting& setting : settings) {
@@ -82,7 +94,8 @@ TEST_P(Changes, OfAPropertyAreReadBackAndTakenBackBitForBit) {
       const bool coloured = drawing_->looks(id).trueColor.has_value();
       const bool isColor = setting.property == P::kColorIndex || setting.property == P::kLayerColor;
       if (coloured && isColor) continue;
-      if (original->record(id).kind == RecordKind::kBlockBegin && setting.property == P::kDescription) continue;
+      if (original->record(id).kind == RecordKind::kBlockBegin && setting.property == P::kDescription)
+        continue;
       const base::Status set = drawing_->setStored(id, setting.property, setting.value);
       ASSERT_TRUE(set.ok()) << base::toUtf8(set.failure().text());
       if (setting.property == P::kInvisible || setting.property == P::kTextHeight) {
@@ -149,7 +162,8 @@ TEST_P(Changes, NewRecordsAreFoundInTheSavedFile) {
   const RecordId moved = saved->findHandle(*drawing_->handle(text));
   EXPECT_EQ(saved->text(moved, P::kLayer), L"新しい");
   EXPECT_EQ(saved->text(moved, P::kLinetype), L"L1");
-  while (drawing_->undo()) {}
+  while (drawing_->undo()) {
+  }
   EXPECT_TRUE(isAsInFile());
 }
 
@@ -177,7 +191,8 @@ TEST_P(Changes, ErasedAndNewEntitiesKeepTheOrderOfTheOthers) {
   EXPECT_EQ(saved->entitiesOf(made).size(), 2u);
   const Geometry geometry = saved->geometry(saved->findHandle(expected.back()));
   EXPECT_EQ(std::get<InsertGeometry>(geometry.shape).block, made);
-  while (drawing_->undo()) {}
+  while (drawing_->undo()) {
+  }
   EXPECT_TRUE(isAsInFile());
 }
 
@@ -198,12 +213,14 @@ TEST_P(Changes, OfVariablesAndOverridesAreTakenBackToo) {
   EXPECT_TRUE(base::equalFolded(std::get<std::wstring>(*style), L"STANDARD"));
   expectOk(drawing_->removeDimOverride(dimension, dimRow("DIMTXT")));
   EXPECT_FALSE(drawing_->dimVariable(dimension, dimRow("DIMTXT")));
-  while (drawing_->undo()) {}
+  while (drawing_->undo()) {
+  }
   EXPECT_TRUE(isAsInFile());
 }
 
 INSTANTIATE_TEST_SUITE_P(Versions, Changes,
-                         testing::Values("AC1014", "AC1015", "AC1018", "AC1021", "AC1024", "AC1027", "AC1032"));
+                         testing::Values("AC1014", "AC1015", "AC1018", "AC1021", "AC1024", "AC1027",
+                                         "AC1032"));
 
 }  // namespace
 }  // namespace cad::dwg
