@@ -52,6 +52,7 @@ enum KivFormatEnd {
   kKivFormatFailed = 3,
 };
 
+// Texts are never null.
 struct KivFormatReport {
   int end;                           // KivFormatEnd
   const wchar_t* failure;            // of kKivFormatFailed, else empty

@@ -23,9 +23,11 @@ class Batch {
         const std::vector<PlannedDrawing>& plan);
   ~Batch();
 
+  // Called in this process; must not throw.
   struct Listener {
     std::function<void(const PlannedDrawing&, const DrawingReport&)> told;  // once for each, in their order
-    std::function<void(std::size_t done)> waits;                            // every so often in between
+    // Every so often in between; `done` counts the drawings that are through, told or not.
+    std::function<void(std::size_t done)> waits;
   };
   // Ends early when the process is interrupted (base::interruption()). The number of drawings that were not
   // begun for that reason, of which nothing is told.

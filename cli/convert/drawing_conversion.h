@@ -20,7 +20,8 @@ class DrawingConversion {
   // and reports tell how many met it. The session and the arguments must outlive this object.
   DrawingConversion(Session& session, const Arguments& arguments, std::wstring logFile, bool withTests);
 
-  // Opens, converts, saves and closes; a dry run saves nothing. Prints nothing.
+  // Opens, converts, saves and closes; a dry run saves nothing, and its target may be empty. Prints nothing.
+  // Needs no open drawing, and leaves none that it has opened.
   DrawingReport run(const PlannedDrawing& drawing);
   const RunFacts& facts() const { return facts_; }  // of the newest run
 

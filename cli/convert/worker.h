@@ -12,7 +12,8 @@ class Worker {
   // The session and the arguments must outlive this object.
   Worker(Session& session, const Arguments& arguments);
 
-  // What the log gets stands in the report: it has one file for the drawings of all workers.
+  // What the log gets stands in the report: it has one file for the drawings of all workers. Of a drawing
+  // that is refused the report has the reason as its message, and nothing is saved.
   DrawingReport convert(const PlannedDrawing& drawing);
 
   // Until there are no more requests. Returns the exit status of the process.

@@ -8,6 +8,7 @@
 
 namespace kivcli {
 
+// Whoever makes one bounds its size: nothing here does.
 struct ColorImage {
   int width = 0, height = 0;
   std::vector<std::uint32_t> pixels;  // 0xRRGGBB, by rows from the top

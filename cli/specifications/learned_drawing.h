@@ -33,6 +33,7 @@ class LearnedDrawing {
   // Leaders, which two sections reach, are among what differs.
   bool hasLeaders() const { return hasLeaders_; }
 
+  // Before the first entities() of each scope: all values are those of the first drawing again.
   void begin(const LearnedScope& scope);
   // The entities that settings of this section (1 to 4) reach, as they are now, in objects of equal values.
   RuleTable entities(int section);

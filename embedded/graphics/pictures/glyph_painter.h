@@ -12,7 +12,8 @@
 
 namespace cad {
 
-// Where a text stands: its beginning on the base line, and the ways of one height of the font along and up.
+// Where a text stands, in pixels: its beginning on the base line, and the ways of one height of the font
+// along and up.
 struct TextPlace {
   PixelPoint origin, along, up;
 };
