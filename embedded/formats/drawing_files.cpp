@@ -172,4 +172,11 @@ std::optional<FileKind> kindByWord(std::wstring_view word) {
 
 bool canSave(const Drawing& drawing, FileKind kind) { return drawing.format() == row(kind).format; }
 
+base::Status checkSavable(const Drawing& drawing, FileKind kind) {
+  if (canSave(drawing, kind)) return {};
+  return base::Failure{{},
+                       L"saving a " + std::wstring(drawing.format()) + L" drawing as " +
+                           std::wstring(kindName(kind)) + L" is not supported yet"};
+}
+
 }  // namespace cad::formats

@@ -108,6 +108,24 @@ TEST_F(TrustTest, DryRunExplanationAndReportAgreeWithTheConversion) {
   ASSERT_GT(converted, 20U);
 }
 
+TEST_F(TrustTest, ADryRunIsRefusedAsTheConversionIs) {
+  write("a.dxf", drawing(text("0", "A")));
+  writeSpecification("rules.cvt", kTextsGreen);
+  const ProgramRun real =
+      kivcvt({"convert", "--spec", "rules.cvt", "--out", "out", "--format", "dwt", "a.dxf"});
+  for (const bool hasFolder : {true, false}) {
+    std::vector<std::string> words = {"convert",  "--spec", "rules.cvt", "--dry-run",
+                                      "--format", "dwt",    "a.dxf"};
+    if (hasFolder) words.insert(words.end(), {"--out", "out"});
+    const ProgramRun dry = kivcvt(words);
+    EXPECT_EQ(dry.status, real.status);
+    EXPECT_NE(dry.err.find("a.DWT: saving a DXF drawing as DWT is not supported yet"), std::string::npos) << dry.err;
+    if (hasFolder) {
+      EXPECT_EQ(dry.err, real.err);
+    }
+  }
+}
+
 TEST_F(TrustTest, ExplainsOneEntity) {
   writeSpecification(
       "rules.cvt",
