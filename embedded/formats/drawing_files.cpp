@@ -123,7 +123,7 @@ FormatForTests::~FormatForTests() {
 }
 
 Opened open(const std::filesystem::path& path) {
-  auto file = base::MappedFile::open(path);
+  auto file = base::FileBytes::open(path);
   if (!file) return file.failure();
   const auto source = std::make_shared<const SourceBytes>(std::move(file.value()));
   Opened result = read(source);
