@@ -63,8 +63,7 @@ void add(std::vector<ListedDrawing>& drawings, const std::wstring& name, const A
   const fs::path path = base::pathFromText(name);
   std::error_code unknown;
   if (!fs::is_directory(path, unknown)) {
-    const bool isReadTwice = arguments.isDryRun || arguments.listsChanges || !arguments.reports.empty();
-    drawings.push_back({name, {}, isReadTwice ? whyNotReadTwice(name) : L""});
+    drawings.push_back({name, {}, arguments.isDryRun ? whyNotReadTwice(name) : L""});
   } else if (!arguments.recursive) {
     drawings.push_back(
         {name, {}, tr(L"this is a folder; --recursive converts the drawings in it and below it")});

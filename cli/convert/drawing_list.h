@@ -21,8 +21,8 @@ struct ListedDrawing {
 // order of their names; each folder is entered once, however many links lead to it, and the one for the
 // converted drawings not at all. Without --recursive a folder is a drawing with a refusal, as is one that
 // cannot be listed or has no drawings, a list without names,
-// a pipe or device in a folder, and any of them when drawings are read more than once. The failure: the list
-// of names cannot be read.
+// a pipe or device in a folder, and any of them in a dry run, which reads drawings twice. The failure: the
+// list of names cannot be read.
 base::Result<std::vector<ListedDrawing>> listDrawings(const Arguments& arguments);
 
 // The names in a list: one a line, or each with a zero byte behind it when there is one. In UTF-8, or in
