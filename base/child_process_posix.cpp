@@ -206,13 +206,26 @@ class ForkedGroup : public ChildGroup {
   }
 
   std::optional<ChildMessage> wait(std::optional<std::chrono::milliseconds> time) override {
+    using std::chrono::steady_clock;
     for (Child& child : children_) {
       if (auto line = child.received.take()) return ChildMessage{child.number, std::move(*line), {}};
     }
-    std::vector<pollfd> polled;
-    for (const Child& child : children_) polled.push_back({child.answers, POLLIN, 0});
-    const int ready = ::poll(polled.data(), polled.size(), time ? static_cast<int>(time->count()) : -1);
-    if (ready <= 0) return std::nullopt;
+    const steady_clock::time_point end = steady_clock::now() + time.value_or(std::chrono::milliseconds(0));
+    for (;;) {
+      const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - steady_clock::now());
+      std::vector<pollfd> polled;
+      for (const Child& child : children_) polled.push_back({child.answers, POLLIN, 0});
+      const int longest = time ? std::max(0, static_cast<int>(left.count())) : -1;
+      if (::poll(polled.data(), polled.size(), longest) <= 0) return std::nullopt;
+      if (auto message = messageOf(polled)) return message;  // else a long line has come in part
+    }
+  }
+
+ private:
+  static Failure systemFailure() { return {L"", fileFailure({}, errno).reason}; }
+
+  // `polled`: of the children, in their order.
+  std::optional<ChildMessage> messageOf(const std::vector<pollfd>& polled) {
     auto child = children_.begin();
     for (const pollfd& file : polled) {
       const auto current = child++;
@@ -227,9 +240,6 @@ class ForkedGroup : public ChildGroup {
     }
     return std::nullopt;
   }
-
- private:
-  static Failure systemFailure() { return {L"", fileFailure({}, errno).reason}; }
 
   Child* find(int number) {
     const auto child = std::ranges::find(children_, number, &Child::number);

@@ -185,6 +185,24 @@ Encoded encode(std::wstring_view text, CodePage page) {
   return result;
 }
 
+std::wstring decodeUtf16(std::string_view bytes) {
+  std::wstring out;
+  const auto unit = [&](std::size_t at) {
+    return static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[at])) |
+           static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[at + 1])) << 8;
+  };
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+    std::uint32_t c = unit(i);
+    const bool isPair = sizeof(wchar_t) == 4 && c >= 0xD800 && c < 0xDC00 && i + 3 < bytes.size();
+    if (isPair) {
+      c = 0x10000 + ((c - 0xD800) << 10) + (unit(i + 2) - 0xDC00);
+      i += 2;
+    }
+    out += static_cast<wchar_t>(c);
+  }
+  return out;
+}
+
 std::string toUtf8(std::wstring_view text) { return utf8::encode(text).bytes; }
 
 std::wstring fromUtf8(std::string_view bytes) { return utf8::decode(bytes).text; }

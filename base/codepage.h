@@ -33,6 +33,9 @@ Encoded encode(std::wstring_view text, CodePage page);
 // One character; empty when the code page does not have it.
 std::string encodeCharacter(wchar_t character, CodePage page);
 
+// UTF-16 in the byte order of Windows, without its mark. Half a character at the end is left out.
+std::wstring decodeUtf16(std::string_view bytes);
+
 // UTF-8 for the terminal and for file names on systems that use it.
 std::string toUtf8(std::wstring_view text);
 std::wstring fromUtf8(std::string_view bytes);

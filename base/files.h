@@ -1,5 +1,5 @@
 #pragma once
-// Whole files: reading, mapping, removing, and writing so that a reader sees the old file or the new one.
+// Whole files: reading, removing, and writing so that a reader sees the old file or the new one.
 
 #include <cstdint>
 #include <ctime>
@@ -25,16 +25,16 @@ Result<std::string> readFile(const std::filesystem::path& path);
 // The first bytes, at most `length`; none of a file that cannot be read.
 std::string readBeginning(const std::filesystem::path& path, std::size_t length);
 
-// A file's bytes, read-only, valid as long as the object lives. The bytes stay those of the moment of
-// opening even when the file is replaced by a rename. When it is written to in place instead, they may
-// become others, and zeros where it was cut off: who has used them must ask checkUnchanged() before
-// anything is made of it. (On Windows the bytes are a copy, taken at once.)
-class MappedFile {
+// A file's bytes, valid as long as the object lives: a copy, taken at once, which neither a rename over the
+// file nor writing to it changes. It may hold the beginning of the old file and the end of the new one when
+// somebody wrote to it meanwhile: who has used the bytes must ask checkUnchanged() before anything is made of
+// them.
+class FileBytes {
  public:
-  static Result<std::unique_ptr<MappedFile>> open(const std::filesystem::path& path);
-  virtual ~MappedFile() = default;
+  static Result<std::unique_ptr<FileBytes>> open(const std::filesystem::path& path);
+  virtual ~FileBytes() = default;
   virtual std::string_view bytes() const = 0;
-  // A failure once the file has been written to since it was opened.
+  // A failure once the file has been written to since it was opened. (Not told on Windows.)
   virtual Status checkUnchanged() const { return {}; }
 };
 

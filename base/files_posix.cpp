@@ -1,5 +1,6 @@
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,7 +11,6 @@
 #include "base/disk.h"
 #include "base/file_errors.h"
 #include "base/files.h"
-#include "base/guarded_mapping.h"
 #include "base/temporary_files.h"
 
 namespace base {
@@ -54,11 +54,49 @@ Result<OpenedFile> openForReading(const fs::path& path) {
   return opened;
 }
 
-class Mapping : public MappedFile {
+// Memory that nobody has written to yet. Large ones come in large pages: half of the time that it takes to
+// read a file goes into the single ones.
+class Pages {
  public:
-  Mapping(OpenedFile opened, std::unique_ptr<GuardedMapping> mapping, fs::path path)
-      : opened_(std::move(opened)), mapping_(std::move(mapping)), path_(std::move(path)) {}
-  std::string_view bytes() const override { return {mapping_->data(), mapping_->size()}; }
+  explicit Pages(size_t size)
+      : size_(size),
+        address_(::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0)) {
+    if (valid()) static_cast<void>(::madvise(address_, size, MADV_HUGEPAGE));
+  }
+  Pages(const Pages&) = delete;
+  Pages& operator=(const Pages&) = delete;
+  ~Pages() {
+    if (valid()) ::munmap(address_, size_);
+  }
+  bool valid() const { return address_ != MAP_FAILED; }
+  char* data() const { return static_cast<char*>(address_); }
+  size_t size() const { return size_; }
+
+ private:
+  size_t size_;
+  void* address_;
+};
+
+// A view of the file would change with it, and under the feet of whoever reads it.
+class Copy : public FileBytes {
+ public:
+  Copy(OpenedFile opened, fs::path path)
+      : opened_(std::move(opened)),
+        pages_(static_cast<size_t>(opened_.status.st_size)),
+        path_(std::move(path)) {}
+  std::string_view bytes() const override { return {pages_.data(), filled_}; }
+
+  Status fill() {
+    if (!pages_.valid()) return fileFailure(path_, ENOMEM);
+    while (filled_ < pages_.size()) {
+      const ssize_t count = ::read(opened_.file.number(), pages_.data() + filled_, pages_.size() - filled_);
+      if (count < 0 && errno == EINTR) continue;
+      if (count < 0) return fileFailure(path_, errno);
+      if (count == 0) break;
+      filled_ += static_cast<size_t>(count);
+    }
+    return {};
+  }
 
   Status checkUnchanged() const override {
     struct stat now {};
@@ -66,20 +104,20 @@ class Mapping : public MappedFile {
     const struct stat& then = opened_.status;
     const bool same = now.st_size == then.st_size && now.st_mtim.tv_sec == then.st_mtim.tv_sec &&
                       now.st_mtim.tv_nsec == then.st_mtim.tv_nsec;
-    if (!same) return fileFailure(path_, FailureKind::kChangedWhileRead);
-    return mapping_->lost() ? Status(fileFailure(path_, EIO)) : Status();
+    return same ? Status() : Status(fileFailure(path_, FailureKind::kChangedWhileRead));
   }
 
  private:
   OpenedFile opened_;  // a rename over its name leaves it as it is
-  std::unique_ptr<GuardedMapping> mapping_;
+  Pages pages_;
   fs::path path_;
+  size_t filled_ = 0;
 };
 
-// For what cannot be mapped: pipes, empty files, some network file systems.
-class Copy : public MappedFile {
+// For what has no size in advance: pipes, devices, and files that the system makes up.
+class Stream : public FileBytes {
  public:
-  explicit Copy(std::string content) : content_(std::move(content)) {}
+  explicit Stream(std::string content) : content_(std::move(content)) {}
   std::string_view bytes() const override { return content_; }
 
  private:
@@ -194,19 +232,18 @@ fs::path behindLinks(const fs::path& target) {
 
 }  // namespace
 
-Result<std::unique_ptr<MappedFile>> MappedFile::open(const fs::path& path) {
+Result<std::unique_ptr<FileBytes>> FileBytes::open(const fs::path& path) {
   Result<OpenedFile> opened = openForReading(path);
   if (!opened) return opened.failure();
-  const auto& [file, status] = opened.value();
+  const struct stat& status = opened.value().status;
   if (S_ISREG(status.st_mode) && status.st_size > 0) {
-    if (auto mapping = GuardedMapping::map(file.number(), static_cast<size_t>(status.st_size))) {
-      return std::unique_ptr<MappedFile>(
-          std::make_unique<Mapping>(std::move(opened.value()), std::move(mapping), path));
-    }
+    auto copy = std::make_unique<Copy>(std::move(opened.value()), path);
+    if (Status filled = copy->fill(); !filled) return filled.failure();
+    return std::unique_ptr<FileBytes>(std::move(copy));
   }
-  Result<std::string> content = readAll(file.number(), path);
+  Result<std::string> content = readAll(opened.value().file.number(), path);
   if (!content) return content.failure();
-  return std::unique_ptr<MappedFile>(std::make_unique<Copy>(std::move(content.value())));
+  return std::unique_ptr<FileBytes>(std::make_unique<Stream>(std::move(content.value())));
 }
 
 Result<std::string> readFile(const fs::path& path) {

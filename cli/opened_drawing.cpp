@@ -15,9 +15,32 @@ std::unique_ptr<cad::Drawing> openDrawing(const std::wstring& file) {
     complainAbout(file, opened.failure());
     return nullptr;
   }
-  const std::wstring warning = cad::formats::warningAbout(*opened.value());
-  if (!warning.empty()) complain(file + L": " + translated(warning));
+  warnAbout(file, *opened.value());
   return std::move(opened.value());
+}
+
+void warnAbout(const std::wstring& file, const cad::Drawing& drawing) {
+  const std::wstring warning = cad::formats::warningAbout(drawing);
+  if (!warning.empty()) complain(file + L": " + translated(warning));
+}
+
+bool isStream(const std::wstring& file) {
+  namespace fs = std::filesystem;
+  std::error_code unknown;
+  switch (fs::status(base::pathFromText(file), unknown).type()) {
+    case fs::file_type::fifo:
+    case fs::file_type::socket:
+    case fs::file_type::character:
+    case fs::file_type::block:
+      return true;
+    default:
+      return false;
+  }
+}
+
+std::wstring whyNotReadTwice(const std::wstring& file) {
+  if (!isStream(file)) return {};
+  return tr(L"this is a pipe or a device, and the drawing is read more than once; please give it as a file");
 }
 
 std::vector<std::filesystem::path> fontFoldersOf(const std::wstring& file) {

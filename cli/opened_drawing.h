@@ -14,6 +14,14 @@ namespace kivcli {
 // error.
 std::unique_ptr<cad::Drawing> openDrawing(const std::wstring& file);
 
+// What a reader should know of a drawing that could be read, on standard error.
+void warnAbout(const std::wstring& file, const cad::Drawing& drawing);
+
+// A pipe or a device: it can be read once, and waits for whoever writes to it.
+bool isStream(const std::wstring& file);
+// Empty, or that `file` is one, for calls that read drawings more than once.
+std::wstring whyNotReadTwice(const std::wstring& file);
+
 // Where the fonts of pictures of it are looked for: beside it, then along the support path.
 std::vector<std::filesystem::path> fontFoldersOf(const std::wstring& file);
 

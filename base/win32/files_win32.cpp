@@ -45,7 +45,7 @@ DWORD pieceOf(std::size_t size) {
 
 // A file with a view of it mapped cannot be replaced, neither by this program nor by another, however it
 // was opened. So the bytes are copied, and the file is free at once.
-class Copy : public MappedFile {
+class Copy : public FileBytes {
  public:
   explicit Copy(std::size_t size) : content_(std::make_unique_for_overwrite<char[]>(size)), size_(size) {}
   std::string_view bytes() const override { return {content_.get(), size_}; }
@@ -71,7 +71,7 @@ class Copy : public MappedFile {
 };
 
 // For what has no size in advance: pipes and devices.
-class Stream : public MappedFile {
+class Stream : public FileBytes {
  public:
   std::string_view bytes() const override { return content_; }
 
@@ -93,10 +93,10 @@ class Stream : public MappedFile {
 };
 
 template <class Content>
-Result<std::unique_ptr<MappedFile>> filled(std::unique_ptr<Content> content, HANDLE file,
+Result<std::unique_ptr<FileBytes>> filled(std::unique_ptr<Content> content, HANDLE file,
                                            const fs::path& path) {
   if (const DWORD error = content->fill(file); error != 0) return systemFailure(path, error);
-  return std::unique_ptr<MappedFile>(std::move(content));
+  return std::unique_ptr<FileBytes>(std::move(content));
 }
 
 bool isFolder(const fs::path& path) {
@@ -227,7 +227,7 @@ Result<fs::path> replaceableTarget(const fs::path& requested) {
 
 }  // namespace
 
-Result<std::unique_ptr<MappedFile>> MappedFile::open(const fs::path& path) {
+Result<std::unique_ptr<FileBytes>> FileBytes::open(const fs::path& path) {
   const Handle file(CreateFileW(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
                                 FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!file.valid()) {
@@ -242,7 +242,7 @@ Result<std::unique_ptr<MappedFile>> MappedFile::open(const fs::path& path) {
 }
 
 Result<std::string> readFile(const fs::path& path) {
-  const auto copied = MappedFile::open(path);
+  const auto copied = FileBytes::open(path);
   if (!copied.ok()) return copied.failure();
   return std::string(copied.value()->bytes());
 }

@@ -110,7 +110,7 @@ base::Status checkReportPlaces(const Arguments& arguments) {
 
 // The number of drawings that are left out of the plan.
 std::size_t leaveOutDone(const Arguments& arguments, std::vector<PlannedDrawing>& plan) {
-  if (!arguments.resume) return 0;
+  if (!arguments.resume || arguments.outputFolder.empty()) return 0;
   const EarlierRun earlier(base::pathFromText(base::fullPath(arguments.specification)));
   return std::erase_if(plan, [&](const PlannedDrawing& drawing) { return earlier.hasDone(drawing); });
 }
@@ -119,8 +119,12 @@ std::vector<PlannedDrawing> planAll(const Arguments& arguments, const std::vecto
   const fs::path outputFolder = base::pathFromText(arguments.outputFolder);
   if (!arguments.outputFolder.empty()) return planOutputs(drawings, outputFolder, arguments.format);
   std::vector<PlannedDrawing> plan;  // of a dry run
-  for (const ListedDrawing& drawing : drawings)
-    plan.push_back({drawing.given, {}, SaveFormat::kDxf, drawing.refusal});
+  for (const ListedDrawing& drawing : drawings) {
+    const std::wstring name = base::pathText(base::pathFromText(drawing.given).filename());
+    const SaveFormat format = formatFor(name, arguments.format);
+    plan.push_back(
+        {drawing.given, base::pathFromText(base::savedName(name, format)), format, drawing.refusal});
+  }
   return plan;
 }
 

@@ -68,6 +68,17 @@ std::string pictureOf(const cad::Drawing& drawing, const std::wstring& file,
   return picture.ok() ? thumbnail(picture.value(), mostBytes) : std::string();
 }
 
+cad::formats::FileKind kindOf(SaveFormat format) {
+  switch (format) {
+    case SaveFormat::kDwg:
+      return cad::formats::FileKind::kDwg;
+    case SaveFormat::kDwt:
+      return cad::formats::FileKind::kDwt;
+    default:
+      return cad::formats::FileKind::kDxf;
+  }
+}
+
 std::wstring refuserText(const KivNote& note) {
   if (note.refuser == kKivDrawing) return tr(L"the drawing");
   const bool isLayers = note.refuser == kKivLayers;
@@ -115,7 +126,7 @@ DrawingReport DrawingConversion::run(const PlannedDrawing& drawing) {
   if (hasRun) report.logFailure = run_.logFailure;
   report.isDryRun = arguments_.isDryRun;
   report.settings = facts_.settings();
-  if (converted && arguments_.isDryRun) converted = compareWith(drawing, host.currentDrawing(), report);
+  if (converted && arguments_.isDryRun) converted = compareUnsaved(drawing, report);
   // The run closes the drawing that it saved; one that it gave up is still open.
   Status closed;
   while (closed && host.documentCount() > documentsBefore) closed = host.closeDocument();
@@ -180,6 +191,20 @@ Status DrawingConversion::checkEnd(const PlannedDrawing& drawing) {
     return Failure{L"", tr(L"not saved: %1 is not there after saving", {base::pathText(drawing.target)})};
   }
   return {};
+}
+
+// A dry run ends as the saving would.
+Status DrawingConversion::compareUnsaved(const PlannedDrawing& drawing, DrawingReport& report) const {
+  const cad::Drawing& after = session_.host().currentDrawing();
+  if (!drawing.target.empty()) {
+    const Status savable = cad::formats::checkSavable(after, kindOf(drawing.format));
+    if (!savable) {
+      return Failure{L"", tr(L"not saved: %1: %2",
+                             {base::pathText(drawing.target), translated(savable.failure().reason)})};
+    }
+  }
+  if (Status unchanged = after.storage().checkUnchanged(); !unchanged) return unchanged;
+  return compareWith(drawing, after, report);
 }
 
 Status DrawingConversion::compareWith(const PlannedDrawing& drawing, const cad::Drawing& after,

@@ -29,6 +29,7 @@ class DrawingConversion {
   base::Status convertOpen(const PlannedDrawing& drawing);
   base::Status checkEnd(const PlannedDrawing& drawing);
   bool takeProblems(DrawingReport& report) const;
+  base::Status compareUnsaved(const PlannedDrawing& drawing, DrawingReport& report) const;
   base::Status compareWith(const PlannedDrawing& drawing, const cad::Drawing& after,
                            DrawingReport& report) const;
   void takePictures(const cad::Drawing& before, const cad::Drawing& after,

@@ -11,6 +11,7 @@
 #include "base/save_format.h"
 #include "base/utf8.h"
 #include "cli/language/language.h"
+#include "cli/opened_drawing.h"
 
 namespace kivcli {
 namespace {
@@ -48,7 +49,9 @@ class FolderWalk {
     if (fs::is_directory(path, unknown)) {
       enter(path, below / path.filename());
     } else if (base::saveFormatOf(base::pathText(path.filename())) == SaveFormat::kDxf) {
-      drawings_.push_back({base::pathText(path), below, {}});
+      const std::wstring name = base::pathText(path);
+      drawings_.push_back(
+          {name, below, isStream(name) ? tr(L"this is a pipe or a device, and no file") : L""});
     }
   }
 
@@ -60,7 +63,7 @@ void add(std::vector<ListedDrawing>& drawings, const std::wstring& name, const A
   const fs::path path = base::pathFromText(name);
   std::error_code unknown;
   if (!fs::is_directory(path, unknown)) {
-    drawings.push_back({name, {}, {}});
+    drawings.push_back({name, {}, arguments.isDryRun ? whyNotReadTwice(name) : L""});
   } else if (!arguments.recursive) {
     drawings.push_back(
         {name, {}, tr(L"this is a folder; --recursive converts the drawings in it and below it")});
@@ -80,10 +83,21 @@ base::Result<std::string> contentOf(const std::wstring& list) {
   return content;
 }
 
+// A name that is no UTF-8 is one of the system's own, or comes from a list in code page 932.
+std::wstring nameOnThisSystem(const std::wstring& name) {
+  if (base::utf8::encode(name).clean) return name;
+  std::error_code unknown;
+  if (fs::exists(base::pathFromText(name), unknown)) return name;
+  const base::Decoded japanese = base::decode(base::utf8::encodeName(name), base::kJapanese);
+  return japanese.clean ? japanese.text : name;
+}
+
 }  // namespace
 
 std::vector<std::wstring> namesInList(const std::string& bytes) {
-  constexpr std::string_view kMark = "\xEF\xBB\xBF";
+  constexpr std::string_view kMark = "\xEF\xBB\xBF", kWideMark = "\xFF\xFE";
+  if (bytes.starts_with(kWideMark))
+    return namesInList(base::utf8::encodeName(base::decodeUtf16(std::string_view(bytes).substr(2))));
   std::string_view rest = bytes;
   if (rest.starts_with(kMark)) rest.remove_prefix(kMark.size());
   const bool hasZeros = rest.find('\0') != std::string_view::npos;
@@ -106,7 +120,13 @@ base::Result<std::vector<ListedDrawing>> listDrawings(const Arguments& arguments
   if (arguments.filesFrom.empty()) return drawings;
   const base::Result<std::string> content = contentOf(arguments.filesFrom);
   if (!content) return base::Failure{L"--files-from " + arguments.filesFrom, content.failure().reason};
-  for (const std::wstring& name : namesInList(content.value())) add(drawings, name, arguments);
+  const std::vector<std::wstring> names = namesInList(content.value());
+  for (const std::wstring& name : names) add(drawings, nameOnThisSystem(name), arguments);
+  if (names.empty()) {
+    const bool isStream = arguments.filesFrom == L"-";
+    drawings.push_back(
+        {isStream ? tr(L"standard input") : arguments.filesFrom, {}, tr(L"this list names no drawing")});
+  }
   return drawings;
 }
 

@@ -20,10 +20,13 @@ struct ListedDrawing {
 // The drawings given, then those of the list. A folder stands for the DXF drawings in it and below it, in the
 // order of their names; each folder is entered once, however many links lead to it, and the one for the
 // converted drawings not at all. Without --recursive a folder is a drawing with a refusal, as is one that
-// cannot be listed or has no drawings. The failure: the list of names cannot be read.
+// cannot be listed or has no drawings, a list without names,
+// a pipe or device in a folder, and any of them in a dry run, which reads drawings twice. The failure: the
+// list of names cannot be read.
 base::Result<std::vector<ListedDrawing>> listDrawings(const Arguments& arguments);
 
-// The names in a list: one a line, or each with a zero byte behind it when there is one.
+// The names in a list: one a line, or each with a zero byte behind it when there is one. In UTF-8, or in
+// UTF-16 behind its mark; what is neither comes as utf8::decodeName() has it.
 std::vector<std::wstring> namesInList(const std::string& bytes);
 
 }  // namespace kivcli

@@ -37,6 +37,10 @@ std::wstring whyNotBehindLink(const fs::path& target, const std::wstring& realTa
 
 }  // namespace
 
+SaveFormat formatFor(const std::wstring& name, std::optional<SaveFormat> asked) {
+  return asked.value_or(base::saveFormatOf(name).value_or(SaveFormat::kDxf));
+}
+
 std::vector<PlannedDrawing> planOutputs(const std::vector<ListedDrawing>& drawings,
                                         const fs::path& outputFolder, std::optional<SaveFormat> format) {
   std::set<std::wstring> sources;
@@ -50,7 +54,7 @@ std::vector<PlannedDrawing> planOutputs(const std::vector<ListedDrawing>& drawin
     planned.given = drawing.given;
     planned.refusal = drawing.refusal;
     const std::wstring name = base::pathText(base::pathFromText(drawing.given).filename());
-    planned.format = format.value_or(base::saveFormatOf(name).value_or(SaveFormat::kDxf));
+    planned.format = formatFor(name, format);
     const fs::path saved = drawing.folder / base::pathFromText(base::savedName(name, planned.format));
     planned.target = outputFolder / saved;
 

@@ -12,12 +12,17 @@
 namespace kivcli {
 
 struct PlannedDrawing {
-  std::wstring given;            // as the user named it
-  std::filesystem::path target;  // in the output folder as the user named it
+  std::wstring given;  // as the user named it
+  // In the output folder as the user named it; without a folder the file's name alone; empty: it is looked at
+  // and would not be saved.
+  std::filesystem::path target;
   SaveFormat format = SaveFormat::kDxf;
   std::wstring refusal;          // empty, or why the drawing is left alone
   std::size_t pictureBytes = 0;  // what each picture for the report may take; 0: none is wanted
 };
+
+// The one asked for, else the one that the drawing's name tells.
+SaveFormat formatFor(const std::wstring& name, std::optional<SaveFormat> asked);
 
 // Names are compared ignoring case on every system, because the output folder may later stand on one that
 // does. Refused: a target that is one of the drawings given, one that is a link or that links lead out of the

@@ -12,6 +12,7 @@
 #include "cli/convert/drawing_conversion.h"
 #include "cli/joined.h"
 #include "cli/language/language.h"
+#include "cli/opened_drawing.h"
 #include "cli/reports/change_text.h"
 #include "cli/reports/report_json.h"
 #include "cli/specifications/specification_check.h"
@@ -83,18 +84,31 @@ std::wstring stepText(const SettingTrace& step) {
 }
 
 struct Entity {
-  std::wstring title, whyNotTested;  // the title is empty: there is none
+  std::wstring title, whyNotTested;
+  std::wstring refusal;  // there is none: why
 };
+
+// "LAYER WALL"
+std::wstring recordText(const cad::Drawing& drawing, cad::RecordId id) {
+  const std::wstring type = base::fromUtf8(drawing.typeName(id));
+  const cad::NameId name = drawing.recordName(id);
+  return name == cad::kNoName ? type : type + L" " + drawing.names().text(name);
+}
 
 Entity entityOf(const Arguments& arguments, const std::wstring& file) {
   const auto drawing = cad::formats::open(base::pathFromText(file));
-  if (!drawing.ok()) return {};
+  if (!drawing.ok()) return {{}, {}, drawing.failure().text()};
   const cad::RecordId id = drawing.value()->findHandle(handleOfText(arguments.entity));
-  if (id == cad::kNoRecord) return {};
+  if (id == cad::kNoRecord) return {{}, {}, tr(L"there is no entity with the handle %1", {arguments.entity})};
   const cad::Record& record = drawing.value()->record(id);
-  if (record.kind != cad::RecordKind::kEntity && record.kind != cad::RecordKind::kSubEntity) return {};
+  if (record.kind != cad::RecordKind::kEntity && record.kind != cad::RecordKind::kSubEntity) {
+    return {{},
+            {},
+            tr(L"%1 is the handle of %2, which is no entity",
+               {arguments.entity, recordText(*drawing.value(), id)})};
+  }
   const std::wstring type = base::fromUtf8(drawing.value()->typeName(id));
-  return {type + L" " + arguments.entity, whyNotTested(*drawing.value(), id, arguments.blockScope)};
+  return {type + L" " + arguments.entity, whyNotTested(*drawing.value(), id, arguments.blockScope), {}};
 }
 
 void printEntity(const Entity& entity, const std::vector<SettingTrace>& trace) {
@@ -134,7 +148,7 @@ struct Explanation {
 
 void explain(DrawingConversion& conversion, const Arguments& arguments, const std::wstring& file,
              Explanation& out) {
-  const DrawingReport report = conversion.run({file, {}, base::SaveFormat::kDxf, {}});
+  const DrawingReport report = conversion.run({file, {}, base::SaveFormat::kDxf, whyNotReadTwice(file)});
   for (const std::wstring& message : report.messages) complain(message);
   if (report.outcome == Outcome::kNotConverted) {
     out.status = kSomeFailed;
@@ -142,8 +156,8 @@ void explain(DrawingConversion& conversion, const Arguments& arguments, const st
   }
   Entity entity;
   if (!arguments.entity.empty()) entity = entityOf(arguments, file);
-  if (!arguments.entity.empty() && entity.title.empty()) {
-    complain(file + L": " + tr(L"there is no entity with the handle %1", {arguments.entity}));
+  if (!entity.refusal.empty()) {
+    complain(file + L": " + entity.refusal);
     out.status = kSomeFailed;
     return;
   }

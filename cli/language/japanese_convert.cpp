@@ -4,6 +4,12 @@ namespace kivcli {
 namespace {
 
 constexpr Translation kRows[] = {
+    {L"nothing is written with --dry-run", L"--dry-run では何も書き出しません"},
+    {L"this list names no drawing", L"この一覧には図面が書かれていません"},
+    {L"standard input", L"標準入力"},
+    {L"this is a pipe or a device, and no file", L"ファイルではなく、パイプまたはデバイスです"},
+    {L"this is a pipe or a device, and the drawing is read more than once; please give it as a file",
+     L"パイプまたはデバイスです。図面を 2 回以上読むため、ファイルで指定してください"},
     {L"%1 drawings converted", L"%1 枚の図面を変換しました"},
     {L"1 drawing converted", L"1 枚の図面を変換しました"},
     {L"%1 of %2 drawings converted", L"%2 枚中 %1 枚の図面を変換しました"},

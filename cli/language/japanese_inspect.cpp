@@ -39,6 +39,7 @@ constexpr Translation kRows[] = {
     {L"met, and changes nothing", L"条件に合いますが、何も変わりません"},
     {L"met, and changes %1", L"条件に合い、%1 が変わります"},
     {L"refused: %1", L"拒否: %1"},
+    {L"%1 is the handle of %2, which is no entity", L"%1 は図形ではなく、%2 のハンドルです"},
     {L"there is no entity with the handle %1", L"ハンドル %1 の図形がありません"},
     {L"(none)", L"（なし）"},
     {L"layer %1", L"画層 %1"},

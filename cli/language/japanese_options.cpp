@@ -98,11 +98,10 @@ constexpr Translation kRows[] = {
      L"ロックされた画層の図形も変換します。画層は変換後に再びロックします"},
     {L"write the conversion log, a CSV file in code page 932, into DIR",
      L"変換ログ（コードページ 932 の CSV ファイル）を DIR に書き出します"},
-    {L"convert also the drawings that FILE names, one a line in UTF-8, or with a zero byte behind each; - is "
-     L"standard input",
-     L"FILE に名前を挙げた図面も変換します。UTF-8 で 1 行に 1 "
-     L"つ、または各名前の後にゼロのバイトを置きます。- "
-     L"は標準入力です"},
+    {L"convert also the drawings that FILE names, one a line, or with a zero byte behind each; - is standard "
+     L"input",
+     L"FILE に名前を挙げた図面も変換します。1 行に 1 つ、または名前の後ろに 0 "
+     L"のバイトを付けて書きます。- は標準入力です"},
     {L"convert the DXF drawings of folders that are given and of all below them; their folders are made "
      L"below DIR",
      L"指定したフォルダとその下のすべてのフォルダの DXF 図面を変換します。同じフォルダ構成を DIR "

@@ -62,8 +62,8 @@ constexpr OptionRow kOptions[] = {
     {L"--log", L"DIR", L"write the conversion log, a CSV file in code page 932, into DIR",
      takeText<&Arguments::logFolder>},
     {L"--files-from", L"FILE",
-     L"convert also the drawings that FILE names, one a line in UTF-8, or with a zero byte behind each; - is "
-     L"standard input",
+     L"convert also the drawings that FILE names, one a line, or with a zero byte behind each; - is standard "
+     L"input",
      takeText<&Arguments::filesFrom>},
     {L"--recursive", L"",
      L"convert the DXF drawings of folders that are given and of all below them; their folders are made "
@@ -100,6 +100,8 @@ Status checkComplete(const Arguments& arguments) {
   if (arguments.outputFolder.empty() && !arguments.isDryRun) {
     return Failure{L"--out", tr(L"please name the folder for the converted drawings: --out DIR")};
   }
+  if (arguments.isDryRun && !arguments.logFolder.empty())
+    return Failure{L"--log", tr(L"nothing is written with --dry-run")};
   if (arguments.files.empty() && arguments.filesFrom.empty())
     return Failure{L"", tr(L"please name the drawings")};
   return {};

@@ -8,6 +8,7 @@
 #include "base/files.h"
 #include "base/fold.h"
 #include "cli/language/language.h"
+#include "cli/opened_drawing.h"
 #include "embedded/formats/drawing_files.h"
 
 namespace kivcli {
@@ -46,6 +47,7 @@ base::Status NamesOfDrawings::takeDrawing(const std::wstring& file) {
   const auto opened = cad::formats::open(base::pathFromText(file));
   if (!opened) return base::Failure{file, translated(opened.failure().reason)};
   const cad::Drawing& drawing = *opened.value();
+  warnAbout(file, drawing);
   Names names{file, {}, {}};
   const auto text = [&](cad::NameId name) {
     return name == cad::kNoName ? L"" : drawing.names().folded(name);

@@ -15,6 +15,7 @@
 #include "cli/console.h"
 #include "cli/joined.h"
 #include "cli/language/language.h"
+#include "cli/opened_drawing.h"
 #include "cli/reports/change_text.h"
 #include "cli/reports/report_json.h"
 #include "cli/specifications/learned_changes.h"
@@ -101,10 +102,10 @@ class Learning {
 
  private:
   static Result<std::unique_ptr<cad::Drawing>> open(const std::wstring& file) {
+    if (const std::wstring refusal = whyNotReadTwice(file); !refusal.empty()) return Failure{file, refusal};
     auto drawing = cad::formats::open(base::pathFromText(file));
     if (!drawing) return Failure{file, translated(drawing.failure().reason)};
-    const std::wstring warning = cad::formats::warningAbout(*drawing.value());
-    if (!warning.empty()) complain(file + L": " + translated(warning));
+    warnAbout(file, *drawing.value());
     return drawing;
   }
 

@@ -123,7 +123,7 @@ FormatForTests::~FormatForTests() {
 }
 
 Opened open(const std::filesystem::path& path) {
-  auto file = base::MappedFile::open(path);
+  auto file = base::FileBytes::open(path);
   if (!file) return file.failure();
   const auto source = std::make_shared<const SourceBytes>(std::move(file.value()));
   Opened result = read(source);
@@ -171,5 +171,12 @@ std::optional<FileKind> kindByWord(std::wstring_view word) {
 }
 
 bool canSave(const Drawing& drawing, FileKind kind) { return drawing.format() == row(kind).format; }
+
+base::Status checkSavable(const Drawing& drawing, FileKind kind) {
+  if (canSave(drawing, kind)) return {};
+  return base::Failure{{},
+                       L"saving a " + std::wstring(drawing.format()) + L" drawing as " +
+                           std::wstring(kindName(kind)) + L" is not supported yet"};
+}
 
 }  // namespace cad::formats

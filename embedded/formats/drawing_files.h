@@ -37,6 +37,7 @@ FileKind kindOf(std::wstring_view extension);  // ".dxf", in any case
 std::optional<FileKind> kindByWord(std::wstring_view word);
 // Whether the drawing can be saved as a file of this kind: a drawing keeps its format.
 bool canSave(const Drawing& drawing, FileKind kind);
+base::Status checkSavable(const Drawing& drawing, FileKind kind);  // the same with the reason
 
 // A format whose files begin with a mark.
 struct Format {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <map>
 #include <sstream>
 
 #include "cli/language/language.h"
@@ -91,6 +93,8 @@ TEST(Arguments, ARefusalNamesWhatIsWrong) {
       {{L"check", L"--spec", L"r.cvt"}, L"--spec: there is no such option"},
       {{L"check"}, L"name the CVT files"},
       {{L"convert", L"--spec=r", L"--out=", L"o", L"a.dxf"}, L"--out: this option needs a value"},
+      {{L"convert", L"--spec", L"r.cvt", L"--dry-run", L"--log", L"l", L"a.dxf"},
+       L"--log: nothing is written"},
       {{L"help", L"transmogrify"}, L"transmogrify: there is no such call"},
       {{L"info", L"-x", L"a.dxf"}, L"-x: there is no such option here; `kivcvt help info`"},
       {{L"check", L""}, L"the name of a file is empty"},
@@ -103,6 +107,22 @@ TEST(Arguments, ARefusalNamesWhatIsWrong) {
     const auto parsed = parseArguments(words);
     ASSERT_FALSE(parsed) << says;
     EXPECT_NE(parsed.failure().text().find(says), std::wstring::npos) << says;
+  }
+}
+
+TEST(Arguments, AnOptionOfAnotherCallIsRefused) {
+  std::map<std::wstring, bool> all;  // and whether they take a value
+  for (const CallRow* call : calls())
+    for (const OptionRow& option : call->options) all[option.name] = option.value[0] != L'\0';
+  for (const CallRow* call : calls()) {
+    for (const auto& [name, hasValue] : all) {
+      if (std::ranges::find(call->options, name, &OptionRow::name) != call->options.end()) continue;
+      std::vector<std::wstring> words = {call->name, name, L"1", L"a.dxf"};
+      if (!hasValue) words.erase(words.begin() + 2);
+      const auto parsed = parseArguments(words);
+      ASSERT_FALSE(parsed) << std::string(name.begin(), name.end());
+      EXPECT_TRUE(parsed.failure().text().starts_with(name + L": there is no such option"));
+    }
   }
 }
 

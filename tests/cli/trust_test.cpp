@@ -108,6 +108,24 @@ TEST_F(TrustTest, DryRunExplanationAndReportAgreeWithTheConversion) {
   ASSERT_GT(converted, 20U);
 }
 
+TEST_F(TrustTest, ADryRunIsRefusedAsTheConversionIs) {
+  write("a.dxf", drawing(text("0", "A")));
+  writeSpecification("rules.cvt", kTextsGreen);
+  const ProgramRun real =
+      kivcvt({"convert", "--spec", "rules.cvt", "--out", "out", "--format", "dwt", "a.dxf"});
+  for (const bool hasFolder : {true, false}) {
+    std::vector<std::string> words = {"convert",  "--spec", "rules.cvt", "--dry-run",
+                                      "--format", "dwt",    "a.dxf"};
+    if (hasFolder) words.insert(words.end(), {"--out", "out"});
+    const ProgramRun dry = kivcvt(words);
+    EXPECT_EQ(dry.status, real.status);
+    EXPECT_NE(dry.err.find("a.DWT: saving a DXF drawing as DWT is not supported yet"), std::string::npos) << dry.err;
+    if (hasFolder) {
+      EXPECT_EQ(dry.err, real.err);
+    }
+  }
+}
+
 TEST_F(TrustTest, ExplainsOneEntity) {
   writeSpecification(
       "rules.cvt",
@@ -129,6 +147,30 @@ TEST_F(TrustTest, ExplainsOneEntity) {
   EXPECT_NE(explained("locked.dxf").find("does not meet 画層=0: it has LOCKED"), std::string::npos);
   EXPECT_NE(explained("line.dxf").find("no setting of the file is for entities of its kind"),
             std::string::npos);
+  // The conditions are met on a locked layer, and in a definition that the scope leaves out.
+  writeSpecification("reach.cvt", "[文字]\n[色] = 1\n{\n[色] = 3\n}\n---End---\n[EOF]\n");
+  const auto told = [&](const char* file, const char* scope) {
+    return kivcvt({"explain", "--spec", "reach.cvt", "--entity", "2F", "--block-scope", scope, file}).out;
+  };
+  EXPECT_NE(told("locked.dxf", "0").find("texts 1: met, but it is on a locked layer"), std::string::npos);
+  std::string inBlock =
+      drawing("  0\r\nINSERT\r\n  5\r\n3F\r\n  8\r\n0\r\n  2\r\nB\r\n 10\r\n0.0\r\n 20\r\n0.0\r\n");
+  inBlock.insert(
+      inBlock.find("  0\r\nSECTION\r\n  2\r\nENTITIES"),
+      "  0\r\nSECTION\r\n  2\r\nBLOCKS\r\n  0\r\nBLOCK\r\n  8\r\n0\r\n  2\r\nB\r\n 70\r\n     0\r\n"
+      " 10\r\n0.0\r\n 20\r\n0.0\r\n" +
+          withHandle(text("0", "A")) + "  0\r\nENDBLK\r\n  0\r\nENDSEC\r\n");
+  inBlock.insert(inBlock.find("  2\r\nTARGET"), "  5\r\n1F\r\n");
+  write("block.dxf", inBlock);
+  EXPECT_NE(told("block.dxf", "0").find("it is in a block definition; --block-scope 1 or 2"),
+            std::string::npos)
+      << told("block.dxf", "0");
+  EXPECT_NE(told("block.dxf", "1").find("texts 1: met, and changes 色=3"), std::string::npos)
+      << told("block.dxf", "1");
+  EXPECT_NE(kivcvt({"explain", "--spec", "reach.cvt", "--entity", "1f", "block.dxf"})
+                .err.find("block.dxf: 1f is the handle of LAYER TARGET, which is no entity"),
+            std::string::npos);
+
   const ProgramRun none = kivcvt({"explain", "--spec", "rules.cvt", "--entity", "999", "a.dxf"});
   EXPECT_EQ(none.status, 1);
   EXPECT_NE(none.err.find("there is no entity with the handle 999"), std::string::npos);

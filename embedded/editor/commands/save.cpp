@@ -56,11 +56,9 @@ Outcome save(TokenReader& input, HostState& state, FileKind kind, std::filesyste
   const std::wstring kindName(formats::kindName(kind));
   if (extensionOf(path).empty()) path += base::pathFromText(L"." + kindName);
   Document* document = state.documents.current();
-  if (!formats::canSave(document->drawing(), kind)) {
+  if (base::Status savable = formats::checkSavable(document->drawing(), kind); !savable) {
     input.takeIf(L"Y", L"YES");
-    return refuse(state, path,
-                  L"saving a " + std::wstring(document->drawing().format()) + L" drawing as " + kindName +
-                      L" is not supported yet");
+    return refuse(state, path, savable.failure().reason);
   }
   const bool overwrite = input.takeIf(L"Y", L"YES");
   std::error_code error;

@@ -68,7 +68,7 @@ std::shared_ptr<const FontMetrics> outlinesOf(const FontRequest& request, const 
   for (const std::wstring& name : outlineFiles(request)) {
     const std::filesystem::path path = located(find, name);
     if (path.empty()) continue;
-    auto file = base::MappedFile::open(path);
+    auto file = base::FileBytes::open(path);
     if (!file) continue;
     if (auto font = trueTypeFont(std::move(file.value()), request.typeface)) return font;
   }

@@ -158,7 +158,7 @@ class CharacterMap {
 
 class TrueTypeFont : public FontMetrics {
  public:
-  TrueTypeFont(std::unique_ptr<base::MappedFile> file, std::wstring_view typeface) : file_(std::move(file)) {
+  TrueTypeFont(std::unique_ptr<base::FileBytes> file, std::wstring_view typeface) : file_(std::move(file)) {
     const Face face = faceOf(FontBytes(file_->bytes()), typeface);
     if (!face.isFont()) return;
     characters_ = CharacterMap(face.table("cmap"));
@@ -234,7 +234,7 @@ class TrueTypeFont : public FontMetrics {
 
   double inHeights(double units) const { return units / unitsPerHeight_; }
 
-  std::unique_ptr<base::MappedFile> file_;
+  std::unique_ptr<base::FileBytes> file_;
   CharacterMap characters_;
   std::shared_ptr<const CompactOutlines> compact_;
   FontBytes advances_;
@@ -246,7 +246,7 @@ class TrueTypeFont : public FontMetrics {
 
 }  // namespace
 
-std::shared_ptr<const FontMetrics> trueTypeFont(std::unique_ptr<base::MappedFile> file,
+std::shared_ptr<const FontMetrics> trueTypeFont(std::unique_ptr<base::FileBytes> file,
                                                 std::wstring_view typeface) {
   auto font = std::make_shared<TrueTypeFont>(std::move(file), typeface);
   if (!font->isUsable()) return nullptr;

@@ -14,7 +14,7 @@ namespace cad {
 // Null for a file that is no such font, or that tells no height. Of a collection the face of this name
 // counts, else the first. Characters that the font lacks are averages. An OpenType font with outlines of the
 // other kind tells advances and left edges; the rest is averages.
-std::shared_ptr<const FontMetrics> trueTypeFont(std::unique_ptr<base::MappedFile> file,
+std::shared_ptr<const FontMetrics> trueTypeFont(std::unique_ptr<base::FileBytes> file,
                                                 std::wstring_view typeface);
 
 }  // namespace cad

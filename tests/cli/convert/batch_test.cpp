@@ -66,11 +66,27 @@ TEST_F(BatchTest, FoldersAreMirroredListsAreReadAndPartsCoverAllOnce) {
         "\xEF\xBB\xBF"
         "a.dxf\r\n\n  \nb.dxf");
   write("zeros", std::string("a.dxf\0b.dxf\0", 12));
-  for (const char* list : {"list", "zeros"}) {
+  write("ended", "a.dxf\nb.dxf\n");
+  write("wide", std::string("\xFF\xFE"
+                            "a\0.\0d\0x\0f\0\r\0\n\0b\0.\0d\0x\0f\0",
+                            26));
+  for (const char* list : {"list", "zeros", "ended", "wide"}) {
     const ProgramRun run = convert(std::string("o-") + list, {"--files-from", list});
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(filesIn(std::string("o-") + list), (std::vector<std::string>{"a.DXF", "b.DXF"}));
+    fs::remove_all(folder() / (std::string("o-") + list));
   }
+  fs::copy_file(folder() / "a.dxf", folder() / fs::path(u8"平面.dxf"));
+  for (const char* name : {"平面.dxf", "\x95\xBD\x96\xCA.dxf"}) {  // code page 932
+    write("list", name);
+    EXPECT_EQ(convert("o-list", {"--files-from", "list"}).status, 0) << name;
+    fs::remove_all(folder() / "o-list");
+  }
+  fs::remove(folder() / fs::path(u8"平面.dxf"));
+  write("list", "\xEF\xBB\xBF\r\n");
+  const ProgramRun empty = convert("o-list", {"--files-from", "list"});
+  EXPECT_EQ(empty.status, 1);
+  EXPECT_EQ(empty.err, "list: this list names no drawing\n");
   fs::create_directories(folder() / "sub" / "empty");
   write("sub/notes.txt", "");
   const ProgramRun refused = convert("out", {"a.dxf", "sub"});
@@ -78,7 +94,7 @@ TEST_F(BatchTest, FoldersAreMirroredListsAreReadAndPartsCoverAllOnce) {
   EXPECT_TRUE(refused.err.starts_with("sub: this is a folder; --recursive")) << refused.err;
   EXPECT_EQ(filesIn("out"), std::vector<std::string>{"a.DXF"});
   // Nothing of what comes out goes in again.
-  for (const char* earlier : {"out", "o-list", "o-zeros"}) fs::remove_all(folder() / earlier);
+  for (const char* earlier : {"out", "o-list"}) fs::remove_all(folder() / earlier);
   for (int times = 0; times < 2; ++times) {
     const ProgramRun run = convert("sub/out", {"--recursive", ".", "sub/empty"});
     EXPECT_EQ(run.status, 1);
