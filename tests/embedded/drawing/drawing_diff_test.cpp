@@ -124,5 +124,30 @@ TEST(DrawingDiff, TextsOfDimensionsDifferInTheirCase) {
             "50 DIMENSION : DIMPOST <>mm -> <>MM\n");
 }
 
+TEST(DrawingDiff, WhatStandsInSectionsOfItsOwnIsCompared) {
+  if (memory::isTested()) GTEST_SKIP() << "there is no file in memory";
+  const auto withSection = [](std::string_view records) {
+    return dxf::read(dxf::replaced(
+        drawingText("AC1027", kEntities, kTables), dxf::groups("0 EOF"),
+        dxf::groups("0 SECTION|2 ACDSDATA|70 2|71 6|" + std::string(records) + "0 ENDSEC|0 EOF")));
+  };
+  const auto before = withSection("0 ACDSRECORD|90 1|310 00FF|0 ACDSRECORD|90 2|310 AB|");
+  const auto bodies = [&](std::string_view records) {
+    const auto after = withSection(records);
+    std::string all;
+    for (const RecordDifference& difference : compareDrawings(*before, *after).objects) {
+      all += difference.type;
+      for (const ValueChange& change : difference.changes)
+        all += " " + base::toUtf8(change.before + L" -> " + change.after);
+      all += difference.fate == RecordFate::kRemoved ? " removed\n" : "\n";
+    }
+    return all;
+  };
+  EXPECT_EQ(bodies("0 ACDSRECORD|90 1|310 00FF|0 ACDSRECORD|90 2|310 AB|"), "");
+  EXPECT_EQ(bodies("0 ACDSRECORD|90 1|310 00FE|0 ACDSRECORD|90 2|310 AB|"),
+            "ACDSRECORD 310: 00FF -> 310: 00FE\n");
+  EXPECT_EQ(bodies("0 ACDSRECORD|90 2|310 AB|"), "ACDSRECORD removed\n");
+}
+
 }  // namespace
 }  // namespace cad
