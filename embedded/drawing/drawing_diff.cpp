@@ -172,9 +172,29 @@ class Comparing {
     return live(drawing, drawing.entitiesOf(block));
   }
 
+  // Programs that make the same block give its entities handles in an order of their own.
+  bool pairDefinition(RecordId block, const std::vector<RecordId>& content) {
+    const RecordId other = blocks_[block];
+    if (other == kNoRecord || before_.isLayoutSpace(block)) return false;
+    const std::vector<RecordId> others = contentOf(after_, other);
+    const RecordComparison free(before_, after_, false);
+    const bool isSame = std::ranges::equal(content, others, [&](RecordId one, RecordId two) {
+      return before_.subRecordsOf(one).empty() && after_.subRecordsOf(two).empty() &&
+             before_.typeName(one) == after_.typeName(two) && !before_.typeName(one).ends_with("DIMENSION") &&
+             free.changes(one, two).empty();
+    });
+    if (isSame) taken_.insert(others.begin(), others.end());
+    return isSame;
+  }
+
   void compareEntities() {
+    std::unordered_set<RecordId> same;  // blocks
+    for (const RecordId block : before_.tableRecords(Table::kBlock))
+      if (byHandle_ && !isPictureName(nameOf(before_, block)) &&
+          pairDefinition(block, contentOf(before_, block)))
+        same.insert(block);
     for (const RecordId block : before_.tableRecords(Table::kBlock)) {
-      if (isPictureName(nameOf(before_, block))) continue;
+      if (isPictureName(nameOf(before_, block)) || same.contains(block)) continue;
       const std::vector<RecordId> content = contentOf(before_, block);
       if (byHandle_) {
         for (const RecordId id : content) compareEntity({id, partnerOfEntity(id)});

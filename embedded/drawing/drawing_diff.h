@@ -56,7 +56,7 @@ struct DrawingDifferences {
   bool empty() const { return entities.empty() && records.empty() && objects.empty() && variables.empty(); }
 };
 
-// Entities are paired by handle and type, records of tables by name and then by handle.
+// Entities are paired by handle and type, those of blocks with the same content by their order, records of tables by name and then by handle.
 DrawingDifferences compareDrawings(const Drawing& before, const Drawing& after);
 
 }  // namespace cad

@@ -124,6 +124,34 @@ TEST(DrawingDiff, TextsOfDimensionsDifferInTheirCase) {
             "50 DIMENSION : DIMPOST <>mm -> <>MM\n");
 }
 
+TEST(DrawingDiff, BlocksOfTheSameContentDoNotDifferInHandles) {
+  const auto blocks = [](std::string_view first, std::string_view second) {
+    std::string text = "0 SECTION|2 BLOCKS";
+    for (const std::string_view name : {"A", "B"})
+      text += "|0 BLOCK|8 0|2 " + std::string(name) + "|70 0|10 0.0|20 0.0|3 " + std::string(name) +
+              "|0 LINE|5 " + std::string(name == "A" ? first : second) +
+              "|100 AcDbEntity|8 0|100 AcDbLine|10 0.0|20 0.0|11 " + (name == "A" ? "1.0" : "2.0") +
+              "|21 1.0|0 ENDBLK|8 0";
+    text += "|0 ENDSEC|0 SECTION|2 ENTITIES";
+    return memory::tested(dxf::read(dxf::replaced(drawingText("AC1015", kEntities, kTables),
+                                                  dxf::groups("0 SECTION|2 ENTITIES"), dxf::groups(text))));
+  };
+  const auto before = blocks("60", "61"), after = blocks("61", "60");
+  EXPECT_EQ(told(compareDrawings(*before, *after).entities), "");
+}
+
+TEST(DrawingDiff, WhatAVersionCannotHoldIsAsUsual) {
+  const auto ofVersion = [](const char* version, const std::string& entities) {
+    return memory::tested(dxf::read(drawingText(version, entities, kTables)));
+  };
+  const auto before = ofVersion("AC1015", kEntities);
+  EXPECT_EQ(told(compareDrawings(*before, *ofVersion("AC1032", kEntities)).entities), "");
+  EXPECT_EQ(
+      told(compareDrawings(*before, *ofVersion("AC1032", with(kEntities, "8 Wall", "8 Wall|440 33554559")))
+               .entities),
+      "40 LINE : transparency  -> 50 %\n");
+}
+
 TEST(DrawingDiff, WhatStandsInSectionsOfItsOwnIsCompared) {
   if (memory::isTested()) GTEST_SKIP() << "there is no file in memory";
   const auto withSection = [](std::string_view records) {
