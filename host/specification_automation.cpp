@@ -96,6 +96,9 @@ int checkSpecification(const wchar_t* path, const KivDrawingNames* drawings, int
 std::wstring saved(const Specification& specification, const wchar_t* path) {
   const CvtWriteResult result = writeSpecification(specification, base::pathFromText(path));
   if (result.ok()) return {};
+  if (result.outcome == CvtWriteOutcome::kLayerMissing)
+    return L"setting " + std::to_wstring(result.setting + 1) +
+           L" of the layers has no condition on 画層; 画層 = * stands for all";
   return result.failure.reason.empty() ? result.message : result.failure.reason;
 }
 

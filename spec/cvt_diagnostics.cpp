@@ -83,6 +83,10 @@ constexpr Row kRows[] = {
     {CvtProblem::kNameNotProvided, Effect::kWarns,
      L"no list of this file brings \"%\", and it is missing in "},
     {CvtProblem::kNameNotUsed, Effect::kWarns, L"no drawing that was given has anything named \"%\""},
+    {CvtProblem::kLayerNotNamed, Effect::kWarns,
+     L"a setting of layers without a condition on 画層 cannot be saved; 画層 = * stands for all"},
+    {CvtProblem::kAlreadyThere, Effect::kWarns,
+     L"line % makes or loads what is named so; this line changes nothing"},
 };
 
 constexpr std::size_t placeOf(CvtProblem problem) { return static_cast<std::size_t>(problem) - 1; }

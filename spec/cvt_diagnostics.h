@@ -52,8 +52,10 @@ enum class CvtProblem {
   kOverwritten = 41,        // what a result writes never stays
   kNameNotProvided = 42,    // a result's name that some drawing lacks and no list of the file brings
   kNameNotUsed = 43,        // a condition's name that no drawing has
+  kLayerNotNamed = 44,      // a layer setting without the condition that the dialog wants
+  kAlreadyThere = 45,       // a list line for what an earlier one makes or loads
 };
-inline constexpr CvtProblem kLastCvtProblem = CvtProblem::kNameNotUsed;
+inline constexpr CvtProblem kLastCvtProblem = CvtProblem::kAlreadyThere;
 
 struct CvtDiagnostic {
   CvtProblem problem;

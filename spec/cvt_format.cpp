@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/files.h"
+#include "base/fold.h"
 #include "base/text_files.h"
 #include "spec/cvt_parser.h"
 #include "spec/cvt_reader.h"
@@ -51,6 +52,28 @@ bool isLost(const CvtDiagnostic& diagnostic) {
   return dropsText(diagnostic.problem) || diagnostic.problem == CvtProblem::kExtraFields;
 }
 
+// Warnings of what a line says that come to an end when what it is read as is written in its place.
+bool isOfReading(CvtProblem problem) {
+  return problem == CvtProblem::kReadAsOther || problem == CvtProblem::kInvertedResult ||
+         problem == CvtProblem::kReadAsInverted || problem == CvtProblem::kOtherSign ||
+         problem == CvtProblem::kImpossibleValue || problem == CvtProblem::kNotALayerColor;
+}
+
+bool isSaidAgain(const CvtDiagnostic& diagnostic, const CvtDiagnostics& others) {
+  return std::ranges::any_of(others, [&](const CvtDiagnostic& other) {
+    return other.problem == diagnostic.problem && base::equalFolded(other.detail, diagnostic.detail);
+  });
+}
+
+// Lines whose mistake nobody would see any more.
+void addHardened(const ParsedCvt& parsed, const Specification& specification, CvtDiagnostics& lost) {
+  const CvtDiagnostics after = parseCvt(base::encodeText(cvtText(specification)).bytes).diagnostics;
+  for (const CvtDiagnostic& diagnostic : parsed.diagnostics) {
+    if (isOfReading(diagnostic.problem) && !isSaidAgain(diagnostic, after)) lost.push_back(diagnostic);
+  }
+  orderByLine(lost);
+}
+
 }  // namespace
 
 base::Result<FormattedCvt> formatCvtFile(const std::filesystem::path& file, bool drop) {
@@ -63,6 +86,7 @@ base::Result<FormattedCvt> formatCvtFile(const std::filesystem::path& file, bool
   FormattedCvt formatted;
   formatted.specification = specificationOf(parsed);
   std::ranges::copy_if(parsed.diagnostics, std::back_inserter(formatted.lost), isLost);
+  addHardened(parsed, formatted.specification, formatted.lost);
   if (!staysSame(formatted.specification)) {
     const auto changesNothing = [](const CvtDiagnostic& d) { return d.problem == CvtProblem::kNoResults; };
     std::ranges::copy_if(parsed.diagnostics, std::back_inserter(formatted.lost), changesNothing);

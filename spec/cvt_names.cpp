@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/fold.h"
+#include "spec/cvt_lines.h"
 
 namespace kiv {
 namespace {
@@ -15,6 +16,28 @@ const std::set<std::wstring> kAlways[kTables] = {
     {L"0"}, {L"BYLAYER", L"BYBLOCK", L"CONTINUOUS"}, {L"STANDARD"}};
 
 bool isPattern(const std::wstring& name) { return name.find_first_of(L"*?") != std::wstring::npos; }
+
+// False only where it is certain that no name that comes out of the result fits the condition.
+bool mayFit(const std::wstring& result, const std::wstring& condition) {
+  if (condition.find_first_of(L"~,") != std::wstring::npos) return true;
+  constexpr wchar_t kWildcards[] = L"#@.*?[]`";
+  const auto agree = [](const auto& one, const auto& other) {
+    const auto length = static_cast<std::ptrdiff_t>(std::min(std::size(one), std::size(other)));
+    return std::equal(std::begin(one), std::begin(one) + length, std::begin(other));
+  };
+  const std::wstring end = result.substr(result.find_last_of(L"*?") + 1);
+  const std::size_t last = condition.find_last_of(kWildcards);
+  const std::wstring othersEnd = last == condition.npos ? condition : condition.substr(last + 1);
+  return agree(result.substr(0, result.find_first_of(L"*?")),
+               condition.substr(0, condition.find_first_of(kWildcards))) &&
+         agree(std::wstring(end.rbegin(), end.rend()), std::wstring(othersEnd.rbegin(), othersEnd.rend()));
+}
+
+// 0 layers, 1 linetypes, 2 text styles that it names.
+int tableOf(int kind, const std::wstring& variable) {
+  return kind == kVariableKind && variable == L"DIMTXSTY" ? kTextStyles : nameTable(kind);
+}
+int tableOf(const Item& item) { return tableOf(item.kind, item.variable); }
 
 class NameCheck {
  public:
@@ -32,6 +55,12 @@ class NameCheck {
     for (std::size_t at = 0; at < layers.entries.size(); ++at) {
       if (!layers.entries[at][2].empty())
         checkProvided(kLinetypes, layers.entries[at][2], layers.entryPlaces[at]);
+    }
+    const CvtSection& variables = sectionOf(kDimensionSettingSection);
+    for (std::size_t at = 0; at < variables.entries.size(); ++at) {
+      const auto assignment = splitAssignment(joinFields(variables.entries[at]));
+      if (assignment && tableOf(kVariableKind, assignment->key) == kTextStyles)
+        checkProvided(kTextStyles, assignment->value, variables.entryPlaces[at]);
     }
   }
 
@@ -61,7 +90,7 @@ class NameCheck {
     for (const CvtSection& section : parsed_.sections) {
       for (const Setting& setting : section.settings) {
         for (const Item& result : setting.results) {
-          const int table = nameTable(result.kind);
+          const int table = tableOf(result);
           if (table != kNoTable) written_[static_cast<std::size_t>(table)].insert(result.value);
         }
       }
@@ -80,20 +109,23 @@ class NameCheck {
       for (std::size_t i = 0; i < setting.results.size(); ++i) {
         const Item& result = setting.results[i];
         const bool isNewName = number == kLayerSettingSection && result.kind == kLayerKind;
-        if (!isNewName && hasEffect(result.kind, number, true) && nameTable(result.kind) != kNoTable)
-          checkProvided(nameTable(result.kind), result.value, places.results[i]);
+        if (!isNewName && hasEffect(result.kind, number, true) && tableOf(result) != kNoTable)
+          checkProvided(tableOf(result), result.value, places.results[i]);
       }
     }
   }
 
   void checkProvided(int tableNumber, const std::wstring& name, const CvtPlace& place) {
     const auto table = static_cast<std::size_t>(tableNumber);
-    if (isPattern(name) || name.empty() || kAlways[table].contains(name) || brought_[table].contains(name))
-      return;
+    if (name.empty() || kAlways[table].contains(name) || brought_[table].contains(name)) return;
+    const auto comesOut = [&](const std::wstring& other) { return matches_(other, name); };
+    if (isPattern(name) && std::ranges::any_of(brought_[table], comesOut)) return;
     std::size_t count = 0;
     const DrawingNames* first = nullptr;
     for (const DrawingNames& drawing : drawings_) {
-      if (drawing.has[table].contains(name)) continue;
+      if (isPattern(name) ? std::ranges::any_of(drawing.has[table], comesOut)
+                          : drawing.has[table].contains(name))
+        continue;
       if (count++ == 0) first = &drawing;
     }
     if (count == 0) return;
@@ -103,16 +135,17 @@ class NameCheck {
   }
 
   void checkUsed(int number, const Item& condition, const CvtPlace& place) {
-    if (nameTable(condition.kind) == kNoTable || condition.value.empty()) return;
-    const auto table = static_cast<std::size_t>(nameTable(condition.kind));
+    if (tableOf(condition) == kNoTable || condition.value.empty()) return;
+    const auto table = static_cast<std::size_t>(tableOf(condition));
     const auto fits = [&](const std::wstring& name) {
-      // Of a new name that itself is a pattern nobody knows what comes out.
-      return isPattern(name) || matches_(name, condition.value);
+      // Of a new name that itself is a pattern not all that comes out is known.
+      return isPattern(name) ? mayFit(name, condition.value) : matches_(name, condition.value);
     };
     if (std::ranges::any_of(written_[table], fits)) return;
     for (const DrawingNames& drawing : drawings_) {
-      const bool ofLayers = number == kLayerSettingSection;
-      if (std::ranges::any_of(ofLayers ? drawing.has[table] : drawing.used[table], fits)) return;
+      // What dimensions name is not among what is used.
+      const bool ofTables = number == kLayerSettingSection || condition.kind == kVariableKind;
+      if (std::ranges::any_of(ofTables ? drawing.has[table] : drawing.used[table], fits)) return;
     }
     parsed_.diagnostics.push_back({CvtProblem::kNameNotUsed, place.line, place.text, condition.value});
   }

@@ -120,8 +120,25 @@ class SectionCheck {
   CvtDiagnostics& diagnostics_;
 };
 
-// Of lists whose later entries write what earlier ones have written: variables and text styles. Other entries
-// leave what is there.
+// What is there stays: layers and linetypes.
+void checkNamesakes(const CvtSection& section, CvtDiagnostics& diagnostics) {
+  const auto nameOf = [&](std::size_t at) -> const std::wstring& {
+    const std::vector<std::wstring>& fields = section.entries[at];
+    return fields.size() == 2 ? fields.back() : fields.front();
+  };
+  for (std::size_t at = 1; at < section.entries.size(); ++at) {
+    for (std::size_t earlier = 0; earlier < at; ++earlier) {
+      if (nameOf(at).empty() || nameOf(at) != nameOf(earlier)) continue;
+      const CvtPlace& place = section.entryPlaces[at];
+      if (section.entries[at] != section.entries[earlier])
+        diagnostics.push_back({CvtProblem::kAlreadyThere, place.line, place.text,
+                               std::to_wstring(section.entryPlaces[earlier].line)});
+      break;
+    }
+  }
+}
+
+// Of lists whose later entries write what earlier ones have written: variables and text styles.
 void checkList(const CvtSection& section, CvtDiagnostics& diagnostics) {
   const auto nameOf = [](const std::vector<std::wstring>& fields) {
     const auto assignment = splitAssignment(joinFields(fields));
@@ -149,6 +166,8 @@ void findOverwritten(ParsedCvt& parsed) {
       SectionCheck(info.number, section, parsed.diagnostics).run();
     } else if (info.number == kDimensionSettingSection || info.number == kFontSection) {
       checkList(section, parsed.diagnostics);
+    } else if (info.number == kLayerCreationSection || info.number == kLinetypeSection) {
+      checkNamesakes(section, parsed.diagnostics);
     }
   }
 }

@@ -161,6 +161,9 @@ void CvtSectionPass::checkSetting(const Setting& setting) {
     report(CvtProblem::kNoResults, *opened_, setting.name);
     return;
   }
+  if (info_.number == kLayerSettingSection &&
+      std::ranges::find(setting.conditions, kLayerKind, &Item::kind) == setting.conditions.end())
+    report(CvtProblem::kLayerNotNamed, *opened_);
   const bool counts =
       std::any_of(setting.conditions.begin(), setting.conditions.end(),
                   [this](const Item& condition) { return hasEffect(condition.kind, info_.number, false); });

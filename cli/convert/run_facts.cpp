@@ -86,11 +86,20 @@ void RunFacts::begin(cad::Handle traced) {
   settings_.clear();
   trace_.clear();
   traced_ = cad::kNoRecord;
-  tracedId_ = 0;
+  tracedId_ = layerId_ = 0;
   if (traced == 0) return;
   const cad::Drawing& drawing = session_.host().currentDrawing();
   traced_ = drawing.findHandle(traced);
-  if (traced_ != cad::kNoRecord) tracedId_ = cad::idOf(*cad::databaseOf(drawing), traced_).asOldId();
+  if (traced_ == cad::kNoRecord) return;
+  const auto idOf = [&](cad::RecordId id) { return cad::idOf(*cad::databaseOf(drawing), id).asOldId(); };
+  tracedId_ = idOf(traced_);
+  layer_ = drawing.find(cad::Table::kLayer, cad::propertyText(drawing, traced_, Property::kLayer));
+  if (layer_ != cad::kNoRecord) layerId_ = idOf(layer_);
+}
+
+bool RunFacts::isOfLayers() const {
+  constexpr int kLayerSettings = 6;
+  return settings_.back().section == kLayerSettings;
 }
 
 void RunFacts::settingBegins(const KivObservedSetting& setting) {
@@ -111,10 +120,13 @@ void RunFacts::objectTested(const KivObservedObject& object, const unsigned char
     if (passes[i] != 0) ++setting.conditions[i].passing;
     if (failed < 0 || i < static_cast<std::size_t>(failed)) ++setting.conditions[i].left;
   }
-  if (!isTraced(object)) return;
-  SettingTrace step{setting.section, setting.number, SettingTrace::End::kHit, {}, {}, {}, {}, {}};
+  // What does not reach its layer is of no concern to an entity.
+  if (!isTraced(object) || (isOfLayers() && failed >= 0)) return;
+  const cad::Drawing& drawing = session_.host().currentDrawing();
+  SettingTrace step;
+  step.section = setting.section, step.number = setting.number, step.end = SettingTrace::End::kHit;
+  if (isOfLayers()) step.layer = cad::propertyText(drawing, layer_, Property::kName);
   if (failed >= 0) {
-    const cad::Drawing& drawing = session_.host().currentDrawing();
     step.end = SettingTrace::End::kFailed;
     step.condition = setting.conditions[static_cast<std::size_t>(failed)].text;
     step.value = valueFor(drawing, traced_, step.condition);

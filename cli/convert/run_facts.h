@@ -12,9 +12,10 @@
 
 namespace kivcli {
 
-// How one setting went for one entity.
+// How one setting went for one entity, or a layer setting for its layer.
 struct SettingTrace {
   int section = 0, number = 0;
+  std::wstring layer;  // its layer's name before the setting; empty: the setting went for the entity itself
   enum class End { kFailed, kHit, kLocked, kRefused } end = End::kFailed;
   std::wstring condition, value;      // failed: the first condition that it did not meet, and what it has
   std::vector<std::wstring> done;     // hit: the results that changed it
@@ -42,16 +43,19 @@ class RunFacts {
   void objectHit(const KivObservedObject& object, int hit);
   void resultBegins();
   void resultEnds(int result, bool isRefused);
-  bool isTraced(const KivObservedObject& object) const { return tracedId_ != 0 && object.id == tracedId_; }
+  bool isTraced(const KivObservedObject& object) const {
+    return tracedId_ != 0 && object.id == (isOfLayers() ? layerId_ : tracedId_);
+  }
+  bool isOfLayers() const;
 
   Session& session_;
   std::vector<SettingFacts> settings_;
   std::vector<SettingTrace> trace_;
-  cad::RecordId traced_ = cad::kNoRecord;
-  long long tracedId_ = 0;
-  bool followsHit_ = false;    // the object hit last is the one that is followed
-  bool isHitCounted_ = false;  // and has been counted as changed
-  std::uint64_t state_ = 0;    // of the drawing before the result
+  cad::RecordId traced_ = cad::kNoRecord, layer_ = cad::kNoRecord;
+  long long tracedId_ = 0, layerId_ = 0;  // of the entity that is followed, and of its layer
+  bool followsHit_ = false;               // the object hit last is the one that is followed
+  bool isHitCounted_ = false;             // and has been counted as changed
+  std::uint64_t state_ = 0;               // of the drawing before the result
 };
 
 }  // namespace kivcli

@@ -4,8 +4,10 @@
 #include <string>
 
 #include "base/codepage.h"
+#include "base/drawing_version.h"
 #include "cli/commands.h"
 #include "cli/console.h"
+#include "cli/language/language.h"
 #include "cli/opened_drawing.h"
 #include "cli/reports/change_text.h"
 #include "cli/reports/report_json.h"
@@ -26,6 +28,11 @@ int runDiff(const Arguments& arguments) {
   if (arguments.asJson) {
     printText(base::fromUtf8(toJson(differences).dump(2)));
   } else {
+    const auto release = [](const cad::Drawing& drawing) {
+      return translated(base::releaseName(drawing.facts().version));
+    };
+    if (before->facts().version != after->facts().version)
+      printLine(tr(L"versions: %1 -> %2", {release(*before), release(*after)}));
     for (const std::wstring& line : differenceLines(differences)) printLine(line);
     printLine(countsText(countsOf(differences)));
   }

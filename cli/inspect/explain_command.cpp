@@ -27,10 +27,7 @@ namespace {
 void printSetting(const SettingFacts& facts) {
   printLine(L"  " + settingTitle(facts));
   if (facts.isEntry) {
-    const ResultFacts& result = facts.results[0];
-    printLine(L"    " + tr(result.refused > 0   ? L"refused"
-                           : result.changed > 0 ? L"changes the drawing"
-                                                : L"changes nothing"));
+    printLine(L"    " + entryText(facts));
     return;
   }
   printLine(L"    " + tr(L"looked at: %1", {std::to_wstring(facts.looked)}));
@@ -111,12 +108,19 @@ Entity entityOf(const Arguments& arguments, const std::wstring& file) {
   return {type + L" " + arguments.entity, whyNotTested(*drawing.value(), id, arguments.blockScope), {}};
 }
 
+// Does some step go for the entity itself?
+bool isTested(const std::vector<SettingTrace>& trace) {
+  return std::ranges::any_of(trace, [](const SettingTrace& step) { return step.layer.empty(); });
+}
+
 void printEntity(const Entity& entity, const std::vector<SettingTrace>& trace) {
   printLine(L"  " + entity.title);
-  if (trace.empty()) printLine(L"    " + entity.whyNotTested);
-  for (const SettingTrace& step : trace)
-    printLine(L"    " + sectionName(step.section) + L" " + std::to_wstring(step.number) + L": " +
+  for (const SettingTrace& step : trace) {
+    const std::wstring layer = step.layer.empty() ? L"" : tr(L"its layer %1", {step.layer}) + L": ";
+    printLine(L"    " + sectionName(step.section) + L" " + std::to_wstring(step.number) + L": " + layer +
               stepText(step));
+  }
+  if (!isTested(trace)) printLine(L"    " + entity.whyNotTested);
 }
 
 Json entityJson(const Entity& entity, const std::vector<SettingTrace>& trace) {
@@ -126,6 +130,7 @@ Json entityJson(const Entity& entity, const std::vector<SettingTrace>& trace) {
     Json json = {{"section", step.section},
                  {"number", step.number},
                  {"end", kEnds[static_cast<std::size_t>(step.end)]}};
+    if (!step.layer.empty()) json["layer"] = base::toUtf8(step.layer);
     if (step.end == SettingTrace::End::kFailed) {
       json["condition"] = base::toUtf8(step.condition), json["value"] = base::toUtf8(step.value);
     }
@@ -135,7 +140,7 @@ Json entityJson(const Entity& entity, const std::vector<SettingTrace>& trace) {
     steps.push_back(std::move(json));
   }
   Json json = {{"entity", base::toUtf8(entity.title)}, {"settings", std::move(steps)}};
-  if (trace.empty()) json["notTested"] = base::toUtf8(entity.whyNotTested);
+  if (!isTested(trace)) json["notTested"] = base::toUtf8(entity.whyNotTested);
   return json;
 }
 
@@ -146,14 +151,22 @@ struct Explanation {
   Json json = Json::array();  // of all drawings
 };
 
+// Without the layer settings that left its layer as it was.
+std::vector<SettingTrace> stepsOf(const RunFacts& facts) {
+  std::vector<SettingTrace> steps = facts.trace();
+  std::erase_if(steps, [](const SettingTrace& step) {
+    return !step.layer.empty() && step.end == SettingTrace::End::kHit && step.done.empty() &&
+           step.refused.empty();
+  });
+  return steps;
+}
+
 void explain(DrawingConversion& conversion, const Arguments& arguments, const std::wstring& file,
              Explanation& out) {
   const DrawingReport report = conversion.run({file, {}, base::SaveFormat::kDxf, whyNotReadTwice(file)});
   for (const std::wstring& message : report.messages) complain(message);
-  if (report.outcome == Outcome::kNotConverted) {
-    out.status = kSomeFailed;
-    return;
-  }
+  if (report.outcome != Outcome::kConverted) out.status = kSomeFailed;
+  if (report.outcome == Outcome::kNotConverted) return;
   Entity entity;
   if (!arguments.entity.empty()) entity = entityOf(arguments, file);
   if (!entity.refusal.empty()) {
@@ -163,12 +176,12 @@ void explain(DrawingConversion& conversion, const Arguments& arguments, const st
   }
   if (arguments.asJson) {
     Json json = toJson(report);
-    if (!entity.title.empty()) json["traced"] = entityJson(entity, conversion.facts().trace());
+    if (!entity.title.empty()) json["traced"] = entityJson(entity, stepsOf(conversion.facts()));
     out.json.push_back(std::move(json));
     return;
   }
   printLine(file + L": " + countsText(report.counts));
-  if (!entity.title.empty()) return printEntity(entity, conversion.facts().trace());
+  if (!entity.title.empty()) return printEntity(entity, stepsOf(conversion.facts()));
   for (const SettingFacts& facts : report.settings) printSetting(facts);
 }
 
@@ -185,10 +198,11 @@ int runExplain(const Arguments& given) {
   const std::wstring specification = base::fullPath(arguments.specification);
   session.value()->host().setSupportPath(
       cad::usualSupportPath(base::pathFromText(specification).parent_path()));
-  if (!reportSpecification(arguments.specification, session.value()->checkSpecification(specification)))
-    return kUnusable;
+  const KivSpecificationReport rules = session.value()->checkSpecification(specification);
+  if (!reportSpecification(arguments.specification, rules)) return kUnusable;
   DrawingConversion conversion(*session.value(), arguments, {}, true);
   Explanation explanation;
+  if (droppedLines(rules) > 0 || rules.changes == 0) explanation.status = kSomeFailed;
   for (const std::wstring& file : arguments.files) explain(conversion, arguments, file, explanation);
   if (arguments.asJson) printText(base::fromUtf8(explanation.json.dump(2)));
   return explanation.status;

@@ -55,8 +55,8 @@ constexpr Translation kRows[] = {
     {L"no drawing stands in this folder", L"このフォルダーには図面がありません"},
     {L"%1: not in the form of the dialog", L"%1: ダイアログが保存する形になっていません"},
     {L"%1: written", L"%1: 書き出しました"},
-    {L"these lines would be lost; nothing is written without --drop",
-     L"これらの行が失われます。--drop を付けないと書き出しません"},
+    {L"these lines would be lost or would say what they are read as; nothing is written without --drop",
+     L"これらの行が失われるか、読み取られた値に書き換わります。--drop を付けないと書き出しません"},
     {L"nothing differs from %1, so there is nothing to learn",
      L"%1 と違うところがないため、学ぶことがありません"},
     {L"learned from %1 and %2", L"%1 と %2 から作成"},
@@ -65,6 +65,7 @@ constexpr Translation kRows[] = {
     {L"to be converted with%1", L"変換には%1 を付けてください"},
     {L"not explained: %1", L"説明できない変更: %1"},
     {L"not explained: %1; the rules make it %2", L"説明できない変更: %1。規則では %2 になります"},
+    {L"not written: no rule was found", L"規則が見つからないため、書き出しません"},
     {L"entities that differ", L"異なる図形"},
     {L"done by the rules and not by hand: %1", L"規則では行われるが手作業では行われていない変更: %1"},
 };

@@ -88,7 +88,7 @@ std::vector<std::wstring> changeLines(const DrawingReport& report) {
       if (facts.hits == 0) continue;
       lines.push_back(L"  " + settingTitle(facts));
       if (!facts.isEntry) lines.push_back(L"    " + hitsText(facts));
-      if (facts.isEntry && facts.refused() > 0) lines.push_back(L"    " + tr(L"refused"));
+      if (facts.isEntry && facts.refused() > 0) lines.push_back(L"    " + entryText(facts));
     }
   }
   for (const std::wstring& line : differenceLines(report.changes)) lines.push_back(L"  " + line);
@@ -101,6 +101,12 @@ std::wstring hitsText(const SettingFacts& facts) {
   if (facts.locked > 0) text += L", " + tr(L"on locked layers: %1", {std::to_wstring(facts.locked)});
   if (facts.refused() > 0) text += L", " + tr(L"refused: %1", {std::to_wstring(facts.refused())});
   return text;
+}
+
+std::wstring entryText(const SettingFacts& facts) {
+  const bool isRefused = facts.refused() > 0, isDone = facts.results.front().changed > 0;
+  if (isRefused) return tr(isDone ? L"changes the drawing; a part of it is refused" : L"refused");
+  return tr(isDone ? L"changes the drawing" : L"changes nothing");
 }
 
 std::wstring sectionName(int section) {

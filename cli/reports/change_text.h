@@ -23,6 +23,7 @@ std::wstring countsText(const ChangeCounts& counts);
 std::vector<std::wstring> changeLines(const DrawingReport& report);
 
 std::wstring sectionName(int section);                 // 1 to 10
+std::wstring entryText(const SettingFacts& facts);     // what became of an entry of a list
 std::wstring hitsText(const SettingFacts& facts);      // hits, changes, refusals
 std::wstring settingTitle(const SettingFacts& facts);  // "texts 2: 画層=A* -> 画層=B"
 

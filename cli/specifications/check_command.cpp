@@ -66,7 +66,8 @@ int runCheck(const Arguments& arguments) {
     }
   }
   const std::vector<KivDrawingNames>& given = names.given();
-  int worst = kAllDone;
+  for (const base::Failure& failure : names.unreadable()) complainOfProgram(failure);
+  int worst = names.unreadable().empty() ? kAllDone : kSomeFailed;
   Json json = Json::array();
   for (const std::wstring& file : arguments.files) {
     KivSpecificationReport report{};

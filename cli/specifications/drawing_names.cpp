@@ -37,10 +37,15 @@ base::Status NamesOfDrawings::take(const std::wstring& drawingOrFolder) {
   if (error) return base::Failure{drawingOrFolder, base::fromUtf8(error.message())};
   if (files.empty()) return base::Failure{drawingOrFolder, tr(L"no drawing stands in this folder")};
   std::ranges::sort(files);
+  const std::size_t unread = unreadable_.size();
   for (const fs::path& file : files) {
-    if (base::Status taken = takeDrawing(base::pathText(file)); !taken) return taken;
+    if (base::Status taken = takeDrawing(base::pathText(file)); !taken)
+      unreadable_.push_back(taken.failure());
   }
-  return {};
+  if (unreadable_.size() - unread < files.size()) return {};
+  base::Failure first = unreadable_[unread];
+  unreadable_.resize(unread);
+  return first;
 }
 
 base::Status NamesOfDrawings::takeDrawing(const std::wstring& file) {

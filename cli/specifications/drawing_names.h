@@ -13,8 +13,10 @@ namespace kivcli {
 
 class NamesOfDrawings {
  public:
-  // Drawings, and folders with drawings in them at any depth. Failures: what cannot be read, by its name.
+  // Drawings, and folders with drawings in them at any depth. Failures: what cannot be read, by its name; of
+  // a folder's drawings those that cannot are left out and stand in unreadable().
   base::Status take(const std::wstring& drawingOrFolder);
+  const std::vector<base::Failure>& unreadable() const { return unreadable_; }
 
   // Valid as long as this object, until the next take().
   const std::vector<KivDrawingNames>& given();
@@ -28,6 +30,7 @@ class NamesOfDrawings {
   KivNames pointTo(const std::set<std::wstring>& names);
 
   std::vector<Names> drawings_;
+  std::vector<base::Failure> unreadable_;
   std::vector<std::vector<const wchar_t*>> lists_;
   std::vector<KivDrawingNames> given_;
 };

@@ -27,7 +27,9 @@ int format(Session& session, const Arguments& arguments, const std::wstring& fil
       return arguments.checksOnly ? kSomeFailed : kAllDone;
     case kKivLinesLost:
       complainOfLines(file, report.diagnostics, report.diagnosticCount);
-      complain(file + L": " + tr(L"these lines would be lost; nothing is written without --drop"));
+      complain(file + L": " +
+               tr(L"these lines would be lost or would say what they are read as; nothing is written without "
+                  L"--drop"));
       return kSomeFailed;
     default:
       complain(file + L": " + translated(report.failure));

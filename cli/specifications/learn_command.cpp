@@ -61,6 +61,7 @@ struct Learned {
   std::vector<LeftChange> left;  // what differs from the second drawing after the conversion
 
   std::size_t explained() const { return changes - left.size(); }
+  bool hasRules() const { return !rules.settings.empty() || !rules.entries.empty(); }
 };
 
 class Learning {
@@ -93,7 +94,9 @@ class Learning {
       if (!best || outcome.left.size() < best->left.size()) best = std::move(outcome);
     }
     if (Status needed = keepNeededEntries(byHand, *best); !needed) return needed.failure();
-    if (Status written = write(best->rules, file_); !written) return written.failure();
+    if (best->hasRules()) {
+      if (Status written = write(best->rules, file_); !written) return written.failure();
+    }
     for (const auto* drawn : {&before, &after})
       if (Status unchanged = drawn->value()->storage().checkUnchanged(); !unchanged)
         return unchanged.failure();
@@ -200,13 +203,15 @@ void tell(const Arguments& arguments, const Learned& outcome) {
   std::wstring options;
   if (scope.blockScope != 0) options += L" --block-scope " + std::to_wstring(scope.blockScope);
   if (scope.ignoresLocks) options += L" --ignore-locks";
-  if (!options.empty()) printLine(tr(L"to be converted with%1", {options}));
+  if (!options.empty() && outcome.hasRules()) printLine(tr(L"to be converted with%1", {options}));
+  if (!outcome.hasRules()) printLine(arguments.outputFile + L": " + tr(L"not written: no rule was found"));
   for (const LeftChange& left : outcome.left) printLine(leftText(left));
 }
 
 void tellAsJson(const Arguments& arguments, const Learned& outcome) {
   Json json;
   json["file"] = readable(arguments.outputFile);
+  json["written"] = outcome.hasRules();
   json["settings"] = outcome.rules.settings.size();
   json["entries"] = outcome.rules.entries.size();
   json["changes"] = outcome.changes;

@@ -133,6 +133,9 @@ void HandMadeChanges::leave(Left& left, const Key& key, LeftChange change) const
 void HandMadeChanges::leaveRecord(Left& left, bool isEntity, const cad::RecordDifference& difference,
                                   const cad::Drawing& converted) const {
   if (isEntity && isOfNewBlock(difference, converted)) return;
+  // The second drawing has no more than entities that name it.
+  const bool isImplied = difference.after != cad::kNoRecord && after_.record(difference.after).implied();
+  if (isImplied && isMade(difference.before)) return;
   const Kind kind = isEntity ? Kind::kEntity : Kind::kRecord;
   const Key whole{isEntity ? Kind::kNewEntity : Kind::kNewRecord, difference.after, {}};
   const LeftChange change{{objectText(difference), {}, {}, {}}, true, {}, difference.after};

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <deque>
+#include <filesystem>
+#include <set>
 
 #include "base/codepage.h"
 #include "base/files.h"
@@ -14,6 +16,7 @@
 namespace kivcli {
 namespace {
 
+namespace fs = std::filesystem;
 using cad::Property;
 using cad::Table;
 
@@ -59,12 +62,12 @@ std::vector<std::wstring> creationFields(const cad::Drawing& drawing, cad::Recor
   return fields;
 }
 
-std::vector<std::filesystem::path> linetypeFiles(const std::vector<std::filesystem::path>& folders) {
-  std::vector<std::filesystem::path> files;
-  for (const std::filesystem::path& folder : folders) {
-    std::vector<std::filesystem::path> here;
+std::vector<fs::path> linetypeFiles(const std::vector<fs::path>& folders) {
+  std::vector<fs::path> files;
+  for (const fs::path& folder : folders) {
+    std::vector<fs::path> here;
     std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
+    for (const auto& entry : fs::directory_iterator(folder, error)) {
       if (base::equalFolded(base::pathText(entry.path().extension()), L".lin")) here.push_back(entry.path());
     }
     std::ranges::sort(here);
@@ -82,9 +85,9 @@ bool isSamePattern(const cad::support::LinetypeDefinition& definition, const std
 
 // The file with the very pattern, else the first one with the name; empty: none has it.
 std::wstring fileOfLinetype(const std::wstring& name, const std::vector<cad::Dash>& dashes,
-                            const std::vector<std::filesystem::path>& files) {
+                            const std::vector<fs::path>& files) {
   std::wstring found;
-  for (const std::filesystem::path& file : files) {
+  for (const fs::path& file : files) {
     const auto content = base::readFile(file);
     if (!content.ok()) continue;
     for (const auto& definition : cad::support::parseLinetypes(content.value())) {
@@ -170,7 +173,7 @@ class Given {
   std::deque<std::vector<const wchar_t*>> fields_;
 };
 
-base::Status written(const std::filesystem::path& file, const wchar_t* refusal) {
+base::Status written(const fs::path& file, const wchar_t* refusal) {
   if (refusal[0] == L'\0') return {};
   return base::Failure{base::pathText(file), refusal};
 }
@@ -200,8 +203,20 @@ LearnedRules settingsFor(LearnedDrawing& drawing, const LearnedScope& scope) {
   return learned;
 }
 
-base::Status writeTexts(Session& session, const std::vector<std::wstring>& texts,
-                        const std::filesystem::path& file) {
+// A file for a text list that does not stand there yet, in any case: whose it is, nobody knows.
+fs::path newListFile(const fs::path& file, int& number) {
+  std::set<std::wstring> taken;
+  std::error_code error;
+  for (const auto& entry : fs::directory_iterator(file.parent_path(), error))
+    taken.insert(base::upper(base::pathText(entry.path().filename())));
+  std::wstring name;
+  do {
+    name = base::pathText(file.stem()) + L"-" + std::to_wstring(++number) + L".LIST";
+  } while (taken.contains(base::upper(name)));
+  return file.parent_path() / base::pathFromText(name);
+}
+
+base::Status writeTexts(Session& session, const std::vector<std::wstring>& texts, const fs::path& file) {
   std::vector<const wchar_t*> rows;
   for (const std::wstring& text : texts) rows.push_back(text.c_str());
   const KivNames names{static_cast<int>(rows.size()), rows.data()};
@@ -224,14 +239,14 @@ LearnedRules learnSettings(LearnedDrawing& drawing, const LearnedScope& scope) {
 
 std::vector<LearnedEntry> learnEntries(const cad::Drawing& before, const cad::Drawing& after,
                                        const cad::DrawingDifferences& differences,
-                                       const std::vector<std::filesystem::path>& supportPath) {
+                                       const std::vector<fs::path>& supportPath) {
   std::vector<LearnedEntry> entries;
   addVariables(after, differences, entries);
   for (const cad::RecordId layer : newRecords(before, after, Table::kLayer)) {
     if (!isRenamed(layer, differences))
       entries.push_back({kiv::kLayerCreationSection, creationFields(after, layer), layer});
   }
-  const std::vector<std::filesystem::path> files = linetypeFiles(supportPath);
+  const std::vector<fs::path> files = linetypeFiles(supportPath);
   for (const cad::RecordId linetype : newRecords(before, after, Table::kLinetype)) {
     const std::wstring& name = after.names().text(after.recordName(linetype));
     const std::wstring file = fileOfLinetype(name, after.dashes(linetype), files);
@@ -249,15 +264,23 @@ std::vector<LearnedEntry> learnEntries(const cad::Drawing& before, const cad::Dr
 }
 
 base::Status writeLearned(Session& session, const LearnedRules& rules, const std::wstring& remark,
-                          const std::filesystem::path& file) {
+                          const fs::path& file) {
   Given given;
-  int lists = 0;
+  int number = 0;
+  std::vector<fs::path> lists;
+  const auto withoutLists = [&](base::Status failed) {
+    std::error_code unknown;
+    for (const fs::path& list : lists) fs::remove(list, unknown);
+    return failed;
+  };
   for (const LearnedSetting& setting : rules.settings) {
     std::wstring name;
     if (!setting.rule.texts.empty()) {
-      name = base::pathText(file.stem()) + L"-" + std::to_wstring(++lists) + L".LIST";
-      const std::filesystem::path list = file.parent_path() / base::pathFromText(name);
-      if (base::Status status = writeTexts(session, setting.rule.texts, list); !status) return status;
+      const fs::path list = newListFile(file, number);
+      name = base::pathText(list.filename());
+      if (base::Status status = writeTexts(session, setting.rule.texts, list); !status)
+        return withoutLists(std::move(status));
+      lists.push_back(list);
     }
     given.add(setting, name);
   }
@@ -265,7 +288,9 @@ base::Status writeLearned(Session& session, const LearnedRules& rules, const std
   const KivSpecification specification{remark.c_str(), static_cast<int>(given.settings.size()),
                                        given.settings.data(), static_cast<int>(given.entries.size()),
                                        given.entries.data()};
-  return written(file, session.specifications().write(&specification, base::pathText(file).c_str()));
+  base::Status status =
+      written(file, session.specifications().write(&specification, base::pathText(file).c_str()));
+  return status ? std::move(status) : withoutLists(std::move(status));
 }
 
 }  // namespace kivcli

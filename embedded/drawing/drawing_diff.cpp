@@ -57,6 +57,7 @@ class Comparing {
     compareBlockEntries();
     compareEntities();
     if (before_.format() == after_.format() && byHandle_) compareObjects();
+    if (before_.format() == after_.format()) compareOthers();
     compareVariables();
     return std::move(result_);
   }
@@ -171,9 +172,29 @@ class Comparing {
     return live(drawing, drawing.entitiesOf(block));
   }
 
+  // Programs that make the same block give its entities handles in an order of their own.
+  bool pairDefinition(RecordId block, const std::vector<RecordId>& content) {
+    const RecordId other = blocks_[block];
+    if (other == kNoRecord || before_.isLayoutSpace(block)) return false;
+    const std::vector<RecordId> others = contentOf(after_, other);
+    const RecordComparison free(before_, after_, false);
+    const bool isSame = std::ranges::equal(content, others, [&](RecordId one, RecordId two) {
+      return before_.subRecordsOf(one).empty() && after_.subRecordsOf(two).empty() &&
+             before_.typeName(one) == after_.typeName(two) && !before_.typeName(one).ends_with("DIMENSION") &&
+             free.changes(one, two).empty();
+    });
+    if (isSame) taken_.insert(others.begin(), others.end());
+    return isSame;
+  }
+
   void compareEntities() {
+    std::unordered_set<RecordId> same;  // blocks
+    for (const RecordId block : before_.tableRecords(Table::kBlock))
+      if (byHandle_ && !isPictureName(nameOf(before_, block)) &&
+          pairDefinition(block, contentOf(before_, block)))
+        same.insert(block);
     for (const RecordId block : before_.tableRecords(Table::kBlock)) {
-      if (isPictureName(nameOf(before_, block))) continue;
+      if (isPictureName(nameOf(before_, block)) || same.contains(block)) continue;
       const std::vector<RecordId> content = contentOf(before_, block);
       if (byHandle_) {
         for (const RecordId id : content) compareEntity({id, partnerOfEntity(id)});
@@ -275,6 +296,42 @@ class Comparing {
     }
     for (RecordId id = 0; id < after_.recordCount(); ++id)
       if (isObject(after_, id) && !met.contains(id)) tell(result_.objects, {kNoRecord, id});
+  }
+
+  using ByType = std::map<std::string_view, std::vector<RecordId>>;
+  static ByType othersOf(const Drawing& drawing) {
+    ByType found;
+    for (RecordId id = 0; id < drawing.recordCount(); ++id) {
+      const Record& record = drawing.record(id);
+      if (record.kind == RecordKind::kOther && !record.erased()) found[drawing.typeName(id)].push_back(id);
+    }
+    return found;
+  }
+
+  // Of each type, what is the same at both ends stays out of it; the rest is paired in its order.
+  void compareOthers() {
+    ByType left = othersOf(before_), right = othersOf(after_);
+    for (const auto& [type, ids] : right) left[type];
+    for (auto& [type, ids] : left) {
+      std::vector<RecordId>& others = right[type];
+      const std::size_t same = sameAtBothEnds(ids, others);
+      for (std::size_t i = same; i < std::max(ids.size(), others.size()); ++i) {
+        const Pair pair{i < ids.size() ? ids[i] : kNoRecord, i < others.size() ? others[i] : kNoRecord};
+        const bool both = pair.before != kNoRecord && pair.after != kNoRecord;
+        tell(result_.objects, pair,
+             both ? records_.changes(pair.before, pair.after) : std::vector<ValueChange>());
+      }
+    }
+  }
+
+  // How many are the same at the beginning; those that are at the end are taken away.
+  std::size_t sameAtBothEnds(std::vector<RecordId>& ids, std::vector<RecordId>& others) const {
+    std::size_t begin = 0;
+    const auto holdSame = [&](RecordId one, RecordId other) { return records_.changes(one, other).empty(); };
+    while (begin < ids.size() && begin < others.size() && holdSame(ids[begin], others[begin])) ++begin;
+    while (begin < ids.size() && begin < others.size() && holdSame(ids.back(), others.back()))
+      ids.pop_back(), others.pop_back();
+    return begin;
   }
 
   void compareVariables() {

@@ -37,6 +37,12 @@ void fillDefaults(Variables& variables) {
     if (!variables[variable.row]) variables[variable.row] = defaultValue(variable);
 }
 
+// Files of older versions have the mark of a line's end in two characters.
+std::wstring withLineEnds(std::wstring text) {
+  for (std::size_t at = 0; (at = text.find(L"^J", at)) != text.npos; ++at) text.replace(at, 2, L"\n");
+  return text;
+}
+
 std::wstring shown(const std::optional<Variable>& value) {
   return value ? variableText(*value) : std::wstring();
 }
@@ -62,6 +68,12 @@ std::wstring onlyIn(const std::vector<std::wstring>& own, const std::vector<std:
     text += left[i];
   }
   return text;
+}
+
+// What a version cannot hold is as it usually is.
+bool isLeftOut(const Drawing& drawing, RecordId id, const std::wstring& text, const Drawing& other,
+               RecordId others, const std::wstring& othersText, Property property) {
+  return text.empty() && !drawing.canHold(id, property) && othersText == defaultText(other, others, property);
 }
 
 RecordId pictureOf(const Drawing& drawing, RecordId dimension) {
@@ -98,10 +110,16 @@ std::vector<ValueChange> RecordComparison::changes(RecordId one, RecordId other)
 }
 
 void RecordComparison::addProperties(RecordId one, RecordId other, std::vector<ValueChange>& changes) const {
+  // What only entities name could have anything.
+  const bool isOneImplied = before_.record(one).implied() != after_.record(other).implied();
   for (const PropertyInfo& info : allProperties()) {
     std::wstring left = propertyText(before_, one, info.property);
     std::wstring right = propertyText(after_, other, info.property);
-    if (left == right) continue;
+    if (left == right || (isOneImplied && (left.empty() || right.empty()))) continue;
+    if (isLeftOut(before_, one, left, after_, other, right, info.property) ||
+        isLeftOut(after_, other, right, before_, one, left, info.property))
+      continue;
+    if (info.type == PropertyType::kText && withLineEnds(left) == withLineEnds(right)) continue;
     // Names are equal in any case, but for what a record itself is called.
     if (info.names != Table::kNone && base::equalFolded(left, right)) continue;
     if (info.type == PropertyType::kReal && sameReal(before_, one, after_, other, info.property)) continue;

@@ -93,22 +93,27 @@ std::wstring pointText(const Point& point) {
   return text + L")";
 }
 
+std::wstring defaultText(const Drawing& drawing, RecordId id, Property property) {
+  const PropertyInfo& info = propertyInfo(property);
+  if (info.type == PropertyType::kInteger)
+    return integerText(property, defaultInteger(drawing, id, property));
+  return info.type == PropertyType::kReal ? shortNumberText(info.defaultValue) : defaultName(property);
+}
+
 std::wstring propertyText(const Drawing& drawing, RecordId id, Property property) {
   const PropertyInfo& info = propertyInfo(property);
   switch (info.type) {
     case PropertyType::kInteger:
       if (const auto value = drawing.integer(id, property)) return integerText(property, *value);
-      return drawing.canHold(id, property) ? integerText(property, defaultInteger(drawing, id, property))
-                                           : std::wstring();
+      break;
     case PropertyType::kReal:
       if (const auto value = drawing.real(id, property)) return shortNumberText(*value);
-      return drawing.canHold(id, property) ? shortNumberText(info.defaultValue) : std::wstring();
+      break;
     case PropertyType::kName:
     case PropertyType::kText:
-      break;
+      if (auto value = drawing.text(id, property)) return *std::move(value);
   }
-  if (auto value = drawing.text(id, property)) return *std::move(value);
-  return drawing.canHold(id, property) ? defaultName(property) : std::wstring();
+  return drawing.canHold(id, property) ? defaultText(drawing, id, property) : std::wstring();
 }
 
 std::wstring patternText(const Drawing& drawing, RecordId linetype) {

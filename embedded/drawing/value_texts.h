@@ -19,6 +19,8 @@ std::wstring pointText(const Point& point);
 
 // A record that does not say it has the property's default. Empty: records of its type do not have it.
 std::wstring propertyText(const Drawing& drawing, RecordId id, Property property);
+// What it has where nothing is said.
+std::wstring defaultText(const Drawing& drawing, RecordId id, Property property);
 
 // Of a linetype: lengths of dashes, gaps and dots, with texts and shapes in brackets.
 std::wstring patternText(const Drawing& drawing, RecordId linetype);

@@ -42,6 +42,16 @@ TEST_F(SpecificationsTest, FmtWritesTheDialogsFormAndLosesNothingUnasked) {
   EXPECT_EQ(kivcvt({"check", "lossy.cvt"}).out,
             "lossy.cvt: 1 setting, 0 list entries; every line is understood\n");
 
+  // What the reader takes otherwise than it is written would look as if it were meant.
+  writeSpecification("red.cvt",
+                     "[文字]\n[***]\n{\n[色] = 赤\n[線種] <> X\n[文字角度] = 右\n}\n---End---\n[EOF]\n");
+  const ProgramRun hardened = kivcvt({"fmt", "red.cvt"});
+  EXPECT_EQ(hardened.status, 1);
+  EXPECT_TRUE(contains(hardened.err, "red.cvt:4: ") && contains(hardened.err, "red.cvt:5: ") &&
+              !contains(hardened.err, "red.cvt:6: "))
+      << hardened.err;
+  EXPECT_TRUE(contains(read("red.cvt"), "<> X"));
+
   // What the code page does not have is told and stays in the file.
   write("utf8.cvt", "\xEF\xBB\xBF[文字]\n[画層] = \xF0\x9F\x8F\xA0\n{\n[色]=3\n}\n---End---\n[EOF]\n");
   const std::string utf8 = read("utf8.cvt");
@@ -65,6 +75,12 @@ TEST_F(SpecificationsTest, CheckHoldsNamesAgainstDrawings) {
   const ProgramRun json = kivcvt({"check", "--json", "--drawings=in/deep/a.dxf", "names.cvt"});
   EXPECT_TRUE(contains(json.out, "\"number\": 43") && contains(json.out, "\"droppedLines\": 0")) << json.out;
   EXPECT_EQ(kivcvt({"check", "names.cvt", "--drawings", "none.dxf"}).status, 2);
+  // Of a folder the others count all the same.
+  write("in/broken.dxf", "");
+  const ProgramRun others = kivcvt({"check", "names.cvt", "--drawings", "in"});
+  EXPECT_EQ(others.status, 1);
+  EXPECT_TRUE(contains(others.err, "broken.dxf: ") && contains(others.err, "missing in 1 of 1 drawings"))
+      << others.err;
 }
 
 // Each pair of drawings of the cases, and what no rule explains of it.
@@ -152,6 +168,34 @@ TEST_F(SpecificationsTest, LearnCountsWhatTheRunMakesOfTheRules) {
   EXPECT_EQ(kivcvt({"check", "new.cvt"}).err, "");
 }
 
+// Nobody knows whose a list is that is there already; a layer that no table has is no layer added.
+TEST_F(SpecificationsTest, LearnLeavesTextListsAlone) {
+  const auto plan = [](const char* layer) {
+    std::string entities;
+    for (const char* room : {"a", "b", "c"}) entities += text(layer, room);
+    const std::string whole = drawing(entities + text("0", "d") + text("0", "e"));
+    return whole;
+  };
+  write("a.dxf", plan("0"));
+  write("b.dxf", plan("TARGET"));
+  write("NEW-1.list", "precious");
+  const ProgramRun run = kivcvt({"learn", "a.dxf", "b.dxf", "--out", "new.cvt"});
+  EXPECT_EQ(run.status, 0) << run.out << run.err;
+  EXPECT_EQ(read("NEW-1.list"), "precious");
+  EXPECT_TRUE(fs::exists(folder() / "new-2.LIST"));
+
+  const auto withoutTables = [](std::string whole) {
+    const std::size_t begin = whole.find("  0\r\nSECTION\r\n  2\r\nTABLES");
+    const std::size_t end = whole.find("  0\r\nSECTION\r\n  2\r\nENTITIES");
+    EXPECT_TRUE(begin != whole.npos && end != whole.npos);
+    return whole.erase(begin, end - begin);
+  };
+  write("c.dxf", withoutTables(plan("0")));
+  write("d.dxf", withoutTables(plan("ROOM")));
+  const ProgramRun implied = kivcvt({"learn", "c.dxf", "d.dxf", "--out", "implied.cvt"});
+  EXPECT_EQ(implied.status, 0) << implied.out << implied.err;
+}
+
 TEST_F(SpecificationsTest, LearnNamesWhatWasDoneByHandAlone) {
   const std::string line = kLine, red = std::string(kLine) + " 62\r\n     1\r\n";
   std::string moved = kLine;
@@ -167,6 +211,13 @@ TEST_F(SpecificationsTest, LearnNamesWhatWasDoneByHandAlone) {
   EXPECT_EQ(kivcvt({"convert", "--spec", "new.cvt", "--out", "out", "a.dxf"}).status, 0);
   EXPECT_EQ(read("out/a.DXF"), drawing(text("TARGET", "a") + text("TARGET", "b") + line + line + line));
   EXPECT_EQ(kivcvt({"learn", "a.dxf", "a.dxf", "--out", "none.cvt"}).status, 2);
+  // Two texts that have nothing in common make no rule, and a file without rules is not written.
+  write("c.dxf", drawing(text("0", "a") + text("0", "b") + text("0", "c")));
+  write("d.dxf", drawing(text("TARGET", "a") + text("TARGET", "b") + text("0", "c")));
+  const ProgramRun ruleless = kivcvt({"learn", "c.dxf", "d.dxf", "--out", "none.cvt"});
+  EXPECT_EQ(ruleless.status, 1) << ruleless.err;
+  EXPECT_TRUE(contains(ruleless.out, "none.cvt: not written") && !fs::exists(folder() / "none.cvt"))
+      << ruleless.out;
   // A slip that would cost a drawing.
   const std::string kept = read("b.dxf");
   EXPECT_EQ(kivcvt({"learn", "a.dxf", "b.dxf", "--out", "b.dxf"}).status, 2);

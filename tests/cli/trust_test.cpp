@@ -171,6 +171,18 @@ TEST_F(TrustTest, ExplainsOneEntity) {
                 .err.find("block.dxf: 1f is the handle of LAYER TARGET, which is no entity"),
             std::string::npos);
 
+  // What becomes of its layer becomes of the entity.
+  writeSpecification(
+      "layers.cvt",
+      "[文字]\n[画層] = B\n{\n[色] = 3\n}\n---End---\n[画層の色･線種]\n[画層] = 0\n{\n[色] = 5\n}\n"
+      "[画層] = TARGET\n{\n[画層] = A\n}\n---End---\n[EOF]\n");
+  write("target.dxf", drawing(withHandle(text("TARGET", "A"))));
+  const ProgramRun renamed = kivcvt({"explain", "--spec", "layers.cvt", "--entity", "2F", "target.dxf"});
+  EXPECT_NE(renamed.out.find("layer settings 2: its layer TARGET: met, and changes 画層=A\n"),
+            std::string::npos)
+      << renamed.out;
+  EXPECT_EQ(renamed.out.find("layer settings 1"), std::string::npos);
+  EXPECT_EQ(kivcvt({"explain", "--spec", "rules.cvt", "a.dxf"}).status, 1) << "NONE is refused";
   const ProgramRun none = kivcvt({"explain", "--spec", "rules.cvt", "--entity", "999", "a.dxf"});
   EXPECT_EQ(none.status, 1);
   EXPECT_NE(none.err.find("there is no entity with the handle 999"), std::string::npos);

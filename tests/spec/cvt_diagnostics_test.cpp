@@ -41,7 +41,8 @@ TEST(CvtDiagnostics, LinesThatProbablyDoNotDoWhatIsMeant) {
   EXPECT_EQ(numbered(L"[文字]\n[画層]=a\n{\n[ロック]=ON\n[文字一致のリスト]=A.LIST\n}\n---End---\n[EOF]\n"),
             "11:4 19:5");
   EXPECT_EQ(numbered(L"[画層の色･線種]\n[画層]=a\n[文字高さ]=1\n---End---\n[EOF]\n"), "11:3");
-  EXPECT_EQ(numbered(L"[画層の色･線種]\n[文字高さ]=1\n{\n[画層]=A\n}\n---End---\n[EOF]\n"), "11:2 14:2");
+  EXPECT_EQ(numbered(L"[画層の色･線種]\n[色]=1\n{\n[色]=2\n}\n---End---\n[EOF]\n"), "44:2");
+  EXPECT_EQ(numbered(L"[画層の色･線種]\n[文字高さ]=1\n{\n[画層]=A\n}\n---End---\n[EOF]\n"), "11:2 44:2 14:2");
   EXPECT_EQ(numbered(L"[文字]\n[画層]=a,b\n---End---\n[EOF]\n"), "12:2");
   EXPECT_EQ(numbered(L"[文字]\n[画層]=a\n{\n[色]=1\n}\n[X]=1\n{\n[色]=1\n}\n---End---\n[EOF]\n"), "1:6 14:6");
   EXPECT_EQ(numbered(L"[文字]\n[画層]=" + std::wstring(300, L'x') + L"\n---End---\n[EOF]\n"), "4:2 2:2");
@@ -230,6 +231,12 @@ TEST(CvtDiagnostics, ValuesThatNeverStay) {
     EXPECT_EQ(added(text.c_str(), findOverwritten), expected) << base::toUtf8(settings);
   }
   EXPECT_EQ(added(L"[寸法設定]\nDIMASZ,1\nDIMASZ=2\n---End---\n[EOF]\n", findOverwritten), "2 3; ");
+  // What is there stays.
+  EXPECT_EQ(
+      added(L"[画層の作成]\nA,1,\nB,1,\na,2,\nA,1,\n---End---\n[線種のﾛｰﾄﾞ]\nX.LIN,D\nY.LIN,D\n---End---\n"
+            L"[EOF]\n",
+            findOverwritten),
+      "4 2; 9 8; ");
 }
 
 TEST(CvtDiagnostics, NamesThatDrawingsDoNotHave) {
@@ -246,6 +253,16 @@ TEST(CvtDiagnostics, NamesThatDrawingsDoNotHave) {
             L"[画層]=X\n}\n---End---\n[画層の作成]\nNEW,1,\n---End---\n[EOF]\n",
             check),
       "3 EMPTY; 4 *; 6 A1 of 2 drawings, the first is b.dxf; 8 DASH2 of 2 drawings, the first is a.dxf; ");
+  // What a pattern as a result can bring, and text styles of dimensions.
+  EXPECT_EQ(added(L"[文字]\n[画層]=A\n{\n[画層]=NEW-*\n}\n[画層]=NEW-X\n[画層]=N*X\n[画層]=ZZZ\n{\n[色]=1\n}"
+                  L"\n---End---\n[EOF]\n",
+                  check),
+            "4 NEW-*2 of 2 drawings, the first is a.dxf; 8 ZZZ; ");
+  EXPECT_EQ(added(L"[寸法]\n[DIMTXSTY]=OLD\n{\n[DIMTXSTY]=NEW\n}\n---End---\n[寸法設定]\nDIMTXSTY,ROMANS\n---"
+                  L"End---\n[EOF]\n",
+                  check),
+            "2 OLD; 4 NEW2 of 2 drawings, the first is a.dxf; "
+            "8 ROMANS2 of 2 drawings, the first is a.dxf; ");
 }
 
 TEST(CvtDiagnostics, BytesAndFilesOfOtherEncodings) {

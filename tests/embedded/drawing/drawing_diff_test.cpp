@@ -124,5 +124,58 @@ TEST(DrawingDiff, TextsOfDimensionsDifferInTheirCase) {
             "50 DIMENSION : DIMPOST <>mm -> <>MM\n");
 }
 
+TEST(DrawingDiff, BlocksOfTheSameContentDoNotDifferInHandles) {
+  const auto blocks = [](std::string_view first, std::string_view second) {
+    std::string text = "0 SECTION|2 BLOCKS";
+    for (const std::string_view name : {"A", "B"})
+      text += "|0 BLOCK|8 0|2 " + std::string(name) + "|70 0|10 0.0|20 0.0|3 " + std::string(name) +
+              "|0 LINE|5 " + std::string(name == "A" ? first : second) +
+              "|100 AcDbEntity|8 0|100 AcDbLine|10 0.0|20 0.0|11 " + (name == "A" ? "1.0" : "2.0") +
+              "|21 1.0|0 ENDBLK|8 0";
+    text += "|0 ENDSEC|0 SECTION|2 ENTITIES";
+    return memory::tested(dxf::read(dxf::replaced(drawingText("AC1015", kEntities, kTables),
+                                                  dxf::groups("0 SECTION|2 ENTITIES"), dxf::groups(text))));
+  };
+  const auto before = blocks("60", "61"), after = blocks("61", "60");
+  EXPECT_EQ(told(compareDrawings(*before, *after).entities), "");
+}
+
+TEST(DrawingDiff, WhatAVersionCannotHoldIsAsUsual) {
+  const auto ofVersion = [](const char* version, const std::string& entities) {
+    return memory::tested(dxf::read(drawingText(version, entities, kTables)));
+  };
+  const auto before = ofVersion("AC1015", kEntities);
+  EXPECT_EQ(told(compareDrawings(*before, *ofVersion("AC1032", kEntities)).entities), "");
+  EXPECT_EQ(
+      told(compareDrawings(*before, *ofVersion("AC1032", with(kEntities, "8 Wall", "8 Wall|440 33554559")))
+               .entities),
+      "40 LINE : transparency  -> 50 %\n");
+}
+
+TEST(DrawingDiff, WhatStandsInSectionsOfItsOwnIsCompared) {
+  if (memory::isTested()) GTEST_SKIP() << "there is no file in memory";
+  const auto withSection = [](std::string_view records) {
+    return dxf::read(dxf::replaced(
+        drawingText("AC1027", kEntities, kTables), dxf::groups("0 EOF"),
+        dxf::groups("0 SECTION|2 ACDSDATA|70 2|71 6|" + std::string(records) + "0 ENDSEC|0 EOF")));
+  };
+  const auto before = withSection("0 ACDSRECORD|90 1|310 00FF|0 ACDSRECORD|90 2|310 AB|");
+  const auto bodies = [&](std::string_view records) {
+    const auto after = withSection(records);
+    std::string all;
+    for (const RecordDifference& difference : compareDrawings(*before, *after).objects) {
+      all += difference.type;
+      for (const ValueChange& change : difference.changes)
+        all += " " + base::toUtf8(change.before + L" -> " + change.after);
+      all += difference.fate == RecordFate::kRemoved ? " removed\n" : "\n";
+    }
+    return all;
+  };
+  EXPECT_EQ(bodies("0 ACDSRECORD|90 1|310 00FF|0 ACDSRECORD|90 2|310 AB|"), "");
+  EXPECT_EQ(bodies("0 ACDSRECORD|90 1|310 00FE|0 ACDSRECORD|90 2|310 AB|"),
+            "ACDSRECORD 310: 00FF -> 310: 00FE\n");
+  EXPECT_EQ(bodies("0 ACDSRECORD|90 2|310 AB|"), "ACDSRECORD removed\n");
+}
+
 }  // namespace
 }  // namespace cad
