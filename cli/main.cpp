@@ -8,6 +8,7 @@
 #include "base/child_process.h"
 #include "base/codepage.h"
 #include "base/files.h"
+#include "base/temporary_files.h"
 #include "base/terminal.h"
 #include "cli/arguments.h"
 #include "cli/commands.h"
@@ -40,6 +41,7 @@ int runGuarded(const std::vector<std::wstring>& words) {
 
 int runToEnd(const std::vector<std::wstring>& words) {
   base::prepareStandardStreams();
+  base::removeTemporaryFilesOnSignals();
   const int status = runGuarded(words);
   if (!printingStatus()) {
     complain(L"kivcvt: " +

@@ -52,13 +52,16 @@ struct Undone {
   int droppedLines = 0;
   bool isEverything = false;
 
-  void tell(const std::wstring& specification) const {
+  std::vector<std::wstring> lines(const std::wstring& specification) const {
+    std::vector<std::wstring> lines;
     if (droppedLines > 0)
-      complain(specification + L": " + tr(L"%1; what it says was not done", {droppedText(droppedLines)}));
+      lines.push_back(specification + L": " +
+                      tr(L"%1; what it says was not done", {droppedText(droppedLines)}));
     if (isEverything) {
-      complain(specification + L": " +
-               tr(L"nothing in this file changes a drawing; drawings are saved as they are"));
+      lines.push_back(specification + L": " +
+                      tr(L"nothing in this file changes a drawing; drawings are saved as they are"));
     }
+    return lines;
   }
   int exitStatus() const { return droppedLines > 0 || isEverything ? kSomeFailed : kAllDone; }
 };
@@ -71,12 +74,14 @@ void setUp(Session& session, const Arguments& arguments) {
 }
 
 // Everything that is wrong for all drawings is found before the first one is opened.
-base::Status checkRules(Session& session, const Arguments& arguments, Undone& undone) {
+base::Status checkRules(Session& session, const Arguments& arguments, Undone& undone, BatchReport& reports) {
   const KivSpecificationReport report = session.checkSpecification(base::fullPath(arguments.specification));
   if (!reportSpecification(arguments.specification, report)) {
-    return base::Failure{L"", tr(L"nothing was converted; `kivcvt check` tells more about the CVT file")};
+    return base::Failure{L"", tr(L"nothing was converted")};
   }
   undone = {droppedLines(report), report.changes == 0};
+  reports.noteSpecification(undone.lines(arguments.specification));
+  reports.noteSpecification(diagnosticLines(arguments.specification, report));
   return {};
 }
 
@@ -113,6 +118,22 @@ std::size_t leaveOutDone(const Arguments& arguments, std::vector<PlannedDrawing>
   if (!arguments.resume) return 0;
   const EarlierRun earlier(base::pathFromText(base::fullPath(arguments.specification)));
   return std::erase_if(plan, [&](const PlannedDrawing& drawing) { return earlier.hasDone(drawing); });
+}
+
+// Those that bear on what a batch does to drawings.
+std::vector<std::wstring> optionsOf(const Arguments& arguments) {
+  std::vector<std::wstring> options;
+  if (!arguments.outputFolder.empty()) options.push_back(L"--out " + arguments.outputFolder);
+  if (arguments.format) {
+    constexpr const wchar_t* kNames[] = {L"dwg", L"dxf", L"dwt"};
+    options.push_back(L"--format " + std::wstring(kNames[static_cast<std::size_t>(*arguments.format)]));
+  }
+  options.push_back(L"--block-scope " + std::to_wstring(arguments.blockScope));
+  if (arguments.ignoreLocks) options.push_back(L"--ignore-locks");
+  if (arguments.resume) options.push_back(L"--resume");
+  if (const Shard& part = arguments.shard; part.count > 1)
+    options.push_back(L"--shard " + std::to_wstring(part.index) + L"/" + std::to_wstring(part.count));
+  return options;
 }
 
 std::vector<PlannedDrawing> planAll(const Arguments& arguments, const std::vector<ListedDrawing>& drawings) {
@@ -192,12 +213,13 @@ int runConvert(const Arguments& arguments) {
   }
   Session& session = *started.value();
   setUp(session, arguments);
-  base::removeTemporaryFilesOnSignals();
   if (arguments.isWorker) return Worker(session, arguments).serve(*base::standardRequestChannel());
 
   const RuleFiles rules(base::pathFromText(base::fullPath(arguments.specification)));
+  BatchReport reports(arguments.specification, base::localTimeText(L"%Y-%m-%d %H:%M:%S"), arguments.isDryRun);
+  reports.noteOptions(optionsOf(arguments));
   Undone undone;
-  if (base::Status usable = checkRules(session, arguments, undone); !usable) return unusable(usable);
+  if (base::Status usable = checkRules(session, arguments, undone, reports); !usable) return unusable(usable);
   const base::Result<std::vector<ListedDrawing>> drawings = listDrawings(arguments);
   if (!drawings) return unusable(drawings.failure());
   std::vector<PlannedDrawing> plan = partOf(planAll(arguments, drawings.value()), arguments.shard);
@@ -207,12 +229,11 @@ int runConvert(const Arguments& arguments) {
 
   if (std::ranges::any_of(arguments.reports, isPageName))
     askForPictures(plan, BatchReport::pictureShare(plan.size()));
-  BatchReport reports(arguments.specification, base::localTimeText(L"%Y-%m-%d %H:%M:%S"), arguments.isDryRun);
   reports.noteSkipped(skipped);
   Summary summary(arguments.isDryRun, skipped);
   const bool isLogComplete = convertAll(session, arguments, rules, plan, summary, reports);
   const bool areWritten = writeReports(reports, arguments.reports);
-  undone.tell(arguments.specification);
+  for (const std::wstring& line : undone.lines(arguments.specification)) complain(line);
   for (const std::wstring& line : summary.lines(base::terminalColumns(stdout))) printLine(line);
   if (base::interruption() != 0) return kInterrupted;
   return std::max(

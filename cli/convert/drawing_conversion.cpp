@@ -54,7 +54,8 @@ std::wstring noteReason(int reason) {
 
 // PNG, with the fonts that are found for `file`; empty where nothing can be painted.
 std::string pictureOf(const cad::Drawing& drawing, const std::wstring& file,
-                      std::unordered_set<cad::RecordId> marked, std::size_t mostBytes) {
+                      std::unordered_set<cad::RecordId> marked, std::size_t mostBytes,
+                      std::vector<std::wstring>& remarks) {
   cad::PictureOptions options;
   options.width = kThumbnailWidth;
   options.fontFolders = fontFoldersOf(file);
@@ -65,7 +66,20 @@ std::string pictureOf(const cad::Drawing& drawing, const std::wstring& file,
         std::max(cad::kLeastPictureWidth, kThumbnailWidth * kMostThumbnailRows / picture.value().height);
     picture = cad::drawPicture(drawing, options);
   }
-  return picture.ok() ? thumbnail(picture.value(), mostBytes) : std::string();
+  if (!picture.ok()) return {};
+  remarks.clear();
+  for (const std::wstring& remark : picture.value().remarks) remarks.push_back(translated(remark));
+  return thumbnail(picture.value(), mostBytes);
+}
+
+// Empty, or why the drawing is not converted at all: what it becomes could not be saved.
+std::wstring whyNotSavable(const cad::Drawing& drawing, const PlannedDrawing& planned) {
+  constexpr cad::formats::FileKind kKinds[] = {cad::formats::FileKind::kDwg, cad::formats::FileKind::kDxf,
+                                               cad::formats::FileKind::kDwt};
+  const cad::formats::FileKind kind = kKinds[static_cast<std::size_t>(planned.format)];
+  if (planned.target.empty() || cad::formats::canSave(drawing, kind)) return {};
+  return tr(L"not converted: a %1 drawing cannot be saved as %2",
+            {std::wstring(drawing.format()), std::wstring(cad::formats::kindName(kind))});
 }
 
 std::wstring refuserText(const KivNote& note) {
@@ -109,12 +123,13 @@ DrawingReport DrawingConversion::run(const PlannedDrawing& drawing) {
   const std::wstring warning = cad::formats::warningAbout(host.currentDrawing());
   if (!warning.empty()) report.messages.push_back(drawing.given + L": " + translated(warning));
   const int runsBefore = run_.runs;
-  Status converted = convertOpen(drawing);
+  const std::wstring notSavable = whyNotSavable(host.currentDrawing(), drawing);
+  Status converted = notSavable.empty() ? convertOpen(drawing) : Failure{L"", notSavable};
   const bool hasRun = run_.runs != runsBefore;
   const bool clean = !hasRun || takeProblems(report);
   if (hasRun) report.logFailure = run_.logFailure;
   report.isDryRun = arguments_.isDryRun;
-  report.settings = facts_.settings();
+  if (hasRun) report.settings = facts_.settings();
   if (converted && arguments_.isDryRun) converted = compareWith(drawing, host.currentDrawing(), report);
   // The run closes the drawing that it saved; one that it gave up is still open.
   Status closed;
@@ -200,9 +215,10 @@ void DrawingConversion::takePictures(const cad::Drawing& before, const cad::Draw
                                      DrawingReport& report) const {
   if (differences.empty() && report.messages.empty()) return;
   report.pictures.before =
-      pictureOf(before, report.given, markedEntities(before, differences, DiffSide::kBefore), mostBytes);
-  report.pictures.after =
-      pictureOf(after, report.given, markedEntities(after, differences, DiffSide::kAfter), mostBytes);
+      pictureOf(before, report.given, markedEntities(before, differences, DiffSide::kBefore), mostBytes,
+                report.pictures.remarks);
+  report.pictures.after = pictureOf(after, report.given, markedEntities(after, differences, DiffSide::kAfter),
+                                    mostBytes, report.pictures.remarks);
 }
 
 Status DrawingConversion::compareSaved(const PlannedDrawing& drawing, DrawingReport& report) const {

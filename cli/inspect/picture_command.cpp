@@ -36,6 +36,10 @@ int runPicture(const Arguments& arguments) {
     complainAbout(file, picture.failure());
     return kSomeFailed;
   }
+  if (const base::Status unchanged = drawing->storage().checkUnchanged(); !unchanged) {
+    complainAbout(file, unchanged.failure());
+    return kSomeFailed;
+  }
   for (const std::wstring& remark : picture.value().remarks) complain(file + L": " + translated(remark));
   const base::Result<std::string> bytes = imageBytes(picture.value(), arguments.pictureFile);
   const base::Status written =

@@ -39,6 +39,12 @@ Json totalsOf(const std::vector<DrawingReport>& drawings) {
           {"changedOthers", counts.others}};
 }
 
+Json listOf(const std::vector<std::wstring>& texts) {
+  Json list = Json::array();
+  for (const std::wstring& text : texts) list.push_back(readable(text));
+  return list;
+}
+
 // Short names, for there may be thousands.
 Json rowOf(const DrawingReport& report, const SettingSums& settings) {
   Json row = {{"n", readable(report.given)},
@@ -55,6 +61,7 @@ Json rowOf(const DrawingReport& report, const SettingSums& settings) {
   for (const SettingFacts& facts : report.settings) {
     if (facts.hits > 0) row["f"].push_back({settings.placeOf(facts), facts.hits, facts.changed});
   }
+  if (!report.pictures.remarks.empty()) row["m"] = listOf(report.pictures.remarks);
   if (!report.pictures.before.empty()) row["b"] = base64(report.pictures.before);
   if (!report.pictures.after.empty()) row["a"] = base64(report.pictures.after);
   return row;
@@ -112,6 +119,7 @@ std::size_t BatchReport::pictureShare(std::size_t drawings) {
 }
 
 void BatchReport::add(DrawingReport report) {
+  if (report.outcome == Outcome::kNotConverted) report.settings.clear();
   settings_.add(report.settings);
   const std::size_t bytes = report.pictures.before.size() + report.pictures.after.size();
   if (takesPictures() && pictureBytes_ + bytes > kMostPictureBytes) firstWithout_ = report.given;
@@ -125,6 +133,8 @@ void BatchReport::add(DrawingReport report) {
 
 std::string BatchReport::json() const {
   Json json = {{"specification", readable(specification_)},
+               {"specificationProblems", listOf(specificationProblems_)},
+               {"options", listOf(options_)},
                {"begun", readable(begun_)},
                {"dryRun", isDryRun_},
                {"interrupted", notBegun_.has_value()},
@@ -145,8 +155,12 @@ std::string BatchReport::html() const {
   PageHead head;
   head.language = usersLanguage() == Language::kJapanese ? "ja" : "en";
   head.title = readable(isDryRun_ ? tr(L"Dry run: what would change") : tr(L"Report of a conversion"));
+  std::wstring options;
+  for (const std::wstring& option : options_) options += (options.empty() ? L"" : L"  ") + option;
   head.facts = {{readable(tr(L"specification")), readable(specification_)},
+                {readable(tr(L"options")), readable(options)},
                 {readable(tr(L"begun")), readable(begun_)}};
+  for (const std::wstring& line : specificationProblems_) head.remarks.push_back(readable(line));
   if (notBegun_) {
     head.remarks.push_back(readable(
         tr(L"The batch was interrupted: drawings that were not begun: %1", {std::to_wstring(*notBegun_)})));

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/result.h"
@@ -24,6 +25,11 @@ class BatchReport {
   // are left out, and the report says so.
   void add(DrawingReport report);
   bool takesPictures() const { return firstWithout_.empty(); }
+  void noteOptions(std::vector<std::wstring> options) { options_ = std::move(options); }
+  // What the CVT file leaves undone, and its lines that are dropped or warned of.
+  void noteSpecification(const std::vector<std::wstring>& lines) {
+    specificationProblems_.insert(specificationProblems_.end(), lines.begin(), lines.end());
+  }
   void noteSkipped(std::size_t drawings) { skipped_ = drawings; }
   void noteInterrupted(std::size_t notBegun) { notBegun_ = notBegun; }  // drawings, which are not here
 
@@ -34,6 +40,7 @@ class BatchReport {
 
  private:
   std::wstring specification_, begun_;
+  std::vector<std::wstring> options_, specificationProblems_;
   bool isDryRun_;
   std::optional<std::size_t> notBegun_;  // of an interrupted batch
   std::vector<DrawingReport> drawings_;

@@ -50,7 +50,8 @@ struct ChangeCounts {
 
 // What the sides of a picture are: a whole file each, empty where there is none.
 struct PicturePair {
-  std::string before, after;  // PNG
+  std::string before, after;          // PNG
+  std::vector<std::wstring> remarks;  // what the one after does not show, or not as it is
 };
 
 struct DrawingReport {

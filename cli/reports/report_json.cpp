@@ -211,6 +211,7 @@ Json exactJson(const DrawingReport& report) {
   if (!report.changes.empty()) json["differences"] = exactJson(report.changes);
   if (!report.pictures.before.empty()) json["pictureBefore"] = base64(report.pictures.before);
   if (!report.pictures.after.empty()) json["pictureAfter"] = base64(report.pictures.after);
+  if (!report.pictures.remarks.empty()) json["pictureRemarks"] = textsJson(report.pictures.remarks);
   return json;
 }
 
@@ -228,13 +229,16 @@ DrawingReport reportFromJson(const Json& json) {
     report.pictures.before = base64Bytes(json["pictureBefore"].get<std::string>());
   if (json.contains("pictureAfter"))
     report.pictures.after = base64Bytes(json["pictureAfter"].get<std::string>());
+  if (json.contains("pictureRemarks"))
+    for (const Json& remark : json["pictureRemarks"]) report.pictures.remarks.push_back(textOf(remark));
   report.logFailure = textOf(json.at("logFailure"));
   return report;
 }
 
 Json toJson(const DrawingReport& report) {
   Json json = exactJson(report);
-  for (const char* own : {"dryRun", "logFailure", "pictureBefore", "pictureAfter"}) json.erase(own);
+  for (const char* own : {"dryRun", "logFailure", "pictureBefore", "pictureAfter", "pictureRemarks"})
+    json.erase(own);
   if (json["drawing"].is_object()) json["drawingBytes"] = base64(base::utf8::encodeName(report.given));
   makeReadable(json);
   return json;

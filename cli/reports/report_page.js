@@ -93,6 +93,10 @@
       picture(pair, w.before, r.b);
       picture(pair, w.after, r.a);
     }
+    if (r.m) {
+      var remarks = make('ul', td, undefined, 'count');
+      r.m.forEach(function (m) { make('li', remarks, m); });
+    }
     var facts = make('ul', td);
     r.f.forEach(function (f) {
       make('li', facts, data.settings[f[0]].title + ' \u2014 ' + w.hits + ' ' + number(f[1]) + ', ' +

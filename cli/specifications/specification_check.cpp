@@ -28,6 +28,13 @@ bool reportSpecification(const std::wstring& file, const KivSpecificationReport&
   return true;
 }
 
+std::vector<std::wstring> diagnosticLines(const std::wstring& file, const KivSpecificationReport& report) {
+  std::vector<std::wstring> lines;
+  for (int i = 0; i < report.diagnosticCount; ++i)
+    lines.push_back(diagnosticLine(file, report.diagnostics[i]));
+  return lines;
+}
+
 void complainOfLines(const std::wstring& file, const KivDiagnostic* diagnostics, int count) {
   for (int i = 0; i < count; ++i) complain(diagnosticLine(file, diagnostics[i]));
 }

@@ -3,6 +3,7 @@
 // files, and for conversions.
 
 #include <string>
+#include <vector>
 
 #include "cli/session.h"
 
@@ -11,6 +12,8 @@ namespace kivcli {
 // Says on standard error why the file cannot be used, or tells of each line that the reader drops or warns
 // of. Returns whether the file can be used.
 bool reportSpecification(const std::wstring& file, const KivSpecificationReport& report);
+
+std::vector<std::wstring> diagnosticLines(const std::wstring& file, const KivSpecificationReport& report);
 
 // The same lines for diagnostics alone.
 void complainOfLines(const std::wstring& file, const KivDiagnostic* diagnostics, int count);

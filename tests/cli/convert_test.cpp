@@ -65,6 +65,16 @@ TEST_F(ConvertTest, BadDrawingsAreNamedAndTheBatchGoesOn) {
   EXPECT_EQ(filesIn("out"), std::vector<std::string>{"good.DXF"});
 }
 
+TEST_F(ConvertTest, AFormatThatADrawingCannotBeSavedInIsRefusedBeforeItIsConverted) {
+  for (const char* format : {"dwg", "dwt"}) {
+    const ProgramRun run = convert({"--format", format, "good.dxf"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, "0 of 1 drawing converted\n");
+    EXPECT_EQ(run.err, std::string("good.dxf: not converted: a DXF drawing cannot be saved as ") +
+                           (format[2] == 'g' ? "DWG\n" : "DWT\n"));
+  }
+}
+
 TEST_F(ConvertTest, ADrawingThatOnlyLacksItsEndIsConvertedWithAWarning) {
   const std::string cut = good_.substr(0, good_.rfind("  0\r\nEOF"));
   write("cut.dxf", cut);

@@ -146,6 +146,23 @@ TEST_F(TrustTest, ExplainsOneEntity) {
   EXPECT_NE(none.err.find("there is no entity with the handle 999"), std::string::npos);
 }
 
+TEST_F(TrustTest, AReportTellsWhatTheSpecificationLeavesUndoneAndPicturesDoNotShow) {
+  write("a.dxf", drawing(text("0", "A") + "  0\r\nMULTILEADER\r\n  8\r\n0\r\n"));
+  writeSpecification("rules.cvt", "[文字]\n[画層] = 0\n{\n[色] = 3\n[夢] = 1\n}\n---End---\n[EOF]\n");
+  kivcvt({"convert", "--spec", "rules.cvt", "--out", "out", "--ignore-locks", "--report", "r.json",
+          "--report", "r.html", "a.dxf"});
+  const json report = json::parse(read("r.json"));
+  EXPECT_EQ(report.at("options"), json({"--out out", "--block-scope 0", "--ignore-locks"}));
+  const json& problems = report.at("specificationProblems");
+  ASSERT_EQ(problems.size(), 2u) << problems;
+  EXPECT_EQ(problems.at(0), "rules.cvt: 1 line is dropped; what it says was not done");
+  EXPECT_TRUE(problems.at(1).get<std::string>().starts_with("rules.cvt:5: dropped: "));
+  const std::string page = read("r.html");
+  for (const char* told :
+       {"1 line is dropped; what", "rules.cvt:5: dropped: ", "--ignore-locks", "MULTILEADER"})
+    EXPECT_NE(page.find(told), std::string::npos) << told;
+}
+
 TEST_F(TrustTest, AReportWithoutAPlaceIsToldBeforeTheFirstDrawing) {
   write("a.dxf", drawing(text("0", "A")));
   writeSpecification("rules.cvt", kTextsGreen);

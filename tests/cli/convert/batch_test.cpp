@@ -299,6 +299,13 @@ TEST_F(LossTest, ADrawingThatTheDiskCannotHoldIsNamedAndLeavesTheOldOne) {
   EXPECT_TRUE(contains(run.out, "\n2 of 3 drawings converted\n")) << run.out;
   EXPECT_EQ(filesIn("out"), (std::vector<std::string>{"a.DXF", "b.DXF", "c.DXF"}));
   EXPECT_EQ(read("out/b.DXF"), "older");
+
+  fs::create_directories(folder() / "pictures");
+  const ProgramRun picture = test_support::runProgram(
+      "/bin/sh", {"-c", "ulimit -f 64; " KIVCVT_PROGRAM " picture b.dxf --out pictures/b.svg"}, folder());
+  EXPECT_EQ(picture.status, 1);
+  EXPECT_TRUE(picture.err.starts_with("pictures/b.svg: ")) << picture.err;
+  EXPECT_EQ(filesIn("pictures"), std::vector<std::string>{});
 }
 
 // It is opened for writing when the worker has opened it for reading.

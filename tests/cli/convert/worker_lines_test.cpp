@@ -36,7 +36,7 @@ DrawingReport everything() {
   report.changes.objects = report.changes.records;
   report.changes.variables = {{"DIMTXT", cad::Property::kCount, L"2.5", L"3"}};
   report.changes.pairedByOrder = true;
-  report.pictures = {std::string("\x89PNG\0\xFF", 6), "after"};
+  report.pictures = {std::string("\x89PNG\0\xFF", 6), "after", {L"no " + kOddName}};
   report.logFailure = L"no room for " + kOddName;
   report.logEntries = std::string("\x90\x7D\x96\xCA,\r\n\0", 8);
   return report;
@@ -70,9 +70,9 @@ TEST(WorkerLines, AReportComesBackWithEveryField) {
   const auto got = reportOf(line);
   ASSERT_TRUE(got);
   EXPECT_EQ(std::tie(got->given, got->saved, got->outcome, got->messages, got->isDryRun, got->logFailure,
-                     got->logEntries, got->pictures.before, got->pictures.after),
+                     got->logEntries, got->pictures.before, got->pictures.after, got->pictures.remarks),
             std::tie(sent.given, sent.saved, sent.outcome, sent.messages, sent.isDryRun, sent.logFailure,
-                     sent.logEntries, sent.pictures.before, sent.pictures.after));
+                     sent.logEntries, sent.pictures.before, sent.pictures.after, sent.pictures.remarks));
   EXPECT_EQ(got->counts.all(), 36u);
   EXPECT_EQ(got->counts.records, 12u);
   expectEqual(got->changes.entities, sent.changes.entities);
