@@ -8,8 +8,8 @@
 
 #include "base/codepage.h"
 #include "base/files.h"
-#include "base/save_format.h"
 #include "base/utf8.h"
+#include "cli/drawing_folders.h"
 #include "cli/language/language.h"
 #include "cli/opened_drawing.h"
 
@@ -48,7 +48,7 @@ class FolderWalk {
     std::error_code unknown;
     if (fs::is_directory(path, unknown)) {
       enter(path, below / path.filename());
-    } else if (base::saveFormatOf(base::pathText(path.filename())) == SaveFormat::kDxf) {
+    } else if (hasNameOfDrawing(path)) {
       const std::wstring name = base::pathText(path);
       drawings_.push_back(
           {name, below, isStream(name) ? tr(L"this is a pipe or a device, and no file") : L""});
@@ -71,7 +71,7 @@ void add(std::vector<ListedDrawing>& drawings, const std::wstring& name, const A
     const std::size_t before = drawings.size();
     FolderWalk(drawings, base::pathFromText(arguments.outputFolder)).enter(path, {});
     if (drawings.size() == before) {
-      drawings.push_back({name, {}, tr(L"there is no DXF drawing in this folder or below it")});
+      drawings.push_back({name, {}, tr(L"there is no drawing in this folder or below it")});
     }
   }
 }

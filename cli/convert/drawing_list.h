@@ -17,7 +17,7 @@ struct ListedDrawing {
   std::wstring refusal;  // empty, or why it cannot be converted
 };
 
-// The drawings given, then those of the list. A folder stands for the DXF drawings in it and below it, in the
+// The drawings given, then those of the list. A folder stands for the drawings in it and below it, in the
 // order of their names; each folder is entered once, however many links lead to it, and the one for the
 // converted drawings not at all. Without --recursive a folder is a drawing with a refusal, as is one that
 // cannot be listed or has no drawings, a list without names,

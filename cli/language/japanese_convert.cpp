@@ -73,7 +73,7 @@ constexpr Translation kRows[] = {
     {L"this folder cannot be read: %1", L"このフォルダを読み取れません: %1"},
     {L"this is a folder; --recursive converts the drawings in it and below it",
      L"これはフォルダです。--recursive を指定すると、その中と下のフォルダの図面を変換します"},
-    {L"there is no DXF drawing in this folder or below it", L"このフォルダとその下に DXF 図面がありません"},
+    {L"there is no drawing in this folder or below it", L"このフォルダとその下に図面がありません"},
     {L"standard input cannot be read", L"標準入力を読み取れません"},
     {L"a dry run, nothing was written: %1 of %2 drawings would change",
      L"試行のため何も書き込んでいません。%2 枚中 %1 枚の図面が変わります"},

@@ -102,9 +102,9 @@ constexpr Translation kRows[] = {
      L"input",
      L"FILE に名前を挙げた図面も変換します。1 行に 1 つ、または名前の後ろに 0 "
      L"のバイトを付けて書きます。- は標準入力です"},
-    {L"convert the DXF drawings of folders that are given and of all below them; their folders are made "
+    {L"convert the drawings of folders that are given and of all below them; their folders are made "
      L"below DIR",
-     L"指定したフォルダとその下のすべてのフォルダの DXF 図面を変換します。同じフォルダ構成を DIR "
+     L"指定したフォルダとその下のすべてのフォルダの図面を変換します。同じフォルダ構成を DIR "
      L"の下に作成します"},
     {L"convert every N-th drawing only, beginning with the I-th: one of N machines that share the work",
      L"I 番目から N 枚ごとに 1 枚の図面だけを変換します。N 台のコンピュータで作業を分担するときに使います"},

@@ -66,7 +66,7 @@ constexpr OptionRow kOptions[] = {
      L"input",
      takeText<&Arguments::filesFrom>},
     {L"--recursive", L"",
-     L"convert the DXF drawings of folders that are given and of all below them; their folders are made "
+     L"convert the drawings of folders that are given and of all below them; their folders are made "
      L"below DIR",
      takeSwitch<&Arguments::recursive>},
     {L"--shard", L"I/N",

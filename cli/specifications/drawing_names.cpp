@@ -6,7 +6,7 @@
 
 #include "base/codepage.h"
 #include "base/files.h"
-#include "base/fold.h"
+#include "cli/drawing_folders.h"
 #include "cli/language/language.h"
 #include "cli/opened_drawing.h"
 #include "embedded/formats/drawing_files.h"
@@ -18,12 +18,6 @@ namespace fs = std::filesystem;
 
 constexpr cad::Table kTables[] = {cad::Table::kLayer, cad::Table::kLinetype, cad::Table::kTextStyle};
 
-bool isDrawing(const fs::path& file) {
-  const std::wstring extension = base::pathText(file.extension());
-  return std::ranges::any_of(cad::formats::extensions(),
-                             [&](std::wstring_view known) { return base::equalFolded(extension, known); });
-}
-
 }  // namespace
 
 base::Status NamesOfDrawings::take(const std::wstring& drawingOrFolder) {
@@ -32,7 +26,7 @@ base::Status NamesOfDrawings::take(const std::wstring& drawingOrFolder) {
   if (!fs::is_directory(path, error)) return takeDrawing(drawingOrFolder);
   std::vector<fs::path> files;
   for (fs::recursive_directory_iterator at(path, error), end; !error && at != end; at.increment(error)) {
-    if (at->is_regular_file(error) && isDrawing(at->path())) files.push_back(at->path());
+    if (at->is_regular_file(error) && hasNameOfDrawing(at->path())) files.push_back(at->path());
   }
   if (error) return base::Failure{drawingOrFolder, base::fromUtf8(error.message())};
   if (files.empty()) return base::Failure{drawingOrFolder, tr(L"no drawing stands in this folder")};

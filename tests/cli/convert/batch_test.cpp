@@ -87,6 +87,12 @@ TEST_F(BatchTest, FoldersAreMirroredListsAreReadAndPartsCoverAllOnce) {
   const ProgramRun empty = convert("o-list", {"--files-from", "list"});
   EXPECT_EQ(empty.status, 1);
   EXPECT_EQ(empty.err, "list: this list names no drawing\n");
+  fs::create_directories(folder() / "old");
+  write("old/r12.DWG", "AC1009");
+  const ProgramRun old = convert("o-old", {"--recursive", "old"});
+  EXPECT_TRUE(old.err.starts_with("old/r12.DWG: ")) << old.err;
+  fs::remove_all(folder() / "old");
+  fs::remove_all(folder() / "o-old");
   fs::create_directories(folder() / "sub" / "empty");
   write("sub/notes.txt", "");
   const ProgramRun refused = convert("out", {"a.dxf", "sub"});
@@ -98,7 +104,7 @@ TEST_F(BatchTest, FoldersAreMirroredListsAreReadAndPartsCoverAllOnce) {
   for (int times = 0; times < 2; ++times) {
     const ProgramRun run = convert("sub/out", {"--recursive", ".", "sub/empty"});
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.err, "sub/empty: there is no DXF drawing in this folder or below it\n");
+    EXPECT_EQ(run.err, "sub/empty: there is no drawing in this folder or below it\n");
     EXPECT_TRUE(contains(
         run.out, "./sub/d.dxf -> sub/out/sub/d.DXF\n" + greenTexts(4) + "4 of 5 drawings converted\n"))
         << run.out;
