@@ -18,8 +18,8 @@ constexpr Translation kRows[] = {
     {L"FILES", L"ファイル"},
     {L"EXAMPLES", L"例"},
     {L"converts CAD drawings by rules", L"規則に従って CAD の図面を変換する"},
-    {L"Drawings are read and written as DXF. Each keeps its bytes but for what the rules name.",
-     L"図面は DXF で読み書きします。規則が指定するところ以外は 1 バイトも変わりません。"},
+    {L"Drawings are read and written as DXF and DWG. Each keeps its bytes but for what the rules name.",
+     L"図面は DXF と DWG で読み書きします。規則が指定するところ以外は 1 バイトも変わりません。"},
     {L"everything was done", L"すべて完了しました"},
     {L"some drawing failed or had a problem, lines of the CVT file are dropped, or the log or standard "
      L"output "

@@ -101,7 +101,7 @@ std::wstring manualPage() {
   page.line(
       plain(tr(L"kivcvt converts CAD drawings by the rules of a conversion specification (a CVT file).")));
   page.paragraph(
-      tr(L"Drawings are read and written as DXF. Each keeps its bytes but for what the rules name."));
+      tr(L"Drawings are read and written as DXF and DWG. Each keeps its bytes but for what the rules name."));
   page.section(tr(L"CALLS"));
   for (const CallRow* call : calls()) addCall(page, *call);
   addSurroundings(page);

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cwctype>
 
+#include "embedded/formats/drawing_files.h"
+
 namespace kivcli {
 namespace {
-
-constexpr const wchar_t* kDrawings = L"dxf";
 
 std::vector<std::wstring> parted(std::wstring_view text, wchar_t mark) {
   std::vector<std::wstring> parts(1);
@@ -39,7 +39,8 @@ WantedWord wantedValue(std::wstring_view value) {
     if (const std::size_t dot = part.rfind(L'.'); dot != part.npos) {
       wanted.extensions.push_back(part.substr(dot + 1));
     } else if (part == L"DRAWING") {
-      wanted.extensions.emplace_back(kDrawings);
+      for (const std::wstring_view known : cad::formats::extensions())
+        wanted.extensions.emplace_back(known.substr(1));
     } else if (part == L"FILE") {
       wanted.anyFile = true;
     } else if (part == L"DIR" || part == L"FOLDER") {
