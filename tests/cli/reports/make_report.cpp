@@ -41,7 +41,7 @@ DrawingReport drawing(int number) {
   }
   ColorImage image{120, 80, std::vector<std::uint32_t>(9600, 0xFFFFFF)};
   for (std::size_t i = 0; i < 80; ++i) image.pixels[i * 120 + (i * 3 + count) % 120] = 0xFF0000;
-  report.pictures = {indexedPng(image), indexedPng(image)};
+  report.pictures = {indexedPng(image), indexedPng(image), {}};
   return report;
 }
 
