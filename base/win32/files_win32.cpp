@@ -94,7 +94,7 @@ class Stream : public FileBytes {
 
 template <class Content>
 Result<std::unique_ptr<FileBytes>> filled(std::unique_ptr<Content> content, HANDLE file,
-                                           const fs::path& path) {
+                                          const fs::path& path) {
   if (const DWORD error = content->fill(file); error != 0) return systemFailure(path, error);
   return std::unique_ptr<FileBytes>(std::move(content));
 }

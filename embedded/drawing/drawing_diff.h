@@ -47,8 +47,8 @@ struct DrawingDifferences {
   // Neither drawn nor in a table, and what the file holds besides, as its classes; for two drawings of one
   // format.
   std::vector<RecordDifference> objects;
-  std::vector<ValueChange> variables;     // of the header, without the dollar sign; counters and dates of
-                                          // saving do not count
+  std::vector<ValueChange> variables;  // of the header, without the dollar sign; counters and dates of
+                                       // saving do not count
   // Some entity has no handle: entities were paired by their order within their block, where it can tell less
   // surely which one became which.
   bool pairedByOrder = false;
@@ -56,7 +56,8 @@ struct DrawingDifferences {
   bool empty() const { return entities.empty() && records.empty() && objects.empty() && variables.empty(); }
 };
 
-// Entities are paired by handle and type, those of blocks with the same content by their order, records of tables by name and then by handle.
+// Entities are paired by handle and type, those of blocks with the same content by their order, records of
+// tables by name and then by handle.
 DrawingDifferences compareDrawings(const Drawing& before, const Drawing& after);
 
 }  // namespace cad

@@ -125,7 +125,8 @@ base::Result<std::unique_ptr<DwgFile>> readDwgFile(std::shared_ptr<const SourceB
     case Version::kR2007:
       return CodedFile::read(std::move(source), facts, maintenance);
     default:
-      return refusal(0, L"This is a DWG drawing of a newer version than is known here; please save it in an older one");
+      return refusal(
+          0, L"This is a DWG drawing of a newer version than is known here; please save it in an older one");
   }
 }
 

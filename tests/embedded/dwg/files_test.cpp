@@ -163,15 +163,14 @@ TEST(DwgRefusals, OtherFilesAndVersions) {
     const auto read = readBytes(bytes);
     return read ? std::wstring(L"read") : read.failure().text();
   };
-  const std::wstring kOld = L"byte 0: This is a DWG drawing of a version before R13; please save it in a newer one";
+  const std::wstring kOld =
+      L"byte 0: This is a DWG drawing of a version before R13; please save it in a newer one";
   const std::wstring kNew =
       L"byte 0: This is a DWG drawing of a newer version than is known here; please save it in an older one";
   EXPECT_EQ(reason(""), L"byte 0: This is not a DWG drawing");
   EXPECT_EQ(reason("  0\nSECTION\n"), L"byte 0: This is not a DWG drawing");
-  EXPECT_EQ(reason("AC1009" + std::string(500, '\0')),
-            kOld);
-  EXPECT_EQ(reason("AC2.10" + std::string(500, '\0')),
-            kOld);
+  EXPECT_EQ(reason("AC1009" + std::string(500, '\0')), kOld);
+  EXPECT_EQ(reason("AC2.10" + std::string(500, '\0')), kOld);
   EXPECT_EQ(reason("AC1040" + std::string(500, '\0')), kNew);
   EXPECT_EQ(reason("AC1015"), L"byte 6: The file is cut off");
 }
