@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 
+#include "embedded/drawing/mesh_wires.h"
 #include "embedded/dwg/geometry_fields.h"
 
 namespace cad::dwg {
@@ -16,7 +16,7 @@ constexpr std::int64_t kLightClosed = 512;            // of an LWPOLYLINE
 struct Vertex {
   PolylineGeometry::Vertex drawn;
   bool isFace = false;
-  std::array<std::int64_t, 4> corners{};  // numbers from 1; below 0: the edge that begins there is hidden
+  MeshFace corners{};
 };
 
 PolylineGeometry::Vertex drawnVertex(const Fields& fields, double startWidth, double endWidth) {
@@ -45,54 +45,36 @@ std::vector<Vertex> verticesOf(const GeometrySource& from) {
   return vertices;
 }
 
-MeshGeometry meshOf(const GeometrySource& from, const std::vector<Vertex>& vertices) {
-  const std::int64_t flags = from.fields.integer("flags");
-  const bool smooth = from.fields.integer("curve type") != 0;
-  const auto count = [&](std::string_view plain, std::string_view dense) {
-    return static_cast<std::size_t>(std::max<std::int64_t>(0, from.fields.integer(smooth ? dense : plain)));
-  };
-  const std::size_t m = count("m vertices", "m density"), n = count("n vertices", "n density");
-  MeshGeometry mesh;
-  if (n == 0 || m == 0 || vertices.size() / n < m) return mesh;
-  const auto add = [&](std::size_t first, std::size_t step, std::size_t number, bool closed) {
-    std::vector<Point> wire;
-    for (std::size_t i = 0; i < number; ++i) wire.push_back(vertices[first + i * step].drawn.at);
-    if (closed) wire.push_back(wire.front());
-    mesh.wires.push_back(std::move(wire));
-  };
-  for (std::size_t row = 0; row < m; ++row) add(row * n, 1, n, (flags & kClosedInN) != 0);
-  for (std::size_t column = 0; column < n; ++column) add(column, n, m, (flags & kClosed) != 0);
-  return mesh;
+std::vector<Point> pointsOf(const std::vector<Vertex>& vertices) {
+  std::vector<Point> points;
+  for (const Vertex& vertex : vertices)
+    if (!vertex.isFace) points.push_back(vertex.drawn.at);
+  return points;
 }
 
-MeshGeometry facesOf(const std::vector<Vertex>& vertices) {
-  std::vector<Point> corners;
-  for (const Vertex& vertex : vertices)
-    if (!vertex.isFace) corners.push_back(vertex.drawn.at);
-  const auto at = [&](std::int64_t number) -> const Point* {
-    const auto index = static_cast<std::size_t>(std::abs(number));
-    return index == 0 || index > corners.size() ? nullptr : &corners[index - 1];
+MeshGrid gridOf(const Fields& fields) {
+  const std::int64_t flags = fields.integer("flags");
+  const bool smooth = fields.integer("curve type") != 0;
+  const auto count = [&](std::string_view plain, std::string_view dense) {
+    return static_cast<std::size_t>(std::max<std::int64_t>(0, fields.integer(smooth ? dense : plain)));
   };
-  MeshGeometry mesh;
-  for (const Vertex& face : vertices) {
-    if (!face.isFace) continue;
-    std::size_t used = 4;
-    while (used > 0 && face.corners[used - 1] == 0) --used;
-    for (std::size_t i = 0; i < used; ++i) {
-      const Point* begin = at(face.corners[i]);
-      const Point* end = at(face.corners[(i + 1) % used]);
-      if (face.corners[i] > 0 && begin != nullptr && end != nullptr) mesh.wires.push_back({*begin, *end});
-    }
-  }
-  return mesh;
+  return {count("m vertices", "m density"), count("n vertices", "n density"), (flags & kClosed) != 0,
+          (flags & kClosedInN) != 0};
+}
+
+std::vector<MeshFace> facesOf(const std::vector<Vertex>& vertices) {
+  std::vector<MeshFace> faces;
+  for (const Vertex& vertex : vertices)
+    if (vertex.isFace) faces.push_back(vertex.corners);
+  return faces;
 }
 
 }  // namespace
 
 Geometry readPolyline(const GeometrySource& from) {
   std::vector<Vertex> vertices = verticesOf(from);
-  if (from.kind == ObjectKind::kPolylineMesh) return {meshOf(from, vertices)};
-  if (from.kind == ObjectKind::kPolylinePface) return {facesOf(vertices)};
+  if (from.kind == ObjectKind::kPolylineMesh) return {gridWires(pointsOf(vertices), gridOf(from.fields))};
+  if (from.kind == ObjectKind::kPolylinePface) return {faceWires(pointsOf(vertices), facesOf(vertices))};
   PolylineGeometry shape;
   shape.closed = (from.fields.integer("flags") & kClosed) != 0;
   const bool spatial = from.kind == ObjectKind::kPolyline3d;

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 
 #include "embedded/drawing/drawing.h"
+#include "embedded/drawing/mesh_wires.h"
 #include "embedded/dxf/geometry_groups.h"
 
 namespace cad::dxf {
@@ -16,8 +16,7 @@ constexpr int kControlPoint = 16, kFaceCorner = 64, kFacePart = 128;            
 struct Vertex {
   PolylineGeometry::Vertex drawn;
   int flags = 0;
-  std::array<int, 4>
-      corners{};  // of a face: numbers from 1; below 0 when the edge that begins there is hidden
+  MeshFace corners{};  // of a face
 };
 
 // Those without widths of their own have the polyline's.
@@ -40,46 +39,32 @@ std::vector<Vertex> verticesOf(const Drawing& drawing, const DxfStorage& storage
   return vertices;
 }
 
-MeshGeometry meshOf(const std::vector<Vertex>& vertices, const GeometryGroups& groups) {
+MeshGrid gridOf(const GeometryGroups& groups) {
   const int flags = groups.integer(70);
   const bool smooth = groups.integer(75) != 0;
   const auto count = [&](int plain, int dense) {
     return static_cast<std::size_t>(std::max(0, groups.integer(smooth ? dense : plain)));
   };
-  const std::size_t m = count(71, 73), n = count(72, 74);
-  MeshGeometry mesh;
-  if (n == 0 || m == 0 || vertices.size() / n < m) return mesh;
-  const auto add = [&](std::size_t first, std::size_t step, std::size_t number, bool closed) {
-    std::vector<Point> wire;
-    for (std::size_t i = 0; i < number; ++i) wire.push_back(vertices[first + i * step].drawn.at);
-    if (closed) wire.push_back(wire.front());
-    mesh.wires.push_back(std::move(wire));
-  };
-  for (std::size_t row = 0; row < m; ++row) add(row * n, 1, n, (flags & kClosedInN) != 0);
-  for (std::size_t column = 0; column < n; ++column) add(column, n, m, (flags & kClosed) != 0);
-  return mesh;
+  return {count(71, 73), count(72, 74), (flags & kClosed) != 0, (flags & kClosedInN) != 0};
 }
 
-MeshGeometry facesOf(const std::vector<Vertex>& vertices) {
+MeshGeometry gridOfVertices(const std::vector<Vertex>& vertices, const GeometryGroups& groups) {
+  std::vector<Point> points;
+  for (const Vertex& vertex : vertices) points.push_back(vertex.drawn.at);
+  return gridWires(points, gridOf(groups));
+}
+
+MeshGeometry facesOfVertices(const std::vector<Vertex>& vertices) {
   std::vector<Point> corners;
-  for (const Vertex& vertex : vertices)
-    if ((vertex.flags & kFaceCorner) != 0) corners.push_back(vertex.drawn.at);
-  const auto at = [&](int number) -> const Point* {
-    const std::size_t index = static_cast<std::size_t>(std::abs(static_cast<long>(number)));
-    return index == 0 || index > corners.size() ? nullptr : &corners[index - 1];
-  };
-  MeshGeometry mesh;
-  for (const Vertex& face : vertices) {
-    if ((face.flags & kFacePart) == 0 || (face.flags & kFaceCorner) != 0) continue;
-    std::size_t used = 4;
-    while (used > 0 && face.corners[used - 1] == 0) --used;
-    for (std::size_t i = 0; i < used; ++i) {
-      const Point* from = at(face.corners[i]);
-      const Point* to = at(face.corners[(i + 1) % used]);
-      if (face.corners[i] > 0 && from != nullptr && to != nullptr) mesh.wires.push_back({*from, *to});
+  std::vector<MeshFace> faces;
+  for (const Vertex& vertex : vertices) {
+    if ((vertex.flags & kFaceCorner) != 0) {
+      corners.push_back(vertex.drawn.at);
+    } else if ((vertex.flags & kFacePart) != 0) {
+      faces.push_back(vertex.corners);
     }
   }
-  return mesh;
+  return faceWires(corners, faces);
 }
 
 }  // namespace
@@ -88,8 +73,8 @@ Geometry readPolyline(const Drawing& drawing, const DxfStorage& storage, RecordI
   const GeometryGroups groups(storage, drawing.record(polyline));
   const int flags = groups.integer(70);
   std::vector<Vertex> vertices = verticesOf(drawing, storage, polyline, groups.real(40), groups.real(41));
-  if ((flags & kMesh) != 0) return {meshOf(vertices, groups)};
-  if ((flags & kFaces) != 0) return {facesOf(vertices)};
+  if ((flags & kMesh) != 0) return {gridOfVertices(vertices, groups)};
+  if ((flags & kFaces) != 0) return {facesOfVertices(vertices)};
   PolylineGeometry shape;
   shape.closed = (flags & kClosed) != 0;
   const bool spatial = (flags & kSpatial) != 0;
