@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "base/codepage.h"
+#include "base/file_errors.h"
 #include "base/files.h"
 #include "base/utf8.h"
 #include "cli/drawing_folders.h"
@@ -35,8 +36,9 @@ class FolderWalk {
       names.push_back(entry->path().filename());
     }
     if (error) {
-      drawings_.push_back({base::pathText(folder), below,
-                           tr(L"this folder cannot be read: %1", {base::fromUtf8(error.message())})});
+      drawings_.push_back(
+          {base::pathText(folder), below,
+           tr(L"this folder cannot be read: %1", {translated(base::fileFailure(folder, error).reason)})});
       return;
     }
     std::ranges::sort(names);

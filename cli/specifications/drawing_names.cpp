@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "base/codepage.h"
+#include "base/file_errors.h"
 #include "base/files.h"
 #include "cli/drawing_folders.h"
 #include "cli/language/language.h"
@@ -26,9 +26,10 @@ base::Status NamesOfDrawings::take(const std::wstring& drawingOrFolder) {
   if (!fs::is_directory(path, error)) return takeDrawing(drawingOrFolder);
   std::vector<fs::path> files;
   for (fs::recursive_directory_iterator at(path, error), end; !error && at != end; at.increment(error)) {
-    if (at->is_regular_file(error) && hasNameOfDrawing(at->path())) files.push_back(at->path());
+    std::error_code unknown;  // a link that leads nowhere
+    if (at->is_regular_file(unknown) && hasNameOfDrawing(at->path())) files.push_back(at->path());
   }
-  if (error) return base::Failure{drawingOrFolder, base::fromUtf8(error.message())};
+  if (error) return base::Failure{drawingOrFolder, translated(base::fileFailure(path, error).reason)};
   if (files.empty()) return base::Failure{drawingOrFolder, tr(L"no drawing stands in this folder")};
   std::ranges::sort(files);
   const std::size_t unread = unreadable_.size();
