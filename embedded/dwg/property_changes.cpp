@@ -29,6 +29,12 @@ bool isDefault(RecordKind kind, Property property, const StoredValue& value) {
   return text != nullptr && text->empty();
 }
 
+// A number takes the place of a true colour even when it is the one that stands for that.
+bool dropsTrueColor(const DwgStorage& storage, const Record& record, Property property) {
+  if (property == Property::kColorIndex) return storage.commonFields(record).color("color").isTrue();
+  return property == Property::kLayerColor && storage.fields(record).color("color").isTrue();
+}
+
 bool hasNoCharacter(const StoredValue& value) {
   const auto* text = std::get_if<std::string>(&value);
   return text != nullptr && text->find('\0') != std::string::npos;
@@ -122,7 +128,8 @@ base::Result<EditId> DwgStorage::setProperty(Drawing& drawing, const Record& rec
   if (hasNoCharacter(value)) return refused(L"There is a line break in the ");
   if (place->form == FieldForm::kEntry) return refused(L"A drawing of this format cannot change the ");
   const StoredValue present = this->property(record, property);
-  if (present == value || (std::holds_alternative<std::monostate>(present) && !isReference(*place) &&
+  const bool same = present == value && !dropsTrueColor(*this, record, property);
+  if (same || (std::holds_alternative<std::monostate>(present) && !isReference(*place) &&
                            isDefault(record.kind, property, value)))
     return record.edits;
   FieldChanges changes;

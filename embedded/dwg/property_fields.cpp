@@ -46,7 +46,7 @@ constexpr TypedField kEntities[] = {
 constexpr TypedField kRecords[] = {
     {"LAYER LTYPE STYLE DIMSTYLE APPID", {P::kName, "name", F::kText}},
     {"BLOCK BLOCK_RECORD VIEW UCS VPORT", {P::kName, "name", F::kSpecial}},
-    {"LAYER LTYPE STYLE DIMSTYLE BLOCK_RECORD APPID VIEW UCS VPORT", {P::kStandardFlags, "", F::kSpecial}},
+    {"LAYER LTYPE STYLE DIMSTYLE APPID VIEW UCS VPORT", {P::kStandardFlags, "", F::kSpecial}},
     {"BLOCK", {P::kStandardFlags, "", F::kEntry}},
     {"LAYER", {P::kLayerColor, "color", F::kSpecial}},
     {"LAYER", {P::kLayerLinetype, "linetype", F::kReference}},

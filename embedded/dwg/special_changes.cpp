@@ -26,9 +26,10 @@ void changeDirection(double degrees, FieldChanges& changes) {
 void changeLayerColor(const DwgStorage& storage, const Record& record, std::int64_t value,
                       FieldChanges& changes) {
   const Fields& fields = storage.fields(record);
-  const std::int64_t present = fields.color("color").number;
-  if (std::abs(value) != present) changes.setColor("color", colorOf(std::abs(value)));
   LayerBits bits = layerBits(fields);
+  const Color present = fields.color("color");
+  const bool turns = std::abs(value) == present.number && (value < 0) != bits.off;
+  if (!turns) changes.setColor("color", colorOf(std::abs(value)));
   bits.off = value < 0;
   setLayerBits(fields, bits, changes);
 }

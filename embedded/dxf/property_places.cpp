@@ -61,8 +61,7 @@ constexpr TypedPlace kEntityPlaces[] = {
 
 constexpr TypedPlace kTablePlaces[] = {
     {"LAYER LTYPE STYLE DIMSTYLE BLOCK_RECORD APPID VIEW UCS VPORT BLOCK", {P::kName, 2, "", V::kR12}},
-    {"LAYER LTYPE STYLE DIMSTYLE BLOCK_RECORD APPID VIEW UCS VPORT BLOCK",
-     {P::kStandardFlags, 70, "", V::kR12}},
+    {"LAYER LTYPE STYLE DIMSTYLE APPID VIEW UCS VPORT BLOCK", {P::kStandardFlags, 70, "", V::kR12}},
     {"LAYER", {P::kLayerColor, 62, "", V::kR12}},
     {"LAYER", {P::kLayerLinetype, 6, "", V::kR12}},
     {"LAYER", {P::kLayerPlottable, 290, "", V::kR2000}},
@@ -172,6 +171,8 @@ Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPla
   if (isCommon(place)) return locateCommon(bytes, dialect, place.code, straying);
   Located result;
   const bool mtext = place.subclass == kMText;
+  // A dimension style has another value under the same code behind its flags.
+  const bool firstCounts = place.property == Property::kStandardFlags;
   bool sawSubclass = false, leftSubclass = false;
   OwnGroups own(place.subclass);
   RegionTracker tracker;
@@ -198,7 +199,7 @@ Located locate(std::string_view bytes, const Dialect& dialect, const PropertyPla
     const Region region = tracker.enter(group.code, group.value);
     if (mtext && group.code == kMTextColumns && own.holds(region, tracker.subclass())) break;
     if (!takes(region, group.code == kFirstOfParts, group.end)) continue;
-    if (group.code == place.code) result.group = group;
+    if (group.code == place.code && !(result.group && firstCounts)) result.group = group;
     if (place.code == kColorNumber) noteTrueColor(group, result);
   }
   // A record that has markers, but not this one: what other classes have of the code counts.

@@ -1,11 +1,11 @@
 #pragma once
-// The colours of the numbers 1 to 255.
+// The colours in which the numbers 1 to 255 are shown.
 
 #include <cstdint>
 
-namespace cad {
+#include "embedded/drawing/color_numbers.h"
 
-using Rgb = std::uint32_t;  // 0xRRGGBB
+namespace cad {
 
 // Number 7, and whatever is no colour number, is white: drawings are shown on a dark background.
 Rgb paletteColor(std::uint8_t number);

@@ -2,6 +2,7 @@
 
 #include <bit>
 
+#include "embedded/drawing/color_numbers.h"
 #include "embedded/dwg/fields/extended_data.h"
 
 namespace cad::dwg {
@@ -29,6 +30,8 @@ void takeRgb(std::int64_t stored, Color& color) {
       break;
     case kTrueColor:
       color.rgb = static_cast<std::int32_t>(stored & 0xFFFFFF);
+      // Entities say the number, too; elsewhere it follows from the colour.
+      if (color.number == 0) color.number = nearestColorNumber(static_cast<Rgb>(*color.rgb));
       break;
     case kNumbered:
       color.number = static_cast<std::int16_t>(stored & 0xFF);

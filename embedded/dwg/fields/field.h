@@ -104,6 +104,9 @@ struct Color {
   std::optional<std::int32_t> rgb;  // 0xRRGGBB
   std::optional<Handle> reference;  // the object that names it; of entities
   Value name, book;                 // of named colours of a book; texts
+
+  // Whether there is more to it than the number.
+  bool isTrue() const { return rgb || reference; }
   bool operator==(const Color& other) const;
 };
 

@@ -91,9 +91,6 @@ TEST_P(Changes, OfAPropertyAreReadBackAndTakenBackBitForBit) {
     for (const Setting& setting : settings) {
       if (original->record(id).implied() || !drawing_->canHold(id, setting.property)) continue;
       const StoredValue before = drawing_->storage().property(drawing_->record(id), setting.property);
-      const bool coloured = drawing_->looks(id).trueColor.has_value();
-      const bool isColor = setting.property == P::kColorIndex || setting.property == P::kLayerColor;
-      if (coloured && isColor) continue;
       if (original->record(id).kind == RecordKind::kBlockBegin && setting.property == P::kDescription)
         continue;
       const base::Status set = drawing_->setStored(id, setting.property, setting.value);
@@ -107,6 +104,30 @@ TEST_P(Changes, OfAPropertyAreReadBackAndTakenBackBitForBit) {
   }
   EXPECT_GT(tried, 1000);
   EXPECT_TRUE(isAsInFile());
+}
+
+// The drawings have such layers from the first version on that knows them.
+TEST_P(Changes, OfAColourNumberDropTheTrueColourThatItStandsFor) {
+  int tried = 0;
+  for (RecordId id = 0; id < drawing_->recordCount(); ++id) {
+    const bool isLayer = drawing_->record(id).table == Table::kLayer;
+    const P property = isLayer ? P::kLayerColor : P::kColorIndex;
+    if (drawing_->record(id).implied() || !drawing_->canHold(id, property)) continue;
+    if (!drawing_->looks(id).trueColor) continue;
+    const auto number = drawing_->integer(id, property);
+    ASSERT_TRUE(number);
+    EXPECT_TRUE(*number > 0 && *number < 256) << *number;
+    if (isLayer) {
+      expectOk(drawing_->setInteger(id, property, -*number));
+      EXPECT_TRUE(drawing_->looks(id).trueColor) << "turned off";
+      expectOk(drawing_->setInteger(id, property, *number));
+    }
+    expectOk(drawing_->setInteger(id, property, *number));
+    EXPECT_FALSE(drawing_->looks(id).trueColor);
+    EXPECT_EQ(drawing_->integer(id, property), number);
+    ++tried;
+  }
+  EXPECT_EQ(tried > 0, drawing_->facts().version >= base::Version::kR2004);
 }
 
 TEST_P(Changes, BackToTheOldValueGiveTheOldBits) {

@@ -52,7 +52,7 @@ TEST_P(SameDrawing, IsToldAlikeByBothOfItsFiles) {
     for (const RecordDifference& difference : *list) EXPECT_TRUE(isExpected(difference)) << told(difference);
 }
 
-INSTANTIATE_TEST_SUITE_P(Versions, SameDrawing, testing::Values("AC1015"));
+INSTANTIATE_TEST_SUITE_P(Versions, SameDrawing, testing::Values("AC1015", "AC1018", "AC1024", "AC1027", "AC1032"));
 
 TEST(DwgDrawings, AreSavedByteForByteWhenNothingChanges) {
   const fs::path folder = sample("dwg");
