@@ -1,6 +1,7 @@
 #include <sched.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <string>
 
