@@ -49,7 +49,7 @@ std::string objectBytes(const SmallDrawing& drawing, std::uint64_t base, std::ve
     places.push_back({object.handle, base + bytes.size()});
     BitWriter size;
     size.ms(static_cast<std::uint32_t>(object.data.size()));
-    if (drawing.version >= Version::kR2010) size.umc(8);
+    if (drawing.version >= Version::kR2010) size.umc(object.handleBits);
     bytes += withCrc(size.take() + object.data);
   }
   return drawing.spoilt(bytes);

@@ -14,6 +14,7 @@ namespace cad::dwg {
 struct SmallObject {
   Handle handle = 0;
   std::string data;
+  std::uint64_t handleBits = 8;  // from R2010 on
 };
 
 struct SmallDrawing {
