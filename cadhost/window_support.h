@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "cadhost/resource.h"
 #include "embedded/graphics/palette.h"
 
 namespace cadhost {
@@ -38,7 +39,7 @@ bool registerWindow(HINSTANCE instance, const wchar_t* name, HCURSOR cursor, HBR
   wc.hCursor = cursor;
   wc.hbrBackground = background;
   wc.lpszClassName = name;
-  wc.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+  wc.hIcon = LoadIconW(instance, MAKEINTRESOURCEW(IDR_FRAME));
   return RegisterClassExW(&wc) != 0 || GetLastError() == ERROR_CLASS_ALREADY_EXISTS;
 }
 

@@ -11,3 +11,5 @@ add_compile_options(-Wno-stringop-overread)  # a false alarm on the library's st
 # The compiler's runtime is inside each library and program, so that none needs a file of it beside it. Memory
 # is the system's and may cross from one to another; exceptions and error categories may not.
 add_link_options(-static)
+# What is built twice from the same sources is the same.
+add_link_options(LINKER:--no-insert-timestamp)
