@@ -7,6 +7,7 @@
 #include <unordered_set>
 
 #include "base/fold.h"
+#include "embedded/drawing/dim_variables.h"
 #include "embedded/drawing/record_diff.h"
 
 namespace cad {
@@ -33,6 +34,15 @@ std::wstring nameOf(const Drawing& drawing, RecordId id) {
 bool isPictureName(const std::wstring& name) {
   return name.size() > 2 && name[0] == L'*' && (name[1] == L'D' || name[1] == L'd') && name[2] >= L'0' &&
          name[2] <= L'9';
+}
+
+// With and without the underscore before the name of an arrow's block.
+bool nameSameArrow(std::string_view variable, std::wstring_view left, std::wstring_view right) {
+  const DimVariableInfo* info = findDimVariable(variable);
+  if (info == nullptr || info->type != DimType::kArrow) return false;
+  for (std::wstring_view* name : {&left, &right})
+    if (name->starts_with(L'_')) name->remove_prefix(1);
+  return base::equalFolded(left, right);
 }
 
 // What counts or dates every saving.
@@ -345,7 +355,8 @@ class Comparing {
     // Formats do not hold the same variables.
     const bool ofOneFormat = before_.format() == after_.format();
     const auto add = [&](const std::string& name, const std::wstring& left, const std::wstring& right) {
-      if (left != right && !isBookkeeping(name) && (ofOneFormat || (!left.empty() && !right.empty())))
+      if (left != right && !isBookkeeping(name) && !nameSameArrow(name, left, right) &&
+          (ofOneFormat || (!left.empty() && !right.empty())))
         result_.variables.push_back({name, Property::kCount, left, right});
     };
     for (const HeaderValue& value : was) {

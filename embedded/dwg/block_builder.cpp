@@ -65,12 +65,16 @@ base::Status BlockBuilder::setLinetype(FieldChanges& values, std::wstring_view n
 }
 
 base::Status BlockBuilder::addCommon(FieldChanges& values) {
+  setPlace(values);
+  return setLayer(values, L"0");
+}
+
+void BlockBuilder::setPlace(FieldChanges& values) const {
   const EntityMode mode = block_ == drawing_.modelSpace()   ? EntityMode::kModelSpace
                           : block_ == drawing_.paperSpace() ? EntityMode::kPaperSpace
                                                             : EntityMode::kOwned;
   values.set("entity mode", static_cast<int>(mode));
   if (mode == EntityMode::kOwned) values.setHandle("owner", entry_);
-  return setLayer(values, L"0");
 }
 
 base::Result<ObjectKind> BlockBuilder::addGeometry(FieldChanges& values, std::string_view type,
@@ -86,7 +90,11 @@ base::Result<ObjectKind> BlockBuilder::addGeometry(FieldChanges& values, std::st
 }
 
 base::Result<RecordId> BlockBuilder::enter(ObjectKind kind, FieldChanges values, SignatureId signature) {
-  return storage_.enter(drawing_, {kind, storage_.takeHandle(), std::move(values)},
+  return enter({kind, storage_.takeHandle(), std::move(values)}, signature);
+}
+
+base::Result<RecordId> BlockBuilder::enter(const NewObject& object, SignatureId signature) {
+  return storage_.enter(drawing_, object,
                         {.kind = RecordKind::kEntity, .owner = block_, .signature = signature});
 }
 
@@ -154,6 +162,15 @@ base::Status BlockBuilder::empty(const BlockHead& head) {
   changes.set("has attributes", head.hasAttributes);
   changes.set("base point", Value(head.base));
   return storage_.change(drawing_, entry, changes);
+}
+
+void linkPart(const DwgStorage& storage, std::span<const Handle> parts, std::size_t at,
+              FieldChanges& values) {
+  if (storage.version() >= Version::kR2004) return;
+  const std::size_t count = parts.size() - 1;
+  values.set("no links", false);
+  values.setHandle("previous", at > 0 && at < count ? parts[at - 1] : 0);
+  values.setHandle("next", at + 1 < count ? parts[at + 1] : 0);
 }
 
 }  // namespace cad::dwg

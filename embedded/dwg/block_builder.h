@@ -1,6 +1,7 @@
 #pragma once
 // Writes a block and its entities.
 
+#include <span>
 #include <string_view>
 
 #include "embedded/drawing/block_entity.h"
@@ -20,12 +21,14 @@ class BlockBuilder {
 
   // What every entity here has: its place, and layer 0 with everything else by the layer.
   base::Status addCommon(FieldChanges& values);
+  void setPlace(FieldChanges& values) const;
   base::Status setLayer(FieldChanges& values, std::wstring_view name);
   base::Status setLinetype(FieldChanges& values, std::wstring_view name);  // empty: ByLayer
   base::Status setStyle(FieldChanges& values, std::wstring_view name);     // empty: Standard
   // Fails for a type that has no such geometry.
   base::Result<ObjectKind> addGeometry(FieldChanges& values, std::string_view type, const Geometry& geometry);
   base::Result<RecordId> enter(ObjectKind kind, FieldChanges values, SignatureId signature = 0);
+  base::Result<RecordId> enter(const NewObject& object, SignatureId signature = 0);
 
  private:
   base::Status openNew(std::wstring_view name, const BlockHead& head);
@@ -40,5 +43,9 @@ class BlockBuilder {
   Table lastTable_ = Table::kNone;
   Handle lastHandle_ = 0;
 };
+
+// Links one of the parts of an entity, attributes or vertices with the end of their sequence behind them, as
+// the entities of a block are linked.
+void linkPart(const DwgStorage& storage, std::span<const Handle> parts, std::size_t at, FieldChanges& values);
 
 }  // namespace cad::dwg

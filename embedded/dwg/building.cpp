@@ -1,6 +1,5 @@
 // New blocks and entities.
 
-#include "embedded/drawing/block_copy.h"
 #include "embedded/drawing/drawing.h"
 #include "embedded/dwg/block_builder.h"
 #include "embedded/dwg/dwg_storage.h"
@@ -154,8 +153,5 @@ EditId DwgStorage::setTextMiddle(const Record& dimension, const Point& at) {
   const base::Result<EditId> state = changed(dimension, changes);
   return state.ok() ? state.value() : dimension.edits;
 }
-
-// Between drawings the geometry and the properties are copied that both know.
-std::unique_ptr<BlockCopy> DwgStorage::copierFrom(Drawing&, const Drawing&) { return nullptr; }
 
 }  // namespace cad::dwg

@@ -16,6 +16,8 @@
 
 namespace cad::dwg {
 
+struct PropertyField;
+
 // Which records the file's objects became.
 struct FileRecords {
   std::vector<RecordId> byPlace;  // of each of DwgFile::places(); kNoRecord: of none
@@ -151,6 +153,8 @@ class DwgStorage final : public RecordStorage {
   };
   // The record's state with these fields changed; its own when nothing is different.
   base::Result<EditId> changed(const Record& record, const FieldChanges& changes);
+  std::optional<Value> firstAngle(const Record& record, const PropertyField& place,
+                                  const StoredValue& wanted) const;
   void forgetNewest();
   base::Result<FileChanges> fileChanges(std::span<const Record> records) const;
   bool namesAgree(const Record& record, const DwgStorage& other) const;

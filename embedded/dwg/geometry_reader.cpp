@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "embedded/drawing/dim_variables.h"
+#include "embedded/dwg/fit_spline.h"
 #include "embedded/dwg/geometry_fields.h"
 
 namespace cad::dwg {
@@ -59,16 +61,63 @@ Geometry readSolid(const GeometrySource& from) {
   return {SolidGeometry{{corner(0), corner(1), corner(3), corner(2)}}, from.normal()};
 }
 
+Geometry readFitSpline(const Fields& fields, std::vector<Point> points) {
+  constexpr std::int64_t kClosed = 4;
+  FitPoints fit{std::move(points), fields.point("start tangent"), fields.point("end tangent")};
+  const std::int64_t steps = fields.integer("knot parameter");
+  if (steps >= 0 && steps <= static_cast<int>(FitSteps::kEven)) fit.steps = static_cast<FitSteps>(steps);
+  const bool closed = (fields.integer("spline flags") & kClosed) != 0;
+  SplineGeometry shape = closed ? SplineGeometry() : splineThrough(fit);
+  shape.closed = closed;
+  if (shape.control.empty() || fields.version() < Version::kR2013) shape.fit = std::move(fit.points);
+  return {std::move(shape)};
+}
+
 Geometry readSpline(const GeometrySource& from) {
   const Fields& fields = from.fields;
+  if (std::vector<Point> fit = pointsOf(fields, "fit point"); !fit.empty())
+    return readFitSpline(fields, std::move(fit));
   SplineGeometry shape;
   shape.degree = static_cast<int>(fields.integer("degree", 3));
   shape.closed = fields.integer("closed") != 0;
   shape.knots = realsOf(fields, "knot");
   shape.weights = realsOf(fields, "weight");
   shape.control = pointsOf(fields, "control point");
-  shape.fit = pointsOf(fields, "fit point");
   return {std::move(shape)};
+}
+
+// Of the dimension or leader, or else of its style.
+double dimReal(const GeometrySource& from, const DimVariableInfo& info) {
+  std::optional<Variable> value = from.drawing.dimVariable(from.id, info);
+  const RecordId style = from.storage.recordOf(from.fields.handle("dimension style").value_or(0));
+  if (!value && style != kNoRecord) value = from.drawing.dimVariable(style, info);
+  if (!value) value = defaultValue(info);
+  const double* real = std::get_if<double>(&*value);
+  return real == nullptr ? 0 : *real;
+}
+
+// Before a text a leader that comes steeply has a piece along the text's direction, which no file tells.
+bool hasHook(const GeometrySource& from, const std::vector<Point>& points, const Point& along) {
+  constexpr std::int64_t kText = 0;
+  const double kSteep = 15 * kRadiansPerDegree;
+  if (points.size() < 2 || from.fields.integer("annotation type") != kText) return false;
+  const Point &end = points.back(), &start = points[points.size() - 2];
+  const Point last{end.x - start.x, end.y - start.y, end.z - start.z};
+  const double length = std::hypot(last.x, last.y, last.z) * std::hypot(along.x, along.y, along.z);
+  const double cosine = std::fabs(last.x * along.x + last.y * along.y + last.z * along.z);
+  return length > 0 && cosine < length * std::cos(kSteep);
+}
+
+void addHook(const GeometrySource& from, std::vector<Point>& points, PolylineGeometry& shape) {
+  const Point along = from.fields.point("x direction", {1, 0, 0});
+  if (!hasHook(from, points, along)) return;
+  const double scale = dimReal(from, dimRow("DIMSCALE"));
+  const double length = dimReal(from, dimRow("DIMASZ")) * (scale > 0 ? scale : 1);
+  if (!(length > 0)) return;
+  const double back = from.fields.integer("hook along x") == 0 ? -length : length;
+  const Point end = points.back();
+  points.insert(points.end() - 1, {end.x + back * along.x, end.y + back * along.y, end.z + back * along.z});
+  shape.hook = length;
 }
 
 // A leader's points are world coordinates, whatever its normal.
@@ -80,6 +129,7 @@ Geometry readLeader(const GeometrySource& from) {
     return {std::move(curve)};
   }
   PolylineGeometry shape;
+  addHook(from, points, shape);
   for (const Point& at : points) shape.vertices.push_back({at, 0});
   return {std::move(shape)};
 }
@@ -98,6 +148,15 @@ Geometry readInsert(const GeometrySource& from) {
   return {shape, from.normal()};
 }
 
+// A table is shown by a block.
+Geometry readTable(const GeometrySource& from) {
+  InsertGeometry shape;
+  shape.block = from.storage.blockOf(from.fields.handle("block").value_or(0));
+  shape.at = from.fields.point("insertion point");
+  shape.rotation = from.degrees("rotation");
+  return {shape};
+}
+
 struct KindReader {
   ObjectKind kind;
   Geometry (*read)(const GeometrySource&);
@@ -109,6 +168,7 @@ constexpr KindReader kReaders[] = {
     {ObjectKind::kText, readText},
     {ObjectKind::kInsert, readInsert},
     {ObjectKind::kMinsert, readInsert},
+    {ObjectKind::kTable, readTable},
     {ObjectKind::kArc, readArc},
     {ObjectKind::kCircle, readArc},
     {ObjectKind::kPolyline2d, readPolyline},

@@ -105,16 +105,6 @@ void listAttributes(const DwgStorage& storage, const std::vector<Handle>& handle
   for (std::uint32_t i = 0; i < count; ++i) values.setHandle("attribute", handles[i], i);
 }
 
-// Attributes are linked as the entities of a block are.
-void link(const DwgStorage& storage, const std::vector<Handle>& handles, std::size_t at,
-          FieldChanges& values) {
-  if (storage.version() >= Version::kR2004) return;
-  const std::size_t count = handles.size() - 1;
-  values.set("no links", false);
-  values.setHandle("previous", at > 0 && at < count ? handles[at - 1] : 0);
-  values.setHandle("next", at + 1 < count ? handles[at + 1] : 0);
-}
-
 }  // namespace
 
 base::Result<RecordId> DwgStorage::addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) {
@@ -155,7 +145,7 @@ base::Result<RecordId> DwgStorage::addInsert(Drawing& drawing, RecordId space, c
       status = builder.setLayer(part.values, layer);
     part.values.set("entity mode", 0);
     part.values.setHandle("owner", object.handle);
-    link(*this, handles, i, part.values);
+    linkPart(*this, handles, i, part.values);
     if (!status) break;
     const base::Result<RecordId> entered =
         enter(drawing, part, {.kind = RecordKind::kSubEntity, .owner = made.value()});

@@ -1,9 +1,9 @@
 // Reading and writing of typed properties.
 
-#include <numbers>
 #include <string>
 
 #include "embedded/drawing/drawing.h"
+#include "embedded/dwg/angles.h"
 #include "embedded/dwg/dwg_storage.h"
 #include "embedded/dwg/entity_head.h"
 #include "embedded/dwg/field_texts.h"
@@ -28,7 +28,7 @@ StoredValue readGeneric(const DwgStorage& storage, const Record& record, const P
     case FieldForm::kReal:
       return fields.real(place.field);
     case FieldForm::kAngle:
-      return fields.real(place.field) * 180 / std::numbers::pi;
+      return degreesOf(fields.real(place.field));
     case FieldForm::kText:
       return storedText(fields.find(place.field)->value);
     case FieldForm::kReference: {

@@ -1,11 +1,11 @@
 // Setting typed properties.
 
 #include <cmath>
-#include <numbers>
 #include <string>
 
 #include "base/fold.h"
 #include "embedded/drawing/drawing.h"
+#include "embedded/dwg/angles.h"
 #include "embedded/dwg/dwg_storage.h"
 #include "embedded/dwg/entity_head.h"
 #include "embedded/dwg/property_fields.h"
@@ -94,7 +94,7 @@ void changePlain(const DwgStorage& storage, const PropertyField& place, const St
   if (const auto* text = std::get_if<std::string>(&value)) {
     changes.set(place.field, storage.fieldText(*text));
   } else if (const auto* real = std::get_if<double>(&value)) {
-    changes.set(place.field, Value(place.form == FieldForm::kAngle ? *real * kRadiansPerDegree : *real));
+    changes.set(place.field, Value(place.form == FieldForm::kAngle ? radiansOf(*real) : *real));
   } else if (const auto* integer = std::get_if<std::int64_t>(&value)) {
     changes.set(place.field, Value(*integer));
   }
@@ -111,6 +111,17 @@ base::Result<EditId> DwgStorage::changed(const Record& record, const FieldChange
   if (written.value().data == present.data && written.value().handleBits == present.handleBits)
     return record.edits;
   return states_.add(written.value().data, written.value().handleBits);
+}
+
+// As it was in the file: several numbers there can make the same angle.
+std::optional<Value> DwgStorage::firstAngle(const Record& record, const PropertyField& place,
+                                            const StoredValue& wanted) const {
+  if (place.form != FieldForm::kAngle && place.property != Property::kRotation) return std::nullopt;
+  Record first = record;
+  first.edits = kNoEdit;
+  if (property(first, place.property) != wanted) return std::nullopt;
+  const Field* field = fields(first).find(place.field);
+  return field == nullptr ? std::nullopt : std::optional(field->value);
 }
 
 base::Result<EditId> DwgStorage::setProperty(Drawing& drawing, const Record& record, Property property,
@@ -130,11 +141,13 @@ base::Result<EditId> DwgStorage::setProperty(Drawing& drawing, const Record& rec
   const StoredValue present = this->property(record, property);
   const bool same = present == value && !dropsTrueColor(*this, record, property);
   if (same || (std::holds_alternative<std::monostate>(present) && !isReference(*place) &&
-                           isDefault(record.kind, property, value)))
+               isDefault(record.kind, property, value)))
     return record.edits;
   FieldChanges changes;
   base::Status status;
-  if (isReference(*place)) {
+  if (std::optional<Value> first = firstAngle(record, *place, value)) {
+    changes.set(place->field, *std::move(first));
+  } else if (isReference(*place)) {
     status = changeReference(drawing, *this, record, *place, value, changes);
   } else if (place->form == FieldForm::kSpecial) {
     status = changeSpecial(drawing, *this, record, property, value, changes);

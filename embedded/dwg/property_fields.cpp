@@ -39,7 +39,7 @@ constexpr TypedField kEntities[] = {
     {"LEADER TOLERANCE", {P::kDimStyle, "dimension style", F::kReference}},
     {"ATTDEF ATTRIB", {P::kName, "tag", F::kText}},
     {"ATTDEF", {P::kStandardFlags, "flags", F::kInteger}},
-    {"INSERT", {P::kBlockName, "block", F::kBlock}},
+    {"INSERT ACAD_TABLE", {P::kBlockName, "block", F::kBlock}},
     {"INSERT", {P::kRotation, "rotation", F::kAngle}},
 };
 

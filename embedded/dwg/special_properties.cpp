@@ -3,8 +3,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
+#include "embedded/dwg/angles.h"
 #include "embedded/dwg/application_data.h"
 #include "embedded/dwg/entity_head.h"
 #include "embedded/dwg/layer_fields.h"
@@ -56,7 +56,7 @@ StoredValue readTransparency(const Fields& fields) {
 
 StoredValue readDirection(const Fields& fields) {
   const Point axis = fields.point("x axis", {1, 0, 0});
-  return std::atan2(axis.y, axis.x) * 180 / std::numbers::pi;
+  return degreesOf(std::atan2(axis.y, axis.x));
 }
 
 StoredValue readLayerColor(const Fields& fields) {

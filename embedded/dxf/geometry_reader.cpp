@@ -112,6 +112,16 @@ void readAlignment(const Source& from, int levelCode, TextGeometry& shape) {
   if (!between && (side != 0 || level != 0)) shape.at = shape.second;
 }
 
+// Attributes have something else under the code in the class of their own.
+int generationOf(const GeometryGroups& groups) {
+  constexpr int kMarker = 100, kGeneration = 71;
+  for (const Group& group : groups.all()) {
+    if (group.code == kMarker && trimmed(group.value).starts_with("AcDbAttribute")) break;
+    if (group.code == kGeneration) return groups.whole(group);
+  }
+  return 0;
+}
+
 Geometry readText(const Source& from) {
   const GeometryGroups& groups = from.groups;
   const std::string_view type = from.drawing.typeName(from.id);
@@ -121,7 +131,7 @@ Geometry readText(const Source& from) {
   shape.rotation = groups.real(50);
   shape.widthFactor = groups.real(41, 1);
   shape.oblique = groups.real(51);
-  const int generation = groups.integer(71);
+  const int generation = generationOf(groups);
   shape.backwards = (generation & 2) != 0;
   shape.upsideDown = (generation & 4) != 0;
   shape.contents = contentsOf(from, Property::kTextString);

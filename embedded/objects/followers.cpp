@@ -123,15 +123,19 @@ void Followers::moveHook(RecordId leader, const Record& former) {
   };
   const double before = hookOf(former), after = hookOf(drawing_.record(leader));
   if (before == after || !(before > 0)) return;
-  const std::vector<Point> path = verticesOf(drawing_.geometry(leader));
+  const Geometry geometry = drawing_.geometry(leader);
+  const std::vector<Point> path = verticesOf(geometry);
   if (path.size() < 3) return;
   const Point& end = path.back();
   const Point& start = path[path.size() - 2];
   const Point along{end.x - start.x, end.y - start.y, end.z - start.z};
+  const auto* line = std::get_if<PolylineGeometry>(&geometry.shape);
+  const bool follows = line != nullptr && line->hook > 0;  // it has its new length already, at the other end
+  const double length = follows ? after : before;
   // Another length is no hook, or one that a person drew.
-  if (std::abs(std::hypot(along.x, along.y, along.z) - before) > kSameHook * before) return;
-  const double factor = after / before;
-  const Point moved{start.x + factor * along.x, start.y + factor * along.y, start.z + factor * along.z};
+  if (std::abs(std::hypot(along.x, along.y, along.z) - length) > kSameHook * length) return;
+  const double longer = (after - before) / length;
+  const Point moved{end.x + longer * along.x, end.y + longer * along.y, end.z + longer * along.z};
   if (const base::Status status = drawing_.setLastVertex(leader, moved); !status)
     tell(leader, L"The leader keeps its hook: " + status.failure().reason);
 }

@@ -111,7 +111,7 @@ base::Result<WrittenObject> rewriteAs(const ObjectFrame& frame, const FieldChang
   const Fields source = reader.take(complete);
   FieldWriter writer(&source, changes, frame.version, frame.type.kind, frame.handle);
   describeCommon(writer, frame.type.isEntity);
-  if (complete) describeOwn(writer);
+  if (whole) describeOwn(writer);
   if (const std::string_view misfit = writer.misfit(); !misfit.empty())
     return misfitFailure(misfit, nameOf(frame.type));
   copyRest(frame, rest, writer);

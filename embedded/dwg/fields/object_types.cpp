@@ -114,6 +114,7 @@ constexpr NamedKind kNamedKinds[] = {
     {"ARC_DIMENSION", kDimensionArc},
     {"LARGE_RADIAL_DIMENSION", kDimensionJogged},
     {"DBCOLOR", kDbColor},
+    {"ACAD_TABLE", kTable},
 };
 
 // The parts of a class are read from one stream, or from two.

@@ -75,6 +75,7 @@ enum class ObjectKind : std::uint8_t {
   kDictionary,
   kLayout,
   kDbColor,
+  kTable,  // described as far as it is a reference to the block that shows it
 };
 
 // A class of the class section.

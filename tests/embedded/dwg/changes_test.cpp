@@ -157,8 +157,7 @@ TEST_P(Changes, BackToTheOldValueGiveTheOldBits) {
       expectOk(drawing_->setReal(id, property, *before));
     };
     set(P::kTextHeight, 11), set(P::kWidthFactor, 0.3), set(P::kLinetypeScale, 4);
-    // Degrees of any other angle may be those of two neighbouring numbers, and of a direction's length.
-    if (was.real(id, P::kRotation) == 0 && was.typeName(id) != "MTEXT") set(P::kRotation, 12);
+    set(P::kRotation, 12), set(P::kTextRotation, 7);
     const auto name = was.text(id, P::kLayer);
     expectOk(drawing_->setText(id, P::kLayer, L"Layer_Off"));
     expectOk(drawing_->setText(id, P::kLayer, *name));

@@ -60,7 +60,7 @@ TEST_P(SampleFields, DescriptionsEndWhereObjectsEnd) {
   forEachObject([&](const ObjectFrame& frame, const ObjectBytes&) {
     const Fields fields = readFields(frame);
     EXPECT_TRUE(fields.intact()) << std::hex << frame.handle << ' ' << frame.type.name;
-    if (frame.type.kind == ObjectKind::kOther) return;
+    if (frame.type.kind == ObjectKind::kOther || frame.type.kind == ObjectKind::kTable) return;
     ++described;
     const FieldRest rest = fieldRest(frame);
     EXPECT_EQ(rest.data + rest.texts + rest.handles, 0U)

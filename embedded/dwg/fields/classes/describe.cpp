@@ -19,6 +19,8 @@ bool describeOwn(FieldVisitor& v) {
     case kInsert:
     case kMinsert:
       return describeInsert(v), true;
+    case kTable:
+      return describeInsert(v), false;
     case kVertex2d:
     case kVertex3d:
     case kVertexMesh:

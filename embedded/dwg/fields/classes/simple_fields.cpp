@@ -141,7 +141,7 @@ void describeLeader(FieldVisitor& v) {
   if (v.since(kR14)) v.point3bd("offset");
   if (v.before(kR2000)) v.bd("text gap");
   if (v.before(kR2010)) v.bd("box height"), v.bd("box width");
-  v.b("hook line on x direction"), v.b("arrow on");
+  v.b("hook along x"), v.b("arrow on");
   v.bs("arrow type");
   if (v.before(kR2000)) {
     v.bd("arrow size");
