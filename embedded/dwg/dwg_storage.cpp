@@ -5,6 +5,7 @@
 
 #include "embedded/drawing/stored_text.h"
 #include "embedded/dwg/field_texts.h"
+#include "embedded/dwg/fields/extended_data.h"
 #include "embedded/dwg/files/code_pages.h"
 
 namespace cad::dwg {
@@ -52,6 +53,31 @@ const Fields& DwgStorage::fields(const Record& record) const { return look(look_
 
 const Fields& DwgStorage::commonFields(const Record& record) const {
   return look(commonLook_, record, readCommonFields);
+}
+
+std::vector<Handle> DwgStorage::references(const Record& record) const {
+  constexpr int kHandle = 1005;
+  std::vector<Handle> handles;
+  const base::Result<ObjectFrame> frame = this->frame(record);
+  if (!frame.ok()) return handles;
+  constexpr std::uint32_t kLeast = 8;  // bits of a reference
+  BitReader reader(frame.value().data, frame.value().handleBegin, frame.value().handleEnd);
+  while (reader.left() >= kLeast) {
+    const HandleReference reference = reader.h();
+    if (reader.failed()) break;
+    handles.push_back(reference.absolute(frame.value().handle));
+  }
+  const base::Result<std::vector<ExtendedData>> extended = readExtendedData(frame.value());
+  if (!extended.ok()) return handles;
+  for (const ExtendedData& data : extended.value()) {
+    const base::Result<std::vector<ExtendedValue>> values = decodeExtended(data.bytes, version());
+    if (!values.ok()) continue;
+    for (const ExtendedValue& value : values.value())
+      if (const auto* reference = std::get_if<HandleReference>(&value.value);
+          value.code == kHandle && reference)
+        handles.push_back(reference->value);
+  }
+  return handles;
 }
 
 RecordId DwgStorage::recordOf(Handle handle) const {

@@ -57,6 +57,8 @@ class DwgStorage final : public RecordStorage {
   ObjectBytes object(const Record& record) const;
   ObjectType typeOf(const Record& record) const;
   base::Result<ObjectFrame> frame(const Record& record) const;
+  // What the record's object refers to, whatever its class.
+  std::vector<Handle> references(const Record& record) const;
   // The fields of the record's object, none when its frame does not hold together. Valid until the next call
   // of the same function.
   const Fields& fields(const Record& record) const;

@@ -100,7 +100,9 @@ double dimReal(const GeometrySource& from, const DimVariableInfo& info) {
 bool hasHook(const GeometrySource& from, const std::vector<Point>& points, const Point& along) {
   constexpr std::int64_t kText = 0;
   const double kSteep = 15 * kRadiansPerDegree;
-  if (points.size() < 2 || from.fields.integer("annotation type") != kText) return false;
+  const bool hasText =
+      from.fields.integer("annotation type") == kText && from.fields.handle("annotation").value_or(0) != 0;
+  if (points.size() < 2 || !hasText) return false;
   const Point &end = points.back(), &start = points[points.size() - 2];
   const Point last{end.x - start.x, end.y - start.y, end.z - start.z};
   const double length = std::hypot(last.x, last.y, last.z) * std::hypot(along.x, along.y, along.z);

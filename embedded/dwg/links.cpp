@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <map>
-#include <set>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -17,6 +16,7 @@ class Links {
 
   base::Result<std::vector<ChangedObject>> take() {
     if (touched_.empty() && erasedEntries_.empty() && gone_.empty()) return std::vector<ChangedObject>();
+    keepNeeded();
     collectContents();
     for (const auto& [block, content] : contents_) linkBlock(block, content);
     for (const auto& [block, inserts] : inserts_) listInserts(block, inserts);
@@ -37,7 +37,7 @@ class Links {
     const Record& record = records_[id];
     if (record.erased() == isAdded(record)) return;  // as it was in the file, or never there
     const bool isEntity = record.kind == RecordKind::kEntity || record.kind == RecordKind::kSubEntity;
-    if (isEntity && record.erased()) takeExtension(record, handleOf(id));
+    if (isEntity && record.erased()) takeExtension(record, handleOf(id), id);
     if (record.kind == RecordKind::kTableRecord && record.erased()) erasedEntries_.push_back(id);
     if (record.kind != RecordKind::kEntity || record.owner == kNoRecord) return;
     touched_.insert(record.owner);
@@ -48,19 +48,35 @@ class Links {
   }
 
   // With an object goes its extension dictionary, and what that owns.
-  void takeExtension(const Record& record, Handle owner) {
-    takeOwned(storage_.commonFields(record).handle("dictionary").value_or(0), owner);
+  void takeExtension(const Record& record, Handle owner, RecordId root) {
+    takeOwned(storage_.commonFields(record).handle("dictionary").value_or(0), owner, root);
   }
 
-  void takeOwned(Handle item, Handle owner) {
+  void takeOwned(Handle item, Handle owner, RecordId root) {
     const RecordId id = item == 0 ? kNoRecord : storage_.recordOf(item);
     if (id == kNoRecord || records_[id].kind != RecordKind::kObject) return;
-    if (storage_.commonFields(records_[id]).handle("owner") != owner || !gone_.insert(id).second) return;
-    takeExtension(records_[id], item);
+    if (storage_.commonFields(records_[id]).handle("owner") != owner) return;
+    if (!gone_.try_emplace(id, root).second) return;
+    takeExtension(records_[id], item, root);
     if (storage_.typeOf(records_[id]).kind != ObjectKind::kDictionary) return;
     const Fields fields = storage_.fields(records_[id]);
     for (std::uint32_t i = 0; i < fields.count("item"); ++i)
-      takeOwned(fields.handle("item", i).value_or(0), item);
+      takeOwned(fields.handle("item", i).value_or(0), item, root);
+  }
+
+  // What something else refers to stays, with all that the erased entity had.
+  void keepNeeded() {
+    std::unordered_set<RecordId> needed;
+    for (RecordId id = 0; id < records_.size() && !gone_.empty(); ++id) {
+      if (!isLive(id) || records_[id].kind == RecordKind::kFrame) continue;
+      const auto own = gone_.find(id);
+      for (const Handle handle : storage_.references(records_[id])) {
+        const auto tree = gone_.find(storage_.recordOf(handle));
+        if (tree != gone_.end() && (own == gone_.end() || own->second != tree->second))
+          needed.insert(tree->second);
+      }
+    }
+    std::erase_if(gone_, [&](const auto& each) { return needed.contains(each.second); });
   }
 
   void collectContents() {
@@ -161,7 +177,7 @@ class Links {
 
   base::Result<std::vector<ChangedObject>> written() const {
     std::vector<ChangedObject> objects;
-    for (const RecordId id : gone_) objects.push_back({handleOf(id), true, {}, 0});
+    for (const auto& [id, root] : gone_) objects.push_back({handleOf(id), true, {}, 0});
     for (const auto& [id, changes] : changes_) {
       if (gone_.contains(id)) continue;
       if (changes.empty()) continue;
@@ -178,7 +194,7 @@ class Links {
   std::span<const Record> records_;
   std::unordered_set<RecordId> touched_;  // blocks
   std::vector<RecordId> erasedEntries_;
-  std::set<RecordId> gone_;  // objects that go with what owned them
+  std::map<RecordId, RecordId> gone_;  // objects that go with the erased entity to which they belong
   std::map<RecordId, std::vector<RecordId>> contents_;
   std::map<Handle, Inserts> inserts_;  // by the block's table entry
   std::map<RecordId, FieldChanges> changes_;

@@ -10,6 +10,7 @@
 #include "base/paths.h"
 #include "embedded/drawing/dim_variables.h"
 #include "embedded/drawing/drawing.h"
+#include "embedded/dwg/dwg_storage.h"
 #include "embedded/formats/drawing_files.h"
 #include "tests/embedded/dwg/built_drawing.h"
 #include "tests/support/temp_folder.h"
@@ -229,6 +230,36 @@ TEST_P(Changes, ErasedAndNewEntitiesKeepTheOrderOfTheOthers) {
   while (drawing_->undo()) {
   }
   EXPECT_TRUE(isAsInFile());
+}
+
+// Of the objects that belong to them, extension dictionaries above all.
+TEST_P(Changes, ErasedEntitiesTakeAlongWhatNothingElseRefersTo) {
+  const auto& storage = dynamic_cast<const DwgStorage&>(drawing_->storage());
+  std::size_t owners = 0;
+  for (RecordId id = 0; id < drawing_->recordCount(); ++id) {
+    const Record& record = drawing_->record(id);
+    if (record.kind != RecordKind::kEntity || record.implied()) continue;
+    if (storage.commonFields(record).handle("dictionary").value_or(0) == 0) continue;
+    expectOk(drawing_->setErased(id, true));
+    ++owners;
+  }
+  const auto saved = savedAndOpened();
+  const auto& now = dynamic_cast<const DwgStorage&>(saved->storage());
+  std::size_t gone = 0;
+  for (RecordId id = 0; id < drawing_->recordCount(); ++id) {
+    const Record& record = drawing_->record(id);
+    if (record.kind == RecordKind::kObject && now.recordOf(*drawing_->handle(id)) == kNoRecord) ++gone;
+  }
+  EXPECT_EQ(gone > 0, owners > 0);
+  for (RecordId id = 0; id < saved->recordCount(); ++id) {
+    const Record& record = saved->record(id);
+    if (record.kind == RecordKind::kFrame || record.implied()) continue;
+    for (const Handle handle : now.references(record)) {
+      const RecordId was = storage.recordOf(handle);
+      if (was == kNoRecord || drawing_->record(was).kind != RecordKind::kObject) continue;
+      EXPECT_NE(now.recordOf(handle), kNoRecord) << *saved->handle(id) << " refers to " << handle;
+    }
+  }
 }
 
 TEST_P(Changes, OfVariablesAndOverridesAreTakenBackToo) {

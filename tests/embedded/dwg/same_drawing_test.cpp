@@ -8,6 +8,7 @@
 #include "base/paths.h"
 #include "embedded/drawing/drawing_diff.h"
 #include "embedded/formats/drawing_files.h"
+#include "embedded/graphics/pictures/picture.h"
 #include "tests/support/temp_path.h"
 
 namespace cad::dwg {
@@ -35,20 +36,43 @@ bool isExpected(const RecordDifference& difference) {
   return difference.fate == RecordFate::kRemoved && difference.type == "APPID";
 }
 
-class SameDrawing : public testing::TestWithParam<const char*> {};
+class SameDrawing : public testing::TestWithParam<const char*> {
+ protected:
+  void SetUp() override {
+    const std::string code = GetParam();
+    dwg_ = sample("dwg/sample_" + code + ".dwg");
+    dxf_ = sample("dxf/sample_" + code + ".dxf");
+    if (!fs::exists(dxf_)) dxf_ = sample("dxf/sample_" + code + "_binary.dxf");
+    if (!fs::exists(dwg_) || !fs::exists(dxf_)) GTEST_SKIP();
+  }
+
+  fs::path dwg_, dxf_;
+};
 
 TEST_P(SameDrawing, IsToldAlikeByBothOfItsFiles) {
-  const std::string code = GetParam();
-  const fs::path dwg = sample("dwg/sample_" + code + ".dwg");
-  fs::path dxf = sample("dxf/sample_" + code + ".dxf");
-  if (!fs::exists(dxf)) dxf = sample("dxf/sample_" + code + "_binary.dxf");
-  if (!fs::exists(dwg) || !fs::exists(dxf)) GTEST_SKIP();
-  const auto one = opened(dwg), other = opened(dxf);
+  const auto one = opened(dwg_), other = opened(dxf_);
   ASSERT_TRUE(one && other);
   const DrawingDifferences differences = compareDrawings(*one, *other);
   EXPECT_FALSE(differences.pairedByOrder);
   for (const auto* list : {&differences.entities, &differences.records})
     for (const RecordDifference& difference : *list) EXPECT_TRUE(isExpected(difference)) << told(difference);
+}
+
+TEST_P(SameDrawing, LooksAlikeInEveryLayout) {
+  const auto one = opened(dwg_), other = opened(dxf_);
+  ASSERT_TRUE(one && other);
+  std::vector<std::wstring> names = {L"Model"};
+  for (const Layout& layout : one->layouts()) names.push_back(layout.name);
+  EXPECT_GT(names.size(), 2U);
+  for (const std::wstring& name : names) {
+    PictureOptions options;
+    options.layout = name;
+    const auto picture = drawPicture(*one, options), expected = drawPicture(*other, options);
+    ASSERT_EQ(picture.ok(), expected.ok()) << base::toUtf8(name);
+    if (!picture.ok()) continue;
+    EXPECT_TRUE(svgText(picture.value()) == svgText(expected.value())) << base::toUtf8(name);
+    EXPECT_EQ(picture.value().remarks, expected.value().remarks);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Versions, SameDrawing,
