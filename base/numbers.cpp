@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <iterator>
 #include <optional>
+#include <system_error>
 
 #include "base/fold.h"
 

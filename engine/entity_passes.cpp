@@ -173,10 +173,10 @@ class EntityPasses {
   void observeTest(AcDbObjectId id, ObservedConditions& conditions, Pass pass, bool isSelected) {
     const AcDbEntityPointer entity(id, AcDb::kForRead);
     if (entity.openStatus() != Acad::eOk) return;
-    const EntityClass entityClass = classes_.of(*entity);
+    const EntityClass entityClass = classes_.of(*entity.object());
     const bool isReference = entityClass == EntityClass::kBlockReference;
     if (isSelected && isReference && pass == Pass::kOther) return;
-    conditions.test(*entity, entityClass, isSelected, *run_.observer);
+    conditions.test(*entity.object(), entityClass, isSelected, *run_.observer);
   }
 
   std::vector<WorkRecord>& blockRecords() {
@@ -206,7 +206,8 @@ class EntityPasses {
 
   bool passesOpened(AcDbObjectId id, SettingTests& tests) {
     const AcDbEntityPointer entity(id, AcDb::kForRead);
-    return entity.openStatus() == Acad::eOk && tests.passesEntity(*entity, classes_.of(*entity));
+    return entity.openStatus() == Acad::eOk &&
+           tests.passesEntity(*entity.object(), classes_.of(*entity.object()));
   }
 
   void apply(const Kept& kept, Pass pass, EntityResults& results) {
@@ -220,12 +221,12 @@ class EntityPasses {
       tellHit(kept.id, status == Acad::eOnLockedLayer ? kKivHitLocked : kKivHitRefused);
       return;
     }
-    const EntityClass entityClass = classes_.of(*entity);
+    const EntityClass entityClass = classes_.of(*entity.object());
     // Block references come in by the block scope and not by selection.
     if (maybeReference && entityClass == EntityClass::kBlockReference) return;
     tellHit(kept.id, kKivHit);
-    results.apply(*entity, entityClass, run_.observer);
-    if (kept.record != kFromSelection) (*blockRecords_)[kept.record].summary = summaryOf(*entity);
+    results.apply(*entity.object(), entityClass, run_.observer);
+    if (kept.record != kFromSelection) (*blockRecords_)[kept.record].summary = summaryOf(*entity.object());
   }
 
   void tellHit(AcDbObjectId id, KivObservedHit hit) const {
@@ -236,7 +237,7 @@ class EntityPasses {
 
   bool isReference(AcDbObjectId id) {
     const AcDbEntityPointer entity(id, AcDb::kForRead);
-    return entity.openStatus() == Acad::eOk && classes_.of(*entity) == EntityClass::kBlockReference;
+    return entity.openStatus() == Acad::eOk && classes_.of(*entity.object()) == EntityClass::kBlockReference;
   }
 
   std::optional<std::vector<std::wstring>> textList(const std::wstring& name) {

@@ -1,7 +1,6 @@
 #include "spec/cvt_overwritten.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "base/wildcard_characters.h"
 #include "spec/cvt_lines.h"
@@ -102,7 +101,9 @@ class SectionCheck {
   bool surelyHolds(std::size_t at, std::size_t later, const Item& condition) const {
     const auto asked = conditionsOf(settings_[later], condition);
     for (std::size_t between = later; seesChanges() && between-- > at;) {
-      for (const Item& result : settings_[between].results | std::views::reverse) {
+      const std::vector<Item>& results = settings_[between].results;
+      for (std::size_t place = results.size(); place-- > 0;) {
+        const Item& result = results[place];
         if (!heeds(result, true) || !mayTouch(result, condition)) continue;
         return between == at && isSameProperty(result, condition) && isAbsolute(result) &&
                asked.size() == 1 && surelyMeets(result.value, condition);

@@ -5,6 +5,7 @@
 // backslash begins an escape: \\ \n \r \t \s (a blank at an end) and \uXXXX or \UXXXXXXXX (a character by
 // its number). Of several lines with the same key the last one counts.
 
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>

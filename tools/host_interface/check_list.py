@@ -190,6 +190,21 @@ def in_project(cursor):
     return name if name.startswith(tuple(folder + os.sep for folder in FOLDERS)) else None
 
 
+def overridden_by(cursor):
+    """The host's functions that one of the module takes the place of."""
+    if cursor.kind != CursorKind.CXX_METHOD or cursor.semantic_parent is None \
+            or not any(child.kind == CursorKind.CXX_OVERRIDE_ATTR for child in cursor.get_children()):
+        return []
+    found, classes = [], [cursor.semantic_parent]
+    while classes:
+        for child in classes.pop().get_children():
+            if child.kind == CursorKind.CXX_BASE_SPECIFIER and child.type.get_declaration() is not None:
+                classes.append(child.type.get_declaration())
+            elif child.spelling == cursor.spelling and child.kind == CursorKind.CXX_METHOD and header_of(child):
+                found.append(child)
+    return found
+
+
 class Uses:
     def __init__(self, headers):
         self.headers = headers
@@ -215,6 +230,8 @@ class Uses:
         while stack:
             each = stack.pop()
             stack.extend(each.get_children())
+            for overridden in overridden_by(each):
+                self.take(self.headers.find(overridden), f"{file}:{each.location.line}")
             target = each.referenced
             if target is not None and header_of(target):
                 self.take(self.headers.find(target), f"{file}:{each.location.line}")
@@ -359,4 +376,5 @@ def main():
     sys.exit(1 if faults else 0)
 
 
-main()
+if __name__ == "__main__":
+    main()
