@@ -39,18 +39,20 @@ void detachExtensionModule(ExtensionModule& module) {
 ResourcesFirst::ResourcesFirst(ExtensionModule& module) : module_(&module) {
   ExtensionModule** link = linkTo(module_);
   if (!*link || link == &first) return;
-  before_ = first;
-  while (before_->next != module_) before_ = before_->next;
+  ExtensionModule* before = first;
+  while (before->next != module_) before = before->next;
+  before_ = before;
   takeOut(link);
   insertAt(&first, module);
 }
 
 ResourcesFirst::~ResourcesFirst() {
-  if (!before_ || !*linkTo(before_)) return;
+  auto* before = static_cast<ExtensionModule*>(before_);
+  if (!before || !*linkTo(before)) return;
   ExtensionModule** link = linkTo(module_);
   if (!*link) return;
   takeOut(link);
-  insertAt(&before_->next, *module_);
+  insertAt(&before->next, *module_);
 }
 
 }  // namespace kiv

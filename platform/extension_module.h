@@ -29,7 +29,7 @@ class ResourcesFirst {
 
  private:
   ExtensionModule* module_;
-  ExtensionModule* before_ = nullptr;  // the one that it stood behind; null: it was first
+  void* before_ = nullptr;  // what the resources came from before; null: nothing was changed
 };
 
 }  // namespace kiv

@@ -6,6 +6,7 @@
 #include "platform/host_output.h"
 #include "platform/win32/combo_box.h"
 #include "platform/win32/grid.h"
+#include "platform/win32/lineweight_combo_box.h"
 #include "platform/win32/window.h"
 
 namespace kiv::win32 {
@@ -36,8 +37,9 @@ void tellCombo(Window& window, HWND comboBox, int id, WORD code) {
       window.tell([id](Dialog& dialog) { dialog.onEdited(id); });
       break;
     case CBN_SELCHANGE:
-      // The field follows only after this message; whoever is told now reads it, though.
-      window.combo(id).select(window.combo(id).selected());
+      // The field follows only after this message; whoever is told now reads it, though. A list of
+      // lineweights has none.
+      if (!window.lineweights(id)) window.combo(id).select(window.combo(id).selected());
       window.tell([id](Dialog& dialog) { dialog.onSelected(id); });
       break;
     case CBN_SELENDOK:
@@ -54,6 +56,7 @@ void tellCombo(Window& window, HWND comboBox, int id, WORD code) {
 void takeCommand(Window& window, WPARAM first, HWND control) {
   const int id = LOWORD(first);
   const WORD code = HIWORD(first);
+  if (LineweightComboBox* weights = control ? window.lineweights(id) : nullptr) weights->takeNotice(first);
   if (window.isQuiet()) return;
   const auto command = [id](Dialog& dialog) { dialog.onCommand(id); };
   if (!control && code == AccessKeys::kCode) {

@@ -6,6 +6,7 @@
 #include "platform/win32/combo_box.h"
 #include "platform/win32/control_keys.h"
 #include "platform/win32/grid.h"
+#include "platform/win32/lineweight_combo_box.h"
 #include "platform/win32/lineweight_list.h"
 #include "platform/win32/list_view.h"
 #include "platform/win32/messages.h"
@@ -102,7 +103,11 @@ Place Window::menuPlace(int id) const {
 
 std::wstring Window::text(int id) const {
   const HWND handle = control(id);
-  return handle ? windowText(handle) : std::wstring();
+  if (!handle) return {};
+  const auto known = controls_.find(id);
+  const Control* object = known == controls_.end() ? nullptr : known->second.get();
+  if (const auto* weights = dynamic_cast<const LineweightComboBox*>(object)) return weights->text();
+  return windowText(handle);
 }
 
 void Window::setText(int id, std::wstring_view text) {
@@ -217,13 +222,22 @@ Adapter& Window::adapter(int id, const wchar_t* windowClass) {
   return answer;
 }
 
-ComboBox& Window::combo(int id) { return adapter<SystemComboBox>(id, WC_COMBOBOXW); }
+LineweightComboBox* Window::lineweights(int id) {
+  const HWND comboBox = controlOfClass(id, WC_COMBOBOXW);
+  if (!comboBox || !isLineweightList(comboBox)) return nullptr;
+  return &adapter<LineweightComboBox>(id, WC_COMBOBOXW);
+}
+
+ComboBox& Window::combo(int id) {
+  if (LineweightComboBox* weights = lineweights(id)) return *weights;
+  return adapter<SystemComboBox>(id, WC_COMBOBOXW);
+}
 TreeView& Window::tree(int id) { return adapter<SystemTreeView>(id, WC_TREEVIEWW); }
 ListView& Window::list(int id) { return adapter<SystemListView>(id, WC_LISTVIEWW); }
 TextGrid& Window::grid(int id) { return adapter<Grid>(id, kGridClass); }
 
 void Window::draw(const DRAWITEMSTRUCT& item) {
-  if (item.CtlType == ODT_COMBOBOX) return drawLineweightEntry(item);
+  if (LineweightComboBox* weights = lineweights(static_cast<int>(item.CtlID))) return weights->draw(item);
   adapter<PictureButton>(static_cast<int>(item.CtlID), WC_BUTTONW).draw(item);
 }
 

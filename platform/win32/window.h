@@ -11,6 +11,8 @@
 
 namespace kiv::win32 {
 
+class LineweightComboBox;
+
 class Window final : public DialogWindow {
  public:
   // Null when there is no such resource or the system refuses.
@@ -80,6 +82,8 @@ class Window final : public DialogWindow {
   AccessKeys& accessKeys() { return accessKeys_; }
   // As a click for a button, else the control gets the keyboard; nothing where a click would do nothing.
   void reach(int id);
+
+  LineweightComboBox* lineweights(int id);  // null for any other control
 
   void rememberFocus();
   void giveKeyboard();
