@@ -97,8 +97,11 @@ def command_faults(package, sources):
 
 make, programs = map(pathlib.Path, sys.argv[1:])
 with tempfile.TemporaryDirectory() as work:
-    subprocess.run([make, programs, work], check=True)
+    subprocess.run([make, programs, work, "26"], check=True)
     folder = pathlib.Path(work) / "KIV.bundle"
+    refused = subprocess.run([make, programs, work], capture_output=True, text=True)
+    if refused.returncode == 0 or "not built for one" not in refused.stderr:
+        sys.exit("a module for another host is taken: " + refused.stderr)
     root = xml.parse(folder / "PackageContents.xml").getroot()
     faults = [] if root.tag == "ApplicationPackage" else ["the root is no ApplicationPackage"]
     if not faults:
