@@ -20,6 +20,4 @@ base::Result<std::unique_ptr<Drawing>> read(std::shared_ptr<const SourceBytes> s
   return std::make_unique<Drawing>(std::move(storage), arranger.takeLoaded());
 }
 
-bool isDwgFile(std::string_view beginning) { return isDwg(beginning); }
-
 }  // namespace cad::dwg

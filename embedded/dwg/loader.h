@@ -12,7 +12,4 @@ namespace cad::dwg {
 // kept as it came.
 base::Result<std::unique_ptr<Drawing>> read(std::shared_ptr<const SourceBytes> source);
 
-// Whether a file that begins so is one for read(): a DWG file of whatever version.
-bool isDwgFile(std::string_view beginning);
-
 }  // namespace cad::dwg

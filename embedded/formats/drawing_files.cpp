@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/fold.h"
+#include "embedded/dwg/file_mark.h"
 #include "embedded/dwg/loader.h"
 #include "embedded/dxf/loader.h"
 
@@ -28,7 +29,6 @@ constexpr ForeignFormat kUtf16{0, "\xFF\xFE"sv, L"UTF-16 text", kText};
 
 // UTF-32 stands before UTF-16, whose mark it begins with.
 constexpr ForeignFormat kForeign[] = {
-    {0, "AC"sv, L"a DWG drawing of a version before R13", L"; please save it in a newer one"},
     {0, "\xFF\xFE\0\0"sv, L"UTF-32 text", kText},
     {0, "\0\0\xFE\xFF"sv, L"UTF-32 text", kText},
     kUtf16,
@@ -96,7 +96,7 @@ Opened read(const std::shared_ptr<const SourceBytes>& source) {
   if (bytes.empty()) return base::Failure{{}, L"The file is empty"};
   for (const Format& format : markedFormats())
     if (bytes.starts_with(format.mark)) return format.read(source);
-  if (dwg::isDwgFile(bytes)) return dwg::read(source);
+  if (dwg::isDwg(bytes)) return dwg::read(source);
   if (const std::wstring foreign = foreignFormat(bytes); !foreign.empty()) return base::Failure{{}, foreign};
   return dxf::read(source);
 }

@@ -7,8 +7,8 @@ namespace cad::formats {
 
 using BeginningFacts = dxf::BeginningFacts;
 
-// As the one for DXF files, for files of every format that is known by name, those that cannot be opened
-// here included.
+// As the one for DXF files, for files of every format that can be opened here. A DWG file before R13 is no
+// drawing.
 std::optional<BeginningFacts> factsOfBeginning(std::string_view bytes, bool isWhole);
 
 }  // namespace cad::formats

@@ -18,9 +18,9 @@ struct OldRelease {
   std::string_view mark;
   const wchar_t* name;
 };
-// Those before the ones that can be converted, which the host may open all the same.
+// DWG files before those that can be converted, which the host may open all the same.
 constexpr OldRelease kOldReleases[] = {
-    {"AC1002", L"R2.5"}, {"AC1003", L"R2.6"}, {"AC1004", L"R9"}, {"AC1006", L"R10"}};
+    {"AC1002", L"R2.5"}, {"AC1003", L"R2.6"}, {"AC1004", L"R9"}, {"AC1006", L"R10"}, {"AC1009", L"R12"}};
 constexpr int kOldest = static_cast<int>(std::size(kOldReleases));
 
 // One that is newer than all comes behind them.

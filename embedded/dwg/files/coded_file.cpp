@@ -1,12 +1,25 @@
 #include "embedded/dwg/files/coded_file.h"
 
 #include <algorithm>
+#include <iterator>
+#include <map>
 
 #include "embedded/dwg/files/coded_pages.h"
 #include "embedded/dwg/files/coded_writer.h"
 #include "embedded/dwg/files/raw_values.h"
 
 namespace cad::dwg {
+namespace {
+
+// Takes the range unless it overlaps another one.
+bool takesFree(std::map<std::uint64_t, std::uint64_t>& ends, std::uint64_t begin, std::uint64_t end) {
+  const auto [own, isNew] = ends.try_emplace(begin, end);
+  const auto next = std::next(own);
+  return isNew && (next == ends.end() || next->first >= end) &&
+         (own == ends.begin() || std::prev(own)->second <= begin);
+}
+
+}  // namespace
 
 base::Result<std::unique_ptr<DwgFile>> CodedFile::read(std::shared_ptr<const SourceBytes> source,
                                                        const DrawingFacts& facts, std::uint8_t maintenance) {
@@ -114,9 +127,11 @@ base::Result<std::string> CodedFile::unpacked(const char* name, bool isNeeded) {
   unpackedSize_ += std::min(section->size, largestUnpacked());
   if (section->size >= largestUnpacked() || unpackedSize_ > largestUnpacked()) return tooLarge();
   std::string content(static_cast<std::size_t>(section->size), '\0');
+  std::map<std::uint64_t, std::uint64_t> ends;  // of the pages, by their starts
   for (const CodedSectionPage& inSection : section->pages) {
     const CodedPage& inFile = *page(inSection.number);
-    if (!isWithin(inSection.start, inSection.size, section->size)) {
+    if (!isWithin(inSection.start, inSection.size, section->size) ||
+        !takesFree(ends, inSection.start, inSection.start + inSection.size)) {
       return refusal(inFile.at, wideName + L" is damaged");
     }
     const auto bytes = readCodedPage(file(), inFile, *section, inSection, header_[CodedHeader::kCrcSeed]);
@@ -140,7 +155,7 @@ base::Result<std::string> CodedFile::write(const FileChanges& changes) const {
   if (changed.value().empty()) return std::string(file());
   CodedWriter writer(file(), header_, pages_, map_);
   for (const auto& [name, content] : changed.value()) writer.change(name, sections_.named(name), content);
-  return writer.written();
+  return withinLimits(writer.written());
 }
 
 }  // namespace cad::dwg

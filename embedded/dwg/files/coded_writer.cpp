@@ -162,15 +162,16 @@ std::string CodedWriter::written() {
     return page == pages_.end() ? 0 : page->page.at - CodedHeader::kPagesAt;
   };
   const std::uint64_t end = pages_.back().page.at + pages_.back().page.size;
-  const std::uint64_t oldEnd =
-      header_[CodedHeader::kSecondHeaderAt] + CodedHeader::kPagesAt + CodedHeader::kLength;
+  constexpr std::uint64_t kFromSecond = CodedHeader::kPagesAt + CodedHeader::kLength;
+  const std::uint64_t oldSecond = header_[CodedHeader::kSecondHeaderAt];
   header_[CodedHeader::kPageMapAt] = offset(CodedHeader::kPageMapId);
   header_[CodedHeader::kSecondPageMapAt] = offset(CodedHeader::kSecondPageMapId);
   header_[CodedHeader::kPageCount] = pages_.size();
   header_[CodedHeader::kLargestPageId] = std::max(header_[CodedHeader::kLargestPageId], largestNumber_);
   header_[CodedHeader::kSecondHeaderAt] = end - CodedHeader::kPagesAt;
-  const std::string_view rest =
-      oldEnd < file_.size() ? file_.substr(static_cast<std::size_t>(oldEnd)) : std::string_view();
+  const std::string_view rest = isWithin(oldSecond, kFromSecond, file_.size())
+                                    ? file_.substr(static_cast<std::size_t>(oldSecond + kFromSecond))
+                                    : std::string_view();
   header_[CodedHeader::kFileSize] = end + CodedHeader::kLength + rest.size();
   const std::string header = header_.written();
 

@@ -4,6 +4,7 @@
 
 #include "embedded/dwg/bits/bit_reader.h"
 #include "embedded/dwg/bits/crc.h"
+#include "embedded/dwg/file_mark.h"
 #include "embedded/dwg/files/code_pages.h"
 #include "embedded/dwg/files/coded_file.h"
 #include "embedded/dwg/files/located_file.h"
@@ -15,12 +16,11 @@
 namespace cad::dwg {
 namespace {
 
-constexpr std::size_t kCodeLength = 6;  // "AC1015"
 constexpr std::size_t kMaintenanceAt = 0x0B, kCodePageAt = 0x13;
 
 DrawingFacts factsOf(std::string_view file) {
   DrawingFacts facts;
-  facts.versionCode = file.substr(0, kCodeLength);
+  facts.versionCode = dwgVersionCode(file);
   facts.version = base::versionByCode(facts.versionCode);
   const std::uint16_t number = rawAt<std::uint16_t>(file, kCodePageAt);
   facts.codePageName = codePageName(number);
@@ -38,6 +38,8 @@ bool ObjectBytes::crcHolds() const {
   const std::size_t length = whole.size() - 2;
   return crc16(kCrcStart, whole.substr(0, length)) == rawAt<std::uint16_t>(whole, length);
 }
+
+std::uint16_t DwgFile::codePageNumber() const { return rawAt<std::uint16_t>(file(), kCodePageAt); }
 
 const ObjectPlace* DwgFile::find(Handle handle) const {
   const auto place = std::lower_bound(places_.begin(), places_.end(), handle,
@@ -79,6 +81,11 @@ std::uint64_t DwgFile::largestUnpacked() const {
   return kLeast + kRatio * file().size();
 }
 
+base::Result<std::string> DwgFile::withinLimits(std::string written) {
+  if (written.size() > 0xFFFFFFFFU) return refusal(0, L"The file would be larger than 4 gigabytes");
+  return written;
+}
+
 base::Status DwgFile::readContent(UnpackedSections& sections, std::uint64_t headerPlace,
                                   std::uint64_t classesPlace, std::uint64_t handlesPlace) {
   auto frame = readFramed(Framed::kHeader, sections.header, 0, headerPlace);
@@ -90,23 +97,17 @@ base::Status DwgFile::readContent(UnpackedSections& sections, std::uint64_t head
   auto map = readObjectMap(sections.handles, handlesPlace);
   if (!map) return map.failure();
   places_ = std::move(map.value().places);
+  sections.mapLength = map.value().length;
   header_ = sections.headerFrame.content(sections.header);
   classes_ = sections.classesFrame.content(sections.classes);
   objects_ = sections.objects;
   return {};
 }
 
-bool isDwg(std::string_view beginning) {
-  return beginning.size() >= kCodeLength && beginning.starts_with("AC") &&
-         std::all_of(beginning.begin() + 2, beginning.begin() + kCodeLength,
-                     [](char c) { return (c >= '0' && c <= '9') || c == '.'; });
-}
-
 base::Result<std::unique_ptr<DwgFile>> readDwgFile(std::shared_ptr<const SourceBytes> source) {
   const std::string_view file = source->view();
   if (!isDwg(file)) return refusal(0, L"This is not a DWG drawing");
-  const std::string_view code = file.substr(0, kCodeLength);
-  if (code < "AC1012" || code.find('.') != code.npos) {
+  if (base::versionByCode(dwgVersionCode(file)) == Version::kR12) {
     return refusal(0, L"This is a DWG drawing of a version before R13; please save it in a newer one");
   }
   if (file.size() < kCodePageAt + 2) return refusal(file.size(), L"The file is cut off");

@@ -60,6 +60,8 @@ class DwgFile {
   std::uint8_t maintenance() const {
     return maintenance_;
   }  // the maintenance release, from which some fields hang
+  // The number of facts().codePage as the file has it.
+  std::uint16_t codePageNumber() const;
   const SourceBytes& source() const { return *source_; }
   std::string_view file() const { return source_->view(); }
 
@@ -90,6 +92,8 @@ class DwgFile {
 
   // The most that all sections of a file may have together when they are unpacked.
   std::uint64_t largestUnpacked() const;
+  // Addresses of a file have 32 bits, some of them in every version.
+  static base::Result<std::string> withinLimits(std::string written);
   // What a drawing is read from, out of unpacked sections; the places are those that refusals tell.
   base::Status readContent(UnpackedSections& sections, std::uint64_t headerPlace, std::uint64_t classesPlace,
                            std::uint64_t handlesPlace);
@@ -105,8 +109,5 @@ class DwgFile {
 // whose parts do not hold together: cut off, pointing outside, with sentinels or checksums that do not match.
 // A wrong CRC of an object refuses nothing.
 base::Result<std::unique_ptr<DwgFile>> readDwgFile(std::shared_ptr<const SourceBytes> source);
-
-// Whether a file with this beginning is a DWG file of any version: "AC1015", "AC2.10".
-bool isDwg(std::string_view beginning);
 
 }  // namespace cad::dwg

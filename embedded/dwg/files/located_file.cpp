@@ -31,8 +31,8 @@ base::Result<std::unique_ptr<DwgFile>> LocatedFile::read(std::shared_ptr<const S
   file->objects_ = file->file();
   if (auto read = file->readLocators(); !read) return read.failure();
   if (auto read = file->readSections(); !read) return read.failure();
-  if (auto read = file->readSecondHeader(); !read) return read.failure();
-  std::vector<Range> others = {{0, kLocatorsAt}};
+  file->readSecondHeader();
+  std::vector<Range> others = {{0, file->locatorsEnd()}};
   for (const Section& section : file->sections_) others.push_back({section.at, section.at + section.size});
   others.push_back({file->section(kHandles)->at, file->section(kHandles)->at + file->mapLength_});
   if (file->second_) others.push_back({file->secondAt_, file->secondAt_ + file->second_->length()});
@@ -64,7 +64,7 @@ base::Status LocatedFile::readLocators() {
     }
     sections_.push_back(read);
   }
-  std::vector<Range> ranges = {{0, end + 2 + kSentinel}};
+  std::vector<Range> ranges = {{0, locatorsEnd()}};
   for (const Section& section : sections_) {
     if (section.size > 0) ranges.push_back({section.at, section.at + section.size});
   }
@@ -75,6 +75,10 @@ base::Status LocatedFile::readLocators() {
     }
   }
   return {};
+}
+
+std::uint64_t LocatedFile::locatorsEnd() const {
+  return kLocatorsAt + sections_.size() * kLocatorSize + 2 + kSentinel;
 }
 
 const LocatedFile::Section* LocatedFile::section(unsigned number) const {
@@ -105,18 +109,17 @@ base::Status LocatedFile::readSections() {
   return {};
 }
 
-base::Status LocatedFile::readSecondHeader() {
-  const std::string_view bytes = file();
-  const std::uint64_t behindMap = section(kHandles)->at + mapLength_;
-  const std::size_t found =
-      bytes.substr(static_cast<std::size_t>(behindMap)).starts_with(SecondHeader::kBegin)
-          ? static_cast<std::size_t>(behindMap)
-          : bytes.rfind(SecondHeader::kBegin);
-  if (found == bytes.npos) return {};
-  secondAt_ = found;
-  second_ = SecondHeader::read(bytes.substr(found + SecondHeader::kBegin.size()));
-  if (!second_) return refusal(found, L"The second header is damaged");
-  return {};
+void LocatedFile::readSecondHeader() {
+  const std::string_view bytes = file(), mark = SecondHeader::kBegin;
+  const auto readAt = [&](std::size_t at) {
+    secondAt_ = at;
+    second_ = SecondHeader::read(bytes.substr(at + mark.size()));
+    return second_.has_value();
+  };
+  const auto behindMap = static_cast<std::size_t>(section(kHandles)->at + mapLength_);
+  if (bytes.substr(behindMap).starts_with(mark) && readAt(behindMap)) return;
+  std::size_t at = bytes.rfind(mark);
+  while (at != bytes.npos && !readAt(at)) at = at == 0 ? bytes.npos : bytes.rfind(mark, at - 1);
 }
 
 base::Result<std::string> LocatedFile::write(const FileChanges& changes) const {
@@ -157,7 +160,7 @@ base::Result<std::string> LocatedFile::write(const FileChanges& changes) const {
   if (!isSettled) return refusal(mapAt, L"The sections and objects of the file overlap");
 
   std::string written = splices.applied(file());
-  if (written.size() > 0xFFFFFFFFU) return refusal(0, L"The file would be larger than 4 gigabytes");
+  if (written.size() > 0xFFFFFFFFU) return withinLimits(std::move(written));
   patchLocators(splices, written);
   patchThumbnail(splices, written);
   patchFreeSpace(splices, places.size(), written);

@@ -33,7 +33,9 @@ class LocatedFile final : public DwgFile {
 
   base::Status readLocators();
   base::Status readSections();
-  base::Status readSecondHeader();
+  // One that is damaged stays as it came, whatever else changes: no program recovers anything from it.
+  void readSecondHeader();
+  std::uint64_t locatorsEnd() const;              // with their CRC and mark
   const Section* section(unsigned number) const;  // null: the file has none
 
   void patchLocators(const Splices& splices, std::string& file) const;

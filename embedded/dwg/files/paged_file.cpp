@@ -1,6 +1,7 @@
 #include "embedded/dwg/files/paged_file.h"
 
 #include <algorithm>
+#include <set>
 
 #include "embedded/dwg/files/object_map.h"
 #include "embedded/dwg/files/page_compression.h"
@@ -100,14 +101,17 @@ base::Result<std::string> PagedFile::unpacked(const char* name, bool isNeeded) {
   if (section->size >= largestUnpacked() || unpackedSize_ > largestUnpacked())
     return refusal(place, wideName + L" is larger than the file can hold");
   std::string content(static_cast<std::size_t>(section->size), '\0');
+  std::set<std::uint64_t> starts;
   for (const SectionPage& page : section->pages) {
     const Page& inFile = pages_[byNumber_.at(page.number)];
+    if (!starts.insert(page.start).second) return damaged(inFile.at);
     const auto data = readPage(file(), inFile, *section, page);
     if (!data) return data.failure();
     std::string unpackedPage;
     std::string_view bytes = data.value();
     if (section->compression == PagedSection::kCompressed) {
-      auto decompressed = decompressPage(bytes, section->pageSize);
+      const std::uint64_t most = std::min<std::uint64_t>(section->pageSize, largestUnpacked());
+      auto decompressed = decompressPage(bytes, most);
       if (!decompressed) return damaged(inFile.at);
       unpackedPage = std::move(*decompressed);
       bytes = unpackedPage;
@@ -132,7 +136,7 @@ base::Result<std::string> PagedFile::write(const FileChanges& changes) const {
   if (changed.value().empty()) return std::string(file());
   PagedWriter writer(file(), header_, pages_, map_);
   for (const auto& [name, content] : changed.value()) writer.change(name, sections_.named(name), content);
-  return writer.written();
+  return withinLimits(writer.written());
 }
 
 }  // namespace cad::dwg

@@ -128,6 +128,16 @@ std::string PagedWriter::bytesOf(const NewPage& page) const {
   return whole;
 }
 
+// What a file has behind its pages and its second header.
+std::string_view PagedWriter::behindPages(std::uint64_t secondHeaderAt) const {
+  const Page& last = oldPages_.back();
+  if (secondHeaderAt != 0 && secondHeaderAt < last.at) return {};
+  const std::uint64_t begin = secondHeaderAt != 0 ? secondHeaderAt : last.at;
+  const std::uint64_t length = secondHeaderAt != 0 ? std::uint64_t{PagedHeader::kLength} : last.size;
+  if (!isWithin(begin, length, file_.size())) return {};
+  return part(file_, begin + length, file_.size() - begin - length);
+}
+
 std::string PagedWriter::written() {
   const std::string sectionMap = writeSystemPage(writeSectionMap(map_), SystemPage::kSectionMap);
   find(header_.sectionMapId())->page.size = static_cast<std::uint32_t>(filledSize(sectionMap.size()));
@@ -143,6 +153,8 @@ std::string PagedWriter::written() {
     own->page.size = std::max(own->page.size, size);
   }
   place();
+  const std::uint64_t oldSecond = header_.secondHeaderAt();
+  const std::string_view rest = behindPages(oldSecond);
 
   std::string out(file_.substr(0, PagedHeader::kPagesAt));
   PagedHeader::Pages facts;
@@ -155,7 +167,8 @@ std::string PagedWriter::written() {
     } else if (&page == &*own) {
       facts.mapAt = page.page.at;
       out += pageMap;
-      if (&page == &pages_.back()) break;  // what would fill it up is left out
+      // What would fill it up is left out at the file's end.
+      if (&page == &pages_.back() && (oldSecond != 0 || rest.empty())) break;
     } else {
       out += bytesOf(page);
     }
@@ -165,17 +178,12 @@ std::string PagedWriter::written() {
     putRaw(out, at, static_cast<std::uint32_t>(moved(rawAt<std::uint32_t>(out, at))));
   }
   facts.largestId = largestNumber_;
-  const std::uint64_t oldSecond = header_.secondHeaderAt();
   facts.secondHeaderAt = oldSecond == 0 ? 0 : out.size();
   header_.setPages(facts);
   const std::string header = header_.written();
   out.replace(PagedHeader::kAt, PagedHeader::kLength, header);
-  if (oldSecond != 0) {
-    out += header;
-    const std::uint64_t oldEnd = oldSecond + PagedHeader::kLength;
-    if (oldEnd < file_.size() && oldSecond >= oldPages_.back().at)
-      out += part(file_, oldEnd, file_.size() - oldEnd);
-  }
+  if (oldSecond != 0) out += header;
+  out += rest;
   return out;
 }
 

@@ -35,6 +35,7 @@ class PagedWriter {
   void put(NewPage page, std::uint32_t behind);
   void place();
   std::string bytesOf(const NewPage& page) const;
+  std::string_view behindPages(std::uint64_t secondHeaderAt) const;
   // What stood at an address of the file has come to another.
   std::uint64_t moved(std::uint64_t address) const;
 

@@ -13,8 +13,6 @@ namespace {
 // The version's code with what follows it until the code page.
 constexpr unsigned kVersionBytes = 13;
 constexpr unsigned kMostSections = 16, kMostHandles = 64;
-// Behind the CRC until the second sentinel.
-constexpr unsigned kTail = 8;
 
 }  // namespace
 
@@ -62,7 +60,7 @@ bool SecondHeader::parse() {
   }
   end_ = reader.position();
   crcAt_ = (end_ + 7) / 8;
-  return !reader.failed() && isWithin(crcAt_, 2 + kTail, bytes_.size()) &&
+  return !reader.failed() && isWithin(crcAt_, 2, bytes_.size()) &&
          crc16(kCrcStart, part(bytes_, 0, crcAt_)) == rawAt<std::uint16_t>(bytes_, crcAt_);
 }
 

@@ -72,6 +72,7 @@ base::Result<std::map<std::string, std::string>> changedSections(const DwgFile& 
   std::string objects = splices.applied(sections.objects);
   if (objects != sections.objects) changed[kObjectsName] = std::move(objects);
   std::string handles = writeObjectMap(places);
+  handles += std::string_view(sections.handles).substr(static_cast<std::size_t>(sections.mapLength));
   if (handles != sections.handles) changed[kHandlesName] = std::move(handles);
   std::string auxHeader = sections.auxHeader, freeSpace = sections.freeSpace;
   raiseNextHandle(auxHeader, file.version(), plan.value().largestAdded());

@@ -25,6 +25,7 @@ struct UnpackedSections {
   // Not needed to read the drawing: empty where the file does not have them, or not as they should be.
   std::string auxHeader, freeSpace;
   FramedSection headerFrame, classesFrame;
+  std::uint64_t mapLength = 0;  // of the object map in `handles`
 
   const std::string& named(std::string_view name) const;
 };

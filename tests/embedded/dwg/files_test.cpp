@@ -5,16 +5,18 @@
 
 #include "base/codepage.h"
 #include "embedded/dwg/bits/bit_reader.h"
+#include "embedded/dwg/bits/bit_writer.h"
 #include "embedded/dwg/bits/crc.h"
 #include "embedded/dwg/files/object_map.h"
 #include "embedded/dwg/files/raw_values.h"
+#include "embedded/dwg/files/section_changes.h"
 #include "tests/embedded/dwg/small_files.h"
 
 namespace cad::dwg {
 namespace {
 
-constexpr Version kVersions[] = {Version::kR14,   Version::kR2000, Version::kR2004, Version::kR2007,
-                                 Version::kR2010, Version::kR2013, Version::kR2018};
+constexpr Version kVersions[] = {Version::kR13,   Version::kR14,   Version::kR2000, Version::kR2004,
+                                 Version::kR2007, Version::kR2010, Version::kR2013, Version::kR2018};
 
 class DwgFiles : public ::testing::TestWithParam<Version> {
  protected:
@@ -192,10 +194,46 @@ TEST(DwgRefusals, MapsThatLeadAstray) {
     const wchar_t* const kLarge = L"AcDb:AcDbObjects is larger than the file can hold";
     EXPECT_EQ(reason({.objectsSize = std::uint64_t{1} << 40}), kLarge);
     EXPECT_EQ(reason({.objectsSize = ~std::uint64_t{0}}), kLarge);
+    EXPECT_EQ(reason({.startsAgain = true}), L"AcDb:AcDbObjects is damaged");
     std::string encrypted = bytesOf(drawing);
     encrypted[0x18] = 1;
     EXPECT_EQ(readBytes(encrypted).failure().text(), L"byte 24: The drawing is encrypted with a password");
   }
+}
+
+// A place of the second header that cannot be is no reason to write the file into itself.
+TEST(DwgPages, WhatStandsBehindThemStays) {
+  const auto behindChange = [](const std::string& bytes) {
+    FileChanges changes;
+    changes.header = "another header";
+    const auto read = readBytes(bytes);
+    EXPECT_TRUE(read) << base::toUtf8(read.failure().text());
+    return read ? read.value()->write(changes).value() : std::string();
+  };
+  const SmallDrawing paged = smallDrawing(Version::kR2004), coded = smallDrawing(Version::kR2007);
+  EXPECT_TRUE(behindChange(pagedBytes(paged) + "behind").ends_with("behind"));
+  const std::string rest = std::string(0x4000, 'x') + "behind";  // the page map is told to be so large
+  EXPECT_TRUE(behindChange(pagedBytes(paged, {.secondHeaderAt = 0}) + rest).ends_with("behind"));
+  EXPECT_TRUE(behindChange(codedBytes(coded) + "behind").ends_with("behind"));
+  const PageFaults wrong{.secondHeaderAt = ~std::uint64_t{0} - 0x200};
+  EXPECT_LT(behindChange(pagedBytes(paged, wrong)).size(), 2 * pagedBytes(paged).size());
+  EXPECT_EQ(behindChange(codedBytes(coded, wrong)).find("AC1021", 1), std::string::npos);
+  EXPECT_EQ(behindChange(pagedBytes(paged, wrong)).find("AC1018", 1), std::string::npos);
+}
+
+TEST(DwgObjectMap, KeepsWhatStandsBehindIt) {
+  const auto file = readBytes(bytesOf(smallDrawing(Version::kR2004)));
+  ASSERT_TRUE(file);
+  UnpackedSections sections;
+  sections.objects = file.value()->objects();
+  sections.handles = writeObjectMap(file.value()->places());
+  sections.mapLength = sections.handles.size();
+  sections.handles += "behind";
+  FileChanges changes;
+  changes.objects = {{3, true, {}, 0}};
+  const auto changed = changedSections(*file.value(), sections, changes);
+  ASSERT_TRUE(changed);
+  EXPECT_TRUE(changed.value().at(kHandlesName).ends_with("behind"));
 }
 
 class LocatedDwg : public ::testing::Test {
@@ -204,6 +242,41 @@ class LocatedDwg : public ::testing::Test {
   SmallPlaces places;
   std::string bytes = locatedBytes(drawing, places);
 };
+
+TEST(DwgSecondHeader, FollowsInEachVersionAndStaysAsItCameWhenItIsDamaged) {
+  for (const Version version : {Version::kR13, Version::kR14, Version::kR2000}) {
+    SmallPlaces places;
+    const SmallDrawing drawing = smallDrawing(version);
+    const std::string bytes = locatedBytes(drawing, places);
+    const auto behind = [&](std::string file) {
+      FileChanges changes;
+      changes.header = drawing.header + "12345";
+      const auto read = readBytes(std::move(file));
+      EXPECT_TRUE(read) << base::toUtf8(read.failure().text());
+      return read ? read.value()->write(changes).value().substr(places.secondHeader + 5) : std::string();
+    };
+    BitReader second(std::string_view(behind(bytes)).substr(16));
+    second.rl();
+    EXPECT_EQ(static_cast<std::uint64_t>(second.bl()), places.secondHeader + 5);
+    std::string damaged = bytes;
+    damaged[places.secondHeader + 30] ^= 1;
+    EXPECT_EQ(behind(damaged), damaged.substr(places.secondHeader));
+  }
+}
+
+TEST_F(LocatedDwg, ObjectsWithinTheLocatorsAreRefused) {
+  drawing.objects.resize(1);
+  // The size of section 4, four bytes, reads as that of an object of four.
+  drawing.spoil = [](std::string& piece) {
+    if (piece.size() > 4 || piece.front() != 3) return;
+    BitWriter pair;
+    pair.umc(3), pair.mc(0x19 + 9 * 4 + 5);
+    piece = pair.take();
+  };
+  const auto read = readBytes(locatedBytes(drawing, places));
+  ASSERT_FALSE(read);
+  EXPECT_EQ(read.failure().reason, L"There is no whole object here");
+}
 
 TEST_F(LocatedDwg, WhatTellsPlacesFollows) {
   const auto file = readBytes(bytes);

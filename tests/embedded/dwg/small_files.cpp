@@ -8,12 +8,12 @@
 #include "embedded/dwg/files/coded_compression.h"
 #include "embedded/dwg/files/raw_values.h"
 #include "embedded/dwg/files/reed_solomon.h"
+#include "embedded/dwg/files/second_header.h"
 #include "embedded/dwg/files/sentinels.h"
 
 namespace cad::dwg {
 namespace {
 
-constexpr char kSecondHeaderBegin[] = "\xD4\x7B\x21\xCE\x28\x93\x9F\xBF\x53\x24\x40\x09\x12\x3C\xAA\x01";
 constexpr std::uint64_t kPageSize = 0x400;
 
 std::string u32(std::uint64_t value) {
@@ -121,8 +121,9 @@ std::string secondHeader(const SmallDrawing& drawing, std::uint64_t at,
   bits.rc(static_cast<std::uint8_t>(nextHandle));
   bits.rc(1), bits.rc(1), bits.rc(7);
   std::string bytes = bits.take();
-  putRaw(bytes, 0, static_cast<std::uint32_t>(bytes.size() + 10));
-  return kSecondHeaderBegin + withCrc(drawing.spoilt(bytes)) + "87654321" + "the second's end";
+  const std::string tail = drawing.version == Version::kR13 ? "" : "87654321";
+  putRaw(bytes, 0, static_cast<std::uint32_t>(bytes.size() + 2 + tail.size()));
+  return std::string(SecondHeader::kBegin) + withCrc(drawing.spoilt(bytes)) + tail + "the second's end";
 }
 
 struct Section {
@@ -268,7 +269,7 @@ std::string pagedBytes(const SmallDrawing& drawing, const PageFaults& faults) {
       told += u32(faults.usesPageTwice ? 2
                   : faults.namesNoPage ? 99
                                        : number) +
-              u32(content.size()) + u64(start);
+              u32(content.size()) + u64(faults.startsAgain ? 0 : start);
     }
     const bool isResized = faults.objectsSize != 0 && section.name == "AcDb:AcDbObjects";
     map += u64(isResized ? faults.objectsSize : section.content.size()) + u32(count) + u32(kPageSize) +
@@ -293,14 +294,14 @@ std::string pagedBytes(const SmallDrawing& drawing, const PageFaults& faults) {
   file += systemPage2004(drawing, pageMap, 0x41630E3B);
   std::string header = std::string("AcFssFcAJMB\0", 12) + u32(0) + u32(0x6C) + u32(4) +
                        std::string(12, '\0') + u32(1) + u32(pageMapNumber) + u64(pageMapAt + 0x4000 - 0x100) +
-                       u64(file.size()) + u32(0) + u32(pageMapNumber) + u32(0x20) + u32(0x80) + u32(0x40) +
-                       u32(pageMapNumber) + u64(pageMapAt - 0x100) + u32(sectionMap) + u32(pageMapNumber) +
-                       u32(0) + u32(0);
+                       u64(faults.secondHeaderAt.value_or(file.size())) + u32(0) + u32(pageMapNumber) +
+                       u32(0x20) + u32(0x80) + u32(0x40) + u32(pageMapNumber) + u64(pageMapAt - 0x100) +
+                       u32(sectionMap) + u32(pageMapNumber) + u32(0) + u32(0);
   header = drawing.spoilt(header).substr(0, 0x68) + u32(0);
   putRaw(header, 0x68, crc32(0, header));
   header = combined(header);
   file.replace(0x80, header.size(), header);
-  return file + header;
+  return faults.secondHeaderAt == 0 ? file : file + header;
 }
 
 std::string codedBytes(const SmallDrawing& drawing, const PageFaults& faults) {
@@ -329,7 +330,7 @@ std::string codedBytes(const SmallDrawing& drawing, const PageFaults& faults) {
       const std::string padding(251, 'p');
       const std::uint64_t number =
           add(section.isPlain ? filled + dataCode.parity(filled, padding) : dataCode.coded(filled, padding));
-      told += u64(start) + u64(content.size());
+      told += u64(faults.startsAgain ? 0 : start) + u64(content.size());
       told += u64(faults.usesPageTwice ? 2 : faults.namesNoPage ? 99 : number);
       told +=
           u64(content.size()) + u64(packed.size()) + u64(dataChecksum(content)) + u64(pageCrc64(0, packed));
@@ -361,7 +362,7 @@ std::string codedBytes(const SmallDrawing& drawing, const PageFaults& faults) {
   std::string fields(34 * 8, '\0');
   const auto tell = [&](std::size_t number, std::uint64_t value) { putRaw(fields, number * 8, value); };
   tell(0, 0x70), tell(1, size), tell(2, pageCrc64(0, pageMap)), tell(3, 2);
-  tell(7, at), tell(8, pageMapNumber), tell(9, at + kPageMapSize);
+  tell(7, at), tell(8, pageMapNumber), tell(9, faults.secondHeaderAt.value_or(at + kPageMapSize));
   tell(10, pageMap.size()), tell(11, pageMap.size()), tell(12, pageMapNumber), tell(13, pageMapNumber);
   tell(16, pageCrc64(0, pageMap)), tell(21, pageCrc64(0, map)), tell(22, map.size()), tell(24, sectionMap);
   tell(25, map.size()), tell(26, pageCrc64(0, map)), tell(27, 2), tell(32, 12345);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -45,7 +46,9 @@ std::string locatedBytes(const SmallDrawing& drawing, SmallPlaces& places);
 // The same with other sections or pages than it should have.
 struct PageFaults {
   bool isEncrypted = false, usesPageTwice = false, namesNoPage = false, hasPageTwice = false;
-  std::uint64_t objectsSize = 0;  // instead of the real one
+  std::uint64_t objectsSize = 0;                  // instead of the real one
+  bool startsAgain = false;                       // every page of a section is told to be its first
+  std::optional<std::uint64_t> secondHeaderAt{};  // instead of the real place; 0 in pages: there is none
 };
 std::string pagedBytes(const SmallDrawing& drawing, const PageFaults& faults = {});
 std::string codedBytes(const SmallDrawing& drawing, const PageFaults& faults = {});

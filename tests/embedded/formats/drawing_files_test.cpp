@@ -38,6 +38,12 @@ TEST(Formats, FilesOfOtherKindsAreNamedAsWhatTheyAre) {
   }
 }
 
+TEST(Formats, ATextThatBeginsAsDwgFilesDoIsNoOldDrawing) {
+  const auto result = openBytes("ACME drawing list\n");
+  ASSERT_FALSE(result.ok());
+  EXPECT_EQ(result.failure().reason.find(L"DWG"), std::wstring::npos);
+}
+
 TEST(Formats, AnotherFormatIsAskedBeforeItsFilesCountAsForeign) {
   const std::string file = "AC1006";
   {
