@@ -18,19 +18,26 @@ bool isApplication(const DwgStorage& storage, Handle application, std::wstring_v
   return base::equalFolded(decodeStored(storage.firstName(application), storage.facts().codePage), name);
 }
 
-std::optional<std::vector<ExtendedValue>> applicationValues(const DwgStorage& storage, const Record& record,
-                                                            std::wstring_view application) {
+base::Result<ApplicationValues> applicationValues(const DwgStorage& storage, const Record& record,
+                                                  std::wstring_view application) {
   const base::Result<ObjectFrame> frame = storage.frame(record);
-  if (!frame.ok() || frame.value().extendedEnd - frame.value().extendedBegin <= kLengthOfNone)
-    return std::nullopt;
+  if (!frame.ok()) return frame.failure();
+  if (frame.value().extendedEnd - frame.value().extendedBegin <= kLengthOfNone) return ApplicationValues();
   const base::Result<std::vector<ExtendedData>> data = readExtendedData(frame.value());
-  if (!data.ok()) return std::nullopt;
+  if (!data.ok()) return data.failure();
   for (const ExtendedData& each : data.value()) {
     if (!isApplication(storage, each.application.absolute(frame.value().handle), application)) continue;
     base::Result<std::vector<ExtendedValue>> values = decodeExtended(each.bytes, storage.version());
-    if (values.ok()) return std::move(values.value());
+    if (!values.ok()) return values.failure();
+    return ApplicationValues(std::move(values.value()));
   }
-  return std::nullopt;
+  return ApplicationValues();
+}
+
+ApplicationValues readableValues(const DwgStorage& storage, const Record& record,
+                                 std::wstring_view application) {
+  base::Result<ApplicationValues> values = applicationValues(storage, record, application);
+  return values.ok() ? std::move(values.value()) : std::nullopt;
 }
 
 base::Result<std::vector<ExtendedData>> withApplicationValues(const DwgStorage& storage, const Record& record,

@@ -12,9 +12,15 @@ namespace cad::dwg {
 
 bool isApplication(const DwgStorage& storage, Handle application, std::wstring_view name);  // ignores case
 
-// Nothing when the record has none of the application, or it cannot be read. Case is ignored.
-std::optional<std::vector<ExtendedValue>> applicationValues(const DwgStorage& storage, const Record& record,
-                                                            std::wstring_view application);
+using ApplicationValues = std::optional<std::vector<ExtendedValue>>;
+
+// Nothing when the record has none of the application. Case is ignored. Fails when they are there and cannot
+// be read: nobody may put others in their place then.
+base::Result<ApplicationValues> applicationValues(const DwgStorage& storage, const Record& record,
+                                                  std::wstring_view application);
+// For those who only look: what cannot be read is nothing.
+ApplicationValues readableValues(const DwgStorage& storage, const Record& record,
+                                 std::wstring_view application);
 
 // All the record's extended data with these values for the application, behind the others when it is new
 // there; without any the application's are left out. `application`: its record.

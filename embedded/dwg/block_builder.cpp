@@ -137,7 +137,10 @@ base::Status BlockBuilder::openNew(std::wstring_view name, const BlockHead& head
     if (status) status = addCommon(object->values);
   for (NewObject* object : {&entry, &begin, &end})
     if (status) status = storage_.keep(*object);
-  if (!status) return status;
+  if (!status) {
+    storage_.forgetKept();
+    return status;
+  }
   storage_.announce(entry_, begin.handle);
   storage_.enterKept(drawing_, entry_, {.kind = RecordKind::kTableRecord, .table = Table::kBlockRecord});
   block_ =

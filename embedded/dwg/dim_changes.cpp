@@ -51,7 +51,9 @@ base::Result<FieldChanges> overrideChanges(Drawing& drawing, const DwgStorage& s
                                            const DimVariableInfo& info, const Variable& value) {
   base::Result<ExtendedValue> stored = overrideOf(drawing, storage, info, value);
   if (!stored.ok()) return stored.failure();
-  DimList list = readDimList(storage, drawing.record(id));
+  base::Result<DimList> present = readDimList(storage, drawing.record(id));
+  if (!present.ok()) return present.failure();
+  DimList list = std::move(present.value());
   const auto isOf = [&](const DimPair& pair) {
     return pair.number == info.groups.number || (info.groups.old != 0 && pair.number == info.groups.old);
   };
@@ -98,7 +100,9 @@ base::Status DwgStorage::removeDimOverride(Drawing& drawing, RecordId id, const 
   const Record& record = drawing.record(id);
   if (info.isOfHeaderOnly() || record.table == Table::kDimStyle)
     return base::Failure{{}, L"This is no override"};
-  DimList list = readDimList(*this, record);
+  base::Result<DimList> present = readDimList(*this, record);
+  if (!present.ok()) return present.failure();
+  DimList list = std::move(present.value());
   const DimPair* pair = list.find(info);
   if (pair == nullptr) return {};
   list.pairs.erase(list.pairs.begin() + (pair - list.pairs.data()));

@@ -42,14 +42,14 @@ base::Result<Handle> handleOfName(Drawing& drawing, const DwgStorage& storage, c
 }
 
 // A text of the variable; of a name that of the record.
-base::Result<Value> textOf(const Drawing& drawing, const DwgStorage& storage, const DimVariableInfo& info,
-                           const std::wstring& text) {
-  if (!info.isName()) return storage.fieldText(encodeStored(text, storage.facts().codePage));
-  if (text.empty() || text == L".") return storage.fieldText({});
+base::Result<std::string> textOf(const Drawing& drawing, const DwgStorage& storage,
+                                 const DimVariableInfo& info, const std::wstring& text) {
+  if (!info.isName()) return encodeStored(text, storage.facts().codePage);
+  if (text.empty() || text == L".") return std::string();
   const RecordId id = drawing.find(tableOf(info.type), std::wstring_view(text));
   const NameId name = id == kNoRecord ? kNoName : drawing.recordName(id);
   if (name == kNoName) return base::Failure{text, L"The drawing has no record of this name"};
-  return storage.fieldText(drawing.names().stored(name));
+  return std::string(drawing.names().stored(name));
 }
 
 ExtendedValue extended(int code, Value value, std::uint16_t codePage = 0) {
@@ -88,9 +88,9 @@ base::Status setStyleField(Drawing& drawing, const DwgStorage& storage, const Di
   const auto* text = std::get_if<std::wstring>(&value);
   if (text == nullptr) return badValue(info);
   if (!info.isName() || isNamedByText(storage.version(), info)) {
-    base::Result<Value> stored = textOf(drawing, storage, info, *text);
+    const base::Result<std::string> stored = textOf(drawing, storage, info, *text);
     if (!stored.ok()) return stored.failure();
-    changes.set(info.name, std::move(stored.value()));
+    changes.set(info.name, storage.fieldText(stored.value()));
     return {};
   }
   const base::Result<Handle> handle = handleOfName(drawing, storage, info, *text);
@@ -112,9 +112,9 @@ base::Result<ExtendedValue> overrideOf(Drawing& drawing, const DwgStorage& stora
   const auto* text = std::get_if<std::wstring>(&value);
   if (text == nullptr) return badValue(info);
   if (!info.isName() || isNamedByText(storage.version(), info)) {
-    base::Result<Value> stored = textOf(drawing, storage, info, *text);
+    const base::Result<std::string> stored = textOf(drawing, storage, info, *text);
     if (!stored.ok()) return stored.failure();
-    return extended(kText, std::move(stored.value()), storage.codePageNumber());
+    return extended(kText, storage.extendedText(stored.value()), storage.codePageNumber());
   }
   const base::Result<Handle> handle = handleOfName(drawing, storage, info, *text);
   if (!handle.ok()) return handle.failure();

@@ -10,9 +10,11 @@ constexpr int kText = 1000, kBrace = 1002, kNumber = 1070;
 
 }  // namespace
 
-DimList readDimList(const DwgStorage& storage, const Record& record) {
+base::Result<DimList> readDimList(const DwgStorage& storage, const Record& record) {
   DimList list;
-  const auto values = applicationValues(storage, record, kApplication);
+  base::Result<ApplicationValues> present = applicationValues(storage, record, kApplication);
+  if (!present.ok()) return present.failure();
+  const ApplicationValues values = std::move(present.value());
   if (!values) return list;
   list.hasData = true;
   list.before = *values;
@@ -25,10 +27,11 @@ DimList readDimList(const DwgStorage& storage, const Record& record) {
   std::size_t at = start + 2;
   for (; at + 1 < values->size() && (*values)[at].code == kNumber; at += 2)
     pairs.push_back({static_cast<int>(integerOf((*values)[at])), (*values)[at + 1]});
-  // A list that is not closed is none.
   if (at >= values->size() || !isBrace((*values)[at], false)) return list;
   const auto begin = values->begin();
   list.before.assign(begin, begin + static_cast<std::ptrdiff_t>(start));
+  list.head.assign(begin + static_cast<std::ptrdiff_t>(start),
+                   begin + static_cast<std::ptrdiff_t>(start) + 2);
   list.behind.assign(begin + static_cast<std::ptrdiff_t>(at) + 1, values->end());
   list.pairs = std::move(pairs);
   return list;
@@ -45,8 +48,11 @@ const DimPair* DimList::find(const base::DimVariableInfo& info) const {
 std::vector<ExtendedValue> DimList::values(const DwgStorage& storage) const {
   std::vector<ExtendedValue> all = before;
   if (!pairs.empty()) {
-    append(all, kText, storage.fieldText("DSTYLE"), storage.codePageNumber());
-    append(all, kBrace, std::int64_t{0});
+    if (head.empty()) {
+      append(all, kText, storage.extendedText("DSTYLE"), storage.codePageNumber());
+      append(all, kBrace, std::int64_t{0});
+    }
+    all.insert(all.end(), head.begin(), head.end());
     for (const DimPair& pair : pairs) {
       append(all, kNumber, std::int64_t{pair.number});
       all.push_back(pair.value);

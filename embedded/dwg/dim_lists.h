@@ -19,13 +19,15 @@ struct DimPair {
 struct DimList {
   bool hasData = false;                       // the application has values here
   std::vector<ExtendedValue> before, behind;  // what it has around the list
+  std::vector<ExtendedValue> head;            // its name and brace as they came; none: it is new
   std::vector<DimPair> pairs;
 
   const DimPair* find(const base::DimVariableInfo& info) const;
   std::vector<ExtendedValue> values(const DwgStorage& storage) const;  // all of the application's
 };
 
-DimList readDimList(const DwgStorage& storage, const Record& record);
+// Fails when the application's values cannot be read; a list that is not closed is none.
+base::Result<DimList> readDimList(const DwgStorage& storage, const Record& record);
 
 bool takesDimOverrides(std::string_view type);
 

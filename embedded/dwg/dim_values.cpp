@@ -89,7 +89,7 @@ std::optional<Variable> olderValue(const Drawing& drawing, const DwgStorage& sto
                                    const DimVariableInfo& info) {
   const auto* place = std::ranges::find(kOlderPlaces, info.name, &OlderPlace::variable);
   if (place == std::end(kOlderPlaces)) return std::nullopt;
-  const auto values = applicationValues(storage, record, place->application);
+  const auto values = readableValues(storage, record, place->application);
   for (std::size_t i = 0; values && i + 1 < values->size(); ++i) {
     if ((*values)[i].code != 1070 || integerOf((*values)[i]) != place->number) continue;
     const ExtendedValue& value = (*values)[i + 1];
@@ -104,7 +104,8 @@ class OwnVariables {
  public:
   OwnVariables(const Drawing& drawing, const DwgStorage& storage, const Record& record)
       : drawing_(drawing), storage_(storage), record_(record) {
-    if (!isStyle(record)) list_ = readDimList(storage, record);
+    if (isStyle(record)) return;
+    if (base::Result<DimList> list = readDimList(storage, record); list.ok()) list_ = std::move(list.value());
   }
 
   bool none() const { return !isStyle(record_) && !list_.hasData; }

@@ -6,7 +6,6 @@
 #include "embedded/drawing/stored_text.h"
 #include "embedded/dwg/field_texts.h"
 #include "embedded/dwg/fields/extended_data.h"
-#include "embedded/dwg/files/code_pages.h"
 
 namespace cad::dwg {
 
@@ -124,13 +123,17 @@ std::optional<Record> DwgStorage::firstState(Handle handle) const {
 }
 
 const std::string& DwgStorage::firstName(Handle handle) const {
-  const auto [known, isNew] = firstNames_.try_emplace(handle);
-  if (!isNew) return known->second;
+  static const std::string kNone;
+  if (const auto known = firstNames_.find(handle); known != firstNames_.end()) return known->second;
   const std::optional<Record> record = firstState(handle);
-  if (!record) return known->second;
+  if (!record) return kNone;
+  // Of the entities, which are many, blocks alone have names.
+  const ObjectType type = typeOf(*record);
+  if (type.isEntity && type.kind != ObjectKind::kBlock) return kNone;
+  std::string& own = firstNames_[handle];
   const Fields& fields = this->fields(*record);
-  if (const Field* name = fields.find("name")) known->second = storedText(name->value);
-  return known->second;
+  if (const Field* name = fields.find("name")) own = storedText(name->value);
+  return own;
 }
 
 // In the table's entry the number of an anonymous block and of an inactive paper space is missing; the
@@ -158,27 +161,23 @@ std::optional<Handle> DwgStorage::handle(const Record& record) const {
 
 // --- Texts -----------------------------------------------------------------------------------------------
 
+Value DwgStorage::extendedText(std::string_view stored) const {
+  if (!hasWideTexts(version())) return std::string(stored);
+  return toUtf16(base::fromUtf8(stored));
+}
+
 Value DwgStorage::fieldText(std::string_view stored) const {
-  const bool zero = records_.textsEndWithZero && !stored.empty();
-  if (!hasWideTexts(version())) {
-    std::string narrow(stored);
-    if (zero) narrow += '\0';
-    return narrow;
-  }
-  std::u16string wide = toUtf16(base::fromUtf8(stored));
-  if (zero) wide += u'\0';
-  return wide;
+  Value text = extendedText(stored);
+  if (!records_.textsEndWithZero || stored.empty()) return text;
+  if (auto* wide = std::get_if<std::u16string>(&text))
+    *wide += u'\0';
+  else
+    std::get<std::string>(text) += '\0';
+  return text;
 }
 
 std::wstring DwgStorage::text(const Value& value) const {
   return decodeStored(storedText(value), facts().codePage);
-}
-
-std::uint16_t DwgStorage::codePageNumber() const {
-  constexpr std::uint16_t kMost = 64, kUsual = 30;
-  for (std::uint16_t number = 0; number < kMost; ++number)
-    if (codePageName(number) == facts().codePageName) return number;
-  return kUsual;
 }
 
 }  // namespace cad::dwg

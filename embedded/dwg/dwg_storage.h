@@ -78,6 +78,7 @@ class DwgStorage final : public RecordStorage {
   Handle takeHandle();
   // Builds the object, which is found by its handle from then on; enterKept() must follow, in the same order.
   base::Status keep(const NewObject& object);
+  void forgetKept();  // what is not to enter after all
   RecordId enterKept(Drawing& drawing, Handle handle, const NewRecord& made);
   base::Result<RecordId> enter(Drawing& drawing, const NewObject& object, const NewRecord& made);
   // At the end of the table's list.
@@ -90,10 +91,12 @@ class DwgStorage final : public RecordStorage {
 
   RecordId headerRecord() const { return records_.header; }
   RecordId control(Table table) const;  // kNoRecord: the file has none
-  // The field that holds a text of the drawing; and back as a person reads it.
+  // The field that holds a text of the drawing, the value of extended data that does, which has no closing
+  // zero in any file; and back as a person reads it.
   Value fieldText(std::string_view stored) const;
+  Value extendedText(std::string_view stored) const;
   std::wstring text(const Value& value) const;
-  std::uint16_t codePageNumber() const;  // that stands with texts of extended data
+  std::uint16_t codePageNumber() const { return file_->codePageNumber(); }  // with texts of extended data
 
   // --- RecordStorage ---------------------------------------------------------------------------------------
   std::wstring_view format() const override { return L"DWG"; }
@@ -102,6 +105,7 @@ class DwgStorage final : public RecordStorage {
   std::optional<Handle> handle(const Record& record) const override;
   StoredValue property(const Record& record, Property property) const override;
   EntityLooks looks(const Record& entity) const override;
+  bool differInCommonOnly(const Record& before, const Record& now) const override;
   bool holdsSame(const Record& record, const RecordStorage& other, const Record& others) const override;
   std::vector<std::wstring> otherData(const Record& record, const OtherParts& parts) const override;
   bool canHold(const Record& record, Property property) const override;
@@ -169,7 +173,8 @@ class DwgStorage final : public RecordStorage {
   std::vector<FileClass> classes_;
   FileRecords records_;
   StateStore states_;
-  std::vector<AddedObject> added_;
+  std::vector<AddedObject> added_;  // never shortened: records that were taken back lead there, too
+  std::vector<std::size_t> live_;   // those that are in the drawing, oldest first
   std::unordered_map<Handle, std::size_t> addedByHandle_;
   Handle nextHandle_ = 0;  // 0: not yet known
   mutable Look look_, commonLook_, headerLook_;

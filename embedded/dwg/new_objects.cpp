@@ -1,7 +1,7 @@
 // Objects that are added: their handles, and how they enter the drawing.
 
 #include <algorithm>
-#include <cstdlib>
+#include <cassert>
 
 #include "embedded/drawing/drawing.h"
 #include "embedded/dwg/dwg_storage.h"
@@ -24,6 +24,7 @@ base::Status DwgStorage::keep(const NewObject& object) {
       build(object.kind, version(), object.handle, object.values, classes_);
   if (!built.ok()) return built.failure();
   addedByHandle_[object.handle] = added_.size();
+  live_.push_back(added_.size());
   added_.push_back(
       {object.handle, states_.add(built.value().data, built.value().handleBits), kNoRecord, object.kind});
   return {};
@@ -49,14 +50,17 @@ base::Result<RecordId> DwgStorage::enter(Drawing& drawing, const NewObject& obje
 }
 
 void DwgStorage::takeBack(RecordId record) {
-  // What was kept, but never entered, goes along.
-  while (!added_.empty() && added_.back().record == kNoRecord) forgetNewest();
-  if (added_.empty() || added_.back().record != record) std::abort();
-  forgetNewest();
+  while (!live_.empty()) {
+    const RecordId newest = added_[live_.back()].record;
+    forgetNewest();
+    if (newest == record) return;
+    assert(newest == kNoRecord);  // was kept, but never entered, and goes along
+  }
 }
 
+// The drawing's record stays, erased, and with it the object and its handle.
 void DwgStorage::forgetNewest() {
-  const Handle handle = added_.back().handle;
+  const Handle handle = added_[live_.back()].handle;
   if (const auto entry = records_.entryOfBlock.find(handle); entry != records_.entryOfBlock.end()) {
     records_.blockOfEntry.erase(entry->second);
     records_.beginOfEntry.erase(entry->second);
@@ -64,8 +68,11 @@ void DwgStorage::forgetNewest() {
   }
   firstNames_.erase(handle);
   addedByHandle_.erase(handle);
-  added_.pop_back();
-  look_.fields.reset(), commonLook_.fields.reset();
+  live_.pop_back();
+}
+
+void DwgStorage::forgetKept() {
+  while (!live_.empty() && added_[live_.back()].record == kNoRecord) forgetNewest();
 }
 
 void DwgStorage::announce(Handle entry, Handle begin) {

@@ -96,9 +96,9 @@ bool putTypeface(const DwgStorage& storage, Values& values, const std::string& f
     const bool flagged = at + 1 < values.size() && values[at + 1].code == kNumber;
     values.erase(place, place + (flagged ? 2 : 1));
   } else if (at < values.size()) {
-    values[at].value = storage.fieldText(face);
+    values[at].value = storage.extendedText(face);
   } else {
-    put(values, 0, kText, storage.fieldText(face), storage.codePageNumber());
+    put(values, 0, kText, storage.extendedText(face), storage.codePageNumber());
     put(values, 1, kNumber, std::int64_t{0}, 0);
   }
   return true;
@@ -126,7 +126,9 @@ base::Status changeApplicationData(Drawing& drawing, const DwgStorage& storage, 
                                    Property property, const StoredValue& value, FieldChanges& changes) {
   const wchar_t* application =
       property == Property::kTransparency ? kTransparencyApplication : kStyleApplication;
-  Values values = applicationValues(storage, record, application).value_or(Values());
+  base::Result<ApplicationValues> present = applicationValues(storage, record, application);
+  if (!present.ok()) return present.failure();
+  Values values = std::move(present.value()).value_or(Values());
   if (!putValue(storage, values, property, value)) return {};
   const base::Result<Handle> handle = applicationHandle(drawing, application);
   if (!handle.ok()) return handle.failure();

@@ -17,7 +17,7 @@ constexpr wchar_t kTransparencyApplication[] = L"AcCmTransparency", kStyleApplic
 // The first value of a code that an application keeps with the record.
 std::optional<ExtendedValue> firstOf(const DwgStorage& storage, const Record& record,
                                      std::wstring_view application, int code) {
-  const auto values = applicationValues(storage, record, application);
+  const auto values = readableValues(storage, record, application);
   if (!values) return std::nullopt;
   for (const ExtendedValue& value : *values)
     if (value.code == code) return value;

@@ -33,7 +33,7 @@ class OldData {
   explicit OldData(const DwgStorage& storage) : storage_(storage) {}
 
   void name(std::string_view word) {
-    append(values_, 1000, storage_.fieldText(word), storage_.codePageNumber());
+    append(values_, 1000, storage_.extendedText(word), storage_.codePageNumber());
   }
   void integer(int code, std::int64_t value) { number(code), append(values_, 1070, value); }
   void longer(int code, std::uint32_t value) {

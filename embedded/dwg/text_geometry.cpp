@@ -43,7 +43,7 @@ Fill fillOf(std::int64_t flags) {
 // Versions without fields for it keep in extended data what is painted behind a text.
 void readOldFill(const GeometrySource& from, TextGeometry& shape) {
   constexpr std::int64_t kByNumber = 0xC3, kByValue = 0xC2;
-  const auto values = applicationValues(from.storage, from.drawing.record(from.id), L"ACAD");
+  const auto values = readableValues(from.storage, from.drawing.record(from.id), L"ACAD");
   if (!values) return;
   bool inFill = false;
   for (std::size_t i = 0; i + 1 < values->size(); ++i) {
