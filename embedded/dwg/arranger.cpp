@@ -174,11 +174,18 @@ void Arranger::addTable(Table table, ObjectKind control, std::string_view type) 
       if (first != kNowhere && takes(first)) add(first, RecordKind::kTableRecord, table, kNoRecord);
     for (const Place place : listed(fields, kEntry))
       if (takes(place)) add(place, RecordKind::kTableRecord, table, kNoRecord);
-    for (std::uint32_t i = 0; table == Table::kBlockRecord && i < fields.count(kEntry); ++i)
-      records_.indexOfEntry[fields.handle(kEntry, i).value_or(0)] = i;
+    if (table == Table::kBlockRecord) noteIndices(fields);
   }
   for (Place place = 0; place < objects_.size(); ++place)
     if (takes(place)) add(place, RecordKind::kTableRecord, table, kNoRecord);
+}
+
+void Arranger::noteIndices(const Fields& control) {
+  for (const Field& field : control.all()) {
+    const auto* reference = std::get_if<HandleReference>(&field.value);
+    if (reference != nullptr && field.name == kEntry)
+      records_.indexOfEntry[reference->absolute(control.own())] = field.index;
+  }
 }
 
 void Arranger::addEntity(Place place, RecordId block) {

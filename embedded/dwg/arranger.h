@@ -47,6 +47,7 @@ class Arranger {
   void addTable(Table table, ObjectKind control, std::string_view type);
   void addBlock(Place entry, bool withContent);
   void addContent(Place entry);
+  void noteIndices(const Fields& control);
   void addEntity(Place place, RecordId block);
   std::vector<Place> ordered(const Members& members, Place owner, const Fields& fields,
                              std::string_view singular) const;

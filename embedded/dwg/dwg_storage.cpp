@@ -55,7 +55,6 @@ const Fields& DwgStorage::commonFields(const Record& record) const {
 }
 
 std::vector<Handle> DwgStorage::references(const Record& record) const {
-  constexpr int kHandle = 1005;
   std::vector<Handle> handles;
   const base::Result<ObjectFrame> frame = this->frame(record);
   if (!frame.ok()) return handles;
@@ -69,11 +68,11 @@ std::vector<Handle> DwgStorage::references(const Record& record) const {
   const base::Result<std::vector<ExtendedData>> extended = readExtendedData(frame.value());
   if (!extended.ok()) return handles;
   for (const ExtendedData& data : extended.value()) {
+    handles.push_back(data.application.absolute(frame.value().handle));
     const base::Result<std::vector<ExtendedValue>> values = decodeExtended(data.bytes, version());
     if (!values.ok()) continue;
     for (const ExtendedValue& value : values.value())
-      if (const auto* reference = std::get_if<HandleReference>(&value.value);
-          value.code == kHandle && reference)
+      if (const auto* reference = std::get_if<HandleReference>(&value.value))
         handles.push_back(reference->value);
   }
   return handles;

@@ -1,6 +1,5 @@
 #include "embedded/dwg/links.h"
 
-#include <algorithm>
 #include <map>
 #include <unordered_map>
 #include <unordered_set>
@@ -15,18 +14,20 @@ class Links {
   }
 
   base::Result<std::vector<ChangedObject>> take() {
-    if (touched_.empty() && erasedEntries_.empty() && gone_.empty()) return std::vector<ChangedObject>();
+    if (touched_.empty() && erasedEntries_.empty() && gone_.empty() && inserts_.empty())
+      return std::vector<ChangedObject>();
     keepNeeded();
     collectContents();
     for (const auto& [block, content] : contents_) linkBlock(block, content);
     for (const auto& [block, inserts] : inserts_) listInserts(block, inserts);
-    for (const RecordId entry : erasedEntries_) leaveTable(entry);
+    for (const auto& [table, entries] : erasedEntries_) leaveTable(table, entries);
     return written();
   }
 
  private:
   struct Inserts {
-    std::vector<Handle> erased, added;
+    std::unordered_set<Handle> gone;
+    std::vector<Handle> added;
   };
 
   static bool isAdded(const Record& record) { return (record.flags & Record::kAdded) != 0; }
@@ -35,33 +36,62 @@ class Links {
 
   void note(RecordId id) {
     const Record& record = records_[id];
+    if (record.kind == RecordKind::kEntity) noteInsert(id);
     if (record.erased() == isAdded(record)) return;  // as it was in the file, or never there
     const bool isEntity = record.kind == RecordKind::kEntity || record.kind == RecordKind::kSubEntity;
-    if (isEntity && record.erased()) takeExtension(record, handleOf(id), id);
-    if (record.kind == RecordKind::kTableRecord && record.erased()) erasedEntries_.push_back(id);
+    if (isEntity && record.erased()) takeExtension(id);
+    if (record.kind == RecordKind::kTableRecord && record.erased())
+      erasedEntries_[record.table].insert(handleOf(id));
     if (record.kind != RecordKind::kEntity || record.owner == kNoRecord) return;
     touched_.insert(record.owner);
+  }
+
+  // Which block it is of in the file, and which now.
+  void noteInsert(RecordId id) {
+    const Record& record = records_[id];
+    const bool isNew = isAdded(record), isGone = record.erased();
+    if (isNew == isGone && (isNew || record.edits == kNoEdit)) return;
     if (storage_.typeName(record) != "INSERT") return;
-    const Handle block = storage_.fields(record).handle("block").value_or(0);
-    Inserts& inserts = inserts_[block];
-    (record.erased() ? inserts.erased : inserts.added).push_back(handleOf(id));
+    const auto blockOf = [&](const Record& state) {
+      return storage_.fields(state).handle("block").value_or(0);
+    };
+    Record first = record;
+    first.edits = kNoEdit;
+    const Handle was = isNew ? 0 : blockOf(first), is = isGone ? 0 : blockOf(record);
+    if (was == is) return;
+    if (was != 0) inserts_[was].gone.insert(handleOf(id));
+    if (is != 0) inserts_[is].added.push_back(handleOf(id));
   }
 
   // With an object goes its extension dictionary, and what that owns.
-  void takeExtension(const Record& record, Handle owner, RecordId root) {
-    takeOwned(storage_.commonFields(record).handle("dictionary").value_or(0), owner, root);
+  void takeExtension(RecordId root) {
+    struct Owned {
+      Handle item, owner;
+    };
+    const auto extensionOf = [&](const Record& of) {
+      return storage_.commonFields(of).handle("dictionary").value_or(0);
+    };
+    std::vector<Owned> left = {{extensionOf(records_[root]), handleOf(root)}};
+    while (!left.empty()) {
+      const auto [item, owner] = left.back();
+      left.pop_back();
+      const RecordId id = item == 0 ? kNoRecord : storage_.recordOf(item);
+      if (id == kNoRecord || records_[id].kind != RecordKind::kObject) continue;
+      if (storage_.commonFields(records_[id]).handle("owner") != owner) continue;
+      if (!gone_.try_emplace(id, root).second) continue;
+      left.push_back({extensionOf(records_[id]), item});
+      if (storage_.typeOf(records_[id]).kind != ObjectKind::kDictionary) continue;
+      for (const Handle each : listed(storage_.fields(records_[id]), "item")) left.push_back({each, item});
+    }
   }
 
-  void takeOwned(Handle item, Handle owner, RecordId root) {
-    const RecordId id = item == 0 ? kNoRecord : storage_.recordOf(item);
-    if (id == kNoRecord || records_[id].kind != RecordKind::kObject) return;
-    if (storage_.commonFields(records_[id]).handle("owner") != owner) return;
-    if (!gone_.try_emplace(id, root).second) return;
-    takeExtension(records_[id], item, root);
-    if (storage_.typeOf(records_[id]).kind != ObjectKind::kDictionary) return;
-    const Fields fields = storage_.fields(records_[id]);
-    for (std::uint32_t i = 0; i < fields.count("item"); ++i)
-      takeOwned(fields.handle("item", i).value_or(0), item, root);
+  static std::vector<Handle> listed(const Fields& fields, std::string_view name) {
+    std::vector<Handle> handles;
+    for (const Field& field : fields.all()) {
+      const auto* reference = std::get_if<HandleReference>(&field.value);
+      if (reference != nullptr && field.name == name) handles.push_back(reference->absolute(fields.own()));
+    }
+    return handles;
   }
 
   // What something else refers to stays, with all that the erased entity had.
@@ -109,7 +139,11 @@ class Links {
         if (moved[i] || behind) linkEntity(live, i);
       }
     }
-    linkEntry(storage_.entryOf(records_[block]), live);
+    if (storage_.version() < Version::kR2004) {
+      linkEnds(storage_.entryOf(records_[block]), live);
+    } else {
+      listContent(storage_.entryOf(records_[block]), content);
+    }
   }
 
   void linkEntity(const std::vector<RecordId>& live, std::size_t at) {
@@ -127,17 +161,31 @@ class Links {
     changes.setHandle("next", behind);
   }
 
-  void linkEntry(Handle entry, const std::vector<RecordId>& live) {
+  void linkEnds(Handle entry, const std::vector<RecordId>& live) {
     const RecordId id = storage_.recordOf(entry);
     if (id == kNoRecord || records_[id].erased()) return;
     FieldChanges& changes = changesOf(id);
-    if (storage_.version() < Version::kR2004) {
-      changes.setHandle("first entity", live.empty() ? 0 : handleOf(live.front()));
-      changes.setHandle("last entity", live.empty() ? 0 : handleOf(live.back()));
-      return;
+    changes.setHandle("first entity", live.empty() ? 0 : handleOf(live.front()));
+    changes.setHandle("last entity", live.empty() ? 0 : handleOf(live.back()));
+  }
+
+  // The list that is there without the erased ones, and the new ones behind it: what is no record of the
+  // block here stays in it, too.
+  void listContent(Handle entry, const std::vector<RecordId>& content) {
+    const RecordId id = storage_.recordOf(entry);
+    if (id == kNoRecord || records_[id].erased()) return;
+    std::unordered_set<Handle> gone;
+    std::vector<Handle> added;
+    for (const RecordId each : content) {
+      if (!isLive(each)) gone.insert(handleOf(each));
+      if (isLive(each) && isAdded(records_[each])) added.push_back(handleOf(each));
     }
-    changes.set("entity count", Value(static_cast<std::int64_t>(live.size())));
-    for (std::uint32_t i = 0; i < live.size(); ++i) changes.setHandle("entity", handleOf(live[i]), i);
+    std::vector<Handle> now = listed(storage_.fields(records_[id]), "entity");
+    std::erase_if(now, [&](Handle handle) { return gone.contains(handle); });
+    now.insert(now.end(), added.begin(), added.end());
+    FieldChanges& changes = changesOf(id);
+    changes.set("entity count", Value(static_cast<std::int64_t>(now.size())));
+    for (std::uint32_t i = 0; i < now.size(); ++i) changes.setHandle("entity", now[i], i);
   }
 
   // Since 2000 a block lists the references to it.
@@ -145,32 +193,35 @@ class Links {
     const RecordId id = storage_.recordOf(block);
     if (id == kNoRecord || records_[id].erased() || storage_.version() < Version::kR2000) return;
     const Fields& fields = storage_.fields(records_[id]);
-    std::vector<Handle> listed;
-    std::vector<std::int64_t> marks;
-    const std::uint32_t count = fields.count("insert");
-    for (std::uint32_t i = 0; i < count; ++i) {
-      const Handle handle = fields.handle("insert", i).value_or(0);
-      if (std::ranges::find(inserts.erased, handle) != inserts.erased.end()) continue;
-      listed.push_back(handle);
-      marks.push_back(fields.integer("insert mark", 1, i));
+    std::vector<std::int64_t> marksThere, marks;
+    for (const Field& field : fields.all())
+      if (field.name == "insert mark") marksThere.push_back(std::get<std::int64_t>(field.value));
+    std::vector<Handle> now;
+    const std::vector<Handle> before = listed(fields, "insert");
+    for (std::size_t i = 0; i < before.size(); ++i) {
+      if (inserts.gone.contains(before[i])) continue;
+      now.push_back(before[i]);
+      marks.push_back(i < marksThere.size() ? marksThere[i] : 1);
     }
-    for (const Handle handle : inserts.added) {
-      listed.push_back(handle);
-      marks.push_back(1);
-    }
+    now.insert(now.end(), inserts.added.begin(), inserts.added.end());
+    marks.resize(now.size(), 1);
     marks.push_back(0);
     FieldChanges& changes = changesOf(id);
     for (std::uint32_t i = 0; i < marks.size(); ++i) changes.set("insert mark", Value(marks[i]), i);
-    for (std::uint32_t i = 0; i < listed.size(); ++i) changes.setHandle("insert", listed[i], i);
+    for (std::uint32_t i = 0; i < now.size(); ++i) changes.setHandle("insert", now[i], i);
   }
 
-  // An entry that is gone leaves its place empty.
-  void leaveTable(RecordId entry) {
-    const RecordId id = storage_.control(records_[entry].table);
+  // Entries that are gone leave their places empty.
+  void leaveTable(Table table, const std::unordered_set<Handle>& entries) {
+    const RecordId id = storage_.control(table);
     if (id == kNoRecord) return;
     const Fields& fields = storage_.fields(records_[id]);
-    for (std::uint32_t i = 0; i < fields.count("entry"); ++i)
-      if (fields.handle("entry", i) == handleOf(entry)) changesOf(id).setHandle("entry", 0, i);
+    for (const Field& field : fields.all()) {
+      const auto* reference = std::get_if<HandleReference>(&field.value);
+      if (reference == nullptr || field.name != "entry") continue;
+      if (entries.contains(reference->absolute(fields.own())))
+        changesOf(id).setHandle("entry", 0, field.index);
+    }
   }
 
   FieldChanges& changesOf(RecordId id) { return changes_[id]; }
@@ -193,7 +244,7 @@ class Links {
   const DwgStorage& storage_;
   std::span<const Record> records_;
   std::unordered_set<RecordId> touched_;  // blocks
-  std::vector<RecordId> erasedEntries_;
+  std::map<Table, std::unordered_set<Handle>> erasedEntries_;
   std::map<RecordId, RecordId> gone_;  // objects that go with the erased entity to which they belong
   std::map<RecordId, std::vector<RecordId>> contents_;
   std::map<Handle, Inserts> inserts_;  // by the block's table entry

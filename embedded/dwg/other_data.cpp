@@ -111,11 +111,7 @@ bool DwgStorage::holdsSame(const Record& record, const RecordStorage& other, con
 
 // Whether what equal bytes refer to has the same name in both drawings.
 bool DwgStorage::namesAgree(const Record& record, const DwgStorage& other) const {
-  const Fields fields = this->fields(record);
-  return std::ranges::all_of(fields.all(), [&](const Field& field) {
-    const auto* reference = std::get_if<HandleReference>(&field.value);
-    if (reference == nullptr) return true;
-    const Handle handle = reference->absolute(fields.own());
+  return std::ranges::all_of(references(record), [&](Handle handle) {
     return handle == 0 || firstName(handle) == other.firstName(handle);
   });
 }

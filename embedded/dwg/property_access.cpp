@@ -48,7 +48,12 @@ StoredValue readGeneric(const DwgStorage& storage, const Record& record, const P
 
 bool DwgStorage::canHold(const Record& record, Property property) const {
   const PropertyField* place = findField(record.kind, typeName(record), property);
-  return place != nullptr && version() >= place->since;
+  return place != nullptr && place->form != FieldForm::kEntry && version() >= place->since;
+}
+
+bool DwgStorage::differInCommonOnly(const Record& before, const Record& now) const {
+  const base::Result<ObjectFrame> former = frame(before), present = frame(now);
+  return former.ok() && present.ok() && dwg::differInCommonOnly(former.value(), present.value());
 }
 
 StoredValue DwgStorage::property(const Record& record, Property property) const {
@@ -60,7 +65,8 @@ StoredValue DwgStorage::property(const Record& record, Property property) const 
                                             : readGeneric(*this, record, *place);
 }
 
-// What a block has in its table's entry.
+// What a block has in its table's entry, as that was first: what becomes of it is the drawing's to know, and
+// none of this can be set.
 StoredValue DwgStorage::ofEntry(const Record& block, Property property) const {
   const std::optional<Record> entry = firstState(entryOf(block));
   if (!entry) return {};

@@ -34,8 +34,10 @@ Geometry readViewport(const GeometrySource& from) {
   shape.on = (flags & kOff) == 0;
   if ((flags & kHasBoundary) != 0)
     shape.boundary = from.storage.recordOf(fields.handle("boundary").value_or(0));
-  for (std::uint32_t i = 0; i < fields.count("frozen layer"); ++i) {
-    const RecordId layer = from.storage.recordOf(fields.handle("frozen layer", i).value_or(0));
+  for (const Field& field : fields.all()) {
+    const auto* reference = std::get_if<HandleReference>(&field.value);
+    if (reference == nullptr || field.name != "frozen layer") continue;
+    const RecordId layer = from.storage.recordOf(reference->absolute(fields.own()));
     if (layer != kNoRecord) shape.frozenLayers.push_back(layer);
   }
   return {std::move(shape)};

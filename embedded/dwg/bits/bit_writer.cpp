@@ -8,8 +8,6 @@
 namespace cad::dwg {
 namespace {
 
-constexpr std::size_t kLongestText = 0xFFFF;
-
 bool isZero(double value) { return std::bit_cast<std::uint64_t>(value) == 0; }  // but not -0.0
 
 }  // namespace

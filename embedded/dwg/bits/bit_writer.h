@@ -1,6 +1,7 @@
 #pragma once
 // The bit codes of DWG files, written in their shortest form.
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -12,6 +13,8 @@
 namespace cad::dwg {
 
 using base::Version;
+
+inline constexpr std::size_t kLongestText = 0xFFFF;
 
 class BitWriter {
  public:
@@ -50,7 +53,7 @@ class BitWriter {
   void h(const HandleReference& reference);  // in `size` bytes, or in as many more as the value needs
   // A reference with the fewest bytes.
   void h(std::uint8_t code, std::uint64_t value) { h({code, 0, value}); }
-  // Texts are cut to 65535 characters.
+  // Texts are cut to kLongestText characters.
   void tv(std::string_view text);
   void tu(std::u16string_view text);
 

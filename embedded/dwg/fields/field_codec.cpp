@@ -1,33 +1,72 @@
 #include "embedded/dwg/fields/field_codec.h"
 
+#include <limits>
+
 namespace cad::dwg {
 namespace {
 
 Point points(double x, double y, double z = 0) { return {x, y, z}; }
 
-bool encodeInteger(BitWriter& w, BitType type, std::int64_t value) {
+template <class Held>
+bool fits(std::int64_t value) {
+  return value >= std::numeric_limits<Held>::min() && value <= std::numeric_limits<Held>::max();
+}
+
+// Whether the value is read again as what it is.
+bool holds(BitType type, std::int64_t value) {
   switch (type) {
     case BitType::kB:
-      return w.b(value != 0), true;
+      return value >> 1 == 0;
     case BitType::kBB:
-      return w.bb(value & 3), true;
+      return value >> 2 == 0;
     case BitType::k3B:
-      return w.threeBits(value & 7), true;
+      return value >> 3 == 0;
     case BitType::kBS:
-      return w.bs(static_cast<std::int16_t>(value)), true;
+      return fits<std::int16_t>(value);
     case BitType::kBL:
-      return w.bl(static_cast<std::int32_t>(value)), true;
-    case BitType::kBLL:
-      return w.bll(static_cast<std::uint64_t>(value)), true;
+      return fits<std::int32_t>(value);
     case BitType::kRC:
-      return w.rc(static_cast<std::uint8_t>(value)), true;
+      return fits<std::uint8_t>(value);
     case BitType::kRS:
-      return w.rs(static_cast<std::uint16_t>(value)), true;
+      return fits<std::uint16_t>(value);
     case BitType::kRL:
-      return w.rl(static_cast<std::uint32_t>(value)), true;
+      return fits<std::uint32_t>(value);
     default:
-      return false;
+      return type == BitType::kBLL;
   }
+}
+
+bool encodeInteger(BitWriter& w, BitType type, std::int64_t value) {
+  if (!holds(type, value)) return false;
+  switch (type) {
+    case BitType::kB:
+      w.b(value != 0);
+      break;
+    case BitType::kBB:
+      w.bb(static_cast<unsigned>(value));
+      break;
+    case BitType::k3B:
+      w.threeBits(static_cast<unsigned>(value));
+      break;
+    case BitType::kBS:
+      w.bs(static_cast<std::int16_t>(value));
+      break;
+    case BitType::kBL:
+      w.bl(static_cast<std::int32_t>(value));
+      break;
+    case BitType::kRC:
+      w.rc(static_cast<std::uint8_t>(value));
+      break;
+    case BitType::kRS:
+      w.rs(static_cast<std::uint16_t>(value));
+      break;
+    case BitType::kRL:
+      w.rl(static_cast<std::uint32_t>(value));
+      break;
+    default:
+      w.bll(static_cast<std::uint64_t>(value));
+  }
+  return true;
 }
 
 bool encodeReal(BitWriter& w, const FieldSpec& spec, double value, Version version) {
@@ -161,12 +200,12 @@ bool encodeField(BitWriter& writer, const FieldSpec& spec, const Value& value, V
   if (const auto* real = std::get_if<double>(&value)) return encodeReal(writer, spec, *real, version);
   if (const auto* point = std::get_if<Point>(&value)) return encodePoint(writer, spec, *point, version);
   if (const auto* wide = std::get_if<std::u16string>(&value)) {
-    if (spec.type != BitType::kText || !hasWideTexts(version)) return false;
+    if (spec.type != BitType::kText || !hasWideTexts(version) || wide->size() > kLongestText) return false;
     return writer.tu(*wide), true;
   }
   if (const auto* bytes = std::get_if<std::string>(&value)) {
     if (spec.type == BitType::kBytes || spec.type == BitType::kBits) return encodeBytes(writer, spec, *bytes);
-    if (spec.type != BitType::kText || hasWideTexts(version)) return false;
+    if (spec.type != BitType::kText || hasWideTexts(version) || bytes->size() > kLongestText) return false;
     return writer.tv(*bytes), true;
   }
   if (const auto* reference = std::get_if<HandleReference>(&value)) {

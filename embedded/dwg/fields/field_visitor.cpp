@@ -134,7 +134,8 @@ bool FieldVisitor::entityColor() {
     if (wish->rgb) raw |= kHasRgb;
   }
   const auto transparency = get<std::int64_t>(wanted(name, std::int64_t{0}, 0, Part::kTransparency));
-  if (changes(name)) raw = transparency != 0 ? raw | kHasTransparency : raw & ~kHasTransparency;
+  if (changesPart(name, Part::kTransparency))
+    raw = transparency != 0 ? raw | kHasTransparency : raw & ~kHasTransparency;
   raw = derived(BitType::kBS, name, static_cast<std::int16_t>(raw));
   if ((raw & kHasRgb) != 0 && (raw & kHasReference) == 0) {
     const std::int64_t rgb = get<std::int64_t>(wanted(name, std::int64_t{0}, 0, Part::kRgb));

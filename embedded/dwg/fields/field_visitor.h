@@ -52,6 +52,7 @@ class FieldVisitor {
   // Whether a writer has something for the name that the object that it comes from has not, and then what
   // it is going to have. Of a reader: false, and the fallback.
   virtual bool changes(std::string_view name, std::uint32_t index = 0) const = 0;
+  virtual bool changesPart(std::string_view name, Part part) const = 0;
   virtual Value wanted(std::string_view name, Value fallback, std::uint32_t index = 0,
                        Part part = Part::kWhole) const = 0;
   // Whether a writer changes `first`, and `name`, which said the same so far, is to go on doing so.

@@ -51,6 +51,10 @@ bool FieldWriter::changes(std::string_view name, std::uint32_t own) const {
   return found || changes_.findColor(name, index) != nullptr;
 }
 
+bool FieldWriter::changesPart(std::string_view name, Part part) const {
+  return changes_.find(name, indexOf(0), part) != nullptr;
+}
+
 Value FieldWriter::wanted(std::string_view name, Value fallback, std::uint32_t own, Part part) const {
   const std::uint32_t index = indexOf(own);
   if (const Value* changed = changes_.find(name, index, part)) return use(name, index, part), *changed;
@@ -152,6 +156,7 @@ void FieldWriter::copyLater(Stream stream, const Field& from) {
 
 const Value& FieldWriter::visit(const FieldSpec& given) {
   FieldSpec spec = given;
+  visited_ = spec.name;
   spec.index = indexOf(given.index);
   const Field* from = sourceOf(spec.name, spec.index, spec.part);
   current_ = valueOf(spec, from);
@@ -163,13 +168,13 @@ const Value& FieldWriter::visit(const FieldSpec& given) {
   if (standsAsItIs(spec, from)) {
     copyLater(stream, *from);
   } else if (spec.size != 0 || (spec.type != BitType::kBytes && spec.type != BitType::kBits)) {
-    if (!encodeField(written(stream), spec, current_, version())) wrongType_ = spec.name;
+    if (!encodeField(written(stream), spec, current_, version())) unwritable_ = spec.name;
   }
   return current_;
 }
 
 std::string_view FieldWriter::misfit() const {
-  if (!wrongType_.empty()) return wrongType_;
+  if (!unwritable_.empty()) return unwritable_;
   for (const auto& [key, value] : changes_.values())
     if (!used_.contains(key)) return std::get<0>(key);
   for (const auto& [key, color] : changes_.colors())

@@ -23,12 +23,13 @@ class FieldWriter final : public FieldVisitor {
         handlesInData_(handlesInData) {}
 
   bool changes(std::string_view name, std::uint32_t index = 0) const override;
+  bool changesPart(std::string_view name, Part part) const override;
   Value wanted(std::string_view name, Value fallback, std::uint32_t index = 0,
                Part part = Part::kWhole) const override;
   bool follows(std::string_view name, std::string_view first) const override;
   const Color* wantedColor(std::string_view name, std::uint32_t index) const override;
   void implied(std::string_view, Part, Value, std::uint32_t) override {}
-  void fail() override { failed_ = true; }
+  void fail() override { failed_ = true, unwritable_ = visited_; }
   bool failed() const override { return failed_; }
   void sizeField() override;
   std::uint64_t left(Stream) const override { return ~std::uint64_t{0}; }
@@ -42,8 +43,8 @@ class FieldWriter final : public FieldVisitor {
   BitWriter& handles() { return written(Stream::kHandles); }
   bool hasTexts() const { return hasTexts_; }  // one that is not empty
 
-  // The first field that is changed and that the object has not, or that has a value of another type; empty:
-  // none.
+  // A field that is changed and that the object has not, or whose value is of another type, too large for it,
+  // or tells what cannot be; empty: none.
   std::string_view misfit() const;
 
  private:
@@ -67,7 +68,7 @@ class FieldWriter final : public FieldVisitor {
   };
   std::array<Span, 3> toCopy_;
   Value current_;
-  std::string_view wrongType_;
+  std::string_view visited_, unwritable_;
   mutable std::set<FieldChanges::Key> used_;
   mutable std::size_t near_ = 0;  // where the source's next field is looked for first
   bool failed_ = false, hasTexts_ = false;

@@ -149,6 +149,28 @@ Fields readCommonFields(const ObjectFrame& frame) {
   return reader.take(false);
 }
 
+bool differInCommonOnly(const ObjectFrame& before, const ObjectFrame& now) {
+  FieldReader former = readerOf(before), present = readerOf(now);
+  describeCommon(former, before.type.isEntity);
+  describeCommon(present, now.type.isEntity);
+  if (former.failed() || present.failed() || before.type.number != now.type.number) return false;
+  const Streams a = former.rest(), b = present.rest();
+  const auto sameBits = [&](std::uint32_t beginBefore, std::uint32_t endBefore, std::uint32_t beginNow,
+                            std::uint32_t endNow) {
+    BitReader was(before.data, beginBefore, endBefore), is(now.data, beginNow, endNow);
+    if (was.left() != is.left()) return false;
+    while (was.left() > 0) {
+      const auto count = static_cast<unsigned>(std::min<std::uint64_t>(was.left(), 32));
+      if (was.bits(count) != is.bits(count)) return false;
+    }
+    return true;
+  };
+  return sameBits(before.extendedBegin, before.extendedEnd, now.extendedBegin, now.extendedEnd) &&
+         sameBits(a.dataBegin, a.dataEnd, b.dataBegin, b.dataEnd) &&
+         sameBits(a.textBegin, a.textEnd, b.textBegin, b.textEnd) &&
+         sameBits(a.handleBegin, a.handleEnd, b.handleBegin, b.handleEnd);
+}
+
 FieldRest fieldRest(const ObjectFrame& frame) {
   FieldReader reader = readerOf(frame);
   describeCommon(reader, frame.type.isEntity);

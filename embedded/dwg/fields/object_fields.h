@@ -46,6 +46,9 @@ Fields readFields(const ObjectFrame& frame);
 // What every object has, extended data not included: enough for a layer, a linetype, a colour, an owner.
 Fields readCommonFields(const ObjectFrame& frame);
 
+// Whether two states of one object are the same to the bit but for what every object of its sort has.
+bool differInCommonOnly(const ObjectFrame& before, const ObjectFrame& now);
+
 // What the description leaves of an object's streams, in bits; nothing of one that it knows whole.
 struct FieldRest {
   std::uint32_t data = 0, texts = 0, handles = 0;

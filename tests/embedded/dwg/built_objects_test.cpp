@@ -96,6 +96,37 @@ TEST_P(BuiltObjects, FieldsThatFlagsLeaveOutComeAndGo) {
   EXPECT_TRUE(changed(turned, back).object->data == plain.object->data);
 }
 
+TEST_P(BuiltObjects, ValuesThatWouldBeReadAsOthersAreRefused) {
+  const Version version = GetParam();
+  const auto isRefused = [&](ObjectKind kind, std::string_view field, const Value& value) {
+    FieldChanges values;
+    values.set(field, value);
+    return !build(kind, version, kOwn, values, kClasses).ok();
+  };
+  EXPECT_TRUE(isRefused(ObjectKind::kAttdef, "flags", std::int64_t{300}));
+  EXPECT_TRUE(isRefused(ObjectKind::kVertex2d, "flags", std::int64_t{-1}));
+  EXPECT_TRUE(isRefused(ObjectKind::kPolyline2d, "flags", std::int64_t{40000}));
+  EXPECT_TRUE(isRefused(ObjectKind::kStyle, "vertical", std::int64_t{2}));
+  EXPECT_TRUE(isRefused(ObjectKind::kText, "text", text(version, std::u16string(kLongestText + 1, u'x'))));
+  EXPECT_FALSE(isRefused(ObjectKind::kText, "text", text(version, std::u16string(kLongestText, u'x'))));
+  EXPECT_TRUE(isRefused(ObjectKind::kLwpolyline, "vertex count", std::int64_t{-1}));
+}
+
+TEST_P(BuiltObjects, AColourLeavesATransparencyOfZeroThere) {
+  if (GetParam() < kR2004) GTEST_SKIP();
+  FieldChanges values, there, back;
+  constexpr int kHasTransparency = 0x2000;
+  values.set("color", kHasTransparency | 5);
+  Color color;
+  color.number = 3, there.setColor("color", color);
+  color.number = 5, back.setColor("color", color);
+  const Made line = make(ObjectKind::kLine, GetParam(), values);
+  ASSERT_NE(line.fields.find("color", 0, Part::kTransparency), nullptr);
+  const Made other = changed(line, there);
+  EXPECT_EQ(other.fields.color("color").number, 3);
+  EXPECT_TRUE(changed(other, back).object->data == line.object->data);
+}
+
 TEST_P(BuiltObjects, FormsFollowTheirValues) {
   const Version version = GetParam();
   for (const Point& scale : {Point{1, 1, 1}, Point{2, 2, 2}, Point{1, 2, 3}, Point{2, 3, -2}}) {
