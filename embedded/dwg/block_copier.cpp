@@ -71,6 +71,7 @@ class BlockCopier final : public BlockCopy {
   void setWithoutPartners(const Fields& fields, ObjectKind kind, FieldChanges& values) const;
   Handle counterpart(Handle handle);
   std::wstring nameOf(RecordId record) const;
+  bool sharesTexts() const;  // both drawings encode them alike
   Value recoded(const Value& text) const;
 
   DwgStorage& to_;
@@ -144,8 +145,12 @@ Handle BlockCopier::counterpart(Handle handle) {
   return target_.handle(here).value_or(0);
 }
 
+bool BlockCopier::sharesTexts() const {
+  return hasWideTexts(from_.version()) || from_.facts().codePage == to_.facts().codePage;
+}
+
 Value BlockCopier::recoded(const Value& text) const {
-  if (hasWideTexts(from_.version()) || from_.facts().codePage == to_.facts().codePage) return text;
+  if (sharesTexts()) return text;
   return to_.fieldText(encodeStored(from_.text(text), to_.facts().codePage));
 }
 
@@ -201,7 +206,9 @@ base::Result<ExtendedData> BlockCopier::copiedData(RecordId record, const Extend
   std::vector<ExtendedValue> all = std::move(values.value());
   // Overrides that name records of their drawing are set anew.
   if (isApplication(from_, application, L"ACAD") && hasDimStyle(source_.typeName(record))) {
-    DimList list = readDimList(from_, source_.record(record));
+    base::Result<DimList> present = readDimList(from_, source_.record(record));
+    if (!present.ok()) return present.failure();
+    DimList list = std::move(present.value());
     std::erase_if(list.pairs, [](const DimPair& pair) {
       return std::holds_alternative<HandleReference>(pair.value.value);
     });
@@ -211,7 +218,8 @@ base::Result<ExtendedData> BlockCopier::copiedData(RecordId record, const Extend
     if (auto* reference = std::get_if<HandleReference>(&value.value)) {
       reference->value = counterpart(reference->value);
     } else if (value.code == 1000) {
-      value.value = recoded(value.value);
+      if (!sharesTexts())
+        value.value = to_.extendedText(encodeStored(from_.text(value.value), to_.facts().codePage));
       value.codePage = to_.codePageNumber();
     }
   }
