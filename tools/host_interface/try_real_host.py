@@ -15,7 +15,7 @@ import subprocess
 import sys
 
 import listed_headers
-from check_list import ROOT
+from check_list import ROOT, symbols
 
 FRAMEWORK = os.path.join(ROOT, "tests", "host_interface", "framework")
 LIBRARIES = ("rxapi", "accore", "acad", "acdb99", "acge99", "acui99", "adui99")
@@ -84,6 +84,16 @@ def check_refusals(work, kit):
             fail(f"cmake {option} does not stop with one message of '{wanted}':\n{tried.stdout}")
 
 
+def check_exports(build):
+    """The libraries of this system show what their lists for Windows name."""
+    for module, exports in MODULES.items():
+        with open(os.path.join(ROOT, exports), encoding="utf-8") as file:
+            listed = {line.split()[0] for line in file if line.strip().endswith("PRIVATE")}
+        shown = symbols(os.path.join(build, module), "--defined-only")
+        if listed != shown:
+            fail(f"{exports} and {module} differ in {', '.join(sorted(listed ^ shown))}")
+
+
 def check_links(folder, kit):
     """Each module is linked by its list of exports, with the host's libraries and no other's."""
     with open(os.path.join(folder, "build.ninja"), encoding="utf-8") as file:
@@ -116,14 +126,14 @@ def precompile(work, arguments):
     return compiled if made.returncode == 0 else fail(made.stdout)
 
 
-def check_scripts(work):
+def check_scripts(folder, work):
     """Another compiler of resources takes the scripts as they are."""
-    for script in ("ui/kivgui.rc", "siblings/KivFile/kivfile.rc"):
-        path = os.path.join(ROOT, script)
+    scripts = [os.path.join(ROOT, script) for script in ("ui/kivgui.rc", "siblings/KivFile/kivfile.rc")]
+    for path in scripts + glob.glob(os.path.join(folder, "**", "*.rc"), recursive=True):
         tried = run(tool("llvm-rc"), "/C", "65001", "-I", "/usr/share/mingw-w64/include",
                     "-I", os.path.dirname(path), "/FO", os.path.join(work, "script.res"), path)
         if tried.returncode != 0:
-            fail(f"{script}:\n{tried.stdout}")
+            fail(f"{path}:\n{tried.stdout}")
 
 
 def check_sources(folder, kit, work):
@@ -147,6 +157,7 @@ def check_sources(folder, kit, work):
 
 def main():
     build, path, work = map(os.path.abspath, sys.argv[1:4])
+    check_exports(build)
     kit = os.path.join(work, "kit")
     shutil.rmtree(kit, ignore_errors=True)
     make_kit(build, path, kit)
@@ -155,7 +166,7 @@ def main():
     if tried.returncode != 0:
         fail(tried.stdout)
     check_links(folder, kit)
-    check_scripts(work)
+    check_scripts(folder, work)
     check_sources(folder, kit, work)
 
 
