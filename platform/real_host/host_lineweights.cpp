@@ -1,6 +1,14 @@
 // The list of lineweights from the host's own dialogs.
 #include "platform/win32/host_lineweights.h"
 
+// The headers of the host's two libraries of controls, on which that of a control stands in releases that
+// have them.
+#if __has_include(<adui.h>)
+#include <adui.h>
+#endif
+#if __has_include(<acui.h>)
+#include <acui.h>
+#endif
 #include <acuiComboBox.h>
 
 namespace kiv::win32 {
