@@ -23,7 +23,8 @@ const std::vector<FileClass> kClasses = {{500, "LWPOLYLINE", true},
                                          {501, "HATCH", true},
                                          {502, "LAYOUT", false},
                                          {503, "ARC_DIMENSION", true},
-                                         {504, "LARGE_RADIAL_DIMENSION", true}};
+                                         {504, "LARGE_RADIAL_DIMENSION", true},
+                                         {505, "DBCOLOR", false}};
 
 WrittenObject rewritten(const WrittenObject& object, base::Version version, const FieldChanges& changes) {
   const auto frame = readFrame(object.data, object.handleBits, version, kClasses);
@@ -52,7 +53,7 @@ void change(const ObjectFrame& frame, const Fields& fields) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < kChoices) return 0;
   const base::Version version = kVersions[data[0] % std::size(kVersions)];
-  const auto kind = static_cast<ObjectKind>(1 + data[1] % static_cast<unsigned>(ObjectKind::kLayout));
+  const auto kind = static_cast<ObjectKind>(1 + data[1] % static_cast<unsigned>(kLastWhole));
   const auto made = build(kind, version, 0x1A2, {}, kClasses);
   fuzz::require(made.ok(), "every kind can be made");
   WrittenObject object = made.value();

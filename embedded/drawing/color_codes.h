@@ -5,7 +5,13 @@
 
 namespace cad {
 
-enum class ColorCode : std::uint8_t { kByLayer = 0xC0, kByBlock = 0xC1, kTrue = 0xC2, kNumber = 0xC3, kNone = 0xC8 };
+enum class ColorCode : std::uint8_t {
+  kByLayer = 0xC0,
+  kByBlock = 0xC1,
+  kTrue = 0xC2,
+  kNumber = 0xC3,
+  kNone = 0xC8
+};
 
 constexpr ColorCode colorCodeOf(std::int64_t packed) { return static_cast<ColorCode>(packed >> 24 & 0xFF); }
 

@@ -8,6 +8,7 @@
 
 #include "base/fold.h"
 #include "embedded/drawing/dim_variables.h"
+#include "embedded/drawing/handle_text.h"
 #include "embedded/drawing/record_diff.h"
 
 namespace cad {
@@ -16,14 +17,6 @@ namespace {
 constexpr Table kTables[] = {Table::kLayer,    Table::kLinetype, Table::kTextStyle,
                              Table::kDimStyle, Table::kBlock,    Table::kAppId,
                              Table::kView,     Table::kUcs,      Table::kViewport};
-
-std::wstring handleText(std::optional<Handle> handle) {
-  if (!handle || *handle == 0) return {};
-  constexpr wchar_t kDigits[] = L"0123456789ABCDEF";
-  std::wstring text;
-  for (Handle rest = *handle; rest != 0; rest >>= 4) text.insert(text.begin(), kDigits[rest & 0xF]);
-  return text;
-}
 
 std::wstring nameOf(const Drawing& drawing, RecordId id) {
   const NameId name = drawing.recordName(id);
@@ -97,7 +90,9 @@ class Comparing {
                       : pair.after == kNoRecord ? RecordFate::kRemoved
                                                 : RecordFate::kChanged;
     difference.before = pair.before, difference.after = pair.after;
-    if (!record.implied()) difference.handle = handleText(drawing.handle(id));
+    if (!record.implied())
+      if (const auto handle = drawing.handle(id).value_or(0); handle != 0)
+        difference.handle = handleText(handle);
     difference.type = drawing.typeName(id);
     if (record.kind != RecordKind::kEntity && record.kind != RecordKind::kObject)
       difference.name = nameOf(drawing, id);

@@ -13,7 +13,8 @@ struct InsertPlace {
 
   Point of(const Point& point) const {
     const double x = (point.x - base.x) * scale, y = (point.y - base.y) * scale;
-    const double cosine = std::cos(rotation * kRadiansPerDegree), sine = std::sin(rotation * kRadiansPerDegree);
+    const double cosine = std::cos(rotation * kRadiansPerDegree),
+                 sine = std::sin(rotation * kRadiansPerDegree);
     return {at.x + x * cosine - y * sine, at.y + x * sine + y * cosine, at.z + (point.z - base.z) * scale};
   }
   // How much it turns the block, in degrees: a negative scale in both directions is half a circle.

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "embedded/drawing/stored_text.h"
+#include "embedded/drawing/variable_numbers.h"
 #include "embedded/dwg/special_properties.h"
 
 namespace cad::dwg {
@@ -12,19 +13,6 @@ constexpr int kText = 1000, kHandle = 1005, kReal = 1040, kInteger = 1070;
 
 base::Failure badValue(const DimVariableInfo& info) {
   return {std::wstring(info.name.begin(), info.name.end()), L"The value does not fit the variable"};
-}
-
-std::optional<double> asReal(const Variable& value) {
-  if (const auto* real = std::get_if<double>(&value))
-    return std::isfinite(*real) ? std::optional(*real) : std::nullopt;
-  if (const auto* integer = std::get_if<std::int64_t>(&value)) return static_cast<double>(*integer);
-  return std::nullopt;
-}
-
-std::optional<std::int64_t> asInteger(const Variable& value) {
-  const std::optional<double> real = asReal(value);
-  if (!real || std::trunc(*real) != *real || std::fabs(*real) > 32767) return std::nullopt;
-  return static_cast<std::int64_t>(*real);
 }
 
 base::Result<Handle> handleOfName(Drawing& drawing, const DwgStorage& storage, const DimVariableInfo& info,

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "base/fold.h"
+#include "embedded/drawing/color_codes.h"
 #include "embedded/drawing/dim_variables.h"
 #include "embedded/drawing/drawing.h"
 #include "embedded/dwg/application_data.h"
@@ -78,10 +79,9 @@ constexpr OlderPlace kOlderPlaces[] = {{"DIMLTYPE", L"ACAD_DSTYLE_DIM_LINETYPE",
 
 // A colour as the host has it in memory: 8 bytes before the colour itself, whose fourth byte tells its kind.
 std::optional<Variable> colorNumberIn(std::string_view chunk) {
-  constexpr unsigned char kByNumber = 0xC3;
   constexpr std::size_t kNumber = 8, kKind = 11;
   const auto byteAt = [&](std::size_t at) { return static_cast<unsigned char>(chunk[at]); };
-  if (chunk.size() <= kKind || byteAt(kKind) != kByNumber) return std::nullopt;
+  if (chunk.size() <= kKind || ColorCode{byteAt(kKind)} != ColorCode::kNumber) return std::nullopt;
   return std::int64_t{byteAt(kNumber) | byteAt(kNumber + 1) << 8};
 }
 

@@ -6,8 +6,10 @@
 #include "base/fold.h"
 #include "embedded/drawing/dim_variables.h"
 #include "embedded/drawing/drawing.h"
+#include "embedded/drawing/handle_text.h"
 #include "embedded/drawing/stored_text.h"
 #include "embedded/drawing/value_texts.h"
+#include "embedded/drawing/variable_numbers.h"
 #include "embedded/dwg/angles.h"
 #include "embedded/dwg/dwg_storage.h"
 #include "embedded/dwg/fields/header_fields.h"
@@ -58,13 +60,6 @@ const Field* firstOf(const Fields& fields, std::string_view name) {
   return found == fields.all().end() ? nullptr : &*found;
 }
 
-std::wstring handleText(Handle handle) {
-  constexpr wchar_t kDigits[] = L"0123456789ABCDEF";
-  std::wstring text;
-  for (; handle != 0; handle >>= 4) text.insert(text.begin(), kDigits[handle & 0xF]);
-  return text;
-}
-
 // Of what a handle names; absent for what has no name here.
 std::optional<Variable> namedValue(const Drawing& drawing, const DwgStorage& storage,
                                    std::string_view variable, Handle handle) {
@@ -105,18 +100,6 @@ std::wstring shown(std::string_view name) { return {name.begin(), name.end()}; }
 
 base::Failure misfit(std::string_view name) { return {shown(name), L"The value does not fit the variable"}; }
 
-std::optional<double> asReal(const Variable& value) {
-  if (const auto* integer = std::get_if<std::int64_t>(&value)) return static_cast<double>(*integer);
-  const auto* real = std::get_if<double>(&value);
-  return real != nullptr && std::isfinite(*real) ? std::optional(*real) : std::nullopt;
-}
-
-std::optional<std::int64_t> asInteger(const Variable& value, double least, double most) {
-  const std::optional<double> real = asReal(value);
-  if (!real || std::trunc(*real) != *real || *real < least || *real > most) return std::nullopt;
-  return static_cast<std::int64_t>(*real);
-}
-
 // The handle of what a name names; it enters the file when it was only implied.
 base::Result<Handle> handleOfName(Drawing& drawing, const DwgStorage& storage, Table table,
                                   const std::wstring& name) {
@@ -152,9 +135,8 @@ base::Status variableChange(Drawing& drawing, const DwgStorage& storage, const F
     changes.set(field.name, Value(isAngle(field.name) ? radiansOf(*real) : *real));
     return {};
   }
-  constexpr double kMost = 32767;
   const bool bit = field.type == BitType::kB;
-  const auto integer = asInteger(value, bit ? 0 : -kMost, bit ? 1 : kMost);
+  const auto integer = bit ? asInteger(value, 0, 1) : asInteger(value);
   if (!integer) return misfit(field.name);
   if (isColor(fields, field)) {
     changes.setColor(field.name, colorOf(*integer));

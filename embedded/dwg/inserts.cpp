@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "embedded/drawing/insert_place.h"
 #include "embedded/drawing/stored_text.h"
 #include "embedded/dwg/block_builder.h"
 #include "embedded/dwg/dwg_storage.h"
@@ -35,9 +36,10 @@ constexpr std::string_view kCopied[] = {"elevation",
 class AttributeBuilder {
  public:
   AttributeBuilder(Drawing& drawing, DwgStorage& storage, const NewInsert& insert, Handle owner)
-      : drawing_(drawing), storage_(storage), insert_(insert), owner_(owner) {
-    base_ = drawing.basePoint(insert.block);
-  }
+      : drawing_(drawing),
+        storage_(storage),
+        place_{insert.at, drawing.basePoint(insert.block), insert.scale, insert.rotation},
+        owner_(owner) {}
 
   NewObject make(RecordId definition, Handle handle, const std::wstring* value) const {
     const Fields fields = storage_.fields(drawing_.record(definition));
@@ -48,13 +50,12 @@ class AttributeBuilder {
     values.setColor("color", fields.color("color"));
     values.set("entity mode", 0);
     values.setHandle("owner", owner_);
-    values.set("height", Value(fields.real("height", 1) * std::fabs(insert_.scale)));
-    const double turn = (insert_.rotation + (insert_.scale < 0 ? 180 : 0)) * kRadiansPerDegree;
-    values.set("rotation", Value(fields.real("rotation") + turn));
-    const double z = moved({0, 0, fields.real("elevation")}).z;
+    values.set("height", Value(fields.real("height", 1) * std::fabs(place_.scale)));
+    values.set("rotation", Value(fields.real("rotation") + place_.turn() * kRadiansPerDegree));
+    const double z = place_.of({0, 0, fields.real("elevation")}).z;
     values.set("elevation", Value(z));
     for (const std::string_view name : {"insertion point", "alignment point"})
-      if (fields.find(name) != nullptr) values.set(name, Value(flat(moved(fields.point(name)))));
+      if (fields.find(name) != nullptr) values.set(name, Value(flat(place_.of(fields.point(name)))));
     if (value != nullptr)
       values.set("text", storage_.fieldText(encodeStored(*value, storage_.facts().codePage)));
     return object;
@@ -70,19 +71,10 @@ class AttributeBuilder {
 
   static Point flat(const Point& point) { return {point.x, point.y, 0}; }
 
-  Point moved(const Point& point) const {
-    const double x = (point.x - base_.x) * insert_.scale, y = (point.y - base_.y) * insert_.scale;
-    const double cosine = std::cos(insert_.rotation * kRadiansPerDegree);
-    const double sine = std::sin(insert_.rotation * kRadiansPerDegree);
-    return {insert_.at.x + x * cosine - y * sine, insert_.at.y + x * sine + y * cosine,
-            insert_.at.z + (point.z - base_.z) * insert_.scale};
-  }
-
   Drawing& drawing_;
   DwgStorage& storage_;
-  const NewInsert& insert_;
+  InsertPlace place_;
   Handle owner_;
-  Point base_;
 };
 
 // Attributes and the end of their sequence, in the order in which they stand.

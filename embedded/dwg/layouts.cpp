@@ -1,22 +1,14 @@
 // The layouts of a drawing: objects that name a paper space. Files older than 2000 have none.
 
-#include <algorithm>
 #include <utility>
 
-#include "embedded/drawing/drawing.h"
+#include "embedded/drawing/sheets.h"
 #include "embedded/dwg/dwg_storage.h"
 
 namespace cad::dwg {
 namespace {
 
-constexpr wchar_t kModelName[] = L"Model", kOnlyPaperName[] = L"Layout1";
-constexpr double kMillimetresPerInch = 25.4;
 constexpr int kInches = 0;
-
-struct Sheet {
-  Layout layout;
-  std::int64_t order = 0;
-};
 
 }  // namespace
 
@@ -27,19 +19,12 @@ std::vector<Layout> DwgStorage::layouts(const Drawing& drawing) const {
     if (record.kind != RecordKind::kObject || record.erased() || typeName(record) != "LAYOUT") continue;
     const Fields& fields = this->fields(record);
     const Field* name = fields.find("name");
-    Sheet sheet{
-        {name == nullptr ? std::wstring() : text(name->value), blockOf(fields.handle("block").value_or(0)),
-         fields.integer("plot unit") == kInches ? kMillimetresPerInch : 1},
-        fields.integer("tab order")};
-    if (sheet.layout.block != kNoRecord && sheet.layout.block != drawing.modelSpace())
-      sheets.push_back(std::move(sheet));
+    sheets.push_back(
+        {{name == nullptr ? std::wstring() : text(name->value), blockOf(fields.handle("block").value_or(0)),
+          fields.integer("plot unit") == kInches ? kMillimetresPerInch : 1},
+         fields.integer("tab order")});
   }
-  std::ranges::stable_sort(sheets, {}, &Sheet::order);
-  std::vector<Layout> layouts{{kModelName, drawing.modelSpace()}};
-  for (Sheet& sheet : sheets) layouts.push_back(std::move(sheet.layout));
-  if (std::ranges::find(layouts, drawing.paperSpace(), &Layout::block) == layouts.end())
-    layouts.push_back({kOnlyPaperName, drawing.paperSpace()});
-  return layouts;
+  return layoutsOf(drawing, std::move(sheets));
 }
 
 Point DwgStorage::basePoint(const Drawing& drawing, RecordId block) const {

@@ -1,5 +1,6 @@
 #include "embedded/dwg/text_background.h"
 
+#include "embedded/drawing/color_codes.h"
 #include "embedded/dwg/application_data.h"
 
 namespace cad::dwg {
@@ -10,9 +11,6 @@ using Fill = TextGeometry::Fill;
 constexpr int kFillOfOwnColor = 1, kFillOfBackground = 2;
 constexpr int kAtLeast = 1;  // how line spacing is meant
 constexpr std::uint8_t kPointing = 5;
-
-// In what the extended data keeps, a colour is a number whose highest byte tells its kind.
-constexpr std::uint32_t kColorByValue = 0xC2000000, kColorByNumber = 0xC3000000;
 
 int fillNumber(Fill fill) { return fill == Fill::kOwnColor ? kFillOfOwnColor : kFillOfBackground; }
 
@@ -36,9 +34,7 @@ class OldData {
     append(values_, 1000, storage_.extendedText(word), storage_.codePageNumber());
   }
   void integer(int code, std::int64_t value) { number(code), append(values_, 1070, value); }
-  void longer(int code, std::uint32_t value) {
-    number(code), append(values_, 1071, std::int64_t{static_cast<std::int32_t>(value)});
-  }
+  void longer(int code, std::int64_t value) { number(code), append(values_, 1071, value); }
   void real(int code, double value) { number(code), append(values_, 1040, value); }
   void number(int code) { append(values_, 1070, std::int64_t{code}); }
   const std::vector<ExtendedValue>& values() const { return values_; }
@@ -57,10 +53,10 @@ std::vector<ExtendedValue> oldValues(const DwgStorage& storage, const TextGeomet
   data.name("MTEXTEND");
   if (text.fill == Fill::kNone) return data.values();
   data.name("ACAD_MTEXT_BBRT");
-  data.longer(91, static_cast<std::uint32_t>(fillNumber(text.fill)));
+  data.longer(91, fillNumber(text.fill));
   data.real(46, text.fillFactor);
-  data.longer(64, text.fillTrueColor ? kColorByValue | static_cast<std::uint32_t>(*text.fillTrueColor)
-                                     : kColorByNumber | static_cast<std::uint32_t>(text.fillColor));
+  data.longer(64, text.fillTrueColor ? packedColor(ColorCode::kTrue, *text.fillTrueColor)
+                                     : packedColor(ColorCode::kNumber, text.fillColor));
   for (const int nameCode : {65, 66}) data.number(nameCode), data.name(" ");
   data.longer(442, 0);
   data.name("ACAD_MTEXT_BERT");

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "embedded/drawing/color_codes.h"
 #include "embedded/dwg/application_data.h"
 #include "embedded/dwg/geometry_fields.h"
 
@@ -42,7 +43,6 @@ Fill fillOf(std::int64_t flags) {
 
 // Versions without fields for it keep in extended data what is painted behind a text.
 void readOldFill(const GeometrySource& from, TextGeometry& shape) {
-  constexpr std::int64_t kByNumber = 0xC3, kByValue = 0xC2;
   const auto values = readableValues(from.storage, from.drawing.record(from.id), L"ACAD");
   if (!values) return;
   bool inFill = false;
@@ -52,7 +52,7 @@ void readOldFill(const GeometrySource& from, TextGeometry& shape) {
     if (!inFill || each.code != 1070) continue;
     const ExtendedValue& value = (*values)[++i];
     const std::int64_t number = integerOf(value);
-    const std::int64_t kind = number >> 24 & 0xFF;
+    const ColorCode color = colorCodeOf(number);
     switch (integerOf(each)) {
       case 91:
         shape.fill = fillOf(number);
@@ -61,8 +61,8 @@ void readOldFill(const GeometrySource& from, TextGeometry& shape) {
         shape.fillFactor = realOf(value, shape.fillFactor);
         break;
       case 64:
-        if (kind == kByNumber) shape.fillColor = static_cast<std::int16_t>(number & 0xFFF);
-        if (kind == kByValue) shape.fillTrueColor = static_cast<std::int32_t>(number & 0xFFFFFF);
+        if (color == ColorCode::kNumber) shape.fillColor = static_cast<std::int16_t>(number & 0xFFF);
+        if (color == ColorCode::kTrue) shape.fillTrueColor = static_cast<std::int32_t>(number & 0xFFFFFF);
         break;
       default:
         break;

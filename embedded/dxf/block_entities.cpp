@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "embedded/drawing/block_copy.h"
+#include "embedded/drawing/color_codes.h"
 #include "embedded/dxf/block_writer.h"
 #include "embedded/dxf/geometry_writer.h"
 #include "embedded/dxf/record_translator.h"
@@ -15,9 +16,6 @@ using Fill = TextGeometry::Fill;
 
 constexpr int kFillOfOwnColor = 1, kFillOfBackground = 2;
 constexpr int kAtLeast = 1;  // how line spacing is meant
-
-// In what the extended data keeps, a colour is a number whose highest byte tells its kind.
-constexpr std::uint32_t kColorByValue = 0xC2000000, kColorByNumber = 0xC3000000;
 
 int fillNumber(Fill fill) { return fill == Fill::kOwnColor ? kFillOfOwnColor : kFillOfBackground; }
 
@@ -121,8 +119,8 @@ class EntityWriter {
     const auto integer = [&](int code, std::int64_t value) {
       builder.integer(1070, code).integer(1070, value);
     };
-    const auto longer = [&](int code, std::uint32_t value) {
-      builder.integer(1070, code).integer(1071, static_cast<std::int32_t>(value));
+    const auto longer = [&](int code, std::int64_t value) {
+      builder.integer(1070, code).integer(1071, value);
     };
     const auto real = [&](int code, double value) { builder.integer(1070, code).real(1040, value); };
     builder.stored(1001, "ACAD");
@@ -133,10 +131,10 @@ class EntityWriter {
     name("MTEXTEND");
     if (text.fill == Fill::kNone) return;
     name("ACAD_MTEXT_BBRT");
-    longer(91, static_cast<std::uint32_t>(fillNumber(text.fill)));
+    longer(91, fillNumber(text.fill));
     real(46, text.fillFactor);
-    longer(64, text.fillTrueColor ? kColorByValue | static_cast<std::uint32_t>(*text.fillTrueColor)
-                                  : kColorByNumber | static_cast<std::uint32_t>(text.fillColor));
+    longer(64, text.fillTrueColor ? packedColor(ColorCode::kTrue, *text.fillTrueColor)
+                                  : packedColor(ColorCode::kNumber, text.fillColor));
     for (const int nameCode : {65, 66}) {
       builder.integer(1070, nameCode);
       name(" ");

@@ -5,7 +5,9 @@
 #include <cmath>
 
 #include "base/fold.h"
+#include "embedded/drawing/color_codes.h"
 #include "embedded/drawing/dim_variables.h"
+#include "embedded/drawing/variable_numbers.h"
 #include "embedded/dxf/dim_overrides.h"
 #include "embedded/dxf/record_builder.h"
 #include "embedded/dxf/record_tools.h"
@@ -91,19 +93,6 @@ base::Result<Handle> handleOfName(Drawing& drawing, const DimVariableInfo& info,
   return *handle;
 }
 
-std::optional<double> asReal(const Variable& value) {
-  if (const auto* real = std::get_if<double>(&value))
-    return std::isfinite(*real) ? std::optional(*real) : std::nullopt;
-  if (const auto* integer = std::get_if<std::int64_t>(&value)) return static_cast<double>(*integer);
-  return std::nullopt;
-}
-
-std::optional<std::int64_t> asInteger(const Variable& value) {
-  const std::optional<double> real = asReal(value);
-  if (!real || std::trunc(*real) != *real || std::fabs(*real) > 32767) return std::nullopt;
-  return static_cast<std::int64_t>(*real);
-}
-
 // Writes the value as a group of `code`, or by its type as extended data when `code` is 0.
 base::Status writeValue(Drawing& drawing, RecordBuilder& builder, const DimVariableInfo& info,
                         const Variable& value, int code) {
@@ -163,7 +152,6 @@ constexpr OlderPlace kOlderPlaces[] = {{"DIMLTYPE", "ACAD_DSTYLE_DIM_LINETYPE", 
 
 // A colour as the host has it in memory: 8 bytes before the colour itself, whose fourth byte tells its kind.
 std::optional<Variable> colorNumberIn(std::string_view chunk, bool binary) {
-  constexpr std::uint32_t kByNumber = 0xC3;
   const auto byteAt = [&](std::size_t at) -> std::uint32_t {
     if (binary) return at < chunk.size() ? static_cast<unsigned char>(chunk[at]) : 0;
     unsigned value = 0;
@@ -171,7 +159,7 @@ std::optional<Variable> colorNumberIn(std::string_view chunk, bool binary) {
       std::from_chars(chunk.data() + 2 * at, chunk.data() + 2 * at + 2, value, 16);
     return value;
   };
-  if (byteAt(11) != kByNumber) return std::nullopt;
+  if (ColorCode{static_cast<std::uint8_t>(byteAt(11))} != ColorCode::kNumber) return std::nullopt;
   return std::int64_t{byteAt(8) | byteAt(9) << 8};
 }
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "embedded/drawing/color_codes.h"
 #include "embedded/drawing/drawing.h"
 #include "embedded/dxf/geometry_groups.h"
 #include "embedded/dxf/record_tools.h"
@@ -153,7 +154,6 @@ TextGeometry::Fill fillOf(int number) {
 
 // Versions without groups for it keep in extended data what is painted behind a text.
 void readOldFill(const Source& from, TextGeometry& shape) {
-  constexpr std::int64_t kByNumber = 0xC3, kByValue = 0xC2;
   constexpr std::string_view kMark = "ACAD_MTEXT_BBRT";
   std::string scratch;
   if (from.storage.bytes(from.drawing.record(from.id), scratch).find(kMark) == std::string_view::npos) return;
@@ -175,8 +175,9 @@ void readOldFill(const Source& from, TextGeometry& shape) {
         shape.fillFactor = realValue(next, dialect).value_or(shape.fillFactor);
         break;
       case 64:
-        if ((value >> 24 & 0xFF) == kByNumber) shape.fillColor = static_cast<std::int16_t>(value & 0xFFF);
-        if ((value >> 24 & 0xFF) == kByValue)
+        if (colorCodeOf(value) == ColorCode::kNumber)
+          shape.fillColor = static_cast<std::int16_t>(value & 0xFFF);
+        if (colorCodeOf(value) == ColorCode::kTrue)
           shape.fillTrueColor = static_cast<std::int32_t>(value & 0xFFFFFF);
         break;
       default:

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "embedded/drawing/insert_place.h"
 #include "embedded/dxf/geometry_groups.h"
 #include "embedded/dxf/record_builder.h"
 #include "embedded/dxf/record_tools.h"
@@ -24,7 +25,8 @@ class AttributeWriter {
         reference_(reference),
         owner_(drawing.handle(reference.record)) {
     block_ = drawing.find(Table::kBlock, drawing.name(reference.record, Property::kBlockName));
-    base_ = GeometryGroups(storage, drawing.record(block_)).point(10);
+    const Point base = GeometryGroups(storage, drawing.record(block_)).point(10);
+    place_ = {reference.at, base, reference.scale, reference.rotation};
   }
 
   RecordId block() const { return block_; }
@@ -35,8 +37,8 @@ class AttributeWriter {
     const Record& record = drawing_.record(definition);
     const RecordGroups groups(storage_, record);
     const GeometryGroups geometry(storage_, record);
-    at_ = moved(geometry.point(10));
-    second_ = moved(geometry.point(11));
+    at_ = place_.of(geometry.point(10));
+    second_ = place_.of(geometry.point(11));
     bool isApplicationData = false;
     for (std::size_t i = 1; i < groups.plainCount(); ++i) {
       const Group& group = groups.all()[i];
@@ -101,7 +103,7 @@ class AttributeWriter {
         return;  // came with 10 and 11
       case 40:
         builder.real(40, geometry.real(40) * std::fabs(reference_.scale));
-        if (const double angle = geometry.real(50) + turn(); angle != 0) builder.real(50, angle);
+        if (const double angle = geometry.real(50) + place_.turn(); angle != 0) builder.real(50, angle);
         return;
       case 100:
         if (!equalNoCase(trimmed(group.value), "AcDbAttributeDefinition")) return unchanged();
@@ -110,17 +112,6 @@ class AttributeWriter {
       default:
         unchanged();
     }
-  }
-
-  // A negative scale in both directions turns the block by half a circle.
-  double turn() const { return reference_.rotation + (reference_.scale < 0 ? 180 : 0); }
-
-  Point moved(const Point& point) const {
-    const double x = (point.x - base_.x) * reference_.scale, y = (point.y - base_.y) * reference_.scale;
-    const double cosine = std::cos(reference_.rotation * kRadiansPerDegree);
-    const double sine = std::sin(reference_.rotation * kRadiansPerDegree);
-    return {reference_.at.x + x * cosine - y * sine, reference_.at.y + x * sine + y * cosine,
-            reference_.at.z + (point.z - base_.z) * reference_.scale};
   }
 
   void keep(RecordBuilder& builder) {
@@ -133,7 +124,8 @@ class AttributeWriter {
   const NewReference& reference_;
   std::optional<Handle> owner_;
   RecordId block_ = kNoRecord;
-  Point base_, at_, second_;
+  InsertPlace place_;
+  Point at_, second_;
 };
 
 // Adds an attribute for each of the block's varying definitions, moved with the reference, and the end of the

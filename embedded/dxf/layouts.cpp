@@ -1,22 +1,13 @@
 // The layouts of a drawing: objects that name a paper space. Files older than 2000 have none.
 
-#include <algorithm>
 #include <utility>
 
-#include "embedded/drawing/drawing.h"
+#include "embedded/drawing/sheets.h"
 #include "embedded/dxf/dxf_storage.h"
 #include "embedded/dxf/group_cursor.h"
 
 namespace cad::dxf {
 namespace {
-
-constexpr wchar_t kModelName[] = L"Model", kOnlyPaperName[] = L"Layout1";
-constexpr double kMillimetresPerInch = 25.4;
-
-struct Sheet {
-  Layout layout;
-  std::int64_t order = 0;
-};
 
 Sheet readSheet(const Drawing& drawing, const DxfStorage& storage, RecordId object) {
   Sheet sheet;
@@ -46,16 +37,9 @@ std::vector<Layout> DxfStorage::layouts(const Drawing& drawing) const {
   for (RecordId id = 0; id < drawing.recordCount(); ++id) {
     const Record& record = drawing.record(id);
     if (record.kind != RecordKind::kObject || record.erased() || typeName(record) != "LAYOUT") continue;
-    Sheet sheet = readSheet(drawing, *this, id);
-    if (sheet.layout.block != kNoRecord && sheet.layout.block != drawing.modelSpace())
-      sheets.push_back(std::move(sheet));
+    sheets.push_back(readSheet(drawing, *this, id));
   }
-  std::ranges::stable_sort(sheets, {}, &Sheet::order);
-  std::vector<Layout> layouts{{kModelName, drawing.modelSpace()}};
-  for (Sheet& sheet : sheets) layouts.push_back(std::move(sheet.layout));
-  if (std::ranges::find(layouts, drawing.paperSpace(), &Layout::block) == layouts.end())
-    layouts.push_back({kOnlyPaperName, drawing.paperSpace()});
-  return layouts;
+  return layoutsOf(drawing, std::move(sheets));
 }
 
 }  // namespace cad::dxf

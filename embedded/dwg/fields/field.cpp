@@ -2,6 +2,7 @@
 
 #include <bit>
 
+#include "embedded/drawing/color_codes.h"
 #include "embedded/drawing/color_numbers.h"
 #include "embedded/dwg/fields/extended_data.h"
 
@@ -17,26 +18,23 @@ const T* valueOf(const Field* field) {
   return field != nullptr ? std::get_if<T>(&field->value) : nullptr;
 }
 
-// What the highest byte of a colour's RGB number says that the rest is.
-constexpr std::int64_t kByLayer = 0xC0, kByBlock = 0xC1, kTrueColor = 0xC2, kNumbered = 0xC3, kNoColor = 0xC8;
-
 void takeRgb(std::int64_t stored, Color& color) {
-  switch (stored >> 24 & 0xFF) {
-    case kByLayer:
+  switch (colorCodeOf(stored)) {
+    case ColorCode::kByLayer:
       color.number = 256;
       break;
-    case kByBlock:
+    case ColorCode::kByBlock:
       color.number = 0;
       break;
-    case kTrueColor:
+    case ColorCode::kTrue:
       color.rgb = static_cast<std::int32_t>(stored & 0xFFFFFF);
       // Entities say the number, too; elsewhere it follows from the colour.
       if (color.number == 0) color.number = nearestColorNumber(static_cast<Rgb>(*color.rgb));
       break;
-    case kNumbered:
+    case ColorCode::kNumber:
       color.number = static_cast<std::int16_t>(stored & 0xFF);
       break;
-    case kNoColor:
+    case ColorCode::kNone:
       color.number = 257;
       break;
     default:

@@ -41,7 +41,6 @@ enum class BitType : std::uint8_t {
   k2BD,
   k3BD,
   k2RD,
-  k3RD,
   k2DD,  // two DD, against the point before
   k3DD,
   kText,        // TV or TU, by the version
@@ -49,7 +48,6 @@ enum class BitType : std::uint8_t {
   kImplied,     // no bits: it follows from other fields
   kHandle,
   kBytes,  // as many whole bytes as another field says; read as a span only
-  kBits,   // as kBytes, by bits
   kDate,   // two BL: days and milliseconds
 };
 
@@ -80,7 +78,7 @@ struct Date {
   bool operator==(const Date&) const = default;
 };
 
-// monostate: it stands in the bits only (kBytes and kBits); Fields::bytes() gives them.
+// monostate: it stands in the bits only (kBytes); Fields::bytes() gives them.
 // Integers of every width, and bits, are std::int64_t. Texts by hasWideTexts().
 using Value = std::variant<std::monostate, std::int64_t, double, Point, std::string, std::u16string,
                            HandleReference, Date>;

@@ -94,8 +94,6 @@ bool encodePoint(BitWriter& w, const FieldSpec& spec, const Point& value, Versio
       return w.point3bd(value), true;
     case BitType::k2RD:
       return w.point2rd(value), true;
-    case BitType::k3RD:
-      return w.point2rd(value), w.rd(value.z), true;
     case BitType::k2DD:
       return w.dd(value.x, spec.base.x), w.dd(value.y, spec.base.y), true;
     case BitType::k3DD:
@@ -106,10 +104,8 @@ bool encodePoint(BitWriter& w, const FieldSpec& spec, const Point& value, Versio
 }
 
 bool encodeBytes(BitWriter& w, const FieldSpec& spec, const std::string& value) {
-  const std::uint64_t size = std::uint64_t{value.size()} * 8;
-  if (spec.type == BitType::kBytes ? value.size() != spec.size : size / 8 != (spec.size + 7) / 8)
-    return false;
-  w.copy(value, 0, spec.type == BitType::kBytes ? size : spec.size);
+  if (value.size() != spec.size) return false;
+  w.copy(value, 0, spec.size * 8);
   return true;
 }
 
@@ -158,10 +154,6 @@ Value decodeField(BitReader& r, const FieldSpec& spec, Version version) {
       return r.point3bd();
     case BitType::k2RD:
       return r.point2rd();
-    case BitType::k3RD: {
-      const double x = r.rd(), y = r.rd(), z = r.rd();
-      return points(x, y, z);
-    }
     case BitType::k2DD: {
       const double x = r.dd(spec.base.x), y = r.dd(spec.base.y);
       return points(x, y);
@@ -182,9 +174,6 @@ Value decodeField(BitReader& r, const FieldSpec& spec, Version version) {
       return {};
     case BitType::kImplied:
       return {};
-    case BitType::kBits:
-      r.skip(spec.size);
-      return {};
     case BitType::kDate: {
       Date date;
       date.days = r.bl(), date.milliseconds = r.bl();
@@ -204,7 +193,7 @@ bool encodeField(BitWriter& writer, const FieldSpec& spec, const Value& value, V
     return writer.tu(*wide), true;
   }
   if (const auto* bytes = std::get_if<std::string>(&value)) {
-    if (spec.type == BitType::kBytes || spec.type == BitType::kBits) return encodeBytes(writer, spec, *bytes);
+    if (spec.type == BitType::kBytes) return encodeBytes(writer, spec, *bytes);
     if (spec.type != BitType::kText || hasWideTexts(version) || bytes->size() > kLongestText) return false;
     return writer.tv(*bytes), true;
   }

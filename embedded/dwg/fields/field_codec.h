@@ -8,9 +8,9 @@
 namespace cad::dwg {
 
 Stream streamOf(BitType type, Version version);
-// Fails in the reader. Bytes and bits are passed over; their value is the monostate.
+// Fails in the reader. Bytes are passed over; their value is the monostate.
 Value decodeField(BitReader& reader, const FieldSpec& spec, Version version);
-// False: the value is not one of the field's type.
+// False: the value is not one of the field's type, or would be read as another.
 bool encodeField(BitWriter& writer, const FieldSpec& spec, const Value& value, Version version);
 
 }  // namespace cad::dwg

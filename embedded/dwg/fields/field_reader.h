@@ -18,7 +18,6 @@ class FieldReader final : public FieldVisitor {
   FieldReader(std::string_view data, const Streams& streams, Version version, ObjectKind kind, Handle own);
 
   bool changes(std::string_view, std::uint32_t) const override { return false; }
-  bool changesPart(std::string_view, Part) const override { return false; }
   Value wanted(std::string_view, Value fallback, std::uint32_t, Part) const override { return fallback; }
   bool follows(std::string_view, std::string_view) const override { return false; }
   const Color* wantedColor(std::string_view, std::uint32_t) const override { return nullptr; }

@@ -2,27 +2,26 @@
 
 #include <algorithm>
 
+#include "embedded/drawing/color_codes.h"
+
 namespace cad::dwg {
 namespace {
 
-// The kinds of values of a colour, in the highest byte of its RGB number.
-constexpr std::int64_t kByLayer = 0xC0, kByBlock = 0xC1, kTrueColor = 0xC2, kNumbered = 0xC3, kNone = 0xC8;
 constexpr std::int64_t kHasRgb = 0x8000, kHasReference = 0x4000, kHasTransparency = 0x2000;
 constexpr std::int64_t kHasName = 1, kHasBook = 2;
 
 std::int64_t rgbOf(const Color& color) {
-  const auto number = static_cast<std::int64_t>(color.number);
-  std::int64_t value = kNumbered << 24 | (number & 0xFF);
-  if (color.rgb) {
-    value = kTrueColor << 24 | (*color.rgb & 0xFFFFFF);
-  } else if (number == 256) {
-    value = kByLayer << 24;
-  } else if (number == 0) {
-    value = kByBlock << 24;
-  } else if (number == 257) {
-    value = kNone << 24;
+  if (color.rgb) return packedColor(ColorCode::kTrue, *color.rgb);
+  switch (color.number) {
+    case 256:
+      return packedColor(ColorCode::kByLayer);
+    case 0:
+      return packedColor(ColorCode::kByBlock);
+    case 257:
+      return packedColor(ColorCode::kNone);
+    default:
+      return packedColor(ColorCode::kNumber, color.number & 0xFF);
   }
-  return static_cast<std::int32_t>(value);
 }
 
 template <class T>
@@ -81,10 +80,6 @@ void FieldVisitor::handle(std::string_view name, std::uint8_t code, std::uint32_
 
 void FieldVisitor::bytes(std::string_view name, std::uint64_t size, std::uint32_t index) {
   visit({.name = name, .type = BitType::kBytes, .index = index, .fallback = std::string(), .size = size});
-}
-
-void FieldVisitor::bits(std::string_view name, std::uint64_t size, std::uint32_t index) {
-  visit({.name = name, .type = BitType::kBits, .index = index, .fallback = std::string(), .size = size});
 }
 
 void FieldVisitor::date(std::string_view name) {

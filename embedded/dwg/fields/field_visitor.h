@@ -22,7 +22,7 @@ struct FieldSpec {
   std::uint32_t index = 0;
   Value fallback = {};     // of a new object
   Point base = {};         // of DD types: what the value is told against
-  std::uint64_t size = 0;  // kBytes, kBits: how many
+  std::uint64_t size = 0;  // kBytes: how many
   std::uint8_t code = 5;   // kHandle: the kind of reference
   bool derived = false;    // a writer takes the fallback whatever stands in the object
 };
@@ -52,7 +52,7 @@ class FieldVisitor {
   // Whether a writer has something for the name that the object that it comes from has not, and then what
   // it is going to have. Of a reader: false, and the fallback.
   virtual bool changes(std::string_view name, std::uint32_t index = 0) const = 0;
-  virtual bool changesPart(std::string_view name, Part part) const = 0;
+  virtual bool changesPart(std::string_view, Part) const { return false; }
   virtual Value wanted(std::string_view name, Value fallback, std::uint32_t index = 0,
                        Part part = Part::kWhole) const = 0;
   // Whether a writer changes `first`, and `name`, which said the same so far, is to go on doing so.
@@ -113,7 +113,6 @@ class FieldVisitor {
   void text(std::string_view name, std::uint32_t index = 0);
   void handle(std::string_view name, std::uint8_t code = 5, std::uint32_t index = 0);
   void bytes(std::string_view name, std::uint64_t size, std::uint32_t index = 0);
-  void bits(std::string_view name, std::uint64_t size, std::uint32_t index = 0);
   void date(std::string_view name);
   void color(std::string_view name, std::uint32_t index = 0);  // CMC
   // ENC from R2004 on; whether a reference to the object with the colour follows among the handles.

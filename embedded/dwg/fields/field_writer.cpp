@@ -128,10 +128,8 @@ Value FieldWriter::valueOf(const FieldSpec& spec, const Field* from) const {
 // Whether the source's bits mean what is wanted here.
 bool FieldWriter::standsAsItIs(const FieldSpec& spec, const Field* from) const {
   if (from == nullptr || from->type != spec.type || from->begin == from->end) return false;
-  if (spec.type == BitType::kBytes || spec.type == BitType::kBits) {
-    const std::uint64_t size = spec.type == BitType::kBytes ? spec.size * 8 : spec.size;
-    return std::holds_alternative<std::monostate>(current_) && size == from->end - from->begin;
-  }
+  if (spec.type == BitType::kBytes)
+    return std::holds_alternative<std::monostate>(current_) && spec.size * 8 == from->end - from->begin;
   if (!same(from->value, current_)) return false;
   // Of a DD the bits hang from the value before it.
   return !moved_ || (spec.type != BitType::kDD && spec.type != BitType::k2DD && spec.type != BitType::k3DD);
@@ -167,7 +165,7 @@ const Value& FieldWriter::visit(const FieldSpec& given) {
   if (stream == Stream::kText && !isEmptyText(current_)) hasTexts_ = true;
   if (standsAsItIs(spec, from)) {
     copyLater(stream, *from);
-  } else if (spec.size != 0 || (spec.type != BitType::kBytes && spec.type != BitType::kBits)) {
+  } else if (spec.size != 0 || spec.type != BitType::kBytes) {
     if (!encodeField(written(stream), spec, current_, version())) unwritable_ = spec.name;
   }
   return current_;

@@ -77,6 +77,7 @@ enum class ObjectKind : std::uint8_t {
   kDbColor,
   kTable,  // described as far as it is a reference to the block that shows it
 };
+inline constexpr ObjectKind kLastWhole = ObjectKind::kDbColor;  // up to it they are described whole
 
 // A class of the class section.
 struct FileClass {
@@ -89,7 +90,7 @@ struct FileClass {
 // R2004 and later files hold a count before; texts are a stream of their own from R2007 on.
 base::Result<std::vector<FileClass>> readClasses(std::string_view section, Version version);
 
-// What an object is. `fixed`: types below 500 have it by their number.
+// What an object is. Types below 500 tell it by their number, others by their class.
 struct ObjectType {
   std::uint16_t number = 0;
   ObjectKind kind = ObjectKind::kOther;

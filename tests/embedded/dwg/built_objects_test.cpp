@@ -22,7 +22,8 @@ const std::vector<FileClass> kClasses = {{500, "LWPOLYLINE", true},
                                          {502, "LAYOUT", false},
                                          {503, "ARC_DIMENSION", true},
                                          {504, "LARGE_RADIAL_DIMENSION", true},
-                                         {505, "UNKNOWN_THING", true}};
+                                         {505, "UNKNOWN_THING", true},
+                                         {506, "DBCOLOR", false}};
 
 Value text(Version version, std::u16string_view ascii) {
   if (hasWideTexts(version)) return std::u16string(ascii);
@@ -60,7 +61,7 @@ Made changed(const Made& from, const FieldChanges& changes) {
 class BuiltObjects : public testing::TestWithParam<Version> {};
 
 TEST_P(BuiltObjects, OfEveryKindAreReadToTheirEnd) {
-  for (int kind = 1; kind <= static_cast<int>(ObjectKind::kLayout); ++kind) {
+  for (int kind = 1; kind <= static_cast<int>(kLastWhole); ++kind) {
     const Made made = make(static_cast<ObjectKind>(kind), GetParam());
     EXPECT_EQ(made.frame.type.kind, static_cast<ObjectKind>(kind));
     EXPECT_EQ(made.frame.handle, kOwn);
@@ -326,7 +327,7 @@ TEST_P(BuiltObjects, WhatIsNotDescribedGoesAlong) {
 TEST_P(BuiltObjects, DamageIsToldAndNeverEndless) {
   const Version version = GetParam();
   std::mt19937 random(7);
-  for (int kind = 1; kind <= static_cast<int>(ObjectKind::kLayout); ++kind) {
+  for (int kind = 1; kind <= static_cast<int>(kLastWhole); ++kind) {
     const Made made = make(static_cast<ObjectKind>(kind), version);
     for (int round = 0; round < 60; ++round) {
       std::string data = made.object->data;

@@ -354,6 +354,33 @@ TEST_P(Changes, AReferenceToAnotherBlockIsListedThere) {
   EXPECT_TRUE(isListed(*saved, saved->find(Table::kBlock, std::wstring_view(L"NEWBLOCK"))));
 }
 
+TEST_P(Changes, ErasedEntitiesTakeAlongChainsOfAnyLength) {
+  if (drawing_->facts().version != base::Version::kR2000) GTEST_SKIP();
+  auto& storage = dynamic_cast<DwgStorage&>(drawing_->storage());
+  const RecordId text = firstOf(*drawing_, "TEXT");
+  std::vector<Handle> chain(50000);
+  for (Handle& handle : chain) handle = storage.takeHandle();
+  Handle owner = *drawing_->handle(text);
+  FieldChanges first;
+  first.setHandle("dictionary", chain.front());
+  expectOk(storage.change(*drawing_, text, first));
+  for (std::size_t i = 0; i < chain.size(); ++i) {
+    NewObject object{ObjectKind::kDictionary, chain[i], {}};
+    object.values.setHandle("owner", owner);
+    if (i + 1 < chain.size()) object.values.setHandle("dictionary", chain[i + 1]);
+    ASSERT_TRUE(storage.enter(*drawing_, object, {.kind = RecordKind::kObject}).ok());
+    owner = chain[i];
+  }
+  const auto saved = savedAndOpened();
+  ASSERT_NE(saved->findHandle(chain.back()), kNoRecord);
+  expectOk(saved->setErased(saved->findHandle(*drawing_->handle(text)), true));
+  const fs::path file = test_support::tempPath("dwg_changes_other.dwg");
+  expectOk(saved->save(file));
+  EXPECT_EQ(open(file)->findHandle(chain.back()), kNoRecord);
+  EXPECT_EQ(open(file)->findHandle(chain.front()), kNoRecord);
+  fs::remove(file);
+}
+
 TEST_P(Changes, WhatWasTakenBackIsNotFoundByTheHandleOfWhatCameLater) {
   const auto first = drawing_->addTableRecord(Table::kLayer, L"first");
   ASSERT_TRUE(first.ok());
