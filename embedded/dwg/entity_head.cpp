@@ -15,6 +15,13 @@ Handle firstOwnReference(const ObjectFrame& frame, const Fields& common) {
   return reader.failed() ? 0 : reference.absolute(frame.handle);
 }
 
+// Attributes may have a text of several lines since R2018, whose references come first.
+Handle styleOf(const ObjectFrame& frame, const Fields& common) {
+  const bool isAttribute = frame.type.kind == ObjectKind::kAttrib || frame.type.kind == ObjectKind::kAttdef;
+  if (isAttribute && frame.version >= Version::kR2018) return readFields(frame).handle("style").value_or(0);
+  return firstOwnReference(frame, common);
+}
+
 }  // namespace
 
 LinetypeKind linetypeKindOf(const Fields& entity) {
@@ -43,7 +50,7 @@ EntityHead readEntityHead(const ObjectFrame& frame) {
   head.next = fields.integer("no links") != 0 ? frame.handle + 1 : fields.handle("next").value_or(0);
   head.layer = fields.handle("layer").value_or(0);
   head.linetype = fields.handle("linetype").value_or(0);
-  if (hasTextStyle(frame.type.kind)) head.style = firstOwnReference(frame, fields);
+  if (hasTextStyle(frame.type.kind)) head.style = styleOf(frame, fields);
   return head;
 }
 

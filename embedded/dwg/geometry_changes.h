@@ -12,6 +12,7 @@ namespace cad::dwg {
 std::optional<ObjectKind> addGeometry(const DwgStorage& storage, std::string_view type,
                                       const Geometry& geometry, FieldChanges& values);
 
+// Both are set, whatever they were: what the host itself draws is of a type that every version has.
 void addShape(const Shape& shape, Geometry& geometry, std::string_view& type);
 
 }  // namespace cad::dwg

@@ -27,15 +27,14 @@ bool isIn(std::span<const std::string_view> list, std::string_view name) {
   return std::ranges::find(list, name) != list.end();
 }
 
-// The fields that are told by the properties and dimension variables of a type.
-bool isTold(const Record& record, std::string_view type, const Field& field) {
-  if (record.table == Table::kDimStyle || record.table == Table::kLinetype) return true;
-  if (field.name == "color" || field.name == "lineweight") return true;
-  if (record.table == Table::kLayer && (field.name == "flags" || field.name == "off")) return true;
-  return std::ranges::any_of(allProperties(), [&](const PropertyInfo& info) {
-    const PropertyField* place = findField(record.kind, type, info.property);
-    return place != nullptr && place->field == field.name;
-  });
+// The fields that are told by the properties of a type.
+std::vector<std::string_view> toldFields(const Record& record, std::string_view type) {
+  std::vector<std::string_view> told = {"color", "lineweight"};
+  if (record.table == Table::kLayer) told.insert(told.end(), {"flags", "off"});
+  for (const PropertyInfo& info : allProperties())
+    if (const PropertyField* place = findField(record.kind, type, info.property))
+      told.push_back(place->field);
+  return told;
 }
 
 std::wstring valueText(const DwgStorage& storage, const Fields& fields, const Field& field) {
@@ -88,9 +87,13 @@ std::vector<std::wstring> DwgStorage::otherData(const Record& record, const Othe
   const std::string_view type = typeName(record);
   const bool isEntity = record.kind == RecordKind::kEntity || record.kind == RecordKind::kSubEntity;
   const Fields& fields = this->fields(record);
+  const std::vector<std::string_view> told = toldFields(record, type);
+  // Of these the dimension variables, or the dashes, tell all.
+  const bool isToldWhole = record.table == Table::kDimStyle || record.table == Table::kLinetype;
   for (const Field& field : fields.all()) {
     const bool isReference = std::holds_alternative<HandleReference>(field.value);
-    if (isIn(kFrame, field.name) || isTold(record, type, field) || (isReference && !parts.handles)) continue;
+    if (isToldWhole || isIn(kFrame, field.name) || isIn(told, field.name)) continue;
+    if (isReference && !parts.handles) continue;
     if (isEntity && !parts.geometry && !isIn(kPlain, field.name)) continue;
     data.push_back(std::wstring(field.name.begin(), field.name.end()) + L": " +
                    valueText(*this, fields, field));

@@ -5,6 +5,7 @@
 
 namespace cad::dwg {
 
+// Nothing for a property that the record does not have, or that stands in what cannot be read.
 StoredValue readSpecial(const DwgStorage& storage, const Record& record, std::string_view type,
                         Property property);
 

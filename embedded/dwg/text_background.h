@@ -7,6 +7,7 @@
 
 namespace cad::dwg {
 
+// For a new text: all of its extended data is set. Fails when the application's record cannot be made.
 base::Status addBackground(Drawing& drawing, const DwgStorage& storage, const TextGeometry& text,
                            FieldChanges& values);
 

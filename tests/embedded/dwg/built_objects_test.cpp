@@ -5,6 +5,7 @@
 #include <random>
 
 #include "embedded/dwg/bits/bit_writer.h"
+#include "embedded/dwg/entity_head.h"
 #include "embedded/dwg/fields/extended_data.h"
 #include "embedded/dwg/fields/header_fields.h"
 #include "embedded/dwg/fields/object_fields.h"
@@ -111,6 +112,18 @@ TEST_P(BuiltObjects, ValuesThatWouldBeReadAsOthersAreRefused) {
   EXPECT_TRUE(isRefused(ObjectKind::kText, "text", text(version, std::u16string(kLongestText + 1, u'x'))));
   EXPECT_FALSE(isRefused(ObjectKind::kText, "text", text(version, std::u16string(kLongestText, u'x'))));
   EXPECT_TRUE(isRefused(ObjectKind::kLwpolyline, "vertex count", std::int64_t{-1}));
+}
+
+TEST_P(BuiltObjects, TheStyleOfAnAttributeIsNotThatOfItsTextOfSeveralLines) {
+  for (const ObjectKind kind : {ObjectKind::kAttrib, ObjectKind::kAttdef, ObjectKind::kText}) {
+    FieldChanges values;
+    values.setHandle("style", 0x11);
+    if (kind != ObjectKind::kText && GetParam() >= kR2018) {
+      values.set("attribute type", 2);
+      values.setHandle("style", 0x22, kWithin);
+    }
+    EXPECT_EQ(readEntityHead(make(kind, GetParam(), values).frame).style, 0x11U);
+  }
 }
 
 TEST_P(BuiltObjects, AColourLeavesATransparencyOfZeroThere) {
