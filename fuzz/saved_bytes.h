@@ -20,7 +20,7 @@ inline std::filesystem::path scratchPath(const std::string& name) {
 }
 
 inline std::string savedBytes(cad::Drawing& drawing) {
-  static const std::filesystem::path path = scratchPath(".dxf");
+  static const std::filesystem::path path = scratchPath(".drawing");
   require(drawing.save(path).ok());
   auto saved = base::readFile(path);
   std::filesystem::remove(path);

@@ -114,11 +114,16 @@ void Arranger::collectMembers() {
   for (Members* members : {&entities_, &parts_}) std::ranges::stable_sort(*members, {}, &Member::owner);
 }
 
+std::span<const Arranger::Member> Arranger::membersOf(const Members& members, Place owner) {
+  return {std::ranges::lower_bound(members, owner, {}, &Member::owner),
+          std::ranges::upper_bound(members, owner, {}, &Member::owner)};
+}
+
 // The members of an owner in its own order: along their chain, or as it lists them; then those that it does
 // not have there.
 std::vector<Arranger::Place> Arranger::ordered(const Members& members, Place owner, const Fields& fields,
                                                std::string_view singular) const {
-  const auto own = std::ranges::equal_range(members, owner, {}, &Member::owner);
+  const std::span<const Member> own = membersOf(members, owner);
   std::vector<Place> left, order;
   for (const Member& member : own) left.push_back(member.place);
   const auto position = [&](Place place) {
@@ -191,7 +196,7 @@ void Arranger::noteIndices(const Fields& control) {
 void Arranger::addEntity(Place place, RecordId block) {
   if (records_.byPlace[place] != kNoRecord) return;
   const RecordId entity = add(place, RecordKind::kEntity, Table::kNone, block);
-  if (std::ranges::equal_range(parts_, place, {}, &Member::owner).empty()) return;
+  if (membersOf(parts_, place).empty()) return;
   const base::Result<ObjectFrame> frame = frameAt(place);
   if (!frame.ok()) return;
   const std::string_view type = objects_[place].type.name;

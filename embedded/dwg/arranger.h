@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <unordered_map>
 #include <vector>
 
@@ -37,6 +38,7 @@ class Arranger {
 
   void readObjects();
   void collectMembers();
+  static std::span<const Member> membersOf(const Members& members, Place owner);
   base::Result<ObjectFrame> frameAt(Place place) const;
   Place placeOf(Handle handle) const;
   Place controlOf(ObjectKind kind) const;

@@ -249,7 +249,7 @@ EditId DxfStorage::withLastPoint(const Record& record, int code, const Point& at
        {std::pair(code + 20, at.z), std::pair(code + 10, at.y), std::pair(code, at.x)}) {
     const GeometryGroups groups(*this, state);
     const auto last = std::find_if(groups.all().rbegin(), groups.all().rend(),
-                                   [&](const Group& group) { return group.code == coordinate; });
+                                   [place = coordinate](const Group& group) { return group.code == place; });
     if (last != groups.all().rend() && groups.value(*last) != value)
       state.edits = withValue(state, *last, realBytes(dialect_, value));
   }

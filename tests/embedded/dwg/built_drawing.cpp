@@ -9,7 +9,6 @@
 #include "embedded/dwg/fields/header_fields.h"
 #include "embedded/dwg/fields/object_fields.h"
 #include "embedded/dwg/fields/text_range.h"
-#include "tests/embedded/dwg/small_files.h"
 
 namespace cad::dwg {
 namespace {
@@ -89,7 +88,7 @@ class Builder {
     small_.classes = classesOf(version, classes_);
   }
 
-  std::string make() {
+  SmallDrawing make() {
     makeTables();
     makeModelSpace();
     makeBlock(kPaperSpace, "*PAPER_SPACE", {});
@@ -99,7 +98,7 @@ class Builder {
     small_.header = headerOf(version_, variables);
     for (auto& [handle, object] : objects_)
       small_.objects.push_back({handle, std::move(object.data), object.handleBits});
-    return bytesOf(small_);
+    return std::move(small_);
   }
 
  private:
@@ -329,6 +328,6 @@ class Builder {
 
 }  // namespace
 
-std::string builtDrawing(Version version) { return Builder(version).make(); }
+SmallDrawing builtParts(Version version) { return Builder(version).make(); }
 
 }  // namespace cad::dwg

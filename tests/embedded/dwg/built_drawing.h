@@ -4,12 +4,13 @@
 
 #include <string>
 
-#include "base/drawing_version.h"
+#include "tests/embedded/dwg/small_files.h"
 
 namespace cad::dwg {
 
-// The file's bytes. Layers "Layer1" and "Layer_Off", the linetype "ACAD_ISO02W100", the text style
+// What its file consists of. Layers "Layer1" and "Layer_Off", the linetype "ACAD_ISO02W100", the text style
 // "Japanese" and the block "PART" are there besides what every drawing has.
-std::string builtDrawing(base::Version version);
+SmallDrawing builtParts(base::Version version);
+inline std::string builtDrawing(base::Version version) { return bytesOf(builtParts(version)); }
 
 }  // namespace cad::dwg
