@@ -350,7 +350,8 @@ class Comparing {
     // Formats do not hold the same variables.
     const bool ofOneFormat = before_.format() == after_.format();
     const auto add = [&](const std::string& name, const std::wstring& left, const std::wstring& right) {
-      if (left != right && !isBookkeeping(name) && !nameSameArrow(name, left, right) &&
+      const bool same = ofOneFormat ? left == right : base::equalFolded(left, right);
+      if (!same && !isBookkeeping(name) && !nameSameArrow(name, left, right) &&
           (ofOneFormat || (!left.empty() && !right.empty())))
         result_.variables.push_back({name, Property::kCount, left, right});
     };

@@ -167,6 +167,19 @@ base::Status BlockBuilder::empty(const BlockHead& head) {
   return storage_.change(drawing_, entry, changes);
 }
 
+void listParts(const DwgStorage& storage, std::span<const Handle> parts, const PartNames& names,
+               FieldChanges& values) {
+  const std::size_t count = parts.size() - 1;
+  values.setHandle("sequence end", parts.back());
+  if (storage.version() < Version::kR2004) {
+    values.setHandle(names.first, parts.front());
+    values.setHandle(names.last, parts[count - 1]);
+    return;
+  }
+  values.set(names.count, Value(static_cast<std::int64_t>(count)));
+  for (std::uint32_t i = 0; i < count; ++i) values.setHandle(names.single, parts[i], i);
+}
+
 void linkPart(const DwgStorage& storage, std::span<const Handle> parts, std::size_t at,
               FieldChanges& values) {
   if (storage.version() >= Version::kR2004) return;

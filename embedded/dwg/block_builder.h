@@ -44,6 +44,18 @@ class BlockBuilder {
   Handle lastHandle_ = 0;
 };
 
+// How an entity lists its parts.
+struct PartNames {
+  std::string_view first, last;    // until R2000
+  std::string_view count, single;  // since R2004
+};
+inline constexpr PartNames kAttributeNames{"first attribute", "last attribute", "attribute count",
+                                           "attribute"};
+inline constexpr PartNames kVertexNames{"first vertex", "last vertex", "vertex count", "vertex"};
+
+// `parts`: with the end of their sequence behind them.
+void listParts(const DwgStorage& storage, std::span<const Handle> parts, const PartNames& names,
+               FieldChanges& values);
 // Links one of the parts of an entity, attributes or vertices with the end of their sequence behind them, as
 // the entities of a block are linked.
 void linkPart(const DwgStorage& storage, std::span<const Handle> parts, std::size_t at, FieldChanges& values);

@@ -1,4 +1,4 @@
-// Blocks copied from one DWG file into another of the same version, field by field.
+// Blocks copied from one DWG file into another, field by field.
 
 #include <algorithm>
 #include <optional>
@@ -68,6 +68,8 @@ class BlockCopier final : public BlockCopy {
   void copyField(const Fields& fields, const Field& field, FieldChanges& values);
   base::Status copyExtended(RecordId record, FieldChanges& values);
   base::Result<ExtendedData> copiedData(RecordId record, const ExtendedData& data);
+  base::Status checkVersion(std::string_view type, const Fields& fields, ObjectKind kind) const;
+  void fitVersion(RecordId record, const Fields& fields, ObjectKind kind, FieldChanges& values) const;
   void setWithoutPartners(const Fields& fields, ObjectKind kind, FieldChanges& values) const;
   Handle counterpart(Handle handle);
   std::wstring nameOf(RecordId record) const;
@@ -87,8 +89,15 @@ base::Status BlockCopier::checkType(RecordId record) const {
   const bool isTied =
       kind == ObjectKind::kOther || kind == ObjectKind::kViewport || kind == ObjectKind::kTable;
   if (isTied) return refusedType(type, L"Entities of this type are not copied between drawings");
-  if (!from_.fields(source_.record(record)).intact())
-    return refusedType(type, L"A value of the entity is broken");
+  const Fields& fields = from_.fields(source_.record(record));
+  if (!fields.intact()) return refusedType(type, L"A value of the entity is broken");
+  return checkVersion(type, fields, kind);
+}
+
+base::Status BlockCopier::checkVersion(std::string_view type, const Fields& fields, ObjectKind kind) const {
+  const bool ofLines = fields.integer("attribute type", 1) > 1;
+  if ((ofLines && to_.version() < Version::kR2018) || !numberOf(kind, to_.version(), to_.classes()))
+    return refusedType(type, L"The drawing's version cannot hold entities of this type");
   return {};
 }
 
@@ -146,7 +155,9 @@ Handle BlockCopier::counterpart(Handle handle) {
 }
 
 bool BlockCopier::sharesTexts() const {
-  return hasWideTexts(from_.version()) || from_.facts().codePage == to_.facts().codePage;
+  const bool wide = hasWideTexts(from_.version());
+  if (wide != hasWideTexts(to_.version())) return false;
+  return wide || from_.facts().codePage == to_.facts().codePage;
 }
 
 Value BlockCopier::recoded(const Value& text) const {
@@ -180,6 +191,28 @@ void BlockCopier::setWithoutPartners(const Fields& fields, ObjectKind kind, Fiel
   for (std::uint32_t i = 0; i < fields.count("boundary count"); ++i) values.set("boundary count", 0, i);
 }
 
+// What older and newer versions tell otherwise.
+void BlockCopier::fitVersion(RecordId record, const Fields& fields, ObjectKind kind,
+                             FieldChanges& values) const {
+  if (from_.version() == to_.version()) return;
+  values.leaveUnknown();
+  constexpr std::int64_t kHasIdentifiers = 0x400;
+  if (kind == ObjectKind::kLwpolyline && to_.version() < Version::kR2010)
+    values.set("flags", fields.integer("flags") & ~kHasIdentifiers);
+  const bool byPoints = kind == ObjectKind::kSpline && fields.count("fit point") > 0;
+  if (!byPoints || to_.version() >= Version::kR2013 || from_.version() < Version::kR2013) return;
+  // Older versions know one manner of going through points only: the curve itself stays the same.
+  const Geometry geometry = source_.geometry(record);
+  const auto& spline = std::get<SplineGeometry>(geometry.shape);
+  constexpr int kByControl = 1, kByPoints = 2;
+  values.set("form", spline.control.empty() ? kByPoints : kByControl);
+  values.set("knot count", Value(static_cast<std::int64_t>(spline.knots.size())));
+  for (std::uint32_t i = 0; i < spline.knots.size(); ++i) values.set("knot", Value(spline.knots[i]), i);
+  values.set("control count", Value(static_cast<std::int64_t>(spline.control.size())));
+  for (std::uint32_t i = 0; i < spline.control.size(); ++i)
+    values.set("control point", Value(spline.control[i]), i);
+}
+
 base::Result<NewObject> BlockCopier::copied(RecordId record) {
   const Fields fields = from_.fields(source_.record(record));
   const ObjectKind kind = from_.typeOf(source_.record(record)).kind;
@@ -195,6 +228,7 @@ base::Result<NewObject> BlockCopier::copied(RecordId record) {
     object.values.setColor(field.name, color, field.index);
   }
   setWithoutPartners(fields, kind, object.values);
+  fitVersion(record, fields, kind, object.values);
   const base::Status extended = copyExtended(record, object.values);
   return extended ? base::Result<NewObject>(std::move(object)) : extended.failure();
 }
@@ -250,11 +284,15 @@ base::Status BlockCopier::copyExtended(RecordId record, FieldChanges& values) {
 base::Status BlockCopier::copyEntity(BlockBuilder& builder, RecordId entity) {
   base::Result<NewObject> object = copied(entity);
   if (!object.ok()) return object.failure();
-  builder.setPlace(object.value().values);
-  const base::Result<RecordId> copy = builder.enter(object.value());
-  if (!copy.ok()) return copy.failure();
   std::vector<Handle> parts;
   for (const RecordId sub : source_.subRecordsOf(entity)) parts.push_back(handles_.at(*source_.handle(sub)));
+  builder.setPlace(object.value().values);
+  if (parts.size() > 1) {
+    const bool ofInsert = source_.typeName(entity) == "INSERT";
+    listParts(to_, parts, ofInsert ? kAttributeNames : kVertexNames, object.value().values);
+  }
+  const base::Result<RecordId> copy = builder.enter(object.value());
+  if (!copy.ok()) return copy.failure();
   std::size_t at = 0;
   for (const RecordId sub : source_.subRecordsOf(entity)) {
     base::Result<NewObject> part = copied(sub);
@@ -286,10 +324,12 @@ base::Result<RecordId> BlockCopier::copyEntities(const std::vector<RecordId>& en
 
 }  // namespace
 
-// Between versions the geometry and the properties are copied that both know.
+// From and into the versions before 2000 the geometry and the properties are copied that both know.
 std::unique_ptr<BlockCopy> DwgStorage::copierFrom(Drawing& drawing, const Drawing& source) {
   const auto* from = dynamic_cast<const DwgStorage*>(&source.storage());
-  if (from == nullptr || from->version() != version()) return nullptr;
+  if (from == nullptr) return nullptr;
+  const bool alike = from->version() >= Version::kR2000 && version() >= Version::kR2000;
+  if (from->version() != version() && !alike) return nullptr;
   return std::make_unique<BlockCopier>(drawing, *this, source, *from);
 }
 

@@ -19,6 +19,7 @@
 namespace cad::dwg {
 namespace {
 
+constexpr std::string_view kMeasurement = "MEASUREMENT";  // not in the section of the others
 constexpr double kMillisecondsOfDay = 86400000;
 
 // Variables that are names, besides those of dimensions.
@@ -60,12 +61,21 @@ const Field* firstOf(const Fields& fields, std::string_view name) {
   return found == fields.all().end() ? nullptr : &*found;
 }
 
+// Of an object that is in no table.
+std::optional<Variable> plainName(const Drawing& drawing, const DwgStorage& storage, RecordId id) {
+  const StoredValue name = readPlainName(storage, drawing.record(id));
+  const auto* stored = std::get_if<std::string>(&name);
+  if (stored == nullptr) return std::nullopt;
+  return decodeStored(*stored, storage.facts().codePage);
+}
+
 // Of what a handle names; absent for what has no name here.
 std::optional<Variable> namedValue(const Drawing& drawing, const DwgStorage& storage,
                                    std::string_view variable, Handle handle) {
   if (variable == "HANDSEED") return handleText(handle);
   if (handle == 0) return std::wstring();
   const RecordId id = storage.recordOf(handle);
+  if (variable == "CMLSTYLE" && id != kNoRecord) return plainName(drawing, storage, id);
   const bool named = id != kNoRecord && drawing.record(id).hasTableName();
   if (!named) return std::nullopt;
   const NameId name = drawing.recordName(id);
@@ -158,6 +168,10 @@ const Fields& DwgStorage::headerFields(const Drawing& drawing) const {
 }
 
 std::optional<Variable> DwgStorage::headerVariable(const Drawing& drawing, std::string_view name) const {
+  if (name == kMeasurement) {
+    const std::optional<std::int64_t> value = file_->measurement();
+    return value ? std::optional<Variable>(*value) : std::nullopt;
+  }
   const Fields& fields = headerFields(drawing);
   if (const Field* field = firstOf(fields, name); field != nullptr && isVariableName(name))
     return valueOf(drawing, *this, fields, *field);
@@ -177,8 +191,10 @@ std::vector<HeaderValue> DwgStorage::headerVariables(const Drawing& drawing) con
       values.push_back({std::string(field.name), variableText(*value)});
     }
   }
-  for (const std::string_view name : packedVariables(fields))
-    if (const auto value = packedVariable(fields, name))
+  std::vector<std::string_view> others = packedVariables(fields);
+  others.push_back(kMeasurement);
+  for (const std::string_view name : others)
+    if (const auto value = headerVariable(drawing, name))
       values.push_back({std::string(name), variableText(*value)});
   return values;
 }
@@ -186,6 +202,8 @@ std::vector<HeaderValue> DwgStorage::headerVariables(const Drawing& drawing) con
 base::Status DwgStorage::setHeaderVariable(Drawing& drawing, std::string_view name, const Variable& value) {
   const std::optional<Variable> present = headerVariable(drawing, name);
   if (present && *present == value) return {};
+  if (name == kMeasurement)
+    return base::Failure{shown(name), L"A drawing of this format cannot change this property"};
   Drawing::ChangeScope scope(drawing);
   FieldChanges changes;
   base::Status status;

@@ -84,19 +84,6 @@ std::vector<Handle> takeHandles(DwgStorage& storage, std::size_t count) {
   return handles;
 }
 
-void listAttributes(const DwgStorage& storage, const std::vector<Handle>& handles, FieldChanges& values) {
-  values.set("has attributes", true);
-  const std::size_t count = handles.size() - 1;
-  values.setHandle("sequence end", handles.back());
-  if (storage.version() < Version::kR2004) {
-    values.setHandle("first attribute", handles.front());
-    values.setHandle("last attribute", handles[count - 1]);
-    return;
-  }
-  values.set("attribute count", Value(static_cast<std::int64_t>(count)));
-  for (std::uint32_t i = 0; i < count; ++i) values.setHandle("attribute", handles[i], i);
-}
-
 }  // namespace
 
 base::Result<RecordId> DwgStorage::addInsert(Drawing& drawing, RecordId space, const NewInsert& insert) {
@@ -120,7 +107,8 @@ base::Result<RecordId> DwgStorage::addInsert(Drawing& drawing, RecordId space, c
   std::vector<Handle> handles;
   if (!definitions.empty()) {
     handles = takeHandles(*this, definitions.size() + 1);
-    listAttributes(*this, handles, object.values);
+    object.values.set("has attributes", true);
+    listParts(*this, handles, kAttributeNames, object.values);
   }
   base::Result<RecordId> made = base::Failure{};
   if (status) {

@@ -64,24 +64,6 @@ StoredValue readLayerColor(const Fields& fields) {
   return layerBits(fields).off ? -number : number;
 }
 
-// The name of a record that is described no further: it follows what all objects have.
-StoredValue readPlainName(const DwgStorage& storage, const Record& record) {
-  const base::Result<ObjectFrame> frame = storage.frame(record);
-  if (!frame.ok()) return {};
-  const ObjectFrame& object = frame.value();
-  if (hasWideTexts(object.version)) {
-    BitReader reader(object.data, object.textBegin, object.textEnd);
-    const std::u16string name = reader.tu();
-    return reader.failed() ? StoredValue() : StoredValue(storedText(name));
-  }
-  std::uint32_t at = object.extendedEnd;
-  for (const Field& field : storage.commonFields(record).all())
-    if (field.stream == Stream::kData) at = std::max(at, field.end);
-  BitReader reader(object.data, at, object.dataEnd);
-  const std::string name = reader.tv();
-  return reader.failed() ? StoredValue() : StoredValue(storedText(name));
-}
-
 StoredValue readName(const DwgStorage& storage, const Record& record, std::string_view type) {
   if (type != "BLOCK" && type != "BLOCK_RECORD") return readPlainName(storage, record);
   const Handle entry = type == "BLOCK" ? storage.entryOf(record) : storage.handle(record).value_or(0);
@@ -110,6 +92,24 @@ std::int64_t layerFlags(const Fields& fields) {
 }
 
 }  // namespace
+
+// It follows what all objects have.
+StoredValue readPlainName(const DwgStorage& storage, const Record& record) {
+  const base::Result<ObjectFrame> frame = storage.frame(record);
+  if (!frame.ok()) return {};
+  const ObjectFrame& object = frame.value();
+  if (hasWideTexts(object.version)) {
+    BitReader reader(object.data, object.textBegin, object.textEnd);
+    const std::u16string name = reader.tu();
+    return reader.failed() ? StoredValue() : StoredValue(storedText(name));
+  }
+  std::uint32_t at = object.extendedEnd;
+  for (const Field& field : storage.commonFields(record).all())
+    if (field.stream == Stream::kData) at = std::max(at, field.end);
+  BitReader reader(object.data, at, object.dataEnd);
+  const std::string name = reader.tv();
+  return reader.failed() ? StoredValue() : StoredValue(storedText(name));
+}
 
 Color colorOf(std::int64_t number) {
   Color color;

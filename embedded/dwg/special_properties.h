@@ -9,6 +9,9 @@ namespace cad::dwg {
 StoredValue readSpecial(const DwgStorage& storage, const Record& record, std::string_view type,
                         Property property);
 
+// Of a record that is described no further: the first text of it.
+StoredValue readPlainName(const DwgStorage& storage, const Record& record);
+
 // Adds what sets the property. What it needs elsewhere in the drawing is made.
 base::Status changeSpecial(Drawing& drawing, const DwgStorage& storage, const Record& record,
                            Property property, const StoredValue& value, FieldChanges& changes);

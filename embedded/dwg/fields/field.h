@@ -167,6 +167,9 @@ class FieldChanges {
   void setColor(std::string_view name, const Color& color, std::uint32_t index = 0);
   // All the extended data, in place of what is there.
   void setExtendedData(std::vector<ExtendedData> data);
+  // What the object does not have is passed over; else it is a mistake.
+  void leaveUnknown() { leavesUnknown_ = true; }
+  bool leavesUnknown() const { return leavesUnknown_; }
 
   bool empty() const { return values_.empty() && colors_.empty() && !extended_; }
 
@@ -182,6 +185,7 @@ class FieldChanges {
   std::map<Key, Value> values_;
   std::map<Key, Color> colors_;
   std::shared_ptr<const std::vector<ExtendedData>> extended_;
+  bool leavesUnknown_ = false;
 };
 
 }  // namespace cad::dwg

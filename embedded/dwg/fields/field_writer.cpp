@@ -173,6 +173,7 @@ const Value& FieldWriter::visit(const FieldSpec& given) {
 
 std::string_view FieldWriter::misfit() const {
   if (!unwritable_.empty()) return unwritable_;
+  if (changes_.leavesUnknown()) return {};
   for (const auto& [key, value] : changes_.values())
     if (!used_.contains(key)) return std::get<0>(key);
   for (const auto& [key, color] : changes_.colors())

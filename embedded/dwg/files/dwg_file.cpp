@@ -101,7 +101,25 @@ base::Status DwgFile::readContent(UnpackedSections& sections, std::uint64_t head
   header_ = sections.headerFrame.content(sections.header);
   classes_ = sections.classesFrame.content(sections.classes);
   objects_ = sections.objects;
+  template_ = sections.templateSection;
   return {};
+}
+
+// Behind the template's description. Older files have nothing else there; they are told to write it in
+// either half.
+std::optional<std::int64_t> DwgFile::measurement() const {
+  constexpr std::uint64_t kLength = 2;
+  if (template_.size() < 2 * kLength) return std::nullopt;
+  if (version() < Version::kR2004) {
+    const auto whole = rawAt<std::uint32_t>(template_, 0);
+    if (whole == 0) return 0;
+    return whole == 0x100 || whole == 0x10000 ? std::optional<std::int64_t>(1) : std::nullopt;
+  }
+  const std::uint64_t width = version() >= Version::kR2007 ? 2 : 1;
+  const std::uint64_t at = kLength + rawAt<std::uint16_t>(template_, 0) * width;
+  if (!isWithin(at, kLength, template_.size())) return std::nullopt;
+  const auto value = rawAt<std::uint16_t>(template_, at);
+  return value <= 1 ? std::optional<std::int64_t>(value) : std::nullopt;
 }
 
 base::Result<std::unique_ptr<DwgFile>> readDwgFile(std::shared_ptr<const SourceBytes> source) {

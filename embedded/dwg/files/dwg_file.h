@@ -78,6 +78,9 @@ class DwgFile {
   std::string_view header() const { return header_; }
   std::string_view classes() const { return classes_; }
 
+  // The variable MEASUREMENT, which files keep outside of the header; nullopt: the file does not have it.
+  std::optional<std::int64_t> measurement() const;
+
   // The whole file with the changes. Without any: byte for byte as it is. Objects and sections that do not
   // change keep their bytes. Failures: an object too large for its size field, a handle that is 0 or given
   // twice, erasing what is not there.
@@ -101,7 +104,7 @@ class DwgFile {
   std::shared_ptr<const SourceBytes> source_;
   DrawingFacts facts_;
   std::uint8_t maintenance_ = 0;
-  std::string_view objects_, header_, classes_;
+  std::string_view objects_, header_, classes_, template_;
   std::vector<ObjectPlace> places_;
 };
 

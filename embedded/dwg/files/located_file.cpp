@@ -102,6 +102,7 @@ base::Status LocatedFile::readSections() {
   classesFrame_ = frame.value();
   header_ = headerFrame_.content(file());
   classes_ = classesFrame_.content(file());
+  if (const Section* const found = section(kTemplate)) template_ = part(file(), found->at, found->size);
   auto map = readObjectMap(file().substr(static_cast<std::size_t>(handles->at)), handles->at);
   if (!map) return map.failure();
   places_ = std::move(map.value().places);

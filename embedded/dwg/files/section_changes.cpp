@@ -22,7 +22,8 @@ constexpr Named kSections[] = {{kHeaderName, true, &UnpackedSections::header},
                                {kHandlesName, true, &UnpackedSections::handles},
                                {kObjectsName, true, &UnpackedSections::objects},
                                {kAuxHeaderName, false, &UnpackedSections::auxHeader},
-                               {kFreeSpaceName, false, &UnpackedSections::freeSpace}};
+                               {kFreeSpaceName, false, &UnpackedSections::freeSpace},
+                               {kTemplateName, false, &UnpackedSections::templateSection}};
 
 }  // namespace
 

@@ -17,13 +17,13 @@ namespace cad::dwg {
 inline constexpr char kHeaderName[] = "AcDb:Header", kClassesName[] = "AcDb:Classes",
                       kHandlesName[] = "AcDb:Handles", kObjectsName[] = "AcDb:AcDbObjects",
                       kAuxHeaderName[] = "AcDb:AuxHeader", kFreeSpaceName[] = "AcDb:ObjFreeSpace",
-                      kPreviewName[] = "AcDb:Preview";
+                      kPreviewName[] = "AcDb:Preview", kTemplateName[] = "AcDb:Template";
 
 // The unpacked sections that a drawing is read from, by name.
 struct UnpackedSections {
   std::string header, classes, handles, objects;
   // Not needed to read the drawing: empty where the file does not have them, or not as they should be.
-  std::string auxHeader, freeSpace;
+  std::string auxHeader, freeSpace, templateSection;
   FramedSection headerFrame, classesFrame;
   std::uint64_t mapLength = 0;  // of the object map in `handles`
 

@@ -32,6 +32,25 @@ std::map<Handle, std::string> objectsOf(const DwgFile& file) {
   return objects;
 }
 
+// Until R2000 the place of the template stands in the fifth of the records at the file's beginning.
+TEST(DwgSamples, TellWhetherTheyAreMetric) {
+  for (const auto& path : samples()) {
+    SCOPED_TRACE(path.string());
+    std::string bytes = base::readFile(path).value();
+    const auto file = read(bytes);
+    ASSERT_NE(file, nullptr);
+    EXPECT_EQ(file->measurement(), 0);
+    if (file->version() >= base::Version::kR2004) continue;
+    constexpr std::size_t kAddress = 0x19 + 4 * 9 + 1;
+    std::uint32_t at = 0;
+    for (std::size_t i = 4; i-- > 0;) at = at << 8 | static_cast<unsigned char>(bytes.at(kAddress + i));
+    bytes.at(at + 2) = 1;
+    EXPECT_EQ(read(bytes)->measurement(), 1);
+    bytes.at(at + 3) = 7;
+    EXPECT_EQ(read(bytes)->measurement(), std::nullopt);
+  }
+}
+
 TEST(DwgSamples, AreWrittenByteForByteAndWithOneObjectChanged) {
   for (const auto& path : samples()) {
     SCOPED_TRACE(path.string());
