@@ -20,8 +20,8 @@ std::unique_ptr<cad::Drawing> openDrawing(const std::wstring& file) {
 }
 
 void warnAbout(const std::wstring& file, const cad::Drawing& drawing) {
-  const std::wstring warning = cad::formats::warningAbout(drawing);
-  if (!warning.empty()) complain(file + L": " + translated(warning));
+  for (const std::wstring& warning : cad::formats::warningsAbout(drawing))
+    complain(file + L": " + translated(warning));
 }
 
 bool isStream(const std::wstring& file) {

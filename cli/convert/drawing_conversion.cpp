@@ -129,8 +129,9 @@ DrawingReport DrawingConversion::run(const PlannedDrawing& drawing) {
     report.messages.push_back(complaintAbout(drawing.given, opened.failure()));
     return report;
   }
-  const std::wstring warning = cad::formats::warningAbout(host.currentDrawing());
-  if (!warning.empty()) report.messages.push_back(drawing.given + L": " + translated(warning));
+  const std::vector<std::wstring> warnings = cad::formats::warningsAbout(host.currentDrawing());
+  for (const std::wstring& warning : warnings)
+    report.messages.push_back(drawing.given + L": " + translated(warning));
   const int runsBefore = run_.runs;
   const std::wstring notSavable = whyNotSavable(host.currentDrawing(), drawing);
   Status converted = notSavable.empty() ? convertOpen(drawing) : Failure{L"", notSavable};
@@ -153,7 +154,7 @@ DrawingReport DrawingConversion::run(const PlannedDrawing& drawing) {
     if (Status compared = compareSaved(drawing, report); !compared)
       report.messages.push_back(complaintAbout(drawing.given, compared.failure()));
   }
-  report.outcome = clean && warning.empty() ? Outcome::kConverted : Outcome::kWithProblems;
+  report.outcome = clean && warnings.empty() ? Outcome::kConverted : Outcome::kWithProblems;
   return report;
 }
 

@@ -101,7 +101,7 @@ int runInfo(const Arguments& arguments) {
       status = kSomeFailed;
       continue;
     }
-    if (const std::wstring warning = cad::formats::warningAbout(host.currentDrawing()); !warning.empty()) {
+    for (const std::wstring& warning : cad::formats::warningsAbout(host.currentDrawing())) {
       complain(file + L": " + translated(warning));
       status = kSomeFailed;
     }

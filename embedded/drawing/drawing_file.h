@@ -1,10 +1,12 @@
 #pragma once
 // The file of a drawing: its bytes, and what it says of itself.
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "base/codepage.h"
 #include "base/drawing_version.h"
@@ -14,6 +16,13 @@ namespace cad {
 
 using base::Version;
 
+// Objects that something is wrong with, by their handles. They stay in the file as they came.
+struct DamagedObjects {
+  std::vector<std::uint64_t> unreadable;         // nothing is known of them
+  std::vector<std::uint64_t> withWrongChecksum;  // read as they stand where they can be
+  std::vector<std::uint64_t> ownerless;          // entities of no block
+};
+
 struct DrawingFacts {
   Version version = Version::kR12;
   std::string versionCode;  // "AC1009"
@@ -22,6 +31,7 @@ struct DrawingFacts {
   bool codePageKnown = true;  // false: the declared name is not one that we know; 1252 is used
   std::wstring form;          // of a format with several: "text", "binary"
   bool lacksEnd = false;      // the file's end is missing, but nothing else of it
+  DamagedObjects damage;
 
   // Texts and shapes stand in the patterns of linetypes.
   bool linetypesHoldSymbols() const { return version >= Version::kR13; }

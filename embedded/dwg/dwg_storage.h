@@ -48,6 +48,7 @@ class DwgStorage final : public RecordStorage {
  public:
   DwgStorage(std::unique_ptr<DwgFile> file, std::vector<FileClass> classes);
   void setRecords(FileRecords records) { records_ = std::move(records); }
+  void setDamage(DamagedObjects damage) { file_->setDamage(std::move(damage)); }
 
   // --- Objects -------------------------------------------------------------------------------------------
   Version version() const { return file_->version(); }

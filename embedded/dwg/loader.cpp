@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "embedded/dwg/arranger.h"
+#include "embedded/dwg/damage.h"
 #include "embedded/dwg/dwg_storage.h"
 
 namespace cad::dwg {
@@ -17,7 +18,11 @@ base::Result<std::unique_ptr<Drawing>> read(std::shared_ptr<const SourceBytes> s
   Arranger arranger(storage->file(), storage->classes());
   arranger.run();
   storage->setRecords(arranger.takeRecords());
-  return std::make_unique<Drawing>(std::move(storage), arranger.takeLoaded());
+  LoadedRecords loaded = arranger.takeLoaded();
+  if (loaded.modelSpace == kNoRecord)
+    return base::Failure{{}, L"The drawing is damaged: its model space cannot be read"};
+  storage->setDamage(findDamage(storage->file(), storage->classes(), loaded.records));
+  return std::make_unique<Drawing>(std::move(storage), std::move(loaded));
 }
 
 }  // namespace cad::dwg

@@ -39,7 +39,7 @@ bool Assembler::begin(std::string_view value, std::uint64_t offset) {
     type = upperType_;
   }
   if (!open_ && loaded_.records.empty() && type != "SECTION" && type != "EOF") {
-    failure_ = L"This is not a DXF drawing: it does not begin with a section";
+    failure_ = L"This is neither a DXF nor a DWG drawing: it does not begin with a section";
     return false;
   }
   if (!open_ && offset > 0) {

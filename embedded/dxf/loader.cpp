@@ -126,7 +126,7 @@ base::Result<std::unique_ptr<Drawing>> read(std::shared_ptr<const SourceBytes> s
   if (!assembler.sawEnd() && !lacksEnd) {
     const bool first = broken.at == start && !dialect.binary;
     return base::Failure{placeText(bytes, broken.at, dialect),
-                         first ? L"This is not a DXF drawing" : broken.reason};
+                         first ? L"This is neither a DXF nor a DWG drawing" : broken.reason};
   }
   assembler.finish(broken.at, bytes.size());
   if (assembler.failure() != nullptr) return base::Failure{{}, assembler.failure()};

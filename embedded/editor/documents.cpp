@@ -93,7 +93,7 @@ base::Status Documents::openReadOnly(const std::filesystem::path& path) {
 base::Status Documents::load(const std::filesystem::path& whole, bool readOnly) {
   base::Result<std::unique_ptr<Drawing>> loaded = formats::open(whole);
   if (!loaded) return loaded.failure();
-  if (const std::wstring warning = formats::warningAbout(*loaded.value()); !warning.empty())
+  for (const std::wstring& warning : formats::warningsAbout(*loaded.value()))
     printText(L"\n" + base::Failure{base::pathText(whole), warning}.text());
   add(std::move(loaded.value()), L"");
   documents_.back()->setReadOnly(readOnly);

@@ -1,10 +1,12 @@
 #include "embedded/formats/drawing_files.h"
 
 #include <algorithm>
+#include <ranges>
 #include <utility>
 #include <vector>
 
 #include "base/fold.h"
+#include "embedded/drawing/handle_text.h"
 #include "embedded/dwg/file_mark.h"
 #include "embedded/dwg/loader.h"
 #include "embedded/dxf/loader.h"
@@ -25,10 +27,15 @@ struct ForeignFormat {
 
 constexpr const wchar_t* kText = L"; please save the drawing as DXF in UTF-8 or ANSI";
 constexpr const wchar_t* kPacked = L"; please unpack the drawing first";
+constexpr const wchar_t* kOldDwg = L"a DWG drawing of a version before R13";
+constexpr const wchar_t* kNewer = L"; please save it in a newer one";
 constexpr ForeignFormat kUtf16{0, "\xFF\xFE"sv, L"UTF-16 text", kText};
 
 // UTF-32 stands before UTF-16, whose mark it begins with.
 constexpr ForeignFormat kForeign[] = {
+    {0, "AC1."sv, kOldDwg, kNewer},
+    {0, "AC2."sv, kOldDwg, kNewer},
+    {0, "MC0.0"sv, kOldDwg, kNewer},
     {0, "\xFF\xFE\0\0"sv, L"UTF-32 text", kText},
     {0, "\0\0\xFE\xFF"sv, L"UTF-32 text", kText},
     kUtf16,
@@ -101,6 +108,15 @@ Opened read(const std::shared_ptr<const SourceBytes>& source) {
   return dxf::read(source);
 }
 
+// "1A, 2B, 3C, ..."
+std::wstring firstHandles(const std::vector<Handle>& objects) {
+  constexpr std::size_t kMost = 5;
+  std::wstring text;
+  for (const Handle handle : objects | std::views::take(kMost))
+    text += (text.empty() ? L"" : L", ") + handleText(handle);
+  return objects.size() > kMost ? text + L", ..." : text;
+}
+
 // --- Kinds of files --------------------------------------------------------------------------------------
 
 struct KindRow {
@@ -139,9 +155,20 @@ Opened open(const std::filesystem::path& path) {
 
 Opened openBytes(std::string bytes) { return read(std::make_shared<const SourceBytes>(std::move(bytes))); }
 
-std::wstring warningAbout(const Drawing& drawing) {
-  if (!drawing.facts().lacksEnd) return {};
-  return L"The file has no EOF; its last section is whole, so it was read as it stands";
+std::vector<std::wstring> warningsAbout(const Drawing& drawing) {
+  std::vector<std::wstring> warnings;
+  const DrawingFacts& facts = drawing.facts();
+  if (facts.lacksEnd)
+    warnings.emplace_back(L"The file has no EOF; its last section is whole, so it was read as it stands");
+  const auto tell = [&](const std::vector<Handle>& objects, const wchar_t* what) {
+    if (objects.empty()) return;
+    warnings.push_back(L"The drawing is damaged: " + std::to_wstring(objects.size()) + what + L" (" +
+                       firstHandles(objects) + L")");
+  };
+  tell(facts.damage.unreadable, L" of its objects cannot be read and stay as they came");
+  tell(facts.damage.withWrongChecksum, L" of its objects have a wrong checksum and were read as they stand");
+  tell(facts.damage.ownerless, L" of its entities belong to no block and stay as they came");
+  return warnings;
 }
 
 Opened create(Version version) {

@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/result.h"
 #include "embedded/drawing/drawing.h"
@@ -19,8 +20,8 @@ namespace cad::formats {
 base::Result<std::unique_ptr<Drawing>> open(const std::filesystem::path& path);
 // The same from memory; the drawing has no path.
 base::Result<std::unique_ptr<Drawing>> openBytes(std::string bytes);
-// A sentence about what is wrong with the file although it could be read; mostly empty.
-std::wstring warningAbout(const Drawing& drawing);
+// Sentences about what is wrong with the file although it could be read; mostly none.
+std::vector<std::wstring> warningsAbout(const Drawing& drawing);
 
 // An empty drawing with what every drawing has. Refused: a version in which none is made, those before 2000.
 base::Result<std::unique_ptr<Drawing>> create(Version version);

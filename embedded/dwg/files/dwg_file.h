@@ -56,6 +56,7 @@ class DwgFile {
   DwgFile& operator=(const DwgFile&) = delete;
 
   const DrawingFacts& facts() const { return facts_; }
+  void setDamage(DamagedObjects damage) { facts_.damage = std::move(damage); }
   Version version() const { return facts_.version; }
   std::uint8_t maintenance() const {
     return maintenance_;

@@ -15,8 +15,8 @@ TEST(Loader, RefusalsNamePlaceAndReason) {
   const std::string good = drawingText("AC1015", "0 LINE|8 A|10 1.0");
   const std::size_t line = good.find("LINE");
   const BadFile cases[] = {
-      {"hello\nworld\n", L"line 1", L"not a DXF"},
-      {groups("0 LINE|8 A|0 EOF"), L"line 1", L"not a DXF"},
+      {"hello\nworld\n", L"line 1", L"neither a DXF"},
+      {groups("0 LINE|8 A|0 EOF"), L"line 1", L"neither a DXF"},
       {"  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n xx\nA\n", L"line 7", L"group code"},
       {"  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n 9999\nA\n", L"line 7", L"group code"},
       {groups("0 SECTION|2 ENTITIES|0 LINE|8 A"), L"line 9", L"no EOF"},
