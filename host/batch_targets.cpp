@@ -10,6 +10,7 @@
 #include "engine/problems.h"
 #include "host/batch_script.h"
 #include "platform/host_messages.h"
+#include "platform/host_variables.h"
 #include "platform/questions.h"
 #include "ui/messages.h"
 
@@ -33,7 +34,7 @@ std::wstring refusalOf(const BatchFile& file, const std::wstring& path, base::Sa
                        base::SavedNames& saved) {
   if (file.version < 1) return unreadableProblem(path) + L".";
   if (!canStandInScript(path)) return L"ﾌｧｲﾙ名に使用できない文字があるため変換できません: " + path;
-  const std::wstring target = base::savedName(file.name, format);
+  const std::wstring target = base::savedName(file.name, savedFormat(format, file.name));
   const std::wstring holder = saved.take(target, file.name);
   if (holder.empty()) return {};
   return L"[" + holder + L"]の変換結果と同じ名前(" + target + L")になるため変換できません: " + path;
@@ -45,8 +46,9 @@ bool overwritesSources(const ConversionContext& context, const std::wstring& fol
   std::set<std::wstring> sources;
   for (const BatchFile& file : files) sources.insert(base::upper(file.name));
   return std::any_of(files.begin(), files.end(), [&](const BatchFile& file) {
+    const base::SaveFormat format = savedFormat(context.saveFormat, file.name);
     return file.state == BatchState::kChosen &&
-           sources.contains(base::upper(base::savedName(file.name, context.saveFormat)));
+           sources.contains(base::upper(base::savedName(file.name, format)));
   });
 }
 

@@ -8,15 +8,25 @@
 #include "host/module.h"
 #include "host/run_report.h"
 #include "platform/host_output.h"
+#include "platform/host_variables.h"
 
 namespace kiv {
 namespace {
+
+base::SaveFormat formatOfDrawing(const ConversionContext& context) {
+  const base::SaveFormat chosen = context.saveFormat;
+  const base::SaveFormat format = savedFormat(chosen, textVariable(L"DWGNAME").value_or(L""));
+  if (format != chosen && !context.contextPaths[kOutputFolder].empty())
+    printOnCommandLine(L"\nこのﾎｽﾄは図面の形式を変えないため, " +
+                       std::wstring(base::savedName(L"", format).substr(1)) + L"形式で保存します.");
+  return format;
+}
 
 // The log has an entry of a run that an error ended, too.
 RunOutcome run(const ConversionContext& context, RunReport& report) {
   try {
     return runConversion({context.contextPaths[kSpecificationPath], context.contextPaths[kOutputFolder],
-                          context.saveFormat, context.observer ? &*context.observer : nullptr},
+                          formatOfDrawing(context), context.observer ? &*context.observer : nullptr},
                          report);
   } catch (...) {
     report.addProblem(brokenOffProblem(report.drawing()));

@@ -72,4 +72,12 @@ SaveableFormats saveableFormats() {
   return {names(L",DWG,"), names(L",DXF,"), names(L",DWT,")};
 }
 
+base::SaveFormat savedFormat(base::SaveFormat chosen, std::wstring_view drawingName) {
+  using base::SaveFormat;
+  const auto own = base::saveFormatOf(drawingName);
+  if (!own || textVariable(L"SAVEFORMATS").value_or(L"").empty()) return chosen;
+  // A template is a drawing of the same format.
+  return (*own == SaveFormat::kDxf) == (chosen == SaveFormat::kDxf) ? chosen : *own;
+}
+
 }  // namespace kiv

@@ -4,6 +4,9 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
+
+#include "base/save_format.h"
 
 namespace kiv {
 
@@ -21,5 +24,8 @@ short variableType(const wchar_t* name);  // RTSHORT, RTREAL, RTSTR, ...; RTNONE
 // By base::SaveFormat, whether the host saves drawings so. One that does not tell saves all of them.
 using SaveableFormats = std::array<bool, 3>;
 SaveableFormats saveableFormats();
+// The format in which a drawing of this file name is saved when `chosen` is wanted: a host that tells its
+// formats keeps that of each drawing.
+base::SaveFormat savedFormat(base::SaveFormat chosen, std::wstring_view drawingName);
 
 }  // namespace kiv

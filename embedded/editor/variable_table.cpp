@@ -59,14 +59,12 @@ Variable supportFolders(HostState& state) {
 // TEMPPREFIX, with its last separator
 Variable temporaryFolder(HostState&) { return temporaryFolderText(); }
 
-// SAVEFORMATS: the kinds of files that the drawing can be saved as, separated by commas
-Variable saveFormats(HostState& state) {
+// SAVEFORMATS: the kinds of files that drawings are saved as, separated by commas
+Variable saveFormats(HostState&) {
   using formats::FileKind;
   std::wstring out;
-  for (const FileKind kind : {FileKind::kDwg, FileKind::kDxf, FileKind::kDwt}) {
-    if (!formats::canSave(state.documents.current()->drawing(), kind)) continue;
+  for (const FileKind kind : {FileKind::kDwg, FileKind::kDxf, FileKind::kDwt})
     out += (out.empty() ? L"" : L",") + std::wstring(formats::kindName(kind));
-  }
   return out;
 }
 

@@ -15,6 +15,7 @@
 #include "host/conversion_context.h"
 #include "host/module.h"
 #include "platform/settings.h"
+#include "tests/embedded/dwg/whole_drawing.h"
 #include "tests/support/temp_folder.h"
 #include "tests/ui/user.h"
 #include "ui/main_dialog.h"
@@ -333,7 +334,7 @@ TEST_F(Batch, AnotherScriptTakesItsPlaceAndNoTurn) {
 }
 
 TEST_F(Batch, NoResultTakesThePlaceOfAnotherOrOfADrawingUnasked) {
-  const Names names{L"a.dxf", L"A.dwt", L"b\".dxf", L"c.dxf"};
+  const Names names{L"a.dxf", L"A.dxf", L"b\".dxf", L"c.dxf"};
   draw(names[0]);
   draw(names[3]);
   choose(names);
@@ -349,11 +350,29 @@ TEST_F(Batch, NoResultTakesThePlaceOfAnotherOrOfADrawingUnasked) {
   type(L"KIV_TOACAD");
   EXPECT_EQ(results(), Names({L"a.DXF", L"c.DXF"}));
   EXPECT_EQ(content("in/a.dxf"), kDrawing);
-  expectReport(L"\n[a.dxf]\n[A.dwt] [NG]\n[b\".dxf] [NG]\n[c.dxf]", L"\n4件中2件 変換に失敗しました.");
+  expectReport(L"\n[a.dxf]\n[A.dxf] [NG]\n[b\".dxf] [NG]\n[c.dxf]", L"\n4件中2件 変換に失敗しました.");
   for (const std::wstring& reason :
-       {L"[a.dxf]の変換結果と同じ名前(A.DXF)になるため変換できません: " + in(L"A.dwt"),
+       {L"[a.dxf]の変換結果と同じ名前(A.DXF)になるため変換できません: " + in(L"A.dxf"),
         L"ﾌｧｲﾙ名に使用できない文字があるため変換できません: " + in(L"b\".dxf")})
     EXPECT_NE(printed_.find(L"\nKivｴﾗｰ:" + reason), printed_.npos);
+}
+
+TEST_F(Batch, EachDrawingKeepsItsFormat) {
+  const std::string dwg = cad::dwg::bytesOf(cad::dwg::wholeDrawing(base::Version::kR2004));
+  draw(L"a.dxf");
+  draw(L"b.dwg", dwg);
+  draw(L"c.dwt", dwg);
+  draw(L"d.dwg");
+  choose({L"a.dxf", L"b.dwg", L"c.dwt", L"d.dwg"}, L"0");
+  thenBegins();
+  thenIsBack();
+  type(L"KIV_TOACAD");
+  EXPECT_EQ(results(), Names({L"a.DXF", L"b.DWG", L"c.DWG"}));
+  EXPECT_EQ(content("out/a.DXF"), kConverted);
+  EXPECT_EQ(content("out/b.DWG"), content("out/c.DWG"));
+  EXPECT_NE(content("out/b.DWG"), dwg);
+  EXPECT_NE(printed_.find(L"このﾎｽﾄは図面の形式を変えないため, DXF形式で保存します."), printed_.npos);
+  expectReport(L"\n[a.dxf]\n[b.dwg]\n[c.dwt]\n[d.dwg] [NG]", L"\n4件中1件 変換に失敗しました.");
 }
 
 TEST_F(Batch, TheSystemsChooserServesWhereTheSettingsSaySo) {

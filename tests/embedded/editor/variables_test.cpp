@@ -52,7 +52,7 @@ TEST_F(Variables, HaveTheirOwnTypes) {
   EXPECT_EQ(getText(L"CECOLOR"), L"BYLAYER");
   EXPECT_EQ(getText(L"DWGNAME"), L"plan.dxf");
   EXPECT_EQ(getText(L"DWGPREFIX"), text(folder_ / ""));
-  EXPECT_EQ(getText(L"SAVEFORMATS"), L"DXF");
+  EXPECT_EQ(getText(L"SAVEFORMATS"), L"DWG,DXF,DWT");
   resbuf value{};
   EXPECT_EQ(acedGetVar(L"NOSUCHTHING", &value), RTERROR);
 }
