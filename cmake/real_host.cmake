@@ -10,8 +10,10 @@ endif()
 set(CMAKE_MSVC_RUNTIME_LIBRARY MultiThreadedDLL)
 
 # _AFXEXT: a library of the framework's extension kind, which shares the framework's libraries with the host.
-add_compile_definitions(UNICODE _UNICODE _WIN32_WINNT=0x0A00 _AFXEXT)
-add_compile_options("$<$<COMPILE_LANGUAGE:CXX>:/utf-8;/EHsc;/W4;/Zc:__cplusplus>")
+add_compile_definitions(_AFXEXT)
+# /Brepro: what is built twice from the same sources is the same.
+add_compile_options("$<$<COMPILE_LANGUAGE:CXX>:/utf-8;/EHsc;/W4;/Zc:__cplusplus;/Brepro>")
+add_link_options(/Brepro)
 
 # Takes the place of the embedded host. The framework comes before every other header, as it demands.
 add_library(cad_host INTERFACE)

@@ -1,7 +1,7 @@
 # What every target of a Windows build needs.
 enable_language(RC)
 
-add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
+add_compile_definitions(WIN32_LEAN_AND_MEAN)
 
 # A wide character has 16 bits here: what portable code asks about larger ones is always false.
 add_compile_options(-Wno-type-limits)

@@ -1,6 +1,6 @@
 // The framework keeps the chain of resource libraries. A library of its extension kind shares the host's
 // module state, so there is no state to switch on the way in; what is switched is whose resources are found
-// first.
+// first. Of the module only: the library's entry must attach and detach what <afxdllx.h> brings.
 #include "platform/extension_module.h"
 
 #include <afxwin.h>

@@ -103,6 +103,9 @@ def check_links(folder, kit):
         for wanted in [f"/DEF:{ROOT}/{exports}"] + [f"{kit}/lib-x64/{library}.lib" for library in LIBRARIES]:
             if wanted not in rule:
                 fail(f"{module} is linked without {wanted}:\n{rule}")
+        # Their library would bring an entry of the framework that nothing there answers.
+        if ("real_host/extension_module" in rule) != (module == "bin/KIVGUI.ARX"):
+            fail(f"platform/real_host is the module's and nobody else's; not so in {module}:\n{rule}")
 
 
 def arguments_of(entry, kit):
@@ -113,16 +116,18 @@ def arguments_of(entry, kit):
     host = ["-I" + os.path.join(kit, "inc")] if "-imsvc" + os.path.join(kit, "inc") in command else []
     return (["--target=x86_64-w64-mingw32", "-std=c++20", "-nostdinc++"]
             + [word for sub in ("", "/x86_64-w64-mingw32", "/backward") for word in ("-isystem", library + sub)]
-            + [word for word in command if word.startswith(("-D", "-I"))] + host)
+            + ["-isystem", FRAMEWORK]
+            + [word for word in command if word.startswith(("-D", "-I"))] + host
+            + ([] if "-DNOMINMAX" in command else ["-DKIV_WANTS_MACROS"]))
 
 
-def precompile(work, arguments):
-    """The standard headers once; with the framework before them, as the build has it."""
-    header = os.path.join(work, "first.h")
+def precompile(work, name, first, arguments):
+    """The standard headers once, behind what the build has before them."""
+    header = os.path.join(work, name + ".h")
     with open(header, "w", encoding="utf-8") as file:
-        file.write('#include "platform/real_host/framework.h"\n' + "".join(f"#include <{name}>\n" for name in STANDARD))
-    compiled = os.path.join(work, "first.pch")
-    made = run("clang++", *arguments, "-isystem", FRAMEWORK, "-xc++-header", header, "-o", compiled)
+        file.write("".join(f"#include {each}\n" for each in first + [f"<{name}>" for name in STANDARD]))
+    compiled = os.path.join(work, name + ".pch")
+    made = run("clang++", *arguments, "-Xclang", "-fpch-instantiate-templates", "-xc++-header", header, "-o", compiled)
     return compiled if made.returncode == 0 else fail(made.stdout)
 
 
@@ -141,11 +146,15 @@ def check_sources(folder, kit, work):
         entries = [entry for entry in json.load(file) if entry["file"].endswith(".cpp")
                    and entry["file"].startswith(ROOT) and not entry["file"].startswith(folder)]
     arguments = {entry["file"]: arguments_of(entry, kit) for entry in entries}
-    first = precompile(work, next(each for path, each in arguments.items() if "/host/" in path))
+    # The framework comes before a source where the build has it so.
+    framed = {entry["file"]: "cmake_pch" in entry["command"] for entry in entries}
+    headers = {}
+    for kind, first in (True, ['"platform/real_host/framework.h"']), (False, []):
+        example = next(path for path in sorted(arguments) if framed[path] == kind)
+        headers[kind] = precompile(work, "framed" if kind else "plain", first, arguments[example])
 
     def compile_one(path):
-        return run("clang++", *arguments[path], "-isystem", FRAMEWORK, *STRICT, "-fsyntax-only",
-                   "-include-pch", first, path)
+        return run("clang++", *arguments[path], *STRICT, "-fsyntax-only", "-include-pch", headers[framed[path]], path)
 
     with concurrent.futures.ThreadPoolExecutor(2) as pool:
         tried = list(pool.map(compile_one, sorted(arguments)))

@@ -5,6 +5,9 @@
 #if defined(_WINDOWS_)
 #error "<windows.h> is included before the framework's header"
 #endif
+#if defined(NOMINMAX)
+#error "headers of the framework find no macros min and max"
+#endif
 #define __AFXWIN_H__
 
 #include <windows.h>
@@ -15,6 +18,10 @@
 #include <richedit.h>
 #include <shellapi.h>
 #include <shlwapi.h>
+
+// As the system's header makes them; that of MinGW never does where its C++ library is.
+#define max(a, b) (((a) > (b)) ? (a) : (b))
+#define min(a, b) (((a) < (b)) ? (a) : (b))
 
 class CWnd {
  public:
