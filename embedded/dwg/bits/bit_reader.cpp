@@ -33,25 +33,10 @@ void BitReader::skip(std::uint64_t bits) {
   }
 }
 
-bool BitReader::b() { return bits(1) != 0; }
-
-unsigned BitReader::bb() { return static_cast<unsigned>(bits(2)); }
-
-unsigned BitReader::threeBits() { return static_cast<unsigned>(bits(3)); }
-
-std::uint64_t BitReader::bits(unsigned count) {
+std::uint64_t BitReader::bitsAtEnd(unsigned count) {
   if (count > left()) {
     failed_ = true;
     return 0;
-  }
-  const auto byte = static_cast<std::size_t>(at_ >> 3);
-  constexpr unsigned kWord = 64, kMostAtOnce = kWord - 7;
-  if (count <= kMostAtOnce && count > 0 && bytes_.size() - byte >= sizeof(std::uint64_t)) {
-    std::uint64_t word = 0;
-    for (unsigned i = 0; i < sizeof word; ++i) word = word << 8 | static_cast<std::uint8_t>(bytes_[byte + i]);
-    const auto inByte = static_cast<unsigned>(at_ & 7);
-    at_ += count;
-    return word << inByte >> (kWord - count);
   }
   std::uint64_t value = 0;
   while (count > 0) {

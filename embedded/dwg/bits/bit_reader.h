@@ -31,10 +31,20 @@ class BitReader {
   void skip(std::uint64_t bits);
   void fail() { failed_ = true; }
 
-  bool b();
-  unsigned bb();
-  unsigned threeBits();
-  std::uint64_t bits(unsigned count);  // up to 64
+  bool b() { return bits(1) != 0; }
+  unsigned bb() { return static_cast<unsigned>(bits(2)); }
+  unsigned threeBits() { return static_cast<unsigned>(bits(3)); }
+  std::uint64_t bits(unsigned count) {  // up to 64
+    constexpr unsigned kWord = 64, kMostAtOnce = kWord - 7;
+    const auto byte = static_cast<std::size_t>(at_ >> 3);
+    if (count - 1 >= kMostAtOnce || count > left() || bytes_.size() - byte < sizeof(std::uint64_t))
+      return bitsAtEnd(count);
+    std::uint64_t word = 0;
+    for (unsigned i = 0; i < sizeof word; ++i) word = word << 8 | static_cast<std::uint8_t>(bytes_[byte + i]);
+    const auto inByte = static_cast<unsigned>(at_ & 7);
+    at_ += count;
+    return word << inByte >> (kWord - count);
+  }
   std::uint8_t rc() { return static_cast<std::uint8_t>(bits(8)); }
   std::uint16_t rs();  // raw values have their least significant byte first
   std::uint32_t rl();
@@ -58,6 +68,8 @@ class BitReader {
   std::u16string tu();  // R2007 and later
 
  private:
+  std::uint64_t bitsAtEnd(unsigned count);  // where no whole word is left to take them from
+
   std::string_view bytes_;
   std::uint64_t at_ = 0, end_ = 0;
   bool failed_ = false;

@@ -1,6 +1,7 @@
 #include "embedded/dwg/fields/object_types.h"
 
 #include <algorithm>
+#include <array>
 
 #include "embedded/dwg/fields/text_range.h"
 
@@ -101,6 +102,14 @@ constexpr FixedType kFixedTypes[] = {
     {0x1F3, kOther, "ACAD_PROXY_OBJECT", kObject},
 };
 
+// The type of each number below 500, as a position in the list; one more than the last: none.
+constexpr auto kFixedByNumber = [] {
+  std::array<std::uint8_t, kFirstClass> positions{};
+  positions.fill(std::uint8_t{std::size(kFixedTypes)});
+  for (std::uint8_t i = 0; i < std::size(kFixedTypes); ++i) positions[kFixedTypes[i].number] = i;
+  return positions;
+}();
+
 struct NamedKind {
   std::string_view dxfName;
   ObjectKind kind;
@@ -178,9 +187,10 @@ base::Result<std::vector<FileClass>> readClasses(std::string_view section, Versi
 ObjectType typeOf(std::uint16_t number, const std::vector<FileClass>& classes) {
   ObjectType type{.number = number, .kind = kOther, .name = {}, .isEntity = false};
   if (number < kFirstClass) {
-    const auto* const found = std::ranges::lower_bound(kFixedTypes, number, {}, &FixedType::number);
-    if (found != std::end(kFixedTypes) && found->number == number)
-      type = {.number = number, .kind = found->kind, .name = found->name, .isEntity = found->isEntity};
+    if (const std::uint8_t position = kFixedByNumber[number]; position < std::size(kFixedTypes)) {
+      const FixedType& found = kFixedTypes[position];
+      type = {.number = number, .kind = found.kind, .name = found.name, .isEntity = found.isEntity};
+    }
     return type;
   }
   const std::size_t usual = number - kFirstClass;  // classes stand in the order of their numbers
