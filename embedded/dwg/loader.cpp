@@ -14,10 +14,14 @@ base::Result<std::unique_ptr<Drawing>> read(std::shared_ptr<const SourceBytes> s
       readClasses(file.value()->classes(), file.value()->version());
   if (!classes.ok()) return classes.failure();
   auto storage = std::make_unique<DwgStorage>(std::move(file.value()), std::move(classes.value()));
-  Arranger arranger(storage->file(), storage->classes());
-  arranger.run();
-  storage->setRecords(arranger.takeRecords());
-  return std::make_unique<Drawing>(std::move(storage), arranger.takeLoaded());
+  LoadedRecords loaded;
+  {
+    Arranger arranger(storage->file(), storage->classes());
+    arranger.run();
+    storage->setRecords(arranger.takeRecords());
+    loaded = arranger.takeLoaded();
+  }
+  return std::make_unique<Drawing>(std::move(storage), std::move(loaded));
 }
 
 }  // namespace cad::dwg

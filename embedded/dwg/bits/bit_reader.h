@@ -75,4 +75,52 @@ class BitReader {
   bool failed_ = false;
 };
 
+// What almost every field is read by.
+inline std::uint16_t BitReader::rs() {
+  const auto value = static_cast<std::uint16_t>(bits(16));
+  return static_cast<std::uint16_t>(value << 8 | value >> 8);
+}
+
+inline std::uint32_t BitReader::rl() {
+  const auto value = static_cast<std::uint32_t>(bits(32));
+  return value << 24 | (value << 8 & 0xFF0000) | (value >> 8 & 0xFF00) | value >> 24;
+}
+
+inline std::int16_t BitReader::bs() {
+  switch (bb()) {
+    case 0:
+      return static_cast<std::int16_t>(rs());
+    case 1:
+      return rc();
+    case 2:
+      return 0;
+    default:
+      return failed_ ? 0 : 256;
+  }
+}
+
+inline std::int32_t BitReader::bl() {
+  switch (bb()) {
+    case 0:
+      return static_cast<std::int32_t>(rl());
+    case 1:
+      return rc();
+    case 3:
+      failed_ = true;
+      [[fallthrough]];
+    default:
+      return 0;
+  }
+}
+
+inline HandleReference BitReader::h() {
+  HandleReference reference;
+  reference.code = static_cast<std::uint8_t>(bits(4));
+  reference.size = static_cast<std::uint8_t>(bits(4));
+  if (reference.size > 8) failed_ = true;
+  if (failed_) return {};
+  reference.value = bits(reference.size * 8U);
+  return failed_ ? HandleReference() : reference;
+}
+
 }  // namespace cad::dwg

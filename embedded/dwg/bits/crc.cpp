@@ -25,6 +25,16 @@ constexpr std::uint32_t kModulus = 65521;
 constexpr std::size_t kChunk = 0x15B0;
 
 constexpr auto kTable16 = reflectedTable<std::uint16_t, 0xA001>();
+// What a byte makes of the sum when one, two or three more follow.
+constexpr auto kFarTables16 = [] {
+  std::array<std::array<std::uint16_t, 256>, 3> tables{};
+  for (unsigned byte = 0; byte < 256; ++byte) {
+    std::uint16_t value = kTable16[byte];
+    for (auto& table : tables)
+      table[byte] = value = static_cast<std::uint16_t>(value >> 8 ^ kTable16[value & 0xFF]);
+  }
+  return tables;
+}();
 constexpr auto kTable32 = reflectedTable<std::uint32_t, 0xEDB88320>();
 
 constexpr std::array<std::uint64_t, 256> forwardTable(std::uint64_t polynomial) {
@@ -56,6 +66,12 @@ void inOrder(std::string_view bytes, const Take& take) {
 }  // namespace
 
 std::uint16_t crc16(std::uint16_t start, std::string_view bytes) {
+  for (; bytes.size() >= 4; bytes.remove_prefix(4)) {
+    const auto byte = [&](std::size_t at) { return static_cast<std::uint8_t>(bytes[at]); };
+    start = static_cast<std::uint16_t>(kFarTables16[2][(start ^ byte(0)) & 0xFF] ^
+                                       kFarTables16[1][(start >> 8 ^ byte(1)) & 0xFF] ^
+                                       kFarTables16[0][byte(2)] ^ kTable16[byte(3)]);
+  }
   for (const char c : bytes) {
     start = static_cast<std::uint16_t>(start >> 8 ^ kTable16[(start ^ static_cast<std::uint8_t>(c)) & 0xFF]);
   }

@@ -102,12 +102,13 @@ constexpr FixedType kFixedTypes[] = {
     {0x1F3, kOther, "ACAD_PROXY_OBJECT", kObject},
 };
 
-// The type of each number below 500, as a position in the list; one more than the last: none.
-constexpr auto kFixedByNumber = [] {
-  std::array<std::uint8_t, kFirstClass> positions{};
-  positions.fill(std::uint8_t{std::size(kFixedTypes)});
-  for (std::uint8_t i = 0; i < std::size(kFixedTypes); ++i) positions[kFixedTypes[i].number] = i;
-  return positions;
+// The types of the numbers below 500.
+constexpr auto kTypesByNumber = [] {
+  std::array<ObjectType, kFirstClass> types{};
+  for (std::uint16_t number = 0; number < kFirstClass; ++number) types[number].number = number;
+  for (const FixedType& fixed : kFixedTypes)
+    types[fixed.number] = {fixed.number, fixed.kind, fixed.name, fixed.isEntity};
+  return types;
 }();
 
 struct NamedKind {
@@ -185,14 +186,8 @@ base::Result<std::vector<FileClass>> readClasses(std::string_view section, Versi
 }
 
 ObjectType typeOf(std::uint16_t number, const std::vector<FileClass>& classes) {
+  if (number < kFirstClass) return kTypesByNumber[number];
   ObjectType type{.number = number, .kind = kOther, .name = {}, .isEntity = false};
-  if (number < kFirstClass) {
-    if (const std::uint8_t position = kFixedByNumber[number]; position < std::size(kFixedTypes)) {
-      const FixedType& found = kFixedTypes[position];
-      type = {.number = number, .kind = found.kind, .name = found.name, .isEntity = found.isEntity};
-    }
-    return type;
-  }
   const std::size_t usual = number - kFirstClass;  // classes stand in the order of their numbers
   const FileClass* found = nullptr;
   if (usual < classes.size() && classes[usual].number == number) {
