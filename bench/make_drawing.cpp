@@ -91,6 +91,7 @@ struct Names {
     for (const auto* group : {&walls, &fittings, &services, &texts, &dimensions, &hatches, &others}) {
       result.insert(result.end(), group->begin(), group->end());
     }
+    result.push_back("Defpoints");  // of the dimensions' blocks
     return result;
   }
 };
@@ -228,7 +229,7 @@ void beginBlock(Writer& out, std::uint64_t owner, std::string_view name) {
   entityHead(out, "BLOCK", owner, "0");
   out.text(100, "AcDbBlockBegin");
   out.text(2, name);
-  out.integer(70, name.front() == '*' ? 1 : 0);
+  out.integer(70, name.starts_with("*D") ? 1 : 0);
   out.point(10, 0, 0);
   out.text(3, name);
   out.text(1, "");

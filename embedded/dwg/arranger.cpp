@@ -1,6 +1,8 @@
 #include "embedded/dwg/arranger.h"
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
 #include <string>
 
 #include "base/fold.h"
@@ -30,7 +32,10 @@ constexpr TableForm kTables[] = {{Table::kViewport, ObjectKind::kVportControl, "
                                  {Table::kDimStyle, ObjectKind::kDimStyleControl, "DIMSTYLE"},
                                  {Table::kBlockRecord, ObjectKind::kBlockControl, "BLOCK_RECORD"}};
 
-bool isPart(std::string_view type) { return type == "VERTEX" || type == "ATTRIB" || type == "SEQEND"; }
+bool isPart(ObjectKind kind) {
+  return kind == ObjectKind::kAttrib || kind == ObjectKind::kSeqend ||
+         (kind >= ObjectKind::kVertex2d && kind <= ObjectKind::kVertexPfaceFace);
+}
 bool isBlockFrame(ObjectKind kind) { return kind == ObjectKind::kBlock || kind == ObjectKind::kEndblk; }
 
 // What an entity's parts are called in its fields: "first vertex", "vertex".
@@ -63,22 +68,45 @@ Arranger::Place Arranger::placeOf(Handle handle) const {
                                                           : static_cast<Place>(found - places.begin());
 }
 
+Arranger::Place Arranger::placeOf(Handle handle, Place likely) const {
+  const auto places = file_.places();
+  return likely < places.size() && places[likely].handle == handle ? likely : placeOf(handle);
+}
+
 void Arranger::readObjects() {
   objects_.resize(file_.places().size());
   for (Place place = 0; place < objects_.size(); ++place) {
-    const base::Result<ObjectFrame> frame = frameAt(place);
+    const ObjectPlace& at = file_.places()[place];
+    const ObjectBytes bytes = file_.objectOf(at);
+    ObjectFrame frame;
+    if (readFrame(frame, bytes.data, bytes.handleBits, file_.version(), classes_) != nullptr) continue;
+    if (frame.handle != at.handle) continue;
     Object& object = objects_[place];
-    if (!frame.ok() || frame.value().handle != file_.places()[place].handle) continue;
     object.intact = true;
-    object.type = frame.value().type;
-    if (object.type.isEntity) object.head = readEntityHead(frame.value());
+    object.number = frame.type.number;
+    object.isEntity = frame.type.isEntity;
+    if (object.isEntity) {
+      readEntity(place, frame);
+    } else {
+      others_.push_back(place);
+    }
   }
 }
 
+void Arranger::readEntity(Place place, const ObjectFrame& frame) {
+  const EntityHead head = readEntityHead(frame);
+  Object& object = objects_[place];
+  object.signature = signatureOf(frame.type, head);
+  if (head.mode == EntityMode::kModelSpace) object.owner = kInModel;
+  if (head.mode == EntityMode::kPaperSpace) object.owner = kInPaper;
+  const Place before = place > 0 ? objects_[place - 1].owner : kNowhere;
+  if (head.mode == EntityMode::kOwned) object.owner = placeOf(head.owner, before);
+  if (head.next != 0) object.next = placeOf(head.next, place + 1);
+}
+
 Arranger::Place Arranger::controlOf(ObjectKind kind) const {
-  const auto found = std::ranges::find_if(
-      objects_, [&](const Object& object) { return object.intact && object.type.kind == kind; });
-  return found == objects_.end() ? kNowhere : static_cast<Place>(found - objects_.begin());
+  const auto found = std::ranges::find_if(others_, [&](Place place) { return typeAt(place).kind == kind; });
+  return found == others_.end() ? kNowhere : *found;
 }
 
 Arranger::Place Arranger::named(const Fields& fields, std::string_view name) const {
@@ -100,50 +128,54 @@ std::vector<Arranger::Place> Arranger::listed(const Fields& fields, std::string_
 
 // --- Owners ----------------------------------------------------------------------------------------------
 
-void Arranger::collectMembers() {
-  for (Place place = 0; place < objects_.size(); ++place) {
-    const Object& object = objects_[place];
-    if (!object.intact || !object.type.isEntity || isBlockFrame(object.type.kind)) continue;
-    const EntityHead& head = object.head;
-    const Place owner = head.mode == EntityMode::kModelSpace   ? model_
-                        : head.mode == EntityMode::kPaperSpace ? paper_
-                                                               : placeOf(head.owner);
-    if (owner == kNowhere) continue;
-    (isPart(object.type.name) ? parts_ : entities_).push_back({owner, place});
-  }
-  for (Members* members : {&entities_, &parts_}) std::ranges::stable_sort(*members, {}, &Member::owner);
+Arranger::Place Arranger::ownerOf(Place place) const {
+  const Place owner = objects_[place].owner;
+  return owner == kInModel ? model_ : owner == kInPaper ? paper_ : owner;
 }
 
-std::span<const Arranger::Member> Arranger::membersOf(const Members& members, Place owner) {
-  return {std::ranges::lower_bound(members, owner, {}, &Member::owner),
-          std::ranges::upper_bound(members, owner, {}, &Member::owner)};
+Arranger::Members Arranger::collected(bool areParts) const {
+  Members members;
+  members.begins.resize(objects_.size() + 2);
+  const auto forEach = [&](const auto& visit) {
+    for (Place place = 0; place < objects_.size(); ++place) {
+      if (!objects_[place].isEntity) continue;
+      const ObjectKind kind = typeAt(place).kind;
+      const Place owner = isBlockFrame(kind) ? kNowhere : ownerOf(place);
+      if (owner != kNowhere && isPart(kind) == areParts) visit(owner, place);
+    }
+  };
+  // Each list begins two further on until it is filled.
+  forEach([&](Place owner, Place) { ++members.begins[owner + 2]; });
+  for (std::size_t i = 1; i < members.begins.size(); ++i) members.begins[i] += members.begins[i - 1];
+  members.places.resize(members.begins.back());
+  forEach([&](Place owner, Place place) { members.places[members.begins[owner + 1]++] = place; });
+  return members;
 }
 
 // The members of an owner in its own order: along their chain, or as it lists them; then those that it does
 // not have there.
 std::vector<Arranger::Place> Arranger::ordered(const Members& members, Place owner, const Fields& fields,
                                                std::string_view singular) const {
-  const std::span<const Member> own = membersOf(members, owner);
-  std::vector<Place> left, order;
-  for (const Member& member : own) left.push_back(member.place);
-  const auto position = [&](Place place) {
-    const auto found = std::ranges::lower_bound(own, place, {}, &Member::place);
-    return found == own.end() || found->place != place ? left.size()
-                                                       : static_cast<std::size_t>(found - own.begin());
-  };
+  const std::span<const Place> own = members.of(owner);
+  std::vector<Place> left(own.begin(), own.end()), order;
+  order.reserve(own.size());
+  std::size_t likely = 0;  // mostly they stand in the file as they follow each other
   const auto take = [&](Place place) {
-    const std::size_t at = place == kNowhere ? left.size() : position(place);
-    if (at == left.size() || left[at] == kNowhere) return false;
+    if (place == kNowhere) return false;
+    if (likely >= own.size() || own[likely] != place)
+      likely = static_cast<std::size_t>(std::ranges::lower_bound(own, place) - own.begin());
+    if (likely == own.size() || own[likely] != place || left[likely] == kNowhere) return false;
     order.push_back(place);
-    left[at] = kNowhere;
+    left[likely++] = kNowhere;
     return true;
   };
   for (const Place place : listed(fields, singular)) take(place);
   Place place = named(fields, "first " + std::string(singular));
   const Place last = named(fields, "last " + std::string(singular));
-  while (take(place) && place != last) place = placeOf(objects_[place].head.next);
+  while (take(place) && place != last) place = objects_[place].next;
   std::ranges::copy_if(left, std::back_inserter(order), [](Place each) { return each != kNowhere; });
-  std::ranges::stable_partition(order, [&](Place each) { return objects_[each].type.name != "SEQEND"; });
+  const auto isEnd = [&](Place each) { return typeAt(each).kind == ObjectKind::kSeqend; };
+  if (&members == &parts_) std::ranges::stable_partition(order, std::not_fn(isEnd));
   return order;
 }
 
@@ -152,11 +184,11 @@ std::vector<Arranger::Place> Arranger::ordered(const Members& members, Place own
 RecordId Arranger::add(Place place, RecordKind kind, Table table, RecordId owner) {
   Record record;
   record.offset = place;
-  record.length = objects_[place].type.number;
+  record.length = objects_[place].number;
   record.kind = kind;
   record.table = table;
   record.owner = owner;
-  if (objects_[place].intact && objects_[place].type.isEntity) record.signature = signatureOf(place);
+  record.signature = objects_[place].signature;
   const auto id = static_cast<RecordId>(loaded_.records.size());
   loaded_.records.push_back(record);
   records_.byPlace[place] = id;
@@ -168,8 +200,7 @@ void Arranger::addTable(Table table, ObjectKind control, std::string_view type) 
   if (head == kNowhere) return;
   records_.control[table] = add(head, RecordKind::kTable, table, kNoRecord);
   const auto takes = [&](Place place) {
-    return records_.byPlace[place] == kNoRecord && objects_[place].intact &&
-           objects_[place].type.name == type;
+    return records_.byPlace[place] == kNoRecord && objects_[place].intact && typeAt(place).name == type;
   };
   const base::Result<ObjectFrame> frame = frameAt(head);
   if (frame.ok()) {
@@ -181,7 +212,7 @@ void Arranger::addTable(Table table, ObjectKind control, std::string_view type) 
       if (takes(place)) add(place, RecordKind::kTableRecord, table, kNoRecord);
     if (table == Table::kBlockRecord) noteIndices(fields);
   }
-  for (Place place = 0; place < objects_.size(); ++place)
+  for (const Place place : others_)
     if (takes(place)) add(place, RecordKind::kTableRecord, table, kNoRecord);
 }
 
@@ -196,20 +227,24 @@ void Arranger::noteIndices(const Fields& control) {
 void Arranger::addEntity(Place place, RecordId block) {
   if (records_.byPlace[place] != kNoRecord) return;
   const RecordId entity = add(place, RecordKind::kEntity, Table::kNone, block);
-  if (membersOf(parts_, place).empty()) return;
+  if (parts_.of(place).empty()) return;
   const base::Result<ObjectFrame> frame = frameAt(place);
   if (!frame.ok()) return;
-  const std::string_view type = objects_[place].type.name;
+  const std::string_view type = typeAt(place).name;
   for (const Place part : ordered(parts_, place, readFields(frame.value()), partName(type)))
     if (records_.byPlace[part] == kNoRecord) add(part, RecordKind::kSubEntity, Table::kNone, entity);
 }
 
-void Arranger::addContent(Place entry) {
+void Arranger::addContent(Place entry, const Fields& fields) {
   const auto block = records_.blockOfEntry.find(file_.places()[entry].handle);
+  if (block == records_.blockOfEntry.end()) return;
+  for (const Place place : ordered(entities_, entry, fields, "entity")) addEntity(place, block->second);
+}
+
+void Arranger::addSpace(Place entry) {
+  if (entry == kNowhere) return;
   const base::Result<ObjectFrame> frame = frameAt(entry);
-  if (block == records_.blockOfEntry.end() || !frame.ok()) return;
-  for (const Place place : ordered(entities_, entry, readFields(frame.value()), "entity"))
-    addEntity(place, block->second);
+  if (frame.ok()) addContent(entry, readFields(frame.value()));
 }
 
 void Arranger::addBlock(Place entry, bool withContent) {
@@ -218,27 +253,28 @@ void Arranger::addBlock(Place entry, bool withContent) {
   const Fields fields = readFields(frame.value());
   const Place begin = named(fields, kBlockBegin), end = named(fields, kBlockEnd);
   const auto isOf = [&](Place place, ObjectKind kind) {
-    return place != kNowhere && records_.byPlace[place] == kNoRecord && objects_[place].type.kind == kind;
+    return place != kNowhere && records_.byPlace[place] == kNoRecord && typeAt(place).kind == kind;
   };
   if (!isOf(begin, ObjectKind::kBlock)) return;
   const RecordId block = add(begin, RecordKind::kBlockBegin, Table::kBlock, kNoRecord);
   records_.blockOfEntry[file_.places()[entry].handle] = block;
   records_.entryOfBlock[file_.places()[begin].handle] = file_.places()[entry].handle;
   records_.beginOfEntry[file_.places()[entry].handle] = file_.places()[begin].handle;
-  noteSpace(entry, block);
-  if (withContent) addContent(entry);
+  noteSpace(entry, fields, block);
+  if (withContent) addContent(entry, fields);
   if (isOf(end, ObjectKind::kEndblk)) add(end, RecordKind::kBlockEnd, Table::kNone, block);
 }
 
-void Arranger::noteSpace(Place entry, RecordId block) {
-  const base::Result<ObjectFrame> frame = frameAt(entry);
-  const std::wstring name =
-      frame.ok() ? base::upper(decodeStored(storedName(readFields(frame.value())), file_.facts().codePage))
-                 : std::wstring();
+void Arranger::noteSpace(Place entry, const Fields& fields, RecordId block) {
   if (entry == model_) loaded_.modelSpace = block;
   if (entry == paper_) loaded_.paperSpace = block;
-  const bool isSpace = entry == model_ || entry == paper_ || name.starts_with(base::upper(kPaperSpaceName));
-  if (isSpace) loaded_.records[block].flags |= Record::kLayoutSpace;
+  const auto isPaperSpace = [&] {
+    const std::string stored = storedName(fields);
+    return stored.starts_with('*') && base::upper(decodeStored(stored, file_.facts().codePage))
+                                          .starts_with(base::upper(kPaperSpaceName));
+  };
+  if (entry == model_ || entry == paper_ || isPaperSpace())
+    loaded_.records[block].flags |= Record::kLayoutSpace;
 }
 
 void Arranger::run() {
@@ -255,19 +291,19 @@ void Arranger::run() {
       model_ = named(fields, kModelSpace), paper_ = named(fields, kPaperSpace);
     }
   }
-  collectMembers();
+  entities_ = collected(false);
+  parts_ = collected(true);
   for (const TableForm& form : kTables) addTable(form.table, form.control, form.type);
   std::vector<Place> entries;
   for (const Record& record : loaded_.records)
     if (record.table == Table::kBlockRecord && record.kind == RecordKind::kTableRecord)
       entries.push_back(static_cast<Place>(record.offset));
   for (const Place entry : entries) addBlock(entry, entry != model_ && entry != paper_);
-  for (const Place space : {model_, paper_})
-    if (space != kNowhere) addContent(space);
+  for (const Place space : {model_, paper_}) addSpace(space);
   for (Place place = 0; place < objects_.size(); ++place) {
     if (records_.byPlace[place] != kNoRecord) continue;
     const Object& object = objects_[place];
-    const bool isObject = object.intact && !object.type.isEntity;
+    const bool isObject = object.intact && !object.isEntity;
     add(place, isObject ? RecordKind::kObject : RecordKind::kOther, Table::kNone, kNoRecord);
   }
 }
@@ -289,25 +325,22 @@ NameId Arranger::nameOf(Handle record, std::string_view otherwise) {
   return known->second = loaded_.names.intern(name.empty() ? otherwise : std::string_view(name));
 }
 
-SignatureId Arranger::signatureOf(Place place) {
-  const Object& object = objects_[place];
-  const EntityHead& head = object.head;
+SignatureId Arranger::signatureOf(const ObjectType& type, const EntityHead& head) {
   const bool named = head.linetypeKind == LinetypeKind::kNamed;
   const std::uint64_t linetype =
       (named ? head.linetype : 0) << 2 | static_cast<std::uint64_t>(head.linetypeKind);
-  const std::uint64_t number =
-      std::uint64_t{object.type.number} << 16 | static_cast<std::uint16_t>(head.color);
+  const std::uint64_t number = std::uint64_t{type.number} << 16 | static_cast<std::uint16_t>(head.color);
   const std::uint64_t key[4] = {number, head.layer, linetype, head.style};
   std::uint64_t hash = 0;
   for (const std::uint64_t part : key) hash = (hash ^ part) * 0x9E3779B97F4A7C15u;
-  KnownSignature& known = known_[hash >> 56];
+  KnownSignature& known = known_[hash >> 52];
   if (known.id != 0 && std::ranges::equal(known.key, key)) return known.id;
   Signature signature;
-  signature.type = loaded_.names.intern(object.type.name);
+  signature.type = loaded_.names.intern(type.name);
   signature.layer = nameOf(head.layer, "0");
   const std::string_view kind = linetypeName(head.linetypeKind);
   signature.linetype = named ? nameOf(head.linetype, kind) : loaded_.names.intern(kind);
-  if (hasTextStyle(object.type.kind)) signature.style = nameOf(head.style, "Standard");
+  if (hasTextStyle(type.kind)) signature.style = nameOf(head.style, "Standard");
   signature.color = head.color;
   std::ranges::copy(key, known.key);
   return known.id = loaded_.signatures.intern(signature);

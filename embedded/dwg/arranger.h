@@ -2,7 +2,6 @@
 // Puts the objects of a file into the order in which the drawing has records: the tables, the blocks with
 // what they hold, model space and the active paper space, everything else.
 
-#include <array>
 #include <cstdint>
 #include <span>
 #include <unordered_map>
@@ -24,23 +23,32 @@ class Arranger {
 
  private:
   using Place = std::uint32_t;  // position in DwgFile::places()
-  static constexpr Place kNowhere = 0xFFFFFFFF;
+  static constexpr Place kNowhere = 0xFFFFFFFF, kInModel = 0xFFFFFFFE, kInPaper = 0xFFFFFFFD;
 
+  // As few bytes as can be: files have millions of them.
   struct Object {
-    ObjectType type;
-    bool intact = false;
-    EntityHead head;
+    Place owner = kNowhere, next = kNowhere;  // of an entity
+    SignatureId signature = 0;
+    std::uint16_t number = 0;  // of its type
+    bool intact = false, isEntity = false;
   };
-  struct Member {
-    Place owner, place;
+  // Entities by their owner, each owner's in the order of the file.
+  struct Members {
+    std::vector<Place> places;
+    std::vector<std::uint32_t> begins;  // by owner: where its own begin
+    std::span<const Place> of(Place owner) const {
+      return std::span(places).subspan(begins[owner], begins[owner + 1] - begins[owner]);
+    }
   };
-  using Members = std::vector<Member>;  // by owner, then by place
 
   void readObjects();
-  void collectMembers();
-  static std::span<const Member> membersOf(const Members& members, Place owner);
+  void readEntity(Place place, const ObjectFrame& frame);
+  Place ownerOf(Place place) const;
+  Members collected(bool areParts) const;
+  ObjectType typeAt(Place place) const { return typeOf(objects_[place].number, classes_); }
   base::Result<ObjectFrame> frameAt(Place place) const;
   Place placeOf(Handle handle) const;
+  Place placeOf(Handle handle, Place likely) const;
   Place controlOf(ObjectKind kind) const;
   std::vector<Place> listed(const Fields& fields, std::string_view name) const;
   Place named(const Fields& fields, std::string_view name) const;
@@ -48,18 +56,20 @@ class Arranger {
   RecordId add(Place place, RecordKind kind, Table table, RecordId owner);
   void addTable(Table table, ObjectKind control, std::string_view type);
   void addBlock(Place entry, bool withContent);
-  void addContent(Place entry);
   void noteIndices(const Fields& control);
+  void addContent(Place entry, const Fields& fields);
+  void addSpace(Place entry);
   void addEntity(Place place, RecordId block);
   std::vector<Place> ordered(const Members& members, Place owner, const Fields& fields,
                              std::string_view singular) const;
-  SignatureId signatureOf(Place place);
+  SignatureId signatureOf(const ObjectType& type, const EntityHead& head);
   NameId nameOf(Handle record, std::string_view otherwise);
-  void noteSpace(Place entry, RecordId block);
+  void noteSpace(Place entry, const Fields& fields, RecordId block);
 
   const DwgFile& file_;
   const std::vector<FileClass>& classes_;
   std::vector<Object> objects_;
+  std::vector<Place> others_;  // the intact ones that are no entities
   Members entities_, parts_;
   Place model_ = kNowhere, paper_ = kNowhere;  // table entries of the spaces
   LoadedRecords loaded_;
@@ -69,7 +79,7 @@ class Arranger {
     std::uint64_t key[4] = {};
     SignatureId id = 0;
   };
-  std::array<KnownSignature, 256> known_{};
+  std::vector<KnownSignature> known_ = std::vector<KnownSignature>(4096);
 };
 
 }  // namespace cad::dwg

@@ -15,15 +15,31 @@ DwgStorage::DwgStorage(std::unique_ptr<DwgFile> file, std::vector<FileClass> cla
 // --- Objects ---------------------------------------------------------------------------------------------
 
 ObjectBytes DwgStorage::original(const Record& record) const {
-  if ((record.flags & Record::kAdded) != 0) return states_.object(added_[record.offset].first);
+  if ((record.flags & Record::kAdded) != 0) return kept(added_[record.offset].first, {});
   if ((record.flags & Record::kImplied) != 0) return {};
-  if (record.kind == RecordKind::kFrame) return {{}, file_->header()};
-  const base::Result<ObjectBytes> object = file_->objectAt(file_->places()[record.offset].offset);
-  return object.ok() ? object.value() : ObjectBytes();
+  if (record.kind == RecordKind::kFrame) {
+    ObjectBytes header;
+    header.data = file_->header();
+    return header;
+  }
+  return file_->objectOf(file_->places()[record.offset]);
+}
+
+ObjectBytes DwgStorage::kept(EditId state, std::string_view original) const {
+  const auto owner = std::make_shared<std::string>();
+  ObjectBytes bytes = states_.object(state, original, *owner);
+  bytes.owner = owner;
+  return bytes;
 }
 
 ObjectBytes DwgStorage::object(const Record& record) const {
-  return record.edits == kNoEdit ? original(record) : states_.object(record.edits);
+  ObjectBytes original = this->original(record);
+  return record.edits == kNoEdit ? original : kept(record.edits, original.data);
+}
+
+ObjectBytes DwgStorage::object(const Record& record, std::string& buffer) const {
+  const ObjectBytes original = this->original(record);
+  return record.edits == kNoEdit ? original : states_.object(record.edits, original.data, buffer);
 }
 
 ObjectType DwgStorage::typeOf(const Record& record) const {
@@ -32,20 +48,54 @@ ObjectType DwgStorage::typeOf(const Record& record) const {
 
 base::Result<ObjectFrame> DwgStorage::frame(const Record& record) const {
   const ObjectBytes bytes = object(record);
-  return readFrame(bytes.data, bytes.handleBits, version(), classes_);
+  base::Result<ObjectFrame> frame = readFrame(bytes.data, bytes.handleBits, version(), classes_);
+  if (frame.ok()) frame.value().owner = bytes.owner;
+  return frame;
+}
+
+DwgStorage::LookedAt DwgStorage::lookedAt(const Record& record) {
+  return {record.offset, record.edits, static_cast<std::uint8_t>(record.flags & Record::kAdded)};
 }
 
 const Fields& DwgStorage::look(Look& look, const Record& record, Fields (*read)(const ObjectFrame&)) const {
-  const bool isKnown = look.fields && look.offset == record.offset && look.edits == record.edits &&
-                       look.flags == (record.flags & Record::kAdded);
-  if (isKnown) return *look.fields;
-  look.offset = record.offset, look.edits = record.edits;
-  look.flags = record.flags & Record::kAdded;
+  const LookedAt at = lookedAt(record);
+  if (look.fields && look.at == at) return *look.fields;
+  look.at = at;
   const bool isObject = record.kind != RecordKind::kFrame && !record.implied();
   const base::Result<ObjectFrame> frame =
       isObject ? this->frame(record) : base::Result<ObjectFrame>(base::Failure{});
+  look.owner = frame.ok() ? frame.value().owner : nullptr;
   look.fields.emplace(frame.ok() ? read(frame.value()) : Fields({}, version(), 0));
   return *look.fields;
+}
+
+const DwgStorage::Entity* DwgStorage::entity(const Record& record) const {
+  if (record.kind != RecordKind::kEntity && record.kind != RecordKind::kSubEntity) return nullptr;
+  EntityLook& look = entityLook_;
+  if (const LookedAt at = lookedAt(record); !look.isKnown || look.at != at) {
+    look.at = at;
+    look.bytes = object(record, look.buffer);
+    look.isKnown = true, look.isRead = false;
+  }
+  if (!look.isRead) {
+    look.isRead = true;
+    look.entity = {};
+    look.entity.handleBits = look.bytes.handleBits;
+    ObjectFrame& frame = look.entity.frame;
+    if (readFrame(frame, look.bytes.data, look.bytes.handleBits, version(), classes_) == nullptr)
+      look.entity.head = readEntityHead(frame);
+  }
+  return look.entity.head.intact ? &look.entity : nullptr;
+}
+
+void DwgStorage::lookAhead(const Record& record, EditId state, WrittenObject now) {
+  entityLook_.at = lookedAt(record);
+  entityLook_.at.edits = state;
+  entityLook_.buffer = std::move(now.data);
+  entityLook_.bytes = {};
+  entityLook_.bytes.data = entityLook_.buffer;
+  entityLook_.bytes.handleBits = now.handleBits;
+  entityLook_.isKnown = true, entityLook_.isRead = false;
 }
 
 const Fields& DwgStorage::fields(const Record& record) const { return look(look_, record, readFields); }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "embedded/drawing/storage.h"
+#include "embedded/dwg/entity_head.h"
 #include "embedded/dwg/fields/object_fields.h"
 #include "embedded/dwg/files/dwg_file.h"
 #include "embedded/dwg/state_store.h"
@@ -56,6 +57,8 @@ class DwgStorage final : public RecordStorage {
   const std::vector<FileClass>& classes() const { return classes_; }
   // The present bytes of the record's object, of the header's record its section; empty for implied records.
   ObjectBytes object(const Record& record) const;
+  // The same without an owner: in the file, or in the buffer.
+  ObjectBytes object(const Record& record, std::string& buffer) const;
   ObjectType typeOf(const Record& record) const;
   base::Result<ObjectFrame> frame(const Record& record) const;
   // What the record's object refers to, whatever its class.
@@ -64,6 +67,13 @@ class DwgStorage final : public RecordStorage {
   // of the same function.
   const Fields& fields(const Record& record) const;
   const Fields& commonFields(const Record& record) const;
+  struct Entity {
+    ObjectFrame frame;
+    EntityHead head;
+    std::uint64_t handleBits = 0;  // as of ObjectBytes
+  };
+  // Null when the record is none, or does not hold together. Valid until the next call.
+  const Entity* entity(const Record& record) const;
   RecordId recordOf(Handle handle) const;     // kNoRecord: of no object here
   RecordId blockOf(Handle entry) const;       // the BLOCK of a block's table entry; kNoRecord: it has none
   Handle entryOf(const Record& block) const;  // 0: a BLOCK without one
@@ -151,24 +161,41 @@ class DwgStorage final : public RecordStorage {
     RecordId record = kNoRecord;
     ObjectKind kind = ObjectKind::kOther;
   };
-  // What was read of a record last.
-  struct Look {
+  // Which state of which record was read last.
+  struct LookedAt {
     std::uint64_t offset = 0;
     EditId edits = kNoEdit;
     std::uint8_t flags = 0;
+    bool operator==(const LookedAt&) const = default;
+  };
+  struct Look {
+    LookedAt at;
+    std::shared_ptr<const std::string> owner;  // of the bytes
     std::optional<Fields> fields;
+  };
+  struct EntityLook {
+    LookedAt at;
+    bool isKnown = false, isRead = false;  // the bytes, and what is made of them
+    std::string buffer;
+    ObjectBytes bytes;
+    Entity entity;
   };
   // The record's state with these fields changed; its own when nothing is different.
   base::Result<EditId> changed(const Record& record, const FieldChanges& changes);
   std::optional<Value> firstAngle(const Record& record, const PropertyField& place,
                                   const StoredValue& wanted) const;
+  // An entity that changes is mostly asked at once what it is now.
+  void lookAhead(const Record& record, EditId state, WrittenObject now);
+  EditId stateBehind(const Record& record, std::string_view present, const WrittenObject& now);
   void forgetNewest();
   base::Result<FileChanges> fileChanges(std::span<const Record> records) const;
   bool namesAgree(const Record& record, const DwgStorage& other) const;
   const Fields& headerFields(const Drawing& drawing) const;
   StoredValue ofEntry(const Record& block, Property property) const;
+  static LookedAt lookedAt(const Record& record);
   const Fields& look(Look& look, const Record& record, Fields (*read)(const ObjectFrame&)) const;
   ObjectBytes original(const Record& record) const;
+  ObjectBytes kept(EditId state, std::string_view original) const;
 
   std::unique_ptr<DwgFile> file_;
   std::vector<FileClass> classes_;
@@ -179,6 +206,7 @@ class DwgStorage final : public RecordStorage {
   std::unordered_map<Handle, std::size_t> addedByHandle_;
   Handle nextHandle_ = 0;  // 0: not yet known
   mutable Look look_, commonLook_, headerLook_;
+  mutable EntityLook entityLook_;
   mutable std::unordered_map<Handle, std::string> firstNames_;
 };
 

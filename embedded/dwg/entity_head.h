@@ -1,5 +1,6 @@
 #pragma once
-// What is needed of an entity before anybody asks: where it belongs, and what selections look for.
+// What is asked of entities most: where they belong, what selections look for, and where in their bits it
+// stands.
 
 #include <cstdint>
 
@@ -14,6 +15,11 @@ enum class LinetypeKind : std::uint8_t { kByLayer, kByBlock, kContinuous, kNamed
 // Where an entity stands.
 enum class EntityMode : std::uint8_t { kOwned, kPaperSpace, kModelSpace };
 
+// In bits from the beginning of the object's data. Of what is not there: empty, where it would stand.
+struct BitSpan {
+  std::uint32_t begin = 0, end = 0;
+};
+
 struct EntityHead {
   EntityMode mode = EntityMode::kOwned;
   LinetypeKind linetypeKind = LinetypeKind::kByLayer;
@@ -22,6 +28,17 @@ struct EntityHead {
   Handle next = 0;   // the entity behind it in its block; until R2000
   Handle layer = 0, linetype = 0;
   Handle style = 0;  // of texts
+
+  // The rest is only told of an entity that holds together.
+  bool intact = false;
+  bool plainColor = false;  // the colour is nothing but its number
+  std::int16_t invisible = 0;
+  std::uint8_t lineWeight = 29;  // as it is stored; from R2000 on
+  double linetypeScale = 1;
+  HandleReference layerReference, linetypeReference;
+  BitSpan sizeAt;  // the size in bits before R2010
+  BitSpan colorAt, scaleAt, linetypeFlagsAt, invisibleAt, lineWeightAt, layerAt, linetypeAt;
+  std::uint32_t dataEnd = 0, handlesEnd = 0;  // of what every entity has
 };
 
 EntityHead readEntityHead(const ObjectFrame& frame);

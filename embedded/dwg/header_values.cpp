@@ -160,9 +160,11 @@ base::Status variableChange(Drawing& drawing, const DwgStorage& storage, const F
 
 const Fields& DwgStorage::headerFields(const Drawing& drawing) const {
   const Record& header = drawing.record(records_.header);
-  if (!headerLook_.fields || headerLook_.edits != header.edits) {
-    headerLook_.edits = header.edits;
-    headerLook_.fields.emplace(readHeader(object(header).data, version()));
+  if (!headerLook_.fields || headerLook_.at.edits != header.edits) {
+    headerLook_.at.edits = header.edits;
+    const ObjectBytes section = object(header);
+    headerLook_.owner = section.owner;
+    headerLook_.fields.emplace(readHeader(section.data, version()));
   }
   return *headerLook_.fields;
 }
@@ -218,11 +220,12 @@ base::Status DwgStorage::setHeaderVariable(Drawing& drawing, std::string_view na
   }
   if (status) {
     const Record& header = drawing.record(records_.header);
-    const base::Result<std::string> section = rewriteHeader(object(header).data, version(), changes);
+    const std::string now(object(header).data);
+    const base::Result<std::string> section = rewriteHeader(now, version(), changes);
     if (!section.ok()) {
       status = section.failure();
-    } else if (section.value() != object(header).data) {
-      drawing.setEdits(records_.header, states_.add(section.value(), 0));
+    } else if (section.value() != now) {
+      drawing.setEdits(records_.header, stateBehind(header, now, {section.value(), 0}));
     }
   }
   if (!status) scope.rollBack();

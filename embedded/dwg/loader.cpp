@@ -15,10 +15,13 @@ base::Result<std::unique_ptr<Drawing>> read(std::shared_ptr<const SourceBytes> s
       readClasses(file.value()->classes(), file.value()->version());
   if (!classes.ok()) return classes.failure();
   auto storage = std::make_unique<DwgStorage>(std::move(file.value()), std::move(classes.value()));
-  Arranger arranger(storage->file(), storage->classes());
-  arranger.run();
-  storage->setRecords(arranger.takeRecords());
-  LoadedRecords loaded = arranger.takeLoaded();
+  LoadedRecords loaded;
+  {
+    Arranger arranger(storage->file(), storage->classes());
+    arranger.run();
+    storage->setRecords(arranger.takeRecords());
+    loaded = arranger.takeLoaded();
+  }
   if (loaded.modelSpace == kNoRecord)
     return base::Failure{{}, L"The drawing is damaged: its model space cannot be read"};
   storage->setDamage(findDamage(storage->file(), storage->classes(), loaded.records));

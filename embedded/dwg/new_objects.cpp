@@ -25,8 +25,8 @@ base::Status DwgStorage::keep(const NewObject& object) {
   if (!built.ok()) return built.failure();
   addedByHandle_[object.handle] = added_.size();
   live_.push_back(added_.size());
-  added_.push_back(
-      {object.handle, states_.add(built.value().data, built.value().handleBits), kNoRecord, object.kind});
+  const EditId first = states_.add(kNoEdit, {}, built.value().data, built.value().handleBits);
+  added_.push_back({object.handle, first, kNoRecord, object.kind});
   return {};
 }
 

@@ -7,6 +7,7 @@
 #include "embedded/dwg/dwg_storage.h"
 #include "embedded/dwg/entity_head.h"
 #include "embedded/dwg/field_texts.h"
+#include "embedded/dwg/fields/field_finder.h"
 #include "embedded/dwg/layer_fields.h"
 #include "embedded/dwg/property_fields.h"
 #include "embedded/dwg/special_properties.h"
@@ -19,29 +20,74 @@ bool isCommon(const Record& record, const PropertyField& field) {
   return (isEntity && field.property <= Property::kInvisible) || field.property == Property::kLayer;
 }
 
-StoredValue readGeneric(const DwgStorage& storage, const Record& record, const PropertyField& place) {
-  const Fields& fields = isCommon(record, place) ? storage.commonFields(record) : storage.fields(record);
-  if (fields.find(place.field) == nullptr) return {};
+StoredValue storedValue(const DwgStorage& storage, const PropertyField& place, const Value& value,
+                        Handle own) {
+  const auto handle = [&] {
+    const auto* reference = std::get_if<HandleReference>(&value);
+    return reference != nullptr ? reference->absolute(own) : 0;
+  };
+  const auto record = [](RecordId id) { return id == kNoRecord ? StoredValue() : Reference{id}; };
+  const auto* integer = std::get_if<std::int64_t>(&value);
+  const auto* real = std::get_if<double>(&value);
   switch (place.form) {
     case FieldForm::kInteger:
-      return fields.integer(place.field);
+      return integer != nullptr ? *integer : std::int64_t{0};
     case FieldForm::kReal:
-      return fields.real(place.field);
+      return real != nullptr ? *real : 0;
     case FieldForm::kAngle:
-      return degreesOf(fields.real(place.field));
+      return degreesOf(real != nullptr ? *real : 0);
     case FieldForm::kText:
-      return storedText(fields.find(place.field)->value);
-    case FieldForm::kReference: {
-      const RecordId named = storage.recordOf(fields.handle(place.field).value_or(0));
-      return named == kNoRecord ? StoredValue() : Reference{named};
-    }
-    case FieldForm::kBlock: {
-      const RecordId block = storage.blockOf(fields.handle(place.field).value_or(0));
-      return block == kNoRecord ? StoredValue() : Reference{block};
-    }
+      return storedText(value);
+    case FieldForm::kReference:
+      return record(storage.recordOf(handle()));
+    case FieldForm::kBlock:
+      return record(storage.blockOf(handle()));
     default:
       return {};
   }
+}
+
+StoredValue readGeneric(const DwgStorage& storage, const Record& record, const PropertyField& place) {
+  const Fields& fields = isCommon(record, place) ? storage.commonFields(record) : storage.fields(record);
+  const Field* field = fields.find(place.field);
+  return field == nullptr ? StoredValue() : storedValue(storage, place, field->value, fields.own());
+}
+
+StoredValue linetypeOf(const DwgStorage& storage, const EntityHead& head) {
+  if (head.linetypeKind == LinetypeKind::kNamed) return Reference{storage.recordOf(head.linetype)};
+  if (head.linetypeKind == LinetypeKind::kByLayer) return {};
+  return std::string(linetypeName(head.linetypeKind));
+}
+
+// Of an entity that holds together; nullopt: the property is read like that of any object.
+std::optional<StoredValue> readQuickly(const DwgStorage& storage, const DwgStorage::Entity& entity,
+                                       const PropertyField& place) {
+  const EntityHead& head = entity.head;
+  switch (place.property) {
+    case Property::kLayer:
+      return storedValue(storage, place, HandleReference{5, 0, head.layer}, 0);
+    case Property::kLinetype:
+      return linetypeOf(storage, head);
+    case Property::kColorIndex:
+      if (!head.plainColor) return std::nullopt;
+      return head.color == 256 ? StoredValue() : StoredValue(std::int64_t{head.color});
+    case Property::kLineWeight:
+      if (storage.version() < Version::kR2000) return StoredValue();
+      return std::int64_t{lineWeightOf(head.lineWeight)};
+    case Property::kTransparency:
+      return head.plainColor ? std::optional(StoredValue()) : std::nullopt;
+    case Property::kLinetypeScale:
+      return head.linetypeScale;
+    case Property::kInvisible:
+      return std::int64_t{head.invisible};
+    default:
+      break;
+  }
+  if (place.form == FieldForm::kSpecial || place.form == FieldForm::kEntry) return std::nullopt;
+  const auto field = findOwnField(entity.frame, head.dataEnd, head.handlesEnd, place.field);
+  if (!field) return std::nullopt;
+  if (std::holds_alternative<std::monostate>(field->value)) return StoredValue();
+  return storedValue(storage, place, field->value, entity.frame.handle);
 }
 
 }  // namespace
@@ -60,6 +106,9 @@ StoredValue DwgStorage::property(const Record& record, Property property) const 
   const std::string_view type = typeName(record);
   const PropertyField* place = findField(record.kind, type, property);
   if (place == nullptr) return {};
+  if (const Entity* entity = this->entity(record)) {
+    if (std::optional<StoredValue> value = readQuickly(*this, *entity, *place)) return std::move(*value);
+  }
   if (place->form == FieldForm::kEntry) return ofEntry(record, property);
   return place->form == FieldForm::kSpecial ? readSpecial(*this, record, type, property)
                                             : readGeneric(*this, record, *place);

@@ -7,7 +7,7 @@
 #include "embedded/drawing/drawing.h"
 #include "embedded/dwg/angles.h"
 #include "embedded/dwg/dwg_storage.h"
-#include "embedded/dwg/entity_head.h"
+#include "embedded/dwg/entity_changes.h"
 #include "embedded/dwg/property_fields.h"
 #include "embedded/dwg/special_properties.h"
 
@@ -102,15 +102,30 @@ void changePlain(const DwgStorage& storage, const PropertyField& place, const St
 
 }  // namespace
 
+EditId DwgStorage::stateBehind(const Record& record, std::string_view present, const WrittenObject& now) {
+  if (!states_.isLast(record.edits)) return states_.add(record.edits, present, now.data, now.handleBits);
+  const ObjectBytes original = this->original(record);
+  return states_.add(kNoEdit, original.data, now.data, now.handleBits);
+}
+
 base::Result<EditId> DwgStorage::changed(const Record& record, const FieldChanges& changes) {
+  if (const Entity* entity = this->entity(record)) {
+    const ObjectFrame& frame = entity->frame;
+    if (auto now = changeEntity(frame, entity->head, changes)) {
+      if (now->data == frame.data && now->handleBits == entity->handleBits) return record.edits;
+      const EditId state = stateBehind(record, frame.data, *now);
+      lookAhead(record, state, std::move(*now));
+      return state;
+    }
+  }
   const base::Result<ObjectFrame> frame = this->frame(record);
   if (!frame.ok()) return frame.failure();
   const base::Result<WrittenObject> written = rewrite(frame.value(), changes);
   if (!written.ok()) return written.failure();
   const ObjectBytes present = object(record);
-  if (written.value().data == present.data && written.value().handleBits == present.handleBits)
-    return record.edits;
-  return states_.add(written.value().data, written.value().handleBits);
+  const bool isSame =
+      written.value().data == present.data && written.value().handleBits == present.handleBits;
+  return isSame ? record.edits : stateBehind(record, present.data, written.value());
 }
 
 // As it was in the file: several numbers there can make the same angle.

@@ -1,5 +1,8 @@
 // Writing a drawing: what changed goes to the container, which copies everything else.
 
+#include <algorithm>
+#include <unordered_set>
+
 #include "base/files.h"
 #include "embedded/dwg/dwg_storage.h"
 #include "embedded/dwg/fields/header_fields.h"
@@ -31,9 +34,16 @@ base::Result<FileChanges> DwgStorage::fileChanges(std::span<const Record> record
   base::Result<std::vector<ChangedObject>> linked = linkChanges(*this, records);
   if (!linked.ok()) return linked.failure();
   changes.objects = std::move(linked.value());
-  std::unordered_map<Handle, bool> isLinked;
-  for (const ChangedObject& object : changes.objects) isLinked[object.handle] = true;
-  for (const Record& record : records) {
+  std::unordered_set<Handle> linkedHandles;
+  for (const ChangedObject& object : changes.objects) linkedHandles.insert(object.handle);
+  changes.bytesOf = [this, records](std::uint32_t number, std::string& buffer) {
+    return object(records[number], buffer);
+  };
+  changes.held.reserve(static_cast<std::size_t>(std::ranges::count_if(records, [](const Record& record) {
+    return record.edits != kNoEdit || (record.flags & Record::kAdded) != 0;
+  })));
+  for (RecordId id = 0; id < records.size(); ++id) {
+    const Record& record = records[id];
     const bool isAdded = (record.flags & Record::kAdded) != 0;
     if (record.implied() || (isAdded && record.erased())) continue;
     if (record.kind == RecordKind::kFrame) {
@@ -43,10 +53,12 @@ base::Result<FileChanges> DwgStorage::fileChanges(std::span<const Record> record
     if (!isAdded && !record.erased() && record.edits == kNoEdit) continue;
     const Handle own = handle(record).value_or(0);
     if (isAdded) largest = std::max(largest, own);
-    if (isLinked.contains(own)) continue;
-    const ObjectBytes bytes = object(record);
-    changes.objects.push_back(
-        {own, record.erased(), record.erased() ? std::string() : std::string(bytes.data), bytes.handleBits});
+    if (!linkedHandles.empty() && linkedHandles.contains(own)) continue;
+    if (record.erased()) {
+      changes.objects.push_back({own, true, {}, 0});
+    } else {
+      changes.held.push_back({own, id});
+    }
   }
   if (largest == 0) return changes;
   if (const base::Status status = raiseHandleSeed(changes, *this, largest); !status) return status.failure();
@@ -56,17 +68,10 @@ base::Result<FileChanges> DwgStorage::fileChanges(std::span<const Record> record
 base::Status DwgStorage::save(const std::filesystem::path& target, std::span<const Record> records) const {
   const base::Result<FileChanges> changes = fileChanges(records);
   if (!changes.ok()) return changes.failure();
-  std::string written;
-  std::string_view bytes = file_->file();
-  if (!changes.value().empty()) {
-    base::Result<std::string> file = file_->write(changes.value());
-    if (!file.ok()) return file.failure();
-    written = std::move(file.value());
-    bytes = written;
-  }
   auto file = base::AtomicFile::create(target);
   if (!file) return file.failure();
-  file.value()->write(bytes);
+  const auto sink = [&](std::string_view piece) { file.value()->write(piece); };
+  if (base::Status written = file_->writeTo(changes.value(), sink); !written) return written;
   if (base::Status unchanged = checkUnchanged(); !unchanged) return unchanged;
   return file.value()->commit();
 }

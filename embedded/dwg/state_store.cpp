@@ -1,22 +1,95 @@
 #include "embedded/dwg/state_store.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace cad::dwg {
+namespace {
 
-EditId StateStore::add(std::string_view data, std::uint64_t handleBits) {
+constexpr std::uint64_t kDeepest = 8;
+constexpr std::size_t kLongestNumber = 10;
+
+// Seven bits in a byte, the lowest first.
+void put(char*& at, std::uint64_t value) {
+  for (; value > 0x7F; value >>= 7) *at++ = static_cast<char>((value & 0x7F) | 0x80);
+  *at++ = static_cast<char>(value);
+}
+
+std::uint64_t take(const char*& at) {
+  std::uint64_t value = 0;
+  for (unsigned shift = 0;; shift += 7) {
+    const auto byte = static_cast<std::uint8_t>(*at++);
+    value |= std::uint64_t{byte & 0x7FU} << shift;
+    if (byte <= 0x7F) return value;
+  }
+}
+
+}  // namespace
+
+bool StateStore::isLast(EditId state) const {
+  return state != kNoEdit && difference(state).depth == kDeepest;
+}
+
+EditId StateStore::add(EditId from, std::string_view base, std::string_view data, std::uint64_t handleBits) {
+  const std::uint64_t depth = from == kNoEdit ? 1 : difference(from).depth + 1;
+  const std::size_t most = std::min(base.size(), data.size());
+  const auto begin = static_cast<std::size_t>(
+      std::mismatch(base.begin(), base.begin() + static_cast<std::ptrdiff_t>(most), data.begin()).first -
+      base.begin());
+  std::size_t same = 0;  // at the end
+  while (same < most - begin && base[base.size() - 1 - same] == data[data.size() - 1 - same]) ++same;
+  const std::string_view bytes = data.substr(begin, data.size() - same - begin);
+
+  char head[6 * kLongestNumber];
+  char* end = head;
+  for (const std::uint64_t number : {std::uint64_t{from}, depth, handleBits, std::uint64_t{begin},
+                                     std::uint64_t{base.size() - same - begin}, std::uint64_t{bytes.size()}})
+    put(end, number);
+  const auto length = static_cast<std::size_t>(end - head);
+  char* const place = room(length + bytes.size());
+  std::memcpy(place, head, length);
+  if (!bytes.empty()) std::memcpy(place + length, bytes.data(), bytes.size());
+  states_.push_back(place);
+  return static_cast<EditId>(states_.size() - 1);
+}
+
+char* StateStore::room(std::size_t bytes) {
   constexpr std::size_t kChunk = std::size_t{1} << 16;
-  if (size_ - used_ < data.size()) {
-    size_ = std::max(kChunk, data.size());
+  if (size_ - used_ < bytes) {
+    size_ = std::max(kChunk, bytes);
     used_ = 0;
     chunks_.push_back(std::make_unique_for_overwrite<char[]>(size_));
   }
-  char* const place = chunks_.empty() ? nullptr : chunks_.back().get() + used_;
-  if (!data.empty()) std::memcpy(place, data.data(), data.size());
-  used_ += data.size();
-  states_.push_back({{place, data.size()}, handleBits});
-  return static_cast<EditId>(states_.size() - 1);
+  char* const place = chunks_.back().get() + used_;
+  used_ += bytes;
+  return place;
+}
+
+StateStore::Difference StateStore::difference(EditId state) const {
+  const char* at = states_[state];
+  Difference difference;
+  difference.from = static_cast<EditId>(take(at));
+  difference.depth = take(at);
+  difference.handleBits = take(at);
+  difference.begin = take(at), difference.removed = take(at);
+  const std::uint64_t size = take(at);
+  difference.bytes = {at, static_cast<std::size_t>(size)};
+  return difference;
+}
+
+ObjectBytes StateStore::object(EditId state, std::string_view original, std::string& buffer) const {
+  std::array<Difference, kDeepest> chain;
+  std::size_t count = 0;
+  for (; state != kNoEdit; state = chain[count - 1].from) chain[count++] = difference(state);
+  buffer.assign(original);
+  for (std::size_t i = count; i-- > 0;)
+    buffer.replace(static_cast<std::size_t>(chain[i].begin), static_cast<std::size_t>(chain[i].removed),
+                   chain[i].bytes);
+  ObjectBytes object;
+  object.data = buffer;
+  object.handleBits = chain[0].handleBits;
+  return object;
 }
 
 }  // namespace cad::dwg

@@ -1,7 +1,10 @@
 #pragma once
-// The states of changed objects: each is the object's data whole, and is never altered.
+// The states of changed objects, none of which is ever altered. A state holds what is different from the one
+// that it was made from.
 
+#include <deque>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -14,15 +17,26 @@ class StateStore {
  public:
   StateStore() : states_(1) {}  // kNoEdit
 
-  EditId add(std::string_view data, std::uint64_t handleBits);
-  ObjectBytes object(EditId state) const { return {{}, states_[state].data, states_[state].handleBits}; }
+  // Whether none can be made from the state any more, but from the original.
+  bool isLast(EditId state) const;
+  // `from`: the state with the bytes `present`, not the last; kNoEdit: they are the original's, the object as
+  // it was first.
+  EditId add(EditId from, std::string_view present, std::string_view data, std::uint64_t handleBits);
+  // In the buffer.
+  ObjectBytes object(EditId state, std::string_view original, std::string& buffer) const;
 
  private:
-  struct State {
-    std::string_view data;
+  struct Difference {
+    EditId from = kNoEdit;
+    std::uint64_t depth = 0;  // how many states it goes back to the original
     std::uint64_t handleBits = 0;
+    std::uint64_t begin = 0, removed = 0;  // bytes that give way
+    std::string_view bytes;
   };
-  std::vector<State> states_;
+  Difference difference(EditId state) const;
+  char* room(std::size_t bytes);
+
+  std::deque<const char*> states_;
   std::vector<std::unique_ptr<char[]>> chunks_;
   std::size_t used_ = 0, size_ = 0;  // of the newest chunk
 };

@@ -33,45 +33,24 @@ void BitReader::skip(std::uint64_t bits) {
   }
 }
 
-bool BitReader::b() { return bits(1) != 0; }
-
-unsigned BitReader::bb() { return static_cast<unsigned>(bits(2)); }
-
-unsigned BitReader::threeBits() { return static_cast<unsigned>(bits(3)); }
-
-std::uint64_t BitReader::bits(unsigned count) {
+std::uint64_t BitReader::bitsAtEnd(unsigned count) {
+  constexpr unsigned kWord = 64, kMostAtOnce = kWord - 7;
   if (count > left()) {
     failed_ = true;
     return 0;
   }
+  if (count == 0) return 0;
+  if (count > kMostAtOnce) {
+    const std::uint64_t high = bits(count - kMostAtOnce);
+    return high << kMostAtOnce | bits(kMostAtOnce);
+  }
   const auto byte = static_cast<std::size_t>(at_ >> 3);
-  constexpr unsigned kWord = 64, kMostAtOnce = kWord - 7;
-  if (count <= kMostAtOnce && count > 0 && bytes_.size() - byte >= sizeof(std::uint64_t)) {
-    std::uint64_t word = 0;
-    for (unsigned i = 0; i < sizeof word; ++i) word = word << 8 | static_cast<std::uint8_t>(bytes_[byte + i]);
-    const auto inByte = static_cast<unsigned>(at_ & 7);
-    at_ += count;
-    return word << inByte >> (kWord - count);
-  }
-  std::uint64_t value = 0;
-  while (count > 0) {
-    const unsigned inByte = static_cast<unsigned>(at_ & 7), free = 8 - inByte;
-    const unsigned taken = count < free ? count : free;
-    const auto from = static_cast<std::uint8_t>(bytes_[static_cast<std::size_t>(at_ >> 3)]);
-    value = value << taken | ((from >> (free - taken)) & ((1U << taken) - 1));
-    at_ += taken, count -= taken;
-  }
-  return value;
-}
-
-std::uint16_t BitReader::rs() {
-  const auto value = static_cast<std::uint16_t>(bits(16));
-  return static_cast<std::uint16_t>(value << 8 | value >> 8);
-}
-
-std::uint32_t BitReader::rl() {
-  const auto value = static_cast<std::uint32_t>(bits(32));
-  return value << 24 | (value << 8 & 0xFF0000) | (value >> 8 & 0xFF00) | value >> 24;
+  std::uint64_t word = 0;
+  for (std::size_t i = byte; i < byte + sizeof word; ++i)
+    word = word << 8 | (i < bytes_.size() ? static_cast<std::uint8_t>(bytes_[i]) : 0);
+  const auto inByte = static_cast<unsigned>(at_ & 7);
+  at_ += count;
+  return word << inByte >> (kWord - count);
 }
 
 std::uint64_t BitReader::rll() {
@@ -85,33 +64,6 @@ double BitReader::rd() {
     return 0;
   }
   return std::bit_cast<double>(rll());
-}
-
-std::int16_t BitReader::bs() {
-  switch (bb()) {
-    case 0:
-      return static_cast<std::int16_t>(rs());
-    case 1:
-      return rc();
-    case 2:
-      return 0;
-    default:
-      return failed_ ? 0 : 256;
-  }
-}
-
-std::int32_t BitReader::bl() {
-  switch (bb()) {
-    case 0:
-      return static_cast<std::int32_t>(rl());
-    case 1:
-      return rc();
-    case 3:
-      failed_ = true;
-      [[fallthrough]];
-    default:
-      return 0;
-  }
 }
 
 std::uint64_t BitReader::bll() {
@@ -216,16 +168,6 @@ std::uint32_t BitReader::ms() {
   const std::uint16_t high = rs();
   if ((high & 0x8000) != 0) failed_ = true;
   return failed_ ? 0 : (low & 0x7FFFU) | std::uint32_t{high} << 15;
-}
-
-HandleReference BitReader::h() {
-  HandleReference reference;
-  reference.code = static_cast<std::uint8_t>(bits(4));
-  reference.size = static_cast<std::uint8_t>(bits(4));
-  if (reference.size > 8) failed_ = true;
-  if (failed_) return {};
-  reference.value = bits(reference.size * 8U);
-  return failed_ ? HandleReference() : reference;
 }
 
 std::string BitReader::tv() {

@@ -31,10 +31,20 @@ class BitReader {
   void skip(std::uint64_t bits);
   void fail() { failed_ = true; }
 
-  bool b();
-  unsigned bb();
-  unsigned threeBits();
-  std::uint64_t bits(unsigned count);  // up to 64
+  bool b() { return bits(1) != 0; }
+  unsigned bb() { return static_cast<unsigned>(bits(2)); }
+  unsigned threeBits() { return static_cast<unsigned>(bits(3)); }
+  std::uint64_t bits(unsigned count) {  // up to 64
+    constexpr unsigned kWord = 64, kMostAtOnce = kWord - 7;
+    const auto byte = static_cast<std::size_t>(at_ >> 3);
+    if (count - 1 >= kMostAtOnce || count > left() || bytes_.size() - byte < sizeof(std::uint64_t))
+      return bitsAtEnd(count);
+    std::uint64_t word = 0;
+    for (unsigned i = 0; i < sizeof word; ++i) word = word << 8 | static_cast<std::uint8_t>(bytes_[byte + i]);
+    const auto inByte = static_cast<unsigned>(at_ & 7);
+    at_ += count;
+    return word << inByte >> (kWord - count);
+  }
   std::uint8_t rc() { return static_cast<std::uint8_t>(bits(8)); }
   std::uint16_t rs();  // raw values have their least significant byte first
   std::uint32_t rl();
@@ -58,9 +68,59 @@ class BitReader {
   std::u16string tu();  // R2007 and later
 
  private:
+  std::uint64_t bitsAtEnd(unsigned count);  // where no whole word is left to take them from
+
   std::string_view bytes_;
   std::uint64_t at_ = 0, end_ = 0;
   bool failed_ = false;
 };
+
+// What almost every field is read by.
+inline std::uint16_t BitReader::rs() {
+  const auto value = static_cast<std::uint16_t>(bits(16));
+  return static_cast<std::uint16_t>(value << 8 | value >> 8);
+}
+
+inline std::uint32_t BitReader::rl() {
+  const auto value = static_cast<std::uint32_t>(bits(32));
+  return value << 24 | (value << 8 & 0xFF0000) | (value >> 8 & 0xFF00) | value >> 24;
+}
+
+inline std::int16_t BitReader::bs() {
+  switch (bb()) {
+    case 0:
+      return static_cast<std::int16_t>(rs());
+    case 1:
+      return rc();
+    case 2:
+      return 0;
+    default:
+      return failed_ ? 0 : 256;
+  }
+}
+
+inline std::int32_t BitReader::bl() {
+  switch (bb()) {
+    case 0:
+      return static_cast<std::int32_t>(rl());
+    case 1:
+      return rc();
+    case 3:
+      failed_ = true;
+      [[fallthrough]];
+    default:
+      return 0;
+  }
+}
+
+inline HandleReference BitReader::h() {
+  HandleReference reference;
+  reference.code = static_cast<std::uint8_t>(bits(4));
+  reference.size = static_cast<std::uint8_t>(bits(4));
+  if (reference.size > 8) failed_ = true;
+  if (failed_) return {};
+  reference.value = bits(reference.size * 8U);
+  return failed_ ? HandleReference() : reference;
+}
 
 }  // namespace cad::dwg

@@ -13,17 +13,18 @@ bool isZero(double value) { return std::bit_cast<std::uint64_t>(value) == 0; }  
 }  // namespace
 
 void BitWriter::bits(std::uint64_t value, unsigned count) {
+  constexpr unsigned kWord = 64, kMostAtOnce = kWord - 7;
+  if (count > kMostAtOnce) {
+    bits(value >> kMostAtOnce, count - kMostAtOnce);
+    count = kMostAtOnce;
+  }
+  if (count == 0) return;
   const auto needed = static_cast<std::size_t>((size_ + count + 7) / 8);
   if (needed > bytes_.size()) bytes_.resize(needed, '\0');
-  char* at = bytes_.data() + size_ / 8;
-  unsigned free = 8 - static_cast<unsigned>(size_ & 7);
+  std::uint64_t word = value << (kWord - count) >> (size_ & 7);
+  for (auto at = static_cast<std::size_t>(size_ / 8); at < needed; ++at, word <<= 8)
+    bytes_[at] = static_cast<char>(static_cast<std::uint8_t>(bytes_[at]) | word >> (kWord - 8));
   size_ += count;
-  while (count > 0) {
-    const unsigned put = std::min(count, free);
-    const auto part = static_cast<unsigned>(value >> (count - put)) & ((1U << put) - 1);
-    *at = static_cast<char>(static_cast<std::uint8_t>(*at) | part << (free - put));
-    ++at, free = 8, count -= put;
-  }
 }
 
 void BitWriter::copy(std::string_view source, std::uint64_t begin, std::uint64_t end) {

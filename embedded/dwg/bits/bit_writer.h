@@ -23,6 +23,7 @@ class BitWriter {
   const std::string& bytes() const { return bytes_; }
   std::string take() { return size_ = 0, std::move(bytes_); }
   void alignToByte() { size_ = (size_ + 7) / 8 * 8; }
+  void reserve(std::size_t bytes) { bytes_.reserve(bytes); }
 
   // The bits from `begin` to `end` of `source`, which must have them.
   void copy(std::string_view source, std::uint64_t begin, std::uint64_t end);

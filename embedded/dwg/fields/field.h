@@ -96,6 +96,12 @@ struct Field {
   Value value;
 };
 
+// What may stand beside the number of an entity's colour, from R2004 on.
+inline constexpr unsigned kColorNumber = 0x1FF;
+struct ColorMark {
+  static constexpr std::int64_t kRgb = 0x8000, kReference = 0x4000, kTransparency = 0x2000;
+};
+
 // A colour as objects have it. Of an object whose version knows numbers only, `number` alone counts.
 struct Color {
   std::int16_t number = 256;        // 0 ByBlock, 1 to 255, 256 ByLayer; 257: none

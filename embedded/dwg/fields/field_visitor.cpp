@@ -7,7 +7,6 @@
 namespace cad::dwg {
 namespace {
 
-constexpr std::int64_t kHasRgb = 0x8000, kHasReference = 0x4000, kHasTransparency = 0x2000;
 constexpr std::int64_t kHasName = 1, kHasBook = 2;
 
 std::int64_t rgbOf(const Color& color) {
@@ -124,20 +123,21 @@ bool FieldVisitor::entityColor() {
   }
   raw &= 0xFFFF;
   if (wish != nullptr) {
-    raw = (raw & kHasTransparency) | (wish->number & 0x1FF);
-    if (wish->reference) raw |= kHasReference;
-    if (wish->rgb) raw |= kHasRgb;
+    raw = (raw & ColorMark::kTransparency) | (wish->number & 0x1FF);
+    if (wish->reference) raw |= ColorMark::kReference;
+    if (wish->rgb) raw |= ColorMark::kRgb;
   }
   const auto transparency = get<std::int64_t>(wanted(name, std::int64_t{0}, 0, Part::kTransparency));
   if (changesPart(name, Part::kTransparency))
-    raw = transparency != 0 ? raw | kHasTransparency : raw & ~kHasTransparency;
+    raw = transparency != 0 ? raw | ColorMark::kTransparency : raw & ~ColorMark::kTransparency;
   raw = derived(BitType::kBS, name, static_cast<std::int16_t>(raw));
-  if ((raw & kHasRgb) != 0 && (raw & kHasReference) == 0) {
+  if ((raw & ColorMark::kRgb) != 0 && (raw & ColorMark::kReference) == 0) {
     const std::int64_t rgb = get<std::int64_t>(wanted(name, std::int64_t{0}, 0, Part::kRgb));
     derived(BitType::kBL, name, wish != nullptr ? rgbOf(*wish) : rgb, 0, Part::kRgb);
   }
-  if ((raw & kHasTransparency) != 0) derived(BitType::kBL, name, transparency, 0, Part::kTransparency);
-  return (raw & kHasReference) != 0;
+  if ((raw & ColorMark::kTransparency) != 0)
+    derived(BitType::kBL, name, transparency, 0, Part::kTransparency);
+  return (raw & ColorMark::kReference) != 0;
 }
 
 void FieldVisitor::again(BitType type, std::string_view name, std::string_view first, Value value) {

@@ -29,14 +29,10 @@ std::uint64_t sizeInMiddle(BitReader reader, bool isEntity) {
 
 }  // namespace
 
-base::Result<ObjectFrame> readFrame(std::string_view data, std::uint64_t handleBits, Version version,
-                                    const std::vector<FileClass>& classes) {
-  const auto damaged = [](const wchar_t* what) {
-    return base::Failure{{}, L"An object is damaged: " + std::wstring(what)};
-  };
-  if (data.size() > kMostBytes) return damaged(L"it is too large");
+const wchar_t* readFrame(ObjectFrame& frame, std::string_view data, std::uint64_t handleBits, Version version,
+                         const std::vector<FileClass>& classes) {
+  if (data.size() > kMostBytes) return L"it is too large";
   const std::uint64_t bits = std::uint64_t{data.size()} * 8;
-  ObjectFrame frame;
   frame.data = data, frame.version = version;
   BitReader reader(data);
   frame.type = typeOf(static_cast<std::uint16_t>(reader.ot(version)), classes);
@@ -48,18 +44,26 @@ base::Result<ObjectFrame> readFrame(std::string_view data, std::uint64_t handleB
   frame.extendedBegin = at(reader);
   skipExtendedData(reader);
   frame.extendedEnd = at(reader);
-  if (reader.failed()) return damaged(L"it ends within its extended data");
+  if (reader.failed()) return L"it ends within its extended data";
   if (version < Version::kR2000) handles = sizeInMiddle(reader, frame.type.isEntity);
-  if (handles < frame.extendedEnd || handles > bits) return damaged(L"its size in bits points outside of it");
+  if (handles < frame.extendedEnd || handles > bits) return L"its size in bits points outside of it";
   frame.handleBegin = static_cast<std::uint32_t>(handles);
   // References are whole bytes long.
   frame.handleEnd = static_cast<std::uint32_t>(bits - (bits - handles) % 8);
   frame.dataEnd = frame.textBegin = frame.textEnd = frame.handleBegin;
-  if (!hasWideTexts(version)) return frame;
+  if (!hasWideTexts(version)) return nullptr;
   const TextRange texts = textRange(data, handles);
-  if (!texts.valid || texts.dataEnd < frame.extendedEnd) return damaged(L"its texts have a wrong size");
+  if (!texts.valid || texts.dataEnd < frame.extendedEnd) return L"its texts have a wrong size";
   frame.dataEnd = texts.dataEnd, frame.textBegin = texts.begin, frame.textEnd = texts.end;
   frame.hasTexts = texts.present;
+  return nullptr;
+}
+
+base::Result<ObjectFrame> readFrame(std::string_view data, std::uint64_t handleBits, Version version,
+                                    const std::vector<FileClass>& classes) {
+  ObjectFrame frame;
+  const wchar_t* const wrong = readFrame(frame, data, handleBits, version, classes);
+  if (wrong != nullptr) return base::Failure{{}, L"An object is damaged: " + std::wstring(wrong)};
   return frame;
 }
 

@@ -2,6 +2,8 @@
 // Where the parts of an object stand in its data.
 
 #include <cstdint>
+#include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -13,6 +15,7 @@ namespace cad::dwg {
 // All places are bits from the beginning of `data`, which is that of ObjectBytes (files/dwg_file.h).
 struct ObjectFrame {
   std::string_view data;
+  std::shared_ptr<const std::string> owner;  // what keeps the data; null: somebody else does
   Version version = Version::kUnknown;
   ObjectType type;
   Handle handle = 0;
@@ -25,8 +28,11 @@ struct ObjectFrame {
   std::uint32_t handleBegin = 0, handleEnd = 0;  // fewer than eight bits may follow, which fill the last byte
 };
 
-// `data` must outlive the frame. `handleBits`: as ObjectBytes has them. Fails when the frame itself does not
-// fit in the data.
+// `data` must outlive a frame without an owner. `handleBits`: as ObjectBytes has them. Fails when the frame
+// itself does not fit in the data.
+// The same into a new `frame`. Null: it is read; else what is wrong with it.
+const wchar_t* readFrame(ObjectFrame& frame, std::string_view data, std::uint64_t handleBits, Version version,
+                         const std::vector<FileClass>& classes);
 base::Result<ObjectFrame> readFrame(std::string_view data, std::uint64_t handleBits, Version version,
                                     const std::vector<FileClass>& classes);
 

@@ -1,6 +1,7 @@
 #include "embedded/dwg/fields/object_types.h"
 
 #include <algorithm>
+#include <array>
 
 #include "embedded/dwg/fields/text_range.h"
 
@@ -101,6 +102,15 @@ constexpr FixedType kFixedTypes[] = {
     {0x1F3, kOther, "ACAD_PROXY_OBJECT", kObject},
 };
 
+// The types of the numbers below 500.
+constexpr auto kTypesByNumber = [] {
+  std::array<ObjectType, kFirstClass> types{};
+  for (std::uint16_t number = 0; number < kFirstClass; ++number) types[number].number = number;
+  for (const FixedType& fixed : kFixedTypes)
+    types[fixed.number] = {fixed.number, fixed.kind, fixed.name, fixed.isEntity};
+  return types;
+}();
+
 struct NamedKind {
   std::string_view dxfName;
   ObjectKind kind;
@@ -176,13 +186,8 @@ base::Result<std::vector<FileClass>> readClasses(std::string_view section, Versi
 }
 
 ObjectType typeOf(std::uint16_t number, const std::vector<FileClass>& classes) {
+  if (number < kFirstClass) return kTypesByNumber[number];
   ObjectType type{.number = number, .kind = kOther, .name = {}, .isEntity = false};
-  if (number < kFirstClass) {
-    const auto* const found = std::ranges::lower_bound(kFixedTypes, number, {}, &FixedType::number);
-    if (found != std::end(kFixedTypes) && found->number == number)
-      type = {.number = number, .kind = found->kind, .name = found->name, .isEntity = found->isEntity};
-    return type;
-  }
   const std::size_t usual = number - kFirstClass;  // classes stand in the order of their numbers
   const FileClass* found = nullptr;
   if (usual < classes.size() && classes[usual].number == number) {

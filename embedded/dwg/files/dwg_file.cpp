@@ -47,6 +47,29 @@ const ObjectPlace* DwgFile::find(Handle handle) const {
   return place != places_.end() && place->handle == handle ? &*place : nullptr;
 }
 
+ObjectBytes DwgFile::objectOf(const ObjectPlace& place) const {
+  const char* const whole = objects_.data() + place.offset;
+  const char* at = whole;
+  const auto next = [&at] { return std::uint32_t{static_cast<std::uint8_t>(*at++)}; };
+  std::uint64_t size = next();
+  size |= next() << 8;
+  if ((size & 0x8000) != 0) {
+    const std::uint64_t low = next(), high = next();
+    size = (size & 0x7FFF) | (low | high << 8) << 15;
+  }
+  ObjectBytes object;
+  if (version() >= Version::kR2010) {
+    std::uint64_t byte = 0x80;
+    for (unsigned shift = 0; (byte & 0x80) != 0; shift += 7) {
+      byte = next();
+      object.handleBits |= (byte & 0x7F) << shift;
+    }
+  }
+  object.data = {at, static_cast<std::size_t>(size)};
+  object.whole = {whole, static_cast<std::size_t>(at - whole) + object.data.size() + sizeof(std::uint16_t)};
+  return object;
+}
+
 base::Result<ObjectBytes> DwgFile::objectAt(std::uint64_t offset) const {
   if (offset > objects_.size()) return noObject(offset);
   const std::string_view rest = objects_.substr(static_cast<std::size_t>(offset));
@@ -62,6 +85,12 @@ base::Result<ObjectBytes> DwgFile::objectAt(std::uint64_t offset) const {
   object.data = part(rest, begin, size);
   object.whole = part(rest, 0, begin + size + 2);
   return object;
+}
+
+base::Result<std::string> DwgFile::write(const FileChanges& changes) const {
+  std::string whole;
+  const base::Status written = writeTo(changes, [&](std::string_view piece) { whole += piece; });
+  return written ? base::Result<std::string>(std::move(whole)) : written.failure();
 }
 
 base::Status DwgFile::checkPlaces(std::span<const Range> others) const {
@@ -81,9 +110,8 @@ std::uint64_t DwgFile::largestUnpacked() const {
   return kLeast + kRatio * file().size();
 }
 
-base::Result<std::string> DwgFile::withinLimits(std::string written) {
-  if (written.size() > 0xFFFFFFFFU) return refusal(0, L"The file would be larger than 4 gigabytes");
-  return written;
+base::Status DwgFile::withinLimits(std::uint64_t size) {
+  return size <= 0xFFFFFFFFU ? base::Status() : refusal(0, L"The file would be larger than 4 gigabytes");
 }
 
 base::Status DwgFile::readContent(UnpackedSections& sections, std::uint64_t headerPlace,

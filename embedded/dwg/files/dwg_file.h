@@ -2,6 +2,7 @@
 // What a DWG file consists of, whatever the container of its version.
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -28,6 +29,7 @@ struct ObjectBytes {
   std::string_view whole;        // with its size and its CRC
   std::string_view data;         // without
   std::uint64_t handleBits = 0;  // R2010 and later: how many bits at the data's end are its handle stream
+  std::shared_ptr<const std::string> owner;  // of what is not in the file; else null
 
   // A wrong CRC is kept as long as the object is not changed.
   bool crcHolds() const;
@@ -42,11 +44,24 @@ struct ChangedObject {
   std::uint64_t handleBits = 0;
 };
 
+// One whose bytes are somebody else's.
+struct HeldObject {
+  Handle handle = 0;
+  std::uint32_t number = 0;
+};
+
 struct FileChanges {
   std::optional<std::string> header, classes;  // as DwgFile::header() and classes()
-  std::vector<ChangedObject> objects;          // in any order, each handle once
-  bool empty() const { return !header && !classes && objects.empty(); }
+  // In any order, each handle once in both lists.
+  std::vector<ChangedObject> objects;
+  std::vector<HeldObject> held;
+  // Gives the bytes of a held object by its number, the same with every call; the buffer may be where they
+  // are.
+  std::function<ObjectBytes(std::uint32_t number, std::string& buffer)> bytesOf;
+  bool empty() const { return !header && !classes && objects.empty() && held.empty(); }
 };
+
+using Sink = std::function<void(std::string_view)>;
 
 class DwgFile {
  public:
@@ -71,6 +86,8 @@ class DwgFile {
   // By handle, each once. All of them are within the objects.
   std::span<const ObjectPlace> places() const { return places_; }
   const ObjectPlace* find(Handle handle) const;  // null: there is none
+  // Of one of the places.
+  ObjectBytes objectOf(const ObjectPlace& place) const;
   // The object at an offset. Failure: it is not within the objects; those of the places are.
   base::Result<ObjectBytes> objectAt(std::uint64_t offset) const;
 
@@ -82,10 +99,11 @@ class DwgFile {
   // The variable MEASUREMENT, which files keep outside of the header; nullopt: the file does not have it.
   std::optional<std::int64_t> measurement() const;
 
-  // The whole file with the changes. Without any: byte for byte as it is. Objects and sections that do not
-  // change keep their bytes. Failures: an object too large for its size field, a handle that is 0 or given
-  // twice, erasing what is not there.
-  virtual base::Result<std::string> write(const FileChanges& changes) const = 0;
+  // The whole file with the changes, piece by piece. Without any: byte for byte as it is. Objects and
+  // sections that do not change keep their bytes. Failures, before the first piece: an object too large for
+  // its size field, a handle that is 0 or given twice, erasing what is not there.
+  virtual base::Status writeTo(const FileChanges& changes, const Sink& sink) const = 0;
+  base::Result<std::string> write(const FileChanges& changes) const;
 
  protected:
   struct Range {
@@ -97,7 +115,7 @@ class DwgFile {
   // The most that all sections of a file may have together when they are unpacked.
   std::uint64_t largestUnpacked() const;
   // Addresses of a file have 32 bits, some of them in every version.
-  static base::Result<std::string> withinLimits(std::string written);
+  static base::Status withinLimits(std::uint64_t size);
   // What a drawing is read from, out of unpacked sections; the places are those that refusals tell.
   base::Status readContent(UnpackedSections& sections, std::uint64_t headerPlace, std::uint64_t classesPlace,
                            std::uint64_t handlesPlace);

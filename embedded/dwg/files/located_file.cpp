@@ -20,6 +20,10 @@ constexpr std::array<std::uint16_t, 4> kLocatorMasks = {0xA598, 0x8101, 0x3CC4, 
 constexpr unsigned kFewestSections = 3;
 constexpr std::uint64_t kSentinel = kSentinelLength;
 
+void patch(std::map<std::uint64_t, char>& patches, std::uint64_t at, std::uint64_t value) {
+  for (unsigned i = 0; i < sizeof(std::uint32_t); ++i) patches[at + i] = static_cast<char>(value >> (8 * i));
+}
+
 }  // namespace
 
 base::Result<std::unique_ptr<DwgFile>> LocatedFile::read(std::shared_ptr<const SourceBytes> source,
@@ -123,72 +127,96 @@ void LocatedFile::readSecondHeader() {
   while (at != bytes.npos && !readAt(at)) at = at == 0 ? bytes.npos : bytes.rfind(mark, at - 1);
 }
 
-base::Result<std::string> LocatedFile::write(const FileChanges& changes) const {
+base::Status LocatedFile::writeTo(const FileChanges& changes, const Sink& sink) const {
   Splices splices;
-  const auto plan = ObjectChanges::plan(*this, changes.objects, splices);
+  const ObjectContents contents(changes, version());
+  const auto plan = ObjectChanges::plan(*this, contents, splices);
   if (!plan) return plan.failure();
   headerFrame_.change(file(), changes.header, splices);
   classesFrame_.change(file(), changes.classes, splices);
-  if (splices.empty()) return std::string(file());
+  if (splices.empty()) return sink(file()), base::Status();
 
+  if (auto arranged = arrange(plan.value(), splices); !arranged) return arranged;
+  if (auto fits = withinLimits(file().size() + splices.growth()); !fits) return fits;
+  Patches patches;
+  patchLocators(splices, patches);
+  patchThumbnail(splices, patches);
+  patchFreeSpace(splices, plan.value().count(places_), patches);
+  patchNextHandle(splices, plan.value().largestAdded(), patches);
+  std::uint64_t at = 0;
+  const auto patched = [&](std::string_view piece) {
+    const auto first = patches.lower_bound(at), last = patches.lower_bound(at + piece.size());
+    if (first == last) {
+      sink(piece);
+    } else {
+      std::string copy(piece);
+      for (auto patch = first; patch != last; ++patch)
+        copy[static_cast<std::size_t>(patch->first - at)] = patch->second;
+      sink(copy);
+    }
+    at += piece.size();
+  };
+  splices.apply(
+      file(), [&](std::uint32_t number) { return contents.whole(number); }, patched);
+  return {};
+}
+
+base::Status LocatedFile::arrange(const ObjectChanges& objects, Splices& splices) const {
   const std::uint64_t mapAt = section(kHandles)->at, secondAt = secondAt_ + SecondHeader::kBegin.size();
   splices.add(mapAt, mapLength_, std::string(part(file(), mapAt, mapLength_)));
   if (second_)
     splices.add(secondAt, second_->length(), std::string(part(file(), secondAt, second_->length())));
-  if (!splices.arrange()) return refusal(mapAt, L"The sections and objects of the file overlap");
-  std::vector<ObjectPlace> places;
-  // What they tell depends on how long they are; that settles at once unless objects stand behind them.
+  const auto overlap = [&] { return refusal(mapAt, L"The sections and objects of the file overlap"); };
+  if (!splices.arrange()) return overlap();
+  // What they tell hangs from their own lengths only where objects stand behind them.
+  const std::uint64_t first = second_ ? std::min(mapAt, secondAt) : mapAt;
+  const bool isLast =
+      std::ranges::all_of(places_, [&](const ObjectPlace& place) { return place.offset < first; });
   bool isSettled = false;
   for (int round = 0; round < 8 && !isSettled; ++round) {
-    places = plan.value().places(places_, splices);
-    const std::size_t oldLengths =
-        splices.replacement(mapAt).size() + (second_ ? splices.replacement(secondAt).size() : 0);
-    splices.replace(mapAt, writeObjectMap(places));
-    std::size_t lengths = splices.replacement(mapAt).size();
-    if (second_) {
-      const auto section = [&](unsigned number) {
-        const auto* found = this->section(number);
-        if (found == nullptr) return std::pair<std::uint32_t, std::uint32_t>();
-        return std::pair(static_cast<std::uint32_t>(splices.moved(found->at)),
-                         static_cast<std::uint32_t>(splices.movedLength(found->at, found->size)));
-      };
-      splices.replace(secondAt,
-                      second_->moved({splices.moved(secondAt_), section, plan.value().largestAdded()}));
-      lengths += splices.replacement(secondAt).size();
-    }
-    isSettled = round > 0 && lengths == oldLengths;
+    const auto lengths = [&] {
+      return splices.replacement(mapAt).size() + (second_ ? splices.replacement(secondAt).size() : 0);
+    };
+    const std::size_t oldLengths = lengths();
+    if (round == 0 || !isLast) splices.replace(mapAt, objects.map(places_, splices));
+    if (second_) replaceSecondHeader(objects, splices);
+    isSettled = round > 0 && lengths() == oldLengths;
   }
-  if (!isSettled) return refusal(mapAt, L"The sections and objects of the file overlap");
-
-  std::string written = splices.applied(file());
-  if (written.size() > 0xFFFFFFFFU) return withinLimits(std::move(written));
-  patchLocators(splices, written);
-  patchThumbnail(splices, written);
-  patchFreeSpace(splices, places.size(), written);
-  patchNextHandle(splices, plan.value().largestAdded(), written);
-  return written;
+  return isSettled ? base::Status() : base::Status(overlap());
 }
 
-void LocatedFile::patchLocators(const Splices& splices, std::string& file) const {
+void LocatedFile::replaceSecondHeader(const ObjectChanges& objects, Splices& splices) const {
+  const auto section = [&](unsigned number) {
+    const auto* found = this->section(number);
+    if (found == nullptr) return std::pair<std::uint32_t, std::uint32_t>();
+    return std::pair(static_cast<std::uint32_t>(splices.moved(found->at)),
+                     static_cast<std::uint32_t>(splices.movedLength(found->at, found->size)));
+  };
+  splices.replace(secondAt_ + SecondHeader::kBegin.size(),
+                  second_->moved({splices.moved(secondAt_), section, objects.largestAdded()}));
+}
+
+void LocatedFile::patchLocators(const Splices& splices, Patches& patches) const {
+  const std::uint64_t end = kLocatorsAt + sections_.size() * kLocatorSize;
+  std::string begin(part(file(), 0, end + 2));
   for (const Section& section : sections_) {
     if (section.at == 0) continue;
-    putRaw(file, section.locator + 1, static_cast<std::uint32_t>(splices.moved(section.at)));
-    putRaw(file, section.locator + 5,
+    putRaw(begin, section.locator + 1, static_cast<std::uint32_t>(splices.moved(section.at)));
+    putRaw(begin, section.locator + 5,
            static_cast<std::uint32_t>(splices.movedLength(section.at, section.size)));
   }
-  const auto thumbnail = rawAt<std::uint32_t>(file, kThumbnailAt);
-  if (thumbnail < this->file().size()) {
-    putRaw(file, kThumbnailAt, static_cast<std::uint32_t>(splices.moved(thumbnail)));
-  }
-  const std::uint64_t end = kLocatorsAt + sections_.size() * kLocatorSize;
-  const auto crc = static_cast<std::uint16_t>(crc16(0, part(file, 0, end)) ^
+  const auto thumbnail = rawAt<std::uint32_t>(begin, kThumbnailAt);
+  if (thumbnail < file().size())
+    putRaw(begin, kThumbnailAt, static_cast<std::uint32_t>(splices.moved(thumbnail)));
+  const auto crc = static_cast<std::uint16_t>(crc16(0, part(begin, 0, end)) ^
                                               kLocatorMasks[sections_.size() - kFewestSections]);
-  putRaw(file, end, crc);
+  putRaw(begin, end, crc);
+  for (std::uint64_t at = 0; at < begin.size(); ++at) patches[at] = begin[static_cast<std::size_t>(at)];
 }
 
 // The thumbnail tells where in the file each of its pictures is.
-void LocatedFile::patchThumbnail(const Splices& splices, std::string& file) const {
-  const std::string_view old = this->file();
+void LocatedFile::patchThumbnail(const Splices& splices, Patches& patches) const {
+  const std::string_view old = file();
   const std::uint64_t at = rawAt<std::uint32_t>(old, kThumbnailAt);
   if (splices.moved(at) == at || !isWithin(at, kSentinel + 5, old.size()) ||
       part(old, at, kSentinel) != kThumbnailBegin) {
@@ -201,31 +229,28 @@ void LocatedFile::patchThumbnail(const Splices& splices, std::string& file) cons
     const std::uint64_t entry = entries + i * kLocatorSize + 1;
     const auto picture = rawAt<std::uint32_t>(old, entry);
     if (picture == 0 || picture >= old.size()) continue;
-    putRaw(file, splices.moved(entry), static_cast<std::uint32_t>(splices.moved(picture)));
+    patch(patches, splices.moved(entry), splices.moved(picture));
   }
 }
 
 // The number of objects, and where they begin.
-void LocatedFile::patchFreeSpace(const Splices& splices, std::size_t objects, std::string& file) const {
+void LocatedFile::patchFreeSpace(const Splices& splices, std::size_t objects, Patches& patches) const {
   constexpr std::uint64_t kNumberAt = 4, kAddressAt = 16;
   const Section* const section = this->section(kFreeSpace);
   if (section == nullptr || section->size < kAddressAt + 4) return;
-  const std::uint64_t number = splices.moved(section->at + kNumberAt);
-  if (rawAt<std::uint32_t>(file, number) == places_.size()) {
-    putRaw(file, number, static_cast<std::uint32_t>(objects));
-  }
-  const std::uint64_t address = splices.moved(section->at + kAddressAt);
-  const auto begin = rawAt<std::uint32_t>(file, address);
-  if (begin < this->file().size()) putRaw(file, address, static_cast<std::uint32_t>(splices.moved(begin)));
+  const std::uint64_t number = section->at + kNumberAt, address = section->at + kAddressAt;
+  if (rawAt<std::uint32_t>(file(), number) == places_.size()) patch(patches, splices.moved(number), objects);
+  const auto begin = rawAt<std::uint32_t>(file(), address);
+  if (begin < file().size()) patch(patches, splices.moved(address), splices.moved(begin));
 }
 
-void LocatedFile::patchNextHandle(const Splices& splices, Handle largest, std::string& file) const {
+void LocatedFile::patchNextHandle(const Splices& splices, Handle largest, Patches& patches) const {
   constexpr std::uint64_t kNextHandleAt = 79;
   const Section* const section = this->section(kAuxHeader);
   if (largest == 0 || section == nullptr || section->size < kNextHandleAt + 4) return;
   if (largest >= 0xFFFFFFFF) return;
-  const std::uint64_t at = splices.moved(section->at + kNextHandleAt);
-  if (rawAt<std::uint32_t>(file, at) <= largest) putRaw(file, at, static_cast<std::uint32_t>(largest + 1));
+  const std::uint64_t at = section->at + kNextHandleAt;
+  if (rawAt<std::uint32_t>(file(), at) <= largest) patch(patches, splices.moved(at), largest + 1);
 }
 
 }  // namespace cad::dwg

@@ -3,6 +3,7 @@
 // them.
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <span>
@@ -12,6 +13,7 @@
 #include "base/result.h"
 #include "embedded/dwg/files/dwg_file.h"
 #include "embedded/dwg/files/framed_section.h"
+#include "embedded/dwg/files/object_changes.h"
 #include "embedded/dwg/files/second_header.h"
 #include "embedded/dwg/files/splices.h"
 
@@ -21,7 +23,7 @@ class LocatedFile final : public DwgFile {
  public:
   static base::Result<std::unique_ptr<DwgFile>> read(std::shared_ptr<const SourceBytes> source,
                                                      const DrawingFacts& facts, std::uint8_t maintenance);
-  base::Result<std::string> write(const FileChanges& changes) const override;
+  base::Status writeTo(const FileChanges& changes, const Sink& sink) const override;
 
  private:
   struct Section {
@@ -38,10 +40,16 @@ class LocatedFile final : public DwgFile {
   std::uint64_t locatorsEnd() const;              // with their CRC and mark
   const Section* section(unsigned number) const;  // null: the file has none
 
-  void patchLocators(const Splices& splices, std::string& file) const;
-  void patchThumbnail(const Splices& splices, std::string& file) const;
-  void patchFreeSpace(const Splices& splices, std::size_t objects, std::string& file) const;
-  void patchNextHandle(const Splices& splices, Handle largest, std::string& file) const;
+  // Settles what the map and the second header become, which tell of places that hang from their lengths.
+  base::Status arrange(const ObjectChanges& objects, Splices& splices) const;
+  void replaceSecondHeader(const ObjectChanges& objects, Splices& splices) const;
+
+  // The bytes that tell of places elsewhere in the file, by their own new places.
+  using Patches = std::map<std::uint64_t, char>;
+  void patchLocators(const Splices& splices, Patches& patches) const;
+  void patchThumbnail(const Splices& splices, Patches& patches) const;
+  void patchFreeSpace(const Splices& splices, std::size_t objects, Patches& patches) const;
+  void patchNextHandle(const Splices& splices, Handle largest, Patches& patches) const;
 
   std::vector<Section> sections_;
   FramedSection headerFrame_, classesFrame_;

@@ -1,9 +1,11 @@
 #include "embedded/dwg/files/object_changes.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "embedded/dwg/bits/bit_writer.h"
 #include "embedded/dwg/bits/crc.h"
+#include "embedded/dwg/files/object_map.h"
 #include "embedded/dwg/files/raw_values.h"
 
 namespace cad::dwg {
@@ -11,26 +13,36 @@ namespace {
 
 constexpr std::size_t kLargestObject = (std::size_t{1} << 30) - 1;
 
-struct Extent {
-  std::uint64_t begin = 0, end = 0;
-  Handle handle = 0;
-  bool isShared = false;  // its bytes, or some of them, are another's as well
-};
+using Number = std::uint32_t;
 
-std::vector<Extent> extents(const DwgFile& file) {
-  std::vector<Extent> all;
-  all.reserve(file.places().size());
-  for (const ObjectPlace& place : file.places()) {
-    const auto object = file.objectAt(place.offset);
-    if (object) all.push_back({place.offset, place.offset + object.value().whole.size(), place.handle});
+// The numbers of changes by handle.
+std::vector<Number> byHandle(const ObjectContents& contents) {
+  std::vector<Number> order(contents.count());
+  std::iota(order.begin(), order.end(), 0U);
+  const auto handle = [&](Number number) { return contents.handle(number); };
+  if (!std::ranges::is_sorted(order, {}, handle)) std::ranges::sort(order, {}, handle);
+  return order;
+}
+
+std::uint64_t endOf(const DwgFile& file, const ObjectPlace& place) {
+  return place.offset + file.objectOf(place).whole.size();
+}
+
+// Which objects have bytes that are another's as well; `end`: where the last one ends.
+std::vector<bool> shared(const DwgFile& file, std::uint64_t& end) {
+  const std::span<const ObjectPlace> places = file.places();
+  std::vector<Number> order(places.size());
+  std::iota(order.begin(), order.end(), 0U);
+  const auto offset = [&](Number place) { return places[place].offset; };
+  if (!std::ranges::is_sorted(order, {}, offset)) std::ranges::sort(order, {}, offset);
+  std::vector<bool> isShared(places.size());
+  Number furthest = 0;
+  end = 0;
+  for (const Number place : order) {
+    if (places[place].offset < end) isShared[place] = isShared[furthest] = true;
+    if (const std::uint64_t own = endOf(file, places[place]); own > end) end = own, furthest = place;
   }
-  std::sort(all.begin(), all.end(), [](const Extent& a, const Extent& b) { return a.begin < b.begin; });
-  Extent* furthest = nullptr;
-  for (Extent& extent : all) {
-    if (furthest != nullptr && extent.begin < furthest->end) extent.isShared = furthest->isShared = true;
-    if (furthest == nullptr || extent.end > furthest->end) furthest = &extent;
-  }
-  return all;
+  return isShared;
 }
 
 std::wstring hexText(Handle handle) {
@@ -41,88 +53,112 @@ std::wstring hexText(Handle handle) {
   return text;
 }
 
-base::Failure refused(const ChangedObject& change, const wchar_t* reason) {
-  return {L"handle " + hexText(change.handle), reason};
-}
+base::Failure refused(Handle handle, const wchar_t* reason) { return {L"handle " + hexText(handle), reason}; }
 
-base::Status check(const DwgFile& file, const std::vector<const ChangedObject*>& changes) {
-  Handle last = 0;
-  for (const ChangedObject* change : changes) {
-    const bool isKnown = file.find(change->handle) != nullptr;
-    if (change->handle == last) return refused(*change, L"This handle cannot be written");
-    if (change->erased && !isKnown) return refused(*change, L"The drawing has no such object");
-    if (!change->erased && (change->data.empty() || change->data.size() > kLargestObject ||
-                            change->handleBits > change->data.size() * 8)) {
-      return refused(*change, L"The object is too large or empty");
-    }
-    last = change->handle;
-  }
-  return {};
+// Null: the change can be made.
+const wchar_t* misfit(const ObjectBytes& object, bool isErased, bool isRepeated, bool isKnown) {
+  if (isRepeated) return L"This handle cannot be written";
+  if (isErased) return isKnown ? nullptr : L"The drawing has no such object";
+  const bool fits = !object.data.empty() && object.data.size() <= kLargestObject &&
+                    object.handleBits <= object.data.size() * 8;
+  return fits ? nullptr : L"The object is too large or empty";
 }
 
 }  // namespace
 
-std::string wholeObject(const ChangedObject& object, Version version) {
-  BitWriter writer;
-  writer.ms(static_cast<std::uint32_t>(object.data.size()));
-  if (version >= Version::kR2010) writer.umc(object.handleBits);
-  std::string whole = writer.take() + object.data;
-  appendRaw(whole, crc16(kCrcStart, whole));
-  return whole;
+Handle ObjectContents::handle(std::uint32_t number) const {
+  const std::size_t own = changes_.objects.size();
+  return number < own ? changes_.objects[number].handle : changes_.held[number - own].handle;
 }
 
-base::Result<ObjectChanges> ObjectChanges::plan(const DwgFile& file, std::span<const ChangedObject> changes,
+bool ObjectContents::isErased(std::uint32_t number) const {
+  return number < changes_.objects.size() && changes_.objects[number].erased;
+}
+
+ObjectBytes ObjectContents::bytes(std::uint32_t number) const {
+  const std::size_t own = changes_.objects.size();
+  if (number >= own) return changes_.bytesOf(changes_.held[number - own].number, buffer_);
+  const ChangedObject& object = changes_.objects[number];
+  ObjectBytes bytes;
+  bytes.data = object.data, bytes.handleBits = object.handleBits;
+  return bytes;
+}
+
+std::string ObjectContents::sizes(const ObjectBytes& object) const {
+  BitWriter writer;
+  writer.ms(static_cast<std::uint32_t>(object.data.size()));
+  if (version_ >= Version::kR2010) writer.umc(object.handleBits);
+  return writer.take();
+}
+
+std::string_view ObjectContents::whole(std::uint32_t number) const {
+  if (isErased(number)) return {};
+  const ObjectBytes object = bytes(number);
+  whole_ = sizes(object);
+  whole_ += object.data;
+  appendRaw(whole_, crc16(kCrcStart, whole_));
+  return whole_;
+}
+
+std::size_t ObjectContents::wholeSize(const ObjectBytes& object) const {
+  return sizes(object).size() + object.data.size() + sizeof(std::uint16_t);
+}
+
+base::Result<ObjectChanges> ObjectChanges::plan(const DwgFile& file, const ObjectContents& contents,
                                                 Splices& splices) {
   ObjectChanges plan;
-  if (changes.empty()) return plan;
-  std::vector<const ChangedObject*> byHandle;
-  for (const ChangedObject& change : changes) byHandle.push_back(&change);
-  std::sort(byHandle.begin(), byHandle.end(),
-            [](const ChangedObject* a, const ChangedObject* b) { return a->handle < b->handle; });
-  if (auto checked = check(file, byHandle); !checked) return checked.failure();
-
-  std::vector<Extent> all = extents(file);
-  for (const Extent& extent : all) plan.end_ = std::max(plan.end_, extent.end);
-  std::sort(all.begin(), all.end(), [](const Extent& a, const Extent& b) { return a.handle < b.handle; });
+  if (contents.count() == 0) return plan;
+  const std::vector<bool> isShared = shared(file, plan.end_);
+  const std::span<const ObjectPlace> places = file.places();
+  splices.reserve(contents.count());
   std::string appended;
-  for (const ChangedObject* change : byHandle) {
-    const auto extent = std::lower_bound(all.begin(), all.end(), change->handle,
-                                         [](const Extent& e, Handle handle) { return e.handle < handle; });
-    const bool isKnown = extent != all.end() && extent->handle == change->handle;
-    const bool inPlace = isKnown && !extent->isShared;
-    if (!isKnown) plan.largestAdded_ = change->handle;
-    if (isKnown && (change->erased || !inPlace)) plan.gone_.push_back(change->handle);
+  std::size_t at = 0;
+  Handle last = 0;
+  for (const Number number : byHandle(contents)) {
+    const Handle handle = contents.handle(number);
+    while (at < places.size() && places[at].handle < handle) ++at;
+    const bool isKnown = at < places.size() && places[at].handle == handle;
+    const bool isErased = contents.isErased(number), inPlace = isKnown && !isShared[at];
+    const ObjectBytes object = contents.bytes(number);
+    if (const wchar_t* wrong = misfit(object, isErased, handle == last, isKnown))
+      return refused(handle, wrong);
+    last = handle;
+    if (!isKnown) plan.largestAdded_ = handle;
+    if (isKnown && (isErased || !inPlace)) plan.gone_.push_back(handle);
     if (inPlace) {
-      splices.add(extent->begin, extent->end - extent->begin,
-                  change->erased ? std::string() : wholeObject(*change, file.version()));
-    } else if (!change->erased) {
-      plan.appended_.push_back({change->handle, appended.size()});
-      appended += wholeObject(*change, file.version());
+      const std::uint64_t begin = places[at].offset;
+      splices.add(begin, endOf(file, places[at]) - begin, number,
+                  isErased ? 0 : contents.wholeSize(object));
+    } else if (!isErased) {
+      plan.appended_.push_back({handle, appended.size()});
+      appended += contents.whole(number);
     }
   }
   if (!appended.empty()) splices.add(plan.end_, 0, std::move(appended));
   return plan;
 }
 
-std::vector<ObjectPlace> ObjectChanges::places(std::span<const ObjectPlace> old,
-                                               const Splices& splices) const {
-  std::vector<ObjectPlace> places;
-  places.reserve(old.size() + appended_.size());
+std::string ObjectChanges::map(std::span<const ObjectPlace> old, const Splices& splices) const {
+  ObjectMapWriter writer;
+  const std::uint64_t begin = appended_.empty() ? 0 : splices.inserted(end_);
   auto gone = gone_.begin();
+  auto added = appended_.begin();
+  const auto addUpTo = [&](Handle handle) {
+    for (; added != appended_.end() && added->handle < handle; ++added)
+      writer.add({added->handle, begin + added->offset});
+  };
+  std::size_t near = 0;
   for (const ObjectPlace& place : old) {
+    addUpTo(place.handle);
     if (gone != gone_.end() && *gone == place.handle) {
       ++gone;
     } else {
-      places.push_back({place.handle, splices.moved(place.offset)});
+      writer.add({place.handle, splices.moved(place.offset, near)});
     }
+    addUpTo(place.handle + 1);
   }
-  if (appended_.empty()) return places;
-  const auto kept = static_cast<std::ptrdiff_t>(places.size());
-  const std::uint64_t begin = splices.inserted(end_);
-  for (const Appended& object : appended_) places.push_back({object.handle, begin + object.offset});
-  std::inplace_merge(places.begin(), places.begin() + kept, places.end(),
-                     [](const ObjectPlace& a, const ObjectPlace& b) { return a.handle < b.handle; });
-  return places;
+  addUpTo(~Handle{0});
+  return writer.take();
 }
 
 }  // namespace cad::dwg

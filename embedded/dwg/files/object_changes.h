@@ -13,15 +13,43 @@
 
 namespace cad::dwg {
 
+// The bytes of all changed objects, by number: first those that the changes have, then those that are held.
+class ObjectContents {
+ public:
+  ObjectContents(const FileChanges& changes, Version version) : changes_(changes), version_(version) {}
+
+  std::uint32_t count() const {
+    return static_cast<std::uint32_t>(changes_.objects.size() + changes_.held.size());
+  }
+  Handle handle(std::uint32_t number) const;
+  bool isErased(std::uint32_t number) const;
+  // Valid until the next call.
+  ObjectBytes bytes(std::uint32_t number) const;
+  // With its size and its CRC; of an erased object nothing.
+  std::string_view whole(std::uint32_t number) const;
+  std::size_t wholeSize(const ObjectBytes& object) const;
+
+ private:
+  std::string sizes(const ObjectBytes& object) const;
+
+  const FileChanges& changes_;
+  Version version_;
+  mutable std::string buffer_, whole_;
+};
+
 class ObjectChanges {
  public:
   // What the changes do with the objects of `file`: splices are added, which are not yet arranged. Failures:
-  // see DwgFile::write().
-  static base::Result<ObjectChanges> plan(const DwgFile& file, std::span<const ChangedObject> changes,
+  // see DwgFile::writeTo().
+  static base::Result<ObjectChanges> plan(const DwgFile& file, const ObjectContents& contents,
                                           Splices& splices);
 
-  // The places of all objects under the arranged splices, by handle.
-  std::vector<ObjectPlace> places(std::span<const ObjectPlace> old, const Splices& splices) const;
+  // The map of all objects under the arranged splices.
+  std::string map(std::span<const ObjectPlace> old, const Splices& splices) const;
+  // How many objects there are then.
+  std::size_t count(std::span<const ObjectPlace> old) const {
+    return old.size() - gone_.size() + appended_.size();
+  }
   // The largest handle that is new; 0 without one.
   Handle largestAdded() const { return largestAdded_; }
 
@@ -35,8 +63,5 @@ class ObjectChanges {
   std::uint64_t end_ = 0;           // of the last object
   Handle largestAdded_ = 0;
 };
-
-// The object with its size and its CRC.
-std::string wholeObject(const ChangedObject& object, Version version);
 
 }  // namespace cad::dwg

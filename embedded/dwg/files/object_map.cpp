@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "embedded/dwg/bits/bit_reader.h"
-#include "embedded/dwg/bits/bit_writer.h"
 #include "embedded/dwg/bits/crc.h"
 #include "embedded/dwg/files/raw_values.h"
 
@@ -22,21 +21,6 @@ std::uint16_t bigEndian(std::string_view bytes, std::uint64_t at) {
 void appendBigEndian(std::string& bytes, std::uint16_t value) {
   bytes += static_cast<char>(value >> 8);
   bytes += static_cast<char>(value);
-}
-
-void closePage(std::string& map, std::string_view pairs) {
-  std::string page;
-  appendBigEndian(page, static_cast<std::uint16_t>(pairs.size() + 2));
-  page += pairs;
-  appendBigEndian(page, crc16(kCrcStart, page));
-  map += page;
-}
-
-std::string pairOf(const ObjectPlace& last, const ObjectPlace& place) {
-  BitWriter pair;
-  pair.umc(place.handle - last.handle);
-  pair.mc(static_cast<std::int64_t>(place.offset - last.offset));
-  return pair.take();
 }
 
 // False: the pairs are not what they should be.
@@ -83,27 +67,43 @@ base::Result<ObjectMap> readObjectMap(std::string_view section, std::uint64_t pl
   return map;
 }
 
-std::string writeObjectMap(std::span<const ObjectPlace> places) {
-  std::string map;
-  std::string page;
-  ObjectPlace last;
-  const auto close = [&] {
-    closePage(map, page);
-    page.clear(), last = {};
-  };
-  for (const ObjectPlace& place : places) {
-    std::string pair = pairOf(last, place);
-    if (2 + page.size() + pair.size() > kMostOfPage) {
-      close();
-      pair = pairOf(last, place);
-    }
-    page += pair;
-    last = place;
-    if (2 + page.size() >= kFullPage) close();
+void ObjectMapWriter::add(const ObjectPlace& place) {
+  BitWriter pair = pairBehindLast(place);
+  if (2 + page_.size() + pair.bytes().size() > kMostOfPage) {
+    close();
+    pair = pairBehindLast(place);
   }
-  if (!page.empty()) close();
-  closePage(map, {});
-  return map;
+  page_ += pair.bytes();
+  last_ = place;
+  if (2 + page_.size() >= kFullPage) close();
+}
+
+BitWriter ObjectMapWriter::pairBehindLast(const ObjectPlace& place) const {
+  BitWriter pair;
+  pair.umc(place.handle - last_.handle);
+  pair.mc(static_cast<std::int64_t>(place.offset - last_.offset));
+  return pair;
+}
+
+void ObjectMapWriter::close() {
+  std::string page;
+  appendBigEndian(page, static_cast<std::uint16_t>(page_.size() + 2));
+  page += page_;
+  appendBigEndian(page, crc16(kCrcStart, page));
+  map_ += page;
+  page_.clear(), last_ = {};
+}
+
+std::string ObjectMapWriter::take() {
+  if (!page_.empty()) close();
+  close();
+  return std::move(map_);
+}
+
+std::string writeObjectMap(std::span<const ObjectPlace> places) {
+  ObjectMapWriter writer;
+  for (const ObjectPlace& place : places) writer.add(place);
+  return writer.take();
 }
 
 }  // namespace cad::dwg

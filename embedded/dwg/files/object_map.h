@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/result.h"
+#include "embedded/dwg/bits/bit_writer.h"
 #include "embedded/dwg/files/dwg_file.h"
 
 namespace cad::dwg {
@@ -20,6 +21,19 @@ struct ObjectMap {
 // From the beginning of `section`. `place`: the byte of the file that refusals tell. Refused: what is cut
 // off, a wrong CRC, a handle that is 0 or stands there twice.
 base::Result<ObjectMap> readObjectMap(std::string_view section, std::uint64_t place);
+
+class ObjectMapWriter {
+ public:
+  void add(const ObjectPlace& place);  // by handle
+  std::string take();
+
+ private:
+  BitWriter pairBehindLast(const ObjectPlace& place) const;
+  void close();
+
+  std::string map_, page_;
+  ObjectPlace last_;  // of the page
+};
 
 std::string writeObjectMap(std::span<const ObjectPlace> places);
 

@@ -130,13 +130,16 @@ base::Status PagedFile::readSections() {
                      placeOf(*section(kHandlesName)));
 }
 
-base::Result<std::string> PagedFile::write(const FileChanges& changes) const {
+base::Status PagedFile::writeTo(const FileChanges& changes, const Sink& sink) const {
   auto changed = changedSections(*this, sections_, changes);
   if (!changed) return changed.failure();
-  if (changed.value().empty()) return std::string(file());
+  if (changed.value().empty()) return sink(file()), base::Status();
   PagedWriter writer(file(), header_, pages_, map_);
   for (const auto& [name, content] : changed.value()) writer.change(name, sections_.named(name), content);
-  return withinLimits(writer.written());
+  const std::string written = writer.written();
+  if (auto fits = withinLimits(written.size()); !fits) return fits;
+  sink(written);
+  return {};
 }
 
 }  // namespace cad::dwg

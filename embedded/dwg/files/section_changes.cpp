@@ -65,19 +65,20 @@ base::Result<std::map<std::string, std::string>> changedSections(const DwgFile& 
   reframe(kClassesName, sections.classes, sections.classesFrame, changes.classes);
 
   Splices splices;
-  const auto plan = ObjectChanges::plan(file, changes.objects, splices);
+  const ObjectContents contents(changes, file.version());
+  const auto plan = ObjectChanges::plan(file, contents, splices);
   if (!plan) return plan.failure();
   if (splices.empty()) return changed;
   if (!splices.arrange()) return base::Failure{{}, L"The sections and objects of the file overlap"};
-  const auto places = plan.value().places(file.places(), splices);
-  std::string objects = splices.applied(sections.objects);
+  std::string objects =
+      splices.applied(sections.objects, [&](std::uint32_t number) { return contents.whole(number); });
   if (objects != sections.objects) changed[kObjectsName] = std::move(objects);
-  std::string handles = writeObjectMap(places);
+  std::string handles = plan.value().map(file.places(), splices);
   handles += std::string_view(sections.handles).substr(static_cast<std::size_t>(sections.mapLength));
   if (handles != sections.handles) changed[kHandlesName] = std::move(handles);
   std::string auxHeader = sections.auxHeader, freeSpace = sections.freeSpace;
   raiseNextHandle(auxHeader, file.version(), plan.value().largestAdded());
-  setObjectCount(freeSpace, file.places().size(), places.size());
+  setObjectCount(freeSpace, file.places().size(), plan.value().count(file.places()));
   if (auxHeader != sections.auxHeader) changed[kAuxHeaderName] = std::move(auxHeader);
   if (freeSpace != sections.freeSpace) changed[kFreeSpaceName] = std::move(freeSpace);
   return changed;

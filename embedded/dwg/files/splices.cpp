@@ -1,31 +1,49 @@
 #include "embedded/dwg/files/splices.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace cad::dwg {
 
 void Splices::add(std::uint64_t at, std::uint64_t removed, std::string bytes) {
-  splices_.push_back({at, removed, std::move(bytes)});
+  const std::uint64_t size = bytes.size();
+  add({.at = at, .text = static_cast<std::uint32_t>(texts_.size())}, removed, size);
+  texts_.push_back(std::move(bytes));
+}
+
+void Splices::add(std::uint64_t at, std::uint64_t removed, std::uint32_t number, std::uint64_t size) {
+  add({.at = at, .number = number}, removed, size);
+}
+
+void Splices::add(Splice splice, std::uint64_t removed, std::uint64_t size) {
+  splice.removed = static_cast<std::uint32_t>(removed), splice.size = static_cast<std::uint32_t>(size);
+  if (splice.removed != removed || splice.size != size) isTooLarge_ = true;
+  splices_.push_back(splice);
 }
 
 bool Splices::arrange() {
-  std::stable_sort(splices_.begin(), splices_.end(), [](const Splice& a, const Splice& b) {
-    return std::pair(a.at, a.at + a.removed) < std::pair(b.at, b.at + b.removed);
-  });
-  std::uint64_t shift = 0, end = 0;
-  for (Splice& splice : splices_) {
+  const auto order = [](const Splice& splice) { return std::pair(splice.at, splice.end()); };
+  if (!std::ranges::is_sorted(splices_, {}, order)) std::ranges::stable_sort(splices_, {}, order);
+  std::uint64_t end = 0;
+  for (const Splice& splice : splices_) {
     if (splice.at < end) return false;
-    end = splice.at + splice.removed;
-    shift += splice.bytes.size() - splice.removed;
-    splice.shift = shift;
+    end = splice.end();
   }
-  return true;
+  shiftFrom(0);
+  return !isTooLarge_;
+}
+
+void Splices::shiftFrom(std::size_t position) {
+  std::uint64_t shift = position == 0 ? 0 : splices_[position - 1].shift;
+  for (; position < splices_.size(); ++position) {
+    Splice& splice = splices_[position];
+    splice.shift = shift += std::uint64_t{splice.size} - splice.removed;
+  }
 }
 
 std::vector<Splices::Splice>::const_iterator Splices::behind(std::uint64_t offset) const {
-  return std::partition_point(splices_.begin(), splices_.end(),
-                              [&](const Splice& splice) { return splice.at + splice.removed <= offset; });
+  return std::ranges::partition_point(splices_, [&](const Splice& splice) { return splice.end() <= offset; });
 }
 
 std::vector<Splices::Splice>::const_iterator Splices::find(std::uint64_t at) const {
@@ -37,13 +55,26 @@ std::uint64_t Splices::shiftBefore(std::vector<Splice>::const_iterator splice) c
 }
 
 void Splices::replace(std::uint64_t at, std::string bytes) {
-  splices_[static_cast<std::size_t>(find(at) - splices_.begin())].bytes = std::move(bytes);
-  arrange();
+  const auto position = static_cast<std::size_t>(find(at) - splices_.begin());
+  Splice& splice = splices_[position];
+  splice.size = static_cast<std::uint32_t>(bytes.size());
+  texts_[splice.text] = std::move(bytes);
+  shiftFrom(position);
 }
 
-std::string_view Splices::replacement(std::uint64_t at) const { return find(at)->bytes; }
+std::string_view Splices::replacement(std::uint64_t at) const { return texts_[find(at)->text]; }
 
 std::uint64_t Splices::moved(std::uint64_t offset) const { return offset + shiftBefore(behind(offset)); }
+
+std::uint64_t Splices::moved(std::uint64_t offset, std::size_t& near) const {
+  const auto isBehind = [&](std::size_t at) {
+    return (at == 0 || splices_[at - 1].end() <= offset) &&
+           (at == splices_.size() || splices_[at].end() > offset);
+  };
+  if (!isBehind(near) && (near == splices_.size() || !isBehind(++near)))
+    near = static_cast<std::size_t>(behind(offset) - splices_.begin());
+  return offset + (near == 0 ? 0 : splices_[near - 1].shift);
+}
 
 std::uint64_t Splices::inserted(std::uint64_t at) const {
   const auto splice = std::find_if(splices_.begin(), splices_.end(), [&](const Splice& candidate) {
@@ -55,21 +86,28 @@ std::uint64_t Splices::inserted(std::uint64_t at) const {
 std::uint64_t Splices::movedLength(std::uint64_t at, std::uint64_t length) const {
   const std::uint64_t end = at + length;
   for (auto splice = behind(at); splice != splices_.end() && splice->at < end; ++splice) {
-    length += splice->bytes.size() - splice->removed;
+    length += std::uint64_t{splice->size} - splice->removed;
   }
   return length;
 }
 
-std::string Splices::applied(std::string_view bytes) const {
-  std::string result;
-  result.reserve(bytes.size() + static_cast<std::size_t>(splices_.empty() ? 0 : splices_.back().shift));
+void Splices::apply(std::string_view bytes, const BytesOf& bytesOf, const Sink& sink) const {
   std::uint64_t at = 0;
+  const auto copyTo = [&](std::uint64_t end) {
+    if (end > at) sink(bytes.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(end - at)));
+  };
   for (const Splice& splice : splices_) {
-    result.append(bytes, static_cast<std::size_t>(at), static_cast<std::size_t>(splice.at - at));
-    result += splice.bytes;
-    at = splice.at + splice.removed;
+    copyTo(splice.at);
+    sink(splice.number == kText ? std::string_view(texts_[splice.text]) : bytesOf(splice.number));
+    at = splice.end();
   }
-  result.append(bytes, static_cast<std::size_t>(at));
+  copyTo(bytes.size());
+}
+
+std::string Splices::applied(std::string_view bytes, const BytesOf& bytesOf) const {
+  std::string result;
+  result.reserve(bytes.size() + static_cast<std::size_t>(growth()));
+  apply(bytes, bytesOf, [&](std::string_view piece) { result += piece; });
   return result;
 }
 

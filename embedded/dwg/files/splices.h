@@ -2,6 +2,7 @@
 // Bytes with parts of them replaced, and where the others come to stand.
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,40 +11,60 @@ namespace cad::dwg {
 
 class Splices {
  public:
+  using Sink = std::function<void(std::string_view)>;
+  // The bytes of one that was given by a number: as many as were told, valid until the next call.
+  using BytesOf = std::function<std::string_view(std::uint32_t number)>;
+
   // `removed` bytes at `at` give way to `bytes`. Splices may be given in any order, but must not overlap.
   void add(std::uint64_t at, std::uint64_t removed, std::string bytes);
-  // To be called when all are given and before everything below; again after replace(). False: two overlap.
+  void add(std::uint64_t at, std::uint64_t removed, std::uint32_t number, std::uint64_t size);
+  // Room for as many, and for those of the sections.
+  void reserve(std::size_t more) { splices_.reserve(splices_.size() + more + 16); }
+  // To be called when all are given and before everything below. False: two overlap, or one has 4 gigabytes.
   bool arrange();
   bool empty() const { return splices_.empty(); }
 
-  // Other bytes for the splice at `at`, which is one that removes bytes.
+  // Other bytes for the splice at `at`, which is one that removes bytes and was given them.
   void replace(std::uint64_t at, std::string bytes);
   std::string_view replacement(std::uint64_t at) const;
 
   // The new offset of what stands at an old one: of a splice that removes bytes its beginning, of what is
   // behind bytes that are put in, the end of these.
   std::uint64_t moved(std::uint64_t offset) const;
+  // The same faster for offsets that grow; `near` is 0 at first.
+  std::uint64_t moved(std::uint64_t offset, std::size_t& near) const;
   // Where bytes come to stand that are put in at `at` without removing any.
   std::uint64_t inserted(std::uint64_t at) const;
   // The new length of what stands from `at` on; bytes put in at its end do not belong to it.
   std::uint64_t movedLength(std::uint64_t at, std::uint64_t length) const;
   // The first byte that becomes another.
   std::uint64_t firstChange() const { return splices_.front().at; }
+  // How many bytes more there are in the end, modulo 2^64.
+  std::uint64_t growth() const { return splices_.empty() ? 0 : splices_.back().shift; }
 
-  std::string applied(std::string_view bytes) const;
+  void apply(std::string_view bytes, const BytesOf& bytesOf, const Sink& sink) const;
+  std::string applied(std::string_view bytes, const BytesOf& bytesOf = {}) const;
 
  private:
+  static constexpr std::uint32_t kText = 0xFFFFFFFF;
+  // As few bytes as can be: there may be one for each object of the file.
   struct Splice {
-    std::uint64_t at = 0, removed = 0;
-    std::string bytes;
+    std::uint64_t at = 0;
     std::uint64_t shift = 0;  // how far everything behind it moves, modulo 2^64
+    std::uint32_t removed = 0, size = 0;
+    std::uint32_t number = kText, text = 0;  // text: its position among the texts
+    std::uint64_t end() const { return at + removed; }
   };
   // The first splice that ends behind `offset`.
   std::vector<Splice>::const_iterator behind(std::uint64_t offset) const;
   std::vector<Splice>::const_iterator find(std::uint64_t at) const;  // one that removes bytes
   std::uint64_t shiftBefore(std::vector<Splice>::const_iterator splice) const;
+  void add(Splice splice, std::uint64_t removed, std::uint64_t size);
+  void shiftFrom(std::size_t position);
 
   std::vector<Splice> splices_;
+  std::vector<std::string> texts_;
+  bool isTooLarge_ = false;
 };
 
 }  // namespace cad::dwg
