@@ -3,12 +3,17 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <new>
 
 namespace cad::dwg {
 namespace {
 
 constexpr std::uint64_t kDeepest = 8;
 constexpr std::size_t kLongestNumber = 10;
+// A state's number is that of its chunk and the place in it; what is longer than a chunk has one of its own.
+constexpr unsigned kPlaceBits = 16;
+constexpr std::size_t kChunk = std::size_t{1} << kPlaceBits, kMostChunks = kChunk;
+static_assert(kNoEdit == 0 && sizeof(EditId) == 4);
 
 // Seven bits in a byte, the lowest first.
 void put(char*& at, std::uint64_t value) {
@@ -47,27 +52,29 @@ EditId StateStore::add(EditId from, std::string_view base, std::string_view data
                                      std::uint64_t{base.size() - same - begin}, std::uint64_t{bytes.size()}})
     put(end, number);
   const auto length = static_cast<std::size_t>(end - head);
-  char* const place = room(length + bytes.size());
+  const EditId state = room(length + bytes.size());
+  char* const place = at(state);
   std::memcpy(place, head, length);
   if (!bytes.empty()) std::memcpy(place + length, bytes.data(), bytes.size());
-  states_.push_back(place);
-  return static_cast<EditId>(states_.size() - 1);
+  return state;
 }
 
-char* StateStore::room(std::size_t bytes) {
-  constexpr std::size_t kChunk = std::size_t{1} << 16;
-  if (size_ - used_ < bytes) {
-    size_ = std::max(kChunk, bytes);
-    used_ = 0;
+char* StateStore::at(EditId state) const { return chunks_[state >> kPlaceBits].get() + state % kChunk; }
+
+EditId StateStore::room(std::size_t bytes) {
+  if (chunks_.empty() || size_ - used_ < bytes) {
+    if (chunks_.size() == kMostChunks) throw std::bad_alloc();
+    used_ = chunks_.empty() ? 1 : 0;  // no state has the number kNoEdit
+    size_ = std::max(kChunk, used_ + bytes);
     chunks_.push_back(std::make_unique_for_overwrite<char[]>(size_));
   }
-  char* const place = chunks_.back().get() + used_;
+  const auto state = static_cast<EditId>((chunks_.size() - 1) << kPlaceBits | used_);
   used_ += bytes;
-  return place;
+  return state;
 }
 
 StateStore::Difference StateStore::difference(EditId state) const {
-  const char* at = states_[state];
+  const char* at = this->at(state);
   Difference difference;
   difference.from = static_cast<EditId>(take(at));
   difference.depth = take(at);

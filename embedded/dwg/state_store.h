@@ -1,8 +1,7 @@
 #pragma once
 // The states of changed objects, none of which is ever altered. A state holds what is different from the one
-// that it was made from.
+// that it was made from; its number tells where it stands.
 
-#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,12 +14,10 @@ namespace cad::dwg {
 
 class StateStore {
  public:
-  StateStore() : states_(1) {}  // kNoEdit
-
   // Whether none can be made from the state any more, but from the original.
   bool isLast(EditId state) const;
   // `from`: the state with the bytes `present`, not the last; kNoEdit: they are the original's, the object as
-  // it was first.
+  // it was first. Throws std::bad_alloc when all states are four gigabytes.
   EditId add(EditId from, std::string_view present, std::string_view data, std::uint64_t handleBits);
   // In the buffer.
   ObjectBytes object(EditId state, std::string_view original, std::string& buffer) const;
@@ -34,9 +31,9 @@ class StateStore {
     std::string_view bytes;
   };
   Difference difference(EditId state) const;
-  char* room(std::size_t bytes);
+  char* at(EditId state) const;
+  EditId room(std::size_t bytes);
 
-  std::deque<const char*> states_;
   std::vector<std::unique_ptr<char[]>> chunks_;
   std::size_t used_ = 0, size_ = 0;  // of the newest chunk
 };
