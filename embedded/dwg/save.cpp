@@ -36,6 +36,7 @@ base::Result<FileChanges> DwgStorage::fileChanges(std::span<const Record> record
   changes.objects = std::move(linked.value());
   std::unordered_set<Handle> linkedHandles;
   for (const ChangedObject& object : changes.objects) linkedHandles.insert(object.handle);
+  changes.handleOf = [this, records](std::uint32_t number) { return handle(records[number]).value_or(0); };
   changes.bytesOf = [this, records](std::uint32_t number, std::string& buffer) {
     return object(records[number], buffer);
   };
@@ -57,7 +58,7 @@ base::Result<FileChanges> DwgStorage::fileChanges(std::span<const Record> record
     if (record.erased()) {
       changes.objects.push_back({own, true, {}, 0});
     } else {
-      changes.held.push_back({own, id});
+      changes.held.push_back(id);
     }
   }
   if (largest == 0) return changes;

@@ -44,19 +44,14 @@ struct ChangedObject {
   std::uint64_t handleBits = 0;
 };
 
-// One whose bytes are somebody else's.
-struct HeldObject {
-  Handle handle = 0;
-  std::uint32_t number = 0;
-};
-
 struct FileChanges {
   std::optional<std::string> header, classes;  // as DwgFile::header() and classes()
   // In any order, each handle once in both lists.
   std::vector<ChangedObject> objects;
-  std::vector<HeldObject> held;
-  // Gives the bytes of a held object by its number, the same with every call; the buffer may be where they
-  // are.
+  // Changed or added ones whose bytes are somebody else's, by numbers that he knows.
+  std::vector<std::uint32_t> held;
+  std::function<Handle(std::uint32_t number)> handleOf;
+  // The same with every call; the buffer may be where the bytes are.
   std::function<ObjectBytes(std::uint32_t number, std::string& buffer)> bytesOf;
   bool empty() const { return !header && !classes && objects.empty() && held.empty(); }
 };

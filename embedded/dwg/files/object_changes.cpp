@@ -68,7 +68,7 @@ const wchar_t* misfit(const ObjectBytes& object, bool isErased, bool isRepeated,
 
 Handle ObjectContents::handle(std::uint32_t number) const {
   const std::size_t own = changes_.objects.size();
-  return number < own ? changes_.objects[number].handle : changes_.held[number - own].handle;
+  return number < own ? changes_.objects[number].handle : changes_.handleOf(changes_.held[number - own]);
 }
 
 bool ObjectContents::isErased(std::uint32_t number) const {
@@ -77,7 +77,7 @@ bool ObjectContents::isErased(std::uint32_t number) const {
 
 ObjectBytes ObjectContents::bytes(std::uint32_t number) const {
   const std::size_t own = changes_.objects.size();
-  if (number >= own) return changes_.bytesOf(changes_.held[number - own].number, buffer_);
+  if (number >= own) return changes_.bytesOf(changes_.held[number - own], buffer_);
   const ChangedObject& object = changes_.objects[number];
   ObjectBytes bytes;
   bytes.data = object.data, bytes.handleBits = object.handleBits;
@@ -127,8 +127,7 @@ base::Result<ObjectChanges> ObjectChanges::plan(const DwgFile& file, const Objec
     if (isKnown && (isErased || !inPlace)) plan.gone_.push_back(handle);
     if (inPlace) {
       const std::uint64_t begin = places[at].offset;
-      splices.add(begin, endOf(file, places[at]) - begin, number,
-                  isErased ? 0 : contents.wholeSize(object));
+      splices.add(begin, endOf(file, places[at]) - begin, number, isErased ? 0 : contents.wholeSize(object));
     } else if (!isErased) {
       plan.appended_.push_back({handle, appended.size()});
       appended += contents.whole(number);
