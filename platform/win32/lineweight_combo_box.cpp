@@ -17,12 +17,6 @@ std::optional<int> lineweightOf(std::wstring_view text) {
   return std::nullopt;
 }
 
-const wchar_t* textOf(int lineweight) {
-  for (const base::Lineweight& weight : base::lineweights())
-    if (weight.hundredths == lineweight) return weight.text;
-  return L"";
-}
-
 }  // namespace
 
 LineweightComboBox::LineweightComboBox(HWND comboBox, int& quietDepth, std::unique_ptr<HostLineweights> lent)
@@ -65,7 +59,8 @@ void LineweightComboBox::select(int entry) {
 
 std::wstring LineweightComboBox::text() const {
   if (!lent_) return windowText(handle());
-  return own_.selected() < 0 ? std::wstring() : textOf(lent_->lineweightOfChosen());
+  const int chosen = selected();
+  return chosen < 0 ? std::wstring() : added_[static_cast<std::size_t>(chosen)];
 }
 
 void LineweightComboBox::draw(const DRAWITEMSTRUCT& item) {

@@ -27,7 +27,7 @@ class LineweightComboBox final : public ComboBox, public Control {
   void select(int entry) override;
   void putCaretAtEnd() override {}  // there is no field to type into
 
-  std::wstring text() const;  // of the chosen entry
+  std::wstring text() const;  // of the chosen entry; empty where selected() is -1
   void draw(const DRAWITEMSTRUCT& item);
   void takeNotice(WPARAM notice);  // a WM_COMMAND of the control
 
