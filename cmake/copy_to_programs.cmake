@@ -1,12 +1,20 @@
-# copy_to_programs(TARGET FOLDER FILE...): the files, in a folder of that name beside the programs.
+# copy_to_programs(TARGET FOLDER): the files that program_files.txt has for FOLDER, in a folder of that name beside the
+# programs. The packages take their files by the same list.
 function(copy_to_programs target folder)
+  set(list ${CMAKE_SOURCE_DIR}/cmake/program_files.txt)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${list})
+  file(STRINGS ${list} lines REGEX "^${folder} ")
   set(copies)
-  foreach(original ${ARGN})
+  foreach(line IN LISTS lines)
+    string(REGEX REPLACE "^${folder} " "${CMAKE_SOURCE_DIR}/" original "${line}")
     get_filename_component(name ${original} NAME)
     set(copy ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${folder}/${name})
     add_custom_command(OUTPUT ${copy} DEPENDS ${original}
       COMMAND ${CMAKE_COMMAND} -E copy ${original} ${copy})
     list(APPEND copies ${copy})
   endforeach()
+  if(NOT copies)
+    message(FATAL_ERROR "${list} has no files for ${folder}")
+  endif()
   add_custom_target(${target} DEPENDS ${copies})
 endfunction()

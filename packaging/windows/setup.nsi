@@ -71,70 +71,9 @@ SetFont /LANG=1041 "Yu Gothic UI" 9
   !insertmacro RefuseWhileUsed "KIVGUI.ARX"
 !macroend
 
-Section "KIV"
-  SetShellVarContext current
-  !insertmacro RefuseWhileInUse
-
-  ; What another version brought and this one has no longer.
-  ${If} ${FileExists} "$INSTDIR\uninstall.exe"
-    ExecWait '"$INSTDIR\uninstall.exe" /S /UPDATE _?=$INSTDIR'
-  ${EndIf}
-
-  ClearErrors
-  SetOutPath "$INSTDIR"
-  File /r "${FOLDER}\*"
-  ; The specifications of the dialog are the user's. They come once and are not touched by a later version.
-  ${IfNot} ${FileExists} "$INSTDIR\CFG\*.*"
-    SetOutPath "$INSTDIR\CFG"
-    File "${FOLDER}\samples\*"
-  ${EndIf}
-  SetOutPath "$INSTDIR"
-  WriteUninstaller "$INSTDIR\uninstall.exe"
-  ${If} ${Errors}
-    SetErrorLevel 2
-    MessageBox MB_OK|MB_ICONSTOP "$INSTDIR に書き込めないファイルがあります。書き込みのできるフォルダと空き容量を確認してから、もう一度実行してください。" /SD IDOK
-    Abort
-  ${EndIf}
-
-  CreateDirectory "$SMPROGRAMS\KIV"
-  SetOutPath "$DOCUMENTS"  ; where what is started from the menu begins
-  CreateShortCut "$SMPROGRAMS\KIV\KIV 図面ビューア.lnk" "$INSTDIR\cadhost.exe"
-  CreateShortCut "$SMPROGRAMS\KIV\KIV の使い方.lnk" "$INSTDIR\guide\install.html"
-  CreateShortCut "$SMPROGRAMS\KIV\変換指定のフォルダ.lnk" "$INSTDIR\CFG"
-  CreateShortCut "$SMPROGRAMS\KIV\kivcvt コマンドプロンプト.lnk" "$SYSDIR\cmd.exe" '/k set "PATH=$INSTDIR;%PATH%"' "$INSTDIR\kivcvt.exe"
-  CreateShortCut "$SMPROGRAMS\KIV\アンインストール.lnk" "$INSTDIR\uninstall.exe"
-
-  ; A type that another program has for these files stays; ours is then one that may be chosen.
-  WriteRegStr HKCU "${CLASSES}\${TYPE}" "" "KIV 変換指定"
-  WriteRegStr HKCU "${CLASSES}\${TYPE}\DefaultIcon" "" "$INSTDIR\cadhost.exe,0"
-  WriteRegStr HKCU "${CLASSES}\${TYPE}\shell" "" "open"
-  WriteRegStr HKCU "${CLASSES}\${TYPE}\shell\open" "" "メモ帳で開く"
-  WriteRegStr HKCU "${CLASSES}\${TYPE}\shell\open\command" "" '"$SYSDIR\notepad.exe" "%1"'
-  WriteRegStr HKCU "${CLASSES}\${TYPE}\shell\check" "" "KIV で内容を検査"
-  WriteRegStr HKCU "${CLASSES}\${TYPE}\shell\check\command" "" '"$SYSDIR\cmd.exe" /d /k ""$INSTDIR\kivcvt.exe" check "%1""'
-  WriteRegStr HKCU "${CLASSES}\.cvt\OpenWithProgids" "${TYPE}" ""
-  ReadRegStr $0 HKCU "${CLASSES}\.cvt" ""
-  ${If} $0 == ""
-    WriteRegStr HKCU "${CLASSES}\.cvt" "" "${TYPE}"
-  ${EndIf}
-  ${RefreshShellIcons}
-
-  WriteRegStr HKCU "Software\KIV" "Folder" "$INSTDIR"
-  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayName" "KIV 図面変換"
-  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
-  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\cadhost.exe"
-  WriteRegStr HKCU "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
-  WriteRegStr HKCU "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
-  WriteRegStr HKCU "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
-  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoModify" 1
-  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoRepair" 1
-  ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
-  IntFmt $0 "0x%08X" $0
-  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "EstimatedSize" "$0"
-SectionEnd
-
 ; SameFiles: pops two paths; pushes 1 when the files hold the same bytes, else 0.
-Function un.SameFiles
+!macro SameFiles of
+Function ${of}SameFiles
   Exch $0
   Exch
   Exch $1
@@ -176,15 +115,121 @@ Function un.SameFiles
   Pop $1
   Exch $0
 FunctionEnd
+!macroend
+!insertmacro SameFiles ""
+!insertmacro SameFiles "un."
 
-; A sample that its user has changed has become the user's.
-!macro DeleteUnchanged name
+; What stands in CFG as an older version brought it is renewed; what its user has changed, or deleted, stays so.
+!macro NoteSample name
   Push "$INSTDIR\samples\${name}"
   Push "$INSTDIR\CFG\${name}"
+  Call SameFiles
+  Pop $0
+  WriteINIStr "$PLUGINSDIR\samples.ini" "Unchanged" "${name}" "$0"
+!macroend
+!macro RenewSample name
+  ReadINIStr $0 "$PLUGINSDIR\samples.ini" "Unchanged" "${name}"
+  ${If} $0 == 1
+    File "${FOLDER}\samples\${name}"
+  ${EndIf}
+!macroend
+
+; The uninstaller of the older version has deleted it unless it was changed.
+!macro BringOriginal path
+  ${IfNot} ${FileExists} "$INSTDIR\${path}"
+    File "/oname=$INSTDIR\${path}" "${FOLDER}\original\${path}"
+  ${EndIf}
+!macroend
+
+Section "KIV"
+  SetShellVarContext current
+  !insertmacro RefuseWhileInUse
+
+  InitPluginsDir
+  StrCpy $1 0
+  ${If} ${FileExists} "$INSTDIR\CFG\*.*"
+    StrCpy $1 1
+    !insertmacro NoteSamples
+  ${EndIf}
+  ; What another version brought and this one has no longer.
+  ${If} ${FileExists} "$INSTDIR\uninstall.exe"
+    ClearErrors
+    ExecWait '"$INSTDIR\uninstall.exe" /S /UPDATE _?=$INSTDIR' $0
+    ${If} ${Errors}
+    ${OrIf} $0 != 0
+      SetErrorLevel 2
+      MessageBox MB_OK|MB_ICONSTOP "$INSTDIR にあるバージョンを取り除けませんでした。アンインストールしてから、もう一度実行してください。" /SD IDOK
+      Abort
+    ${EndIf}
+  ${EndIf}
+
+  ClearErrors
+  SetOutPath "$INSTDIR"
+  File /r "${FOLDER}\*"
+  CreateDirectory "$INSTDIR\settings"
+  CreateDirectory "$INSTDIR\support"
+  !insertmacro BringOriginals
+  ; The specifications of the dialog are the user's. They come once.
+  SetOutPath "$INSTDIR\CFG"
+  ${If} $1 == 0
+    File "${FOLDER}\samples\*"
+  ${Else}
+    !insertmacro RenewSamples
+  ${EndIf}
+  SetOutPath "$INSTDIR"
+  WriteUninstaller "$INSTDIR\uninstall.exe"
+  ${If} ${Errors}
+    SetErrorLevel 2
+    MessageBox MB_OK|MB_ICONSTOP "$INSTDIR に書き込めないファイルがあります。書き込みのできるフォルダと空き容量を確認してから、もう一度実行してください。" /SD IDOK
+    Abort
+  ${EndIf}
+
+  CreateDirectory "$SMPROGRAMS\KIV"
+  SetOutPath "$DOCUMENTS"  ; where what is started from the menu begins
+  CreateShortCut "$SMPROGRAMS\KIV\KIV 図面ビューア.lnk" "$INSTDIR\cadhost.exe"
+  CreateShortCut "$SMPROGRAMS\KIV\KIV の使い方.lnk" "$INSTDIR\guide\install.html"
+  CreateShortCut "$SMPROGRAMS\KIV\変換指定のフォルダ.lnk" "$INSTDIR\CFG"
+  CreateShortCut "$SMPROGRAMS\KIV\kivcvt コマンドプロンプト.lnk" "$SYSDIR\cmd.exe" '/k set "PATH=$INSTDIR;%PATH%"' "$INSTDIR\kivcvt.exe"
+  CreateShortCut "$SMPROGRAMS\KIV\アンインストール.lnk" "$INSTDIR\uninstall.exe"
+
+  ; A type that another program has for these files stays; ours is then one that may be chosen.
+  WriteRegStr HKCU "${CLASSES}\${TYPE}" "" "KIV 変換指定"
+  WriteRegStr HKCU "${CLASSES}\${TYPE}\DefaultIcon" "" "$INSTDIR\cadhost.exe,0"
+  WriteRegStr HKCU "${CLASSES}\${TYPE}\shell" "" "open"
+  WriteRegStr HKCU "${CLASSES}\${TYPE}\shell\open" "" "メモ帳で開く"
+  WriteRegStr HKCU "${CLASSES}\${TYPE}\shell\open\command" "" '"$SYSDIR\notepad.exe" "%1"'
+  WriteRegStr HKCU "${CLASSES}\${TYPE}\shell\check" "" "KIV で内容を検査"
+  WriteRegStr HKCU "${CLASSES}\${TYPE}\shell\check\command" "" '"$SYSDIR\cmd.exe" /d /k ""$INSTDIR\kivcvt.exe" check "%1""'
+  WriteRegStr HKCU "${CLASSES}\.cvt\OpenWithProgids" "${TYPE}" ""
+  ReadRegStr $0 HKCU "${CLASSES}\.cvt" ""
+  ReadRegStr $1 HKLM "${CLASSES}\.cvt" ""  ; of a program that all users have
+  ${If} "$0$1" == ""
+    WriteRegStr HKCU "${CLASSES}\.cvt" "" "${TYPE}"
+  ${EndIf}
+  ${RefreshShellIcons}
+
+  WriteRegStr HKCU "Software\KIV" "Folder" "$INSTDIR"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayName" "KIV 図面変換"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\cadhost.exe"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
+  WriteRegStr HKCU "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoModify" 1
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "NoRepair" 1
+  ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
+  IntFmt $0 "0x%08X" $0
+  WriteRegDWORD HKCU "${UNINSTALL_KEY}" "EstimatedSize" "$0"
+SectionEnd
+
+; What its user has changed has become the user's.
+!macro DeleteUnchanged brought used
+  Push "$INSTDIR\${brought}"
+  Push "$INSTDIR\${used}"
   Call un.SameFiles
   Pop $0
   ${If} $0 == 1
-    Delete "$INSTDIR\CFG\${name}"
+    Delete "$INSTDIR\${used}"
   ${EndIf}
 !macroend
 
@@ -214,11 +259,12 @@ Section "un.プログラム"
   SectionIn RO
   SetShellVarContext current
   !insertmacro RefuseWhileInUse
+  !insertmacro DeleteUnchangedSamples
+  !insertmacro DeleteUnchangedOriginals
   ${GetParameters} $0
   ClearErrors
   ${GetOptions} $0 "/UPDATE" $1
   ${If} ${Errors}
-    !insertmacro DeleteUnchangedSamples
     Delete "$INSTDIR\CFG\ﾌｧｲﾙ変換_作業用(削除可).$$cvt$$"
     Call un.HasSpecifications
     Pop $0
@@ -228,6 +274,8 @@ Section "un.プログラム"
     RMDir "$INSTDIR\CFG"
   ${EndIf}
   !insertmacro DeleteFiles
+  !insertmacro DeleteFolders
+  !insertmacro DeleteFoldersOfOriginals
   Delete "$INSTDIR\uninstall.exe"
   SetOutPath "$TEMP"  ; a folder that is current cannot go
   RMDir "$INSTDIR"
@@ -257,6 +305,9 @@ Section "un.ダイアログの設定"
   ${GetParameters} $0
   ClearErrors
   ${GetOptions} $0 "/UPDATE" $1
+  ${If} ${Errors}
+    ${GetOptions} $0 "/KEEPSETTINGS" $1
+  ${EndIf}
   ${If} ${Errors}
     Delete "$APPDATA\Kiv\common.cfg"
     Delete "$APPDATA\Kiv\common.cfg.lock"
