@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """make_guide.py DOCS TARGET: the users' pages in Japanese as HTML, with their pictures, for those who read them
-where no viewer of Markdown is. A link that leads to no page here becomes plain text."""
+where no viewer of Markdown is; and the one in English for those who build the module. A link that leads to no page
+here becomes plain text."""
 
 import pathlib
 import re
@@ -11,7 +12,7 @@ import markdown
 from markdown.extensions.toc import slugify_unicode
 
 PAGES = ["install", "screens", "cadhost", "cvt-file", "settings", "kivcvt", "reports", "dimensions", "pictures",
-         "many-machines"]
+         "many-machines", "real-host"]
 LINK = re.compile(r'<a href="([^"]*)">(.*?)</a>', re.DOTALL)
 PICTURE = re.compile(r'<img [^>]*?src="([^"]*)"')
 STYLE = """body { font: 15px/1.8 "Yu Gothic UI", Meiryo, "Noto Sans CJK JP", sans-serif; color: #222; margin: 0 }
@@ -37,8 +38,13 @@ def target(address):
     if address.startswith(("#", "https:")):
         return address
     path, mark, place = address.partition("#")
-    name = path.removesuffix(".ja.md")
-    return f"{name}.html{mark}{place}" if path.endswith(".ja.md") and name in PAGES else None
+    name = path.removesuffix(".md").removesuffix(".ja")
+    return f"{name}.html{mark}{place}" if path.endswith(".md") and name in PAGES else None
+
+
+def source(docs, name):
+    japanese = docs / f"{name}.ja.md"
+    return japanese if japanese.exists() else docs / f"{name}.md"
 
 
 def link(match):
@@ -58,7 +64,7 @@ def html(text, navigation):
 
 
 docs, guide = map(pathlib.Path, sys.argv[1:])
-texts = {name: (docs / f"{name}.ja.md").read_text(encoding="utf-8") for name in PAGES}
+texts = {name: source(docs, name).read_text(encoding="utf-8") for name in PAGES}
 links = " ".join(f'<a href="{name}.html">{title(text)}</a>' for name, text in texts.items())
 guide.mkdir(parents=True)
 (guide / "guide.css").write_text(STYLE, encoding="utf-8")
