@@ -175,7 +175,7 @@ std::vector<Arranger::Place> Arranger::ordered(const Members& members, Place own
   while (take(place) && place != last) place = objects_[place].next;
   std::ranges::copy_if(left, std::back_inserter(order), [](Place each) { return each != kNowhere; });
   const auto isEnd = [&](Place each) { return typeAt(each).kind == ObjectKind::kSeqend; };
-  if (&members == &parts_) std::ranges::stable_partition(order, std::not_fn(isEnd));
+  if (&members == &parts_) std::stable_partition(order.begin(), order.end(), std::not_fn(isEnd));
   return order;
 }
 
