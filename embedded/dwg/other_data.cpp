@@ -14,10 +14,10 @@ namespace {
 
 // What holds the file together, or is counted from other fields.
 constexpr std::string_view kFrame[] = {
-    "owner",         "entity mode", "no links",      "previous",       "next",
-    "reactor count", "reactor",     "no dictionary", "has graphics",   "graphics size",
-    "entry count",   "entry",       "first entity",  "last entity",    "entity count",
-    "entity",        "block",       "end of block",  "linetype flags", "linetype by layer"};
+    "owner",          "entity mode",       "no links",     "previous",      "next",        "reactor count",
+    "reactor",        "no dictionary",     "has graphics", "graphics size", "entry count", "entry",
+    "first entity",   "last entity",       "entity count", "entity",        "block",       "end of block",
+    "linetype flags", "linetype by layer", "insert",       "insert mark"};
 // Of the fields of entities those in which no geometry stands.
 constexpr std::string_view kPlain[] = {"plot style flags", "plot style", "material flags", "material",
                                        "shadow flags",     "name",       "pattern type",   "tag",

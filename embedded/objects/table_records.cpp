@@ -167,7 +167,7 @@ Acad::ErrorStatus AcDbTextStyleTableRecord::setFont(const ACHAR* typeface, bool 
   if (typeface == nullptr || charset < 0 || charset > 0xFF || pitchAndFamily < 0 || pitchAndFamily > 0xFF)
     return Acad::eInvalidInput;
   if (*typeface == 0) return cad::writeText(*this, Property::kTypeface, typeface);
-  // Readers that know no typefaces go by the file; before 2000 drawings had nothing else.
+  // Readers that know no typefaces go by the file; old drawings have nothing else.
   const std::wstring_view file = cad::support::fontFileOf(typeface);
   Acad::ErrorStatus status =
       cad::writeText(*this, Property::kFontFile, file.empty() ? typeface : std::wstring(file).c_str());
