@@ -21,7 +21,10 @@ static_assert(std::size(kReleases) == static_cast<std::size_t>(Version::kUnknown
 }  // namespace
 
 Version versionByCode(std::string_view code) {
-  if (code.empty() || code < "AC1012" || !code.starts_with("AC1")) return Version::kR12;
+  // Of the codes before R13 those that are later in the alphabet have a point: "AC2.10".
+  const bool isNumber = code.size() > 2 && code.starts_with("AC") && code[2] >= '0' && code[2] <= '9' &&
+                        code.find('.') == std::string_view::npos;
+  if (!isNumber || code < "AC1012") return Version::kR12;
   if (code >= "AC1033") return Version::kUnknown;
   std::size_t newest = 0;  // a code between two: the older one's rules
   while (newest + 1 < std::size(kReleases) && kReleases[newest + 1].code <= code) ++newest;

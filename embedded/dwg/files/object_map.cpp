@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "embedded/drawing/handle_text.h"
 #include "embedded/dwg/bits/bit_reader.h"
 #include "embedded/dwg/bits/crc.h"
 #include "embedded/dwg/files/raw_values.h"
@@ -60,10 +61,11 @@ base::Result<ObjectMap> readObjectMap(std::string_view section, std::uint64_t pl
     std::stable_sort(map.places.begin(), map.places.end(), before);
   }
   const auto same = [](const ObjectPlace& a, const ObjectPlace& b) { return a.handle == b.handle; };
-  if (map.places.empty() || map.places.front().handle == 0 ||
-      std::adjacent_find(map.places.begin(), map.places.end(), same) != map.places.end()) {
-    return refusal(place, L"AcDb:Handles names no object, or one twice");
-  }
+  if (map.places.empty()) return refusal(place, L"AcDb:Handles names no object");
+  if (map.places.front().handle == 0) return refusal(place, L"AcDb:Handles names an object of the handle 0");
+  const auto twice = std::adjacent_find(map.places.begin(), map.places.end(), same);
+  if (twice != map.places.end())
+    return refusal(place, L"AcDb:Handles names the object " + handleText(twice->handle) + L" twice");
   return map;
 }
 

@@ -174,6 +174,8 @@ TEST(DwgRefusals, OtherFilesAndVersions) {
   EXPECT_EQ(reason("AC1009" + std::string(500, '\0')), kOld);
   EXPECT_EQ(reason("AC2.10" + std::string(500, '\0')), kOld);
   EXPECT_EQ(reason("AC1040" + std::string(500, '\0')), kNew);
+  EXPECT_EQ(reason("AC2005" + std::string(500, '\0')), kNew);
+  EXPECT_EQ(reason("AC9999" + std::string(500, '\0')), kNew);
   EXPECT_EQ(reason("AC1015"), L"byte 6: The file is cut off");
 }
 
@@ -381,13 +383,13 @@ TEST(DwgObjectMap, ComesBackFromSeveralPages) {
     EXPECT_EQ(map.value().places[i].handle, places[i].handle);
     EXPECT_EQ(map.value().places[i].offset, places[i].offset);
   }
-  for (const std::vector<ObjectPlace>& wrong :
-       {std::vector<ObjectPlace>{{3, 1}, {3, 2}}, std::vector<ObjectPlace>{{0, 1}},
-        std::vector<ObjectPlace>{}}) {
+  const auto reason = [](const std::vector<ObjectPlace>& wrong) {
     const auto read = readObjectMap(writeObjectMap(wrong), 7);
-    ASSERT_FALSE(read);
-    EXPECT_EQ(read.failure().text(), L"byte 7: AcDb:Handles names no object, or one twice");
-  }
+    return read ? std::wstring(L"read") : read.failure().text();
+  };
+  EXPECT_EQ(reason({{3, 1}, {0x2A, 1}, {0x2A, 2}}), L"byte 7: AcDb:Handles names the object 2A twice");
+  EXPECT_EQ(reason({{0, 1}}), L"byte 7: AcDb:Handles names an object of the handle 0");
+  EXPECT_EQ(reason({}), L"byte 7: AcDb:Handles names no object");
 }
 
 }  // namespace
