@@ -8,6 +8,7 @@ constexpr Translation kRows[] = {
     // Places in files
     {L", line %1", L"、%1 行目"},
     {L", byte %1", L"、%1 バイト目"},
+    {L", handle %1", L"、ハンドル %1"},
 
     // Files and folders
     {L"the file does not exist", L"ファイルがありません"},
@@ -66,8 +67,9 @@ constexpr Translation kRows[] = {
     {L"The page is another than the section map tells of %1",
      L"セクションマップが示す %1 のページではありません"},
     {L"A page of %1 is damaged", L"%1 のページが壊れています"},
-    {L"AcDb:Handles names no object, or one twice",
-     L"AcDb:Handles にオブジェクトがないか、同じものが 2 回あります"},
+    {L"AcDb:Handles names no object", L"AcDb:Handles にオブジェクトがありません"},
+    {L"AcDb:Handles names an object of the handle 0", L"AcDb:Handles にハンドル 0 のオブジェクトがあります"},
+    {L"AcDb:Handles names the object %1 twice", L"AcDb:Handles にオブジェクト %1 が 2 回あります"},
     {L"AcDb:%1 is cut off", L"AcDb:%1 が途中で切れています"},
     {L"AcDb:%1 is damaged", L"AcDb:%1 が壊れています"},
     {L"AcDb:%1 is missing", L"AcDb:%1 がありません"},
@@ -80,6 +82,7 @@ constexpr Translation kRows[] = {
     {L"The file would be larger than 4 gigabytes", L"ファイルが 4 GB を超えます"},
     {L"This handle cannot be written", L"このハンドルは書き込めません"},
     {L"The drawing has no such object", L"図面にそのオブジェクトはありません"},
+    {L"The object is damaged: its checksum is wrong", L"オブジェクトが壊れています: チェックサムが違います"},
     {L"The object is too large or empty", L"オブジェクトが大きすぎるか、空です"},
     {L"This is UTF-16 text; please save the drawing as DXF in UTF-8 or ANSI",
      L"UTF-16 のテキストです。図面を UTF-8 または ANSI の DXF で保存してください"},
@@ -106,8 +109,14 @@ constexpr Translation kRows[] = {
     {L"This is neither a DXF nor a DWG drawing: it does not begin with a section",
      L"DXF でも DWG でもないファイルです: セクションで始まっていません"},
     {L"This is neither a DXF nor a DWG drawing", L"DXF でも DWG でもないファイルです"},
+    {L"The drawing is damaged: the table of its blocks cannot be read",
+     L"図面が壊れています: ブロックのテーブルを読み込めません"},
     {L"The drawing is damaged: its model space cannot be read",
      L"図面が壊れています: モデル空間を読み込めません"},
+    {L"The drawing is damaged: its second header, at the file's end, is missing or damaged; nothing that is "
+     L"read stands there",
+     L"図面が壊れています: ファイルの終わりにある 2 番目のヘッダがないか、壊れています。"
+     L"読み込む内容はそこにはありません"},
     {L"The drawing is damaged: %1 of its objects cannot be read and stay as they came (%2)",
      L"図面が壊れています: オブジェクト %1 個を読み込めません。元のまま残します (%2)"},
     {L"The drawing is damaged: %1 of its objects have a wrong checksum and were read as they stand (%2)",

@@ -1,5 +1,6 @@
 // Setting typed properties.
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 
@@ -33,6 +34,13 @@ bool isDefault(RecordKind kind, Property property, const StoredValue& value) {
 bool dropsTrueColor(const DwgStorage& storage, const Record& record, Property property) {
   if (property == Property::kColorIndex) return storage.commonFields(record).color("color").isTrue();
   return property == Property::kLayerColor && storage.fields(record).color("color").isTrue();
+}
+
+// What rules make of values that may be damaged is not to be trusted.
+bool isDamaged(const DwgStorage& storage, const Record& record) {
+  const std::vector<Handle>& damaged = storage.facts().damage.withWrongChecksum;
+  if (damaged.empty() || (record.flags & Record::kAdded) != 0) return false;
+  return std::ranges::binary_search(damaged, storage.handle(record).value_or(0));
 }
 
 bool hasNoCharacter(const StoredValue& value) {
@@ -109,10 +117,12 @@ EditId DwgStorage::stateBehind(const Record& record, std::string_view present, c
 }
 
 base::Result<EditId> DwgStorage::changed(const Record& record, const FieldChanges& changes) {
+  const auto refused = [] { return base::Failure{{}, L"The object is damaged: its checksum is wrong"}; };
   if (const Entity* entity = this->entity(record)) {
     const ObjectFrame& frame = entity->frame;
     if (auto now = changeEntity(frame, entity->head, changes)) {
       if (now->data == frame.data && now->handleBits == entity->handleBits) return record.edits;
+      if (isDamaged(*this, record)) return refused();
       const EditId state = stateBehind(record, frame.data, *now);
       lookAhead(record, state, std::move(*now));
       return state;
@@ -125,7 +135,9 @@ base::Result<EditId> DwgStorage::changed(const Record& record, const FieldChange
   const ObjectBytes present = object(record);
   const bool isSame =
       written.value().data == present.data && written.value().handleBits == present.handleBits;
-  return isSame ? record.edits : stateBehind(record, present.data, written.value());
+  if (isSame) return record.edits;
+  if (isDamaged(*this, record)) return refused();
+  return stateBehind(record, present.data, written.value());
 }
 
 // As it was in the file: several numbers there can make the same angle.

@@ -158,8 +158,14 @@ Opened openBytes(std::string bytes) { return read(std::make_shared<const SourceB
 std::vector<std::wstring> warningsAbout(const Drawing& drawing) {
   std::vector<std::wstring> warnings;
   const DrawingFacts& facts = drawing.facts();
-  if (facts.lacksEnd)
+  if (facts.lacksEnd && drawing.format() == L"DWG") {
+    warnings.emplace_back(
+        L"The drawing is damaged: its second header, at the file's end, is missing or damaged; nothing that "
+        L"is "
+        L"read stands there");
+  } else if (facts.lacksEnd) {
     warnings.emplace_back(L"The file has no EOF; its last section is whole, so it was read as it stands");
+  }
   const auto tell = [&](const std::vector<Handle>& objects, const wchar_t* what) {
     if (objects.empty()) return;
     warnings.push_back(L"The drawing is damaged: " + std::to_wstring(objects.size()) + what + L" (" +

@@ -30,6 +30,7 @@ base::Result<std::unique_ptr<DwgFile>> CodedFile::read(std::shared_ptr<const Sou
   if (auto checked = file->checkPages(); !checked) return checked.failure();
   if (auto read = file->readSections(); !read) return read.failure();
   if (auto checked = file->checkPlaces(); !checked) return checked.failure();
+  file->facts_.lacksEnd = file->lacksSecondHeader();
   return std::unique_ptr<DwgFile>(std::move(file));
 }
 
@@ -101,6 +102,15 @@ base::Status CodedFile::checkPages() {
     }
   }
   return {};
+}
+
+// It stands behind the pages, the same bytes once more.
+bool CodedFile::lacksSecondHeader() const {
+  const std::uint64_t offset = header_[CodedHeader::kSecondHeaderAt];
+  if (offset > file().size()) return true;
+  const std::uint64_t at = offset + CodedHeader::kPagesAt;
+  return !isWithin(at, CodedHeader::kLength, file().size()) ||
+         part(file(), at, CodedHeader::kLength) != part(file(), CodedHeader::kAt, CodedHeader::kLength);
 }
 
 const CodedSection* CodedFile::section(std::string_view name) const {

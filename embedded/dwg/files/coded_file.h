@@ -28,6 +28,7 @@ class CodedFile final : public DwgFile {
   base::Status readMaps();
   base::Status checkPages();
   base::Status readSections();
+  bool lacksSecondHeader() const;
   const CodedSection* section(std::string_view name) const;
   base::Result<std::string> unpacked(const char* name, bool isNeeded);
   const CodedPage* page(std::uint64_t number) const;

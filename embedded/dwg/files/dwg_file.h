@@ -31,7 +31,7 @@ struct ObjectBytes {
   std::uint64_t handleBits = 0;  // R2010 and later: how many bits at the data's end are its handle stream
   std::shared_ptr<const std::string> owner;  // of what is not in the file; else null
 
-  // A wrong CRC is kept as long as the object is not changed.
+  // A wrong CRC stays wrong, in the same bits, when the object is changed.
   bool crcHolds() const;
 };
 

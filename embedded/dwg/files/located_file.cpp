@@ -36,6 +36,7 @@ base::Result<std::unique_ptr<DwgFile>> LocatedFile::read(std::shared_ptr<const S
   if (auto read = file->readLocators(); !read) return read.failure();
   if (auto read = file->readSections(); !read) return read.failure();
   file->readSecondHeader();
+  file->facts_.lacksEnd = !file->second_;
   std::vector<Range> others = {{0, file->locatorsEnd()}};
   for (const Section& section : file->sections_) others.push_back({section.at, section.at + section.size});
   others.push_back({file->section(kHandles)->at, file->section(kHandles)->at + file->mapLength_});
@@ -129,7 +130,7 @@ void LocatedFile::readSecondHeader() {
 
 base::Status LocatedFile::writeTo(const FileChanges& changes, const Sink& sink) const {
   Splices splices;
-  const ObjectContents contents(changes, version());
+  const ObjectContents contents(changes, *this);
   const auto plan = ObjectChanges::plan(*this, contents, splices);
   if (!plan) return plan.failure();
   headerFrame_.change(file(), changes.header, splices);

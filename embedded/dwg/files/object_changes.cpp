@@ -87,8 +87,20 @@ ObjectBytes ObjectContents::bytes(std::uint32_t number) const {
 std::string ObjectContents::sizes(const ObjectBytes& object) const {
   BitWriter writer;
   writer.ms(static_cast<std::uint32_t>(object.data.size()));
-  if (version_ >= Version::kR2010) writer.umc(object.handleBits);
+  if (file_.version() >= Version::kR2010) writer.umc(object.handleBits);
   return writer.take();
+}
+
+// The bits in which the CRC in the file is another than that of its bytes. A damaged object is to be known as
+// one although its links to others change; nothing else of it does, and those that are held are whole.
+std::uint16_t ObjectContents::crcError(std::uint32_t number) const {
+  if (number >= changes_.objects.size()) return 0;
+  const ObjectPlace* const place = file_.find(handle(number));
+  if (place == nullptr) return 0;
+  const std::string_view whole = file_.objectOf(*place).whole;
+  const std::size_t length = whole.size() - sizeof(std::uint16_t);
+  return static_cast<std::uint16_t>(crc16(kCrcStart, whole.substr(0, length)) ^
+                                    rawAt<std::uint16_t>(whole, length));
 }
 
 std::string_view ObjectContents::whole(std::uint32_t number) const {
@@ -96,7 +108,7 @@ std::string_view ObjectContents::whole(std::uint32_t number) const {
   const ObjectBytes object = bytes(number);
   whole_ = sizes(object);
   whole_ += object.data;
-  appendRaw(whole_, crc16(kCrcStart, whole_));
+  appendRaw(whole_, static_cast<std::uint16_t>(crc16(kCrcStart, whole_) ^ crcError(number)));
   return whole_;
 }
 

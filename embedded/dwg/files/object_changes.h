@@ -16,7 +16,7 @@ namespace cad::dwg {
 // The bytes of all changed objects, by number: first those that the changes have, then those that are held.
 class ObjectContents {
  public:
-  ObjectContents(const FileChanges& changes, Version version) : changes_(changes), version_(version) {}
+  ObjectContents(const FileChanges& changes, const DwgFile& file) : changes_(changes), file_(file) {}
 
   std::uint32_t count() const {
     return static_cast<std::uint32_t>(changes_.objects.size() + changes_.held.size());
@@ -25,15 +25,16 @@ class ObjectContents {
   bool isErased(std::uint32_t number) const;
   // Valid until the next call.
   ObjectBytes bytes(std::uint32_t number) const;
-  // With its size and its CRC; of an erased object nothing.
+  // With its size and its CRC, which of a damaged object stays wrong; of an erased object nothing.
   std::string_view whole(std::uint32_t number) const;
   std::size_t wholeSize(const ObjectBytes& object) const;
 
  private:
   std::string sizes(const ObjectBytes& object) const;
+  std::uint16_t crcError(std::uint32_t number) const;
 
   const FileChanges& changes_;
-  Version version_;
+  const DwgFile& file_;
   mutable std::string buffer_, whole_;
 };
 

@@ -19,6 +19,7 @@ base::Result<std::unique_ptr<DwgFile>> PagedFile::read(std::shared_ptr<const Sou
   if (auto checked = file->checkPages(); !checked) return checked.failure();
   if (auto read = file->readSections(); !read) return read.failure();
   if (auto checked = file->checkPlaces(); !checked) return checked.failure();
+  file->facts_.lacksEnd = file->lacksSecondHeader();
   return std::unique_ptr<DwgFile>(std::move(file));
 }
 
@@ -74,6 +75,14 @@ base::Status PagedFile::checkPages() {
     }
   }
   return {};
+}
+
+// It stands behind the pages, the same bytes once more.
+bool PagedFile::lacksSecondHeader() const {
+  const std::uint64_t at = header_.secondHeaderAt();
+  if (at == 0) return false;  // the file was written without one
+  return !isWithin(at, PagedHeader::kLength, file().size()) ||
+         part(file(), at, PagedHeader::kLength) != part(file(), PagedHeader::kAt, PagedHeader::kLength);
 }
 
 const PagedSection* PagedFile::section(std::string_view name) const {

@@ -28,6 +28,7 @@ class PagedFile final : public DwgFile {
   base::Status readMaps();
   base::Status checkPages();
   base::Status readSections();
+  bool lacksSecondHeader() const;
   const PagedSection* section(std::string_view name) const;
   // Its unpacked content; empty where it is not there.
   base::Result<std::string> unpacked(const char* name, bool isNeeded);

@@ -65,7 +65,7 @@ base::Result<std::map<std::string, std::string>> changedSections(const DwgFile& 
   reframe(kClassesName, sections.classes, sections.classesFrame, changes.classes);
 
   Splices splices;
-  const ObjectContents contents(changes, file.version());
+  const ObjectContents contents(changes, file);
   const auto plan = ObjectChanges::plan(file, contents, splices);
   if (!plan) return plan.failure();
   if (splices.empty()) return changed;

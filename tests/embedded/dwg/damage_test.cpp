@@ -106,12 +106,66 @@ TEST_P(DamagedDwg, AWrongChecksumOfAnObjectIsToldAndLosesNothing) {
   EXPECT_EQ(saved(*drawing), bytesOf(small));
 }
 
+// A right one would tell that its values are what they were.
+TEST_P(DamagedDwg, AnObjectWithAWrongChecksumIsNotChangedAndStaysKnownAsDamaged) {
+  const std::string last = object(small, 0x32).data;
+  small.spoil = [&](std::string& piece) {
+    if (piece.size() > last.size() && piece.substr(piece.size() - last.size() - 2, last.size()) == last)
+      piece.back() = static_cast<char>(~piece.back());
+  };
+  const auto drawing = opened();
+  ASSERT_TRUE(drawing);
+  const RecordId damaged = drawing->findHandle(0x32);
+  const base::Status set = drawing->setInteger(damaged, P::kColorIndex, 3);
+  ASSERT_FALSE(set.ok());
+  EXPECT_EQ(set.failure().reason, L"The object is damaged: its checksum is wrong");
+  EXPECT_FALSE(drawing->setText(damaged, P::kLayer, L"WALL").ok());
+  EXPECT_TRUE(drawing->setText(damaged, P::kLayer, L"0").ok()) << "what it is anyway";
+  EXPECT_EQ(saved(*drawing), bytesOf(small));
+  // Its neighbour goes: until R2000 each entity names the next.
+  ASSERT_TRUE(drawing->setErased(drawing->findHandle(0x31), true).ok());
+  const auto again = formats::openBytes(saved(*drawing));
+  ASSERT_TRUE(again.ok());
+  EXPECT_EQ(again.value()->facts().damage.withWrongChecksum, std::vector<Handle>{0x32});
+  EXPECT_EQ(again.value()->entitiesOf(again.value()->modelSpace()).size(), 2U);
+}
+
+TEST_P(DamagedDwg, WithoutItsSecondHeaderItIsReadAndThatIsTold) {
+  const std::string bytes = bytesOf(small);
+  const auto toldOf = [](const std::string& file) {
+    const auto drawing = formats::openBytes(file);
+    EXPECT_TRUE(drawing.ok()) << (drawing.ok() ? "" : told(drawing.failure()));
+    const auto warnings =
+        drawing.ok() ? formats::warningsAbout(*drawing.value()) : std::vector<std::wstring>();
+    return warnings.size() == 1 && warnings[0].find(L"its second header") != std::wstring::npos;
+  };
+  std::size_t at = bytes.size();
+  if (GetParam() <= Version::kR2000) {
+    SmallPlaces places;
+    locatedBytes(small, places);
+    at = places.secondHeader;
+  } else {
+    at -= GetParam() == Version::kR2007 ? 0x400 : 0x6C;
+  }
+  std::string wrong = bytes;
+  wrong[at + 30] = static_cast<char>(~wrong[at + 30]);
+  EXPECT_TRUE(toldOf(wrong));
+  EXPECT_TRUE(toldOf(bytes.substr(0, bytes.size() - 1)) || GetParam() <= Version::kR2000);
+  if (GetParam() > Version::kR2000) {
+    EXPECT_TRUE(toldOf(bytes.substr(0, at)));
+  }
+}
+
 TEST_P(DamagedDwg, WithoutItsModelSpaceItIsRefused) {
-  std::string& entry = object(small, 0x1F).data;
-  entry.assign(entry.size(), '\xFF');
-  const auto drawing = formats::openBytes(bytesOf(small));
-  ASSERT_FALSE(drawing.ok());
-  EXPECT_EQ(drawing.failure().reason, L"The drawing is damaged: its model space cannot be read");
+  const auto refusedWithout = [&](Handle handle) {
+    SmallDrawing damaged = small;
+    std::string& data = object(damaged, handle).data;
+    data.assign(data.size(), '\xFF');
+    const auto drawing = formats::openBytes(bytesOf(damaged));
+    return drawing.ok() ? std::string("read") : told(drawing.failure());
+  };
+  EXPECT_EQ(refusedWithout(0x1F), "handle 1F: The drawing is damaged: its model space cannot be read");
+  EXPECT_EQ(refusedWithout(1), "byte 0: The drawing is damaged: the table of its blocks cannot be read");
 }
 
 TEST_P(DamagedDwg, CutOffAnywhereItIsRefusedWithThePlace) {
