@@ -1,7 +1,9 @@
 #include "base/save_format.h"
 
 #include <cstddef>
+#include <system_error>
 
+#include "base/files.h"
 #include "base/fold.h"
 
 namespace base {
@@ -22,6 +24,17 @@ std::optional<SaveFormat> saveFormatOf(std::wstring_view fileName) {
     if (name.ends_with(kExtensions[static_cast<std::size_t>(format)])) return format;
   }
   return std::nullopt;
+}
+
+std::optional<SaveFormat> saveFormatOfFile(const std::filesystem::path& file) {
+  std::error_code error;
+  const bool isRegular = std::filesystem::is_regular_file(file, error);
+  if (!isRegular && std::filesystem::exists(file, error)) return std::nullopt;
+  const std::optional<SaveFormat> named = saveFormatOf(pathText(file.filename()));
+  const std::string beginning = isRegular ? readBeginning(file, 2) : std::string();
+  if (beginning.empty()) return named;
+  if (beginning != "AC") return SaveFormat::kDxf;  // text begins with a number, binary with "Au"
+  return named == SaveFormat::kDwt ? SaveFormat::kDwt : SaveFormat::kDwg;
 }
 
 std::wstring savedName(std::wstring_view drawingName, SaveFormat format) {

@@ -1,6 +1,7 @@
 #pragma once
 // The formats in which a conversion saves drawings, and the names of the files.
 
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
@@ -16,6 +17,11 @@ std::optional<SaveFormat> saveFormat(int number);
 
 // By the name's extension, in any case; nothing for another extension.
 std::optional<SaveFormat> saveFormatOf(std::wstring_view fileName);
+
+// By what is in the drawing file, whatever it is called; its name tells a template from a drawing, and the
+// format of one that is missing, empty or cannot be read. Nothing: a pipe or a device, which only reading
+// tells, or no format at all.
+std::optional<SaveFormat> saveFormatOfFile(const std::filesystem::path& file);
 
 // The name of the file that a drawing of this name is saved as, both without their folders: with the format's
 // extension in place of one of three characters.

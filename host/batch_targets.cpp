@@ -34,7 +34,7 @@ std::wstring refusalOf(const BatchFile& file, const std::wstring& path, base::Sa
                        base::SavedNames& saved) {
   if (file.version < 1) return unreadableProblem(path) + L".";
   if (!canStandInScript(path)) return L"ﾌｧｲﾙ名に使用できない文字があるため変換できません: " + path;
-  const std::wstring target = base::savedName(file.name, savedFormat(format, file.name));
+  const std::wstring target = base::savedName(file.name, savedFormat(format, path));
   const std::wstring holder = saved.take(target, file.name);
   if (holder.empty()) return {};
   return L"[" + holder + L"]の変換結果と同じ名前(" + target + L")になるため変換できません: " + path;
@@ -46,9 +46,10 @@ bool overwritesSources(const ConversionContext& context, const std::wstring& fol
   std::set<std::wstring> sources;
   for (const BatchFile& file : files) sources.insert(base::upper(file.name));
   return std::any_of(files.begin(), files.end(), [&](const BatchFile& file) {
-    const base::SaveFormat format = savedFormat(context.saveFormat, file.name);
-    return file.state == BatchState::kChosen &&
-           sources.contains(base::upper(base::savedName(file.name, format)));
+    if (file.state != BatchState::kChosen) return false;
+    const std::wstring path = context.contextPaths[kSourceFolder] + file.name;
+    const base::SaveFormat format = savedFormat(context.saveFormat, path);
+    return sources.contains(base::upper(base::savedName(file.name, format)));
   });
 }
 

@@ -15,7 +15,8 @@ namespace {
 
 base::SaveFormat formatOfDrawing(const ConversionContext& context) {
   const base::SaveFormat chosen = context.saveFormat;
-  const base::SaveFormat format = savedFormat(chosen, textVariable(L"DWGNAME").value_or(L""));
+  const base::SaveFormat format =
+      savedFormat(chosen, textVariable(L"DWGPREFIX").value_or(L"") + textVariable(L"DWGNAME").value_or(L""));
   if (format != chosen && !context.contextPaths[kOutputFolder].empty())
     printOnCommandLine(L"\nこのﾎｽﾄは図面の形式を変えないため, " +
                        std::wstring(base::savedName(L"", format).substr(1)) + L"形式で保存します.");

@@ -6,6 +6,7 @@
 #include "acedads.h"
 #include "acutads.h"
 #include "adscodes.h"
+#include "base/files.h"
 #include "base/fold.h"
 
 namespace kiv {
@@ -72,10 +73,11 @@ SaveableFormats saveableFormats() {
   return {names(L",DWG,"), names(L",DXF,"), names(L",DWT,")};
 }
 
-base::SaveFormat savedFormat(base::SaveFormat chosen, std::wstring_view drawingName) {
+base::SaveFormat savedFormat(base::SaveFormat chosen, const std::wstring& drawingPath) {
   using base::SaveFormat;
-  const auto own = base::saveFormatOf(drawingName);
-  if (!own || textVariable(L"SAVEFORMATS").value_or(L"").empty()) return chosen;
+  if (textVariable(L"SAVEFORMATS").value_or(L"").empty()) return chosen;
+  const auto own = base::saveFormatOfFile(base::pathFromText(drawingPath));
+  if (!own) return chosen;
   // A template is a drawing of the same format.
   return (*own == SaveFormat::kDxf) == (chosen == SaveFormat::kDxf) ? chosen : *own;
 }

@@ -24,8 +24,8 @@ short variableType(const wchar_t* name);  // RTSHORT, RTREAL, RTSTR, ...; RTNONE
 // By base::SaveFormat, whether the host saves drawings so. One that does not tell saves all of them.
 using SaveableFormats = std::array<bool, 3>;
 SaveableFormats saveableFormats();
-// The format in which a drawing of this file name is saved when `chosen` is wanted: a host that tells its
+// The format in which the drawing of this file is saved when `chosen` is wanted: a host that tells its
 // formats keeps that of each drawing.
-base::SaveFormat savedFormat(base::SaveFormat chosen, std::wstring_view drawingName);
+base::SaveFormat savedFormat(base::SaveFormat chosen, const std::wstring& drawingPath);
 
 }  // namespace kiv

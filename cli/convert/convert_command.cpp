@@ -140,12 +140,7 @@ std::vector<PlannedDrawing> planAll(const Arguments& arguments, const std::vecto
   const fs::path outputFolder = base::pathFromText(arguments.outputFolder);
   if (!arguments.outputFolder.empty()) return planOutputs(drawings, outputFolder, arguments.format);
   std::vector<PlannedDrawing> plan;  // of a dry run
-  for (const ListedDrawing& drawing : drawings) {
-    const std::wstring name = base::pathText(base::pathFromText(drawing.given).filename());
-    const SaveFormat format = formatFor(name, arguments.format);
-    plan.push_back(
-        {drawing.given, base::pathFromText(base::savedName(name, format)), format, drawing.refusal});
-  }
+  for (const ListedDrawing& drawing : drawings) plan.push_back(planOutput(drawing, {}, arguments.format));
   return plan;
 }
 

@@ -116,7 +116,7 @@ DrawingConversion::DrawingConversion(Session& session, const Arguments& argument
       facts_(session, withTests),
       run_(session.lastRunReport()) {}
 
-DrawingReport DrawingConversion::run(const PlannedDrawing& drawing) {
+DrawingReport DrawingConversion::run(PlannedDrawing drawing) {
   DrawingReport report;
   report.given = drawing.given;
   if (!drawing.refusal.empty()) {
@@ -129,6 +129,8 @@ DrawingReport DrawingConversion::run(const PlannedDrawing& drawing) {
     report.messages.push_back(complaintAbout(drawing.given, opened.failure()));
     return report;
   }
+  if (drawing.keepsUnknownFormat && !cad::formats::canSave(host.currentDrawing(), kindOf(drawing.format)))
+    setFormat(drawing, SaveFormat::kDwg);
   const std::vector<std::wstring> warnings = cad::formats::warningsAbout(host.currentDrawing());
   for (const std::wstring& warning : warnings)
     report.messages.push_back(drawing.given + L": " + translated(warning));

@@ -22,7 +22,7 @@ class DrawingConversion {
 
   // Opens, converts, saves and closes; a dry run saves nothing, and its target may be empty. Prints nothing.
   // Needs no open drawing, and leaves none that it has opened.
-  DrawingReport run(const PlannedDrawing& drawing);
+  DrawingReport run(PlannedDrawing drawing);
   const RunFacts& facts() const { return facts_; }  // of the newest run
 
  private:

@@ -35,43 +35,74 @@ std::wstring whyNotBehindLink(const fs::path& target, const std::wstring& realTa
   return tr(L"%1 is not in the folder of --out: a link leads out of it", {base::pathText(target)});
 }
 
+// The names that the drawing's file may get.
+std::vector<fs::path> targetsOf(PlannedDrawing planned) {
+  std::vector<fs::path> targets = {planned.target};
+  if (planned.keepsUnknownFormat) {
+    setFormat(planned, SaveFormat::kDwg);
+    targets.push_back(planned.target);
+  }
+  return targets;
+}
+
+// What all the drawings of a plan must not get into each other's way with.
+struct Places {
+  std::set<std::wstring> sources;
+  std::wstring realOutputFolder;
+  base::SavedNames names;
+
+  // Empty: the target is the drawing's from now on.
+  std::wstring refusalOf(const fs::path& path, const std::wstring& given);
+};
+
+std::wstring Places::refusalOf(const fs::path& path, const std::wstring& given) {
+  const std::wstring target = identity(path);
+  if (sources.contains(target)) {
+    return tr(
+        L"%1 is one of the drawings to convert and would be overwritten; please choose another folder with "
+        L"--out",
+        {base::pathText(path)});
+  }
+  if (std::wstring behindLink = whyNotBehindLink(path, target, realOutputFolder); !behindLink.empty())
+    return behindLink;
+  const std::wstring holder = names.take(target, given);
+  if (holder.empty()) return {};
+  return tr(L"%1 has the same target, %2; please convert this one into another folder",
+            {holder, base::pathText(path)});
+}
+
 }  // namespace
 
-SaveFormat formatFor(const std::wstring& name, std::optional<SaveFormat> asked) {
-  return asked.value_or(base::saveFormatOf(name).value_or(SaveFormat::kDxf));
+PlannedDrawing planOutput(const ListedDrawing& drawing, const fs::path& folder,
+                          std::optional<SaveFormat> asked) {
+  PlannedDrawing planned;
+  planned.given = drawing.given;
+  planned.refusal = drawing.refusal;
+  planned.target = folder / base::pathFromText(drawing.given).filename();
+  const auto own = asked ? asked : base::saveFormatOfFile(base::pathFromText(drawing.given));
+  planned.keepsUnknownFormat = !own;
+  setFormat(planned, own.value_or(SaveFormat::kDxf));
+  return planned;
+}
+
+void setFormat(PlannedDrawing& planned, SaveFormat format) {
+  planned.format = format;
+  const std::wstring name = base::pathText(base::pathFromText(planned.given).filename());
+  planned.target.replace_filename(base::pathFromText(base::savedName(name, format)));
 }
 
 std::vector<PlannedDrawing> planOutputs(const std::vector<ListedDrawing>& drawings,
                                         const fs::path& outputFolder, std::optional<SaveFormat> format) {
-  std::set<std::wstring> sources;
-  for (const ListedDrawing& drawing : drawings) sources.insert(identity(base::pathFromText(drawing.given)));
+  Places places{{}, identity(outputFolder), {}};
+  for (const ListedDrawing& drawing : drawings)
+    places.sources.insert(identity(base::pathFromText(drawing.given)));
 
-  const std::wstring realOutputFolder = identity(outputFolder);
   std::vector<PlannedDrawing> plan;
-  base::SavedNames names;
   for (const ListedDrawing& drawing : drawings) {
-    PlannedDrawing planned;
-    planned.given = drawing.given;
-    planned.refusal = drawing.refusal;
-    const std::wstring name = base::pathText(base::pathFromText(drawing.given).filename());
-    planned.format = formatFor(name, format);
-    const fs::path saved = drawing.folder / base::pathFromText(base::savedName(name, planned.format));
-    planned.target = outputFolder / saved;
-
-    const std::wstring target = identity(planned.target);
-    if (!planned.refusal.empty()) {
-      // It takes no name from others.
-    } else if (sources.contains(target)) {
-      planned.refusal = tr(
-          L"%1 is one of the drawings to convert and would be overwritten; please choose another folder with "
-          L"--out",
-          {base::pathText(planned.target)});
-    } else if (std::wstring behindLink = whyNotBehindLink(planned.target, target, realOutputFolder);
-               !behindLink.empty()) {
-      planned.refusal = std::move(behindLink);
-    } else if (const std::wstring holder = names.take(target, drawing.given); !holder.empty()) {
-      planned.refusal = tr(L"%1 has the same target, %2; please convert this one into another folder",
-                           {holder, base::pathText(planned.target)});
+    PlannedDrawing planned = planOutput(drawing, outputFolder / drawing.folder, format);
+    for (const fs::path& target : targetsOf(planned)) {
+      if (!planned.refusal.empty()) break;  // it takes no name from others
+      planned.refusal = places.refusalOf(target, drawing.given);
     }
     plan.push_back(std::move(planned));
   }

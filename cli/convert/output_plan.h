@@ -17,12 +17,16 @@ struct PlannedDrawing {
   // and would not be saved.
   std::filesystem::path target;
   SaveFormat format = SaveFormat::kDxf;
-  std::wstring refusal;          // empty, or why the drawing is left alone
-  std::size_t pictureBytes = 0;  // what each picture for the report may take; 0: none is wanted
+  std::wstring refusal;             // empty, or why the drawing is left alone
+  std::size_t pictureBytes = 0;     // what each picture for the report may take; 0: none is wanted
+  bool keepsUnknownFormat = false;  // only reading tells it: a pipe; until then the target has that of DXF
 };
 
-// The one asked for, else the one that the drawing's name tells.
-SaveFormat formatFor(const std::wstring& name, std::optional<SaveFormat> asked);
+// What the drawing becomes in `folder`: of the format asked for, else of its own, which its content tells.
+PlannedDrawing planOutput(const ListedDrawing& drawing, const std::filesystem::path& folder,
+                          std::optional<SaveFormat> asked);
+// The target follows.
+void setFormat(PlannedDrawing& planned, SaveFormat format);
 
 // Names are compared ignoring case on every system, because the output folder may later stand on one that
 // does. Refused: a target that is one of the drawings given, one that is a link or that links lead out of the

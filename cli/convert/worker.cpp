@@ -20,10 +20,9 @@ namespace {
 namespace fs = std::filesystem;
 
 // What is saved is whole, but nobody may take it for the drawing that is there now: it must not look newer.
-void tellReplaced(DrawingReport& report, const PlannedDrawing& drawing, const FileStamp& before,
-                  const FileStamp& after) {
+void tellReplaced(DrawingReport& report, const FileStamp& before, const FileStamp& after) {
   std::error_code error;
-  fs::last_write_time(drawing.target, std::min(before.modified, after.modified), error);
+  fs::last_write_time(base::pathFromText(report.saved), std::min(before.modified, after.modified), error);
   report.outcome = Outcome::kWithProblems;
   report.messages.push_back(
       report.given + L": " +
@@ -43,8 +42,7 @@ DrawingReport Worker::convert(const PlannedDrawing& drawing) {
   const FileStamp before = stampOf(source);
   DrawingReport report = conversion_.run(drawing);
   if (!report.saved.empty()) {
-    if (const FileStamp after = stampOf(source); after != before)
-      tellReplaced(report, drawing, before, after);
+    if (const FileStamp after = stampOf(source); after != before) tellReplaced(report, before, after);
   }
   if (!ownLog_.empty()) takeLogEntries(report);
   return report;

@@ -32,11 +32,10 @@ std::optional<DrawingReport> reportOf(std::string_view line) {
 }
 
 std::string lineOf(const PlannedDrawing& drawing) {
-  return Json{{"given", textJson(drawing.given)},
-              {"target", textJson(base::pathText(drawing.target))},
-              {"format", static_cast<int>(drawing.format)},
-              {"refusal", textJson(drawing.refusal)},
-              {"pictureBytes", drawing.pictureBytes}}
+  return Json{
+      {"given", textJson(drawing.given)},           {"target", textJson(base::pathText(drawing.target))},
+      {"format", static_cast<int>(drawing.format)}, {"keepsUnknownFormat", drawing.keepsUnknownFormat},
+      {"refusal", textJson(drawing.refusal)},       {"pictureBytes", drawing.pictureBytes}}
       .dump();
 }
 
@@ -46,6 +45,7 @@ std::optional<PlannedDrawing> plannedOf(std::string_view line) {
     drawing.given = textOf(value.at("given"));
     drawing.target = base::pathFromText(textOf(value.at("target")));
     drawing.format = base::saveFormat(value.at("format").get<int>()).value();
+    drawing.keepsUnknownFormat = value.at("keepsUnknownFormat");
     drawing.refusal = textOf(value.at("refusal"));
     drawing.pictureBytes = value.at("pictureBytes");
     return drawing;

@@ -1,12 +1,15 @@
 // kivcvt convert, from the command line to the files and messages that it leaves.
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <regex>
+#include <thread>
 
 #include "base/codepage.h"
 #include "base/process_facts.h"
 #include "tests/cli/program_runner.h"
+#include "tests/embedded/dwg/whole_drawing.h"
 
 namespace kivcli::testing {
 namespace {
@@ -73,6 +76,35 @@ TEST_F(ConvertTest, AFormatThatADrawingCannotBeSavedInIsRefusedBeforeItIsConvert
     EXPECT_EQ(run.err, std::string("good.dxf: not converted: a DXF drawing cannot be saved as ") +
                            (format[2] == 'g' ? "DWG\n" : "DWT\n"));
   }
+}
+
+TEST_F(ConvertTest, TheFormatIsThatOfTheContentWhateverTheFileIsCalled) {
+  const std::string dwg = cad::dwg::bytesOf(cad::dwg::wholeDrawing(base::Version::kR2004));
+  for (const char* name : {"right.dwg", "plan.dxf", "plan2.dwg.bak", "none", "template.dwt"})
+    write(name, dwg);
+  write("text.dwg", good_);
+  const ProgramRun run =
+      convert({"right.dwg", "plan.dxf", "plan2.dwg.bak", "none", "template.dwt", "text.dwg"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(filesIn("out"), (std::vector<std::string>{"none.DWG", "plan.DWG", "plan2.dwg.DWG", "right.DWG",
+                                                      "template.DWT", "text.DXF"}));
+  EXPECT_TRUE(read("out/right.DWG").starts_with("AC1018"));
+  EXPECT_EQ(read("out/plan.DWG"), read("out/right.DWG"));
+  EXPECT_EQ(read("out/text.DXF"), replaced(good_, " 62\r\n     1\r\n", " 62\r\n     3\r\n"));
+
+  write("plan.dwg", dwg);
+  EXPECT_TRUE(contains(convert({"plan.dxf", "plan.dwg"}).err, "has the same target"));
+#ifndef _WIN32
+  const std::string pipe = (folder() / "pipe.dxf").string();
+  ASSERT_EQ(std::system(("mkfifo '" + pipe + "' && cat '" + (folder() / "right.dwg").string() + "' > '" +
+                         pipe + "' &")
+                            .c_str()),
+            0);
+  while (!std::filesystem::exists(pipe)) std::this_thread::yield();
+  const ProgramRun piped = convert({"pipe.dxf"});
+  EXPECT_EQ(piped.status, 0) << piped.err;
+  EXPECT_EQ(read("out/pipe.DWG"), read("out/right.DWG"));
+#endif
 }
 
 TEST_F(ConvertTest, ADrawingThatOnlyLacksItsEndIsConvertedWithAWarning) {

@@ -363,16 +363,19 @@ TEST_F(Batch, EachDrawingKeepsItsFormat) {
   draw(L"b.dwg", dwg);
   draw(L"c.dwt", dwg);
   draw(L"d.dwg");
-  choose({L"a.dxf", L"b.dwg", L"c.dwt", L"d.dwg"}, L"0");
+  draw(L"e.dxf", dwg);
+  choose({L"a.dxf", L"b.dwg", L"c.dwt", L"d.dwg", L"e.dxf"}, L"0");
   thenBegins();
   thenIsBack();
   type(L"KIV_TOACAD");
-  EXPECT_EQ(results(), Names({L"a.DXF", L"b.DWG", L"c.DWG"}));
+  EXPECT_EQ(results(), Names({L"a.DXF", L"b.DWG", L"c.DWG", L"d.DXF", L"e.DWG"}));
   EXPECT_EQ(content("out/a.DXF"), kConverted);
   EXPECT_EQ(content("out/b.DWG"), content("out/c.DWG"));
+  EXPECT_EQ(content("out/b.DWG"), content("out/e.DWG"));
+  EXPECT_EQ(content("out/d.DXF"), kConverted);
   EXPECT_NE(content("out/b.DWG"), dwg);
   EXPECT_NE(printed_.find(L"このﾎｽﾄは図面の形式を変えないため, DXF形式で保存します."), printed_.npos);
-  expectReport(L"\n[a.dxf]\n[b.dwg]\n[c.dwt]\n[d.dwg] [NG]", L"\n4件中1件 変換に失敗しました.");
+  expectReport(L"\n[a.dxf]\n[b.dwg]\n[c.dwt]\n[d.dwg]\n[e.dxf]", L"\n5件変換しました.");
 }
 
 TEST_F(Batch, TheSystemsChooserServesWhereTheSettingsSaySo) {

@@ -89,13 +89,16 @@ TEST(WorkerLines, AReportComesBackWithEveryField) {
 }
 
 TEST(WorkerLines, ARequestComesBackAndWhatIsNoLineIsRefused) {
-  const PlannedDrawing sent{kOddName, "out/a.DXF", SaveFormat::kDwt, L"refused: " + kOddName, 24000};
+  const PlannedDrawing sent{kOddName, "out/a.DXF", SaveFormat::kDwt, L"refused: " + kOddName, 24000, true};
   const auto got = plannedOf(lineOf(sent));
   ASSERT_TRUE(got);
-  EXPECT_EQ(std::tie(got->given, got->target, got->format, got->refusal, got->pictureBytes),
-            std::tie(sent.given, sent.target, sent.format, sent.refusal, sent.pictureBytes));
+  EXPECT_EQ(std::tie(got->given, got->target, got->format, got->refusal, got->pictureBytes,
+                     got->keepsUnknownFormat),
+            std::tie(sent.given, sent.target, sent.format, sent.refusal, sent.pictureBytes,
+                     sent.keepsUnknownFormat));
   EXPECT_FALSE(plannedOf("{}"));
-  EXPECT_FALSE(plannedOf(R"({"given":"a","target":"b","format":7,"refusal":"","pictureBytes":0})"));
+  EXPECT_FALSE(plannedOf(
+      R"({"given":"a","target":"b","format":7,"refusal":"","pictureBytes":0,"keepsUnknownFormat":false})"));
 
   const Json good = Json::parse(lineOf(everything()));
   const auto isRefused = [&](const char* place, const Json& value) {
