@@ -4,15 +4,16 @@
 
 #include <cderr.h>
 
+#include <utility>
 #include <vector>
 
 #include "base/files.h"
+#include "cadhost/drawing_kinds.h"
 
 namespace cadhost {
 namespace {
 
 constexpr wchar_t kProgram[] = L"CADHOST";
-constexpr wchar_t kFilter[] = L"DXF 図面 (*.dxf)\0*.dxf\0すべてのファイル (*.*)\0*.*\0";
 constexpr DWORD kLongestChoice = 32768;  // characters of all the names together
 
 // With several files the answer is the folder, then each name; with one it is the path.
@@ -26,15 +27,16 @@ std::vector<std::wstring> chosenPaths(const std::vector<wchar_t>& answer) {
   return parts;
 }
 
-OPENFILENAMEW chooser(HWND owner, std::vector<wchar_t>& answer, const wchar_t* title) {
+// `filter` stays the caller's.
+OPENFILENAMEW chooser(HWND owner, std::vector<wchar_t>& answer, const wchar_t* title,
+                      const std::wstring& filter) {
   OPENFILENAMEW out{};
   out.lStructSize = sizeof out;
   out.hwndOwner = owner;
-  out.lpstrFilter = kFilter;
+  out.lpstrFilter = filter.c_str();
   out.lpstrFile = answer.data();
   out.nMaxFile = static_cast<DWORD>(answer.size());
   out.lpstrTitle = title;
-  out.lpstrDefExt = L"dxf";
   return out;
 }
 
@@ -56,7 +58,9 @@ bool FileActions::hasChosen(BOOL answer) const {
 
 void FileActions::open() {
   std::vector<wchar_t> answer(kLongestChoice, L'\0');
-  OPENFILENAMEW asked = chooser(owner_, answer, L"図面を開く");
+  const std::wstring filter = openFilter();
+  OPENFILENAMEW asked = chooser(owner_, answer, L"図面を開く", filter);
+  asked.lpstrDefExt = L"dwg";
   asked.Flags = OFN_EXPLORER | OFN_ALLOWMULTISELECT | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST |
                 OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
   if (!hasChosen(GetOpenFileNameW(&asked))) return;
@@ -67,7 +71,7 @@ void FileActions::open() {
 }
 
 bool FileActions::saveInto(const std::wstring& path) {
-  const base::Status saved = run_(L"_.SAVEAS\n_DXF\n" + path + L"\nY");
+  const base::Status saved = run_(saveLine(path, host_.currentDrawing()));
   if (!saved) complain(L"図面を保存できませんでした。\n\n" + saved.failure().text());
   return saved.ok();
 }
@@ -84,10 +88,14 @@ bool FileActions::saveAs() {
   const cad::DocumentInfo document = host_.currentDocument();
   std::filesystem::path proposed = document.path;
   if (proposed.empty()) proposed = base::pathFromText(document.name);
-  std::wstring name = base::pathText(proposed.replace_extension(".dxf"));
+  proposed = proposedFile(std::move(proposed), host_.currentDrawing());
+  const std::wstring name = base::pathText(proposed);
+  const std::wstring extension = base::pathText(proposed.extension()).substr(1);
   std::vector<wchar_t> answer(kLongestChoice, L'\0');
   if (name.size() < answer.size()) std::copy(name.begin(), name.end(), answer.begin());
-  OPENFILENAMEW asked = chooser(owner_, answer, L"名前を付けて保存");
+  const std::wstring filter = saveFilter(host_.currentDrawing());
+  OPENFILENAMEW asked = chooser(owner_, answer, L"名前を付けて保存", filter);
+  asked.lpstrDefExt = extension.c_str();
   asked.Flags = OFN_EXPLORER | OFN_OVERWRITEPROMPT | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
   return hasChosen(GetSaveFileNameW(&asked)) && saveInto(answer.data());
 }
