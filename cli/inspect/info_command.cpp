@@ -12,6 +12,7 @@
 #include "cli/console.h"
 #include "cli/language/language.h"
 #include "cli/text_width.h"
+#include "embedded/drawing/handle_text.h"
 #include "embedded/editor/host.h"
 #include "embedded/formats/drawing_files.h"
 
@@ -89,6 +90,37 @@ std::vector<std::wstring> summaryLines(const DrawingSummary& summary) {
   return lines;
 }
 
+// "LAYER WALL"; of an entity the block that it is in, "TEXT (MARK)".
+std::wstring objectText(const cad::Drawing& drawing, cad::RecordId id) {
+  std::wstring text = base::fromUtf8(drawing.typeName(id));
+  const cad::Record& record = drawing.record(id);
+  const bool isEntity = record.kind == cad::RecordKind::kEntity;
+  const cad::RecordId block = isEntity ? drawing.blockOf(id) : cad::kNoRecord;
+  if (isEntity && block == cad::kNoRecord) return text;
+  const cad::NameId name = drawing.recordName(isEntity ? block : id);
+  if (name == cad::kNoName) return text;
+  return text + (isEntity ? L" (" : L" ") + drawing.names().text(name) + (isEntity ? L")" : L"");
+}
+
+// Every one, for the message that the drawing is damaged names but the first.
+std::vector<std::wstring> damageLines(const cad::Drawing& drawing) {
+  std::vector<std::wstring> lines;
+  const auto add = [&](const std::vector<cad::Handle>& objects, const std::wstring& what) {
+    if (!objects.empty()) lines.push_back(row(what, objects.size()));
+    for (const cad::Handle handle : objects) {
+      const cad::RecordId id = drawing.findHandle(handle);
+      lines.push_back(
+          row(L"  " + cad::handleText(handle), id == cad::kNoRecord ? L"" : objectText(drawing, id)));
+      while (lines.back().ends_with(L' ')) lines.back().pop_back();
+    }
+  };
+  const cad::DamagedObjects& damage = drawing.facts().damage;
+  add(damage.unreadable, tr(L"unreadable"));
+  add(damage.withWrongChecksum, tr(L"wrong checksum"));
+  add(damage.ownerless, tr(L"in no block"));
+  return lines;
+}
+
 }  // namespace
 
 int runInfo(const Arguments& arguments) {
@@ -107,6 +139,7 @@ int runInfo(const Arguments& arguments) {
     }
     printLine(file);
     for (const std::wstring& line : summaryLines(summarize(host.currentDrawing()))) printLine(line);
+    for (const std::wstring& line : damageLines(host.currentDrawing())) printLine(line);
     if (base::Status closed = host.closeDocument(); !closed) {
       complainAbout(file, closed.failure());
       status = kSomeFailed;

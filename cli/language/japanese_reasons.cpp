@@ -117,6 +117,13 @@ constexpr Translation kRows[] = {
      L"read stands there",
      L"図面が壊れています: ファイルの終わりにある 2 番目のヘッダがないか、壊れています。"
      L"読み込む内容はそこにはありません"},
+    {L"The drawing is damaged: %1 of its objects cannot be read and stays as it came (%2)",
+     L"図面が壊れています: オブジェクト %1 個を読み込めません。元のまま残します (%2)"},
+    {L"The drawing is damaged: %1 of its objects has a wrong checksum and was read as it stands (%2)",
+     L"図面が壊れています: オブジェクト %1 個のチェックサムが違います。書かれているとおりに読み込みました "
+     L"(%2)"},
+    {L"The drawing is damaged: %1 of its entities belongs to no block and stays as it came (%2)",
+     L"図面が壊れています: 図形 %1 個はどのブロックにも属していません。元のまま残します (%2)"},
     {L"The drawing is damaged: %1 of its objects cannot be read and stay as they came (%2)",
      L"図面が壊れています: オブジェクト %1 個を読み込めません。元のまま残します (%2)"},
     {L"The drawing is damaged: %1 of its objects have a wrong checksum and were read as they stand (%2)",

@@ -166,14 +166,17 @@ std::vector<std::wstring> warningsAbout(const Drawing& drawing) {
   } else if (facts.lacksEnd) {
     warnings.emplace_back(L"The file has no EOF; its last section is whole, so it was read as it stands");
   }
-  const auto tell = [&](const std::vector<Handle>& objects, const wchar_t* what) {
+  const auto tell = [&](const std::vector<Handle>& objects, const wchar_t* one, const wchar_t* several) {
     if (objects.empty()) return;
-    warnings.push_back(L"The drawing is damaged: " + std::to_wstring(objects.size()) + what + L" (" +
-                       firstHandles(objects) + L")");
+    warnings.push_back(L"The drawing is damaged: " + std::to_wstring(objects.size()) +
+                       (objects.size() == 1 ? one : several) + L" (" + firstHandles(objects) + L")");
   };
-  tell(facts.damage.unreadable, L" of its objects cannot be read and stay as they came");
-  tell(facts.damage.withWrongChecksum, L" of its objects have a wrong checksum and were read as they stand");
-  tell(facts.damage.ownerless, L" of its entities belong to no block and stay as they came");
+  tell(facts.damage.unreadable, L" of its objects cannot be read and stays as it came",
+       L" of its objects cannot be read and stay as they came");
+  tell(facts.damage.withWrongChecksum, L" of its objects has a wrong checksum and was read as it stands",
+       L" of its objects have a wrong checksum and were read as they stand");
+  tell(facts.damage.ownerless, L" of its entities belongs to no block and stays as it came",
+       L" of its entities belong to no block and stay as they came");
   return warnings;
 }
 

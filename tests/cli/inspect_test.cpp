@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tests/cli/program_runner.h"
+#include "tests/embedded/dwg/whole_drawing.h"
 
 namespace kivcli::testing {
 namespace {
@@ -65,6 +66,25 @@ TEST_F(CheckTest, TheWorstFileDecides) {
   EXPECT_TRUE(contains(run.err, "other.cvt: ")) << run.err;
   EXPECT_TRUE(contains(run.err, "missing.cvt: ")) << run.err;
   EXPECT_TRUE(contains(run.out, "clean.cvt: 1 setting")) << run.out;
+}
+
+TEST_F(InfoTest, EveryDamagedObjectIsListed) {
+  cad::dwg::SmallDrawing damaged = cad::dwg::wholeDrawing(base::Version::kR2000);
+  cad::dwg::SmallObject& last = damaged.objects.back();
+  damaged.spoil = [whole = last.data](std::string& piece) {
+    if (piece.size() > whole.size() && piece.substr(piece.size() - whole.size() - 2, whole.size()) == whole)
+      piece.back() = static_cast<char>(~piece.back());
+  };
+  for (cad::dwg::SmallObject& object : damaged.objects)
+    if (object.handle == 0x30 || object.handle == 0x31) object.data.assign(object.data.size(), '\xFF');
+  write("damaged.dwg", cad::dwg::bytesOf(damaged));
+  const ProgramRun run = kivcvt({"info", "damaged.dwg"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(contains(run.out,
+                       "  unreadable      2\n    30\n    31\n  wrong checksum  1\n    32            "
+                       "INSERT (*Model_Space)\n"))
+      << run.out;
+  EXPECT_TRUE(contains(run.err, "1 of its objects has a wrong checksum")) << run.err;
 }
 
 TEST_F(InfoTest, CountsWhatStandsInTheDrawing) {

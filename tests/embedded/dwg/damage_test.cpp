@@ -81,7 +81,7 @@ TEST_P(DamagedDwg, AnObjectThatCannotBeReadStaysAndIsNamed) {
   const auto warnings = formats::warningsAbout(*drawing);
   ASSERT_EQ(warnings.size(), 1U);
   EXPECT_EQ(warnings[0],
-            L"The drawing is damaged: 1 of its objects cannot be read and stay as they came (30)");
+            L"The drawing is damaged: 1 of its objects cannot be read and stays as it came (30)");
   EXPECT_EQ(drawing->entitiesOf(drawing->modelSpace()).size(), 2U);
   ASSERT_TRUE(drawing->setText(drawing->findHandle(0x31), P::kLayer, L"0").ok());
   const auto file = readBytes(saved(*drawing));
@@ -100,7 +100,7 @@ TEST_P(DamagedDwg, AWrongChecksumOfAnObjectIsToldAndLosesNothing) {
   ASSERT_TRUE(drawing);
   const auto warnings = formats::warningsAbout(*drawing);
   ASSERT_EQ(warnings.size(), 1U);
-  EXPECT_NE(warnings[0].find(L"1 of its objects have a wrong checksum"), std::wstring::npos);
+  EXPECT_NE(warnings[0].find(L"1 of its objects has a wrong checksum"), std::wstring::npos);
   EXPECT_NE(warnings[0].find(L"(32)"), std::wstring::npos);
   EXPECT_EQ(drawing->entitiesOf(drawing->modelSpace()).size(), 3U);
   EXPECT_EQ(saved(*drawing), bytesOf(small));

@@ -98,7 +98,7 @@ TEST_F(DwgCommands, WhatIsDamagedIsToldWhenItIsOpened) {
   for (cad::dwg::SmallObject& object : damaged.objects)
     if (object.handle == 0x31) object.data.assign(object.data.size(), '\xFF');
   ASSERT_TRUE(host().openDocument(make("damaged.dwg", cad::dwg::bytesOf(damaged))).ok());
-  EXPECT_TRUE(printedHas(L"1 of its objects cannot be read and stay as they came (31)"));
+  EXPECT_TRUE(printedHas(L"1 of its objects cannot be read and stays as it came (31)"));
 }
 
 }  // namespace
