@@ -55,7 +55,8 @@ struct PolylineGeometry {
   };
   std::vector<Vertex> vertices;
   bool closed = false;
-  // Of a leader's last piece where only its end is stored: the length, which follows from dimension variables.
+  // Of a leader's last piece where only its end is stored: the length, which follows from dimension
+  // variables.
   double hook = 0;
 };
 struct MeshGeometry {  // wires of a polygon mesh, a polyface mesh or a face

@@ -1,7 +1,7 @@
 #include "embedded/formats/drawing_files.h"
 
 #include <algorithm>
-#include <ranges>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -112,7 +112,7 @@ Opened read(const std::shared_ptr<const SourceBytes>& source) {
 std::wstring firstHandles(const std::vector<Handle>& objects) {
   constexpr std::size_t kMost = 5;
   std::wstring text;
-  for (const Handle handle : objects | std::views::take(kMost))
+  for (const Handle handle : std::span(objects).first(std::min(kMost, objects.size())))
     text += (text.empty() ? L"" : L", ") + handleText(handle);
   return objects.size() > kMost ? text + L", ..." : text;
 }

@@ -115,7 +115,9 @@ void ShapeFile::readFacts(std::string_view info) {
 }
 
 // Of two shapes with one number the first counts.
-void ShapeFile::add(int number, std::size_t at, std::size_t size) { shapes_.try_emplace(number, Place{at, size}); }
+void ShapeFile::add(int number, std::size_t at, std::size_t size) {
+  shapes_.try_emplace(number, Place{at, size});
+}
 
 // Little-endian; 0 where the file has ended.
 std::size_t ShapeFile::number(std::size_t at, int bytes) const {

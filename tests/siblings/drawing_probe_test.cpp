@@ -57,7 +57,7 @@ TEST_F(DrawingProbe, TellsTheReleaseByTheBeginning) {
       // The value of another variable, and of another section, is no version.
       {groups("0 SECTION|2 HEADER|9 $MENU|1 AC1032|0 ENDSEC|0 EOF"), L"R12"},
       {groups("0 SECTION|2 ENTITIES|0 TEXT|9 $ACADVER|1 AC1032|0 ENDSEC|0 EOF"), L"R12"},
-      {groups("0 SECTION|2 HEADER|9 $ACADVER|1 AC2000|0 ENDSEC"), L"R12"},
+      {groups("0 SECTION|2 HEADER|9 $ACADVER|1 AC2000|0 ENDSEC"), L"2018より後"},
       {groups("0 SECTION|2 HEADER|9 $ACADVER|1 AC1099|0 ENDSEC"), L"2018より後"},
       {groups("0 EOF"), L"R12"},
       {binary("\0\0SECTION\0\2\0HEADER\0\x09\0$ACADVER\0\1\0AC1018\0\0\0ENDSEC\0"s), L"2004"},
