@@ -18,7 +18,9 @@ namespace cad {
 
 bool isWriteProtected(const std::filesystem::path& path) {
   std::error_code ignored;
-  if (!std::filesystem::exists(path, ignored)) return false;
+  const std::filesystem::file_status status = std::filesystem::status(path, ignored);
+  // A pipe that is opened and closed has lost what its writer gave.
+  if (!std::filesystem::exists(status) || std::filesystem::is_fifo(status)) return false;
   return !std::ofstream(path, std::ios::in | std::ios::out | std::ios::binary).is_open();
 }
 
