@@ -145,21 +145,28 @@ void RunFacts::objectHit(const KivObservedObject& object, int hit) {
   }
 }
 
-// What grows with each change. Arrows are made by setting a variable and setting it back, which changes
-// nothing.
-std::uint64_t RunFacts::state() const {
+// Arrows are made by setting a variable and setting it back, which changes nothing; of what was taken back
+// erased records are left.
+bool RunFacts::hasChanged() const {
   constexpr int kArrows = 10;
   const cad::Drawing& drawing = session_.host().currentDrawing();
-  return settings_.back().section == kArrows ? drawing.recordCount() : drawing.revision();
+  if (settings_.back().section != kArrows) return drawing.revision() != revision_;
+  for (std::size_t at = recordCount_; at < drawing.recordCount(); ++at)
+    if (!drawing.record(static_cast<cad::RecordId>(at)).erased()) return true;
+  return false;
 }
 
-void RunFacts::resultBegins() { state_ = state(); }
+void RunFacts::resultBegins() {
+  const cad::Drawing& drawing = session_.host().currentDrawing();
+  revision_ = drawing.revision();
+  recordCount_ = drawing.recordCount();
+}
 
 // Setting what is there already is no change of the drawing.
 void RunFacts::resultEnds(int result, bool isRefused) {
   SettingFacts& setting = settings_.back();
   ResultFacts& facts = setting.results[static_cast<std::size_t>(result)];
-  const bool isChanged = state() != state_;
+  const bool isChanged = hasChanged();
   if (isRefused) ++facts.refused;
   if (isChanged) ++facts.changed;
   if (setting.isEntry) setting.looked = 1, setting.hits = isChanged || isRefused ? 1 : 0;

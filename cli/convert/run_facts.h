@@ -39,7 +39,7 @@ class RunFacts {
  private:
   void settingBegins(const KivObservedSetting& setting);
   void objectTested(const KivObservedObject& object, const unsigned char* passes, int failed);
-  std::uint64_t state() const;
+  bool hasChanged() const;  // the drawing, since the result began
   void objectHit(const KivObservedObject& object, int hit);
   void resultBegins();
   void resultEnds(int result, bool isRefused);
@@ -55,7 +55,8 @@ class RunFacts {
   long long tracedId_ = 0, layerId_ = 0;  // of the entity that is followed, and of its layer
   bool followsHit_ = false;               // the object hit last is the one that is followed
   bool isHitCounted_ = false;             // and has been counted as changed
-  std::uint64_t state_ = 0;               // of the drawing before the result
+  std::uint64_t revision_ = 0;            // of the drawing before the result
+  std::size_t recordCount_ = 0;           // likewise
 };
 
 }  // namespace kivcli

@@ -1,6 +1,7 @@
 #pragma once
 // The file of a drawing: its bytes, and what it says of itself.
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -19,8 +20,13 @@ using base::Version;
 // Objects that something is wrong with, by their handles. They stay in the file as they came.
 struct DamagedObjects {
   std::vector<std::uint64_t> unreadable;         // nothing is known of them
-  std::vector<std::uint64_t> withWrongChecksum;  // read as they stand where they can be
+  std::vector<std::uint64_t> withWrongChecksum;  // read as they stand where they can be; ascending
   std::vector<std::uint64_t> ownerless;          // entities of no block
+
+  // Then the object keeps its values: a right checksum would hide that they are unsure.
+  bool hasWrongChecksum(std::uint64_t handle) const {
+    return std::ranges::binary_search(withWrongChecksum, handle);
+  }
 };
 
 struct DrawingFacts {

@@ -17,6 +17,8 @@ auto at(BitSpan& span, const BitReader& reader, const Read& read) {
   return value;
 }
 
+Handle ownStyle(const ObjectFrame& frame) { return readFields(frame).handle("style").value_or(0); }
+
 // Reads straight off the bits what describeEntity() describes.
 class HeadReader {
  public:
@@ -116,7 +118,7 @@ class HeadReader {
     const bool isAttribute =
         frame_.type.kind == ObjectKind::kAttrib || frame_.type.kind == ObjectKind::kAttdef;
     if (isAttribute && since(Version::kR2018)) {
-      head_.style = readFields(frame_).handle("style").value_or(0);
+      head_.style = ownStyle(frame_);
       return;
     }
     BitReader own = handles_;
@@ -130,23 +132,6 @@ class HeadReader {
   unsigned otherReferences_ = 0;
 };
 
-// The reference behind those that all entities have.
-Handle firstOwnReference(const ObjectFrame& frame, const Fields& common) {
-  std::uint32_t at = frame.handleBegin;
-  for (const Field& field : common.all())
-    if (field.stream == Stream::kHandles) at = std::max(at, field.end);
-  BitReader reader(frame.data, at, frame.handleEnd);
-  const HandleReference reference = reader.h();
-  return reader.failed() ? 0 : reference.absolute(frame.handle);
-}
-
-// Attributes may have a text of several lines since R2018, whose references come first.
-Handle styleOf(const ObjectFrame& frame, const Fields& common) {
-  const bool isAttribute = frame.type.kind == ObjectKind::kAttrib || frame.type.kind == ObjectKind::kAttdef;
-  if (isAttribute && frame.version >= Version::kR2018) return readFields(frame).handle("style").value_or(0);
-  return firstOwnReference(frame, common);
-}
-
 // Of a damaged entity: what there is before it ends.
 EntityHead headOf(const ObjectFrame& frame, const Fields& fields) {
   EntityHead head;
@@ -156,7 +141,7 @@ EntityHead headOf(const ObjectFrame& frame, const Fields& fields) {
   head.next = fields.integer("no links") != 0 ? frame.handle + 1 : fields.handle("next").value_or(0);
   head.layer = fields.handle("layer").value_or(0);
   head.linetype = fields.handle("linetype").value_or(0);
-  if (hasTextStyle(frame.type.kind)) head.style = styleOf(frame, fields);
+  if (hasTextStyle(frame.type.kind)) head.style = ownStyle(frame);
   return head;
 }
 

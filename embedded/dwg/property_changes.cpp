@@ -38,9 +38,7 @@ bool dropsTrueColor(const DwgStorage& storage, const Record& record, Property pr
 
 // What rules make of values that may be damaged is not to be trusted.
 bool isDamaged(const DwgStorage& storage, const Record& record) {
-  const std::vector<Handle>& damaged = storage.facts().damage.withWrongChecksum;
-  if (damaged.empty() || (record.flags & Record::kAdded) != 0) return false;
-  return std::ranges::binary_search(damaged, storage.handle(record).value_or(0));
+  return storage.facts().damage.hasWrongChecksum(storage.handle(record).value_or(0));
 }
 
 bool hasNoCharacter(const StoredValue& value) {

@@ -132,7 +132,8 @@ class Host {
   void beginRun();  // forgets the last save and the remarks that nobody took
   // Empty when nothing was saved since the last beginRun().
   const std::optional<SaveReport>& lastSave() const;
-  // What functions of the interface have said since the last call, beyond the status that they return.
+  // What functions of the interface have said since the last call, beyond the status that they return, and
+  // why -INSERT refused a block.
   std::vector<base::Failure> takeRemarks();
 
  private:

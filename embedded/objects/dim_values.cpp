@@ -37,10 +37,10 @@ Acad::ErrorStatus write(AcDbObject& object, const DimVariableInfo& info, const V
   if (!info.existsIn(drawing.facts().version)) return Acad::eNotApplicable;
   const RecordId record = ObjectAccess::record(object);
   const bool isStyle = drawing.record(record).table == Table::kDimStyle;
-  if (!isStyle && sameValue(value, inherited(object, info), info)) {
-    return drawing.removeDimOverride(record, info).ok() ? Acad::eOk : Acad::eNotApplicable;
-  }
-  return drawing.setDimVariable(record, info, value).ok() ? Acad::eOk : Acad::eNotApplicable;
+  const bool isInherited = !isStyle && sameValue(value, inherited(object, info), info);
+  const base::Status set =
+      isInherited ? drawing.removeDimOverride(record, info) : drawing.setDimVariable(record, info, value);
+  return set ? Acad::eOk : refusal(drawing, record, Acad::eNotApplicable);
 }
 
 // Files may have a name for it where setters have none.

@@ -80,10 +80,16 @@ Acad::ErrorStatus checkWritable(const AcDbObject& object) {
   return object.isWriteEnabled() ? Acad::eOk : Acad::eNotOpenForWrite;
 }
 
+Acad::ErrorStatus refusal(const Drawing& drawing, RecordId record, Acad::ErrorStatus otherwise) {
+  const bool isDamaged = drawing.facts().damage.hasWrongChecksum(drawing.handle(record).value_or(0));
+  return isDamaged ? Acad::eFilerError : otherwise;
+}
+
 Acad::ErrorStatus outcome(const Drawing& drawing, RecordId record, Property property,
                           const base::Status& status) {
   if (status) return Acad::eOk;
-  return drawing.canHold(record, property) ? Acad::eInvalidInput : Acad::eNotApplicable;
+  const bool canHold = drawing.canHold(record, property);
+  return refusal(drawing, record, canHold ? Acad::eInvalidInput : Acad::eNotApplicable);
 }
 
 Acad::ErrorStatus writeReal(AcDbObject& object, Property property, double value) {

@@ -24,8 +24,10 @@ Acad::ErrorStatus writeId(AcDbObject& object, Property property, Table table, Ac
 
 // eNotInDatabase, eNotOpenForWrite.
 Acad::ErrorStatus checkWritable(const AcDbObject& object);
-// What a setter of the drawing came to: eNotApplicable when the record or the drawing's version cannot hold
-// the property, else eInvalidInput where it failed.
+// Of a setter of the drawing that failed: eFilerError when the object is damaged, else `otherwise`.
+Acad::ErrorStatus refusal(const Drawing& drawing, RecordId record, Acad::ErrorStatus otherwise);
+// What a setter of the drawing came to: refusal(), with eNotApplicable when the record or the drawing's
+// version cannot hold the property, else with eInvalidInput.
 Acad::ErrorStatus outcome(const Drawing& drawing, RecordId record, Property property,
                           const base::Status& status);
 

@@ -268,6 +268,26 @@ TEST_F(ConvertTest, ArrowFilesAreLookedUpBesideTheSpecificationAndAMissingOneIsN
   EXPECT_TRUE(contains(read("logs/" + filesIn("logs")[0]), ", OK\r\n"));
 }
 
+TEST_F(ConvertTest, ADamagedObjectKeepsItsValuesAndTheRunSaysSo) {
+  cad::dwg::SmallDrawing damaged = cad::dwg::wholeDrawing(base::Version::kR2000);
+  cad::dwg::spoilLastChecksum(damaged);
+  write("damaged.dwg", cad::dwg::bytesOf(damaged));
+  writeSpecification("rules.cvt", "[その他の図形]\n[画層] = *\n{\n[色] = 3\n}\n---End---\n[EOF]\n");
+  const ProgramRun run = convert({"damaged.dwg"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(contains(run.err, "1 of its objects has a wrong checksum")) << run.err;
+  EXPECT_TRUE(contains(run.err, "色 = 3 was refused by 1 object: the host refused it\n")) << run.err;
+}
+
+TEST_F(ConvertTest, AnArrowFileThatIsRefusedIsToldWithTheReasonBehindIt) {
+  write("BAD.dxf", "no drawing\r\n");
+  writeSpecification("rules.cvt", "[矢印のﾛｰﾄﾞ]\nBAD.dxf\n---End---\n[EOF]\n");
+  const ProgramRun run = convert({"good.dxf"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_TRUE(contains(run.err, "BAD.dxf, line 1: This is neither a DXF nor a DWG drawing\n")) << run.err;
+  EXPECT_EQ(read("out/good.DXF"), good_);
+}
+
 TEST_F(ConvertTest, TheSourceIsNeverOverwritten) {
   const ProgramRun run = kivcvt({"convert", "--spec", "rules.cvt", "--out", ".", "good.dxf"});
   EXPECT_EQ(run.status, 1);

@@ -70,11 +70,7 @@ TEST_F(CheckTest, TheWorstFileDecides) {
 
 TEST_F(InfoTest, EveryDamagedObjectIsListed) {
   cad::dwg::SmallDrawing damaged = cad::dwg::wholeDrawing(base::Version::kR2000);
-  cad::dwg::SmallObject& last = damaged.objects.back();
-  damaged.spoil = [whole = last.data](std::string& piece) {
-    if (piece.size() > whole.size() && piece.substr(piece.size() - whole.size() - 2, whole.size()) == whole)
-      piece.back() = static_cast<char>(~piece.back());
-  };
+  cad::dwg::spoilLastChecksum(damaged);
   for (cad::dwg::SmallObject& object : damaged.objects)
     if (object.handle == 0x30 || object.handle == 0x31) object.data.assign(object.data.size(), '\xFF');
   write("damaged.dwg", cad::dwg::bytesOf(damaged));

@@ -132,11 +132,12 @@ def precompile(work, name, first, arguments):
 
 
 def check_scripts(folder, work):
-    """Another compiler of resources takes the scripts as they are."""
-    scripts = [os.path.join(ROOT, script) for script in ("ui/kivgui.rc", "siblings/KivFile/kivfile.rc")]
-    for path in scripts + glob.glob(os.path.join(folder, "**", "*.rc"), recursive=True):
+    """Another compiler of resources takes the scripts as they are; /check/ui.rc would be an option to it, /C."""
+    scripts = ["ui/kivgui.rc", "siblings/KivFile/kivfile.rc"]
+    for path in scripts + glob.glob(os.path.join(os.path.relpath(folder, ROOT), "**", "*.rc"), root_dir=ROOT,
+                                    recursive=True):
         tried = run(tool("llvm-rc"), "/C", "65001", "-I", "/usr/share/mingw-w64/include",
-                    "-I", os.path.dirname(path), "/FO", os.path.join(work, "script.res"), path)
+                    "-I", os.path.dirname(path), "/FO", os.path.join(work, "script.res"), path, cwd=ROOT)
         if tried.returncode != 0:
             fail(f"{path}:\n{tried.stdout}")
 

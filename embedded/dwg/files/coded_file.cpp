@@ -22,10 +22,9 @@ bool takesFree(std::map<std::uint64_t, std::uint64_t>& ends, std::uint64_t begin
 }  // namespace
 
 base::Result<std::unique_ptr<DwgFile>> CodedFile::read(std::shared_ptr<const SourceBytes> source,
-                                                       const DrawingFacts& facts, std::uint8_t maintenance) {
+                                                       const DrawingFacts& facts) {
   std::unique_ptr<CodedFile> file(new CodedFile(std::move(source)));
   file->facts_ = facts;
-  file->maintenance_ = maintenance;
   if (auto read = file->readMaps(); !read) return read.failure();
   if (auto checked = file->checkPages(); !checked) return checked.failure();
   if (auto read = file->readSections(); !read) return read.failure();

@@ -19,7 +19,7 @@ namespace cad::dwg {
 class CodedFile final : public DwgFile {
  public:
   static base::Result<std::unique_ptr<DwgFile>> read(std::shared_ptr<const SourceBytes> source,
-                                                     const DrawingFacts& facts, std::uint8_t maintenance);
+                                                     const DrawingFacts& facts);
   base::Status writeTo(const FileChanges& changes, const Sink& sink) const override;
 
  private:

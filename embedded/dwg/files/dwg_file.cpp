@@ -16,7 +16,7 @@
 namespace cad::dwg {
 namespace {
 
-constexpr std::size_t kMaintenanceAt = 0x0B, kCodePageAt = 0x13;
+constexpr std::size_t kCodePageAt = 0x13;
 
 DrawingFacts factsOf(std::string_view file) {
   DrawingFacts facts;
@@ -158,19 +158,18 @@ base::Result<std::unique_ptr<DwgFile>> readDwgFile(std::shared_ptr<const SourceB
   }
   if (file.size() < kCodePageAt + 2) return refusal(file.size(), L"The file is cut off");
   const DrawingFacts facts = factsOf(file);
-  const auto maintenance = static_cast<std::uint8_t>(file[kMaintenanceAt]);
   switch (facts.version) {
     case Version::kR13:
     case Version::kR14:
     case Version::kR2000:
-      return LocatedFile::read(std::move(source), facts, maintenance);
+      return LocatedFile::read(std::move(source), facts);
     case Version::kR2004:
     case Version::kR2010:
     case Version::kR2013:
     case Version::kR2018:
-      return PagedFile::read(std::move(source), facts, maintenance);
+      return PagedFile::read(std::move(source), facts);
     case Version::kR2007:
-      return CodedFile::read(std::move(source), facts, maintenance);
+      return CodedFile::read(std::move(source), facts);
     default:
       return refusal(
           0, L"This is a DWG drawing of a newer version than is known here; please save it in an older one");

@@ -68,9 +68,6 @@ class DwgFile {
   const DrawingFacts& facts() const { return facts_; }
   void setDamage(DamagedObjects damage) { facts_.damage = std::move(damage); }
   Version version() const { return facts_.version; }
-  std::uint8_t maintenance() const {
-    return maintenance_;
-  }  // the maintenance release, from which some fields hang
   // The number of facts().codePage as the file has it.
   std::uint16_t codePageNumber() const;
   const SourceBytes& source() const { return *source_; }
@@ -117,7 +114,6 @@ class DwgFile {
 
   std::shared_ptr<const SourceBytes> source_;
   DrawingFacts facts_;
-  std::uint8_t maintenance_ = 0;
   std::string_view objects_, header_, classes_, template_;
   std::vector<ObjectPlace> places_;
 };

@@ -27,11 +27,9 @@ void patch(std::map<std::uint64_t, char>& patches, std::uint64_t at, std::uint64
 }  // namespace
 
 base::Result<std::unique_ptr<DwgFile>> LocatedFile::read(std::shared_ptr<const SourceBytes> source,
-                                                         const DrawingFacts& facts,
-                                                         std::uint8_t maintenance) {
+                                                         const DrawingFacts& facts) {
   std::unique_ptr<LocatedFile> file(new LocatedFile(std::move(source)));
   file->facts_ = facts;
-  file->maintenance_ = maintenance;
   file->objects_ = file->file();
   if (auto read = file->readLocators(); !read) return read.failure();
   if (auto read = file->readSections(); !read) return read.failure();

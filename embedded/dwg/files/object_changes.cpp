@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "embedded/drawing/handle_text.h"
 #include "embedded/dwg/bits/bit_writer.h"
 #include "embedded/dwg/bits/crc.h"
 #include "embedded/dwg/files/object_map.h"
@@ -45,15 +46,9 @@ std::vector<bool> shared(const DwgFile& file, std::uint64_t& end) {
   return isShared;
 }
 
-std::wstring hexText(Handle handle) {
-  std::wstring text;
-  do {
-    text.insert(text.begin(), L"0123456789ABCDEF"[handle & 15]);
-  } while ((handle >>= 4) != 0);
-  return text;
+base::Failure refused(Handle handle, const wchar_t* reason) {
+  return {L"handle " + handleText(handle), reason};
 }
-
-base::Failure refused(Handle handle, const wchar_t* reason) { return {L"handle " + hexText(handle), reason}; }
 
 // Null: the change can be made.
 const wchar_t* misfit(const ObjectBytes& object, bool isErased, bool isRepeated, bool isKnown) {

@@ -11,10 +11,9 @@
 
 namespace cad::dwg {
 base::Result<std::unique_ptr<DwgFile>> PagedFile::read(std::shared_ptr<const SourceBytes> source,
-                                                       const DrawingFacts& facts, std::uint8_t maintenance) {
+                                                       const DrawingFacts& facts) {
   std::unique_ptr<PagedFile> file(new PagedFile(std::move(source)));
   file->facts_ = facts;
-  file->maintenance_ = maintenance;
   if (auto read = file->readMaps(); !read) return read.failure();
   if (auto checked = file->checkPages(); !checked) return checked.failure();
   if (auto read = file->readSections(); !read) return read.failure();

@@ -90,12 +90,7 @@ TEST_P(DamagedDwg, AnObjectThatCannotBeReadStaysAndIsNamed) {
 }
 
 TEST_P(DamagedDwg, AWrongChecksumOfAnObjectIsToldAndLosesNothing) {
-  // The checksum of the last object stands at the end of all of them.
-  const std::string last = object(small, 0x32).data;
-  small.spoil = [&](std::string& piece) {
-    if (piece.size() > last.size() && piece.substr(piece.size() - last.size() - 2, last.size()) == last)
-      piece.back() = static_cast<char>(~piece.back());
-  };
+  spoilLastChecksum(small);
   const auto drawing = opened();
   ASSERT_TRUE(drawing);
   const auto warnings = formats::warningsAbout(*drawing);
@@ -108,11 +103,7 @@ TEST_P(DamagedDwg, AWrongChecksumOfAnObjectIsToldAndLosesNothing) {
 
 // A right one would tell that its values are what they were.
 TEST_P(DamagedDwg, AnObjectWithAWrongChecksumIsNotChangedAndStaysKnownAsDamaged) {
-  const std::string last = object(small, 0x32).data;
-  small.spoil = [&](std::string& piece) {
-    if (piece.size() > last.size() && piece.substr(piece.size() - last.size() - 2, last.size()) == last)
-      piece.back() = static_cast<char>(~piece.back());
-  };
+  spoilLastChecksum(small);
   const auto drawing = opened();
   ASSERT_TRUE(drawing);
   const RecordId damaged = drawing->findHandle(0x32);

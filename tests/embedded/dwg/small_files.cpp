@@ -380,6 +380,14 @@ std::string codedBytes(const SmallDrawing& drawing, const PageFaults& faults) {
   return file + pageMapPage + header;
 }
 
+// It stands at the end of all objects.
+void spoilLastChecksum(SmallDrawing& drawing) {
+  drawing.spoil = [last = drawing.objects.back().data](std::string& piece) {
+    if (piece.size() > last.size() && piece.substr(piece.size() - last.size() - 2, last.size()) == last)
+      piece.back() = static_cast<char>(~piece.back());
+  };
+}
+
 std::string bytesOf(const SmallDrawing& drawing) {
   SmallPlaces places;
   if (drawing.version <= Version::kR2000) return locatedBytes(drawing, places);

@@ -37,6 +37,9 @@ SmallDrawing smallDrawing(Version version);
 // The file in the container of its version, with everything that containers have.
 std::string bytesOf(const SmallDrawing& drawing);
 
+// The file will have a wrong checksum for the object with the largest handle.
+void spoilLastChecksum(SmallDrawing& drawing);
+
 // Where its parts stand, for tests that break them.
 struct SmallPlaces {
   std::uint64_t header = 0, map = 0, secondHeader = 0, picture = 0, freeSpace = 0, auxHeader = 0;
