@@ -179,6 +179,13 @@ class ReplacingFile : public AtomicFile {
     }
   }
 
+  void overwrite(std::uint64_t at, std::string_view bytes) override {
+    flush();
+    seek(static_cast<off_t>(at), SEEK_SET);
+    writeDirectly(bytes);
+    seek(0, SEEK_END);
+  }
+
   Status commit() override {
     flush();
     if (error_ == 0 && isWaitingForDisk()) error_ = reachDisk(file_.number());
@@ -199,6 +206,10 @@ class ReplacingFile : public AtomicFile {
   void flush() {
     writeDirectly(buffer_);
     buffer_.clear();
+  }
+
+  void seek(off_t place, int from) {
+    if (error_ == 0 && ::lseek(file_.number(), place, from) < 0) error_ = errno;
   }
 
   void writeDirectly(std::string_view bytes) {

@@ -160,6 +160,13 @@ class ReplacingFile : public AtomicFile {
     }
   }
 
+  void overwrite(std::uint64_t at, std::string_view bytes) override {
+    flush();
+    seek(at, FILE_BEGIN);
+    writeDirectly(bytes);
+    seek(0, FILE_END);
+  }
+
   Status commit() override {
     flush();
     if (error_ == 0 && isWaitingForDisk() && FlushFileBuffers(file_.get()) == 0) error_ = GetLastError();
@@ -175,6 +182,12 @@ class ReplacingFile : public AtomicFile {
   void flush() {
     writeDirectly(buffer_);
     buffer_.clear();
+  }
+
+  void seek(std::uint64_t place, DWORD from) {
+    LARGE_INTEGER distance;
+    distance.QuadPart = static_cast<LONGLONG>(place);
+    if (error_ == 0 && SetFilePointerEx(file_.get(), distance, nullptr, from) == 0) error_ = GetLastError();
   }
 
   void writeDirectly(std::string_view bytes) {

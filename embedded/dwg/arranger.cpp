@@ -97,6 +97,7 @@ void Arranger::readEntity(Place place, const ObjectFrame& frame) {
   const EntityHead head = readEntityHead(frame);
   Object& object = objects_[place];
   object.signature = signatureOf(frame.type, head);
+  object.isPlain = head.intact && head.plainColor;
   if (head.mode == EntityMode::kModelSpace) object.owner = kInModel;
   if (head.mode == EntityMode::kPaperSpace) object.owner = kInPaper;
   const Place before = place > 0 ? objects_[place - 1].owner : kNowhere;
@@ -189,6 +190,8 @@ RecordId Arranger::add(Place place, RecordKind kind, Table table, RecordId owner
   record.table = table;
   record.owner = owner;
   record.signature = objects_[place].signature;
+  const bool isEntity = kind == RecordKind::kEntity || kind == RecordKind::kSubEntity;
+  if (isEntity && objects_[place].isPlain) record.flags = kPlainEntity;
   const auto id = static_cast<RecordId>(loaded_.records.size());
   loaded_.records.push_back(record);
   records_.byPlace[place] = id;
@@ -260,6 +263,7 @@ void Arranger::addBlock(Place entry, bool withContent) {
   records_.blockOfEntry[file_.places()[entry].handle] = block;
   records_.entryOfBlock[file_.places()[begin].handle] = file_.places()[entry].handle;
   records_.beginOfEntry[file_.places()[entry].handle] = file_.places()[begin].handle;
+  records_.names[file_.places()[entry].handle] = storedName(fields);
   noteSpace(entry, fields, block);
   if (withContent) addContent(entry, fields);
   if (isOf(end, ObjectKind::kEndblk)) add(end, RecordKind::kBlockEnd, Table::kNone, block);

@@ -30,7 +30,7 @@ class Arranger {
     Place owner = kNowhere, next = kNowhere;  // of an entity
     SignatureId signature = 0;
     std::uint16_t number = 0;  // of its type
-    bool intact = false, isEntity = false;
+    bool intact = false, isEntity = false, isPlain = false;  // isPlain: see kPlainEntity
   };
   // Entities by their owner, each owner's in the order of the file.
   struct Members {

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "embedded/drawing/stored_text.h"
+#include "embedded/dwg/entity_changes.h"
 #include "embedded/dwg/field_texts.h"
 #include "embedded/dwg/fields/extended_data.h"
 
@@ -33,11 +34,22 @@ ObjectBytes DwgStorage::kept(EditId state, std::string_view original) const {
 }
 
 ObjectBytes DwgStorage::object(const Record& record) const {
-  ObjectBytes original = this->original(record);
-  return record.edits == kNoEdit ? original : kept(record.edits, original.data);
+  if (record.edits == kNoEdit) return original(record);
+  const auto owner = std::make_shared<std::string>();
+  ObjectBytes bytes = object(record, *owner);
+  bytes.owner = owner;
+  return bytes;
 }
 
 ObjectBytes DwgStorage::object(const Record& record, std::string& buffer) const {
+  if (states_.isOfValues(record.edits)) {
+    const Entity* const entity = this->entity(record);
+    WrittenObject now = changeEntity(entity->frame, entity->head, entity->values, std::move(buffer));
+    buffer = std::move(now.data);
+    ObjectBytes bytes;
+    bytes.data = buffer, bytes.handleBits = now.handleBits;
+    return bytes;
+  }
   const ObjectBytes original = this->original(record);
   return record.edits == kNoEdit ? original : states_.object(record.edits, original.data, buffer);
 }
@@ -72,30 +84,33 @@ const Fields& DwgStorage::look(Look& look, const Record& record, Fields (*read)(
 const DwgStorage::Entity* DwgStorage::entity(const Record& record) const {
   if (record.kind != RecordKind::kEntity && record.kind != RecordKind::kSubEntity) return nullptr;
   EntityLook& look = entityLook_;
-  if (const LookedAt at = lookedAt(record); !look.isKnown || look.at != at) {
+  const ValueState state = states_.values(record.edits);
+  Record base = record;
+  base.edits = state.base;
+  if (const LookedAt at = lookedAt(base); !look.isRead || look.at != at) {
     look.at = at;
-    look.bytes = object(record, look.buffer);
-    look.isKnown = true, look.isRead = false;
-  }
-  if (!look.isRead) {
+    look.bytes = object(base, look.buffer);
     look.isRead = true;
-    look.entity = {};
-    look.entity.handleBits = look.bytes.handleBits;
-    ObjectFrame& frame = look.entity.frame;
-    if (readFrame(frame, look.bytes.data, look.bytes.handleBits, version(), classes_) == nullptr)
-      look.entity.head = readEntityHead(frame);
+    look.entity.read(look.bytes, version(), classes_);
   }
+  look.entity.values = state.values;
   return look.entity.head.intact ? &look.entity : nullptr;
 }
 
-void DwgStorage::lookAhead(const Record& record, EditId state, WrittenObject now) {
-  entityLook_.at = lookedAt(record);
-  entityLook_.at.edits = state;
-  entityLook_.buffer = std::move(now.data);
-  entityLook_.bytes = {};
-  entityLook_.bytes.data = entityLook_.buffer;
-  entityLook_.bytes.handleBits = now.handleBits;
-  entityLook_.isKnown = true, entityLook_.isRead = false;
+void DwgStorage::Entity::read(const ObjectBytes& bytes, Version version,
+                              const std::vector<FileClass>& classes) {
+  frame = {};
+  const bool isFramed = readFrame(frame, bytes.data, bytes.handleBits, version, classes) == nullptr;
+  head = isFramed ? readEntityHead(frame) : EntityHead();
+  lastName_ = {};
+}
+
+const FoundField* DwgStorage::Entity::field(std::string_view name) const {
+  if (lastName_ != name) {
+    lastName_ = name;
+    lastField_ = findOwnField(frame, head.dataEnd, head.handlesEnd, name);
+  }
+  return lastField_ ? &*lastField_ : nullptr;
 }
 
 const Fields& DwgStorage::fields(const Record& record) const { return look(look_, record, readFields); }

@@ -11,6 +11,8 @@
 
 #include "embedded/drawing/storage.h"
 #include "embedded/dwg/entity_head.h"
+#include "embedded/dwg/entity_values.h"
+#include "embedded/dwg/fields/field_finder.h"
 #include "embedded/dwg/fields/object_fields.h"
 #include "embedded/dwg/files/dwg_file.h"
 #include "embedded/dwg/state_store.h"
@@ -18,6 +20,9 @@
 namespace cad::dwg {
 
 struct PropertyField;
+
+// An entity of the file that held together when it was read, with a colour that is nothing but its number.
+inline constexpr std::uint8_t kPlainEntity = Record::kOfStorage;
 
 // Which records the file's objects became.
 struct FileRecords {
@@ -28,6 +33,7 @@ struct FileRecords {
   std::unordered_map<Handle, Handle> entryOfBlock, beginOfEntry;  // by handles
   std::unordered_map<Handle, std::uint32_t> indexOfEntry;         // in its table
   std::unordered_map<Table, RecordId> control;
+  std::unordered_map<Handle, std::string> names;  // of the blocks' table entries, as they are stored
 };
 
 struct NewObject {
@@ -48,7 +54,10 @@ struct NewRecord {
 class DwgStorage final : public RecordStorage {
  public:
   DwgStorage(std::unique_ptr<DwgFile> file, std::vector<FileClass> classes);
-  void setRecords(FileRecords records) { records_ = std::move(records); }
+  void setRecords(FileRecords records) {
+    firstNames_ = std::move(records.names);
+    records_ = std::move(records);
+  }
   void setDamage(DamagedObjects damage) { file_->setDamage(std::move(damage)); }
 
   // --- Objects -------------------------------------------------------------------------------------------
@@ -70,7 +79,14 @@ class DwgStorage final : public RecordStorage {
   struct Entity {
     ObjectFrame frame;
     EntityHead head;
-    std::uint64_t handleBits = 0;  // as of ObjectBytes
+    EntityValues values;  // set since, and not yet among the bits
+    void read(const ObjectBytes& bytes, Version version, const std::vector<FileClass>& classes);
+    // As findOwnField(); null: the object is damaged before it. The field asked for last is known at once.
+    const FoundField* field(std::string_view name) const;
+
+   private:
+    mutable std::string_view lastName_;
+    mutable std::optional<FoundField> lastField_;
   };
   // Null when the record is none, or does not hold together. Valid until the next call.
   const Entity* entity(const Record& record) const;
@@ -175,18 +191,23 @@ class DwgStorage final : public RecordStorage {
   };
   struct EntityLook {
     LookedAt at;
-    bool isKnown = false, isRead = false;  // the bytes, and what is made of them
+    bool isRead = false;
     std::string buffer;
     ObjectBytes bytes;
     Entity entity;
   };
   // The record's state with these fields changed; its own when nothing is different.
   base::Result<EditId> changed(const Record& record, const FieldChanges& changes);
+  // The same with these values; nullopt: they do not fit, and are to be changed as fields.
+  std::optional<base::Result<EditId>> changed(const Record& record, EntityValues values);
+  bool fits(const Record& record, EntityValues& values) const;  // finds the place of a height
+  // Its bits are the file's, and what is set of it besides its height fits without looking at them.
+  bool isPlain(const Record& record) const;
+  bool isSame(const Drawing& drawing, const Record& record, const PropertyField& place,
+              const StoredValue& value) const;
   std::optional<Value> firstAngle(const Record& record, const PropertyField& place,
                                   const StoredValue& wanted) const;
-  // An entity that changes is mostly asked at once what it is now.
-  void lookAhead(const Record& record, EditId state, WrittenObject now);
-  EditId stateBehind(const Record& record, std::string_view present, const WrittenObject& now);
+  EditId stateBehind(const Record& record, const WrittenObject& now);
   void forgetNewest();
   base::Result<FileChanges> fileChanges(std::span<const Record> records) const;
   bool namesAgree(const Record& record, const DwgStorage& other) const;

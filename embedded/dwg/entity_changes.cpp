@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <utility>
 
 #include "embedded/dwg/bits/bit_writer.h"
-#include "embedded/dwg/fields/field_codec.h"
-#include "embedded/dwg/fields/field_finder.h"
 
 namespace cad::dwg {
 namespace {
@@ -15,22 +14,25 @@ constexpr std::uint8_t kPointing = 5, kLastAbsolute = 5;
 
 class EntitySplicer {
  public:
-  EntitySplicer(const ObjectFrame& frame, const EntityHead& head, const FieldChanges& changes)
-      : frame_(frame), head_(head), changes_(changes) {}
-
-  bool take() {
-    if (changes_.extendedData() != nullptr) return false;
-    for (const auto& [key, value] : changes_.values())
-      if (!takeValue(key, value)) return false;
-    for (const auto& [key, color] : changes_.colors())
-      if (!takeColor(key, color)) return false;
-    return takeLinetype();
+  EntitySplicer(const ObjectFrame& frame, const EntityHead& head, const EntityValues& values)
+      : frame_(frame), head_(head), values_(values) {
+    if (values_.color && *values_.color != head_.color) bits_.bs(*values_.color), put(head_.colorAt);
+    if (values_.linetypeScale && *values_.linetypeScale != head_.linetypeScale)
+      bits_.bd(*values_.linetypeScale), put(head_.scaleAt);
+    if (values_.linetypeKind) takeLinetype(*values_.linetypeKind);
+    if (values_.invisible && *values_.invisible != head_.invisible)
+      bits_.bs(*values_.invisible), put(head_.invisibleAt);
+    if (values_.lineWeight && *values_.lineWeight != head_.lineWeight)
+      bits_.rc(*values_.lineWeight), put(head_.lineWeightAt);
+    if (values_.layer) takeReference(head_.layerAt, head_.layerReference, *values_.layer);
+    if (values_.height) takeHeight(*values_.height);
   }
 
-  WrittenObject written() {
-    if (head_.sizeAt.end != 0) addSize();
+  WrittenObject written(std::string room) {
+    const auto handleBegin = static_cast<std::uint64_t>(frame_.handleBegin + dataGrows_);
+    if (head_.sizeAt.end != 0) bits_.rl(static_cast<std::uint32_t>(handleBegin)), put(head_.sizeAt);
     std::ranges::sort(std::span(edits_).first(count_), {}, [](const Edit& edit) { return edit.at.begin; });
-    BitWriter whole;
+    BitWriter whole(std::move(room));
     whole.reserve(frame_.data.size() + kMostAdded);
     std::uint32_t at = 0;
     for (std::size_t i = 0; i < count_; ++i) {
@@ -40,11 +42,8 @@ class EntitySplicer {
     }
     whole.copy(frame_.data, at, frame_.handleEnd);
     fillLastByte(whole);
-    WrittenObject object;
-    if (since(Version::kR2010))
-      object.handleBits = whole.size() - static_cast<std::uint64_t>(frame_.handleBegin + dataGrows_);
-    object.data = whole.take();
-    return object;
+    const std::uint64_t handleBits = since(Version::kR2010) ? whole.size() - handleBegin : 0;
+    return {whole.take(), handleBits};
   }
 
  private:
@@ -52,79 +51,45 @@ class EntitySplicer {
     BitSpan at;
     std::uint64_t begin = 0, end = 0;  // of what comes there, among bits_
   };
-  static constexpr std::size_t kMostEdits = 9, kMostAdded = 64;
+  static constexpr std::size_t kMostEdits = 9;  // a value each, and the size
+  static constexpr std::size_t kMostAdded = 64;
 
   bool since(Version version) const { return frame_.version >= version; }
 
-  bool put(const BitSpan& at, BitType type, const Value& value) {
-    if (count_ + 1 == kMostEdits) return false;  // one is kept for the size
+  // What bits_ have since the last time comes there.
+  void put(const BitSpan& at, bool isReference = false) {
     Edit& edit = edits_[count_++];
-    edit = {at, bits_.size(), 0};
-    if (!encodeField(bits_, {.name = {}, .type = type}, value, frame_.version)) return false;
-    edit.end = bits_.size();
-    if (type != BitType::kHandle)
-      dataGrows_ += static_cast<std::int64_t>(edit.end - edit.begin) - (at.end - at.begin);
-    return true;
+    edit = {at, used_, bits_.size()};
+    used_ = bits_.size();
+    if (!isReference) dataGrows_ += static_cast<std::int64_t>(edit.end - edit.begin) - (at.end - at.begin);
   }
 
-  bool takeValue(const FieldChanges::Key& key, const Value& value) {
-    const auto& [name, index, part] = key;
-    if (index != 0 || part != Part::kWhole) return false;
-    if (name == "layer") return putReference(head_.layerAt, head_.layerReference, value);
-    if (name == "linetype") return linetype_ = &value, true;
-    if (name == "linetype flags" && since(Version::kR2000)) {
-      const auto* flags = std::get_if<std::int64_t>(&value);
-      if (flags == nullptr) return false;
-      linetypeKind_ = static_cast<LinetypeKind>(*flags & 3);
-      return put(head_.linetypeFlagsAt, BitType::kBB, value);
-    }
-    if (name == "linetype scale") return put(head_.scaleAt, BitType::kBD, value);
-    if (name == "invisible") return put(head_.invisibleAt, BitType::kBS, value);
-    if (name == "lineweight" && since(Version::kR2000)) return put(head_.lineWeightAt, BitType::kRC, value);
-    return name == "height" && hasTextStyle(frame_.type.kind) && putHeight(value);
+  void takeHeight(const TextHeight& height) {
+    BitReader present(frame_.data, height.at.begin, height.at.end);
+    if ((height.isRaw ? present.rd() : present.bd()) == height.value) return;
+    if (height.isRaw)
+      bits_.rd(height.value);
+    else
+      bits_.bd(height.value);
+    put(height.at);
   }
 
-  bool putHeight(const Value& value) {
-    const auto field = findOwnField(frame_, head_.dataEnd, head_.handlesEnd, "height");
-    if (!field || (field->type != BitType::kRD && field->type != BitType::kBD)) return false;
-    return put({field->begin, field->end}, field->type, value);
-  }
-
-  bool takeColor(const FieldChanges::Key& key, const Color& color) {
-    if (std::get<0>(key) != "color" || std::get<1>(key) != 0) return false;
-    if (!head_.plainColor || color.rgb || color.reference) return false;
-    const auto number = static_cast<std::int64_t>(color.number);
-    return put(head_.colorAt, BitType::kBS, Value(since(Version::kR2004) ? number & kColorNumber : number));
-  }
-
-  bool putReference(const BitSpan& at, const HandleReference& present, const Value& value) {
-    const auto* reference = std::get_if<HandleReference>(&value);
-    if (reference == nullptr || reference->code != kAnyCode) return false;
-    HandleReference changed{kPointing, 0, reference->value};
-    if (at.begin != at.end) {
-      if (present.absolute(frame_.handle) == reference->value) return true;
-      if (present.code <= kLastAbsolute) changed.code = present.code;
-    }
-    return put(at, BitType::kHandle, Value(changed));
+  void takeReference(const BitSpan& at, const HandleReference& present, Handle value) {
+    const bool isThere = at.begin != at.end;
+    if (isThere && present.absolute(frame_.handle) == value) return;
+    const bool isAbsolute = isThere && present.code <= kLastAbsolute;
+    bits_.h(isAbsolute ? present.code : kPointing, value);
+    put(at, true);
   }
 
   // The reference to a linetype is there only when the flags say so.
-  bool takeLinetype() {
-    const LinetypeKind kind = linetypeKind_.value_or(head_.linetypeKind);
-    const bool isThere = head_.linetypeAt.begin != head_.linetypeAt.end;
+  void takeLinetype(LinetypeKind kind) {
+    if (kind != head_.linetypeKind) bits_.bb(static_cast<unsigned>(kind)), put(head_.linetypeFlagsAt);
     if (kind == LinetypeKind::kNamed) {
-      if (linetype_ == nullptr) return isThere;
-      return putReference(head_.linetypeAt, head_.linetypeReference, *linetype_);
+      takeReference(head_.linetypeAt, head_.linetypeReference, values_.linetype.value_or(0));
+    } else if (head_.linetypeAt.begin != head_.linetypeAt.end) {
+      put(head_.linetypeAt, true);
     }
-    if (linetype_ != nullptr) return false;
-    if (!isThere) return true;
-    edits_[count_++] = {head_.linetypeAt, 0, 0};
-    return true;
-  }
-
-  void addSize() {
-    edits_[count_++] = {head_.sizeAt, bits_.size(), bits_.size() + 32};
-    bits_.rl(static_cast<std::uint32_t>(frame_.handleBegin + dataGrows_));
   }
 
   // As rewrite() does: as it was, or with ones.
@@ -139,22 +104,48 @@ class EntitySplicer {
 
   const ObjectFrame& frame_;
   const EntityHead& head_;
-  const FieldChanges& changes_;
-  BitWriter bits_;
+  const EntityValues& values_;
+  BitWriter bits_;  // all that is put in
+  std::uint64_t used_ = 0;
   std::array<Edit, kMostEdits> edits_;
   std::size_t count_ = 0;
-  const Value* linetype_ = nullptr;
-  std::optional<LinetypeKind> linetypeKind_;
   std::int64_t dataGrows_ = 0;  // bits
 };
 
 }  // namespace
 
-std::optional<WrittenObject> changeEntity(const ObjectFrame& frame, const EntityHead& head,
-                                          const FieldChanges& changes) {
-  EntitySplicer splicer(frame, head, changes);
-  if (!splicer.take()) return std::nullopt;
-  return splicer.written();
+FieldChanges asFields(const EntityValues& values, Version version) {
+  FieldChanges changes;
+  if (values.layer) changes.setHandle("layer", *values.layer);
+  if (values.linetypeKind && version >= Version::kR2000)
+    changes.set("linetype flags", static_cast<int>(*values.linetypeKind));
+  if (values.linetypeKind && version < Version::kR2000)
+    changes.set("linetype by layer", values.linetypeKind == LinetypeKind::kByLayer);
+  if (values.linetype) changes.setHandle("linetype", *values.linetype);
+  if (values.color) {
+    Color color;
+    color.number = *values.color;
+    changes.setColor("color", color);
+  }
+  if (values.invisible) changes.set("invisible", *values.invisible);
+  if (values.lineWeight) changes.set("lineweight", *values.lineWeight);
+  if (values.linetypeScale) changes.set("linetype scale", *values.linetypeScale);
+  if (values.height) changes.set("height", values.height->value);
+  return changes;
+}
+
+bool fit(const EntityValues& values, Version version) {
+  return version >= Version::kR2000 || (!values.linetypeKind && !values.lineWeight);
+}
+
+bool fit(const EntityValues& values, Version version, const EntityHead& head) {
+  if (!head.intact || !fit(values, version)) return false;
+  return !values.color || head.plainColor;
+}
+
+WrittenObject changeEntity(const ObjectFrame& frame, const EntityHead& head, const EntityValues& values,
+                           std::string room) {
+  return EntitySplicer(frame, head, values).written(std::move(room));
 }
 
 }  // namespace cad::dwg

@@ -1,16 +1,21 @@
 #pragma once
-// Changes of what entities have changed most often, put between bits that are copied.
+// Puts values between the bits of an entity that are copied.
 
-#include <optional>
-
-#include "embedded/dwg/entity_head.h"
+#include "embedded/dwg/entity_values.h"
 
 namespace cad::dwg {
 
-// What rewrite() makes of them, when all of them are layer, linetype, linetype scale, lineweight,
-// invisibility, a colour by its number, or the height of a text. nullopt: another one is among them, or one
-// that does not fit. `head` is the entity's, and intact.
-std::optional<WrittenObject> changeEntity(const ObjectFrame& frame, const EntityHead& head,
-                                          const FieldChanges& changes);
+// The values by the names of their fields.
+FieldChanges asFields(const EntityValues& values, Version version);
+
+// Whether an entity can have the values: one of the version, whose colour is plain where it holds together;
+// and this one. A height, which only texts are given, must stand where it says.
+bool fit(const EntityValues& values, Version version);
+bool fit(const EntityValues& values, Version version, const EntityHead& head);
+
+// What rewrite() makes of the values, which must fit; one that is there already keeps its bits. `head` is the
+// entity's, and intact. The memory of `room` is used again.
+WrittenObject changeEntity(const ObjectFrame& frame, const EntityHead& head, const EntityValues& values,
+                           std::string room = {});
 
 }  // namespace cad::dwg

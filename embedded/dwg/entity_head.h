@@ -18,6 +18,7 @@ enum class EntityMode : std::uint8_t { kOwned, kPaperSpace, kModelSpace };
 // In bits from the beginning of the object's data. Of what is not there: empty, where it would stand.
 struct BitSpan {
   std::uint32_t begin = 0, end = 0;
+  bool operator==(const BitSpan&) const = default;
 };
 
 struct EntityHead {

@@ -225,7 +225,7 @@ base::Status DwgStorage::setHeaderVariable(Drawing& drawing, std::string_view na
     if (!section.ok()) {
       status = section.failure();
     } else if (section.value() != now) {
-      drawing.setEdits(records_.header, stateBehind(header, now, {section.value(), 0}));
+      drawing.setEdits(records_.header, stateBehind(header, {section.value(), 0}));
     }
   }
   if (!status) scope.rollBack();

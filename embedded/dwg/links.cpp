@@ -57,6 +57,7 @@ class Links {
     };
     Record first = record;
     first.edits = kNoEdit;
+    if (!isNew && !isGone && storage_.differInCommonOnly(first, record)) return;
     const Handle was = isNew ? 0 : blockOf(first), is = isGone ? 0 : blockOf(record);
     if (was == is) return;
     if (was != 0) inserts_[was].gone.insert(handleOf(id));

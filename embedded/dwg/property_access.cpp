@@ -7,7 +7,6 @@
 #include "embedded/dwg/dwg_storage.h"
 #include "embedded/dwg/entity_head.h"
 #include "embedded/dwg/field_texts.h"
-#include "embedded/dwg/fields/field_finder.h"
 #include "embedded/dwg/layer_fields.h"
 #include "embedded/dwg/property_fields.h"
 #include "embedded/dwg/special_properties.h"
@@ -53,39 +52,47 @@ StoredValue readGeneric(const DwgStorage& storage, const Record& record, const P
   return field == nullptr ? StoredValue() : storedValue(storage, place, field->value, fields.own());
 }
 
-StoredValue linetypeOf(const DwgStorage& storage, const EntityHead& head) {
-  if (head.linetypeKind == LinetypeKind::kNamed) return Reference{storage.recordOf(head.linetype)};
-  if (head.linetypeKind == LinetypeKind::kByLayer) return {};
-  return std::string(linetypeName(head.linetypeKind));
+StoredValue linetypeOf(const DwgStorage& storage, const DwgStorage::Entity& entity) {
+  const LinetypeKind kind = entity.values.linetypeKind.value_or(entity.head.linetypeKind);
+  if (kind == LinetypeKind::kNamed)
+    return Reference{storage.recordOf(entity.values.linetype.value_or(entity.head.linetype))};
+  if (kind == LinetypeKind::kByLayer) return {};
+  return std::string(linetypeName(kind));
 }
 
 // Of an entity that holds together; nullopt: the property is read like that of any object.
 std::optional<StoredValue> readQuickly(const DwgStorage& storage, const DwgStorage::Entity& entity,
                                        const PropertyField& place) {
   const EntityHead& head = entity.head;
+  const EntityValues& set = entity.values;
   switch (place.property) {
     case Property::kLayer:
-      return storedValue(storage, place, HandleReference{5, 0, head.layer}, 0);
+      return storedValue(storage, place, HandleReference{5, 0, set.layer.value_or(head.layer)}, 0);
     case Property::kLinetype:
-      return linetypeOf(storage, head);
-    case Property::kColorIndex:
+      return linetypeOf(storage, entity);
+    case Property::kColorIndex: {
       if (!head.plainColor) return std::nullopt;
-      return head.color == 256 ? StoredValue() : StoredValue(std::int64_t{head.color});
+      const std::int16_t color = set.color.value_or(head.color);
+      return color == 256 ? StoredValue() : StoredValue(std::int64_t{color});
+    }
     case Property::kLineWeight:
       if (storage.version() < Version::kR2000) return StoredValue();
-      return std::int64_t{lineWeightOf(head.lineWeight)};
+      return std::int64_t{lineWeightOf(set.lineWeight.value_or(head.lineWeight))};
     case Property::kTransparency:
       return head.plainColor ? std::optional(StoredValue()) : std::nullopt;
     case Property::kLinetypeScale:
-      return head.linetypeScale;
+      return set.linetypeScale.value_or(head.linetypeScale);
     case Property::kInvisible:
-      return std::int64_t{head.invisible};
+      return std::int64_t{set.invisible.value_or(head.invisible)};
+    case Property::kTextHeight:
+      if (set.height) return set.height->value;
+      break;
     default:
       break;
   }
   if (place.form == FieldForm::kSpecial || place.form == FieldForm::kEntry) return std::nullopt;
-  const auto field = findOwnField(entity.frame, head.dataEnd, head.handlesEnd, place.field);
-  if (!field) return std::nullopt;
+  const FoundField* const field = entity.field(place.field);
+  if (field == nullptr) return std::nullopt;
   if (std::holds_alternative<std::monostate>(field->value)) return StoredValue();
   return storedValue(storage, place, field->value, entity.frame.handle);
 }
@@ -98,6 +105,8 @@ bool DwgStorage::canHold(const Record& record, Property property) const {
 }
 
 bool DwgStorage::differInCommonOnly(const Record& before, const Record& now) const {
+  const ValueState was = states_.values(before.edits), is = states_.values(now.edits);
+  if (was.base == is.base && was.values.height == is.values.height) return true;
   const base::Result<ObjectFrame> former = frame(before), present = frame(now);
   return former.ok() && present.ok() && dwg::differInCommonOnly(former.value(), present.value());
 }

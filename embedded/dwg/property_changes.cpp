@@ -37,8 +37,11 @@ bool dropsTrueColor(const DwgStorage& storage, const Record& record, Property pr
 }
 
 // What rules make of values that may be damaged is not to be trusted.
-bool isDamaged(const DwgStorage& storage, const Record& record) {
-  return storage.facts().damage.hasWrongChecksum(storage.handle(record).value_or(0));
+base::Status checkUndamaged(const DwgStorage& storage, const Record& record) {
+  const DamagedObjects& damage = storage.facts().damage;
+  if (damage.withWrongChecksum.empty() || !damage.hasWrongChecksum(storage.handle(record).value_or(0)))
+    return {};
+  return base::Failure{{}, L"The object is damaged: its checksum is wrong"};
 }
 
 bool hasNoCharacter(const StoredValue& value) {
@@ -58,29 +61,60 @@ base::Result<RecordId> referredTo(Drawing& drawing, Property property, const Sto
   return id;
 }
 
-void changeLinetype(const Drawing& drawing, const Fields& fields, RecordId linetype, FieldChanges& changes) {
-  const NameId name = drawing.recordName(linetype);
-  const std::wstring& folded = drawing.names().folded(name);
-  const bool hasFlags = fields.find("linetype flags") != nullptr;
-  LinetypeKind kind = LinetypeKind::kNamed;
-  if (folded == L"BYLAYER") kind = LinetypeKind::kByLayer;
-  if (folded == L"BYBLOCK" && hasFlags) kind = LinetypeKind::kByBlock;
-  if (folded == L"CONTINUOUS" && hasFlags) kind = LinetypeKind::kContinuous;
-  if (hasFlags)
-    changes.set("linetype flags", static_cast<int>(kind));
-  else
-    changes.set("linetype by layer", kind == LinetypeKind::kByLayer);
-  if (kind == LinetypeKind::kNamed) changes.setHandle("linetype", drawing.handle(linetype).value_or(0));
+LinetypeKind linetypeKindOf(const Drawing& drawing, RecordId linetype, bool hasFlags) {
+  const std::wstring& folded = drawing.names().folded(drawing.recordName(linetype));
+  if (folded == L"BYLAYER") return LinetypeKind::kByLayer;
+  if (folded == L"BYBLOCK" && hasFlags) return LinetypeKind::kByBlock;
+  if (folded == L"CONTINUOUS" && hasFlags) return LinetypeKind::kContinuous;
+  return LinetypeKind::kNamed;
 }
 
-base::Status changeReference(Drawing& drawing, const DwgStorage& storage, const Record& record,
-                             const PropertyField& place, const StoredValue& value, FieldChanges& changes) {
+// Of one of the properties that isEntityValue() names.
+base::Result<EntityValues> entityValues(Drawing& drawing, Version version, Property property,
+                                        const StoredValue& value) {
+  EntityValues values;
+  const auto* integer = std::get_if<std::int64_t>(&value);
+  const auto* real = std::get_if<double>(&value);
+  switch (property) {
+    case Property::kLayer:
+    case Property::kLinetype: {
+      const base::Result<RecordId> named = referredTo(drawing, property, value);
+      if (!named.ok()) return named.failure();
+      const Handle handle = drawing.handle(named.value()).value_or(0);
+      if (property == Property::kLayer) return values.layer = handle, values;
+      values.linetypeKind = linetypeKindOf(drawing, named.value(), version >= Version::kR2000);
+      if (values.linetypeKind == LinetypeKind::kNamed) values.linetype = handle;
+      return values;
+    }
+    case Property::kColorIndex:
+      values.color = static_cast<std::int16_t>(*integer);
+      return values;
+    case Property::kLineWeight: {
+      const std::optional<std::int64_t> stored = storedLineWeight(static_cast<int>(*integer));
+      if (!stored) return base::Failure{{}, L"There is no such lineweight"};
+      values.lineWeight = static_cast<std::uint8_t>(*stored);
+      return values;
+    }
+    case Property::kLinetypeScale:
+      values.linetypeScale = *real;
+      return values;
+    case Property::kInvisible:
+      values.invisible = static_cast<std::int16_t>(*integer);
+      return values;
+    case Property::kTextHeight:
+      values.height = TextHeight{*real, {}, false};
+      return values;
+    default:
+      return values;
+  }
+}
+
+base::Status changeReference(Drawing& drawing, const DwgStorage& storage, const PropertyField& place,
+                             const StoredValue& value, FieldChanges& changes) {
   const base::Result<RecordId> named = referredTo(drawing, place.property, value);
   if (!named.ok()) return named.failure();
   const Record& target = drawing.record(named.value());
-  if (place.property == Property::kLinetype) {
-    changeLinetype(drawing, storage.commonFields(record), named.value(), changes);
-  } else if (place.form == FieldForm::kBlock) {
+  if (place.form == FieldForm::kBlock) {
     const Handle entry = storage.entryOf(target);
     if (entry == 0) return base::Failure{{}, L"The block has no table entry"};
     changes.setHandle(place.field, entry);
@@ -93,6 +127,13 @@ base::Status changeReference(Drawing& drawing, const DwgStorage& storage, const 
 bool isReference(const PropertyField& place) {
   return place.form == FieldForm::kReference || place.form == FieldForm::kBlock ||
          place.property == Property::kLinetype;
+}
+
+// What EntityValues have; a block's layer is changed as an entity's is.
+bool isEntityValue(RecordKind kind, Property property) {
+  if (property == Property::kLayer || property == Property::kTextHeight) return true;
+  const bool isEntity = kind == RecordKind::kEntity || kind == RecordKind::kSubEntity;
+  return isEntity && property <= Property::kInvisible && property != Property::kTransparency;
 }
 
 void changePlain(const DwgStorage& storage, const PropertyField& place, const StoredValue& value,
@@ -108,34 +149,50 @@ void changePlain(const DwgStorage& storage, const PropertyField& place, const St
 
 }  // namespace
 
-EditId DwgStorage::stateBehind(const Record& record, std::string_view present, const WrittenObject& now) {
-  if (!states_.isLast(record.edits)) return states_.add(record.edits, present, now.data, now.handleBits);
-  const ObjectBytes original = this->original(record);
-  return states_.add(kNoEdit, original.data, now.data, now.handleBits);
+EditId DwgStorage::stateBehind(const Record& record, const WrittenObject& now) {
+  Record from = record;
+  from.edits = states_.base(record.edits);
+  if (states_.isLast(from.edits)) from.edits = kNoEdit;
+  std::string buffer;
+  return states_.add(from.edits, object(from, buffer).data, now.data, now.handleBits);
 }
 
 base::Result<EditId> DwgStorage::changed(const Record& record, const FieldChanges& changes) {
-  const auto refused = [] { return base::Failure{{}, L"The object is damaged: its checksum is wrong"}; };
-  if (const Entity* entity = this->entity(record)) {
-    const ObjectFrame& frame = entity->frame;
-    if (auto now = changeEntity(frame, entity->head, changes)) {
-      if (now->data == frame.data && now->handleBits == entity->handleBits) return record.edits;
-      if (isDamaged(*this, record)) return refused();
-      const EditId state = stateBehind(record, frame.data, *now);
-      lookAhead(record, state, std::move(*now));
-      return state;
-    }
-  }
   const base::Result<ObjectFrame> frame = this->frame(record);
   if (!frame.ok()) return frame.failure();
   const base::Result<WrittenObject> written = rewrite(frame.value(), changes);
   if (!written.ok()) return written.failure();
-  const ObjectBytes present = object(record);
+  std::string buffer;
+  const ObjectBytes present = object(record, buffer);
   const bool isSame =
       written.value().data == present.data && written.value().handleBits == present.handleBits;
   if (isSame) return record.edits;
-  if (isDamaged(*this, record)) return refused();
-  return stateBehind(record, present.data, written.value());
+  if (const base::Status status = checkUndamaged(*this, record); !status) return status.failure();
+  return stateBehind(record, written.value());
+}
+
+bool DwgStorage::isPlain(const Record& record) const {
+  return (record.flags & kPlainEntity) != 0 && states_.base(record.edits) == kNoEdit;
+}
+
+bool DwgStorage::fits(const Record& record, EntityValues& values) const {
+  if (isPlain(record) && !values.height) return fit(values, version());
+  const Entity* const entity = this->entity(record);
+  if (entity == nullptr || !fit(values, version(), entity->head)) return false;
+  if (!values.height) return true;
+  const FoundField* const field = entity->field("height");
+  if (field == nullptr || !std::holds_alternative<double>(field->value)) return false;
+  values.height->at = {field->begin, field->end};
+  values.height->isRaw = field->type == BitType::kRD;
+  return values.height->isRaw || field->type == BitType::kBD;
+}
+
+std::optional<base::Result<EditId>> DwgStorage::changed(const Record& record, EntityValues values) {
+  if (!fits(record, values)) return std::nullopt;
+  if (const base::Status status = checkUndamaged(*this, record); !status) return status.failure();
+  ValueState state = states_.values(record.edits);
+  state.values.take(values);
+  return states_.add(state);
 }
 
 // As it was in the file: several numbers there can make the same angle.
@@ -147,6 +204,22 @@ std::optional<Value> DwgStorage::firstAngle(const Record& record, const Property
   if (property(first, place.property) != wanted) return std::nullopt;
   const Field* field = fields(first).find(place.field);
   return field == nullptr ? std::nullopt : std::optional(field->value);
+}
+
+bool DwgStorage::isSame(const Drawing& drawing, const Record& record, const PropertyField& place,
+                        const StoredValue& value) const {
+  // Of a plain entity its signature tells it.
+  if (isPlain(record) && place.property == Property::kColorIndex)
+    return drawing.signature(record.signature).color == std::get<std::int64_t>(value);
+  if (isPlain(record) && place.property == Property::kLayer) {
+    const auto* layer = std::get_if<Reference>(&value);
+    if (layer != nullptr && drawing.signature(record.signature).layer != drawing.recordName(layer->record))
+      return false;
+  }
+  const StoredValue present = property(record, place.property);
+  if (present == value && !dropsTrueColor(*this, record, place.property)) return true;
+  return std::holds_alternative<std::monostate>(present) && !isReference(place) &&
+         isDefault(record.kind, place.property, value);
 }
 
 base::Result<EditId> DwgStorage::setProperty(Drawing& drawing, const Record& record, Property property,
@@ -163,17 +236,18 @@ base::Result<EditId> DwgStorage::setProperty(Drawing& drawing, const Record& rec
   }
   if (hasNoCharacter(value)) return refused(L"There is a line break in the ");
   if (place->form == FieldForm::kEntry) return refused(L"A drawing of this format cannot change the ");
-  const StoredValue present = this->property(record, property);
-  const bool same = present == value && !dropsTrueColor(*this, record, property);
-  if (same || (std::holds_alternative<std::monostate>(present) && !isReference(*place) &&
-               isDefault(record.kind, property, value)))
-    return record.edits;
+  if (isSame(drawing, record, *place, value)) return record.edits;
   FieldChanges changes;
   base::Status status;
-  if (std::optional<Value> first = firstAngle(record, *place, value)) {
+  if (isEntityValue(record.kind, property)) {
+    const base::Result<EntityValues> values = entityValues(drawing, version(), property, value);
+    if (!values.ok()) return values.failure();
+    if (auto state = changed(record, values.value())) return *std::move(state);
+    changes = asFields(values.value(), version());
+  } else if (std::optional<Value> first = firstAngle(record, *place, value)) {
     changes.set(place->field, *std::move(first));
   } else if (isReference(*place)) {
-    status = changeReference(drawing, *this, record, *place, value, changes);
+    status = changeReference(drawing, *this, *place, value, changes);
   } else if (place->form == FieldForm::kSpecial) {
     status = changeSpecial(drawing, *this, record, property, value, changes);
   } else {

@@ -11,6 +11,16 @@
 namespace cad::dwg {
 namespace {
 
+class FileSink final : public Sink {
+ public:
+  explicit FileSink(base::AtomicFile& file) : file_(file) {}
+  void write(std::string_view piece) override { file_.write(piece); }
+  void overwrite(std::uint64_t at, std::string_view bytes) override { file_.overwrite(at, bytes); }
+
+ private:
+  base::AtomicFile& file_;
+};
+
 // The next free handle, which a file must have above all of its own.
 base::Status raiseHandleSeed(FileChanges& changes, const DwgStorage& storage, Handle largest) {
   const std::string_view section =
@@ -71,7 +81,7 @@ base::Status DwgStorage::save(const std::filesystem::path& target, std::span<con
   if (!changes.ok()) return changes.failure();
   auto file = base::AtomicFile::create(target);
   if (!file) return file.failure();
-  const auto sink = [&](std::string_view piece) { file.value()->write(piece); };
+  FileSink sink(*file.value());
   if (base::Status written = file_->writeTo(changes.value(), sink); !written) return written;
   if (base::Status unchanged = checkUnchanged(); !unchanged) return unchanged;
   return file.value()->commit();

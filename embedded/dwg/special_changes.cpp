@@ -35,20 +35,13 @@ void changeLayerColor(const DwgStorage& storage, const Record& record, std::int6
   setLayerBits(fields, bits, changes);
 }
 
-base::Status changeLineWeight(const DwgStorage& storage, const Record& record, std::int64_t value,
+base::Status changeLineWeight(const DwgStorage& storage, const Record& layer, std::int64_t value,
                               FieldChanges& changes) {
-  const base::Failure unknown{{}, L"There is no such lineweight"};
-  const int weight = static_cast<int>(value);
-  if (record.table == Table::kLayer) {
-    const Fields& fields = storage.fields(record);
-    LayerBits bits = layerBits(fields);
-    bits.lineWeight = weight;
-    return setLayerBits(fields, bits, changes) ? base::Status() : unknown;
-  }
-  const std::optional<std::int64_t> stored = storedLineWeight(weight);
-  if (!stored) return unknown;
-  changes.set("lineweight", Value(*stored));
-  return {};
+  const Fields& fields = storage.fields(layer);
+  LayerBits bits = layerBits(fields);
+  bits.lineWeight = static_cast<int>(value);
+  if (setLayerBits(fields, bits, changes)) return {};
+  return base::Failure{{}, L"There is no such lineweight"};
 }
 
 void changePlottable(const DwgStorage& storage, const Record& record, bool plotted, FieldChanges& changes) {
@@ -146,9 +139,6 @@ base::Status changeSpecial(Drawing& drawing, const DwgStorage& storage, const Re
   const bool isEntity = record.kind == RecordKind::kEntity || record.kind == RecordKind::kSubEntity;
   const auto* number = std::get_if<std::int64_t>(&value);
   switch (property) {
-    case Property::kColorIndex:
-      changes.setColor("color", colorOf(*number));
-      return {};
     case Property::kLineWeight:
       return changeLineWeight(storage, record, *number, changes);
     case Property::kTransparency:

@@ -59,6 +59,54 @@ EditId StateStore::add(EditId from, std::string_view base, std::string_view data
   return state;
 }
 
+EditId StateStore::add(const ValueState& state) {
+  char bytes[2 * kLongestNumber + 1 + sizeof(EntityValues)];
+  char* end = bytes;
+  put(end, state.base), put(end, 0);
+  char& marks = *end++;
+  unsigned known = 0, mark = 1;
+  const auto putEach = [&](const auto& value) {
+    if (value) {
+      known |= mark;
+      std::memcpy(end, &*value, sizeof *value), end += sizeof *value;
+    }
+    mark <<= 1;
+  };
+  std::apply([&](const auto&... values) { (putEach(values), ...); }, EntityValues::all(state.values));
+  marks = static_cast<char>(known);
+  const auto length = static_cast<std::size_t>(end - bytes);
+  const EditId number = room(length);
+  std::memcpy(at(number), bytes, length);
+  return number;
+}
+
+ValueState StateStore::values(EditId state) const {
+  ValueState found;
+  found.base = state;
+  if (state == kNoEdit) return found;
+  const char* at = this->at(state);
+  const auto base = static_cast<EditId>(take(at));
+  if (take(at) != 0) return found;
+  found.base = base;
+  unsigned known = static_cast<std::uint8_t>(*at++);
+  const auto takeEach = [&](auto& value) {
+    if ((known & 1) != 0) {
+      value.emplace();
+      std::memcpy(&*value, at, sizeof *value), at += sizeof *value;
+    }
+    known >>= 1;
+  };
+  std::apply([&](auto&... values) { (takeEach(values), ...); }, EntityValues::all(found.values));
+  return found;
+}
+
+EditId StateStore::base(EditId state) const {
+  if (state == kNoEdit) return kNoEdit;
+  const char* at = this->at(state);
+  const auto base = static_cast<EditId>(take(at));
+  return take(at) == 0 ? base : state;
+}
+
 char* StateStore::at(EditId state) const { return chunks_[state >> kPlaceBits].get() + state % kChunk; }
 
 EditId StateStore::room(std::size_t bytes) {

@@ -93,6 +93,19 @@ TEST_F(Files, WritesSmallAndLargePiecesInOrder) {
   EXPECT_EQ(base::readFile(folder_ / "a").value(), "head" + large + "tail");
 }
 
+TEST_F(Files, WhatWasWrittenCanBeOverwritten) {
+  const std::string large(3 << 20, 'L');
+  auto file = base::AtomicFile::create(folder_ / "a");
+  ASSERT_TRUE(file.ok());
+  file.value()->write("head");
+  file.value()->overwrite(1, "EA");
+  file.value()->write(large);
+  file.value()->overwrite(3, "D--");
+  file.value()->write("tail");
+  ASSERT_TRUE(file.value()->commit().ok());
+  EXPECT_EQ(base::readFile(folder_ / "a").value(), "hEAD--" + large.substr(2) + "tail");
+}
+
 TEST_F(Files, WithoutCommitNothingStays) {
   const fs::path path = make("a", "old");
   {

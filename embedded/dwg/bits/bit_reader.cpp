@@ -33,24 +33,19 @@ void BitReader::skip(std::uint64_t bits) {
   }
 }
 
-std::uint64_t BitReader::bitsAtEnd(unsigned count) {
-  constexpr unsigned kWord = 64, kMostAtOnce = kWord - 7;
+std::uint64_t BitReader::otherBits(unsigned count) {
   if (count > left()) {
     failed_ = true;
     return 0;
   }
-  if (count == 0) return 0;
-  if (count > kMostAtOnce) {
-    const std::uint64_t high = bits(count - kMostAtOnce);
-    return high << kMostAtOnce | bits(kMostAtOnce);
+  std::uint64_t value = 0;
+  while (count > 0) {
+    const auto inByte = static_cast<unsigned>(at_ & 7), taken = std::min(count, 8 - inByte);
+    const auto byte = static_cast<std::uint8_t>(bytes_[static_cast<std::size_t>(at_ >> 3)]);
+    value = value << taken | (static_cast<std::uint8_t>(byte << inByte) >> (8 - taken));
+    at_ += taken, count -= taken;
   }
-  const auto byte = static_cast<std::size_t>(at_ >> 3);
-  std::uint64_t word = 0;
-  for (std::size_t i = byte; i < byte + sizeof word; ++i)
-    word = word << 8 | (i < bytes_.size() ? static_cast<std::uint8_t>(bytes_[i]) : 0);
-  const auto inByte = static_cast<unsigned>(at_ & 7);
-  at_ += count;
-  return word << inByte >> (kWord - count);
+  return value;
 }
 
 std::uint64_t BitReader::rll() {

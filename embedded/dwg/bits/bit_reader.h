@@ -1,12 +1,14 @@
 #pragma once
 // The bit codes of DWG files, read.
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 #include "base/drawing_version.h"
 #include "embedded/drawing/geometry.h"
+#include "embedded/dwg/bits/big_endian.h"
 #include "embedded/dwg/bits/handle_reference.h"
 
 namespace cad::dwg {
@@ -36,14 +38,13 @@ class BitReader {
   unsigned threeBits() { return static_cast<unsigned>(bits(3)); }
   std::uint64_t bits(unsigned count) {  // up to 64
     constexpr unsigned kWord = 64, kMostAtOnce = kWord - 7;
-    const auto byte = static_cast<std::size_t>(at_ >> 3);
-    if (count - 1 >= kMostAtOnce || count > left() || bytes_.size() - byte < sizeof(std::uint64_t))
-      return bitsAtEnd(count);
-    std::uint64_t word = 0;
-    for (unsigned i = 0; i < sizeof word; ++i) word = word << 8 | static_cast<std::uint8_t>(bytes_[byte + i]);
-    const auto inByte = static_cast<unsigned>(at_ & 7);
+    if (count - 1 >= kMostAtOnce || count > left() || bytes_.size() < sizeof(std::uint64_t))
+      return otherBits(count);
+    const std::size_t byte = std::min(static_cast<std::size_t>(at_ >> 3), bytes_.size() - sizeof(std::uint64_t));
+    const std::uint64_t word = bigEndianAt(bytes_.data() + byte);
+    const auto inWord = static_cast<unsigned>(at_ - std::uint64_t{byte} * 8);
     at_ += count;
-    return word << inByte >> (kWord - count);
+    return word << inWord >> (kWord - count);
   }
   std::uint8_t rc() { return static_cast<std::uint8_t>(bits(8)); }
   std::uint16_t rs();  // raw values have their least significant byte first
@@ -68,7 +69,7 @@ class BitReader {
   std::u16string tu();  // R2007 and later
 
  private:
-  std::uint64_t bitsAtEnd(unsigned count);  // where no whole word is left to take them from
+  std::uint64_t otherBits(unsigned count);  // those that cannot be taken from one word
 
   std::string_view bytes_;
   std::uint64_t at_ = 0, end_ = 0;

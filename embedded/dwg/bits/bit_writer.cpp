@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 
+#include "embedded/dwg/bits/big_endian.h"
 #include "embedded/dwg/bits/bit_reader.h"
 
 namespace cad::dwg {
@@ -30,20 +31,25 @@ void BitWriter::bits(std::uint64_t value, unsigned count) {
 void BitWriter::copy(std::string_view source, std::uint64_t begin, std::uint64_t end) {
   constexpr std::uint64_t kAtOnce = 56;
   BitReader reader(source, begin, end);
-  while (reader.left() > 0) {
-    if ((size_ & 7) == 0 && (reader.position() & 7) == 0 && reader.left() >= 8) {
-      const auto length = static_cast<std::size_t>(reader.left() / 8);
-      bytes_.append(source, static_cast<std::size_t>(reader.position() / 8), length);
-      size_ += std::uint64_t{length} * 8;
-      reader.skip(std::uint64_t{length} * 8);
-      continue;
-    }
-    // Up to the end of a byte first, where both end together.
-    const std::uint64_t toByte = 8 - (size_ & 7);
-    const bool alike = (size_ & 7) == (reader.position() & 7);
-    const auto count = static_cast<unsigned>(std::min(reader.left(), alike ? toByte : kAtOnce));
-    bits(reader.bits(count), count);
+  if (((size_ ^ begin) & 7) == 0) {
+    const auto toByte = static_cast<unsigned>(std::min(reader.left(), (8 - (size_ & 7)) & 7));
+    bits(reader.bits(toByte), toByte);
+    const auto length = static_cast<std::size_t>(reader.left() / 8);
+    bytes_.append(source, static_cast<std::size_t>(reader.position() / 8), length);
+    size_ += std::uint64_t{length} * 8;
+    reader.skip(std::uint64_t{length} * 8);
   }
+  const auto needed = static_cast<std::size_t>((size_ + reader.left() + 7) / 8);
+  bytes_.resize(needed + sizeof(std::uint64_t), '\0');
+  while (reader.left() > 0) {
+    const auto count = static_cast<unsigned>(std::min(reader.left(), kAtOnce));
+    std::uint64_t word = reader.bits(count) << (64 - count) >> (size_ & 7);
+    char* const at = bytes_.data() + size_ / 8;
+    word |= std::uint64_t{static_cast<std::uint8_t>(*at)} << 56;
+    putBigEndian(at, word);
+    size_ += count;
+  }
+  bytes_.resize(needed);
 }
 
 void BitWriter::rs(std::uint16_t value) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/drawing_version.h"
 #include "embedded/drawing/geometry.h"
@@ -18,6 +19,9 @@ inline constexpr std::size_t kLongestText = 0xFFFF;
 
 class BitWriter {
  public:
+  BitWriter() = default;
+  explicit BitWriter(std::string room) : bytes_(std::move(room)) { bytes_.clear(); }  // its memory is used
+
   std::uint64_t size() const { return size_; }  // bits
   // What was written; the last byte is filled up with zeros.
   const std::string& bytes() const { return bytes_; }

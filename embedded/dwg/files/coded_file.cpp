@@ -158,15 +158,15 @@ base::Status CodedFile::readSections() {
                      placeOf(*section(kHandlesName)));
 }
 
-base::Status CodedFile::writeTo(const FileChanges& changes, const Sink& sink) const {
+base::Status CodedFile::writeTo(const FileChanges& changes, Sink& sink) const {
   auto changed = changedSections(*this, sections_, changes);
   if (!changed) return changed.failure();
-  if (changed.value().empty()) return sink(file()), base::Status();
+  if (changed.value().empty()) return sink.write(file()), base::Status();
   CodedWriter writer(file(), header_, pages_, map_);
   for (const auto& [name, content] : changed.value()) writer.change(name, sections_.named(name), content);
   const std::string written = writer.written();
   if (auto fits = withinLimits(written.size()); !fits) return fits;
-  sink(written);
+  sink.write(written);
   return {};
 }
 

@@ -88,9 +88,17 @@ base::Result<ObjectBytes> DwgFile::objectAt(std::uint64_t offset) const {
 }
 
 base::Result<std::string> DwgFile::write(const FileChanges& changes) const {
-  std::string whole;
-  const base::Status written = writeTo(changes, [&](std::string_view piece) { whole += piece; });
-  return written ? base::Result<std::string>(std::move(whole)) : written.failure();
+  class Text final : public Sink {
+   public:
+    void write(std::string_view piece) override { whole += piece; }
+    void overwrite(std::uint64_t at, std::string_view bytes) override {
+      whole.replace(static_cast<std::size_t>(at), bytes.size(), bytes);
+    }
+    std::string whole;
+  };
+  Text text;
+  const base::Status written = writeTo(changes, text);
+  return written ? base::Result<std::string>(std::move(text.whole)) : written.failure();
 }
 
 base::Status DwgFile::checkPlaces(std::span<const Range> others) const {

@@ -56,7 +56,13 @@ struct FileChanges {
   bool empty() const { return !header && !classes && objects.empty() && held.empty(); }
 };
 
-using Sink = std::function<void(std::string_view)>;
+// Where a file is written to.
+class Sink {
+ public:
+  virtual ~Sink() = default;
+  virtual void write(std::string_view piece) = 0;
+  virtual void overwrite(std::uint64_t at, std::string_view bytes) = 0;  // of what was written
+};
 
 class DwgFile {
  public:
@@ -92,9 +98,9 @@ class DwgFile {
   std::optional<std::int64_t> measurement() const;
 
   // The whole file with the changes, piece by piece. Without any: byte for byte as it is. Objects and
-  // sections that do not change keep their bytes. Failures, before the first piece: an object too large for
-  // its size field, a handle that is 0 or given twice, erasing what is not there.
-  virtual base::Status writeTo(const FileChanges& changes, const Sink& sink) const = 0;
+  // sections that do not change keep their bytes. Failures, after which what was written is no file: an object
+  // too large for its size field, a handle that is 0 or given twice, erasing what is not there.
+  virtual base::Status writeTo(const FileChanges& changes, Sink& sink) const = 0;
   base::Result<std::string> write(const FileChanges& changes) const;
 
  protected:

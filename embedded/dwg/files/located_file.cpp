@@ -20,8 +20,10 @@ constexpr std::array<std::uint16_t, 4> kLocatorMasks = {0xA598, 0x8101, 0x3CC4, 
 constexpr unsigned kFewestSections = 3;
 constexpr std::uint64_t kSentinel = kSentinelLength;
 
-void patch(std::map<std::uint64_t, char>& patches, std::uint64_t at, std::uint64_t value) {
-  for (unsigned i = 0; i < sizeof(std::uint32_t); ++i) patches[at + i] = static_cast<char>(value >> (8 * i));
+void patch(Sink& sink, std::uint64_t at, std::uint64_t value) {
+  std::string bytes;
+  appendRaw(bytes, static_cast<std::uint32_t>(value));
+  sink.overwrite(at, bytes);
 }
 
 }  // namespace
@@ -126,51 +128,45 @@ void LocatedFile::readSecondHeader() {
   while (at != bytes.npos && !readAt(at)) at = at == 0 ? bytes.npos : bytes.rfind(mark, at - 1);
 }
 
-base::Status LocatedFile::writeTo(const FileChanges& changes, const Sink& sink) const {
+base::Status LocatedFile::writeTo(const FileChanges& changes, Sink& sink) const {
   Splices splices;
   const ObjectContents contents(changes, *this);
   const auto plan = ObjectChanges::plan(*this, contents, splices);
   if (!plan) return plan.failure();
   headerFrame_.change(file(), changes.header, splices);
   classesFrame_.change(file(), changes.classes, splices);
-  if (splices.empty()) return sink(file()), base::Status();
+  if (splices.empty()) return sink.write(file()), base::Status();
 
-  if (auto arranged = arrange(plan.value(), splices); !arranged) return arranged;
-  if (auto fits = withinLimits(file().size() + splices.growth()); !fits) return fits;
-  Patches patches;
-  patchLocators(splices, patches);
-  patchThumbnail(splices, patches);
-  patchFreeSpace(splices, plan.value().count(places_), patches);
-  patchNextHandle(splices, plan.value().largestAdded(), patches);
-  std::uint64_t at = 0;
-  const auto patched = [&](std::string_view piece) {
-    const auto first = patches.lower_bound(at), last = patches.lower_bound(at + piece.size());
-    if (first == last) {
-      sink(piece);
-    } else {
-      std::string copy(piece);
-      for (auto patch = first; patch != last; ++patch)
-        copy[static_cast<std::size_t>(patch->first - at)] = patch->second;
-      sink(copy);
-    }
-    at += piece.size();
-  };
-  splices.apply(
-      file(), [&](std::uint32_t number) { return contents.whole(number); }, patched);
-  return {};
-}
-
-base::Status LocatedFile::arrange(const ObjectChanges& objects, Splices& splices) const {
   const std::uint64_t mapAt = section(kHandles)->at, secondAt = secondAt_ + SecondHeader::kBegin.size();
   splices.add(mapAt, mapLength_, std::string(part(file(), mapAt, mapLength_)));
   if (second_)
     splices.add(secondAt, second_->length(), std::string(part(file(), secondAt, second_->length())));
-  const auto overlap = [&] { return refusal(mapAt, L"The sections and objects of the file overlap"); };
   if (!splices.arrange()) return overlap();
-  // What they tell hangs from their own lengths only where objects stand behind them.
+  const auto bytesOf = [&](std::uint32_t number) { return contents.whole(number); };
+  const auto write = [&](std::string_view piece) { sink.write(piece); };
+  // What these two tell hangs from their own lengths only where objects stand behind them.
   const std::uint64_t first = second_ ? std::min(mapAt, secondAt) : mapAt;
   const bool isLast =
       std::ranges::all_of(places_, [&](const ObjectPlace& place) { return place.offset < first; });
+  if (!isLast) splices.measure(bytesOf);
+  splices.apply(file(), 0, isLast ? first : 0, bytesOf, write);
+  if (auto settled = settle(plan.value(), isLast, splices); !settled) return settled;
+  splices.apply(file(), isLast ? first : 0, file().size(), bytesOf, write);
+  if (!contents.status()) return contents.status();
+  if (auto fits = withinLimits(file().size() + splices.growth()); !fits) return fits;
+  patchLocators(splices, sink);
+  patchThumbnail(splices, sink);
+  patchFreeSpace(splices, plan.value().count(places_), sink);
+  patchNextHandle(splices, plan.value().largestAdded(), sink);
+  return {};
+}
+
+base::Failure LocatedFile::overlap() const {
+  return refusal(section(kHandles)->at, L"The sections and objects of the file overlap");
+}
+
+base::Status LocatedFile::settle(const ObjectChanges& objects, bool isLast, Splices& splices) const {
+  const std::uint64_t mapAt = section(kHandles)->at, secondAt = secondAt_ + SecondHeader::kBegin.size();
   bool isSettled = false;
   for (int round = 0; round < 8 && !isSettled; ++round) {
     const auto lengths = [&] {
@@ -181,7 +177,7 @@ base::Status LocatedFile::arrange(const ObjectChanges& objects, Splices& splices
     if (second_) replaceSecondHeader(objects, splices);
     isSettled = round > 0 && lengths() == oldLengths;
   }
-  return isSettled ? base::Status() : base::Status(overlap());
+  return isSettled ? base::Status() : overlap();
 }
 
 void LocatedFile::replaceSecondHeader(const ObjectChanges& objects, Splices& splices) const {
@@ -195,7 +191,7 @@ void LocatedFile::replaceSecondHeader(const ObjectChanges& objects, Splices& spl
                   second_->moved({splices.moved(secondAt_), section, objects.largestAdded()}));
 }
 
-void LocatedFile::patchLocators(const Splices& splices, Patches& patches) const {
+void LocatedFile::patchLocators(const Splices& splices, Sink& sink) const {
   const std::uint64_t end = kLocatorsAt + sections_.size() * kLocatorSize;
   std::string begin(part(file(), 0, end + 2));
   for (const Section& section : sections_) {
@@ -210,11 +206,11 @@ void LocatedFile::patchLocators(const Splices& splices, Patches& patches) const 
   const auto crc = static_cast<std::uint16_t>(crc16(0, part(begin, 0, end)) ^
                                               kLocatorMasks[sections_.size() - kFewestSections]);
   putRaw(begin, end, crc);
-  for (std::uint64_t at = 0; at < begin.size(); ++at) patches[at] = begin[static_cast<std::size_t>(at)];
+  sink.overwrite(0, begin);
 }
 
 // The thumbnail tells where in the file each of its pictures is.
-void LocatedFile::patchThumbnail(const Splices& splices, Patches& patches) const {
+void LocatedFile::patchThumbnail(const Splices& splices, Sink& sink) const {
   const std::string_view old = file();
   const std::uint64_t at = rawAt<std::uint32_t>(old, kThumbnailAt);
   if (splices.moved(at) == at || !isWithin(at, kSentinel + 5, old.size()) ||
@@ -228,28 +224,28 @@ void LocatedFile::patchThumbnail(const Splices& splices, Patches& patches) const
     const std::uint64_t entry = entries + i * kLocatorSize + 1;
     const auto picture = rawAt<std::uint32_t>(old, entry);
     if (picture == 0 || picture >= old.size()) continue;
-    patch(patches, splices.moved(entry), splices.moved(picture));
+    patch(sink, splices.moved(entry), splices.moved(picture));
   }
 }
 
 // The number of objects, and where they begin.
-void LocatedFile::patchFreeSpace(const Splices& splices, std::size_t objects, Patches& patches) const {
+void LocatedFile::patchFreeSpace(const Splices& splices, std::size_t objects, Sink& sink) const {
   constexpr std::uint64_t kNumberAt = 4, kAddressAt = 16;
   const Section* const section = this->section(kFreeSpace);
   if (section == nullptr || section->size < kAddressAt + 4) return;
   const std::uint64_t number = section->at + kNumberAt, address = section->at + kAddressAt;
-  if (rawAt<std::uint32_t>(file(), number) == places_.size()) patch(patches, splices.moved(number), objects);
+  if (rawAt<std::uint32_t>(file(), number) == places_.size()) patch(sink, splices.moved(number), objects);
   const auto begin = rawAt<std::uint32_t>(file(), address);
-  if (begin < file().size()) patch(patches, splices.moved(address), splices.moved(begin));
+  if (begin < file().size()) patch(sink, splices.moved(address), splices.moved(begin));
 }
 
-void LocatedFile::patchNextHandle(const Splices& splices, Handle largest, Patches& patches) const {
+void LocatedFile::patchNextHandle(const Splices& splices, Handle largest, Sink& sink) const {
   constexpr std::uint64_t kNextHandleAt = 79;
   const Section* const section = this->section(kAuxHeader);
   if (largest == 0 || section == nullptr || section->size < kNextHandleAt + 4) return;
   if (largest >= 0xFFFFFFFF) return;
   const std::uint64_t at = section->at + kNextHandleAt;
-  if (rawAt<std::uint32_t>(file(), at) <= largest) patch(patches, splices.moved(at), largest + 1);
+  if (rawAt<std::uint32_t>(file(), at) <= largest) patch(sink, splices.moved(at), largest + 1);
 }
 
 }  // namespace cad::dwg

@@ -3,7 +3,6 @@
 // them.
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
 #include <span>
@@ -23,7 +22,7 @@ class LocatedFile final : public DwgFile {
  public:
   static base::Result<std::unique_ptr<DwgFile>> read(std::shared_ptr<const SourceBytes> source,
                                                      const DrawingFacts& facts);
-  base::Status writeTo(const FileChanges& changes, const Sink& sink) const override;
+  base::Status writeTo(const FileChanges& changes, Sink& sink) const override;
 
  private:
   struct Section {
@@ -41,15 +40,15 @@ class LocatedFile final : public DwgFile {
   const Section* section(unsigned number) const;  // null: the file has none
 
   // Settles what the map and the second header become, which tell of places that hang from their lengths.
-  base::Status arrange(const ObjectChanges& objects, Splices& splices) const;
+  base::Status settle(const ObjectChanges& objects, bool isLast, Splices& splices) const;
+  base::Failure overlap() const;
   void replaceSecondHeader(const ObjectChanges& objects, Splices& splices) const;
 
   // The bytes that tell of places elsewhere in the file, by their own new places.
-  using Patches = std::map<std::uint64_t, char>;
-  void patchLocators(const Splices& splices, Patches& patches) const;
-  void patchThumbnail(const Splices& splices, Patches& patches) const;
-  void patchFreeSpace(const Splices& splices, std::size_t objects, Patches& patches) const;
-  void patchNextHandle(const Splices& splices, Handle largest, Patches& patches) const;
+  void patchLocators(const Splices& splices, Sink& sink) const;
+  void patchThumbnail(const Splices& splices, Sink& sink) const;
+  void patchFreeSpace(const Splices& splices, std::size_t objects, Sink& sink) const;
+  void patchNextHandle(const Splices& splices, Handle largest, Sink& sink) const;
 
   std::vector<Section> sections_;
   FramedSection headerFrame_, classesFrame_;

@@ -51,12 +51,14 @@ base::Failure refused(Handle handle, const wchar_t* reason) {
 }
 
 // Null: the change can be made.
-const wchar_t* misfit(const ObjectBytes& object, bool isErased, bool isRepeated, bool isKnown) {
+const wchar_t* misfit(bool isErased, bool isRepeated, bool isKnown) {
   if (isRepeated) return L"This handle cannot be written";
-  if (isErased) return isKnown ? nullptr : L"The drawing has no such object";
-  const bool fits = !object.data.empty() && object.data.size() <= kLargestObject &&
-                    object.handleBits <= object.data.size() * 8;
-  return fits ? nullptr : L"The object is too large or empty";
+  return isErased && !isKnown ? L"The drawing has no such object" : nullptr;
+}
+
+bool fits(const ObjectBytes& object) {
+  return !object.data.empty() && object.data.size() <= kLargestObject &&
+         object.handleBits <= object.data.size() * 8;
 }
 
 }  // namespace
@@ -79,13 +81,6 @@ ObjectBytes ObjectContents::bytes(std::uint32_t number) const {
   return bytes;
 }
 
-std::string ObjectContents::sizes(const ObjectBytes& object) const {
-  BitWriter writer;
-  writer.ms(static_cast<std::uint32_t>(object.data.size()));
-  if (file_.version() >= Version::kR2010) writer.umc(object.handleBits);
-  return writer.take();
-}
-
 // The bits in which the CRC in the file is another than that of its bytes. A damaged object is to be known as
 // one although its links to others change; nothing else of it does, and those that are held are whole.
 std::uint16_t ObjectContents::crcError(std::uint32_t number) const {
@@ -101,14 +96,17 @@ std::uint16_t ObjectContents::crcError(std::uint32_t number) const {
 std::string_view ObjectContents::whole(std::uint32_t number) const {
   if (isErased(number)) return {};
   const ObjectBytes object = bytes(number);
-  whole_ = sizes(object);
+  if (!fits(object)) {
+    status_ = refused(handle(number), L"The object is too large or empty");
+    return {};
+  }
+  BitWriter sizes;
+  sizes.ms(static_cast<std::uint32_t>(object.data.size()));
+  if (file_.version() >= Version::kR2010) sizes.umc(object.handleBits);
+  whole_ = sizes.take();
   whole_ += object.data;
   appendRaw(whole_, static_cast<std::uint16_t>(crc16(kCrcStart, whole_) ^ crcError(number)));
   return whole_;
-}
-
-std::size_t ObjectContents::wholeSize(const ObjectBytes& object) const {
-  return sizes(object).size() + object.data.size() + sizeof(std::uint16_t);
 }
 
 base::Result<ObjectChanges> ObjectChanges::plan(const DwgFile& file, const ObjectContents& contents,
@@ -126,15 +124,13 @@ base::Result<ObjectChanges> ObjectChanges::plan(const DwgFile& file, const Objec
     while (at < places.size() && places[at].handle < handle) ++at;
     const bool isKnown = at < places.size() && places[at].handle == handle;
     const bool isErased = contents.isErased(number), inPlace = isKnown && !isShared[at];
-    const ObjectBytes object = contents.bytes(number);
-    if (const wchar_t* wrong = misfit(object, isErased, handle == last, isKnown))
-      return refused(handle, wrong);
+    if (const wchar_t* wrong = misfit(isErased, handle == last, isKnown)) return refused(handle, wrong);
     last = handle;
     if (!isKnown) plan.largestAdded_ = handle;
     if (isKnown && (isErased || !inPlace)) plan.gone_.push_back(handle);
     if (inPlace) {
       const std::uint64_t begin = places[at].offset;
-      splices.add(begin, endOf(file, places[at]) - begin, number, isErased ? 0 : contents.wholeSize(object));
+      splices.add(begin, endOf(file, places[at]) - begin, number);
     } else if (!isErased) {
       plan.appended_.push_back({handle, appended.size()});
       appended += contents.whole(number);

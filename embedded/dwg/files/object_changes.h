@@ -23,19 +23,20 @@ class ObjectContents {
   }
   Handle handle(std::uint32_t number) const;
   bool isErased(std::uint32_t number) const;
-  // Valid until the next call.
-  ObjectBytes bytes(std::uint32_t number) const;
-  // With its size and its CRC, which of a damaged object stays wrong; of an erased object nothing.
+  // With its size and its CRC, which of a damaged object stays wrong; of an erased object, and one that fails,
+  // nothing. Valid until the next call.
   std::string_view whole(std::uint32_t number) const;
-  std::size_t wholeSize(const ObjectBytes& object) const;
+  // Of an object that cannot be written.
+  const base::Status& status() const { return status_; }
 
  private:
-  std::string sizes(const ObjectBytes& object) const;
+  ObjectBytes bytes(std::uint32_t number) const;
   std::uint16_t crcError(std::uint32_t number) const;
 
   const FileChanges& changes_;
   const DwgFile& file_;
   mutable std::string buffer_, whole_;
+  mutable base::Status status_;
 };
 
 class ObjectChanges {

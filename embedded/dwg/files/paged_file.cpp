@@ -138,15 +138,15 @@ base::Status PagedFile::readSections() {
                      placeOf(*section(kHandlesName)));
 }
 
-base::Status PagedFile::writeTo(const FileChanges& changes, const Sink& sink) const {
+base::Status PagedFile::writeTo(const FileChanges& changes, Sink& sink) const {
   auto changed = changedSections(*this, sections_, changes);
   if (!changed) return changed.failure();
-  if (changed.value().empty()) return sink(file()), base::Status();
+  if (changed.value().empty()) return sink.write(file()), base::Status();
   PagedWriter writer(file(), header_, pages_, map_);
   for (const auto& [name, content] : changed.value()) writer.change(name, sections_.named(name), content);
   const std::string written = writer.written();
   if (auto fits = withinLimits(written.size()); !fits) return fits;
-  sink(written);
+  sink.write(written);
   return {};
 }
 

@@ -20,7 +20,7 @@ class PagedFile final : public DwgFile {
  public:
   static base::Result<std::unique_ptr<DwgFile>> read(std::shared_ptr<const SourceBytes> source,
                                                      const DrawingFacts& facts);
-  base::Status writeTo(const FileChanges& changes, const Sink& sink) const override;
+  base::Status writeTo(const FileChanges& changes, Sink& sink) const override;
 
  private:
   using DwgFile::DwgFile;

@@ -72,6 +72,7 @@ base::Result<std::map<std::string, std::string>> changedSections(const DwgFile& 
   if (!splices.arrange()) return base::Failure{{}, L"The sections and objects of the file overlap"};
   std::string objects =
       splices.applied(sections.objects, [&](std::uint32_t number) { return contents.whole(number); });
+  if (!contents.status()) return contents.status().failure();
   if (objects != sections.objects) changed[kObjectsName] = std::move(objects);
   std::string handles = plan.value().map(file.places(), splices);
   handles += std::string_view(sections.handles).substr(static_cast<std::size_t>(sections.mapLength));

@@ -12,8 +12,8 @@ void Splices::add(std::uint64_t at, std::uint64_t removed, std::string bytes) {
   texts_.push_back(std::move(bytes));
 }
 
-void Splices::add(std::uint64_t at, std::uint64_t removed, std::uint32_t number, std::uint64_t size) {
-  add({.at = at, .number = number}, removed, size);
+void Splices::add(std::uint64_t at, std::uint64_t removed, std::uint32_t number) {
+  add({.at = at, .number = number}, removed, 0);
 }
 
 void Splices::add(Splice splice, std::uint64_t removed, std::uint64_t size) {
@@ -91,23 +91,41 @@ std::uint64_t Splices::movedLength(std::uint64_t at, std::uint64_t length) const
   return length;
 }
 
-void Splices::apply(std::string_view bytes, const BytesOf& bytesOf, const Sink& sink) const {
-  std::uint64_t at = 0;
-  const auto copyTo = [&](std::uint64_t end) {
-    if (end > at) sink(bytes.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(end - at)));
-  };
-  for (const Splice& splice : splices_) {
-    copyTo(splice.at);
-    sink(splice.number == kText ? std::string_view(texts_[splice.text]) : bytesOf(splice.number));
-    at = splice.end();
-  }
-  copyTo(bytes.size());
+std::string_view Splices::bytesOf(Splice& splice, const BytesOf& bytesOf) const {
+  if (splice.number == kText) return texts_[splice.text];
+  const std::string_view bytes = bytesOf(splice.number);
+  splice.size = static_cast<std::uint32_t>(bytes.size());
+  return bytes;
 }
 
-std::string Splices::applied(std::string_view bytes, const BytesOf& bytesOf) const {
+void Splices::measure(const BytesOf& bytesOf) {
+  for (Splice& splice : splices_) this->bytesOf(splice, bytesOf);
+  shiftFrom(0);
+}
+
+void Splices::apply(std::string_view bytes, std::uint64_t begin, std::uint64_t end, const BytesOf& bytesOf,
+                    const Sink& sink) {
+  std::uint64_t at = begin;
+  const auto copyTo = [&](std::uint64_t to) {
+    if (to > at) sink(bytes.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(to - at)));
+  };
+  const auto first = static_cast<std::size_t>(std::ranges::lower_bound(splices_, begin, {}, &Splice::at) -
+                                              splices_.begin());
+  // What is put in at the end of all bytes belongs to them.
+  const bool isAll = end == bytes.size();
+  for (std::size_t i = first; i < splices_.size() && (splices_[i].at < end || isAll); ++i) {
+    copyTo(splices_[i].at);
+    sink(this->bytesOf(splices_[i], bytesOf));
+    at = splices_[i].end();
+  }
+  copyTo(end);
+  shiftFrom(first);
+}
+
+std::string Splices::applied(std::string_view bytes, const BytesOf& bytesOf) {
   std::string result;
-  result.reserve(bytes.size() + static_cast<std::size_t>(growth()));
-  apply(bytes, bytesOf, [&](std::string_view piece) { result += piece; });
+  result.reserve(bytes.size() + bytes.size() / 8 + static_cast<std::size_t>(growth()));
+  apply(bytes, 0, bytes.size(), bytesOf, [&](std::string_view piece) { result += piece; });
   return result;
 }
 

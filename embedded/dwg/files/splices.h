@@ -12,16 +12,19 @@ namespace cad::dwg {
 class Splices {
  public:
   using Sink = std::function<void(std::string_view)>;
-  // The bytes of one that was given by a number: as many as were told, valid until the next call.
+  // The bytes of one that was given by a number: the same with every call, valid until the next.
   using BytesOf = std::function<std::string_view(std::uint32_t number)>;
 
   // `removed` bytes at `at` give way to `bytes`. Splices may be given in any order, but must not overlap.
   void add(std::uint64_t at, std::uint64_t removed, std::string bytes);
-  void add(std::uint64_t at, std::uint64_t removed, std::uint32_t number, std::uint64_t size);
+  void add(std::uint64_t at, std::uint64_t removed, std::uint32_t number);
   // Room for as many, and for those of the sections.
   void reserve(std::size_t more) { splices_.reserve(splices_.size() + more + 16); }
   // To be called when all are given and before everything below. False: two overlap, or one has 4 gigabytes.
   bool arrange();
+  // How long those with a number are, is known once they are applied, or measured. What is told below holds for
+  // what stands before the first that is not.
+  void measure(const BytesOf& bytesOf);
   bool empty() const { return splices_.empty(); }
 
   // Other bytes for the splice at `at`, which is one that removes bytes and was given them.
@@ -42,8 +45,10 @@ class Splices {
   // How many bytes more there are in the end, modulo 2^64.
   std::uint64_t growth() const { return splices_.empty() ? 0 : splices_.back().shift; }
 
-  void apply(std::string_view bytes, const BytesOf& bytesOf, const Sink& sink) const;
-  std::string applied(std::string_view bytes, const BytesOf& bytesOf = {}) const;
+  // What stands from `begin` to `end`.
+  void apply(std::string_view bytes, std::uint64_t begin, std::uint64_t end, const BytesOf& bytesOf,
+             const Sink& sink);
+  std::string applied(std::string_view bytes, const BytesOf& bytesOf = {});
 
  private:
   static constexpr std::uint32_t kText = 0xFFFFFFFF;
@@ -60,6 +65,7 @@ class Splices {
   std::vector<Splice>::const_iterator find(std::uint64_t at) const;  // one that removes bytes
   std::uint64_t shiftBefore(std::vector<Splice>::const_iterator splice) const;
   void add(Splice splice, std::uint64_t removed, std::uint64_t size);
+  std::string_view bytesOf(Splice& splice, const BytesOf& bytesOf) const;  // which tell its size
   void shiftFrom(std::size_t position);
 
   std::vector<Splice> splices_;
