@@ -98,6 +98,7 @@ void Arranger::readEntity(Place place, const ObjectFrame& frame) {
   Object& object = objects_[place];
   object.signature = signatureOf(frame.type, head);
   object.isPlain = head.intact && head.plainColor;
+  object.isPart = isPart(frame.type.kind), object.isBlockFrame = isBlockFrame(frame.type.kind);
   if (head.mode == EntityMode::kModelSpace) object.owner = kInModel;
   if (head.mode == EntityMode::kPaperSpace) object.owner = kInPaper;
   const Place before = place > 0 ? objects_[place - 1].owner : kNowhere;
@@ -140,9 +141,8 @@ Arranger::Members Arranger::collected(bool areParts) const {
   const auto forEach = [&](const auto& visit) {
     for (Place place = 0; place < objects_.size(); ++place) {
       if (!objects_[place].isEntity) continue;
-      const ObjectKind kind = typeAt(place).kind;
-      const Place owner = isBlockFrame(kind) ? kNowhere : ownerOf(place);
-      if (owner != kNowhere && isPart(kind) == areParts) visit(owner, place);
+      const Place owner = objects_[place].isBlockFrame ? kNowhere : ownerOf(place);
+      if (owner != kNowhere && objects_[place].isPart == areParts) visit(owner, place);
     }
   };
   // Each list begins two further on until it is filled.

@@ -29,8 +29,9 @@ class Arranger {
   struct Object {
     Place owner = kNowhere, next = kNowhere;  // of an entity
     SignatureId signature = 0;
-    std::uint16_t number = 0;  // of its type
+    std::uint16_t number = 0;                                // of its type
     bool intact = false, isEntity = false, isPlain = false;  // isPlain: see kPlainEntity
+    bool isPart = false, isBlockFrame = false;               // of another entity; the begin or end of a block
   };
   // Entities by their owner, each owner's in the order of the file.
   struct Members {

@@ -30,14 +30,17 @@ class EntitySplicer {
 
   WrittenObject written(std::string room) {
     const auto handleBegin = static_cast<std::uint64_t>(frame_.handleBegin + dataGrows_);
-    if (head_.sizeAt.end != 0) bits_.rl(static_cast<std::uint32_t>(handleBegin)), put(head_.sizeAt);
+    if (head_.sizeAt.end != 0) edits_[count_++] = {head_.sizeAt};
     std::ranges::sort(std::span(edits_).first(count_), {}, [](const Edit& edit) { return edit.at.begin; });
     BitWriter whole(std::move(room));
     whole.reserve(frame_.data.size() + kMostAdded);
     std::uint32_t at = 0;
     for (std::size_t i = 0; i < count_; ++i) {
       whole.copy(frame_.data, at, edits_[i].at.begin);
-      whole.copy(bits_.bytes(), edits_[i].begin, edits_[i].end);
+      if (edits_[i].at == head_.sizeAt)
+        whole.rl(static_cast<std::uint32_t>(handleBegin));
+      else
+        whole.copy(bits_.bytes(), edits_[i].begin, edits_[i].end);
       at = edits_[i].at.end;
     }
     whole.copy(frame_.data, at, frame_.handleEnd);

@@ -163,6 +163,19 @@ bool hasTextStyle(ObjectKind kind) {
          kind == ObjectKind::kAttrib;
 }
 
+std::optional<HandleReference> ownReference(const ObjectFrame& frame, const EntityHead& head,
+                                            std::string_view field) {
+  const ObjectKind kind = frame.type.kind;
+  const bool isDimension = kind >= ObjectKind::kDimensionOrdinate && kind <= ObjectKind::kDimensionDiameter;
+  const bool isInsert = kind == ObjectKind::kInsert || kind == ObjectKind::kMinsert;
+  const bool isStyle = isDimension && field == "dimension style";
+  if (!isStyle && !((isInsert || isDimension) && field == "block")) return std::nullopt;
+  BitReader references(frame.data, head.handlesEnd, frame.handleEnd);
+  if (isDimension && !isStyle) references.h();
+  const HandleReference reference = references.h();
+  return references.failed() ? std::nullopt : std::optional(reference);
+}
+
 EntityHead readEntityHead(const ObjectFrame& frame) {
   EntityHead head;
   const bool isRead = HeadReader(frame, head).read();

@@ -3,6 +3,8 @@
 // stands.
 
 #include <cstdint>
+#include <optional>
+#include <string_view>
 
 #include "embedded/drawing/record.h"
 #include "embedded/dwg/fields/object_fields.h"
@@ -46,5 +48,8 @@ EntityHead readEntityHead(const ObjectFrame& frame);
 LinetypeKind linetypeKindOf(const Fields& entity);
 std::string_view linetypeName(LinetypeKind kind);  // of a named one: ByLayer
 bool hasTextStyle(ObjectKind kind);                // it is the first reference of the class's own
+// A field among the first of the class's own references; nullopt: it is none of these, or not there.
+std::optional<HandleReference> ownReference(const ObjectFrame& frame, const EntityHead& head,
+                                            std::string_view field);
 
 }  // namespace cad::dwg

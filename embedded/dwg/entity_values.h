@@ -20,8 +20,8 @@ struct TextHeight {
 struct EntityValues {
   std::optional<Handle> layer;
   std::optional<LinetypeKind> linetypeKind;
-  std::optional<Handle> linetype;          // of a named one
-  std::optional<std::int16_t> color;       // 0 to 256; the colour is then nothing but this number
+  std::optional<Handle> linetype;     // of a named one
+  std::optional<std::int16_t> color;  // 0 to 256; the colour is then nothing but this number
   std::optional<std::int16_t> invisible;
   std::optional<std::uint8_t> lineWeight;  // as it is stored; from R2000 on
   std::optional<double> linetypeScale;

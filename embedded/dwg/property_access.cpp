@@ -90,6 +90,8 @@ std::optional<StoredValue> readQuickly(const DwgStorage& storage, const DwgStora
     default:
       break;
   }
+  if (const auto reference = ownReference(entity.frame, head, place.field))
+    return storedValue(storage, place, *reference, entity.frame.handle);
   if (place.form == FieldForm::kSpecial || place.form == FieldForm::kEntry) return std::nullopt;
   const FoundField* const field = entity.field(place.field);
   if (field == nullptr) return std::nullopt;

@@ -12,14 +12,18 @@ constexpr unsigned kLongestModular = 9;  // bytes with seven bits each that stil
 
 BitReader::BitReader(std::string_view bytes, std::uint64_t begin, std::uint64_t end)
     : bytes_(bytes), at_(begin), end_(end) {
-  if (begin <= end && end <= std::uint64_t{bytes.size()} * 8) return;
-  at_ = end_ = 0;
-  failed_ = true;
+  constexpr std::size_t kWord = sizeof(std::uint64_t);
+  if (begin > end || end > std::uint64_t{bytes.size()} * 8) {
+    at_ = end_ = 0;
+    fail();
+  } else if (bytes.size() >= kWord) {
+    quickEnd_ = end, lastWord_ = bytes.size() - kWord;
+  }
 }
 
 void BitReader::seek(std::uint64_t bit) {
   if (bit > end_) {
-    failed_ = true;
+    fail();
   } else if (!failed_) {
     at_ = bit;
   }
@@ -27,7 +31,7 @@ void BitReader::seek(std::uint64_t bit) {
 
 void BitReader::skip(std::uint64_t bits) {
   if (bits > left()) {
-    failed_ = true;
+    fail();
   } else {
     at_ += bits;
   }
@@ -35,7 +39,7 @@ void BitReader::skip(std::uint64_t bits) {
 
 std::uint64_t BitReader::otherBits(unsigned count) {
   if (count > left()) {
-    failed_ = true;
+    fail();
     return 0;
   }
   std::uint64_t value = 0;
@@ -55,7 +59,7 @@ std::uint64_t BitReader::rll() {
 
 double BitReader::rd() {
   if (left() < 64) {
-    failed_ = true;
+    fail();
     return 0;
   }
   return std::bit_cast<double>(rll());
@@ -75,7 +79,7 @@ double BitReader::bd() {
     case 1:
       return 1;
     case 3:
-      failed_ = true;
+      fail();
       [[fallthrough]];
     default:
       return 0;
@@ -139,7 +143,7 @@ std::uint64_t BitReader::umc() {
     value |= std::uint64_t{byte & 0x7FU} << (7 * i);
     if ((byte & 0x80) == 0) return failed_ ? 0 : value;
   }
-  failed_ = true;
+  fail();
   return 0;
 }
 
@@ -153,7 +157,7 @@ std::int64_t BitReader::mc() {
     }
     value |= std::int64_t{byte & 0x7F} << (7 * i);
   }
-  failed_ = true;
+  fail();
   return 0;
 }
 
@@ -161,14 +165,14 @@ std::uint32_t BitReader::ms() {
   const std::uint16_t low = rs();
   if ((low & 0x8000) == 0) return low;
   const std::uint16_t high = rs();
-  if ((high & 0x8000) != 0) failed_ = true;
+  if ((high & 0x8000) != 0) fail();
   return failed_ ? 0 : (low & 0x7FFFU) | std::uint32_t{high} << 15;
 }
 
 std::string BitReader::tv() {
   const auto length = static_cast<std::uint16_t>(bs());
   if (length > left() / 8) {
-    failed_ = true;
+    fail();
     return {};
   }
   std::string text(length, '\0');
@@ -179,7 +183,7 @@ std::string BitReader::tv() {
 std::u16string BitReader::tu() {
   const auto length = static_cast<std::uint16_t>(bs());
   if (length > left() / 16) {
-    failed_ = true;
+    fail();
     return {};
   }
   std::u16string text(length, u'\0');

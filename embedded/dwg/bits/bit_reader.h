@@ -31,16 +31,15 @@ class BitReader {
   std::uint64_t left() const { return failed_ ? 0 : end_ - at_; }
   void seek(std::uint64_t bit);
   void skip(std::uint64_t bits);
-  void fail() { failed_ = true; }
+  void fail() { failed_ = true, quickEnd_ = 0; }
 
   bool b() { return bits(1) != 0; }
   unsigned bb() { return static_cast<unsigned>(bits(2)); }
   unsigned threeBits() { return static_cast<unsigned>(bits(3)); }
   std::uint64_t bits(unsigned count) {  // up to 64
     constexpr unsigned kWord = 64, kMostAtOnce = kWord - 7;
-    if (count - 1 >= kMostAtOnce || count > left() || bytes_.size() < sizeof(std::uint64_t))
-      return otherBits(count);
-    const std::size_t byte = std::min(static_cast<std::size_t>(at_ >> 3), bytes_.size() - sizeof(std::uint64_t));
+    if (count - 1 >= kMostAtOnce || at_ + count > quickEnd_) return otherBits(count);
+    const std::size_t byte = std::min(static_cast<std::size_t>(at_ >> 3), lastWord_);
     const std::uint64_t word = bigEndianAt(bytes_.data() + byte);
     const auto inWord = static_cast<unsigned>(at_ - std::uint64_t{byte} * 8);
     at_ += count;
@@ -73,6 +72,9 @@ class BitReader {
 
   std::string_view bytes_;
   std::uint64_t at_ = 0, end_ = 0;
+  std::uint64_t quickEnd_ =
+      0;                      // the end of what words have that are whole; 0: it failed, or there is no word
+  std::size_t lastWord_ = 0;  // where that begins
   bool failed_ = false;
 };
 
@@ -107,7 +109,7 @@ inline std::int32_t BitReader::bl() {
     case 1:
       return rc();
     case 3:
-      failed_ = true;
+      fail();
       [[fallthrough]];
     default:
       return 0;
@@ -118,7 +120,7 @@ inline HandleReference BitReader::h() {
   HandleReference reference;
   reference.code = static_cast<std::uint8_t>(bits(4));
   reference.size = static_cast<std::uint8_t>(bits(4));
-  if (reference.size > 8) failed_ = true;
+  if (reference.size > 8) fail();
   if (failed_) return {};
   reference.value = bits(reference.size * 8U);
   return failed_ ? HandleReference() : reference;

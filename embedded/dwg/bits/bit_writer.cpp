@@ -2,64 +2,63 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
-#include "embedded/dwg/bits/big_endian.h"
 #include "embedded/dwg/bits/bit_reader.h"
 
 namespace cad::dwg {
 namespace {
 
+constexpr std::uint64_t swapped(std::uint16_t value) { return (value << 8 | value >> 8) & 0xFFFF; }
+constexpr std::uint64_t swapped(std::uint32_t value) { return reversed(value) >> 32; }
+
 bool isZero(double value) { return std::bit_cast<std::uint64_t>(value) == 0; }  // but not -0.0
 
 }  // namespace
 
+void BitWriter::grow(std::size_t needed) {
+  constexpr std::size_t kAtFirst = 15;  // a string has them without asking for memory
+  bytes_.resize(std::max({needed, kAtFirst, bytes_.size() * 2}), '\0');
+}
+
+std::string BitWriter::take() {
+  bytes_.resize(usedBytes());
+  size_ = 0;
+  return std::exchange(bytes_, {});
+}
+
 void BitWriter::bits(std::uint64_t value, unsigned count) {
-  constexpr unsigned kWord = 64, kMostAtOnce = kWord - 7;
+  constexpr unsigned kBits = 64, kMostAtOnce = kBits - 7;
   if (count > kMostAtOnce) {
     bits(value >> kMostAtOnce, count - kMostAtOnce);
     count = kMostAtOnce;
   }
   if (count == 0) return;
-  const auto needed = static_cast<std::size_t>((size_ + count + 7) / 8);
-  if (needed > bytes_.size()) bytes_.resize(needed, '\0');
-  std::uint64_t word = value << (kWord - count) >> (size_ & 7);
-  for (auto at = static_cast<std::size_t>(size_ / 8); at < needed; ++at, word <<= 8)
-    bytes_[at] = static_cast<char>(static_cast<std::uint8_t>(bytes_[at]) | word >> (kWord - 8));
-  size_ += count;
+  needRoom(count);
+  put(value << (kBits - count), count);
 }
 
 void BitWriter::copy(std::string_view source, std::uint64_t begin, std::uint64_t end) {
-  constexpr std::uint64_t kAtOnce = 56;
+  constexpr std::uint64_t kBits = 64, kAtOnce = 56;
   BitReader reader(source, begin, end);
+  needRoom(reader.left());
   if (((size_ ^ begin) & 7) == 0) {
     const auto toByte = static_cast<unsigned>(std::min(reader.left(), (8 - (size_ & 7)) & 7));
     bits(reader.bits(toByte), toByte);
     const auto length = static_cast<std::size_t>(reader.left() / 8);
-    bytes_.append(source, static_cast<std::size_t>(reader.position() / 8), length);
+    source.copy(bytes_.data() + size_ / 8, length, static_cast<std::size_t>(reader.position() / 8));
     size_ += std::uint64_t{length} * 8;
     reader.skip(std::uint64_t{length} * 8);
   }
-  const auto needed = static_cast<std::size_t>((size_ + reader.left() + 7) / 8);
-  bytes_.resize(needed + sizeof(std::uint64_t), '\0');
   while (reader.left() > 0) {
     const auto count = static_cast<unsigned>(std::min(reader.left(), kAtOnce));
-    std::uint64_t word = reader.bits(count) << (64 - count) >> (size_ & 7);
-    char* const at = bytes_.data() + size_ / 8;
-    word |= std::uint64_t{static_cast<std::uint8_t>(*at)} << 56;
-    putBigEndian(at, word);
-    size_ += count;
+    put(reader.bits(count) << (kBits - count), count);
   }
-  bytes_.resize(needed);
 }
 
-void BitWriter::rs(std::uint16_t value) {
-  bits(value & 0xFFU, 8);
-  bits(value >> 8, 8);
-}
+void BitWriter::rs(std::uint16_t value) { bits(swapped(value), 16); }
 
-void BitWriter::rl(std::uint32_t value) {
-  bits(value << 24 | (value << 8 & 0xFF0000) | (value >> 8 & 0xFF00) | value >> 24, 32);
-}
+void BitWriter::rl(std::uint32_t value) { bits(swapped(value), 32); }
 
 void BitWriter::rll(std::uint64_t value) {
   rl(static_cast<std::uint32_t>(value));
@@ -68,15 +67,16 @@ void BitWriter::rll(std::uint64_t value) {
 
 void BitWriter::rd(double value) { rll(std::bit_cast<std::uint64_t>(value)); }
 
+// The first two bits tell what follows; all are put at once.
 void BitWriter::bs(std::int16_t value) {
   if (value == 0) {
     bb(2);
   } else if (value == 256) {
     bb(3);
   } else if (value > 0 && value < 256) {
-    bb(1), rc(static_cast<std::uint8_t>(value));
+    bits(1U << 8 | static_cast<std::uint8_t>(value), 10);
   } else {
-    bb(0), rs(static_cast<std::uint16_t>(value));
+    bits(swapped(static_cast<std::uint16_t>(value)), 18);
   }
 }
 
@@ -84,9 +84,9 @@ void BitWriter::bl(std::int32_t value) {
   if (value == 0) {
     bb(2);
   } else if (value > 0 && value < 256) {
-    bb(1), rc(static_cast<std::uint8_t>(value));
+    bits(1U << 8 | static_cast<std::uint8_t>(value), 10);
   } else {
-    bb(0), rl(static_cast<std::uint32_t>(value));
+    bits(swapped(static_cast<std::uint32_t>(value)), 34);
   }
 }
 
@@ -168,8 +168,7 @@ void BitWriter::ms(std::uint32_t value) {
 void BitWriter::h(const HandleReference& reference) {
   unsigned size = std::min<unsigned>(reference.size, 8);
   while (size < 8 && reference.value >> (8 * size) != 0) ++size;
-  bits(reference.code, 4);
-  bits(size, 4);
+  bits(reference.code << 4U | size, 8);
   bits(reference.value, 8 * size);
 }
 

@@ -9,6 +9,7 @@
 
 #include "base/drawing_version.h"
 #include "embedded/drawing/geometry.h"
+#include "embedded/dwg/bits/big_endian.h"
 #include "embedded/dwg/bits/handle_reference.h"
 
 namespace cad::dwg {
@@ -24,10 +25,10 @@ class BitWriter {
 
   std::uint64_t size() const { return size_; }  // bits
   // What was written; the last byte is filled up with zeros.
-  const std::string& bytes() const { return bytes_; }
-  std::string take() { return size_ = 0, std::move(bytes_); }
+  std::string_view bytes() const { return std::string_view(bytes_).substr(0, usedBytes()); }
+  std::string take();
   void alignToByte() { size_ = (size_ + 7) / 8 * 8; }
-  void reserve(std::size_t bytes) { bytes_.reserve(bytes); }
+  void reserve(std::size_t bytes) { needRoom(std::uint64_t{bytes} * 8); }
 
   // The bits from `begin` to `end` of `source`, which must have them.
   void copy(std::string_view source, std::uint64_t begin, std::uint64_t end);
@@ -63,7 +64,21 @@ class BitWriter {
   void tu(std::u16string_view text);
 
  private:
-  std::string bytes_;
+  static constexpr std::size_t kWord = sizeof(std::uint64_t);
+  std::size_t usedBytes() const { return static_cast<std::size_t>((size_ + 7) / 8); }
+  void needRoom(std::uint64_t bits) {
+    const auto needed = static_cast<std::size_t>((size_ + bits + 7) / 8) + kWord;
+    if (bytes_.size() < needed) grow(needed);
+  }
+  void grow(std::size_t needed);
+  // The highest bits of the word, behind what was written; those below must be zeros.
+  void put(std::uint64_t word, unsigned count) {
+    char* const at = bytes_.data() + size_ / 8;
+    putBigEndian(at, std::uint64_t{static_cast<std::uint8_t>(*at)} << 56 | word >> (size_ & 7));
+    size_ += count;
+  }
+
+  std::string bytes_;  // with zeros behind what was written, always enough for a word
   std::uint64_t size_ = 0;
 };
 

@@ -68,11 +68,14 @@ void inOrder(std::string_view bytes, const Take& take) {
 
 std::uint16_t crc16(std::uint16_t start, std::string_view bytes) {
   const auto at = [&](std::size_t i) { return static_cast<std::uint8_t>(bytes[i]); };
-  for (; bytes.size() >= kAhead; bytes.remove_prefix(kAhead)) {
-    unsigned next = kAhead16[7][at(0) ^ (start & 0xFF)] ^ kAhead16[6][at(1) ^ start >> 8];
-    for (std::size_t i = 2; i < kAhead; ++i) next ^= kAhead16[kAhead - 1 - i][at(i)];
+  const auto take = [&](const std::size_t count) {
+    unsigned next = kAhead16[count - 1][at(0) ^ (start & 0xFF)] ^ kAhead16[count - 2][at(1) ^ start >> 8];
+    for (std::size_t i = 2; i < count; ++i) next ^= kAhead16[count - 1 - i][at(i)];
     start = static_cast<std::uint16_t>(next);
-  }
+    bytes.remove_prefix(count);
+  };
+  while (bytes.size() >= kAhead) take(kAhead);
+  if (bytes.size() >= kAhead / 2) take(kAhead / 2);
   for (std::size_t i = 0; i < bytes.size(); ++i)
     start = static_cast<std::uint16_t>(start >> 8 ^ kAhead16[0][(start ^ at(i)) & 0xFF]);
   return start;

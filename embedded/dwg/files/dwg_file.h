@@ -98,8 +98,8 @@ class DwgFile {
   std::optional<std::int64_t> measurement() const;
 
   // The whole file with the changes, piece by piece. Without any: byte for byte as it is. Objects and
-  // sections that do not change keep their bytes. Failures, after which what was written is no file: an object
-  // too large for its size field, a handle that is 0 or given twice, erasing what is not there.
+  // sections that do not change keep their bytes. Failures, after which what was written is no file: an
+  // object too large for its size field, a handle that is 0 or given twice, erasing what is not there.
   virtual base::Status writeTo(const FileChanges& changes, Sink& sink) const = 0;
   base::Result<std::string> write(const FileChanges& changes) const;
 

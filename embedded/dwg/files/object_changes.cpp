@@ -16,13 +16,18 @@ constexpr std::size_t kLargestObject = (std::size_t{1} << 30) - 1;
 
 using Number = std::uint32_t;
 
-// The numbers of changes by handle.
-std::vector<Number> byHandle(const ObjectContents& contents) {
-  std::vector<Number> order(contents.count());
-  std::iota(order.begin(), order.end(), 0U);
-  const auto handle = [&](Number number) { return contents.handle(number); };
-  if (!std::ranges::is_sorted(order, {}, handle)) std::ranges::sort(order, {}, handle);
-  return order;
+struct Change {
+  Handle handle = 0;
+  Number number = 0;
+};
+
+std::vector<Change> byHandle(const ObjectContents& contents) {
+  std::vector<Change> changes;
+  changes.reserve(contents.count());
+  for (Number number = 0; number < contents.count(); ++number)
+    changes.push_back({contents.handle(number), number});
+  if (!std::ranges::is_sorted(changes, {}, &Change::handle)) std::ranges::sort(changes, {}, &Change::handle);
+  return changes;
 }
 
 std::uint64_t endOf(const DwgFile& file, const ObjectPlace& place) {
@@ -100,7 +105,7 @@ std::string_view ObjectContents::whole(std::uint32_t number) const {
     status_ = refused(handle(number), L"The object is too large or empty");
     return {};
   }
-  BitWriter sizes;
+  BitWriter sizes(std::move(whole_));
   sizes.ms(static_cast<std::uint32_t>(object.data.size()));
   if (file_.version() >= Version::kR2010) sizes.umc(object.handleBits);
   whole_ = sizes.take();
@@ -119,8 +124,7 @@ base::Result<ObjectChanges> ObjectChanges::plan(const DwgFile& file, const Objec
   std::string appended;
   std::size_t at = 0;
   Handle last = 0;
-  for (const Number number : byHandle(contents)) {
-    const Handle handle = contents.handle(number);
+  for (const auto& [handle, number] : byHandle(contents)) {
     while (at < places.size() && places[at].handle < handle) ++at;
     const bool isKnown = at < places.size() && places[at].handle == handle;
     const bool isErased = contents.isErased(number), inPlace = isKnown && !isShared[at];

@@ -23,8 +23,8 @@ class ObjectContents {
   }
   Handle handle(std::uint32_t number) const;
   bool isErased(std::uint32_t number) const;
-  // With its size and its CRC, which of a damaged object stays wrong; of an erased object, and one that fails,
-  // nothing. Valid until the next call.
+  // With its size and its CRC, which of a damaged object stays wrong; of an erased object, and one that
+  // fails, nothing. Valid until the next call.
   std::string_view whole(std::uint32_t number) const;
   // Of an object that cannot be written.
   const base::Status& status() const { return status_; }

@@ -4,6 +4,7 @@
 
 #include "embedded/drawing/handle_text.h"
 #include "embedded/dwg/bits/bit_reader.h"
+#include "embedded/dwg/bits/bit_writer.h"
 #include "embedded/dwg/bits/crc.h"
 #include "embedded/dwg/files/raw_values.h"
 
@@ -70,21 +71,22 @@ base::Result<ObjectMap> readObjectMap(std::string_view section, std::uint64_t pl
 }
 
 void ObjectMapWriter::add(const ObjectPlace& place) {
-  BitWriter pair = pairBehindLast(place);
-  if (2 + page_.size() + pair.bytes().size() > kMostOfPage) {
+  const std::size_t before = page_.size();
+  appendBehindLast(place);
+  if (2 + page_.size() > kMostOfPage) {
+    page_.resize(before);
     close();
-    pair = pairBehindLast(place);
+    appendBehindLast(place);
   }
-  page_ += pair.bytes();
   last_ = place;
   if (2 + page_.size() >= kFullPage) close();
 }
 
-BitWriter ObjectMapWriter::pairBehindLast(const ObjectPlace& place) const {
+void ObjectMapWriter::appendBehindLast(const ObjectPlace& place) {
   BitWriter pair;
   pair.umc(place.handle - last_.handle);
   pair.mc(static_cast<std::int64_t>(place.offset - last_.offset));
-  return pair;
+  page_ += pair.bytes();
 }
 
 void ObjectMapWriter::close() {

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "base/result.h"
-#include "embedded/dwg/bits/bit_writer.h"
 #include "embedded/dwg/files/dwg_file.h"
 
 namespace cad::dwg {
@@ -28,7 +27,7 @@ class ObjectMapWriter {
   std::string take();
 
  private:
-  BitWriter pairBehindLast(const ObjectPlace& place) const;
+  void appendBehindLast(const ObjectPlace& place);
   void close();
 
   std::string map_, page_;

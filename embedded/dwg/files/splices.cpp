@@ -109,8 +109,8 @@ void Splices::apply(std::string_view bytes, std::uint64_t begin, std::uint64_t e
   const auto copyTo = [&](std::uint64_t to) {
     if (to > at) sink(bytes.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(to - at)));
   };
-  const auto first = static_cast<std::size_t>(std::ranges::lower_bound(splices_, begin, {}, &Splice::at) -
-                                              splices_.begin());
+  const auto first =
+      static_cast<std::size_t>(std::ranges::lower_bound(splices_, begin, {}, &Splice::at) - splices_.begin());
   // What is put in at the end of all bytes belongs to them.
   const bool isAll = end == bytes.size();
   for (std::size_t i = first; i < splices_.size() && (splices_[i].at < end || isAll); ++i) {

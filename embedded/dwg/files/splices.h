@@ -22,8 +22,8 @@ class Splices {
   void reserve(std::size_t more) { splices_.reserve(splices_.size() + more + 16); }
   // To be called when all are given and before everything below. False: two overlap, or one has 4 gigabytes.
   bool arrange();
-  // How long those with a number are, is known once they are applied, or measured. What is told below holds for
-  // what stands before the first that is not.
+  // How long those with a number are, is known once they are applied, or measured. What is told below holds
+  // for what stands before the first that is not.
   void measure(const BytesOf& bytesOf);
   bool empty() const { return splices_.empty(); }
 

@@ -62,6 +62,14 @@ void expectOwnFields(const ObjectFrame& frame, const Fields& fields) {
         << field.name;
     EXPECT_TRUE(same(found->value, field.value)) << field.name;
   }
+  for (const std::string_view name : {"block", "dimension style"}) {
+    const auto reference = ownReference(frame, head, name);
+    if (reference) {
+      EXPECT_EQ(reference->absolute(frame.handle), fields.handle(name)) << name;
+    }
+    const bool isMuchAsked = frame.type.name == "INSERT" || frame.type.name == "DIMENSION";
+    EXPECT_EQ(reference.has_value(), isMuchAsked && fields.handle(name)) << name;
+  }
   const auto none = findOwnField(frame, head.dataEnd, head.handlesEnd, "no such field");
   EXPECT_TRUE(none && std::holds_alternative<std::monostate>(none->value));
 }
