@@ -17,10 +17,8 @@ bool isReadable(const DwgFile& file, const std::vector<FileClass>& classes, cons
 DamagedObjects findDamage(const DwgFile& file, const std::vector<FileClass>& classes,
                           const std::vector<Record>& records) {
   DamagedObjects damage;
-  for (const ObjectPlace& place : file.places()) {
-    const base::Result<ObjectBytes> object = file.objectAt(place.offset);
-    if (object.ok() && !object.value().crcHolds()) damage.withWrongChecksum.push_back(place.handle);
-  }
+  for (const ObjectPlace& place : file.places())
+    if (!file.objectOf(place).crcHolds()) damage.withWrongChecksum.push_back(place.handle);
   for (const Record& record : records) {
     if (record.kind != RecordKind::kOther) continue;
     const ObjectPlace& place = file.places()[static_cast<std::size_t>(record.offset)];

@@ -40,7 +40,7 @@ class EntitySplicer {
       if (edits_[i].at == head_.sizeAt)
         whole.rl(static_cast<std::uint32_t>(handleBegin));
       else
-        whole.copy(bits_.bytes(), edits_[i].begin, edits_[i].end);
+        whole.copy(bits_, edits_[i].begin, edits_[i].end);
       at = edits_[i].at.end;
     }
     whole.copy(frame_.data, at, frame_.handleEnd);

@@ -37,12 +37,12 @@ bool dropsTrueColor(const DwgStorage& storage, const Record& record, Property pr
 }
 
 // What rules make of values that may be damaged is not to be trusted.
-base::Status checkUndamaged(const DwgStorage& storage, const Record& record) {
+bool isDamaged(const DwgStorage& storage, const Record& record) {
   const DamagedObjects& damage = storage.facts().damage;
-  if (damage.withWrongChecksum.empty() || !damage.hasWrongChecksum(storage.handle(record).value_or(0)))
-    return {};
-  return base::Failure{{}, L"The object is damaged: its checksum is wrong"};
+  return !damage.withWrongChecksum.empty() && damage.hasWrongChecksum(storage.handle(record).value_or(0));
 }
+
+base::Failure damaged() { return {{}, L"The object is damaged: its checksum is wrong"}; }
 
 bool hasNoCharacter(const StoredValue& value) {
   const auto* text = std::get_if<std::string>(&value);
@@ -167,7 +167,7 @@ base::Result<EditId> DwgStorage::changed(const Record& record, const FieldChange
   const bool isSame =
       written.value().data == present.data && written.value().handleBits == present.handleBits;
   if (isSame) return record.edits;
-  if (const base::Status status = checkUndamaged(*this, record); !status) return status.failure();
+  if (isDamaged(*this, record)) return damaged();
   return stateBehind(record, written.value());
 }
 
@@ -189,7 +189,7 @@ bool DwgStorage::fits(const Record& record, EntityValues& values) const {
 
 std::optional<base::Result<EditId>> DwgStorage::changed(const Record& record, EntityValues values) {
   if (!fits(record, values)) return std::nullopt;
-  if (const base::Status status = checkUndamaged(*this, record); !status) return status.failure();
+  if (isDamaged(*this, record)) return damaged();
   ValueState state = states_.values(record.edits);
   state.values.take(values);
   return states_.add(state);
@@ -209,9 +209,10 @@ std::optional<Value> DwgStorage::firstAngle(const Record& record, const Property
 bool DwgStorage::isSame(const Drawing& drawing, const Record& record, const PropertyField& place,
                         const StoredValue& value) const {
   // Of a plain entity its signature tells it.
-  if (isPlain(record) && place.property == Property::kColorIndex)
+  const bool isColor = place.property == Property::kColorIndex;
+  if (isColor && isPlain(record))
     return drawing.signature(record.signature).color == std::get<std::int64_t>(value);
-  if (isPlain(record) && place.property == Property::kLayer) {
+  if (place.property == Property::kLayer && isPlain(record)) {
     const auto* layer = std::get_if<Reference>(&value);
     if (layer != nullptr && drawing.signature(record.signature).layer != drawing.recordName(layer->record))
       return false;

@@ -10,17 +10,6 @@ constexpr unsigned kLongestModular = 9;  // bytes with seven bits each that stil
 
 }  // namespace
 
-BitReader::BitReader(std::string_view bytes, std::uint64_t begin, std::uint64_t end)
-    : bytes_(bytes), at_(begin), end_(end) {
-  constexpr std::size_t kWord = sizeof(std::uint64_t);
-  if (begin > end || end > std::uint64_t{bytes.size()} * 8) {
-    at_ = end_ = 0;
-    fail();
-  } else if (bytes.size() >= kWord) {
-    quickEnd_ = end, lastWord_ = bytes.size() - kWord;
-  }
-}
-
 void BitReader::seek(std::uint64_t bit) {
   if (bit > end_) {
     fail();

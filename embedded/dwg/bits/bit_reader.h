@@ -78,6 +78,17 @@ class BitReader {
   bool failed_ = false;
 };
 
+inline BitReader::BitReader(std::string_view bytes, std::uint64_t begin, std::uint64_t end)
+    : bytes_(bytes), at_(begin), end_(end) {
+  constexpr std::size_t kWord = sizeof(std::uint64_t);
+  if (begin > end || end > std::uint64_t{bytes.size()} * 8) {
+    at_ = end_ = 0;
+    fail();
+  } else if (bytes.size() >= kWord) {
+    quickEnd_ = end, lastWord_ = bytes.size() - kWord;
+  }
+}
+
 // What almost every field is read by.
 inline std::uint16_t BitReader::rs() {
   const auto value = static_cast<std::uint16_t>(bits(16));
@@ -118,11 +129,12 @@ inline std::int32_t BitReader::bl() {
 
 inline HandleReference BitReader::h() {
   HandleReference reference;
-  reference.code = static_cast<std::uint8_t>(bits(4));
-  reference.size = static_cast<std::uint8_t>(bits(4));
+  const auto head = static_cast<unsigned>(bits(8));
+  reference.code = static_cast<std::uint8_t>(head >> 4);
+  reference.size = static_cast<std::uint8_t>(head & 0xF);
   if (reference.size > 8) fail();
   if (failed_) return {};
-  reference.value = bits(reference.size * 8U);
+  if (reference.size > 0) reference.value = bits(reference.size * 8U);
   return failed_ ? HandleReference() : reference;
 }
 

@@ -40,20 +40,30 @@ void BitWriter::bits(std::uint64_t value, unsigned count) {
 
 void BitWriter::copy(std::string_view source, std::uint64_t begin, std::uint64_t end) {
   constexpr std::uint64_t kBits = 64, kAtOnce = 56;
-  BitReader reader(source, begin, end);
-  needRoom(reader.left());
-  if (((size_ ^ begin) & 7) == 0) {
-    const auto toByte = static_cast<unsigned>(std::min(reader.left(), (8 - (size_ & 7)) & 7));
-    bits(reader.bits(toByte), toByte);
-    const auto length = static_cast<std::size_t>(reader.left() / 8);
-    source.copy(bytes_.data() + size_ / 8, length, static_cast<std::size_t>(reader.position() / 8));
-    size_ += std::uint64_t{length} * 8;
-    reader.skip(std::uint64_t{length} * 8);
+  if (begin > end || end > std::uint64_t{source.size()} * 8) return;
+  needRoom(end - begin);
+  if (((size_ ^ begin) & 7) == 0 && end - begin > kBits) {
+    const auto toByte = static_cast<unsigned>((8 - (size_ & 7)) & 7);
+    put(BitReader(source, begin, end).bits(toByte) << 1 << (kBits - 1 - toByte), toByte);
+    begin += toByte;
+    const std::uint64_t length = (end - begin) / 8;
+    source.copy(bytes_.data() + size_ / 8, static_cast<std::size_t>(length), static_cast<std::size_t>(begin / 8));
+    size_ += length * 8, begin += length * 8;
   }
-  while (reader.left() > 0) {
+  for (; end - begin >= kAtOnce && begin / 8 + kWord <= source.size(); begin += kAtOnce) {
+    const std::uint64_t word = bigEndianAt(source.data() + begin / 8) << (begin & 7);
+    put(word >> 8 << 8, kAtOnce);
+  }
+  if (begin == end) return;
+  for (BitReader reader(source, begin, end); reader.left() > 0;) {
     const auto count = static_cast<unsigned>(std::min(reader.left(), kAtOnce));
     put(reader.bits(count) << (kBits - count), count);
   }
+}
+
+void BitWriter::clear() {
+  std::fill_n(bytes_.begin(), usedBytes(), '\0');
+  size_ = 0;
 }
 
 void BitWriter::rs(std::uint16_t value) { bits(swapped(value), 16); }

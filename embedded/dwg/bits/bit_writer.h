@@ -27,11 +27,15 @@ class BitWriter {
   // What was written; the last byte is filled up with zeros.
   std::string_view bytes() const { return std::string_view(bytes_).substr(0, usedBytes()); }
   std::string take();
+  void clear();  // what was written; its memory is used again
   void alignToByte() { size_ = (size_ + 7) / 8 * 8; }
   void reserve(std::size_t bytes) { needRoom(std::uint64_t{bytes} * 8); }
 
   // The bits from `begin` to `end` of `source`, which must have them.
   void copy(std::string_view source, std::uint64_t begin, std::uint64_t end);
+  void copy(const BitWriter& source, std::uint64_t begin, std::uint64_t end) {
+    copy(source.bytes_, begin, end);
+  }
   void copy(const BitWriter& source) { copy(source.bytes_, 0, source.size_); }
 
   void b(bool value) { bits(value ? 1 : 0, 1); }

@@ -4,7 +4,6 @@
 #include <numeric>
 
 #include "embedded/drawing/handle_text.h"
-#include "embedded/dwg/bits/bit_writer.h"
 #include "embedded/dwg/bits/crc.h"
 #include "embedded/dwg/files/object_map.h"
 #include "embedded/dwg/files/raw_values.h"
@@ -61,6 +60,18 @@ const wchar_t* misfit(bool isErased, bool isRepeated, bool isKnown) {
   return isErased && !isKnown ? L"The drawing has no such object" : nullptr;
 }
 
+// As BitWriter's ms() and umc(), but whole bytes.
+void appendSizes(std::string& bytes, const ObjectBytes& object, Version version) {
+  constexpr std::size_t kMore = 0x8000;
+  const std::size_t size = object.data.size();
+  if (size >= kMore) appendRaw(bytes, static_cast<std::uint16_t>(size | kMore));
+  appendRaw(bytes, static_cast<std::uint16_t>(size < kMore ? size : size >> 15));
+  if (version < Version::kR2010) return;
+  std::uint64_t bits = object.handleBits;
+  for (; bits > 0x7F; bits >>= 7) bytes += static_cast<char>(bits | 0x80);
+  bytes += static_cast<char>(bits);
+}
+
 bool fits(const ObjectBytes& object) {
   return !object.data.empty() && object.data.size() <= kLargestObject &&
          object.handleBits <= object.data.size() * 8;
@@ -105,10 +116,8 @@ std::string_view ObjectContents::whole(std::uint32_t number) const {
     status_ = refused(handle(number), L"The object is too large or empty");
     return {};
   }
-  BitWriter sizes(std::move(whole_));
-  sizes.ms(static_cast<std::uint32_t>(object.data.size()));
-  if (file_.version() >= Version::kR2010) sizes.umc(object.handleBits);
-  whole_ = sizes.take();
+  whole_.clear();
+  appendSizes(whole_, object, file_.version());
   whole_ += object.data;
   appendRaw(whole_, static_cast<std::uint16_t>(crc16(kCrcStart, whole_) ^ crcError(number)));
   return whole_;

@@ -4,7 +4,6 @@
 
 #include "embedded/drawing/handle_text.h"
 #include "embedded/dwg/bits/bit_reader.h"
-#include "embedded/dwg/bits/bit_writer.h"
 #include "embedded/dwg/bits/crc.h"
 #include "embedded/dwg/files/raw_values.h"
 
@@ -83,10 +82,10 @@ void ObjectMapWriter::add(const ObjectPlace& place) {
 }
 
 void ObjectMapWriter::appendBehindLast(const ObjectPlace& place) {
-  BitWriter pair;
-  pair.umc(place.handle - last_.handle);
-  pair.mc(static_cast<std::int64_t>(place.offset - last_.offset));
-  page_ += pair.bytes();
+  pair_.clear();
+  pair_.umc(place.handle - last_.handle);
+  pair_.mc(static_cast<std::int64_t>(place.offset - last_.offset));
+  page_ += pair_.bytes();
 }
 
 void ObjectMapWriter::close() {

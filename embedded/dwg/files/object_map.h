@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/result.h"
+#include "embedded/dwg/bits/bit_writer.h"
 #include "embedded/dwg/files/dwg_file.h"
 
 namespace cad::dwg {
@@ -31,6 +32,7 @@ class ObjectMapWriter {
   void close();
 
   std::string map_, page_;
+  BitWriter pair_;
   ObjectPlace last_;  // of the page
 };
 
