@@ -46,7 +46,7 @@ class AtomicFile {
   virtual ~AtomicFile() = default;
   // Buffered; a large piece goes straight to the system. After a failed write commit() fails too.
   virtual void write(std::string_view bytes) = 0;
-  // Of what was written; write() goes on behind it.
+  // Of what was written; write() goes on at the end.
   virtual void overwrite(std::uint64_t at, std::string_view bytes) = 0;
   virtual Status commit() = 0;
 };

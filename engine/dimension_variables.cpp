@@ -46,7 +46,8 @@ template <class Set>
 Status writeArrow(AcDbDimension& dimension, const DimensionValue& value, Set set) {
   const std::wstring& name = textOf(value);
   const Status status = set(name.c_str());
-  if (status == Acad::eOk || status == Acad::eNotApplicable || !name.starts_with(L'_')) return status;
+  const bool isFinal = status == Acad::eOk || status == Acad::eNotApplicable || status == Acad::eFilerError;
+  if (isFinal || !name.starts_with(L'_')) return status;
   AcDbObjectId block;
   const bool isMade = AcDmUtil::getArrowId(name.c_str() + 1, block, dimension.database()) == Acad::eOk;
   return isMade ? set(block) : status;

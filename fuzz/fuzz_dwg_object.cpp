@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 
+#include "embedded/dwg/entity_changes.h"
 #include "embedded/dwg/fields/extended_data.h"
 #include "embedded/dwg/fields/object_fields.h"
 #include "fuzz/input.h"
@@ -48,6 +49,20 @@ void change(const ObjectFrame& frame, const Fields& fields) {
   fuzz::require(rewritten(restored, frame.version, there).data == moved.data, "the same change again");
 }
 
+void changeValues(const ObjectFrame& frame) {
+  EntityValues values;
+  values.layer = 0x12345, values.linetypeScale = 2.5;
+  values.color = std::int16_t{3}, values.invisible = std::int16_t{1};
+  if (frame.version >= kR2000) values.linetypeKind = LinetypeKind::kNamed, values.linetype = 0x77;
+  const EntityHead head = readEntityHead(frame);
+  if (!fit(values, frame.version, head)) return;
+  const auto written = rewrite(frame, asFields(values, frame.version));
+  fuzz::require(written.ok(), "an intact entity takes values");
+  const WrittenObject now = changeEntity(frame, head, values);
+  fuzz::require(now.data == written.value().data && now.handleBits == written.value().handleBits,
+                "values come among the bits as fields do");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -67,5 +82,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (const auto extended = readExtendedData(frame.value()); extended.ok())
     for (const ExtendedData& one : extended.value()) (void)decodeExtended(one.bytes, version);
   if (fields.intact()) change(frame.value(), fields);
+  if (fields.intact() && frame.value().type.isEntity) changeValues(frame.value());
   return 0;
 }

@@ -1,6 +1,7 @@
 #include "embedded/dwg/dwg_storage.h"
 
 #include <algorithm>
+#include <cassert>
 #include <utility>
 
 #include "embedded/drawing/stored_text.h"
@@ -44,6 +45,7 @@ ObjectBytes DwgStorage::object(const Record& record) const {
 ObjectBytes DwgStorage::object(const Record& record, std::string& buffer) const {
   if (states_.isOfValues(record.edits)) {
     const Entity* const entity = this->entity(record);
+    assert(entity != nullptr);  // no other record is given values
     WrittenObject now = changeEntity(entity->frame, entity->head, entity->values, std::move(buffer));
     buffer = std::move(now.data);
     ObjectBytes bytes;

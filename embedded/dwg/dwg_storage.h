@@ -33,7 +33,7 @@ struct FileRecords {
   std::unordered_map<Handle, Handle> entryOfBlock, beginOfEntry;  // by handles
   std::unordered_map<Handle, std::uint32_t> indexOfEntry;         // in its table
   std::unordered_map<Table, RecordId> control;
-  std::unordered_map<Handle, std::string> names;  // of the blocks' table entries, as they are stored
+  std::unordered_map<Handle, std::string> names;  // of the blocks' table entries, as firstName() gives them
 };
 
 struct NewObject {
@@ -198,7 +198,7 @@ class DwgStorage final : public RecordStorage {
   };
   // The record's state with these fields changed; its own when nothing is different.
   base::Result<EditId> changed(const Record& record, const FieldChanges& changes);
-  // The same with these values; nullopt: they do not fit, and are to be changed as fields.
+  // With these values, which are not all its own; nullopt: they do not fit, and are to be changed as fields.
   std::optional<base::Result<EditId>> changed(const Record& record, EntityValues values);
   bool fits(const Record& record, EntityValues& values) const;  // finds the place of a height
   // Its bits are the file's, and what is set of it besides its height fits without looking at them.

@@ -54,7 +54,7 @@ class EntitySplicer {
     BitSpan at;
     std::uint64_t begin = 0, end = 0;  // of what comes there, among bits_
   };
-  static constexpr std::size_t kMostEdits = 9;  // a value each, and the size
+  static constexpr std::size_t kMostEdits = EntityValues::kCount + 1;  // and the size
   static constexpr std::size_t kMostAdded = 64;
 
   bool since(Version version) const { return frame_.version >= version; }

@@ -8,8 +8,8 @@ namespace cad::dwg {
 // The values by the names of their fields.
 FieldChanges asFields(const EntityValues& values, Version version);
 
-// Whether an entity can have the values: one of the version, whose colour is plain where it holds together;
-// and this one. A height, which only texts are given, must stand where it says.
+// Whether every plain entity (kPlainEntity) of the version can have the values, and whether this one can. The
+// height, which is a text's, must tell where it stands.
 bool fit(const EntityValues& values, Version version);
 bool fit(const EntityValues& values, Version version, const EntityHead& head);
 

@@ -28,11 +28,15 @@ struct EntityValues {
   std::optional<TextHeight> height;
   bool operator==(const EntityValues&) const = default;
 
-  // References to all of them.
+  static constexpr std::size_t kCount = 8;
+  // References to all of them, which can be copied byte by byte.
   template <class Values>
   static auto all(Values& values) {
-    return std::tie(values.layer, values.linetypeKind, values.linetype, values.color, values.invisible,
-                    values.lineWeight, values.linetypeScale, values.height);
+    const auto references =
+        std::tie(values.layer, values.linetypeKind, values.linetype, values.color, values.invisible,
+                 values.lineWeight, values.linetypeScale, values.height);
+    static_assert(std::tuple_size_v<decltype(references)> == kCount);
+    return references;
   }
   // The newer ones count.
   void take(const EntityValues& newer) {

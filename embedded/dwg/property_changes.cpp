@@ -1,6 +1,7 @@
 // Setting typed properties.
 
 #include <algorithm>
+#include <cassert>
 #include <cmath>
 #include <string>
 
@@ -61,7 +62,7 @@ base::Result<RecordId> referredTo(Drawing& drawing, Property property, const Sto
   return id;
 }
 
-LinetypeKind linetypeKindOf(const Drawing& drawing, RecordId linetype, bool hasFlags) {
+LinetypeKind linetypeKindFor(const Drawing& drawing, RecordId linetype, bool hasFlags) {
   const std::wstring& folded = drawing.names().folded(drawing.recordName(linetype));
   if (folded == L"BYLAYER") return LinetypeKind::kByLayer;
   if (folded == L"BYBLOCK" && hasFlags) return LinetypeKind::kByBlock;
@@ -82,7 +83,7 @@ base::Result<EntityValues> entityValues(Drawing& drawing, Version version, Prope
       if (!named.ok()) return named.failure();
       const Handle handle = drawing.handle(named.value()).value_or(0);
       if (property == Property::kLayer) return values.layer = handle, values;
-      values.linetypeKind = linetypeKindOf(drawing, named.value(), version >= Version::kR2000);
+      values.linetypeKind = linetypeKindFor(drawing, named.value(), version >= Version::kR2000);
       if (values.linetypeKind == LinetypeKind::kNamed) values.linetype = handle;
       return values;
     }
@@ -105,6 +106,7 @@ base::Result<EntityValues> entityValues(Drawing& drawing, Version version, Prope
       values.height = TextHeight{*real, {}, false};
       return values;
     default:
+      assert(!"a value of entities");
       return values;
   }
 }
@@ -131,9 +133,19 @@ bool isReference(const PropertyField& place) {
 
 // What EntityValues have; a block's layer is changed as an entity's is.
 bool isEntityValue(RecordKind kind, Property property) {
-  if (property == Property::kLayer || property == Property::kTextHeight) return true;
-  const bool isEntity = kind == RecordKind::kEntity || kind == RecordKind::kSubEntity;
-  return isEntity && property <= Property::kInvisible && property != Property::kTransparency;
+  switch (property) {
+    case Property::kLayer:
+    case Property::kTextHeight:
+      return true;
+    case Property::kLinetype:
+    case Property::kColorIndex:
+    case Property::kLineWeight:
+    case Property::kLinetypeScale:
+    case Property::kInvisible:
+      return kind == RecordKind::kEntity || kind == RecordKind::kSubEntity;
+    default:
+      return false;
+  }
 }
 
 void changePlain(const DwgStorage& storage, const PropertyField& place, const StoredValue& value,

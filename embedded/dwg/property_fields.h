@@ -16,7 +16,7 @@ enum class FieldForm : std::uint8_t {
   kReference,  // to a table's record
   kBlock,      // to a block, by its table's entry
   kEntry,      // stands in the block's table entry
-  kSpecial,    // see special_properties.h
+  kSpecial,    // see special_properties.h; of entities what EntityValues have is set as these
 };
 
 struct PropertyField {

@@ -14,6 +14,7 @@ constexpr std::size_t kLongestNumber = 10;
 constexpr unsigned kPlaceBits = 16;
 constexpr std::size_t kChunk = std::size_t{1} << kPlaceBits, kMostChunks = kChunk;
 static_assert(kNoEdit == 0 && sizeof(EditId) == 4);
+static_assert(EntityValues::kCount <= 8, "each has a bit of one byte");
 
 // Seven bits in a byte, the lowest first.
 void put(char*& at, std::uint64_t value) {
@@ -36,20 +37,23 @@ bool StateStore::isLast(EditId state) const {
   return state != kNoEdit && difference(state).depth == kDeepest;
 }
 
-EditId StateStore::add(EditId from, std::string_view base, std::string_view data, std::uint64_t handleBits) {
+EditId StateStore::add(EditId from, std::string_view present, std::string_view data,
+                       std::uint64_t handleBits) {
   const std::uint64_t depth = from == kNoEdit ? 1 : difference(from).depth + 1;
-  const std::size_t most = std::min(base.size(), data.size());
+  const std::size_t most = std::min(present.size(), data.size());
   const auto begin = static_cast<std::size_t>(
-      std::mismatch(base.begin(), base.begin() + static_cast<std::ptrdiff_t>(most), data.begin()).first -
-      base.begin());
+      std::mismatch(present.begin(), present.begin() + static_cast<std::ptrdiff_t>(most), data.begin())
+          .first -
+      present.begin());
   std::size_t same = 0;  // at the end
-  while (same < most - begin && base[base.size() - 1 - same] == data[data.size() - 1 - same]) ++same;
+  while (same < most - begin && present[present.size() - 1 - same] == data[data.size() - 1 - same]) ++same;
   const std::string_view bytes = data.substr(begin, data.size() - same - begin);
 
   char head[6 * kLongestNumber];
   char* end = head;
-  for (const std::uint64_t number : {std::uint64_t{from}, depth, handleBits, std::uint64_t{begin},
-                                     std::uint64_t{base.size() - same - begin}, std::uint64_t{bytes.size()}})
+  for (const std::uint64_t number :
+       {std::uint64_t{from}, depth, handleBits, std::uint64_t{begin},
+        std::uint64_t{present.size() - same - begin}, std::uint64_t{bytes.size()}})
     put(end, number);
   const auto length = static_cast<std::size_t>(end - head);
   const EditId state = room(length + bytes.size());

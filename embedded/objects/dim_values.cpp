@@ -127,8 +127,8 @@ Acad::ErrorStatus setDimName(AcDbObject& object, const DimVariableInfo& info, co
   const Drawing& drawing = *ObjectAccess::drawing(object);
   if (!info.existsIn(drawing.facts().version)) return Acad::eNotApplicable;
   const RecordId record = findNamed(drawing, info, wanted);
-  return record == kNoRecord ? Acad::eKeyNotFound
-                             : setDimId(object, info, ObjectAccess::state(object)->id(record));
+  if (record == kNoRecord) return refusal(drawing, ObjectAccess::record(object), Acad::eKeyNotFound);
+  return setDimId(object, info, ObjectAccess::state(object)->id(record));
 }
 
 Acad::ErrorStatus setDimColor(AcDbObject& object, const DimVariableInfo& info, const AcCmColor& value) {

@@ -88,8 +88,8 @@ Acad::ErrorStatus refusal(const Drawing& drawing, RecordId record, Acad::ErrorSt
 Acad::ErrorStatus outcome(const Drawing& drawing, RecordId record, Property property,
                           const base::Status& status) {
   if (status) return Acad::eOk;
-  const bool canHold = drawing.canHold(record, property);
-  return refusal(drawing, record, canHold ? Acad::eInvalidInput : Acad::eNotApplicable);
+  if (!drawing.canHold(record, property)) return Acad::eNotApplicable;
+  return refusal(drawing, record, Acad::eInvalidInput);
 }
 
 Acad::ErrorStatus writeReal(AcDbObject& object, Property property, double value) {

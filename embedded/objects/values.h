@@ -26,8 +26,8 @@ Acad::ErrorStatus writeId(AcDbObject& object, Property property, Table table, Ac
 Acad::ErrorStatus checkWritable(const AcDbObject& object);
 // Of a setter of the drawing that failed: eFilerError when the object is damaged, else `otherwise`.
 Acad::ErrorStatus refusal(const Drawing& drawing, RecordId record, Acad::ErrorStatus otherwise);
-// What a setter of the drawing came to: refusal(), with eNotApplicable when the record or the drawing's
-// version cannot hold the property, else with eInvalidInput.
+// What a setter of the drawing came to: eNotApplicable when the record or the drawing's version cannot hold
+// the property, else refusal() with eInvalidInput.
 Acad::ErrorStatus outcome(const Drawing& drawing, RecordId record, Property property,
                           const base::Status& status);
 

@@ -72,9 +72,8 @@ class BitReader {
 
   std::string_view bytes_;
   std::uint64_t at_ = 0, end_ = 0;
-  std::uint64_t quickEnd_ =
-      0;                      // the end of what words have that are whole; 0: it failed, or there is no word
-  std::size_t lastWord_ = 0;  // where that begins
+  std::uint64_t quickEnd_ = 0;  // end_; 0: the reader failed, or the bytes are no whole word
+  std::size_t lastWord_ = 0;    // the byte where the last whole word begins
   bool failed_ = false;
 };
 

@@ -149,6 +149,7 @@ base::Result<ObjectChanges> ObjectChanges::plan(const DwgFile& file, const Objec
       appended += contents.whole(number);
     }
   }
+  if (!contents.status()) return contents.status().failure();
   if (!appended.empty()) splices.add(plan.end_, 0, std::move(appended));
   return plan;
 }

@@ -104,10 +104,10 @@ void Splices::measure(const BytesOf& bytesOf) {
 }
 
 void Splices::apply(std::string_view bytes, std::uint64_t begin, std::uint64_t end, const BytesOf& bytesOf,
-                    const Sink& sink) {
+                    const Write& write) {
   std::uint64_t at = begin;
   const auto copyTo = [&](std::uint64_t to) {
-    if (to > at) sink(bytes.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(to - at)));
+    if (to > at) write(bytes.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(to - at)));
   };
   const auto first =
       static_cast<std::size_t>(std::ranges::lower_bound(splices_, begin, {}, &Splice::at) - splices_.begin());
@@ -115,7 +115,7 @@ void Splices::apply(std::string_view bytes, std::uint64_t begin, std::uint64_t e
   const bool isAll = end == bytes.size();
   for (std::size_t i = first; i < splices_.size() && (splices_[i].at < end || isAll); ++i) {
     copyTo(splices_[i].at);
-    sink(this->bytesOf(splices_[i], bytesOf));
+    write(this->bytesOf(splices_[i], bytesOf));
     at = splices_[i].end();
   }
   copyTo(end);
@@ -124,7 +124,7 @@ void Splices::apply(std::string_view bytes, std::uint64_t begin, std::uint64_t e
 
 std::string Splices::applied(std::string_view bytes, const BytesOf& bytesOf) {
   std::string result;
-  result.reserve(bytes.size() + bytes.size() / 8 + static_cast<std::size_t>(growth()));
+  result.reserve(bytes.size() + bytes.size() / 8);
   apply(bytes, 0, bytes.size(), bytesOf, [&](std::string_view piece) { result += piece; });
   return result;
 }

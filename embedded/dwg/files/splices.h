@@ -11,7 +11,7 @@ namespace cad::dwg {
 
 class Splices {
  public:
-  using Sink = std::function<void(std::string_view)>;
+  using Write = std::function<void(std::string_view)>;
   // The bytes of one that was given by a number: the same with every call, valid until the next.
   using BytesOf = std::function<std::string_view(std::uint32_t number)>;
 
@@ -47,7 +47,7 @@ class Splices {
 
   // What stands from `begin` to `end`.
   void apply(std::string_view bytes, std::uint64_t begin, std::uint64_t end, const BytesOf& bytesOf,
-             const Sink& sink);
+             const Write& write);
   std::string applied(std::string_view bytes, const BytesOf& bytesOf = {});
 
  private:

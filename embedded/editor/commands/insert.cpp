@@ -156,7 +156,7 @@ base::Status place(HostState& state, const InsertedBlock& block, const InsertAns
 }
 
 // A program that inserts learns no reason: its user does, from what the host keeps.
-Outcome refuse(HostState& state, const base::Status& why) {
+Outcome refuseBlock(HostState& state, const base::Status& why) {
   report(why.failure());
   state.remarks.push_back(why.failure());
   return Outcome::kRefused;
@@ -171,7 +171,7 @@ Outcome runInsert(TokenReader& input, HostState& state) {
     return refuse(L"A block's name or a file is needed.");
   Drawing& drawing = state.documents.current()->drawing();
   base::Result<InsertedBlock> found = findBlock(drawing, name->text);
-  if (!found) return refuse(state, found.failure());
+  if (!found) return refuseBlock(state, found.failure());
   InsertedBlock& block = found.value();
   if (const Outcome outcome = askToRedefine(input, state, drawing, block); outcome != Outcome::kDone)
     return outcome;
@@ -179,12 +179,13 @@ Outcome runInsert(TokenReader& input, HostState& state) {
   std::shared_ptr<const Drawing> source;
   if (!block.file.empty()) {
     const auto loaded = readOnce(state.commandLine, block.file);
-    if (!loaded) return refuse(state, loaded.failure());
+    if (!loaded) return refuseBlock(state, loaded.failure());
     source = loaded.value();
   }
   // A program's block stays defined when the rest of its sequence comes to nothing.
   if (source && input.isComplete()) {
-    if (const base::Status defined = define(drawing, block, *source); !defined) return refuse(state, defined);
+    if (const base::Status defined = define(drawing, block, *source); !defined)
+      return refuseBlock(state, defined);
   }
   InsertAnswers answers;
   if (const Outcome outcome = readAnswers(input, answers); outcome != Outcome::kDone) return outcome;
@@ -196,10 +197,11 @@ Outcome runInsert(TokenReader& input, HostState& state) {
     return outcome;
 
   if (!block.file.empty()) {
-    if (const base::Status defined = define(drawing, block, *source); !defined) return refuse(state, defined);
+    if (const base::Status defined = define(drawing, block, *source); !defined)
+      return refuseBlock(state, defined);
   }
   const base::Status placed = place(state, block, answers, attributes);
-  return placed ? Outcome::kDone : refuse(state, placed);
+  return placed ? Outcome::kDone : refuseBlock(state, placed);
 }
 
 }  // namespace cad

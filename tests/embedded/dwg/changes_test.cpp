@@ -178,6 +178,46 @@ TEST_P(Changes, BackToTheOldValueGiveTheOldBits) {
   }
 }
 
+// Some of them are values over the bits, others make bits of all.
+TEST_P(Changes, OfOneEntityAreTakenBackOneByOne) {
+  const RecordId layer = drawing_->tableRecords(Table::kLayer).back();
+  const Setting settings[] = {{P::kColorIndex, std::int64_t{3}},
+                              {P::kLayer, Reference{layer}},
+                              {P::kTextString, std::string("x")},
+                              {P::kTextHeight, 7.25},
+                              {P::kColorIndex, std::int64_t{5}},
+                              {P::kTransparency, std::int64_t{0x02000040}},
+                              {P::kColorIndex, std::int64_t{6}},
+                              {P::kLinetypeScale, 2.5},
+                              {P::kTextHeight, 8.5},
+                              {P::kInvisible, std::int64_t{1}}};
+  const auto looks = [&](RecordId id) {
+    std::vector<StoredValue> values;
+    for (const Setting& setting : settings)
+      values.push_back(drawing_->storage().property(drawing_->record(id), setting.property));
+    return values;
+  };
+  std::size_t most = 0;
+  for (RecordId id = 0; id < drawing_->recordCount(); ++id) {
+    if (drawing_->record(id).kind != RecordKind::kEntity) continue;
+    std::vector<std::vector<StoredValue>> states = {looks(id)};
+    for (const auto& [property, value] : settings) {
+      if (!drawing_->canHold(id, property)) continue;
+      const EditId before = drawing_->record(id).edits;
+      expectOk(drawing_->setStored(id, property, value));
+      if (drawing_->record(id).edits != before) states.push_back(looks(id));
+    }
+    most = std::max(most, states.size());
+    for (; states.size() > 1; states.pop_back()) {
+      EXPECT_TRUE(looks(id) == states.back()) << drawing_->typeName(id) << ' ' << states.size();
+      ASSERT_TRUE(drawing_->undo());
+    }
+    EXPECT_TRUE(looks(id) == states.back()) << drawing_->typeName(id);
+  }
+  EXPECT_GE(most, 8U);
+  EXPECT_TRUE(isAsInFile());
+}
+
 // Overrides in the lists that are there, and typefaces.
 TEST_P(Changes, OfExtendedDataBackToTheOldValueGiveTheOldBits) {
   expectOk(drawing_->setDimVariable(firstOf(*drawing_, "DIMENSION"), dimRow("DIMTXT"), 4.5));

@@ -133,6 +133,7 @@ TEST_P(DwgFiles, WhatCannotBeWrittenIsRefused) {
   EXPECT_TRUE(refused({changed(0, "x")}));
   EXPECT_TRUE(refused({changed(3, "x"), changed(3, "y")}));
   EXPECT_TRUE(refused({changed(3, "")}));
+  EXPECT_TRUE(refused({changed(5000, "")}));
   EXPECT_TRUE(refused({ChangedObject{5, true, {}, 0}}));
   EXPECT_TRUE(refused({ChangedObject{3, false, "x", 9}}));
 }
@@ -262,6 +263,65 @@ TEST(DwgSecondHeader, FollowsInEachVersionAndStaysAsItCameWhenItIsDamaged) {
     std::string damaged = bytes;
     damaged[places.secondHeader + 30] ^= 1;
     EXPECT_EQ(behind(damaged), damaged.substr(places.secondHeader));
+  }
+}
+
+// The map stands before two objects at the end of the file, so that what it tells hangs from its own length.
+TEST(DwgObjectsBehindTheMap, AreChangedAndMovedAsTheOthers) {
+  for (const Version version : {Version::kR13, Version::kR14, Version::kR2000}) {
+    SmallDrawing drawing = smallDrawing(version);
+    SmallPlaces unused;
+    const std::string usual = locatedBytes(drawing, unused);
+    const auto before = readBytes(usual);
+    ASSERT_TRUE(before);
+    const auto pairsOf = [](std::span<const ObjectPlace> places) {
+      BitWriter pairs;
+      ObjectPlace last;
+      for (const ObjectPlace& place : places) {
+        pairs.umc(place.handle - last.handle);
+        pairs.mc(static_cast<std::int64_t>(place.offset - last.offset));
+        last = place;
+      }
+      return pairs.take();
+    };
+    const std::span<const ObjectPlace> places = before.value()->places();
+    std::vector<ObjectPlace> moved(places.begin(), places.end());
+    std::string behind;
+    for (const std::size_t number : {std::size_t{40}, moved.size() - 1}) {
+      moved[number].offset = usual.size() + 64 + behind.size();
+      behind += before.value()->objectOf(places[number]).whole;
+    }
+    drawing.spoil = [from = pairsOf(places), to = pairsOf(moved)](std::string& piece) {
+      if (piece == from) piece = to;
+    };
+    std::string bytes = locatedBytes(drawing, unused);
+    bytes.resize(usual.size() + 64);
+    bytes += behind;
+    const auto file = readBytes(bytes);
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file.value()->write({}).value(), bytes);
+    FileChanges changes;
+    changes.header = drawing.header + std::string(300, 'h');
+    const Handle last = moved.back().handle;
+    changes.objects = {{30, false, std::string(5000, 'a'), 0},
+                       {moved[40].handle, false, "shorter", 0},
+                       {last, false, std::string(200, 'l'), 0},
+                       {33, true, {}, 0},
+                       {last + 5, false, "new", 0}};
+    const auto written = file.value()->write(changes);
+    ASSERT_TRUE(written) << base::toUtf8(written.failure().text());
+    const auto now = readBytes(written.value());
+    ASSERT_TRUE(now) << base::toUtf8(now.failure().text());
+    EXPECT_EQ(now.value()->places().size(), moved.size());
+    for (const ObjectPlace& place : now.value()->places()) {
+      const ObjectBytes object = now.value()->objectOf(place);
+      const auto change = std::ranges::find(changes.objects, place.handle, &ChangedObject::handle);
+      EXPECT_TRUE(object.crcHolds());
+      EXPECT_EQ(object.data, change != changes.objects.end()
+                                 ? std::string_view(change->data)
+                                 : file.value()->objectOf(*file.value()->find(place.handle)).data);
+    }
+    EXPECT_EQ(now.value()->write({}).value(), written.value());
   }
 }
 
