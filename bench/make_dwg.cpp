@@ -11,7 +11,6 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "embedded/dwg/fields/header_fields.h"
 #include "embedded/dwg/fields/object_fields.h"
 #include "tests/embedded/dwg/small_files.h"
 
@@ -296,14 +295,12 @@ class Maker {
 
   // The objects are added to a file that has a header and one object of no meaning.
   std::string written() {
-    constexpr std::size_t kAmple = 8000;
     FieldChanges variables;
     variables.setHandle("HANDSEED", 0xFFFFFF);
     variables.set("TILEMODE", true);
-    const auto header = rewriteHeader(std::string(kAmple, '\0'), Version::kR2000, variables);
     SmallDrawing seed;
     seed.classes.clear();
-    seed.header = header.value();
+    seed.header = headerSection(Version::kR2000, variables);
     seed.objects = {{1, changes_.objects.front().data}};
     const auto file = readBytes(bytesOf(seed));
     if (!file.ok()) throw std::runtime_error("the file cannot be made");
