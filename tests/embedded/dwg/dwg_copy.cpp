@@ -128,12 +128,14 @@ class Copy {
     handles_.resize(source_.recordCount());
     for (RecordId id = 0; id < source_.recordCount(); ++id) {
       const Handle own = source_.handle(id).value_or(0);
-      if (own != 0 && source_.record(id).kind != RecordKind::kTable && taken_.insert(own).second)
-        handles_[id] = own;
+      if (own == 0 || !taken_.insert(own).second) continue;
+      handles_[id] = own;
+      if (source_.record(id).kind == RecordKind::kTable) control_[source_.record(id).table] = own;
     }
     for (Handle& handle : handles_)
       if (handle == 0) handle = freeHandle();
-    for (const auto& [table, control] : kControls) control_[table] = freeHandle();
+    for (const auto& [table, control] : kControls)
+      if (control_[table] == 0) control_[table] = freeHandle();
     for (const RecordId block : source_.tableRecords(Table::kBlock)) {
       const RecordId entry = source_.find(Table::kBlockRecord, source_.recordName(block));
       entry_[block] = entry == kNoRecord ? freeHandle() : handles_[entry];
@@ -256,10 +258,12 @@ class Copy {
                 FieldChanges& of) {
     for (std::size_t i = 0; i < entities.size(); ++i) {
       FieldChanges values;
-      if (!since(Version::kR2004)) {
+      const Handle own = handles_[entities[i]], previous = i == 0 ? 0 : handles_[entities[i - 1]],
+                   next = i + 1 == entities.size() ? 0 : handles_[entities[i + 1]];
+      const bool areImplied = previous + 1 == own && next == own + 1;
+      if (!since(Version::kR2004) && !areImplied) {
         values.set("no links", false);
-        values.setHandle("previous", i == 0 ? 0 : handles_[entities[i - 1]]);
-        values.setHandle("next", i + 1 == entities.size() ? 0 : handles_[entities[i + 1]]);
+        values.setHandle("previous", previous), values.setHandle("next", next);
       }
       addEntity(entities[i], owner, std::move(values));
     }
@@ -411,13 +415,13 @@ class Copy {
   ObjectKind addHatch(const Geometry& geometry, FieldChanges& values) {
     const auto& hatch = std::get<HatchGeometry>(geometry.shape);
     values.set("name", text(hatch.solid ? L"SOLID" : L"USER")), values.set("solid", hatch.solid);
-    values.set("path count", hatch.paths.size());
+    values.set("path count", hatch.paths.size()), values.set("pattern type", 1);
     std::uint32_t points = 0;
     for (std::uint32_t i = 0; i < hatch.paths.size(); ++i) {
       const auto* path = std::get_if<PolylineGeometry>(&hatch.paths[i].edges.front());
       if (path == nullptr) throw std::logic_error("a hatch has a path that is not copied");
-      constexpr int kPolylinePath = 2;
-      values.set("path flags", kPolylinePath, i), values.set("closed", path->closed, i);
+      constexpr int kOuterPolyline = 3;
+      values.set("path flags", kOuterPolyline, i), values.set("closed", path->closed, i);
       values.set("point count", path->vertices.size(), i);
       for (const auto& vertex : path->vertices) values.set("point", Value(vertex.at), points++);
     }

@@ -5,13 +5,20 @@
 #include "base/codepage.h"
 #include "embedded/drawing/dim_variables.h"
 #include "embedded/dwg/loader.h"
-#include "tests/embedded/memory/memory_storage.h"
 #include "tests/support/temp_path.h"
 
 namespace cad::dwg {
 namespace {
 
 using P = Property;
+
+// Besides those of dimensions, with what they name.
+constexpr std::pair<std::string_view, Table> kVariables[] = {
+    {"CLAYER", Table::kLayer},      {"CELTYPE", Table::kLinetype}, {"TEXTSTYLE", Table::kTextStyle},
+    {"DIMSTYLE", Table::kDimStyle}, {"CECOLOR", Table::kNone},     {"TILEMODE", Table::kNone},
+    {"ATTMODE", Table::kNone},      {"MIRRTEXT", Table::kNone},    {"ORTHOMODE", Table::kNone},
+    {"USERI1", Table::kNone},       {"FILLMODE", Table::kNone},    {"LTSCALE", Table::kNone},
+    {"TEXTSIZE", Table::kNone},     {"ELEVATION", Table::kNone},   {"USERR1", Table::kNone}};
 
 class Values {
  public:
@@ -105,11 +112,13 @@ class Values {
   }
 
   void copyHeader() {
-    for (const memory::HeaderRow& row : memory::headerRows()) {
-      const std::optional<Variable> value = source_.headerVariable(row.name);
-      if (value && !namesNothing(row.table, *value))
-        expect(target_.setHeaderVariable(row.name, *value), row.name);
-    }
+    for (const DimVariableInfo& variable : kDimVariables) copyVariable(variable.name, tableOf(variable.type));
+    for (const auto& [name, table] : kVariables) copyVariable(name, table);
+  }
+
+  void copyVariable(std::string_view name, Table table) {
+    const std::optional<Variable> value = source_.headerVariable(name);
+    if (value && !namesNothing(table, *value)) expect(target_.setHeaderVariable(name, *value), name);
   }
 
   const Drawing& source_;
