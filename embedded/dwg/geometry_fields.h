@@ -3,7 +3,6 @@
 
 #include "embedded/drawing/drawing.h"
 #include "embedded/drawing/geometry.h"
-#include "embedded/dwg/angles.h"
 #include "embedded/dwg/dwg_storage.h"
 
 namespace cad::dwg {
@@ -17,7 +16,7 @@ struct GeometrySource {
 
   Point normal() const { return fields.point("extrusion", {0, 0, 1}); }
   double degrees(std::string_view name, double fallback = 0) const {
-    return fields.find(name) == nullptr ? fallback : degreesOf(fields.real(name));
+    return fields.find(name) == nullptr ? fallback : fields.real(name) / kRadiansPerDegree;
   }
   // A point of two coordinates with the elevation as its third.
   Point raised(std::string_view name) const;

@@ -4,13 +4,13 @@
 #include <cmath>
 
 #include "base/fold.h"
+#include "embedded/drawing/angles.h"
 #include "embedded/drawing/dim_variables.h"
 #include "embedded/drawing/drawing.h"
 #include "embedded/drawing/handle_text.h"
 #include "embedded/drawing/stored_text.h"
 #include "embedded/drawing/value_texts.h"
 #include "embedded/drawing/variable_numbers.h"
-#include "embedded/dwg/angles.h"
 #include "embedded/dwg/dwg_storage.h"
 #include "embedded/dwg/fields/header_fields.h"
 #include "embedded/dwg/packed_variables.h"
@@ -87,7 +87,7 @@ std::optional<Variable> valueOf(const Drawing& drawing, const DwgStorage& storag
   if (isPoint(fields, field)) return std::nullopt;
   if (isColor(fields, field)) return std::int64_t{fields.color(field.name).number};
   if (const auto* real = std::get_if<double>(&field.value))
-    return isAngle(field.name) ? degreesOf(*real) : *real;
+    return isAngle(field.name) ? degreesFromRadians(*real) : *real;
   if (const auto* integer = std::get_if<std::int64_t>(&field.value)) return *integer;
   if (const auto* date = std::get_if<Date>(&field.value))
     return date->days + date->milliseconds / kMillisecondsOfDay;
@@ -142,7 +142,7 @@ base::Status variableChange(Drawing& drawing, const DwgStorage& storage, const F
   if (std::holds_alternative<double>(field.value)) {
     const std::optional<double> real = asReal(value);
     if (!real) return misfit(field.name);
-    changes.set(field.name, Value(isAngle(field.name) ? radiansOf(*real) : *real));
+    changes.set(field.name, Value(isAngle(field.name) ? *real * kRadiansPerDegree : *real));
     return {};
   }
   const bool bit = field.type == BitType::kB;

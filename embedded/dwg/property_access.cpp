@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "embedded/drawing/angles.h"
 #include "embedded/drawing/drawing.h"
-#include "embedded/dwg/angles.h"
 #include "embedded/dwg/dwg_storage.h"
 #include "embedded/dwg/entity_head.h"
 #include "embedded/dwg/field_texts.h"
@@ -34,7 +34,7 @@ StoredValue storedValue(const DwgStorage& storage, const PropertyField& place, c
     case FieldForm::kReal:
       return real != nullptr ? *real : 0;
     case FieldForm::kAngle:
-      return degreesOf(real != nullptr ? *real : 0);
+      return degreesFromRadians(real != nullptr ? *real : 0);
     case FieldForm::kText:
       return storedText(value);
     case FieldForm::kReference:

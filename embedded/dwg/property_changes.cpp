@@ -6,8 +6,8 @@
 #include <string>
 
 #include "base/fold.h"
+#include "embedded/drawing/angles.h"
 #include "embedded/drawing/drawing.h"
-#include "embedded/dwg/angles.h"
 #include "embedded/dwg/dwg_storage.h"
 #include "embedded/dwg/entity_changes.h"
 #include "embedded/dwg/property_fields.h"
@@ -153,7 +153,7 @@ void changePlain(const DwgStorage& storage, const PropertyField& place, const St
   if (const auto* text = std::get_if<std::string>(&value)) {
     changes.set(place.field, storage.fieldText(*text));
   } else if (const auto* real = std::get_if<double>(&value)) {
-    changes.set(place.field, Value(place.form == FieldForm::kAngle ? radiansOf(*real) : *real));
+    changes.set(place.field, Value(place.form == FieldForm::kAngle ? *real * kRadiansPerDegree : *real));
   } else if (const auto* integer = std::get_if<std::int64_t>(&value)) {
     changes.set(place.field, Value(*integer));
   }

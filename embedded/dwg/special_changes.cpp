@@ -3,8 +3,8 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "embedded/drawing/angles.h"
 #include "embedded/drawing/drawing.h"
-#include "embedded/dwg/angles.h"
 #include "embedded/dwg/application_data.h"
 #include "embedded/dwg/layer_fields.h"
 #include "embedded/dwg/special_properties.h"
@@ -19,7 +19,7 @@ constexpr wchar_t kTransparencyApplication[] = L"AcCmTransparency", kStyleApplic
 double snapped(double value) { return std::fabs(value) < 1e-15 ? 0 : value; }
 
 void changeDirection(double degrees, FieldChanges& changes) {
-  const double radians = radiansOf(degrees);
+  const double radians = degrees * kRadiansPerDegree;
   changes.set("x axis", Point{snapped(std::cos(radians)), snapped(std::sin(radians)), 0});
 }
 

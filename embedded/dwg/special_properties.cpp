@@ -1,10 +1,10 @@
 #include "embedded/dwg/special_properties.h"
+#include "embedded/drawing/angles.h"
 #include "embedded/dwg/field_texts.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "embedded/dwg/angles.h"
 #include "embedded/dwg/application_data.h"
 #include "embedded/dwg/entity_head.h"
 #include "embedded/dwg/layer_fields.h"
@@ -56,7 +56,7 @@ StoredValue readTransparency(const Fields& fields) {
 
 StoredValue readDirection(const Fields& fields) {
   const Point axis = fields.point("x axis", {1, 0, 0});
-  return degreesOf(std::atan2(axis.y, axis.x));
+  return degreesFromRadians(std::atan2(axis.y, axis.x));
 }
 
 StoredValue readLayerColor(const Fields& fields) {

@@ -6,6 +6,7 @@
 #include "dbdim.h"
 #include "dblead.h"
 #include "dbsymtb.h"
+#include "embedded/drawing/angles.h"
 #include "embedded/objects/dim_values.h"
 #include "embedded/objects/object_access.h"
 #include "embedded/objects/values.h"

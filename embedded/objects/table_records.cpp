@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "base/lineweights.h"
+#include "embedded/drawing/angles.h"
 #include "embedded/objects/database_access.h"
 #include "embedded/objects/object_access.h"
 #include "embedded/objects/values.h"

@@ -2,6 +2,7 @@
 
 #include "dbents.h"
 #include "dbmtext.h"
+#include "embedded/drawing/angles.h"
 #include "embedded/drawing/plain_text.h"
 #include "embedded/objects/object_access.h"
 #include "embedded/objects/values.h"

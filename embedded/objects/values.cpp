@@ -162,8 +162,6 @@ ACHAR* newText(const std::wstring& text) {
   return copy;
 }
 
-double degreesFromRadians(double radians) { return std::round(radians / kRadiansPerDegree * 1e12) / 1e12; }
-
 std::int64_t storedTransparency(const AcCmTransparency& transparency) {
   if (transparency.isByBlock()) return kTransparencyByBlock;
   return transparency.isByAlpha() ? kTransparencyOwn | transparency.alpha() : 0;

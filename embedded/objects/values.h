@@ -39,7 +39,4 @@ ACHAR* newText(const std::wstring& text);  // for acutDelString
 std::int64_t storedTransparency(const AcCmTransparency& transparency);
 AcCmTransparency transparencyFromStored(std::int64_t value);
 
-// Rounded to 12 decimals, so that whole degrees that passed through radians are whole again.
-double degreesFromRadians(double radians);
-
 }  // namespace cad

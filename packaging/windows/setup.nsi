@@ -10,6 +10,7 @@ RequestExecutionLevel user
 !include MUI2.nsh
 !include LogicLib.nsh
 !include FileFunc.nsh
+!include WordFunc.nsh
 !include "${FILES}"
 
 !define TYPE "KIV.Specification"
@@ -51,25 +52,7 @@ VIAddVersionKey /LANG=1041 "LegalCopyright" "KIV"
 !insertmacro MUI_LANGUAGE "Japanese"
 SetFont /LANG=1041 "Yu Gothic UI" 9
 
-; RefuseWhileUsed FILE: a program or module that runs cannot be replaced, and would be left half old, half new.
-!macro RefuseWhileUsed file
-  ${If} ${FileExists} "$INSTDIR\${file}"
-    ClearErrors
-    FileOpen $0 "$INSTDIR\${file}" a
-    ${If} ${Errors}
-      SetErrorLevel 2
-      MessageBox MB_OK|MB_ICONSTOP "$INSTDIR\${file} は使用中か、書き込みができません。KIV 図面ビューアと、モジュールを読み込んでいる CAD を終了してから、もう一度実行してください。" /SD IDOK
-      Abort
-    ${EndIf}
-    FileClose $0
-  ${EndIf}
-!macroend
-
-!macro RefuseWhileInUse
-  !insertmacro RefuseWhileUsed "cadhost.exe"
-  !insertmacro RefuseWhileUsed "kivcvt.exe"
-  !insertmacro RefuseWhileUsed "KIVGUI.ARX"
-!macroend
+!include refusals.nsh
 
 ; SameFiles: pops two paths; pushes 1 when the files hold the same bytes, else 0.
 !macro SameFiles of
@@ -141,8 +124,32 @@ FunctionEnd
   ${EndIf}
 !macroend
 
+; For a folder that cannot be, or stands in quotes, the installer's own code takes the usual one.
+Function .onInit
+  Delete "${LOG}"
+  System::Call 'kernel32::GetCommandLine() t.r0'
+  ClearErrors
+  ${WordFind} "$0" "/D=" "E+1}" $1
+  ${IfNot} ${Errors}
+    ${Do}
+      StrCpy $2 $1 1 -1
+      ${If} $2 != "\"
+      ${AndIf} $2 != " "
+        ${ExitDo}
+      ${EndIf}
+      StrCpy $1 $1 -1
+    ${Loop}
+    ${If} $1 != $INSTDIR
+      !insertmacro Refuse "/D=$1 はフォルダの指定として使えません。/D= は最後に、絶対パスで、引用符を付けずに指定してください。"
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
 Section "KIV"
   SetShellVarContext current
+  !insertmacro RefuseSecondFolder
+  !insertmacro AskBeforeDowngrade
+  !insertmacro RefuseUnwritableFolder
   !insertmacro RefuseWhileInUse
 
   InitPluginsDir
@@ -157,15 +164,14 @@ Section "KIV"
     ExecWait '"$INSTDIR\uninstall.exe" /S /UPDATE _?=$INSTDIR' $0
     ${If} ${Errors}
     ${OrIf} $0 != 0
-      SetErrorLevel 2
-      MessageBox MB_OK|MB_ICONSTOP "$INSTDIR にあるバージョンを取り除けませんでした。アンインストールしてから、もう一度実行してください。" /SD IDOK
-      Abort
+      !insertmacro Refuse "$INSTDIR にあるバージョンを取り除けませんでした。アンインストールしてから、もう一度実行してください。"
     ${EndIf}
   ${EndIf}
 
   ClearErrors
   SetOutPath "$INSTDIR"
   File /r "${FOLDER}\*"
+  CreateDirectory "$INSTDIR\examples"
   CreateDirectory "$INSTDIR\settings"
   CreateDirectory "$INSTDIR\support"
   !insertmacro BringOriginals
@@ -179,9 +185,7 @@ Section "KIV"
   SetOutPath "$INSTDIR"
   WriteUninstaller "$INSTDIR\uninstall.exe"
   ${If} ${Errors}
-    SetErrorLevel 2
-    MessageBox MB_OK|MB_ICONSTOP "$INSTDIR に書き込めないファイルがあります。書き込みのできるフォルダと空き容量を確認してから、もう一度実行してください。" /SD IDOK
-    Abort
+    !insertmacro Refuse "$INSTDIR に書き込めないファイルがあります。書き込みのできるフォルダと空き容量を確認してから、もう一度実行してください。"
   ${EndIf}
 
   CreateDirectory "$SMPROGRAMS\KIV"
@@ -255,16 +259,26 @@ Function un.HasSpecifications
   Exch $0
 FunctionEnd
 
-Section "un.プログラム"
-  SectionIn RO
-  SetShellVarContext current
-  !insertmacro RefuseWhileInUse
-  !insertmacro DeleteUnchangedSamples
-  !insertmacro DeleteUnchangedOriginals
+Var Updates  ; 1: another version comes into the same folder
+
+Function un.onInit
+  StrCpy $Updates 0
   ${GetParameters} $0
   ClearErrors
   ${GetOptions} $0 "/UPDATE" $1
-  ${If} ${Errors}
+  ${IfNot} ${Errors}
+    StrCpy $Updates 1
+  ${EndIf}
+FunctionEnd
+
+Section "un.プログラム"
+  SectionIn RO
+  SetShellVarContext current
+  Delete "${LOG}"
+  !insertmacro RefuseWhileInUse
+  !insertmacro DeleteUnchangedSamples
+  !insertmacro DeleteUnchangedOriginals
+  ${If} $Updates == 0
     Delete "$INSTDIR\CFG\ﾌｧｲﾙ変換_作業用(削除可).$$cvt$$"
     Call un.HasSpecifications
     Pop $0
@@ -273,44 +287,58 @@ Section "un.プログラム"
     ${EndIf}
     RMDir "$INSTDIR\CFG"
   ${EndIf}
+  ClearErrors
   !insertmacro DeleteFiles
+  ${If} ${Errors}
+  ${AndIf} $Updates == 0
+    !insertmacro Tell "$INSTDIR に削除できないファイルがあります。使用しているプログラムを終了してから、手で削除してください。"
+  ${EndIf}
   !insertmacro DeleteFolders
   !insertmacro DeleteFoldersOfOriginals
-  Delete "$INSTDIR\uninstall.exe"
+  ${If} $Updates == 0
+    Delete "$INSTDIR\uninstall.exe"
+  ${EndIf}
   SetOutPath "$TEMP"  ; a folder that is current cannot go
   RMDir "$INSTDIR"
 
-  Delete "$SMPROGRAMS\KIV\KIV 図面ビューア.lnk"
-  Delete "$SMPROGRAMS\KIV\KIV の使い方.lnk"
-  Delete "$SMPROGRAMS\KIV\変換指定のフォルダ.lnk"
-  Delete "$SMPROGRAMS\KIV\kivcvt コマンドプロンプト.lnk"
-  Delete "$SMPROGRAMS\KIV\アンインストール.lnk"
-  RMDir "$SMPROGRAMS\KIV"
+  ; The entries are those of the folder that was installed last: a copy of it that goes leaves them.
+  ReadRegStr $0 HKCU "Software\KIV" "Folder"
+  ${If} $0 == $INSTDIR
+  ${OrIfNot} ${FileExists} "$0\uninstall.exe"
+    Delete "$SMPROGRAMS\KIV\KIV 図面ビューア.lnk"
+    Delete "$SMPROGRAMS\KIV\KIV の使い方.lnk"
+    Delete "$SMPROGRAMS\KIV\変換指定のフォルダ.lnk"
+    Delete "$SMPROGRAMS\KIV\kivcvt コマンドプロンプト.lnk"
+    Delete "$SMPROGRAMS\KIV\アンインストール.lnk"
+    RMDir "$SMPROGRAMS\KIV"
 
-  ReadRegStr $0 HKCU "${CLASSES}\.cvt" ""
-  ${If} $0 == "${TYPE}"
-    DeleteRegValue HKCU "${CLASSES}\.cvt" ""
+    ReadRegStr $0 HKCU "${CLASSES}\.cvt" ""
+    ${If} $0 == "${TYPE}"
+      DeleteRegValue HKCU "${CLASSES}\.cvt" ""
+    ${EndIf}
+    DeleteRegValue HKCU "${CLASSES}\.cvt\OpenWithProgids" "${TYPE}"
+    DeleteRegKey /ifempty HKCU "${CLASSES}\.cvt\OpenWithProgids"
+    DeleteRegKey /ifempty HKCU "${CLASSES}\.cvt"
+    DeleteRegKey HKCU "${CLASSES}\${TYPE}"
+    ${RefreshShellIcons}
+    ; While another version comes these tell where, should it not get to its end.
+    ${If} $Updates == 0
+      DeleteRegKey HKCU "Software\KIV"
+      DeleteRegKey HKCU "${UNINSTALL_KEY}"
+    ${EndIf}
   ${EndIf}
-  DeleteRegValue HKCU "${CLASSES}\.cvt\OpenWithProgids" "${TYPE}"
-  DeleteRegKey /ifempty HKCU "${CLASSES}\.cvt\OpenWithProgids"
-  DeleteRegKey /ifempty HKCU "${CLASSES}\.cvt"
-  DeleteRegKey HKCU "${CLASSES}\${TYPE}"
-  ${RefreshShellIcons}
-  DeleteRegKey HKCU "Software\KIV"
-  DeleteRegKey HKCU "${UNINSTALL_KEY}"
 SectionEnd
 
 Section "un.ダイアログの設定"
   SetShellVarContext current
   ${GetParameters} $0
   ClearErrors
-  ${GetOptions} $0 "/UPDATE" $1
+  ${GetOptions} $0 "/KEEPSETTINGS" $1
   ${If} ${Errors}
-    ${GetOptions} $0 "/KEEPSETTINGS" $1
-  ${EndIf}
-  ${If} ${Errors}
+  ${AndIf} $Updates == 0
     Delete "$APPDATA\Kiv\common.cfg"
     Delete "$APPDATA\Kiv\common.cfg.lock"
     RMDir "$APPDATA\Kiv"
+    Delete "$TEMP\DWGOPEN.SCR"  ; the drawings of the last batch
   ${EndIf}
 SectionEnd

@@ -8,7 +8,6 @@
 #include "acedCmdNF.h"
 #include "adscodes.h"
 #include "base/files.h"
-#include "tests/embedded/memory/memory_drawing.h"
 #include "tests/engine/run_fixture.h"
 #include "tests/support/program.h"
 
@@ -91,26 +90,29 @@ TEST_F(ConversionRun, EmptyDrawingIsNeitherConvertedNorSavedNorClosed) {
 }
 
 TEST_F(ConversionRun, SavedAndClosedUnderItsNameInTheOutputFolder) {
-  if (cad::memory::isTested()) GTEST_SKIP() << "a drawing keeps its format";
-  const std::string source = sampleDrawing();
-  open(source);
-  saveTo(1);
+  if (cad::testsMemory()) GTEST_SKIP() << "a drawing keeps its format";
+  const std::string source = cad::testedFile(sampleDrawing());
+  const char* const saved = cad::testsDwg() ? "plan.DWG" : "plan.DXF";
+  open(sampleDrawing());
+  saveTo(cad::testsDwg() ? 0 : 1);
   const std::size_t documents = cad::Host::instance().documentCount();
   const kiv::RunOutcome outcome = run(kRules);
   EXPECT_EQ(outcome.end, RunEnd::kConverted);
-  EXPECT_EQ(outcome.savedPath, base::pathText(folder_ / "out" / "plan.DXF"));
+  EXPECT_EQ(outcome.savedPath, base::pathText(folder_ / "out" / saved));
   EXPECT_TRUE(outcome.isClosed);
   EXPECT_EQ(cad::Host::instance().documentCount(), documents - 1);
   EXPECT_EQ(content(folder_ / "plan.dxf"), source);
-  EXPECT_NE(content(folder_ / "out" / "plan.DXF"), source);
+  EXPECT_NE(content(folder_ / "out" / saved), source);
 }
 
 TEST_F(ConversionRun, FailedSaveIsAProblem) {
   open(sampleDrawing());
-  saveTo(0);  // a format that this host does not write
+  // A drawing keeps its format.
+  const char* const other = cad::testsDwg() ? "plan.DXF" : "plan.DWG";
+  saveTo(cad::testsDwg() ? 1 : 0);
   const kiv::RunOutcome outcome = run(kRules);
   EXPECT_TRUE(outcome.savedPath.empty());
-  EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"[" + base::pathText(folder_ / "out" / "plan.DWG") +
+  EXPECT_EQ(sink_.problems, (std::vector<std::wstring>{L"[" + base::pathText(folder_ / "out" / other) +
                                                        L"]の保存に失敗しました"}));
   EXPECT_TRUE(outcome.isClosed);
   EXPECT_TRUE(std::filesystem::is_empty(folder_ / "out"));

@@ -47,6 +47,7 @@ TEST_F(Results, WhatTheVersionCannotHoldIsToldAlikeForEveryKind) {
                {"AC1014", L"DIMLWD*1 印刷*1 線幅値*1 透過性*1 線幅値*4 透過性*4 DIMLWD*1 "},
                {"AC1009", L"DIMLWD*1 印刷*1 線幅値*1 透過性*1 線幅値*4 透過性*4 線種尺度*4 DIMLWD*1 "}};
   for (const auto& c : cases) {
+    if (cad::testsDwg() && c.version == kNoDwg) continue;
     std::string bytes = sampleDrawing();
     bytes.replace(bytes.find("AC1024"), 6, c.version);
     EXPECT_TRUE(cad::Host::instance().closeDocument().ok());

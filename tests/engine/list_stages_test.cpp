@@ -82,6 +82,7 @@ TEST_F(ListSections, DimensionVariablesWhoseTypesDiffer) {
   EXPECT_EQ(sink_.notes,
             (std::vector<Note>{{L"DIMTXT", L"X", RefusalReason::kBadValue, 1, kiv::Refuser::kDrawing}}));
   for (const char* version : {"AC1009", "AC1014", "AC1015", "AC1032"}) {
+    if (cad::testsDwg() && version == kNoDwg) continue;
     std::string bytes = sampleDrawing();
     bytes.replace(bytes.find("AC1024"), 6, version);
     open(bytes);
@@ -103,12 +104,13 @@ TEST_F(ListSections, DimensionVariablesInOrderAndByTheirSeparators) {
 }
 
 TEST_F(ListSections, RefusedDimensionVariableIsANote) {
+  const std::wstring before = variable("DIMSHO");
   run({{L"寸法設定",
         L"DIMBLK, _DOT\nDIMSCALE, -5\nDIMTAD, 99\nDIMSHO, 0.5\nDIMDSEP, ab\nDIMTXSTY, NONE\n"
         L"DIMBLK, ﾕｰｻﾞ指定 (_NOARROW)"}});
   EXPECT_EQ(variable("DIMSCALE"), L"1.000000");
   EXPECT_EQ(variable("DIMTAD"), L"0");
-  EXPECT_EQ(variable("DIMSHO"), L"absent");
+  EXPECT_EQ(variable("DIMSHO"), before);
   ASSERT_EQ(sink_.notes.size(), 7U);
   for (std::size_t i = 0; i < 7; ++i)
     EXPECT_EQ(sink_.notes[i].reason, i < 5 ? RefusalReason::kBadValue : RefusalReason::kNoSuchName) << i;

@@ -2,7 +2,6 @@
 
 #include "adsdef.h"
 #include "platform/settings.h"
-#include "tests/embedded/memory/memory_drawing.h"
 #include "tests/support/in_command.h"
 #include "tests/support/test_file.h"
 
@@ -53,8 +52,7 @@ void RunTest::TearDown() {
 }
 
 void RunTest::open(const std::string& bytes) {
-  const base::Status opened =
-      cad::Host::instance().openDocument(make("plan.dxf", cad::memory::testedFile(bytes)));
+  const base::Status opened = cad::Host::instance().openDocument(make("plan.dxf", cad::testedFile(bytes)));
   ASSERT_TRUE(opened.ok()) << base::toUtf8(opened.failure().text());
 }
 

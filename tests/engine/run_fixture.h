@@ -11,6 +11,7 @@
 #include "embedded/drawing/drawing.h"
 #include "embedded/editor/host.h"
 #include "engine/conversion_run.h"
+#include "tests/embedded/memory/tested_storage.h"
 #include "tests/support/temp_folder.h"
 
 namespace engine_test {
@@ -39,6 +40,7 @@ class Problems : public kiv::ProblemSink {
 inline constexpr std::uint64_t kText = 0xA1, kMText = 0xA2, kAttdef = 0xA3, kDimension = 0xA4, kLeader = 0xA5,
                                kHatch = 0xA6, kInsert = 0xA7, kLine = 0xA8;
 std::string sampleDrawing();
+inline constexpr std::string_view kNoDwg = "AC1009";  // a version of which no DWG drawings are read
 
 class RunTest : public test_support::TempFolder {
  protected:

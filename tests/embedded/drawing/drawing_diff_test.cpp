@@ -6,7 +6,7 @@
 
 #include "base/codepage.h"
 #include "tests/embedded/dxf/dxf_text.h"
-#include "tests/embedded/memory/memory_drawing.h"
+#include "tests/embedded/memory/tested_storage.h"
 
 namespace cad {
 namespace {
@@ -14,7 +14,7 @@ namespace {
 using dxf::drawingText;
 
 std::unique_ptr<Drawing> read(const std::string& entities, const std::string& tables) {
-  return memory::tested(dxf::read(drawingText("AC1015", entities, tables)));
+  return tested(dxf::read(drawingText("AC1015", entities, tables)));
 }
 
 constexpr char kTables[] =
@@ -73,7 +73,7 @@ TEST(DrawingDiff, ADrawingDoesNotDifferFromItself) {
     const auto drawing = read(entities, tables);
     const DrawingDifferences differences = between(*drawing, entities, tables);
     EXPECT_TRUE(differences.empty()) << told(differences.entities) << told(differences.records);
-    EXPECT_EQ(differences.pairedByOrder, !hasHandles && !memory::isTested());
+    EXPECT_EQ(differences.pairedByOrder, !hasHandles && testsDxf());
   }
 }
 
@@ -105,7 +105,7 @@ TEST(DrawingDiff, RecordsOfTablesArePairedByNameThenByHandle) {
 }
 
 TEST(DrawingDiff, WithoutHandlesTheOrderWithinABlockDecides) {
-  if (memory::isTested()) GTEST_SKIP() << "in memory everything has a handle";
+  if (!testsDxf()) GTEST_SKIP() << "everything has a handle but in DXF drawings";
   const std::string entities = withoutHandles(kEntities);
   const std::string tables = withoutHandles(kTables);
   const auto drawing = read(entities, tables);
@@ -133,8 +133,8 @@ TEST(DrawingDiff, BlocksOfTheSameContentDoNotDifferInHandles) {
               "|100 AcDbEntity|8 0|100 AcDbLine|10 0.0|20 0.0|11 " + (name == "A" ? "1.0" : "2.0") +
               "|21 1.0|0 ENDBLK|8 0";
     text += "|0 ENDSEC|0 SECTION|2 ENTITIES";
-    return memory::tested(dxf::read(dxf::replaced(drawingText("AC1015", kEntities, kTables),
-                                                  dxf::groups("0 SECTION|2 ENTITIES"), dxf::groups(text))));
+    return tested(dxf::read(dxf::replaced(drawingText("AC1015", kEntities, kTables),
+                                          dxf::groups("0 SECTION|2 ENTITIES"), dxf::groups(text))));
   };
   const auto before = blocks("60", "61"), after = blocks("61", "60");
   EXPECT_EQ(told(compareDrawings(*before, *after).entities), "");
@@ -142,7 +142,7 @@ TEST(DrawingDiff, BlocksOfTheSameContentDoNotDifferInHandles) {
 
 TEST(DrawingDiff, WhatAVersionCannotHoldIsAsUsual) {
   const auto ofVersion = [](const char* version, const std::string& entities) {
-    return memory::tested(dxf::read(drawingText(version, entities, kTables)));
+    return tested(dxf::read(drawingText(version, entities, kTables)));
   };
   const auto before = ofVersion("AC1015", kEntities);
   EXPECT_EQ(told(compareDrawings(*before, *ofVersion("AC1032", kEntities)).entities), "");
@@ -153,7 +153,7 @@ TEST(DrawingDiff, WhatAVersionCannotHoldIsAsUsual) {
 }
 
 TEST(DrawingDiff, WhatStandsInSectionsOfItsOwnIsCompared) {
-  if (memory::isTested()) GTEST_SKIP() << "there is no file in memory";
+  if (!testsDxf()) GTEST_SKIP() << "about the sections of a DXF file";
   const auto withSection = [](std::string_view records) {
     return dxf::read(dxf::replaced(
         drawingText("AC1027", kEntities, kTables), dxf::groups("0 EOF"),

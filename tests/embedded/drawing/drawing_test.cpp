@@ -2,7 +2,7 @@
 
 #include "embedded/formats/drawing_files.h"
 #include "tests/embedded/dxf/dxf_text.h"
-#include "tests/embedded/memory/memory_drawing.h"
+#include "tests/embedded/memory/tested_storage.h"
 
 namespace cad {
 namespace {
@@ -11,7 +11,7 @@ using dxf::drawingText;
 using dxf::entity;
 using dxf::saved;
 
-std::unique_ptr<Drawing> read(std::string bytes) { return memory::tested(dxf::read(std::move(bytes))); }
+std::unique_ptr<Drawing> read(std::string bytes) { return tested(dxf::read(std::move(bytes))); }
 
 TEST(Drawing, SignaturesFollowTheProperties) {
   const auto drawing =
@@ -70,7 +70,7 @@ TEST(Drawing, SavingMakesThePathAndAFailureLeavesIt) {
 }
 
 TEST(Drawing, SavingOverItsOwnFileKeepsTheDrawingWhole) {
-  if (memory::isTested()) GTEST_SKIP() << "about the bytes of a DXF file";
+  if (!testsDxf()) GTEST_SKIP() << "about the bytes of a DXF file";
   const auto path = test_support::tempPath("kiv_own");
   const std::string before = drawingText("AC1015", "0 LINE|100 AcDbEntity|8 A|0 ARC|100 AcDbEntity|8 A");
   ASSERT_TRUE(base::writeFileAtomically(path, before).ok());

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/embedded/dxf/dxf_text.h"
-#include "tests/embedded/memory/memory_drawing.h"
+#include "tests/embedded/memory/tested_storage.h"
 
 namespace cad {
 namespace {
@@ -12,13 +12,13 @@ using dxf::groups;
 using dxf::replaced;
 using dxf::saved;
 
-std::unique_ptr<Drawing> read(std::string bytes) { return memory::tested(dxf::read(std::move(bytes))); }
+std::unique_ptr<Drawing> read(std::string bytes) { return tested(dxf::read(std::move(bytes))); }
 
 constexpr std::string_view kLayers =
     "0 TABLE|2 LAYER|70 2|0 LAYER|2 0|70 0|62 7|6 CONTINUOUS|0 LAYER|2 WALL|70 0|62 3|6 CONTINUOUS|0 ENDTAB";
 
 TEST(Layers, ThoseThatEntitiesNameExistUntilSomethingIsToBeWritten) {
-  if (memory::isTested()) GTEST_SKIP() << "about the bytes of a DXF file";
+  if (!testsDxf()) GTEST_SKIP() << "about the bytes of a DXF file";
   const std::string before = groups("0 SECTION|2 ENTITIES|0 LINE|8 Pipes|0 ENDSEC|0 EOF");
   const auto drawing = read(before);
   const RecordId pipes = drawing->find(Table::kLayer, L"PIPES");
@@ -43,7 +43,7 @@ TEST(Layers, ThoseThatEntitiesNameExistUntilSomethingIsToBeWritten) {
 }
 
 TEST(Layers, RenamingReachesEveryReferenceIgnoringCase) {
-  if (memory::isTested()) GTEST_SKIP() << "about the bytes of a DXF file";
+  if (!testsDxf()) GTEST_SKIP() << "about the bytes of a DXF file";
   const std::string before = groups(
       "0 SECTION|2 HEADER|9 $ACADVER|1 AC1009|9 $CLAYER|8 wall|0 ENDSEC|0 SECTION|2 TABLES|"
       "0 TABLE|2 LAYER|70 2|0 LAYER|2 0|70 0|62 7|6 CONTINUOUS|0 LAYER|2 WALL|70 0|62 3|6 CONTINUOUS|0 "
@@ -100,7 +100,7 @@ TEST(Layers, LockFollowsTheRecord) {
 }
 
 TEST(Layers, RenamingReplacesAllNamesInTheExtendedDataAtOnce) {
-  if (memory::isTested()) GTEST_SKIP() << "about the bytes of a DXF file";
+  if (!testsDxf()) GTEST_SKIP() << "about the bytes of a DXF file";
   std::string names;
   for (int i = 0; i < 50; ++i) names += "|1003 wall|1003 PIPES";
   const std::string before = drawingText("AC1009", "0 LINE|8 0|1001 APP" + names, kLayers);
@@ -138,7 +138,7 @@ TEST(Layers, RenamingAgainReachesWhatHasJoinedTheLayer) {
   layersAre(L"C", L"P", L"C");
   const std::string written = saved(*drawing);
   for (const char* named : {"1003\nP\n", "1003\nC\n"})
-    EXPECT_TRUE(memory::isTested() || written.find(named) != std::string::npos) << named;
+    EXPECT_TRUE(!testsDxf() || written.find(named) != std::string::npos) << named;
   while (drawing->undo()) continue;
   EXPECT_EQ(saved(*drawing), before);
 }

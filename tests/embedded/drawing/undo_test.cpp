@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/embedded/dxf/dxf_text.h"
-#include "tests/embedded/memory/memory_drawing.h"
+#include "tests/embedded/memory/tested_storage.h"
 
 namespace cad {
 namespace {
@@ -10,7 +10,7 @@ using dxf::drawingText;
 using dxf::entity;
 using dxf::saved;
 
-std::unique_ptr<Drawing> read(std::string bytes) { return memory::tested(dxf::read(std::move(bytes))); }
+std::unique_ptr<Drawing> read(std::string bytes) { return tested(dxf::read(std::move(bytes))); }
 
 constexpr std::string_view kEntities = "0 LINE|8 A|0 ARC|8 B|0 POLYLINE|8 C|66 1|0 VERTEX|8 C|0 SEQEND|8 C";
 
@@ -68,7 +68,7 @@ TEST(Undo, ErasedEntitiesLeaveTheFileWithTheirParts) {
   ASSERT_TRUE(drawing->setErased(entity(*drawing, "POLYLINE"), true).ok());
   const auto without = read(drawingText("AC1009", "0 LINE|8 A|0 ARC|8 B"));
   EXPECT_EQ(saved(*drawing).find("VERTEX"), std::string::npos);
-  if (!memory::isTested()) {
+  if (testsDxf()) {
     EXPECT_EQ(saved(*drawing), saved(*without));
   }
   EXPECT_EQ(count(), 2);
@@ -87,7 +87,7 @@ TEST(Undo, AddedRecordsGoAgainAndTheirPlaceWithThem) {
     EXPECT_EQ(drawing->find(Table::kLayer, L"new"), layer.value());
     const std::string with = saved(*drawing);
     EXPECT_NE(with, before);
-    if (!memory::isTested()) {
+    if (testsDxf()) {
       EXPECT_LT(with.find("TABLES"), with.find("ENTITIES"));
       ASSERT_TRUE(read(with));
       EXPECT_NE(read(with)->find(Table::kLayer, L"NEW"), kNoRecord);

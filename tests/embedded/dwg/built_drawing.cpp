@@ -5,10 +5,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "embedded/dwg/bits/bit_writer.h"
-#include "embedded/dwg/fields/header_fields.h"
 #include "embedded/dwg/fields/object_fields.h"
-#include "embedded/dwg/fields/text_range.h"
 
 namespace cad::dwg {
 namespace {
@@ -46,46 +43,12 @@ enum : Handle {
   kFirstFree = 0x30
 };
 
-std::string classesOf(Version version, std::vector<FileClass>& classes) {
-  constexpr std::uint16_t kEntityClass = 0x1F2;
-  classes = {{500, "LWPOLYLINE", true}, {501, "HATCH", true}};
-  BitWriter data, texts;
-  const auto text = [&](const std::string& ascii) {
-    hasWideTexts(version) ? texts.tu(std::u16string(ascii.begin(), ascii.end())) : data.tv(ascii);
-  };
-  if (version >= Version::kR2004) data.bs(501), data.rc(0), data.rc(0), data.b(true);
-  for (const FileClass& each : classes) {
-    data.bs(static_cast<std::int16_t>(each.number)), data.bs(0);
-    text("an application"), text("AcDb" + each.dxfName), text(each.dxfName);
-    data.b(false), data.bs(kEntityClass);
-    for (int i = 0; i < 5 && version >= Version::kR2004; ++i) data.bl(0);
-  }
-  if (!hasWideTexts(version)) return data.take();
-  BitWriter whole;
-  data.copy(texts);
-  closeTexts(data, texts.size());
-  whole.rl(static_cast<std::uint32_t>(32 + data.size()));
-  whole.copy(data);
-  return whole.take();
-}
-
-// One whose variables are all zero or empty, before what is set.
-std::string headerOf(Version version, const FieldChanges& variables) {
-  constexpr std::uint32_t kAmple = 4000;  // bytes of each stream
-  BitWriter seed;
-  if (hasWideTexts(version)) seed.rl(32 + 8 * kAmple);
-  const std::string zeros((hasWideTexts(version) ? 2 : 1) * kAmple, '\0');
-  seed.copy(zeros, 0, zeros.size() * 8);
-  const auto header = rewriteHeader(seed.take(), version, variables);
-  if (!header.ok()) throw std::logic_error("the header of the built drawing cannot be made");
-  return header.value();
-}
-
 class Builder {
  public:
   explicit Builder(Version version) : version_(version) {
     small_.version = version;
-    small_.classes = classesOf(version, classes_);
+    classes_ = {{500, "LWPOLYLINE", true}, {501, "HATCH", true}};
+    small_.classes = classSection(version, classes_);
   }
 
   SmallDrawing make() {
@@ -95,7 +58,7 @@ class Builder {
     makeControls();
     FieldChanges variables;
     setHeader(variables);
-    small_.header = headerOf(version_, variables);
+    small_.header = headerSection(version_, variables);
     for (auto& [handle, object] : objects_)
       small_.objects.push_back({handle, std::move(object.data), object.handleBits});
     return std::move(small_);

@@ -1,10 +1,13 @@
 #include "tests/embedded/dwg/small_files.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 #include "embedded/dwg/bits/bit_writer.h"
 #include "embedded/dwg/bits/crc.h"
+#include "embedded/dwg/fields/header_fields.h"
+#include "embedded/dwg/fields/text_range.h"
 #include "embedded/dwg/files/coded_compression.h"
 #include "embedded/dwg/files/raw_values.h"
 #include "embedded/dwg/files/reed_solomon.h"
@@ -196,6 +199,40 @@ std::string utf16(const std::string& name) {
 }
 
 }  // namespace
+
+std::string headerSection(Version version, const FieldChanges& variables) {
+  constexpr std::uint32_t kAmple = 4000;  // bytes of each stream
+  BitWriter seed;
+  if (hasWideTexts(version)) seed.rl(32 + 8 * kAmple);
+  const std::string zeros((hasWideTexts(version) ? 2 : 1) * kAmple, '\0');
+  seed.copy(zeros, 0, zeros.size() * 8);
+  const auto header = rewriteHeader(seed.take(), version, variables);
+  if (!header.ok()) throw std::logic_error("the header of a drawing cannot be made");
+  return header.value();
+}
+
+std::string classSection(Version version, const std::vector<FileClass>& classes) {
+  constexpr std::uint16_t kEntityClass = 0x1F2;
+  BitWriter data, texts;
+  const auto text = [&](const std::string& ascii) {
+    hasWideTexts(version) ? texts.tu(std::u16string(ascii.begin(), ascii.end())) : data.tv(ascii);
+  };
+  if (version >= Version::kR2004)
+    data.bs(static_cast<std::int16_t>(classes.back().number)), data.rc(0), data.rc(0), data.b(true);
+  for (const FileClass& each : classes) {
+    data.bs(static_cast<std::int16_t>(each.number)), data.bs(0);
+    text("an application"), text("AcDb" + each.dxfName), text(each.dxfName);
+    data.b(false), data.bs(kEntityClass);
+    for (int i = 0; i < 5 && version >= Version::kR2004; ++i) data.bl(0);
+  }
+  if (!hasWideTexts(version)) return data.take();
+  BitWriter whole;
+  data.copy(texts);
+  closeTexts(data, texts.size());
+  whole.rl(static_cast<std::uint32_t>(32 + data.size()));
+  whole.copy(data);
+  return whole.take();
+}
 
 SmallDrawing smallDrawing(Version version) {
   SmallDrawing drawing;

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "embedded/dwg/fields/object_types.h"
 #include "embedded/dwg/files/dwg_file.h"
 
 namespace cad::dwg {
@@ -30,6 +31,10 @@ struct SmallDrawing {
     return piece;
   }
 };
+
+// Section contents of real drawings. The header's variables are all zero or empty, but for these.
+std::string headerSection(Version version, const FieldChanges& variables);
+std::string classSection(Version version, const std::vector<FileClass>& classes);
 
 // One with objects of different sizes, enough of them for several pages.
 SmallDrawing smallDrawing(Version version);

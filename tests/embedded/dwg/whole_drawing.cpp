@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "embedded/dwg/fields/header_fields.h"
 #include "embedded/dwg/fields/object_fields.h"
 #include "embedded/dwg/files/raw_values.h"
 
@@ -117,16 +116,12 @@ class Maker {
   }
 
   void sections() {
-    constexpr std::size_t kAmple = 8000;
     FieldChanges variables;
     variables.setHandle("HANDSEED", 0x100);
     variables.setHandle("CLAYER", kLayer0), variables.setHandle("TEXTSTYLE", kStandard);
     variables.setHandle("CELTYPE", kByLayer), variables.setHandle("DIMSTYLE", kDimStyle);
     variables.set("TILEMODE", true), variables.set("LTSCALE", 1.0);
-    std::string zeros(kAmple, '\0');
-    // Behind the size in bits of what is not references.
-    if (since(Version::kR2007)) putRaw(zeros, 0, static_cast<std::uint32_t>(kAmple / 2 * 8));
-    drawing_.header = rewriteHeader(zeros, drawing_.version, variables).value();
+    drawing_.header = headerSection(drawing_.version, variables);
     // None, and before it in the newer ones what tells so.
     drawing_.classes.assign(since(Version::kR2007) ? 32 : since(Version::kR2004) ? 8 : 0, '\0');
     if (since(Version::kR2007)) putRaw(drawing_.classes, 0, std::uint32_t{200});

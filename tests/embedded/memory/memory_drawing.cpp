@@ -1,17 +1,12 @@
 #include "tests/embedded/memory/memory_drawing.h"
 
-#include <cstdlib>
 #include <utility>
 
 #include "embedded/drawing/stored_text.h"
-#include "embedded/dxf/loader.h"
-#include "embedded/formats/drawing_files.h"
 #include "tests/embedded/memory/memory_storage.h"
 
 namespace cad::memory {
 namespace {
-
-constexpr std::string_view kMark = "Drawing in memory, made of\n";
 
 class Copy {
  public:
@@ -122,29 +117,8 @@ class Copy {
   std::vector<std::string> names_;  // of tables' records, as stored
 };
 
-base::Result<std::unique_ptr<Drawing>> read(std::shared_ptr<const SourceBytes> source) {
-  auto drawing = dxf::loadBytes(std::string(source->view().substr(kMark.size())));
-  if (!drawing) return drawing.failure();
-  return copyOf(*drawing.value());
-}
-
 }  // namespace
 
-bool isTested() {
-  const char* storage = std::getenv("KIV_TEST_STORAGE");
-  return storage != nullptr && std::string_view(storage) == "memory";
-}
-
 std::unique_ptr<Drawing> copyOf(const Drawing& drawing) { return Copy(drawing).make(); }
-
-std::unique_ptr<Drawing> tested(std::unique_ptr<Drawing> drawing) {
-  return isTested() && drawing ? copyOf(*drawing) : std::move(drawing);
-}
-
-std::string testedFile(const std::string& dxf) {
-  if (!isTested()) return dxf;
-  static const formats::FormatForTests known({kMark, read});
-  return std::string(kMark) + dxf;
-}
 
 }  // namespace cad::memory

@@ -10,7 +10,7 @@
 #include "dbobjptr.h"
 #include "embedded/objects/database_access.h"
 #include "tests/embedded/dxf/dxf_text.h"
-#include "tests/embedded/memory/memory_drawing.h"
+#include "tests/embedded/memory/tested_storage.h"
 #include "tests/support/test_file.h"
 
 namespace cad::test {
@@ -26,7 +26,7 @@ class ObjectTest : public ::testing::Test {
     database_.reset();
     auto loaded = dxf::loadBytes(std::move(dxf));
     if (!loaded) FAIL() << "the test drawing is refused";
-    drawing_ = memory::tested(std::move(loaded.value()));
+    drawing_ = tested(std::move(loaded.value()));
     database_ = makeDatabase(*drawing_);
   }
   AcDbObjectId id(Handle handle) const {
