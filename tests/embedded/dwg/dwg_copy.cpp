@@ -327,9 +327,15 @@ class Copy {
                                    FieldChanges& values) {
     if (type == "INSERT" || type == "POLYLINE") addParts(id, type, values);
     if (const auto found = kParts.find(type); found != kParts.end()) {
+      if (const auto vertex = vertices_.find(id); vertex != vertices_.end()) {
+        const PolylineGeometry::Vertex& at = vertex->second;
+        values.set("point", Value(at.at)), values.set("bulge", at.bulge);
+        values.set("start width", at.startWidth), values.set("end width", at.endWidth);
+      }
       if (found->second != kAttrib) return found->second;
       addGeometry(empty_, "TEXT", geometry, values);
       values.set("tag", textOf(id, Property::kName)), values.setHandle("style", standard_);
+      values.set("flags", std::get<TextGeometry>(geometry.shape).hidden ? 1 : 0);
       return kAttrib;
     }
     if (type == "TEXT" || type == "MTEXT" || type == "ATTDEF") values.setHandle("style", standard_);
@@ -359,6 +365,10 @@ class Copy {
       else
         parts.push_back(part);
     }
+    const Geometry geometry = source_.geometry(id);
+    if (const auto* polyline = std::get_if<PolylineGeometry>(&geometry.shape);
+        polyline != nullptr && polyline->vertices.size() == parts.size())
+      for (std::size_t i = 0; i < parts.size(); ++i) vertices_[parts[i]] = polyline->vertices[i];
     const bool isInsert = type == "INSERT";
     if (parts.empty() && isInsert) return;
     if (isInsert) values.set("has attributes", true);
@@ -371,7 +381,9 @@ class Copy {
 
   std::optional<ObjectKind> addPolyline(const Geometry& geometry, FieldChanges& values) {
     const auto* polyline = std::get_if<PolylineGeometry>(&geometry.shape);
-    values.set("flags", polyline != nullptr && polyline->closed ? 1 : 0);
+    if (polyline == nullptr) throw std::logic_error("a mesh is not copied");
+    values.set("flags", polyline->closed ? 1 : 0), values.set("extrusion", Value(geometry.normal));
+    if (!polyline->vertices.empty()) values.set("elevation", polyline->vertices.front().at.z);
     return kPolyline2d;
   }
 
@@ -438,6 +450,7 @@ class Copy {
   std::map<Table, Handle> control_;
   std::map<Table, std::vector<Handle>> listed_;
   std::map<RecordId, Handle> entry_;  // of the blocks
+  std::map<RecordId, PolylineGeometry::Vertex> vertices_;
   std::map<std::string_view, Handle> named_;
   Handle layer0_ = 0, standard_ = 0, dimStandard_ = 0;
   FileChanges changes_;

@@ -77,9 +77,9 @@ TEST_F(Commands, OneUndoTakesBackOneGroup) {
   ASSERT_EQ(add(L"GROUPED", L"GR", groupedRecolour), Acad::eOk);
   ASSERT_TRUE(host().execute(L"GROUPED").ok());
   EXPECT_TRUE(drawing().isModified());
-  EXPECT_NE(savedBytes(), cad_test::drawingText());
+  EXPECT_NE(savedBytes(), cad_test::drawingFile());
   ASSERT_TRUE(host().execute(L"U").ok());
-  EXPECT_EQ(savedBytes(), cad_test::drawingText());
+  EXPECT_EQ(savedBytes(), cad_test::drawingFile());
 }
 
 TEST_F(Commands, ACommandWithoutAGroupIsUndoneAsOne) {
@@ -88,7 +88,7 @@ TEST_F(Commands, ACommandWithoutAGroupIsUndoneAsOne) {
   ASSERT_TRUE(host().execute(L"PLAIN").ok());
   ASSERT_TRUE(host().execute(L"-INSERT DOOR S 1 R 0 0,0").ok());
   ASSERT_TRUE(host().execute(L"UNDO 2").ok());
-  EXPECT_EQ(savedBytes(), cad_test::drawingText());
+  EXPECT_EQ(savedBytes(), cad_test::drawingFile());
   EXPECT_TRUE(host().execute(L"UNDO 1").ok());
   EXPECT_TRUE(printedHas(L"Everything has been undone"));
   EXPECT_FALSE(host().execute(L"UNDO SIDEWAYS").ok());
@@ -99,7 +99,7 @@ TEST_F(Commands, ATypedGroupHoldsSeveralCommands) {
   ASSERT_TRUE(
       host().execute(L"UNDO BEGIN\n-INSERT DOOR S 1 R 0 0,0\n-INSERT DOOR S 1 R 0 1,1\nUNDO END").ok());
   ASSERT_TRUE(host().execute(L"U").ok());
-  EXPECT_EQ(savedBytes(), cad_test::drawingText());
+  EXPECT_EQ(savedBytes(), cad_test::drawingFile());
 }
 
 TEST_F(Commands, ASequenceIsCompleteWithinItsCall) {

@@ -115,13 +115,13 @@ TEST_F(DocumentsTest, OpenAsksBeforeADrawingIsOpenedOnceMore) {
   ASSERT_TRUE(host().execute(L"OPEN " + text(path) + L"\nY").ok());
   EXPECT_EQ(host().documentCount(), 3u);
   EXPECT_TRUE(host().currentDocument().isReadOnly);
-  EXPECT_EQ(savedBytes(), cad_test::drawingText()) << "what stands in the file";
+  EXPECT_EQ(savedBytes(), cad_test::drawingFile()) << "what stands in the file";
   EXPECT_FALSE(host().execute(L"QSAVE").ok());
   EXPECT_FALSE(host().execute(L"SAVEAS " + text(path) + L"\nY").ok());
-  EXPECT_TRUE(host().execute(L"SAVEAS " + text(folder_ / "copy.dxf")).ok());
+  EXPECT_TRUE(host().execute(L"SAVEAS " + text(folder_ / (cad::testsDwg() ? "copy.dwg" : "copy.dxf"))).ok());
   EXPECT_FALSE(host().currentDocument().isReadOnly);
   EXPECT_TRUE(host().execute(L"QSAVE").ok());
-  EXPECT_EQ(content(path), cad_test::drawingText());
+  EXPECT_EQ(content(path), cad_test::drawingFile());
 }
 
 TEST_F(DocumentsTest, ABadFileIsNamedAndChangesNothing) {

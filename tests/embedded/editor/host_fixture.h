@@ -12,6 +12,7 @@
 #include "base/files.h"
 #include "embedded/drawing/drawing.h"
 #include "embedded/editor/host.h"
+#include "tests/embedded/memory/tested_storage.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/test_file.h"
 
@@ -21,6 +22,8 @@ namespace cad_test {
 // model space, in this order: TEXT WALL-A colour 1, TEXT WALL-B in KANJI, LINE WALL-A, LINE LOCKED, INSERT of
 // DOOR, CIRCLE 0 in paper space.
 inline std::string drawingText() { return test_support::testFile("embedded/editor/plan.dxf"); }
+// Its file in the storage that is tested.
+inline std::string drawingFile() { return cad::testedFile(drawingText()); }
 
 class HostTest : public test_support::TempFolder {
  protected:
@@ -39,7 +42,7 @@ class HostTest : public test_support::TempFolder {
 
   // The standard drawing, opened.
   std::filesystem::path open(const std::string& name = "plan.dxf") {
-    const std::filesystem::path path = make(name, drawingText());
+    const std::filesystem::path path = make(name, drawingFile());
     const base::Status opened = host().openDocument(path);
     EXPECT_TRUE(opened.ok()) << base::pathFromText(opened.ok() ? L"" : opened.failure().text());
     return path;

