@@ -257,7 +257,8 @@ TEST(DwgSecondHeader, FollowsInEachVersionAndStaysAsItCameWhenItIsDamaged) {
       EXPECT_TRUE(read) << base::toUtf8(read.failure().text());
       return read ? read.value()->write(changes).value().substr(places.secondHeader + 5) : std::string();
     };
-    BitReader second(std::string_view(behind(bytes)).substr(16));
+    const std::string tail = behind(bytes);
+    BitReader second(std::string_view(tail).substr(16));
     second.rl();
     EXPECT_EQ(static_cast<std::uint64_t>(second.bl()), places.secondHeader + 5);
     std::string damaged = bytes;
