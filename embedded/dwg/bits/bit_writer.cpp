@@ -47,7 +47,8 @@ void BitWriter::copy(std::string_view source, std::uint64_t begin, std::uint64_t
     put(BitReader(source, begin, end).bits(toByte) << 1 << (kBits - 1 - toByte), toByte);
     begin += toByte;
     const std::uint64_t length = (end - begin) / 8;
-    source.copy(bytes_.data() + size_ / 8, static_cast<std::size_t>(length), static_cast<std::size_t>(begin / 8));
+    source.copy(bytes_.data() + size_ / 8, static_cast<std::size_t>(length),
+                static_cast<std::size_t>(begin / 8));
     size_ += length * 8, begin += length * 8;
   }
   for (; end - begin >= kAtOnce && begin / 8 + kWord <= source.size(); begin += kAtOnce) {
