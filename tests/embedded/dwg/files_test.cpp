@@ -275,16 +275,6 @@ TEST(DwgObjectsBehindTheMap, AreChangedAndMovedAsTheOthers) {
     const std::string usual = locatedBytes(drawing, unused);
     const auto before = readBytes(usual);
     ASSERT_TRUE(before);
-    const auto pairsOf = [](std::span<const ObjectPlace> places) {
-      BitWriter pairs;
-      ObjectPlace last;
-      for (const ObjectPlace& place : places) {
-        pairs.umc(place.handle - last.handle);
-        pairs.mc(static_cast<std::int64_t>(place.offset - last.offset));
-        last = place;
-      }
-      return pairs.take();
-    };
     const std::span<const ObjectPlace> places = before.value()->places();
     std::vector<ObjectPlace> moved(places.begin(), places.end());
     std::string behind;
@@ -292,7 +282,7 @@ TEST(DwgObjectsBehindTheMap, AreChangedAndMovedAsTheOthers) {
       moved[number].offset = usual.size() + 64 + behind.size();
       behind += before.value()->objectOf(places[number]).whole;
     }
-    drawing.spoil = [from = pairsOf(places), to = pairsOf(moved)](std::string& piece) {
+    drawing.spoil = [from = mapPairs(places), to = mapPairs(moved)](std::string& piece) {
       if (piece == from) piece = to;
     };
     std::string bytes = locatedBytes(drawing, unused);

@@ -60,14 +60,7 @@ std::string objectBytes(const SmallDrawing& drawing, std::uint64_t base, std::ve
 
 // In one page, which they must fit.
 std::string mapBytes(const SmallDrawing& drawing, const std::vector<ObjectPlace>& places) {
-  BitWriter pairs;
-  ObjectPlace last;
-  for (const ObjectPlace& place : places) {
-    pairs.umc(place.handle - last.handle);
-    pairs.mc(static_cast<std::int64_t>(place.offset - last.offset));
-    last = place;
-  }
-  const std::string content = drawing.spoilt(pairs.take());
+  const std::string content = drawing.spoilt(mapPairs(places));
   const std::string page = bigEndian(content.size() + 2) + content;
   const std::string end = bigEndian(2);
   return page + bigEndian(crc16(kCrcStart, page)) + end + bigEndian(crc16(kCrcStart, end));
@@ -232,6 +225,17 @@ std::string classSection(Version version, const std::vector<FileClass>& classes)
   whole.rl(static_cast<std::uint32_t>(32 + data.size()));
   whole.copy(data);
   return whole.take();
+}
+
+std::string mapPairs(std::span<const ObjectPlace> places) {
+  BitWriter pairs;
+  ObjectPlace last;
+  for (const ObjectPlace& place : places) {
+    pairs.umc(place.handle - last.handle);
+    pairs.mc(static_cast<std::int64_t>(place.offset - last.offset));
+    last = place;
+  }
+  return pairs.take();
 }
 
 SmallDrawing smallDrawing(Version version) {

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,9 @@ SmallDrawing smallDrawing(Version version);
 
 // The file in the container of its version, with everything that containers have.
 std::string bytesOf(const SmallDrawing& drawing);
+
+// What its object map has, a piece for SmallDrawing::spoil.
+std::string mapPairs(std::span<const ObjectPlace> places);
 
 // The file will have a wrong checksum for the object with the largest handle.
 void spoilLastChecksum(SmallDrawing& drawing);
