@@ -99,6 +99,7 @@ void Arranger::readEntity(Place place, const ObjectFrame& frame) {
   object.signature = signatureOf(frame.type, head);
   object.isPlain = head.intact && head.plainColor;
   object.isPart = isPart(frame.type.kind), object.isBlockFrame = isBlockFrame(frame.type.kind);
+  if (object.isPart) hasParts_ = true;
   if (head.mode == EntityMode::kModelSpace) object.owner = kInModel;
   if (head.mode == EntityMode::kPaperSpace) object.owner = kInPaper;
   const Place before = place > 0 ? objects_[place - 1].owner : kNowhere;
@@ -296,7 +297,7 @@ void Arranger::run() {
     }
   }
   entities_ = collected(false);
-  parts_ = collected(true);
+  if (hasParts_) parts_ = collected(true);
   for (const TableForm& form : kTables) addTable(form.table, form.control, form.type);
   std::vector<Place> entries;
   for (const Record& record : loaded_.records)

@@ -38,6 +38,7 @@ class Arranger {
     std::vector<Place> places;
     std::vector<std::uint32_t> begins;  // by owner: where its own begin
     std::span<const Place> of(Place owner) const {
+      if (begins.empty()) return {};
       return std::span(places).subspan(begins[owner], begins[owner + 1] - begins[owner]);
     }
   };
@@ -72,6 +73,7 @@ class Arranger {
   std::vector<Object> objects_;
   std::vector<Place> others_;  // the intact ones that are no entities
   Members entities_, parts_;
+  bool hasParts_ = false;
   Place model_ = kNowhere, paper_ = kNowhere;  // table entries of the spaces
   LoadedRecords loaded_;
   FileRecords records_;

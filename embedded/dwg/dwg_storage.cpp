@@ -43,10 +43,10 @@ ObjectBytes DwgStorage::object(const Record& record) const {
 }
 
 ObjectBytes DwgStorage::object(const Record& record, std::string& buffer) const {
-  if (states_.isOfValues(record.edits)) {
-    const Entity* const entity = this->entity(record);
+  if (const ValueState state = states_.values(record.edits); state.base != record.edits) {
+    const Entity* const entity = this->entity(record, state);
     assert(entity != nullptr);  // no other record is given values
-    WrittenObject now = changeEntity(entity->frame, entity->head, entity->values, std::move(buffer));
+    WrittenObject now = changeEntity(entity->frame, entity->head, state.values, std::move(buffer));
     buffer = std::move(now.data);
     ObjectBytes bytes;
     bytes.data = buffer, bytes.handleBits = now.handleBits;
@@ -84,9 +84,12 @@ const Fields& DwgStorage::look(Look& look, const Record& record, Fields (*read)(
 }
 
 const DwgStorage::Entity* DwgStorage::entity(const Record& record) const {
+  return entity(record, states_.values(record.edits));
+}
+
+const DwgStorage::Entity* DwgStorage::entity(const Record& record, const ValueState& state) const {
   if (record.kind != RecordKind::kEntity && record.kind != RecordKind::kSubEntity) return nullptr;
   EntityLook& look = entityLook_;
-  const ValueState state = states_.values(record.edits);
   Record base = record;
   base.edits = state.base;
   if (const LookedAt at = lookedAt(base); !look.isRead || look.at != at) {

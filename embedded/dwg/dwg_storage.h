@@ -200,6 +200,7 @@ class DwgStorage final : public RecordStorage {
   base::Result<EditId> changed(const Record& record, const FieldChanges& changes);
   // With these values, which are not all its own; nullopt: they do not fit, and are to be changed as fields.
   std::optional<base::Result<EditId>> changed(const Record& record, EntityValues values);
+  const Entity* entity(const Record& record, const ValueState& state) const;
   bool fits(const Record& record, EntityValues& values) const;  // finds the place of a height
   // Its bits are the file's, and what is set of it besides its height fits without looking at them.
   bool isPlain(const Record& record) const;

@@ -62,11 +62,6 @@ void BitWriter::copy(std::string_view source, std::uint64_t begin, std::uint64_t
   }
 }
 
-void BitWriter::clear() {
-  std::fill_n(bytes_.begin(), usedBytes(), '\0');
-  size_ = 0;
-}
-
 void BitWriter::rs(std::uint16_t value) { bits(swapped(value), 16); }
 
 void BitWriter::rl(std::uint32_t value) { bits(swapped(value), 32); }

@@ -27,7 +27,6 @@ class BitWriter {
   // What was written; the last byte is filled up with zeros.
   std::string_view bytes() const { return std::string_view(bytes_).substr(0, usedBytes()); }
   std::string take();
-  void clear();  // what was written; its memory is used again
   void alignToByte() { size_ = (size_ + 7) / 8 * 8; }
   void reserve(std::size_t bytes) { needRoom(std::uint64_t{bytes} * 8); }
 

@@ -24,9 +24,9 @@ constexpr std::array<Word, 256> reflectedTable() {
 constexpr std::uint32_t kModulus = 65521;
 constexpr std::size_t kChunk = 0x15B0;
 
-// Of a byte with up to seven zeros behind it: every object is checked when a drawing is opened, eight bytes
-// at a time.
-constexpr std::size_t kAhead = 8;
+// Of a byte with up to fifteen zeros behind it: every object is checked when a drawing is opened, sixteen
+// bytes at a time.
+constexpr std::size_t kAhead = 16;
 constexpr auto kAhead16 = [] {
   std::array<std::array<std::uint16_t, 256>, kAhead> tables{reflectedTable<std::uint16_t, 0xA001>()};
   for (std::size_t i = 1; i < kAhead; ++i)
@@ -76,6 +76,7 @@ std::uint16_t crc16(std::uint16_t start, std::string_view bytes) {
   };
   while (bytes.size() >= kAhead) take(kAhead);
   if (bytes.size() >= kAhead / 2) take(kAhead / 2);
+  if (bytes.size() >= kAhead / 4) take(kAhead / 4);
   for (std::size_t i = 0; i < bytes.size(); ++i)
     start = static_cast<std::uint16_t>(start >> 8 ^ kAhead16[0][(start ^ at(i)) & 0xFF]);
   return start;

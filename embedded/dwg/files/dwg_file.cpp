@@ -30,6 +30,21 @@ DrawingFacts factsOf(std::string_view file) {
   return facts;
 }
 
+// False: it is not within the objects.
+bool readObject(std::string_view objects, Version version, std::uint64_t offset, ObjectBytes& object) {
+  if (offset > objects.size()) return false;
+  const std::string_view rest = objects.substr(static_cast<std::size_t>(offset));
+  BitReader reader(rest);
+  const std::uint64_t size = reader.ms();
+  object.handleBits = version >= Version::kR2010 ? reader.umc() : 0;
+  const std::uint64_t begin = reader.position() / 8;
+  if (reader.failed() || size == 0 || object.handleBits > size * 8) return false;
+  if (!isWithin(begin, size + 2, rest.size())) return false;
+  object.data = part(rest, begin, size);
+  object.whole = part(rest, 0, begin + size + 2);
+  return true;
+}
+
 base::Failure noObject(std::uint64_t offset) { return refusal(offset, L"There is no whole object here"); }
 
 }  // namespace
@@ -71,19 +86,8 @@ ObjectBytes DwgFile::objectOf(const ObjectPlace& place) const {
 }
 
 base::Result<ObjectBytes> DwgFile::objectAt(std::uint64_t offset) const {
-  if (offset > objects_.size()) return noObject(offset);
-  const std::string_view rest = objects_.substr(static_cast<std::size_t>(offset));
-  BitReader reader(rest);
-  const std::uint64_t size = reader.ms();
   ObjectBytes object;
-  if (version() >= Version::kR2010) object.handleBits = reader.umc();
-  const std::uint64_t begin = reader.position() / 8;
-  if (reader.failed() || size == 0 || object.handleBits > size * 8 ||
-      !isWithin(begin, size + 2, rest.size())) {
-    return noObject(offset);
-  }
-  object.data = part(rest, begin, size);
-  object.whole = part(rest, 0, begin + size + 2);
+  if (!readObject(objects_, version(), offset, object)) return noObject(offset);
   return object;
 }
 
@@ -102,10 +106,10 @@ base::Result<std::string> DwgFile::write(const FileChanges& changes) const {
 }
 
 base::Status DwgFile::checkPlaces(std::span<const Range> others) const {
+  ObjectBytes object;
   for (const ObjectPlace& place : places_) {
-    const auto object = objectAt(place.offset);
-    if (!object) return object.failure();
-    const std::uint64_t end = place.offset + object.value().whole.size();
+    if (!readObject(objects_, version(), place.offset, object)) return noObject(place.offset);
+    const std::uint64_t end = place.offset + object.whole.size();
     for (const Range& other : others) {
       if (place.offset < other.end && end > other.begin) return noObject(place.offset);
     }

@@ -60,16 +60,13 @@ const wchar_t* misfit(bool isErased, bool isRepeated, bool isKnown) {
   return isErased && !isKnown ? L"The drawing has no such object" : nullptr;
 }
 
-// As BitWriter's ms() and umc(), but whole bytes.
+// As BitWriter's ms() and umc().
 void appendSizes(std::string& bytes, const ObjectBytes& object, Version version) {
   constexpr std::size_t kMore = 0x8000;
   const std::size_t size = object.data.size();
   if (size >= kMore) appendRaw(bytes, static_cast<std::uint16_t>(size | kMore));
   appendRaw(bytes, static_cast<std::uint16_t>(size < kMore ? size : size >> 15));
-  if (version < Version::kR2010) return;
-  std::uint64_t bits = object.handleBits;
-  for (; bits > 0x7F; bits >>= 7) bytes += static_cast<char>(bits | 0x80);
-  bytes += static_cast<char>(bits);
+  if (version >= Version::kR2010) appendModular(bytes, object.handleBits);
 }
 
 bool fits(const ObjectBytes& object) {

@@ -82,10 +82,8 @@ void ObjectMapWriter::add(const ObjectPlace& place) {
 }
 
 void ObjectMapWriter::appendBehindLast(const ObjectPlace& place) {
-  pair_.clear();
-  pair_.umc(place.handle - last_.handle);
-  pair_.mc(static_cast<std::int64_t>(place.offset - last_.offset));
-  page_ += pair_.bytes();
+  appendModular(page_, place.handle - last_.handle);
+  appendSignedModular(page_, static_cast<std::int64_t>(place.offset - last_.offset));
 }
 
 void ObjectMapWriter::close() {

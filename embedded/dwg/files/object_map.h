@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "base/result.h"
-#include "embedded/dwg/bits/bit_writer.h"
 #include "embedded/dwg/files/dwg_file.h"
 
 namespace cad::dwg {
@@ -32,7 +31,6 @@ class ObjectMapWriter {
   void close();
 
   std::string map_, page_;
-  BitWriter pair_;
   ObjectPlace last_;  // of the page
 };
 
