@@ -40,7 +40,10 @@ bool readPairs(std::string_view page, std::vector<ObjectPlace>& places) {
 }  // namespace
 
 base::Result<ObjectMap> readObjectMap(std::string_view section, std::uint64_t place) {
+  // Mostly a pair has three bytes, and not much else follows.
+  constexpr std::size_t kPair = 3, kMost = std::size_t{1} << 24;
   ObjectMap map;
+  map.places.reserve(std::min(section.size(), kMost) / kPair);
   while (true) {
     const auto cut = [&] { return refusal(place + map.length, L"AcDb:Handles is cut off"); };
     if (!isWithin(map.length, 4, section.size())) return cut();
