@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "embedded/dwg/bits/bit_writer.h"
+#include "embedded/dwg/special_properties.h"
 
 namespace cad::dwg {
 namespace {
@@ -125,11 +126,7 @@ FieldChanges asFields(const EntityValues& values, Version version) {
   if (values.linetypeKind && version < Version::kR2000)
     changes.set("linetype by layer", values.linetypeKind == LinetypeKind::kByLayer);
   if (values.linetype) changes.setHandle("linetype", *values.linetype);
-  if (values.color) {
-    Color color;
-    color.number = *values.color;
-    changes.setColor("color", color);
-  }
+  if (values.color) changes.setColor("color", colorOf(*values.color));
   if (values.invisible) changes.set("invisible", *values.invisible);
   if (values.lineWeight) changes.set("lineweight", *values.lineWeight);
   if (values.linetypeScale) changes.set("linetype scale", *values.linetypeScale);

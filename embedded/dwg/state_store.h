@@ -30,7 +30,6 @@ class StateStore {
   // it was first.
   EditId add(EditId from, std::string_view present, std::string_view data, std::uint64_t handleBits);
   EditId add(const ValueState& state);
-  bool isOfValues(EditId state) const { return base(state) != state; }
   EditId base(EditId state) const;        // that of its values; of bytes, or the original: itself
   ValueState values(EditId state) const;  // of bytes, or the original: without any
   // In the buffer. Of a state of bytes.

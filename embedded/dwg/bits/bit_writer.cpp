@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "embedded/dwg/bits/bit_reader.h"
+#include "embedded/dwg/bits/modular_codes.h"
 
 namespace cad::dwg {
 namespace {
@@ -156,19 +157,21 @@ void BitWriter::ot(unsigned type, Version version) {
 }
 
 void BitWriter::mc(std::int64_t value) {
-  std::uint64_t left = value < 0 ? 0 - static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
-  for (; left > 0x3F; left >>= 7) rc(static_cast<std::uint8_t>((left & 0x7F) | 0x80));
-  rc(static_cast<std::uint8_t>(left | (value < 0 ? 0x40 : 0)));
+  std::string bytes;
+  appendMc(bytes, value);
+  copy(bytes, 0, bytes.size() * 8);
 }
 
 void BitWriter::umc(std::uint64_t value) {
-  for (; value > 0x7F; value >>= 7) rc(static_cast<std::uint8_t>((value & 0x7F) | 0x80));
-  rc(static_cast<std::uint8_t>(value));
+  std::string bytes;
+  appendUmc(bytes, value);
+  copy(bytes, 0, bytes.size() * 8);
 }
 
 void BitWriter::ms(std::uint32_t value) {
-  if (value > 0x7FFF) rs(static_cast<std::uint16_t>((value & 0x7FFF) | 0x8000)), value >>= 15;
-  rs(static_cast<std::uint16_t>(value));
+  std::string bytes;
+  appendMs(bytes, value);
+  copy(bytes, 0, bytes.size() * 8);
 }
 
 void BitWriter::h(const HandleReference& reference) {

@@ -5,6 +5,7 @@
 
 #include "embedded/drawing/handle_text.h"
 #include "embedded/dwg/bits/crc.h"
+#include "embedded/dwg/bits/modular_codes.h"
 #include "embedded/dwg/files/object_map.h"
 #include "embedded/dwg/files/raw_values.h"
 
@@ -60,15 +61,6 @@ const wchar_t* misfit(bool isErased, bool isRepeated, bool isKnown) {
   return isErased && !isKnown ? L"The drawing has no such object" : nullptr;
 }
 
-// As BitWriter's ms() and umc().
-void appendSizes(std::string& bytes, const ObjectBytes& object, Version version) {
-  constexpr std::size_t kMore = 0x8000;
-  const std::size_t size = object.data.size();
-  if (size >= kMore) appendRaw(bytes, static_cast<std::uint16_t>(size | kMore));
-  appendRaw(bytes, static_cast<std::uint16_t>(size < kMore ? size : size >> 15));
-  if (version >= Version::kR2010) appendModular(bytes, object.handleBits);
-}
-
 bool fits(const ObjectBytes& object) {
   return !object.data.empty() && object.data.size() <= kLargestObject &&
          object.handleBits <= object.data.size() * 8;
@@ -114,7 +106,8 @@ std::string_view ObjectContents::whole(std::uint32_t number) const {
     return {};
   }
   whole_.clear();
-  appendSizes(whole_, object, file_.version());
+  appendMs(whole_, static_cast<std::uint32_t>(object.data.size()));
+  if (file_.version() >= Version::kR2010) appendUmc(whole_, object.handleBits);
   whole_ += object.data;
   appendRaw(whole_, static_cast<std::uint16_t>(crc16(kCrcStart, whole_) ^ crcError(number)));
   return whole_;

@@ -5,6 +5,7 @@
 #include "embedded/drawing/handle_text.h"
 #include "embedded/dwg/bits/bit_reader.h"
 #include "embedded/dwg/bits/crc.h"
+#include "embedded/dwg/bits/modular_codes.h"
 #include "embedded/dwg/files/raw_values.h"
 
 namespace cad::dwg {
@@ -85,8 +86,8 @@ void ObjectMapWriter::add(const ObjectPlace& place) {
 }
 
 void ObjectMapWriter::appendBehindLast(const ObjectPlace& place) {
-  appendModular(page_, place.handle - last_.handle);
-  appendSignedModular(page_, static_cast<std::int64_t>(place.offset - last_.offset));
+  appendUmc(page_, place.handle - last_.handle);
+  appendMc(page_, static_cast<std::int64_t>(place.offset - last_.offset));
 }
 
 void ObjectMapWriter::close() {

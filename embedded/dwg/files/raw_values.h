@@ -33,18 +33,6 @@ void appendRaw(std::string& bytes, Integer value) {
   putRaw(bytes, bytes.size() - sizeof(Integer), value);
 }
 
-// As umc() and mc() of BitWriter make them.
-inline void appendModular(std::string& bytes, std::uint64_t value) {
-  for (; value > 0x7F; value >>= 7) bytes += static_cast<char>(value | 0x80);
-  bytes += static_cast<char>(value);
-}
-
-inline void appendSignedModular(std::string& bytes, std::int64_t value) {
-  std::uint64_t left = value < 0 ? 0 - static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
-  for (; left > 0x3F; left >>= 7) bytes += static_cast<char>(left | 0x80);
-  bytes += static_cast<char>(left | (value < 0 ? 0x40 : 0));
-}
-
 // Whether `length` bytes at `at` are within `size` bytes.
 inline bool isWithin(std::uint64_t at, std::uint64_t length, std::uint64_t size) {
   return at <= size && length <= size - at;

@@ -238,12 +238,12 @@ TEST(StateStore, ValuesStandOverTheBytesThatTheyAreToBePutInto) {
   both.take(newer);
   const EditId second = states.add({bytes, both});
   for (const EditId state : {kNoEdit, bytes}) {
-    EXPECT_FALSE(states.isOfValues(state));
+    EXPECT_EQ(states.base(state), state);
     EXPECT_EQ(states.values(state).base, state);
     EXPECT_TRUE(states.values(state).values == EntityValues());
   }
   const EntityValues all = states.values(second).values;
-  EXPECT_TRUE(states.isOfValues(first));
+  EXPECT_EQ(states.base(first), bytes);
   EXPECT_EQ(states.values(first).base, bytes);
   EXPECT_TRUE(states.values(first).values == values);
   EXPECT_EQ(states.base(second), bytes);
